@@ -1,0 +1,13 @@
+#pragma once
+
+#include "data/session.h"
+
+namespace kelvane::ModuleGlobals {
+
+/// One test point laid out in the columns of the result template, 120 characters when nothing is substituted.
+/// The padding of the fields changes the caller's texts in place.
+QString ResultLine(Session& session, QString& number, QString& nominal, QString& applied, QString& reading,
+                   QString& tolerance, QString& deviation, QString& percent, QString& units, QString& comment,
+                   QString& lowLimit, QString& highLimit, QString& verdict);
+
+} // namespace kelvane::ModuleGlobals

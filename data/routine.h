@@ -1,0 +1,70 @@
+#pragma once
+
+#include "data/session.h"
+#include "platform/error_report.h"
+
+#include <utility>
+
+namespace kelvane {
+
+/// The guard of a routine: it knows the routine's name and the statement in hand, runs the body, and reports
+/// what the body throws. The caller then goes on with the routine's default result, or with what it has
+/// filled so far.
+///
+///     QString result;
+///     Routine routine(session, u"ModuleGlobals,CheckAsset"_s);
+///     routine.run([&] { ... routine.select(...) ...; result = ...; });
+///     return result;
+class Routine {
+  public:
+    /// `name` is the object, a comma and the routine, as the report shows it.
+    Routine(Session& session, QString name) : session_(session), name_(std::move(name)) {}
+    Routine(const Routine&) = delete;
+    Routine& operator=(const Routine&) = delete;
+
+    /// Runs `body`. True when it came to its end, false when an error was reported. An error report that
+    /// can't be written is the only thing that leaves here, as error 75.
+    template <class Body>
+    bool run(Body&& body) {
+        try {
+            std::forward<Body>(body)();
+            return true;
+        } catch (const Error& error) {
+            report(error);
+            return false;
+        }
+    }
+
+    /// Runs a query through the shared connection; the statement is what a report would show.
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all);
+    /// The first column of the first row: no row and null both give nothing.
+    std::optional<QString> selectValue(const QString& statement);
+    /// True when the query has a row.
+    bool hasRow(const QString& statement);
+    /// Runs a writing statement through the shared connection.
+    void execute(const QString& statement);
+
+  private:
+    void report(const Error& error);
+
+    Session& session_;
+    QString name_;
+    QString statement_;
+};
+
+/// The hourglass for the time of a block; the normal pointer comes back on every way out.
+class BusyPointer {
+  public:
+    explicit BusyPointer(UserInterface& ui) : ui_(ui) { ui_.setBusyPointer(); }
+    ~BusyPointer() { ui_.setNormalPointer(); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    UserInterface& ui_;
+};
+
+/// The value of a column that must not be null: error 94 otherwise.
+QString notNull(const std::optional<QString>& value);
+
+} // namespace kelvane

@@ -1,0 +1,122 @@
+#pragma once
+
+#include "platform/connection.h"
+#include "platform/fixed_list.h"
+#include "platform/workstation.h"
+
+#include <array>
+#include <memory>
+
+namespace kelvane {
+
+/// The child windows that keep a flag while they are open, in the order in which log out tests them.
+enum class ChildForm {
+    FormCalParam,
+    FormDockingDown,
+    FormCalConfig,
+    FormConnect,
+    FormCustomDialog,
+    FormODBC,
+    FormStatusBar,
+    FormStrategies,
+    FormTestMess,
+    FormWorkConfig,
+    FormWorkEntry,
+    FormWorksheetPrint,
+    FormPredefinedTasks,
+};
+inline constexpr int childFormCount = 13;
+
+/// A substitution row of the result template.
+struct SubstRow {
+    /// Two characters, upper-cased.
+    QString code;
+    QString from;
+    QString to;
+};
+
+/// An instrument of the asset list.
+struct AssetEntry {
+    QString asset;
+    QString mtag;
+    QString serial;
+};
+
+/// A test message of the prompt list.
+struct PromptEntry {
+    QString pname;
+    QString prompt;
+    /// "PRE" before the test, "PST" after it.
+    QString prompt_type;
+};
+
+/// A row of the calibration record that is being made. A row with an empty `column` ends the table.
+struct CalField {
+    QString column;
+    QString title;
+    /// "Y", "N", or empty when the dictionary says nothing.
+    QString required;
+    bool has_list = false;
+    QString default_text;
+    /// 0 text, 1 date, 2 number, 3 time.
+    qint16 field_type = 0;
+    QString copy_from;
+    QString copy_to;
+    qint16 max_length = 0;
+    QString tooltip;
+    bool on_worksheet = false;
+    QString value;
+};
+
+/// The session values and the module-level lists: one set for the whole program, handed to every routine.
+/// Values stay after log out and are overwritten by the next login; the lists hold only the last answer.
+struct Session : Workstation {
+    Session(const Workstation& workstation, ConnectionFactory connections)
+        : Workstation(workstation), makeConnection(std::move(connections)) {}
+
+    /// The one connection; made by its first use (see `sharedConnection`), released by log out.
+    std::unique_ptr<Connection> SharedConnection;
+    ConnectionFactory makeConnection;
+
+    QString SessionDataSource;
+    QString SessionUser;
+    QString SessionPassword;
+    /// Prefix of the tables `inventory`, `calibration`, `location`, `repair` and `customers`.
+    QString SessionOwner;
+    qint16 SessionLevel = 0;
+    /// "MM/DD/YYYY", "DD/MM/YYYY", "YYYY/MM/DD", or empty.
+    QString SessionDateFormat;
+    qint16 SessionDbVersion = 0;
+    bool BCal4225 = false;
+    bool BCal4224 = false;
+    bool BCalP = false;
+    /// True from a good login to log out, or until the connection is lost.
+    bool SessionConnected = false;
+
+    bool CommandLineFlag = false;
+    QString WinDir;
+    FixedList<SubstRow, 500> SubstTable;
+    /// The body line of the result template, upper-cased; empty: results can't be laid out in this session.
+    QString ResultTemplateLine;
+    std::array<bool, childFormCount> FormOpenFlags{};
+
+    FixedList<AssetEntry, 500> AssetList;
+    FixedList<float, 200> TestPointList;
+    FixedList<PromptEntry, 250> PromptList;
+    /// Asset numbers of the standards in use with an instrument.
+    FixedList<QString, 50> StandardsInUse;
+    /// Asset numbers of the standards of a new record; the first empty entry ends it.
+    FixedList<QString, 100> RecordStandards;
+    /// Result lines of a new record; the first empty entry ends it.
+    FixedList<QString, 2000> RecordResults;
+    FixedList<CalField, 100> CalFieldTable;
+    /// The choices of the one-field dialog, from 1; the first empty entry ends it.
+    FixedList<QString, 2500, 1> SharedValueList;
+
+    bool& openFlag(ChildForm form) { return FormOpenFlags[static_cast<std::size_t>(form)]; }
+};
+
+/// The one connection of the session, made on first use.
+Connection& sharedConnection(Session& session);
+
+} // namespace kelvane

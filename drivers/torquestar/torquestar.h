@@ -1,0 +1,33 @@
+#pragma once
+
+#include "data/session.h"
+#include "drivers/torquestar/serial_port.h"
+
+namespace kelvane {
+
+/// The state of the TorqueStar driver: the session, the port it borrows from the main window, and its two
+/// strings.
+struct TorqueStar {
+    Session& session;
+    SerialPort& MSCommSerialShared;
+    /// The long message being composed by a caller.
+    QByteArray TSMessage = {};
+    /// The text of the last failure; empty after a completed exchange.
+    QString TSError = {};
+};
+
+namespace ModuleTSInterface {
+
+/// Whether an instrument can be calibrated with a TorqueStar: empty, or the reason why not.
+QString TorqueStar_acceptable(TorqueStar& driver, const QString& asset);
+/// An external standard (the transducer) must always be named.
+bool TorqueStar_requires_standard(TorqueStar& driver, const QString& asset);
+/// Loads the instruments of a task package (by its tag) onto the calibrator: empty on success, else the
+/// failure.
+QString TorqueStar_download(TorqueStar& driver, const QString& tag);
+/// Reads all results, writes the calibration records and clears the calibrator: empty on success, else the
+/// failure.
+QString TorqueStar_upload(TorqueStar& driver);
+
+} // namespace ModuleTSInterface
+} // namespace kelvane

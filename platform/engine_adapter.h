@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/connection.h"
+
+#include <QStringList>
+
+namespace kelvane {
+
+/// What an engine adapter may ask of the plain driver connection below it.
+class DriverLink {
+  public:
+    virtual ~DriverLink() = default;
+    virtual void execute(const QString& statement) = 0;
+    virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) = 0;
+};
+
+/// What stands between a statement's text and an engine's driver. It changes only what the engine would not
+/// take or would take otherwise; what it does not understand it passes on.
+class EngineAdapter {
+  public:
+    virtual ~EngineAdapter() = default;
+    /// Called once the driver has connected: settings of the session, and the login where the engine has no
+    /// accounts.
+    virtual void opened(DriverLink& link, const QString& user, const QString& password) = 0;
+    virtual void execute(DriverLink& link, const QString& statement) = 0;
+    virtual std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) = 0;
+    /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.
+    virtual bool meansLost(const Error& error) const = 0;
+};
+
+/// The adapter for a driver that calls its engine `dbmsName`: "SQLite" gets the embedded one, any other the
+/// verbatim one.
+std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName);
+
+} // namespace kelvane

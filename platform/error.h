@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+namespace kelvane {
+
+/// The one error that is thrown inside a routine. It never leaves a routine: the routine's guard
+/// (`platform/routine.h`) catches and reports it.
+struct Error {
+    double number = 0;
+    QString description;
+    /// The five-character SQLSTATE of a database error; empty for others.
+    QString sqlState = {};
+    /// True when the database connection has gone with this error.
+    bool connectionLost = false;
+};
+
+/// The numbered errors of the program itself, with their descriptions.
+enum class ErrorNumber : int {
+    invalidArgument = 5,
+    overflow = 6,
+    subscriptOutOfRange = 9,
+    divisionByZero = 11,
+    typeMismatch = 13,
+    fileNotFound = 53,
+    pathFileAccess = 75,
+    invalidUseOfNull = 94,
+    noCurrentRow = 3021,
+    connectionOpen = 3705,
+    connectionClosed = 3709,
+};
+
+/// An `Error` of that number with its fixed description.
+Error makeError(ErrorNumber number);
+
+} // namespace kelvane

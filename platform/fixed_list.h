@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/error.h"
+
+#include <vector>
+
+namespace kelvane {
+
+/// A list of fixed size with the index range First to Last. Using an index outside it is error 9, "Subscript
+/// out of range"; the list then keeps what it had. Entries that were never written are default values, so
+/// that a reader ends at the first empty entry.
+template <class T, int Last, int First = 0>
+class FixedList {
+  public:
+    static constexpr int first = First;
+    static constexpr int last = Last;
+
+    /// The entry to write to.
+    T& operator[](int index) {
+        const auto place = checked(index);
+        if (place >= entries_.size())
+            entries_.resize(place + 1);
+        return entries_[place];
+    }
+    /// The entry to read.
+    const T& operator[](int index) const {
+        static const T empty{};
+        const auto place = checked(index);
+        return place < entries_.size() ? entries_[place] : empty;
+    }
+    /// Makes every entry empty.
+    void erase() { entries_.clear(); }
+
+  private:
+    static std::size_t checked(int index) {
+        if (index < First || index > Last)
+            throw makeError(ErrorNumber::subscriptOutOfRange);
+        return static_cast<std::size_t>(index - First);
+    }
+    std::vector<T> entries_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace kelvane {
+
+/// The small local store of a workstation's user: application "KELVANE", section, key.
+class SettingsStore {
+  public:
+    virtual ~SettingsStore() = default;
+    /// The stored text, or an empty one. Throws `Error` when the store can't be read.
+    virtual QString value(const QString& section, const QString& key) const = 0;
+    /// Stores a text; throws error 75 when it can't be stored.
+    virtual void setValue(const QString& section, const QString& key, const QString& value) = 0;
+};
+
+/// The store in an INI file, the same on every platform. A file that is damaged counts as empty and is kept
+/// beside as
+/// "<name>.damaged" when the next value is written.
+class IniSettingsStore final : public SettingsStore {
+  public:
+    explicit IniSettingsStore(QString path);
+    QString value(const QString& section, const QString& key) const override;
+    void setValue(const QString& section, const QString& key, const QString& value) override;
+
+    /// The user's own file of the application "KELVANE".
+    static QString defaultPath();
+
+  private:
+    QString path_;
+};
+
+} // namespace kelvane

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace kelvane {
+
+enum class BoxIcon { none, information, question, warning, stop };
+enum class BoxButtons { ok, okCancel, yesNo, retryCancel, abortRetryIgnore };
+enum class BoxAnswer { ok, cancel, yes, no, retry, abort, ignore };
+
+/// How a message box looks: its icon, its buttons, and which of them, counted from 1, is the default one.
+struct BoxStyle {
+    BoxIcon icon = BoxIcon::warning;
+    BoxButtons buttons = BoxButtons::ok;
+    int defaultButton = 1;
+    friend bool operator==(const BoxStyle&, const BoxStyle&) = default;
+};
+
+namespace box {
+inline constexpr BoxStyle warning{};
+inline constexpr BoxStyle stop{BoxIcon::stop};
+inline constexpr BoxStyle information{BoxIcon::information};
+/// Question with Yes and No, No being the default.
+inline constexpr BoxStyle question{BoxIcon::question, BoxButtons::yesNo, 2};
+/// Warning with Yes and No, No being the default.
+inline constexpr BoxStyle warningYesNo{BoxIcon::warning, BoxButtons::yesNo, 2};
+inline constexpr BoxStyle warningOkCancel{BoxIcon::warning, BoxButtons::okCancel, 1};
+inline constexpr BoxStyle warningRetryCancel{BoxIcon::warning, BoxButtons::retryCancel, 1};
+} // namespace box
+
+/// What an answer to the one-field dialog has to be.
+enum class FieldKind : qint16 { free = 0, date = 1, number = 2, time = 3 };
+
+/// One question of the one-field dialog.
+struct DialogQuestion {
+    QString caption;
+    QString prompt;
+    bool required = false;
+    /// True: one of `choices` is picked. False: a text is typed.
+    bool fromList = false;
+    QStringList choices = {};
+    /// Greatest length of a typed text, 0 for no limit.
+    qint16 maxLength = 0;
+    /// The `FieldKind` as a number, as it is carried through the tables.
+    qint16 fieldType = 0;
+    /// Starting text, or the beginning that selects a row of the list.
+    QString defaultText = {};
+};
+
+/// The answer of a cancelled dialog.
+inline const QString cancelled = QStringLiteral("*CANCEL*");
+
+/// The operator, as routines without windows see him: boxes, the one-field dialog, the progress window, the
+/// pointer. Everything in the core that has to be said or asked goes through here.
+class UserInterface {
+  public:
+    virtual ~UserInterface() = default;
+
+    virtual BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) = 0;
+
+    /// Shows the one-field dialog and returns when it has closed: the trimmed entry, or `cancelled`. While
+    /// one is open a second call returns `cancelled` at once.
+    virtual QString askOneField(const DialogQuestion& question) = 0;
+
+    /// The progress window of a long action. It disables the other windows until `hideProgress`.
+    virtual void showProgress(const QString& caption) = 0;
+    virtual void setProgressText(const QString& text) = 0;
+    /// Percentage, 0 to 100.
+    virtual void setProgressValue(int percent) = 0;
+    virtual void hideProgress() = 0;
+
+    /// The hourglass, and the normal pointer. Not counted: one normal pointer ends any number of hourglasses.
+    virtual void setBusyPointer() = 0;
+    virtual void setNormalPointer() = 0;
+
+    /// Lets pending window events run.
+    virtual void processEvents() = 0;
+};
+
+} // namespace kelvane

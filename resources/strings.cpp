@@ -1,0 +1,65 @@
+#include "resources/strings.h"
+
+#include <QFile>
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+using Table = QHash<int, QString>;
+
+QString unescaped(QStringView raw) {
+    QString plain;
+    for (qsizetype i = 0; i < raw.size(); ++i) {
+        if (raw[i] == u'\\' && i + 1 < raw.size()) {
+            ++i;
+            plain += raw[i] == u'n' ? u"\r\n"_s : QString(raw[i]);
+        } else {
+            plain += raw[i];
+        }
+    }
+    return plain;
+}
+
+bool readInto(Table& table, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const auto content = QString::fromUtf8(file.readAll());
+    for (auto line : QStringView(content).split(u'\n')) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+        const auto tab = line.indexOf(u'\t');
+        bool isNumber = false;
+        const int id = tab < 0 ? 0 : line.left(tab).toInt(&isNumber);
+        if (isNumber)
+            table.insert(id, unescaped(line.mid(tab + 1)));
+    }
+    return true;
+}
+
+Table& table() {
+    static Table strings = [] {
+        Table compiledIn;
+        readInto(compiledIn, u":/strings.txt"_s);
+        return compiledIn;
+    }();
+    return strings;
+}
+
+} // namespace
+
+QString text(int id) {
+    const auto& strings = table();
+    const auto found = strings.constFind(id);
+    return found == strings.cend() ? u"#%1"_s.arg(id) : *found;
+}
+
+bool overlayStrings(const QString& path) {
+    return readInto(table(), path);
+}
+
+} // namespace kelvane

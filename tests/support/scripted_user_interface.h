@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/user_interface.h"
+
+#include <QList>
+#include <functional>
+
+namespace kelvane::testing {
+
+/// A scripted operator. `expectBox` and `expectDialog` queue what has to come, in order, with the answer; a
+/// box or dialog that differs from the next one expected, or comes unexpected, fails the test; `~` fails it
+/// for what never came. `events` records the progress window and pointer calls ("busy", "normal", "progress
+/// Caption", "value 14", "text …", "hide", "events").
+class ScriptedUserInterface final : public UserInterface {
+  public:
+    ~ScriptedUserInterface() override;
+
+    void expectBox(const QString& text, const QString& title, BoxStyle style,
+                   BoxAnswer answer = BoxAnswer::ok);
+    /// The dialog's question is compared in caption and prompt; `check` may look at the rest.
+    void expectDialog(const QString& caption, const QString& prompt, const QString& answer,
+                      std::function<void(const DialogQuestion&)> check = {});
+    /// An error report: a stop box, titled "Kelvane", that names this number and routine.
+    void expectReport(int number, const QString& routine);
+    /// Nothing that was expected is still open.
+    bool allCame() const { return expected_.isEmpty(); }
+
+    BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
+    QString askOneField(const DialogQuestion& question) override;
+    void showProgress(const QString& caption) override;
+    void setProgressText(const QString& text) override;
+    void setProgressValue(int percent) override;
+    void hideProgress() override;
+    void setBusyPointer() override;
+    void setNormalPointer() override;
+    void processEvents() override;
+
+    QStringList events;
+    bool busy = false;
+    bool progressShown = false;
+
+  private:
+    struct Expected {
+        bool dialog = false;
+        bool report = false;
+        QString text; // of a box; prompt of a dialog; routine of a report
+        QString title;
+        BoxStyle style;
+        BoxAnswer answer = BoxAnswer::ok;
+        QString entry;
+        int number = 0;
+        std::function<void(const DialogQuestion&)> check;
+    };
+    QList<Expected> expected_;
+};
+
+} // namespace kelvane::testing

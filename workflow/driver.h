@@ -1,0 +1,30 @@
+#pragma once
+
+#include "drivers/torquestar/torquestar.h"
+
+namespace kelvane {
+
+/// The calibrators of the program, by their names (strings 350, 351, 567). A driver is chosen by comparing
+/// the name, in the order Fluke 702, Crane TorqueStar IVc, Fluke 743/744; a name that matches none leaves the
+/// result empty or false.
+struct Calibrators {
+    Session& session;
+    TorqueStar torqueStar;
+};
+
+/// Empty, or the reason why the calibrator can't take this instrument.
+QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator, const QString& asset);
+/// True when an external standard must be named for this instrument.
+bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibrator, const QString& asset);
+/// Empty on success, else the failure. `tag` is the task package that carries the list.
+QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, const QString& tag);
+/// Empty on success, else the failure.
+QString calibratorUpload(Calibrators& calibrators, const QString& calibrator);
+
+namespace ModuleGlobals {
+
+/// The upload command: asks which calibrator has results and hands over to its driver.
+void UploadFromCalibrator(Calibrators& calibrators);
+
+} // namespace ModuleGlobals
+} // namespace kelvane
