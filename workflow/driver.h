@@ -12,6 +12,10 @@ struct Calibrators {
     TorqueStar torqueStar;
 };
 
+/// Asks which calibrator is meant, in a dialog of that title; the name chosen last time, kept in section
+/// "Defaults" under the key `remembered`, is proposed. Empty when the operator gave up.
+QString chooseCalibrator(Session& session, const QString& title, const QString& remembered);
+
 /// Empty, or the reason why the calibrator can't take this instrument.
 QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator, const QString& asset);
 /// True when an external standard must be named for this instrument.

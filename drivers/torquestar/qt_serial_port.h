@@ -11,6 +11,10 @@ namespace kelvane {
 
 /// The real port. COM1 to COM4 are the devices that section "Ports" of the settings store names, otherwise
 /// the platform's first four serial devices.
+///
+/// A look at the line waits for up to 20 ms when there is nothing new to see, and returns at once when there
+/// is. When the device fails in mid-work the port closes: from then on nothing comes, what is sent goes
+/// nowhere, and the exchange ends by its time-outs like one with a line that is cut.
 class QtSerialPort final : public SerialPort {
   public:
     explicit QtSerialPort(const SettingsStore& settings);
@@ -24,13 +28,24 @@ class QtSerialPort final : public SerialPort {
     void output(const QByteArray& bytes) override;
 
   private:
-    QString deviceOf(int number) const;
-    void listen();
+    struct Line {
+        int baud = 9600;
+        char parity = 'N';
+        int dataBits = 8;
+        int stopBits = 1;
+    };
+
+    QString device() const;
+    void open();
+    void close();
+    void listen(int milliseconds);
+    void closeWhenFailed();
 
     const SettingsStore& settings_;
     std::unique_ptr<QSerialPort> port_;
     int number_ = 1;
-    qint64 lastCount_ = 0;
+    Line line_;
+    int lastCount_ = 0;
 };
 
 } // namespace kelvane

@@ -1,0 +1,105 @@
+#include "data/assets.h"
+#include "data/in_use.h"
+#include "data/routine.h"
+#include "drivers/asset_entries.h"
+#include "drivers/torquestar/characteristic.h"
+#include "drivers/torquestar/codes.h"
+#include "drivers/torquestar/messages.h"
+#include "drivers/torquestar/protocol.h"
+#include "drivers/torquestar/torquestar.h"
+#include "resources/strings.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleTSInterface {
+
+namespace {
+
+/// Makes room for a round of `count` characteristics. A result, which may be an empty one, ends the download.
+std::optional<QString> prepareRound(TorqueStar& driver, int count) {
+    const auto name = nameField(roundName);
+    if (part(ProcessMessageProtocol(driver, "T2F" + name), 4, 1) == "\x01")
+        ProcessMessageProtocol(driver, "T2E" + name);
+    const auto reply = ProcessMessageProtocol(driver, "T2B" + name + byteField(count) + '\x03');
+    if (!driver.TSError.isEmpty())
+        return driver.TSError;
+    if (reply.size() != 4)
+        return {};
+    if (const auto error = roundError(static_cast<quint8>(reply[3])))
+        driver.TSError = *error;
+    return driver.TSError;
+}
+
+QString storeRound(TorqueStar& driver) {
+    const auto reply = ProcessMessageProtocol(driver, "T2C");
+    if (!driver.TSError.isEmpty())
+        return driver.TSError;
+    return reply == "t2C" ? QString() : text(1058);
+}
+
+/// What the calibrator says to a new characteristic: empty when it took it.
+QString refusalOf(TorqueStar& driver, const QString& name, const QByteArray& reply) {
+    if (!driver.TSError.isEmpty())
+        return driver.TSError;
+    if (reply.size() == 4)
+        return name + u" - "_s + text(1057);
+    if (reply.size() != 5)
+        return {};
+    if (const auto error = characteristicError(static_cast<quint8>(reply[4])))
+        driver.TSError = *error;
+    return name + u" - "_s + driver.TSError;
+}
+
+/// Puts one instrument onto the calibrator, in place of one of the same name: empty, or the failure.
+QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, CharacteristicFields& fields) {
+    auto& session = driver.session;
+    const auto name = characteristicName(entry.asset);
+    const auto instrument = ModuleGlobals::GetCalParams(session, entry.asset);
+    ModuleGlobals::GetStandardsInUse(session, entry.asset);
+    const auto transducer = ModuleGlobals::GetCalParams(session, std::as_const(session.StandardsInUse)[0]);
+    if (const auto refusal = fields.fill(session, instrument, transducer); !refusal.isEmpty())
+        return refusal;
+
+    if (ProcessMessageProtocol(driver, "T1C" + nameField(name)).startsWith("t1C"))
+        ProcessMessageProtocol(driver, "T1J");
+    driver.TSMessage = "T1A" + nameField(name) + fields.joined();
+    return refusalOf(driver, name, ProcessMessageProtocol(driver, driver.TSMessage));
+}
+
+QString download(TorqueStar& driver, const QString& tag) {
+    auto& session = driver.session;
+    if (const auto failure = testLink(driver); !failure.isEmpty())
+        return failure;
+    const auto serial = askSerialNumber(driver);
+    if (ModuleGlobals::AssetfromSerial(session, serial).isEmpty())
+        session.ui.messageBox(text(423), text(105), box::warning);
+    ModuleGlobals::ClearInUse(session, serial);
+
+    CharacteristicFields fields(session);
+    const auto entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
+    const int count = static_cast<int>(entries.size());
+    if (count > 1) {
+        if (const auto result = prepareRound(driver, count))
+            return *result;
+    }
+    for (const auto& entry : entries) {
+        if (const auto failure = loadInstrument(driver, entry, fields); !failure.isEmpty())
+            return failure;
+        ModuleGlobals::AddInUse(session, serial, entry.mtag, session.SessionUser);
+    }
+    return count > 1 ? storeRound(driver) : QString();
+}
+
+} // namespace
+
+QString TorqueStar_download(TorqueStar& driver, const QString& tag) {
+    QString result;
+    const BusyPointer busy(driver.session.ui);
+    Routine routine(driver.session, u"ModuleTSInterface,TorqueStar_download"_s);
+    routine.run([&] { result = download(driver, tag); });
+    return result;
+}
+
+} // namespace kelvane::ModuleTSInterface

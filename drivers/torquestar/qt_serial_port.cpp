@@ -1,0 +1,166 @@
+#include "drivers/torquestar/qt_serial_port.h"
+
+#include "platform/error.h"
+
+#include <QFileInfo>
+#include <QSerialPort>
+#include <QSerialPortInfo>
+#include <QStringList>
+#include <QThread>
+
+#ifdef Q_OS_UNIX
+#include <termios.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int greatestPort = 4;
+/// How long a look waits for the line, in milliseconds.
+constexpr int lookTime = 20;
+/// How long sending waits for a line that takes nothing, in milliseconds.
+constexpr int sendTime = 2000;
+
+QSerialPort::Parity parityOf(char letter) {
+    if (letter == 'E')
+        return QSerialPort::EvenParity;
+    return letter == 'O' ? QSerialPort::OddParity : QSerialPort::NoParity;
+}
+
+/// A pseudo terminal carries plain bytes: it refuses every parity and every number of data bits but 8.
+bool isPseudoTerminal(const QString& device) {
+    return QFileInfo(device).canonicalFilePath().startsWith(u"/dev/pts/");
+}
+
+/// Closing puts the device's former settings back at once, so what was sent has to be gone by then.
+void drain(const QSerialPort& port) {
+#ifdef Q_OS_UNIX
+    ::tcdrain(static_cast<int>(port.handle()));
+#else
+    Q_UNUSED(port)
+#endif
+}
+
+} // namespace
+
+QtSerialPort::QtSerialPort(const SettingsStore& settings)
+    : settings_(settings), port_(std::make_unique<QSerialPort>()) {}
+
+QtSerialPort::~QtSerialPort() {
+    close();
+}
+
+bool QtSerialPort::portOpen() const {
+    return port_->isOpen();
+}
+
+void QtSerialPort::setPortOpen(bool open) {
+    if (open)
+        this->open();
+    else
+        close();
+}
+
+void QtSerialPort::setCommPort(int number) {
+    number_ = number;
+}
+
+void QtSerialPort::setSettings(const QString& settings) {
+    const auto parts = settings.split(u',');
+    bool isBaud = false;
+    const int baud = parts.value(0).toInt(&isBaud);
+    const bool sensible = parts.size() == 4 && isBaud && baud > 0 &&
+                          QStringList{u"E"_s, u"O"_s, u"N"_s}.contains(parts[1]) &&
+                          QStringList{u"5"_s, u"6"_s, u"7"_s, u"8"_s}.contains(parts[2]) &&
+                          QStringList{u"1"_s, u"2"_s}.contains(parts[3]);
+    if (!sensible)
+        throw makeError(ErrorNumber::invalidArgument);
+    line_ = {baud, parts[1].front().toLatin1(), parts[2].toInt(), parts[3].toInt()};
+}
+
+int QtSerialPort::inBufferCount() {
+    listen(0);
+    if (port_->bytesAvailable() == lastCount_)
+        listen(lookTime);
+    lastCount_ = static_cast<int>(port_->bytesAvailable());
+    return lastCount_;
+}
+
+QByteArray QtSerialPort::input() {
+    listen(port_->bytesAvailable() == 0 ? lookTime : 0);
+    lastCount_ = 0;
+    return port_->readAll();
+}
+
+void QtSerialPort::output(const QByteArray& bytes) {
+    if (!port_->isOpen())
+        return;
+    port_->clearError();
+    port_->write(bytes);
+    port_->flush();
+    while (port_->bytesToWrite() > 0 && port_->waitForBytesWritten(sendTime)) {
+    }
+    closeWhenFailed();
+}
+
+/// The device behind the port's name; empty when there is none.
+QString QtSerialPort::device() const {
+    if (number_ < 1 || number_ > greatestPort)
+        return {};
+    if (const auto named = settings_.value(u"Ports"_s, u"COM%1"_s.arg(number_)); !named.isEmpty())
+        return named;
+    return QSerialPortInfo::availablePorts().value(number_ - 1).systemLocation();
+}
+
+void QtSerialPort::open() {
+    if (port_->isOpen())
+        throw makeError(ErrorNumber::pathFileAccess);
+    const auto name = device();
+    const bool plain = isPseudoTerminal(name);
+    port_->setPortName(name);
+    port_->setBaudRate(line_.baud);
+    port_->setParity(plain ? QSerialPort::NoParity : parityOf(line_.parity));
+    port_->setDataBits(plain ? QSerialPort::Data8 : static_cast<QSerialPort::DataBits>(line_.dataBits));
+    port_->setStopBits(static_cast<QSerialPort::StopBits>(line_.stopBits));
+    port_->setFlowControl(QSerialPort::NoFlowControl);
+    if (name.isEmpty() || !port_->open(QIODevice::ReadWrite))
+        throw makeError(ErrorNumber::pathFileAccess);
+    port_->clear(QSerialPort::Input);
+    listen(0);
+    port_->readAll();
+    lastCount_ = 0;
+}
+
+void QtSerialPort::close() {
+    if (!port_->isOpen())
+        return;
+    drain(*port_);
+    port_->close();
+    lastCount_ = 0;
+}
+
+/// Takes in what has come, and waits so long for something to come.
+void QtSerialPort::listen(int milliseconds) {
+    if (!port_->isOpen()) {
+        if (milliseconds > 0)
+            QThread::msleep(static_cast<unsigned long>(milliseconds));
+        return;
+    }
+    port_->clearError();
+    if (!port_->waitForReadyRead(milliseconds))
+        closeWhenFailed();
+}
+
+/// A device that has failed would signal its error without end.
+void QtSerialPort::closeWhenFailed() {
+    const auto error = port_->error();
+    if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError) {
+        port_->close();
+        lastCount_ = 0;
+    }
+}
+
+} // namespace kelvane

@@ -1,0 +1,241 @@
+#include "workflow/download_list.h"
+
+#include "data/assets.h"
+#include "data/cal_params.h"
+#include "data/custom_dialog.h"
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "data/standards.h"
+#include "drivers/asset_entries.h"
+#include "platform/texts.h"
+#include "resources/strings.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// A list for the TorqueStar stays below so many rows.
+constexpr qsizetype torqueStarListEnd = 48;
+
+bool same(QStringView left, QStringView right) {
+    return upperCased(left) == upperCased(right);
+}
+
+bool isTorqueStar(const DownloadListScreen& screen) {
+    return screen.calibrator() == text(351);
+}
+
+bool isListed(const DownloadListScreen& screen, const QString& asset) {
+    const auto rows = screen.rows();
+    return std::any_of(rows.cbegin(), rows.cend(), [&](const QString& row) { return same(row, asset); });
+}
+
+/// One press of the Add button.
+class Addition {
+  public:
+    Addition(Calibrators& calibrators, DownloadListScreen& screen, Routine& routine)
+        : calibrators_(calibrators), session_(calibrators.session), screen_(screen), routine_(routine) {}
+
+    void add(const QString& entry);
+
+  private:
+    void addInstrument(const QString& asset, bool alone);
+    bool nameStandards(const QString& asset);
+    bool refused(const QString& standard, const QString& asset);
+    void registerStandard(const QString& standard, const QString& asset);
+    QString lastStandard(const QString& asset);
+    void forgetLastStandard(const QString& asset);
+    void warn(const QString& message, int title = 105) {
+        session_.ui.messageBox(message, text(title), box::warning);
+    }
+    void endEntry() {
+        screen_.emptyEntry();
+        screen_.focusEntry();
+    }
+
+    Calibrators& calibrators_;
+    Session& session_;
+    DownloadListScreen& screen_;
+    Routine& routine_;
+    /// Named so far, over all instruments of this addition: only the very first one must be named.
+    int standards_ = 0;
+};
+
+void Addition::add(const QString& entry) {
+    if (isListed(screen_, entry) || isListed(screen_, u'>' + entry)) {
+        warn(text(378));
+        return endEntry();
+    }
+    const BusyPointer busy(session_.ui);
+    int count = ModuleGlobals::GetAssetsInTaskPackage(session_, entry);
+    if (count == 0) {
+        session_.AssetList[0].asset = entry;
+        count = 1;
+    }
+    const auto entries = assetEntries(session_, count);
+    if (isTorqueStar(screen_) && screen_.rows().size() + count >= torqueStarListEnd) {
+        warn(text(380));
+        return endEntry();
+    }
+    for (const auto& one : entries)
+        addInstrument(one.asset, count == 1);
+    endEntry();
+}
+
+/// What is wrong with a member of a package is passed over in silence, unless the calibrator itself refuses
+/// it; an instrument that comes alone gets a box.
+void Addition::addInstrument(const QString& asset, bool alone) {
+    if (isListed(screen_, asset))
+        return;
+    if (ModuleGlobals::CheckAsset(session_, asset).isEmpty()) {
+        if (alone)
+            warn(text(195));
+        return;
+    }
+    if (!ModuleGlobals::HasConfigData(session_, asset)) {
+        if (alone)
+            warn(text(259));
+        return;
+    }
+    const auto calibrator = screen_.calibrator();
+    if (const auto reason = calibratorAcceptable(calibrators_, calibrator, asset); !reason.isEmpty())
+        return warn(asset + u": "_s + reason);
+    routine_.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = "_s +
+                     ModuleGlobals::mtagOf(session_, asset) + u";commit"_s);
+    if (!calibratorRequiresStandard(calibrators_, calibrator, asset) || nameStandards(asset))
+        screen_.addRow(asset);
+}
+
+/// Asks for standards until an empty answer; false when the operator gave up.
+bool Addition::nameStandards(const QString& asset) {
+    const auto proposal = lastStandard(asset);
+    forgetLastStandard(asset);
+    while (true) {
+        const bool required = standards_ == 0;
+        const auto answer = ModuleGlobals::CustomDialog(session_, asset + u": "_s + text(376), text(375),
+                                                        required, 0, 60, 0, required ? proposal : QString());
+        // A required name of blanks alone comes as an empty answer.
+        if (answer == cancelled || (required && answer.isEmpty()))
+            return false;
+        if (answer.isEmpty())
+            return true;
+        if (!refused(answer, asset))
+            registerStandard(answer, asset);
+    }
+}
+
+bool Addition::refused(const QString& standard, const QString& asset) {
+    if (same(standard, asset)) {
+        warn(asset + u": "_s + text(632));
+        return true;
+    }
+    if (isTorqueStar(screen_) && !ModuleGlobals::HasConfigData(session_, standard)) {
+        warn(asset + u": "_s + text(259));
+        return true;
+    }
+    const auto verdict = ModuleGlobals::CheckStandard(session_, standard, asset);
+    if (verdict == standardRankTooLow)
+        warn(text(265) + u' ' + asset, 376);
+    else if (verdict == standardOverdue)
+        warn(text(264), 376);
+    return verdict != standardUsable;
+}
+
+void Addition::registerStandard(const QString& standard, const QString& asset) {
+    const auto insertInto = [&](const QString& table) {
+        routine_.execute(u"insert into mt."_s + table + u" (standard_mtag,entered_date,mtag) values ("_s +
+                         ModuleGlobals::mtagOf(session_, standard) + u",now(*),"_s +
+                         ModuleGlobals::mtagOf(session_, asset) + u");commit"_s);
+    };
+    insertInto(u"hvm_kv_task_standards_inuse"_s);
+    if (standards_ == 0) {
+        forgetLastStandard(asset);
+        insertInto(u"hvm_kv_last_standards_used"_s);
+    }
+    ++standards_;
+}
+
+QString Addition::lastStandard(const QString& asset) {
+    const auto row = routine_.select(
+        u"select i4201 from "_s + session_.SessionOwner +
+            u".inventory where mtag = (select standard_mtag from mt.hvm_kv_last_standards_used where mtag = "_s +
+            ModuleGlobals::mtagOf(session_, asset) + u')',
+        Rows::first);
+    return row->next() ? notNull(row->value(0)) : QString();
+}
+
+/// The proposal is gone before the question has been answered.
+void Addition::forgetLastStandard(const QString& asset) {
+    routine_.execute(u"delete from mt.hvm_kv_last_standards_used where mtag = "_s +
+                     ModuleGlobals::mtagOf(session_, asset) + u";commit"_s);
+}
+
+/// Puts the list into a task package that lives for one download; gives its tag.
+QString makePackage(Session& session, Routine& routine, const QStringList& assets) {
+    const auto tag = ModuleGlobals::RandomString(session, 30);
+    routine.execute(
+        u"insert into mt.hvm_kv_task_packages (taskname,tptype,mtuser,created_on,tptag) values ('"_s + tag +
+        u"','WSHT','"_s + session.SessionUser + u"',now(*),'"_s + tag + u"');commit"_s);
+    for (const auto& asset : assets)
+        routine.execute(u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tag + u"',"_s +
+                        ModuleGlobals::mtagOf(session, asset) + u");commit"_s);
+    return tag;
+}
+
+} // namespace
+
+void addToDownloadList(Calibrators& calibrators, DownloadListScreen& screen, const QString& entry) {
+    auto& session = calibrators.session;
+    Routine routine(session, u"FormDockingDown,CommandAdd"_s);
+    routine.run([&] {
+        if (same(entry, text(352))) {
+            screen.emptyEntry();
+            session.ui.processEvents();
+            downloadList(calibrators, screen);
+        } else if (!entry.isEmpty()) {
+            Addition(calibrators, screen, routine).add(entry);
+        }
+    });
+}
+
+void removeFromDownloadList(Calibrators& calibrators, DownloadListScreen& screen, int row) {
+    const auto rows = screen.rows();
+    if (row < 0 || row >= rows.size())
+        return;
+    auto& session = calibrators.session;
+    Routine routine(session, u"FormDockingDown,CommandRemove"_s);
+    routine.run([&] {
+        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = "_s +
+                        ModuleGlobals::mtagOf(session, rows[row]) + u";commit"_s);
+        screen.removeRow(row);
+        screen.focusEntry();
+    });
+}
+
+void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
+    const auto rows = screen.rows();
+    if (rows.isEmpty())
+        return;
+    auto& session = calibrators.session;
+    Routine routine(session, u"FormDockingDown,Download"_s);
+    routine.run([&] {
+        const auto calibrator = screen.calibrator();
+        const auto tag = makePackage(session, routine, rows);
+        const auto failure = calibratorDownload(calibrators, calibrator, tag);
+        if (!failure.isEmpty()) {
+            session.ui.messageBox(failure, text(105), box::warning);
+            return;
+        }
+        session.ui.messageBox(text(374), text(105), box::information);
+        ModuleGlobals::SaveRegSetting(session, u"Defaults"_s, u"LastDownloadCalibrator"_s, calibrator);
+        routine.execute(u"delete from mt.hvm_kv_task_assets where tptag = '"_s + tag +
+                        u"';delete from mt.hvm_kv_task_packages where tptag = '"_s + tag + u"';commit"_s);
+        screen.closeScreen();
+    });
+}
+
+} // namespace kelvane

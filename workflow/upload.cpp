@@ -1,0 +1,27 @@
+#include "data/routine.h"
+#include "resources/strings.h"
+#include "workflow/driver.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleGlobals {
+
+void UploadFromCalibrator(Calibrators& calibrators) {
+    auto& session = calibrators.session;
+    Routine routine(session, u"ModuleGlobals,UploadFromCalibrator"_s);
+    routine.run([&] {
+        const auto remembered = u"LastUploadCalibrator"_s;
+        const auto calibrator = chooseCalibrator(session, text(107), remembered);
+        if (calibrator.isEmpty())
+            return;
+        const auto failure = calibratorUpload(calibrators, calibrator);
+        session.ui.setNormalPointer();
+        if (failure.isEmpty())
+            session.ui.messageBox(text(377), text(107), box::information);
+        else
+            session.ui.messageBox(failure, text(107), box::warning);
+        SaveRegSetting(session, u"Defaults"_s, remembered, calibrator);
+    });
+}
+
+} // namespace kelvane::ModuleGlobals
