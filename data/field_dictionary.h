@@ -22,4 +22,25 @@ void DestColumn(Session& session, const QString& column, const QString& asset, c
 /// True when the asset has no calibration record yet.
 bool FirstCal(Session& session, const QString& asset);
 
+/// The rows of `CalFieldTable` in use: those before the first empty `column`.
+int calFieldCount(const Session& session);
+/// The first row of `CalFieldTable` whose `column` ends in this field number.
+std::optional<int> calFieldRow(const Session& session, const QString& number);
+/// The field numbers that a worksheet asks for, in their order.
+inline constexpr QStringView worksheetFieldsQuery =
+    u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc";
+
+/// How dates and times of fields are written.
+struct FieldForm {
+    QStringView date;
+    QStringView time;
+};
+/// As in statements.
+inline constexpr FieldForm statementForm{u"YYYY-MM-DD", u"HH:NN:SS"};
+/// As on screens; it looks into the session, which must outlive it.
+FieldForm screenForm(const Session& session);
+/// `value` in that form when it belongs to a date or a time field, as it stands otherwise or when it is
+/// empty. Error 13 when it is no date or time.
+QString fieldText(const Session& session, const QString& value, qint16 field_type, const FieldForm& form);
+
 } // namespace kelvane::ModuleGlobals

@@ -1,0 +1,303 @@
+#include "data/cal_record.h"
+
+#include "data/assets.h"
+#include "data/due_date.h"
+#include "data/field_dictionary.h"
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "platform/numbers.h"
+#include "resources/strings.h"
+
+#include <span>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleGlobals {
+
+namespace {
+
+constexpr int textRecordCreation = 346;
+constexpr int textAlreadyExists = 565;
+constexpr int textRetryAdvised = 606;
+constexpr int textNotProvided = 607;
+
+/// The one column that no record gets, whatever the dictionary says.
+constexpr QStringView excludedColumn = u"C2340";
+
+bool isColumn(const QString& name, QStringView column) {
+    return name.compare(column, Qt::CaseInsensitive) == 0;
+}
+
+/// The progress window for the time of a block; it goes away on every way out.
+class Progress {
+  public:
+    explicit Progress(UserInterface& ui) : ui_(ui) { ui_.showProgress(text(textRecordCreation)); }
+    ~Progress() { ui_.hideProgress(); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    void reach(int percent) { ui_.setProgressValue(percent); }
+
+  private:
+    UserInterface& ui_;
+};
+
+/// The entries of a list before its first empty one.
+template <int Last>
+QStringList entriesOf(const FixedList<QString, Last>& list) {
+    QStringList entries;
+    for (int index = list.first; index <= list.last && !list[index].isEmpty(); ++index)
+        entries << list[index];
+    return entries;
+}
+
+/// One record on its way into the database. Each statement commits by itself: what was written before an
+/// error stays.
+class NewRecord {
+  public:
+    NewRecord(Session& session, Routine& routine, const QString& asset)
+        : session_(session), routine_(routine), asset_(asset), mtag_(CheckAsset(session, asset)) {}
+
+    /// Empty, or the reason why the record was not made.
+    QString make();
+
+  private:
+    /// What a pass over the field table does with a column.
+    struct ColumnStep {
+        QStringView column;
+        void (NewRecord::*step)(int row);
+    };
+    static const ColumnStep gathering[];
+    static const ColumnStep completing[];
+    static const ColumnStep gatheringAgain[];
+    void pass(std::span<const ColumnStep> steps);
+
+    void keepDate(int row) { date_ = requireMoment(value(row), session_.SessionDateFormat); }
+    void keepTime(int row) { time_ = value(row); }
+    void keepPassMark(int row) { passed_ = value(row) == "Y"_L1; }
+    void keepInterval(int row) { interval_ = toReal(numericValue(valueOrSource(row, u"I4229"_s))); }
+    void keepUnit(int row) { unit_ = valueOrSource(row, u"I4228"_s); }
+    void keepDueDate(int row) { dueDateGiven_ = !value(row).isEmpty(); }
+    void fillDueTime(int row);
+    void setDueDate(int row) { setValue(row, shortDate(due_.date, session_.SessionDateFormat)); }
+    void setUser(int row) { setValue(row, session_.SessionUser); }
+
+    void settleDueDate();
+    bool askOperator();
+    bool askFor(int row);
+    bool existsAlready();
+    void writeDatesForStatement();
+    void insertRecord();
+    void copyWithinRecord();
+    void copyToOtherTables();
+    void insertStandards();
+    void insertResults();
+    void emptyInventoryFields();
+
+    const CalField& field(int row) const { return std::as_const(session_.CalFieldTable)[row]; }
+    QString value(int row) const { return field(row).value; }
+    void setValue(int row, const QString& value) { session_.CalFieldTable[row].value = value; }
+    QString valueOrSource(int row, const QString& source);
+    /// The key of the record that the children hang on: by now the server has marked it as the current one.
+    QString currentRecord() const;
+
+    Session& session_;
+    Routine& routine_;
+    QString asset_;
+    QString mtag_;
+    Moment date_;
+    QString time_;
+    bool passed_ = false;
+    bool dueDateGiven_ = false;
+    float interval_ = 0;
+    QString unit_;
+    Moment due_;
+};
+
+const NewRecord::ColumnStep NewRecord::gathering[] = {
+    {u"C2301", &NewRecord::keepDate},     {u"C2323", &NewRecord::keepPassMark},
+    {u"C2302", &NewRecord::keepInterval}, {u"C2331", &NewRecord::keepUnit},
+    {u"C2303", &NewRecord::keepDueDate},  {u"C2333", &NewRecord::keepTime},
+};
+
+const NewRecord::ColumnStep NewRecord::completing[] = {
+    {u"C2334", &NewRecord::fillDueTime},
+    {u"C2303", &NewRecord::setDueDate},
+    {u"C2336", &NewRecord::setUser},
+    {u"C2338", &NewRecord::setUser},
+};
+
+/// The operator may have changed these two.
+const NewRecord::ColumnStep NewRecord::gatheringAgain[] = {
+    {u"C2301", &NewRecord::keepDate},
+    {u"C2333", &NewRecord::keepTime},
+};
+
+QString NewRecord::make() {
+    Progress progress(session_.ui);
+    pass(gathering);
+    progress.reach(14);
+    settleDueDate();
+    progress.reach(28);
+    pass(completing);
+    progress.reach(42);
+    if (!askOperator()) {
+        progress.reach(100);
+        return text(textNotProvided);
+    }
+    pass(gatheringAgain);
+    if (existsAlready()) {
+        progress.reach(100);
+        return text(textAlreadyExists);
+    }
+    writeDatesForStatement();
+    insertRecord();
+    progress.reach(56);
+    copyWithinRecord();
+    copyToOtherTables();
+    progress.reach(70);
+    insertStandards();
+    progress.reach(88);
+    insertResults();
+    emptyInventoryFields();
+    progress.reach(100);
+    return {};
+}
+
+void NewRecord::pass(std::span<const ColumnStep> steps) {
+    for (int row = 0; row < calFieldCount(session_); ++row) {
+        for (const auto& one : steps) {
+            if (isColumn(field(row).column, one.column))
+                (this->*one.step)(row);
+        }
+    }
+}
+
+QString NewRecord::valueOrSource(int row, const QString& source) {
+    if (value(row).isEmpty())
+        setValue(row, SourceColumn(session_, source, asset_));
+    return value(row);
+}
+
+void NewRecord::fillDueTime(int row) {
+    if (value(row).isEmpty())
+        setValue(row, time_);
+}
+
+/// A failed instrument is due at once, and a due date that was given is not kept: both get the calibration
+/// date.
+void NewRecord::settleDueDate() {
+    due_ = passed_ && !dueDateGiven_ ? calcDueDate(session_, {}, date_, interval_, unit_) : date_;
+}
+
+bool NewRecord::askOperator() {
+    const auto numbers = routine_.select(worksheetFieldsQuery.toString());
+    while (numbers->next()) {
+        const auto row = calFieldRow(session_, notNull(numbers->value(0)));
+        if (row && !askFor(*row))
+            return false;
+    }
+    return true;
+}
+
+bool NewRecord::askFor(int row) {
+    while (!PromptUser(session_, static_cast<qint16>(row), asset_)) {
+        if (field(row).required != "Y"_L1)
+            return true;
+        if (session_.ui.messageBox(text(textRetryAdvised), text(textRecordCreation),
+                                   box::warningRetryCancel) != BoxAnswer::retry)
+            return false;
+    }
+    return true;
+}
+
+bool NewRecord::existsAlready() {
+    const auto time = fieldText(session_, time_, static_cast<qint16>(FieldKind::time), statementForm);
+    return routine_.hasRow(u"select c2301 from "_s + session_.SessionOwner +
+                           u".calibration where c2301 = '"_s + formatMoment(date_, statementForm.date) +
+                           u"' and c2333 = '"_s + time + u"' and mtag = '"_s + mtag_ + u'\'');
+}
+
+void NewRecord::writeDatesForStatement() {
+    for (int row = 0; row < calFieldCount(session_); ++row)
+        setValue(row, fieldText(session_, value(row), field(row).field_type, statementForm));
+}
+
+void NewRecord::insertRecord() {
+    QString columns;
+    QString values;
+    for (int row = 0; row < calFieldCount(session_); ++row) {
+        if (isColumn(field(row).column, excludedColumn))
+            continue;
+        columns += field(row).column + u',';
+        values += value(row).isEmpty() ? u"NULL,"_s : u'\'' + SQLSafe(value(row)) + u"',"_s;
+    }
+    routine_.execute(u"insert into "_s + session_.SessionOwner + u".calibration ("_s + columns +
+                     u"mtag,cdsrc) values ("_s + values + u'\'' + mtag_ + u"','KVN');commit"_s);
+}
+
+void NewRecord::copyWithinRecord() {
+    const auto copies =
+        routine_.select(u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'"_s);
+    while (copies->next()) {
+        const auto target = notNull(copies->value(0));
+        const auto source = notNull(copies->value(1));
+        DestColumn(session_, target, asset_, SourceColumn(session_, source, asset_));
+    }
+}
+
+void NewRecord::copyToOtherTables() {
+    if (session_.SessionDbVersion <= 5)
+        return;
+    const auto copies =
+        routine_.select(u"select fldnum,dcopy from mt.customiz where dcopy is not null and dcopy <> 'OFF' "
+                        "and fldnum like '23%' and fldnum <> '2340'"_s);
+    while (copies->next()) {
+        const auto source = notNull(copies->value(0));
+        const auto target = notNull(copies->value(1));
+        DestColumn(session_, target, asset_, SourceColumn(session_, source, asset_));
+    }
+}
+
+QString NewRecord::currentRecord() const {
+    return u"(select ctag from "_s + session_.SessionOwner + u".calibration where mtag = '"_s + mtag_ +
+           u"' and c2339 = 1)"_s;
+}
+
+void NewRecord::insertStandards() {
+    QStringList names;
+    for (const auto& name : entriesOf(session_.RecordStandards)) {
+        if (!names.contains(name, Qt::CaseInsensitive))
+            names << name;
+    }
+    for (const auto& name : std::as_const(names))
+        routine_.execute(u"insert into mt.standards (c2430,mtag,ctag) values ("_s + mtagOf(session_, name) +
+                         u",'"_s + mtag_ + u"',"_s + currentRecord() + u");commit"_s);
+}
+
+void NewRecord::insertResults() {
+    int number = 0;
+    for (const auto& line : entriesOf(session_.RecordResults))
+        routine_.execute(u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('"_s + line + u"','"_s +
+                         plainText(number++) + u"','"_s + mtag_ + u"',"_s + currentRecord() + u");commit"_s);
+}
+
+void NewRecord::emptyInventoryFields() {
+    if (!passed_ && session_.BCalP)
+        return;
+    if (!session_.BCal4224)
+        DestColumn(session_, u"I4224"_s, asset_, u"NULL"_s);
+    if (!session_.BCal4225)
+        DestColumn(session_, u"I4225"_s, asset_, u"NULL"_s);
+}
+
+} // namespace
+
+QString CreateCalRecord(Session& session, const QString& asset) {
+    QString reason;
+    Routine routine(session, u"ModuleGlobals,CreateCalRecord"_s);
+    routine.run([&] { reason = NewRecord(session, routine, asset).make(); });
+    return reason;
+}
+
+} // namespace kelvane::ModuleGlobals
