@@ -35,4 +35,10 @@ QString notNull(const std::optional<QString>& value) {
     return *value;
 }
 
+Moment storedMoment(QStringView text) {
+    const auto colon = text.lastIndexOf(u':');
+    const auto fraction = colon < 0 ? -1 : text.indexOf(u'.', colon);
+    return requireMoment(fraction < 0 ? text : text.left(fraction), u"YYYY/MM/DD");
+}
+
 } // namespace kelvane

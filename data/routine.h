@@ -67,4 +67,8 @@ class BusyPointer {
 /// The value of a column that must not be null: error 94 otherwise.
 QString notNull(const std::optional<QString>& value);
 
+/// The date, the time or both that a column holds, as servers write them: the year first, a fraction of a
+/// second, which is passed over, behind the time. Error 13 when the text is none of them.
+Moment storedMoment(QStringView text);
+
 } // namespace kelvane

@@ -1,0 +1,44 @@
+#include "data/custom_dialog.h"
+
+#include "data/routine.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleGlobals {
+
+namespace {
+
+/// The shared value list up to its first empty entry.
+QStringList sharedValues(const Session& session) {
+    QStringList values;
+    const auto& list = session.SharedValueList;
+    for (int i = list.first; i <= list.last && !list[i].isEmpty(); ++i)
+        values << list[i];
+    return values;
+}
+
+} // namespace
+
+QString CustomDialog(Session& session, const QString& caption, const QString& prompt, bool required,
+                     qint16 mode, qint16 max_length, qint16 field_type, const QString& default_text) {
+    QString result;
+    Routine routine(session, u"ModuleGlobals,CustomDialog"_s);
+    routine.run([&] {
+        DialogQuestion question{.caption = caption,
+                                .prompt = prompt,
+                                .required = required,
+                                .fromList = mode == 1,
+                                .maxLength = max_length,
+                                .fieldType = field_type,
+                                .defaultText = default_text};
+        {
+            const BusyPointer busy(session.ui);
+            if (question.fromList)
+                question.choices = sharedValues(session);
+        }
+        result = session.ui.askOneField(question);
+    });
+    return result;
+}
+
+} // namespace kelvane::ModuleGlobals
