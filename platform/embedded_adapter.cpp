@@ -1,0 +1,134 @@
+#include "platform/embedded_adapter.h"
+
+#include "platform/accounts.h"
+#include "platform/embedded_dialect.h"
+#include "resources/strings.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int mostAttached = 10; // the engine's own limit
+
+// What the engine's native codes say; the higher bits hold details.
+enum NativeCode : int {
+    readOnly = 8,
+    inputOutput = 10,
+    damaged = 11,
+    cannotOpen = 14,
+    notADatabase = 26,
+};
+
+QString quoted(const QString& text) {
+    return u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
+}
+
+QString quotedName(const QString& name) {
+    return u'"' + QString(name).replace(u"\""_s, u"\"\""_s) + u'"';
+}
+
+std::optional<QString> firstValue(DriverLink& link, const QString& query, int column = 0) {
+    const auto rows = link.select(query, Rows::all);
+    return rows->next() ? rows->value(column) : std::nullopt;
+}
+
+/// Reads and writes `file`, opened as `schema`, far enough to know that it is what it has to be.
+void prove(DriverLink& link, const QString& schema, const QString& file) {
+    const auto name = quotedName(schema);
+    try {
+        firstValue(link, u"select count(*) from "_s + name + u".sqlite_master"_s);
+        if (firstValue(link, u"pragma "_s + name + u".journal_mode"_s) != u"wal"_s)
+            firstValue(link, u"pragma "_s + name + u".journal_mode = wal"_s);
+        link.execute(u"pragma "_s + name + u".synchronous = full"_s);
+    } catch (Error& error) {
+        error.description = text(1085).arg(QDir::toNativeSeparators(file), error.description);
+        throw;
+    }
+    if (!QFileInfo(file).isWritable())
+        throw Error{readOnly, text(1087).arg(QDir::toNativeSeparators(file))};
+}
+
+/// Refuses a name without account and a wrong password in one and the same way.
+void checkLogin(DriverLink& link, const QString& user, const QString& password) {
+    const auto hash = firstValue(link, u"select hash from main.accounts where name = "_s + quoted(user));
+    const bool matches = passwordMatches(password, hash ? hash->toUtf8() : nobodysHash());
+    if (!hash || !matches)
+        throw Error{-103, text(1066), u"28000"_s};
+}
+
+} // namespace
+
+void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
+    const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
+    files_ = {main.filePath()};
+    prove(link, u"main"_s, main.filePath());
+    if (!firstValue(link, u"select name from main.sqlite_master where name = 'accounts'"_s))
+        throw Error{notADatabase, text(1084).arg(QDir::toNativeSeparators(main.filePath()))};
+    checkLogin(link, user, password);
+    link.execute(u"pragma foreign_keys = on"_s);
+
+    auto owners = main.dir().entryInfoList({u"*.db"_s}, QDir::Files, QDir::Name);
+    owners.removeIf([&](const QFileInfo& file) { return file == main; });
+    if (owners.size() > mostAttached)
+        throw Error{static_cast<double>(ErrorNumber::subscriptOutOfRange),
+                    text(1086).arg(QDir::toNativeSeparators(main.path()), QString::number(mostAttached))};
+    for (const auto& owner : owners)
+        attach(link, owner.filePath());
+}
+
+void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
+    // As an address the file is never made when it has just gone.
+    const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
+    const auto schema = QFileInfo(file).completeBaseName();
+    try {
+        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
+    } catch (Error& error) {
+        error.description = text(1085).arg(QDir::toNativeSeparators(file), error.description);
+        throw;
+    }
+    prove(link, schema, file);
+    files_ << file;
+}
+
+void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
+    for (const auto& step : embeddedBatch(statement)) {
+        // A single statement commits by itself. Several take the write lock at the start, so that two
+        // workstations can't wait for each other.
+        const bool transaction = step.committed && step.statements.size() > 1;
+        if (transaction)
+            link.execute(u"begin immediate"_s);
+        try {
+            for (const auto& one : step.statements)
+                link.execute(one);
+            if (transaction)
+                link.execute(u"commit"_s);
+        } catch (const Error&) {
+            if (transaction) {
+                try {
+                    link.execute(u"rollback"_s);
+                } catch (const Error&) {
+                    // The engine has rolled back by itself; the statement's own error is the one to tell.
+                }
+            }
+            throw;
+        }
+    }
+}
+
+std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
+    return link.select(embeddedQuery(statement, rows), Rows::all);
+}
+
+bool EmbeddedAdapter::meansLost(const Error& error) const {
+    // Disk or share gone, file replaced or damaged: nothing that this connection does is worth anything now.
+    const auto code = static_cast<int>(error.number) & 0xff;
+    return code == inputOutput || code == damaged || code == cannotOpen || code == notADatabase;
+}
+
+} // namespace kelvane

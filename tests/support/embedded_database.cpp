@@ -1,0 +1,55 @@
+#include "tests/support/embedded_database.h"
+
+#include "platform/odbc_connection.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+/// The data sources of this program, all in one file: the driver manager reads it when a connection opens.
+void addDataSource(const QString& section) {
+    static const QTemporaryDir folder;
+    const auto path = folder.filePath(u"odbc.ini"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(section.toUtf8());
+    qputenv("ODBCINI", QFile::encodeName(path));
+}
+
+} // namespace
+
+EmbeddedDatabase::EmbeddedDatabase(const QString& filesFrom, const QHash<QString, QString>& settings) {
+    const QDir from(filesFrom);
+    const auto names = filesFrom.isEmpty() ? QStringList() : from.entryList({u"*.db"_s}, QDir::Files);
+    for (const auto& name : names)
+        EXPECT_TRUE(QFile::copy(from.filePath(name), file(name))) << name.toStdString();
+
+    // A name is never used twice: the driver manager remembers what it has read for some seconds.
+    static int count = 0;
+    dsn_ = u"test-%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++count);
+    QHash<QString, QString> all{{u"Driver"_s, u"SQLite3"_s},  {u"Database"_s, file(u"kelvane.db"_s)},
+                                {u"BigInt"_s, u"1"_s},        {u"FKSupport"_s, u"1"_s},
+                                {u"JournalMode"_s, u"WAL"_s}, {u"SyncPragma"_s, u"FULL"_s},
+                                {u"Timeout"_s, u"5000"_s},    {u"NoCreat"_s, u"1"_s}};
+    all.insert(settings);
+    auto section = u"[%1]\n"_s.arg(dsn_);
+    for (auto one = all.cbegin(); one != all.cend(); ++one)
+        section += one.key() + u" = "_s + one.value() + u'\n';
+    addDataSource(section);
+}
+
+std::unique_ptr<Connection> EmbeddedDatabase::connect(const QString& user, const QString& password) const {
+    auto connection = odbcConnections()();
+    connection->open(connectionString(), user, password);
+    return connection;
+}
+
+} // namespace kelvane::testing
