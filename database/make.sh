@@ -1,0 +1,98 @@
+#!/bin/sh
+# Makes the database of the embedded engine: one SQLite file for each owner, in a folder of its own.
+#
+#   make.sh <folder> [--demo]
+#
+# A new folder is built beside its place and moved there when it is whole; with --demo it holds the demonstration
+# data. A folder that has a database already keeps its data: it only gets the tables that it lacks.
+set -eu
+
+files='kelvane mt std abc sys'
+
+fail() {
+    echo "make.sh: $*" >&2
+    exit 1
+}
+
+folder= demo=
+for argument; do
+    case $argument in
+    --demo) demo=yes ;;
+    -*) fail "unknown option $argument" ;;
+    *) [ -z "$folder" ] || fail 'one folder only'
+       folder=$argument ;;
+    esac
+done
+[ -n "$folder" ] || fail 'usage: make.sh <folder> [--demo]'
+command -v sqlite3 >/dev/null || fail 'the program sqlite3 is missing (Debian package "sqlite3")'
+
+here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd)
+case $folder in /*) ;; *) folder=$PWD/$folder ;; esac
+folder=${folder%/}
+umask 077
+
+# script <file> <script> [sqlite3 options]: one script as one transaction; it is carried out whole or not at all.
+script() {
+    file=$1 text=$2
+    shift 2
+    { cat "$here/$text" && printf '\ncommit;\n'; } |
+        sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$@" -cmd 'begin immediate;' "$file" ||
+        fail "$text failed on $file"
+}
+
+# The tables of every file, in the current folder.
+tables() {
+    for name in $files; do
+        sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$name.db" 'pragma journal_mode = wal;' >/dev/null ||
+            fail "$name.db can't be opened"
+    done
+    script kelvane.db embedded/10_accounts.sql
+    first=1000001
+    for owner in mt std abc; do
+        script $owner.db embedded/20_owner.sql -cmd ".parameter set :first_ctag $first"
+        first=$((first + 1000000))
+    done
+    script mt.db embedded/30_mettrack.sql
+    script mt.db embedded/40_kelvane.sql
+    script mt.db embedded/50_settings.sql
+    script sys.db embedded/60_catalogue.sql
+}
+
+demonstration() {
+    for path in "$here"/demo/*.sql; do
+        script kelvane.db "demo/${path##*/}" -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;"
+    done
+}
+
+present=0
+for name in $files; do
+    [ ! -e "$folder/$name.db" ] || present=$((present + 1))
+done
+case $present in
+5)
+    cd -- "$folder"
+    tables
+    [ -z "$demo" ] || echo "make.sh: $folder holds a database already; its data is left as it is"
+    exit
+    ;;
+0) ;;
+*) fail "$folder holds only some of the files $files (.db); nothing was changed" ;;
+esac
+
+mkdir -p -- "$(dirname -- "$folder")"
+new=$(mktemp -d -- "$folder.making.XXXXXX")
+trap 'rm -rf -- "$new"' EXIT
+trap 'exit 1' HUP INT TERM
+cd -- "$new"
+tables
+[ -z "$demo" ] || demonstration
+cd / # the folder may move now
+
+if [ -d "$folder" ]; then
+    chmod 700 -- "$folder"
+    for name in sys abc std mt kelvane; do # the one that is opened comes last
+        mv -- "$new/$name.db" "$folder/"
+    done
+else
+    mv -T -- "$new" "$folder"
+fi
