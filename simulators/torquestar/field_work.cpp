@@ -1,0 +1,95 @@
+#include "simulators/torquestar/field_work.h"
+
+#include "simulators/torquestar/failure.h"
+#include "simulators/torquestar/messages.h"
+#include "simulators/torquestar/pitfalls.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+namespace {
+
+// Moments follow each other so closely that one that can be read is never far.
+constexpr int mostSecondsPassedOver = 60;
+
+qint32 readingOf(double nominal, double deviation, const QString& name) {
+    const double counts = std::round(nominal * (1 + deviation / 100) * scale);
+    if (!(std::abs(counts) <= std::numeric_limits<qint32>::max()))
+        throw Failure(
+            u"%1: the reading %2 is more than the calibrator can keep"_s.arg(name).arg(counts / scale));
+    return static_cast<qint32>(counts);
+}
+
+void setMoment(Result& result, const QDateTime& moment) {
+    const QDate date = moment.date();
+    const QTime time = moment.time();
+    result.date = date.year() * 10000 + date.month() * 100 + date.day();
+    result.time = time.hour() * 10000 + time.minute() * 100 + time.second();
+}
+
+/// Dates the result at the moment, or at the first later second that the workstation reads rightly.
+void dateResult(Result& result, QDateTime& moment) {
+    const QDateTime wanted = moment;
+    for (int passed = 0; passed < mostSecondsPassedOver; ++passed) {
+        setMoment(result, moment);
+        if (!losesDigit(result.time) && !endsInAnnouncement(resultReply(result)))
+            return;
+        moment = moment.addSecs(1);
+    }
+    moment = wanted;
+    setMoment(result, moment);
+}
+
+std::vector<Result> resultsOf(const Errand& errand, const Fields& fields, const FieldWork& work) {
+    const int samples = fields[Samples].value_or(1);
+    const int takes = work.takes.value_or(samples);
+    std::vector<Result> results;
+    QDateTime moment = errand.from.value_or(work.now);
+    for (std::size_t point = 0; point < errand.nominals.size(); ++point) {
+        const qint32 reading = readingOf(errand.nominals[point], errand.deviations.at(point), errand.name);
+        for (int take = 0; take < takes; ++take) {
+            Result result{0, 0, std::vector<qint32>(static_cast<std::size_t>(samples), reading)};
+            dateResult(result, moment);
+            results.push_back(result);
+            moment = moment.addSecs(work.seconds);
+        }
+    }
+    return results;
+}
+
+QStringList accountOf(const Characteristic& characteristic, std::size_t replaced) {
+    QStringList lines{u"%1: %2 results taken"_s.arg(characteristic.name).arg(characteristic.results.size())};
+    if (replaced > 0)
+        lines.last() += u", in the place of %1"_s.arg(replaced);
+    QStringList notes = pitfallsOfComment(characteristic.comment);
+    for (const Result& result : characteristic.results)
+        notes += pitfallsOfResult(result);
+    notes.removeDuplicates();
+    for (const QString& note : notes)
+        lines += u"  note: "_s + note;
+    return lines;
+}
+
+} // namespace
+
+QStringList carryOut(Memory& memory, const std::vector<Errand>& errands, const FieldWork& work) {
+    Memory changed = memory;
+    QStringList lines;
+    for (const Errand& errand : errands) {
+        Characteristic* const characteristic = changed.find(errand.name);
+        if (characteristic == nullptr)
+            throw Failure(u"The calibrator holds no characteristic \"%1\"."_s.arg(errand.name));
+        const std::size_t replaced = characteristic->results.size();
+        characteristic->results = resultsOf(errand, characteristic->fields, work);
+        characteristic->comment = errand.comment;
+        lines += accountOf(*characteristic, replaced);
+    }
+    memory = changed;
+    return lines;
+}
+
+} // namespace kelvane::simulators

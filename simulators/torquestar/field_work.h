@@ -1,0 +1,23 @@
+#pragma once
+
+#include "simulators/torquestar/memory.h"
+#include "simulators/torquestar/plan.h"
+
+#include <QStringList>
+
+namespace kelvane::simulators {
+
+struct FieldWork {
+    QDateTime now;            ///< for errands without a moment of their own
+    int seconds = 60;         ///< from one result to the next
+    std::optional<int> takes; ///< how often each point is taken; not given: as often as it has samples
+};
+
+/// Carries the errands out: the results of each characteristic are replaced by new ones, in the order of the
+/// points, all takes of a point one after the other, each with the characteristic's number of samples. A
+/// moment that the workstation would not read is passed over by a second. Gives what there is to tell, a line
+/// each. Throws `Failure`, with the memory untouched, when a characteristic is not there or a reading can't
+/// be kept.
+QStringList carryOut(Memory& memory, const std::vector<Errand>& errands, const FieldWork& work);
+
+} // namespace kelvane::simulators

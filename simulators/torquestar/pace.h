@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <chrono>
+#include <deque>
+#include <optional>
+
+namespace kelvane::simulators {
+
+using Moment = std::chrono::steady_clock::time_point;
+
+/// A line on which each byte takes its time, in both directions at once. The terminal passes bytes at once;
+/// here they wait for the moment at which their last bit is through. Moments follow from each other and not
+/// from when somebody looked at a clock, so that lateness does not add up.
+class VirtualLine {
+  public:
+    /// Ten bit times a byte at this speed; without a speed bytes take no time.
+    explicit VirtualLine(std::optional<int> baud);
+
+    /// Bytes that the workstation has put on the line.
+    void arrived(QByteArrayView bytes, Moment read);
+    /// Bytes of the calibrator, sent from the moment of the last event on, or later.
+    void send(const QByteArray& bytes, std::chrono::milliseconds delay = {});
+    /// Noise, one byte after the other, until `drop`.
+    void noise();
+    /// The line is gone once all is sent.
+    void vanish() { m_vanishing = true; }
+    /// Forgets what is not sent yet.
+    void drop();
+
+    struct Event {
+        bool inbound = false; ///< one byte to be heard; otherwise bytes to be put out
+        QByteArray bytes;
+    };
+    /// When something is due next.
+    std::optional<Moment> next() const;
+    /// What is due now, in the order of time.
+    std::optional<Event> take(Moment now);
+    /// The next two bytes already under way behind the one that is being heard.
+    QByteArray following() const;
+    bool vanished() const { return m_vanishing && m_out.empty(); }
+
+  private:
+    struct Byte {
+        Moment at;
+        char value;
+    };
+
+    Event takeOutbound(Moment now);
+    void makeNoise(Moment now);
+
+    std::chrono::nanoseconds m_byteTime;
+    std::deque<Byte> m_in;
+    std::deque<Byte> m_out;
+    Moment m_inFree;
+    Moment m_outFree;
+    Moment m_present;
+    bool m_noise = false;
+    quint32 m_noiseSeed = 1;
+    bool m_vanishing = false;
+};
+
+} // namespace kelvane::simulators

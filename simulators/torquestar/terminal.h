@@ -1,0 +1,42 @@
+#pragma once
+
+#include "simulators/torquestar/pace.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace kelvane::simulators {
+
+/// The calibrator's end of a pseudo terminal, and the link that gives the workstation's end a name that
+/// stays.
+class Terminal {
+  public:
+    /// An existing link at `link` is replaced, anything else there is left alone. Without a path there is no
+    /// link. Throws `Failure`.
+    explicit Terminal(const QString& link);
+    ~Terminal();
+    Q_DISABLE_COPY_MOVE(Terminal)
+
+    QString device() const { return m_device; }
+    /// Waits until the workstation has sent something, until the moment, or until a signal of the end.
+    void wait(std::optional<Moment> until) const;
+    /// All that has come; empty when nothing has.
+    QByteArray read() const;
+    /// What does not fit because nobody reads is lost, as on a line.
+    void write(const QByteArray& bytes) const;
+
+  private:
+    void makeLink();
+
+    int m_ours = -1;
+    int m_theirs = -1;
+    QString m_device;
+    QString m_link;
+};
+
+/// From now on the signals that end a program only come through while `Terminal::wait` waits.
+void holdEndSignals();
+/// True once such a signal came.
+bool endAsked();
+
+} // namespace kelvane::simulators

@@ -1,0 +1,130 @@
+#include "simulators/torquestar/conversation.h"
+#include "simulators/torquestar/failure.h"
+#include "simulators/torquestar/pitfalls.h"
+#include "simulators/torquestar/terminal.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+namespace {
+
+void say(FILE* stream, const QString& text) {
+    std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
+    std::fflush(stream);
+}
+
+struct Options {
+    QString memory;
+    qint32 serial = 0;
+    QString link;
+    std::optional<int> baud;
+    char acknowledge = Dle;
+    std::size_t room = 0;
+    QString record;
+    QStringList faults;
+};
+
+qint32 numberOf(const QCommandLineParser& parser, const QString& name) {
+    bool read = false;
+    const qint32 number = parser.value(name).toInt(&read);
+    if (!read || number < 1)
+        throw Failure(
+            u"--%1 needs a whole number from 1 to %2."_s.arg(name).arg(std::numeric_limits<qint32>::max()));
+    return number;
+}
+
+Options readOptions(const QCoreApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"A simulated Crane TorqueStar IVc torque calibrator on a pseudo terminal. Prints the device to "
+        u"open, answers "
+        "until it is ended, and keeps its memory in a file.\n\n"
+        "Faults: KIND[:VALUE][@MESSAGE][*TIMES], such as drop-byte:3@T1D*1; several may be given.\n"_s +
+        faultHelp());
+    parser.addHelpOption();
+    parser.addOptions({
+        {u"memory"_s, u"The calibrator's memory; made when it is not there."_s, u"FILE"_s},
+        {u"serial"_s, u"Its serial number."_s, u"NUMBER"_s},
+        {u"link"_s, u"A link to the device, removed at the end."_s, u"PATH"_s},
+        {u"baud"_s, u"The speed of the line, at ten bits a byte. Default: 9600."_s, u"N"_s, u"9600"_s},
+        {u"no-pace"_s, u"Bytes take no time."_s},
+        {u"acknowledge"_s, u"The acknowledge character: dle or ack. Default: dle."_s, u"WHICH"_s, u"dle"_s},
+        {u"room"_s, u"How many characteristics its memory takes. Default: 500."_s, u"N"_s, u"500"_s},
+        {u"fault"_s, u"A way to misbehave, see above."_s, u"FAULT"_s},
+        {u"record"_s, u"Appends each message and reply to this file."_s, u"FILE"_s},
+    });
+    parser.process(application);
+    if (!parser.positionalArguments().isEmpty())
+        throw Failure(
+            u"\"%1\" is not understood; see --help."_s.arg(parser.positionalArguments().constFirst()));
+    if (!parser.isSet(u"memory"_s) || !parser.isSet(u"serial"_s))
+        throw Failure(u"--memory and --serial are needed; see --help."_s);
+
+    Options options;
+    options.memory = parser.value(u"memory"_s);
+    options.serial = numberOf(parser, u"serial"_s);
+    options.link = parser.value(u"link"_s);
+    const int baud = numberOf(parser, u"baud"_s);
+    if (!parser.isSet(u"no-pace"_s))
+        options.baud = baud;
+    const QString acknowledge = parser.value(u"acknowledge"_s);
+    if (acknowledge != u"dle"_s && acknowledge != u"ack"_s)
+        throw Failure(u"--acknowledge is dle or ack."_s);
+    options.acknowledge = acknowledge == u"dle"_s ? Dle : Ack;
+    options.room = static_cast<std::size_t>(numberOf(parser, u"room"_s));
+    options.record = parser.value(u"record"_s);
+    options.faults = parser.values(u"fault"_s);
+    return options;
+}
+
+void run(const Options& options) {
+    holdEndSignals();
+    Faults faults;
+    for (const QString& fault : options.faults)
+        faults.add(fault);
+    Record record(options.record);
+    MemoryFile memory(options.memory);
+    // A damaged memory, or one that can't be reached, is told before anybody talks to the calibrator.
+    memory.use([](const Memory&) { return false; });
+    Messages messages(memory, options.serial, options.room);
+    VirtualLine line(options.baud);
+    Conversation conversation(options.acknowledge, faults, record, line, messages);
+    const Terminal terminal(options.link);
+    for (const QString& note : pitfallsOfSerial(options.serial))
+        say(stderr, u"note: "_s + note);
+    say(stdout, terminal.device());
+
+    while (!endAsked() && !line.vanished()) {
+        terminal.wait(line.next());
+        line.arrived(terminal.read(), std::chrono::steady_clock::now());
+        while (const std::optional<VirtualLine::Event> event = line.take(std::chrono::steady_clock::now())) {
+            if (event->inbound)
+                conversation.hear(event->bytes.front(), line.following());
+            else
+                terminal.write(event->bytes);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace kelvane::simulators
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"kelvane-torquestar"_s);
+    try {
+        kelvane::simulators::run(kelvane::simulators::readOptions(application));
+    } catch (const kelvane::simulators::Failure& failure) {
+        kelvane::simulators::say(stderr, u"kelvane-torquestar: "_s + failure.text());
+        return 1;
+    }
+    return 0;
+}
