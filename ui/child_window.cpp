@@ -2,19 +2,37 @@
 
 #include "platform/error_report.h"
 #include "platform/numbers.h"
+#include "ui/guarded.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMdiArea>
+#include <QPushButton>
+#include <QShortcut>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
 namespace {
 
 constexpr int twipsPerPixel = 15;
+// Beyond any screen; keeps a spoilt setting inside the whole numbers.
+constexpr double farAway = 1e6;
 
 int storedOr(const Session& session, const QString& section, const QString& name, int otherwise) {
     const auto stored = ModuleGlobals::GetRegSetting(session, section, name);
-    return stored.isEmpty() ? otherwise : static_cast<int>(numericValue(stored));
+    const double twips = stored.isEmpty() ? otherwise : numericValue(stored);
+    return pixels(static_cast<int>(std::clamp(twips, -farAway, farAway)));
+}
+
+/// The position nearest to `wanted` at which a window of `size` lies inside `room`; a window that is larger
+/// than that keeps its title in view.
+QPoint inView(const QPoint& wanted, const QSize& size, const QSize& room) {
+    const QSize free = (room - size).expandedTo({0, 0});
+    return {std::clamp(wanted.x(), 0, free.width()), std::clamp(wanted.y(), 0, free.height())};
 }
 
 } // namespace
@@ -23,22 +41,56 @@ ChildWindow::ChildWindow(Session& session, ChildForm form, const QString& name, 
     : session_(session), form_(form), place_(place) {
     setObjectName(name);
     setAttribute(Qt::WA_DeleteOnClose);
-    setFixedSize(pixels(place.width), pixels(place.height));
+    setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    // The toolkit's own menu would bring texts and shortcuts that are not ours.
+    setSystemMenu(nullptr);
+    auto* closing = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4), this);
+    closing->setContext(Qt::WidgetWithChildrenShortcut);
+    onSignal(closing, &QShortcut::activated, this, session_.ui, [this] { close(); });
     session_.openFlag(form_) = true;
 }
 
 ChildWindow::~ChildWindow() {
-    session_.openFlag(form_) = false;
+    markClosed();
+}
+
+void ChildWindow::markClosed() {
+    // Only once: a new window of the same screen may be open before this one's memory goes.
+    if (open_)
+        session_.openFlag(form_) = false;
+    open_ = false;
+}
+
+void ChildWindow::setBody(QWidget* body) {
+    body->setObjectName(objectName() + u"Body"_s);
+    setWidget(body);
+}
+
+void ChildWindow::setDefaultButton(QPushButton* button) {
+    defaultButton_ = button;
+    button->setDefault(true);
+}
+
+QPoint ChildWindow::storedPosition() const {
+    return {storedOr(session_, u"Left"_s, objectName(), place_.left),
+            storedOr(session_, u"Top"_s, objectName(), place_.top)};
 }
 
 void ChildWindow::showIn(QMdiArea& area) {
-    if (!mdiArea()) {
-        area.addSubWindow(this);
-        move(pixels(storedOr(session_, QStringLiteral("Left"), objectName(), place_.left)),
-             pixels(storedOr(session_, QStringLiteral("Top"), objectName(), place_.top)));
+    if (mdiArea()) {
+        show();
+        area.setActiveSubWindow(this);
+        return;
     }
+    const auto position = storedPosition();
+    area.addSubWindow(this);
+    const QSize given(pixels(place_.width), pixels(place_.height));
+    setFixedSize(given.expandedTo(minimumSizeHint()));
+    move(inView(position, size(), area.viewport()->size()));
     show();
     area.setActiveSubWindow(this);
+    if (firstFocus_)
+        firstFocus_->setFocus();
 }
 
 void ChildWindow::unload() {
@@ -47,16 +99,38 @@ void ChildWindow::unload() {
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event) {
-    if (!unloading_ && !mayClose()) {
+    bool closing = unloading_;
+    guarded(session_.ui, [&] { closing = closing || mayClose(); });
+    if (!closing) {
         event->ignore();
         return;
     }
-    ModuleGlobals::SaveRegSetting(session_, QStringLiteral("Left"), objectName(),
-                                  plainText(x() * twipsPerPixel));
-    ModuleGlobals::SaveRegSetting(session_, QStringLiteral("Top"), objectName(),
-                                  plainText(y() * twipsPerPixel));
-    session_.openFlag(form_) = false;
+    guarded(session_.ui, [this] { storePosition(); });
+    markClosed();
     QMdiSubWindow::closeEvent(event);
+}
+
+void ChildWindow::storePosition() {
+    ModuleGlobals::SaveRegSetting(session_, u"Left"_s, objectName(), plainText(x() * twipsPerPixel));
+    ModuleGlobals::SaveRegSetting(session_, u"Top"_s, objectName(), plainText(y() * twipsPerPixel));
+}
+
+QPushButton* ChildWindow::buttonFor(int key) const {
+    if (key == Qt::Key_Escape)
+        return cancelButton_;
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return nullptr;
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    return focused && focused->hasFocus() ? focused : defaultButton_;
+}
+
+void ChildWindow::keyPressEvent(QKeyEvent* event) {
+    if (auto* clicked = buttonFor(event->key())) {
+        clicked->click();
+        event->accept();
+        return;
+    }
+    QMdiSubWindow::keyPressEvent(event);
 }
 
 } // namespace kelvane

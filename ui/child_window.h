@@ -5,6 +5,7 @@
 #include <QMdiSubWindow>
 
 class QMdiArea;
+class QPushButton;
 
 namespace kelvane {
 
@@ -15,7 +16,7 @@ constexpr int pixels(int twips) {
 
 /// The base of every screen: a child window of the main window with a fixed size, whose position is kept in
 /// the settings store (section "Left" or "Top", key the window's name, in twips) and whose open flag stands
-/// in the session.
+/// in the session from its making until it has closed.
 class ChildWindow : public QMdiSubWindow {
     Q_OBJECT
   public:
@@ -30,24 +31,47 @@ class ChildWindow : public QMdiSubWindow {
     /// `name` is the screen's name, such as "FormConnect"; it becomes the object name and the key of the
     /// position.
     ChildWindow(Session& session, ChildForm form, const QString& name, const Place& place);
-    /// Stores the position and clears the open flag.
+    /// Clears the open flag, if closing has not done so.
     ~ChildWindow() override;
 
-    /// Shows the window inside `area` at its stored position, or brings it forward when it is shown already.
+    /// Shows the window inside `area` at its stored position, moved into view where that lies outside; or
+    /// brings it forward when it is shown already. The size grows where the user's font needs more room.
     void showIn(QMdiArea& area);
     /// Closes without asking `mayClose`.
     void unload();
+    /// False once it has closed, even while its memory still stands.
+    bool isOpen() const { return open_; }
 
   protected:
-    /// False refuses a request to close the window.
+    /// False refuses a request to close the window. It must not close the window itself.
     virtual bool mayClose() { return true; }
+
+    /// The controls of the screen.
+    void setBody(QWidget* body);
+    /// The button that Return clicks while no other button has the focus.
+    void setDefaultButton(QPushButton* button);
+    /// The button that Escape clicks.
+    void setCancelButton(QPushButton* button) { cancelButton_ = button; }
+    /// The control that has the focus when the window opens.
+    void setFirstFocus(QWidget* control) { firstFocus_ = control; }
+
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
     Session& session_;
 
   private:
+    QPoint storedPosition() const;
+    void storePosition();
+    QPushButton* buttonFor(int key) const;
+    void markClosed();
+
     ChildForm form_;
     Place place_;
+    QPushButton* defaultButton_ = nullptr;
+    QPushButton* cancelButton_ = nullptr;
+    QWidget* firstFocus_ = nullptr;
+    bool open_ = true;
     bool unloading_ = false;
 };
 

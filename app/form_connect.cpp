@@ -1,0 +1,96 @@
+#include "app/form_connect.h"
+
+#include "app/login.h"
+#include "data/routine.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QGridLayout>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion)
+    : ChildWindow(session, ChildForm::FormConnect, u"FormConnect"_s, {.width = 8235, .height = 1575}),
+      menu_(menu),
+      exitQuestion_(std::move(exitQuestion)),
+      TextUsername(named(new QLineEdit, u"TextUsername"_s, text(131), 470)),
+      TextPassword(named(new QLineEdit, u"TextPassword"_s, text(132), 471)),
+      CommandConnect(button(u"CommandConnect"_s, 133, 472)),
+      CommandCancel(button(u"CommandCancel"_s, 134, 473)) {
+    setWindowTitle(text(129));
+    TextPassword->setEchoMode(QLineEdit::Password);
+    // A plain star for each character, whatever the style would draw.
+    TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
+    TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
+    TextUsername->selectAll();
+    layOut();
+
+    setDefaultButton(CommandConnect);
+    setCancelButton(CommandCancel);
+    setFirstFocus(TextUsername);
+    onSignal(CommandConnect, &QPushButton::clicked, this, session_.ui, [this] { CommandConnect_Click(); });
+    onSignal(CommandCancel, &QPushButton::clicked, this, session_.ui, [this] { exitQuestion_(); });
+}
+
+void FormConnect::layOut() {
+    auto* body = new QWidget;
+    auto* grid = new QGridLayout(body);
+    grid->setContentsMargins(12, 6, 12, 6);
+    grid->setVerticalSpacing(4);
+    grid->setHorizontalSpacing(10);
+    grid->addWidget(label(u"Label1"_s, 130), 0, 0);
+    grid->addWidget(labelFor(TextUsername, u"Label2"_s, 131), 0, 1);
+    grid->addWidget(TextUsername, 0, 2);
+    grid->addWidget(labelFor(TextPassword, u"Label3"_s, 132), 1, 1);
+    grid->addWidget(TextPassword, 1, 2);
+    grid->addWidget(CommandConnect, 0, 3);
+    grid->addWidget(CommandCancel, 1, 3);
+    grid->setColumnStretch(2, 1);
+    setBody(body);
+    kelvane::setTabOrder({TextUsername, TextPassword, CommandConnect, CommandCancel});
+}
+
+void FormConnect::setButtonsEnabled(bool enabled) {
+    CommandConnect->setEnabled(enabled);
+    CommandCancel->setEnabled(enabled);
+}
+
+void FormConnect::CommandConnect_Click() {
+    if (TextPassword->text().isEmpty() || TextUsername->text().isEmpty()) {
+        session_.ui.messageBox(text(135), text(101), box::warning);
+        (TextUsername->text().isEmpty() ? TextUsername : TextPassword)->setFocus();
+        return;
+    }
+    if (connectUser()) {
+        unload();
+        return;
+    }
+    session_.ui.messageBox(text(136), text(101), box::stop);
+    TextPassword->clear();
+    setButtonsEnabled(true);
+    TextPassword->setFocus();
+}
+
+bool FormConnect::connectUser() {
+    const BusyPointer busy(session_.ui);
+    setButtonsEnabled(false);
+    session_.ui.processEvents();
+    try {
+        logIn(session_, menu_, TextUsername->text(), TextPassword->text());
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+bool FormConnect::mayClose() {
+    // While the login runs its buttons are disabled, and so is this way out.
+    if (CommandCancel->isEnabled())
+        exitQuestion_();
+    return false;
+}
+
+} // namespace kelvane

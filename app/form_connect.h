@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/menu.h"
+#include "ui/child_window.h"
+
+#include <functional>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace kelvane {
+
+/// The login screen. Closing it, by its button, Escape or its frame, asks whether to leave the program.
+class FormConnect final : public ChildWindow {
+    Q_OBJECT
+  public:
+    /// `exitQuestion` asks whether to leave the program, and leaves it on Yes.
+    FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion);
+
+  private:
+    void layOut();
+    void CommandConnect_Click();
+    bool connectUser();
+    void setButtonsEnabled(bool enabled);
+    bool mayClose() override;
+
+    Menu& menu_;
+    std::function<void()> exitQuestion_;
+    QLineEdit* TextUsername;
+    QLineEdit* TextPassword;
+    QPushButton* CommandConnect;
+    QPushButton* CommandCancel;
+};
+
+} // namespace kelvane

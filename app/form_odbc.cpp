@@ -1,0 +1,47 @@
+#include "app/form_odbc.h"
+
+#include "app/login.h"
+#include "platform/error_report.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+FormODBC::FormODBC(Session& session, const QStringList& dataSources)
+    : ChildWindow(session, ChildForm::FormODBC, u"FormODBC"_s, {.width = 4800, .height = 1575}),
+      ComboDatasource(dropDown(u"ComboDatasource"_s, text(126), 483, dataSources)) {
+    setWindowTitle(text(125));
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(12, 8, 12, 10);
+    column->addWidget(labelFor(ComboDatasource, u"Label1"_s, 126));
+    column->addWidget(ComboDatasource);
+    setBody(body);
+    setFirstFocus(ComboDatasource);
+
+    selectStored();
+    onSignal(ComboDatasource, &QComboBox::activated, this, session_.ui, [this] { store(); });
+}
+
+void FormODBC::selectStored() {
+    ComboDatasource->setCurrentIndex(-1);
+    const auto stored = chosenDataSource(session_);
+    for (int row = 0; row < ComboDatasource->count(); ++row) {
+        if (ComboDatasource->itemText(row).compare(stored, Qt::CaseInsensitive) == 0) {
+            ComboDatasource->setCurrentIndex(row);
+            // The spelling becomes that of the driver manager.
+            store();
+            return;
+        }
+    }
+}
+
+void FormODBC::store() {
+    ModuleGlobals::SaveRegSetting(session_, u"Workstation"_s, u"ODBC"_s, ComboDatasource->currentText());
+}
+
+} // namespace kelvane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "app/menu.h"
+#include "data/session.h"
+
+namespace kelvane {
+
+/// The data source of the next login: the setting, or "Calibration Data".
+QString chosenDataSource(const Session& session);
+
+/// Opens `SharedConnection` with the user's own login, fills the session values, sets the menu and sweeps
+/// the system tables. `username` and `password` are as typed. Throws the `Error` that stopped it; what was
+/// done before stays.
+void logIn(Session& session, Menu& menu, const QString& username, const QString& password);
+
+/// Closes and releases the connection of a session that is connected. Reported as "MDIFormMain,mnuLogout".
+void disconnectSession(Session& session);
+
+} // namespace kelvane

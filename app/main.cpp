@@ -1,0 +1,37 @@
+#include "app/command_line.h"
+#include "app/workstation_program.h"
+#include "drivers/torquestar/qt_serial_port.h"
+#include "platform/odbc_connection.h"
+#include "resources/strings.h"
+
+#include <QApplication>
+
+#include <clocale>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv) {
+    using namespace kelvane;
+
+    const QApplication application(argc, argv);
+    // The application takes the user's locale; database drivers would then write "1234,5".
+    std::setlocale(LC_NUMERIC, "C");
+    QApplication::setApplicationName(u"KELVANE"_s);
+    overlayStrings(u"strings.txt"_s);
+    QApplication::setApplicationDisplayName(text(101));
+
+    const SystemClock clock;
+    IniSettingsStore stored(IniSettingsStore::defaultPath());
+    SettingsWithPorts settings(stored, portsOf(QApplication::arguments()));
+    QtSerialPort port(settings);
+    WorkstationProgram program(clock, settings, odbcConnections(), port,
+                               {
+                                   .dataSources = odbcDataSources,
+                                   .commandLine = QApplication::arguments().join(u' '),
+                                   // At once: nothing is unwound, whatever dialog or command is running.
+                                   .endProcess = [] { std::_Exit(EXIT_SUCCESS); },
+                               });
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,240 @@
+#include "app/mdi_form_main.h"
+
+#include "app/form_connect.h"
+#include "app/form_odbc.h"
+#include "app/login.h"
+#include "app/menu_options.h"
+#include "data/routine.h"
+#include "data/start_up.h"
+#include "platform/numbers.h"
+#include "resources/strings.h"
+#include "ui/guarded.h"
+#include "workflow/form_cal_config.h"
+#include "workflow/form_docking_down.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int heightInTwips = 8265;
+constexpr int widthInTwips = 9975;
+
+bool isMenu(MenuEntry entry) {
+    return std::ranges::any_of(menuTree(), [entry](const MenuRow& row) { return row.parent == entry; });
+}
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const auto* file :
+         {":/icons/101-16.png", ":/icons/101-32.png", ":/icons/101-64.png", ":/icons/101-256.png"})
+        icon.addFile(QString::fromLatin1(file));
+    return icon;
+}
+
+} // namespace
+
+/// What an entry does. Most commands need the connection; null is a screen that comes later.
+struct MDIFormMain::Command {
+    MenuEntry entry;
+    bool needsConnection;
+    void (MDIFormMain::*run)();
+};
+
+const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
+    static constexpr Command commands[] = {
+        {MenuEntry::mnuLogout, false, &MDIFormMain::mnuLogout},
+        {MenuEntry::mnuExit, false, &MDIFormMain::mnuExit},
+        {MenuEntry::mnuDownload, true, &MDIFormMain::mnuDownload},
+        {MenuEntry::mnuUpload, true, &MDIFormMain::mnuUpload},
+        {MenuEntry::mnuPrint, true, nullptr},
+        {MenuEntry::mnuEnter, true, nullptr},
+        {MenuEntry::mnuStrategies, true, nullptr},
+        {MenuEntry::mnuCalParameters, true, &MDIFormMain::mnuCalParameters},
+        {MenuEntry::mnuPrompts, true, nullptr},
+        {MenuEntry::mnuODBC, false, &MDIFormMain::mnuODBC},
+        {MenuEntry::mnuConfiguration, true, &MDIFormMain::mnuConfiguration},
+        {MenuEntry::mnuWorkEntry, true, nullptr},
+        {MenuEntry::mnuPredefined, true, nullptr},
+    };
+    const auto* found = std::ranges::find(commands, entry, &Command::entry);
+    return found == std::end(commands) ? nullptr : found;
+}
+
+MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Surroundings surroundings)
+    : session_(session),
+      calibrators_(calibrators),
+      surroundings_(std::move(surroundings)),
+      area_(new QMdiArea(this)) {
+    setObjectName(u"MDIFormMain"_s);
+    area_->setObjectName(u"Area"_s);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(area_);
+    buildMenu();
+    menu_.changed = [this] { applyMenu(); };
+}
+
+void MDIFormMain::buildMenu() {
+    std::array<QMenu*, menuEntryCount> menus{};
+    for (const auto& row : menuTree()) {
+        const auto place = static_cast<std::size_t>(row.entry);
+        auto* menu = row.parent == MenuEntry::none ? nullptr : menus[static_cast<std::size_t>(row.parent)];
+        if (isMenu(row.entry)) {
+            menus[place] = menu ? menu->addMenu(QString()) : menuBar()->addMenu(QString());
+            menus[place]->setObjectName(row.name.toString());
+            actions_[place] = menus[place]->menuAction();
+        } else {
+            actions_[place] = menu->addAction(QString());
+            actions_[place]->setShortcut(QKeySequence(row.shortcut.toString()));
+        }
+        actions_[place]->setObjectName(row.name.toString());
+        onSignal(actions_[place], &QAction::triggered, this, session_.ui,
+                 [this, entry = row.entry] { carryOut(entry); });
+    }
+    applyMenu();
+}
+
+void MDIFormMain::setCaptions() {
+    for (const auto& row : menuTree())
+        action(row.entry)->setText(text(row.caption));
+}
+
+void MDIFormMain::applyMenu() {
+    for (const auto& row : menuTree()) {
+        action(row.entry)->setVisible(menu_.isShown(row.entry));
+        action(row.entry)->setEnabled(menu_.isEnabled(row.entry));
+    }
+}
+
+void MDIFormMain::load() {
+    guarded(session_.ui, [this] {
+        setWindowTitle(text(101));
+        setWindowIcon(programIcon());
+        setCaptions();
+        resize(pixels(widthInTwips), pixels(heightInTwips));
+        // The empty frame is shown first, so that a warning of the start-up has something to stand on.
+        show();
+        startUp();
+    });
+}
+
+void MDIFormMain::startUp() {
+    ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine);
+    showScreen<FormConnect>(menu_, [this] { mnuExit(); });
+}
+
+void MDIFormMain::carryOut(MenuEntry entry) {
+    const auto* command = commandOf(entry);
+    if (!command)
+        return;
+    if (command->needsConnection && !session_.SessionConnected) {
+        session_.ui.messageBox(text(1001), text(635), box::warning);
+        return;
+    }
+    if (command->run)
+        (this->*command->run)();
+    else
+        comesLater(entry);
+}
+
+void MDIFormMain::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    guarded(session_.ui, [this] { mnuExit(); });
+}
+
+void MDIFormMain::mnuExit() {
+    if (session_.ui.messageBox(text(115), text(101), box::question) == BoxAnswer::yes)
+        surroundings_.endProcess();
+}
+
+void MDIFormMain::mnuLogout() {
+    if (std::ranges::find(session_.FormOpenFlags, true) != session_.FormOpenFlags.end()) {
+        session_.ui.messageBox(text(539), text(101), box::warning);
+        return;
+    }
+    disconnectSession(session_);
+    resetMenuForLogout(menu_);
+    startUp();
+}
+
+void MDIFormMain::mnuDownload() {
+    const QPointer form = showScreen<FormDockingDown>(calibrators_);
+    // Its own question is on the screen: it is only brought forward.
+    if (form->isRunning())
+        return;
+    session_.ui.processEvents();
+    const auto calibrator = chooseCalibrator(session_, text(352), u"LastDownloadCalibrator"_s);
+    if (!form || !form->isOpen())
+        return;
+    if (calibrator.isEmpty())
+        form->close();
+    else
+        form->takeCalibrator(calibrator);
+}
+
+void MDIFormMain::mnuUpload() {
+    ModuleGlobals::UploadFromCalibrator(calibrators_);
+}
+
+void MDIFormMain::mnuCalParameters() {
+    Routine routine(session_, u"MDIFormMain,mnuCalParameters.Click"_s);
+    const bool counted = routine.run([&] {
+        const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points"_s, Rows::first);
+        rows->next();
+        if (numericValue(notNull(rows->value(0))) == 0)
+            session_.ui.messageBox(text(428), text(112), box::warning);
+    });
+    // The warning does not keep the screen from opening.
+    if (counted)
+        comesLater(MenuEntry::mnuCalParameters);
+}
+
+void MDIFormMain::mnuODBC() {
+    if (openScreen<FormODBC>())
+        showScreen<FormODBC>(QStringList());
+    else
+        showScreen<FormODBC>(surroundings_.dataSources());
+}
+
+void MDIFormMain::mnuConfiguration() {
+    const auto* docking = openScreen<FormDockingDown>();
+    showScreen<FormCalConfig>(docking ? docking->calibrator() : QString());
+}
+
+void MDIFormMain::comesLater(MenuEntry entry) {
+    const auto& row = menuTree()[static_cast<std::size_t>(entry)];
+    session_.ui.messageBox(text(1062), text(row.caption), box::information);
+}
+
+template <class Screen>
+Screen* MDIFormMain::openScreen() const {
+    for (auto* child : area_->subWindowList()) {
+        if (auto* screen = qobject_cast<Screen*>(child); screen && screen->isOpen())
+            return screen;
+    }
+    return nullptr;
+}
+
+template <class Screen, class... Arguments>
+Screen* MDIFormMain::showScreen(Arguments&&... arguments) {
+    if (auto* screen = openScreen<Screen>()) {
+        screen->showIn(*area_);
+        return screen;
+    }
+    auto made = std::make_unique<Screen>(session_, std::forward<Arguments>(arguments)...);
+    made->showIn(*area_);
+    return made.release();
+}
+
+} // namespace kelvane

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/menu.h"
+#include "workflow/driver.h"
+
+#include <QMainWindow>
+#include <QStringList>
+
+#include <array>
+#include <functional>
+
+class QAction;
+class QMdiArea;
+class QMenu;
+
+namespace kelvane {
+
+/// What the main window has to do with the world outside the session.
+struct Surroundings {
+    /// The data sources that the driver manager knows.
+    std::function<QStringList()> dataSources;
+    QString commandLine;
+    /// Ends the process at once. It does not come back, except in tests.
+    std::function<void()> endProcess;
+};
+
+/// The main window: a menu over an area of child windows. Each entry of the menu opens one child window or
+/// runs one command; the window does nothing else.
+class MDIFormMain final : public QMainWindow {
+    Q_OBJECT
+  public:
+    MDIFormMain(Session& session, Calibrators& calibrators, Surroundings surroundings);
+
+    /// The start of the program: captions, size, the empty frame on the screen, start-up, the login screen.
+    void load();
+
+    QMdiArea& area() { return *area_; }
+    const Menu& menu() const { return menu_; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    struct Command;
+    static const Command* commandOf(MenuEntry entry);
+
+    void buildMenu();
+    void setCaptions();
+    void applyMenu();
+    QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
+    void carryOut(MenuEntry entry);
+    void startUp();
+
+    void mnuLogout();
+    void mnuExit();
+    void mnuDownload();
+    void mnuUpload();
+    void mnuCalParameters();
+    void mnuODBC();
+    void mnuConfiguration();
+    void comesLater(MenuEntry entry);
+
+    /// The screen of that kind which is open, or null.
+    template <class Screen>
+    Screen* openScreen() const;
+    /// Shows the screen of that kind, made from `arguments` unless it is open already.
+    template <class Screen, class... Arguments>
+    Screen* showScreen(Arguments&&... arguments);
+
+    Session& session_;
+    Calibrators& calibrators_;
+    Surroundings surroundings_;
+    Menu menu_;
+    QMdiArea* area_;
+    std::array<QAction*, menuEntryCount> actions_{};
+};
+
+} // namespace kelvane

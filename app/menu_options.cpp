@@ -1,0 +1,66 @@
+#include "app/menu_options.h"
+
+#include "data/routine.h"
+#include "platform/numbers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+using enum MenuEntry;
+
+void enableMenuForLogin(Menu& menu) {
+    menu.enable({mnuDownload, mnuUpload, mnuPrint, mnuEnter, mnuConfiguration, mnuStrategies,
+                 mnuCalParameters, mnuPrompts, mnuLogout});
+}
+
+void resetMenuForLogout(Menu& menu) {
+    menu.disable({mnuLogout, mnuDownload, mnuUpload, mnuPrint, mnuEnter, mnuConfiguration, mnuStrategies,
+                  mnuCalParameters, mnuPrompts});
+    menu.hide({mnuPrint, mnuEnter, mnuGlobal, mnuStrategies, mnuCalParameters, mnuPrompts, mnuCalibration,
+               mnuConfiguration});
+}
+
+namespace {
+
+constexpr qint16 recordsOnly = 6; // the level of the database owner, who configures records
+constexpr qint16 sendingOnly = 0;
+
+double levelOfProcedureEditors(Routine& routine) {
+    const auto rows = routine.select(u"select procedit from mt.dbconfig"_s, Rows::first);
+    rows->next();
+    return numericValue(notNull(rows->value(0)));
+}
+
+void setByLevel(Routine& routine, Menu& menu, qint16 level) {
+    menu.hide({mnuPrint, mnuEnter, mnuGlobal});
+    if (level != recordsOnly)
+        menu.show({mnuCalibration, mnuDownload, mnuConfiguration, mnuUpload});
+    if (level == recordsOnly) {
+        menu.show({mnuGlobal, mnuWorkEntry});
+        menu.enable({mnuGlobal, mnuWorkEntry});
+        menu.hide({mnuStrategies, mnuCalParameters, mnuPrompts, mnuPredefined});
+    }
+    if (level == sendingOnly)
+        menu.hide({mnuUpload, mnuEnter, mnuStrategies, mnuCalParameters, mnuPrompts, mnuPredefined});
+    if (level >= 1 && level <= 5) {
+        if (levelOfProcedureEditors(routine) <= level) {
+            menu.show({mnuGlobal, mnuPredefined});
+            menu.enable({mnuGlobal, mnuPredefined});
+            menu.hide({mnuWorkEntry});
+            menu.disable({mnuWorkEntry});
+            menu.show({mnuStrategies, mnuCalParameters, mnuPrompts});
+        } else {
+            menu.hide({mnuStrategies, mnuCalParameters, mnuPrompts});
+        }
+    }
+}
+
+} // namespace
+
+void ModuleGlobals::SetMenuOptions(Session& session, Menu& menu) {
+    Routine routine(session, u"ModuleGlobals,SetMenuOptions"_s);
+    routine.run([&] { setByLevel(routine, menu, session.SessionLevel); });
+}
+
+} // namespace kelvane

@@ -1,0 +1,14 @@
+#include "app/workstation_program.h"
+
+namespace kelvane {
+
+WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settings,
+                                       ConnectionFactory connections, SerialPort& port,
+                                       Surroundings surroundings)
+    : session({ui, clock, settings}, std::move(connections)),
+      calibrators{session, {session, port}},
+      window(session, calibrators, std::move(surroundings)) {
+    ui.attach(session, window, window.area());
+}
+
+} // namespace kelvane

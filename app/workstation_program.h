@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/mdi_form_main.h"
+#include "ui/qt_user_interface.h"
+
+namespace kelvane {
+
+/// The whole workstation, put together over the outside things that it is given. A `QApplication` has to be
+/// there first.
+class WorkstationProgram {
+  public:
+    WorkstationProgram(const Clock& clock, SettingsStore& settings, ConnectionFactory connections,
+                       SerialPort& port, Surroundings surroundings);
+
+    /// Shows the main window and the login screen.
+    void start() { window.load(); }
+
+    // In the order in which they need each other.
+    QtUserInterface ui;
+    Session session;
+    Calibrators calibrators;
+    MDIFormMain window;
+};
+
+} // namespace kelvane

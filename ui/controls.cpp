@@ -1,0 +1,50 @@
+#include "ui/controls.h"
+
+namespace kelvane {
+
+namespace {
+
+/// A caption without the marks that would be read as a mnemonic.
+QString plainCaption(int id) {
+    return text(id).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+QLabel* label(const QString& name, int caption) {
+    auto* made = named(new QLabel, name, text(caption));
+    made->setTextFormat(Qt::PlainText);
+    made->setText(text(caption));
+    return made;
+}
+
+QLabel* labelFor(QWidget* control, const QString& name, int caption) {
+    auto* made = label(name, caption);
+    made->setText(plainCaption(caption));
+    made->setBuddy(control);
+    return made;
+}
+
+QPushButton* button(const QString& name, int caption, int toolTip) {
+    auto* made = named(new QPushButton, name, text(caption), toolTip);
+    made->setText(plainCaption(caption));
+    return made;
+}
+
+QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
+                    const QStringList& rows) {
+    auto* made = named(new QComboBox, name, accessibleName, toolTip);
+    made->addItems(rows);
+    return made;
+}
+
+void setTabOrder(std::initializer_list<QWidget*> controls) {
+    QWidget* before = nullptr;
+    for (auto* control : controls) {
+        if (before)
+            QWidget::setTabOrder(before, control);
+        before = control;
+    }
+}
+
+} // namespace kelvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "resources/strings.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QStringList>
+
+namespace kelvane {
+
+/// Gives a control its name, the name that a screen reader says, and its tool-tip by id (0: none).
+template <class Control>
+Control* named(Control* control, const QString& name, const QString& accessibleName, int toolTip = 0) {
+    control->setObjectName(name);
+    control->setAccessibleName(accessibleName);
+    if (toolTip != 0)
+        control->setToolTip(text(toolTip));
+    return control;
+}
+
+/// A label with its caption, by id.
+QLabel* label(const QString& name, int caption);
+/// A label that stands for the control beside it.
+QLabel* labelFor(QWidget* control, const QString& name, int caption);
+/// A push button with its caption and tool-tip, by id.
+QPushButton* button(const QString& name, int caption, int toolTip);
+/// A list to choose from, filled, with its first row selected.
+QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
+                    const QStringList& rows = {});
+/// The order in which Tab goes through the controls.
+void setTabOrder(std::initializer_list<QWidget*> controls);
+
+} // namespace kelvane

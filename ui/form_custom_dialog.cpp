@@ -1,0 +1,160 @@
+#include "ui/form_custom_dialog.h"
+
+#include "platform/moments.h"
+#include "platform/numbers.h"
+#include "platform/texts.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+int faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat) {
+    switch (static_cast<FieldKind>(dataFormat)) {
+    case FieldKind::date: {
+        const auto moment = momentOf(entry, sessionDateFormat);
+        return moment && moment->date.isValid() ? 0 : 1009;
+    }
+    case FieldKind::number:
+        return numberOf(entry) ? 0 : 1010;
+    case FieldKind::time:
+        return momentOf(entry, sessionDateFormat) ? 0 : 1011;
+    case FieldKind::free:
+        break;
+    }
+    return 0;
+}
+
+int rowOfDefault(const QStringList& rows, const QString& defaultText) {
+    const auto wanted = upperCased(defaultText);
+    for (int row = 0; row < rows.size(); ++row) {
+        if (upperCased(rows[row].left(defaultText.size())) == wanted)
+            return row;
+    }
+    return -1;
+}
+
+FormCustomDialog::FormCustomDialog(Session& session, const DialogQuestion& question, Answered answered)
+    : ChildWindow(session, ChildForm::FormCustomDialog, u"FormCustomDialog"_s,
+                  {.left = 1995, .top = 2505, .width = 4020, .height = 2355}),
+      LabelCustomDialog(named(new QLabel, u"LabelCustomDialog"_s, question.prompt)),
+      TextCustomDialog(named(new QLineEdit, u"TextCustomDialog"_s, question.prompt, 1005)),
+      ComboCustomDialog(dropDown(u"ComboCustomDialog"_s, question.prompt, 1005)),
+      CommandCustomDialogOK(button(u"CommandCustomDialogOK"_s, 1004, 1006)),
+      CommandCustomDialogCancel(button(u"CommandCustomDialogCancel"_s, 1003, 1007)),
+      LabelAlways(named(new QLabel, u"LabelAlways"_s, {})),
+      LabelDataFormat(named(new QLabel, u"LabelDataFormat"_s, {})),
+      answered_(std::move(answered)) {
+    setWindowTitle(question.caption);
+    LabelCustomDialog->setTextFormat(Qt::PlainText);
+    LabelCustomDialog->setText(question.prompt);
+    LabelCustomDialog->setWordWrap(true);
+    LabelAlways->setText(question.required ? u"1"_s : u"0"_s);
+    LabelDataFormat->setText(plainText(question.fieldType));
+    TextCustomDialog->setMaxLength(question.maxLength > 0 ? question.maxLength
+                                                          : std::numeric_limits<int>::max());
+    TextCustomDialog->setVisible(!question.fromList);
+    ComboCustomDialog->setVisible(question.fromList);
+    if (question.fromList)
+        takeList(question);
+    else
+        takeText(question);
+    layOut();
+
+    setDefaultButton(CommandCustomDialogOK);
+    setCancelButton(CommandCustomDialogCancel);
+    setFirstFocus(entryControl());
+    onSignal(CommandCustomDialogOK, &QPushButton::clicked, this, session_.ui,
+             [this] { CommandCustomDialogOK_Click(); });
+    onSignal(CommandCustomDialogCancel, &QPushButton::clicked, this, session_.ui,
+             [this] { CommandCustomDialogCancel_Click(); });
+}
+
+void FormCustomDialog::layOut() {
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(12, 8, 12, 10);
+    column->addWidget(LabelCustomDialog, 1);
+    column->addWidget(TextCustomDialog);
+    column->addWidget(ComboCustomDialog);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(CommandCustomDialogOK);
+    buttons->addWidget(CommandCustomDialogCancel);
+    column->addLayout(buttons);
+    for (auto* carrier : {LabelAlways, LabelDataFormat}) {
+        carrier->setParent(body);
+        carrier->hide();
+    }
+    setBody(body);
+}
+
+void FormCustomDialog::takeText(const DialogQuestion& question) {
+    TextCustomDialog->setText(question.defaultText);
+    TextCustomDialog->selectAll();
+}
+
+void FormCustomDialog::takeList(const DialogQuestion& question) {
+    ComboCustomDialog->addItems(question.choices);
+    ComboCustomDialog->setCurrentIndex(rowOfDefault(question.choices, question.defaultText));
+    // With nothing to choose from, the answer is typed.
+    ComboCustomDialog->setEditable(question.choices.isEmpty());
+    ComboCustomDialog->setInsertPolicy(QComboBox::NoInsert);
+}
+
+QWidget* FormCustomDialog::entryControl() const {
+    if (TextCustomDialog->isHidden())
+        return ComboCustomDialog;
+    return TextCustomDialog;
+}
+
+void FormCustomDialog::stay(int message) {
+    session_.ui.messageBox(text(message), text(101), box::warning);
+    entryControl()->setFocus();
+}
+
+void FormCustomDialog::answer(const QString& result) {
+    if (const auto answered = std::exchange(answered_, {}))
+        answered(result);
+}
+
+void FormCustomDialog::CommandCustomDialogOK_Click() {
+    const bool required = numericValue(LabelAlways->text()) != 0;
+    const auto typed = TextCustomDialog->text();
+    const auto chosen = ComboCustomDialog->currentText();
+    if (required && typed.isEmpty() && chosen.isEmpty()) {
+        stay(1008);
+        return;
+    }
+    const auto entry = trimBlanks(typed.isEmpty() ? chosen : typed);
+    const auto format = static_cast<int>(numericValue(LabelDataFormat->text()));
+    if (const int fault = faultOfEntry(entry, format, session_.SessionDateFormat)) {
+        stay(fault);
+        return;
+    }
+    answer(entry);
+    unload();
+}
+
+bool FormCustomDialog::cancelConfirmed() {
+    if (session_.ui.messageBox(text(1012), text(101), box::warningYesNo) != BoxAnswer::yes) {
+        entryControl()->setFocus();
+        return false;
+    }
+    answer(cancelled);
+    return true;
+}
+
+void FormCustomDialog::CommandCustomDialogCancel_Click() {
+    if (cancelConfirmed())
+        unload();
+}
+
+} // namespace kelvane

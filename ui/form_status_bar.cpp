@@ -1,0 +1,38 @@
+#include "ui/form_status_bar.h"
+
+#include "ui/controls.h"
+
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+FormStatusBar::FormStatusBar(Session& session)
+    : ChildWindow(session, ChildForm::FormStatusBar, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
+      LabelStatus(named(new QLabel, u"LabelStatus"_s, text(484), 484)),
+      ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(485), 485)) {
+    LabelStatus->setTextFormat(Qt::PlainText);
+    ProgressBar->setRange(0, 100);
+    ProgressBar->setValue(0);
+
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(12, 8, 12, 8);
+    column->addWidget(LabelStatus);
+    column->addWidget(ProgressBar);
+    setBody(body);
+}
+
+void FormStatusBar::setStatus(const QString& text) {
+    LabelStatus->setText(text);
+    LabelStatus->repaint();
+}
+
+void FormStatusBar::setValue(int percent) {
+    ProgressBar->setValue(qBound(0, percent, 100));
+    ProgressBar->repaint();
+}
+
+} // namespace kelvane

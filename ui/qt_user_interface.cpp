@@ -1,0 +1,133 @@
+#include "ui/qt_user_interface.h"
+
+#include "ui/form_custom_dialog.h"
+#include "ui/form_status_bar.h"
+#include "ui/message_box.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QScopeGuard>
+
+#include <memory>
+
+namespace kelvane {
+
+QtUserInterface::QtUserInterface() = default;
+
+QtUserInterface::~QtUserInterface() {
+    setNormalPointer();
+}
+
+void QtUserInterface::attach(Session& session, QMainWindow& window, QMdiArea& area) {
+    session_ = &session;
+    window_ = &window;
+    area_ = &area;
+}
+
+BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title, BoxStyle style) {
+    // A box is there to be answered: the hourglass waits until it has been.
+    const bool wasBusy = busy_;
+    setNormalPointer();
+    const auto answer = showMessageBox(window_, text, title, style);
+    if (wasBusy)
+        setBusyPointer();
+    return answer;
+}
+
+QString QtUserInterface::askOneField(const DialogQuestion& question) {
+    if (dialogOpen_ || !area_)
+        return cancelled;
+    dialogOpen_ = true;
+    const auto notOpen = qScopeGuard([this] { dialogOpen_ = false; });
+
+    QString result = cancelled;
+    QEventLoop loop;
+    setBusyPointer();
+    const auto normal = qScopeGuard([this] { setNormalPointer(); });
+    auto made = std::make_unique<FormCustomDialog>(*session_, question, [&](const QString& answer) {
+        result = answer;
+        dialogOpen_ = false;
+        loop.quit();
+    });
+    made->showIn(*area_);
+    // From here on the area owns it; with the area gone there is nobody left to answer.
+    const QPointer form = made.release();
+    QObject::connect(form, &QObject::destroyed, &loop, &QEventLoop::quit);
+    setNormalPointer();
+    if (dialogOpen_)
+        loop.exec();
+    if (form && form->isOpen())
+        form->unload();
+    return result;
+}
+
+void QtUserInterface::showProgress(const QString& caption) {
+    if (!area_)
+        return;
+    if (!progress_ || !progress_->isOpen()) {
+        auto made = std::make_unique<FormStatusBar>(*session_);
+        made->setWindowTitle(caption);
+        disableOthers();
+        made->showIn(*area_);
+        progress_ = made.release();
+    }
+    progress_->setWindowTitle(caption);
+    processEvents();
+}
+
+void QtUserInterface::disableOthers() {
+    QList<QWidget*> others{window_->menuBar()};
+    for (auto* child : area_->subWindowList())
+        others << child;
+    for (auto* other : others) {
+        if (other->isEnabled()) {
+            other->setEnabled(false);
+            disabled_ << other;
+        }
+    }
+}
+
+void QtUserInterface::enableOthers() {
+    for (const auto& other : std::exchange(disabled_, {})) {
+        if (other)
+            other->setEnabled(true);
+    }
+}
+
+void QtUserInterface::setProgressText(const QString& text) {
+    if (progress_)
+        progress_->setStatus(text);
+}
+
+void QtUserInterface::setProgressValue(int percent) {
+    if (progress_)
+        progress_->setValue(percent);
+}
+
+void QtUserInterface::hideProgress() {
+    enableOthers();
+    if (progress_)
+        progress_->unload();
+    progress_.clear();
+}
+
+void QtUserInterface::setBusyPointer() {
+    if (!busy_)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    busy_ = true;
+}
+
+void QtUserInterface::setNormalPointer() {
+    if (busy_)
+        QGuiApplication::restoreOverrideCursor();
+    busy_ = false;
+}
+
+void QtUserInterface::processEvents() {
+    QCoreApplication::processEvents();
+}
+
+} // namespace kelvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/session.h"
+#include "platform/user_interface.h"
+
+#include <QList>
+#include <QPointer>
+
+class QMainWindow;
+class QMdiArea;
+
+namespace kelvane {
+
+class FormStatusBar;
+
+/// The operator in front of real windows. The session is made with it, and the main window with the session;
+/// so these two are attached once they are there. Before that, only message boxes and the pointer work.
+class QtUserInterface final : public UserInterface {
+  public:
+    QtUserInterface();
+    ~QtUserInterface() override;
+
+    /// The session and the main window with its area of child windows. They must not be used through here
+    /// any more once the window is gone.
+    void attach(Session& session, QMainWindow& window, QMdiArea& area);
+
+    BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
+    QString askOneField(const DialogQuestion& question) override;
+    void showProgress(const QString& caption) override;
+    void setProgressText(const QString& text) override;
+    void setProgressValue(int percent) override;
+    void hideProgress() override;
+    void setBusyPointer() override;
+    void setNormalPointer() override;
+    void processEvents() override;
+
+  private:
+    void disableOthers();
+    void enableOthers();
+
+    Session* session_ = nullptr;
+    QPointer<QMainWindow> window_;
+    QPointer<QMdiArea> area_;
+    QPointer<FormStatusBar> progress_;
+    /// What the progress window has disabled.
+    QList<QPointer<QWidget>> disabled_;
+    bool dialogOpen_ = false;
+    bool busy_ = false;
+};
+
+} // namespace kelvane

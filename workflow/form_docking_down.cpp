@@ -1,0 +1,141 @@
+#include "workflow/form_docking_down.h"
+
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
+    : ChildWindow(session, ChildForm::FormDockingDown, u"FormDockingDown"_s, {.width = 6060, .height = 2865}),
+      calibrators_(calibrators),
+      SSPanelCalibrator(named(new QLabel, u"SSPanelCalibrator"_s, text(349), 477)),
+      TextAdd(named(new QLineEdit, u"TextAdd"_s, text(253), 478)),
+      CommandAdd(button(u"CommandAdd"_s, 254, 479)),
+      ListCal(named(new QListWidget, u"ListCal"_s, text(258), 480)),
+      CommandRemove(button(u"CommandRemove"_s, 255, 481)),
+      CommandDownload(button(u"CommandDownload"_s, 352, 482)) {
+    setWindowTitle(text(352));
+    SSPanelCalibrator->setTextFormat(Qt::PlainText);
+    SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    ListCal->setUniformItemSizes(true);
+    layOut();
+    connectCommands();
+    setDefaultButton(CommandAdd);
+    setFirstFocus(TextAdd);
+}
+
+void FormDockingDown::layOut() {
+    auto* entryLabel = labelFor(TextAdd, u"Label2"_s, 253);
+    entryLabel->setWordWrap(true);
+    entryLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    auto* chosen = new QHBoxLayout;
+    chosen->addWidget(label(u"Label1"_s, 349));
+    chosen->addWidget(SSPanelCalibrator, 1);
+    auto* adding = new QHBoxLayout;
+    adding->addWidget(CommandAdd);
+    adding->addStretch();
+    auto* removing = new QHBoxLayout;
+    removing->addWidget(CommandRemove, 1);
+    removing->addWidget(CommandDownload, 1);
+
+    auto* body = new QWidget;
+    auto* grid = new QGridLayout(body);
+    grid->setContentsMargins(10, 8, 10, 8);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(4);
+    grid->addLayout(chosen, 0, 0);
+    grid->addWidget(entryLabel, 1, 0);
+    grid->addWidget(TextAdd, 2, 0);
+    grid->addLayout(adding, 3, 0);
+    grid->addWidget(labelFor(ListCal, u"Label3"_s, 258), 0, 1);
+    grid->addWidget(ListCal, 1, 1, 2, 1);
+    grid->addLayout(removing, 3, 1);
+    grid->setRowStretch(1, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    setBody(body);
+    kelvane::setTabOrder({TextAdd, CommandAdd, ListCal, CommandRemove, CommandDownload});
+}
+
+void FormDockingDown::connectCommands() {
+    const auto removeSelected = [this] {
+        run([this] {
+            const auto selected = ListCal->selectionModel()->selectedRows();
+            removeFromDownloadList(calibrators_, *this, selected.isEmpty() ? -1 : selected.first().row());
+        });
+    };
+    onSignal(CommandAdd, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { addToDownloadList(calibrators_, *this, TextAdd->text()); }); });
+    onSignal(CommandRemove, &QPushButton::clicked, this, session_.ui, removeSelected);
+    onSignal(CommandDownload, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { downloadList(calibrators_, *this); }); });
+    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListCal);
+    deleting->setContext(Qt::WidgetShortcut);
+    onSignal(deleting, &QShortcut::activated, this, session_.ui, removeSelected);
+}
+
+void FormDockingDown::run(const std::function<void()>& command) {
+    if (running_)
+        return;
+    running_ = true;
+    setButtonsEnabled(false);
+    guarded(session_.ui, command);
+    setButtonsEnabled(true);
+    running_ = false;
+}
+
+void FormDockingDown::setButtonsEnabled(bool enabled) {
+    for (auto* one : {CommandAdd, CommandRemove, CommandDownload})
+        one->setEnabled(enabled);
+}
+
+bool FormDockingDown::mayClose() {
+    return !running_ && !session_.openFlag(ChildForm::FormCustomDialog);
+}
+
+QString FormDockingDown::calibrator() const {
+    return SSPanelCalibrator->text();
+}
+
+void FormDockingDown::takeCalibrator(const QString& name) {
+    SSPanelCalibrator->setText(name);
+    focusEntry();
+}
+
+QStringList FormDockingDown::rows() const {
+    QStringList assets;
+    for (int row = 0; row < ListCal->count(); ++row)
+        assets << ListCal->item(row)->text();
+    return assets;
+}
+
+void FormDockingDown::addRow(const QString& asset) {
+    ListCal->addItem(asset);
+}
+
+void FormDockingDown::removeRow(int row) {
+    delete ListCal->takeItem(row);
+    // The next row is not selected by itself, or a second click would take it too.
+    ListCal->setCurrentRow(-1);
+}
+
+void FormDockingDown::emptyEntry() {
+    TextAdd->clear();
+}
+
+void FormDockingDown::focusEntry() {
+    if (auto* area = mdiArea())
+        area->setActiveSubWindow(this);
+    TextAdd->setFocus();
+}
+
+} // namespace kelvane
