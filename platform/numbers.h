@@ -11,7 +11,7 @@ namespace kelvane {
 
 /// Numeric value of a text. Never fails: blanks, tabs and line ends are skipped wherever they stand, reading
 /// stops at the first character that fits nowhere, nothing read gives 0. Exponent letters e, E, d, D. "12abc"
-/// 12, "1,000" 1.
+/// 12, "1,000" 1. A value too large for a double is the largest one, so that a smaller type overflows on it.
 double numericValue(QStringView text);
 
 /// The value of a text that passes the number test (blanks at both ends, sign, digits with "," before the

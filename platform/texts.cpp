@@ -1,0 +1,82 @@
+#include "platform/texts.h"
+
+#include "platform/error.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kelvane {
+
+namespace {
+
+/// The characters of the bytes 128 to 159; an undefined byte keeps its number.
+constexpr std::array<char16_t, 32> windows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+constexpr int firstOwn = 128;
+constexpr int lastOwn = 159;
+
+QChar characterOfByte(int byte) {
+    return byte < firstOwn || byte > lastOwn ? QChar(static_cast<char16_t>(byte))
+                                             : QChar(windows1252[std::size_t(byte - firstOwn)]);
+}
+
+char byteOf(char32_t character) {
+    if (character < firstOwn || (character > lastOwn && character <= 255))
+        return static_cast<char>(character);
+    const auto found = std::find(windows1252.cbegin(), windows1252.cend(), character);
+    return found == windows1252.cend() ? '?' : static_cast<char>(firstOwn + (found - windows1252.cbegin()));
+}
+
+template <class Mapping>
+QString mapped(QStringView text, Mapping mapping) {
+    QString result;
+    result.reserve(text.size());
+    for (const char32_t character : text.toUcs4())
+        result += QChar::fromUcs4(mapping(character));
+    return result;
+}
+
+} // namespace
+
+QString upperCased(QStringView text) {
+    return mapped(text, [](char32_t character) { return QChar::toUpper(character); });
+}
+
+QString lowerCased(QStringView text) {
+    return mapped(text, [](char32_t character) { return QChar::toLower(character); });
+}
+
+QString trimBlanks(QStringView text) {
+    while (text.startsWith(u' '))
+        text = text.mid(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
+QByteArray toCalibratorBytes(QStringView text) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    for (const char32_t character : text.toUcs4())
+        bytes += byteOf(character);
+    return bytes;
+}
+
+QString fromCalibratorBytes(QByteArrayView bytes) {
+    QString text;
+    text.reserve(bytes.size());
+    for (const char byte : bytes)
+        text += characterOfByte(static_cast<unsigned char>(byte));
+    return text;
+}
+
+QString characterOf(qint32 code) {
+    if (code < 0 || code > 255)
+        throw makeError(ErrorNumber::invalidArgument);
+    return characterOfByte(code);
+}
+
+} // namespace kelvane
