@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+#include <sql.h>
+#include <sqlext.h>
+
+namespace kelvane::bench {
+
+/// ODBC with nothing around it: what every figure of the database is held against.
+class PlainOdbc {
+  public:
+    /// Ends the program when the data source can't be opened.
+    explicit PlainOdbc(const QString& connectionString);
+    ~PlainOdbc();
+    PlainOdbc(const PlainOdbc&) = delete;
+    PlainOdbc& operator=(const PlainOdbc&) = delete;
+
+    /// Runs a text, walks what it gives and reads each value as text. Ends the program on an error. Gives the
+    /// number of rows read.
+    int run(const QString& statement, int mostRows);
+
+  private:
+    SQLHENV environment_ = nullptr;
+    SQLHDBC connection_ = nullptr;
+};
+
+} // namespace kelvane::bench

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/user_interface.h"
+
+namespace kelvane::bench {
+
+/// An operator who answers at once and shows nothing: the first choice, the proposed text, or a number. What
+/// goes wrong he keeps, since a figure taken from work that failed is none.
+class QuietOperator final : public UserInterface {
+  public:
+    BoxAnswer messageBox(const QString& text, const QString&, BoxStyle style) override {
+        if (style.icon != BoxIcon::information)
+            complaints << text;
+        return style.buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::cancel;
+    }
+    QString askOneField(const DialogQuestion& question) override {
+        if (question.fromList && !question.choices.isEmpty())
+            return question.choices.first();
+        return question.defaultText.isEmpty() ? QStringLiteral("21.5") : question.defaultText;
+    }
+    void showProgress(const QString&) override {}
+    void setProgressText(const QString&) override {}
+    void setProgressValue(int) override {}
+    void hideProgress() override {}
+    void setBusyPointer() override {}
+    void setNormalPointer() override {}
+    void processEvents() override {}
+
+    QStringList complaints;
+};
+
+} // namespace kelvane::bench

@@ -1,0 +1,124 @@
+// A download and an upload of 47 torque tools: the exchange against the line's own time, and the database
+// against plain ODBC firing the same statements. Usage: bench_torque SIMULATOR TECHNICIAN DATABASE
+
+#include "bench/quiet_operator.h"
+#include "bench/torque_site.h"
+#include "bench/watched.h"
+#include "data/assets.h"
+#include "drivers/torquestar/qt_serial_port.h"
+#include "workflow/driver.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::bench {
+
+namespace {
+
+constexpr int baud = 9600;
+constexpr double bitsOfByte = 10;
+constexpr int mostTools = 47;
+
+/// What one road of so many tools took.
+struct Figures {
+    int tools = 0;
+    int statements = 0;
+    double seconds = 0;
+    double database = 0;
+    double line = 0;
+    double exchanges = 0;
+    int messages = 0;
+};
+
+void complain(const QString& what) {
+    std::fprintf(stderr, "bench_torque: %s\n", qPrintable(what));
+    std::exit(1);
+}
+
+/// Runs `road` (a download or an upload) and measures it.
+template <class Road>
+Figures measure(TorqueSite& site, int tools, Road road) {
+    auto& log = site.log;
+    log = {};
+    WatchedPort port(site.port);
+    Calibrators calibrators{site.session, {site.session, port}};
+    const auto start = Clock::now();
+    const QString failure = road(calibrators);
+    const Seconds whole = Clock::now() - start;
+    port.endExchange();
+    site.port.setPortOpen(false);
+    if (!failure.isEmpty())
+        complain(failure);
+    if (!site.ui.complaints.isEmpty())
+        complain(site.ui.complaints.join(u'\n'));
+    return {tools,
+            static_cast<int>(log.statements.size()),
+            whole.count(),
+            log.time.count(),
+            static_cast<double>(port.bytes) * bitsOfByte / baud,
+            port.time.count(),
+            port.exchanges};
+}
+
+void print(const char* road, const Figures& f) {
+    std::printf("%-9s %3d tools  %6.1f statements/tool  %7.2f ms/tool  database %5.1f %%\n", road, f.tools,
+                double(f.statements) / f.tools, 1000 * f.seconds / f.tools, 100 * f.database / f.seconds);
+}
+
+Figures download(TorqueSite& site, int tools) {
+    const auto tag = site.makePackage(tools);
+    return measure(site, tools, [&](Calibrators& calibrators) {
+        return calibratorDownload(calibrators, site.calibrator, tag);
+    });
+}
+
+Figures upload(TorqueSite& site, int tools) {
+    site.carryOut(tools);
+    return measure(site, tools,
+                   [&](Calibrators& calibrators) { return calibratorUpload(calibrators, site.calibrator); });
+}
+
+void onPacedLine(const TorqueSite::Programs& programs) {
+    TorqueSite site(programs, {u"--baud"_s, QString::number(baud)});
+    const auto loaded = download(site, mostTools);
+    std::printf("exchange at %d baud / its bytes on the line: %.3f   (%d messages, %.2f s against %.2f s)\n",
+                baud, loaded.exchanges / loaded.line, loaded.messages, loaded.exchanges, loaded.line);
+}
+
+void onFastLine(const TorqueSite::Programs& programs) {
+    TorqueSite site(programs, {u"--no-pace"_s});
+    for (const int tools : {1, 12, mostTools}) {
+        const auto down = download(site, tools);
+        print("download", down);
+        const auto statements = site.log;
+        const auto up = upload(site, tools);
+        print("upload", up);
+        if (tools == mostTools) {
+            std::printf("a message without delay on the line: %.2f ms\n",
+                        1000 * down.exchanges / down.messages);
+            const auto all = statements.statements + site.log.statements;
+            const auto rows = statements.rows + site.log.rows;
+            const double plain = site.replayPlainly(all, rows);
+            std::printf("database of download and upload / plain ODBC with the same statements: %.2f\n",
+                        (down.database + up.database) / plain);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace kelvane::bench
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    if (argc != 4)
+        kelvane::bench::complain(u"usage: bench_torque SIMULATOR TECHNICIAN DATABASE"_s);
+    const kelvane::bench::TorqueSite::Programs programs{
+        QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3])};
+    kelvane::bench::onFastLine(programs);
+    kelvane::bench::onPacedLine(programs);
+    return 0;
+}
