@@ -216,7 +216,11 @@ Exchange::Step Exchange::reply() {
 
 /// The frame end, with two characters behind it or with three.
 bool Exchange::replyEnded() const {
-    return reply_.chopped(2).endsWith(frameEnd) || reply_.chopped(3).endsWith(frameEnd);
+    const auto endsBefore = [this](qsizetype rest) {
+        const auto at = reply_.size() - rest - frameEnd.size();
+        return at >= 0 && reply_.indexOf(frameEnd, at) == at;
+    };
+    return endsBefore(2) || endsBefore(3);
 }
 
 /// A reply that ends in STX is one that the calibrator has begun anew, whatever its checksum. The check value

@@ -92,7 +92,7 @@ int QtSerialPort::inBufferCount() {
 QByteArray QtSerialPort::input() {
     listen(port_->bytesAvailable() == 0 ? lookTime : 0);
     lastCount_ = 0;
-    return port_->readAll();
+    return port_->isOpen() ? port_->readAll() : QByteArray();
 }
 
 void QtSerialPort::output(const QByteArray& bytes) {
