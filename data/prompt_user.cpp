@@ -53,10 +53,11 @@ bool PromptUser(Session& session, qint16 index, const QString& asset) {
             const auto answer = CustomDialog(session, caption, prompt, required, mode, field.max_length,
                                              field.field_type, start);
             // A dialog that was cancelled asks once more in these words too, required or not.
-            answered = answer != cancelled && !(answer.isEmpty() && required);
-            if (answered)
+            if (answer != cancelled && !(answer.isEmpty() && required)) {
                 session.CalFieldTable[index].value =
                     fieldText(session, answer, field.field_type, screenForm(session));
+                answered = true;
+            }
         } while (!answered && session.ui.messageBox(text(textRequired), text(textRecordData),
                                                     box::warningOkCancel) == BoxAnswer::ok);
     });
