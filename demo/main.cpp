@@ -1,0 +1,48 @@
+// The demonstration: run in a folder that holds "database", "odbc.ini" (named by ODBCINI) and "rslt_db.frm".
+// Exits 0 only when everything was as it has to be.
+
+#include "demo/demonstration.h"
+#include "drivers/torquestar/qt_serial_port.h"
+#include "platform/odbc_connection.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <clocale>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv) {
+    using namespace kelvane;
+
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+
+    const auto folder = QDir::currentPath();
+    bool ended = false;
+    int outcome = 1;
+    try {
+        demo::Calibrator calibrator(folder);
+        const SystemClock clock;
+        IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
+        settings.setValue(u"Ports"_s, u"COM1"_s, calibrator.device());
+        QtSerialPort port(settings);
+        WorkstationProgram program(
+            clock, settings, odbcConnections(), port,
+            {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
+        demo::Demonstration(program, calibrator, QDir(folder).filePath(u"pictures"_s)).run();
+        if (!ended)
+            throw demo::Difference(u"the program did not end"_s);
+        std::puts("\nEvery record, standard and result line is as it has to be.");
+        outcome = 0;
+    } catch (const demo::Difference& difference) {
+        std::printf("\nNOT as it has to be: %s\n", difference.what());
+    } catch (const Error& error) {
+        std::printf("\nFAILED: %g %s\n", error.number, qPrintable(error.description));
+    }
+    std::printf("Database: %s\nPictures: %s\n", qPrintable(QDir(folder).filePath(u"database"_s)),
+                qPrintable(QDir(folder).filePath(u"pictures"_s)));
+    return outcome;
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+
+class QMessageBox;
+
+namespace kelvane {
+
+class ChildWindow;
+class FormCustomDialog;
+
+namespace demo {
+
+/// What the demonstration met instead of what has to be.
+class Difference : public std::runtime_error {
+  public:
+    explicit Difference(const QString& told) : std::runtime_error(told.toStdString()) {}
+};
+
+/// The technician at the screen: answers boxes and one-field dialogs by what the present step expects, with
+/// real key and mouse events, and takes a picture of every window that comes up. Whatever the step does not
+/// expect is sent away, and told at the end of the step.
+class Person final : public QObject {
+  public:
+    /// The caption of the button to press, or nothing for a box that must not come.
+    using OnBox = std::function<std::optional<QString>(const QString& title, const QString& text)>;
+    /// The entry, or nothing for a question that must not come.
+    using OnDialog = std::function<std::optional<QString>(const QString& caption, const QString& prompt)>;
+
+    /// Pictures of `window` go into the folder.
+    Person(QWidget& window, const QString& pictures);
+
+    /// Carries out one step. Throws `Difference` when something unexpected came up in it.
+    void step(const QString& told, OnBox onBox, OnDialog onDialog, const std::function<void()>& act);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void meet(ChildWindow& window);
+    void meet(QMessageBox& box);
+    void answer(FormCustomDialog& dialog);
+    void picture(QWidget& widget, const QString& name);
+    void complain(const QString& what);
+
+    QWidget& window_;
+    QString pictures_;
+    int taken_ = 0;
+    OnBox onBox_;
+    OnDialog onDialog_;
+    QStringList unexpected_;
+};
+
+/// The control of that name below `parent`; throws `Difference` when it isn't there.
+template <class Control>
+Control& control(const QWidget& parent, const QString& name) {
+    if (auto* found = parent.findChild<Control*>(name))
+        return *found;
+    throw Difference(QStringLiteral("there is no control ") + name);
+}
+
+} // namespace demo
+} // namespace kelvane
