@@ -38,20 +38,25 @@ std::optional<QString> firstValue(DriverLink& link, const QString& query, int co
     return rows->next() ? rows->value(column) : std::nullopt;
 }
 
-/// Reads and writes `file`, opened as `schema`, far enough to know that it is what it has to be.
+[[noreturn]] void unusable(const QString& file, Error error) {
+    error.description = text(1085).arg(QDir::toNativeSeparators(file), error.description);
+    throw error;
+}
+
+/// Proves that `file`, opened as `schema`, is a database that can be written, and makes its commits safe. An
+/// open alone proves nothing: the driver "opens" any file.
 void prove(DriverLink& link, const QString& schema, const QString& file) {
     const auto name = quotedName(schema);
     try {
         firstValue(link, u"select count(*) from "_s + name + u".sqlite_master"_s);
+        if (!QFileInfo(file).isWritable())
+            throw Error{readOnly, text(1087)};
         if (firstValue(link, u"pragma "_s + name + u".journal_mode"_s) != u"wal"_s)
             firstValue(link, u"pragma "_s + name + u".journal_mode = wal"_s);
         link.execute(u"pragma "_s + name + u".synchronous = full"_s);
-    } catch (Error& error) {
-        error.description = text(1085).arg(QDir::toNativeSeparators(file), error.description);
-        throw;
+    } catch (const Error& error) {
+        unusable(file, error);
     }
-    if (!QFileInfo(file).isWritable())
-        throw Error{readOnly, text(1087).arg(QDir::toNativeSeparators(file))};
 }
 
 /// Refuses a name without account and a wrong password in one and the same way.
@@ -62,11 +67,40 @@ void checkLogin(DriverLink& link, const QString& user, const QString& password) 
         throw Error{-103, text(1066), u"28000"_s};
 }
 
+void attach(DriverLink& link, const QString& file) {
+    // As an address the file is never made when it has just gone.
+    const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
+    const auto schema = QFileInfo(file).completeBaseName();
+    try {
+        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
+    } catch (const Error& error) {
+        unusable(file, error);
+    }
+    prove(link, schema, file);
+}
+
+/// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait for
+/// each other.
+void executeTogether(DriverLink& link, const QStringList& statements) {
+    link.execute(u"begin immediate"_s);
+    try {
+        for (const auto& one : statements)
+            link.execute(one);
+        link.execute(u"commit"_s);
+    } catch (const Error&) {
+        try {
+            link.execute(u"rollback"_s);
+        } catch (const Error&) {
+            // The engine has rolled back by itself; the statement's own error is the one to tell.
+        }
+        throw;
+    }
+}
+
 } // namespace
 
 void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
-    files_ = {main.filePath()};
     prove(link, u"main"_s, main.filePath());
     if (!firstValue(link, u"select name from main.sqlite_master where name = 'accounts'"_s))
         throw Error{notADatabase, text(1084).arg(QDir::toNativeSeparators(main.filePath()))};
@@ -82,41 +116,13 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
         attach(link, owner.filePath());
 }
 
-void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
-    // As an address the file is never made when it has just gone.
-    const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
-    const auto schema = QFileInfo(file).completeBaseName();
-    try {
-        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
-    } catch (Error& error) {
-        error.description = text(1085).arg(QDir::toNativeSeparators(file), error.description);
-        throw;
-    }
-    prove(link, schema, file);
-    files_ << file;
-}
-
 void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
     for (const auto& step : embeddedBatch(statement)) {
-        // A single statement commits by itself. Several take the write lock at the start, so that two
-        // workstations can't wait for each other.
-        const bool transaction = step.committed && step.statements.size() > 1;
-        if (transaction)
-            link.execute(u"begin immediate"_s);
-        try {
+        if (step.committed && step.statements.size() > 1) {
+            executeTogether(link, step.statements);
+        } else {
             for (const auto& one : step.statements)
-                link.execute(one);
-            if (transaction)
-                link.execute(u"commit"_s);
-        } catch (const Error&) {
-            if (transaction) {
-                try {
-                    link.execute(u"rollback"_s);
-                } catch (const Error&) {
-                    // The engine has rolled back by itself; the statement's own error is the one to tell.
-                }
-            }
-            throw;
+                link.execute(one); // commits by itself
         }
     }
 }

@@ -13,12 +13,6 @@ class EmbeddedAdapter final : public EngineAdapter {
     void execute(DriverLink& link, const QString& statement) override;
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override;
     bool meansLost(const Error& error) const override;
-
-  private:
-    void attach(DriverLink& link, const QString& file);
-
-    /// The files of the open database, the main one first.
-    QStringList files_;
 };
 
 } // namespace kelvane

@@ -52,7 +52,7 @@ class Functions {
         static constexpr auto forbidden = "load_extension"_L1;
         if (token.text.size() >= forbidden.size() &&
             token.name().compare(forbidden, Qt::CaseInsensitive) == 0)
-            throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(1089)};
+            throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(1088)};
     }
 
     /// The place behind "now(*)", or 0 when it doesn't stand here.

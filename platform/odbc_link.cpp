@@ -1,15 +1,10 @@
 #include "platform/odbc_link.h"
 
+#include "platform/odbc_text.h"
 #include "resources/strings.h"
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
-#include <sql.h>
-#include <sqlext.h>
-
-#include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -17,49 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the driver manager must speak UTF-16");
-
 namespace {
 
-/// ADO's own limit for a login; a server that is gone must not hold the one thread for minutes.
+/// A server that is gone must not hold the one thread for minutes.
 constexpr SQLULEN loginSeconds = 15;
-
-SQLWCHAR* wide(const QString& text) {
-    return const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(text.utf16()));
-}
-
-QString fromWide(const SQLWCHAR* text, SQLLEN length) {
-    return QString(reinterpret_cast<const QChar*>(text), length);
-}
-
-SQLINTEGER lengthOf(const QString& text) {
-    return static_cast<SQLINTEGER>(text.size());
-}
 
 SQLPOINTER attribute(SQLULEN value) {
     return reinterpret_cast<SQLPOINTER>(value);
-}
-
-/// The first message that is more than a remark; a remark when there is nothing else.
-Error lastError(SQLSMALLINT kind, SQLHANDLE handle) {
-    std::array<SQLWCHAR, 6> state{};
-    std::array<SQLWCHAR, 2048> message{};
-    Error found{0, text(1082), u"HY000"_s};
-    for (SQLSMALLINT record = 1;; ++record) {
-        SQLINTEGER native = 0;
-        SQLSMALLINT length = 0;
-        if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, record, state.data(), &native, message.data(),
-                                          static_cast<SQLSMALLINT>(message.size()), &length)))
-            return found;
-        const Error error{static_cast<double>(native),
-                          fromWide(message.data(), std::min<SQLLEN>(length, message.size() - 1)),
-                          fromWide(state.data(), 5)};
-        const bool remark = error.sqlState.startsWith("01"_L1);
-        if (record == 1 || !remark)
-            found = error;
-        if (!remark)
-            return found;
-    }
 }
 
 } // namespace
@@ -95,6 +54,7 @@ class OdbcSession : public std::enable_shared_from_this<OdbcSession> {
 
     std::function<bool(const Error&)> meansLost;
     bool lost = false;
+    DriverText textKind = DriverText::wide;
 
   private:
     SQLHSTMT takeStatement();
@@ -128,10 +88,6 @@ class OdbcRows final : public RecordSet {
     void end();
 
   private:
-    std::optional<QString> read(SQLUSMALLINT column);
-    /// Appends up to `room` further characters of a long text; true when there are more.
-    bool readMore(SQLUSMALLINT column, QString& value, qsizetype room);
-
     std::shared_ptr<OdbcSession> session_;
     SQLHSTMT statement_;
     Rows rows_;
@@ -145,13 +101,16 @@ class OdbcRows final : public RecordSet {
 
 void OdbcSession::connect(const QString& connectionString) {
     if (connection_ == nullptr)
-        throw lastError(SQL_HANDLE_ENV, environment_);
+        throw lastError(SQL_HANDLE_ENV, environment_, textKind);
+    if (connectionString.size() > std::numeric_limits<SQLSMALLINT>::max())
+        throw makeError(ErrorNumber::invalidArgument);
     SQLSetConnectAttrW(connection_, SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), 0);
-    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_, nullptr, wide(connectionString),
+    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_, nullptr, wideText(connectionString),
                                          static_cast<SQLSMALLINT>(connectionString.size()), nullptr, 0,
                                          nullptr, SQL_DRIVER_NOPROMPT)))
-        throw lastError(SQL_HANDLE_DBC, connection_);
+        throw lastError(SQL_HANDLE_DBC, connection_, textKind);
     connected_ = true;
+    textKind = driverTextOf(connection_);
 }
 
 void OdbcSession::close() {
@@ -175,7 +134,7 @@ QString OdbcSession::dbmsName() const {
     SQLSMALLINT bytes = 0;
     if (!SQL_SUCCEEDED(SQLGetInfoW(connection_, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes)))
         return {};
-    return fromWide(name.data(), std::min<SQLLEN>(bytes / 2, name.size() - 1));
+    return QString(reinterpret_cast<const QChar*>(name.data()));
 }
 
 SQLHSTMT OdbcSession::takeStatement() {
@@ -183,7 +142,7 @@ SQLHSTMT OdbcSession::takeStatement() {
         return std::exchange(idle_, nullptr);
     SQLHSTMT statement = nullptr;
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement)))
-        throw lastError(SQL_HANDLE_DBC, connection_);
+        throw lastError(SQL_HANDLE_DBC, connection_, textKind);
     return statement;
 }
 
@@ -194,13 +153,14 @@ SQLHSTMT OdbcSession::run(const QString& statement, Rows rows) {
         error.connectionLost = true;
         throw error;
     }
-    // A driver may take the text up to this character for the whole statement, and so do something else.
-    if (statement.contains(QChar::Null))
+    // A driver takes the text up to a character of code 0 for the whole statement, and so does something
+    // else. Half of a surrogate pair is no character.
+    if (statement.contains(QChar::Null) || !statement.isValidUtf16())
         throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(1081)};
     const auto handle = takeStatement();
     if (rows == Rows::first)
         SQLSetStmtAttrW(handle, SQL_ATTR_MAX_ROWS, attribute(1), 0);
-    const auto outcome = SQLExecDirectW(handle, wide(statement), lengthOf(statement));
+    const auto outcome = executeText(handle, statement, textKind);
     if (SQL_SUCCEEDED(outcome) || outcome == SQL_NO_DATA)
         return handle;
     if (outcome == SQL_NEED_DATA)
@@ -226,7 +186,7 @@ bool OdbcSession::driverCallsItDead() const {
 }
 
 Error OdbcSession::failure(SQLHSTMT statement) {
-    auto error = lastError(SQL_HANDLE_STMT, statement);
+    auto error = lastError(SQL_HANDLE_STMT, statement, textKind);
     error.connectionLost =
         error.sqlState.startsWith("08"_L1) || (meansLost && meansLost(error)) || driverCallsItDead();
     lost = lost || error.connectionLost;
@@ -262,45 +222,13 @@ std::optional<QString> OdbcRows::value(int column) {
     if (column < 0 || column >= columns_)
         throw makeError(ErrorNumber::subscriptOutOfRange);
     if (column != lastColumn_) {
-        lastValue_ = read(static_cast<SQLUSMALLINT>(column + 1));
+        lastColumn_ = -1;
+        const auto place = static_cast<SQLUSMALLINT>(column + 1);
+        if (!SQL_SUCCEEDED(readText(statement_, place, session_->textKind, lastValue_)))
+            throw session_->failure(statement_);
         lastColumn_ = column;
     }
     return lastValue_;
-}
-
-std::optional<QString> OdbcRows::read(SQLUSMALLINT column) {
-    std::array<SQLWCHAR, 512> start;
-    SQLLEN bytes = 0;
-    const auto outcome = SQLGetData(statement_, column, SQL_C_WCHAR, start.data(), sizeof(start), &bytes);
-    if (!SQL_SUCCEEDED(outcome))
-        throw session_->failure(statement_);
-    if (bytes == SQL_NULL_DATA)
-        return {};
-    if (bytes != SQL_NO_TOTAL && bytes < static_cast<SQLLEN>(sizeof(start)))
-        return fromWide(start.data(), bytes / 2);
-
-    auto value = fromWide(start.data(), start.size() - 1);
-    auto missing = bytes == SQL_NO_TOTAL ? value.size() : bytes / 2 - value.size();
-    while (readMore(column, value, missing))
-        missing = value.size();
-    return value;
-}
-
-bool OdbcRows::readMore(SQLUSMALLINT column, QString& value, qsizetype room) {
-    const auto have = value.size();
-    value.resize(have + room + 1);
-    SQLLEN bytes = 0;
-    const auto outcome =
-        SQLGetData(statement_, column, SQL_C_WCHAR, value.data() + have, 2 * (room + 1), &bytes);
-    if (outcome == SQL_NO_DATA) {
-        value.truncate(have);
-        return false;
-    }
-    if (!SQL_SUCCEEDED(outcome))
-        throw session_->failure(statement_);
-    const bool more = bytes == SQL_NO_TOTAL || bytes / 2 > room;
-    value.truncate(have + (more ? room : bytes / 2));
-    return more;
 }
 
 QString bracedValue(const QString& value) {

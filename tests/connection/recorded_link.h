@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/engine_adapter.h"
+#include "tests/support/recording_connection.h"
+
+namespace kelvane::testing {
+
+/// A driver that keeps the texts that reach it. Controls: `failures` (an error for a text), `failAt` (the
+/// error of the n-th text, from 0).
+class RecordedLink final : public DriverLink {
+  public:
+    QStringList statements;
+    QList<Rows> rows;
+    QHash<QString, Error> failures;
+    std::optional<qsizetype> failAt;
+
+    void execute(const QString& statement) override {
+        if (failAt == statements.size()) {
+            statements << statement;
+            throw Error{19, QStringLiteral("statement %1 failed").arg(*failAt), QStringLiteral("HY000")};
+        }
+        statements << statement;
+        if (const auto failure = failures.constFind(statement); failure != failures.cend())
+            throw *failure;
+    }
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows wanted) override {
+        execute(statement);
+        rows << wanted;
+        return std::make_unique<NoRows>();
+    }
+
+  private:
+    class NoRows final : public RecordSet {
+      public:
+        bool next() override { return false; }
+        std::optional<QString> value(int) override { throw makeError(ErrorNumber::noCurrentRow); }
+    };
+};
+
+} // namespace kelvane::testing
