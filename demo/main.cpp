@@ -13,10 +13,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What the offscreen platform says of windows that nobody sees is left out.
+void tell(QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.startsWith(u"This plugin does not support"))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     using namespace kelvane;
 
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(tell);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
 

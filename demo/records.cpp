@@ -93,7 +93,7 @@ void checkRecord(Connection& connection, const Tool& tool, const QDate& calibrat
         {u"state", 7, tool.passes ? u"FOUND-LEFT"_s : u"AS-FOUND"_s},
         {u"technician", 8, u"jdoe"_s},
         {u"strategy", 9, u"TORQUE 20-60-100"_s},
-        {u"remark", 10, tool.comment},
+        {u"remark", 10, tool.comment.isEmpty() ? u"(null)"_s : tool.comment},
         {u"place", 11, u"IN PLACE"_s},
         {u"temperature", 12, u"21.5"_s},
         {u"user", 13, u"jdoe"_s},
@@ -115,10 +115,9 @@ void checkNothingElse(Connection& connection, const QDate& calibrated) {
          QString::number(tools().size()));
     same(u"number of instruments still out with the calibrator"_s,
          count(u"mt.hvm_kv_task_inuse where serial_number = '48213'"_s), u"0"_s);
-    same(u"number of temporary packages"_s,
-         count(u"mt.hvm_kv_task_packages where mtuser = 'jdoe' and tptype = 'WSHT' "
-               "and taskname = tptag and created_on > date('now','localtime')"_s),
-         u"0"_s);
+    // The lab has one worksheet package of its own; that of the download must be gone.
+    same(u"number of worksheet packages"_s, count(u"mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
+         u"1"_s);
 }
 
 } // namespace
