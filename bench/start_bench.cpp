@@ -1,5 +1,5 @@
-// Start to the login screen, time and memory, against a bare Qt window with a menu and a document area. Each start is a
-// process of its own: this program starts itself. Usage: bench_start [workstation | bare]
+// Start to the login screen, time and memory, against a bare Qt window with a menu and a document area. Each
+// start is a process of its own: this program starts itself. Usage: bench_start [workstation | bare]
 
 #include "app/workstation_program.h"
 #include "drivers/torquestar/qt_serial_port.h"
@@ -51,9 +51,8 @@ void runWorkstation() {
     const SystemClock clock;
     IniSettingsStore settings(u"settings.ini"_s);
     QtSerialPort port(settings);
-    WorkstationProgram program(
-        clock, settings, odbcConnections(), port,
-        {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [] {}});
+    WorkstationProgram program(clock, settings, odbcConnections(), port,
+                               {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [] {}});
     program.start();
     QCoreApplication::processEvents();
     std::printf("%f\n", residentMegabytes());
