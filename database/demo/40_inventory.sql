@@ -53,7 +53,7 @@ insert into mt.inventory (mtag, i4201, i4202, i4203, i4204, i4206, i4209, i4228,
     ('1406', 'PT-106', 'VALTEC', 'C60', 'COMPOUND PRESSURE TRANSMITTER', 'V88106', 'D', 'WW', 26, 'UTIL'),
     ('1407', 'PT-107', 'VALTEC', 'P1000', 'PRESSURE TRANSMITTER', 'V88107', 'D', 'M', 12, 'PROD'),
     ('1408', 'PT-108', 'VALTEC', 'V30', 'VACUUM TRANSMITTER', 'V88108', 'D', 'M', 12, 'PROD'),
-    ('1409', 'LT-10''COL', 'VALTEC', 'D120', 'LEVEL TRANSMITTER', 'V88109', 'D', 'M', 12, 'UTIL'),
+    ('1409', 'LT-10''COL', 'VALTEC', 'D120', 'LEVEL TRANSMITTER', 'V88109', 'D', 'M', 12, 'PROD'),
     -- temperature
     ('1501', 'TIT-201', 'VALTEC', 'T-RTD', 'TEMPERATURE TRANSMITTER RTD', 'V99201', 'D', 'M', 12, 'PROD'),
     ('1502', 'TIT-202', 'VALTEC', 'T-RTD', 'TEMPERATURE TRANSMITTER RTD', 'V99202', 'D', 'M', 12, 'PROD'),
