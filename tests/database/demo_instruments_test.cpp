@@ -103,8 +103,9 @@ TEST_F(DemoInstruments, ReadWithoutAReportAndAreReadyForWork) {
             EXPECT_NE(params.output_low, params.output_high);
             EXPECT_GT(params.test_point_count, 0);
             // One half of this reading takes a number as it is, the other one makes it safe.
-            if (!name.contains(u'\''))
+            if (!name.contains(u'\'')) {
                 EXPECT_EQ(GetTestPointList(session, name), params.test_point_count * params.repetitions);
+            }
             EXPECT_FALSE(DecimalFormat(session, 1, plainText(params.resolution)).isEmpty());
         }
     }
