@@ -1,0 +1,79 @@
+#include "resources/strings.h"
+#include "tests/drivers/torquestar/torque_shop.h"
+#include "workflow/driver.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString later = u"The driver for this calibrator is not part of this version yet."_s;
+
+} // namespace
+
+class Drivers : public TorqueShop {
+  protected:
+    Calibrators calibrators{session, {session, port}};
+};
+
+TEST_F(Drivers, AreChosenByTheCalibratorsName) {
+    addWrenches(u"TAG"_s, 1);
+    auto indicated = wrench();
+    indicated.input_indicated = true;
+    addInstrument(u"W-2"_s, u"KW-2"_s, indicated);
+    const auto torqueStar = u"Crane TorqueStar IVc"_s;
+    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-1"_s), QString());
+    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-2"_s), text(641));
+    EXPECT_TRUE(calibratorRequiresStandard(calibrators, torqueStar, u"W-1"_s));
+    EXPECT_EQ(calibratorDownload(calibrators, torqueStar, u"TAG"_s), QString());
+    EXPECT_EQ(conversation().last(), u"T1A W-1"_s);
+    EXPECT_EQ(calibratorUpload(calibrators, torqueStar), QString());
+    EXPECT_EQ(conversation().last(), u"T2E KVTASK"_s);
+}
+
+TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
+    for (const auto& name : {u"Fluke 702"_s, u"Fluke 743/744"_s}) {
+        EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), later);
+        EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
+        EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), later);
+        EXPECT_EQ(calibratorUpload(calibrators, name), later);
+    }
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_EQ(port.log, QStringList());
+}
+
+TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {
+    for (const auto& name :
+         {QString(), u"crane torquestar ivc"_s, u"Crane TorqueStar IVc "_s, u"Fluke 743"_s}) {
+        EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), QString());
+        EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
+        EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), QString());
+        EXPECT_EQ(calibratorUpload(calibrators, name), QString());
+    }
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_EQ(port.log, QStringList());
+}
+
+TEST_F(Drivers, AreOfferedInTheirOrderWithTheRememberedOneProposed) {
+    settings.setValue(u"Defaults"_s, u"Remembered"_s, u"Fluke 702"_s);
+    ui.expectDialog(
+        u"A title"_s, u"Select Calibrator To Use:"_s, u"Fluke 743/744"_s, [](const DialogQuestion& q) {
+            EXPECT_TRUE(q.required);
+            EXPECT_TRUE(q.fromList);
+            EXPECT_EQ(q.choices,
+                      (QStringList{u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}));
+            EXPECT_EQ(q.maxLength, 30);
+            EXPECT_EQ(q.fieldType, 0);
+            EXPECT_EQ(q.defaultText, u"Fluke 702"_s);
+        });
+    session.SharedValueList[9] = u"left over"_s;
+    EXPECT_EQ(chooseCalibrator(session, u"A title"_s, u"Remembered"_s), u"Fluke 743/744"_s);
+    for (const auto& answer : {u"*CANCEL*"_s, QString()}) {
+        ui.expectDialog(u"A title"_s, u"Select Calibrator To Use:"_s, answer);
+        EXPECT_EQ(chooseCalibrator(session, u"A title"_s, u"Remembered"_s), QString());
+    }
+    EXPECT_EQ(settings.writes.size(), 1);
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,68 @@
+#include "tests/drivers/torquestar/torque_shop.h"
+#include "workflow/driver.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+class UploadCommand : public TorqueShop {
+  protected:
+    UploadCommand() { addCalibrator(); }
+
+    void choose(const QString& answer, const QString& proposed = QString()) {
+        ui.expectDialog(title, u"Select Calibrator To Use:"_s, answer,
+                        [proposed](const DialogQuestion& q) { EXPECT_EQ(q.defaultText, proposed); });
+    }
+    void upload() { ModuleGlobals::UploadFromCalibrator(calibrators); }
+
+    const QString title = u"Upload Test Results From Calibrator"_s;
+    const QString stored = u"Defaults/LastUploadCalibrator=Crane TorqueStar IVc"_s;
+    Calibrators calibrators{session, {session, port}};
+};
+
+TEST_F(UploadCommand, ASuccessIsToldAndTheChoiceStored) {
+    choose(u"Crane TorqueStar IVc"_s);
+    ui.expectBox(u"Upload Successful"_s, title, box::information);
+    upload();
+    EXPECT_EQ(settings.writes, QStringList{stored});
+    EXPECT_EQ(ui.events.last(), u"normal"_s);
+    EXPECT_EQ(conversation().last(), u"T2E KVTASK"_s);
+    choose(u"*CANCEL*"_s, u"Crane TorqueStar IVc"_s);
+    upload();
+}
+
+TEST_F(UploadCommand, AFailureIsToldAndTheChoiceStoredAllTheSame) {
+    choose(u"Crane TorqueStar IVc"_s);
+    port.refuseOpening = true;
+    ui.expectBox(
+        u"Unable to open communications channel to calibrator! Please check communications settings and try again."_s,
+        title, box::warning);
+    upload();
+    EXPECT_EQ(settings.writes, QStringList{stored});
+}
+
+TEST_F(UploadCommand, ACancelledChoiceCallsNoDriverAndStoresNothing) {
+    for (const auto& answer : {u"*CANCEL*"_s, QString()}) {
+        choose(answer);
+        upload();
+    }
+    EXPECT_EQ(settings.writes, QStringList());
+    EXPECT_EQ(port.log, QStringList());
+    EXPECT_EQ(script.statements, QStringList());
+}
+
+TEST_F(UploadCommand, ACalibratorWithoutADriverIsToldAndTheChoiceStored) {
+    choose(u"Fluke 702"_s);
+    ui.expectBox(u"The driver for this calibrator is not part of this version yet."_s, title, box::warning);
+    upload();
+    EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=Fluke 702"_s});
+}
+
+TEST_F(UploadCommand, AListOfInstrumentsWithoutDataIsShownAsAFailure) {
+    addInUse({u"W-1"_s});
+    choose(u"Crane TorqueStar IVc"_s);
+    ui.expectBox(u"The Following Assets Contained NO DATA:\r\n, W-1"_s, title, box::warning);
+    upload();
+}
+
+} // namespace kelvane::testing
