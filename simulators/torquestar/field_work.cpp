@@ -13,8 +13,9 @@ namespace kelvane::simulators {
 
 namespace {
 
-// Moments follow each other so closely that one that can be read is never far.
-constexpr int mostSecondsPassedOver = 60;
+// The longest stretch of a day that the workstation can't read is a quarter of an hour: from 13:36:32 to
+// 13:51:59.
+constexpr int mostSecondsPassedOver = 1200;
 
 qint32 readingOf(double nominal, double deviation, const QString& name) {
     const double counts = std::round(nominal * (1 + deviation / 100) * scale);

@@ -14,10 +14,9 @@ struct FieldWork {
 };
 
 /// Carries the errands out: the results of each characteristic are replaced by new ones, in the order of the
-/// points, all takes of a point one after the other, each with the characteristic's number of samples. A
-/// moment that the workstation would not read is passed over by a second. Gives what there is to tell, a line
-/// each. Throws `Failure`, with the memory untouched, when a characteristic is not there or a reading can't
-/// be kept.
+/// points, all takes of a point one after the other, each with the characteristic's number of samples.
+/// Moments that the workstation can't read are passed over. Gives what there is to tell, a line each. Throws
+/// `Failure`, with the memory untouched, when a characteristic is not there or a reading can't be kept.
 QStringList carryOut(Memory& memory, const std::vector<Errand>& errands, const FieldWork& work);
 
 } // namespace kelvane::simulators

@@ -66,7 +66,7 @@ std::vector<double> deviationsFor(const std::vector<double>& nominals, std::vect
 }
 
 QDateTime momentOf(const QString& text) {
-    for (const QString& form : {u"yyyy-MM-dd HH:mm:ss"_s, u"yyyy-MM-dd HH:mm"_s}) {
+    for (const QString& form : {u"yyyy-MM-dd H:mm:ss"_s, u"yyyy-MM-dd H:mm"_s}) {
         QDateTime moment = QDateTime::fromString(text.simplified(), form);
         // Wall-clock time is counted on as it is written; a change to summer time is none of the
         // calibrator's.

@@ -1,0 +1,255 @@
+#include "simulators/torquestar/messages.h"
+#include "tests/simulators/message_bytes.h"
+#include "tests/simulators/programs.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+class TorqueStarMessages : public ::testing::Test {
+  protected:
+    QByteArray answer(const QByteArray& message) { return m_messages.answer(message); }
+
+    void giveResults(const QString& name, const std::vector<Result>& results, const QString& comment = {}) {
+        m_memory.use([&](Memory& memory) {
+            memory.find(name)->results = results;
+            memory.find(name)->comment = comment;
+            return true;
+        });
+    }
+
+    Memory kept() {
+        Memory kept;
+        MemoryFile(m_workshop.memory()).use([&](Memory& memory) {
+            kept = memory;
+            return false;
+        });
+        return kept;
+    }
+
+    Workshop m_workshop;
+    MemoryFile m_memory{m_workshop.memory()};
+    Messages m_messages{m_memory, 48213, 500};
+    const QByteArray m_round = wireName("KVTASK");
+    const QByteArray m_noSuchName = hex("74 00 02");
+};
+
+TEST_F(TorqueStarMessages, LinkTestIsAnsweredInKind) {
+    EXPECT_EQ(answer("T0A"), "t0A");
+}
+
+TEST_F(TorqueStarMessages, IdentityHoldsTheSerialNumberAtPositions22To25) {
+    const QByteArray reply = answer("T0D");
+    EXPECT_TRUE(reply.startsWith("t0D"));
+    EXPECT_EQ(reply.mid(21, 4), hex("00 00 BC 55"));
+}
+
+TEST_F(TorqueStarMessages, ARoundIsThereOnlyOnceStored) {
+    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
+    EXPECT_EQ(answer("T2B" + m_round + hex("01 03")), "t2B");
+    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
+    EXPECT_EQ(answer(addMessage("TW-1")), "t1A");
+    EXPECT_EQ(answer("T2C"), "t2C");
+    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 01"));
+    EXPECT_EQ(kept().rounds, (std::vector<Round>{{u"KVTASK"_s, 3, {u"TW-1"_s}}}));
+}
+
+TEST_F(TorqueStarMessages, ErasingARoundLeavesItsCharacteristics) {
+    answer("T2B" + m_round + hex("01 03"));
+    answer(addMessage("TW-1"));
+    answer("T2C");
+    EXPECT_EQ(answer("T2E" + m_round), hex("74 32 45 01"));
+    EXPECT_EQ(answer("T2E" + m_round), hex("74 32 45 00"));
+    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
+    EXPECT_EQ(kept().characteristics.size(), 1U);
+}
+
+TEST_F(TorqueStarMessages, CreatingARoundHasItsErrorCodes) {
+    const struct {
+        QByteArray rest;
+        const char* reply;
+    } cases[] = {
+        {m_round + hex("02 03"), "74 32 42"},
+        {wireName("") + hex("02 03"), "74 32 42 02"},
+        {wireName("TWELVE_CHARS") + hex("02 03"), "74 32 42 02"},
+        {"KVTASK" + hex("02 03"), "74 32 42 02"},
+        {m_round + hex("02 04"), "74 32 42 03"},
+        {m_round + hex("02 03 03"), "74 32 42 03"},
+        {m_round + hex("00 03"), "74 32 42 04"},
+        {m_round, "74 32 42 04"},
+    };
+    for (const auto& entry : cases)
+        EXPECT_EQ(answer("T2B" + entry.rest).toHex(' '), QByteArray(entry.reply).toLower())
+            << entry.rest.toHex().toStdString();
+    answer("T2B" + m_round + hex("01 03"));
+    answer(addMessage("TW-1"));
+    answer("T2C");
+    EXPECT_EQ(answer("T2B" + m_round + hex("02 03")), hex("74 32 42 01"));
+}
+
+TEST_F(TorqueStarMessages, ARoundWithoutItsModeByteIsAnInvalidSampleMode) {
+    EXPECT_EQ(answer("T2B" + m_round + hex("10")), hex("74 32 42 03"));
+}
+
+TEST_F(TorqueStarMessages, ARoundIsStoredOnlyWithAsManyCharacteristicsAsAnnounced) {
+    EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
+    answer("T2B" + m_round + hex("02 03"));
+    answer(addMessage("TW-1"));
+    EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
+    answer(addMessage("TW-2"));
+    EXPECT_EQ(answer("T2C"), "t2C");
+    EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
+}
+
+TEST_F(TorqueStarMessages, ACharacteristicReplacedWhileTheRoundIsMadeStandsInItOnce) {
+    answer("T2B" + m_round + hex("02 03"));
+    answer(addMessage("TW-1"));
+    answer("T1C" + wireName("TW-1"));
+    answer("T1J");
+    EXPECT_EQ(answer(addMessage("TW-1")), "t1A");
+    EXPECT_EQ(answer("T2C"), "t2C");
+    EXPECT_EQ(kept().rounds.front().characteristics, std::vector<QString>{u"TW-1"_s});
+}
+
+TEST_F(TorqueStarMessages, ANewSessionForgetsTheRoundBeingMade) {
+    answer("T2B" + m_round + hex("01 03"));
+    answer(addMessage("TW-1"));
+    answer("T0A");
+    EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
+}
+
+TEST_F(TorqueStarMessages, ANameThatDoesNotExistHoldsNoData) {
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), m_noSuchName);
+    EXPECT_EQ(answer("T1C"), m_noSuchName);
+    EXPECT_EQ(answer("T1CTW-1"), m_noSuchName);
+}
+
+TEST_F(TorqueStarMessages, ACharacteristicWithoutResultsExistsAndHoldsNoData) {
+    answer(addMessage("TW-1"));
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), hex("74 31 43 02"));
+}
+
+TEST_F(TorqueStarMessages, ACharacteristicWithResultsIsSelected) {
+    answer(addMessage("TW-1"));
+    giveResults(u"TW-1"_s, {{20261120, 91500, {1}}});
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), "t1C");
+}
+
+TEST_F(TorqueStarMessages, AnExistingCharacteristicIsToldByAFourthCharacter) {
+    answer(addMessage("TW-1"));
+    EXPECT_EQ(answer(addMessage("TW-1")).size(), 4);
+    EXPECT_EQ(kept().characteristics.size(), 1U);
+}
+
+TEST_F(TorqueStarMessages, ADeletedCharacteristicDoesNotExist) {
+    answer(addMessage("TW-1"));
+    answer("T1C" + wireName("TW-1"));
+    EXPECT_EQ(answer("T1J"), hex("74 31 4A 01"));
+    EXPECT_EQ(answer("T1J"), hex("74 31 4A 00"));
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), m_noSuchName);
+    EXPECT_EQ(kept(), Memory());
+}
+
+TEST_F(TorqueStarMessages, SelectingANameThatDoesNotExistLeavesNothingToDelete) {
+    answer(addMessage("TW-1"));
+    answer("T1C" + wireName("TW-1"));
+    answer("T1C" + wireName("TW-2"));
+    EXPECT_EQ(answer("T1J"), hex("74 31 4A 00"));
+    EXPECT_EQ(kept().characteristics.size(), 1U);
+}
+
+TEST_F(TorqueStarMessages, AResultIsDateTimeAndSamples) {
+    answer(addMessage("TW-1"));
+    giveResults(u"TW-1"_s, {{20261120, 91500, {200200, 200100, -1}}});
+    answer("T1C" + wireName("TW-1"));
+    EXPECT_EQ(answer("T1D").toHex(' '),
+              hex("74 31 44 01 35 29 00 00 01 65 6C 00 03 0E 08 00 03 0D A4 FF FF FF FF").toHex(' '));
+}
+
+class TorqueStarResults : public TorqueStarMessages {
+  protected:
+    void SetUp() override {
+        for (const char* const name : {"TW-1", "TW-2"}) {
+            answer(addMessage(name));
+            giveResults(QString::fromLatin1(name), {m_first, m_second});
+        }
+        answer("T0A");
+    }
+
+    QByteArray select(const char* name) { return answer("T1C" + wireName(name)); }
+
+    const Result m_first{20261120, 91500, {10000}};
+    const Result m_second{20261120, 91600, {20000}};
+    const QByteArray m_noMore = hex("74 31 44 02");
+};
+
+TEST_F(TorqueStarResults, SelectingTheSameNameAgainGoesOnToTheNextResult) {
+    select("TW-1");
+    select("TW-1");
+    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    EXPECT_EQ(select("TW-1"), "t1C");
+    EXPECT_EQ(answer("T1D"), resultReply(m_second));
+    EXPECT_EQ(select("TW-1"), "t1C");
+    EXPECT_EQ(answer("T1D"), m_noMore);
+    EXPECT_EQ(answer("T1D"), m_noMore);
+}
+
+TEST_F(TorqueStarResults, SelectingAnotherNameBeginsWithItsFirstResult) {
+    select("TW-1");
+    answer("T1D");
+    select("TW-2");
+    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    select("TW-1");
+    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+}
+
+TEST_F(TorqueStarResults, ANewSessionBeginsWithTheFirstResultAgain) {
+    select("TW-1");
+    answer("T1D");
+    answer("T0A");
+    EXPECT_EQ(answer("T1D"), m_noMore);
+    select("TW-1");
+    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+}
+
+TEST_F(TorqueStarMessages, WithoutASelectionThereIsNothingToRead) {
+    EXPECT_EQ(answer("T1D"), hex("74 31 44 02"));
+    EXPECT_EQ(answer("T1F"), hex("74 31 46 FF"));
+}
+
+TEST_F(TorqueStarMessages, TheCommentEndsInOneMoreCharacter) {
+    answer(addMessage("TW-1"));
+    answer("T1C" + wireName("TW-1"));
+    EXPECT_EQ(answer("T1F"), hex("74 31 46 FF"));
+    giveResults(u"TW-1"_s, {}, u"5 € off"_s);
+    EXPECT_EQ(answer("T1F"), "t1F5 " + hex("80") + " off" + hex("FF"));
+}
+
+TEST_F(TorqueStarMessages, NamesKeepTheirBytes) {
+    const QByteArray name = hex("C4 80 27 22 20 FF 3D");
+    EXPECT_EQ(answer(addMessage(name)), "t1A");
+    EXPECT_EQ(answer("T1C" + wireName(name)), hex("74 31 43 02"));
+    EXPECT_EQ(kept().characteristics.front().name, u"Ä€'\" ÿ="_s);
+}
+
+TEST_F(TorqueStarMessages, MemoryOutlivesTheCalibratorButTheSelectionDoesNot) {
+    answer(addMessage("TW-1"));
+    giveResults(u"TW-1"_s, {{20261120, 91500, {1}}});
+    answer("T1C" + wireName("TW-1"));
+    MemoryFile file(m_workshop.memory());
+    Messages again(file, 48213, 500);
+    EXPECT_EQ(again.answer("T1D"), hex("74 31 44 02"));
+    EXPECT_EQ(again.answer("T1C" + wireName("TW-1")), "t1C");
+}
+
+TEST_F(TorqueStarMessages, KnowsItsElevenMessagesAndNoOther) {
+    for (const char* const known :
+         {"T0A", "T0D", "T2F", "T2E", "T2B", "T2C", "T1C", "T1J", "T1A", "T1D", "T1F"})
+        EXPECT_TRUE(Messages::knows(known)) << known;
+    for (const char* const unknown : {"", "T", "T1", "t0A", "T9Z", "XT0A"})
+        EXPECT_FALSE(Messages::knows(unknown)) << unknown;
+}
+
+} // namespace kelvane::simulators

@@ -1,0 +1,75 @@
+#include "tests/simulators/programs.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+} // namespace
+
+QByteArray Workshop::contentOf(const QString& name) const {
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Workshop::put(const QString& name, const QByteArray& content) const {
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        throw std::runtime_error("the file can't be written: " + name.toStdString());
+}
+
+std::unique_ptr<QProcess> startProgram(const QString& program, const QStringList& arguments) {
+    auto process = std::make_unique<QProcess>();
+    process->start(QCoreApplication::applicationDirPath() + u'/' + program, arguments);
+    if (!process->waitForStarted(patience))
+        throw std::runtime_error("the program does not start: " + program.toStdString());
+    return process;
+}
+
+Outcome outcomeOf(QProcess& process) {
+    if (process.state() != QProcess::NotRunning && !process.waitForFinished(patience))
+        return {};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -2,
+            QString::fromLocal8Bit(process.readAllStandardOutput()),
+            QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+Outcome runProgram(const QString& program, const QStringList& arguments) {
+    const std::unique_ptr<QProcess> process = startProgram(program, arguments);
+    return outcomeOf(*process);
+}
+
+Calibrator::Calibrator(const Workshop& workshop, const QStringList& more)
+    : m_process(startProgram(u"kelvane-torquestar"_s,
+                             QStringList{u"--memory"_s, workshop.memory(), u"--serial"_s, u"48213"_s,
+                                         u"--link"_s, workshop.link(), u"--record"_s, workshop.record()} +
+                                 more)) {
+    while (!m_process->canReadLine())
+        if (!m_process->waitForReadyRead(patience))
+            throw std::runtime_error("the calibrator does not start: " +
+                                     m_process->readAllStandardError().toStdString());
+    m_device = QString::fromLocal8Bit(m_process->readLine()).trimmed();
+}
+
+Calibrator::~Calibrator() {
+    m_process->terminate();
+    if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(patience))
+        m_process->kill();
+}
+
+QStringList Calibrator::faulty(const QStringList& faults) {
+    QStringList arguments{u"--no-pace"_s};
+    for (const QString& fault : faults)
+        arguments += {u"--fault"_s, fault};
+    return arguments;
+}
+
+} // namespace kelvane::simulators
