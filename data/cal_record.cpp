@@ -72,7 +72,7 @@ class NewRecord {
     static const ColumnStep gatheringAgain[];
     void pass(std::span<const ColumnStep> steps);
 
-    void keepDate(int row) { date_ = requireMoment(value(row), session_.SessionDateFormat); }
+    void keepDate(int row) { date_ = requireDate(session_, value(row)); }
     void keepTime(int row) { time_ = value(row); }
     void keepPassMark(int row) { passed_ = value(row) == "Y"_L1; }
     void keepInterval(int row) { interval_ = toReal(numericValue(valueOrSource(row, u"I4229"_s))); }

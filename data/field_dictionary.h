@@ -39,6 +39,8 @@ struct FieldForm {
 inline constexpr FieldForm statementForm{u"YYYY-MM-DD", u"HH:NN:SS"};
 /// As on screens; it looks into the session, which must outlive it.
 FieldForm screenForm(const Session& session);
+/// The value of a date field; error 13 when it is no date, as a time alone is none.
+Moment requireDate(const Session& session, const QString& value);
 /// `value` in that form when it belongs to a date or a time field, as it stands otherwise or when it is
 /// empty. Error 13 when it is no date or time.
 QString fieldText(const Session& session, const QString& value, qint16 field_type, const FieldForm& form);

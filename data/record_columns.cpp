@@ -102,16 +102,20 @@ FieldForm screenForm(const Session& session) {
     return {session.SessionDateFormat, u"HH:NN"};
 }
 
+Moment requireDate(const Session& session, const QString& value) {
+    const auto moment = requireMoment(value, session.SessionDateFormat);
+    if (!moment.date.isValid())
+        throw makeError(ErrorNumber::typeMismatch);
+    return moment;
+}
+
 QString fieldText(const Session& session, const QString& value, qint16 field_type, const FieldForm& form) {
     const FieldKind kind{field_type};
     if (value.isEmpty() || (kind != FieldKind::date && kind != FieldKind::time))
         return value;
+    if (kind == FieldKind::date)
+        return formatMoment(requireDate(session, value), form.date);
     auto moment = requireMoment(value, session.SessionDateFormat);
-    if (kind == FieldKind::date) {
-        if (!moment.date.isValid())
-            throw makeError(ErrorNumber::typeMismatch);
-        return formatMoment(moment, form.date);
-    }
     // The day plays no part in the time that is written.
     moment.date = QDate(2000, 1, 1);
     return formatMoment(moment, form.time);

@@ -472,7 +472,7 @@ class CalRecordErrors : public CalRecord {
 };
 
 TEST_F(CalRecordErrors, CalibrationDateThatIsNone) {
-    for (const auto& value : {QString(), u"soon"_s, u"02/30/2026"_s, u"12"_s}) {
+    for (const auto& value : {QString(), u"soon"_s, u"02/30/2026"_s, u"12"_s, u"09:30"_s}) {
         script.statements.clear();
         set(u"C2301"_s, value);
         failing(13);

@@ -1,4 +1,5 @@
 #include "data/tolerances.h"
+#include "tests/data/scripted_params.h"
 #include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -13,20 +14,7 @@ const auto pointsQuery =
     u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = (select tp_name from "
     "mt.hvm_kv_tag_config where mtag = (select mtag from MT.inventory where i4201 = 'PT-1'))"_s;
 
-/// The query of an instrument's parameters, for the instrument PT-1 of the owner MT.
-const auto parametersQuery =
-    u"select repetitions,(select count(test_point_pct) from mt.hvm_kv_proc_points where "
-    "mt.hvm_kv_proc_points.tp_name = mt.hvm_kv_tag_config.tp_name),resolution,input_type,output_type,"
-    "input_high,input_low,output_high,output_low,neg_fs_range_pct,pos_fs_range_pct,neg_span_pct,pos_span_pct,"
-    "neg_reading_pct,pos_reading_pct,neg_lsd_counts,pos_lsd_counts,neg_units,pos_units,"
-    "mt.hvm_kv_tag_config.mtag,baud_rate_out,cj_ref_temp_in,cj_ref_temp_out,cj_ref_type_in,cj_ref_type_out,"
-    "click_dip_torque_out,cycle_end_time_out,data_bits_out,data_parity_out,frequency_response_out,"
-    "measurement_direction_out,measurement_mode_out,stop_bits_out,temp_scale_in,temp_scale_out,"
-    "temp_sens_type_in,temp_sens_type_out,temp_sens_wires_in,temp_sens_wires_out,threshold_torque_out,"
-    "mt.hvm_kv_tag_config.tp_name,transducer_type_out,(select max(test_point_pct) from mt.hvm_kv_proc_points "
-    "where mt.hvm_kv_proc_points.tp_name = mt.hvm_kv_tag_config.tp_name),loop_pwr,freq_ptpamp_in,"
-    "freq_ptpamp_out,input_indicated,output_indicated  from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points,"
-    "MT.inventory where i4201='PT-1' and MT.inventory.mtag=mt.hvm_kv_tag_config.mtag"_s;
+const auto parametersQuery = calParamsStatement(u"MT"_s, u"PT-1"_s);
 
 struct Side {
     QString fs = u"0"_s;
