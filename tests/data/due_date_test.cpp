@@ -1,4 +1,5 @@
 #include "data/due_date.h"
+#include "tests/data/record_statements.h"
 #include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -6,9 +7,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 namespace {
-
-const auto daysOffQuery = u"select dayofweek from mt.nonworkdays"_s;
-const auto holidaysQuery = u"select holiday from mt.holidays"_s;
 
 Moment day(int year, int month, int dayOfMonth, QTime time = QTime(0, 0)) {
     return {QDate(year, month, dayOfMonth), time};
@@ -140,13 +138,8 @@ TEST_F(DueDate, AssetOverwritesDateIntervalAndUnit) {
     EXPECT_EQ(count, 6);
     EXPECT_EQ(code, u"M"_s);
     EXPECT_EQ(result, day(2026, 9, 18, QTime(9, 30)));
-    const auto type = [](const QString& column) {
-        return u"select domain_name from sys.sysdomain where domain_id = (select max(domain_id) from "
-               "sys.syscolumn where column_name = '"_s +
-               column + u"')"_s;
-    };
-    EXPECT_EQ(script.statements,
-              (QStringList{interval, type(u"I4229"_s), unit, type(u"I4228"_s), daysOffQuery, holidaysQuery}));
+    EXPECT_EQ(script.statements, (QStringList{interval, typeQuery(u"I4229"_s), unit, typeQuery(u"I4228"_s),
+                                              daysOffQuery, holidaysQuery}));
 }
 
 TEST_F(DueDate, WithAnAssetAHolidayNeverMatchesBecauseTheMomentHasATimeOfDay) {

@@ -1,4 +1,5 @@
 #include "data/field_dictionary.h"
+#include "tests/data/record_statements.h"
 #include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -25,14 +26,6 @@ const auto olderQuery =
     "or "
     "fldnum = '2303' or fldnum = '2301' or fldnum = '2307') and fldnum not like '239%' order by row,nextfld "
     "asc"_s;
-
-const auto worksheetQuery = u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc"_s;
-
-QString typeQuery(const QString& column) {
-    return u"select domain_name from sys.sysdomain where domain_id = (select max(domain_id) from "
-           "sys.syscolumn where column_name = '"_s +
-           column + u"')"_s;
-}
 
 /// A row of the dictionary; what is not told is null.
 struct Entry {

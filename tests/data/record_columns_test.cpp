@@ -1,4 +1,5 @@
 #include "data/field_dictionary.h"
+#include "tests/data/record_statements.h"
 #include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -6,16 +7,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 using namespace ModuleGlobals;
-
-namespace {
-
-QString typeQuery(const QString& column) {
-    return u"select domain_name from sys.sysdomain where domain_id = (select max(domain_id) from "
-           "sys.syscolumn where column_name = '"_s +
-           column + u"')"_s;
-}
-
-} // namespace
 
 class RecordColumns : public RecordedSession {
   protected:
