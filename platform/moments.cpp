@@ -118,7 +118,8 @@ Moment addInterval(const QString& unit, double count, const Moment& moment) {
     if (interval == std::end(intervals) || !moment.date.isValid())
         throw makeError(ErrorNumber::invalidArgument);
     const auto whole = std::trunc(count);
-    if (!(std::abs(whole) <= std::numeric_limits<qint32>::max()))
+    using Count = std::numeric_limits<qint32>;
+    if (!(whole >= Count::min() && whole <= Count::max()))
         throw makeError(ErrorNumber::overflow);
     const auto steps = static_cast<qint64>(whole);
 

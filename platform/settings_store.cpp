@@ -2,43 +2,138 @@
 
 #include "platform/error.h"
 
+#include <QDir>
 #include <QFile>
-#include <QSettings>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
+#include <QStringList>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
+
+// QSettings would do, but for three things: it takes a file that was cut short by a full disk for written,
+// it waits without limit for its lock, and it drops the comments of a person who wrote into the file.
 
 namespace kelvane {
 
 namespace {
 
-/// A name as one level of the file: the characters that would part it into several levels are written as
-/// codes. An empty name, which the file can't hold, is a lone "%".
-QString asLevel(QString name) {
-    if (name.isEmpty())
-        return u"%"_s;
-    return name.replace(u'%', "%25"_L1).replace(u'/', "%2F"_L1).replace(u'\\', "%5C"_L1);
+constexpr int lockMilliseconds = 2000;
+
+QStringView trimmed(QStringView text) {
+    const auto isSpace = [](QChar c) { return c == u' ' || c == u'\t' || c == u'\r'; };
+    while (!text.isEmpty() && isSpace(text.front()))
+        text = text.mid(1);
+    while (!text.isEmpty() && isSpace(text.back()))
+        text.chop(1);
+    return text;
 }
 
-QString place(const QString& section, const QString& key) {
-    return asLevel(section) + u'/' + asLevel(key);
+/// Writes what would not come back from a line of the file as "%" and two hexadecimal digits: control
+/// characters, the blanks at both ends, the "%" itself, and the characters of `special`.
+QString encoded(QStringView text, QStringView special) {
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const auto c = text[i];
+        const bool atAnEnd = i == 0 || i + 1 == text.size();
+        if (c < u' ' || c == u'\x7f' || c == u'%' || (c == u' ' && atAnEnd) || special.contains(c))
+            result += u'%' + QString::number(c.unicode(), 16).rightJustified(2, u'0').toUpper();
+        else
+            result += c;
+    }
+    return result;
 }
 
-/// True when a line is none that a settings file can have. A file that was cut off or overwritten shows so.
-bool isDamaged(const QString& path) {
+QString decoded(QStringView text) {
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        bool isCode = false;
+        const auto code = text[i] == u'%' ? text.mid(i + 1, 2).toUShort(&isCode, 16) : ushort{0};
+        isCode = isCode && i + 2 < text.size();
+        result += isCode ? QChar(code) : text[i];
+        if (isCode)
+            i += 2;
+    }
+    return result;
+}
+
+QString encodedName(QStringView name) {
+    return encoded(name, u"=[];#");
+}
+
+enum class LineKind { other, section, setting, damaged };
+
+struct Line {
+    LineKind kind = LineKind::other;
+    QString name = {};
+    QStringView value = {};
+};
+
+Line readLine(QStringView raw) {
+    const auto line = trimmed(raw);
+    if (line.contains(QChar(0)))
+        return {LineKind::damaged};
+    if (line.isEmpty() || line.startsWith(u';') || line.startsWith(u'#'))
+        return {};
+    if (line.startsWith(u'['))
+        return line.endsWith(u']') ? Line{LineKind::section, decoded(trimmed(line.mid(1).chopped(1)))}
+                                   : Line{LineKind::damaged};
+    const auto equals = line.indexOf(u'=');
+    if (equals < 0)
+        return {LineKind::damaged};
+    return {LineKind::setting, decoded(trimmed(line.left(equals))), trimmed(line.mid(equals + 1))};
+}
+
+/// The lines of the file, none when there is no file; nothing when one of them is none that a settings file
+/// can have: it was cut off or overwritten.
+std::optional<QStringList> readFile(const QString& path) {
     QFile file(path);
     if (!file.exists())
-        return false;
+        return QStringList();
     if (!file.open(QIODevice::ReadOnly))
         throw makeError(ErrorNumber::pathFileAccess);
-    while (!file.atEnd()) {
-        const auto line = file.readLine().trimmed();
-        const bool known = line.isEmpty() || line.startsWith(';') || line.startsWith('#') ||
-                           (line.startsWith('[') && line.endsWith(']')) || line.contains('=');
-        if (!known || line.contains('\0'))
-            return true;
+    const auto bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw makeError(ErrorNumber::pathFileAccess);
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString content = decoder(bytes);
+    if (decoder.hasError())
+        return {};
+    auto lines = content.split(u'\n');
+    for (const auto& line : lines) {
+        if (readLine(line).kind == LineKind::damaged)
+            return {};
     }
-    return false;
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
+/// Where a setting stands among the lines, or where it would have to be inserted; -1 without its section.
+struct Place {
+    qsizetype at = -1;
+    bool found = false;
+};
+
+Place placeOf(const QStringList& lines, const QString& section, const QString& key) {
+    // Settings before the first section belong to the one without a name.
+    bool inSection = section.isEmpty();
+    Place place{inSection ? 0 : -1};
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto line = readLine(lines[i]);
+        if (line.kind == LineKind::section)
+            inSection = line.name == section;
+        if (!inSection || line.kind == LineKind::other)
+            continue;
+        if (line.kind == LineKind::setting && line.name == key)
+            return {i, true};
+        place.at = i + 1;
+    }
+    return place;
 }
 
 void putAside(const QString& path) {
@@ -48,34 +143,47 @@ void putAside(const QString& path) {
         throw makeError(ErrorNumber::pathFileAccess);
 }
 
+void writeFile(const QString& path, const QStringList& lines) {
+    const auto bytes = (lines.join(u'\n') + u'\n').toUtf8();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw makeError(ErrorNumber::pathFileAccess);
+}
+
 } // namespace
 
 IniSettingsStore::IniSettingsStore(QString path) : path_(std::move(path)) {}
 
 QString IniSettingsStore::value(const QString& section, const QString& key) const {
-    if (isDamaged(path_))
+    const auto lines = readFile(path_);
+    if (!lines)
         return {};
-    const auto stored = QSettings(path_, QSettings::IniFormat).value(place(section, key));
-    // A value with commas that somebody entered by hand, without quotes, comes as a list.
-    return stored.toStringList().join(u", "_s);
+    const auto place = placeOf(*lines, section, key);
+    return place.found ? decoded(readLine(lines->at(place.at)).value) : QString();
 }
 
 void IniSettingsStore::setValue(const QString& section, const QString& key, const QString& value) {
-    if (isDamaged(path_))
+    QDir().mkpath(QFileInfo(path_).absolutePath());
+    // Another program of the same user must not write between our reading and our writing.
+    QLockFile lock(path_ + u".lock"_s);
+    if (!lock.tryLock(lockMilliseconds))
+        throw makeError(ErrorNumber::pathFileAccess);
+
+    const auto stored = readFile(path_);
+    if (!stored)
         putAside(path_);
-    QSettings settings(path_, QSettings::IniFormat);
-    const auto name = place(section, key);
-    const auto before = settings.value(name);
-    settings.setValue(name, value);
-    settings.sync();
-    if (settings.status() == QSettings::NoError)
-        return;
-    // Without this the value would stay in memory and be read back as if it were stored.
-    if (before.isValid())
-        settings.setValue(name, before);
-    else
-        settings.remove(name);
-    throw makeError(ErrorNumber::pathFileAccess);
+    auto lines = stored.value_or(QStringList());
+    const QString setting = encodedName(key) + u'=' + encoded(value, {});
+    if (const auto place = placeOf(lines, section, key); place.found) {
+        lines[place.at] = setting;
+    } else if (place.at >= 0) {
+        lines.insert(place.at, setting);
+    } else {
+        if (!lines.isEmpty())
+            lines << QString();
+        lines << u'[' + encodedName(section) + u']' << setting;
+    }
+    writeFile(path_, lines);
 }
 
 QString IniSettingsStore::defaultPath() {

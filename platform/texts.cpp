@@ -30,6 +30,20 @@ char byteOf(char32_t character) {
     return found == windows1252.cend() ? '?' : static_cast<char>(firstOwn + (found - windows1252.cbegin()));
 }
 
+// Qt leaves a character alone whose full mapping has several characters, even where it has a simple one too:
+// the Greek letters with iota below, and the dotted capital I.
+char32_t simpleUpper(char32_t character) {
+    const bool inRows = character >= 0x1F80 && character <= 0x1FAF && character % 16 < 8;
+    if (inRows)
+        return character + 8;
+    const bool alone = character == 0x1FB3 || character == 0x1FC3 || character == 0x1FF3;
+    return alone ? character + 9 : QChar::toUpper(character);
+}
+
+char32_t simpleLower(char32_t character) {
+    return character == 0x0130 ? U'i' : QChar::toLower(character);
+}
+
 template <class Mapping>
 QString mapped(QStringView text, Mapping mapping) {
     QString result;
@@ -42,11 +56,11 @@ QString mapped(QStringView text, Mapping mapping) {
 } // namespace
 
 QString upperCased(QStringView text) {
-    return mapped(text, [](char32_t character) { return QChar::toUpper(character); });
+    return mapped(text, [](char32_t character) { return simpleUpper(character); });
 }
 
 QString lowerCased(QStringView text) {
-    return mapped(text, [](char32_t character) { return QChar::toLower(character); });
+    return mapped(text, [](char32_t character) { return simpleLower(character); });
 }
 
 QString trimBlanks(QStringView text) {

@@ -1,5 +1,5 @@
-#include "platform/error.h"
 #include "platform/numbers.h"
+#include "tests/platform/errors.h"
 #include "tests/support/fixtures.h"
 
 #include <cmath>
@@ -9,22 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+using testing::errorOf;
+
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double largest = std::numeric_limits<double>::max();
 constexpr double smallest = std::numeric_limits<double>::denorm_min();
-
-template <class Call>
-double errorOf(Call call) {
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.number;
-    }
-    return 0;
-}
 
 } // namespace
 

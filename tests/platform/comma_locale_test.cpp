@@ -1,0 +1,87 @@
+#include "platform/moments.h"
+#include "platform/numbers.h"
+#include "tests/support/fixtures.h"
+
+#include <QLocale>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <clocale>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// The process under a locale that writes "1234,5": an installed one, or one made for the test where the
+/// locale sources are at hand.
+class UnderACommaLocale : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        if (!takeInstalled() && !takeMade())
+            GTEST_SKIP() << "no locale with a decimal comma here, and no sources to make one from";
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        char written[16];
+        std::snprintf(written, sizeof written, "%.1f", 0.5);
+        ASSERT_STREQ(written, "0,5");
+    }
+    void TearDown() override {
+        std::setlocale(LC_ALL, "C");
+        QLocale::setDefault(QLocale::c());
+        qunsetenv("LOCPATH");
+    }
+
+  private:
+    static bool take(const char* name) {
+        return std::setlocale(LC_ALL, name) != nullptr && std::localeconv()->decimal_point[0] == ',';
+    }
+    static bool takeInstalled() {
+        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de-DE", "fr_FR.UTF-8", "nl_NL.UTF-8"}) {
+            if (take(name))
+                return true;
+        }
+        return false;
+    }
+    bool takeMade() {
+        const auto maker = QStandardPaths::findExecutable(u"localedef"_s);
+        if (maker.isEmpty())
+            return false;
+        QProcess process;
+        process.start(maker, {u"-i"_s, u"de_DE"_s, u"-f"_s, u"UTF-8"_s, made_.filePath(u"de_DE.UTF-8"_s)});
+        if (!process.waitForFinished(60000))
+            return false;
+        qputenv("LOCPATH", made_.path().toLocal8Bit());
+        return take("de_DE.UTF-8");
+    }
+    QTemporaryDir made_;
+};
+
+} // namespace
+
+TEST_F(UnderACommaLocale, NumbersKeepTheirPoint) {
+    EXPECT_EQ(plainText(1234.5), u"1234.5"_s);
+    EXPECT_EQ(plainText(0.1F), u"0.1"_s);
+    EXPECT_EQ(plainText(1.5E20), u"1.5E+20"_s);
+    EXPECT_EQ(plainText(-1234567), u"-1234567"_s);
+    EXPECT_EQ(fixedDecimals(1234.5, 2), u"1234.50"_s);
+    EXPECT_EQ(numericValue(u"1234.5"), 1234.5);
+    EXPECT_EQ(numericValue(u"1234,5"), 1234);
+    EXPECT_EQ(numericValue(u"1e400"), std::numeric_limits<double>::max());
+    EXPECT_EQ(numberOf(u"1,000.5"), 1000.5);
+    EXPECT_EQ(numberOf(u"1.000,5"), std::nullopt);
+    EXPECT_EQ(viaText(0.1F), 0.1);
+}
+
+TEST_F(UnderACommaLocale, DatesKeepTheirEnglishNamesAndOrder) {
+    const Moment moment{QDate(2026, 3, 8), QTime(21, 5)};
+    EXPECT_EQ(formatMoment(moment, u"dddd YYYY-MM-DD HH:NN"), u"Sunday 2026-03-08 21:05"_s);
+    EXPECT_EQ(shortDate(moment.date, u""), u"03/08/2026"_s);
+    EXPECT_EQ(momentOf(u"8 Mar 2026 9:05 PM", u""), moment);
+    EXPECT_EQ(momentOf(u"8 Mär 2026", u""), std::nullopt);
+    EXPECT_EQ(momentOf(u"03/08/2026 21:05", u""), moment);
+}
+
+} // namespace kelvane
