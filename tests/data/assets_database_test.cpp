@@ -1,7 +1,7 @@
 #include "data/assets.h"
 #include "data/cal_params.h"
 
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +11,7 @@ using namespace ModuleGlobals;
 
 namespace {
 
-class AssetsOnDatabase : public DemoSession {
+class AssetsOnDatabase : public DatabaseSession {
   protected:
     QStringList listed(qint16 count) {
         QStringList assets;
@@ -34,7 +34,7 @@ TEST_F(AssetsOnDatabase, EachKindOfPackageGivesItsMembers) {
         {u"UNIT 1 SHUTDOWN"_s, {u"IP-301"_s, u"PT-101"_s, u"PT-102"_s, u"TIT-201"_s, u"UC-901"_s}},
         {u"TEMPERATURE LOOPS"_s,
          {u"TIT-201"_s, u"TIT-202"_s, u"TIT-203"_s, u"TIT-204"_s, u"TIT-205"_s, u"TIT-206"_s, u"TIT-207"_s}},
-        {u"UTILITIES"_s, {u"FT-501"_s, u"LT-10'COL"_s, u"PG-801"_s, u"PT-105"_s, u"PT-106"_s, u"TIT-205"_s}},
+        {u"UTILITIES"_s, {u"FT-501"_s, u"PG-801"_s, u"PT-105"_s, u"PT-106"_s, u"TIT-205"_s}},
         {u"CLICK 250F WRENCHES"_s, {u"TW-101"_s, u"TW-111"_s}},
         {u"TORQUE SCREWDRIVERS"_s, {u"TD-109"_s, u"TD-110"_s}},
         {u"WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G"_s, {u"PT-101"_s, u"PT-103"_s}},

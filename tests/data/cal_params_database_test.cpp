@@ -1,7 +1,7 @@
 #include "data/cal_params.h"
 #include "data/prompt_macros.h"
 
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 #include <QElapsedTimer>
 
@@ -13,7 +13,7 @@ using namespace ModuleGlobals;
 
 namespace {
 
-class CalParamsOnDatabase : public DemoSession {
+class CalParamsOnDatabase : public DatabaseSession {
   protected:
     void setColumn(const QString& column, const QString& value) {
         execute(u"update mt.hvm_kv_tag_config set "_s + column + u" = "_s + value +

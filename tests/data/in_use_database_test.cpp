@@ -1,6 +1,6 @@
 #include "data/in_use.h"
 
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +12,7 @@ namespace {
 
 const auto calibrator = u"48213"_s; // TS-0001, key 1101
 
-class InUseOnDatabase : public DemoSession {
+class InUseOnDatabase : public DatabaseSession {
   protected:
     /// An instrument went to another calibrator so many days ago; its key is the number of days.
     void sentOut(int days) {

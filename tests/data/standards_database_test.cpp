@@ -1,6 +1,6 @@
 #include "data/standards.h"
 
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,7 +10,7 @@ using namespace ModuleGlobals;
 
 namespace {
 
-class StandardsOnDatabase : public DemoSession {
+class StandardsOnDatabase : public DatabaseSession {
   protected:
     qint16 check(const QString& standard, const QString& instrument = u"TW-101"_s) {
         return CheckStandard(session, standard, instrument);

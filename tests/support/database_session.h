@@ -7,9 +7,9 @@ namespace kelvane::testing {
 
 /// A session on its own copy of the demonstration database, logged in as jdoe of owner MT, with the real
 /// clock (the database has it too) and a scripted operator.
-class DemoSession : public ::testing::Test {
+class DatabaseSession : public ::testing::Test {
   protected:
-    DemoSession();
+    DatabaseSession();
     /// Works on the tables of another owner from now on.
     void become(const QString& user, const QString& owner);
     /// Runs a writing statement, past the routines.

@@ -1,4 +1,4 @@
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 #include "platform/odbc_connection.h"
 
@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-DemoSession::DemoSession()
+DatabaseSession::DatabaseSession()
     : database(QString::fromUtf8(KELVANE_TEST_DATABASE)), session({ui, clock, settings}, odbcConnections()) {
     sharedConnection(session).open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
     session.SessionDataSource = database.dsn();
@@ -17,16 +17,16 @@ DemoSession::DemoSession()
     become(u"jdoe"_s, u"MT"_s);
 }
 
-void DemoSession::become(const QString& user, const QString& owner) {
+void DatabaseSession::become(const QString& user, const QString& owner) {
     session.SessionUser = user;
     session.SessionOwner = owner;
 }
 
-void DemoSession::execute(const QString& statement) {
+void DatabaseSession::execute(const QString& statement) {
     sharedConnection(session).execute(statement);
 }
 
-QStringList DemoSession::values(const QString& query) {
+QStringList DatabaseSession::values(const QString& query) {
     QStringList found;
     for (const auto rows = sharedConnection(session).select(query); rows->next();)
         found << rows->value(0).value_or(u"(null)"_s);
@@ -34,7 +34,7 @@ QStringList DemoSession::values(const QString& query) {
     return found;
 }
 
-QString DemoSession::daysAgo(int days) const {
+QString DatabaseSession::daysAgo(int days) const {
     return clock.now().addDays(-days).toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
