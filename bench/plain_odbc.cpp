@@ -31,6 +31,8 @@ PlainOdbc::PlainOdbc(const QString& connectionString) {
 }
 
 PlainOdbc::~PlainOdbc() {
+    if (kept_)
+        SQLFreeHandle(SQL_HANDLE_STMT, kept_);
     SQLDisconnect(connection_);
     SQLFreeHandle(SQL_HANDLE_DBC, connection_);
     SQLFreeHandle(SQL_HANDLE_ENV, environment_);
@@ -52,6 +54,25 @@ int PlainOdbc::run(const QString& statement, int mostRows) {
         }
     }
     SQLFreeHandle(SQL_HANDLE_STMT, handle);
+    return rows;
+}
+
+int PlainOdbc::runLean(const QByteArray& statement) {
+    if (!kept_)
+        require(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &kept_), QString::fromUtf8(statement));
+    auto* text = reinterpret_cast<SQLCHAR*>(const_cast<char*>(statement.constData()));
+    require(SQLExecDirect(kept_, text, static_cast<SQLINTEGER>(statement.size())),
+            QString::fromUtf8(statement));
+    SQLSMALLINT columns = 0;
+    SQLNumResultCols(kept_, &columns);
+    int rows = 0;
+    std::array<char, 512> value;
+    while (columns > 0 && SQL_SUCCEEDED(SQLFetch(kept_))) {
+        ++rows;
+        SQLLEN length = 0;
+        SQLGetData(kept_, 1, SQL_C_CHAR, value.data(), sizeof(value), &length);
+    }
+    SQLFreeStmt(kept_, SQL_CLOSE);
     return rows;
 }
 
