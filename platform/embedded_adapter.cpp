@@ -18,6 +18,7 @@ constexpr int mostAttached = 10; // the engine's own limit
 
 // What the engine's native codes say; the higher bits hold details.
 enum NativeCode : int {
+    noTransaction = 1,
     readOnly = 8,
     inputOutput = 10,
     damaged = 11,
@@ -79,20 +80,27 @@ void attach(DriverLink& link, const QString& file) {
     prove(link, schema, file);
 }
 
-/// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait for
-/// each other.
+/// Ends the open transaction without its changes. False when it may still be open: whatever ran on this
+/// connection from now on would never be committed.
+bool takenBack(DriverLink& link) {
+    try {
+        link.execute(u"rollback"_s);
+        return true;
+    } catch (const Error& error) {
+        return static_cast<int>(error.number) == noTransaction; // the engine has done it by itself
+    }
+}
+
+/// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait
+/// for each other.
 void executeTogether(DriverLink& link, const QStringList& statements) {
     link.execute(u"begin immediate"_s);
     try {
         for (const auto& one : statements)
             link.execute(one);
         link.execute(u"commit"_s);
-    } catch (const Error&) {
-        try {
-            link.execute(u"rollback"_s);
-        } catch (const Error&) {
-            // The engine has rolled back by itself; the statement's own error is the one to tell.
-        }
+    } catch (Error& failure) {
+        failure.connectionLost = failure.connectionLost || !takenBack(link);
         throw;
     }
 }

@@ -22,6 +22,7 @@ class EngineAdapter {
     /// Called once the driver has connected: settings of the session, and the login where the engine has no
     /// accounts.
     virtual void opened(DriverLink& link, const QString& user, const QString& password) = 0;
+    /// An error that leaves the connection unusable is thrown with `connectionLost`.
     virtual void execute(DriverLink& link, const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) = 0;
     /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.

@@ -38,7 +38,13 @@ class OdbcConnection final : public Connection {
     bool isLost() const override { return link_ && link_->isLost(); }
     void execute(const QString& statement) override {
         auto& open = link();
-        adapter_->execute(open, statement);
+        try {
+            adapter_->execute(open, statement);
+        } catch (const Error& error) {
+            if (error.connectionLost)
+                open.giveUp();
+            throw;
+        }
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         auto& open = link();

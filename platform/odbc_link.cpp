@@ -45,6 +45,8 @@ class OdbcSession : public std::enable_shared_from_this<OdbcSession> {
 
     /// Runs a text and hands out the statement that holds its rows.
     SQLHSTMT run(const QString& statement, Rows rows);
+    /// The number of columns of what ran; 0 when it gives no rows.
+    SQLSMALLINT columnsOf(SQLHSTMT statement, Rows rows);
     void giveBack(SQLHSTMT statement, Rows rows);
     void add(OdbcRows* rows) { open_.push_back(rows); }
     void remove(OdbcRows* rows) { std::erase(open_, rows); }
@@ -70,10 +72,9 @@ class OdbcSession : public std::enable_shared_from_this<OdbcSession> {
 
 class OdbcRows final : public RecordSet {
   public:
-    OdbcRows(std::shared_ptr<OdbcSession> session, SQLHSTMT statement, Rows rows)
-        : session_(std::move(session)), statement_(statement), rows_(rows) {
+    OdbcRows(std::shared_ptr<OdbcSession> session, SQLHSTMT statement, SQLSMALLINT columns, Rows rows)
+        : session_(std::move(session)), statement_(statement), columns_(columns), rows_(rows) {
         session_->add(this);
-        SQLNumResultCols(statement_, &columns_);
     }
     ~OdbcRows() override {
         end();
@@ -90,8 +91,8 @@ class OdbcRows final : public RecordSet {
   private:
     std::shared_ptr<OdbcSession> session_;
     SQLHSTMT statement_;
+    SQLSMALLINT columns_;
     Rows rows_;
-    SQLSMALLINT columns_ = 0;
     bool onRow_ = false;
     bool behindLast_ = false;
     /// A driver hands out a value once; whoever asks for the same column again gets the same.
@@ -133,7 +134,7 @@ QString OdbcSession::dbmsName() const {
     std::array<SQLWCHAR, 128> name{};
     SQLSMALLINT bytes = 0;
     if (!SQL_SUCCEEDED(SQLGetInfoW(connection_, SQL_DBMS_NAME, name.data(), sizeof(name), &bytes)))
-        return {};
+        throw lastError(SQL_HANDLE_DBC, connection_, textKind);
     return QString(reinterpret_cast<const QChar*>(name.data()));
 }
 
@@ -170,13 +171,21 @@ SQLHSTMT OdbcSession::run(const QString& statement, Rows rows) {
     throw error;
 }
 
+SQLSMALLINT OdbcSession::columnsOf(SQLHSTMT statement, Rows rows) {
+    SQLSMALLINT columns = 0;
+    if (SQL_SUCCEEDED(SQLNumResultCols(statement, &columns)))
+        return columns;
+    const auto error = failure(statement);
+    giveBack(statement, rows);
+    throw error;
+}
+
 void OdbcSession::giveBack(SQLHSTMT statement, Rows rows) {
-    if (idle_ == nullptr && rows == Rows::all && !lost) {
-        SQLFreeStmt(statement, SQL_CLOSE);
+    const bool reusable = idle_ == nullptr && rows == Rows::all && !lost;
+    if (reusable && SQL_SUCCEEDED(SQLFreeStmt(statement, SQL_CLOSE)))
         idle_ = statement;
-    } else {
+    else
         SQLFreeHandle(SQL_HANDLE_STMT, statement);
-    }
 }
 
 bool OdbcSession::driverCallsItDead() const {
@@ -262,12 +271,17 @@ bool OdbcLink::isLost() const {
     return session_->lost;
 }
 
+void OdbcLink::giveUp() {
+    session_->lost = true;
+}
+
 void OdbcLink::execute(const QString& statement) {
     session_->giveBack(session_->run(statement, Rows::all), Rows::all);
 }
 
 std::unique_ptr<RecordSet> OdbcLink::select(const QString& statement, Rows rows) {
-    return std::make_unique<OdbcRows>(session_, session_->run(statement, rows), rows);
+    const auto handle = session_->run(statement, rows);
+    return std::make_unique<OdbcRows>(session_, handle, session_->columnsOf(handle, rows), rows);
 }
 
 } // namespace kelvane

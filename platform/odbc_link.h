@@ -26,6 +26,8 @@ class OdbcLink final : public DriverLink {
     /// True once a statement or record set has failed because the connection is gone; from then on every
     /// statement fails.
     bool isLost() const;
+    /// Counts the connection as lost from now on.
+    void giveUp();
 
     void execute(const QString& statement) override;
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override;

@@ -110,7 +110,7 @@ DriverText driverTextOf(SQLHDBC connection) {
     SQLINTEGER length = 0;
     if (!SQL_SUCCEEDED(SQLNativeSqlW(connection, wideText(probe), static_cast<SQLINTEGER>(probe.size()),
                                      back.data(), static_cast<SQLINTEGER>(back.size()), &length)))
-        return DriverText::wide;
+        throw lastError(SQL_HANDLE_DBC, connection, DriverText::wide);
     return terminated(back.data()) == probe ? DriverText::wide : DriverText::utf8;
 }
 

@@ -23,6 +23,7 @@ enum class DriverText {
 };
 
 /// What the driver of an open connection takes: `wide`, unless such a text does not come back from it whole.
+/// Throws when the driver doesn't answer.
 DriverText driverTextOf(SQLHDBC connection);
 
 SQLRETURN executeText(SQLHSTMT statement, const QString& sql, DriverText kind);

@@ -63,19 +63,28 @@ TEST(EmbeddedAdapter, SeveralStatementsWithoutCommitCommitOneByOneUpToTheFirstFa
 TEST(EmbeddedAdapter, AFailureAnywhereInATransactionTakesItBackAndIsReportedItself) {
     const QStringList wanted{u"begin immediate"_s, u"delete from mt.a"_s, u"delete from mt.b"_s, u"commit"_s};
     for (qsizetype failing = 0; failing < wanted.size(); ++failing) {
-        for (const bool rollbackFails : {false, true}) {
-            RecordedLink link;
-            link.failAt = failing;
-            if (rollbackFails)
-                link.failures.insert(u"rollback"_s, {1, u"no transaction is active"_s});
-            const auto error = errorOf([&] { engineAdapterFor(u"SQLite"_s)->execute(link, twoDeletes); });
-            ASSERT_TRUE(error) << failing;
-            EXPECT_EQ(error->description, u"statement %1 failed"_s.arg(failing));
-            auto sent = wanted.first(failing + 1);
-            if (failing > 0)
-                sent << u"rollback"_s;
-            EXPECT_EQ(link.statements, sent) << failing;
-        }
+        RecordedLink link;
+        link.failAt = failing;
+        const auto error = errorOf([&] { engineAdapterFor(u"SQLite"_s)->execute(link, twoDeletes); });
+        ASSERT_TRUE(error) << failing;
+        EXPECT_EQ(error->description, u"statement %1 failed"_s.arg(failing));
+        EXPECT_FALSE(error->connectionLost);
+        auto sent = wanted.first(failing + 1);
+        if (failing > 0)
+            sent << u"rollback"_s;
+        EXPECT_EQ(link.statements, sent) << failing;
+    }
+}
+
+TEST(EmbeddedAdapter, ATransactionThatCanNotBeTakenBackLosesTheConnection) {
+    for (const auto& [native, lost] : {std::pair{1.0, false}, {10.0, true}, {5.0, true}}) {
+        RecordedLink link;
+        link.failAt = 3;
+        link.failures.insert(u"rollback"_s, {native, u"rollback failed"_s});
+        const auto error = errorOf([&] { engineAdapterFor(u"SQLite"_s)->execute(link, twoDeletes); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->description, u"statement 3 failed"_s);
+        EXPECT_EQ(error->connectionLost, lost) << native;
     }
 }
 
