@@ -43,7 +43,8 @@ script() {
 # The tables of every file, in the current folder.
 tables() {
     for name in $files; do
-        sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$name.db" 'pragma journal_mode = wal;' >/dev/null ||
+        sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$name.db" 'pragma journal_mode = wal;' \
+            >/dev/null ||
             fail "$name.db can't be opened"
     done
     script kelvane.db embedded/10_accounts.sql
@@ -60,7 +61,8 @@ tables() {
 
 demonstration() {
     for path in "$here"/demo/*.sql; do
-        script kelvane.db "demo/${path##*/}" -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;"
+        script kelvane.db "demo/${path##*/}" \
+            -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;"
     done
 }
 
