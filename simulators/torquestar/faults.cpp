@@ -79,7 +79,7 @@ int numberOf(const QString& digits, int low, int high, const QString& fault) {
 }
 
 QByteArray bytesOf(const QString& digits, const QString& fault) {
-    const QByteArray bytes = QByteArray::fromHex(digits.toLatin1());
+    QByteArray bytes = QByteArray::fromHex(digits.toLatin1());
     if (bytes.isEmpty() || QString::fromLatin1(bytes.toHex()) != digits.toLower())
         throw Failure(u"The fault \"%1\" needs bytes in pairs of hexadecimal digits."_s.arg(fault));
     return bytes;

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
+#include <QTime>
 
 #include <algorithm>
 #include <cmath>
@@ -85,7 +86,7 @@ struct Place {
 }
 
 QJsonValue valueOf(const Place& place, const QString& key, QJsonValue::Type type) {
-    const QJsonValue value = place.object[key];
+    QJsonValue value = place.object[key];
     if (value.type() != type)
         complain(place.words, value.isUndefined() ? u"\"%1\" is missing"_s.arg(key)
                                                   : u"\"%1\" is of the wrong kind"_s.arg(key));
@@ -158,7 +159,7 @@ Result resultFrom(const Place& place) {
 }
 
 QString nameAt(const Place& place, QSet<QString>& taken) {
-    const QString name = textAt(place, u"name"_s);
+    QString name = textAt(place, u"name"_s);
     if (name.isEmpty() || name.size() > longestName)
         complain(place.words, u"a name has 1 to %1 characters"_s.arg(longestName));
     if (taken.contains(name))

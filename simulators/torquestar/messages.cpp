@@ -24,7 +24,7 @@ constexpr int roundNameInvalid = 2;
 constexpr int sampleModeInvalid = 3;
 constexpr int countInvalid = 4;
 
-QByteArray withCode(QByteArray reply, int code) {
+QByteArray withCode(const QByteArray& reply, int code) {
     return reply + static_cast<char>(code);
 }
 

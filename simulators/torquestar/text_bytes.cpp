@@ -1,5 +1,7 @@
 #include "simulators/torquestar/text_bytes.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 #include <iterator>
