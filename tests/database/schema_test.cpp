@@ -258,6 +258,18 @@ TEST_F(Schema, LookupsOfARowGoThroughAnIndex) {
     }
 }
 
+TEST_F(Schema, AnInstrumentsParametersAreFoundBeforeAllPointsAreJoinedToThem) {
+    const auto plan = rowsOf(
+        *connection,
+        u"explain query plan select repetitions from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points,MT.inventory "
+        "where i4201='TW-101' and MT.inventory.mtag=mt.hvm_kv_tag_config.mtag"_s,
+        4);
+    ASSERT_EQ(plan.size(), 3);
+    EXPECT_TRUE(plan[0].contains(u"SEARCH"_s)) << plan[0].toStdString();
+    EXPECT_TRUE(plan[1].contains(u"SEARCH"_s)) << plan[1].toStdString();
+    EXPECT_TRUE(plan[2].contains(u"hvm_kv_proc_points"_s)) << plan[2].toStdString();
+}
+
 TEST_F(Calibrations, ANewRecordGetsItsNumberAndIsTheCurrentOne) {
     const auto before = current(u"mt"_s, u"1301"_s);
     ASSERT_EQ(before.size(), 1);
