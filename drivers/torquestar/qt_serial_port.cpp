@@ -21,6 +21,9 @@ namespace {
 constexpr int greatestPort = 4;
 /// How long a look waits for the line, in milliseconds.
 constexpr int lookTime = 20;
+/// So much may wait for a reader between two exchanges; a device that talks on and on must not fill the
+/// memory.
+constexpr qint64 mostWaiting = 1 << 20;
 /// How long sending waits for a line that takes nothing, in milliseconds.
 constexpr int sendTime = 2000;
 
@@ -30,9 +33,15 @@ QSerialPort::Parity parityOf(char letter) {
     return letter == 'O' ? QSerialPort::OddParity : QSerialPort::NoParity;
 }
 
+/// The device itself where a link names it, so that its lock is the same under every name.
+QString followed(const QString& device) {
+    const auto target = QFileInfo(device).canonicalFilePath();
+    return target.isEmpty() ? device : target;
+}
+
 /// A pseudo terminal carries plain bytes: it refuses every parity and every number of data bits but 8.
 bool isPseudoTerminal(const QString& device) {
-    return QFileInfo(device).canonicalFilePath().startsWith(u"/dev/pts/");
+    return device.startsWith(u"/dev/pts/");
 }
 
 /// Closing puts the device's former settings back at once, so what was sent has to be gone by then.
@@ -47,7 +56,16 @@ void drain(const QSerialPort& port) {
 } // namespace
 
 QtSerialPort::QtSerialPort(const SettingsStore& settings)
-    : settings_(settings), port_(std::make_unique<QSerialPort>()) {}
+    : settings_(settings), port_(std::make_unique<QSerialPort>()) {
+    // Between two exchanges the port stays open, and nobody looks at it but the event loop.
+    QObject::connect(
+        port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { closeWhenFailed(); },
+        Qt::QueuedConnection);
+    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] {
+        if (port_->bytesAvailable() > mostWaiting)
+            port_->readAll();
+    });
+}
 
 QtSerialPort::~QtSerialPort() {
     close();
@@ -118,7 +136,7 @@ QString QtSerialPort::device() const {
 void QtSerialPort::open() {
     if (port_->isOpen())
         throw makeError(ErrorNumber::pathFileAccess);
-    const auto name = device();
+    const auto name = followed(device());
     const bool plain = isPseudoTerminal(name);
     port_->setPortName(name);
     port_->setBaudRate(line_.baud);

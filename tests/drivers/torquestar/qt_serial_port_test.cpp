@@ -1,86 +1,15 @@
-#include "drivers/torquestar/protocol.h"
-#include "drivers/torquestar/qt_serial_port.h"
 #include "platform/error.h"
-#include "resources/strings.h"
-#include "tests/drivers/torquestar/line_peer.h"
-#include "tests/drivers/torquestar/pseudo_terminal.h"
-#include "tests/support/fixtures.h"
+#include "tests/drivers/torquestar/real_port.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 
 #include <algorithm>
-#include <ctime>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
-
-using namespace ModuleTSInterface;
-
-namespace {
-
-/// Counts the looks at the real port.
-class CountingPort final : public SerialPort {
-  public:
-    explicit CountingPort(SerialPort& port) : port_(port) {}
-    bool portOpen() const override { return port_.portOpen(); }
-    void setPortOpen(bool open) override { port_.setPortOpen(open); }
-    void setCommPort(int number) override { port_.setCommPort(number); }
-    void setSettings(const QString& settings) override { port_.setSettings(settings); }
-    int inBufferCount() override {
-        ++looks;
-        return port_.inBufferCount();
-    }
-    QByteArray input() override {
-        ++looks;
-        return port_.input();
-    }
-    void output(const QByteArray& bytes) override { port_.output(bytes); }
-
-    int looks = 0;
-
-  private:
-    SerialPort& port_;
-};
-
-/// A clock on which a second lasts 20 ms, so that real time-outs are short.
-class HastyClock final : public Clock {
-  public:
-    HastyClock() { sinceStart_.start(); }
-    QDateTime now() const override { return start_.addSecs(sinceStart_.elapsed() / 20); }
-
-  private:
-    QDateTime start_{QDate(2026, 3, 18), QTime(9, 30)};
-    QElapsedTimer sinceStart_;
-};
-
-double processorSeconds() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
-} // namespace
-
-class RealPort : public RecordedSession {
-  protected:
-    RealPort() { settings.setValue(u"Ports"_s, u"COM1"_s, line.device()); }
-
-    void open() {
-        port.setSettings(u"9600,N,8,1"_s);
-        port.setPortOpen(true);
-    }
-
-    /// All that comes, up to so many bytes.
-    QByteArray receive(qsizetype count) {
-        QByteArray bytes;
-        for (int i = 0; i < 500 && bytes.size() < count; ++i)
-            bytes += port.input();
-        return bytes;
-    }
-
-    PseudoTerminal line;
-    QtSerialPort port{settings};
-};
 
 TEST_F(RealPort, CarriesEveryByteBothWays) {
     QByteArray all;
@@ -180,6 +109,11 @@ TEST_F(RealPort, ADeviceMayBeNamedByALink) {
     settings.setValue(u"Ports"_s, u"COM1"_s, link);
     port.setSettings(u"9600,E,7,1"_s);
     EXPECT_NO_THROW(port.setPortOpen(true));
+
+    // It is busy under its own name too.
+    settings.setValue(u"Ports"_s, u"COM1"_s, line.device());
+    QtSerialPort other(settings);
+    EXPECT_THROW(other.setPortOpen(true), Error);
 }
 
 TEST_F(RealPort, APortThatIsMissingBusyOrNoPortIsNotOpened) {
@@ -245,160 +179,37 @@ TEST_F(RealPort, AVanishedLineClosesAndWhatIsSentGoesNowhere) {
     port.setPortOpen(false);
 }
 
+TEST_F(RealPort, ALineThatVanishesBetweenTwoExchangesClosesWithoutBurningACore) {
+    open();
+    line.vanish();
+    const double before = processorSeconds();
+    for (int i = 0; i < 500 && port.portOpen(); ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    EXPECT_FALSE(port.portOpen());
+    for (int i = 0; i < 20; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    EXPECT_LT(processorSeconds() - before, 0.3);
+}
+
+TEST_F(RealPort, ALineThatTalksOnBetweenTwoExchangesDoesNotFillTheMemory) {
+    open();
+    const QByteArray talk(4000, 'x');
+    for (int i = 0; i < 600; ++i) {
+        line.write(talk);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_LE(port.inBufferCount(), (1 << 20) + 4096);
+    port.setPortOpen(false);
+    open();
+    EXPECT_EQ(port.inBufferCount(), 0);
+}
+
 TEST_F(RealPort, ALineThatTakesNothingDoesNotHoldTheProgram) {
     open();
     QElapsedTimer passed;
     passed.start();
     port.output(QByteArray(1000000, 'x'));
     EXPECT_LT(passed.elapsed(), 10000);
-}
-
-/// The whole way: the protocol over the real port, with seconds of 20 ms.
-class ExchangeOnALine : public RealPort {
-  protected:
-    ExchangeOnALine() {
-        peer.reply = [](const QByteArray& body) { return 't' + body.sliced(1) + "\x10\x02\xFFreply"; };
-    }
-
-    ~ExchangeOnALine() override { line.rest(); }
-
-    void serve() {
-        line.serve([this](const QByteArray& bytes) { return peer.take(bytes); });
-    }
-    QByteArray exchange() { return ProcessMessageProtocol(driver, "T0A"); }
-
-    const QByteArray good = "t0A\x10\x02\xFFreply";
-    LinePeer peer;
-    HastyClock hasty;
-    Session quick{Workstation{ui, hasty, settings}, {}};
-    CountingPort counted{port};
-    TorqueStar driver{quick, counted};
-};
-
-TEST_F(ExchangeOnALine, ReopensThePortForEachExchange) {
-    serve();
-    for (int i = 0; i < 20; ++i) {
-        EXPECT_EQ(exchange(), good);
-        EXPECT_EQ(driver.TSError, QString());
-    }
-    line.rest();
-    EXPECT_EQ(peer.heard, QList<QByteArray>(20, "T0A"));
-}
-
-TEST_F(ExchangeOnALine, AddsNoDelayOfItsOwn) {
-    serve();
-    qint64 quickest = 1000;
-    for (int i = 0; i < 20; ++i) {
-        QElapsedTimer passed;
-        passed.start();
-        EXPECT_EQ(exchange(), good);
-        quickest = std::min(quickest, passed.elapsed());
-    }
-    // Three waits of a polling port would be 60 ms.
-    EXPECT_LT(quickest, 20);
-}
-
-TEST_F(ExchangeOnALine, AReplyInSingleBytesIsPutTogether) {
-    line.serve([this](const QByteArray& bytes) {
-        const auto answer = peer.take(bytes);
-        for (const char one : answer) {
-            line.write(QByteArray(1, one));
-            std::this_thread::yield();
-        }
-        return QByteArray();
-    });
-    EXPECT_EQ(exchange(), good);
-}
-
-TEST_F(ExchangeOnALine, ALineThatBabblesIsDiscardedWhenThePortOpens) {
-    line.write("old noise");
-    serve();
-    EXPECT_EQ(exchange(), good);
-}
-
-TEST_F(ExchangeOnALine, ABadReplyFails) {
-    peer.fault = [](QByteArray frame) {
-        frame[1] = 'X';
-        return frame;
-    };
-    serve();
-    EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1047) + u"\r\n"_s + text(1052));
-    EXPECT_FALSE(port.portOpen());
-}
-
-TEST_F(ExchangeOnALine, ASilentLineIsPolledSeldom) {
-    ui.expectBox(text(1047) + u"\r\n"_s + text(1048), text(105),
-                 {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, BoxAnswer::abort);
-    QElapsedTimer passed;
-    passed.start();
-    EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_LE(counted.looks, passed.elapsed() / 15 + 1);
-}
-
-TEST_F(ExchangeOnALine, EndlessNoiseEndsInTheTimeout) {
-    std::atomic<bool> called = false;
-    peer.fault = [&](const QByteArray&) {
-        called = true;
-        return QByteArray();
-    };
-    serve();
-    std::atomic<bool> over = false;
-    std::thread babbler([&] {
-        while (!over) {
-            if (called)
-                line.write(QByteArray(500, '\x55'));
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
-    });
-    EXPECT_EQ(exchange(), QByteArray());
-    over = true;
-    babbler.join();
-    EXPECT_EQ(driver.TSError, text(1051));
-}
-
-TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) {
-    // Instead of answering the link start, the frame, the call for the reply.
-    const QStringList failures{text(1047) + u"\r\n"_s + text(1048), text(1051), text(1051)};
-    for (int answered = 0; answered < 3; ++answered) {
-        PseudoTerminal own;
-        LinePeer far;
-        far.reply = peer.reply;
-        int taken = 0;
-        own.serve([&](const QByteArray& bytes) {
-            if (taken++ < answered)
-                return far.take(bytes);
-            own.vanish();
-            return QByteArray();
-        });
-        settings.setValue(u"Ports"_s, u"COM1"_s, own.device());
-        if (answered == 0)
-            ui.expectBox(failures[0], text(105), {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
-                         BoxAnswer::abort);
-        counted.looks = 0;
-        QElapsedTimer passed;
-        passed.start();
-        const double before = processorSeconds();
-        EXPECT_EQ(exchange(), QByteArray());
-        EXPECT_EQ(driver.TSError, failures[answered]);
-        EXPECT_LT(processorSeconds() - before, 0.3) << answered;
-        EXPECT_LE(counted.looks, passed.elapsed() / 15 + 10);
-        EXPECT_FALSE(port.portOpen());
-        own.rest();
-    }
-}
-
-TEST_F(ExchangeOnALine, AnUnusablePortIsToldInOneText) {
-    settings.setValue(u"Ports"_s, u"COM1"_s, u"/dev/no such port"_s);
-    EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1046));
-
-    settings.setValue(u"Ports"_s, u"COM1"_s, line.device());
-    QtSerialPort other(settings);
-    other.setPortOpen(true);
-    driver.TSError.clear();
-    EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1046));
 }
 
 } // namespace kelvane::testing

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "resources/strings.h"
+#include "tests/drivers/torquestar/torque_shop.h"
+#include "workflow/download_list.h"
+
+namespace kelvane::testing {
+
+/// The screen as its routines see it; `events` tells what they did to it.
+class ScriptedScreen final : public DownloadListScreen {
+  public:
+    QString calibrator() const override { return name; }
+    QStringList rows() const override { return list; }
+    void addRow(const QString& asset) override { list << asset; }
+    void removeRow(int row) override { list.removeAt(row); }
+    void emptyEntry() override { events << QStringLiteral("empty"); }
+    void focusEntry() override { events << QStringLiteral("focus"); }
+    void closeScreen() override { events << QStringLiteral("close"); }
+
+    QString name = QStringLiteral("Crane TorqueStar IVc");
+    QStringList list;
+    QStringList events;
+};
+
+inline const QStringList ended{QStringLiteral("empty"), QStringLiteral("focus")};
+inline const QString title = QStringLiteral("Download Procedures To Calibrator");
+inline const QString incomplete = QStringLiteral(
+    "This instrument does not have complete configuration data! Either the calibration parameters for this "
+    "instrument have not yet been set, or the test strategy has not been set or has been removed.");
+inline const QString standardRequired = QStringLiteral("External Standard Required");
+
+class DownloadList : public TorqueShop {
+  protected:
+    DownloadList() {
+        addWrenches(QStringLiteral("unused"), 3);
+        addStandard(QStringLiteral("X-1"));
+        addStandard(QStringLiteral("X-2"));
+    }
+
+    void add(const QString& entry) {
+        script.statements.clear();
+        screen.events.clear();
+        addToDownloadList(calibrators, screen, entry);
+    }
+
+    /// A transducer that may be used for all wrenches.
+    void addStandard(const QString& standard) {
+        addInstrument(standard, u'K' + standard, transducer());
+        for (const auto& asset : {QStringLiteral("W-1"), QStringLiteral("W-2"), QStringLiteral("W-3")})
+            qualify(standard, asset);
+    }
+
+    void qualify(const QString& standard, const QString& asset, const QString& dueDate = {},
+                 const QString& distance = QStringLiteral("1")) {
+        script.answers.insert(selectQualification(standard, asset),
+                              {{QStringLiteral("A"),
+                                dueDate.isEmpty() ? std::optional<QString>() : dueDate,
+                                {},
+                                QStringLiteral("B"),
+                                QStringLiteral("N"),
+                                QStringLiteral("N")}});
+        script.answers.insert(
+            QStringLiteral("select sum(locate(tracecodes,(select i4209 from MT.inventory where i4201 = '") +
+                asset +
+                QStringLiteral("')) - locate(tracecodes,(select i4209 from MT.inventory where i4201 = '") +
+                standard + QStringLiteral("')) - trace_delta) from mt.dbconfig"),
+            {{distance}});
+    }
+
+    static QString selectQualification(const QString& standard, const QString& asset) {
+        return QStringLiteral("select i4209,(select c2303 from MT.calibration where c2339 = 1 and "
+                              "MT.calibration.mtag = MT.inventory.mtag),(select c2334 from MT.calibration "
+                              "where c2339 = 1 and MT.calibration.mtag = MT.inventory.mtag),(select i4209 "
+                              "trace from MT.inventory where i4201 = '") +
+               asset +
+               QStringLiteral(
+                   "'),(select allow_ooc_stds from mt.hvm_kv_sysconfig),(select allow_poor_trace_stds from "
+                   "mt.hvm_kv_sysconfig) from MT.inventory where i4201 = '") +
+               standard + u'\'';
+    }
+
+    static QString selectLast(const QString& asset) {
+        return QStringLiteral("select i4201 from MT.inventory where mtag = (select standard_mtag from "
+                              "mt.hvm_kv_last_standards_used where mtag = ") +
+               mtagOf(asset) + u')';
+    }
+    static QString freeStandards(const QString& asset) {
+        return QStringLiteral("delete from mt.hvm_kv_task_standards_inuse where mtag = ") + mtagOf(asset) +
+               QStringLiteral(";commit");
+    }
+    static QString forgetLast(const QString& asset) {
+        return QStringLiteral("delete from mt.hvm_kv_last_standards_used where mtag = ") + mtagOf(asset) +
+               QStringLiteral(";commit");
+    }
+    static QString useStandard(const QString& standard, const QString& asset) {
+        return QStringLiteral(
+                   "insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values (") +
+               mtagOf(standard) + QStringLiteral(",now(*),") + mtagOf(asset) + QStringLiteral(");commit");
+    }
+    static QString rememberLast(const QString& standard, const QString& asset) {
+        return QStringLiteral(
+                   "insert into mt.hvm_kv_last_standards_used (standard_mtag,entered_date,mtag) values (") +
+               mtagOf(standard) + QStringLiteral(",now(*),") + mtagOf(asset) + QStringLiteral(");commit");
+    }
+
+    void expectQuestion(const QString& asset, const QString& answer, bool required = true,
+                        const QString& proposal = QString()) {
+        ui.expectDialog(asset + QStringLiteral(": External Standard Required"),
+                        QStringLiteral("Standard to be used for this calibration:"), answer,
+                        [=](const DialogQuestion& q) {
+                            EXPECT_EQ(q.required, required) << asset.toStdString();
+                            EXPECT_EQ(q.defaultText, proposal) << asset.toStdString();
+                            EXPECT_FALSE(q.fromList);
+                            EXPECT_EQ(q.maxLength, 60);
+                            EXPECT_EQ(q.fieldType, 0);
+                        });
+    }
+    void expectWarning(const QString& message, const QString& heading = title) {
+        ui.expectBox(message, heading, box::warning);
+    }
+
+    ScriptedScreen screen;
+    Calibrators calibrators{session, {session, port}};
+};
+
+} // namespace kelvane::testing
