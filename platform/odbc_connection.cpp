@@ -73,21 +73,23 @@ QStringList odbcDataSources() {
     SQLHENV environment = nullptr;
     if (SQLAllocEnv(&environment) != SQL_SUCCESS)
         return names;
-    std::array<SQLWCHAR, 32> name;
-    std::array<SQLWCHAR, 255> description;
+    // The narrow function: the wide one takes each byte of a name for a character of its own.
+    std::array<char, 32> name;
+    std::array<char, 255> description;
     SQLUSMALLINT direction = SQL_FETCH_FIRST;
     while (true) {
-        name.fill(u' ');
-        description.fill(u' ');
+        name.fill(' ');
+        description.fill(' ');
         SQLSMALLINT nameLength = 0;
         SQLSMALLINT descriptionLength = 0;
-        const auto outcome = SQLDataSourcesW(
-            environment, direction, name.data(), static_cast<SQLSMALLINT>(name.size()), &nameLength,
-            description.data(), static_cast<SQLSMALLINT>(description.size()), &descriptionLength);
+        const auto outcome = SQLDataSources(environment, direction, reinterpret_cast<SQLCHAR*>(name.data()),
+                                            static_cast<SQLSMALLINT>(name.size()), &nameLength,
+                                            reinterpret_cast<SQLCHAR*>(description.data()),
+                                            static_cast<SQLSMALLINT>(description.size()), &descriptionLength);
         if (outcome != SQL_SUCCESS && outcome != SQL_SUCCESS_WITH_INFO)
             break;
         const auto length = std::clamp<qsizetype>(nameLength, 0, name.size() - 1);
-        names << QString(reinterpret_cast<const QChar*>(name.data()), length);
+        names << QString::fromLocal8Bit(name.data(), length);
         direction = SQL_FETCH_NEXT;
     }
     SQLFreeEnv(environment);

@@ -4,7 +4,7 @@
 #include "resources/strings.h"
 
 #include <array>
-#include <limits>
+#include <bit>
 #include <utility>
 #include <vector>
 
@@ -18,7 +18,7 @@ namespace {
 constexpr SQLULEN loginSeconds = 15;
 
 SQLPOINTER attribute(SQLULEN value) {
-    return reinterpret_cast<SQLPOINTER>(value);
+    return std::bit_cast<SQLPOINTER>(value);
 }
 
 } // namespace
@@ -39,7 +39,7 @@ class OdbcSession : public std::enable_shared_from_this<OdbcSession> {
     OdbcSession(const OdbcSession&) = delete;
     OdbcSession& operator=(const OdbcSession&) = delete;
 
-    void connect(const QString& connectionString);
+    void connect(const QString& dataSource, const QString& login);
     void close();
     QString dbmsName() const;
 
@@ -100,15 +100,11 @@ class OdbcRows final : public RecordSet {
     std::optional<QString> lastValue_;
 };
 
-void OdbcSession::connect(const QString& connectionString) {
+void OdbcSession::connect(const QString& dataSource, const QString& login) {
     if (connection_ == nullptr)
         throw lastError(SQL_HANDLE_ENV, environment_, textKind);
-    if (connectionString.size() > std::numeric_limits<SQLSMALLINT>::max())
-        throw makeError(ErrorNumber::invalidArgument);
     SQLSetConnectAttrW(connection_, SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), 0);
-    if (!SQL_SUCCEEDED(SQLDriverConnectW(connection_, nullptr, wideText(connectionString),
-                                         static_cast<SQLSMALLINT>(connectionString.size()), nullptr, 0,
-                                         nullptr, SQL_DRIVER_NOPROMPT)))
+    if (!SQL_SUCCEEDED(connectText(connection_, dataSource, login)))
         throw lastError(SQL_HANDLE_DBC, connection_, textKind);
     connected_ = true;
     textKind = driverTextOf(connection_);
@@ -247,8 +243,8 @@ QString bracedValue(const QString& value) {
 OdbcLink::OdbcLink(const QString& connectionString, const QString& user, const QString& password)
     : session_(std::make_shared<OdbcSession>()) {
     try {
-        session_->connect(connectionString + u";UID="_s + bracedValue(user) + u";PWD="_s +
-                          bracedValue(password));
+        session_->connect(connectionString,
+                          u";UID="_s + bracedValue(user) + u";PWD="_s + bracedValue(password));
     } catch (Error& error) {
         error.description = text(1080).arg(connectionString, error.description);
         throw;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +102,24 @@ std::optional<Error> message(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLI
 
 SQLWCHAR* wideText(const QString& text) {
     return const_cast<SQLWCHAR*>(reinterpret_cast<const SQLWCHAR*>(text.utf16()));
+}
+
+SQLRETURN connectText(SQLHDBC connection, const QString& dataSource, const QString& login) {
+    const auto whole = dataSource + login;
+    if (whole.size() > std::numeric_limits<SQLSMALLINT>::max() / 4) // as UTF-8, at the most
+        throw makeError(ErrorNumber::invalidArgument);
+#ifndef Q_OS_WIN
+    // This driver manager finds a data source by the bytes of its name, and cuts the characters of a wide one
+    // to their low bytes.
+    if (std::any_of(dataSource.begin(), dataSource.end(), [](QChar one) { return one > u'~'; })) {
+        auto bytes = whole.toLocal8Bit();
+        return SQLDriverConnect(connection, nullptr, reinterpret_cast<SQLCHAR*>(bytes.data()),
+                                static_cast<SQLSMALLINT>(bytes.size()), nullptr, 0, nullptr,
+                                SQL_DRIVER_NOPROMPT);
+    }
+#endif
+    return SQLDriverConnectW(connection, nullptr, wideText(whole), static_cast<SQLSMALLINT>(whole.size()),
+                             nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
 }
 
 DriverText driverTextOf(SQLHDBC connection) {

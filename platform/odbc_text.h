@@ -22,6 +22,9 @@ enum class DriverText {
     utf8,
 };
 
+/// Connects by the parts of a connection string, without a prompt. Error 5 for one that is too long.
+SQLRETURN connectText(SQLHDBC connection, const QString& dataSource, const QString& login);
+
 /// What the driver of an open connection takes: `wide`, unless such a text does not come back from it whole.
 /// Throws when the driver doesn't answer.
 DriverText driverTextOf(SQLHDBC connection);
