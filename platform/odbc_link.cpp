@@ -27,7 +27,7 @@ class OdbcRows;
 
 /// The handles of one connection. Record sets share it, so that it stays until the last of them is gone; the
 /// connection itself ends with `close`.
-class OdbcSession : public std::enable_shared_from_this<OdbcSession> {
+class OdbcSession {
   public:
     OdbcSession() {
         SQLAllocHandle(SQL_HANDLE_ENV, nullptr, &environment_);
