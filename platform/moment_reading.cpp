@@ -1,5 +1,6 @@
-#include "platform/error.h"
 #include "platform/moments.h"
+
+#include "platform/error.h"
 
 #include <array>
 
