@@ -1,7 +1,7 @@
 #include "data/cal_record.h"
 #include "data/field_dictionary.h"
 #include "resources/strings.h"
-#include "tests/support/demo_session.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +11,7 @@ using namespace ModuleGlobals;
 
 /// Records made in the demonstration database, where a pass empties two inventory fields and a failure keeps
 /// them.
-class RecordOnDatabase : public DemoSession {
+class RecordOnDatabase : public DatabaseSession {
   protected:
     RecordOnDatabase() { session.BCalP = true; }
 
