@@ -1,7 +1,7 @@
 // The connection against plain ODBC calls that do the same, both in one run, in turns. Usage:
 // bench_connection [COUNT]
 
-#include "bench/plain_odbc.h"
+#include "benchmarks/plain_odbc.h"
 #include "platform/odbc_connection.h"
 #include "tests/support/embedded_database.h"
 

@@ -1,6 +1,6 @@
-#include "bench/torque_site.h"
+#include "benchmarks/torque_site.h"
 
-#include "bench/plain_odbc.h"
+#include "benchmarks/plain_odbc.h"
 #include "data/start_up.h"
 #include "platform/engine_adapter.h"
 #include "platform/odbc_connection.h"

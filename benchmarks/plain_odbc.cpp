@@ -1,4 +1,4 @@
-#include "bench/plain_odbc.h"
+#include "benchmarks/plain_odbc.h"
 
 #include <array>
 #include <cstdio>

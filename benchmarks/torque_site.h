@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bench/quiet_operator.h"
-#include "bench/watched.h"
+#include "benchmarks/quiet_operator.h"
+#include "benchmarks/watched.h"
 #include "data/session.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/settings_store.h"

@@ -2,7 +2,7 @@
 // nine numbers with std::snprintf, the standard library's ordinary way; std::to_chars, which only copies
 // digits into a buffer, is shown beside it.
 
-#include "bench/quiet_operator.h"
+#include "benchmarks/quiet_operator.h"
 #include "data/tolerances.h"
 #include "tests/support/fixtures.h"
 
