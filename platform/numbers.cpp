@@ -335,7 +335,9 @@ double viaText(float value) {
     if (!std::isfinite(value))
         return static_cast<double>(value);
     std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    // Without its scientific form a large number would be written with all its digits, not the shortest.
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
     double widened = 0;
     std::from_chars(text.data(), end, widened);
     return widened;

@@ -2,6 +2,9 @@
 #include "tests/platform/errors.h"
 #include "tests/support/fixtures.h"
 
+#include <QRandomGenerator>
+
+#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -241,6 +244,23 @@ TEST(PlainText, OfA32BitNumberIsTheShortestInItsOwnWidth) {
         EXPECT_EQ(plainText(row.value), row.text);
 }
 
+TEST(PlainText, IsReadBackToTheSameValueInEitherWidth) {
+    QRandomGenerator random(20260318);
+    for (int i = 0; i < 20000; ++i) {
+        const auto bits = random.generate64();
+        const auto wide = std::bit_cast<double>(bits);
+        if (std::isfinite(wide)) {
+            ASSERT_EQ(numericValue(plainText(wide)), wide) << plainText(wide).toStdString();
+            ASSERT_EQ(numberOf(plainText(wide)), wide) << plainText(wide).toStdString();
+        }
+        const auto narrow = std::bit_cast<float>(static_cast<quint32>(bits));
+        if (std::isfinite(narrow)) {
+            ASSERT_EQ(toReal(numericValue(plainText(narrow))), narrow) << plainText(narrow).toStdString();
+            ASSERT_EQ(viaText(narrow), numericValue(plainText(narrow))) << plainText(narrow).toStdString();
+        }
+    }
+}
+
 TEST(PlainText, OfAWholeNumber) {
     EXPECT_EQ(plainText(0), u"0"_s);
     EXPECT_EQ(plainText(-17), u"-17"_s);
@@ -361,6 +381,8 @@ TEST(Real, ByWayOfItsTextIsTheDoubleNearestToIt) {
     EXPECT_NE(viaText(0.1F), static_cast<double>(0.1F));
     EXPECT_EQ(viaText(-12.7F), -12.7);
     EXPECT_EQ(viaText(0.0F), 0.0);
+    EXPECT_EQ(viaText(264427312.0F), 264427310.0);
+    EXPECT_EQ(plainText(264427312.0F), u"264427310"_s);
     EXPECT_EQ(viaText(3.4028235E38F), 3.4028235E38);
     EXPECT_EQ(viaText(1E-45F), 1E-45);
 }
