@@ -20,7 +20,7 @@ void takeOneDay(Moment& due) {
 
 /// One pass over the days off and the holidays. Each row sees what the rows before it have left, so that a
 /// Sunday and a Saturday can both count within one pass.
-void moveBack(Routine& routine, const Session& session, Moment& due) {
+void moveBack(Routine& routine, Moment& due) {
     const auto daysOff = routine.select(u"select dayofweek from mt.nonworkdays"_s);
     while (daysOff->next()) {
         const auto day = notNull(daysOff->value(0));
@@ -30,7 +30,7 @@ void moveBack(Routine& routine, const Session& session, Moment& due) {
     const auto holidays = routine.select(u"select holiday from mt.holidays"_s);
     while (holidays->next()) {
         // A holiday is a midnight: it never equals a moment that has a time of day.
-        if (requireMoment(notNull(holidays->value(0)), session.SessionDateFormat) == due)
+        if (storedMoment(notNull(holidays->value(0))) == due)
             takeOneDay(due);
     }
 }
@@ -53,7 +53,7 @@ Moment calcDueDate(Session& session, const QString& asset, Moment& cal_date, flo
             int passes = 0;
             do {
                 before = due;
-                moveBack(routine, session, due);
+                moveBack(routine, due);
                 ++passes;
             } while (due != before && passes <= mostPasses);
         }

@@ -96,6 +96,19 @@ bool isNull(const QString& value) {
     return value.isEmpty() || value.compare("NULL"_L1, Qt::CaseInsensitive) == 0;
 }
 
+bool isDateOrTime(const QString& value, qint16 field_type) {
+    const FieldKind kind{field_type};
+    return !value.isEmpty() && (kind == FieldKind::date || kind == FieldKind::time);
+}
+
+/// The moment of a date or a time field in that form.
+QString momentText(const Moment& moment, qint16 field_type, const FieldForm& form) {
+    if (FieldKind{field_type} == FieldKind::date)
+        return formatMoment(dated(moment), form.date);
+    // The day plays no part in the time that is written.
+    return formatMoment({QDate(2000, 1, 1), moment.time}, form.time);
+}
+
 } // namespace
 
 FieldForm screenForm(const Session& session) {
@@ -103,22 +116,13 @@ FieldForm screenForm(const Session& session) {
 }
 
 Moment requireDate(const Session& session, const QString& value) {
-    const auto moment = requireMoment(value, session.SessionDateFormat);
-    if (!moment.date.isValid())
-        throw makeError(ErrorNumber::typeMismatch);
-    return moment;
+    return dated(requireMoment(value, session.SessionDateFormat));
 }
 
 QString fieldText(const Session& session, const QString& value, qint16 field_type, const FieldForm& form) {
-    const FieldKind kind{field_type};
-    if (value.isEmpty() || (kind != FieldKind::date && kind != FieldKind::time))
+    if (!isDateOrTime(value, field_type))
         return value;
-    if (kind == FieldKind::date)
-        return formatMoment(requireDate(session, value), form.date);
-    auto moment = requireMoment(value, session.SessionDateFormat);
-    // The day plays no part in the time that is written.
-    moment.date = QDate(2000, 1, 1);
-    return formatMoment(moment, form.time);
+    return momentText(requireMoment(value, session.SessionDateFormat), field_type, form);
 }
 
 qint16 FieldType(Session& session, const QString& column) {
@@ -147,9 +151,11 @@ QString SourceColumn(Session& session, const QString& column, const QString& ass
         if (!place)
             return;
         const QString name = place->prefix + column;
-        const auto value = routine.selectValue(selectColumn(session, *place, name, asset));
+        const auto value =
+            routine.selectValue(selectColumn(session, *place, name, asset)).value_or(QString());
         const auto type = FieldType(session, name);
-        result = fieldText(session, value.value_or(QString()), type, screenForm(session));
+        result =
+            isDateOrTime(value, type) ? momentText(storedMoment(value), type, screenForm(session)) : value;
     });
     return result;
 }

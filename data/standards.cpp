@@ -43,9 +43,7 @@ QString traceDistance(const Pair& pair) {
 
 /// Whether the due moment has come. Without a due time a standard expires at noon.
 bool isDue(const Session& session, const QString& date, const std::optional<QString>& time) {
-    const Moment due{storedMoment(date).date, storedMoment(time.value_or(u"12:00:00"_s)).time};
-    if (!due.date.isValid())
-        throw makeError(ErrorNumber::typeMismatch);
+    const Moment due{dated(storedMoment(date)).date, storedMoment(time.value_or(u"12:00:00"_s)).time};
     return minutesBetween(session.clock.moment(), due) <= 0;
 }
 

@@ -183,4 +183,10 @@ Moment requireMoment(QStringView text, QStringView sessionDateFormat) {
     return *moment;
 }
 
+Moment dated(const Moment& moment) {
+    if (!moment.date.isValid())
+        throw makeError(ErrorNumber::typeMismatch);
+    return moment;
+}
+
 } // namespace kelvane

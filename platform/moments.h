@@ -31,6 +31,9 @@ std::optional<Moment> momentOf(QStringView text, QStringView sessionDateFormat);
 /// The same, for a text that has to be one: error 13 otherwise.
 Moment requireMoment(QStringView text, QStringView sessionDateFormat);
 
+/// `moment`, when it has a date; error 13 for a time alone and for an empty moment.
+Moment dated(const Moment& moment);
+
 /// The short date form of the workstation: `sessionDateFormat`, or "MM/DD/YYYY" when that is empty, so that
 /// `momentOf` reads it back as the same date.
 QString shortDate(const QDate& date, QStringView sessionDateFormat);

@@ -109,8 +109,10 @@ TEST_F(DueDate, HolidaysInARowFireWithinOnePassWhenTheirOrderIsBackwards) {
 }
 
 TEST_F(DueDate, HolidayGivenAsATimestampOfMidnightCounts) {
-    holidays({u"2026-12-25 00:00:00"_s});
-    EXPECT_EQ(due(day(2026, 12, 25), 0, u"D"_s), day(2026, 12, 24));
+    for (const auto& holiday : {u"2026-12-25 00:00:00"_s, u"2026-12-25 00:00:00.000"_s}) {
+        holidays({holiday});
+        EXPECT_EQ(due(day(2026, 12, 25), 0, u"D"_s), day(2026, 12, 24)) << holiday.toStdString();
+    }
 }
 
 TEST_F(DueDate, EveryDayOffEndsBehindTheSixtyFirstPass) {

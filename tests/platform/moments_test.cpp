@@ -311,6 +311,12 @@ TEST(RequireMoment, OfATextThatIsNoneIsError13) {
     EXPECT_EQ(errorOf([] { requireMoment(u"", u""); }), 13);
 }
 
+TEST(Dated, IsAMomentWithADateOrError13) {
+    EXPECT_EQ(dated(at(2026, 3, 18, 9, 30)), at(2026, 3, 18, 9, 30));
+    EXPECT_EQ(errorOf([] { dated({{}, QTime(9, 30)}); }), 13);
+    EXPECT_EQ(errorOf([] { dated({}); }), 13);
+}
+
 TEST(AddInterval, AddsEveryUnitInAnyCase) {
     const auto start = at(2026, 3, 18, 9, 30, 15);
     static const struct {
