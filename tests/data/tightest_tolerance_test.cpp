@@ -125,6 +125,36 @@ TEST_F(TightestTolerance, TakesTheSmallestOverPointsAndSides) {
     }
 }
 
+TEST_F(TightestTolerance, IsExactToTheLastBitSinceEachTermIsDividedWhereItsRuleSays) {
+    // The figures were worked out apart from the program; any other order of a term or of the sum misses one.
+    const struct {
+        Instrument one;
+        QString point;
+        double of_full_scale;
+        double of_span;
+    } rows[] = {
+        {{u"250"_s, u"0.7"_s, {}, {u"0.1"_s, u"0.1"_s, u"0.2"_s, u"3"_s, u"0.7"_s}},
+         u"33.3"_s,
+         0.666693519204079,
+         0.6685655025794217},
+        {{u"87.3"_s, u"0.7"_s, {}, {u"0.7"_s, u"1.3"_s, u"1.3"_s, u"3"_s, u"0.3"_s}},
+         u"90"_s,
+         3.8479036680101713,
+         3.879006813812093},
+        {{u"250"_s, u"4"_s, {}, {u"1.1"_s, u"0.1"_s, u"0.15"_s, u"1"_s, u"0.7"_s}},
+         u"66.7"_s,
+         1.6192492245471475,
+         1.645578480230841},
+    };
+    for (const auto& row : rows) {
+        auto same = row.one;
+        same.negative = same.positive;
+        instrument(same, {row.point});
+        EXPECT_EQ(TranslateFSTestTolSingle(session, u"PT-1"_s), row.of_full_scale);
+        EXPECT_EQ(TranslateSpanTestTolSingle(session, u"PT-1"_s), row.of_span);
+    }
+}
+
 TEST_F(TightestTolerance, ResolutionCountsByWayOfItsText) {
     Side counts;
     counts.lsd = u"3"_s;
