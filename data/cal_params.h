@@ -73,9 +73,8 @@ qint16 GetTestPointList(Session& session, const QString& asset);
 /// both. With an empty `asset`: every message of the task package with the tag `task`, each once.
 qint16 GetPrompts(Session& session, const QString& asset, qint16 kind, const QString& task);
 
-/// "select test_point_pct …" of the strategy of an asset (which goes through `SQLSafe`), to be ended by the
-/// caller with
-/// "" or " order by test_point_seq asc".
+/// The statement that gives the percentages of an asset's strategy, without an order; the asset goes through
+/// `SQLSafe`.
 QString selectTestPointPct(const Session& session, const QString& asset);
 
 } // namespace ModuleGlobals

@@ -40,10 +40,9 @@ bool isExtended(const Session& session) {
 QString dictionaryQuery(bool extended) {
     if (extended)
         return u"select datacol,title,idefault,ireq,sreq,sdefault,scopy,dcopy,validation,datalen,tooltip "
-               u"from "
-               "mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or fldnum = "
-               "'2302' or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = '2307') order by "
-               "row,nextfld asc"_s;
+               "from mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or fldnum "
+               "= '2302' or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = '2307') order "
+               "by row,nextfld asc"_s;
     return u"select fldnum,title,idefault,ireq,sreq,sdefault,scopy,scopy blank,validation,datalen from "
            "mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or fldnum = '2302' "
            "or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = '2307') and fldnum not like "

@@ -5,7 +5,7 @@
 namespace kelvane {
 
 /// The one error that is thrown inside a routine. It never leaves a routine: the routine's guard
-/// (`platform/routine.h`) catches and reports it.
+/// (`data/routine.h`) catches and reports it.
 struct Error {
     double number = 0;
     QString description;
