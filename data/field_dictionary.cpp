@@ -5,8 +5,8 @@
 #include "platform/numbers.h"
 #include "platform/user_interface.h"
 
+#include <algorithm>
 #include <array>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 #include "data/routine.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
