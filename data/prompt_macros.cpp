@@ -22,8 +22,10 @@ struct Context {
     Session& session;
     const QString& asset;
     const CalParamRecord& params;
+    /// The same for all macros of a text, whatever the clock does meanwhile.
+    Moment present;
 
-    QDate today() const { return session.clock.moment().date; }
+    QDate today() const { return present.date; }
     QDate firstOfMonth() const { return {today().year(), today().month(), 1}; }
     QString dateText(const QDate& date) const {
         return formatMoment({date, QTime(0, 0)}, session.SessionDateFormat);
@@ -76,17 +78,17 @@ QDate firstOfNextMonth(const Context& context) {
 }
 
 QString passCalDate(const Context& context) {
-    Moment present{context.today(), QTime(0, 0)};
+    Moment today{context.today(), QTime(0, 0)};
     float interval = 0;
     QString unit = u"N"_s;
-    const auto due = calcDueDate(context.session, context.asset, present, interval, unit);
+    const auto due = calcDueDate(context.session, context.asset, today, interval, unit);
     return formatMoment(due, context.session.SessionDateFormat);
 }
 
 constexpr Macro generalMacros[] = {
     {u"U_NAM", [](const Context& c) { return c.session.SessionUser; }},
     {u"U_SEG", [](const Context& c) { return c.session.SessionOwner; }},
-    {u"NOW", [](const Context& c) { return formatMoment(c.session.clock.moment(), u"HH:NN:SS"); }},
+    {u"NOW", [](const Context& c) { return formatMoment(c.present, u"HH:NN:SS"); }},
     {u"TODAY", [](const Context& c) { return c.dateText(c.today()); }},
     {u"FIRSTDAYTHISMONTH", [](const Context& c) { return c.dateText(c.firstOfMonth()); }},
     {u"LASTDAYTHISMONTH",
@@ -195,7 +197,7 @@ QString UUTPromptTextPrepare(Session& session, const QString& text, const QStrin
     Routine routine(session, u"ModuleGlobals,UUTPromptTextPrepare"_s);
     routine.run([&] {
         const auto params = asset.isEmpty() ? CalParamRecord{} : GetCalParams(session, asset);
-        result = expanded(text, {session, asset, params});
+        result = expanded(text, {session, asset, params, session.clock.moment()});
     });
     return result;
 }

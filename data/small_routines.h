@@ -11,7 +11,7 @@ QString CleanDLLString(const QString& text);
 /// Marks the place where a prompt goes to a calibrator; the text stays unchanged.
 QString DPCsafePrompt(const QString& text);
 /// `length` random digits and capital letters, the tag of a task package. The generator is seeded from the
-/// clock.
+/// machine's clock in its finest step, so that two tags of one second differ.
 QString RandomString(Session& session, qint16 length);
 /// The sum of all code points and their positions, from 1. Order is not seen: an editor notices changes of
 /// content.

@@ -133,6 +133,13 @@ TEST_F(PromptMacros, InDecemberTheNextMonthBeginsInJanuaryOfTheYearThatEnds) {
     EXPECT_EQ(expand(u"$FIRSTDAYLASTMONTH$"_s), u"11/01/2026"_s);
 }
 
+TEST_F(PromptMacros, AllMacrosOfATextSeeTheSameMoment) {
+    clock.set(2026, 12, 31, 23, 59, 59);
+    clock.tick = 1;
+    EXPECT_EQ(expand(u"$NOW$ $TODAY$ $NOW$ $FIRSTDAYTHISMONTH$ $LASTDAYLASTMONTH$"_s, noAsset),
+              u"23:59:59 12/31/2026 23:59:59 12/01/2026 11/30/2026"_s);
+}
+
 TEST_F(PromptMacros, DatesAreBuiltFromTheirPartsWhateverTheOrderOfDayAndMonth) {
     session.SessionDateFormat = u"DD/MM/YYYY"_s;
     EXPECT_EQ(expand(u"$FIRSTDAYTHISMONTH$ $FIRSTDAYNEXTMONTH$"_s, noAsset), u"01/03/2026 01/04/2026"_s);
