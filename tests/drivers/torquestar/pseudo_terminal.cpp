@@ -24,6 +24,7 @@ PseudoTerminal::PseudoTerminal() {
 PseudoTerminal::~PseudoTerminal() {
     rest();
     vanish();
+    ::close(near_);
 }
 
 void PseudoTerminal::write(const QByteArray& bytes) const {
@@ -70,11 +71,10 @@ void PseudoTerminal::rest() {
 }
 
 void PseudoTerminal::vanish() {
-    for (int* end : {&near_, &far_}) {
-        if (*end >= 0)
-            ::close(*end);
-        *end = -1;
-    }
+    // The near end stays open: it keeps the device's number from being given to another test meanwhile.
+    if (far_ >= 0)
+        ::close(far_);
+    far_ = -1;
 }
 
 } // namespace kelvane::testing
