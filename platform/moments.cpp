@@ -12,9 +12,11 @@ namespace kelvane {
 
 namespace {
 
-constexpr int firstYear = 100;
-constexpr int lastYear = 9999;
-constexpr qint64 secondsOfDay = 24 * 60 * 60;
+constexpr qint64 firstYear = 100;
+constexpr qint64 lastYear = 9999;
+constexpr qint64 secondsOfMinute = 60;
+constexpr qint64 secondsOfHour = 60 * secondsOfMinute;
+constexpr qint64 secondsOfDay = 24 * secondsOfHour;
 
 constexpr QStringView dayNames[] = {u"Monday", u"Tuesday",  u"Wednesday", u"Thursday",
                                     u"Friday", u"Saturday", u"Sunday"};
@@ -40,13 +42,6 @@ constexpr FormatCode formatCodes[] = {
 
 QTime orMidnight(const QTime& time) {
     return time.isValid() ? time : QTime(0, 0);
-}
-
-std::optional<QDate> dateOf(int year, int month, int day) {
-    const QDate date(year, month, day);
-    if (year < firstYear || year > lastYear || !date.isValid())
-        return {};
-    return date;
 }
 
 } // namespace
@@ -91,8 +86,8 @@ constexpr Interval intervals[] = {
     {"d"_L1, 0, secondsOfDay},
     {"w"_L1, 0, secondsOfDay},
     {"ww"_L1, 0, 7 * secondsOfDay},
-    {"h"_L1, 0, 60 * 60},
-    {"n"_L1, 0, 60},
+    {"h"_L1, 0, secondsOfHour},
+    {"n"_L1, 0, secondsOfMinute},
     {"s"_L1, 0, 1},
 };
 
@@ -100,13 +95,14 @@ qint64 floored(qint64 value, qint64 by) {
     return value / by - (value % by < 0 ? 1 : 0);
 }
 
-std::optional<QDate> addMonths(const QDate& date, qint64 count) {
-    const qint64 months = date.year() * 12 + date.month() - 1 + count;
+/// Nothing valid when the result lies outside the calendar.
+QDate addMonths(const QDate& date, qint64 count) {
+    const qint64 months = qint64{date.year()} * 12 + date.month() - 1 + count;
     if (months < firstYear * 12 || months >= (lastYear + 1) * 12)
         return {};
     const int year = static_cast<int>(months / 12);
     const int month = static_cast<int>(months % 12) + 1;
-    return dateOf(year, month, std::min(date.day(), QDate(year, month, 1).daysInMonth()));
+    return {year, month, std::min(date.day(), QDate(year, month, 1).daysInMonth())};
 }
 
 } // namespace
@@ -126,8 +122,7 @@ Moment addInterval(const QString& unit, double count, const Moment& moment) {
     const auto time = orMidnight(moment.time);
     const auto seconds = time.msecsSinceStartOfDay() / 1000 + steps * interval->seconds;
     const auto days = floored(seconds, secondsOfDay);
-    const auto months = addMonths(moment.date, steps * interval->months);
-    const auto date = months ? months->addDays(days) : QDate();
+    const auto date = addMonths(moment.date, steps * interval->months).addDays(days);
     if (!date.isValid() || date.year() < firstYear || date.year() > lastYear)
         throw makeError(ErrorNumber::invalidArgument);
     return {date, QTime(0, 0).addSecs(static_cast<int>(seconds - days * secondsOfDay))};

@@ -2,6 +2,8 @@
 
 #include "platform/error.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 

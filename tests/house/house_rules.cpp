@@ -2,6 +2,7 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QLibraryInfo>
 #include <QRegularExpression>
@@ -184,30 +185,39 @@ QStringList includeFaults(const QDir& root) {
 }
 
 QStringList sourcesWithoutTest(const QDir& root) {
-    QSet<QString> tested;
+    QStringList tested;
+    QSet<QString> called;
     for (const auto& path : filesIn(root, u"tests")) {
-        for (const auto& header : includesOf(root, path).own)
-            tested << header;
+        tested << includesOf(root, path).own;
+        called << QFileInfo(path).baseName();
     }
     QStringList untested;
     for (const auto& room : rooms) {
         for (const auto& path : filesIn(root, room.name)) {
-            if (path.endsWith(".cpp"_L1) && !path.endsWith("/main.cpp"_L1))
-                untested << path;
+            if (!path.endsWith(".cpp"_L1) || path.endsWith("/main.cpp"_L1))
+                continue;
+            untested << path;
+            if (called.contains(QFileInfo(path).baseName() + u"_test"_s))
+                tested << headerOf(root, path);
         }
     }
-    // What a tested source uses of its own folder is a part of it.
-    for (bool found = true; found;) {
-        found = false;
-        for (const auto& path : QStringList(untested)) {
-            if (!tested.contains(headerOf(root, path)))
-                continue;
-            untested.removeOne(path);
-            found = true;
-            for (const auto& header : includesOf(root, path).own) {
-                if (folderOf(header) == folderOf(path))
-                    tested << header;
+    QSet<QString> seen;
+    while (!tested.isEmpty()) {
+        const auto header = tested.takeLast();
+        if (seen.contains(header))
+            continue;
+        seen << header;
+        QStringList parts = includesOf(root, header).own;
+        for (const auto& source : QStringList(untested)) {
+            if (headerOf(root, source) == header) {
+                untested.removeOne(source);
+                parts << includesOf(root, source).own;
             }
+        }
+        // What a tested file uses of its own folder is a part of it.
+        for (const auto& part : parts) {
+            if (folderOf(part) == folderOf(header))
+                tested << part;
         }
     }
     return untested;

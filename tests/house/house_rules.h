@@ -13,9 +13,9 @@ namespace kelvane::testing {
 /// itself, be it by way of others.
 QStringList includeFaults(const QDir& root);
 
-/// Sources of the house whose header no file under tests/ includes, and which are no part of a tested source
-/// either: none in their folder uses them. A source's header is the one of its own name, else the first one
-/// that it includes; "main.cpp" has none.
+/// Sources of the house that no test names: no file under tests/ includes their header or is called after
+/// them, and they are no part of a tested file either, which would use them from the same folder. A source's
+/// header is the one of its own name, else the first one that it includes; "main.cpp" has none.
 QStringList sourcesWithoutTest(const QDir& root);
 
 /// Numbers given to `text(...)` in the sources of the house that the string table doesn't have.

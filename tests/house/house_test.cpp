@@ -167,6 +167,11 @@ TEST_F(MadeUpHouse, TellsSourcesWithoutATest) {
     put(u"data/header_only.h"_s);
     put(u"app/main.cpp"_s);
     put(u"tests/data/tested_test.cpp"_s, "#include \"data/tested.h\"\n");
+    put(u"app/form.h"_s, "#include \"app/menu.h\"\n");
+    put(u"app/form.cpp"_s, "#include \"app/form.h\"\n");
+    put(u"app/menu.h"_s);
+    put(u"app/menu.cpp"_s, "#include \"app/menu.h\"\n");
+    put(u"tests/app/form_test.cpp"_s, "#include \"tests/help.h\"\n");
     EXPECT_EQ(
         sourcesWithoutTest(QDir(folder.path())),
         (QStringList{u"platform/elsewhere.cpp"_s, u"data/forgotten.cpp"_s, u"data/part_of_that.cpp"_s}));
