@@ -42,15 +42,6 @@ class Progress {
     UserInterface& ui_;
 };
 
-/// The entries of a list before its first empty one.
-template <int Last>
-QStringList entriesOf(const FixedList<QString, Last>& list) {
-    QStringList entries;
-    for (int index = list.first; index <= list.last && !list[index].isEmpty(); ++index)
-        entries << list[index];
-    return entries;
-}
-
 /// One record on its way into the database. Each statement commits by itself: what was written before an
 /// error stays.
 class NewRecord {

@@ -6,19 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::ModuleGlobals {
 
-namespace {
-
-/// The shared value list up to its first empty entry.
-QStringList sharedValues(const Session& session) {
-    QStringList values;
-    const auto& list = session.SharedValueList;
-    for (int i = list.first; i <= list.last && !list[i].isEmpty(); ++i)
-        values << list[i];
-    return values;
-}
-
-} // namespace
-
 QString CustomDialog(Session& session, const QString& caption, const QString& prompt, bool required,
                      qint16 mode, qint16 max_length, qint16 field_type, const QString& default_text) {
     QString result;
@@ -34,7 +21,7 @@ QString CustomDialog(Session& session, const QString& caption, const QString& pr
         {
             const BusyPointer busy(session.ui);
             if (question.fromList)
-                question.choices = sharedValues(session);
+                question.choices = entriesOf(session.SharedValueList);
         }
         result = session.ui.askOneField(question);
     });

@@ -2,6 +2,8 @@
 
 #include "platform/error.h"
 
+#include <QStringList>
+
 #include <vector>
 
 namespace kelvane {
@@ -39,5 +41,14 @@ class FixedList {
     }
     std::vector<T> entries_;
 };
+
+/// The texts of a list before its first empty entry.
+template <int Last, int First>
+QStringList entriesOf(const FixedList<QString, Last, First>& list) {
+    QStringList entries;
+    for (int index = First; index <= Last && !list[index].isEmpty(); ++index)
+        entries << list[index];
+    return entries;
+}
 
 } // namespace kelvane
