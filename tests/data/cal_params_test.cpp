@@ -290,8 +290,9 @@ TEST_F(TestPoints, AreFractionsEachRepeatedAtOnce) {
 }
 
 TEST_F(TestPoints, AreStoredIn32Bits) {
-    fill(u"1"_s, {u"33.3"_s, u"-10"_s, u"110"_s});
-    EXPECT_EQ(list(3), (QList<float>{static_cast<float>(33.3 / 100), -0.1F, 1.1F}));
+    fill(u"1"_s, {u"33.3"_s, u"-10"_s, u"110"_s, u"0.7"_s});
+    EXPECT_EQ(list(4), (QList<float>{static_cast<float>(33.3 / 100), -0.1F, 1.1F, 0.007F}))
+        << "divided in 64 bits before";
 }
 
 TEST_F(TestPoints, ReplaceTheEarlierOnes) {

@@ -108,6 +108,15 @@ TEST_F(CalRecord, FullListsAreWrittenToTheirLastEntry) {
     EXPECT_TRUE(script.statements.contains(resultInsert(u"L-2000"_s, 2000)));
 }
 
+TEST_F(CalRecord, BlankLinesOfASessionWithoutTemplateAreWrittenAllTheSame) {
+    const QString blank(120, u' ');
+    session.RecordResults[0] = blank;
+    session.RecordResults[1] = blank;
+    create();
+    EXPECT_TRUE(script.statements.contains(resultInsert(blank, 0)));
+    EXPECT_TRUE(script.statements.contains(resultInsert(blank, 1)));
+}
+
 TEST_F(CalRecord, WithoutStandardsAndResultsNoneAreWritten) {
     create();
     for (const auto& statement : std::as_const(script.statements))

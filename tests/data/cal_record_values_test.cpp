@@ -145,11 +145,16 @@ TEST_F(CalRecord, WorksheetFieldThatIsNotInTheTableIsSkipped) {
 }
 
 TEST_F(CalRecord, OptionalFieldWithoutAnAnswerGoesOn) {
-    put(u"C2312"_s, u"old"_s).required = u"N"_s;
+    auto& field = put(u"C2312"_s, u"old"_s);
     script.answers[worksheetQuery] = {{u"2312"_s}};
-    cancelDialog(u"C2312"_s);
-    EXPECT_EQ(create(), QString());
-    EXPECT_TRUE(insert().contains(u"'old','1301'"_s));
+    for (const auto& mark : {u"N"_s, QString(), u"y"_s}) {
+        field.required = mark;
+        set(u"C2303"_s, {});
+        script.statements.clear();
+        cancelDialog(u"C2312"_s);
+        EXPECT_EQ(create(), QString()) << mark.toStdString();
+        EXPECT_TRUE(insert().contains(u"'old','1301'"_s)) << mark.toStdString();
+    }
 }
 
 TEST_F(CalRecord, RequiredFieldWithoutAnAnswerIsAskedAgainOrGivesTheRecordUp) {

@@ -47,6 +47,7 @@ TEST_F(DecimalFormatTest, ResolutionPicksTheFormatByItsExactText) {
         {u"1000"_s, 2501, u"3000"_s},
         {u"10000"_s, 15000, u"20000"_s},
         {u"100000"_s, 250000, u"200000"_s},
+        {u"100000"_s, 650000, u"600000"_s}, // a multiplication by 0.00001 misses this half
         {u"100000"_s, -350000, u"-400000"_s},
     };
     for (const auto& row : rows)

@@ -193,7 +193,8 @@ TEST_F(FieldDictionary, CopyRulesAreTakenFromTheirColumns) {
         {{.scopy = u"ON"_s}, u"C2320"_s, {}},    {{.scopy = u"on"_s}, u"C2320"_s, {}},
         {{.scopy = u"OFF"_s}, {}, {}},           {{.scopy = u"4206"_s}, u"4206"_s, {}},
         {{.scopy = QString()}, {}, {}},          {{.dcopy = u"OFF"_s}, {}, {}},
-        {{.dcopy = u"I4230"_s}, {}, u"I4230"_s},
+        {{.dcopy = u"I4230"_s}, {}, u"I4230"_s}, {{.scopy = u"off"_s}, u"off"_s, {}},
+        {{.dcopy = u"off"_s}, {}, u"off"_s},
     };
     for (const auto& row : rows) {
         const auto one = field(row.entry);
@@ -289,11 +290,13 @@ TEST_F(FieldDictionary, OnlyDatesAreWidenedToTen) {
 
 TEST_F(FieldDictionary, WorksheetFieldsAreMarkedByTheEndOfTheColumn) {
     script.answers[worksheetQuery] = {{u"2326"_s}, {u"9999"_s}, {u"2320"_s}};
-    const auto all = fields({{.name = u"C2320"_s}, {.name = u"C2326"_s}, {.name = u"C2329"_s}});
-    ASSERT_EQ(all.size(), 3);
-    EXPECT_TRUE(all[0].on_worksheet);
+    const auto all =
+        fields({{.name = u"C23261"_s}, {.name = u"C2320"_s}, {.name = u"C2326"_s}, {.name = u"C2329"_s}});
+    ASSERT_EQ(all.size(), 4);
+    EXPECT_FALSE(all[0].on_worksheet) << "the number in the middle of a name";
     EXPECT_TRUE(all[1].on_worksheet);
-    EXPECT_FALSE(all[2].on_worksheet);
+    EXPECT_TRUE(all[2].on_worksheet);
+    EXPECT_FALSE(all[3].on_worksheet);
 }
 
 TEST_F(FieldDictionary, EachCallErasesWhatTheLastOneLeft) {
