@@ -163,6 +163,17 @@ TEST_F(StartUp, AFolderOfTheTemplatesNameIsNoTemplate) {
     EXPECT_EQ(session.ResultTemplateLine, u"THE OTHER BODY"_s);
 }
 
+TEST_F(StartUp, ATemplateWhoseReadingFailsIsReported) {
+    // Opens like any file and fails at the first read.
+    const auto unreadable = u"/proc/self/mem"_s;
+    if (!QFile::exists(unreadable))
+        GTEST_SKIP() << "no such file on this platform";
+    folder.write(u"met/metcal.ini"_s, "rslt_template=" + QFile::encodeName(unreadable));
+    ui.expectReport(75, routineName);
+    start();
+    EXPECT_EQ(session.ResultTemplateLine, QString());
+}
+
 TEST_F(StartUp, ATemplateWithoutBodyLineGivesOneWarningAndKeepsItsRows) {
     expectWarning();
     startWith("# a comment\r\nsubst$(FN,\"a\",\"b\")\r\nsplit$(x)\r\n");
