@@ -31,21 +31,21 @@ class Conversation {
     QByteArray replyBody();
     void transmit();
     bool transmitBroken(const QByteArray& frame);
-    std::optional<Fault> fault(FaultKind kind) { return m_faults.take(kind, m_message.left(3)); }
+    std::optional<Fault> fault(FaultKind kind) { return faults_.take(kind, message_.left(3)); }
     std::chrono::milliseconds delayOf(FaultKind kind);
 
-    char m_acknowledge;
-    Faults& m_faults;
-    Record& m_record;
-    VirtualLine& m_line;
-    Messages& m_messages;
+    char acknowledge_;
+    Faults& faults_;
+    Record& record_;
+    VirtualLine& line_;
+    Messages& messages_;
 
-    Step m_step = Step::Idle;
-    QByteArray m_lastHeard;
-    FrameReader m_reader;
-    QByteArray m_message;
-    std::optional<QByteArray> m_reply;
-    int m_transmissions = 0;
+    Step step_ = Step::Idle;
+    QByteArray lastHeard_;
+    FrameReader reader_;
+    QByteArray message_;
+    std::optional<QByteArray> reply_;
+    int transmissions_ = 0;
 };
 
 } // namespace kelvane::simulators

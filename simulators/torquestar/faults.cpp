@@ -146,15 +146,15 @@ void Faults::add(const QString& text) {
         throw Failure(u"The fault \"%1\" names a message that the calibrator does not know."_s.arg(text));
     if (!parts.captured(4).isEmpty())
         fault.left = numberOf(parts.captured(4), 1, 1'000'000, text);
-    m_faults.push_back(fault);
+    faults_.push_back(fault);
 }
 
 std::optional<Fault> Faults::take(FaultKind kind, const QByteArray& identifier) {
-    const auto place = std::find_if(m_faults.begin(), m_faults.end(), [&](const Fault& fault) {
+    const auto place = std::find_if(faults_.begin(), faults_.end(), [&](const Fault& fault) {
         return fault.kind == kind && fault.left != 0 &&
                (fault.identifier.isEmpty() || fault.identifier == identifier);
     });
-    if (place == m_faults.end())
+    if (place == faults_.end())
         return {};
     if (place->left > 0)
         --place->left;

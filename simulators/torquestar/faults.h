@@ -54,7 +54,7 @@ class Faults {
     std::optional<Fault> take(FaultKind kind, const QByteArray& identifier = {});
 
   private:
-    std::vector<Fault> m_faults;
+    std::vector<Fault> faults_;
 };
 
 } // namespace kelvane::simulators

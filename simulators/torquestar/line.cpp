@@ -50,7 +50,7 @@ void FrameReader::restart() {
 }
 
 FrameReader::Heard FrameReader::take(char byte) {
-    switch (m_place) {
+    switch (place_) {
     case Place::Text:
         return takeText(byte);
     case Place::AfterDle:
@@ -64,28 +64,28 @@ FrameReader::Heard FrameReader::take(char byte) {
 }
 
 FrameReader::Heard FrameReader::takeText(char byte) {
-    if (m_checked.size() >= longestFrame)
-        m_sound = false;
+    if (checked_.size() >= longestFrame)
+        sound_ = false;
     else
-        m_checked += byte;
+        checked_ += byte;
     if (byte == Dle)
-        m_place = Place::AfterDle;
-    else if (m_sound)
-        m_message += byte;
+        place_ = Place::AfterDle;
+    else if (sound_)
+        message_ += byte;
     return Heard::More;
 }
 
 FrameReader::Heard FrameReader::takeAfterDle(char byte) {
-    m_checked += byte;
-    m_place = Place::Text;
+    checked_ += byte;
+    place_ = Place::Text;
     if (byte == Dle)
-        m_message += Dle;
+        message_ += Dle;
     else if (byte == Etx)
-        m_place = Place::Check;
+        place_ = Place::Check;
     else if (byte == Eot)
-        m_place = Place::AfterDleEot;
+        place_ = Place::AfterDleEot;
     else
-        m_sound = false;
+        sound_ = false;
     return Heard::More;
 }
 
@@ -94,16 +94,16 @@ FrameReader::Heard FrameReader::takeAfterDleEot(char byte) {
         restart();
         return Heard::LinkStart;
     }
-    m_sound = false;
-    m_place = Place::Text;
+    sound_ = false;
+    place_ = Place::Text;
     return takeText(byte);
 }
 
 FrameReader::Heard FrameReader::takeCheck(char byte) {
-    m_check += byte;
-    if (m_check.size() < 2)
+    check_ += byte;
+    if (check_.size() < 2)
         return Heard::More;
-    return m_sound && m_check == checkBytes(m_checked) ? Heard::Message : Heard::Refused;
+    return sound_ && check_ == checkBytes(checked_) ? Heard::Message : Heard::Refused;
 }
 
 } // namespace kelvane::simulators

@@ -36,9 +36,9 @@ class FrameReader {
 
     Heard take(char byte);
     void restart();
-    const QByteArray& message() const { return m_message; }
+    const QByteArray& message() const { return message_; }
     /// The frame as it was heard.
-    QByteArray heard() const { return m_checked + m_check; }
+    QByteArray heard() const { return checked_ + check_; }
 
   private:
     enum class Place { Text, AfterDle, AfterDleEot, Check };
@@ -48,11 +48,11 @@ class FrameReader {
     Heard takeAfterDleEot(char byte);
     Heard takeCheck(char byte);
 
-    Place m_place = Place::Text;
-    bool m_sound = true;
-    QByteArray m_message;
-    QByteArray m_checked;
-    QByteArray m_check;
+    Place place_ = Place::Text;
+    bool sound_ = true;
+    QByteArray message_;
+    QByteArray checked_;
+    QByteArray check_;
 };
 
 } // namespace kelvane::simulators

@@ -29,83 +29,82 @@ QString reason() {
 class Hold {
   public:
     explicit Hold(const QString& path)
-        : m_file(::open(QFile::encodeName(path), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
-        if (m_file < 0)
+        : file_(::open(QFile::encodeName(path), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
+        if (file_ < 0)
             throw Failure(u"%1 can't be opened: %2"_s.arg(path, reason()));
         int taken = 0;
         do
-            taken = ::flock(m_file, LOCK_EX);
+            taken = ::flock(file_, LOCK_EX);
         while (taken != 0 && errno == EINTR);
         if (taken != 0) {
             const QString why = reason();
-            ::close(m_file);
+            ::close(file_);
             throw Failure(u"%1 can't be locked: %2"_s.arg(path, why));
         }
     }
-    ~Hold() { ::close(m_file); }
+    ~Hold() { ::close(file_); }
     Q_DISABLE_COPY_MOVE(Hold)
 
   private:
-    int m_file;
+    int file_;
 };
 
 } // namespace
 
-MemoryFile::MemoryFile(QString path) : m_path(std::move(path)) {}
+MemoryFile::MemoryFile(QString path) : path_(std::move(path)) {}
 
 void MemoryFile::use(const std::function<bool(Memory&)>& work) {
-    const Hold hold(m_path + u".lock"_s);
+    const Hold hold(path_ + u".lock"_s);
     readWhenChanged();
-    if (work(m_memory))
+    if (work(memory_))
         write();
 }
 
 MemoryFile::Version MemoryFile::version() const {
     struct stat state {};
-    if (::stat(QFile::encodeName(m_path), &state) != 0)
+    if (::stat(QFile::encodeName(path_), &state) != 0)
         return {};
     return {state.st_dev, state.st_ino, state.st_size, state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
 }
 
 void MemoryFile::readWhenChanged() {
     const Version now = version();
-    if (m_everRead && now == m_read)
+    if (everRead_ && now == read_)
         return;
-    QFile file(m_path);
+    QFile file(path_);
     if (!file.exists()) {
-        m_memory = {};
+        memory_ = {};
     } else {
         if (!file.open(QIODevice::ReadOnly))
-            throw Failure(u"The memory %1 can't be read: %2"_s.arg(m_path, file.errorString()));
+            throw Failure(u"The memory %1 can't be read: %2"_s.arg(path_, file.errorString()));
         try {
-            m_memory = memoryFrom(file.readAll());
+            memory_ = memoryFrom(file.readAll());
         } catch (const Failure& failure) {
-            throw Failure(
-                u"%1 is not a calibrator's memory, or is damaged: %2"_s.arg(m_path, failure.text()));
+            throw Failure(u"%1 is not a calibrator's memory, or is damaged: %2"_s.arg(path_, failure.text()));
         }
     }
-    m_read = now;
-    m_everRead = true;
+    read_ = now;
+    everRead_ = true;
 }
 
 void MemoryFile::write() {
-    const QString draft = m_path + u".new"_s;
+    const QString draft = path_ + u".new"_s;
     QFile file(draft);
-    const QByteArray text = textOf(m_memory);
+    const QByteArray text = textOf(memory_);
     const bool written =
         file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size();
     file.close();
     if (!written || file.error() != QFileDevice::NoError) {
         const QString why = file.errorString();
         file.remove();
-        throw Failure(u"The memory %1 can't be written: %2"_s.arg(m_path, why));
+        throw Failure(u"The memory %1 can't be written: %2"_s.arg(path_, why));
     }
-    if (std::rename(QFile::encodeName(draft).constData(), QFile::encodeName(m_path).constData()) != 0) {
+    if (std::rename(QFile::encodeName(draft).constData(), QFile::encodeName(path_).constData()) != 0) {
         const QString why = reason();
         file.remove();
-        throw Failure(u"The memory %1 can't be replaced: %2"_s.arg(m_path, why));
+        throw Failure(u"The memory %1 can't be replaced: %2"_s.arg(path_, why));
     }
-    m_read = version();
+    read_ = version();
 }
 
 } // namespace kelvane::simulators

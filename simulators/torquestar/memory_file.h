@@ -25,10 +25,10 @@ class MemoryFile {
     void readWhenChanged();
     void write();
 
-    QString m_path;
-    Version m_read{};
-    bool m_everRead = false;
-    Memory m_memory;
+    QString path_;
+    Version read_{};
+    bool everRead_ = false;
+    Memory memory_;
 };
 
 } // namespace kelvane::simulators

@@ -69,7 +69,7 @@ const Messages::Entry Messages::entries[] = {
 };
 
 Messages::Messages(MemoryFile& memory, qint32 serial, std::size_t room)
-    : m_memory(memory), m_serial(serial), m_room(room) {}
+    : memory_(memory), serial_(serial), room_(room) {}
 
 const Messages::Entry* Messages::entryOf(const QByteArray& message) {
     const auto* const place = std::find_if(std::begin(entries), std::end(entries), [&](const Entry& entry) {
@@ -85,7 +85,7 @@ bool Messages::knows(const QByteArray& message) {
 QByteArray Messages::answer(const QByteArray& message) {
     const Routine routine = entryOf(message)->routine;
     QByteArray body;
-    m_memory.use([&](Memory& memory) {
+    memory_.use([&](Memory& memory) {
         Reply reply = (this->*routine)(memory, QByteArrayView(message).sliced(3));
         body = reply.body;
         return reply.memoryChanged;
@@ -94,13 +94,13 @@ QByteArray Messages::answer(const QByteArray& message) {
 }
 
 Messages::Reply Messages::testLink(Memory& /*memory*/, QByteArrayView /*rest*/) {
-    m_selected.clear();
-    m_creation.reset();
+    selected_.clear();
+    creation_.reset();
     return {QByteArrayLiteral("t0A")};
 }
 
 Messages::Reply Messages::identify(Memory& /*memory*/, QByteArrayView /*rest*/) {
-    return {identityReply(m_serial)};
+    return {identityReply(serial_)};
 }
 
 Messages::Reply Messages::lookForRound(Memory& memory, QByteArrayView rest) {
@@ -127,16 +127,16 @@ Messages::Reply Messages::createRound(Memory& memory, QByteArrayView rest) {
         return {withCode(reply, countInvalid)};
     if (rest.size() != 2 || rest.back() != roundMode)
         return {withCode(reply, sampleModeInvalid)};
-    m_creation = Creation{{*name, roundMode, {}}, static_cast<unsigned char>(rest.front()), 0};
+    creation_ = Creation{{*name, roundMode, {}}, static_cast<unsigned char>(rest.front()), 0};
     return {reply};
 }
 
 Messages::Reply Messages::storeRound(Memory& memory, QByteArrayView /*rest*/) {
     const QByteArray reply = QByteArrayLiteral("t2C");
-    if (!m_creation || m_creation->added != m_creation->announced)
+    if (!creation_ || creation_->added != creation_->announced)
         return {withCode(reply, 0)};
-    memory.rounds.push_back(m_creation->round);
-    m_creation.reset();
+    memory.rounds.push_back(creation_->round);
+    creation_.reset();
     return {reply, true};
 }
 
@@ -144,24 +144,24 @@ Messages::Reply Messages::select(Memory& memory, QByteArrayView rest) {
     const std::optional<QString> name = takeName(rest);
     const Characteristic* const found = name ? memory.find(*name) : nullptr;
     if (found == nullptr) {
-        m_selected.clear();
+        selected_.clear();
         // One byte stands between: a reply of two characters would be shorter than any frame that is waited
         // for.
         return {withCode(QByteArrayLiteral("t"), 0) + noData};
     }
     // Selecting the same characteristic again goes on with its results.
-    if (m_selected != found->name)
-        m_nextResult = 0;
-    m_selected = found->name;
+    if (selected_ != found->name)
+        nextResult_ = 0;
+    selected_ = found->name;
     return {found->results.empty() ? QByteArrayLiteral("t1C") + noData : QByteArrayLiteral("t1C")};
 }
 
 Messages::Reply Messages::removeSelected(Memory& memory, QByteArrayView /*rest*/) {
-    const bool there = memory.find(m_selected) != nullptr;
-    memory.remove(m_selected);
-    if (m_creation)
-        std::erase(m_creation->round.characteristics, m_selected);
-    m_selected.clear();
+    const bool there = memory.find(selected_) != nullptr;
+    memory.remove(selected_);
+    if (creation_)
+        std::erase(creation_->round.characteristics, selected_);
+    selected_.clear();
     return {withCode(QByteArrayLiteral("t1J"), there ? 1 : 0), there};
 }
 
@@ -186,25 +186,25 @@ Messages::Reply Messages::addCharacteristic(Memory& memory, QByteArrayView rest)
     }
     if (const std::optional<int> fault = firstFault(made.fields))
         return refused(*fault);
-    if (memory.characteristics.size() >= m_room)
+    if (memory.characteristics.size() >= room_)
         return refused(noRoom);
     memory.characteristics.push_back(made);
-    if (m_creation) {
-        m_creation->round.characteristics.push_back(*name);
-        ++m_creation->added;
+    if (creation_) {
+        creation_->round.characteristics.push_back(*name);
+        ++creation_->added;
     }
     return {reply, true};
 }
 
 Messages::Reply Messages::readResult(Memory& memory, QByteArrayView /*rest*/) {
-    const Characteristic* const selected = memory.find(m_selected);
-    if (selected == nullptr || m_nextResult >= selected->results.size())
+    const Characteristic* const selected = memory.find(selected_);
+    if (selected == nullptr || nextResult_ >= selected->results.size())
         return {QByteArrayLiteral("t1D") + noData};
-    return {resultReply(selected->results.at(m_nextResult++))};
+    return {resultReply(selected->results.at(nextResult_++))};
 }
 
 Messages::Reply Messages::readComment(Memory& memory, QByteArrayView /*rest*/) {
-    const Characteristic* const selected = memory.find(m_selected);
+    const Characteristic* const selected = memory.find(selected_);
     return {commentReply(selected == nullptr ? QString() : selected->comment)};
 }
 

@@ -60,12 +60,12 @@ class Messages {
         std::size_t added = 0;
     };
 
-    MemoryFile& m_memory;
-    qint32 m_serial;
-    std::size_t m_room;
-    QString m_selected;
-    std::size_t m_nextResult = 0;
-    std::optional<Creation> m_creation;
+    MemoryFile& memory_;
+    qint32 serial_;
+    std::size_t room_;
+    QString selected_;
+    std::size_t nextResult_ = 0;
+    std::optional<Creation> creation_;
 };
 
 } // namespace kelvane::simulators

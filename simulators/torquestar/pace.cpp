@@ -20,80 +20,79 @@ std::chrono::nanoseconds byteTimeAt(std::optional<int> baud) {
 
 } // namespace
 
-VirtualLine::VirtualLine(std::optional<int> baud) : m_byteTime(byteTimeAt(baud)) {}
+VirtualLine::VirtualLine(std::optional<int> baud) : byteTime_(byteTimeAt(baud)) {}
 
 void VirtualLine::arrived(QByteArrayView bytes, Moment read) {
     for (const char byte : bytes) {
-        m_inFree = std::max(m_inFree, read) + m_byteTime;
-        m_in.push_back({m_inFree, byte});
+        inFree_ = std::max(inFree_, read) + byteTime_;
+        in_.push_back({inFree_, byte});
     }
 }
 
 void VirtualLine::send(const QByteArray& bytes, std::chrono::milliseconds delay) {
-    m_outFree = std::max(m_outFree, m_present + delay);
+    outFree_ = std::max(outFree_, present_ + delay);
     for (const char byte : bytes) {
-        m_outFree += m_byteTime;
-        m_out.push_back({m_outFree, byte});
+        outFree_ += byteTime_;
+        out_.push_back({outFree_, byte});
     }
 }
 
 void VirtualLine::noise() {
-    m_noise = true;
-    m_outFree = std::max(m_outFree, m_present);
-    makeNoise(m_present);
+    noise_ = true;
+    outFree_ = std::max(outFree_, present_);
+    makeNoise(present_);
 }
 
 void VirtualLine::drop() {
-    m_out.clear();
-    m_noise = false;
-    m_outFree = m_present;
+    out_.clear();
+    noise_ = false;
+    outFree_ = present_;
 }
 
 std::optional<Moment> VirtualLine::next() const {
-    if (m_in.empty() && m_out.empty())
+    if (in_.empty() && out_.empty())
         return {};
-    if (m_in.empty() || (!m_out.empty() && m_out.front().at <= m_in.front().at))
-        return m_out.front().at;
-    return m_in.front().at;
+    if (in_.empty() || (!out_.empty() && out_.front().at <= in_.front().at))
+        return out_.front().at;
+    return in_.front().at;
 }
 
 std::optional<VirtualLine::Event> VirtualLine::take(Moment now) {
     const std::optional<Moment> due = next();
     if (!due || *due > now)
         return {};
-    m_present = *due;
-    if (!m_out.empty() && m_out.front().at == *due)
+    present_ = *due;
+    if (!out_.empty() && out_.front().at == *due)
         return takeOutbound(now);
-    const char byte = m_in.front().value;
-    m_in.pop_front();
+    const char byte = in_.front().value;
+    in_.pop_front();
     return Event{true, QByteArray(1, byte)};
 }
 
 QByteArray VirtualLine::following() const {
     QByteArray bytes;
-    for (std::size_t place = 0; place < m_in.size() && place < 2; ++place)
-        bytes += m_in[place].value;
+    for (std::size_t place = 0; place < in_.size() && place < 2; ++place)
+        bytes += in_[place].value;
     return bytes;
 }
 
 VirtualLine::Event VirtualLine::takeOutbound(Moment now) {
     Event event;
-    while (!m_out.empty() && m_out.front().at <= now &&
-           (m_in.empty() || m_out.front().at <= m_in.front().at)) {
-        event.bytes += m_out.front().value;
-        m_out.pop_front();
+    while (!out_.empty() && out_.front().at <= now && (in_.empty() || out_.front().at <= in_.front().at)) {
+        event.bytes += out_.front().value;
+        out_.pop_front();
     }
-    if (m_noise && m_out.empty())
+    if (noise_ && out_.empty())
         makeNoise(now);
     return event;
 }
 
 // Noise holds neither a DLE nor an STX: it never ends by looking like an answer.
 void VirtualLine::makeNoise(Moment now) {
-    m_outFree = std::max(m_outFree, now) + std::max(m_byteTime, quickestNoise);
-    m_noiseSeed = m_noiseSeed * 1664525U + 1013904223U;
-    const auto byte = static_cast<char>(m_noiseSeed >> 24U);
-    m_out.push_back({m_outFree, byte == Dle || byte == Stx || byte == Ack ? ' ' : byte});
+    outFree_ = std::max(outFree_, now) + std::max(byteTime_, quickestNoise);
+    noiseSeed_ = noiseSeed_ * 1664525U + 1013904223U;
+    const auto byte = static_cast<char>(noiseSeed_ >> 24U);
+    out_.push_back({outFree_, byte == Dle || byte == Stx || byte == Ack ? ' ' : byte});
 }
 
 } // namespace kelvane::simulators

@@ -25,7 +25,7 @@ class VirtualLine {
     /// Noise, one byte after the other, until `drop`.
     void noise();
     /// The line is gone once all is sent.
-    void vanish() { m_vanishing = true; }
+    void vanish() { vanishing_ = true; }
     /// Forgets what is not sent yet.
     void drop();
 
@@ -39,7 +39,7 @@ class VirtualLine {
     std::optional<Event> take(Moment now);
     /// The next two bytes already under way behind the one that is being heard.
     QByteArray following() const;
-    bool vanished() const { return m_vanishing && m_out.empty(); }
+    bool vanished() const { return vanishing_ && out_.empty(); }
 
   private:
     struct Byte {
@@ -50,15 +50,15 @@ class VirtualLine {
     Event takeOutbound(Moment now);
     void makeNoise(Moment now);
 
-    std::chrono::nanoseconds m_byteTime;
-    std::deque<Byte> m_in;
-    std::deque<Byte> m_out;
-    Moment m_inFree;
-    Moment m_outFree;
-    Moment m_present;
-    bool m_noise = false;
-    quint32 m_noiseSeed = 1;
-    bool m_vanishing = false;
+    std::chrono::nanoseconds byteTime_;
+    std::deque<Byte> in_;
+    std::deque<Byte> out_;
+    Moment inFree_;
+    Moment outFree_;
+    Moment present_;
+    bool noise_ = false;
+    quint32 noiseSeed_ = 1;
+    bool vanishing_ = false;
 };
 
 } // namespace kelvane::simulators

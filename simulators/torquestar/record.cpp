@@ -8,18 +8,18 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::simulators {
 
-Record::Record(const QString& path) : m_file(path) {
-    if (!path.isEmpty() && !m_file.open(QIODevice::Append | QIODevice::Unbuffered))
-        throw Failure(u"The record %1 can't be written: %2"_s.arg(path, m_file.errorString()));
+Record::Record(const QString& path) : file_(path) {
+    if (!path.isEmpty() && !file_.open(QIODevice::Append | QIODevice::Unbuffered))
+        throw Failure(u"The record %1 can't be written: %2"_s.arg(path, file_.errorString()));
 }
 
 void Record::line(const char* what, const QByteArray& bytes) {
-    if (!m_file.isOpen())
+    if (!file_.isOpen())
         return;
     QByteArray identifier = bytes.left(3);
     std::replace_if(
         identifier.begin(), identifier.end(), [](char byte) { return byte <= ' ' || byte > '~'; }, '.');
-    m_file.write(QByteArray(what) + ' ' + identifier + ' ' + bytes.toHex() + '\n');
+    file_.write(QByteArray(what) + ' ' + identifier + ' ' + bytes.toHex() + '\n');
 }
 
 } // namespace kelvane::simulators

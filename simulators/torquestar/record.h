@@ -19,7 +19,7 @@ class Record {
   private:
     void line(const char* what, const QByteArray& bytes);
 
-    QFile m_file;
+    QFile file_;
 };
 
 } // namespace kelvane::simulators

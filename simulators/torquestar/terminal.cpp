@@ -51,40 +51,40 @@ QString targetOf(const QString& link) {
 // without any other would give errors in between. Raw, so that no control character of the protocol means
 // anything to it.
 Terminal::Terminal(const QString& link) {
-    m_ours = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    check(m_ours >= 0 && ::grantpt(m_ours) == 0 && ::unlockpt(m_ours) == 0, u"There is no pseudo terminal"_s);
+    ours_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    check(ours_ >= 0 && ::grantpt(ours_) == 0 && ::unlockpt(ours_) == 0, u"There is no pseudo terminal"_s);
     std::array<char, 256> name{};
-    check(::ptsname_r(m_ours, name.data(), name.size()) == 0, u"The pseudo terminal has no name"_s);
-    m_device = QFile::decodeName(name.data());
-    m_theirs = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    check(m_theirs >= 0, u"%1 can't be opened"_s.arg(m_device));
+    check(::ptsname_r(ours_, name.data(), name.size()) == 0, u"The pseudo terminal has no name"_s);
+    device_ = QFile::decodeName(name.data());
+    theirs_ = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    check(theirs_ >= 0, u"%1 can't be opened"_s.arg(device_));
     termios settings{};
-    check(::tcgetattr(m_theirs, &settings) == 0, u"%1 is no terminal"_s.arg(m_device));
+    check(::tcgetattr(theirs_, &settings) == 0, u"%1 is no terminal"_s.arg(device_));
     ::cfmakeraw(&settings);
-    check(::tcsetattr(m_theirs, TCSANOW, &settings) == 0, u"%1 can't be made raw"_s.arg(m_device));
-    m_link = link;
-    if (!m_link.isEmpty())
+    check(::tcsetattr(theirs_, TCSANOW, &settings) == 0, u"%1 can't be made raw"_s.arg(device_));
+    link_ = link;
+    if (!link_.isEmpty())
         makeLink();
 }
 
 Terminal::~Terminal() {
     // A later calibrator may have taken the link over.
-    if (!m_link.isEmpty() && targetOf(m_link) == m_device)
-        ::unlink(QFile::encodeName(m_link).constData());
-    ::close(m_theirs);
-    ::close(m_ours);
+    if (!link_.isEmpty() && targetOf(link_) == device_)
+        ::unlink(QFile::encodeName(link_).constData());
+    ::close(theirs_);
+    ::close(ours_);
 }
 
 void Terminal::makeLink() {
     struct stat there {};
-    const QByteArray path = QFile::encodeName(m_link);
+    const QByteArray path = QFile::encodeName(link_);
     if (::lstat(path.constData(), &there) == 0 && !S_ISLNK(there.st_mode))
-        throw Failure(u"%1 is in the way: it is no link"_s.arg(m_link));
+        throw Failure(u"%1 is in the way: it is no link"_s.arg(link_));
     const QByteArray draft = path + ".new";
     ::unlink(draft.constData());
-    check(::symlink(QFile::encodeName(m_device).constData(), draft.constData()) == 0 &&
+    check(::symlink(QFile::encodeName(device_).constData(), draft.constData()) == 0 &&
               std::rename(draft.constData(), path.constData()) == 0,
-          u"The link %1 can't be made"_s.arg(m_link));
+          u"The link %1 can't be made"_s.arg(link_));
 }
 
 void Terminal::wait(std::optional<Moment> until) const {
@@ -97,19 +97,19 @@ void Terminal::wait(std::optional<Moment> until) const {
     }
     sigset_t none;
     ::sigemptyset(&none);
-    pollfd line{m_ours, POLLIN, 0};
+    pollfd line{ours_, POLLIN, 0};
     ::ppoll(&line, 1, until ? &left : nullptr, &none);
 }
 
 QByteArray Terminal::read() const {
     std::array<char, 4096> bytes{};
-    const ssize_t length = ::read(m_ours, bytes.data(), bytes.size());
+    const ssize_t length = ::read(ours_, bytes.data(), bytes.size());
     return length > 0 ? QByteArray(bytes.data(), length) : QByteArray();
 }
 
 void Terminal::write(const QByteArray& bytes) const {
     [[maybe_unused]] const ssize_t written =
-        ::write(m_ours, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        ::write(ours_, bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 void holdEndSignals() {

@@ -17,7 +17,7 @@ class Terminal {
     ~Terminal();
     Q_DISABLE_COPY_MOVE(Terminal)
 
-    QString device() const { return m_device; }
+    QString device() const { return device_; }
     /// Waits until the workstation has sent something, until the moment, or until a signal of the end.
     void wait(std::optional<Moment> until) const;
     /// All that has come; empty when nothing has.
@@ -28,10 +28,10 @@ class Terminal {
   private:
     void makeLink();
 
-    int m_ours = -1;
-    int m_theirs = -1;
-    QString m_device;
-    QString m_link;
+    int ours_ = -1;
+    int theirs_ = -1;
+    QString device_;
+    QString link_;
 };
 
 /// From now on the signals that end a program only come through while `Terminal::wait` waits.

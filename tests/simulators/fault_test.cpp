@@ -18,24 +18,24 @@ namespace {
 /// A calibrator with one fault, and the workstation's end of its line.
 class Bench {
   public:
-    explicit Bench(const QStringList& faults) : m_calibrator(m_workshop, Calibrator::faulty(faults)) {}
+    explicit Bench(const QStringList& faults) : calibrator_(workshop_, Calibrator::faulty(faults)) {}
 
-    Workshop& workshop() { return m_workshop; }
-    QProcess& process() { return m_calibrator.process(); }
-    Peer& peer() { return m_peer; }
+    Workshop& workshop() { return workshop_; }
+    QProcess& process() { return calibrator_.process(); }
+    Peer& peer() { return peer_; }
 
     /// Everything up to the acknowledge of the announcement, so that the reply is next.
     void askFor(const QByteArray& message) {
-        m_peer.startLink();
-        m_peer.sendMessage(message);
-        m_peer.hearAnnouncement();
-        m_peer.acknowledge();
+        peer_.startLink();
+        peer_.sendMessage(message);
+        peer_.hearAnnouncement();
+        peer_.acknowledge();
     }
 
   private:
-    Workshop m_workshop;
-    Calibrator m_calibrator;
-    Peer m_peer{m_calibrator.device()};
+    Workshop workshop_;
+    Calibrator calibrator_;
+    Peer peer_{calibrator_.device()};
 };
 
 const QByteArray goodFrame = hex("74 30 41 10 03 47 BF");

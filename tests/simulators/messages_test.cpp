@@ -10,10 +10,10 @@ namespace kelvane::simulators {
 
 class TorqueStarMessages : public ::testing::Test {
   protected:
-    QByteArray answer(const QByteArray& message) { return m_messages.answer(message); }
+    QByteArray answer(const QByteArray& message) { return messages_.answer(message); }
 
     void giveResults(const QString& name, const std::vector<Result>& results, const QString& comment = {}) {
-        m_memory.use([&](Memory& memory) {
+        memory_.use([&](Memory& memory) {
             memory.find(name)->results = results;
             memory.find(name)->comment = comment;
             return true;
@@ -22,18 +22,18 @@ class TorqueStarMessages : public ::testing::Test {
 
     Memory kept() {
         Memory kept;
-        MemoryFile(m_workshop.memory()).use([&](Memory& memory) {
+        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
             kept = memory;
             return false;
         });
         return kept;
     }
 
-    Workshop m_workshop;
-    MemoryFile m_memory{m_workshop.memory()};
-    Messages m_messages{m_memory, 48213, 500};
-    const QByteArray m_round = wireName("KVTASK");
-    const QByteArray m_noSuchName = hex("74 00 02");
+    Workshop workshop_;
+    MemoryFile memory_{workshop_.memory()};
+    Messages messages_{memory_, 48213, 500};
+    const QByteArray round_ = wireName("KVTASK");
+    const QByteArray noSuchName_ = hex("74 00 02");
 };
 
 TEST_F(TorqueStarMessages, LinkTestIsAnsweredInKind) {
@@ -47,22 +47,22 @@ TEST_F(TorqueStarMessages, IdentityHoldsTheSerialNumberAtPositions22To25) {
 }
 
 TEST_F(TorqueStarMessages, ARoundIsThereOnlyOnceStored) {
-    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
-    EXPECT_EQ(answer("T2B" + m_round + hex("01 03")), "t2B");
-    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
+    EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 00"));
+    EXPECT_EQ(answer("T2B" + round_ + hex("01 03")), "t2B");
+    EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 00"));
     EXPECT_EQ(answer(addMessage("TW-1")), "t1A");
     EXPECT_EQ(answer("T2C"), "t2C");
-    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 01"));
+    EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 01"));
     EXPECT_EQ(kept().rounds, (std::vector<Round>{{u"KVTASK"_s, 3, {u"TW-1"_s}}}));
 }
 
 TEST_F(TorqueStarMessages, ErasingARoundLeavesItsCharacteristics) {
-    answer("T2B" + m_round + hex("01 03"));
+    answer("T2B" + round_ + hex("01 03"));
     answer(addMessage("TW-1"));
     answer("T2C");
-    EXPECT_EQ(answer("T2E" + m_round), hex("74 32 45 01"));
-    EXPECT_EQ(answer("T2E" + m_round), hex("74 32 45 00"));
-    EXPECT_EQ(answer("T2F" + m_round), hex("74 32 46 00"));
+    EXPECT_EQ(answer("T2E" + round_), hex("74 32 45 01"));
+    EXPECT_EQ(answer("T2E" + round_), hex("74 32 45 00"));
+    EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 00"));
     EXPECT_EQ(kept().characteristics.size(), 1U);
 }
 
@@ -71,31 +71,31 @@ TEST_F(TorqueStarMessages, CreatingARoundHasItsErrorCodes) {
         QByteArray rest;
         const char* reply;
     } cases[] = {
-        {m_round + hex("02 03"), "74 32 42"},
+        {round_ + hex("02 03"), "74 32 42"},
         {wireName("") + hex("02 03"), "74 32 42 02"},
         {wireName("TWELVE_CHARS") + hex("02 03"), "74 32 42 02"},
         {"KVTASK" + hex("02 03"), "74 32 42 02"},
-        {m_round + hex("02 04"), "74 32 42 03"},
-        {m_round + hex("02 03 03"), "74 32 42 03"},
-        {m_round + hex("00 03"), "74 32 42 04"},
-        {m_round, "74 32 42 04"},
+        {round_ + hex("02 04"), "74 32 42 03"},
+        {round_ + hex("02 03 03"), "74 32 42 03"},
+        {round_ + hex("00 03"), "74 32 42 04"},
+        {round_, "74 32 42 04"},
     };
     for (const auto& entry : cases)
         EXPECT_EQ(answer("T2B" + entry.rest).toHex(' '), QByteArray(entry.reply).toLower())
             << entry.rest.toHex().toStdString();
-    answer("T2B" + m_round + hex("01 03"));
+    answer("T2B" + round_ + hex("01 03"));
     answer(addMessage("TW-1"));
     answer("T2C");
-    EXPECT_EQ(answer("T2B" + m_round + hex("02 03")), hex("74 32 42 01"));
+    EXPECT_EQ(answer("T2B" + round_ + hex("02 03")), hex("74 32 42 01"));
 }
 
 TEST_F(TorqueStarMessages, ARoundWithoutItsModeByteIsAnInvalidSampleMode) {
-    EXPECT_EQ(answer("T2B" + m_round + hex("10")), hex("74 32 42 03"));
+    EXPECT_EQ(answer("T2B" + round_ + hex("10")), hex("74 32 42 03"));
 }
 
 TEST_F(TorqueStarMessages, ARoundIsStoredOnlyWithAsManyCharacteristicsAsAnnounced) {
     EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
-    answer("T2B" + m_round + hex("02 03"));
+    answer("T2B" + round_ + hex("02 03"));
     answer(addMessage("TW-1"));
     EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
     answer(addMessage("TW-2"));
@@ -104,7 +104,7 @@ TEST_F(TorqueStarMessages, ARoundIsStoredOnlyWithAsManyCharacteristicsAsAnnounce
 }
 
 TEST_F(TorqueStarMessages, ACharacteristicReplacedWhileTheRoundIsMadeStandsInItOnce) {
-    answer("T2B" + m_round + hex("02 03"));
+    answer("T2B" + round_ + hex("02 03"));
     answer(addMessage("TW-1"));
     answer("T1C" + wireName("TW-1"));
     answer("T1J");
@@ -114,16 +114,16 @@ TEST_F(TorqueStarMessages, ACharacteristicReplacedWhileTheRoundIsMadeStandsInItO
 }
 
 TEST_F(TorqueStarMessages, ANewSessionForgetsTheRoundBeingMade) {
-    answer("T2B" + m_round + hex("01 03"));
+    answer("T2B" + round_ + hex("01 03"));
     answer(addMessage("TW-1"));
     answer("T0A");
     EXPECT_EQ(answer("T2C"), hex("74 32 43 00"));
 }
 
 TEST_F(TorqueStarMessages, ANameThatDoesNotExistHoldsNoData) {
-    EXPECT_EQ(answer("T1C" + wireName("TW-1")), m_noSuchName);
-    EXPECT_EQ(answer("T1C"), m_noSuchName);
-    EXPECT_EQ(answer("T1CTW-1"), m_noSuchName);
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), noSuchName_);
+    EXPECT_EQ(answer("T1C"), noSuchName_);
+    EXPECT_EQ(answer("T1CTW-1"), noSuchName_);
 }
 
 TEST_F(TorqueStarMessages, ACharacteristicWithoutResultsExistsAndHoldsNoData) {
@@ -148,7 +148,7 @@ TEST_F(TorqueStarMessages, ADeletedCharacteristicDoesNotExist) {
     answer("T1C" + wireName("TW-1"));
     EXPECT_EQ(answer("T1J"), hex("74 31 4A 01"));
     EXPECT_EQ(answer("T1J"), hex("74 31 4A 00"));
-    EXPECT_EQ(answer("T1C" + wireName("TW-1")), m_noSuchName);
+    EXPECT_EQ(answer("T1C" + wireName("TW-1")), noSuchName_);
     EXPECT_EQ(kept(), Memory());
 }
 
@@ -173,45 +173,45 @@ class TorqueStarResults : public TorqueStarMessages {
     void SetUp() override {
         for (const char* const name : {"TW-1", "TW-2"}) {
             answer(addMessage(name));
-            giveResults(QString::fromLatin1(name), {m_first, m_second});
+            giveResults(QString::fromLatin1(name), {first_, second_});
         }
         answer("T0A");
     }
 
     QByteArray select(const char* name) { return answer("T1C" + wireName(name)); }
 
-    const Result m_first{20261120, 91500, {10000}};
-    const Result m_second{20261120, 91600, {20000}};
-    const QByteArray m_noMore = hex("74 31 44 02");
+    const Result first_{20261120, 91500, {10000}};
+    const Result second_{20261120, 91600, {20000}};
+    const QByteArray noMore_ = hex("74 31 44 02");
 };
 
 TEST_F(TorqueStarResults, SelectingTheSameNameAgainGoesOnToTheNextResult) {
     select("TW-1");
     select("TW-1");
-    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    EXPECT_EQ(answer("T1D"), resultReply(first_));
     EXPECT_EQ(select("TW-1"), "t1C");
-    EXPECT_EQ(answer("T1D"), resultReply(m_second));
+    EXPECT_EQ(answer("T1D"), resultReply(second_));
     EXPECT_EQ(select("TW-1"), "t1C");
-    EXPECT_EQ(answer("T1D"), m_noMore);
-    EXPECT_EQ(answer("T1D"), m_noMore);
+    EXPECT_EQ(answer("T1D"), noMore_);
+    EXPECT_EQ(answer("T1D"), noMore_);
 }
 
 TEST_F(TorqueStarResults, SelectingAnotherNameBeginsWithItsFirstResult) {
     select("TW-1");
     answer("T1D");
     select("TW-2");
-    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    EXPECT_EQ(answer("T1D"), resultReply(first_));
     select("TW-1");
-    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    EXPECT_EQ(answer("T1D"), resultReply(first_));
 }
 
 TEST_F(TorqueStarResults, ANewSessionBeginsWithTheFirstResultAgain) {
     select("TW-1");
     answer("T1D");
     answer("T0A");
-    EXPECT_EQ(answer("T1D"), m_noMore);
+    EXPECT_EQ(answer("T1D"), noMore_);
     select("TW-1");
-    EXPECT_EQ(answer("T1D"), resultReply(m_first));
+    EXPECT_EQ(answer("T1D"), resultReply(first_));
 }
 
 TEST_F(TorqueStarMessages, WithoutASelectionThereIsNothingToRead) {
@@ -238,7 +238,7 @@ TEST_F(TorqueStarMessages, MemoryOutlivesTheCalibratorButTheSelectionDoesNot) {
     answer(addMessage("TW-1"));
     giveResults(u"TW-1"_s, {{20261120, 91500, {1}}});
     answer("T1C" + wireName("TW-1"));
-    MemoryFile file(m_workshop.memory());
+    MemoryFile file(workshop_.memory());
     Messages again(file, 48213, 500);
     EXPECT_EQ(again.answer("T1D"), hex("74 31 44 02"));
     EXPECT_EQ(again.answer("T1C" + wireName("TW-1")), "t1C");

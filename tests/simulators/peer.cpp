@@ -43,7 +43,7 @@ qsizetype frameEnd(const QByteArray& bytes) {
 } // namespace
 
 Peer::Peer(const QString& device, char acknowledge)
-    : m_device(device.toLocal8Bit()), m_acknowledge(acknowledge) {
+    : device_(device.toLocal8Bit()), acknowledge_(acknowledge) {
     open();
 }
 
@@ -52,19 +52,19 @@ Peer::~Peer() {
 }
 
 void Peer::open() {
-    m_line = ::open(m_device.constData(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    if (m_line < 0)
-        throw std::runtime_error("the line can't be opened: " + m_device.toStdString());
+    line_ = ::open(device_.constData(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (line_ < 0)
+        throw std::runtime_error("the line can't be opened: " + device_.toStdString());
 }
 
 void Peer::close() {
-    if (m_line >= 0)
-        ::close(m_line);
-    m_line = -1;
+    if (line_ >= 0)
+        ::close(line_);
+    line_ = -1;
 }
 
 void Peer::send(const QByteArray& bytes) {
-    if (::write(m_line, bytes.constData(), static_cast<std::size_t>(bytes.size())) != bytes.size())
+    if (::write(line_, bytes.constData(), static_cast<std::size_t>(bytes.size())) != bytes.size())
         throw std::runtime_error("the line takes no bytes");
 }
 
@@ -73,13 +73,13 @@ QByteArray Peer::receive(int count) {
     QElapsedTimer timer;
     timer.start();
     while (bytes.size() < count && timer.elapsed() < patience) {
-        pollfd line{m_line, POLLIN, 0};
+        pollfd line{line_, POLLIN, 0};
         if (::poll(&line, 1, patience - static_cast<int>(timer.elapsed())) <= 0)
             break;
         std::array<char, 4096> some{};
         const auto wanted =
             std::min<std::size_t>(static_cast<std::size_t>(count - bytes.size()), some.size());
-        const ssize_t length = ::read(m_line, some.data(), wanted);
+        const ssize_t length = ::read(line_, some.data(), wanted);
         if (length <= 0)
             break;
         bytes.append(some.data(), length);
@@ -94,7 +94,7 @@ void Peer::expect(const QByteArray& heard, const QByteArray& wanted, const char*
 
 void Peer::startLink() {
     send(QByteArray::fromHex("100402"));
-    expect(receive(1), QByteArray(1, m_acknowledge), "link start");
+    expect(receive(1), QByteArray(1, acknowledge_), "link start");
 }
 
 void Peer::sendMessage(const QByteArray& message) {
@@ -102,11 +102,11 @@ void Peer::sendMessage(const QByteArray& message) {
 }
 
 void Peer::hearAnnouncement() {
-    expect(receive(2), QByteArray(1, m_acknowledge) + '\x02', "acknowledge and announcement");
+    expect(receive(2), QByteArray(1, acknowledge_) + '\x02', "acknowledge and announcement");
 }
 
 void Peer::acknowledge() {
-    send(QByteArray(1, m_acknowledge));
+    send(QByteArray(1, acknowledge_));
 }
 
 QByteArray Peer::receiveFrame() {

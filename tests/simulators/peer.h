@@ -33,9 +33,9 @@ class Peer {
   private:
     void expect(const QByteArray& heard, const QByteArray& wanted, const char* what);
 
-    QByteArray m_device;
-    char m_acknowledge;
-    int m_line = -1;
+    QByteArray device_;
+    char acknowledge_;
+    int line_ = -1;
 };
 
 } // namespace kelvane::simulators

@@ -48,21 +48,21 @@ Outcome runProgram(const QString& program, const QStringList& arguments) {
 }
 
 Calibrator::Calibrator(const Workshop& workshop, const QStringList& more)
-    : m_process(startProgram(u"kelvane-torquestar"_s,
-                             QStringList{u"--memory"_s, workshop.memory(), u"--serial"_s, u"48213"_s,
-                                         u"--link"_s, workshop.link(), u"--record"_s, workshop.record()} +
-                                 more)) {
-    while (!m_process->canReadLine())
-        if (!m_process->waitForReadyRead(patience))
+    : process_(startProgram(u"kelvane-torquestar"_s,
+                            QStringList{u"--memory"_s, workshop.memory(), u"--serial"_s, u"48213"_s,
+                                        u"--link"_s, workshop.link(), u"--record"_s, workshop.record()} +
+                                more)) {
+    while (!process_->canReadLine())
+        if (!process_->waitForReadyRead(patience))
             throw std::runtime_error("the calibrator does not start: " +
-                                     m_process->readAllStandardError().toStdString());
-    m_device = QString::fromLocal8Bit(m_process->readLine()).trimmed();
+                                     process_->readAllStandardError().toStdString());
+    device_ = QString::fromLocal8Bit(process_->readLine()).trimmed();
 }
 
 Calibrator::~Calibrator() {
-    m_process->terminate();
-    if (m_process->state() != QProcess::NotRunning && !m_process->waitForFinished(patience))
-        m_process->kill();
+    process_->terminate();
+    if (process_->state() != QProcess::NotRunning && !process_->waitForFinished(patience))
+        process_->kill();
 }
 
 QStringList Calibrator::faulty(const QStringList& faults) {

@@ -11,7 +11,7 @@ namespace kelvane::simulators {
 /// A folder of its own, and the programs in it.
 class Workshop {
   public:
-    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString path(const QString& name) const { return folder_.filePath(name); }
     QString memory() const { return path(QStringLiteral("memory.json")); }
     QString link() const { return path(QStringLiteral("torquestar")); }
     QString record() const { return path(QStringLiteral("record")); }
@@ -19,7 +19,7 @@ class Workshop {
     void put(const QString& name, const QByteArray& content) const;
 
   private:
-    QTemporaryDir m_folder;
+    QTemporaryDir folder_;
 };
 
 /// What a finished program left behind.
@@ -41,14 +41,14 @@ class Calibrator {
     /// With faults and without pace.
     static QStringList faulty(const QStringList& faults);
 
-    QString device() const { return m_device; }
-    QProcess& process() { return *m_process; }
+    QString device() const { return device_; }
+    QProcess& process() { return *process_; }
     ~Calibrator();
     Q_DISABLE_COPY_MOVE(Calibrator)
 
   private:
-    std::unique_ptr<QProcess> m_process;
-    QString m_device;
+    std::unique_ptr<QProcess> process_;
+    QString device_;
 };
 
 } // namespace kelvane::simulators

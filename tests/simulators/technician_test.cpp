@@ -19,11 +19,11 @@ class TechnicianProgram : public ::testing::Test {
   protected:
     Outcome technician(const QStringList& arguments) {
         return runProgram(u"kelvane-technician"_s,
-                          QStringList{u"--memory"_s, m_workshop.memory()} + arguments);
+                          QStringList{u"--memory"_s, workshop_.memory()} + arguments);
     }
 
     void download(const QStringList& names) {
-        MemoryFile(m_workshop.memory()).use([&](Memory& memory) {
+        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
             for (const QString& name : names) {
                 memory.characteristics.push_back({name, {}, {}, {}});
                 EXPECT_EQ(readFields(addMessage({}).sliced(7), memory.characteristics.back().fields),
@@ -35,7 +35,7 @@ class TechnicianProgram : public ::testing::Test {
 
     Memory kept() {
         Memory kept;
-        MemoryFile(m_workshop.memory()).use([&](Memory& memory) {
+        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
             kept = memory;
             return false;
         });
@@ -44,18 +44,18 @@ class TechnicianProgram : public ::testing::Test {
 
     std::size_t resultsOf(const QString& name) { return kept().find(name)->results.size(); }
 
-    Workshop m_workshop;
-    const QStringList m_points{u"carry-out"_s, u"--points"_s, u"50,60,100"_s, u"--high"_s, u"100"_s};
+    Workshop workshop_;
+    const QStringList points_{u"carry-out"_s, u"--points"_s, u"50,60,100"_s, u"--high"_s, u"100"_s};
 };
 
 TEST_F(TechnicianProgram, CarriesOutWhatARunningCalibratorHolds) {
-    const Calibrator calibrator(m_workshop);
+    const Calibrator calibrator(workshop_);
     Peer peer(calibrator.device());
     EXPECT_EQ(peer.exchange(addMessage("TW-1")), "t1A");
     EXPECT_EQ(peer.exchange("T1C" + wireName("TW-1")), hex("74 31 43 02"));
     const Outcome outcome = technician(
-        m_points + QStringList{u"--deviation"_s, u"0.1,-0.2,0"_s, u"--comment"_s, u"as found"_s, u"--date"_s,
-                               u"2026-11-20"_s, u"--time"_s, u"09:15"_s, u"--takes"_s, u"1"_s});
+        points_ + QStringList{u"--deviation"_s, u"0.1,-0.2,0"_s, u"--comment"_s, u"as found"_s, u"--date"_s,
+                              u"2026-11-20"_s, u"--time"_s, u"09:15"_s, u"--takes"_s, u"1"_s});
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.output, u"TW-1: 3 results taken\n"_s);
     EXPECT_EQ(outcome.errors, QString());
@@ -76,8 +76,8 @@ TEST_F(TechnicianProgram, ListsWhatTheCalibratorHolds) {
 
 TEST_F(TechnicianProgram, TakesOnlyWhatIsNamed) {
     download({u"TW-1"_s, u"TW-2"_s, u"TW-345678901"_s.left(11)});
-    EXPECT_EQ(
-        technician(m_points + QStringList{u"--only"_s, u"TW-2"_s, u"--only"_s, u"TW-3456789012"_s}).code, 0);
+    EXPECT_EQ(technician(points_ + QStringList{u"--only"_s, u"TW-2"_s, u"--only"_s, u"TW-3456789012"_s}).code,
+              0);
     EXPECT_EQ(resultsOf(u"TW-1"_s), 0U);
     EXPECT_EQ(resultsOf(u"TW-2"_s), 9U);
     EXPECT_EQ(resultsOf(u"TW-34567890"_s), 9U);
@@ -85,8 +85,8 @@ TEST_F(TechnicianProgram, TakesOnlyWhatIsNamed) {
 
 TEST_F(TechnicianProgram, FollowsAPlan) {
     download({u"TW-1"_s, u"TW-2"_s});
-    m_workshop.put(u"plan"_s, "TW-2; 50; 0.1; Prüfer: Öz; 2026-11-20 09:15\n");
-    EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, m_workshop.path(u"plan"_s)}).code, 0);
+    workshop_.put(u"plan"_s, "TW-2; 50; 0.1; Prüfer: Öz; 2026-11-20 09:15\n");
+    EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, workshop_.path(u"plan"_s)}).code, 0);
     const Memory memory = kept();
     EXPECT_TRUE(memory.characteristics[0].results.empty());
     EXPECT_EQ(memory.characteristics[1].comment, u"Prüfer: Öz"_s);
@@ -95,7 +95,7 @@ TEST_F(TechnicianProgram, FollowsAPlan) {
 
 TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
     download({u"TW-1"_s});
-    m_workshop.put(u"plan"_s, "TW-9; 50\n");
+    workshop_.put(u"plan"_s, "TW-9; 50\n");
     const Memory before = kept();
     const struct {
         QStringList arguments;
@@ -108,16 +108,16 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
         {{u"carry-out"_s, u"--points"_s, u"50"_s}, "carry-out needs --points and --high, or --plan"},
         {{u"carry-out"_s, u"--points"_s, u"5;0"_s, u"--high"_s, u"1"_s}, "--points: \"5;0\" is no number"},
         {{u"carry-out"_s, u"--points"_s, u"50"_s, u"--high"_s, u"x"_s}, "--high: \"x\" is no number"},
-        {m_points + QStringList{u"--deviation"_s, u"1,2"_s}, "2 deviations for 3 readings"},
-        {m_points + QStringList{u"--only"_s, u"TW-7"_s}, "There is nothing to do for \"TW-7\""},
-        {m_points + QStringList{u"--date"_s, u"2026-13-01"_s}, "is no moment"},
-        {m_points + QStringList{u"--time"_s, u"noon"_s}, "is no moment"},
-        {m_points + QStringList{u"--interval"_s, u"-1"_s}, "--interval needs a whole number from 0"},
-        {m_points + QStringList{u"--takes"_s, u"201"_s}, "--takes needs a whole number from 0 to 200"},
-        {m_points + QStringList{u"--plan"_s, m_workshop.path(u"plan"_s)}, "say the same thing twice"},
-        {{u"carry-out"_s, u"--plan"_s, m_workshop.path(u"plan"_s)},
+        {points_ + QStringList{u"--deviation"_s, u"1,2"_s}, "2 deviations for 3 readings"},
+        {points_ + QStringList{u"--only"_s, u"TW-7"_s}, "There is nothing to do for \"TW-7\""},
+        {points_ + QStringList{u"--date"_s, u"2026-13-01"_s}, "is no moment"},
+        {points_ + QStringList{u"--time"_s, u"noon"_s}, "is no moment"},
+        {points_ + QStringList{u"--interval"_s, u"-1"_s}, "--interval needs a whole number from 0"},
+        {points_ + QStringList{u"--takes"_s, u"201"_s}, "--takes needs a whole number from 0 to 200"},
+        {points_ + QStringList{u"--plan"_s, workshop_.path(u"plan"_s)}, "say the same thing twice"},
+        {{u"carry-out"_s, u"--plan"_s, workshop_.path(u"plan"_s)},
          "The calibrator holds no characteristic \"TW-9\""},
-        {{u"carry-out"_s, u"--plan"_s, m_workshop.path(u"none"_s)}, "can't be read"},
+        {{u"carry-out"_s, u"--plan"_s, workshop_.path(u"none"_s)}, "can't be read"},
     };
     for (const auto& entry : cases) {
         const Outcome outcome = technician(entry.arguments);
@@ -130,27 +130,27 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
 }
 
 TEST_F(TechnicianProgram, HasNothingToDoOnAnEmptyCalibrator) {
-    const Outcome outcome = technician(m_points);
+    const Outcome outcome = technician(points_);
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"nothing to carry out"_s));
-    EXPECT_FALSE(QFile::exists(m_workshop.memory()));
+    EXPECT_FALSE(QFile::exists(workshop_.memory()));
 }
 
 TEST_F(TechnicianProgram, RefusesADamagedMemory) {
-    m_workshop.put(u"memory.json"_s, "{");
-    const Outcome outcome = technician(m_points);
+    workshop_.put(u"memory.json"_s, "{");
+    const Outcome outcome = technician(points_);
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"damaged"_s));
-    EXPECT_EQ(m_workshop.contentOf(u"memory.json"_s), "{");
+    EXPECT_EQ(workshop_.contentOf(u"memory.json"_s), "{");
 }
 
 TEST_F(TechnicianProgram, WaitsWhileSomebodyElseHoldsTheMemory) {
     download({u"TW-1"_s});
-    const int lock = ::open(QFile::encodeName(m_workshop.path(u"memory.json.lock"_s)), O_RDWR | O_CLOEXEC);
+    const int lock = ::open(QFile::encodeName(workshop_.path(u"memory.json.lock"_s)), O_RDWR | O_CLOEXEC);
     ASSERT_GE(lock, 0);
     ASSERT_EQ(::flock(lock, LOCK_EX), 0);
     const auto process =
-        startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, m_workshop.memory()} + m_points);
+        startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, workshop_.memory()} + points_);
     EXPECT_FALSE(process->waitForFinished(300));
     ::close(lock);
     EXPECT_EQ(outcomeOf(*process).code, 0);
@@ -162,12 +162,12 @@ TEST_F(TechnicianProgram, ManyTechniciansAndACalibratorLoseNothing) {
     for (int number = 0; number < 8; ++number)
         names += u"TW-%1"_s.arg(number);
     download(names);
-    const Calibrator calibrator(m_workshop);
+    const Calibrator calibrator(workshop_);
     Peer peer(calibrator.device());
     std::vector<std::unique_ptr<QProcess>> technicians;
     for (const QString& name : names) {
         technicians.push_back(
-            startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, m_workshop.memory()} + m_points +
+            startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, workshop_.memory()} + points_ +
                                                       QStringList{u"--only"_s, name}));
         EXPECT_EQ(peer.exchange(addMessage("NEW-" + name.toLatin1())), "t1A");
     }
