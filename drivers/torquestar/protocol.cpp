@@ -198,7 +198,6 @@ bool Exchange::announced() const {
 
 Exchange::Step Exchange::reply() {
     send(acknowledge_);
-    reply_.clear();
     const auto deadline = deadlineIn(replyTime);
     if (!wait(shortestReply, deadline))
         return fail(text(1051));

@@ -13,14 +13,14 @@ TEST_F(DownloadList, AnEmptyEntryDoesNothing) {
 }
 
 TEST_F(DownloadList, AnEntryThatIsListedIsToldInAnyCaseAlsoBehindAnArrow) {
-    screen.list = {u"other"_s, u"Größe-1"_s, u">PACK"_s};
-    for (const auto& entry : {u"OTHER"_s, u"GRÖßE-1"_s, u"größe-1"_s, u"pack"_s, u">pack"_s}) {
+    screen.list = {u"other"_s, u"Größe-1"_s, u">PACK"_s, u"ITEM"_s};
+    for (const auto& entry : {u"OTHER"_s, u"GRÖßE-1"_s, u"größe-1"_s, u"pack"_s, u">pack"_s, u"ıtem"_s}) {
         expectWarning(u"Instrument already listed!"_s);
         add(entry);
         EXPECT_EQ(script.statements, QStringList()) << entry.toStdString();
         EXPECT_EQ(screen.events, ended);
     }
-    EXPECT_EQ(screen.list.size(), 3);
+    EXPECT_EQ(screen.list.size(), 4);
 }
 
 TEST_F(DownloadList, WhatIsWrongWithASingleInstrumentIsToldInTheOrderOfTheChecks) {
@@ -108,7 +108,7 @@ TEST_F(DownloadList, TheTorqueStarTakesFortySevenRowsAndRefusesAPackageAsAWhole)
     }
 }
 
-TEST_F(DownloadList, OtherCalibratorsHaveNoSuchLimitAndNeedNoParametersOfTheStandard) {
+TEST_F(DownloadList, OtherCalibratorsHaveNoSuchLimit) {
     for (const auto& name : {u"Fluke 702"_s, u"Fluke 743/744"_s}) {
         screen.name = name;
         screen.list = QStringList(100, u"row"_s);

@@ -112,6 +112,7 @@ TEST_F(DownloadList, OnlyTheFirstStandardOfAPackageIsRequiredProposedAndRemember
                            forgetLast(u"W-1"_s), rememberLast(u"X-1"_s, u"W-1"_s), freeStandards(u"W-2"_s),
                            forgetLast(u"W-2"_s), useStandard(u"X-2"_s, u"W-2"_s), freeStandards(u"W-3"_s),
                            forgetLast(u"W-3"_s)}));
+    EXPECT_TRUE(script.statements.contains(selectLast(u"W-2"_s))) << "looked up, and not proposed";
 }
 
 TEST_F(DownloadList, AfterACancelledMemberTheNextOneIsStillRequiredWithItsOwnProposal) {

@@ -58,6 +58,16 @@ TEST_F(UploadCommand, ACalibratorWithoutADriverIsToldAndTheChoiceStored) {
     EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=Fluke 702"_s});
 }
 
+TEST_F(UploadCommand, ANameThatIsNoCalibratorEndsInSuccessHavingDoneNothing) {
+    choose(u"nameless"_s);
+    ui.expectBox(u"Upload Successful"_s, title, box::information);
+    ui.setBusyPointer();
+    upload();
+    EXPECT_FALSE(ui.busy) << "the command itself sets the normal pointer";
+    EXPECT_EQ(port.log, QStringList());
+    EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=nameless"_s});
+}
+
 TEST_F(UploadCommand, AListOfInstrumentsWithoutDataIsShownAsAFailure) {
     addInUse({u"W-1"_s});
     choose(u"Crane TorqueStar IVc"_s);

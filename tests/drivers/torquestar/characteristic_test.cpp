@@ -263,6 +263,45 @@ TEST_F(TorqueCharacteristic, TheLimitsAreTheToleranceBandOfTheHighestPoint) {
     }
 }
 
+TEST_F(TorqueCharacteristic, EachTermOfTheLimitsIsWorkedOutInItsOwnOrder) {
+    const double percentFirst = 7.0 / 100.0 * 100.0;
+    const double percentLast = 100.0 * 7.0 / 100.0;
+    ASSERT_NE(percentFirst, percentLast);
+    CalParamRecord tool;
+    tool.input_high = 100;
+
+    auto one = tool;
+    one.max_test_point_pct = 7;
+    EXPECT_EQ(torqueLimits(one).minimum, percentFirst) << "the highest point";
+
+    one = tool;
+    one.pos_span_pct = one.neg_span_pct = 7;
+    EXPECT_EQ(torqueLimits(one).maximum, percentLast) << "span";
+    EXPECT_EQ(torqueLimits(one).minimum, -percentLast) << "span";
+
+    one = tool;
+    one.pos_fs_range_pct = one.neg_fs_range_pct = 7;
+    EXPECT_EQ(torqueLimits(one).maximum, percentFirst) << "full scale";
+    EXPECT_EQ(torqueLimits(one).minimum, -percentFirst) << "full scale";
+
+    one = tool;
+    one.max_test_point_pct = 100;
+    one.pos_fs_range_pct = -100; // takes the point itself away again
+    one.neg_fs_range_pct = 100;
+    one.pos_reading_pct = one.neg_reading_pct = 7;
+    EXPECT_EQ(torqueLimits(one).maximum, percentFirst) << "reading";
+    EXPECT_EQ(torqueLimits(one).minimum, -percentFirst) << "reading";
+}
+
+TEST_F(TorqueCharacteristic, TheRangeIsWidenedBeforeItsSpanIsTaken) {
+    CalParamRecord tool;
+    tool.input_low = 0.5F;
+    tool.input_high = 16777216; // less a half, it is no 32-bit number
+    tool.max_test_point_pct = 100;
+    EXPECT_EQ(torqueLimits(tool).maximum, 16777216);
+    EXPECT_EQ(torqueLimits(tool).minimum, 16777216);
+}
+
 TEST_F(TorqueCharacteristic, TheResolutionIsReadBackFromItsText) {
     CalParamRecord tool;
     tool.resolution = 0.1F;

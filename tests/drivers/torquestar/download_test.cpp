@@ -283,6 +283,25 @@ TEST_F(TorqueDownload, ACountOutsideAByteIsReportedAndEndsInTheDefaultResult) {
     EXPECT_EQ(ui.events.last(), u"normal"_s);
 }
 
+TEST_F(TorqueDownload, ARoundOfMoreThanAByteCanCountIsReportedBeforeItIsMade) {
+    addWrenches(u"TAG"_s, 256);
+    ui.expectReport(5, u"ModuleTSInterface,TorqueStar_download"_s);
+    EXPECT_EQ(download(), QString());
+    EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F KVTASK"_s}));
+}
+
+TEST_F(TorqueDownload, TheHourglassShowsFromTheFirstExchangeOn) {
+    addWrenches(u"TAG"_s, 1);
+    bool busy = false;
+    peer.reply = [this, &busy, inner = peer.reply](const QByteArray& body) {
+        busy = busy || (body == "T0A" && ui.busy);
+        return inner(body);
+    };
+    EXPECT_EQ(download(), QString());
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(ui.busy);
+}
+
 TEST_F(TorqueDownload, TheRoundIsStoredAtTheEndOrTheResultSaysNot) {
     addWrenches(u"TAG"_s, 2);
     replies["T2C"] << QByteArray("t2C!") << std::nullopt;

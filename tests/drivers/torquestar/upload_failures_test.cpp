@@ -49,6 +49,29 @@ TEST_F(TorqueUpload, AllWithoutDataGiveTheirListAndNoRecord) {
     EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s, u"T1C W-1"_s, u"T2E KVTASK"_s}));
 }
 
+TEST_F(TorqueUpload, OnlyAReplyThatBeginsWithTAndEndsInTheMarkMeansNoData) {
+    for (const auto& reply : {QByteArray("x1C\x02"), QByteArray("t1C\x02.")}) {
+        script.statements.clear();
+        addUsed(1, {u"100"_s});
+        replies["T1C"] << reply << holdsData << holdsData;
+        replies["T1D"] << result(date, time, {100});
+        replies["T1F"] << noComment;
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(recordedAssets(), QStringList{u"W-1"_s}) << reply.toHex(' ').toStdString();
+    }
+}
+
+TEST_F(TorqueUpload, TheHourglassShowsFromTheFirstExchangeOn) {
+    bool busy = false;
+    peer.reply = [this, &busy, inner = peer.reply](const QByteArray& body) {
+        busy = busy || (body == "T0A" && ui.busy);
+        return inner(body);
+    };
+    EXPECT_EQ(upload(), QString());
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(ui.busy);
+}
+
 TEST_F(TorqueUpload, TheListOfThoseWithoutDataShowsTheNamesOnTheCalibrator) {
     addInUse({u"LONG-ASSET-NUMBER-1"_s});
     replies["T1C"] << holdsNothing;

@@ -80,13 +80,17 @@ TEST_F(TorqueUpload, SamplesThatDidNotComeCountAsZero) {
 
 TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndCountsAsZero) {
     addUsed(1, {u"100"_s});
-    for (int i = 0; i < 3; ++i)
-        replies["T1C"] << holdsData;
-    replies["T1D"] << result(date, time, {}) + "\x01\x02\x03";
-    replies["T1F"] << noComment;
-    ui.expectReport(5, u"ModuleTSInterface,Conv2Double"_s);
-    EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(resultLines(), QStringList{u"1 0.0ft/lb FAIL"_s});
+    for (const QByteArray& rest : {QByteArray("\x01"), QByteArray("\x01\x02"), QByteArray("\x01\x02\x03")}) {
+        script.statements.clear();
+        for (int i = 0; i < 3; ++i)
+            replies["T1C"] << holdsData;
+        replies["T1D"] << result(date, time, {}) + rest;
+        replies["T1F"] << noComment;
+        ui.expectReport(5, u"ModuleTSInterface,Conv2Double"_s);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_TRUE(ui.allCame()) << rest.size();
+        EXPECT_EQ(resultLines(), QStringList{u"1 0.0ft/lb FAIL"_s});
+    }
 }
 
 TEST_F(TorqueUpload, AHundredAndOneSamplesAreKeptAndMoreAreOutOfRange) {
@@ -130,6 +134,53 @@ TEST_F(TorqueUpload, TheNominalInputLiesBetweenTheEndsOfTheRange) {
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(resultLines(), QStringList{u"60.0ft/lb 60.0ft/lb"_s});
     EXPECT_EQ(recorded(u"C2320"_s), u"'HALF'"_s);
+}
+
+TEST_F(TorqueUpload, TheNominalInputIsWorkedOutInSixtyFourBits) {
+    addUsed(1, {u"50"_s});
+    auto tool = wrench();
+    tool.repetitions = 1;
+    tool.input_low = 0.5F;
+    tool.input_high = 16777216; // less a half, it is no 32-bit number
+    addInstrument(u"W-1"_s, u"KW-1"_s, tool);
+    session.ResultTemplateLine = u"FVA$"_s;
+    holdResults({{50}});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(resultLines(), QStringList{u"8388608.3ft/lb"_s});
+}
+
+TEST_F(TorqueUpload, EachToleranceTermRangeAndUnitHasItsPlaceInTheJudgement) {
+    // Half of 20 to 220 in/lb is 120, which 100 to 500 ft/lb make 300.
+    addUsed(1, {u"50"_s});
+    session.ResultTemplateLine = u"FVA$         FRE$         FLL$     FUL$"_s;
+    const struct {
+        float CalParamRecord::*positive;
+        float CalParamRecord::*negative;
+        QString limits;
+    } terms[] = {
+        {&CalParamRecord::pos_fs_range_pct, &CalParamRecord::neg_fs_range_pct, u"285.0 310.0"_s},
+        {&CalParamRecord::pos_span_pct, &CalParamRecord::neg_span_pct, u"288.0 308.0"_s},
+        {&CalParamRecord::pos_reading_pct, &CalParamRecord::neg_reading_pct, u"291.0 306.0"_s},
+        {&CalParamRecord::pos_lsd_counts, &CalParamRecord::neg_lsd_counts, u"299.7 300.2"_s},
+        {&CalParamRecord::pos_units, &CalParamRecord::neg_units, u"297.0 302.0"_s},
+    };
+    for (const auto& term : terms) {
+        CalParamRecord tool = wrench();
+        tool.repetitions = 1;
+        tool.input_type = u"in/lb"_s;
+        tool.input_low = 20;
+        tool.input_high = 220;
+        tool.output_low = 100;
+        tool.output_high = 500;
+        tool.pos_reading_pct = tool.neg_reading_pct = 0;
+        tool.*term.positive = 2;
+        tool.*term.negative = 3;
+        addInstrument(u"W-1"_s, u"KW-1"_s, tool);
+        script.statements.clear();
+        holdResults({{300}});
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(resultLines(), QStringList{u"120.0in/lb 300.0ft/lb "_s + term.limits});
+    }
 }
 
 TEST_F(TorqueUpload, TheDateAndTimeAreThoseOfTheLastResult) {
