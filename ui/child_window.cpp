@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QPushButton>
 #include <QShortcut>
@@ -76,6 +77,16 @@ QPoint ChildWindow::storedPosition() const {
             storedOr(session_, u"Top"_s, objectName(), place_.top)};
 }
 
+/// What the controls need, with the frame around them; texts that wrap need it at the given width.
+QSize ChildWindow::neededSize() const {
+    auto needed = layout()->totalMinimumSize();
+    if (layout()->hasHeightForWidth()) {
+        const int width = qMax(needed.width(), pixels(place_.width));
+        needed.setHeight(qMax(needed.height(), layout()->totalMinimumHeightForWidth(width)));
+    }
+    return needed;
+}
+
 void ChildWindow::showIn(QMdiArea& area) {
     if (mdiArea()) {
         show();
@@ -85,7 +96,7 @@ void ChildWindow::showIn(QMdiArea& area) {
     const auto position = storedPosition();
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
-    setFixedSize(given.expandedTo(minimumSizeHint()));
+    setFixedSize(given.expandedTo(neededSize()));
     move(inView(position, size(), area.viewport()->size()));
     show();
     area.setActiveSubWindow(this);

@@ -61,6 +61,7 @@ class ChildWindow : public QMdiSubWindow {
     Session& session_;
 
   private:
+    QSize neededSize() const;
     QPoint storedPosition() const;
     void storePosition();
     QPushButton* buttonFor(int key) const;

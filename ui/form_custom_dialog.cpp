@@ -60,13 +60,13 @@ FormCustomDialog::FormCustomDialog(Session& session, const DialogQuestion& quest
     LabelDataFormat->setText(plainText(question.fieldType));
     TextCustomDialog->setMaxLength(question.maxLength > 0 ? question.maxLength
                                                           : std::numeric_limits<int>::max());
-    TextCustomDialog->setVisible(!question.fromList);
-    ComboCustomDialog->setVisible(question.fromList);
+    layOut();
+    TextCustomDialog->setHidden(question.fromList);
+    ComboCustomDialog->setHidden(!question.fromList);
     if (question.fromList)
         takeList(question);
     else
         takeText(question);
-    layOut();
 
     setDefaultButton(CommandCustomDialogOK);
     setCancelButton(CommandCustomDialogCancel);

@@ -3,12 +3,12 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -36,32 +36,30 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
 void FormDockingDown::layOut() {
     auto* entryLabel = labelFor(TextAdd, u"Label2"_s, 253);
     entryLabel->setWordWrap(true);
-    entryLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    auto* chosen = new QHBoxLayout;
-    chosen->addWidget(label(u"Label1"_s, 349));
-    chosen->addWidget(SSPanelCalibrator, 1);
-    auto* adding = new QHBoxLayout;
-    adding->addWidget(CommandAdd);
-    adding->addStretch();
-    auto* removing = new QHBoxLayout;
-    removing->addWidget(CommandRemove, 1);
-    removing->addWidget(CommandDownload, 1);
+    auto* adding = new QVBoxLayout;
+    adding->setSpacing(4);
+    adding->addWidget(label(u"Label1"_s, 349));
+    adding->addWidget(SSPanelCalibrator);
+    adding->addStretch(1);
+    adding->addWidget(entryLabel);
+    adding->addWidget(TextAdd);
+    adding->addWidget(CommandAdd, 0, Qt::AlignLeft);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(CommandRemove);
+    buttons->addWidget(CommandDownload);
+    auto* listing = new QVBoxLayout;
+    listing->setSpacing(4);
+    listing->addWidget(labelFor(ListCal, u"Label3"_s, 258));
+    listing->addWidget(ListCal, 1);
+    listing->addLayout(buttons);
 
     auto* body = new QWidget;
-    auto* grid = new QGridLayout(body);
-    grid->setContentsMargins(10, 8, 10, 8);
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(4);
-    grid->addLayout(chosen, 0, 0);
-    grid->addWidget(entryLabel, 1, 0);
-    grid->addWidget(TextAdd, 2, 0);
-    grid->addLayout(adding, 3, 0);
-    grid->addWidget(labelFor(ListCal, u"Label3"_s, 258), 0, 1);
-    grid->addWidget(ListCal, 1, 1, 2, 1);
-    grid->addLayout(removing, 3, 1);
-    grid->setRowStretch(1, 1);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
+    auto* columns = new QHBoxLayout(body);
+    columns->setContentsMargins(8, 6, 8, 6);
+    columns->setSpacing(10);
+    columns->addLayout(adding, 1);
+    columns->addLayout(listing);
     setBody(body);
     kelvane::setTabOrder({TextAdd, CommandAdd, ListCal, CommandRemove, CommandDownload});
 }

@@ -1,0 +1,246 @@
+#include "resources/strings.h"
+#include "tests/support/program_fixture.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString title = u"Kelvane"_s;
+const QString noTemplate = u"Warning - Cal Result template file not found! Calibration results will not be "
+                           u"saved to the database during "
+                           "this session. Please locate the missing template file and copy to the Kelvane "
+                           "directory or to the MET/CAL "
+                           "directory and restart Kelvane."_s;
+const QString stillOpen =
+    u"One or more windows are still open! Please close open windows before logging out..."_s;
+const QString exitQuestion = u"Are you sure you want to exit?"_s;
+
+/// The shortcuts of the program with their entries.
+struct Shortcut {
+    QString keys;
+    QString entry;
+};
+QList<Shortcut> shortcuts() {
+    QList<Shortcut> all;
+    for (const auto& row : menuTree()) {
+        if (!row.shortcut.isEmpty())
+            all << Shortcut{row.shortcut.toString(), row.name.toString()};
+    }
+    return all;
+}
+
+} // namespace
+
+class MainWindow : public ProgramTest {
+  protected:
+    /// The entries whose shortcuts work now.
+    QStringList liveShortcuts() {
+        QStringList fired;
+        QList<QMetaObject::Connection> watching;
+        for (const auto& one : shortcuts()) {
+            // Only whether it fires is of interest here, not what it does.
+            action(one.entry)->disconnect(&program.window);
+            watching << QObject::connect(action(one.entry), &QAction::triggered, &program.window,
+                                         [&fired, name = one.entry] { fired << name; });
+        }
+        for (const auto& one : shortcuts())
+            press(one.keys);
+        for (const auto& one : watching)
+            QObject::disconnect(one);
+        return fired;
+    }
+};
+
+TEST_F(MainWindow, OpensWithTitleIconSizeAndTheLoginScreen) {
+    start();
+    EXPECT_EQ(program.window.objectName(), u"MDIFormMain"_s);
+    EXPECT_EQ(program.window.windowTitle(), title);
+    EXPECT_FALSE(program.window.windowIcon().pixmap(32, 32).isNull());
+    EXPECT_EQ(program.window.size(), QSize(665, 551));
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    EXPECT_TRUE(session.openFlag(ChildForm::FormConnect));
+    EXPECT_EQ(session.ResultTemplateLine, u"FN NM AP"_s);
+}
+
+TEST_F(MainWindow, ShowsEachCaptionInItsMenuWithItsShortcut) {
+    start();
+    for (const auto& row : menuTree()) {
+        SCOPED_TRACE(row.name.toString().toStdString());
+        auto* entry = action(row.name.toString());
+        EXPECT_EQ(entry->text(), text(row.caption));
+        EXPECT_EQ(entry->shortcut().toString(), row.shortcut.toString());
+        EXPECT_EQ(entry->isVisible(), row.shown);
+        const auto parent =
+            row.parent == MenuEntry::none
+                ? program.window.menuBar()->actions()
+                : program.window
+                      .findChild<QMenu*>(menuTree()[static_cast<std::size_t>(row.parent)].name.toString())
+                      ->actions();
+        EXPECT_TRUE(parent.contains(entry));
+    }
+}
+
+TEST_F(MainWindow, AMissingTemplateIsWarnedOfTwiceOverTheEmptyFrame) {
+    QFile::remove(u"rslt_db.frm"_s);
+    qputenv("windir", folder.path().toLocal8Bit());
+    folder.write(u"metcal.ini"_s, "[Startup]\n");
+    for (int i = 0; i < 2; ++i) {
+        person.expectBox(noTemplate, title, box::warning, [this](QMessageBox& box) {
+            EXPECT_TRUE(program.window.isVisible());
+            EXPECT_TRUE(openChildren().isEmpty());
+            click(*box.buttons().first());
+        });
+    }
+    start();
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    qunsetenv("windir");
+}
+
+TEST_F(MainWindow, TheCommandLineSetsItsFlag) {
+    start();
+    EXPECT_FALSE(session.CommandLineFlag);
+}
+
+TEST_F(MainWindow, BeforeALoginOnlyExitAndDatabaseConnectionHaveAShortcut) {
+    start();
+    EXPECT_EQ(liveShortcuts(), (QStringList{u"mnuExit"_s, u"mnuODBC"_s}));
+}
+
+class MainWindowAtLevel : public MainWindow, public ::testing::WithParamInterface<int> {};
+
+TEST_P(MainWindowAtLevel, ShortcutsOfHiddenOrDisabledEntriesAreDead) {
+    startLoggedIn(GetParam());
+    QStringList expected;
+    for (const auto& row : menuTree()) {
+        if (!row.shortcut.isEmpty() && program.window.menu().canBeReached(row.entry))
+            expected << row.name.toString();
+    }
+    EXPECT_TRUE(expected.contains(u"mnuLogout"_s));
+    EXPECT_EQ(liveShortcuts(), expected);
+}
+
+TEST_P(MainWindowAtLevel, TheMenuShowsWhatTheLevelMayReach) {
+    startLoggedIn(GetParam());
+    const auto& menu = program.window.menu();
+    for (const auto& row : menuTree()) {
+        const auto* entry = action(row.name.toString());
+        EXPECT_EQ(entry->isVisible(), menu.isShown(row.entry)) << row.name.toString().toStdString();
+        EXPECT_EQ(entry->isEnabled(), menu.isShown(row.entry) && menu.isEnabled(row.entry))
+            << row.name.toString().toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, MainWindowAtLevel, ::testing::Values(0, 1, 2, 3, 4, 5, 6, 7));
+
+TEST_F(MainWindow, AfterALoginThatBrokeOffTheHiddenEntriesStayDead) {
+    answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
+    start();
+    person.expectBox(
+        u"Database connection Failed! Check username/password and network connection and try again..."_s,
+        title, box::stop);
+    typeLogin(u"nobody"_s, u"secret"_s);
+    EXPECT_TRUE(action(u"mnuPrint"_s)->isEnabled());
+    EXPECT_EQ(liveShortcuts(), (QStringList{u"mnuLogout"_s, u"mnuExit"_s, u"mnuODBC"_s}));
+}
+
+TEST_F(MainWindow, ShortcutsWorkFromInsideATextField) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
+    choose(u"mnuDownload"_s);
+    ASSERT_EQ(qApp->focusWidget()->objectName(), u"TextAdd"_s);
+    EXPECT_EQ(liveShortcuts(), (QStringList{u"mnuLogout"_s, u"mnuExit"_s, u"mnuDownload"_s, u"mnuUpload"_s,
+                                            u"mnuStrategies"_s, u"mnuCalParameters"_s, u"mnuPrompts"_s,
+                                            u"mnuODBC"_s, u"mnuConfiguration"_s, u"mnuPredefined"_s}));
+}
+
+TEST_F(MainWindow, LogOutRefusesWhileAnyWindowIsOpen) {
+    startLoggedIn(4);
+    for (int form = 0; form < childFormCount; ++form) {
+        session.FormOpenFlags[static_cast<std::size_t>(form)] = true;
+        person.expectBox(stillOpen, title, box::warning);
+        choose(u"mnuLogout"_s);
+        session.FormOpenFlags[static_cast<std::size_t>(form)] = false;
+        EXPECT_TRUE(session.SessionConnected);
+        EXPECT_TRUE(script.open);
+    }
+    EXPECT_TRUE(action(u"mnuDownload"_s)->isEnabled());
+}
+
+TEST_F(MainWindow, LogOutGoesBackToTheLoginAndReadsTheTemplateAgain) {
+    startLoggedIn(4);
+    folder.write(u"rslt_db.frm"_s, "subst$(FN,\" psi\",\" PSIG\")\nanother body\n");
+    choose(u"mnuLogout"_s);
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_FALSE(script.open);
+    EXPECT_EQ(session.SharedConnection, nullptr);
+    EXPECT_EQ(session.ResultTemplateLine, u"ANOTHER BODY"_s);
+    EXPECT_EQ(session.SubstTable[0].code, u"FN"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    EXPECT_EQ(liveShortcuts(), (QStringList{u"mnuExit"_s, u"mnuODBC"_s}));
+}
+
+TEST_F(MainWindow, AfterLogOutAnotherUserLogsIn) {
+    startLoggedIn(6);
+    EXPECT_TRUE(action(u"mnuWorkEntry"_s)->isEnabled());
+    choose(u"mnuLogout"_s);
+    answerLogin(u"smith"_s, u"STD"_s, u"1"_s);
+    typeLogin(u"smith"_s, u"secret"_s);
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_EQ(session.SessionOwner, u"STD"_s);
+    EXPECT_TRUE(action(u"mnuCalibration"_s)->isVisible());
+    EXPECT_FALSE(action(u"mnuGlobal"_s)->isVisible());
+}
+
+TEST_F(MainWindow, LogOutOfALostSessionLeavesTheConnectionToTheNextLogin) {
+    startLoggedIn(4);
+    script.lost = true;
+    session.SessionConnected = false;
+    choose(u"mnuLogout"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    typeLogin(u"jdoe"_s, u"secret"_s);
+    EXPECT_TRUE(session.SessionConnected);
+}
+
+TEST_F(MainWindow, EachWayToExitAsksWithNoAsTheDefault) {
+    startLoggedIn(4);
+    const std::function<void()> ways[] = {
+        [&] { choose(u"mnuExit"_s); },
+        [&] { press(u"Ctrl+Q"_s); },
+        [&] { program.window.close(); },
+    };
+    int ended = 0;
+    for (const auto& leave : ways) {
+        person.expectBox(exitQuestion, title, box::question,
+                         [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        leave();
+        EXPECT_EQ(processEnded, ended);
+        EXPECT_TRUE(program.window.isVisible());
+        person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+        leave();
+        EXPECT_EQ(processEnded, ++ended);
+    }
+}
+
+TEST_F(MainWindow, OnYesTheProcessEndsWithTheWindowsStillOpen) {
+    startLoggedIn(4);
+    choose(u"mnuConfiguration"_s);
+    settings.writes.clear();
+    person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+    program.window.close();
+    EXPECT_EQ(processEnded, 1);
+    EXPECT_TRUE(child(u"FormCalConfig"_s).isVisible());
+    EXPECT_TRUE(settings.writes.isEmpty());
+    EXPECT_TRUE(script.open);
+}
+
+} // namespace kelvane::testing

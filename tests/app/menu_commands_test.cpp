@@ -1,0 +1,261 @@
+#include "tests/support/program_fixture.h"
+#include "ui/form_custom_dialog.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString comesLater = u"This screen is not part of this version yet."_s;
+const QString connectionLost = u"This workstation is no longer connected to the database. Please select "
+                               u"FILE,LOG OUT from the menu, or CTRL-L "
+                               "to log out and reconnect."_s;
+const QString chooseCalibrator = u"Select Calibrator To Use:"_s;
+const QString uploadTitle = u"Upload Test Results From Calibrator"_s;
+const QString countPoints = u"select count(tp_name) from mt.hvm_kv_proc_points"_s;
+const QString noStrategies =
+    u"Cannot configure calibration parameters without any test strategies defined!"_s;
+
+} // namespace
+
+class MenuCommands : public ProgramTest {
+  protected:
+    void chooseDownload(const QString& calibrator) {
+        person.expectDialog(u"Download"_s, chooseCalibrator, calibrator);
+        choose(u"mnuDownload"_s);
+    }
+    QString shownCalibrator() {
+        return control<QLabel>(child(u"FormDockingDown"_s), u"SSPanelCalibrator"_s).text();
+    }
+};
+
+TEST_F(MenuCommands, WithoutTheConnectionAllButThreeOnlySayThatItIsLost) {
+    startLoggedIn(4);
+    session.SessionConnected = false;
+    for (const auto& entry :
+         {u"mnuDownload"_s, u"mnuUpload"_s, u"mnuPrint"_s, u"mnuEnter"_s, u"mnuStrategies"_s,
+          u"mnuCalParameters"_s, u"mnuPrompts"_s, u"mnuConfiguration"_s, u"mnuPredefined"_s}) {
+        SCOPED_TRACE(entry.toStdString());
+        person.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
+        action(entry)->setEnabled(true);
+        choose(entry);
+        EXPECT_TRUE(openChildren().isEmpty());
+        EXPECT_TRUE(person.allCame());
+    }
+    EXPECT_TRUE(script.statements.isEmpty());
+    choose(u"mnuODBC"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormODBC"_s});
+}
+
+TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
+    startLoggedIn(4);
+    const QHash<QString, QString> titles{
+        {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
+        {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
+        {u"mnuStrategies"_s, u"Test Points/Strategies"_s},
+        {u"mnuPrompts"_s, u"Create/Edit Test Messages"_s},
+        {u"mnuWorkEntry"_s, u"Calibration Record Configuration"_s},
+        {u"mnuPredefined"_s, u"Predefined Task Packages"_s},
+    };
+    for (auto one = titles.cbegin(); one != titles.cend(); ++one) {
+        person.expectBox(comesLater, one.value(), box::information);
+        action(one.key())->setEnabled(true);
+        choose(one.key());
+        EXPECT_TRUE(person.allCame()) << one.key().toStdString();
+    }
+}
+
+TEST_F(MenuCommands, AboutHasNoCommand) {
+    startLoggedIn(4);
+    action(u"mnuAbout"_s)->setEnabled(true);
+    choose(u"mnuAbout"_s);
+    EXPECT_TRUE(openChildren().isEmpty());
+}
+
+TEST_F(MenuCommands, CalibrationParametersOpensWithoutAWordWhenThereAreStrategies) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"12"_s}});
+    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_EQ(script.statements, QStringList{countPoints});
+}
+
+TEST_F(MenuCommands, CalibrationParametersWarnsWithoutStrategiesAndOpensAllTheSame) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"0"_s}});
+    person.expectBox(noStrategies, u"Calibration Parameters"_s, box::warning);
+    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
+    choose(u"mnuCalParameters"_s);
+}
+
+TEST_F(MenuCommands, CalibrationParametersReportsAnErrorUnderItsSuffixedName) {
+    startLoggedIn(4);
+    script.failures.insert(countPoints, Error{208, u"no such table"_s});
+    person.expectReport(208, u"MDIFormMain,mnuCalParameters.Click"_s);
+    choose(u"mnuCalParameters"_s);
+}
+
+TEST_F(MenuCommands, ACommandThatMeetsALostConnectionSaysSoAndTheNextOneSaysWhatToDo) {
+    startLoggedIn(4);
+    script.lost = true;
+    person.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_FALSE(session.SessionConnected);
+    person.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
+    choose(u"mnuCalParameters"_s);
+    // Log out and a new login bring it back.
+    choose(u"mnuLogout"_s);
+    typeLogin(u"jdoe"_s, u"secret"_s);
+    EXPECT_TRUE(session.SessionConnected);
+}
+
+TEST_F(MenuCommands, AReportThatCantBeWrittenIsSaidAndTheProgramGoesOn) {
+    startLoggedIn(4);
+    QDir().mkdir(u"errors.log"_s);
+    script.failures.insert(countPoints, Error{208, u"no such table"_s});
+    person.expectBox(
+        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
+        "that the folder can be written to and that the disk is not full."_s,
+        u"Kelvane"_s, box::stop);
+    choose(u"mnuCalParameters"_s);
+    script.failures.clear();
+    script.answers.insert(countPoints, {Row{u"1"_s}});
+    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
+    choose(u"mnuCalParameters"_s);
+}
+
+TEST_F(MenuCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        EXPECT_EQ(shownCalibrator(), QString());
+        const auto& list = control<QComboBox>(dialog, u"ComboCustomDialog"_s);
+        QStringList rows;
+        for (int i = 0; i < list.count(); ++i)
+            rows << list.itemText(i);
+        EXPECT_EQ(rows, (QStringList{u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}));
+        EXPECT_EQ(list.currentText(), u"Crane TorqueStar IVc"_s);
+        answerDialog(dialog, u"Fluke 743/744"_s);
+    });
+    press(u"F1"_s);
+    EXPECT_EQ(shownCalibrator(), u"Fluke 743/744"_s);
+    EXPECT_EQ(qApp->focusWidget()->objectName(), u"TextAdd"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormDockingDown"_s});
+}
+
+TEST_F(MenuCommands, DownloadProposesTheCalibratorOfLastTime) {
+    startLoggedIn(4);
+    settings.values.insert(u"Defaults/LastDownloadCalibrator"_s, u"Fluke 702"_s);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [](FormCustomDialog& dialog) {
+        EXPECT_EQ(control<QComboBox>(dialog, u"ComboCustomDialog"_s).currentText(), u"Fluke 702"_s);
+        QTest::keyClick(&control<QComboBox>(dialog, u"ComboCustomDialog"_s), Qt::Key_Return);
+    });
+    choose(u"mnuDownload"_s);
+    EXPECT_EQ(shownCalibrator(), u"Fluke 702"_s);
+}
+
+TEST_F(MenuCommands, DownloadWithoutACalibratorClosesItsScreen) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuDownload"_s);
+    EXPECT_TRUE(openChildren().isEmpty());
+    EXPECT_FALSE(session.openFlag(ChildForm::FormDockingDown));
+}
+
+TEST_F(MenuCommands, DownloadWithItsScreenOpenAsksAgainAndKeepsTheRows) {
+    startLoggedIn(4);
+    chooseDownload(u"Fluke 702"_s);
+    control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s).addItems({u"A-1"_s, u"A-2"_s});
+    chooseDownload(u"Crane TorqueStar IVc"_s);
+    EXPECT_EQ(shownCalibrator(), u"Crane TorqueStar IVc"_s);
+    EXPECT_EQ(control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s).count(), 2);
+    EXPECT_EQ(openChildren(), QStringList{u"FormDockingDown"_s});
+}
+
+TEST_F(MenuCommands, DownloadWhileItsQuestionIsOpenChangesNothing) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        choose(u"mnuDownload"_s);
+        EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
+        EXPECT_TRUE(dialog.isOpen());
+        answerDialog(dialog, u"Fluke 702"_s);
+    });
+    choose(u"mnuDownload"_s);
+    EXPECT_EQ(shownCalibrator(), u"Fluke 702"_s);
+}
+
+TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        child(u"FormDockingDown"_s).close();
+        EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
+        answerDialog(dialog, u"Fluke 702"_s);
+    });
+    choose(u"mnuDownload"_s);
+    child(u"FormDockingDown"_s).close();
+    EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
+}
+
+TEST_F(MenuCommands, UploadRunsTheUploadCommand) {
+    startLoggedIn(4);
+    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    person.expectBox(u"The driver for this calibrator is not part of this version yet."_s, uploadTitle,
+                     box::warning);
+    press(u"F2"_s);
+    EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 702"_s);
+}
+
+TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {
+    startLoggedIn(4);
+    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        choose(u"mnuUpload"_s);
+        EXPECT_TRUE(dialog.isOpen());
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuUpload"_s);
+    EXPECT_FALSE(settings.values.contains(u"Defaults/LastUploadCalibrator"_s));
+}
+
+TEST_F(MenuCommands, TheRestOfTheProgramStaysReachableWhileAQuestionIsOpen) {
+    startLoggedIn(4);
+    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        choose(u"mnuConfiguration"_s);
+        EXPECT_TRUE(child(u"FormCalConfig"_s).isEnabled());
+        child(u"FormCalConfig"_s).close();
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuUpload"_s);
+}
+
+TEST_F(MenuCommands, ConfigurationShowsTheCalibratorOfTheDownload) {
+    startLoggedIn(4);
+    chooseDownload(u"Crane TorqueStar IVc"_s);
+    choose(u"mnuConfiguration"_s);
+    EXPECT_EQ(control<QComboBox>(child(u"FormCalConfig"_s), u"ComboCalibrator"_s).currentText(),
+              u"Crane TorqueStar IVc"_s);
+}
+
+TEST_F(MenuCommands, ConfigurationShownAgainIsTheSameWindow) {
+    startLoggedIn(4);
+    choose(u"mnuConfiguration"_s);
+    choose(u"mnuODBC"_s);
+    const auto* before = &child(u"FormCalConfig"_s);
+    choose(u"mnuConfiguration"_s);
+    EXPECT_EQ(&child(u"FormCalConfig"_s), before);
+    EXPECT_EQ(program.window.area().activeSubWindow(), before);
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,332 @@
+// What all screens share. A new screen is added to `screens` and is covered.
+#include "tests/support/program_fixture.h"
+#include "ui/form_custom_dialog.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QStyleFactory>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+class Screens;
+
+/// A screen, and how it comes up. `look` is called while it is there.
+struct Screen {
+    const char* name;
+    void (*show)(Screens& test, const std::function<void()>& look);
+};
+
+void PrintTo(const Screen& screen, std::ostream* out) {
+    *out << screen.name;
+}
+
+class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen> {
+  public:
+    // What the table of screens below needs of the fixture.
+    using ProgramTest::child;
+    using ProgramTest::choose;
+    using ProgramTest::person;
+    using ProgramTest::program;
+    using ProgramTest::start;
+    using ProgramTest::startLoggedIn;
+
+  protected:
+    /// Brings the screen up, looks at it and sends it away.
+    void lookAt(const std::function<void(ChildWindow&)>& look) {
+        const auto name = QString::fromLatin1(GetParam().name).section(u'_', 0, 0);
+        bool looked = false;
+        GetParam().show(*this, [&] {
+            QCoreApplication::processEvents();
+            look(child(name));
+            looked = true;
+        });
+        EXPECT_TRUE(looked);
+    }
+};
+
+void showDialog(Screens& test, const DialogQuestion& question, const std::function<void()>& look) {
+    test.startLoggedIn(4);
+    test.person.expectDialog(question.caption, question.prompt, [&](FormCustomDialog& dialog) {
+        look();
+        test.person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                              BoxAnswer::yes);
+        dialog.close();
+    });
+    test.program.ui.askOneField(question);
+}
+
+const Screen screens[] = {
+    {"FormConnect",
+     [](Screens& test, const std::function<void()>& look) {
+         test.start();
+         control<QLineEdit>(test.child(u"FormConnect"_s), u"TextUsername"_s).setText(u"jdoe"_s);
+         control<QLineEdit>(test.child(u"FormConnect"_s), u"TextPassword"_s).setText(u"secret"_s);
+         look();
+     }},
+    {"FormODBC",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuODBC"_s);
+         look();
+     }},
+    {"FormCalConfig",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuConfiguration"_s);
+         look();
+     }},
+    {"FormDockingDown",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
+         test.choose(u"mnuDownload"_s);
+         control<QListWidget>(test.child(u"FormDockingDown"_s), u"ListCal"_s)
+             .addItems({u"TW-1001"_s, u"TW-1002"_s, u"TW-1003"_s, u"TW-1004"_s, u"TW-1005"_s, u"TW-1006"_s});
+         look();
+     }},
+    {"FormStatusBar",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.program.ui.showProgress(u"Calibration Record Creation"_s);
+         test.program.ui.setProgressText(u"Downloading..."_s);
+         test.program.ui.setProgressValue(42);
+         look();
+         test.program.ui.hideProgress();
+     }},
+    {"FormCustomDialog_list",
+     [](Screens& test, const std::function<void()>& look) {
+         showDialog(test,
+                    {.caption = u"Upload Test Results From Calibrator"_s,
+                     .prompt = u"Select Calibrator To Use:"_s,
+                     .required = true,
+                     .fromList = true,
+                     .choices = {u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}},
+                    look);
+     }},
+    {"FormCustomDialog_text",
+     [](Screens& test, const std::function<void()>& look) {
+         showDialog(test,
+                    {.caption = u"TW-1001: External Standard Required"_s,
+                     .prompt = u"Standard to be used for this calibration:"_s,
+                     .required = true,
+                     .defaultText = u"STD-0042"_s},
+                    look);
+     }},
+    {"FormCustomDialog_long",
+     [](Screens& test, const std::function<void()>& look) {
+         showDialog(
+             test,
+             {.caption = u"Calibration Record Data (PT-100-ABC)"_s,
+              .prompt = u"Please enter information for: Humidity of the room in which the work was done"_s},
+             look);
+     }},
+};
+
+/// Everything that can be read or used inside a screen.
+QList<QWidget*> visibleControls(const ChildWindow& screen) {
+    QList<QWidget*> controls;
+    for (auto* one : screen.widget()->findChildren<QWidget*>()) {
+        if (one->isVisible() && !one->objectName().isEmpty() && !one->objectName().startsWith(u"qt_"))
+            controls << one;
+    }
+    return controls;
+}
+
+bool takesFocus(const QWidget* control) {
+    return control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+QPoint placeIn(const ChildWindow& screen, const QWidget* control) {
+    return control->mapTo(screen.widget(), QPoint(0, 0));
+}
+
+/// What a text needs at least, against what it has.
+bool isCutOff(const QWidget* control) {
+    if (const auto* text = qobject_cast<const QLabel*>(control)) {
+        const auto inside = text->contentsRect().size();
+        return text->wordWrap() ? text->heightForWidth(text->width()) > text->height()
+                                : text->sizeHint().width() > text->width() ||
+                                      text->fontMetrics().height() > inside.height();
+    }
+    if (qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QGroupBox*>(control))
+        return control->sizeHint().width() > control->width() ||
+               control->sizeHint().height() > control->height();
+    if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control))
+        return control->minimumSizeHint().width() > control->width() ||
+               control->sizeHint().height() > control->height();
+    return false;
+}
+
+QPalette darkPalette() {
+    QPalette palette(QColor(45, 45, 48), QColor(40, 40, 42));
+    palette.setColor(QPalette::WindowText, Qt::white);
+    palette.setColor(QPalette::Base, QColor(30, 30, 32));
+    palette.setColor(QPalette::Text, Qt::white);
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(70, 110, 170));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::gray);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::gray);
+    return palette;
+}
+
+/// Puts a palette on for a while.
+class Dressed {
+  public:
+    explicit Dressed(const QPalette& palette) : before_(QApplication::palette()) {
+        QApplication::setPalette(palette);
+    }
+    ~Dressed() { QApplication::setPalette(before_); }
+
+  private:
+    QPalette before_;
+};
+
+double shareOfLight(const QImage& picture) {
+    int light = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            light += qGray(picture.pixel(x, y)) > 127 ? 1 : 0;
+    }
+    return static_cast<double>(light) / (picture.width() * picture.height());
+}
+
+void savePicture(const QPixmap& picture, const QString& name) {
+    const QDir folder(QCoreApplication::applicationDirPath() + u"/../pictures"_s);
+    ASSERT_TRUE(folder.mkpath(u"."_s));
+    const auto scale = picture.devicePixelRatio() > 1 ? u"-double"_s : QString();
+    ASSERT_TRUE(picture.save(folder.filePath(name + scale + u".png"_s)));
+}
+
+} // namespace
+
+TEST_P(Screens, TabGoesThroughTheControlsAsTheyAreRead) {
+    lookAt([](ChildWindow& screen) {
+        QList<QWidget*> order;
+        auto* first = screen.focusWidget();
+        for (auto* one = first; one && !order.contains(one); one = one->nextInFocusChain()) {
+            if (screen.widget()->isAncestorOf(one) && one->isVisible() && takesFocus(one) &&
+                !one->objectName().startsWith(u"qt_"))
+                order << one;
+        }
+        // Columns are read from left to right, and each from top to bottom.
+        for (qsizetype i = 1; i < order.size(); ++i) {
+            const auto before = placeIn(screen, order[i - 1]);
+            const auto after = placeIn(screen, order[i]);
+            EXPECT_TRUE(after.y() > before.y() || after.x() > before.x())
+                << order[i - 1]->objectName().toStdString() << " comes before "
+                << order[i]->objectName().toStdString();
+        }
+    });
+}
+
+TEST_P(Screens, EveryControlHasItsNames) {
+    lookAt([](ChildWindow& screen) {
+        QStringList names;
+        for (const auto* one : visibleControls(screen)) {
+            EXPECT_FALSE(names.contains(one->objectName()))
+                << one->objectName().toStdString() << " stands twice";
+            names << one->objectName();
+            EXPECT_FALSE(one->accessibleName().isEmpty()) << one->objectName().toStdString();
+            if (takesFocus(one)) {
+                EXPECT_FALSE(one->toolTip().isEmpty()) << one->objectName().toStdString();
+            }
+        }
+        EXPECT_FALSE(names.isEmpty());
+    });
+}
+
+TEST_P(Screens, TheFocusIsInsideFromTheStart) {
+    lookAt([](ChildWindow& screen) {
+        const auto controls = visibleControls(screen);
+        const bool anyTakesIt = std::any_of(controls.cbegin(), controls.cend(), takesFocus);
+        EXPECT_EQ(anyTakesIt, screen.isAncestorOf(QApplication::focusWidget()));
+    });
+}
+
+TEST_P(Screens, NothingIsCutOff) {
+    lookAt([this](ChildWindow& screen) {
+        for (const auto* one : visibleControls(screen)) {
+            EXPECT_FALSE(isCutOff(one))
+                << one->objectName().toStdString() << " has " << one->width() << " x " << one->height()
+                << ", needs " << one->sizeHint().width() << " x " << one->sizeHint().height();
+            EXPECT_TRUE(screen.widget()->rect().contains(QRect(placeIn(screen, one), one->size())))
+                << one->objectName().toStdString();
+        }
+        EXPECT_TRUE(program.window.area().viewport()->rect().contains(screen.geometry()));
+    });
+}
+
+TEST_P(Screens, NoTextLooksLikeAMissingOne) {
+    lookAt([](ChildWindow& screen) {
+        EXPECT_FALSE(screen.windowTitle().isEmpty());
+        for (const auto* one : visibleControls(screen)) {
+            for (const auto& shown :
+                 {one->toolTip(), one->property("text").toString(), one->accessibleName()})
+                EXPECT_FALSE(shown.startsWith(u'#')) << shown.toStdString();
+        }
+    });
+}
+
+TEST_P(Screens, FollowsLightAndDarkPalettesAndLeavesItsPicture) {
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    const auto name = QString::fromLatin1(GetParam().name);
+    lookAt([&](ChildWindow& screen) {
+        {
+            const Dressed light(QPalette(QColor(239, 239, 239), QColor(239, 239, 239)));
+            QCoreApplication::processEvents();
+            EXPECT_GT(shareOfLight(screen.widget()->grab().toImage()), 0.8);
+            savePicture(program.window.grab(), name);
+        }
+        const Dressed dark(darkPalette());
+        QCoreApplication::processEvents();
+        EXPECT_LT(shareOfLight(screen.widget()->grab().toImage()), 0.2);
+        savePicture(program.window.grab(), name + u"-dark"_s);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(screens),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+class PicturesOfTheRest : public ProgramTest {};
+
+TEST_F(PicturesOfTheRest, MenuAndBoxes) {
+    startLoggedIn(4);
+    for (const auto& name : {u"mnuCalibration"_s, u"mnuParameters"_s}) {
+        auto* menu = program.window.findChild<QMenu*>(name);
+        menu->popup(program.window.mapToGlobal(QPoint(20, 20)));
+        EXPECT_TRUE(menu->isVisible());
+        savePicture(menu->grab(), name);
+        menu->close();
+    }
+    person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                     [](QMessageBox& shown) {
+                         savePicture(shown.grab(), u"box-question"_s);
+                         QTest::keyClick(&shown, Qt::Key_Escape);
+                     });
+    program.window.close();
+    const auto report = u"a statement "_s.repeated(3000);
+    person.expectBox(report, u"Kelvane"_s, box::stop, [](QMessageBox& shown) {
+        savePicture(shown.grab(), u"box-long"_s);
+        QTest::keyClick(&shown, Qt::Key_Return);
+    });
+    program.ui.messageBox(report, u"Kelvane"_s, box::stop);
+}
+
+} // namespace kelvane::testing

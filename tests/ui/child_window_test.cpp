@@ -1,0 +1,246 @@
+#include "tests/support/fixtures.h"
+#include "tests/support/screen_operator.h"
+#include "ui/child_window.h"
+
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+/// A screen of 300 x 150 pixels with a field and three buttons.
+class SomeScreen final : public ChildWindow {
+  public:
+    explicit SomeScreen(Session& session)
+        : ChildWindow(session, ChildForm::FormODBC, u"SomeScreen"_s, {.width = 4500, .height = 2250}),
+          field(new QLineEdit),
+          accept(new QPushButton(u"Accept"_s)),
+          other(new QPushButton(u"Other"_s)),
+          cancel(new QPushButton(u"Cancel"_s)) {
+        auto* body = new QWidget;
+        auto* column = new QVBoxLayout(body);
+        column->setContentsMargins(2, 2, 2, 2);
+        for (auto* one : {static_cast<QWidget*>(field), static_cast<QWidget*>(accept),
+                          static_cast<QWidget*>(other), static_cast<QWidget*>(cancel)})
+            column->addWidget(one);
+        setBody(body);
+        setDefaultButton(accept);
+        setCancelButton(cancel);
+        setFirstFocus(field);
+        for (auto* one : {accept, other, cancel})
+            connect(one, &QPushButton::clicked, this, [this, one] { clicked << one->text(); });
+    }
+    bool mayClose() override {
+        ++askedToClose;
+        return willing;
+    }
+
+    QLineEdit* field;
+    QPushButton* accept;
+    QPushButton* other;
+    QPushButton* cancel;
+    QStringList clicked;
+    int askedToClose = 0;
+    bool willing = true;
+};
+
+} // namespace
+
+class ChildWindowTest : public RecordedSession {
+  protected:
+    ChildWindowTest() {
+        window.setCentralWidget(area);
+        window.resize(665, 551);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    SomeScreen& open() {
+        auto* made = new SomeScreen(session);
+        made->showIn(*area);
+        return *made;
+    }
+    bool flag() { return session.openFlag(ChildForm::FormODBC); }
+
+    QMainWindow window;
+    QMdiArea* area = new QMdiArea;
+};
+
+TEST_F(ChildWindowTest, OpensAtItsOwnPlaceWithItsFrameInsideTheGivenSize) {
+    auto& screen = open();
+    EXPECT_EQ(screen.geometry(), QRect(7, 5, 300, 150));
+    EXPECT_EQ(screen.minimumSize(), screen.maximumSize());
+    EXPECT_EQ(screen.objectName(), u"SomeScreen"_s);
+    EXPECT_TRUE(screen.field->hasFocus());
+}
+
+TEST_F(ChildWindowTest, OpensAtTheStoredPositionInTwips) {
+    settings.values.insert(u"Left/SomeScreen"_s, u"1500"_s);
+    settings.values.insert(u"Top/SomeScreen"_s, u"750"_s);
+    EXPECT_EQ(open().pos(), QPoint(100, 50));
+}
+
+TEST_F(ChildWindowTest, APositionOutsideComesBackIntoView) {
+    const QSize room = area->viewport()->size();
+    const QPoint farthest(room.width() - 300, room.height() - 150);
+    const struct {
+        QStringView left;
+        QStringView top;
+        QPoint expected;
+    } rows[] = {
+        {u"-3000", u"-15", {0, 0}},
+        {u"99999", u"99999", farthest},
+        {u"1e300", u"-1e300", {farthest.x(), 0}},
+        {u"garbage", u"150 px", {0, 10}},
+        {u"1500", u"600000", {100, farthest.y()}},
+    };
+    for (const auto& row : rows) {
+        settings.values.insert(u"Left/SomeScreen"_s, row.left.toString());
+        settings.values.insert(u"Top/SomeScreen"_s, row.top.toString());
+        auto& screen = open();
+        EXPECT_EQ(screen.pos(), row.expected) << row.left.toString().toStdString();
+        screen.unload();
+    }
+}
+
+TEST_F(ChildWindowTest, AWindowLargerThanTheAreaKeepsItsTitleInView) {
+    window.resize(200, 120);
+    settings.values.insert(u"Left/SomeScreen"_s, u"3000"_s);
+    settings.values.insert(u"Top/SomeScreen"_s, u"3000"_s);
+    EXPECT_EQ(open().pos(), QPoint(0, 0));
+}
+
+TEST_F(ChildWindowTest, ClosingStoresThePositionInTwipsUnderTheWindowsName) {
+    auto& screen = open();
+    screen.move(20, 30);
+    screen.close();
+    EXPECT_EQ(settings.writes, (QStringList{u"Left/SomeScreen=300"_s, u"Top/SomeScreen=450"_s}));
+}
+
+TEST_F(ChildWindowTest, TheFlagStandsFromMakingToClosing) {
+    EXPECT_FALSE(flag());
+    auto& screen = open();
+    EXPECT_TRUE(flag());
+    EXPECT_TRUE(screen.isOpen());
+    screen.close();
+    EXPECT_FALSE(flag());
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(ChildWindowTest, ANewWindowKeepsItsFlagWhenTheOldOnesMemoryGoes) {
+    const QPointer old = &open();
+    old->close();
+    open();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(old.isNull());
+    EXPECT_TRUE(flag());
+}
+
+TEST_F(ChildWindowTest, AWindowThatIsDestroyedClearsItsFlag) {
+    delete &open();
+    EXPECT_FALSE(flag());
+}
+
+TEST_F(ChildWindowTest, ARefusedRequestLeavesTheWindowAsItIs) {
+    auto& screen = open();
+    screen.willing = false;
+    EXPECT_FALSE(screen.close());
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(flag());
+    EXPECT_TRUE(settings.writes.isEmpty());
+}
+
+TEST_F(ChildWindowTest, UnloadingDoesNotAsk) {
+    auto& screen = open();
+    screen.willing = false;
+    screen.unload();
+    EXPECT_EQ(screen.askedToClose, 0);
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(ChildWindowTest, ShowingItAgainBringsItForwardWhereItStands) {
+    auto& screen = open();
+    screen.move(60, 70);
+    auto* second = area->addSubWindow(new QLineEdit);
+    second->show();
+    area->setActiveSubWindow(second);
+    screen.showIn(*area);
+    EXPECT_EQ(area->activeSubWindow(), &screen);
+    EXPECT_EQ(screen.pos(), QPoint(60, 70));
+}
+
+TEST_F(ChildWindowTest, ReturnClicksTheDefaultButton) {
+    auto& screen = open();
+    QTest::keyClick(screen.field, Qt::Key_Return);
+    QTest::keyClick(screen.field, Qt::Key_Enter);
+    EXPECT_EQ(screen.clicked, (QStringList{u"Accept"_s, u"Accept"_s}));
+}
+
+TEST_F(ChildWindowTest, ReturnClicksTheButtonThatHasTheFocus) {
+    auto& screen = open();
+    screen.other->setFocus();
+    QTest::keyClick(screen.other, Qt::Key_Return);
+    EXPECT_EQ(screen.clicked, QStringList{u"Other"_s});
+}
+
+TEST_F(ChildWindowTest, EscapeClicksTheCancelButton) {
+    auto& screen = open();
+    QTest::keyClick(screen.field, Qt::Key_Escape);
+    screen.other->setFocus();
+    QTest::keyClick(screen.other, Qt::Key_Escape);
+    EXPECT_EQ(screen.clicked, (QStringList{u"Cancel"_s, u"Cancel"_s}));
+}
+
+TEST_F(ChildWindowTest, ADisabledDefaultButtonIsNotClicked) {
+    auto& screen = open();
+    screen.accept->setEnabled(false);
+    QTest::keyClick(screen.field, Qt::Key_Return);
+    EXPECT_TRUE(screen.clicked.isEmpty());
+}
+
+TEST_F(ChildWindowTest, ControlF4ClosesAndControlWDoesNot) {
+    auto& screen = open();
+    QTest::keyClick(screen.field, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(screen.isOpen());
+    QTest::keyClick(screen.field, Qt::Key_F4, Qt::ControlModifier);
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
+    const auto before = QApplication::font();
+    QApplication::setFont(QFont(before.family(), 24));
+    QCoreApplication::processEvents();
+    auto& screen = open();
+    EXPECT_GT(screen.height(), 150);
+    EXPECT_GE(screen.accept->height(), screen.accept->minimumSizeHint().height());
+    QApplication::setFont(before);
+}
+
+TEST_F(ChildWindowTest, ClosesEvenWhenNeitherThePositionNorTheReportCanBeWritten) {
+    class FullDisk final : public SettingsStore {
+      public:
+        QString value(const QString&, const QString&) const override { return {}; }
+        void setValue(const QString&, const QString&, const QString&) override {
+            throw makeError(ErrorNumber::pathFileAccess);
+        }
+    } full;
+    QDir().mkdir(u"errors.log"_s);
+    Session broken({ui, clock, full}, session.makeConnection);
+    auto* screen = new SomeScreen(broken);
+    screen->showIn(*area);
+    ui.expectBox(
+        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
+        "that the folder can be written to and that the disk is not full."_s,
+        u"Kelvane"_s, box::stop);
+    screen->close();
+    EXPECT_FALSE(screen->isOpen());
+    delete screen;
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,389 @@
+#include "tests/support/program_fixture.h"
+#include "ui/form_custom_dialog.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+/// The controls of the dialog.
+struct Controls {
+    explicit Controls(FormCustomDialog& dialog)
+        : prompt(control<QLabel>(dialog, u"LabelCustomDialog"_s)),
+          field(control<QLineEdit>(dialog, u"TextCustomDialog"_s)),
+          list(control<QComboBox>(dialog, u"ComboCustomDialog"_s)),
+          ok(control<QPushButton>(dialog, u"CommandCustomDialogOK"_s)),
+          cancel(control<QPushButton>(dialog, u"CommandCustomDialogCancel"_s)) {}
+    QLabel& prompt;
+    QLineEdit& field;
+    QComboBox& list;
+    QPushButton& ok;
+    QPushButton& cancel;
+};
+
+const QString cancelQuestion = u"Do you really want to cancel?"_s;
+const QString requiredMessage = u"Required Field - must provide an entry!"_s;
+const QString title = u"Kelvane"_s;
+
+} // namespace
+
+class CustomDialogTest : public ProgramTest {
+  protected:
+    CustomDialogTest() { startLoggedIn(4); }
+
+    QString ask(const DialogQuestion& question) { return program.ui.askOneField(question); }
+    static DialogQuestion textQuestion(bool required = true, qint16 fieldType = 0) {
+        return {.caption = u"A caption"_s,
+                .prompt = u"A prompt:"_s,
+                .required = required,
+                .fieldType = fieldType};
+    }
+    static DialogQuestion listQuestion(const QStringList& choices, const QString& start = {},
+                                       bool required = true) {
+        return {.caption = u"A caption"_s,
+                .prompt = u"A prompt:"_s,
+                .required = required,
+                .fromList = true,
+                .choices = choices,
+                .defaultText = start};
+    }
+    void meet(const std::function<void(FormCustomDialog&, Controls)>& act) {
+        person.expectDialog(u"A caption"_s, u"A prompt:"_s,
+                            [act](FormCustomDialog& dialog) { act(dialog, Controls(dialog)); });
+    }
+};
+
+TEST_F(CustomDialogTest, HasItsSizePlaceTextsAndFocus) {
+    meet([](FormCustomDialog& dialog, Controls controls) {
+        EXPECT_EQ(dialog.geometry(), QRect(133, 167, 268, 157));
+        EXPECT_EQ(controls.ok.text(), u"OK"_s);
+        EXPECT_EQ(controls.cancel.text(), u"Cancel"_s);
+        EXPECT_EQ(controls.field.toolTip(), u"Make an entry/selection"_s);
+        EXPECT_EQ(controls.list.toolTip(), u"Make an entry/selection"_s);
+        EXPECT_EQ(controls.ok.toolTip(), u"Accept this selection"_s);
+        EXPECT_EQ(controls.cancel.toolTip(), u"Cancel entry of this selection"_s);
+        EXPECT_TRUE(controls.field.hasFocus());
+        EXPECT_TRUE(controls.field.isVisible());
+        EXPECT_FALSE(controls.list.isVisible());
+        EXPECT_TRUE(controls.list.currentText().isEmpty());
+        answerDialog(dialog, u"entry"_s);
+    });
+    EXPECT_EQ(ask(textQuestion()), u"entry"_s);
+}
+
+TEST_F(CustomDialogTest, CarriesItsArgumentsInTwoHiddenLabels) {
+    meet([](FormCustomDialog& dialog, Controls) {
+        auto& always = control<QLabel>(dialog, u"LabelAlways"_s);
+        auto& format = control<QLabel>(dialog, u"LabelDataFormat"_s);
+        EXPECT_EQ(always.text(), u"1"_s);
+        EXPECT_EQ(format.text(), u"2"_s);
+        EXPECT_FALSE(always.isVisible() || format.isVisible());
+        answerDialog(dialog, u"5"_s);
+    });
+    ask(textQuestion(true, 2));
+}
+
+TEST_F(CustomDialogTest, TheAnswerIsTrimmed) {
+    meet([](FormCustomDialog& dialog, Controls) { answerDialog(dialog, u"  PT-100  "_s); });
+    EXPECT_EQ(ask(textQuestion()), u"PT-100"_s);
+}
+
+TEST_F(CustomDialogTest, ARequiredEntryHasToBeMade) {
+    person.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
+        Controls controls(dialog);
+        person.expectBox(requiredMessage, title, box::warning);
+        click(controls.ok);
+        EXPECT_TRUE(dialog.isOpen());
+        EXPECT_TRUE(controls.field.hasFocus());
+        answerDialog(dialog, u"x"_s);
+    });
+    EXPECT_EQ(ask(textQuestion()), u"x"_s);
+}
+
+TEST_F(CustomDialogTest, BlanksAloneSatisfyARequiredEntryAndComeAsAnEmptyAnswer) {
+    meet([](FormCustomDialog& dialog, Controls) { answerDialog(dialog, u"   "_s); });
+    EXPECT_EQ(ask(textQuestion()), QString());
+}
+
+TEST_F(CustomDialogTest, AnOptionalFreeTextPassesEmpty) {
+    meet([](FormCustomDialog&, Controls controls) { click(controls.ok); });
+    EXPECT_EQ(ask(textQuestion(false)), QString());
+}
+
+TEST_F(CustomDialogTest, AnOptionalFieldOfAnyOtherKindIsRefusedEmpty) {
+    const struct {
+        qint16 kind;
+        QStringView message;
+        QStringView good;
+    } rows[] = {{1, u"Invalid Date or Date Format!", u"11/21/2026"},
+                {2, u"Invalid Numeric Format!", u"1,000.5"},
+                {3, u"Invalid Time or Time Format!", u"14:30"}};
+    for (const auto& row : rows) {
+        meet([&](FormCustomDialog& dialog, Controls controls) {
+            person.expectBox(row.message.toString(), title, box::warning);
+            click(controls.ok);
+            EXPECT_TRUE(dialog.isOpen());
+            answerDialog(dialog, row.good.toString());
+        });
+        EXPECT_EQ(ask(textQuestion(false, row.kind)), row.good.toString());
+    }
+}
+
+TEST(FaultOfEntry, IsToldByTheFieldsKind) {
+    const struct {
+        QStringView entry;
+        int kind;
+        QStringView format;
+        int fault;
+    } rows[] = {
+        {u"anything", 0, u"", 0},
+        {u"", 0, u"", 0},
+        {u"11/21/2026", 1, u"MM/DD/YYYY", 0},
+        {u"21/11/2026", 1, u"DD/MM/YYYY", 0},
+        {u"21 Nov 2026", 1, u"", 0},
+        {u"11/21/2026 14:30", 1, u"MM/DD/YYYY", 0},
+        {u"02/30/2026", 1, u"MM/DD/YYYY", 1009},
+        {u"14:30", 1, u"MM/DD/YYYY", 1009},
+        {u"42", 1, u"MM/DD/YYYY", 1009},
+        {u"", 1, u"MM/DD/YYYY", 1009},
+        {u"-1,000.5e-3", 2, u"", 0},
+        {u"12 V", 2, u"", 1010},
+        {u"", 2, u"", 1010},
+        {u"14:30", 3, u"MM/DD/YYYY", 0},
+        {u"2:30 pm", 3, u"MM/DD/YYYY", 0},
+        {u"11/21/2026", 3, u"MM/DD/YYYY", 0},
+        {u"25:00", 3, u"MM/DD/YYYY", 1011},
+        {u"", 3, u"MM/DD/YYYY", 1011},
+        {u"anything", 4, u"", 0},
+        {u"anything", -1, u"", 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(faultOfEntry(row.entry.toString(), row.kind, row.format.toString()), row.fault)
+            << row.entry.toString().toStdString() << " of kind " << row.kind;
+}
+
+TEST_F(CustomDialogTest, TheThirtyFirstCharacterIsRefusedAsItIsTyped) {
+    auto question = textQuestion();
+    question.maxLength = 30;
+    meet([](FormCustomDialog&, Controls controls) {
+        QTest::keyClicks(&controls.field, u"1234567890123456789012345678901"_s);
+        EXPECT_EQ(controls.field.text(), u"123456789012345678901234567890"_s);
+        click(controls.ok);
+    });
+    EXPECT_EQ(ask(question).size(), 30);
+}
+
+TEST_F(CustomDialogTest, NoGreatestLengthSetsNoLimit) {
+    const auto entry = u"x"_s.repeated(40000);
+    meet([&](FormCustomDialog&, Controls controls) {
+        controls.field.insert(entry);
+        click(controls.ok);
+    });
+    EXPECT_EQ(ask(textQuestion()), entry);
+}
+
+TEST_F(CustomDialogTest, TheStartingTextIsShownSelectedSoThatTypingReplacesIt) {
+    auto question = textQuestion();
+    question.defaultText = u"STD-1"_s;
+    meet([](FormCustomDialog&, Controls controls) {
+        EXPECT_EQ(controls.field.selectedText(), u"STD-1"_s);
+        QTest::keyClick(&controls.field, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(question), u"STD-1"_s);
+    meet([](FormCustomDialog&, Controls controls) {
+        QTest::keyClicks(&controls.field, u"STD-2"_s);
+        QTest::keyClick(&controls.field, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(question), u"STD-2"_s);
+}
+
+TEST_F(CustomDialogTest, AListIsChosenFromWithItsFirstRowSelected) {
+    meet([](FormCustomDialog&, Controls controls) {
+        EXPECT_TRUE(controls.list.isVisible());
+        EXPECT_FALSE(controls.field.isVisible());
+        EXPECT_TRUE(controls.field.text().isEmpty());
+        EXPECT_FALSE(controls.list.isEditable());
+        EXPECT_TRUE(controls.list.hasFocus());
+        EXPECT_EQ(controls.list.currentText(), u"one"_s);
+        QTest::keyClick(&controls.list, Qt::Key_Down);
+        QTest::keyClick(&controls.list, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(listQuestion({u"one"_s, u"two"_s})), u"two"_s);
+}
+
+TEST(RowOfDefault, IsTheFirstThatBeginsWithItInCapitals) {
+    const QStringList rows{u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"fluke 743/744"_s};
+    const struct {
+        QStringView start;
+        int expected;
+    } cases[] = {{u"", 0},
+                 {u"fluke", 1},
+                 {u"FLUKE 74", 2},
+                 {u"Fluke 702", 1},
+                 {u"luke", -1},
+                 {u"Fluke 7023", -1},
+                 {u"crane torquestar ivc", 0}};
+    for (const auto& one : cases)
+        EXPECT_EQ(rowOfDefault(rows, one.start.toString()), one.expected) << one.start.toString().toStdString();
+    EXPECT_EQ(rowOfDefault({}, QString()), -1);
+}
+
+TEST_F(CustomDialogTest, ADefaultThatBeginsNoRowLeavesNothingChosen) {
+    person.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
+        Controls controls(dialog);
+        EXPECT_EQ(controls.list.currentIndex(), -1);
+        person.expectBox(requiredMessage, title, box::warning);
+        click(controls.ok);
+        EXPECT_TRUE(controls.list.hasFocus());
+        answerDialog(dialog, u"one"_s);
+    });
+    EXPECT_EQ(ask(listQuestion({u"one"_s, u"two"_s}, u"x"_s)), u"one"_s);
+}
+
+TEST_F(CustomDialogTest, AnEmptyListIsTypedInto) {
+    meet([](FormCustomDialog&, Controls controls) {
+        EXPECT_TRUE(controls.list.isEditable());
+        QTest::keyClicks(&controls.list, u" typed "_s);
+        QTest::keyClick(&controls.list, Qt::Key_Return);
+    });
+    EXPECT_EQ(ask(listQuestion({})), u"typed"_s);
+}
+
+TEST_F(CustomDialogTest, CancellingNeedsASecondConfirmation) {
+    for (const auto way : {0, 1, 2, 3}) {
+        meet([&](FormCustomDialog& dialog, Controls controls) {
+            const auto cancel = [&] {
+                switch (way) {
+                case 0:
+                    click(controls.cancel);
+                    break;
+                case 1:
+                    QTest::keyClick(&controls.field, Qt::Key_Escape);
+                    break;
+                case 2:
+                    dialog.close(); // by its frame
+                    break;
+                default:
+                    QTest::keyClick(&controls.field, Qt::Key_F4, Qt::ControlModifier);
+                }
+            };
+            person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
+            cancel();
+            EXPECT_TRUE(dialog.isOpen());
+            EXPECT_TRUE(controls.field.hasFocus());
+            person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::yes);
+            cancel();
+        });
+        EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s) << way;
+        EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog)) << way;
+    }
+}
+
+TEST_F(CustomDialogTest, NoToCancellingGivesTheFocusBackToTheList) {
+    meet([this](FormCustomDialog&, Controls controls) {
+        person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
+        click(controls.cancel);
+        EXPECT_TRUE(controls.list.hasFocus());
+        click(controls.ok);
+    });
+    EXPECT_EQ(ask(listQuestion({u"one"_s})), u"one"_s);
+}
+
+TEST_F(CustomDialogTest, TheWordCancelTypedIsReturnedAsItStands) {
+    meet([](FormCustomDialog& dialog, Controls) { answerDialog(dialog, u"*CANCEL*"_s); });
+    EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s);
+}
+
+TEST_F(CustomDialogTest, ASecondQuestionWhileOneIsOpenIsCancelledAtOnce) {
+    meet([this](FormCustomDialog& dialog, Controls) {
+        EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s);
+        EXPECT_TRUE(dialog.isOpen());
+        EXPECT_EQ(openChildren(), QStringList{u"FormCustomDialog"_s});
+        answerDialog(dialog, u"first"_s);
+    });
+    EXPECT_EQ(ask(textQuestion()), u"first"_s);
+}
+
+TEST_F(CustomDialogTest, KeepsItsFlagWhileItIsOpenAndItsPosition) {
+    meet([this](FormCustomDialog& dialog, Controls) {
+        EXPECT_TRUE(session.openFlag(ChildForm::FormCustomDialog));
+        dialog.move(40, 60);
+        answerDialog(dialog, u"x"_s);
+    });
+    ask(textQuestion());
+    EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog));
+    EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCustomDialog=600"_s, u"Top/FormCustomDialog=900"_s}));
+    meet([](FormCustomDialog& dialog, Controls) {
+        EXPECT_EQ(dialog.pos(), QPoint(40, 60));
+        answerDialog(dialog, u"x"_s);
+    });
+    ask(textQuestion());
+}
+
+TEST_F(CustomDialogTest, ThePointerIsNormalWhileItWaits) {
+    program.ui.setBusyPointer();
+    meet([](FormCustomDialog& dialog, Controls) {
+        EXPECT_FALSE(QApplication::overrideCursor());
+        answerDialog(dialog, u"x"_s);
+    });
+    ask(textQuestion());
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(CustomDialogTest, LogOutRefusesWhileItIsOpen) {
+    meet([this](FormCustomDialog& dialog, Controls) {
+        person.expectBox(
+            u"One or more windows are still open! Please close open windows before logging out..."_s, title,
+            box::warning);
+        choose(u"mnuLogout"_s);
+        EXPECT_TRUE(session.SessionConnected);
+        answerDialog(dialog, u"x"_s);
+    });
+    EXPECT_EQ(ask(textQuestion()), u"x"_s);
+}
+
+TEST_F(CustomDialogTest, ClosingTheMainWindowMeanwhileAsksWhetherToExit) {
+    meet([this](FormCustomDialog& dialog, Controls) {
+        person.expectBox(u"Are you sure you want to exit?"_s, title, box::question, BoxAnswer::no);
+        program.window.close();
+        EXPECT_TRUE(program.window.isVisible());
+        EXPECT_EQ(processEnded, 0);
+        person.expectBox(u"Are you sure you want to exit?"_s, title, box::question, BoxAnswer::yes);
+        program.window.close();
+        EXPECT_EQ(processEnded, 1);
+        answerDialog(dialog, u"x"_s);
+    });
+    EXPECT_EQ(ask(textQuestion()), u"x"_s);
+}
+
+TEST_F(CustomDialogTest, AnEventLoopThatEndsCancelsIt) {
+    meet([](FormCustomDialog&, Controls) { QCoreApplication::exit(); });
+    QString answer;
+    QMetaObject::invokeMethod(
+        &program.window, [&] { answer = ask(textQuestion()); }, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    EXPECT_EQ(answer, u"*CANCEL*"_s);
+    EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog));
+}
+
+TEST_F(CustomDialogTest, TextsAreShownAsTheyStand) {
+    auto question = textQuestion();
+    question.prompt = u"<b>Fish</b> & chips:"_s;
+    question.caption = u"A <i>caption</i> & more"_s;
+    person.expectDialog(question.caption, question.prompt, [](FormCustomDialog& dialog) {
+        EXPECT_EQ(Controls(dialog).prompt.textFormat(), Qt::PlainText);
+        answerDialog(dialog, u"x"_s);
+    });
+    ask(question);
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,143 @@
+#include "tests/support/fixtures.h"
+#include "tests/support/screen_operator.h"
+#include "ui/guarded.h"
+#include "ui/message_box.h"
+#include "ui/qt_user_interface.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+constexpr BoxStyle allStyles[] = {
+    box::warning,
+    box::stop,
+    box::information,
+    box::question,
+    box::warningYesNo,
+    box::warningOkCancel,
+    box::warningRetryCancel,
+    {BoxIcon::warning, BoxButtons::abortRetryIgnore, 1},
+    {BoxIcon::none, BoxButtons::abortRetryIgnore, 3},
+};
+
+BoxAnswer press(BoxStyle style, Qt::Key key) {
+    ScreenOperator person;
+    person.expectBox(u"Text"_s, u"Title"_s, style, [key](QMessageBox& box) { QTest::keyClick(&box, key); });
+    return showMessageBox(nullptr, u"Text"_s, u"Title"_s, style);
+}
+
+} // namespace
+
+TEST(MessageBox, ShowsTextTitleIconAndButtonsAndGivesEachAnswer) {
+    const QHash<BoxButtons, QList<BoxAnswer>> answers{
+        {BoxButtons::ok, {BoxAnswer::ok}},
+        {BoxButtons::okCancel, {BoxAnswer::ok, BoxAnswer::cancel}},
+        {BoxButtons::yesNo, {BoxAnswer::yes, BoxAnswer::no}},
+        {BoxButtons::retryCancel, {BoxAnswer::retry, BoxAnswer::cancel}},
+        {BoxButtons::abortRetryIgnore, {BoxAnswer::abort, BoxAnswer::retry, BoxAnswer::ignore}},
+    };
+    for (const auto& style : allStyles) {
+        for (const auto answer : answers.value(style.buttons)) {
+            ScreenOperator person;
+            person.expectBox(u"A text & <b>its</b>\r\nsecond line"_s, u"A title"_s, style, answer);
+            EXPECT_EQ(showMessageBox(nullptr, u"A text & <b>its</b>\r\nsecond line"_s, u"A title"_s, style),
+                      answer);
+        }
+    }
+}
+
+TEST(MessageBox, ReturnGivesTheDefaultAnswer) {
+    EXPECT_EQ(press(box::warning, Qt::Key_Return), BoxAnswer::ok);
+    EXPECT_EQ(press(box::question, Qt::Key_Return), BoxAnswer::no);
+    EXPECT_EQ(press(box::warningYesNo, Qt::Key_Return), BoxAnswer::no);
+    EXPECT_EQ(press(box::warningOkCancel, Qt::Key_Return), BoxAnswer::ok);
+    EXPECT_EQ(press(box::warningRetryCancel, Qt::Key_Return), BoxAnswer::retry);
+    EXPECT_EQ(press({BoxIcon::warning, BoxButtons::abortRetryIgnore, 1}, Qt::Key_Return), BoxAnswer::abort);
+}
+
+TEST(MessageBox, EscapeGivesNoOrCancelOrTheOnlyAnswer) {
+    EXPECT_EQ(press(box::stop, Qt::Key_Escape), BoxAnswer::ok);
+    EXPECT_EQ(press(box::question, Qt::Key_Escape), BoxAnswer::no);
+    EXPECT_EQ(press(box::warningOkCancel, Qt::Key_Escape), BoxAnswer::cancel);
+    EXPECT_EQ(press(box::warningRetryCancel, Qt::Key_Escape), BoxAnswer::cancel);
+}
+
+TEST(MessageBox, EscapeAndTheFrameLeaveABoxOfThreeWaysOpen) {
+    const BoxStyle style{BoxIcon::warning, BoxButtons::abortRetryIgnore, 1};
+    ScreenOperator person;
+    person.expectBox(u"Text"_s, u"Title"_s, style, [](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Tab);
+        QTest::keyClick(box.focusWidget(), Qt::Key_Space);
+    });
+    const auto answer = showMessageBox(nullptr, u"Text"_s, u"Title"_s, style);
+    EXPECT_TRUE(answer == BoxAnswer::retry || answer == BoxAnswer::ignore);
+}
+
+TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreen) {
+    const auto longText = u"insert into mt.calresults "_s.repeated(4000);
+    ScreenOperator person;
+    person.expectBox(longText, u"Kelvane"_s, box::stop, [](QMessageBox& box) {
+        const auto room = box.screen()->availableGeometry();
+        EXPECT_LE(box.height(), room.height());
+        EXPECT_LE(box.width(), room.width());
+        click(*box.buttons().first());
+    });
+    showMessageBox(nullptr, longText, u"Kelvane"_s, box::stop);
+}
+
+TEST(MessageBox, ALongWordLeavesTheButtonsOnTheScreen) {
+    const auto longText = u"x"_s.repeated(20000);
+    ScreenOperator person;
+    person.expectBox(longText, u"Kelvane"_s, box::stop, [](QMessageBox& box) {
+        const auto room = box.screen()->availableGeometry();
+        EXPECT_LE(box.height(), room.height());
+        EXPECT_LE(box.width(), room.width());
+        click(*box.buttons().first());
+    });
+    showMessageBox(nullptr, longText, u"Kelvane"_s, box::stop);
+}
+
+TEST(Pointer, IsNotCountedAndABoxShowsTheNormalOne) {
+    QtUserInterface ui;
+    ui.setBusyPointer();
+    ui.setBusyPointer();
+    ASSERT_TRUE(QApplication::overrideCursor());
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    {
+        ScreenOperator person;
+        person.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
+            EXPECT_FALSE(QApplication::overrideCursor());
+            click(*box.buttons().first());
+        });
+        ui.messageBox(u"Text"_s, u"Title"_s, box::warning);
+    }
+    EXPECT_TRUE(QApplication::overrideCursor());
+    ui.setNormalPointer();
+    EXPECT_FALSE(QApplication::overrideCursor());
+    ui.setNormalPointer();
+}
+
+TEST(Guard, AnErrorOfTheLastResortIsSaidAndGoesNoFurther) {
+    QtUserInterface ui;
+    ui.setBusyPointer();
+    ScreenOperator person;
+    person.expectBox(
+        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
+        "that the folder can be written to and that the disk is not full."_s,
+        u"Kelvane"_s, box::stop);
+    guarded(ui, [] { throw makeError(ErrorNumber::pathFileAccess); });
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+} // namespace kelvane::testing
