@@ -12,6 +12,7 @@
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
 #include <QMdiArea>
@@ -120,7 +121,8 @@ void MDIFormMain::applyMenu() {
 void MDIFormMain::load() {
     guarded(session_.ui, [this] {
         setWindowTitle(text(101));
-        setWindowIcon(programIcon());
+        // For the child windows too.
+        QApplication::setWindowIcon(programIcon());
         setCaptions();
         resize(pixels(widthInTwips), pixels(heightInTwips));
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
@@ -151,6 +153,13 @@ void MDIFormMain::carryOut(MenuEntry entry) {
 void MDIFormMain::closeEvent(QCloseEvent* event) {
     event->ignore();
     guarded(session_.ui, [this] { mnuExit(); });
+}
+
+void MDIFormMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // The area keeps the colour that it was made with.
+    if (event->type() == QEvent::PaletteChange)
+        area_->setBackground(palette().dark());
 }
 
 void MDIFormMain::mnuExit() {

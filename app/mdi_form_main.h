@@ -39,6 +39,7 @@ class MDIFormMain final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     struct Command;

@@ -4,12 +4,14 @@
 #include "platform/numbers.h"
 #include "ui/guarded.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMdiArea>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -80,11 +82,27 @@ QPoint ChildWindow::storedPosition() const {
 /// What the controls need, with the frame around them; texts that wrap need it at the given width.
 QSize ChildWindow::neededSize() const {
     auto needed = layout()->totalMinimumSize();
+    needed.setWidth(qMax(needed.width(), qMin(neededForTitle(), mdiArea()->viewport()->width())));
     if (layout()->hasHeightForWidth()) {
         const int width = qMax(needed.width(), pixels(place_.width));
         needed.setHeight(qMax(needed.height(), layout()->totalMinimumHeightForWidth(width)));
     }
     return needed;
+}
+
+/// The width at which the title bar shows the whole caption.
+int ChildWindow::neededForTitle() const {
+    QStyleOptionTitleBar bar;
+    bar.initFrom(this);
+    bar.titleBarFlags = windowFlags();
+    const auto frame = contentsMargins();
+    const int width = pixels(place_.width);
+    bar.rect = QRect(0, 0, width - frame.left() - frame.right(), frame.top());
+    const int room =
+        style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, this).width();
+    const QFontMetrics letters(QApplication::font("QMdiSubWindowTitleBar"));
+    // Two pixels for the fractions that the metrics leave out.
+    return width - room + letters.horizontalAdvance(windowTitle()) + 2;
 }
 
 void ChildWindow::showIn(QMdiArea& area) {

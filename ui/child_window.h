@@ -35,7 +35,8 @@ class ChildWindow : public QMdiSubWindow {
     ~ChildWindow() override;
 
     /// Shows the window inside `area` at its stored position, moved into view where that lies outside; or
-    /// brings it forward when it is shown already. The size grows where the user's font needs more room.
+    /// brings it forward when it is shown already. The size grows where caption and controls, in the user's
+    /// font, would be cut off otherwise.
     void showIn(QMdiArea& area);
     /// Closes without asking `mayClose`.
     void unload();
@@ -62,6 +63,7 @@ class ChildWindow : public QMdiSubWindow {
 
   private:
     QSize neededSize() const;
+    int neededForTitle() const;
     QPoint storedPosition() const;
     void storePosition();
     QPushButton* buttonFor(int key) const;

@@ -27,6 +27,8 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
     SSPanelCalibrator->setTextFormat(Qt::PlainText);
     SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     ListCal->setUniformItemSizes(true);
+    // As wide as the buttons below it; the rest is for the other side.
+    ListCal->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     layOut();
     connectCommands();
     setDefaultButton(CommandAdd);

@@ -219,12 +219,14 @@ void savePicture(const QPixmap& picture, const QString& name) {
 TEST_P(Screens, TabGoesThroughTheControlsAsTheyAreRead) {
     lookAt([](ChildWindow& screen) {
         QList<QWidget*> order;
-        auto* first = screen.focusWidget();
-        for (auto* one = first; one && !order.contains(one); one = one->nextInFocusChain()) {
-            if (screen.widget()->isAncestorOf(one) && one->isVisible() && takesFocus(one) &&
+        auto* const first = screen.focusWidget();
+        auto* one = first;
+        do {
+            if (one && screen.widget()->isAncestorOf(one) && one->isVisible() && takesFocus(one) &&
                 !one->objectName().startsWith(u"qt_"))
                 order << one;
-        }
+            one = one ? one->nextInFocusChain() : nullptr;
+        } while (one && one != first);
         // Columns are read from left to right, and each from top to bottom.
         for (qsizetype i = 1; i < order.size(); ++i) {
             const auto before = placeIn(screen, order[i - 1]);
@@ -256,7 +258,7 @@ TEST_P(Screens, TheFocusIsInsideFromTheStart) {
     lookAt([](ChildWindow& screen) {
         const auto controls = visibleControls(screen);
         const bool anyTakesIt = std::any_of(controls.cbegin(), controls.cend(), takesFocus);
-        EXPECT_EQ(anyTakesIt, screen.isAncestorOf(QApplication::focusWidget()));
+        EXPECT_TRUE(!anyTakesIt || screen.isAncestorOf(QApplication::focusWidget()));
     });
 }
 

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -78,6 +79,35 @@ TEST_F(CustomDialogTest, HasItsSizePlaceTextsAndFocus) {
         answerDialog(dialog, u"entry"_s);
     });
     EXPECT_EQ(ask(textQuestion()), u"entry"_s);
+}
+
+TEST_F(CustomDialogTest, GrowsOnlyWhereItsCaptionOrPromptWouldBeCutOff) {
+    const struct {
+        QString caption;
+        QString prompt;
+        bool wider;
+        bool higher;
+    } rows[] = {
+        {u"Upload Test Results From Calibrator"_s, u"Select Calibrator To Use:"_s, false, false},
+        {u"TW-1001: External Standard Required"_s, u"Standard to be used for this calibration:"_s, true,
+         false},
+        {u"Calibration Record Data (LAB-PT-100-ABC)"_s, u"Please enter information for: Humidity"_s, true,
+         false},
+        {u"Caption"_s, u"a long prompt "_s.repeated(20), false, true},
+        {u"caption "_s.repeated(100), u"Prompt"_s, true, false},
+    };
+    for (const auto& row : rows) {
+        auto question = textQuestion();
+        question.caption = row.caption;
+        question.prompt = row.prompt;
+        person.expectDialog(row.caption, row.prompt, [&](FormCustomDialog& dialog) {
+            EXPECT_EQ(dialog.width() > 268, row.wider) << row.caption.toStdString();
+            EXPECT_EQ(dialog.height() > 157, row.higher) << row.prompt.toStdString();
+            EXPECT_TRUE(program.window.area().viewport()->rect().contains(dialog.geometry()));
+            answerDialog(dialog, u"x"_s);
+        });
+        ask(question);
+    }
 }
 
 TEST_F(CustomDialogTest, CarriesItsArgumentsInTwoHiddenLabels) {
@@ -233,7 +263,8 @@ TEST(RowOfDefault, IsTheFirstThatBeginsWithItInCapitals) {
                  {u"Fluke 7023", -1},
                  {u"crane torquestar ivc", 0}};
     for (const auto& one : cases)
-        EXPECT_EQ(rowOfDefault(rows, one.start.toString()), one.expected) << one.start.toString().toStdString();
+        EXPECT_EQ(rowOfDefault(rows, one.start.toString()), one.expected)
+            << one.start.toString().toStdString();
     EXPECT_EQ(rowOfDefault({}, QString()), -1);
 }
 
