@@ -22,6 +22,8 @@ namespace kelvane {
 namespace {
 
 constexpr int twipsPerPixel = 15;
+// What styles leave free beside a caption in its room.
+constexpr int besideCaption = 15;
 // Beyond any screen; keeps a spoilt setting inside the whole numbers.
 constexpr double farAway = 1e6;
 
@@ -95,14 +97,12 @@ int ChildWindow::neededForTitle() const {
     QStyleOptionTitleBar bar;
     bar.initFrom(this);
     bar.titleBarFlags = windowFlags();
-    const auto frame = contentsMargins();
     const int width = pixels(place_.width);
-    bar.rect = QRect(0, 0, width - frame.left() - frame.right(), frame.top());
+    bar.rect = QRect(0, 0, width, contentsMargins().top());
     const int room =
         style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, this).width();
     const QFontMetrics letters(QApplication::font("QMdiSubWindowTitleBar"));
-    // Two pixels for the fractions that the metrics leave out.
-    return width - room + letters.horizontalAdvance(windowTitle()) + 2;
+    return width - room + letters.horizontalAdvance(windowTitle()) + besideCaption;
 }
 
 void ChildWindow::showIn(QMdiArea& area) {
