@@ -14,6 +14,8 @@ else()
     # No fused multiply-add and no fast math: every rounding of the tolerance rules is to be the same everywhere.
     target_compile_options(
         kelvane_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+    # Lets ccache see what a precompiled header holds.
+    target_compile_options(kelvane_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     if(KELVANE_SANITIZE)
         target_compile_options(kelvane_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                          -fno-omit-frame-pointer)
