@@ -2,9 +2,9 @@
 // nine numbers with std::snprintf, the standard library's ordinary way; std::to_chars, which only copies
 // digits into a buffer, is shown beside it.
 
-#include "benchmarks/quiet_operator.h"
 #include "data/tolerances.h"
 #include "tests/support/fixtures.h"
+#include "tests/support/quiet_operator.h"
 
 #include <algorithm>
 #include <array>
@@ -63,7 +63,7 @@ class Points {
     }
 
   private:
-    QuietOperator ui_;
+    testing::QuietOperator ui_;
     testing::SetClock clock_;
     testing::MemorySettings settings_;
     Session session_;

@@ -1,11 +1,11 @@
 // A download and an upload of 47 torque tools: the exchange against the line's own time, and the database
 // against plain ODBC firing the same statements. Usage: bench_torque SIMULATOR TECHNICIAN DATABASE
 
-#include "benchmarks/quiet_operator.h"
 #include "benchmarks/torque_site.h"
 #include "benchmarks/watched.h"
 #include "data/assets.h"
 #include "drivers/torquestar/qt_serial_port.h"
+#include "tests/support/quiet_operator.h"
 #include "workflow/driver.h"
 
 #include <QCoreApplication>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "benchmarks/quiet_operator.h"
 #include "benchmarks/watched.h"
 #include "data/session.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/settings_store.h"
 #include "tests/support/embedded_database.h"
+#include "tests/support/quiet_operator.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -34,7 +34,7 @@ class TorqueSite {
     double replayPlainly(const QStringList& statements, const QList<Rows>& rows);
 
     QString calibrator;
-    QuietOperator ui;
+    testing::QuietOperator ui;
     SystemClock clock;
     QTemporaryDir folder;
     IniSettingsStore settings;

@@ -1,6 +1,6 @@
 #include "demo/calibrator.h"
 
-#include "demo/person.h"
+#include "demo/difference.h"
 
 #include <QCoreApplication>
 #include <QDir>

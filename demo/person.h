@@ -1,12 +1,13 @@
 #pragma once
 
+#include "demo/difference.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <optional>
-#include <stdexcept>
 
 class QMessageBox;
 
@@ -16,12 +17,6 @@ class ChildWindow;
 class FormCustomDialog;
 
 namespace demo {
-
-/// What the demonstration met instead of what has to be.
-class Difference : public std::runtime_error {
-  public:
-    explicit Difference(const QString& told) : std::runtime_error(told.toStdString()) {}
-};
 
 /// The technician at the screen: answers boxes and one-field dialogs by what the present step expects, with
 /// real key and mouse events, and takes a picture of every window that comes up. Whatever the step does not

@@ -1,6 +1,6 @@
 #include "demo/records.h"
 
-#include "demo/person.h"
+#include "demo/difference.h"
 
 #include <cstdio>
 

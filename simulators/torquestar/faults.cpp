@@ -126,7 +126,7 @@ QString faultHelp() {
 
 void Faults::add(const QString& text) {
     static const QRegularExpression form(
-        u"^([a-z-]+)(?::([0-9A-Fa-f]+))?(?:@([A-Za-z0-9]{3}))?(?:\\*([0-9]+))?$"_s);
+        u"^([a-z-]+)(?::([0-9A-Fa-f]+))?(?:@([A-Za-z0-9]{3}))?(?:\\+([0-9]+))?(?:\\*([0-9]+))?$"_s);
     const QRegularExpressionMatch parts = form.match(text);
     const auto* const description =
         std::find_if(std::begin(descriptions), std::end(descriptions), [&](const Description& entry) {
@@ -134,7 +134,8 @@ void Faults::add(const QString& text) {
         });
     if (description == std::end(descriptions))
         throw Failure(
-            u"\"%1\" is no fault. A fault is KIND[:VALUE][@MESSAGE][*TIMES]; see --help."_s.arg(text));
+            u"\"%1\" is no fault. A fault is KIND[:VALUE][@MESSAGE][+AFTER][*TIMES]; see --help."_s.arg(
+                text));
 
     Fault fault;
     fault.kind = description->kind;
@@ -145,20 +146,30 @@ void Faults::add(const QString& text) {
     if (!fault.identifier.isEmpty() && !Messages::knows(fault.identifier))
         throw Failure(u"The fault \"%1\" names a message that the calibrator does not know."_s.arg(text));
     if (!parts.captured(4).isEmpty())
-        fault.left = numberOf(parts.captured(4), 1, 1'000'000, text);
+        fault.after = numberOf(parts.captured(4), 1, 1'000'000, text);
+    if (!parts.captured(5).isEmpty())
+        fault.left = numberOf(parts.captured(5), 1, 1'000'000, text);
     faults_.push_back(fault);
 }
 
+bool Faults::isMeant(const Fault& fault, FaultKind kind, const QByteArray& identifier) {
+    return fault.kind == kind && fault.left != 0 &&
+           (fault.identifier.isEmpty() || fault.identifier == identifier);
+}
+
 std::optional<Fault> Faults::take(FaultKind kind, const QByteArray& identifier) {
-    const auto place = std::find_if(faults_.begin(), faults_.end(), [&](const Fault& fault) {
-        return fault.kind == kind && fault.left != 0 &&
-               (fault.identifier.isEmpty() || fault.identifier == identifier);
-    });
-    if (place == faults_.end())
-        return {};
-    if (place->left > 0)
-        --place->left;
-    return *place;
+    for (Fault& fault : faults_) {
+        if (!isMeant(fault, kind, identifier))
+            continue;
+        if (fault.after > 0) {
+            --fault.after;
+            continue;
+        }
+        if (fault.left > 0)
+            --fault.left;
+        return fault;
+    }
+    return {};
 }
 
 } // namespace kelvane::simulators

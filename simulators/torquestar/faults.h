@@ -39,6 +39,7 @@ struct Fault {
     int number = 0;        ///< a count of bytes, milliseconds, an error code or a byte's value
     QByteArray bytes;      ///< of OtherReply
     QByteArray identifier; ///< the message it is meant for; empty for all
+    int after = 0;         ///< how many occasions it still lets pass
     int left = -1;         ///< how often it still comes; below 0 without end
 };
 
@@ -47,13 +48,15 @@ QString faultHelp();
 
 class Faults {
   public:
-    /// Such as "drop-byte:3@T1D*1". Throws `Failure` on anything that it doesn't understand.
+    /// Such as "drop-byte:3@T1D+2*1". Throws `Failure` on anything that it doesn't understand.
     void add(const QString& text);
     /// The first fault of this kind that is meant for the message, and counts it; `identifier` is empty while
     /// the link starts.
     std::optional<Fault> take(FaultKind kind, const QByteArray& identifier = {});
 
   private:
+    static bool isMeant(const Fault& fault, FaultKind kind, const QByteArray& identifier);
+
     std::vector<Fault> faults_;
 };
 

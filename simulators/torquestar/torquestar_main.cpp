@@ -46,7 +46,9 @@ Options readOptions(const QCoreApplication& application) {
         u"A simulated Crane TorqueStar IVc torque calibrator on a pseudo terminal. Prints the device to "
         u"open, answers "
         "until it is ended, and keeps its memory in a file.\n\n"
-        "Faults: KIND[:VALUE][@MESSAGE][*TIMES], such as drop-byte:3@T1D*1; several may be given.\n"_s +
+        "Faults: KIND[:VALUE][@MESSAGE][+AFTER][*TIMES], such as drop-byte:3@T1D+2*1, which spares the first "
+        "two "
+        u"results; several may be given.\n"_s +
         faultHelp());
     parser.addHelpOption();
     parser.addOptions({

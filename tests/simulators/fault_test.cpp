@@ -229,6 +229,20 @@ TEST(Faults, AFaultComesOnlyForItsMessageAndOnlySoOften) {
     EXPECT_FALSE(faults.take(FaultKind::AddByte, "T1D"));
 }
 
+TEST(Faults, AFaultLetsTheFirstOccasionsPassWhenItIsTold) {
+    Faults faults;
+    faults.add(u"drop-byte:3@T1D+2*1"_s);
+    faults.add(u"silent+1"_s);
+    EXPECT_FALSE(faults.take(FaultKind::DropByte, "T1D"));
+    EXPECT_FALSE(faults.take(FaultKind::DropByte, "T1A")) << "no occasion of its own";
+    EXPECT_FALSE(faults.take(FaultKind::DropByte, "T1D"));
+    EXPECT_TRUE(faults.take(FaultKind::DropByte, "T1D"));
+    EXPECT_FALSE(faults.take(FaultKind::DropByte, "T1D"));
+    EXPECT_FALSE(faults.take(FaultKind::Silent));
+    EXPECT_TRUE(faults.take(FaultKind::Silent));
+    EXPECT_TRUE(faults.take(FaultKind::Silent));
+}
+
 TEST(Faults, WhatIsNoFaultIsRefused) {
     for (const char* const text : {"",
                                    "sulk",
@@ -253,6 +267,9 @@ TEST(Faults, WhatIsNoFaultIsRefused) {
                                    "reply:7",
                                    "wrong-ack:0",
                                    "reply:zz",
+                                   "drop-byte:3+0",
+                                   "drop-byte:3+",
+                                   "drop-byte:3*1+1",
                                    "drop-byte:3*1@T1D"}) {
         Faults faults;
         EXPECT_THROW(faults.add(QString::fromLatin1(text)), Failure) << text;

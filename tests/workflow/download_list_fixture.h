@@ -2,25 +2,9 @@
 
 #include "resources/strings.h"
 #include "tests/drivers/torquestar/torque_shop.h"
-#include "workflow/download_list.h"
+#include "tests/workflow/scripted_screen.h"
 
 namespace kelvane::testing {
-
-/// The screen as its routines see it; `events` tells what they did to it.
-class ScriptedScreen final : public DownloadListScreen {
-  public:
-    QString calibrator() const override { return name; }
-    QStringList rows() const override { return list; }
-    void addRow(const QString& asset) override { list << asset; }
-    void removeRow(int row) override { list.removeAt(row); }
-    void emptyEntry() override { events << QStringLiteral("empty"); }
-    void focusEntry() override { events << QStringLiteral("focus"); }
-    void closeScreen() override { events << QStringLiteral("close"); }
-
-    QString name = QStringLiteral("Crane TorqueStar IVc");
-    QStringList list;
-    QStringList events;
-};
 
 inline const QStringList ended{QStringLiteral("empty"), QStringLiteral("focus")};
 inline const QString title = QStringLiteral("Download Procedures To Calibrator");

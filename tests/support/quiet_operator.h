@@ -2,7 +2,7 @@
 
 #include "platform/user_interface.h"
 
-namespace kelvane::bench {
+namespace kelvane::testing {
 
 /// An operator who answers at once and shows nothing: the first choice, the proposed text, or a number. What
 /// goes wrong he keeps, since a figure taken from work that failed is none.
@@ -29,4 +29,4 @@ class QuietOperator final : public UserInterface {
     QStringList complaints;
 };
 
-} // namespace kelvane::bench
+} // namespace kelvane::testing

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "drivers/torquestar/serial_port.h"
+#include "platform/clock.h"
+
+#include <QElapsedTimer>
+
+namespace kelvane::testing {
+
+/// A clock for the time-outs of a real line, which no test wants to sit out: after a while of silence on the
+/// line its seconds are short. As long as something comes and goes it keeps the true pace, so that a slow
+/// machine is not taken for a dead line.
+class LineClock final : public Clock {
+  public:
+    LineClock() { sinceLook_.start(); }
+
+    QDateTime now() const override {
+        const auto step = sinceLook_.restart();
+        silent_ += step;
+        passed_ += silent_ > patience ? haste * step : step;
+        return start_.addSecs(passed_ / 1000);
+    }
+    /// Something has come or gone on the line.
+    void heard() const {
+        now();
+        silent_ = 0;
+    }
+
+    /// Silence at the true pace, in milliseconds; -1 for a clock that always hurries.
+    qint64 patience = 200;
+    /// How many times faster than true time the clock then is.
+    qint64 haste = 100;
+
+  private:
+    QDateTime start_ = SystemClock().now();
+    mutable QElapsedTimer sinceLook_;
+    mutable qint64 silent_ = 0;
+    mutable qint64 passed_ = 0;
+};
+
+/// The real port, with a clock that listens.
+class HeardPort final : public SerialPort {
+  public:
+    HeardPort(SerialPort& real, const LineClock& clock) : real_(real), clock_(clock) {}
+
+    bool portOpen() const override { return real_.portOpen(); }
+    void setPortOpen(bool open) override {
+        real_.setPortOpen(open);
+        clock_.heard();
+    }
+    void setCommPort(int number) override { real_.setCommPort(number); }
+    void setSettings(const QString& settings) override { real_.setSettings(settings); }
+    int inBufferCount() override {
+        const int count = real_.inBufferCount();
+        if (count != lastCount_)
+            clock_.heard();
+        return lastCount_ = count;
+    }
+    QByteArray input() override {
+        const auto bytes = real_.input();
+        if (!bytes.isEmpty())
+            clock_.heard();
+        lastCount_ = 0;
+        return bytes;
+    }
+    void output(const QByteArray& bytes) override {
+        real_.output(bytes);
+        clock_.heard();
+    }
+
+  private:
+    SerialPort& real_;
+    const LineClock& clock_;
+    int lastCount_ = 0;
+};
+
+} // namespace kelvane::testing
