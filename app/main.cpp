@@ -19,7 +19,6 @@ int main(int argc, char** argv) {
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(u"KELVANE"_s);
     overlayStrings(u"strings.txt"_s);
-    QApplication::setApplicationDisplayName(text(101));
 
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());

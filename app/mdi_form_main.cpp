@@ -178,18 +178,24 @@ void MDIFormMain::mnuLogout() {
 }
 
 void MDIFormMain::mnuDownload() {
+    const bool openBefore = openScreen<FormDockingDown>() != nullptr;
     const QPointer form = showScreen<FormDockingDown>(calibrators_);
-    // Its own question is on the screen: it is only brought forward.
+    // Its own question may be on the screen: then it is only brought forward.
     if (form->isRunning())
         return;
-    session_.ui.processEvents();
-    const auto calibrator = chooseCalibrator(session_, text(352), u"LastDownloadCalibrator"_s);
+    QString calibrator;
+    form->run([&] {
+        session_.ui.processEvents();
+        calibrator = chooseCalibrator(session_, text(352), u"LastDownloadCalibrator"_s);
+    });
     if (!form || !form->isOpen())
         return;
-    if (calibrator.isEmpty())
+    if (!calibrator.isEmpty())
+        form->takeCalibrator(calibrator);
+    else if (openBefore)
         form->close();
     else
-        form->takeCalibrator(calibrator);
+        form->unload();
 }
 
 void MDIFormMain::mnuUpload() {

@@ -13,6 +13,7 @@ FormStatusBar::FormStatusBar(Session& session)
     : ChildWindow(session, ChildForm::FormStatusBar, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
       LabelStatus(named(new QLabel, u"LabelStatus"_s, text(484), 484)),
       ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(485), 485)) {
+    setWindowFlag(Qt::WindowCloseButtonHint, false);
     LabelStatus->setTextFormat(Qt::PlainText);
     ProgressBar->setRange(0, 100);
     ProgressBar->setValue(0);

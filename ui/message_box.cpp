@@ -88,6 +88,8 @@ BoxAnswer showMessageBox(QWidget* window, const QString& text, const QString& ti
     QMessageBox box(window);
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
+    // An error report can be copied to those who look into it.
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setText(text);
     box.setIcon(iconOf(style.icon));
 

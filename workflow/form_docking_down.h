@@ -22,13 +22,15 @@ class FormDockingDown final : public ChildWindow, private DownloadListScreen {
     /// The name of the chosen calibrator; empty until it has been chosen.
     QString calibrator() const override;
     void takeCalibrator(const QString& name);
-    /// True while one of its commands runs, with whatever question that has on the screen.
+    /// Runs a command that works on this screen: its buttons are disabled and it stays open meanwhile. Does
+    /// nothing while another one runs.
+    void run(const std::function<void()>& command);
+    /// True while a command runs, with whatever question that has on the screen.
     bool isRunning() const { return running_; }
 
   private:
     void layOut();
     void connectCommands();
-    void run(const std::function<void()>& command);
     void setButtonsEnabled(bool enabled);
     bool mayClose() override;
 

@@ -109,6 +109,12 @@ TEST_F(MainWindow, AMissingTemplateIsWarnedOfTwiceOverTheEmptyFrame) {
 TEST_F(MainWindow, TheCommandLineSetsItsFlag) {
     start();
     EXPECT_FALSE(session.CommandLineFlag);
+    WorkstationProgram other(clock, settings, session.makeConnection, port,
+                             {.dataSources = [] { return QStringList(); },
+                              .commandLine = u"kelvane --port COM1=/dev/x kfdj"_s,
+                              .endProcess = [] {}});
+    other.start();
+    EXPECT_TRUE(other.session.CommandLineFlag);
 }
 
 TEST_F(MainWindow, BeforeALoginOnlyExitAndDatabaseConnectionHaveAShortcut) {

@@ -195,6 +195,44 @@ TEST_F(MenuCommands, DownloadWhileItsQuestionIsOpenChangesNothing) {
     EXPECT_EQ(shownCalibrator(), u"Fluke 702"_s);
 }
 
+TEST_F(MenuCommands, NothingIsAddedOrDownloadedBeforeTheCalibratorIsChosen) {
+    startLoggedIn(4);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        auto& form = child(u"FormDockingDown"_s);
+        for (const auto& name : {u"CommandAdd"_s, u"CommandRemove"_s, u"CommandDownload"_s})
+            EXPECT_FALSE(control<QWidget>(form, name).isEnabled());
+        auto& entry = control<QLineEdit>(form, u"TextAdd"_s);
+        QTest::keyClicks(&entry, u"A-1"_s);
+        QTest::keyClick(&entry, Qt::Key_Return);
+        EXPECT_TRUE(script.statements.isEmpty());
+        answerDialog(dialog, u"Fluke 702"_s);
+    });
+    choose(u"mnuDownload"_s);
+    EXPECT_TRUE(control<QWidget>(child(u"FormDockingDown"_s), u"CommandAdd"_s).isEnabled());
+}
+
+TEST_F(MenuCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWithoutACalibrator) {
+    startLoggedIn(4);
+    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        choose(u"mnuDownload"_s);
+        EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuUpload"_s);
+}
+
+TEST_F(MenuCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
+    startLoggedIn(4);
+    chooseDownload(u"Fluke 702"_s);
+    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuDownload"_s);
+    EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
+}
+
 TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
     startLoggedIn(4);
     person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
