@@ -108,6 +108,14 @@ TEST_F(DownloadList, TheTorqueStarTakesFortySevenRowsAndRefusesAPackageAsAWhole)
     }
 }
 
+TEST_F(DownloadList, TheHourglassShowsWhileAnEntryIsLookedUp) {
+    screen.list = QStringList(47, u"row"_s);
+    expectWarning(u"Maximum number of instruments has been reached for the selected calibrator!"_s);
+    add(u"W-1"_s);
+    // The reading of the package has a pointer of its own.
+    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
+}
+
 TEST_F(DownloadList, OtherCalibratorsHaveNoSuchLimit) {
     for (const auto& name : {u"Fluke 702"_s, u"Fluke 743/744"_s}) {
         screen.name = name;

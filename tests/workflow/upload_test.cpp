@@ -59,9 +59,9 @@ TEST_F(UploadCommand, ACalibratorWithoutADriverIsToldAndTheChoiceStored) {
 }
 
 TEST_F(UploadCommand, ANameThatIsNoCalibratorEndsInSuccessHavingDoneNothing) {
-    choose(u"nameless"_s);
+    ui.expectDialog(title, u"Select Calibrator To Use:"_s, u"nameless"_s,
+                    [this](const DialogQuestion&) { ui.setBusyPointer(); });
     ui.expectBox(u"Upload Successful"_s, title, box::information);
-    ui.setBusyPointer();
     upload();
     EXPECT_FALSE(ui.busy) << "the command itself sets the normal pointer";
     EXPECT_EQ(port.log, QStringList());
