@@ -13,10 +13,6 @@ namespace kelvane::simulators {
 
 namespace {
 
-// The longest stretch of a day that the workstation can't read is a quarter of an hour: from 13:36:32 to
-// 13:51:59.
-constexpr int mostSecondsPassedOver = 1200;
-
 qint32 readingOf(double nominal, double deviation, const QString& name) {
     const double counts = std::round(nominal * (1 + deviation / 100) * scale);
     if (!(std::abs(counts) <= std::numeric_limits<qint32>::max()))
@@ -32,17 +28,14 @@ void setMoment(Result& result, const QDateTime& moment) {
     result.time = time.hour() * 10000 + time.minute() * 100 + time.second();
 }
 
-/// Dates the result at the moment, or at the first later second that the workstation reads rightly.
+/// Dates the result at the moment, or at the first later second that the workstation reads rightly. The
+/// longest stretch of a day that it can't read is a quarter of an hour: from 13:36:32 to 13:51:59.
 void dateResult(Result& result, QDateTime& moment) {
-    const QDateTime wanted = moment;
-    for (int passed = 0; passed < mostSecondsPassedOver; ++passed) {
-        setMoment(result, moment);
-        if (!losesDigit(result.time) && !endsInAnnouncement(resultReply(result)))
-            return;
-        moment = moment.addSecs(1);
-    }
-    moment = wanted;
     setMoment(result, moment);
+    while (losesDigit(result.time) || endsInAnnouncement(resultReply(result))) {
+        moment = moment.addSecs(1);
+        setMoment(result, moment);
+    }
 }
 
 std::vector<Result> resultsOf(const Errand& errand, const Fields& fields, const FieldWork& work) {
