@@ -13,7 +13,7 @@ check_packages=(clang-format clang-tidy locales)
 setup_packages() {
     local missing=() name
     for name in "$@"; do
-        dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q '^install ok installed' || missing+=("$name")
+        dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q ' ok installed$' || missing+=("$name")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
 

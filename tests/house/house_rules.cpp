@@ -28,7 +28,7 @@ constexpr Room rooms[] = {
     {u"editors", 5, true},    {u"worksheets", 5, true}, {u"app", 6, true},
 };
 /// Beside the house: they may look into every room, no room looks into them.
-constexpr QStringView outside[] = {u"tests", u"simulators", u"demo", u"bench", u"fuzz"};
+constexpr QStringView outside[] = {u"tests", u"simulators", u"demo", u"benchmarks", u"fuzz"};
 
 /// The only parts of Qt that a room without windows may use.
 constexpr QStringView coreModules[] = {u"QtCore", u"QtSerialPort"};

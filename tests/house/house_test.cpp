@@ -45,6 +45,11 @@ TEST(House, IncludesDownwardsOnlyAndInNoLoop) {
     EXPECT_TRUE(faults.isEmpty()) << told(faults);
 }
 
+TEST(House, HasATestForEachSource) {
+    const auto untested = sourcesWithoutTest(house());
+    EXPECT_TRUE(untested.isEmpty()) << told(untested);
+}
+
 TEST(House, KnowsEveryTextThatItShows) {
     const auto unknown = unknownTexts(house());
     EXPECT_TRUE(unknown.isEmpty()) << told(unknown);
