@@ -6,7 +6,7 @@ build_packages=(
     qt6-base-dev qt6-serialport-dev libgl-dev
     unixodbc-dev odbcinst libsqliteodbc libcrypt-dev
     sqlite3 fonts-dejavu-core
-    libgtest-dev libbenchmark-dev
+    libgtest-dev
 )
 check_packages=(clang-format clang-tidy locales)
 
