@@ -65,15 +65,22 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// Whether a box that wraps this text has room for it. The width is the least at which boxes wrap.
+bool fits(QLabel& label, const QSize& room) {
+    constexpr int wrapped = 400;
+    label.setWordWrap(true);
+    return label.heightForWidth(wrapped) <= room.height() / 2 &&
+           label.minimumSizeHint().width() <= room.width() / 2;
+}
+
 /// A report may carry a statement of any length: a text that would push the buttons off the screen scrolls.
 void keepOnScreen(QMessageBox& box) {
     const auto room = box.screen()->availableSize() * 8 / 10;
     auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
-    if (!label || !grid ||
-        (box.sizeHint().height() <= room.height() && box.sizeHint().width() <= room.width()))
+    if (!label || !grid || fits(*label, room))
         return;
-    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* scrolling = new QScrollArea;
     scrolling->setFrameShape(QFrame::NoFrame);
     scrolling->setWidgetResizable(true);

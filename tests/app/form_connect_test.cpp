@@ -91,6 +91,24 @@ TEST_F(FormConnectTest, NameAndPasswordAreNeeded) {
     EXPECT_TRUE(script.opened.isEmpty());
 }
 
+TEST_F(FormConnectTest, APasswordOfBlanksIsOneAndIsPassedAsAnEmptyOne) {
+    answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
+    start();
+    typeLogin(u"jdoe"_s, u"   "_s);
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_EQ(script.opened, (QStringList{u"DSN=Calibration Data"_s, u"jdoe"_s, QString()}));
+}
+
+TEST_F(FormConnectTest, AQuoteInTheNameBreaksTheStatementAndEndsInTheSameMessage) {
+    script.failures.insert(u"select (select i4240 from mt.userlist where mtuser = 'o'brien'),(select "
+                           "mtlevel  from mt.userlist where mtuser = 'o'brien')"_s,
+                           Error{1, u"near \"brien\": syntax error"_s});
+    start();
+    person.expectBox(failed, title, box::stop);
+    typeLogin(u"o'brien"_s, u"secret"_s);
+    expectReadyForAnotherTry();
+}
+
 TEST_F(FormConnectTest, AGoodLoginClosesTheScreenAndOpensTheMenu) {
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     start();

@@ -41,9 +41,9 @@ class MenuCommands : public ProgramTest {
 TEST_F(MenuCommands, WithoutTheConnectionAllButThreeOnlySayThatItIsLost) {
     startLoggedIn(4);
     session.SessionConnected = false;
-    for (const auto& entry :
-         {u"mnuDownload"_s, u"mnuUpload"_s, u"mnuPrint"_s, u"mnuEnter"_s, u"mnuStrategies"_s,
-          u"mnuCalParameters"_s, u"mnuPrompts"_s, u"mnuConfiguration"_s, u"mnuPredefined"_s}) {
+    for (const auto& entry : {u"mnuDownload"_s, u"mnuUpload"_s, u"mnuPrint"_s, u"mnuEnter"_s,
+                              u"mnuStrategies"_s, u"mnuCalParameters"_s, u"mnuPrompts"_s,
+                              u"mnuConfiguration"_s, u"mnuWorkEntry"_s, u"mnuPredefined"_s}) {
         SCOPED_TRACE(entry.toStdString());
         person.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
         action(entry)->setEnabled(true);

@@ -1,3 +1,4 @@
+#include "resources/strings.h"
 #include "tests/support/fixtures.h"
 #include "tests/support/screen_operator.h"
 #include "ui/guarded.h"
@@ -5,9 +6,11 @@
 #include "ui/qt_user_interface.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -84,10 +87,27 @@ TEST(MessageBox, EscapeAndTheFrameLeaveABoxOfThreeWaysOpen) {
     EXPECT_TRUE(answer == BoxAnswer::retry || answer == BoxAnswer::ignore);
 }
 
+TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
+    for (const int id : {115, 118, 136, 259, 369, 428, 554, 562, 606, 1001, 1064}) {
+        const auto shown = text(id);
+        ScreenOperator person;
+        person.expectBox(shown, u"Kelvane"_s, box::warning, [id](QMessageBox& box) {
+            EXPECT_TRUE(box.findChildren<QScrollArea*>().isEmpty()) << id;
+            const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << id;
+            EXPECT_LE(box.width(), 560) << id;
+            EXPECT_LE(box.height(), 220) << id;
+            click(*box.buttons().first());
+        });
+        showMessageBox(nullptr, shown, u"Kelvane"_s, box::warning);
+    }
+}
+
 TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreen) {
     const auto longText = u"insert into mt.calresults "_s.repeated(4000);
     ScreenOperator person;
     person.expectBox(longText, u"Kelvane"_s, box::stop, [](QMessageBox& box) {
+        EXPECT_EQ(box.findChildren<QScrollArea*>().size(), 1);
         const auto room = box.screen()->availableGeometry();
         EXPECT_LE(box.height(), room.height());
         EXPECT_LE(box.width(), room.width());
