@@ -61,6 +61,21 @@ TEST(FixedList, EraseEmptiesEveryEntry) {
     EXPECT_EQ(std::as_const(list)[10], u"again"_s);
 }
 
+TEST(FixedList, OfTextsEndsBeforeItsFirstEmptyEntry) {
+    FixedList<QString, 4> list;
+    EXPECT_EQ(entriesOf(list), QStringList());
+    list[1] = u"behind an empty one"_s;
+    EXPECT_EQ(entriesOf(list), QStringList());
+    list[0] = u"a"_s;
+    list[3] = u"behind another"_s;
+    EXPECT_EQ(entriesOf(list), (QStringList{u"a"_s, u"behind an empty one"_s}));
+
+    FixedList<QString, 2, 1> full;
+    full[1] = u"a"_s;
+    full[2] = u"b"_s;
+    EXPECT_EQ(entriesOf(full), (QStringList{u"a"_s, u"b"_s}));
+}
+
 TEST(FixedList, MayCountFromOne) {
     FixedList<int, 2500, 1> list;
     list[1] = 7;
