@@ -1,6 +1,7 @@
 #include "tests/support/program_fixture.h"
 #include "ui/form_custom_dialog.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -248,6 +249,29 @@ TEST_F(CustomDialogTest, AListIsChosenFromWithItsFirstRowSelected) {
         QTest::keyClick(&controls.list, Qt::Key_Return);
     });
     EXPECT_EQ(ask(listQuestion({u"one"_s, u"two"_s})), u"two"_s);
+}
+
+TEST_F(CustomDialogTest, LongRowsWidenTheListThatDropsDownAndNotTheDialog) {
+    meet([](FormCustomDialog& dialog, Controls controls) {
+        EXPECT_EQ(dialog.size(), QSize(268, 157));
+        controls.list.showPopup();
+        EXPECT_GT(controls.list.view()->width(), 300);
+        controls.list.hidePopup();
+        click(controls.ok);
+    });
+    const auto row = u"a long row "_s.repeated(8);
+    EXPECT_EQ(ask(listQuestion({row, u"two"_s})), row.trimmed());
+}
+
+TEST_F(CustomDialogTest, AListOfTheGreatestLengthIsOffered) {
+    QStringList choices;
+    for (int i = 1; i <= 2500; ++i)
+        choices << u"row %1"_s.arg(i);
+    meet([](FormCustomDialog& dialog, Controls controls) {
+        EXPECT_EQ(controls.list.count(), 2500);
+        answerDialog(dialog, u"row 2500"_s);
+    });
+    EXPECT_EQ(ask(listQuestion(choices)), u"row 2500"_s);
 }
 
 TEST(RowOfDefault, IsTheFirstThatBeginsWithItInCapitals) {
