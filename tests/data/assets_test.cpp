@@ -214,13 +214,20 @@ TEST_F(Assets, APackageNameIsSafeInItsOwnQueryAndRawInThatOfItsMembers) {
     EXPECT_TRUE(script.statements.last().endsWith(u"where taskname = 'Bob's'))"_s));
 }
 
-TEST_F(Assets, AMemberWithoutAssetNumberIsReported) {
+TEST_F(Assets, AMemberWithoutAssetNumberOrKeyIsReported) {
     havePackage({u"PDEF"_s, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
-    script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s] = {
-        {std::nullopt, u"1"_s, u"S1"_s}};
-    ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
-    EXPECT_FALSE(ui.busy);
+    for (const auto& member : {Row{std::nullopt, u"1"_s, u"S1"_s}, Row{u"A-1"_s, std::nullopt, u"S1"_s}}) {
+        script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s] = {member};
+        ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
+        EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
+        EXPECT_FALSE(ui.busy);
+    }
+}
+
+TEST_F(Assets, APackageWithoutAKindIsAnExplicitList) {
+    havePackage({std::nullopt, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
+    GetAssetsInTaskPackage(session, u"P1"_s);
+    EXPECT_TRUE(script.statements.last().contains(u"hvm_kv_task_assets"_s));
 }
 
 TEST_F(Assets, ThePackageListHolds501InstrumentsAndReportsTheNext) {

@@ -330,6 +330,14 @@ TEST_F(FieldDictionary, NullNameIsReportedWithTheTableAsFarAsItWasFilled) {
     EXPECT_EQ(all[0].column, u"C2320"_s);
 }
 
+TEST_F(FieldDictionary, NullNumberOfAWorksheetFieldIsReportedWithTheTableFilled) {
+    script.answers[worksheetQuery] = {{std::nullopt}, {u"2320"_s}};
+    ui.expectReport(94, u"ModuleGlobals,SetCalDataFields"_s);
+    const auto one = field({.name = u"C2320"_s});
+    EXPECT_EQ(one.column, u"C2320"_s);
+    EXPECT_FALSE(one.on_worksheet);
+}
+
 TEST_F(FieldDictionary, LengthOutsideSixteenBitsIsReported) {
     ui.expectReport(6, u"ModuleGlobals,SetCalDataFields"_s);
     field({.datalen = u"40000"_s});

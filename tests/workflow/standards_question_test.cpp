@@ -52,6 +52,14 @@ TEST_F(DownloadList, TheLastStandardIsProposedAndForgottenBeforeTheAnswer) {
     EXPECT_EQ(writes(), (QStringList{freeStandards(u"W-1"_s), forgetLast(u"W-1"_s)}));
 }
 
+TEST_F(DownloadList, ALastStandardWithoutAssetNumberIsReportedAndEndsTheAddition) {
+    script.answers.insert(selectLast(u"W-1"_s), {{std::nullopt}});
+    ui.expectReport(94, u"FormDockingDown,CommandAdd"_s);
+    add(u"W-1"_s);
+    EXPECT_EQ(screen.list, QStringList());
+    EXPECT_FALSE(ui.busy);
+}
+
 TEST_F(DownloadList, ARequiredNameOfBlanksCountsAsCancelled) {
     expectQuestion(u"W-1"_s, QString());
     add(u"W-1"_s);

@@ -1,0 +1,113 @@
+#include "data/assets.h"
+#include "data/cal_params.h"
+#include "data/standards.h"
+#include "platform/numbers.h"
+#include "tests/database/demo_session.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+using namespace ModuleGlobals;
+
+namespace {
+
+/// What stands in backticks.
+QStringList namesIn(const QString& text) {
+    static const QRegularExpression name(u"`([^`]+)`"_s);
+    QStringList names;
+    for (const auto& match : name.globalMatch(text))
+        names << match.captured(1);
+    return names;
+}
+
+} // namespace
+
+/// docs/demonstration-data.md, held against the data that it describes.
+class DemoPage : public DemoSession {
+  protected:
+    void SetUp() override {
+        QFile file(QStringLiteral(KELVANE_SOURCES "/docs/demonstration-data.md"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        page = QString::fromUtf8(file.readAll());
+        logIn();
+    }
+    /// The rows of its tables that begin with a name, as cells.
+    QList<QStringList> tableRows() const {
+        QList<QStringList> rows;
+        for (const auto& line : page.split(u'\n')) {
+            if (!line.startsWith(u"| `"))
+                continue;
+            auto cells = line.mid(1).chopped(1).split(u'|');
+            for (auto& cell : cells)
+                cell = cell.trimmed();
+            rows << cells;
+        }
+        return rows;
+    }
+
+    QString page;
+};
+
+TEST_F(DemoPage, TellsTheLevelOfEachUser) {
+    int users = 0;
+    for (const auto& row : tableRows()) {
+        if (row.size() != 3 || row[1].isEmpty())
+            continue;
+        const auto names = namesIn(row[0]);
+        const auto levels = row[1].split(u", "_s);
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            ++users;
+            session.SharedConnection->close();
+            logIn(names[i]);
+            EXPECT_EQ(session.SessionLevel, numericValue(levels.value(i, levels[0])))
+                << names[i].toStdString();
+        }
+    }
+    EXPECT_EQ(users, 9);
+}
+
+TEST_F(DemoPage, TellsTheRangeAndATransducerOfEachTool) {
+    int tools = 0;
+    for (const auto& row : tableRows()) {
+        if (row.size() != 4)
+            continue;
+        ++tools;
+        const auto tool = namesIn(row[0]).value(0);
+        const auto params = GetCalParams(session, tool);
+        const auto range = plainText(params.output_low) + u" to "_s + plainText(params.output_high) + u' ' +
+                           params.output_type;
+        EXPECT_EQ(row[2], range) << tool.toStdString();
+        const auto transducer = namesIn(row[3]).value(0);
+        EXPECT_TRUE(HasConfigData(session, transducer)) << transducer.toStdString();
+        EXPECT_EQ(CheckStandard(session, transducer, tool), standardUsable) << tool.toStdString();
+    }
+    EXPECT_GE(tools, 7);
+}
+
+TEST_F(DemoPage, NamesOnlyInstrumentsAndPackagesThatExist) {
+    static const QRegularExpression asset(u"^[A-Z]{2}-[A-Z0-9]+$"_s);
+    static const QRegularExpression package(u"^[A-Z0-9 ]{4,}$"_s);
+    int packages = 0;
+    for (const auto& name : namesIn(page)) {
+        if (asset.match(name).hasMatch()) {
+            EXPECT_FALSE(CheckAsset(session, name).isEmpty()) << name.toStdString();
+        } else if (package.match(name).hasMatch()) {
+            ++packages;
+            EXPECT_GT(GetAssetsInTaskPackage(session, name), 0) << name.toStdString();
+        }
+    }
+    EXPECT_GE(packages, 6);
+}
+
+TEST_F(DemoPage, TellsWhichStandardsAreRefused) {
+    EXPECT_TRUE(page.contains(u"`TT-0200F` is overdue, `TT-TRAIN` ranks too low and `TT-NEW` has no"_s));
+    EXPECT_EQ(CheckStandard(session, u"TT-0200F"_s, u"TW-101"_s), standardOverdue);
+    EXPECT_EQ(CheckStandard(session, u"TT-TRAIN"_s, u"TW-101"_s), standardRankTooLow);
+    EXPECT_FALSE(HasConfigData(session, u"TT-NEW"_s));
+}
+
+} // namespace kelvane::testing
