@@ -187,6 +187,7 @@ void Demonstration::listInstruments() {
                  noDialog(), [this] { add(u"HW-701"_s); });
     person_.step(u"add the task package TORQUE CREW A"_s, noBox(), StandardsOfTools(),
                  [this] { add(u"TORQUE CREW A"_s); });
+    person_.look(u"FormDockingDown"_s);
     const auto rows = control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s).count();
     if (rows != tools().size())
         throw Difference(u"the list holds %1 instruments"_s.arg(rows));

@@ -34,6 +34,9 @@ class Person final : public QObject {
     /// Carries out one step. Throws `Difference` when something unexpected came up in it.
     void step(const QString& told, OnBox onBox, OnDialog onDialog, const std::function<void()>& act);
 
+    /// Takes a picture of the whole window as it is now.
+    void look(const QString& name) { picture(window_, name); }
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
