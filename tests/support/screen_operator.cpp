@@ -163,7 +163,8 @@ void ScreenOperator::meet(QMessageBox& box) {
         return;
     }
     if (expected_.isEmpty() || expected_.first().dialog) {
-        ADD_FAILURE() << "unexpected box: " << plain(box.windowTitle()) << " / " << plain(box.text().left(400));
+        ADD_FAILURE() << "unexpected box: " << plain(box.windowTitle()) << " / "
+                      << plain(box.text().left(400));
         click(*box.buttons().last());
         return;
     }
