@@ -1,0 +1,284 @@
+#include "platform/odbc_link.h"
+#include "tests/platform/errors.h"
+#include "tests/road/torque_road.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+// The engine's own numbers.
+constexpr int busy = 5;
+constexpr int full = 13;
+constexpr int notADatabase = 26;
+constexpr int connectionClosed = 3709;
+
+/// A database file that is destroyed in use, with what the engine keeps beside it, and put back again.
+class WreckableFile {
+  public:
+    explicit WreckableFile(QString path) : path_(std::move(path)) {}
+
+    void wreck() {
+        for (const auto& side : {u""_s, u"-wal"_s, u"-shm"_s}) {
+            QFile file(path_ + side);
+            ASSERT_TRUE(file.open(QIODevice::ReadWrite)) << file.fileName().toStdString();
+            contents_[side] = file.readAll();
+            file.seek(0);
+            file.write(QByteArray(contents_[side].size(), 'x'));
+        }
+    }
+    void repair() {
+        QFile::remove(path_ + u"-shm"_s); // the engine makes it anew
+        for (const auto& side : {u""_s, u"-wal"_s}) {
+            QFile file(path_ + side);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            file.write(contents_[side]);
+        }
+    }
+
+  private:
+    QString path_;
+    QHash<QString, QByteArray> contents_;
+};
+
+} // namespace
+
+class RoadWithADatabaseFault : public TorqueRoad {
+  protected:
+    void bringBack() {
+        for (const auto& asset : both)
+            list(asset);
+        download();
+        carryOut(both);
+    }
+
+    void expectReports(int number, const QStringList& routines) {
+        for (const auto& one : routines)
+            ui.expectReport(number, one);
+    }
+
+    /// The login is refused as long as the file is destroyed, and works once it is back.
+    void logInAgain() {
+        EXPECT_NE(errorOf([&] { workplace.logIn(); }), 0);
+        EXPECT_FALSE(session.SessionConnected);
+        mt.repair();
+        workplace.logIn();
+        EXPECT_TRUE(session.SessionConnected);
+    }
+
+    const QStringList both{u"TW-101"_s, u"TW-102"_s};
+    WreckableFile mt{database.file(u"mt.db"_s)};
+};
+
+TEST_F(RoadWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
+    for (const auto& asset : both)
+        list(asset);
+    mt.wreck();
+    ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
+    downloadList(calibrators, screen);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(heard(), QStringList());
+    EXPECT_EQ(screen.list, both);
+    // Whatever is tried now says so.
+    ui.expectReport(connectionClosed, u"FormDockingDown,Download"_s);
+    downloadList(calibrators, screen);
+    EXPECT_TRUE(ui.allCame());
+
+    logInAgain();
+    download();
+    EXPECT_EQ(registered(), both);
+}
+
+TEST_F(RoadWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndTheToolNotListed) {
+    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+                    u"TT-0300F"_s, [&](const DialogQuestion&) { mt.wreck(); });
+    ui.expectReport(notADatabase, u"ModuleGlobals,HasConfigData"_s);
+    ui.expectBox(
+        u"TW-101: This instrument does not have complete configuration data! Either the calibration parameters for this instrument have not yet been set, or the test strategy has not been set or has been removed."_s,
+        downloadTitle, box::warning);
+    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+                    cancelled);
+    addToDownloadList(calibrators, screen, u"TW-101"_s);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(screen.list, QStringList());
+    logInAgain();
+    list(u"TW-101"_s);
+}
+
+// Each routine reports it and ends, and its caller goes on: the tools are taken off the calibrator, since no
+// record says that it was refused.
+TEST_F(RoadWithADatabaseFault, AConnectionLostInMidUploadIsReportedByEachRoutineAndTakesTheResultsWithIt) {
+    bringBack();
+    expectChoice();
+    expectRecord(u"TW-101"_s, [&] { mt.wreck(); });
+    ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
+    expectReports(connectionClosed, {u"ModuleGlobals,GetCalParams"_s, u"ModuleGlobals,FirstCal"_s,
+                                     u"ModuleGlobals,SetCalDataFields"_s, u"ModuleGlobals,GetTestPointList"_s,
+                                     u"ModuleGlobals,GetInUseData"_s, u"ModuleGlobals,GetInUseData"_s,
+                                     u"ModuleGlobals,CheckAsset"_s, u"ModuleGlobals,CreateCalRecord"_s});
+    expectReports(connectionClosed, {u"ModuleGlobals,AssetfromSerial"_s, u"ModuleGlobals,CheckAsset"_s,
+                                     u"ModuleGlobals,ClearInUse"_s});
+    pressUpload();
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(heldNames(), QStringList());
+    // The next command says so, and changes nothing.
+    expectChoice();
+    ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
+    pressUpload(told::unknownCalibrator + u"\r\n"_s);
+
+    logInAgain();
+    EXPECT_EQ(registered(), both) << "the registry stays whole";
+    EXPECT_EQ(records(u"TW-101"_s) + records(u"TW-102"_s), QStringList());
+    upload({}, told::noData(both));
+}
+
+TEST_F(RoadWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsError75AndNothingIsTakenOff) {
+    bringBack();
+    ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
+    expectChoice();
+    expectRecord(u"TW-101"_s, [&] { mt.wreck(); });
+    EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
+    EXPECT_TRUE(ui.allCame()) << "no box";
+    EXPECT_FALSE(ui.busy);
+    EXPECT_FALSE(ui.progressShown);
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(heldNames(), both);
+
+    ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
+    logInAgain();
+    EXPECT_EQ(registered(), both);
+    upload(both);
+    expectWhole(both);
+}
+
+TEST_F(RoadWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
+    for (const auto& asset : both)
+        list(asset);
+    ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
+    mt.wreck();
+    EXPECT_EQ(errorOf([&] { downloadList(calibrators, screen); }), 75);
+    EXPECT_EQ(errorOf([&] { addToDownloadList(calibrators, screen, u"TW-103"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { removeFromDownloadList(calibrators, screen, 0); }), 75);
+    EXPECT_FALSE(ui.busy);
+    EXPECT_EQ(screen.list, both);
+    ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
+    logInAgain();
+    download();
+    EXPECT_EQ(registered(), both);
+}
+
+/// Another workstation that holds the write lock.
+class RoadWithALockedDatabase : public RoadWithADatabaseFault {
+  protected:
+    void lock() {
+        other_ = std::make_unique<OdbcLink>(u"Driver=SQLite3;Database="_s + database.file(u"mt.db"_s),
+                                            QString(), QString());
+        other_->execute(u"begin immediate"_s);
+    }
+    void unlock() {
+        other_->execute(u"rollback"_s);
+        other_.reset();
+    }
+
+  private:
+    std::unique_ptr<OdbcLink> other_;
+};
+
+TEST_F(RoadWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAndCanBeListedLater) {
+    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+                    u"TT-0300F"_s, [&](const DialogQuestion&) { lock(); });
+    ui.expectReport(busy, u"FormDockingDown,CommandAdd"_s);
+    addToDownloadList(calibrators, screen, u"TW-101"_s);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(session.SessionConnected) << "a lock is no lost connection";
+    EXPECT_EQ(screen.list, QStringList());
+    EXPECT_EQ(standardsInUse(u"TW-101"_s), QStringList());
+    unlock();
+    list(u"TW-101"_s);
+}
+
+TEST_F(RoadWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
+    list(u"TW-101"_s);
+    lock();
+    ui.expectReport(busy, u"FormDockingDown,Download"_s);
+    downloadList(calibrators, screen);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_EQ(heard(), QStringList());
+    unlock();
+    EXPECT_EQ(rows(u"select count(*) from mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
+              QStringList{u"1"_s});
+    download();
+}
+
+// Its results are taken off the calibrator all the same: the upload can't tell the report from a success.
+TEST_F(RoadWithALockedDatabase, ARecordThatCantBeWrittenIsReportedAndTheUploadGoesOnWithTheNextTool) {
+    bringBack();
+    expectChoice();
+    expectRecord(u"TW-101"_s, [&] { lock(); });
+    ui.expectReport(busy, u"ModuleGlobals,CreateCalRecord"_s);
+    expectRecord(u"TW-102"_s, [&] { unlock(); });
+    pressUpload();
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_EQ(records(u"TW-101"_s), QStringList());
+    expectWhole({u"TW-102"_s});
+    EXPECT_EQ(held(), simulators::Memory());
+    EXPECT_EQ(registered(), QStringList());
+}
+
+TEST_F(RoadWithALockedDatabase, WithoutALogARecordThatCantBeWrittenEndsTheUploadAndKeepsItsResults) {
+    bringBack();
+    ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
+    expectChoice();
+    expectRecord(u"TW-101"_s, [&] { lock(); });
+    EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_EQ(heldNames(), both);
+    unlock();
+    EXPECT_EQ(registered(), both);
+    ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
+    upload(both);
+    expectWhole(both);
+}
+
+/// A disk that has become full for one owner's database.
+class RoadWithAFullDisk : public RoadWithADatabaseFault {
+  protected:
+    /// Lets no page be added to the database, and fills what is free for rows such as those of a result line.
+    void fillUp() {
+        rows(u"pragma mt.max_page_count = 1"_s);
+        const auto filler =
+            u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('%1','0','1301',1000001);commit"_s
+                .arg(QString(120, u'-'));
+        int number = 0;
+        while ((number = static_cast<int>(errorOf([&] { execute(filler); }))) == 0) {
+        }
+        EXPECT_EQ(number, full);
+    }
+    void makeRoom() { rows(u"pragma mt.max_page_count = 100000"_s); }
+};
+
+TEST_F(RoadWithAFullDisk, InTheMiddleOfARecordItIsReportedAndWhatWasWrittenStays) {
+    bringBack();
+    expectChoice();
+    expectRecord(u"TW-101"_s, [&] { fillUp(); });
+    ui.expectReport(full, u"ModuleGlobals,CreateCalRecord"_s);
+    expectRecord(u"TW-102"_s, [&] { makeRoom(); });
+    pressUpload();
+    EXPECT_TRUE(folder.read(u"errors.log"_s).contains(u"insert into mt.calresults "_s));
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_EQ(records(u"TW-101"_s), QStringList{u"Y|2|0"_s}) << "record and standards, no result line";
+    EXPECT_EQ(rows(u"select i4224 from mt.inventory where i4201 = 'TW-101'"_s),
+              QStringList{u"RECALLED FOR CALIBRATION"_s})
+        << "the steps after the error are not carried out";
+    expectWhole({u"TW-102"_s});
+    EXPECT_EQ(held(), simulators::Memory());
+    EXPECT_EQ(registered(), QStringList());
+}
+
+} // namespace kelvane::testing
