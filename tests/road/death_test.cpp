@@ -122,7 +122,7 @@ class DyingAtAMoment : public DyingWorkstation, public ::testing::WithParamInter
     DyingAtAMoment() { bringBack({u"TW-101"_s}); }
 
     QString inventory() {
-        return rows(u"select (i4230 is '2026-03-18') + (i4231 is '2027-03-18') + (i4224 is null) + (i4225 is "
+        return rows(u"select (i4230 is '2021-06-16') + (i4231 is '2022-06-16') + (i4224 is null) + (i4225 is "
                     "null) from mt.inventory where i4201 = 'TW-101'"_s)
             .value(0);
     }

@@ -1,3 +1,4 @@
+#include "simulators/torquestar/faults.h"
 #include "tests/road/torque_road.h"
 
 using namespace Qt::StringLiterals;
@@ -174,6 +175,18 @@ TEST_P(RoadWithAFault, UploadTellsItKeepsWhatIsOpenAndCompletesTheNextTime) {
     EXPECT_EQ(registered(), QStringList());
     upload({});
     expectWhole(both);
+}
+
+TEST(RoadFaults, EachKindThatTheSimulatorKnowsIsTried) {
+    // What a new characteristic or a round is refused with, and a reply of other words, are tried for
+    // themselves.
+    QStringList tried{u"error-code"_s, u"reply"_s};
+    for (const auto& one : misbehaviours)
+        tried << QString::fromLatin1(one.fault).section(u'%', 0, 0).section(u':', 0, 0);
+    for (const auto& line : simulators::faultHelp().split(u'\n', Qt::SkipEmptyParts)) {
+        const auto kind = line.trimmed().section(u' ', 0, 0).section(u':', 0, 0).section(u'[', 0, 0);
+        EXPECT_TRUE(tried.contains(kind)) << kind.toStdString();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, RoadWithAFault, ::testing::ValuesIn(misbehaviours),

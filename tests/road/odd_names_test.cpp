@@ -30,7 +30,7 @@ class OddNames : public TorqueRoad {
     void carryOutNames(const QStringList& names) {
         QString plan;
         for (const auto& name : names)
-            plan += name + u"; 50, 150, 250; 0.4; ; 2026-03-18 08:00\n"_s;
+            plan += name + u"; 50, 150, 250; 0.4; ; "_s + workDay() + u" 08:00\n"_s;
         carryOutPlan(plan);
     }
 

@@ -143,7 +143,7 @@ TEST_F(WholeRoad, TheOtherToolsOfTheLabGoItToo) {
         list(one.asset, one.standard);
         assets << one.asset;
         plan += one.asset + u"; "_s + one.plan + (one.plan.contains(u';') ? QString() : u"; 0"_s) +
-                u"; ; 2026-03-18 08:00\n"_s;
+                u"; ; "_s + workDay() + u" 08:00\n"_s;
     }
     assets.sort();
     download();
