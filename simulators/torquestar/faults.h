@@ -36,8 +36,8 @@ enum class FaultKind {
 
 struct Fault {
     FaultKind kind{};
-    int number = 0;        ///< a count of bytes, milliseconds, an error code or a byte's value
-    QByteArray bytes;      ///< of OtherReply
+    int number = 0;        ///< a count of bytes, milliseconds or an error code
+    QByteArray bytes;      ///< what a wrong acknowledge, announcement or reply holds
     QByteArray identifier; ///< the message it is meant for; empty for all
     int after = 0;         ///< how many occasions it still lets pass
     int left = -1;         ///< how often it still comes; below 0 without end
