@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace kelvane {
+
+/// What the other editors have to do with the calibration parameter editor while it is open with an
+/// instrument: they keep its lists in step with what they add.
+class OpenCalParam {
+  public:
+    virtual ~OpenCalParam() = default;
+    /// The text of its `ComboTSName`.
+    virtual QString strategy() const = 0;
+    /// Adds a new strategy to its `ComboTSName`.
+    virtual void addStrategy(const QString& name) = 0;
+    /// Adds a new test message to its `ListPreAvail` and `ListPostAvail`.
+    virtual void addMessage(const QString& name) = 0;
+};
+
+/// Gives the open parameter editor, or null while its flag in `FormOpenFlags` is not set.
+using FindCalParam = std::function<OpenCalParam*()>;
+
+} // namespace kelvane

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "drivers/fluke702/dpclnk.h"
+
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+
+namespace kelvane::testing {
+
+/// A point of a stored run.
+struct ResultEntry {
+    float reading = 0;
+    float applied = 0;
+    float error = 0;
+};
+
+/// A run that the calibrator has stored.
+struct StoredRun {
+    qint16 kind = 1;
+    qint16 month = 3;
+    qint16 day = 18;
+    qint16 year = 2026;
+    qint16 hour = 8;
+    qint16 minute = 15;
+    qint16 second = 30;
+    QString tag = {};
+    QString serial = {};
+    QString technician = {};
+    QString pressureModule = {};
+    QList<ResultEntry> entries = {};
+};
+
+/// A link library under the test's control. It records each call, plays back the runs it is given, hands
+/// out ids that count from 1, and gives status 0 unless told otherwise.
+class RecordedLink final : public Dpclnk {
+  public:
+    /// Each call as a line: the operation and its in arguments, such as `DPCopen(9600, "COM1", 1000, 5)`.
+    QStringList calls;
+    /// The calls of one operation.
+    QStringList callsOf(const QString& operation) const;
+
+    /// From now on this operation gives that status: at its n-th call from now, or at every call (0).
+    void answer(const QString& operation, Status status, int occasion = 0);
+    /// Runs at each call, before it gives its status, with the operation's name.
+    std::function<void(const QString&)> onCall;
+
+    QString whyMissing;
+    QString model = QStringLiteral("702");
+    QString serial = QStringLiteral("6841207");
+    QString text = QStringLiteral("V1.0");
+    /// What the start of a transfer gives as the number of steps, and what each step leaves.
+    qint32 steps = 0;
+    std::function<qint32(qint32)> nextCount = [](qint32 count) { return count - 1; };
+    QList<StoredRun> runs;
+    /// Written over the buffer in place of a text and its zero, when a test sets it.
+    std::function<QString(const QString& text, const QString& buffer)> writeText;
+
+    QString missing() override;
+    Status DPCopen(qint32 baudRate, const QString& port, qint32 timing, quint8 tries) override;
+    Status DPCclose() override;
+    Status DPCget70x(QString& modelOut, QString& serialOut, QString& textOut, qint32& number, qint32& unused1,
+                     qint32& unused2) override;
+    Status DPCdnlStart(qint32& count) override;
+    Status DPCdnlStep(qint32& count) override;
+    Status DPCuplStart(qint32& count) override;
+    Status DPCuplStep(qint32& count) override;
+    Status MEMclear() override;
+    Status MEMstrategyDefn(qint32& strategyId, const QString& name, qint16 count,
+                           const float* points) override;
+    Status MEMpromptDefn(const QString& key, const QString& prompt) override;
+    Status MEMstartTask(const QString& tag) override;
+    Status MEMprompt(const QString& key) override;
+    Status MEMtemplate(qint32 strategyId, qint16 readByHand, const QString& tag, const QString& serialNumber,
+                       qint32 stateId) override;
+    Status MEMendTask() override;
+    Status STAinit() override;
+    Status STAsetTempUnits(const QString& units) override;
+    Status STAsetTref(const QString& mode, float temperature) override;
+    Status STAsetTempStd(const QString& standard) override;
+    Status STAsetPresUnits(const QString& units) override;
+    Status STAsetOutput(const QString& mode, const QString& sensor, float value, float amplitude) override;
+    Status STAsetInput(const QString& mode, const QString& sensor) override;
+    Status STAsetInputRange(qint16 automatic, float top) override;
+    Status STAsetLoopPower(const QString& power) override;
+    Status STAsetOutputScale(float high, float low) override;
+    Status STAsetInputScale(float high, float low) override;
+    Status STAsetTestTolerance(float percent) override;
+    Status STAsave(qint32& stateId) override;
+    Status MEMstats(qint32& unused, qint32& count) override;
+    Status MEMrDir(qint32 record, qint16& kind, qint16& month, qint16& day, qint16& year, qint16& hour,
+                   qint16& minute, qint16& second) override;
+    Status MEMasflInfo(qint32 record, qint32& unused1, qint32& unused2, qint32& unused3) override;
+    Status MEMbaseState(qint32 record) override;
+    Status MEMtagidInfo(qint32 record, QString& tag, QString& serialNumber, QString& technician) override;
+    Status MEMcalResult(qint32 record, qint16& entries) override;
+    Status MEMcalResultEntry(qint32 record, qint16 entry, float& reading, qint16& unused2, float& unused3,
+                             float& applied, qint16& unused5, float& unused6, float& error) override;
+    Status STAgetPressure(QString& modelOut, QString& serialOut, qint32& unused) override;
+
+  private:
+    struct Answer {
+        Status status = 0;
+        int occasion = 0;
+    };
+    template <class... Values>
+    Status record(const char* operation, const Values&... values);
+    Status statusOf(const QString& operation);
+    void put(QString& buffer, const QString& value) const;
+    const StoredRun* run(qint32 index) const;
+
+    QHash<QString, QList<Answer>> answers_;
+    qint32 strategies_ = 0;
+    qint32 states_ = 0;
+    qint32 current_ = -1;
+};
+
+} // namespace kelvane::testing

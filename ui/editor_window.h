@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ui/child_window.h"
+
+namespace kelvane {
+
+/// The base of the editors: a screen whose contents have a checksum. It counts as changed when the sum
+/// differs from the one that was taken after the last load or save; before changes go, the user is asked.
+class EditorWindow : public ChildWindow {
+    Q_OBJECT
+  public:
+    using ChildWindow::ChildWindow;
+
+  protected:
+    /// What is asked before unsaved changes go: text and title by id, and the look of the box.
+    struct Question {
+        int text;
+        BoxStyle style;
+        int title;
+    };
+
+    /// While one stands, the handlers of changes made by the program itself do nothing.
+    class Loading {
+      public:
+        explicit Loading(EditorWindow& editor) : editor_(editor), before_(editor.loading_) {
+            editor_.loading_ = true;
+        }
+        ~Loading() { editor_.loading_ = before_; }
+        Loading(const Loading&) = delete;
+        Loading& operator=(const Loading&) = delete;
+
+      private:
+        EditorWindow& editor_;
+        bool before_;
+    };
+
+    /// The sum of what stands on the screen.
+    virtual double Form_CheckSum() = 0;
+    /// Takes what stands on the screen as saved.
+    void saveCheckSum() { savedCheckSum_ = Form_CheckSum(); }
+    double savedCheckSum() const { return savedCheckSum_; }
+    virtual bool isChanged() { return Form_CheckSum() != savedCheckSum_; }
+    bool isLoading() const { return loading_; }
+
+    /// True when the answer is Yes.
+    bool confirms(const Question& question);
+    /// True when nothing is changed, or when the answer is Yes.
+    bool mayDiscard(const Question& question) { return !isChanged() || confirms(question); }
+
+    /// What is asked when the window is closed with unsaved changes.
+    virtual Question closeQuestion() const;
+    bool mayClose() override { return mayDiscard(closeQuestion()); }
+
+  private:
+    double savedCheckSum_ = 0;
+    bool loading_ = false;
+};
+
+} // namespace kelvane
