@@ -1,0 +1,44 @@
+#pragma once
+
+#include "editors/cal_param_controls.h"
+#include "editors/open_cal_param.h"
+#include "ui/editor_window.h"
+
+namespace kelvane {
+
+/// The editor of the calibration parameters of one instrument, the current one. The screen and its loading
+/// stand in form_cal_param.cpp, validation and saving in form_cal_param_save.cpp.
+class FormCalParam final : public EditorWindow, public OpenCalParam {
+    Q_OBJECT
+  public:
+    explicit FormCalParam(Session& session);
+
+    /// Asks for an instrument and fills the screen, or closes the screen when none is chosen. Called once
+    /// the window is shown.
+    void chooseFirst();
+
+    QString strategy() const override;
+    void addStrategy(const QString& name) override;
+    void addMessage(const QString& name) override;
+
+  private:
+    bool GetAsset();
+    void LoadControls();
+    void LoadPrompts();
+    void ShowUnitTabs();
+    double Form_CheckSum() override;
+    bool isChanged() override;
+
+    /// Checks the screen and stops at the first fault, or replaces what is stored for the current instrument.
+    void SaveData();
+    void CommandSelect();
+    void CommandClone();
+    /// The title with the current instrument.
+    void showInstrument();
+
+    CalParamControls controls_;
+    /// The current instrument, by its number as it was entered.
+    QString instrument_;
+};
+
+} // namespace kelvane
