@@ -1,12 +1,21 @@
 #include "ui/editor_window.h"
 
 #include "resources/strings.h"
+#include "ui/guarded.h"
 
 namespace kelvane {
 
 bool EditorWindow::confirms(const Question& question) {
     return session_.ui.messageBox(text(question.text), text(question.title), question.style) ==
            BoxAnswer::yes;
+}
+
+void EditorWindow::run(const std::function<void()>& command) {
+    if (running_)
+        return;
+    running_ = true;
+    guarded(session_.ui, command);
+    running_ = false;
 }
 
 EditorWindow::Question EditorWindow::closeQuestion() const {

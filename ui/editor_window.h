@@ -2,6 +2,8 @@
 
 #include "ui/child_window.h"
 
+#include <functional>
+
 namespace kelvane {
 
 /// The base of the editors: a screen whose contents have a checksum. It counts as changed when the sum
@@ -47,13 +49,18 @@ class EditorWindow : public ChildWindow {
     /// True when nothing is changed, or when the answer is Yes.
     bool mayDiscard(const Question& question) { return !isChanged() || confirms(question); }
 
+    /// Runs a command of the screen. While one runs, with whatever question it has on the screen, another
+    /// one does nothing and the window stays open.
+    void run(const std::function<void()>& command);
+
     /// What is asked when the window is closed with unsaved changes.
     virtual Question closeQuestion() const;
-    bool mayClose() override { return mayDiscard(closeQuestion()); }
+    bool mayClose() override { return !running_ && mayDiscard(closeQuestion()); }
 
   private:
     double savedCheckSum_ = 0;
     bool loading_ = false;
+    bool running_ = false;
 };
 
 } // namespace kelvane
