@@ -6,6 +6,8 @@
 
 namespace kelvane {
 
+struct CalParamFault;
+
 /// The editor of the calibration parameters of one instrument, the current one. The screen and its loading
 /// stand in form_cal_param.cpp, validation and saving in form_cal_param_save.cpp.
 class FormCalParam final : public EditorWindow, public OpenCalParam {
@@ -29,8 +31,11 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     double Form_CheckSum() override;
     bool isChanged() override;
 
+    /// Connects the commands that save, and the lists of messages.
+    void connectSaving();
     /// Checks the screen and stops at the first fault, or replaces what is stored for the current instrument.
     void SaveData();
+    void showFault(const CalParamFault& fault);
     void CommandSelect();
     void CommandClone();
     /// The title with the current instrument.

@@ -1,0 +1,94 @@
+#include "data/assets.h"
+#include "data/routine.h"
+#include "editors/ask_instrument.h"
+#include "editors/cal_param_columns.h"
+#include "editors/cal_param_faults.h"
+#include "editors/form_cal_param.h"
+#include "editors/prompt_lists.h"
+#include "platform/numbers.h"
+#include "resources/strings.h"
+#include "ui/guarded.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+void makePositive(QLineEdit& field) {
+    field.setText(plainText(std::abs(numberIn(field))));
+}
+
+/// A signal of alternating voltage has no sign: its scale is stored, and from now on shown, without one.
+void makeAlternatingScalesPositive(const CalParamControls& c) {
+    for (const auto& unit : {u"VAC"_s, u"mVAC"_s}) {
+        if (c.ComboInputUnits->currentText() == unit) {
+            makePositive(*c.TextInputLow);
+            makePositive(*c.TextInputHigh);
+        }
+        if (c.ComboOutputUnits->currentText() == unit) {
+            makePositive(*c.TextOutputLow);
+            makePositive(*c.TextOutputHigh);
+        }
+    }
+}
+
+} // namespace
+
+void FormCalParam::connectSaving() {
+    onSignal(controls_.CommandSave, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { SaveData(); }); });
+    onSignal(controls_.CommandClone, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { CommandClone(); }); });
+    connectPromptLists(controls_, session_);
+}
+
+void FormCalParam::SaveData() {
+    Routine routine(session_, u"FormCalParam,SaveData"_s);
+    routine.run([&] {
+        if (const auto fault = firstFault(controls_)) {
+            showFault(*fault);
+            return;
+        }
+        makeAlternatingScalesPositive(controls_);
+        const BusyPointer busy(session_.ui);
+        for (const auto& statement : savingStatements(session_, controls_, instrument_))
+            routine.execute(statement);
+        showInstrument();
+        saveCheckSum();
+    });
+}
+
+void FormCalParam::showFault(const CalParamFault& fault) {
+    session_.ui.messageBox(text(fault.message), text(112), box::warning);
+    controls_.SSTab1->setCurrentIndex(fault.page);
+    if (fault.subTabs)
+        fault.subTabs->setCurrentIndex(fault.subPage);
+    if (fault.focus)
+        fault.focus->setFocus();
+}
+
+void FormCalParam::CommandClone() {
+    Routine routine(session_, u"FormCalParam,CommandClone"_s);
+    routine.run([&] {
+        const auto target = askInstrument(session_, routine);
+        if (!target)
+            return;
+        const auto stored = u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
+                            ModuleGlobals::mtagOf(session_, *target);
+        if (routine.hasRow(stored) &&
+            session_.ui.messageBox(text(1349), text(112), box::warningYesNo) != BoxAnswer::yes)
+            return;
+        instrument_ = *target;
+        SaveData();
+    });
+}
+
+} // namespace kelvane
