@@ -1,0 +1,29 @@
+#include "drivers/fluke_combinations.h"
+
+#include "data/unit_class.h"
+#include "resources/strings.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+bool FlukeCombination::isThatOf(const CalParamRecord& instrument) const {
+    const auto begins = [](QStringView sensor, QStringView with) { return sensor.left(with.size()) == with; };
+    return UnitClass(instrument.input_type) == inputClass &&
+           UnitClass(instrument.output_type) == outputClass &&
+           begins(instrument.temp_sens_type_in, inputSensor) &&
+           begins(instrument.temp_sens_type_out, outputSensor);
+}
+
+bool flukeCannotCombine(const CalParamRecord& instrument) {
+    return std::any_of(std::begin(flukeCombinations), std::end(flukeCombinations),
+                       [&](const FlukeCombination& one) { return one.isThatOf(instrument); });
+}
+
+void tellFlukeNote(Session& session, const QString& asset, int message) {
+    session.ui.messageBox(asset + u": "_s + text(message), text(105), box::information);
+}
+
+} // namespace kelvane

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "data/cal_params.h"
+
+#include <limits>
+#include <span>
+
+namespace kelvane {
+
+/// From `low` to `high`, both included. One whose low lies above its high takes nothing at all.
+struct FlukeSpan {
+    float low;
+    float high;
+};
+
+/// What one calibrator can measure and source. Each figure holds as it stands for the instrument's own unit;
+/// units of pressure and sensors without a row have no limits.
+struct FlukeLimits {
+    static constexpr float unlimited = std::numeric_limits<float>::infinity();
+    static constexpr FlukeSpan never{unlimited, -unlimited};
+
+    struct Unit {
+        QStringView name;
+        FlukeSpan measures;
+        FlukeSpan sources;
+    };
+    struct Sensor {
+        QStringView name;
+        FlukeSpan celsius;
+        FlukeSpan fahrenheit;
+    };
+
+    std::span<const Unit> units;
+    std::span<const Sensor> sensors;
+};
+
+/// The message (its id) that says why the calibrator can't measure the instrument's output; 0 when it can,
+/// and for a unit that no Fluke knows.
+int flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument);
+/// The same for sourcing the instrument's input.
+int flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument);
+
+} // namespace kelvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QStringView>
+
+#include <optional>
+
+namespace kelvane {
+
+/// What a Fluke calibrator can handle at all.
+enum class FlukeQuantity { temperature, pressure, current, dcVoltage, acVoltage, frequency, resistance };
+
+/// The quantity of a unit text, compared exactly; nothing for a unit that no Fluke knows.
+std::optional<FlukeQuantity> flukeQuantity(QStringView unit);
+
+} // namespace kelvane
