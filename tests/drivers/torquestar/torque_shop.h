@@ -1,17 +1,16 @@
 #pragma once
 
-#include "data/cal_params.h"
 #include "drivers/torquestar/torquestar.h"
 #include "tests/drivers/torquestar/line_peer.h"
-#include "tests/support/fixtures.h"
+#include "tests/support/lab.h"
 
 #include <QHash>
 
 namespace kelvane::testing {
 
-/// A lab with torque tools over a recording connection, and a scripted calibrator on the line that takes
+/// A lab with torque tools, and a scripted calibrator on the line that takes
 /// everything and holds no data, until a test puts other answers into `replies`.
-class TorqueShop : public RecordedSession {
+class TorqueShop : public Lab {
   protected:
     TorqueShop();
 
@@ -19,12 +18,6 @@ class TorqueShop : public RecordedSession {
 
     /// The calibrator's own row in the inventory: TS-01, key 900.
     void addCalibrator();
-    /// An instrument that exists, with its parameters and a strategy.
-    void addInstrument(const QString& asset, const QString& mtag, CalParamRecord record);
-    /// The standards in use with an instrument.
-    void addStandards(const QString& asset, const QStringList& standards);
-    /// A task package of instruments, their keys being their numbers with "K" in front.
-    void addPackage(const QString& tag, const QStringList& assets);
     /// The instruments that are registered with the calibrator.
     void addInUse(const QStringList& assets);
     /// The wrenches "W-1" to "W-n" with the transducer "X-1", as a package.
@@ -36,23 +29,8 @@ class TorqueShop : public RecordedSession {
     static CalParamRecord transducer();
     static CalParamRecord serialTransducer();
 
-    // The statements of the data routines, as they arrive.
-    static QString selectMtag(const QString& asset);
-    static QString mtagOf(const QString& asset);
-    static QString selectParams(const QString& asset);
-    static QString selectStandards(const QString& asset);
-    static QString selectSerial(const QString& serial);
-    static QString selectConfig(const QString& asset);
-    static QString selectPoints(const QString& asset);
-    static QString selectPackage(const QString& task);
-    static QString selectMembers(const QString& tag);
-    static QString selectInUse(const QString& serial);
-
     /// The identifiers of what went over the line, "T1A W-1" with the name where there is one.
     QStringList conversation() const;
-    /// The statements that change something.
-    QStringList writes() const;
-
     /// The next replies to a message, by its three characters; nothing: it is not acknowledged.
     QHash<QByteArray, QList<std::optional<QByteArray>>> replies;
 

@@ -28,19 +28,6 @@ class TorqueUpload : public TorqueShop {
 
     QString upload() { return ModuleTSInterface::TorqueStar_upload(driver); }
 
-    void addDictionary(const QStringList& columns) {
-        QList<Row> rows;
-        for (const auto& one : columns)
-            rows << Row{one, QStringLiteral("Title"), {}, {}, {}, {}, {}, {}, {}, {}, {}};
-        script.answers.insert(
-            QStringLiteral(
-                "select datacol,title,idefault,ireq,sreq,sdefault,scopy,dcopy,validation,datalen,tooltip "
-                "from mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or "
-                "fldnum = '2302' or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = "
-                "'2307') order by row,nextfld asc"),
-            rows);
-    }
-
     /// Wrenches "W-1" to "W-n" in use with the calibrator, each with these points (in percent) and samples a
     /// point, sent by "asmith", with the transducer and the calibrator as standards.
     void addUsed(int count, const QStringList& points, qint16 repetitions = 1) {
@@ -53,33 +40,10 @@ class TorqueUpload : public TorqueShop {
             addInstrument(asset, u'K' + asset, tool);
             addPoints(asset, points, repetitions);
             addStandards(asset, {QStringLiteral("X-1"), QStringLiteral("TS-01")});
-            script.answers.insert(
-                QStringLiteral("select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where "
-                               "serial_number = '12345678' and mtag = 'K") +
-                    asset + u'\'',
-                {{QStringLiteral("12345678"), QStringLiteral("2026-03-01 08:00:00"), u'K' + asset,
-                  QStringLiteral("asmith")}});
-            script.answers.insert(QStringLiteral("select count(ctag) from MT.calibration where mtag = ") +
-                                      mtagOf(asset),
-                                  {{QStringLiteral("0")}});
-            script.answers.insert(QStringLiteral("select I4229 from MT.inventory where i4201 = '") + asset +
-                                      u'\'',
-                                  {{QStringLiteral("12")}});
-            script.answers.insert(QStringLiteral("select I4228 from MT.inventory where i4201 = '") + asset +
-                                      u'\'',
-                                  {{QStringLiteral("M")}});
+            addInUseData(QStringLiteral("12345678"), asset, QStringLiteral("asmith"));
+            addHistory(asset);
         }
         addInUse(assets);
-    }
-
-    void addPoints(const QString& asset, const QStringList& points, int repetitions) {
-        QList<Row> rows;
-        for (const auto& one : points)
-            rows << Row{one};
-        script.answers.insert(selectPoints(asset) + QStringLiteral(" order by test_point_seq asc"), rows);
-        script.answers.insert(QStringLiteral("select repetitions from mt.hvm_kv_tag_config where mtag = ") +
-                                  mtagOf(asset),
-                              {{QString::number(repetitions)}});
     }
 
     /// The calibrator holds one result a point for an instrument, then its comment.
@@ -91,35 +55,8 @@ class TorqueUpload : public TorqueShop {
         replies["T1F"] << comment;
     }
 
-    /// The value that the record of an instrument got in a column, out of the insert.
     QString recorded(const QString& column, const QString& asset = QStringLiteral("W-1")) const {
-        for (const auto& one : writes()) {
-            if (!one.startsWith(QStringLiteral("insert into MT.calibration ")) ||
-                !one.contains(QStringLiteral("'K") + asset + QStringLiteral("',")))
-                continue;
-            const auto columns = one.section(u'(', 1, 1).section(u')', 0, 0).split(u',');
-            const auto values = one.section(QStringLiteral("values ("), 1).split(u',');
-            return values.value(columns.indexOf(column));
-        }
-        return QStringLiteral("no record");
-    }
-
-    QStringList recordedAssets() const {
-        QStringList assets;
-        for (const auto& one : writes()) {
-            if (one.startsWith(QStringLiteral("insert into MT.calibration ")))
-                assets << one.section(QStringLiteral("'K"), 1).section(u'\'', 0, 0);
-        }
-        return assets;
-    }
-
-    QStringList resultLines() const {
-        QStringList lines;
-        for (const auto& one : writes()) {
-            if (one.startsWith(QStringLiteral("insert into mt.calresults ")))
-                lines << one.section(u'\'', 1, 1).simplified();
-        }
-        return lines;
+        return Lab::recorded(column, asset);
     }
 
     bool isCleared() const {
