@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/workstation_program.h"
+#include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
 #include "resources/strings.h"
@@ -24,7 +25,8 @@ int main(int argc, char** argv) {
     IniSettingsStore stored(IniSettingsStore::defaultPath());
     SettingsWithPorts settings(stored, portsOf(QApplication::arguments()));
     QtSerialPort port(settings);
-    WorkstationProgram program(clock, settings, odbcConnections(), port,
+    DpclnkLibrary link;
+    WorkstationProgram program(clock, settings, odbcConnections(), port, link,
                                {
                                    .dataSources = odbcDataSources,
                                    .commandLine = QApplication::arguments().join(u' '),

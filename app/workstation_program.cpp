@@ -3,10 +3,10 @@
 namespace kelvane {
 
 WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settings,
-                                       ConnectionFactory connections, SerialPort& port,
+                                       ConnectionFactory connections, SerialPort& port, Dpclnk& link,
                                        Surroundings surroundings)
     : session({ui, clock, settings}, std::move(connections)),
-      calibrators{session, {session, port}},
+      calibrators{session, {session, port}, {session, link}},
       window(session, calibrators, std::move(surroundings)) {
     ui.attach(session, window, window.area());
 }

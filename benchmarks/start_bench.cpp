@@ -2,6 +2,7 @@
 // start is a process of its own: this program starts itself. Usage: bench_start [workstation | bare]
 
 #include "app/workstation_program.h"
+#include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
 #include "resources/strings.h"
@@ -51,7 +52,8 @@ void runWorkstation() {
     const SystemClock clock;
     IniSettingsStore settings(u"settings.ini"_s);
     QtSerialPort port(settings);
-    WorkstationProgram program(clock, settings, odbcConnections(), port,
+    DpclnkLibrary link;
+    WorkstationProgram program(clock, settings, odbcConnections(), port, link,
                                {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [] {}});
     program.start();
     QCoreApplication::processEvents();

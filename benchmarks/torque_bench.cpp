@@ -4,6 +4,7 @@
 #include "benchmarks/torque_site.h"
 #include "benchmarks/watched.h"
 #include "data/assets.h"
+#include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "tests/support/quiet_operator.h"
 #include "workflow/driver.h"
@@ -44,7 +45,8 @@ Figures measure(TorqueSite& site, int tools, Road road) {
     auto& log = site.log;
     log = {};
     WatchedPort port(site.port);
-    Calibrators calibrators{site.session, {site.session, port}};
+    DpclnkLibrary link;
+    Calibrators calibrators{site.session, {site.session, port}, {site.session, link}};
     const auto start = Clock::now();
     const QString failure = road(calibrators);
     const Seconds whole = Clock::now() - start;

@@ -29,19 +29,6 @@ bool isColumn(const QString& name, QStringView column) {
     return name.compare(column, Qt::CaseInsensitive) == 0;
 }
 
-/// The progress window for the time of a block; it goes away on every way out.
-class Progress {
-  public:
-    explicit Progress(UserInterface& ui) : ui_(ui) { ui_.showProgress(text(textRecordCreation)); }
-    ~Progress() { ui_.hideProgress(); }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    void reach(int percent) { ui_.setProgressValue(percent); }
-
-  private:
-    UserInterface& ui_;
-};
-
 /// One record on its way into the database. Each statement commits by itself: what was written before an
 /// error stays.
 class NewRecord {
@@ -125,7 +112,7 @@ const NewRecord::ColumnStep NewRecord::gatheringAgain[] = {
 };
 
 QString NewRecord::make() {
-    Progress progress(session_.ui);
+    ProgressWindow progress(session_.ui, text(textRecordCreation));
     pass(gathering);
     progress.reach(14);
     settleDueDate();

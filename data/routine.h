@@ -64,6 +64,20 @@ class BusyPointer {
     UserInterface& ui_;
 };
 
+/// The progress window for the time of a block; it goes away on every way out.
+class ProgressWindow {
+  public:
+    ProgressWindow(UserInterface& ui, const QString& caption) : ui_(ui) { ui_.showProgress(caption); }
+    ~ProgressWindow() { ui_.hideProgress(); }
+    ProgressWindow(const ProgressWindow&) = delete;
+    ProgressWindow& operator=(const ProgressWindow&) = delete;
+    /// Percentage, 0 to 100.
+    void reach(int percent) { ui_.setProgressValue(percent); }
+
+  private:
+    UserInterface& ui_;
+};
+
 /// The value of a column that must not be null: error 94 otherwise.
 QString notNull(const std::optional<QString>& value);
 

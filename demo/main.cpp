@@ -2,6 +2,7 @@
 // Exits 0 only when everything was as it has to be.
 
 #include "demo/demonstration.h"
+#include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
 
@@ -40,8 +41,9 @@ int main(int argc, char** argv) {
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, calibrator.device());
         QtSerialPort port(settings);
+        DpclnkLibrary link;
         WorkstationProgram program(
-            clock, settings, odbcConnections(), port,
+            clock, settings, odbcConnections(), port, link,
             {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
         demo::Demonstration(program, calibrator, QDir(folder).filePath(u"pictures"_s)).run();
         if (!ended)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drivers/fluke702/fluke702.h"
 #include "drivers/torquestar/torquestar.h"
 
 namespace kelvane {
@@ -10,6 +11,7 @@ namespace kelvane {
 struct Calibrators {
     Session& session;
     TorqueStar torqueStar;
+    Fluke702 fluke702;
 };
 
 /// Asks which calibrator is meant, in a dialog of that title; the name chosen last time, kept in section

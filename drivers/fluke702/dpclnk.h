@@ -13,11 +13,12 @@ namespace kelvane {
 /// handed in filled with blanks, as many as the library may write, and comes back as the whole buffer, the
 /// library's terminating zero and what stands behind it included: `CleanDLLString` makes a text of it.
 ///
-/// Out values are left as they are by a library that does not write them. Those for which the library's own
-/// description gives no width have 32 bits, as record indexes have.
+/// Out values are left as they are by a library that does not write them.
 class Dpclnk {
   public:
     using Status = qint16;
+    /// An out number whose width the library's own description leaves open.
+    using Open = qint32;
 
     virtual ~Dpclnk() = default;
 
@@ -72,7 +73,7 @@ class Dpclnk {
     virtual Status MEMstats(qint32& unused, qint32& count) = 0;
     virtual Status MEMrDir(qint32 record, qint16& kind, qint16& month, qint16& day, qint16& year,
                            qint16& hour, qint16& minute, qint16& second) = 0;
-    virtual Status MEMasflInfo(qint32 record, qint32& unused1, qint32& unused2, qint32& unused3) = 0;
+    virtual Status MEMasflInfo(qint32 record, qint32& unused1, Open& unused2, Open& unused3) = 0;
     /// Makes the setup state of that record the current one.
     virtual Status MEMbaseState(qint32 record) = 0;
     /// Texts of 33.
@@ -83,7 +84,7 @@ class Dpclnk {
                                      float& unused3, float& applied, qint16& unused5, float& unused6,
                                      float& error) = 0;
     /// The pressure module of the current state: texts of 16 (its model) and 10 (its serial number).
-    virtual Status STAgetPressure(QString& model, QString& serial, qint32& unused) = 0;
+    virtual Status STAgetPressure(QString& model, QString& serial, Open& unused) = 0;
 };
 
 } // namespace kelvane

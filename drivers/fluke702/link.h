@@ -4,9 +4,10 @@
 
 namespace kelvane::Module702Interface {
 
-/// Opens the link, identifies the calibrator, moves the whole image and closes the link, with the progress
-/// window. Empty on success (a warning in mid-transfer ends it early and counts as success), else the words
-/// of the failure. An upload from a calibrator that the database doesn't know is a failure.
+/// Opens the link, identifies the calibrator, moves the whole image (`mode` 1: to the calibrator, 2: from it)
+/// and closes the link, with the progress window. Empty on success (a warning in mid-transfer ends it early
+/// and counts as success), else the words of the failure. An upload from a calibrator that the database
+/// doesn't know is a failure.
 QString Communicate702(Fluke702& driver, qint16 mode);
 
 /// The words for a status. Below 2001 they are shown in a box, with `name` (an asset number or nothing)

@@ -109,7 +109,7 @@ TEST_F(MainWindow, AMissingTemplateIsWarnedOfTwiceOverTheEmptyFrame) {
 TEST_F(MainWindow, TheCommandLineSetsItsFlag) {
     start();
     EXPECT_FALSE(session.CommandLineFlag);
-    WorkstationProgram other(clock, settings, session.makeConnection, port,
+    WorkstationProgram other(clock, settings, session.makeConnection, port, link,
                              {.dataSources = [] { return QStringList(); },
                               .commandLine = u"kelvane --port COM1=/dev/x kfdj"_s,
                               .endProcess = [] {}});

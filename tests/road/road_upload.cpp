@@ -3,6 +3,7 @@
 // or a message to the calibrator. Before that of number MOMENT, from 1, it kills itself; with 0 it comes to
 // its end.
 
+#include "drivers/fluke702/dpclnk_library.h"
 #include "platform/odbc_connection.h"
 #include "tests/road/workplace.h"
 #include "tests/support/quiet_operator.h"
@@ -91,7 +92,8 @@ int upload(const QString& source, const QString& device, int moment) {
     workplace.start();
     MortalConnection::awake = true;
     MortalPort port(workplace.line, doom);
-    Calibrators calibrators{workplace.session, {workplace.session, port}};
+    DpclnkLibrary link;
+    Calibrators calibrators{workplace.session, {workplace.session, port}, {workplace.session, link}};
     ModuleGlobals::UploadFromCalibrator(calibrators);
     for (const auto& complaint : std::as_const(ui.complaints))
         std::fprintf(stderr, "%s\n", qPrintable(complaint));

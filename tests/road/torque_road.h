@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/records.h"
+#include "drivers/fluke702/dpclnk_library.h"
 #include "platform/odbc_connection.h"
 #include "simulators/torquestar/memory.h"
 #include "tests/road/line_clock.h"
@@ -108,7 +109,8 @@ class TorqueRoad : public ::testing::Test {
     Workplace workplace{ui, clock, database.dsn(), workshop.link(), odbcConnections()};
     Session& session = workplace.session;
     HeardPort port{workplace.line, clock};
-    Calibrators calibrators{session, {session, port}};
+    DpclnkLibrary link;
+    Calibrators calibrators{session, {session, port}, {session, link}};
     ScriptedScreen screen;
 
   private:

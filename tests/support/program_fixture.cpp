@@ -20,7 +20,7 @@ void MissingPort::setPortOpen(bool open) {
 }
 
 ProgramTest::ProgramTest()
-    : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, port,
+    : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, port, link,
               {
                   .dataSources = [this] { return dataSources; },
                   .commandLine = u"kelvane"_s,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/workstation_program.h"
+#include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/support/fixtures.h"
 #include "tests/support/screen_operator.h"
 #include "ui/child_window.h"
@@ -55,6 +56,7 @@ class ProgramTest : public ::testing::Test {
     MemorySettings settings;
     RecordingConnection::Script script;
     MissingPort port;
+    RecordedLink link;
     QStringList dataSources{QStringLiteral("Calibration Data"), QStringLiteral("Site B")};
     int processEnded = 0;
     /// What happens when the program ends its process.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "resources/strings.h"
+#include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/drivers/torquestar/torque_shop.h"
 #include "tests/workflow/scripted_screen.h"
 
@@ -104,7 +105,8 @@ class DownloadList : public TorqueShop {
     }
 
     ScriptedScreen screen;
-    Calibrators calibrators{session, {session, port}};
+    RecordedLink link;
+    Calibrators calibrators{session, {session, port}, {session, link}};
 };
 
 } // namespace kelvane::testing

@@ -1,4 +1,5 @@
 #include "resources/strings.h"
+#include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/drivers/torquestar/torque_shop.h"
 #include "workflow/driver.h"
 
@@ -14,7 +15,8 @@ const QString later = u"The driver for this calibrator is not part of this versi
 
 class Drivers : public TorqueShop {
   protected:
-    Calibrators calibrators{session, {session, port}};
+    RecordedLink link;
+    Calibrators calibrators{session, {session, port}, {session, link}};
 };
 
 TEST_F(Drivers, AreChosenByTheCalibratorsName) {

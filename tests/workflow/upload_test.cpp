@@ -1,3 +1,4 @@
+#include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/drivers/torquestar/torque_shop.h"
 #include "workflow/driver.h"
 
@@ -17,7 +18,8 @@ class UploadCommand : public TorqueShop {
 
     const QString title = u"Upload Test Results From Calibrator"_s;
     const QString stored = u"Defaults/LastUploadCalibrator=Crane TorqueStar IVc"_s;
-    Calibrators calibrators{session, {session, port}};
+    RecordedLink link;
+    Calibrators calibrators{session, {session, port}, {session, link}};
 };
 
 TEST_F(UploadCommand, ASuccessIsToldAndTheChoiceStored) {

@@ -1,0 +1,201 @@
+#include "drivers/fluke702/link.h"
+
+#include "data/assets.h"
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "platform/error_report.h"
+#include "platform/numbers.h"
+#include "resources/strings.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::Module702Interface {
+
+namespace {
+
+constexpr qint16 downloading = 1;
+
+constexpr qint32 usualBaudRate = 9600;
+const QString usualPort = u"COM1"_s;
+/// What the library wants to be opened with.
+constexpr qint32 openTiming = 1000;
+constexpr quint8 openTries = 5;
+
+constexpr int full = 100;
+
+/// What a direction of transfer calls and shows.
+struct Direction {
+    int title;
+    int label;
+    Dpclnk::Status (Dpclnk::*start)(qint32& count);
+    Dpclnk::Status (Dpclnk::*step)(qint32& count);
+};
+
+constexpr Direction download{364, 366, &Dpclnk::DPCdnlStart, &Dpclnk::DPCdnlStep};
+constexpr Direction upload{525, 367, &Dpclnk::DPCuplStart, &Dpclnk::DPCuplStep};
+
+/// The progress bar's step: opening and closing count like a step of the transfer each.
+quint8 progressStep(qint32 count) {
+    const auto parts = qint64{count} + 2;
+    if (parts == 0)
+        throw makeError(ErrorNumber::divisionByZero);
+    const auto step = full / parts;
+    if (step < 0 || step > std::numeric_limits<quint8>::max())
+        throw makeError(ErrorNumber::overflow);
+    return static_cast<quint8>(step);
+}
+
+/// One contact with the calibrator, which moves the whole image.
+class Contact {
+  public:
+    Contact(Fluke702& driver, qint16 mode, QString& result)
+        : driver_(driver),
+          session_(driver.session),
+          ui_(session_.ui),
+          link_(driver.link),
+          mode_(mode),
+          direction_(mode == downloading ? download : upload),
+          result_(result) {}
+
+    void carryOut();
+
+  private:
+    bool open();
+    bool identify();
+    bool moveImage();
+    bool close();
+    void judgeUnknownCalibrator();
+
+    /// True for a status of 0; the words of any other are the result.
+    bool done(Dpclnk::Status status);
+    void advance();
+    QString setting(const QString& key) const {
+        return ModuleGlobals::GetRegSetting(session_, text(350), key);
+    }
+
+    Fluke702& driver_;
+    Session& session_;
+    UserInterface& ui_;
+    Dpclnk& link_;
+    const qint16 mode_;
+    const Direction& direction_;
+    QString& result_;
+    int progressStep_ = 0;
+    int progress_ = 0;
+};
+
+void Contact::carryOut() {
+    driver_.Calibrator702Model = QString(16, u' ');
+    driver_.Calibrator702Serial = QString(10, u' ');
+    driver_.Calibrator702Text = QString(40, u' ');
+    {
+        const ProgressWindow window(ui_, text(direction_.title));
+        ui_.processEvents();
+        if (!open() || !identify() || !moveImage() || !close())
+            return;
+        judgeUnknownCalibrator();
+    }
+    ui_.processEvents();
+}
+
+bool Contact::open() {
+    const auto stored = roundedToLong(numericValue(setting(u"BaudRate"_s)));
+    const auto baudRate = stored == 0 ? usualBaudRate : stored;
+    const auto chosen = setting(u"Port"_s);
+    const auto port = chosen.isEmpty() ? usualPort : chosen;
+
+    ui_.setBusyPointer();
+    ui_.setProgressText(text(365));
+    ui_.processEvents();
+    // An earlier failure may have left it open.
+    if (!done(link_.DPCclose())) {
+        ui_.setNormalPointer();
+        return false;
+    }
+    if (!done(link_.DPCopen(baudRate, port, openTiming, openTries))) {
+        link_.DPCclose();
+        ui_.setNormalPointer();
+        return false;
+    }
+    return true;
+}
+
+bool Contact::identify() {
+    qint32 unused1 = 0;
+    qint32 unused2 = 0;
+    if (!done(link_.DPCget70x(driver_.Calibrator702Model, driver_.Calibrator702Serial,
+                              driver_.Calibrator702Text, driver_.Calibrator702Number, unused1, unused2)))
+        return false;
+    for (auto* one : {&driver_.Calibrator702Model, &driver_.Calibrator702Serial, &driver_.Calibrator702Text})
+        *one = ModuleGlobals::CleanDLLString(*one);
+    driver_.Calibrator702Asset = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);
+    ui_.setNormalPointer();
+    ui_.setBusyPointer();
+    return true;
+}
+
+bool Contact::moveImage() {
+    qint32 count = 0;
+    if (!done((link_.*direction_.start)(count)))
+        return false;
+    ui_.setNormalPointer();
+    ui_.setProgressText(text(direction_.label));
+    ui_.processEvents();
+    progressStep_ = progressStep(count);
+    advance();
+    ui_.setBusyPointer();
+    // It is the library that counts: a step that doesn't lower the count is followed by another one.
+    while (count > 0) {
+        if (!done((link_.*direction_.step)(count)))
+            return false;
+        advance();
+        ui_.processEvents();
+    }
+    return true;
+}
+
+bool Contact::close() {
+    advance();
+    ui_.setProgressText(text(368));
+    if (!done(link_.DPCclose()))
+        return false;
+    ui_.setProgressValue(full);
+    ui_.setNormalPointer();
+    return true;
+}
+
+/// Instruments may go to a calibrator that the database doesn't know, but no results may come from one.
+void Contact::judgeUnknownCalibrator() {
+    if (!driver_.Calibrator702Asset.isEmpty())
+        return;
+    if (mode_ == downloading)
+        ui_.messageBox(text(423), text(direction_.title), box::warning);
+    else
+        result_ = text(423);
+}
+
+bool Contact::done(Dpclnk::Status status) {
+    if (status == 0)
+        return true;
+    result_ = DPCStatusText(session_, status, {});
+    return false;
+}
+
+void Contact::advance() {
+    progress_ = std::min(progress_ + progressStep_, full);
+    ui_.setProgressValue(progress_);
+}
+
+} // namespace
+
+QString Communicate702(Fluke702& driver, qint16 mode) {
+    QString result;
+    Routine routine(driver.session, u"Module702Interface,Communicate702"_s);
+    routine.run([&] { Contact(driver, mode, result).carryOut(); });
+    return result;
+}
+
+} // namespace kelvane::Module702Interface

@@ -1,0 +1,70 @@
+#include "drivers/link_library.h"
+
+#include "platform/error.h"
+#include "platform/texts.h"
+#include "resources/strings.h"
+
+#include <QDir>
+#include <QLibrary>
+
+#include <utility>
+
+namespace kelvane {
+
+namespace {
+
+constexpr int textNotLoaded = 1100;
+constexpr int textLacksOperation = 1101;
+
+/// Room behind a text for a library that doesn't keep to the length.
+constexpr qsizetype slack = 256;
+
+} // namespace
+
+LinkLibrary::LinkLibrary(QString name, QString folder) : name_(std::move(name)), folder_(std::move(folder)) {}
+
+qsizetype LinkLibrary::need(const char* operation) {
+    operations_.append({operation});
+    return operations_.size() - 1;
+}
+
+QString LinkLibrary::missing() {
+    if (loaded_)
+        return {};
+    QLibrary library(QDir(folder_).filePath(name_));
+    if (!library.load()) {
+        const auto reason = library.errorString();
+        library.setFileName(name_);
+        if (!library.load())
+            return text(textNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
+    }
+    for (auto& one : operations_) {
+        one.function = library.resolve(one.name);
+        if (!one.function) {
+            const auto file = QDir::toNativeSeparators(library.fileName());
+            // Let go, so that a better one can take its place while the program runs.
+            library.unload();
+            return text(textLacksOperation).arg(file, QString::fromLatin1(one.name));
+        }
+    }
+    loaded_ = true;
+    return {};
+}
+
+QFunctionPointer LinkLibrary::operation(qsizetype number) const {
+    if (!loaded_)
+        throw makeError(ErrorNumber::fileNotFound);
+    return operations_[number].function;
+}
+
+TextIn::TextIn(const QString& text) : bytes_(toCalibratorBytes(text)) {}
+
+TextOut::TextOut(QString& text) : text_(text), bytes_(toCalibratorBytes(text)), length_(bytes_.size()) {
+    bytes_.append(slack, '\0');
+}
+
+TextOut::~TextOut() {
+    text_ = fromCalibratorBytes(QByteArrayView(bytes_).first(length_));
+}
+
+} // namespace kelvane

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QtGlobal>
+
+namespace kelvane {
+
+/// A calibrator's link library, found by its name when it is needed: first in `folder`, then where the
+/// system looks for libraries. It stays loaded until the program ends.
+class LinkLibrary {
+  public:
+    LinkLibrary(QString name, QString folder);
+
+    /// Notes an operation that the library has to have; gives its number.
+    qsizetype need(const char* operation);
+
+    /// Empty when the library is loaded with all its operations, otherwise what is missing, for the operator.
+    /// Each call tries again until it is there.
+    QString missing();
+
+    /// The operation of that number. Error 53 when the library is not loaded.
+    QFunctionPointer operation(qsizetype number) const;
+
+  private:
+    struct Operation {
+        const char* name;
+        QFunctionPointer function = nullptr;
+    };
+
+    QString name_;
+    QString folder_;
+    QList<Operation> operations_;
+    bool loaded_ = false;
+};
+
+/// One operation of a link library, a plain C function with these arguments that gives a status.
+template <class... Arguments>
+class LinkOperation {
+  public:
+    LinkOperation(LinkLibrary& library, const char* name) : library_(library), number_(library.need(name)) {}
+
+    qint16 operator()(Arguments... arguments) const {
+        return reinterpret_cast<qint16 (*)(Arguments...)>(library_.operation(number_))(arguments...);
+    }
+
+  private:
+    const LinkLibrary& library_;
+    qsizetype number_;
+};
+
+/// A text on its way into a library, in the calibrator's alphabet; it lives for the call.
+class TextIn {
+  public:
+    explicit TextIn(const QString& text);
+    operator const char*() const { return bytes_.constData(); }
+
+  private:
+    QByteArray bytes_;
+};
+
+/// The buffer for a text that a library writes. It is as long as `text`, which takes the buffer's content
+/// when the call is over; what a library writes behind that length does no harm and is dropped.
+class TextOut {
+  public:
+    explicit TextOut(QString& text);
+    ~TextOut();
+    TextOut(const TextOut&) = delete;
+    TextOut& operator=(const TextOut&) = delete;
+    operator char*() { return bytes_.data(); }
+
+  private:
+    QString& text_;
+    QByteArray bytes_;
+    qsizetype length_;
+};
+
+} // namespace kelvane

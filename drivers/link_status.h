@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/user_interface.h"
+
+#include <QString>
+
+#include <optional>
+#include <span>
+
+namespace kelvane {
+
+/// A status of a link library: its number, the string of its message, and its name.
+struct LinkStatus {
+    qint16 code;
+    int message;
+    QStringView name;
+};
+
+/// The message and the name in parentheses, such as "Insufficient Memory (DPCERR_MEMORY_SIZE)"; nothing for a
+/// code that is not in the table.
+std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint16 code);
+
+/// Shows the words of a status, behind the name of what it concerns, which may be empty.
+void showLinkStatus(UserInterface& ui, const QString& name, const QString& words);
+
+} // namespace kelvane
