@@ -1,0 +1,93 @@
+#include "data/assets.h"
+#include "data/cal_params.h"
+#include "data/in_use.h"
+#include "data/routine.h"
+#include "data/tolerances.h"
+#include "drivers/asset_entries.h"
+#include "drivers/fluke702/download_item.h"
+#include "drivers/fluke702/download_prompts.h"
+#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/link.h"
+#include "drivers/fluke702/setup_state.h"
+#include "drivers/fluke702/task_values.h"
+#include "resources/strings.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::Module702Interface {
+
+namespace {
+
+constexpr qint16 mostPoints = 50;
+
+/// The points of the shared list, which nothing may refill before this call. More points than the library
+/// takes, or none, make no strategy.
+bool defineStrategy(Fluke702& driver, StatusRule& rule, Download702Item& item, qint16 points) {
+    if (points < 1 || points > mostPoints)
+        return true;
+    return rule.passes(driver.link.MEMstrategyDefn(item.strategyId, item.strategyName, points,
+                                                   &std::as_const(driver.session.TestPointList)[0]));
+}
+
+bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const DownloadPrompts& prompts,
+               bool manual) {
+    const auto tag = item.asset.left(29);
+    const auto serial = item.serial.isEmpty() ? text(650) : item.serial;
+    return rule.passes(link.MEMstartTask(tag)) && prompts.placeBefore(link, rule) &&
+           rule.passes(link.MEMtemplate(item.strategyId, manual ? 1 : 0, tag, serial, item.stateId)) &&
+           prompts.placeAfter(link, rule) && rule.passes(link.MEMendTask());
+}
+
+/// Writes one instrument into the image. False when a status ended it.
+bool loadInstrument(Fluke702& driver, StatusRule& rule, Download702Item& item, CarriedValues& carried) {
+    auto& session = driver.session;
+    DownloadPrompts prompts;
+    if (!prompts.define(driver, rule, item.asset))
+        return false;
+    item.tolerance = ModuleGlobals::TranslateSpanTestTolSingle(session, item.asset);
+    const auto points = ModuleGlobals::GetTestPointList(session, item.asset);
+    prepareTaskValues(item, carried);
+    return defineStrategy(driver, rule, item, points) && saveSetupState(driver.link, rule, item, carried) &&
+           writeTask(driver.link, rule, item, prompts, carried.manual);
+}
+
+QString download(Fluke702& driver, const QString& task) {
+    auto& session = driver.session;
+    FixedList<Download702Item, 500> items;
+    int count = 0;
+    for (const auto& entry : assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, task)))
+        items[count++] = gatherItem(session, entry);
+
+    driver.link.MEMclear();
+    driver.link.DPCclose();
+    CarriedValues carried;
+    for (int i = 0; i < count; ++i) {
+        StatusRule rule(session, items[i].asset);
+        if (!loadInstrument(driver, rule, items[i], carried))
+            return rule.failure();
+    }
+
+    const auto failure = Communicate702(driver, 1);
+    if (failure.isEmpty()) {
+        ModuleGlobals::ClearInUse(session, driver.Calibrator702Serial);
+        for (int i = 0; i < count; ++i)
+            ModuleGlobals::AddInUse(session, driver.Calibrator702Serial, items[i].mtag, session.SessionUser);
+    }
+    session.ui.setNormalPointer();
+    return failure;
+}
+
+} // namespace
+
+QString Fluke702_download(Fluke702& driver, const QString& task) {
+    if (const auto missing = driver.link.missing(); !missing.isEmpty())
+        return missing;
+    QString result;
+    Routine routine(driver.session, u"Module702Interface,Fluke702_download"_s);
+    routine.run([&] { result = download(driver, task); });
+    return result;
+}
+
+} // namespace kelvane::Module702Interface
