@@ -6,22 +6,13 @@
 
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 
 namespace kelvane {
 
 namespace {
 
 void connectHandOver(QListWidget* from, QListWidget* to, UserInterface& ui) {
-    onSignal(from, &QListWidget::itemDoubleClicked, from, ui,
-             [from, to] { handOver(*from, from->currentRow(), *to); });
-    // For those who work without a mouse.
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* handing = new QShortcut(QKeySequence(key), from);
-        handing->setContext(Qt::WidgetShortcut);
-        onSignal(handing, &QShortcut::activated, from, ui,
-                 [from, to] { handOver(*from, selectedRow(*from), *to); });
-    }
+    onRowChosen(from, ui, [from, to](int row) { handOver(*from, row, *to); });
 }
 
 void connectPair(QListWidget* available, QListWidget* displayed, QPushButton* up, QPushButton* down,

@@ -1,5 +1,8 @@
 #include "ui/controls.h"
 
+#include <QAbstractItemView>
+#include <QScrollBar>
+
 namespace kelvane {
 
 namespace {
@@ -36,6 +39,14 @@ QComboBox* dropDown(const QString& name, const QString& accessibleName, int tool
     auto* made = named(new QComboBox, name, accessibleName, toolTip);
     made->addItems(rows);
     return made;
+}
+
+void keepWidth(QComboBox* list) {
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(10);
+    auto* rows = list->view();
+    rows->setMinimumWidth(
+        qMin(rows->sizeHintForColumn(0) + rows->verticalScrollBar()->sizeHint().width(), 600));
 }
 
 void setTabOrder(std::initializer_list<QWidget*> controls) {

@@ -28,6 +28,9 @@ QPushButton* button(const QString& name, int caption, int toolTip);
 /// A list to choose from, filled, with its first row selected.
 QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
                     const QStringList& rows = {});
+/// Lets the drop-down keep its width whatever its rows are: a long row makes the list that drops down wider,
+/// not the window.
+void keepWidth(QComboBox* list);
 /// The order in which Tab goes through the controls.
 void setTabOrder(std::initializer_list<QWidget*> controls);
 

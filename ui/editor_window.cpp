@@ -18,6 +18,13 @@ void EditorWindow::run(const std::function<void()>& command) {
     running_ = false;
 }
 
+bool EditorWindow::mayClose() {
+    bool may = false;
+    // The question is a command too: asked to close once more meanwhile, the window does not ask it again.
+    run([&] { may = mayDiscard(closeQuestion()); });
+    return may;
+}
+
 EditorWindow::Question EditorWindow::closeQuestion() const {
     return {167, box::warningYesNo, 101};
 }

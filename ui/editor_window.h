@@ -55,7 +55,7 @@ class EditorWindow : public ChildWindow {
 
     /// What is asked when the window is closed with unsaved changes.
     virtual Question closeQuestion() const;
-    bool mayClose() override { return !running_ && mayDiscard(closeQuestion()); }
+    bool mayClose() override;
 
   private:
     double savedCheckSum_ = 0;

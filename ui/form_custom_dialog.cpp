@@ -6,10 +6,8 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
-#include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -104,13 +102,8 @@ void FormCustomDialog::takeText(const DialogQuestion& question) {
 }
 
 void FormCustomDialog::takeList(const DialogQuestion& question) {
-    // A long row makes the list that drops down wider, not the dialog.
-    ComboCustomDialog->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    ComboCustomDialog->setMinimumContentsLength(10);
     ComboCustomDialog->addItems(question.choices);
-    auto* rows = ComboCustomDialog->view();
-    rows->setMinimumWidth(
-        qMin(rows->sizeHintForColumn(0) + rows->verticalScrollBar()->sizeHint().width(), 600));
+    keepWidth(ComboCustomDialog);
     ComboCustomDialog->setCurrentIndex(rowOfDefault(question.choices, question.defaultText));
     // With nothing to choose from, the answer is typed.
     ComboCustomDialog->setEditable(question.choices.isEmpty());

@@ -1,6 +1,9 @@
 #include "ui/list_rows.h"
 
+#include "ui/guarded.h"
+
 #include <QListWidget>
+#include <QShortcut>
 
 #include <memory>
 
@@ -33,7 +36,21 @@ void handOver(QListWidget& from, int row, QListWidget& to) {
     if (!taken)
         return;
     from.setCurrentRow(-1);
+    from.setCurrentRow(qMin(row, from.count() - 1), QItemSelectionModel::NoUpdate);
     to.addItem(taken->text());
+}
+
+void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
+    const auto choose = [list, chosen] {
+        if (const int row = selectedRow(*list); row >= 0)
+            chosen(row);
+    };
+    onSignal(list, &QListWidget::itemDoubleClicked, list, ui, choose);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* pressed = new QShortcut(QKeySequence(key), list);
+        pressed->setContext(Qt::WidgetShortcut);
+        onSignal(pressed, &QShortcut::activated, list, ui, choose);
+    }
 }
 
 } // namespace kelvane

@@ -2,9 +2,13 @@
 
 #include <QStringList>
 
+#include <functional>
+
 class QListWidget;
 
 namespace kelvane {
+
+class UserInterface;
 
 /// The texts of all rows, in order.
 QStringList rowsOf(const QListWidget& list);
@@ -13,7 +17,10 @@ int selectedRow(const QListWidget& list);
 /// Swaps the selected row with the one above (-1) or below (1) it; the selection follows. False, with
 /// nothing moved, when no row is selected, there is no neighbour, or the row is empty.
 bool moveSelectedRow(QListWidget& list, int direction);
-/// Takes a row out of one list and puts its text at the end of another. Nothing stays selected in `from`.
+/// Takes a row out of one list and puts its text at the end of another. Nothing stays selected in `from`;
+/// the arrow keys go on from there.
 void handOver(QListWidget& from, int row, QListWidget& to);
+/// Calls `chosen` with the row that the user double-clicks, or presses Return on.
+void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
 
 } // namespace kelvane
