@@ -1,0 +1,144 @@
+#include "drivers/fluke_combinations.h"
+#include "drivers/fluke_limits.h"
+#include "drivers/fluke_mode.h"
+#include "drivers/fluke_quantity.h"
+#include "tests/support/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+constexpr auto infinity = std::numeric_limits<float>::infinity();
+constexpr auto notANumber = std::numeric_limits<float>::quiet_NaN();
+
+// The figures and words of a calibrator that nobody has.
+constexpr FlukeLimits::Unit units[] = {
+    {u"V", {-5, 5}, {0, 1}},
+    {u"Hz", {10, 20}, {10, 20}},
+    {u"VAC", {-5, 5}, FlukeLimits::never},
+    {u"Ohms", {0, 100}, {-FlukeLimits::unlimited, 100}},
+};
+constexpr FlukeLimits::Sensor sensors[] = {{u"TC K", {0, 10}, {32, 50}}};
+constexpr FlukeLimits limits{units, sensors};
+
+constexpr FlukeWords::Sensor sensorWords[] = {{u"RTD PT100 385", u"Platinum"}, {u"TC K", u"Kay"}};
+constexpr FlukeWords::Mode modes[] = {{FlukeQuantity::temperature, u"Couple"},
+                                      {FlukeQuantity::current, u"Loop"}};
+constexpr FlukeWords words{u"Cold", u"Warm", sensorWords, modes,
+                           [](qint16 wires) { return QString::number(wires) + u" wires"_s; }};
+
+int cannotMeasure(const QString& unit, float low, float high, const QString& sensor = {}) {
+    CalParamRecord record;
+    record.output_type = unit;
+    record.output_low = low;
+    record.output_high = high;
+    record.temp_sens_type_out = sensor;
+    return flukeCannotMeasure(limits, record);
+}
+
+int cannotSource(const QString& unit, float low, float high, float amplitude = 10) {
+    CalParamRecord record;
+    record.input_type = unit;
+    record.input_low = low;
+    record.input_high = high;
+    record.freq_ptpamp_in = amplitude;
+    return flukeCannotSource(limits, record);
+}
+
+QString modeOf(const QString& unit, const QString& sensor = {}, qint16 wires = 0) {
+    const auto mode = flukeMode(words, unit, sensor, wires);
+    return mode.Mode + u'|' + mode.Sensor + u'|' + mode.TempUnits;
+}
+
+} // namespace
+
+TEST(FlukeWalk, TakesItsFiguresFromTheTablesOfTheCalibrator) {
+    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5), 0);
+    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5.5F), 354);
+    EXPECT_EQ(cannotSource(u"V"_s, 0, 1), 0);
+    EXPECT_EQ(cannotSource(u"V"_s, 0, 5), 543);
+    EXPECT_EQ(cannotMeasure(u"C"_s, 0, 10, u"TC K"_s), 0);
+    EXPECT_EQ(cannotMeasure(u"F"_s, 0, 10, u"TC K"_s), 363);
+    EXPECT_EQ(cannotMeasure(u"F"_s, 32, 51, u"TC K"_s), 362);
+}
+
+TEST(FlukeWalk, LetsPassWhatHasNoRow) {
+    for (const auto& unit : {u"mA"_s, u"psi"_s, u"%"_s, QString()}) {
+        EXPECT_EQ(cannotMeasure(unit, -infinity, infinity), 0) << unit.toStdString();
+        EXPECT_EQ(cannotSource(unit, -infinity, infinity), 0) << unit.toStdString();
+    }
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC J"_s), 0);
+}
+
+TEST(FlukeWalk, AnInfiniteEndLiesBeyondEveryLimit) {
+    EXPECT_EQ(cannotMeasure(u"V"_s, 0, infinity), 354);
+    EXPECT_EQ(cannotMeasure(u"V"_s, -infinity, 0), 354);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, 10, infinity), 357);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, 10), 358);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, infinity), 357);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, 0, u"TC K"_s), 363);
+    EXPECT_EQ(cannotSource(u"Ohms"_s, 0, infinity), 544);
+    EXPECT_EQ(cannotSource(u"Hz"_s, 10, 20, infinity), 541);
+}
+
+TEST(FlukeWalk, WithoutALowLimitAnEndMayBeAsLowAsItLikes) {
+    EXPECT_EQ(cannotSource(u"Ohms"_s, -infinity, -infinity), 0);
+}
+
+TEST(FlukeWalk, NotANumberLiesNeitherAboveNorBelow) {
+    EXPECT_EQ(cannotMeasure(u"V"_s, notANumber, notANumber), 0);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, notANumber, 21), 357);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, 9, notANumber), 358);
+    EXPECT_EQ(cannotMeasure(u"C"_s, notANumber, notANumber, u"TC K"_s), 0);
+    EXPECT_EQ(cannotSource(u"Hz"_s, notANumber, notANumber, notANumber), 0);
+}
+
+TEST(FlukeWalk, WhatIsNeverTakenIsRefusedWithEveryRange) {
+    for (const float end : {0.F, infinity, -infinity, notANumber})
+        EXPECT_EQ(cannotSource(u"VAC"_s, end, end), 542) << end;
+}
+
+TEST(FlukeWalk, TakesItsWordsFromTheTablesOfTheCalibrator) {
+    EXPECT_EQ(modeOf(u"C"_s, u"RTD PT100 385"_s, 7), u"7 wires|Platinum|Cold"_s);
+    EXPECT_EQ(modeOf(u"F"_s, u"TC K"_s, 7), u"Couple|Kay|Warm"_s);
+    EXPECT_EQ(modeOf(u"F"_s, u"TC J"_s, 7), u"||Warm"_s);
+    EXPECT_EQ(modeOf(u"uA"_s, u"TC K"_s, 7), u"Loop||"_s);
+    EXPECT_EQ(modeOf(u"V"_s), u"||"_s);
+    EXPECT_EQ(modeOf(u"%"_s), u"||"_s);
+}
+
+TEST(FlukeWalk, KnowsTheQuantityOfEachUnit) {
+    using enum FlukeQuantity;
+    const struct {
+        QStringList units;
+        std::optional<FlukeQuantity> quantity;
+    } rows[] = {
+        {{u"C"_s, u"F"_s}, temperature},
+        {{u"psi"_s, u"psig"_s, u"inHg"_s, u"inH2O"_s, u"mmHg"_s, u"kPa"_s, u"bar"_s, u"mbar"_s}, pressure},
+        {{u"mA"_s, u"uA"_s, u"A"_s}, current},
+        {{u"V"_s, u"mV"_s, u"uV"_s}, dcVoltage},
+        {{u"VAC"_s, u"mVAC"_s}, acVoltage},
+        {{u"Hz"_s, u"KHz"_s, u"MHz"_s}, frequency},
+        {{u"Ohms"_s, u"KOhms"_s, u"Mohms"_s}, resistance},
+        {{QString(), u"%"_s, u"v"_s, u"ft/lb"_s, u"K"_s}, {}},
+    };
+    for (const auto& row : rows) {
+        for (const auto& unit : row.units)
+            EXPECT_EQ(flukeQuantity(unit), row.quantity) << unit.toStdString();
+    }
+}
+
+TEST(FlukeWalk, HasFiveCombinationsOfWhichNoTwoMeet) {
+    EXPECT_EQ(std::size(flukeCombinations), 5U);
+    for (const auto& one : flukeCombinations) {
+        const auto alike = std::count_if(
+            std::begin(flukeCombinations), std::end(flukeCombinations), [&](const FlukeCombination& other) {
+                return other.inputClass == one.inputClass && other.outputClass == one.outputClass;
+            });
+        EXPECT_EQ(alike, 1) << one.inputClass << " and " << one.outputClass;
+    }
+}
+
+} // namespace kelvane::testing
