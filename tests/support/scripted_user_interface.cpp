@@ -41,6 +41,8 @@ void ScriptedUserInterface::expectReport(int number, const QString& routine) {
 }
 
 BoxAnswer ScriptedUserInterface::messageBox(const QString& text, const QString& title, BoxStyle style) {
+    if (onBox)
+        onBox();
     if (expected_.isEmpty() || expected_.first().dialog) {
         ADD_FAILURE() << "unexpected box: " << title.toStdString() << " / " << text.toStdString();
         return BoxAnswer::cancel;

@@ -36,6 +36,8 @@ class ScriptedUserInterface final : public UserInterface {
     void processEvents() override;
 
     QStringList events;
+    /// Runs while a box stands, when a test sets it.
+    std::function<void()> onBox;
     bool busy = false;
     bool progressShown = false;
 

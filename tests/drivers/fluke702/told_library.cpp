@@ -1,0 +1,253 @@
+// A link library for tests, built as the real one is called. It tells what it was called with, and fills
+// what it is given with numbers that count from 1 within a call. Controls: `answer` (the status of every
+// call from now on), `behave` (how texts are written), `told` (the calls so far, each read once).
+
+#include <cstdint>
+#include <cstring>
+#include <sstream>
+#include <string>
+
+#ifdef _WIN32
+#define OPERATION extern "C" __declspec(dllexport)
+#else
+#define OPERATION extern "C" __attribute__((visibility("default")))
+#endif
+
+namespace {
+
+enum Manners { proper, wholeLengthAndZero, noZero, farTooLong, silent };
+
+struct Memory {
+    std::string calls;
+    std::string read;
+    int16_t status = 0;
+    int manners = proper;
+    int next = 0;
+};
+Memory memory;
+
+template <class... Values>
+int16_t tell(const char* operation, Values... values) {
+    std::ostringstream line;
+    line << operation;
+    ((line << ' ' << values), ...);
+    memory.calls += line.str() + '\n';
+    memory.next = 0;
+    return memory.status;
+}
+
+template <class... Numbers>
+void fill(Numbers*... numbers) {
+    if (memory.manners != silent)
+        ((*numbers = static_cast<Numbers>(++memory.next)), ...);
+}
+
+void write(char* buffer, std::size_t length, const char* text) {
+    switch (memory.manners) {
+    case proper:
+        std::strcpy(buffer, text);
+        break;
+    case wholeLengthAndZero:
+        std::memset(buffer, 'w', length);
+        buffer[length] = '\0';
+        break;
+    case noZero:
+        std::memset(buffer, 'n', length);
+        break;
+    case farTooLong:
+        std::memset(buffer, 'f', length + 200);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+OPERATION const char* told() {
+    memory.read.swap(memory.calls);
+    memory.calls.clear();
+    return memory.read.c_str();
+}
+
+OPERATION void answer(int16_t status) {
+    memory.status = status;
+}
+
+OPERATION void behave(int manners) {
+    memory.manners = manners;
+}
+
+OPERATION int16_t DPCopen(int32_t baudRate, const char* port, int32_t timing, uint8_t tries) {
+    return tell("DPCopen", baudRate, port, timing, int(tries));
+}
+
+OPERATION int16_t DPCclose() {
+    return tell("DPCclose");
+}
+
+OPERATION int16_t DPCget70x(char* model, char* serial, char* text, int32_t* number, int32_t* other,
+                            int32_t* another) {
+    const auto status = tell("DPCget70x");
+    write(model, 16, "702");
+    write(serial, 10, "\x80\xE9");
+    write(text, 40, "");
+    fill(number, other, another);
+    return status;
+}
+
+OPERATION int16_t DPCdnlStart(int32_t* count) {
+    *count = 70000;
+    return tell("DPCdnlStart");
+}
+
+OPERATION int16_t DPCdnlStep(int32_t* count) {
+    return tell("DPCdnlStep", (*count)--);
+}
+
+OPERATION int16_t DPCuplStart(int32_t* count) {
+    *count = -70000;
+    return tell("DPCuplStart");
+}
+
+OPERATION int16_t DPCuplStep(int32_t* count) {
+    return tell("DPCuplStep", (*count)--);
+}
+
+OPERATION int16_t MEMclear() {
+    return tell("MEMclear");
+}
+
+OPERATION int16_t MEMstrategyDefn(int32_t* id, const char* name, int16_t count, const float* points) {
+    *id = 100000;
+    return tell("MEMstrategyDefn", name, count, points[0], points[count - 1]);
+}
+
+OPERATION int16_t MEMpromptDefn(const char* key, const char* prompt) {
+    return tell("MEMpromptDefn", key, prompt);
+}
+
+OPERATION int16_t MEMstartTask(const char* tag) {
+    return tell("MEMstartTask", tag);
+}
+
+OPERATION int16_t MEMprompt(const char* key) {
+    return tell("MEMprompt", key);
+}
+
+OPERATION int16_t MEMtemplate(int32_t strategy, int16_t byHand, const char* tag, const char* serial,
+                              int32_t state) {
+    return tell("MEMtemplate", strategy, byHand, tag, serial, state);
+}
+
+OPERATION int16_t MEMendTask() {
+    return tell("MEMendTask");
+}
+
+OPERATION int16_t STAinit() {
+    return tell("STAinit");
+}
+
+OPERATION int16_t STAsetTempUnits(const char* units) {
+    return tell("STAsetTempUnits", units);
+}
+
+OPERATION int16_t STAsetTref(const char* mode, float temperature) {
+    return tell("STAsetTref", mode, temperature);
+}
+
+OPERATION int16_t STAsetTempStd(const char* standard) {
+    return tell("STAsetTempStd", standard);
+}
+
+OPERATION int16_t STAsetPresUnits(const char* units) {
+    return tell("STAsetPresUnits", units);
+}
+
+OPERATION int16_t STAsetOutput(const char* mode, const char* sensor, float value, float amplitude) {
+    return tell("STAsetOutput", mode, sensor, value, amplitude);
+}
+
+OPERATION int16_t STAsetInput(const char* mode, const char* sensor) {
+    return tell("STAsetInput", mode, sensor);
+}
+
+OPERATION int16_t STAsetInputRange(int16_t automatic, float top) {
+    return tell("STAsetInputRange", automatic, top);
+}
+
+OPERATION int16_t STAsetLoopPower(const char* power) {
+    return tell("STAsetLoopPower", power);
+}
+
+OPERATION int16_t STAsetOutputScale(float high, float low) {
+    return tell("STAsetOutputScale", high, low);
+}
+
+OPERATION int16_t STAsetInputScale(float high, float low) {
+    return tell("STAsetInputScale", high, low);
+}
+
+OPERATION int16_t STAsetTestTolerance(float percent) {
+    return tell("STAsetTestTolerance", percent);
+}
+
+OPERATION int16_t STAsave(int32_t* state) {
+    *state = 200000;
+    return tell("STAsave");
+}
+
+OPERATION int16_t MEMstats(int32_t* number, int32_t* count) {
+    const auto status = tell("MEMstats");
+    fill(number, count);
+    return status;
+}
+
+OPERATION int16_t MEMrDir(int32_t record, int16_t* kind, int16_t* month, int16_t* day, int16_t* year,
+                          int16_t* hour, int16_t* minute, int16_t* second) {
+    const auto status = tell("MEMrDir", record);
+    fill(kind, month, day, year, hour, minute, second);
+    return status;
+}
+
+OPERATION int16_t MEMasflInfo(int32_t record, int32_t* one, int32_t* other, int32_t* another) {
+    const auto status = tell("MEMasflInfo", record);
+    fill(one, other, another);
+    return status;
+}
+
+OPERATION int16_t MEMbaseState(int32_t record) {
+    return tell("MEMbaseState", record);
+}
+
+OPERATION int16_t MEMtagidInfo(int32_t record, char* tag, char* serial, char* technician) {
+    const auto status = tell("MEMtagidInfo", record);
+    write(tag, 33, "PT-1");
+    write(serial, 33, "K-1");
+    write(technician, 33, "J. Doe");
+    return status;
+}
+
+OPERATION int16_t MEMcalResult(int32_t record, int16_t* entries) {
+    const auto status = tell("MEMcalResult", record);
+    fill(entries);
+    return status;
+}
+
+OPERATION int16_t MEMcalResultEntry(int32_t record, int16_t entry, float* reading, int16_t* second,
+                                    float* third, float* applied, int16_t* fifth, float* sixth,
+                                    float* error) {
+    const auto status = tell("MEMcalResultEntry", record, entry);
+    fill(reading, second, third, applied, fifth, sixth, error);
+    return status;
+}
+
+#ifndef KELVANE_LACKS_PRESSURE
+OPERATION int16_t STAgetPressure(char* model, char* serial, int32_t* number) {
+    const auto status = tell("STAgetPressure");
+    write(model, 16, "700P06");
+    write(serial, 10, "P-1");
+    fill(number);
+    return status;
+}
+#endif

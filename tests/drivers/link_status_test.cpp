@@ -1,0 +1,31 @@
+#include "drivers/link_status.h"
+
+#include "tests/support/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+constexpr LinkStatus statuses[] = {{0, 105, u"FIRST"}, {2001, 350, u"SECOND"}};
+
+} // namespace
+
+TEST(LinkStatuses, AreAMessageAndANameInParentheses) {
+    EXPECT_EQ(linkStatusText(statuses, 0), u"Download Procedures To Calibrator (FIRST)"_s);
+    EXPECT_EQ(linkStatusText(statuses, 2001), u"Fluke 702 (SECOND)"_s);
+    for (const auto code : std::initializer_list<qint16>{-1, 1, 2000, 2002, 32767})
+        EXPECT_EQ(linkStatusText(statuses, code), std::nullopt) << code;
+    EXPECT_EQ(linkStatusText({}, 0), std::nullopt);
+}
+
+TEST(LinkStatuses, AreShownBehindTheNameOfWhatTheyConcern) {
+    ScriptedUserInterface ui;
+    ui.expectBox(u"PT-1: words"_s, u"Download Procedures To Calibrator"_s, box::information);
+    showLinkStatus(ui, u"PT-1"_s, u"words"_s);
+    ui.expectBox(u": "_s, u"Download Procedures To Calibrator"_s, box::information);
+    showLinkStatus(ui, {}, {});
+}
+
+} // namespace kelvane::testing
