@@ -6,6 +6,7 @@
 #include "app/menu_options.h"
 #include "data/routine.h"
 #include "data/start_up.h"
+#include "editors/form_cal_param.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
@@ -210,9 +211,17 @@ void MDIFormMain::mnuCalParameters() {
         if (numericValue(notNull(rows->value(0))) == 0)
             session_.ui.messageBox(text(428), text(112), box::warning);
     });
+    if (!counted)
+        return;
     // The warning does not keep the screen from opening.
-    if (counted)
-        comesLater(MenuEntry::mnuCalParameters);
+    const bool openBefore = openScreen<FormCalParam>() != nullptr;
+    auto* form = showScreen<FormCalParam>();
+    if (!openBefore)
+        form->chooseFirst();
+}
+
+OpenCalParam* MDIFormMain::openCalParam() const {
+    return session_.openFlag(ChildForm::FormCalParam) ? openScreen<FormCalParam>() : nullptr;
 }
 
 void MDIFormMain::mnuODBC() {

@@ -15,6 +15,8 @@ class QMenu;
 
 namespace kelvane {
 
+class OpenCalParam;
+
 /// What the main window has to do with the world outside the session.
 struct Surroundings {
     /// The data sources that the driver manager knows.
@@ -61,6 +63,8 @@ class MDIFormMain final : public QMainWindow {
     void mnuConfiguration();
     void comesLater(MenuEntry entry);
 
+    /// The parameter editor, once it has an instrument; null otherwise.
+    OpenCalParam* openCalParam() const;
     /// The screen of that kind which is open, or null.
     template <class Screen>
     Screen* openScreen() const;

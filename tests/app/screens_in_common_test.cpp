@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -42,6 +43,7 @@ class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen>
     using ProgramTest::choose;
     using ProgramTest::person;
     using ProgramTest::program;
+    using ProgramTest::script;
     using ProgramTest::start;
     using ProgramTest::startLoggedIn;
 
@@ -68,6 +70,52 @@ void showDialog(Screens& test, const DialogQuestion& question, const std::functi
         dialog.close();
     });
     test.program.ui.askOneField(question);
+}
+
+/// Brings the parameter editor up with a page of it, after `prepare` has chosen what it shows.
+template <int page>
+void showCalParam(Screens& test, const std::function<void()>& look,
+                  const std::function<void(ChildWindow&)>& prepare = {}) {
+    test.startLoggedIn(4);
+    test.script.answers.insert(u"select count(tp_name) from mt.hvm_kv_proc_points"_s, {Row{u"1"_s}});
+    test.script.answers.insert(u"select mtag from MT.inventory where i4201 = 'PT-1001'"_s, {Row{u"17"_s}});
+    test.script.answers.insert(
+        u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s,
+        {Row{u"FIVE POINTS UP"_s}, Row{u"FIVE POINTS UP AND DOWN"_s}, Row{u"TORQUE 20-60-100"_s}});
+    const auto ofInstrument =
+        u"mt.hvm_kv_proc_prompts where prompt_type = '%1' and mtag = (select mtag from MT.inventory where "
+        "i4201 = 'PT-1001')"_s;
+    for (const auto& type : {u"PRE"_s, u"PST"_s}) {
+        test.script.answers.insert(
+            u"select pname from mt.hvm_kv_prompts where pname not in (select pname from "_s +
+                ofInstrument.arg(type) + u')',
+            {Row{u"BLEED THE LINE"_s}, Row{u"CHECK THE SEAL"_s}, Row{u"WARM UP 30 MINUTES"_s}});
+        test.script.answers.insert(u"select pname from "_s + ofInstrument.arg(type) +
+                                       u" order by prompt_seq asc"_s,
+                                   {Row{u"CLOSE THE VALVE"_s}, Row{u"REMOVE THE COVER"_s}});
+    }
+    test.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
+    test.choose(u"mnuCalParameters"_s);
+    auto& form = test.child(u"FormCalParam"_s);
+    control<QTabWidget>(form, u"SSTab1"_s).setCurrentIndex(page);
+    if (prepare)
+        prepare(form);
+    look();
+}
+
+/// The same with the sub-tabs that a unit brings up.
+template <int page, int subPage>
+void showSubTab(Screens& test, const std::function<void()>& look, const QString& unit, const QString& name,
+                const QString& transducer = u"UTA"_s, const QString& mode = u"Peak"_s) {
+    showCalParam<page>(test, look, [&](ChildWindow& form) {
+        pick(control<QComboBox>(form, page == 1 ? u"ComboInputUnits"_s : u"ComboOutputUnits"_s), unit);
+        pick(control<QComboBox>(form, u"ComboTransTypeOut"_s), transducer);
+        pick(control<QComboBox>(form, u"ComboMeasurementModeOut"_s), mode);
+        auto& subTabs = control<QTabWidget>(form, name);
+        EXPECT_TRUE(subTabs.isVisible());
+        EXPECT_TRUE(subTabs.isTabEnabled(subPage));
+        subTabs.setCurrentIndex(subPage);
+    });
 }
 
 const Screen screens[] = {
@@ -99,6 +147,38 @@ const Screen screens[] = {
              .addItems({u"TW-1001"_s, u"TW-1002"_s, u"TW-1003"_s, u"TW-1004"_s, u"TW-1005"_s, u"TW-1006"_s});
          look();
      }},
+    {"FormCalParam_general", [](Screens& test, const auto& look) { showCalParam<0>(test, look); }},
+    {"FormCalParam_input", [](Screens& test, const auto& look) { showCalParam<1>(test, look); }},
+    {"FormCalParam_input_temperature",
+     [](Screens& test, const auto& look) { showSubTab<1, 0>(test, look, u"C"_s, u"SSTabInTemp"_s); }},
+    {"FormCalParam_input_reference",
+     [](Screens& test, const auto& look) { showSubTab<1, 1>(test, look, u"C"_s, u"SSTabInTemp"_s); }},
+    {"FormCalParam_input_sensor",
+     [](Screens& test, const auto& look) { showSubTab<1, 2>(test, look, u"C"_s, u"SSTabInTemp"_s); }},
+    {"FormCalParam_input_waveform",
+     [](Screens& test, const auto& look) { showSubTab<1, 0>(test, look, u"Hz"_s, u"SSTabInAmplitude"_s); }},
+    {"FormCalParam_output", [](Screens& test, const auto& look) { showCalParam<2>(test, look); }},
+    {"FormCalParam_output_temperature",
+     [](Screens& test, const auto& look) { showSubTab<2, 0>(test, look, u"F"_s, u"SSTabOutTemp"_s); }},
+    {"FormCalParam_output_reference",
+     [](Screens& test, const auto& look) { showSubTab<2, 1>(test, look, u"F"_s, u"SSTabOutTemp"_s); }},
+    {"FormCalParam_output_sensor",
+     [](Screens& test, const auto& look) { showSubTab<2, 2>(test, look, u"F"_s, u"SSTabOutTemp"_s); }},
+    {"FormCalParam_output_torque",
+     [](Screens& test, const auto& look) {
+         showSubTab<2, 0>(test, look, u"ft/lb"_s, u"SSTabTorqueOut"_s, u"UTA"_s, u"Click Dip"_s);
+     }},
+    {"FormCalParam_output_analog",
+     [](Screens& test, const auto& look) { showSubTab<2, 1>(test, look, u"ft/lb"_s, u"SSTabTorqueOut"_s); }},
+    {"FormCalParam_output_digital",
+     [](Screens& test, const auto& look) {
+         showSubTab<2, 2>(test, look, u"ft/lb"_s, u"SSTabTorqueOut"_s, u"Serial"_s);
+     }},
+    {"FormCalParam_output_loop_power",
+     [](Screens& test, const auto& look) { showSubTab<2, 0>(test, look, u"mA"_s, u"SSTabCurrentOut"_s); }},
+    {"FormCalParam_output_waveform",
+     [](Screens& test, const auto& look) { showSubTab<2, 0>(test, look, u"Hz"_s, u"SSTabOutAmplitude"_s); }},
+    {"FormCalParam_tolerances", [](Screens& test, const auto& look) { showCalParam<3>(test, look); }},
     {"FormStatusBar",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);

@@ -244,6 +244,15 @@ void controlNotFound(const QWidget& parent, const QString& name) {
     throw std::runtime_error(plain(told));
 }
 
+void pick(QComboBox& list, const QString& row) {
+    const int wanted = list.findText(row);
+    EXPECT_GE(wanted, 0) << "no row " << plain(row);
+    QTest::keyClick(&list, Qt::Key_Home);
+    for (int i = 0; i < wanted; ++i)
+        QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(plain(list.currentText()), plain(row));
+}
+
 void click(QWidget& widget) {
     EXPECT_TRUE(widget.isVisible()) << plain(widget.objectName()) << " is not visible";
     QTest::mouseClick(&widget, Qt::LeftButton);

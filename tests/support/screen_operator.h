@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class QComboBox;
 class QMessageBox;
 class QWidget;
 
@@ -84,6 +85,9 @@ Control& control(const QWidget& parent, const QString& name) {
         return *found;
     controlNotFound(parent, name);
 }
+
+/// Chooses a row of a list as a user does, with the keyboard.
+void pick(QComboBox& list, const QString& row);
 
 /// A click in the middle of a control, which has to be visible.
 void click(QWidget& widget);

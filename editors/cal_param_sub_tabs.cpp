@@ -1,0 +1,185 @@
+#include "editors/cal_param_sub_tabs.h"
+
+#include "editors/cal_param_fields.h"
+#include "ui/controls.h"
+#include "ui/panels.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+using C = CalParamControls;
+
+constexpr int inputConfiguration = 1201;
+constexpr int outputConfiguration = 1202;
+
+/// The temperature settings of one side.
+struct Temperature {
+    QTabWidget* C::*subTabs;
+    QStringView name;
+    /// "In" or "Out", as names end.
+    QStringView side;
+    int panel;
+    QComboBox* C::*scale;
+    QRadioButton* C::*internal;
+    QRadioButton* C::*external;
+    QLineEdit* C::*reference;
+    QComboBox* C::*sensor;
+    std::array<QRadioButton * C::*, 3> wires;
+};
+
+constexpr Temperature temperatureIn{&C::SSTabInTemp,
+                                    u"SSTabInTemp",
+                                    u"In",
+                                    inputConfiguration,
+                                    &C::ComboTempScaleIn,
+                                    &C::OptionCJRefIntIn,
+                                    &C::OptionCJRefExtIn,
+                                    &C::TextCJRefTempIn,
+                                    &C::ComboSensTypeIn,
+                                    {&C::OptionSensWires2In, &C::OptionSensWires3In, &C::OptionSensWires4In}};
+constexpr Temperature temperatureOut{
+    &C::SSTabOutTemp,
+    u"SSTabOutTemp",
+    u"Out",
+    outputConfiguration,
+    &C::ComboTempScaleOut,
+    &C::OptionCJRefIntOut,
+    &C::OptionCJRefExtOut,
+    &C::TextCJRefTempOut,
+    &C::ComboSensTypeOut,
+    {&C::OptionSensWires2Out, &C::OptionSensWires3Out, &C::OptionSensWires4Out}};
+
+/// The peak-to-peak amplitude of one side.
+struct Amplitude {
+    QTabWidget* C::*subTabs;
+    QStringView name;
+    QStringView side;
+    int panel;
+    QLineEdit* C::*amplitude;
+};
+
+constexpr Amplitude amplitudeIn{&C::SSTabInAmplitude, u"SSTabInAmplitude", u"In", inputConfiguration,
+                                &C::TextPTPAmplitudeIn};
+constexpr Amplitude amplitudeOut{&C::SSTabOutAmplitude, u"SSTabOutAmplitude", u"Out", outputConfiguration,
+                                 &C::TextPTPAmplitudeOut};
+
+/// A page of sub-tabs, whose grid stands at its top; the last column takes the width that is left.
+QGridLayout* addPage(QTabWidget& subTabs, int caption, int columns) {
+    auto* page = new QWidget;
+    auto* rest = new QVBoxLayout(page);
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(columns, 1);
+    rest->addLayout(grid);
+    rest->addStretch();
+    subTabs.addTab(page, text(caption));
+    return grid;
+}
+
+QTabWidget* makeTemperature(C& c, const CalParamFields& fields, const Temperature& side) {
+    auto* subTabs = tabControl(side.name.toString(), side.panel);
+    auto* scale = addPage(*subTabs, 1258, 1);
+    scale->addWidget(c.*side.scale, 0, 0);
+
+    auto* reference = addPage(*subTabs, 1260, 2);
+    reference->addWidget(c.*side.internal, 0, 0, 1, 2);
+    reference->addWidget(c.*side.external, 1, 0, 1, 2);
+    fields.put(*reference, 2, 0, c.*side.reference);
+
+    auto* sensor = addPage(*subTabs, 1267, 2);
+    fields.put(*sensor, 0, 0, c.*side.sensor);
+    sensor->addWidget(label(u"LabelSensWires"_s + side.side.toString(), 1270), 1, 0);
+    auto* wires = new QHBoxLayout;
+    for (const auto option : side.wires)
+        wires->addWidget(c.*option);
+    wires->addStretch();
+    sensor->addLayout(wires, 1, 1);
+    c.*side.subTabs = subTabs;
+    return subTabs;
+}
+
+QTabWidget* makeAmplitude(C& c, const Amplitude& side) {
+    auto* subTabs = tabControl(side.name.toString(), side.panel);
+    auto* grid = addPage(*subTabs, 1306, 1);
+    auto* amplitude = panel(u"PanelPTPAmplitude"_s + side.side.toString(), 1307);
+    auto* line = new QVBoxLayout(amplitude);
+    line->addLayout(withUnit(c.*side.amplitude, 1308));
+    grid->addWidget(amplitude, 0, 0);
+    c.*side.subTabs = subTabs;
+    return subTabs;
+}
+
+QTabWidget* makeTorque(C& c, const CalParamFields& fields) {
+    auto* subTabs = tabControl(u"SSTabTorqueOut"_s, outputConfiguration);
+    auto* general = addPage(*subTabs, 1275, 4);
+    fields.put(*general, 0, 0, c.ComboTransTypeOut);
+    fields.put(*general, 1, 0, c.ComboMeasurementModeOut);
+    fields.put(*general, 0, 2, c.TextThresholdOut);
+    fields.put(*general, 1, 2, c.TextDipOut);
+    general->addWidget(note(u"NoteTorqueUnits"_s, 1284), 2, 0, 1, 5);
+
+    auto* analog = addPage(*subTabs, 1285, 4);
+    fields.put(*analog, 0, 0, c.ComboCycleEndTimeOut, 1287);
+    fields.put(*analog, 1, 0, c.ComboFreqRespOut, 1290);
+    fields.put(*analog, 0, 2, c.ComboMeasDirOut);
+    analog->addWidget(note(u"NoteAnalog"_s, 1294), 2, 0, 1, 5);
+
+    auto* digital = addPage(*subTabs, 1295, 4);
+    fields.put(*digital, 0, 0, c.ComboBaudRateOut);
+    fields.put(*digital, 1, 0, c.ComboDataBitsOut);
+    fields.put(*digital, 0, 2, c.ComboStopBitsOut);
+    fields.put(*digital, 1, 2, c.ComboParityOut);
+    digital->addWidget(note(u"NoteDigital"_s, 1296), 2, 0, 1, 5);
+    return c.SSTabTorqueOut = subTabs;
+}
+
+QTabWidget* makeCurrent(C& c) {
+    auto* subTabs = tabControl(u"SSTabCurrentOut"_s, outputConfiguration);
+    auto* grid = addPage(*subTabs, 1297, 1);
+    auto* source = panel(u"PanelLoopPower"_s, 1298);
+    auto* line = new QHBoxLayout(source);
+    line->addWidget(label(u"LabelCalLoopPWROut"_s, 1299));
+    for (auto* option : {c.OptionCalLoopPWROutOff, c.OptionCalLoopPWROut24VDC, c.OptionCalLoopPWROut28VDC})
+        line->addWidget(option);
+    grid->addWidget(source, 0, 0);
+    return c.SSTabCurrentOut = subTabs;
+}
+
+QGroupBox* stack(const QString& name, int caption, std::initializer_list<QTabWidget*> all) {
+    auto* made = panel(name, caption);
+    auto* grid = new QGridLayout(made);
+    grid->setContentsMargins(6, 4, 6, 6);
+    for (auto* subTabs : all) {
+        auto policy = subTabs->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        subTabs->setSizePolicy(policy);
+        subTabs->hide();
+        grid->addWidget(subTabs, 0, 0);
+    }
+    return made;
+}
+
+} // namespace
+
+QGroupBox* makeInputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
+    return stack(u"SSPanel10"_s, inputConfiguration,
+                 {makeTemperature(controls, fields, temperatureIn), makeAmplitude(controls, amplitudeIn)});
+}
+
+QGroupBox* makeOutputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
+    return stack(u"SSPanel11"_s, outputConfiguration,
+                 {makeTemperature(controls, fields, temperatureOut), makeTorque(controls, fields),
+                  makeCurrent(controls), makeAmplitude(controls, amplitudeOut)});
+}
+
+} // namespace kelvane

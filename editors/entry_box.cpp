@@ -1,0 +1,23 @@
+#include "editors/entry_box.h"
+
+#include <QFocusEvent>
+
+namespace kelvane {
+
+void EntryBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    // Coming back from its own menu, the box keeps what the user has selected.
+    if (event->reason() == Qt::PopupFocusReason)
+        return;
+    entered_ = event->reason() == Qt::MouseFocusReason;
+    selectValue();
+}
+
+void EntryBox::mousePressEvent(QMouseEvent* event) {
+    QLineEdit::mousePressEvent(event);
+    // The click that brings the focus would undo the selection; the next ones place the cursor.
+    if (std::exchange(entered_, false))
+        selectValue();
+}
+
+} // namespace kelvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace kelvane {
+
+/// A text box for a value: when it gets the focus its first 30 characters are selected, so that typing
+/// replaces the value.
+class EntryBox final : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    void selectValue() { setSelection(0, 30); }
+    bool entered_ = false;
+};
+
+} // namespace kelvane

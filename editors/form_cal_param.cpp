@@ -1,0 +1,175 @@
+#include "editors/form_cal_param.h"
+
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "data/unit_class.h"
+#include "editors/ask_instrument.h"
+#include "editors/cal_param_load.h"
+#include "editors/cal_param_pages.h"
+#include "resources/strings.h"
+#include "ui/guarded.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// The sub-tabs that a unit calls for on either side, by its class.
+constexpr struct {
+    qint16 unitClass;
+    QTabWidget* CalParamControls::*subTabs;
+    QComboBox* CalParamControls::*units;
+} unitTabs[] = {
+    {1, &CalParamControls::SSTabInTemp, &CalParamControls::ComboInputUnits},
+    {5, &CalParamControls::SSTabInAmplitude, &CalParamControls::ComboInputUnits},
+    {1, &CalParamControls::SSTabOutTemp, &CalParamControls::ComboOutputUnits},
+    {3, &CalParamControls::SSTabCurrentOut, &CalParamControls::ComboOutputUnits},
+    {5, &CalParamControls::SSTabOutAmplitude, &CalParamControls::ComboOutputUnits},
+    {10, &CalParamControls::SSTabTorqueOut, &CalParamControls::ComboOutputUnits},
+};
+
+constexpr int analogPage = 1;
+constexpr int digitalPage = 2;
+
+/// The first column of a query; error 94 when one of its values is null.
+QStringList firstColumn(Routine& routine, const QString& statement) {
+    QStringList values;
+    for (const auto rows = routine.select(statement); rows->next();)
+        values << notNull(rows->value(0));
+    return values;
+}
+
+} // namespace
+
+FormCalParam::FormCalParam(Session& session)
+    : EditorWindow(session, ChildForm::FormCalParam, u"FormCalParam"_s, {.width = 9960, .height = 7110}) {
+    // The others may take it for open only once it has an instrument.
+    session_.openFlag(ChildForm::FormCalParam) = false;
+    setWindowTitle(text(112));
+    setBody(makeCalParamPages(controls_));
+    setFirstFocus(controls_.ComboTSName);
+    for (auto* list : {controls_.ComboInputUnits, controls_.ComboOutputUnits, controls_.ComboTransTypeOut,
+                       controls_.ComboMeasurementModeOut})
+        onSignal(list, &QComboBox::activated, this, session_.ui, [this] { ShowUnitTabs(); });
+    onSignal(controls_.CommandSelect, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { CommandSelect(); }); });
+    connectSaving();
+}
+
+void FormCalParam::chooseFirst() {
+    bool chosen = false;
+    run([&] {
+        session_.ui.processEvents();
+        chosen = GetAsset();
+        if (!chosen)
+            return;
+        LoadControls();
+        session_.openFlag(ChildForm::FormCalParam) = true;
+    });
+    if (!chosen)
+        unload();
+}
+
+bool FormCalParam::GetAsset() {
+    bool chosen = false;
+    Routine routine(session_, u"MDIFormMain,GetAsset"_s);
+    routine.run([&] {
+        const auto asset = askInstrument(session_, routine);
+        if (!asset)
+            return;
+        instrument_ = *asset;
+        showInstrument();
+        chosen = true;
+    });
+    return chosen;
+}
+
+void FormCalParam::showInstrument() {
+    setWindowTitle(text(112) + u" ("_s + instrument_ + u')');
+}
+
+void FormCalParam::LoadControls() {
+    Routine routine(session_, u"FormCalParam,LoadControls"_s);
+    routine.run([&] {
+        fillList(*controls_.ComboTSName,
+                 firstColumn(routine,
+                             u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s));
+        const auto record = ModuleGlobals::GetCalParams(session_, instrument_);
+        // An instrument without parameters starts from what the screen shows.
+        if (!record.mtag.isEmpty())
+            showRecord(record, controls_);
+        ShowUnitTabs();
+        LoadPrompts();
+        saveCheckSum();
+    });
+}
+
+void FormCalParam::LoadPrompts() {
+    Routine routine(session_, u"FormCalParam,LoadPrompts"_s);
+    routine.run([&] {
+        for (const auto& [list, statement] : promptQueries(session_, controls_, instrument_)) {
+            const auto rows = firstColumn(routine, statement);
+            list->clear();
+            list->addItems(rows);
+        }
+    });
+}
+
+void FormCalParam::ShowUnitTabs() {
+    for (const auto& [unitClass, subTabs, units] : unitTabs)
+        (controls_.*subTabs)->setVisible(UnitClass((controls_.*units)->currentText()) == unitClass);
+    const bool serial = controls_.ComboTransTypeOut->currentText() == u"Serial"_s;
+    controls_.SSTabTorqueOut->setTabEnabled(analogPage, !serial);
+    controls_.SSTabTorqueOut->setTabEnabled(digitalPage, serial);
+    const bool clickDip = controls_.ComboMeasurementModeOut->currentText() == u"Click Dip"_s;
+    controls_.TextDipOut->setEnabled(clickDip);
+    controls_.LabelDipOut->setEnabled(clickDip);
+}
+
+double FormCalParam::Form_CheckSum() {
+    double sum = 0;
+    Routine routine(session_, u"FormCalParam,Form_CheckSum"_s);
+    routine.run([&] {
+        const BusyPointer busy(session_.ui);
+        sum = ModuleGlobals::CheckSum(session_, summedText(controls_));
+    });
+    return sum;
+}
+
+bool FormCalParam::isChanged() {
+    // Without a saved sum nothing was loaded that could be changed.
+    return Form_CheckSum() != savedCheckSum() && savedCheckSum() > 0;
+}
+
+void FormCalParam::CommandSelect() {
+    if (!mayDiscard(closeQuestion()))
+        return;
+    // Without an answer the current instrument is loaded again.
+    GetAsset();
+    LoadControls();
+}
+
+QString FormCalParam::strategy() const {
+    return controls_.ComboTSName->currentText();
+}
+
+void FormCalParam::addStrategy(const QString& name) {
+    const int chosen = controls_.ComboTSName->currentIndex();
+    controls_.ComboTSName->addItem(name);
+    controls_.ComboTSName->setCurrentIndex(chosen);
+}
+
+void FormCalParam::addMessage(const QString& name) {
+    controls_.ListPreAvail->addItem(name);
+    controls_.ListPostAvail->addItem(name);
+}
+
+} // namespace kelvane
