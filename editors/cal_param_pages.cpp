@@ -75,6 +75,9 @@ constexpr TolerancePanel tolerancePanels[] = {
 QListWidget* promptList(QStringView name, int panel, int caption, int toolTip) {
     auto* list = named(new QListWidget, name.toString(), text(panel) + u' ' + text(caption), toolTip);
     list->setUniformItemSizes(true);
+    // It takes the room that the page has left.
+    list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    list->setMinimumHeight(4 * list->fontMetrics().lineSpacing());
     return list;
 }
 

@@ -4,6 +4,12 @@
 
 namespace kelvane {
 
+QSize EntryBox::sizeHint() const {
+    auto hint = QLineEdit::sizeHint();
+    hint.setWidth(hint.width() * 3 / 4);
+    return hint;
+}
+
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     // Coming back from its own menu, the box keeps what the user has selected.

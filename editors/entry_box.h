@@ -9,6 +9,8 @@ namespace kelvane {
 class EntryBox final : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
+    /// Narrower than a box for texts.
+    QSize sizeHint() const override;
 
   protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -2,11 +2,30 @@
 
 #include "ui/controls.h"
 
+#include <QApplication>
 #include <QGroupBox>
+#include <QProxyStyle>
 #include <QTabBar>
 #include <QTabWidget>
 
 namespace kelvane {
+
+namespace {
+
+/// The style of the program with less room beside the captions of tabs, so that long ones stand in a row.
+class CloseTabs final : public QProxyStyle {
+  public:
+    CloseTabs() : QProxyStyle(QApplication::style()->name()) {}
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        return metric == PM_TabBarTabHSpace ? qMin(usual, besideCaption) : usual;
+    }
+
+  private:
+    static constexpr int besideCaption = 10;
+};
+
+} // namespace
 
 QGroupBox* panel(const QString& name, int caption) {
     auto* made = named(new QGroupBox, name, text(caption));
@@ -25,6 +44,9 @@ QTabWidget* tabControl(const QString& name, int accessibleName) {
     made->setFocusPolicy(Qt::NoFocus);
     made->tabBar()->setFocusPolicy(Qt::TabFocus);
     made->tabBar()->setAccessibleName(text(accessibleName));
+    auto* style = new CloseTabs;
+    style->setParent(made);
+    made->tabBar()->setStyle(style);
     // A caption that is cut off says nothing; rather the window grows.
     made->setUsesScrollButtons(false);
     made->setElideMode(Qt::ElideNone);
