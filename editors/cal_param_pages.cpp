@@ -95,7 +95,7 @@ QGroupBox* makePrompts(C& c, const PromptPanel& kind) {
     column->addWidget(labelFor(displayed, nameOf(u"Label", kind.displayedName), 1215));
     auto* moving = new QVBoxLayout;
     auto* line = new QHBoxLayout;
-    line->addWidget(displayed);
+    line->addWidget(displayed, 1);
     line->addLayout(moving);
     moving->addStretch();
     moving->addWidget(up);

@@ -7,6 +7,10 @@
 
 namespace kelvane {
 
+ArrowButton::ArrowButton(Way way) : way_(way) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
 QSize ArrowButton::sizeHint() const {
     const int side = QPushButton::sizeHint().height();
     return {side, side};

@@ -8,7 +8,7 @@ namespace kelvane {
 class ArrowButton final : public QPushButton {
   public:
     enum class Way { up, down };
-    explicit ArrowButton(Way way) : way_(way) {}
+    explicit ArrowButton(Way way);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -22,6 +22,7 @@ const QString connectionLost = u"This workstation is no longer connected to the 
 const QString chooseCalibrator = u"Select Calibrator To Use:"_s;
 const QString uploadTitle = u"Upload Test Results From Calibrator"_s;
 const QString countPoints = u"select count(tp_name) from mt.hvm_kv_proc_points"_s;
+const QString enterInstrument = u"Enter instrument number:"_s;
 const QString noStrategies =
     u"Cannot configure calibration parameters without any test strategies defined!"_s;
 
@@ -32,6 +33,12 @@ class MenuCommands : public ProgramTest {
     void chooseDownload(const QString& calibrator) {
         person.expectDialog(u"Download"_s, chooseCalibrator, calibrator);
         choose(u"mnuDownload"_s);
+    }
+    /// Opens the calibration parameters of the instrument A-1.
+    void chooseInstrument() {
+        script.answers.insert(u"select mtag from MT.inventory where i4201 = 'A-1'"_s, {Row{u"17"_s}});
+        person.expectDialog(u"Calibration Parameters"_s, enterInstrument, u"A-1"_s);
+        choose(u"mnuCalParameters"_s);
     }
     QString shownCalibrator() {
         return control<QLabel>(child(u"FormDockingDown"_s), u"SSPanelCalibrator"_s).text();
@@ -84,17 +91,67 @@ TEST_F(MenuCommands, AboutHasNoCommand) {
 TEST_F(MenuCommands, CalibrationParametersOpensWithoutAWordWhenThereAreStrategies) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"12"_s}});
-    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(script.statements, QStringList{countPoints});
+    chooseInstrument();
+    EXPECT_EQ(script.statements.first(), countPoints);
+    EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
 }
 
 TEST_F(MenuCommands, CalibrationParametersWarnsWithoutStrategiesAndOpensAllTheSame) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"0"_s}});
     person.expectBox(noStrategies, u"Calibration Parameters"_s, box::warning);
-    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
+    chooseInstrument();
+    EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
+}
+
+TEST_F(MenuCommands, CalibrationParametersWithoutAnInstrumentClosesItsScreen) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"12"_s}});
+    person.expectDialog(u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
+        EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters"_s);
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
     choose(u"mnuCalParameters"_s);
+    EXPECT_TRUE(openChildren().isEmpty());
+}
+
+TEST_F(MenuCommands, CalibrationParametersThatAreOpenOnlyComeForward) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"12"_s}});
+    chooseInstrument();
+    choose(u"mnuConfiguration"_s);
+    const auto* before = &child(u"FormCalParam"_s);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_EQ(&child(u"FormCalParam"_s), before);
+    EXPECT_EQ(program.window.area().activeSubWindow(), before);
+}
+
+TEST_F(MenuCommands, CalibrationParametersWhileItsQuestionIsOpenChangesNothing) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"12"_s}});
+    script.answers.insert(u"select mtag from MT.inventory where i4201 = 'A-1'"_s, {Row{u"17"_s}});
+    person.expectDialog(u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
+        choose(u"mnuCalParameters"_s);
+        child(u"FormCalParam"_s).close();
+        EXPECT_NE(findChild(u"FormCalParam"_s), nullptr);
+        EXPECT_TRUE(dialog.isOpen());
+        answerDialog(dialog, u"A-1"_s);
+    });
+    choose(u"mnuCalParameters"_s);
+    EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters (A-1)"_s);
+}
+
+TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScreenWithoutAnInstrument) {
+    startLoggedIn(4);
+    script.answers.insert(countPoints, {Row{u"12"_s}});
+    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        choose(u"mnuCalParameters"_s);
+        EXPECT_EQ(findChild(u"FormCalParam"_s), nullptr);
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+    choose(u"mnuUpload"_s);
 }
 
 TEST_F(MenuCommands, CalibrationParametersReportsAnErrorUnderItsSuffixedName) {
@@ -129,8 +186,8 @@ TEST_F(MenuCommands, AReportThatCantBeWrittenIsSaidAndTheProgramGoesOn) {
     choose(u"mnuCalParameters"_s);
     script.failures.clear();
     script.answers.insert(countPoints, {Row{u"1"_s}});
-    person.expectBox(comesLater, u"Calibration Parameters"_s, box::information);
-    choose(u"mnuCalParameters"_s);
+    chooseInstrument();
+    EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
 }
 
 TEST_F(MenuCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
