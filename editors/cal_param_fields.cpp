@@ -194,8 +194,7 @@ void CalParamFields::makeLists(CalParamControls& controls) {
             addLabel(list, one.caption);
     }
     // However long the names of the strategies are, the screen keeps its width.
-    controls.ComboTSName->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    controls.ComboTSName->setMinimumContentsLength(30);
+    keepWidth(controls.ComboTSName);
 }
 
 void CalParamFields::makeOptions(CalParamControls& controls) {
