@@ -216,19 +216,16 @@ void CalParamFields::addLabel(QWidget* field, int caption) {
     labels_.insert(field, labelFor(field, besideName(field, u"Label"), caption));
 }
 
-void CalParamFields::put(QGridLayout& grid, int row, int column, QWidget* field, int unit) const {
-    grid.addWidget(labels_.value(field), row, column);
-    if (unit == 0)
-        grid.addWidget(field, row, column + 1);
-    else
-        grid.addLayout(withUnit(field, unit), row, column + 1);
-}
-
-QBoxLayout* withUnit(QWidget* field, int unit) {
-    auto* line = new QHBoxLayout;
-    line->addWidget(field, 1);
-    line->addWidget(label(besideName(field, u"Unit"), unit));
-    return line;
+void CalParamFields::put(QGridLayout& grid, int row, int side, QWidget* field, int unit) const {
+    constexpr int betweenSides = 3;
+    const int column = side * (betweenSides + 1);
+    if (auto* caption = labels_.value(field))
+        grid.addWidget(caption, row, column);
+    grid.addWidget(field, row, column + 1);
+    if (unit != 0)
+        grid.addWidget(label(besideName(field, u"Unit"), unit), row, column + 2);
+    if (side == 1)
+        grid.setColumnMinimumWidth(betweenSides, 12);
 }
 
 } // namespace kelvane

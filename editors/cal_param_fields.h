@@ -5,7 +5,6 @@
 #include <QHash>
 #include <QString>
 
-class QBoxLayout;
 class QGridLayout;
 class QWidget;
 
@@ -17,9 +16,11 @@ class CalParamFields {
   public:
     explicit CalParamFields(CalParamControls& controls);
 
-    /// Puts a field and its label, which stands left of it, into two columns of a grid. `unit` is the id of
-    /// the unit behind the field, 0 for none.
-    void put(QGridLayout& grid, int row, int column, QWidget* field, int unit = 0) const;
+    /// Puts a field into a row of a grid, with its label left of it and its unit, by id (0: none), right of
+    /// it. A row has room for two such fields side by side, 0 and 1.
+    void put(QGridLayout& grid, int row, int side, QWidget* field, int unit = 0) const;
+    /// The columns that a row of two fields takes.
+    static constexpr int columns = 7;
 
   private:
     void makeTextBoxes(CalParamControls& controls);
@@ -29,8 +30,5 @@ class CalParamFields {
 
     QHash<const QWidget*, QLabel*> labels_;
 };
-
-/// A field with the unit that stands behind it.
-QBoxLayout* withUnit(QWidget* field, int unit);
 
 } // namespace kelvane

@@ -73,30 +73,36 @@ constexpr Amplitude amplitudeOut{&C::SSTabOutAmplitude, u"SSTabOutAmplitude", u"
                                  &C::TextPTPAmplitudeOut};
 
 /// A page of sub-tabs, whose grid stands at its top; the last column takes the width that is left.
-QGridLayout* addPage(QTabWidget& subTabs, int caption, int columns) {
+QGridLayout* addPage(QTabWidget& subTabs, int caption) {
     auto* page = new QWidget;
     auto* rest = new QVBoxLayout(page);
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(4);
-    grid->setColumnStretch(columns, 1);
+    grid->setColumnStretch(CalParamFields::columns, 1);
     rest->addLayout(grid);
     rest->addStretch();
     subTabs.addTab(page, text(caption));
     return grid;
 }
 
+/// A note below the fields of a page, over its whole width.
+void addNote(QGridLayout& page, int row, const QString& name, int text) {
+    page.setRowMinimumHeight(row, 2);
+    page.addWidget(note(name, text), row + 1, 0, 1, CalParamFields::columns + 1);
+}
+
 QTabWidget* makeTemperature(C& c, const CalParamFields& fields, const Temperature& side) {
     auto* subTabs = tabControl(side.name.toString(), side.panel);
-    auto* scale = addPage(*subTabs, 1258, 1);
+    auto* scale = addPage(*subTabs, 1258);
     scale->addWidget(c.*side.scale, 0, 0);
 
-    auto* reference = addPage(*subTabs, 1260, 2);
+    auto* reference = addPage(*subTabs, 1260);
     reference->addWidget(c.*side.internal, 0, 0, 1, 2);
     reference->addWidget(c.*side.external, 1, 0, 1, 2);
     fields.put(*reference, 2, 0, c.*side.reference);
 
-    auto* sensor = addPage(*subTabs, 1267, 2);
+    auto* sensor = addPage(*subTabs, 1267);
     fields.put(*sensor, 0, 0, c.*side.sensor);
     sensor->addWidget(label(u"LabelSensWires"_s + side.side.toString(), 1270), 1, 0);
     auto* wires = new QHBoxLayout;
@@ -108,12 +114,11 @@ QTabWidget* makeTemperature(C& c, const CalParamFields& fields, const Temperatur
     return subTabs;
 }
 
-QTabWidget* makeAmplitude(C& c, const Amplitude& side) {
+QTabWidget* makeAmplitude(C& c, const CalParamFields& fields, const Amplitude& side) {
     auto* subTabs = tabControl(side.name.toString(), side.panel);
-    auto* grid = addPage(*subTabs, 1306, 1);
+    auto* grid = addPage(*subTabs, 1306);
     auto* amplitude = panel(u"PanelPTPAmplitude"_s + side.side.toString(), 1307);
-    auto* line = new QVBoxLayout(amplitude);
-    line->addLayout(withUnit(c.*side.amplitude, 1308));
+    fields.put(*new QGridLayout(amplitude), 0, 0, c.*side.amplitude, 1308);
     grid->addWidget(amplitude, 0, 0);
     c.*side.subTabs = subTabs;
     return subTabs;
@@ -121,31 +126,31 @@ QTabWidget* makeAmplitude(C& c, const Amplitude& side) {
 
 QTabWidget* makeTorque(C& c, const CalParamFields& fields) {
     auto* subTabs = tabControl(u"SSTabTorqueOut"_s, outputConfiguration);
-    auto* general = addPage(*subTabs, 1275, 4);
+    auto* general = addPage(*subTabs, 1275);
     fields.put(*general, 0, 0, c.ComboTransTypeOut);
     fields.put(*general, 1, 0, c.ComboMeasurementModeOut);
-    fields.put(*general, 0, 2, c.TextThresholdOut);
-    fields.put(*general, 1, 2, c.TextDipOut);
-    general->addWidget(note(u"NoteTorqueUnits"_s, 1284), 2, 0, 1, 5);
+    fields.put(*general, 0, 1, c.TextThresholdOut);
+    fields.put(*general, 1, 1, c.TextDipOut);
+    addNote(*general, 2, u"NoteTorqueUnits"_s, 1284);
 
-    auto* analog = addPage(*subTabs, 1285, 4);
+    auto* analog = addPage(*subTabs, 1285);
     fields.put(*analog, 0, 0, c.ComboCycleEndTimeOut, 1287);
     fields.put(*analog, 1, 0, c.ComboFreqRespOut, 1290);
-    fields.put(*analog, 0, 2, c.ComboMeasDirOut);
-    analog->addWidget(note(u"NoteAnalog"_s, 1294), 2, 0, 1, 5);
+    fields.put(*analog, 0, 1, c.ComboMeasDirOut);
+    addNote(*analog, 2, u"NoteAnalog"_s, 1294);
 
-    auto* digital = addPage(*subTabs, 1295, 4);
+    auto* digital = addPage(*subTabs, 1295);
     fields.put(*digital, 0, 0, c.ComboBaudRateOut);
     fields.put(*digital, 1, 0, c.ComboDataBitsOut);
-    fields.put(*digital, 0, 2, c.ComboStopBitsOut);
-    fields.put(*digital, 1, 2, c.ComboParityOut);
-    digital->addWidget(note(u"NoteDigital"_s, 1296), 2, 0, 1, 5);
+    fields.put(*digital, 0, 1, c.ComboStopBitsOut);
+    fields.put(*digital, 1, 1, c.ComboParityOut);
+    addNote(*digital, 2, u"NoteDigital"_s, 1296);
     return c.SSTabTorqueOut = subTabs;
 }
 
 QTabWidget* makeCurrent(C& c) {
     auto* subTabs = tabControl(u"SSTabCurrentOut"_s, outputConfiguration);
-    auto* grid = addPage(*subTabs, 1297, 1);
+    auto* grid = addPage(*subTabs, 1297);
     auto* source = panel(u"PanelLoopPower"_s, 1298);
     auto* line = new QHBoxLayout(source);
     line->addWidget(label(u"LabelCalLoopPWROut"_s, 1299));
@@ -172,14 +177,15 @@ QGroupBox* stack(const QString& name, int caption, std::initializer_list<QTabWid
 } // namespace
 
 QGroupBox* makeInputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
-    return stack(u"SSPanel10"_s, inputConfiguration,
-                 {makeTemperature(controls, fields, temperatureIn), makeAmplitude(controls, amplitudeIn)});
+    return stack(
+        u"SSPanel10"_s, inputConfiguration,
+        {makeTemperature(controls, fields, temperatureIn), makeAmplitude(controls, fields, amplitudeIn)});
 }
 
 QGroupBox* makeOutputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
     return stack(u"SSPanel11"_s, outputConfiguration,
                  {makeTemperature(controls, fields, temperatureOut), makeTorque(controls, fields),
-                  makeCurrent(controls), makeAmplitude(controls, amplitudeOut)});
+                  makeCurrent(controls), makeAmplitude(controls, fields, amplitudeOut)});
 }
 
 } // namespace kelvane

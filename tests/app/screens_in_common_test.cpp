@@ -97,6 +97,7 @@ void showCalParam(Screens& test, const std::function<void()>& look,
     test.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
     test.choose(u"mnuCalParameters"_s);
     auto& form = test.child(u"FormCalParam"_s);
+    pick(control<QComboBox>(form, u"ComboTSName"_s), u"FIVE POINTS UP"_s);
     control<QTabWidget>(form, u"SSTab1"_s).setCurrentIndex(page);
     if (prepare)
         prepare(form);
