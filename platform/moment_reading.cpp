@@ -62,9 +62,7 @@ int yearOf(QStringView digits) {
     if (digits.size() < 2 || digits.size() > 4)
         return 0;
     const int year = digits.toInt();
-    if (digits.size() > 2)
-        return year;
-    return year + (year < 30 ? 2000 : 1900);
+    return digits.size() > 2 ? year : fullYear(year);
 }
 
 QDate dateOf(QStringView year, int month, QStringView day) {
@@ -148,6 +146,10 @@ QTime timeOf(Pieces& pieces) {
 }
 
 } // namespace
+
+int fullYear(int twoDigits) {
+    return twoDigits + (twoDigits < 30 ? 2000 : 1900);
+}
 
 std::optional<Moment> momentOf(QStringView text, QStringView sessionDateFormat) {
     while (text.startsWith(u' '))

@@ -34,6 +34,9 @@ Moment requireMoment(QStringView text, QStringView sessionDateFormat);
 /// `moment`, when it has a date; error 13 for a time alone and for an empty moment.
 Moment dated(const Moment& moment);
 
+/// The year that one of two digits means: 2000 to 2029, 1930 to 1999.
+int fullYear(int twoDigits);
+
 /// The short date form of the workstation: `sessionDateFormat`, or "MM/DD/YYYY" when that is empty, so that
 /// `momentOf` reads it back as the same date.
 QString shortDate(const QDate& date, QStringView sessionDateFormat);

@@ -1,11 +1,11 @@
 #include "data/assets.h"
 #include "data/cal_params.h"
-#include "data/cal_record.h"
 #include "data/field_dictionary.h"
 #include "data/in_use.h"
 #include "data/routine.h"
-#include "data/tolerances.h"
 #include "drivers/asset_entries.h"
+#include "drivers/judgement.h"
+#include "drivers/new_record.h"
 #include "drivers/torquestar/control_characters.h"
 #include "drivers/torquestar/fields.h"
 #include "drivers/torquestar/messages.h"
@@ -29,8 +29,7 @@ struct Findings {
     QString date;
     QString time;
     QString comment;
-    int failures = 0;
-    int marginals = 0;
+    PointCounts counts;
 };
 
 using Samples = FixedList<double, 100>;
@@ -53,17 +52,10 @@ double meanOf(const Samples& samples, int count) {
     return sum / count;
 }
 
-ErrorResult judged(Session& session, const CalParamRecord& instrument, double fraction, double reading,
-                   int number) {
+/// The nominal input at a fraction of the range.
+double nominalInput(const CalParamRecord& instrument, double fraction) {
     const double low = instrument.input_low;
-    const double nominal = (instrument.input_high - low) * fraction + low;
-    return ModuleGlobals::ErrorCalculation(
-        session, nominal, reading, instrument.input_low, instrument.input_high, instrument.output_high,
-        instrument.output_low, plainText(instrument.resolution), instrument.input_type,
-        instrument.output_type, instrument.pos_fs_range_pct, instrument.pos_span_pct,
-        instrument.pos_reading_pct, instrument.pos_lsd_counts, instrument.pos_units,
-        instrument.neg_fs_range_pct, instrument.neg_span_pct, instrument.neg_reading_pct,
-        instrument.neg_lsd_counts, instrument.neg_units, instrument.resolution, static_cast<qint16>(number));
+    return (instrument.input_high - low) * fraction + low;
 }
 
 /// Reads and judges one result; false when the link failed. The characteristic is selected anew before each.
@@ -77,12 +69,8 @@ bool readPoint(TorqueStar& driver, const QByteArray& name, const CalParamRecord&
     findings.date = Conv2Date(session, part(reply, 4, 4));
     findings.time = Conv2Time(session, part(reply, 8, 4));
     const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
-    const auto result = judged(session, instrument, fraction, reading, point + 1);
-    if (result.verdict == u"FAIL")
-        ++findings.failures;
-    if (result.advice == u"MARGINAL")
-        ++findings.marginals;
-    session.RecordResults[point] = result.result_line;
+    const auto result = judged(session, instrument, nominalInput(instrument, fraction), reading, point + 1);
+    takePoint(session, findings.counts, result, point + 1);
     return true;
 }
 
@@ -114,40 +102,24 @@ std::optional<Findings> readFindings(TorqueStar& driver, const QByteArray& name,
 void fillRecord(Session& session, const CalParamRecord& instrument, const Findings& findings,
                 const QString& tech) {
     using Value = std::optional<QString>;
-    const bool passed = findings.failures == 0;
+    const bool passed = findings.counts.passed();
     const bool remarked = session.CommandLineFlag;
     const auto remark = !remarked                    ? Value(findings.comment)
                         : findings.comment.isEmpty() ? Value(text(1059))
                                                      : Value();
-    const struct {
-        QStringView column;
-        Value value;
-    } values[] = {
+    const FieldValue values[] = {
         {u"C2301", findings.date},
         {u"C2333", findings.time},
         {u"C2326", remark},
         {u"C2323", passed ? u"Y"_s : u"N"_s},
-        {u"C2352", plainText(findings.failures)},
-        {u"C2350", plainText(findings.marginals)},
+        {u"C2352", plainText(findings.counts.failures)},
+        {u"C2350", plainText(findings.counts.marginals)},
         {u"C2320", instrument.tp_name},
         {u"C2308", passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s},
         {u"C2329", remarked && passed ? Value(text(1060)) : Value()},
         {u"C2307", tech},
     };
-    auto& table = session.CalFieldTable;
-    for (int row = 0; row <= table.last && !std::as_const(table)[row].column.isEmpty(); ++row) {
-        for (const auto& one : values) {
-            if (one.value && table[row].column.compare(one.column, Qt::CaseInsensitive) == 0)
-                table[row].value = *one.value;
-        }
-    }
-}
-
-/// The standards in use with the instrument are those of its record.
-void takeStandards(Session& session, const QString& asset) {
-    const int count = ModuleGlobals::GetStandardsInUse(session, asset);
-    for (int i = 0; i < count && i <= session.StandardsInUse.last; ++i)
-        session.RecordStandards[i] = std::as_const(session.StandardsInUse)[i];
+    fillFields(session, values);
 }
 
 QList<double> testPoints(Session& session, const QString& asset) {
@@ -173,10 +145,8 @@ bool finishInstrument(TorqueStar& driver, const AssetEntry& entry, const QString
 
     const auto inUse = ModuleGlobals::GetInUseData(session, serial, entry.mtag);
     fillRecord(session, instrument, *findings, inUse.tech);
-    takeStandards(session, entry.asset);
-    driver.TSError = ModuleGlobals::CreateCalRecord(session, entry.asset);
-    if (!driver.TSError.isEmpty())
-        session.ui.messageBox(driver.TSError, text(346), box::stop);
+    takeStandardsInUse(session, entry.asset, 0);
+    driver.TSError = makeRecord(session, entry.asset);
 
     ProcessMessageProtocol(driver, "T1C" + name);
     ProcessMessageProtocol(driver, "T1J");

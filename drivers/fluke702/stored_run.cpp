@@ -1,0 +1,118 @@
+#include "drivers/fluke702/stored_run.h"
+
+#include "data/small_routines.h"
+#include "platform/error.h"
+#include "platform/numbers.h"
+
+namespace kelvane::Module702Interface {
+
+namespace {
+
+using Status = Dpclnk::Status;
+using HeaderValue = qint16 RunHeader::*;
+
+constexpr HeaderValue dateValues[] = {&RunHeader::kind, &RunHeader::month, &RunHeader::day, &RunHeader::year};
+constexpr HeaderValue timeValues[] = {&RunHeader::hour, &RunHeader::minute, &RunHeader::second};
+
+constexpr int lastYear = 9999;
+constexpr int tagLength = 33;
+constexpr int entryValues = 7;
+
+/// How a value in the calibrator's base unit becomes one in the instrument's unit.
+struct UnitScale {
+    QStringView unit;
+    double multiplier;
+    double divisor;
+};
+
+// "KHz", "MHz" and "mbar" do not come back, although they were scaled on their way down.
+constexpr UnitScale unitScales[] = {
+    {u"mV", 1000, 1},    {u"mVAC", 1000, 1},  {u"mA", 1000, 1},       {u"uV", 1000000, 1},
+    {u"uA", 1000000, 1}, {u"KOhms", 1, 1000}, {u"Mohms", 1, 1000000},
+};
+
+Status fetch(Dpclnk& link, qint32 record, RunHeader& header) {
+    return link.MEMrDir(record, header.kind, header.month, header.day, header.year, header.hour,
+                        header.minute, header.second);
+}
+
+Status fetchAgain(Dpclnk& link, qint32 record, RunHeader& header, HeaderValue value) {
+    RunHeader scratch;
+    const auto status = fetch(link, record, scratch);
+    if (status == 0)
+        header.*value = scratch.*value;
+    return status;
+}
+
+float scaled(float value, const QString& unit) {
+    for (const auto& one : unitScales) {
+        if (one.unit == unit)
+            return toReal(double{value} * one.multiplier / one.divisor);
+    }
+    return value;
+}
+
+} // namespace
+
+Moment momentOf(const RunHeader& header) {
+    const int year = header.year < 100 ? fullYear(header.year) : header.year;
+    const QDate date(year, header.month, header.day);
+    const QTime time(header.hour, header.minute, header.second);
+    if (year > lastYear || !date.isValid() || !time.isValid())
+        throw makeError(ErrorNumber::typeMismatch);
+    return {date, time};
+}
+
+Status readHeader(Dpclnk& link, qint32 record, RunHeader& header) {
+    header = {};
+    auto status = fetch(link, record, header);
+    for (const auto value : dateValues) {
+        if (status == 0 && header.*value == 0)
+            status = fetchAgain(link, record, header, value);
+    }
+    const bool isMidnight = header.hour == 0 && header.minute == 0 && header.second == 0;
+    for (const auto value : timeValues) {
+        if (status == 0 && isMidnight)
+            status = fetchAgain(link, record, header, value);
+    }
+    return status;
+}
+
+Status readTag(Dpclnk& link, qint32 record, RunTag& tag) {
+    const QString blanks(tagLength, u' ');
+    tag = {blanks, blanks, blanks};
+    const auto status = link.MEMtagidInfo(record, tag.tag, tag.serial, tag.technician);
+    for (auto* text : {&tag.tag, &tag.serial, &tag.technician})
+        *text = ModuleGlobals::CleanDLLString(*text);
+    return status;
+}
+
+Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values) {
+    for (int position = entryValues; position >= 1; --position) {
+        RunEntry fetched;
+        qint16 unused2 = 0;
+        float unused3 = 0;
+        qint16 unused5 = 0;
+        float unused6 = 0;
+        const auto status =
+            link.MEMcalResultEntry(record, entry, fetched.reading, unused2, unused3, fetched.applied, unused5,
+                                   unused6, fetched.calibratorError);
+        if (status != 0)
+            return status;
+        if (position == 7)
+            values.calibratorError = fetched.calibratorError;
+        if (position == 4)
+            values.applied = fetched.applied;
+        if (position == 1)
+            values.reading = fetched.reading;
+    }
+    return 0;
+}
+
+RunEntry inUnitsOf(const CalParamRecord& instrument, RunEntry entry) {
+    entry.applied = scaled(entry.applied, instrument.input_type);
+    entry.reading = scaled(entry.reading, instrument.output_type);
+    return entry;
+}
+
+} // namespace kelvane::Module702Interface

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/cal_params.h"
+#include "drivers/fluke702/dpclnk.h"
+#include "platform/moments.h"
+
+namespace kelvane::Module702Interface {
+
+/// What a run of a task is, and when it was stored.
+struct RunHeader {
+    /// 1: a run that a later as-left run may follow. 2: an as-left run.
+    qint16 kind = 0;
+    qint16 month = 0;
+    qint16 day = 0;
+    qint16 year = 0;
+    qint16 hour = 0;
+    qint16 minute = 0;
+    qint16 second = 0;
+
+    bool isDated() const { return month > 0 && day > 0 && year > 0; }
+};
+
+/// When the run was stored; error 13 for a date or a time that does not exist.
+Moment momentOf(const RunHeader& header);
+
+/// What was calibrated, and by whom; cleaned.
+struct RunTag {
+    QString tag;
+    QString serial;
+    QString technician;
+};
+
+/// One reading: `applied` to the instrument's input, `reading` at its output, and the error that the
+/// calibrator found, as a fraction of span.
+struct RunEntry {
+    float reading = 0;
+    float applied = 0;
+    float calibratorError = 0;
+};
+
+// Reading the image in the library. Each gives the first status that isn't 0; what was asked for is then
+// incomplete.
+
+/// Values that read 0 are fetched again, each by a call of its own.
+Dpclnk::Status readHeader(Dpclnk& link, qint32 record, RunHeader& header);
+/// The texts count with status 2026 (no tag saved) too.
+Dpclnk::Status readTag(Dpclnk& link, qint32 record, RunTag& tag);
+/// In the calibrator's base units. Each of the seven values of an entry is fetched by a call of its own.
+Dpclnk::Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values);
+
+/// The entry in the instrument's own units. Error 6 for a value that becomes too large.
+RunEntry inUnitsOf(const CalParamRecord& instrument, RunEntry entry);
+
+} // namespace kelvane::Module702Interface

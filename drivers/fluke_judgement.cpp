@@ -1,0 +1,67 @@
+#include "drivers/fluke_judgement.h"
+
+#include "data/checked_arithmetic.h"
+#include "resources/strings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int textInstrument = 561;
+
+/// The title and the words of a box.
+struct DisagreementText {
+    int title;
+    int words;
+};
+
+constexpr DisagreementText instrumentFailed{560, 562};
+constexpr DisagreementText instrumentPassed{563, 564};
+
+void tell(Session& session, const QString& asset, const DisagreementText& disagreement) {
+    session.ui.messageBox(text(textInstrument) + u' ' + asset + u"\r\n\r\n"_s + text(disagreement.words),
+                          text(disagreement.title), box::warning);
+}
+
+} // namespace
+
+void RunJudgement::take(int entry, double applied, double reading, double calibratorError) {
+    // A reading that is no number can't be judged, and what has no verdict must not pass.
+    readingSum_ = finite(readingSum_ + reading);
+    appliedSum_ = finite(appliedSum_ + applied);
+    compare(judged(session_, instrument_, applied, reading, entry + 1), reading, calibratorError);
+    ++taken_;
+    if (taken_ >= instrument_.repetitions)
+        closePoint(entry);
+}
+
+void RunJudgement::compare(const ErrorResult& result, double reading, double calibratorError) {
+    const double error = std::abs(calibratorError);
+    const bool within = reading <= result.upper_limit && reading >= result.lower_limit;
+    if (error <= tolerance_ && !within)
+        calibratorSaysPass_ = true;
+    if (error > tolerance_ && within)
+        calibratorSaysFail_ = true;
+}
+
+void RunJudgement::closePoint(int entry) {
+    const double repetitions = instrument_.repetitions;
+    const double applied = divided(appliedSum_, repetitions);
+    const double reading = divided(readingSum_, repetitions);
+    const int point = (entry + 1) / instrument_.repetitions;
+    takePoint(session_, counts_, judged(session_, instrument_, applied, reading, point), point);
+    taken_ = 0;
+    appliedSum_ = 0;
+    readingSum_ = 0;
+}
+
+void RunJudgement::tellDisagreements(const QString& asset) const {
+    if (calibratorSaysPass_)
+        tell(session_, asset, instrumentFailed);
+    if (calibratorSaysFail_)
+        tell(session_, asset, instrumentPassed);
+}
+
+} // namespace kelvane

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "data/session.h"
+
+#include <optional>
+#include <span>
+
+namespace kelvane {
+
+/// What an upload has found for a column of the new record; nothing leaves the column as it is.
+struct FieldValue {
+    QStringView column;
+    std::optional<QString> value;
+};
+
+/// Puts the values into the rows of `CalFieldTable` that the site's dictionary has for their columns.
+void fillFields(Session& session, std::span<const FieldValue> values);
+
+/// Puts the standards in use with the instrument into the list of the new record, from `row` on; gives their
+/// number.
+int takeStandardsInUse(Session& session, const QString& asset, int row);
+
+/// Has the calibration record made. A refusal is shown in a box, and is the result.
+QString makeRecord(Session& session, const QString& asset);
+
+} // namespace kelvane
