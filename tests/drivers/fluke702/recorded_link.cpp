@@ -204,7 +204,7 @@ RecordedLink::Status RecordedLink::STAsave(qint32& stateId) {
 
 RecordedLink::Status RecordedLink::MEMstats(qint32& unused, qint32& count) {
     unused = 1;
-    count = static_cast<qint32>(runs.size());
+    count = storedRuns.value_or(static_cast<qint32>(runs.size()));
     return record("MEMstats");
 }
 

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 namespace kelvane::testing {
 
@@ -55,6 +56,8 @@ class RecordedLink final : public Dpclnk {
     qint32 steps = 0;
     std::function<qint32(qint32)> nextCount = [](qint32 count) { return count - 1; };
     QList<StoredRun> runs;
+    /// The number of runs that the library claims to hold, when a test sets it.
+    std::optional<qint32> storedRuns;
     /// Written over the buffer in place of a text and its zero, when a test sets it.
     std::function<QString(const QString& text, const QString& buffer)> writeText;
 

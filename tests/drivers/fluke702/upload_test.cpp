@@ -1,0 +1,608 @@
+#include "tests/drivers/fluke702/upload_fixture.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+/// An asset number of 35 characters and the beginning of it that the calibrator holds.
+const QString longAsset = u"PRESSURE-TRANSMITTER-UNIT-1-HDR-007"_s;
+const QString cutTag = longAsset.left(29);
+
+} // namespace
+
+TEST_F(FlukeUpload, ARunBecomesARecordWithItsFieldsStandardsAndLines) {
+    auto& run = store(u"PT-101"_s, {at(0, 0.5F), at(50, 52.5F, 0.025F), at(100, 100)});
+    run.month = 4;
+    run.hour = 23;
+    run.minute = 59;
+    run.second = 58;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(
+        records(u"mtag || '|' || cdsrc || '|' || c2301 || '|' || c2333 || '|' || c2323 || '|' || c2352 || "
+                "'|' || c2320 || '|' || c2308 || '|' || c2307 || '|' || c2350"_s),
+        QStringList{u"1401|KVN|2026-04-18|23:59:58|Y|0|ROUND|FOUND-LEFT|Joe Doe|1"_s});
+    EXPECT_EQ(lines(), (QStringList{u"1 0.000V 0.500V PASS"_s, u"2 50.000V 52.500V PASS MARGINAL"_s,
+                                    u"3 100.000V 100.000V PASS"_s}));
+    EXPECT_EQ(standards(), QStringList{u"1102"_s});
+    EXPECT_EQ(ui.events.first(), u"busy"_s);
+    EXPECT_EQ(ui.events.last(), u"normal"_s);
+}
+
+TEST_F(FlukeUpload, CallsAndStatementsComeInTheirOrder) {
+    QStringList heard;
+    const QRegularExpression others(
+        u"customiz|syscolumn|count\\(ctag\\)|I422|worksheetfields|insert into|update|c2301|hvm_kv_tag_config,"_s);
+    session.SharedConnection = std::make_unique<OverheardConnection>(std::move(session.SharedConnection),
+                                                                     [&](const QString& statement) {
+                                                                         if (!statement.contains(others))
+                                                                             heard << statement;
+                                                                     });
+    link.onCall = [&](const QString& name) {
+        if (!name.startsWith(u"DPC"_s))
+            heard << link.calls.last();
+    };
+    execute(u"delete from mt.hvm_kv_proc_points where tp_name = 'ROUND' and test_point_pct <> 50"_s);
+    heard.clear();
+    store(u"PT-101"_s, {at(50, 50)}).pressureModule = u"71204"_s;
+    EXPECT_EQ(upload(), QString());
+    const auto mtag = u"(select mtag from MT.inventory where i4201 = 'PT-101')"_s;
+    const auto strategy =
+        u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = (select tp_name from "
+        "mt.hvm_kv_tag_config where mtag = "_s +
+        mtag + u')';
+    QStringList expected{
+        u"MEMclear()"_s,
+        u"select i4201 from MT.inventory where i4206 = '6841207'"_s,
+        u"MEMstats()"_s,
+        u"MEMrDir(0)"_s,
+        u"MEMasflInfo(0)"_s,
+        u"MEMbaseState(0)"_s,
+        u"MEMtagidInfo(0)"_s,
+        u"MEMcalResult(0)"_s,
+        u"select repetitions from mt.hvm_kv_tag_config where mtag = "_s + mtag,
+        strategy + u" order by test_point_seq asc"_s,
+        strategy,
+    };
+    expected += QStringList(7, u"MEMcalResultEntry(0, 0)"_s);
+    expected += QStringList{
+        u"select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where serial_number = "
+        "'6841207' and mtag = '1401'"_s,
+        u"select i4201 from MT.inventory where i4206 = '6841207'"_s,
+        u"STAgetPressure()"_s,
+        u"select i4201 from MT.inventory where i4206 = '71204'"_s,
+        u"select i4201 from MT.inventory where mtag in (select standard_mtag from "
+        "mt.hvm_kv_task_standards_inuse where mtag = "_s +
+            mtag + u')',
+        u"select mtag from MT.inventory where i4201 = 'PT-101'"_s, // the record is made
+    };
+    EXPECT_EQ(heard, expected);
+}
+
+TEST_F(FlukeUpload, WithoutALibraryNothingElseHappens) {
+    link.whyMissing = u"no library"_s;
+    storeGood();
+    EXPECT_EQ(upload(), u"no library"_s);
+    EXPECT_EQ(link.calls, QStringList());
+    EXPECT_EQ(ui.events, QStringList());
+}
+
+TEST_F(FlukeUpload, AnEmptyCalibratorIsASuccess) {
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList());
+    EXPECT_EQ(link.calls.last(), u"MEMstats()"_s);
+}
+
+TEST_F(FlukeUpload, AnAsFoundRunThatFailsAndTheAsLeftRunThatFollows) {
+    storeBad();
+    storeGood(u"PT-101"_s, 2);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND N 1 0"_s, u"AS-LEFT Y 0 0"_s}));
+    EXPECT_EQ(records(u"c2339"_s), (QStringList{u"(null)"_s, u"1"_s})) << "the later one is current";
+}
+
+TEST_F(FlukeUpload, TheRoundFollowsFromKindVerdictAndLaterRuns) {
+    // What is stored: kind of the run, whether it passes, tag and kind of a later one; its round.
+    const struct {
+        qint16 kind;
+        bool passes;
+        QString later;
+        qint16 laterKind;
+        QString round;
+    } rows[] = {
+        {1, true, {}, 0, u"FOUND-LEFT"_s},
+        {1, false, {}, 0, u"AS-FOUND"_s},
+        {2, true, {}, 0, u"AS-LEFT"_s},
+        {2, false, {}, 0, u"AS-LEFT"_s},
+        {1, true, u"PT-101"_s, 2, u"AS-FOUND"_s},
+        {1, false, u"PT-101"_s, 2, u"AS-FOUND"_s},
+        {1, true, u"PT-101"_s, 1, u"AS-FOUND"_s},
+        {2, true, u"PT-101"_s, 2, u"AS-LEFT"_s},
+        {1, true, u"pt-101"_s, 3, u"AS-FOUND"_s},
+        {1, true, u" PT-101 "_s, 0, u"AS-FOUND"_s},
+        {1, true, u"PT-102"_s, 2, u"FOUND-LEFT"_s},
+        {1, true, u"PT-1011"_s, 0, u"FOUND-LEFT"_s},
+        {1, false, u"PT-102"_s, 2, u"AS-FOUND"_s},
+        {1, true, u""_s, 2, u"FOUND-LEFT"_s},
+    };
+    qint16 minute = 0;
+    for (const auto& row : rows) {
+        link.runs.clear();
+        auto& run = row.passes ? storeGood(u"PT-101"_s, row.kind) : storeBad(u"PT-101"_s, row.kind);
+        run.minute = ++minute;
+        if (!row.later.isNull()) {
+            auto& later = storeGood(row.later, row.laterKind);
+            later.hour = 20;
+            later.minute = minute;
+        }
+        const auto before = verdicts().size();
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(verdicts().value(before).section(u' ', 0, 0), row.round) << "row " << minute;
+    }
+}
+
+TEST_F(FlukeUpload, AnEarlierRunOfTheSameTagIsNoLaterOne) {
+    storeGood(u"PT-101"_s, 2);
+    storeGood(u"PT-102"_s);
+    storeGood(u"PT-101"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), (QStringList{u"AS-LEFT Y 0 0"_s, u"FOUND-LEFT Y 0 0"_s, u"FOUND-LEFT Y 0 0"_s}));
+}
+
+TEST_F(FlukeUpload, TheSearchForALaterRunEndsAtTheFirstAndLooksAtNoStatus) {
+    storeGood();
+    storeGood(u"PT-102"_s);
+    storeGood(u"PT-101"_s, 2);
+    storeGood(u"PT-101"_s, 2);
+    link.answer(u"MEMtagidInfo"_s, 2014, 2);
+    link.answer(u"MEMtagidInfo"_s, 2014, 3);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().first(), u"AS-FOUND Y 0 0"_s);
+    EXPECT_EQ(link.callsOf(u"MEMtagidInfo"_s).first(4),
+              (QStringList{u"MEMtagidInfo(0)"_s, u"MEMtagidInfo(1)"_s, u"MEMtagidInfo(2)"_s,
+                           u"MEMtagidInfo(1)"_s}));
+}
+
+TEST_F(FlukeUpload, OnlyKindsOneAndTwoBecomeRecords) {
+    for (const qint16 kind : {qint16{-32768}, qint16{-1}, qint16{0}, qint16{3}, qint16{32767}})
+        storeGood(u"PT-101"_s, kind);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList());
+    EXPECT_EQ(link.callsOf(u"MEMasflInfo"_s), QStringList());
+    storeGood(u"PT-101"_s, 1);
+    storeGood(u"PT-101"_s, 2);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().size(), 2);
+}
+
+TEST_F(FlukeUpload, ARunWithADateOfZeroOrBelowIsSkippedWithoutAWord) {
+    for (const auto part : {&StoredRun::month, &StoredRun::day, &StoredRun::year}) {
+        storeGood().*part = 0;
+        storeGood().*part = -1;
+    }
+    auto& none = storeGood();
+    none.month = none.day = none.year = 0;
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+}
+
+TEST_F(FlukeUpload, AKindThatFirstReadsZeroIsFetchedAgain) {
+    storeGood().kind = 0;
+    link.onCall = [&](const QString& name) {
+        if (name == u"MEMrDir")
+            link.runs[0].kind = 2;
+    };
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"AS-LEFT Y 0 0"_s});
+    EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 2);
+}
+
+TEST_F(FlukeUpload, ARunAtMidnightKeepsItsTime) {
+    auto& run = storeGood();
+    run.hour = run.minute = run.second = 0;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"c2333"_s), QStringList{u"00:00:00"_s});
+    EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 4);
+}
+
+TEST_F(FlukeUpload, TheMonthIsTheMonthWhateverTheSessionWritesFirst) {
+    int minute = 0;
+    for (const auto& format : {u"MM/DD/YYYY"_s, u"DD/MM/YYYY"_s, u"YYYY/MM/DD"_s, QString()}) {
+        session.SessionDateFormat = format;
+        link.runs.clear();
+        auto& run = storeGood();
+        run.month = 3;
+        run.day = 4;
+        run.minute = static_cast<qint16>(++minute);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(records(u"c2301"_s).last(), u"2026-03-04"_s) << format.toStdString();
+    }
+}
+
+TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndEndsTheUpload) {
+    storeGood();
+    auto& odd = storeGood();
+    odd.month = 2;
+    odd.day = 30;
+    storeGood();
+    ui.expectReport(13, routine);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().size(), 1) << "what was made before stays";
+    EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 2);
+}
+
+TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedForARunOfAnotherKindToo) {
+    auto& odd = storeGood(u"PT-101"_s, 3);
+    odd.day = 32;
+    ui.expectReport(13, routine);
+    EXPECT_EQ(upload(), QString());
+    link.runs.clear();
+    storeGood().hour = 24;
+    ui.expectReport(13, routine);
+    EXPECT_EQ(upload(), QString());
+}
+
+TEST_F(FlukeUpload, ARunWithoutATagIsSkipped) {
+    storeGood(QString());
+    storeGood(u"   "_s);
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+}
+
+TEST_F(FlukeUpload, TheStatusOfAMissingTagGoesOnWithWhatThereIs) {
+    storeGood(QString());
+    storeGood();
+    link.answer(u"MEMtagidInfo"_s, 2026);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+}
+
+TEST_F(FlukeUpload, TextsWithoutATerminatingZeroAreTrimmed) {
+    storeGood().pressureModule = u"71204"_s;
+    link.writeText = [](const QString& text, const QString& buffer) {
+        return text + buffer.mid(text.size());
+    };
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag || c2307"_s), QStringList{u"1401Joe Doe"_s});
+    EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1205"_s}));
+}
+
+TEST_F(FlukeUpload, ATagOfTwentyNineCharactersIsRestoredBySerialNumberAndBeginning) {
+    execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
+    storeGood(cutTag);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1401"_s});
+    EXPECT_EQ(lines().size(), 3);
+}
+
+TEST_F(FlukeUpload, ATagOfTwentyNineCharactersThatIsWholeStaysItself) {
+    execute(u"update mt.inventory set i4201 = '"_s + cutTag + u"' where mtag = '1401'"_s);
+    storeGood(cutTag);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1401"_s});
+}
+
+TEST_F(FlukeUpload, ACutTagWhoseInstrumentHasBeenRenamedIsSkipped) {
+    storeGood(cutTag);
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+}
+
+TEST_F(FlukeUpload, ACutTagWithAnotherSerialNumberIsSkipped) {
+    execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
+    storeGood(cutTag).serial = u"None"_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList());
+}
+
+TEST_F(FlukeUpload, ACutTagThatFitsSeveralInstrumentsBecomesOneOfThem) {
+    execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
+    execute(u"update mt.inventory set i4206 = 'V881010', i4201 = '"_s + cutTag +
+            u"-OTHER' where mtag = '1402'"_s);
+    storeGood(cutTag);
+    EXPECT_EQ(upload(), QString());
+    ASSERT_EQ(verdicts().size(), 1);
+    EXPECT_TRUE((QStringList{u"1401"_s, u"1402"_s}).contains(records(u"mtag"_s).first()));
+}
+
+TEST_F(FlukeUpload, ACutTagNeverFindsItsLaterRunSinceThatIsCutToo) {
+    execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
+    storeGood(cutTag);
+    storeGood(cutTag, 2);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), (QStringList{u"FOUND-LEFT Y 0 0"_s, u"AS-LEFT Y 0 0"_s}));
+}
+
+TEST_F(FlukeUpload, TagsOfTwentyEightAndThirtyCharactersAreTakenAsTheyAre) {
+    for (const int length : {28, 30, 33}) {
+        execute(u"update mt.inventory set i4201 = '"_s + longAsset.left(length) + u"' where mtag = '1401'"_s);
+        auto& run = storeGood(longAsset.left(length));
+        run.serial = u"another"_s;
+        link.writeText = [](const QString& text, const QString& buffer) {
+            return text + buffer.mid(text.size());
+        };
+        link.runs = {run};
+        link.runs[0].minute = static_cast<qint16>(length);
+        EXPECT_EQ(upload(), QString());
+    }
+    EXPECT_EQ(records(u"mtag"_s), QStringList(3, u"1401"_s));
+}
+
+TEST_F(FlukeUpload, TheTechnicianIsTheCalibratorsUnlessHisNameIsItsSerialNumber) {
+    ModuleGlobals::AddInUse(session, u"6841207"_s, u"1401"_s, u"asmith"_s);
+    const struct {
+        QString stored;
+        QString recorded;
+    } rows[] = {
+        {u"Joe Doe"_s, u"Joe Doe"_s}, {u"6841207"_s, u"asmith"_s},  {u" 6841207 "_s, u"asmith"_s},
+        {u"68412"_s, u"68412"_s},     {u"O'Neill"_s, u"O'Neill"_s}, {QString(), u"(null)"_s},
+        {u"Ключ Ω"_s, u"Ключ Ω"_s},
+    };
+    qint16 minute = 0;
+    for (const auto& row : rows) {
+        link.runs.clear();
+        auto& run = storeGood();
+        run.minute = ++minute;
+        run.technician = row.stored;
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(records(u"c2307"_s).last(), row.recorded) << row.stored.toStdString();
+    }
+}
+
+TEST_F(FlukeUpload, ASerialNumberWithLettersNeverStandsForTheTechnician) {
+    execute(u"update mt.inventory set i4206 = '68A1207' where mtag = '1102'"_s);
+    link.serial = u"68A1207"_s;
+    ModuleGlobals::AddInUse(session, u"68A1207"_s, u"1401"_s, u"asmith"_s);
+    storeGood().technician = u"68A1207"_s;
+    storeGood().technician = u"68a1207"_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"c2307"_s), (QStringList{u"68A1207"_s, u"68a1207"_s}));
+}
+
+TEST_F(FlukeUpload, WithoutARowInTheRegistryTheSerialNumberBecomesNoTechnician) {
+    storeGood().technician = u"6841207"_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"c2307"_s), QStringList{u"(null)"_s});
+}
+
+class FlukeUploadStandards : public FlukeUpload {
+  protected:
+    /// Sent to the calibrator, with a multimeter as the standard that reads the output.
+    FlukeUploadStandards() {
+        ModuleGlobals::AddInUse(session, u"6841207"_s, u"1401"_s, u"asmith"_s);
+        execute(u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag, entered_date, mtag) "
+                "select '1209', entered_date, mtag from mt.hvm_kv_task_standards_inuse"_s);
+    }
+};
+
+TEST_F(FlukeUploadStandards, FollowTheCalibratorWithoutAModule) {
+    storeGood();
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1209"_s})) << "the calibrator once";
+    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"F702-01"_s, u"F702-01"_s, u"DMM-87V"_s}));
+}
+
+TEST_F(FlukeUploadStandards, FollowTheModuleThatTheRunNames) {
+    storeGood().pressureModule = u"71118"_s;
+    storeGood(u"PT-102"_s).pressureModule = u"71391"_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1206"_s, u"1209"_s, u"1102"_s, u"1207"_s}));
+    EXPECT_EQ(link.callsOf(u"MEMbaseState"_s), (QStringList{u"MEMbaseState(0)"_s, u"MEMbaseState(1)"_s}));
+}
+
+TEST_F(FlukeUploadStandards, EndAtAModuleThatTheInventoryDoesNotKnow) {
+    storeGood().pressureModule = u"99999"_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(standards(), QStringList{u"1102"_s});
+    EXPECT_EQ(std::as_const(session.RecordStandards)[1], QString());
+    EXPECT_EQ(std::as_const(session.RecordStandards)[3], u"DMM-87V"_s);
+}
+
+TEST_F(FlukeUploadStandards, OfOneRecordAreForgottenInTheNext) {
+    storeGood().pressureModule = u"71118"_s;
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1206"_s, u"1209"_s, u"1102"_s}));
+}
+
+TEST_F(FlukeUploadStandards, OfABlankModuleAreNone) {
+    storeGood().pressureModule = u"   "_s;
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1209"_s}));
+}
+
+TEST_F(FlukeUploadStandards, StayInTheRegistry) {
+    storeGood();
+    const auto query = u"select mtag from mt.hvm_kv_task_inuse union all select standard_mtag from "
+                       "mt.hvm_kv_task_standards_inuse"_s;
+    const auto before = values(query);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(values(query), before);
+}
+
+TEST_F(FlukeUpload, ThreeRepetitionsGiveLinesOfMeansAndDisagreementOfEachReading) {
+    configure(u"1401"_s, u"repetitions = 3"_s);
+    store(u"PT-101"_s, {at(0, 1), at(0, 2), at(3, 3), at(50, 49), at(50, 55), at(50, 46), at(100, 99),
+                        at(100, 100), at(100, 101)});
+    expectDisagreement(false); // 55 and 46 are out, and the calibrator has not seen it
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+    EXPECT_EQ(lines(), (QStringList{u"1 1.000V 2.000V PASS"_s, u"2 50.000V 50.000V PASS"_s,
+                                    u"3 100.000V 100.000V PASS"_s}));
+    EXPECT_EQ(link.callsOf(u"MEMcalResultEntry"_s).size(), 9 * 7);
+}
+
+TEST_F(FlukeUpload, WithoutRepetitionsARecordHasNoPoints) {
+    configure(u"1401"_s, u"repetitions = 0"_s);
+    storeBad();
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+    EXPECT_EQ(lines(), QStringList());
+    EXPECT_EQ(link.callsOf(u"MEMcalResultEntry"_s), QStringList());
+}
+
+TEST_F(FlukeUpload, AStrategyThatIsGoneGivesARecordWithoutPoints) {
+    execute(u"delete from mt.hvm_kv_proc_points where tp_name = 'ROUND'"_s);
+    storeBad();
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+    EXPECT_EQ(lines(), QStringList());
+}
+
+TEST_F(FlukeUpload, EntriesThatTheLibraryDoesNotWriteCountAsZero) {
+    store(u"PT-101"_s, {at(0, 0), at(50, 50)});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(lines(), (QStringList{u"1 0.000V 0.000V PASS"_s, u"2 50.000V 50.000V PASS"_s,
+                                    u"3 0.000V 0.000V PASS"_s}));
+}
+
+TEST_F(FlukeUpload, MoreEntriesThanPointsAreLeftAlone) {
+    store(u"PT-101"_s, {at(0, 0), at(50, 50), at(100, 100), at(100, 0)});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(lines().size(), 3);
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+}
+
+TEST_F(FlukeUpload, DisagreementsAreToldAfterTheRecordOnExactLimits) {
+    // Limits of 3.125 at 50; the calibrator's own limit is 3.125 % of span.
+    const float above = std::nextafter(53.125F, 100.0F);
+    const float more = std::nextafter(0.03125F, 1.0F);
+    const struct {
+        float reading;
+        float error;
+        bool saysPass;
+        bool saysFail;
+        QString verdict;
+    } rows[] = {
+        {50, 0, false, false, u"FOUND-LEFT Y 0 0"_s},
+        {53.125F, 0.03125F, false, false, u"FOUND-LEFT Y 0 1"_s},
+        {46.875F, -0.03125F, false, false, u"FOUND-LEFT Y 0 0"_s},
+        {53.125F, more, false, true, u"FOUND-LEFT Y 0 1"_s},
+        {46.875F, -more, false, true, u"FOUND-LEFT Y 0 0"_s},
+        {above, 0.03125F, true, false, u"AS-FOUND N 1 0"_s},
+        {40, -0.03125F, true, false, u"AS-FOUND N 1 0"_s},
+        {above, more, false, false, u"AS-FOUND N 1 0"_s},
+    };
+    qint16 minute = 0;
+    for (const auto& row : rows) {
+        link.runs.clear();
+        store(u"PT-101"_s, {at(0, 0), at(50, row.reading, row.error), at(100, 100)}).minute = ++minute;
+        if (row.saysPass)
+            expectDisagreement(false);
+        if (row.saysFail)
+            expectDisagreement(true);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(verdicts().last(), row.verdict) << "row " << minute;
+    }
+}
+
+TEST_F(FlukeUpload, BothDisagreementsInOneRun) {
+    store(u"PT-101"_s, {at(0, 0, 0.5F), at(50, 60), at(100, 100)});
+    storeGood(u"PT-102"_s);
+    expectDisagreement(false);
+    expectDisagreement(true);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND N 1 0"_s, u"FOUND-LEFT Y 0 0"_s}));
+}
+
+TEST_F(FlukeUpload, TheSecondUploadCreatesNothingTwice) {
+    storeBad();
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    const auto made = verdicts();
+    const auto linesMade = lines();
+    EXPECT_EQ(made.size(), 2);
+    expectRefusal();
+    expectRefusal();
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), made);
+    EXPECT_EQ(lines(), linesMade);
+    EXPECT_EQ(standards().size(), 2);
+}
+
+TEST_F(FlukeUpload, ARefusedRecordTellsNoDisagreementAndLeavesNothingToTheNext) {
+    store(u"PT-101"_s, {at(0, 0, 0.5F), at(50, 60), at(100, 100)});
+    expectDisagreement(false);
+    expectDisagreement(true);
+    EXPECT_EQ(upload(), QString());
+    storeGood(u"PT-102"_s);
+    expectRefusal();
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND N 1 0"_s, u"FOUND-LEFT Y 0 0"_s}));
+    EXPECT_EQ(lines().size(), 6);
+}
+
+TEST_F(FlukeUpload, ATagThatNobodyKnowsMakesARecordOfNobody) {
+    storeGood(u"NOBODY"_s);
+    storeGood(u"PT-102"_s);
+    ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), (QStringList{QString(), u"1402"_s}));
+    EXPECT_EQ(lines().size(), 3) << "those of PT-102";
+    EXPECT_EQ(link.callsOf(u"MEMcalResultEntry"_s).size(), 3 * 7);
+}
+
+TEST_F(FlukeUpload, AnInstrumentOfMilliampsComesBackFromAmps) {
+    // PT-103 of the demonstration: 0 to 150 inH2O, 4 to 20 mA, 0.25 % of span, nine points up and down.
+    QList<ResultEntry> entries;
+    for (const float percent : {0.0F, 25.0F, 50.0F, 75.0F, 100.0F, 75.0F, 50.0F, 25.0F, 0.0F})
+        entries << at(1.5F * percent, (4 + 0.16F * percent) / 1000);
+    store(u"PT-103"_s, entries);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
+    EXPECT_EQ(lines()[5], u"6 112.500inH2O 16.000mA PASS"_s);
+}
+
+TEST_F(FlukeUpload, FrequenciesInKilohertzDoNotComeBackAlthoughTheyWentDownScaled) {
+    configure(u"1401"_s, u"input_type = 'KHz', output_type = 'mbar'"_s);
+    store(u"PT-101"_s, {at(0, 0), at(50000, 0.05F), at(100, 100)});
+    expectDisagreement(false);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(lines()[1], u"2 50000.000KHz 0.050mbar FAIL"_s);
+}
+
+TEST_F(FlukeUpload, ReadingsThatAreNoNumbersEndTheUploadWithAReport) {
+    const float values[] = {std::nanf(""), std::numeric_limits<float>::infinity(),
+                            -std::numeric_limits<float>::infinity()};
+    for (const float value : values) {
+        link.runs.clear();
+        store(u"PT-101"_s, {at(0, value), at(50, 50), at(100, 100)});
+        storeGood(u"PT-102"_s);
+        ui.expectReport(6, routine);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(verdicts(), QStringList()) << "nothing that could not be judged is recorded";
+    }
+}
+
+TEST_F(FlukeUpload, AnOverrangeReadingFailsAndOneThatCantBeScaledIsReported) {
+    store(u"PT-101"_s, {at(0, 1E38F, 9), at(50, 50), at(100, 100)});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"AS-FOUND N 1 0"_s});
+    configure(u"1401"_s, u"output_type = 'mV'"_s);
+    link.runs[0].minute = 30;
+    ui.expectReport(6, routine);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().size(), 1);
+}
+
+TEST_F(FlukeUpload, ACalibratorErrorThatIsNoNumberIsNoDisagreement) {
+    store(u"PT-101"_s, {at(0, 0, std::nanf("")), at(50, 60, std::nanf("")), at(100, 100)});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"AS-FOUND N 1 0"_s});
+}
+
+TEST_F(FlukeUpload, SixtyRunsOfOneTagAreRead) {
+    for (int i = 0; i < 60; ++i)
+        storeGood(u"PT-101"_s, i == 0 ? 1 : 2);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().size(), 60);
+    EXPECT_EQ(verdicts().first(), u"AS-FOUND Y 0 0"_s);
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,79 @@
+#include "drivers/new_record.h"
+
+#include "tests/support/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+class PreparedRecord : public RecordedSession {
+  protected:
+    void addField(const QString& column, const QString& value) {
+        auto& field = session.CalFieldTable[fields_++];
+        field.column = column;
+        field.value = value;
+    }
+    QStringList values() const {
+        QStringList found;
+        for (int row = 0; row < fields_; ++row)
+            found << std::as_const(session.CalFieldTable)[row].value;
+        return found;
+    }
+
+  private:
+    int fields_ = 0;
+};
+
+TEST_F(PreparedRecord, ValuesGoIntoTheirColumnsWhereverTheseStandAndIgnoringCase) {
+    addField(u"C2326"_s, u"kept"_s);
+    addField(u"c2307"_s, u"default"_s);
+    addField(u"C2301"_s, {});
+    addField(u"C2308"_s, u"cleared"_s);
+    addField(u"C2350"_s, u"left"_s);
+    addField(u"C2301"_s, u"twice"_s);
+    const FieldValue found[] = {
+        {u"C2301", u"2026-03-18"_s}, {u"C2307", u"Joe"_s},     {u"C2308", QString()},
+        {u"C2350", std::nullopt},    {u"C2399", u"nowhere"_s},
+    };
+    fillFields(session, found);
+    EXPECT_EQ(values(),
+              (QStringList{u"kept"_s, u"Joe"_s, u"2026-03-18"_s, QString(), u"left"_s, u"2026-03-18"_s}));
+}
+
+TEST_F(PreparedRecord, AFullTableIsFilledToItsLastRow) {
+    for (int row = 0; row < 100; ++row)
+        addField(u"X%1"_s.arg(row), {});
+    addField(u"C2301"_s, {});
+    const FieldValue found[] = {{u"C2301", u"2026-03-18"_s}};
+    fillFields(session, found);
+    EXPECT_EQ(values().last(), u"2026-03-18"_s);
+}
+
+TEST_F(PreparedRecord, StandardsInUseFollowFromTheRowThatIsGiven) {
+    script.answers.insert(
+        u"select i4201 from MT.inventory where mtag in (select standard_mtag from "
+        "mt.hvm_kv_task_standards_inuse where mtag = (select mtag from MT.inventory where i4201 = 'PT-1'))"_s,
+        {{u"S-1"_s}, {u"S-2"_s}});
+    session.RecordStandards[0] = u"first"_s;
+    EXPECT_EQ(takeStandardsInUse(session, u"PT-1"_s, 1), 2);
+    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"first"_s, u"S-1"_s, u"S-2"_s}));
+    EXPECT_EQ(takeStandardsInUse(session, u"other"_s, 0), 0);
+}
+
+TEST_F(PreparedRecord, ARefusalIsShownAndGivenBack) {
+    const auto refusal =
+        u"A calibration record for this UUT with the same calibration date and time already exists! Aborting calibration record creation for this UUT."_s;
+    addField(u"C2301"_s, u"2026-03-18"_s);
+    addField(u"C2333"_s, u"08:15:30"_s);
+    script.answers.insert(u"select mtag from MT.inventory where i4201 = 'PT-1'"_s, {{u"7"_s}});
+    script.answers.insert(
+        u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '08:15:30' and mtag = '7'"_s,
+        {{u"2026-03-18"_s}});
+    ui.expectBox(refusal, u"Calibration Record Creation"_s, box::stop);
+    EXPECT_EQ(makeRecord(session, u"PT-1"_s), refusal);
+    EXPECT_TRUE(ui.allCame());
+    script.answers.clear();
+    EXPECT_EQ(makeRecord(session, u"PT-1"_s), QString());
+}
+
+} // namespace kelvane::testing
