@@ -1,8 +1,8 @@
 #include "drivers/fluke702/stored_run.h"
 
 #include "data/small_routines.h"
+#include "drivers/fluke702/base_units.h"
 #include "platform/error.h"
-#include "platform/numbers.h"
 
 namespace kelvane::Module702Interface {
 
@@ -18,19 +18,6 @@ constexpr int lastYear = 9999;
 constexpr int tagLength = 33;
 constexpr int entryValues = 7;
 
-/// How a value in the calibrator's base unit becomes one in the instrument's unit.
-struct UnitScale {
-    QStringView unit;
-    double multiplier;
-    double divisor;
-};
-
-// "KHz", "MHz" and "mbar" do not come back, although they were scaled on their way down.
-constexpr UnitScale unitScales[] = {
-    {u"mV", 1000, 1},    {u"mVAC", 1000, 1},  {u"mA", 1000, 1},       {u"uV", 1000000, 1},
-    {u"uA", 1000000, 1}, {u"KOhms", 1, 1000}, {u"Mohms", 1, 1000000},
-};
-
 Status fetch(Dpclnk& link, qint32 record, RunHeader& header) {
     return link.MEMrDir(record, header.kind, header.month, header.day, header.year, header.hour,
                         header.minute, header.second);
@@ -42,14 +29,6 @@ Status fetchAgain(Dpclnk& link, qint32 record, RunHeader& header, HeaderValue va
     if (status == 0)
         header.*value = scratch.*value;
     return status;
-}
-
-float scaled(float value, const QString& unit) {
-    for (const auto& one : unitScales) {
-        if (one.unit == unit)
-            return toReal(double{value} * one.multiplier / one.divisor);
-    }
-    return value;
 }
 
 } // namespace
@@ -110,8 +89,8 @@ Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values) {
 }
 
 RunEntry inUnitsOf(const CalParamRecord& instrument, RunEntry entry) {
-    entry.applied = scaled(entry.applied, instrument.input_type);
-    entry.reading = scaled(entry.reading, instrument.output_type);
+    entry.applied = fromBaseUnit(entry.applied, instrument.input_type);
+    entry.reading = fromBaseUnit(entry.reading, instrument.output_type);
     return entry;
 }
 

@@ -244,21 +244,33 @@ TEST_F(FlukeUploadFailures, ALostDatabaseIsReportedAndTheUploadLives) {
         if (name == u"MEMcalResult")
             sharedConnection(session).close();
     };
-    const QString statements[] = {u"GetTestPointList"_s, u"TranslateSpanTestTolSingle"_s,
-                                  u"GetInUseData"_s,     u"AssetfromSerial"_s,
-                                  u"GetInUseData"_s,     u"CheckAsset"_s};
-    for (const auto& one : statements)
+    for (const auto& one :
+         {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetInUseData"_s,
+          u"AssetfromSerial"_s, u"GetInUseData"_s, u"CheckAsset"_s, u"calcDueDate"_s, u"CreateCalRecord"_s})
         ui.expectReport(3709, u"ModuleGlobals,"_s + one);
-    ui.expectReport(3709, u"ModuleGlobals,CreateCalRecord"_s);
     EXPECT_EQ(upload(), QString());
 }
 
 TEST_F(FlukeUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
     storeGood(u"LT-10'COL"_s);
     storeGood(u"PT-102"_s);
-    for (const auto& one : {u"FirstCal"_s, u"SourceColumn"_s, u"SourceColumn"_s, u"SourceColumn"_s,
-                            u"GetCalParams"_s, u"GetTestPointList"_s})
-        ui.expectReport(1, u"ModuleGlobals,"_s + one);
+    const struct {
+        int number;
+        QString routine;
+    } reports[] = {
+        {1, u"FirstCal"_s},     {1, u"SourceColumn"_s},
+        {1, u"SourceColumn"_s}, {1, u"SourceColumn"_s},
+        {1, u"GetCalParams"_s}, {1, u"GetTestPointList"_s},
+        {1, u"GetCalParams"_s}, {11, u"TranslateSpanTestTolSingle"_s},
+        {1, u"GetInUseData"_s}, {1, u"CheckAsset"_s},
+        {1, u"SourceColumn"_s}, {1, u"SourceColumn"_s},
+        {5, u"calcDueDate"_s},  {1, u"SourceColumn"_s},
+        {1, u"DestColumn"_s},   {1, u"SourceColumn"_s},
+        {1, u"DestColumn"_s},   {1, u"DestColumn"_s},
+        {1, u"DestColumn"_s},
+    };
+    for (const auto& one : reports)
+        ui.expectReport(one.number, u"ModuleGlobals,"_s + one.routine);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s).last(), u"1402"_s);
 }
