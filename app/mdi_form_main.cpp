@@ -7,6 +7,7 @@
 #include "data/routine.h"
 #include "data/start_up.h"
 #include "editors/form_cal_param.h"
+#include "editors/form_strategies.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
@@ -61,7 +62,7 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
         {MenuEntry::mnuUpload, true, &MDIFormMain::mnuUpload},
         {MenuEntry::mnuPrint, true, nullptr},
         {MenuEntry::mnuEnter, true, nullptr},
-        {MenuEntry::mnuStrategies, true, nullptr},
+        {MenuEntry::mnuStrategies, true, &MDIFormMain::mnuStrategies},
         {MenuEntry::mnuCalParameters, true, &MDIFormMain::mnuCalParameters},
         {MenuEntry::mnuPrompts, true, nullptr},
         {MenuEntry::mnuODBC, false, &MDIFormMain::mnuODBC},
@@ -201,6 +202,10 @@ void MDIFormMain::mnuDownload() {
 
 void MDIFormMain::mnuUpload() {
     ModuleGlobals::UploadFromCalibrator(calibrators_);
+}
+
+void MDIFormMain::mnuStrategies() {
+    showScreen<FormStrategies>([this] { return openCalParam(); });
 }
 
 void MDIFormMain::mnuCalParameters() {

@@ -58,6 +58,7 @@ class MDIFormMain final : public QMainWindow {
     void mnuExit();
     void mnuDownload();
     void mnuUpload();
+    void mnuStrategies();
     void mnuCalParameters();
     void mnuODBC();
     void mnuConfiguration();

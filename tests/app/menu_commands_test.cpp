@@ -68,7 +68,6 @@ TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
     const QHash<QString, QString> titles{
         {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
         {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
-        {u"mnuStrategies"_s, u"Test Points/Strategies"_s},
         {u"mnuPrompts"_s, u"Create/Edit Test Messages"_s},
         {u"mnuWorkEntry"_s, u"Calibration Record Configuration"_s},
         {u"mnuPredefined"_s, u"Predefined Task Packages"_s},
@@ -79,6 +78,17 @@ TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
         choose(one.key());
         EXPECT_TRUE(person.allCame()) << one.key().toStdString();
     }
+}
+
+TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
+    startLoggedIn(4);
+    press(u"Ctrl+S"_s);
+    const auto* before = &child(u"FormStrategies"_s);
+    choose(u"mnuODBC"_s);
+    choose(u"mnuStrategies"_s);
+    EXPECT_EQ(&child(u"FormStrategies"_s), before);
+    EXPECT_EQ(program.window.area().activeSubWindow(), before);
+    EXPECT_TRUE(session.openFlag(ChildForm::FormStrategies));
 }
 
 TEST_F(MenuCommands, AboutHasNoCommand) {

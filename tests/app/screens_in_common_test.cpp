@@ -180,6 +180,19 @@ const Screen screens[] = {
     {"FormCalParam_output_waveform",
      [](Screens& test, const auto& look) { showSubTab<2, 0>(test, look, u"Hz"_s, u"SSTabOutAmplitude"_s); }},
     {"FormCalParam_tolerances", [](Screens& test, const auto& look) { showCalParam<3>(test, look); }},
+    {"FormStrategies",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.script.answers.insert(
+             u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s,
+             {Row{u"5 POINT UP"_s}, Row{u"9 POINT UP/DOWN"_s}});
+         test.script.answers.insert(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = "
+                                    "'5 POINT UP' order by test_point_seq asc"_s,
+                                    {Row{u"0"_s}, Row{u"25"_s}, Row{u"50"_s}, Row{u"75"_s}, Row{u"100"_s}});
+         test.choose(u"mnuStrategies"_s);
+         control<QListWidget>(test.child(u"FormStrategies"_s), u"ListPoints"_s).setCurrentRow(1);
+         look();
+     }},
     {"FormStatusBar",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);

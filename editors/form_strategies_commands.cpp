@@ -1,0 +1,204 @@
+#include "editors/form_strategies.h"
+
+#include "data/custom_dialog.h"
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "platform/numbers.h"
+#include "resources/strings.h"
+#include "ui/list_rows.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+using ModuleGlobals::SQLSafe;
+
+namespace {
+
+constexpr qint16 longestName = 30;
+
+} // namespace
+
+QString FormStrategies::ask(int title, int prompt, qint16 maxLength, FieldKind kind,
+                            const QString& proposed) {
+    // The dialog leaves this window usable: no other list may be chosen under the question.
+    const bool names = ComboTSNames->isEnabled();
+    const bool predefined = ComboPreDef->isEnabled();
+    ComboTSNames->setEnabled(false);
+    ComboPreDef->setEnabled(false);
+    const auto answer = ModuleGlobals::CustomDialog(session_, text(title), text(prompt), true, 0, maxLength,
+                                                    static_cast<qint16>(kind), proposed);
+    ComboTSNames->setEnabled(names);
+    ComboPreDef->setEnabled(predefined);
+    return answer;
+}
+
+void FormStrategies::comeBackTo(QPushButton* button) {
+    SetButtons(State::idle);
+    (button->isEnabled() ? button : CommandAdd)->setFocus();
+}
+
+void FormStrategies::CommandAdd_Click() {
+    const auto points = rowsOf(*ListPoints);
+    // Without an answer from the database the screen is what it was before.
+    auto undo = qScopeGuard([&] {
+        ListPoints->addItems(points);
+        SetButtons(State::idle);
+    });
+    ComboTSNames->setEnabled(false);
+    ListPoints->clear();
+    Routine routine(session_, u"FormStrategies,CommandAdd"_s);
+    routine.run([&] {
+        const auto name = askNewName(routine);
+        if (name != cancelled) {
+            takeNew(name);
+            undo.dismiss();
+            return;
+        }
+        ComboTSNames->setEnabled(true);
+        if (LoadStrategyList(ComboTSNames->currentText())) {
+            SetButtons(State::idle);
+            undo.dismiss();
+        }
+    });
+}
+
+QString FormStrategies::askNewName(Routine& routine) {
+    for (;;) {
+        const auto name = ask(1156, 1095, longestName, FieldKind::free, {});
+        if (name == cancelled || !routine.hasRow(selectByName(name)))
+            return name;
+        session_.ui.messageBox(text(1178), text(1156), box::warning);
+    }
+}
+
+void FormStrategies::takeNew(const QString& name) {
+    ComboTSNames->addItem(name);
+    showStrategy(ComboTSNames->count() - 1);
+    if (auto* calParam = findCalParam_())
+        calParam->addStrategy(name);
+    SetButtons(State::added);
+    ComboPreDef->setFocus();
+}
+
+void FormStrategies::CommandRename_Click() {
+    SetButtons(State::renaming);
+    const auto idle = qScopeGuard([this] { comeBackTo(CommandRename); });
+    const auto name = ComboTSNames->currentText();
+    Routine routine(session_, u"FormStrategies,CommandRename"_s);
+    routine.run([&] {
+        const auto newName = ask(1158, 1179, longestName, FieldKind::free, {});
+        if (newName == cancelled)
+            return;
+        const BusyPointer busy(session_.ui);
+        for (const auto& table : {u"mt.hvm_kv_proc_points"_s, u"mt.hvm_kv_tag_config"_s})
+            routine.execute(u"update "_s + table + u" set tp_name = '"_s + SQLSafe(newName) +
+                            u"' where tp_name = '"_s + SQLSafe(name) + u"';commit"_s);
+        LoadStrategyList(newName);
+    });
+}
+
+void FormStrategies::CommandDeleteTS_Click() {
+    const auto name = ComboTSNames->currentText();
+    if (name.isEmpty())
+        return;
+    SetButtons(State::deleting);
+    const auto idle = qScopeGuard([this] { comeBackTo(CommandDeleteTS); });
+    Routine routine(session_, u"FormStrategies,CommandDeleteTS"_s);
+    routine.run([&] {
+        const auto uses = routine.select(
+            u"select count(tp_name) from mt.hvm_kv_tag_config where tp_name = '"_s + SQLSafe(name) + u"'"_s,
+            Rows::first);
+        uses->next();
+        if (numericValue(notNull(uses->value(0))) > 0) {
+            session_.ui.messageBox(text(1180), text(101), box::warning);
+            return;
+        }
+        if (!confirms({1181, box::question, 101}))
+            return;
+        routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = '"_s + SQLSafe(name) +
+                        u"';commit"_s);
+        LoadStrategyList({});
+    });
+}
+
+void FormStrategies::CommandSave_Click() {
+    Routine routine(session_, u"FormStrategies,CommandSave"_s);
+    routine.run([&] {
+        // The name goes into the statements as it stands: one with a quote fails and is reported.
+        const auto name = ComboTSNames->currentText();
+        if (routine.hasRow(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '"_s + name +
+                           u"'"_s))
+            routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = '"_s + name + u"';commit"_s);
+        int sequence = 0;
+        for (const auto& point : rowsOf(*ListPoints))
+            routine.execute(
+                u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values ('"_s +
+                name + u"','"_s + plainText(sequence++) + u"','"_s + point + u"');commit"_s);
+        LoadStrategyList(name);
+        SetButtons(State::idle);
+        CommandCancel->setEnabled(false);
+    });
+}
+
+void FormStrategies::CommandCancel_Click() {
+    if (!confirms({167, box::question, 101}))
+        return;
+    LoadStrategyList(ComboTSNames->currentText());
+    CommandSave->setEnabled(false);
+    SetButtons(State::idle);
+}
+
+std::optional<QString> FormStrategies::askPoint(int prompt, const QString& proposed) {
+    for (;;) {
+        const auto point = ask(101, prompt, 0, FieldKind::number, proposed);
+        if (point == cancelled)
+            return {};
+        if (numberOf(point))
+            return point;
+        if (session_.ui.messageBox(text(1184), text(101), box::warningRetryCancel) != BoxAnswer::retry)
+            return {};
+    }
+}
+
+void FormStrategies::CommandAddTP_Click() {
+    const auto point = askPoint(1182, u"0.0"_s);
+    if (!point)
+        return;
+    ListPoints->addItem(*point);
+    ListPoints->scrollToBottom();
+    enableSaving();
+}
+
+void FormStrategies::CommandModify_Click() {
+    const int row = selectedRow(*ListPoints);
+    if (row < 0)
+        return;
+    const auto point = askPoint(1183, ListPoints->item(row)->text());
+    if (!point)
+        return;
+    ListPoints->item(row)->setText(*point);
+    enableSaving();
+}
+
+void FormStrategies::CommandDeletePoint_Click() {
+    const int row = selectedRow(*ListPoints);
+    if (row < 0)
+        return;
+    delete ListPoints->takeItem(row);
+    // The next row is not selected by itself, or a second click would take it too.
+    ListPoints->setCurrentRow(-1);
+    enableSaving();
+}
+
+void FormStrategies::movePoint(int direction) {
+    if (moveSelectedRow(*ListPoints, direction))
+        enableSaving();
+}
+
+} // namespace kelvane
