@@ -1,17 +1,14 @@
 // The connection against plain ODBC calls that do the same, both in one run, in turns. Usage:
 // bench_connection [COUNT]
 
+#include "benchmarks/in_turns.h"
 #include "benchmarks/plain_odbc.h"
 #include "platform/odbc_connection.h"
 #include "tests/support/embedded_database.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
-#include <algorithm>
 #include <cstdio>
-#include <functional>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -19,35 +16,11 @@ namespace kelvane::bench {
 
 namespace {
 
-constexpr int turns = 100;
-
-double median(std::vector<double>& values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-/// Runs `ours` and `plain` in turns, each `count` times in all, and prints what each takes and the ratio: the
-/// median of the turns, so that whatever else the machine does in between does not count.
 void compare(const char* what, int count, const std::function<void(int)>& ours,
              const std::function<void(int)>& plain) {
-    std::vector<double> times[2];
-    const auto block = count / turns;
-    for (int turn = 0; turn < turns; ++turn) {
-        // Who goes first changes, so that neither finds the other's work warm.
-        for (const bool oursNow : {turn % 2 == 0, turn % 2 != 0}) {
-            const auto& one = oursNow ? ours : plain;
-            QElapsedTimer timer;
-            timer.start();
-            for (int i = 0; i < block; ++i)
-                one(turn * block + i);
-            times[oursNow ? 0 : 1].push_back(static_cast<double>(timer.nsecsElapsed()) / 1000 / block);
-        }
-    }
-    const auto oursTook = median(times[0]);
-    const auto plainTook = median(times[1]);
-    std::printf("%-24s %8.2f us, plain ODBC %8.2f us, ratio %.2f\n", what, oursTook, plainTook,
-                oursTook / plainTook);
+    const auto took = inTurns(count, ours, plain);
+    std::printf("%-24s %8.2f us, plain ODBC %8.2f us, ratio %.2f\n", what, took.ours, took.plain,
+                took.ratio());
 }
 
 void require(bool good, const char* what) {

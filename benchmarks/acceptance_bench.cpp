@@ -1,0 +1,81 @@
+// Whether an instrument can go on a Fluke 702, over all instruments of the demonstration, against plain ODBC
+// that reads the same row of parameters: the limits themselves are to cost nothing beside it. Usage:
+// bench_acceptance [COUNT]
+
+#include "benchmarks/in_turns.h"
+#include "benchmarks/plain_odbc.h"
+#include "data/session.h"
+#include "drivers/fluke702/dpclnk_library.h"
+#include "drivers/fluke702/fluke702.h"
+#include "platform/odbc_connection.h"
+#include "tests/data/scripted_params.h"
+#include "tests/support/embedded_database.h"
+#include "tests/support/fixtures.h"
+#include "tests/support/quiet_operator.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::bench {
+
+namespace {
+
+using namespace Module702Interface;
+
+void require(bool good, const char* what) {
+    if (good)
+        return;
+    std::fprintf(stderr, "bench_acceptance: %s\n", what);
+    std::exit(1);
+}
+
+void run(int count) {
+    const testing::EmbeddedDatabase database(QStringLiteral(KELVANE_TEST_DATABASE));
+    testing::QuietOperator ui;
+    testing::SetClock clock;
+    testing::MemorySettings settings;
+    Session session({ui, clock, settings}, odbcConnections());
+    session.SessionOwner = u"MT"_s;
+    auto& connection = sharedConnection(session);
+    connection.open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
+    DpclnkLibrary link;
+    Fluke702 driver{session, link};
+
+    PlainOdbc plain(database.connectionString());
+    plain.runLean(u"attach '%1' as mt"_s.arg(database.file(u"mt.db"_s)).toUtf8());
+
+    QStringList assets;
+    QStringList statements;
+    // One number holds a quote, with which the parameters are not found.
+    const auto rows = connection.select(u"select i4201 from mt.inventory where mtag in (select mtag from "
+                                        "mt.hvm_kv_tag_config) and i4201 not like '%''%'"_s,
+                                        Rows::all);
+    while (rows->next()) {
+        assets << rows->value(0).value();
+        statements << testing::calParamsStatement(session.SessionOwner, assets.last()) + u" limit 1"_s;
+    }
+    require(!assets.isEmpty(), "the database has no instruments");
+
+    int refused = 0;
+    const auto took = inTurns(
+        count, [&](int i) { refused += !Fluke702_acceptable(driver, assets[i % assets.size()]).isEmpty(); },
+        [&](int i) { require(plain.run(statements[i % statements.size()], 1) == 1, "not one row"); });
+    require(ui.complaints.isEmpty(), "a check has failed");
+    require(refused > 0 && refused < count, "all instruments are alike");
+    std::printf("acceptance: %.2f times plain ODBC reading the parameters (aim 1.3 or less)\n", took.ratio());
+    std::printf("acceptance: %.0f checks a second, %.2f us each; plain ODBC %.2f us\n", 1E6 / took.ours,
+                took.ours, took.plain);
+}
+
+} // namespace
+
+} // namespace kelvane::bench
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    kelvane::bench::run(argc > 1 ? std::atoi(argv[1]) : 10'000);
+    return 0;
+}

@@ -1,0 +1,39 @@
+#include "benchmarks/in_turns.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <vector>
+
+namespace kelvane::bench {
+
+namespace {
+
+constexpr int turns = 100;
+
+double median(std::vector<double>& values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+} // namespace
+
+Turns inTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain) {
+    std::vector<double> times[2];
+    const auto block = std::max(count / turns, 1);
+    for (int turn = 0; turn < turns; ++turn) {
+        // Who goes first changes, so that neither finds the other's work warm.
+        for (const bool oursNow : {turn % 2 == 0, turn % 2 != 0}) {
+            const auto& one = oursNow ? ours : plain;
+            QElapsedTimer timer;
+            timer.start();
+            for (int i = 0; i < block; ++i)
+                one(turn * block + i);
+            times[oursNow ? 0 : 1].push_back(static_cast<double>(timer.nsecsElapsed()) / 1000 / block);
+        }
+    }
+    return {median(times[0]), median(times[1])};
+}
+
+} // namespace kelvane::bench
