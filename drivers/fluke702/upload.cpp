@@ -85,8 +85,10 @@ bool Upload::takeRun(qint32 record) {
     if (header.kind != firstRun && header.kind != asLeftRun)
         return true;
 
-    qint32 unused[3] = {};
-    if (link_.MEMasflInfo(record, unused[0], unused[1], unused[2]) != 0 || link_.MEMbaseState(record) != 0)
+    qint32 unused1 = 0;
+    Dpclnk::Open unused2 = 0;
+    Dpclnk::Open unused3 = 0;
+    if (link_.MEMasflInfo(record, unused1, unused2, unused3) != 0 || link_.MEMbaseState(record) != 0)
         return false;
     RunTag tag;
     const auto status = readTag(link_, record, tag);
@@ -179,7 +181,7 @@ bool Upload::fillStandards() {
     standards[0] = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);
     QString model(16, u' ');
     QString serial(10, u' ');
-    qint32 unused = 0;
+    Dpclnk::Open unused = 0;
     if (link_.STAgetPressure(model, serial, unused) != 0)
         return false;
     int row = 1;

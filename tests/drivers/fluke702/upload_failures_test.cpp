@@ -214,6 +214,25 @@ TEST_F(FlukeUploadFailures, ALinkThatFailsHasReadNothing) {
     EXPECT_EQ(verdicts(), QStringList());
 }
 
+TEST_F(FlukeUploadFailures, AWarningInMidTransferIsShownAndWhatHasComeIsRead) {
+    storeGood();
+    link.steps = 3;
+    link.answer(u"DPCuplStep"_s, 100, 2);
+    expectFailureBox(u"Turning off loop power (DPCWARN_BAD_LOOP)"_s, {});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(link.callsOf(u"DPCuplStep"_s).size(), 2);
+    EXPECT_EQ(verdicts().size(), 1);
+}
+
+TEST_F(FlukeUploadFailures, AWarningBeforeTheCalibratorIsKnownLeavesItsRecordsWithoutStandards) {
+    storeGood().pressureModule = u"71204"_s;
+    link.answer(u"DPCopen"_s, 100, 1);
+    expectFailureBox(u"Turning off loop power (DPCWARN_BAD_LOOP)"_s, {});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts().size(), 1);
+    EXPECT_EQ(standards(), QStringList()) << "the first row is empty, which ends the list";
+}
+
 TEST_F(FlukeUploadFailures, ACalibratorWithoutARecordHasItsWordsAndReadsNothing) {
     link.serial = u"0000000"_s;
     storeGood();

@@ -1,3 +1,4 @@
+#include "tests/drivers/fluke702/fluke_shop.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 #include <cmath>
@@ -80,6 +81,58 @@ TEST_F(FlukeUpload, CallsAndStatementsComeInTheirOrder) {
         u"select mtag from MT.inventory where i4201 = 'PT-101'"_s, // the record is made
     };
     EXPECT_EQ(heard.first(expected.size()), expected);
+}
+
+/// The same road on a recorded database, whose writing statements are held to the letter.
+class FlukeUploadWrites : public FlukeShop {
+  protected:
+    FlukeUploadWrites() {
+        session.ResultTemplateLine = u"TN$ FRE$         TR$"_s;
+        addCalibrator();
+        addEquipment(u"PM-1"_s, u"901"_s, u"71204"_s);
+        auto record = transmitter();
+        record.repetitions = 1;
+        record.tp_name = u"TWO"_s;
+        addInstrument(u"PT-1"_s, record);
+        addPoints(u"PT-1"_s, {u"0"_s, u"100"_s}, 1);
+        addStandards(u"PT-1"_s, {u"DMM-1"_s});
+        addHistory(u"PT-1"_s);
+        addDictionary({u"C2301"_s, u"C2333"_s, u"C2323"_s, u"C2352"_s, u"C2350"_s, u"C2320"_s, u"C2308"_s,
+                       u"C2307"_s, u"C2302"_s, u"C2331"_s, u"C2303"_s, u"C2326"_s});
+        StoredRun run;
+        run.tag = u"PT-1"_s;
+        run.serial = u"None"_s;
+        run.technician = link.serial;
+        run.pressureModule = u"71204"_s;
+        run.entries = {{0.004F, 0, 0}, {0.021F, 100, 0.0625F}};
+        link.runs << run;
+        addInUseData(link.serial, u"PT-1"_s, u"asmith"_s);
+    }
+};
+
+TEST_F(FlukeUploadWrites, TheRecordItsStandardsAndItsLinesToTheLetter) {
+    EXPECT_EQ(Module702Interface::Fluke702_upload(driver), QString());
+    const auto record = u"(select ctag from MT.calibration where mtag = 'KPT-1' and c2339 = 1)"_s;
+    const auto standard = [&](const QString& asset) {
+        return u"insert into mt.standards (c2430,mtag,ctag) values ("_s + mtagOf(asset) + u",'KPT-1',"_s +
+               record + u");commit"_s;
+    };
+    const auto line = [&](const QString& text, int number) {
+        return u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('%1','%2','KPT-1',"_s.arg(
+                   text.leftJustified(120), QString::number(number)) +
+               record + u");commit"_s;
+    };
+    const QStringList expected{
+        u"insert into MT.calibration (C2301,C2333,C2323,C2352,C2350,C2320,C2308,C2307,C2302,C2331,C2303,C2326,mtag,cdsrc) values ('2026-03-18','08:15:30','N','1','0','TWO','AS-FOUND','asmith','12','M','03/18/2026',NULL,'KPT-1','KVN');commit"_s,
+        standard(u"F-702"_s),
+        standard(u"PM-1"_s),
+        standard(u"DMM-1"_s),
+        line(u"  1  4.00mA      PASS"_s, 0),
+        line(u"  2  21.00mA     FAIL"_s, 1),
+        u"update MT.inventory set I4224 = NULL where i4201 = 'PT-1';commit"_s,
+        u"update MT.inventory set I4225 = NULL where i4201 = 'PT-1';commit"_s,
+    };
+    EXPECT_EQ(writes(), expected);
 }
 
 TEST_F(FlukeUpload, WithoutALibraryNothingElseHappens) {
