@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+using namespace Module702Interface;
 using namespace ModuleTSInterface;
 
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered) {
@@ -23,7 +24,7 @@ QString chooseCalibrator(Session& session, const QString& title, const QString& 
 
 QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator, const QString& asset) {
     if (calibrator == text(350))
-        return text(1063);
+        return Fluke702_acceptable(calibrators.fluke702, asset);
     if (calibrator == text(351))
         return TorqueStar_acceptable(calibrators.torqueStar, asset);
     if (calibrator == text(567))
@@ -33,7 +34,7 @@ QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator
 
 bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibrator, const QString& asset) {
     if (calibrator == text(350))
-        return false;
+        return Fluke702_requires_standard(calibrators.fluke702, asset);
     if (calibrator == text(351))
         return TorqueStar_requires_standard(calibrators.torqueStar, asset);
     return false;
@@ -41,7 +42,7 @@ bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibra
 
 QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, const QString& tag) {
     if (calibrator == text(350))
-        return text(1063);
+        return Fluke702_download(calibrators.fluke702, tag);
     if (calibrator == text(351))
         return TorqueStar_download(calibrators.torqueStar, tag);
     if (calibrator == text(567))
@@ -51,7 +52,7 @@ QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, 
 
 QString calibratorUpload(Calibrators& calibrators, const QString& calibrator) {
     if (calibrator == text(350))
-        return text(1063);
+        return Fluke702_upload(calibrators.fluke702);
     if (calibrator == text(351))
         return TorqueStar_upload(calibrators.torqueStar);
     if (calibrator == text(567))

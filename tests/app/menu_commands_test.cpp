@@ -314,11 +314,11 @@ TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
 
 TEST_F(MenuCommands, UploadRunsTheUploadCommand) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 743/744"_s);
     person.expectBox(u"The driver for this calibrator is not part of this version yet."_s, uploadTitle,
                      box::warning);
     press(u"F2"_s);
-    EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 702"_s);
+    EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 743/744"_s);
 }
 
 TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {

@@ -88,6 +88,22 @@ class DownloadList : public TorqueShop {
                mtagOf(standard) + QStringLiteral(",now(*),") + mtagOf(asset) + QStringLiteral(");commit");
     }
 
+    /// 0 to 10 V in and out: a Fluke 702 does both.
+    static CalParamRecord isolator() {
+        auto record = wrench();
+        record.input_type = record.output_type = QStringLiteral("V");
+        record.input_low = record.output_low = 0;
+        record.input_high = record.output_high = 10;
+        record.output_indicated = false;
+        return record;
+    }
+    /// Its output is none that a Fluke 702 measures: a standard has to.
+    static CalParamRecord lamp() {
+        auto record = isolator();
+        record.output_type = QStringLiteral("lumen");
+        return record;
+    }
+
     void expectQuestion(const QString& asset, const QString& answer, bool required = true,
                         const QString& proposal = QString()) {
         ui.expectDialog(asset + QStringLiteral(": External Standard Required"),

@@ -117,12 +117,15 @@ TEST_F(DownloadList, TheHourglassShowsWhileAnEntryIsLookedUp) {
 }
 
 TEST_F(DownloadList, OtherCalibratorsHaveNoSuchLimit) {
-    for (const auto& name : {u"Fluke 702"_s, u"Fluke 743/744"_s}) {
-        screen.name = name;
-        screen.list = QStringList(100, u"row"_s);
-        expectWarning(u"W-1: The driver for this calibrator is not part of this version yet."_s);
-        add(u"W-1"_s);
-    }
+    addInstrument(u"V-1"_s, u"KV-1"_s, isolator());
+    screen.list = QStringList(600, u"row"_s);
+    screen.name = u"Fluke 702"_s;
+    add(u"V-1"_s);
+    EXPECT_EQ(screen.list.last(), u"V-1"_s);
+    screen.name = u"Fluke 743/744"_s;
+    expectWarning(u"W-1: The driver for this calibrator is not part of this version yet."_s);
+    add(u"W-1"_s);
+    script.statements.clear();
     screen.name = u"nameless"_s;
     add(u"W-1"_s);
     EXPECT_EQ(screen.list.last(), u"W-1"_s) << "a calibrator that is none accepts all and asks for nothing";
@@ -276,11 +279,37 @@ TEST_F(ListDownload, AnErrorIsReportedUnderItsName) {
 }
 
 TEST_F(ListDownload, ACalibratorWithoutADriverKeepsTheList) {
-    screen.name = u"Fluke 702"_s;
+    screen.name = u"Fluke 743/744"_s;
     expectWarning(u"The driver for this calibrator is not part of this version yet."_s);
     download();
     EXPECT_EQ(packageStatements().size(), 3);
     EXPECT_EQ(screen.events, QStringList());
+}
+
+TEST_F(ListDownload, GoesToTheFluke702OverItsLink) {
+    addInstrument(u"V-1"_s, u"KV-1"_s, isolator());
+    addPoints(u"V-1"_s, {u"50"_s}, 1);
+    addEquipment(u"F-702"_s, u"900"_s, link.serial);
+    screen.name = u"Fluke 702"_s;
+    screen.list = {u"V-1"_s};
+    link.onQuestion = [this] { addPackage(tag(), screen.list); };
+    ui.expectBox(u"Download Successful"_s, title, box::information);
+    download();
+    EXPECT_EQ(link.callsOf(u"MEMstartTask"_s), QStringList{u"MEMstartTask(\"V-1\")"_s});
+    EXPECT_EQ(link.callsOf(u"DPCdnlStart"_s).size(), 1);
+    EXPECT_EQ(port.log, QStringList());
+    EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastDownloadCalibrator=Fluke 702"_s});
+    EXPECT_EQ(screen.events, QStringList{u"close"_s});
+}
+
+TEST_F(ListDownload, WithoutALinkLibraryKeepsTheListForLater) {
+    screen.name = u"Fluke 702"_s;
+    link.whyMissing = u"no library"_s;
+    expectWarning(u"no library"_s);
+    download();
+    EXPECT_EQ(packageStatements().size(), 3);
+    EXPECT_EQ(screen.events, QStringList());
+    EXPECT_EQ(link.calls, QStringList());
 }
 
 TEST_F(ListDownload, ANameThatIsNoCalibratorEndsInSuccessHavingDoneNothing) {

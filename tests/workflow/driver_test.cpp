@@ -1,5 +1,5 @@
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/recorded_link.h"
+#include "tests/drivers/fluke702/fluke_shop.h"
 #include "tests/drivers/torquestar/torque_shop.h"
 #include "workflow/driver.h"
 
@@ -34,15 +34,59 @@ TEST_F(Drivers, AreChosenByTheCalibratorsName) {
     EXPECT_EQ(conversation().last(), u"T2E KVTASK"_s);
 }
 
-TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
-    for (const auto& name : {u"Fluke 702"_s, u"Fluke 743/744"_s}) {
-        EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), later);
-        EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
-        EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), later);
-        EXPECT_EQ(calibratorUpload(calibrators, name), later);
+class FlukeDriver : public FlukeShop {
+  protected:
+    FlukeDriver() {
+        addCalibrator();
+        addInstrument(u"PT-1"_s, transmitter());
+        addPoints(u"PT-1"_s, {u"50"_s}, 1);
+        addPackage(u"TAG"_s, {u"PT-1"_s});
     }
+
+    const QString name = u"Fluke 702"_s;
+    ScriptedSerialPort port;
+    Calibrators calibrators{session, {session, port}, {session, link}};
+};
+
+TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
+    auto indicated = transmitter();
+    indicated.input_indicated = true;
+    addInstrument(u"PT-2"_s, indicated);
+    addInstrument(u"PT-3"_s, instrument(u"psi"_s, 0, 100, u"lumen"_s, 0, 1));
+    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-1"_s), QString());
+    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-2"_s), text(641));
+    EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"PT-1"_s));
+    EXPECT_TRUE(calibratorRequiresStandard(calibrators, name, u"PT-3"_s));
+    EXPECT_EQ(link.calls, QStringList()) << "the calibrator is not needed yet";
+    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), QString());
+    EXPECT_EQ(link.callsOf(u"MEMstartTask"_s), QStringList{u"MEMstartTask(\"PT-1\")"_s});
+    EXPECT_EQ(link.callsOf(u"DPCdnlStart"_s).size(), 1);
+    EXPECT_EQ(calibratorUpload(calibrators, name), QString());
+    EXPECT_EQ(link.callsOf(u"DPCuplStart"_s).size(), 1);
+    EXPECT_EQ(link.calls.last(), u"MEMstats()"_s);
+    EXPECT_EQ(calibrators.fluke702.Calibrator702Asset, u"F-702"_s);
+    EXPECT_EQ(port.log, QStringList());
+}
+
+TEST_F(FlukeDriver, WithoutItsLibrarySaysSoAndTouchesNothing) {
+    link.whyMissing = u"no library"_s;
+    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), u"no library"_s);
+    EXPECT_EQ(calibratorUpload(calibrators, name), u"no library"_s);
+    EXPECT_EQ(link.calls, QStringList());
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-1"_s), QString())
+        << "a list may be made all the same";
+}
+
+TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
+    const auto name = u"Fluke 743/744"_s;
+    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), later);
+    EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
+    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), later);
+    EXPECT_EQ(calibratorUpload(calibrators, name), later);
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(port.log, QStringList());
+    EXPECT_EQ(link.calls, QStringList());
 }
 
 TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {
@@ -55,6 +99,7 @@ TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {
     }
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(port.log, QStringList());
+    EXPECT_EQ(link.calls, QStringList());
 }
 
 TEST_F(Drivers, AreOfferedInTheirOrderWithTheRememberedOneProposed) {

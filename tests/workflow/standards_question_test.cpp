@@ -104,6 +104,36 @@ TEST_F(DownloadList, EachRefusalOfAStandardAsksAgain) {
     EXPECT_EQ(writes().filter(u"insert"_s).size(), 2);
 }
 
+TEST_F(DownloadList, OnlyTheTorqueStarWantsCalibrationParametersOfTheStandard) {
+    addInstrument(u"L-1"_s, u"KL-1"_s, lamp());
+    for (const auto& asset : {u"L-1"_s, u"W-1"_s})
+        qualify(u"PLAIN"_s, asset); // in the inventory, without parameters
+    screen.name = u"Fluke 702"_s;
+    ui.expectBox(u"L-1: "_s + text(554), title, box::information);
+    expectQuestion(u"L-1"_s, u"PLAIN"_s);
+    expectQuestion(u"L-1"_s, QString(), false);
+    add(u"L-1"_s);
+    EXPECT_EQ(screen.list, QStringList{u"L-1"_s});
+    EXPECT_EQ(writes().filter(useStandard(u"PLAIN"_s, u"L-1"_s)).size(), 1);
+    EXPECT_EQ(script.statements.filter(selectConfig(u"PLAIN"_s)), QStringList());
+
+    screen.name = u"Crane TorqueStar IVc"_s;
+    expectQuestion(u"W-1"_s, u"PLAIN"_s);
+    expectWarning(u"W-1: "_s + incomplete);
+    expectQuestion(u"W-1"_s, u"*CANCEL*"_s);
+    add(u"W-1"_s);
+    EXPECT_EQ(screen.list, QStringList{u"L-1"_s});
+    EXPECT_EQ(script.statements.filter(selectConfig(u"PLAIN"_s)).size(), 1);
+}
+
+TEST_F(DownloadList, AFluke702AsksForAStandardOnlyWhereItCannotMeasure) {
+    addInstrument(u"V-1"_s, u"KV-1"_s, isolator());
+    screen.name = u"Fluke 702"_s;
+    add(u"V-1"_s);
+    EXPECT_EQ(screen.list, QStringList{u"V-1"_s});
+    EXPECT_EQ(writes(), QStringList{freeStandards(u"V-1"_s)});
+}
+
 TEST_F(DownloadList, OnlyTheFirstStandardOfAPackageIsRequiredProposedAndRemembered) {
     script.answers.insert(selectLast(u"W-1"_s), {{u"X-1"_s}});
     script.answers.insert(selectLast(u"W-2"_s), {{u"X-2"_s}});

@@ -1,3 +1,4 @@
+#include "resources/strings.h"
 #include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/drivers/torquestar/torque_shop.h"
 #include "workflow/driver.h"
@@ -54,10 +55,35 @@ TEST_F(UploadCommand, ACancelledChoiceCallsNoDriverAndStoresNothing) {
 }
 
 TEST_F(UploadCommand, ACalibratorWithoutADriverIsToldAndTheChoiceStored) {
-    choose(u"Fluke 702"_s);
+    choose(u"Fluke 743/744"_s);
     ui.expectBox(u"The driver for this calibrator is not part of this version yet."_s, title, box::warning);
     upload();
-    EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=Fluke 702"_s});
+    EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=Fluke 743/744"_s});
+}
+
+TEST_F(UploadCommand, OfAFluke702ReadsItOverItsLink) {
+    addEquipment(u"F-702"_s, u"901"_s, link.serial);
+    choose(u"Fluke 702"_s);
+    ui.expectBox(u"Upload Successful"_s, title, box::information);
+    upload();
+    EXPECT_EQ(link.callsOf(u"DPCuplStart"_s).size(), 1);
+    EXPECT_EQ(port.log, QStringList());
+    EXPECT_FALSE(ui.busy);
+}
+
+TEST_F(UploadCommand, OfAFluke702ThatTheDatabaseDoesNotKnowIsRefused) {
+    choose(u"Fluke 702"_s);
+    ui.expectBox(text(423), title, box::warning);
+    upload();
+    EXPECT_FALSE(ui.busy);
+}
+
+TEST_F(UploadCommand, WithoutALinkLibraryIsTold) {
+    link.whyMissing = u"no library"_s;
+    choose(u"Fluke 702"_s);
+    ui.expectBox(u"no library"_s, title, box::warning);
+    upload();
+    EXPECT_EQ(link.calls, QStringList());
 }
 
 TEST_F(UploadCommand, ANameThatIsNoCalibratorEndsInSuccessHavingDoneNothing) {

@@ -161,8 +161,8 @@ TEST_F(FormDockingDownTest, AnInstrumentThatIsListedIsToldWhateverItsCase) {
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
 }
 
-TEST_F(FormDockingDownTest, TheOtherCalibratorsSayThatTheirDriverComesLater) {
-    open(u"Fluke 702"_s);
+TEST_F(FormDockingDownTest, ACalibratorWithoutADriverSaysThatItComesLater) {
+    open(u"Fluke 743/744"_s);
     person.expectBox(u"A-1: "_s + noDriver, title, box::warning);
     add(u"A-1"_s);
     EXPECT_TRUE(rows().isEmpty());

@@ -70,6 +70,8 @@ const StoredRun* RecordedLink::run(qint32 index) const {
 }
 
 QString RecordedLink::missing() {
+    if (onQuestion)
+        onQuestion();
     return whyMissing;
 }
 

@@ -49,6 +49,8 @@ class RecordedLink final : public Dpclnk {
     std::function<void(const QString&)> onCall;
 
     QString whyMissing;
+    /// Runs when it is asked what is missing, before anything else of a driver.
+    std::function<void()> onQuestion;
     QString model = QStringLiteral("702");
     QString serial = QStringLiteral("6841207");
     QString text = QStringLiteral("V1.0");
