@@ -25,10 +25,6 @@ struct Fault {
     int subPage = 0;
 };
 
-void PrintTo(const Fault& fault, std::ostream* out) {
-    *out << fault.name;
-}
-
 const QString sameScale = u"High and Low Settings Cannot Be The Same!"_s;
 const QString noUnits = u"Must enter units of measure!"_s;
 const QString noAmplitude = u"Peak-To-Peak Amplitude Not Valid!"_s;
@@ -115,6 +111,7 @@ QList<Fault> faults() {
     const Setting tempIn{u"ComboInputUnits"_s, u"F"_s};
     const Setting tempOut{u"ComboOutputUnits"_s, u"C"_s};
     const Setting torque{u"ComboOutputUnits"_s, u"ft/lb"_s};
+    const Setting clickDip{u"ComboMeasurementModeOut"_s, u"Click Dip"_s};
     all << QList<Fault>{
         {"no input temperature scale",
          {tempIn, {u"ComboTempScaleIn"_s, {}}},
@@ -167,7 +164,7 @@ QList<Fault> faults() {
          u"SSTabTorqueOut"_s,
          0},
         {"no click dip torque",
-         {torque, {u"TextDipOut"_s, {}}},
+         {torque, clickDip, {u"TextDipOut"_s, {}}},
          u"Click Dip Torque Not Set!"_s,
          2,
          u"TextDipOut"_s,
@@ -181,7 +178,7 @@ QList<Fault> faults() {
          u"SSTabTorqueOut"_s,
          0},
         {"click dip torque no number",
-         {torque, {u"TextDipOut"_s, u"x"_s}},
+         {torque, clickDip, {u"TextDipOut"_s, u"x"_s}},
          u"Click Dip Torque Must Be Numeric!"_s,
          2,
          u"TextDipOut"_s,
@@ -235,12 +232,26 @@ TEST_F(CalParamFaults, LeadToTheirPageAndField) {
         screen.showPage(fault.page == 3 ? 0 : 3);
         expectTold(fault);
         EXPECT_EQ(screen.page(), fault.page);
-        if (!fault.focus.isEmpty())
+        if (!fault.focus.isEmpty()) {
             EXPECT_EQ(screen.focus(), fault.focus);
-        if (!fault.subTabs.isEmpty())
+        }
+        if (!fault.subTabs.isEmpty()) {
             EXPECT_EQ(control<QTabWidget>(screen.form(), fault.subTabs).currentIndex(), fault.subPage);
+        }
         EXPECT_EQ(writes(), QStringList());
     }
+}
+
+TEST_F(CalParamFaults, OfAClickDipTorqueThatIsNotInUseAreToldAllTheSame) {
+    makeReady();
+    screen.set(u"ComboOutputUnits"_s, u"ft/lb"_s);
+    screen.set(u"ComboMeasurementModeOut"_s, u"Peak"_s);
+    screen.set(u"TextDipOut"_s, {});
+    EXPECT_FALSE(control<QWidget>(screen.form(), u"TextDipOut"_s).isEnabled());
+    ui.expectBox(u"Click Dip Torque Not Set!"_s, u"Calibration Parameters"_s, box::warning);
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(screen.page(), 2);
+    EXPECT_EQ(writes(), QStringList());
 }
 
 TEST_F(CalParamFaults, AreToldInTheirOrderOneAtATime) {

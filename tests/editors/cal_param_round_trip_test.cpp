@@ -9,8 +9,8 @@ namespace kelvane::testing {
 /// The parameter editor on a copy of the demonstration database.
 class CalParamRoundTrip : public DatabaseSession {
   protected:
-    void set(std::initializer_list<QPair<const char*, QString>> settings) {
-        for (const auto& [name, value] : settings)
+    void set(std::initializer_list<QPair<const char*, QString>> fields) {
+        for (const auto& [name, value] : fields)
             screen.set(QString::fromLatin1(name), value);
     }
     QStringList stored(const QString& columns, const QString& asset) {

@@ -48,7 +48,7 @@ class CalParamSave : public CalParamShop {
     QString stored(const QString& column) {
         const auto names = columnNames.split(u',');
         // The key holds a comma-free statement; no value of these tests holds a comma.
-        const auto values = writes().at(1).section(u") values (", 1).chopped(8).split(u',');
+        const auto values = writes().at(1).section(u") values ("_s, 1).chopped(8).split(u',');
         EXPECT_EQ(values.size(), names.size());
         return values.value(names.indexOf(column));
     }
@@ -147,7 +147,7 @@ TEST_F(CalParamSave, StoresEachToleranceThatIsEmptyAsNull) {
         screen.set(boxes[i], {});
         save();
         EXPECT_EQ(stored(columns[i]), u"NULL"_s) << boxes[i].toStdString();
-        EXPECT_EQ(writes().at(1).count(u"NULL"), 1);
+        EXPECT_EQ(writes().at(1).count(u"NULL"_s), 1);
     }
 }
 
@@ -202,7 +202,7 @@ TEST_F(CalParamSave, MakesAnEmptyLowEndOfAnAlternatingVoltageAZero) {
 TEST_F(CalParamSave, PassesAQuoteOnAsItStands) {
     screen.set(u"TextCJRefTempIn"_s, u"20'"_s);
     const auto broken =
-        insertOf(u"PT-1"_s, QString(readyValues).replace(u"'INT','INT','0.0'", u"'INT','INT','20''"));
+        insertOf(u"PT-1"_s, QString(readyValues).replace(u"'INT','INT','0.0'"_s, u"'INT','INT','20''"_s));
     script.failures.insert(broken, {1, u"syntax error"_s});
     ui.expectReport(1, u"FormCalParam,SaveData"_s);
     save();
@@ -228,7 +228,7 @@ TEST_F(CalParamSave, ThatFailsLeavesTheScreenAsItWasTypedAndChanged) {
     for (qsizetype failing = 0; failing < statements.size(); ++failing) {
         script.statements.clear();
         auto statement = statements[failing];
-        statement.replace(u"'300'", u"'400'");
+        statement.replace(u"'300'"_s, u"'400'"_s);
         script.failures = {{statement, {7, u"no space left"_s}}};
         ui.expectReport(7, u"FormCalParam,SaveData"_s);
         save();

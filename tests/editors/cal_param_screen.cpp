@@ -20,6 +20,9 @@ CalParamScreen::CalParamScreen(Session& session, ScriptedUserInterface& ui)
     : session_(session), ui_(ui), form_(new FormCalParam(session)) {
     area_.resize(1000, 800);
     area_.show();
+    // Keys reach lists and shortcuts of an active window only.
+    area_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&area_));
 }
 
 void CalParamScreen::open(const QString& instrument) {
@@ -35,6 +38,8 @@ void CalParamScreen::set(const QString& name, const QString& value) {
     } else if (auto* list = qobject_cast<QComboBox*>(&any)) {
         list->setCurrentIndex(list->findText(value));
         EXPECT_EQ(list->currentText(), value) << name.toStdString();
+        // As if the user had chosen it.
+        Q_EMIT list->activated(list->currentIndex());
     } else {
         control<QAbstractButton>(*form_, name).setChecked(value == u"on");
     }

@@ -36,6 +36,7 @@ void CalParamShop::makeReady() {
         {u"OptionCJRefIntOut"_s, u"on"_s},
         {u"TextCJRefTempIn"_s, u"0.0"_s},
         {u"TextCJRefTempOut"_s, u"0.0"_s},
+        {u"ComboMeasurementModeOut"_s, u"Peak"_s},
         {u"TextThresholdOut"_s, u"0.0"_s},
         {u"TextDipOut"_s, u"0.0"_s},
         {u"TextPTPAmplitudeIn"_s, u"100.0"_s},
