@@ -276,6 +276,27 @@ TEST_F(FlukeUpload, TheMonthIsTheMonthWhateverTheSessionWritesFirst) {
     }
 }
 
+TEST_F(FlukeUpload, TheDateOfARunWithoutAKindIsNotLookedAt) {
+    for (const qint16 kind : {qint16{0}, qint16{-1}}) {
+        auto& odd = storeGood(u"PT-101"_s, kind);
+        odd.month = 2;
+        odd.day = 30;
+    }
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList());
+}
+
+TEST_F(FlukeUpload, LinesOfARunWithMorePointsAreForgottenInTheNext) {
+    addStrategy(u"ONE"_s, {50});
+    configure(u"1402"_s, u"tp_name = 'ONE'"_s);
+    session.RecordResults[3] = u"left over"_s;
+    storeGood();
+    store(u"PT-102"_s, {at(50, 50)});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(lines(), (QStringList{u"1 0.000V 0.000V PASS"_s, u"2 50.000V 50.000V PASS"_s,
+                                    u"3 100.000V 100.000V PASS"_s, u"1 50.000V 50.000V PASS"_s}));
+}
+
 TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndEndsTheUpload) {
     storeGood();
     auto& odd = storeGood();
