@@ -321,6 +321,46 @@ TEST_F(MenuCommands, UploadRunsTheUploadCommand) {
     EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 743/744"_s);
 }
 
+TEST_F(MenuCommands, AFluke702ShowsItsWarningOverTheProgressWindow) {
+    startLoggedIn(4);
+    link.steps = 5;
+    link.answer(u"DPCuplStep"_s, 103, 2);
+    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    person.expectBox(u": Don't forget that you have high voltage applied! (DPCWARN_DANGER_VOLTAGE)"_s,
+                     u"Download Procedures To Calibrator"_s, box::information, [this](QMessageBox& box) {
+                         EXPECT_EQ(child(u"FormStatusBar"_s).windowTitle(),
+                                   u"Upload Task Package from Fluke 702"_s);
+                         click(*box.buttons().first());
+                     });
+    person.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
+    press(u"F2"_s);
+    EXPECT_EQ(openChildren(), QStringList());
+}
+
+TEST_F(MenuCommands, AFluke702WhoseLibraryNeverComesToAnEndCanBeLeftByTheMainWindow) {
+    startLoggedIn(4);
+    link.steps = 5;
+    bool endless = true;
+    int steps = 0;
+    link.nextCount = [&](qint32 count) {
+        if (++steps == 20)
+            QMetaObject::invokeMethod(&program.window, &QWidget::close, Qt::QueuedConnection);
+        return endless ? count : 0;
+    };
+    atEnd = [&] {
+        ++processEnded;
+        endless = false; // a real end leaves here
+    };
+    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
+    person.expectBox(
+        u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s,
+        uploadTitle, box::warning);
+    press(u"F2"_s);
+    EXPECT_EQ(processEnded, 1);
+    EXPECT_LT(steps, 30);
+}
+
 TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {
     startLoggedIn(4);
     person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
