@@ -8,6 +8,7 @@
 #include "data/start_up.h"
 #include "editors/form_cal_param.h"
 #include "editors/form_strategies.h"
+#include "editors/form_work_config.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
@@ -67,7 +68,7 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
         {MenuEntry::mnuPrompts, true, nullptr},
         {MenuEntry::mnuODBC, false, &MDIFormMain::mnuODBC},
         {MenuEntry::mnuConfiguration, true, &MDIFormMain::mnuConfiguration},
-        {MenuEntry::mnuWorkEntry, true, nullptr},
+        {MenuEntry::mnuWorkEntry, true, &MDIFormMain::mnuWorkEntry},
         {MenuEntry::mnuPredefined, true, nullptr},
     };
     const auto* found = std::ranges::find(commands, entry, &Command::entry);
@@ -239,6 +240,10 @@ void MDIFormMain::mnuODBC() {
 void MDIFormMain::mnuConfiguration() {
     const auto* docking = openScreen<FormDockingDown>();
     showScreen<FormCalConfig>(docking ? docking->calibrator() : QString());
+}
+
+void MDIFormMain::mnuWorkEntry() {
+    showScreen<FormWorkConfig>();
 }
 
 void MDIFormMain::comesLater(MenuEntry entry) {

@@ -62,6 +62,7 @@ class MDIFormMain final : public QMainWindow {
     void mnuCalParameters();
     void mnuODBC();
     void mnuConfiguration();
+    void mnuWorkEntry();
     void comesLater(MenuEntry entry);
 
     /// The parameter editor, once it has an instrument; null otherwise.

@@ -19,15 +19,6 @@ namespace kelvane {
 
 using ModuleGlobals::SQLSafe;
 
-namespace {
-
-void refill(QListWidget& list, const QStringList& rows) {
-    list.clear();
-    list.addItems(rows);
-}
-
-} // namespace
-
 FormStrategies::FormStrategies(Session& session, FindCalParam findCalParam)
     : EditorWindow(session, ChildForm::FormStrategies, u"FormStrategies"_s, {.width = 4590, .height = 6960}),
       findCalParam_(std::move(findCalParam)),

@@ -16,6 +16,11 @@ QStringList rowsOf(const QListWidget& list) {
     return rows;
 }
 
+void refill(QListWidget& list, const QStringList& rows) {
+    list.clear();
+    list.addItems(rows);
+}
+
 int selectedRow(const QListWidget& list) {
     const auto selected = list.selectionModel()->selectedRows();
     return selected.isEmpty() ? -1 : selected.first().row();

@@ -12,6 +12,8 @@ class UserInterface;
 
 /// The texts of all rows, in order.
 QStringList rowsOf(const QListWidget& list);
+/// Puts these rows in place of all others; none is selected.
+void refill(QListWidget& list, const QStringList& rows);
 /// The selected row, -1 without one.
 int selectedRow(const QListWidget& list);
 /// Swaps the selected row with the one above (-1) or below (1) it; the selection follows. False, with

@@ -69,7 +69,6 @@ TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
         {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
         {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
         {u"mnuPrompts"_s, u"Create/Edit Test Messages"_s},
-        {u"mnuWorkEntry"_s, u"Calibration Record Configuration"_s},
         {u"mnuPredefined"_s, u"Predefined Task Packages"_s},
     };
     for (auto one = titles.cbegin(); one != titles.cend(); ++one) {
@@ -89,6 +88,18 @@ TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
     EXPECT_EQ(&child(u"FormStrategies"_s), before);
     EXPECT_EQ(program.window.area().activeSubWindow(), before);
     EXPECT_TRUE(session.openFlag(ChildForm::FormStrategies));
+}
+
+TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
+    startLoggedIn(6);
+    script.answers.insert(u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s, {Row{u"0"_s}});
+    press(u"Ctrl+E"_s);
+    const auto* before = &child(u"FormWorkConfig"_s);
+    choose(u"mnuODBC"_s);
+    choose(u"mnuWorkEntry"_s);
+    EXPECT_EQ(&child(u"FormWorkConfig"_s), before);
+    EXPECT_EQ(program.window.area().activeSubWindow(), before);
+    EXPECT_TRUE(session.openFlag(ChildForm::FormWorkConfig));
 }
 
 TEST_F(MenuCommands, AboutHasNoCommand) {

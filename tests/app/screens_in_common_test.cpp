@@ -193,6 +193,23 @@ const Screen screens[] = {
          control<QListWidget>(test.child(u"FormStrategies"_s), u"ListPoints"_s).setCurrentRow(1);
          look();
      }},
+    {"FormWorkConfig",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(6);
+         test.script.answers.insert(u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s, {Row{u"0"_s}});
+         test.choose(u"mnuWorkEntry"_s);
+         auto& form = test.child(u"FormWorkConfig"_s);
+         control<QListWidget>(form, u"ListAvail"_s)
+             .addItems({u"C2303 : Due Date"_s, u"C2309 : Procedure"_s, u"C2313 : Relative Humidity (%)"_s,
+                        u"C2315 : Place of Calibration"_s, u"C2316 : Work Order"_s, u"C2317 : Owner"_s,
+                        u"C2318 : Approved By"_s, u"C2326 : Remarks"_s, u"C2329 : Condition Received"_s});
+         auto& request = control<QListWidget>(form, u"ListRequest"_s);
+         request.addItems({u"C2301 : Calibration Date"_s, u"C2333 : Calibration Time"_s,
+                           u"C2307 : Technician"_s, u"C2308 : Run State"_s,
+                           u"C2312 : Ambient Temperature (C)"_s});
+         request.setCurrentRow(2);
+         look();
+     }},
     {"FormStatusBar",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);

@@ -1,0 +1,244 @@
+#include "editors/form_work_config.h"
+
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "platform/numbers.h"
+#include "platform/texts.h"
+#include "ui/arrow_button.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+#include "ui/list_rows.h"
+#include "ui/panels.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// The fields of a calibration record that an operator can be asked for.
+const QString fieldFilter =
+    u"fldnum not like '%90' and fldnum not like '%91' and fldnum not like '%92' and fldnum not like '%93' "
+    u"and fldnum <> '2340' and fldnum not like '%94' and fldnum not like '%95' and fldnum like '23%' and "
+    u"suppressed <> 'Y'"_s;
+const QString fromDictionary = u"select fldnum,title from mt.customiz where "_s + fieldFilter;
+
+// What a list shows at least.
+constexpr int shownLetters = 25;
+constexpr int shownRows = 8;
+
+QCheckBox* checkBox(const QString& name, int caption, int toolTip) {
+    auto* made = named(new QCheckBox, name, text(caption), toolTip);
+    made->setText(text(caption));
+    return made;
+}
+
+/// A list that takes what room the frame around it has.
+QListWidget* fieldList(const QString& name, int caption, int toolTip) {
+    auto* made = named(new QListWidget, name, text(caption), toolTip);
+    made->setUniformItemSizes(true);
+    made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    return made;
+}
+
+/// A text whose lines are as long as the place that it gets.
+QLabel* wrapped(QLabel* label) {
+    label->setWordWrap(true);
+    auto policy = label->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Ignored);
+    label->setSizePolicy(policy);
+    return label;
+}
+
+/// The rows of a query for number and title; a field that has left the dictionary has no title.
+QStringList fieldRows(Routine& routine, const QString& query) {
+    QStringList rows;
+    for (const auto fields = routine.select(query); fields->next();) {
+        const auto number = notNull(fields->value(0));
+        rows << u'C' + number + u" : "_s + fields->value(1).value_or(QString());
+    }
+    return rows;
+}
+
+bool isYes(const std::optional<QString>& value) {
+    return upperCased(value.value_or(QString())) == u"Y"_s;
+}
+
+} // namespace
+
+FormWorkConfig::FormWorkConfig(Session& session)
+    : EditorWindow(session, ChildForm::FormWorkConfig, u"FormWorkConfig"_s, {.width = 5745, .height = 6735}),
+      ListAvail(fieldList(u"ListAvail"_s, 1141, 1143)),
+      ListRequest(fieldList(u"ListRequest"_s, 1144, 1146)),
+      CommandMoveUp(arrowButton(u"CommandMoveUp"_s, ArrowButton::Way::up, 1147)),
+      CommandMoveDown(arrowButton(u"CommandMoveDown"_s, ArrowButton::Way::down, 1148)),
+      CheckOOC(checkBox(u"CheckOOC"_s, 1151, 1152)),
+      CheckTrace(checkBox(u"CheckTrace"_s, 1153, 1154)),
+      CommandSave(button(u"CommandSave"_s, 1090, 1091)),
+      CommandCancel(button(u"CommandCancel"_s, 1003, 1092)) {
+    setWindowTitle(text(282));
+    layOut();
+    connectCommands();
+    setDefaultButton(CommandSave);
+    setCancelButton(CommandCancel);
+    setFirstFocus(ListAvail);
+    // Lists that were never filled would be stored as "no field at all".
+    CommandSave->setEnabled(false);
+    LoadLists();
+}
+
+void FormWorkConfig::layOut() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(CommandSave);
+    buttons->addWidget(CommandCancel);
+
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(8, 6, 8, 8);
+    column->addWidget(fieldsFrame(), 1);
+    column->addWidget(standardsFrame());
+    column->addLayout(buttons);
+    setBody(body);
+    kelvane::setTabOrder({ListAvail, ListRequest, CommandMoveUp, CommandMoveDown, CheckOOC, CheckTrace,
+                          CommandSave, CommandCancel});
+}
+
+QWidget* FormWorkConfig::fieldsFrame() {
+    auto* frame = panel(u"Frame1"_s, 1140);
+    auto* moving = new QHBoxLayout;
+    moving->setSpacing(4);
+    moving->addStretch();
+    moving->addWidget(CommandMoveUp);
+    moving->addWidget(CommandMoveDown);
+    auto* grid = new QGridLayout(frame);
+    grid->setContentsMargins(8, 6, 8, 6);
+    grid->setVerticalSpacing(3);
+    grid->addWidget(wrapped(labelFor(ListAvail, u"Label1"_s, 1141)), 0, 0);
+    grid->addWidget(ListAvail, 1, 0, 2, 1);
+    grid->addWidget(wrapped(label(u"Label2"_s, 1142)), 3, 0);
+    grid->addWidget(wrapped(labelFor(ListRequest, u"Label3"_s, 1144)), 0, 1);
+    grid->addWidget(ListRequest, 1, 1);
+    grid->addLayout(moving, 2, 1);
+    grid->addWidget(wrapped(label(u"Label4"_s, 1145)), 3, 1);
+    grid->setRowMinimumHeight(4, 4);
+    grid->addWidget(wrapped(label(u"Label5"_s, 1149)), 5, 0, 1, 2);
+    const auto letters = frame->fontMetrics();
+    for (int side = 0; side < 2; ++side) {
+        grid->setColumnMinimumWidth(side, shownLetters * letters.averageCharWidth());
+        grid->setColumnStretch(side, 1);
+    }
+    grid->setRowMinimumHeight(1, shownRows * letters.lineSpacing());
+    grid->setRowStretch(1, 1);
+    return frame;
+}
+
+QWidget* FormWorkConfig::standardsFrame() {
+    auto* frame = panel(u"Frame2"_s, 1150);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(8, 4, 8, 4);
+    column->setSpacing(2);
+    column->addWidget(CheckOOC);
+    column->addWidget(CheckTrace);
+    return frame;
+}
+
+void FormWorkConfig::connectCommands() {
+    const auto onClick = [this](QPushButton* button, const std::function<void()>& command) {
+        onSignal(button, &QPushButton::clicked, this, session_.ui, [this, command] { run(command); });
+    };
+    onClick(CommandMoveUp, [this] { moveSelectedRow(*ListRequest, -1); });
+    onClick(CommandMoveDown, [this] { moveSelectedRow(*ListRequest, 1); });
+    onClick(CommandSave, [this] { CommandSave_Click(); });
+    onClick(CommandCancel, [this] { CommandCancel_Click(); });
+    onRowChosen(ListAvail, session_.ui, [this](int row) { handOver(*ListAvail, row, *ListRequest); });
+    onRowChosen(ListRequest, session_.ui, [this](int row) { handOver(*ListRequest, row, *ListAvail); });
+}
+
+void FormWorkConfig::LoadLists() {
+    Routine routine(session_, u"FormWorkConfig,LoadLists"_s);
+    routine.run([&] {
+        const BusyPointer busy(session_.ui);
+        QStringList available;
+        QStringList requested;
+        const auto count =
+            routine.select(u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s, Rows::first);
+        count->next();
+        if (numericValue(notNull(count->value(0))) > 0) {
+            available =
+                fieldRows(routine, fromDictionary + u" and fldnum not in (select fldnum from "
+                                                    "mt.hvm_kv_worksheetfields) order by fldnum asc"_s);
+            requested = fieldRows(routine,
+                                  u"select fldnum,(select title from mt.customiz where mt.customiz.fldnum = "
+                                  "mt.hvm_kv_worksheetfields.fldnum) from mt.hvm_kv_worksheetfields order by "
+                                  "sequence asc"_s);
+        } else {
+            // The first configuration is proposed: the required fields.
+            requested = fieldRows(routine, fromDictionary +
+                                               u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc"_s);
+            available = fieldRows(routine,
+                                  fromDictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc"_s);
+        }
+        const auto standards = routine.select(
+            u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s, Rows::first);
+        // Without a row nothing is allowed; the first save makes one.
+        const bool stored = standards->next();
+        const bool overdue = stored && isYes(standards->value(0));
+        const bool poorTrace = stored && isYes(standards->value(1));
+
+        refill(*ListAvail, available);
+        refill(*ListRequest, requested);
+        CheckOOC->setChecked(overdue);
+        CheckTrace->setChecked(poorTrace);
+        saveCheckSum();
+        CommandSave->setEnabled(true);
+    });
+}
+
+void FormWorkConfig::CommandSave_Click() {
+    Routine routine(session_, u"FormWorkConfig,CommandSave"_s);
+    routine.run([&] {
+        const BusyPointer busy(session_.ui);
+        routine.execute(u"delete from mt.hvm_kv_worksheetfields;commit"_s);
+        int sequence = 0;
+        for (const auto& row : rowsOf(*ListRequest))
+            routine.execute(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('"_s +
+                            row.mid(1, 4) + u"','"_s + plainText(sequence++) + u"');commit"_s);
+        if (!routine.hasRow(u"select allow_ooc_stds from mt.hvm_kv_sysconfig"_s))
+            routine.execute(u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values "
+                            "('N','N');commit"_s);
+        const auto store = [&](const QString& column, const QCheckBox* allowed) {
+            routine.execute(u"update mt.hvm_kv_sysconfig set "_s + column + u" = '"_s +
+                            (allowed->isChecked() ? u"Y"_s : u"N"_s) + u"';commit"_s);
+        };
+        store(u"allow_ooc_stds"_s, CheckOOC);
+        store(u"allow_poor_trace_stds"_s, CheckTrace);
+        saveCheckSum();
+    });
+}
+
+void FormWorkConfig::CommandCancel_Click() {
+    if (isChanged() && confirms({1093, box::question, 282}))
+        LoadLists();
+}
+
+double FormWorkConfig::Form_CheckSum() {
+    double sum = 0;
+    // The report of this sum carries the name of the other editor's.
+    Routine routine(session_, u"FormStrategies,Form_CheckSum"_s);
+    routine.run([&] {
+        auto shown = rowsOf(*ListRequest).join(QString());
+        for (const auto* allowed : {CheckOOC, CheckTrace})
+            shown += allowed->isChecked() ? u"Y"_s : QString();
+        sum = ModuleGlobals::CheckSum(session_, shown);
+    });
+    return sum;
+}
+
+} // namespace kelvane
