@@ -1,0 +1,133 @@
+#include "tests/drivers/fluke702/download_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString unknownCalibrator =
+    u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s;
+
+/// What a download does and loses when the database goes away: reports, by the routine's name behind
+/// "ModuleGlobals,", and the box for a calibrator that can't be found.
+class FlukeDownloadErrors : public FlukeDownload {
+  protected:
+    void expectReports(const QStringList& routines) {
+        for (const auto& one : routines) {
+            if (one == unknown)
+                ui.expectBox(unknownCalibrator, u"Download Task Package to Fluke 702"_s, box::warning);
+            else
+                ui.expectReport(10054, u"ModuleGlobals,"_s + one);
+        }
+    }
+    const QString unknown = u"the calibrator is unknown"_s;
+    const QStringList transferred{u"AssetfromSerial"_s, unknown};
+    const QStringList cleared{u"AssetfromSerial"_s, u"CheckAsset"_s, u"ClearInUse"_s};
+    const QStringList added{u"AssetfromSerial"_s, u"CheckAsset"_s, u"AddInUse"_s};
+    const QStringList rest = transferred + cleared + added;
+    const Error gone{10054, u"Connection lost"_s, u"08S01"_s, true};
+};
+
+} // namespace
+
+TEST_F(FlukeDownloadErrors, ADatabaseLostAtAStatementIsReportedByEachRoutineFromThereOn) {
+    const QString clearRows =
+        u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '6841207';commit"_s;
+    const QString clearStandards =
+        u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 30 or standard_mtag = '900';commit"_s;
+    const QString addRow =
+        u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('6841207',now(*),'KI-1','jdoe');commit"_s;
+    const QString addStandard =
+        u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values ('900',now(*),'KI-1');commit"_s;
+    const QStringList values{u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetTestPointList"_s};
+    const struct {
+        QString statement;
+        QStringList reports;
+        int tasks;
+    } cases[] = {
+        {selectPackage(u"TAG"_s), QStringList{u"GetAssetsInTaskPackage"_s} + (transferred + cleared), 0},
+        {selectMembers(u"TAG"_s), QStringList{u"GetAssetsInTaskPackage"_s} + (transferred + cleared), 0},
+        {selectParams(u"I-1"_s), QStringList{u"GetCalParams"_s, u"GetPrompts"_s} + values + rest, 1},
+        {selectPrompts(u"I-1"_s), QStringList{u"GetPrompts"_s} + (values + rest), 1},
+        {selectPoints(u"I-1"_s), values.sliced(1) + rest, 1},
+        {selectRepetitions(u"I-1"_s), values.sliced(2) + rest, 1},
+        {selectPointList(u"I-1"_s), values.sliced(2) + rest, 1},
+        {selectSerial(link.serial), rest, 1},
+        {selectMtag(u"F-702"_s), QStringList{u"CheckAsset"_s, u"ClearInUse"_s} + added, 1},
+        {clearRows, QStringList{u"ClearInUse"_s} + added, 1},
+        {clearStandards, QStringList{u"ClearInUse"_s} + added, 1},
+        {addRow, {u"AddInUse"_s}, 1},
+        {addStandard, {u"AddInUse"_s}, 1},
+    };
+    for (const auto& one : cases) {
+        addList({transmitter()});
+        script.lost = false;
+        script.failures = {{one.statement, gone}};
+        session.SessionConnected = true;
+        link.calls.clear();
+        expectReports(one.reports);
+        EXPECT_EQ(download(), QString()) << one.statement.toStdString();
+        EXPECT_TRUE(ui.allCame()) << one.statement.toStdString();
+        EXPECT_EQ(given(u"MEMendTask"_s).size(), one.tasks) << one.statement.toStdString();
+        EXPECT_EQ(given(u"DPCdnlStart"_s).size(), 1);
+        EXPECT_FALSE(session.SessionConnected);
+        EXPECT_FALSE(ui.busy);
+    }
+}
+
+TEST_F(FlukeDownloadErrors, ADatabaseLostBetweenTwoCallsIsReportedByEachRoutineFromThereOn) {
+    const struct {
+        QString operation;
+        QStringList reports;
+    } cases[] = {
+        {u"MEMclear"_s, QStringList{u"GetPrompts"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
+                                    u"GetTestPointList"_s} +
+                            rest},
+        {u"MEMpromptDefn"_s,
+         QStringList{u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetTestPointList"_s} + rest},
+        {u"STAinit"_s, rest},
+        {u"DPCdnlStart"_s, cleared + added},
+    };
+    for (const auto& one : cases) {
+        addList({transmitter()});
+        addPrompts(u"I-1"_s, {message(u"A"_s, u"Isolate it."_s, u"PRE"_s)});
+        script.lost = false;
+        link.onCall = [&](const QString& operation) {
+            script.lost = script.lost || operation == one.operation;
+        };
+        expectReports(one.reports);
+        EXPECT_EQ(download(), QString());
+        EXPECT_TRUE(ui.allCame()) << one.operation.toStdString();
+    }
+}
+
+TEST_F(FlukeDownloadErrors, ARefusedStatementIsReportedAndTheOthersAreDone) {
+    addList({transmitter(), transmitter()});
+    script.failures = {{selectPrompts(u"I-1"_s), Error{208, u"Invalid object"_s, u"42S02"_s}}};
+    ui.expectReport(208, u"ModuleGlobals,GetPrompts"_s);
+    EXPECT_EQ(download(), QString());
+    EXPECT_EQ(given(u"MEMtemplate"_s).size(), 2);
+    EXPECT_EQ(registered(), (QStringList{u"KI-1"_s, u"KI-2"_s}));
+}
+
+TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndDefinedWithoutAText) {
+    addList({transmitter()});
+    addPrompts(u"I-1"_s, {message(u"A"_s, u"Bell $CHR:300$"_s, u"PRE"_s)});
+    ui.expectReport(5, u"ModuleGlobals,UUTPromptTextPrepare"_s);
+    EXPECT_EQ(download(), QString());
+    EXPECT_EQ(calls().filter(u"MEMprompt"_s),
+              (QStringList{u"MEMpromptDefn(\"KEY1\", \"\")"_s, u"MEMprompt(\"KEY1\")"_s}));
+    EXPECT_EQ(registered(), QStringList{u"KI-1"_s});
+}
+
+TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteBreaksItsStatementsAsItDoesEverywhere) {
+    const auto asset = u"LT-10'COL"_s;
+    addPackage(u"TAG"_s, {asset});
+    EXPECT_EQ(download(), QString());
+    EXPECT_TRUE(script.statements.contains(selectParams(asset)));
+    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10'COL\""_s});
+    EXPECT_EQ(registered().size(), 1);
+}
+
+} // namespace kelvane::testing

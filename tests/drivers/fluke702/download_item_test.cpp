@@ -1,0 +1,252 @@
+#include "drivers/fluke702/download_item.h"
+#include "tests/drivers/fluke702/download_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+class FlukeDownloadItem : public FlukeDownload {
+  protected:
+    Module702Interface::Download702Item gathered(const CalParamRecord& record) {
+        addInstrument(u"I-1"_s, record);
+        return Module702Interface::gatherItem(session, {u"I-1"_s, u"KI-1"_s, u"S-1"_s});
+    }
+    /// The one call of an operation when this instrument is downloaded.
+    QString calledWith(const QString& operation, const CalParamRecord& record) {
+        load({record});
+        EXPECT_EQ(given(operation).size(), 1);
+        return given(operation).value(0);
+    }
+    /// Degrees on one side, by its sensor and wires; volts on the other.
+    static CalParamRecord thermometer(const QString& units, const QString& sensor, qint16 wires) {
+        auto record = instrument(units, 0, 100, u"V"_s, 0, 5);
+        record.temp_sens_type_in = sensor;
+        record.temp_sens_wires_in = wires;
+        return record;
+    }
+    static CalParamRecord degreesOut(const QString& units, const QString& sensor, qint16 wires) {
+        auto record = instrument(u"V"_s, 0, 5, units, 0, 100);
+        record.temp_sens_type_out = sensor;
+        record.temp_sens_wires_out = wires;
+        return record;
+    }
+};
+
+} // namespace
+
+TEST_F(FlukeDownloadItem, TakesItsValuesFromTheAssetListAndTheRecord) {
+    auto record = instrument(u"KHz"_s, 1, 2, u"mA"_s, 4, 20);
+    record.tp_name = u"linearity five point"_s;
+    record.output_indicated = true;
+    record.freq_ptpamp_in = 15;
+    const auto item = gathered(record);
+    EXPECT_EQ(item.asset, u"I-1"_s);
+    EXPECT_EQ(item.mtag, u"KI-1"_s);
+    EXPECT_EQ(item.serial, u"S-1"_s);
+    EXPECT_EQ(item.tp_name, u"linearity five point"_s);
+    EXPECT_EQ(item.strategyName, u"LINEARITY FIV"_s);
+    EXPECT_EQ(item.strategyId, 0);
+    EXPECT_EQ(item.inputType, u"KHz"_s);
+    EXPECT_EQ(item.outputType, u"mA"_s);
+    EXPECT_EQ(item.inputMode, u"freq"_s);
+    EXPECT_EQ(item.outputMode, u"current"_s);
+    EXPECT_EQ(item.inputClass, 5);
+    EXPECT_EQ(item.outputClass, 3);
+    EXPECT_EQ(item.inputLow, 1.0F);
+    EXPECT_EQ(item.inputHigh, 2.0F);
+    EXPECT_EQ(item.outputLow, 4.0F);
+    EXPECT_EQ(item.outputHigh, 20.0F);
+    EXPECT_EQ(item.amplitude, 7.5F);
+    EXPECT_EQ(item.tempUnits, QString());
+    EXPECT_EQ(item.pressureUnits, QString());
+    EXPECT_TRUE(item.outputIndicated);
+}
+
+TEST_F(FlukeDownloadItem, EachSensorIsSourcedAndMeasuredUnderTheCalibratorsWord) {
+    const struct {
+        QString sensor;
+        QString word;
+    } rows[] = {
+        {u"RTD PT100 385"_s, u"rtd_pt100_385"_s},
+        {u"RTD NI120 672"_s, u"rtd_ni120"_s},
+        {u"RTD PT200 385"_s, u"rtd_pt200_385"_s},
+        {u"RTD PT500 385"_s, u"rtd_pt500_385"_s},
+        {u"RTD PT1000 385"_s, u"rtd_pt1000_385"_s},
+        {u"RTD CU10 427"_s, u"rtd_cu10"_s},
+        {u"RTD PT100 3916"_s, u"rtd_pt100_3916"_s},
+        {u"RTD PT100 3926"_s, u"rtd_pt100_392"_s},
+        {u"TC E"_s, u"tc_e"_s},
+        {u"TC N"_s, u"tc_n"_s},
+        {u"TC J"_s, u"tc_j"_s},
+        {u"TC K"_s, u"tc_k"_s},
+        {u"TC T"_s, u"tc_t"_s},
+        {u"TC B"_s, u"tc_b"_s},
+        {u"TC R"_s, u"tc_r"_s},
+        {u"TC S"_s, u"tc_s"_s},
+        {u"TC C"_s, u"tc_c"_s},
+        {u"TC L"_s, u"tc_l"_s},
+        {u"TC U"_s, u"tc_u"_s},
+    };
+    for (const auto& row : rows) {
+        const bool resistance = row.sensor.startsWith(u"RTD"_s);
+        const auto sourced = resistance ? u"2w_rtd"_s : u"tc"_s;
+        const auto measured = resistance ? u"4w_rtd"_s : u"tc"_s;
+        EXPECT_EQ(calledWith(u"STAsetOutput"_s, thermometer(u"C"_s, row.sensor, 4)),
+                  u"\"%1\", \"%2\", 0, 0"_s.arg(sourced, row.word));
+        EXPECT_EQ(calledWith(u"STAsetInput"_s, degreesOut(u"F"_s, row.sensor, 4)),
+                  u"\"%1\", \"%2\""_s.arg(measured, row.word));
+        EXPECT_EQ(given(u"MEMtemplate"_s).value(0).section(u", "_s, 1, 1), u"0"_s);
+    }
+}
+
+TEST_F(FlukeDownloadItem, AResistanceThermometerIsSourcedOnTwoWiresAndMeasuredOnItsOwn) {
+    const struct {
+        qint16 wires;
+        QString sourced;
+        QString measured;
+    } rows[] = {{2, u"2w_rtd"_s, u"2w_rtd"_s},
+                {3, u"2w_rtd"_s, u"3w_rtd"_s},
+                {4, u"2w_rtd"_s, u"4w_rtd"_s},
+                {0, u"RTD"_s, u"RTD"_s},
+                {5, u"RTD"_s, u"RTD"_s}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(calledWith(u"STAsetOutput"_s, thermometer(u"C"_s, u"RTD PT100 385"_s, row.wires)),
+                  u"\"%1\", \"rtd_pt100_385\", 0, 0"_s.arg(row.sourced));
+        EXPECT_EQ(calledWith(u"STAsetInput"_s, degreesOut(u"C"_s, u"RTD PT100 385"_s, row.wires)),
+                  u"\"%1\", \"rtd_pt100_385\""_s.arg(row.measured));
+    }
+}
+
+TEST_F(FlukeDownloadItem, TemperatureUnitsAreThoseOfTheInputAndCelsiusWithoutOne) {
+    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, thermometer(u"C"_s, u"TC K"_s, 2)), u"\"celsius\""_s);
+    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, thermometer(u"F"_s, u"TC K"_s, 2)), u"\"fahrenheit\""_s);
+    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, degreesOut(u"F"_s, u"TC K"_s, 2)), u"\"celsius\""_s)
+        << "an output in Fahrenheit alone";
+    auto both = thermometer(u"C"_s, u"TC K"_s, 2);
+    both.output_type = u"F"_s;
+    both.temp_sens_type_out = u"RTD PT100 385"_s;
+    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, both), u"\"celsius\""_s);
+}
+
+TEST_F(FlukeDownloadItem, MilliampsInAndFahrenheitOutIsAStateInCelsiusByIts90) {
+    auto record = instrument(u"mA"_s, 4, 20, u"F"_s, 32, 212);
+    record.temp_sens_type_out = u"RTD PT100 385"_s;
+    record.temp_sens_wires_out = 3;
+    load({record});
+    EXPECT_EQ(given(u"STAsetTempUnits"_s), QStringList{u"\"celsius\""_s});
+    EXPECT_EQ(given(u"STAsetTempStd"_s), QStringList{u"\"its90\""_s});
+    EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"212, 32"_s}) << "limits in Fahrenheit";
+}
+
+TEST_F(FlukeDownloadItem, TheTemperatureStandardIsTheInputsWhateverTheOutputs) {
+    const struct {
+        QString scaleIn;
+        QString scaleOut;
+        QString standard;
+    } rows[] = {
+        {u"IPTS-68"_s, u"ITS-90"_s, u"\"ipts68\""_s},
+        {u"ipts-68"_s, u""_s, u"\"ipts68\""_s},
+        {u"ITS-90"_s, u"IPTS-68"_s, u"\"its90\""_s},
+        {u""_s, u"IPTS-68"_s, u"\"its90\""_s},
+        {u""_s, u""_s, u"\"its90\""_s},
+        {u"IPTS-68 "_s, u""_s, u"\"its90\""_s},
+        {u"IPTS68"_s, u""_s, u"\"its90\""_s},
+    };
+    for (const auto& row : rows) {
+        auto record = transmitter();
+        record.temp_scale_in = row.scaleIn;
+        record.temp_scale_out = row.scaleOut;
+        EXPECT_EQ(calledWith(u"STAsetTempStd"_s, record), row.standard) << row.scaleIn.toStdString();
+    }
+}
+
+TEST_F(FlukeDownloadItem, TheColdJunctionOfASideCountsWhenTheOtherSideIsATemperature) {
+    const struct {
+        QString inputType;
+        QString outputType;
+        QString typeIn;
+        QString typeOut;
+        QString called;
+    } rows[] = {
+        {u"C"_s, u"V"_s, u"INT"_s, u"INT"_s, u"\"measure\", 0"_s},
+        {u"C"_s, u"V"_s, u"EXT"_s, u"INT"_s, u"\"measure\", 0"_s},
+        {u"C"_s, u"V"_s, u"INT"_s, u"EXT"_s, u"\"user\", 22.5"_s},
+        {u"C"_s, u"V"_s, u"INT"_s, u"ext"_s, u"\"measure\", 0"_s},
+        {u"V"_s, u"C"_s, u"INT"_s, u"EXT"_s, u"\"measure\", 0"_s},
+        {u"V"_s, u"C"_s, u"EXT"_s, u"INT"_s, u"\"user\", -1.1"_s},
+        {u"V"_s, u"F"_s, u"EXT"_s, u"EXT"_s, u"\"user\", -1.1"_s},
+        {u"F"_s, u"F"_s, u"INT"_s, u"EXT"_s, u"\"user\", 22.5"_s},
+        {u"F"_s, u"F"_s, u"EXT"_s, u"EXT"_s, u"\"user\", -1.1"_s},
+        {u"V"_s, u"V"_s, u"EXT"_s, u"EXT"_s, u"\"measure\", 0"_s},
+    };
+    for (const auto& row : rows) {
+        auto record = instrument(row.inputType, 0, 5, row.outputType, 0, 10);
+        record.temp_sens_type_in = u"RTD PT100 385"_s;
+        record.temp_sens_type_out = u"TC K"_s;
+        record.cj_ref_type_in = row.typeIn;
+        record.cj_ref_type_out = row.typeOut;
+        record.cj_ref_temp_in = -1.1F;
+        record.cj_ref_temp_out = 22.5F;
+        EXPECT_EQ(calledWith(u"STAsetTref"_s, record), row.called)
+            << (row.inputType + row.outputType + row.typeIn + row.typeOut).toStdString();
+    }
+    const auto plain = gathered(transmitter());
+    EXPECT_EQ(plain.cjMode, u"measure"_s);
+    EXPECT_EQ(plain.cjTemp, u"0.0"_s);
+}
+
+TEST_F(FlukeDownloadItem, LoopPowerIsForCurrentOutputsOnly) {
+    const struct {
+        QString outputType;
+        QString stored;
+        QString called;
+    } rows[] = {
+        {u"mA"_s, u"OFF"_s, u"\"off\""_s},   {u"mA"_s, u"24V"_s, u"\"24v\""_s},
+        {u"mA"_s, u"28V"_s, u"\"28v\""_s},   {u"mA"_s, u"24v"_s, u"\"24v\""_s},
+        {u"uA"_s, u"28v"_s, u"\"28v\""_s},   {u"A"_s, u"24V"_s, u"\"24v\""_s},
+        {u"mA"_s, u""_s, u"\"off\""_s},      {u"mA"_s, u"24"_s, u"\"off\""_s},
+        {u"mA"_s, u"24V "_s, u"\"off\""_s},  {u"V"_s, u"24V"_s, u"\"off\""_s},
+        {u"Ohms"_s, u"28V"_s, u"\"off\""_s},
+    };
+    for (const auto& row : rows) {
+        auto record = instrument(u"V"_s, 0, 5, row.outputType, 0, 10);
+        record.loop_pwr = row.stored;
+        EXPECT_EQ(calledWith(u"STAsetLoopPower"_s, record), row.called)
+            << (row.outputType + u' ' + row.stored).toStdString();
+    }
+}
+
+TEST_F(FlukeDownloadItem, EachPressureUnitHasTheCalibratorsWordOnBothSides) {
+    const struct {
+        QString unit;
+        QString word;
+    } rows[] = {{u"psi"_s, u"psi"_s},      {u"psig"_s, u"psi"_s},   {u"inHg"_s, u"in_hg"_s},
+                {u"inH2O"_s, u"in_h2o"_s}, {u"mmHg"_s, u"mm_hg"_s}, {u"kPa"_s, u"kpa"_s},
+                {u"bar"_s, u"bar"_s},      {u"mbar"_s, u"bar"_s}};
+    for (const auto& row : rows) {
+        const auto word = u'"' + row.word + u'"';
+        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(row.unit, 0, 10, u"V"_s, 0, 5)), word);
+        EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
+        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, row.unit, 0, 10)), word);
+        EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"pressure\", \"\""_s});
+        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"inHg"_s, 0, 5, row.unit, 0, 10)), word)
+            << "the output's goes before the input's";
+    }
+    EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)), u"\"psi\""_s);
+}
+
+TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredGoesAsAManualTaskOfZeros) {
+    addList({transmitter()});
+    script.answers.remove(selectParams(u"I-1"_s));
+    ui.expectReport(11, u"ModuleGlobals,TranslateSpanTestTolSingle"_s); // a span of zero
+    EXPECT_EQ(download(), QString());
+    EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"\", \"\", 0, 0"_s});
+    EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"dcv\", \"\""_s});
+    EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"0, 0"_s});
+    EXPECT_EQ(given(u"MEMstrategyDefn"_s), QStringList{u"\"\", 3, \"0 0.5 1\""_s});
+    EXPECT_TRUE(given(u"MEMtemplate"_s).value(0).startsWith(u"1, 1,"_s));
+}
+
+} // namespace kelvane::testing
