@@ -7,7 +7,9 @@
 #include "data/routine.h"
 #include "data/start_up.h"
 #include "editors/form_cal_param.h"
+#include "editors/form_predefined_tasks.h"
 #include "editors/form_strategies.h"
+#include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
@@ -65,11 +67,11 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
         {MenuEntry::mnuEnter, true, nullptr},
         {MenuEntry::mnuStrategies, true, &MDIFormMain::mnuStrategies},
         {MenuEntry::mnuCalParameters, true, &MDIFormMain::mnuCalParameters},
-        {MenuEntry::mnuPrompts, true, nullptr},
+        {MenuEntry::mnuPrompts, true, &MDIFormMain::mnuPrompts},
         {MenuEntry::mnuODBC, false, &MDIFormMain::mnuODBC},
         {MenuEntry::mnuConfiguration, true, &MDIFormMain::mnuConfiguration},
         {MenuEntry::mnuWorkEntry, true, &MDIFormMain::mnuWorkEntry},
-        {MenuEntry::mnuPredefined, true, nullptr},
+        {MenuEntry::mnuPredefined, true, &MDIFormMain::mnuPredefined},
     };
     const auto* found = std::ranges::find(commands, entry, &Command::entry);
     return found == std::end(commands) ? nullptr : found;
@@ -244,6 +246,14 @@ void MDIFormMain::mnuConfiguration() {
 
 void MDIFormMain::mnuWorkEntry() {
     showScreen<FormWorkConfig>();
+}
+
+void MDIFormMain::mnuPrompts() {
+    showScreen<FormTestMess>([this] { return openCalParam(); });
+}
+
+void MDIFormMain::mnuPredefined() {
+    showScreen<FormPredefinedTasks>();
 }
 
 void MDIFormMain::comesLater(MenuEntry entry) {

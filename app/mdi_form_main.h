@@ -63,6 +63,8 @@ class MDIFormMain final : public QMainWindow {
     void mnuODBC();
     void mnuConfiguration();
     void mnuWorkEntry();
+    void mnuPrompts();
+    void mnuPredefined();
     void comesLater(MenuEntry entry);
 
     /// The parameter editor, once it has an instrument; null otherwise.

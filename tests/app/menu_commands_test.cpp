@@ -68,8 +68,6 @@ TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
     const QHash<QString, QString> titles{
         {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
         {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
-        {u"mnuPrompts"_s, u"Create/Edit Test Messages"_s},
-        {u"mnuPredefined"_s, u"Predefined Task Packages"_s},
     };
     for (auto one = titles.cbegin(); one != titles.cend(); ++one) {
         person.expectBox(comesLater, one.value(), box::information);

@@ -119,6 +119,25 @@ void showSubTab(Screens& test, const std::function<void()>& look, const QString&
     });
 }
 
+/// The packages of a site; the first one is of that kind, with what the kind's column holds.
+void showPackages(Screens& test, const std::function<void()>& look, const QString& letter,
+                  const QString& value) {
+    test.startLoggedIn(4);
+    test.script.answers.insert(u"select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'"_s,
+                               {Row{u"UNIT 1 SHUTDOWN"_s}, Row{u"TORQUE CREW A"_s}});
+    test.script.answers.insert(
+        u"select tptag,tptype,notes,task_sql,tp_definition,segregate,model,description from "
+        "mt.hvm_kv_task_packages where taskname = 'UNIT 1 SHUTDOWN'"_s,
+        {Row{u"TAG"_s, u"PDEF"_s, u"What is done at the yearly shutdown of unit 1."_s, value, letter, value,
+             value, value}});
+    test.script.answers.insert(
+        u"select i4201 from MT.inventory where mtag in (select mtag from mt.hvm_kv_task_assets where "
+        "tptag = 'TAG')"_s,
+        {Row{u"PT-101"_s}, Row{u"PT-102"_s}, Row{u"TIT-201"_s}, Row{u"IP-301"_s}, Row{u"UC-901"_s}});
+    test.choose(u"mnuPredefined"_s);
+    look();
+}
+
 const Screen screens[] = {
     {"FormConnect",
      [](Screens& test, const std::function<void()>& look) {
@@ -180,6 +199,25 @@ const Screen screens[] = {
     {"FormCalParam_output_waveform",
      [](Screens& test, const auto& look) { showSubTab<2, 0>(test, look, u"Hz"_s, u"SSTabOutAmplitude"_s); }},
     {"FormCalParam_tolerances", [](Screens& test, const auto& look) { showCalParam<3>(test, look); }},
+    {"FormPredefinedTasks_list",
+     [](Screens& test, const auto& look) { showPackages(test, look, u"A"_s, {}); }},
+    {"FormPredefinedTasks_sql",
+     [](Screens& test, const auto& look) {
+         showPackages(test, look, u"S"_s,
+                      u"select i4201 from $U_SEG$.inventory where i4204 like 'TEMPERATURE TRANSMITTER%'"_s);
+     }},
+    {"FormPredefinedTasks_segregate",
+     [](Screens& test, const auto& look) { showPackages(test, look, u"G"_s, u"UTIL"_s); }},
+    {"FormPredefinedTasks_description",
+     [](Screens& test, const auto& look) { showPackages(test, look, u"D"_s, u"TORQUE SCREWDRIVER"_s); }},
+    {"FormPredefinedTasks_model",
+     [](Screens& test, const auto& look) { showPackages(test, look, u"M"_s, u"CLICK 250F"_s); }},
+    {"FormPredefinedTasks_none",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuPredefined"_s);
+         look();
+     }},
     {"FormStrategies",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
@@ -218,6 +256,18 @@ const Screen screens[] = {
          test.program.ui.setProgressValue(42);
          look();
          test.program.ui.hideProgress();
+     }},
+    {"FormTestMess",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.script.answers.insert(u"select pname from mt.hvm_kv_prompts"_s,
+                                    {Row{u"ISOLATE PRESSURE"_s}, Row{u"PERMIT"_s}});
+         test.script.answers.insert(
+             u"select prompt from mt.hvm_kv_prompts where pname = 'ISOLATE PRESSURE'"_s,
+             {Row{u"Close the manifold of $DB:I4201$ and vent it. Then connect the pressure module: "
+                  "$INPUTLOW$ to $INPUTHIGH$ $INPUTUNITS$."_s}});
+         test.choose(u"mnuPrompts"_s);
+         look();
      }},
     {"FormCustomDialog_list",
      [](Screens& test, const std::function<void()>& look) {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "data/routine.h"
+
+#include <QStringList>
+
+namespace kelvane {
+
+/// The first column of all rows of a query, in the order of the database. A null is error 94.
+QStringList columnValues(Routine& routine, const QString& query);
+/// The same without the nulls.
+QStringList columnValuesNotNull(Routine& routine, const QString& query);
+
+} // namespace kelvane

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "data/routine.h"
+#include "editors/task_package.h"
+#include "ui/editor_window.h"
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QRadioButton;
+
+namespace kelvane {
+
+class TextBox;
+
+/// The editor of the predefined task packages: named sets of instruments, given by a list, a statement or a
+/// value of the inventory, and expanded only when they are used. The screen itself stands in
+/// form_predefined_tasks.cpp, what it does with the database in form_predefined_tasks_data.cpp.
+class FormPredefinedTasks final : public EditorWindow {
+    Q_OBJECT
+  public:
+    explicit FormPredefinedTasks(Session& session);
+
+  private:
+    /// What the buttons are for.
+    enum class Editing { idle = 0, newPackage = 1 };
+
+    void layOut();
+    QGroupBox* identification();
+    QGroupBox* definition();
+    QLayout* options();
+    void connectCommands();
+    void connectChanges();
+    void onClick(QPushButton* button, void (FormPredefinedTasks::*command)());
+    /// Runs the body of a routine of this screen under its name.
+    bool routine(QStringView name, const std::function<void(Routine&)>& body);
+
+    void ClearAll();
+    void DisplayEdit();
+    void EnableControls();
+    void DisableControls();
+    void enableDefinition(bool enabled);
+    void enableSaving();
+    void SetButtons(Editing state);
+
+    Definition chosen() const;
+    /// A click on an option, or its being turned on by a load.
+    void Option_Click(Definition definition);
+    void showChoices(Routine& routine, const DefinitionKind& kind);
+    void setSelectList(const QString& value);
+
+    double Form_CheckSum() override;
+    Question closeQuestion() const override;
+    bool VerifyEntries();
+    bool refuse(int message, QWidget* entry);
+
+    void LoadTasks();
+    void LoadPackage(const QString& name);
+    void showPackage(Routine& routine, const QString& name);
+    /// Takes the package of the list as the one that the screen shows, unchanged.
+    void takeAsShown();
+    /// What stands on the screen.
+    TaskPackage package() const;
+    QString value() const;
+    void removeRows(Routine& routine);
+
+    void ComboTPName_Click();
+    void CommandAddTP_Click();
+    void CommandRemoveTP_Click();
+    void CommandAdd_Click();
+    void CommandRemove_Click();
+    void CommandSave_Click();
+    void CommandCancel_Click();
+    void showNew(const QString& name);
+    /// What is wrong with an instrument for the list, by id; 0 when nothing is.
+    int faultOfInstrument(const QString& asset);
+
+    /// The package that the screen shows.
+    QString currentName_;
+    /// What `ComboSelectList` held for each kind that is chosen from it, and the kind that it held last.
+    std::array<QString, definitionCount> lastValues_;
+    Definition lastKind_ = Definition::segregate;
+    bool loadingTasks_ = false;
+
+    QComboBox* ComboTPName;
+    TextBox* TextNotes;
+    QPushButton* CommandAddTP;
+    QPushButton* CommandRemoveTP;
+    std::array<QRadioButton*, definitionCount> options_{};
+    QLabel* LabelDefinition;
+    QLineEdit* TextListEnter;
+    QPushButton* CommandAdd;
+    QListWidget* ListAssets;
+    QLabel* Label3;
+    QPushButton* CommandRemove;
+    TextBox* TextSQL;
+    QComboBox* ComboSelectList;
+    QPushButton* CommandSave;
+    QPushButton* CommandCancel;
+};
+
+} // namespace kelvane

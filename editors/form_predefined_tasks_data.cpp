@@ -1,0 +1,285 @@
+#include "editors/form_predefined_tasks.h"
+
+#include "data/assets.h"
+#include "data/cal_params.h"
+#include "data/in_use.h"
+#include "data/small_routines.h"
+#include "editors/column_values.h"
+#include "editors/new_name.h"
+#include "platform/texts.h"
+#include "resources/strings.h"
+#include "ui/list_rows.h"
+#include "ui/text_box.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr qint16 tagLength = 30;
+
+constexpr NewName newPackage{.title = 1406,
+                             .prompt = 1095,
+                             .taken = 1407,
+                             .maxLength = 30,
+                             .recordOf = u"select taskname from mt.hvm_kv_task_packages where taskname = '"};
+
+} // namespace
+
+double FormPredefinedTasks::Form_CheckSum() {
+    double sum = 0;
+    routine(u"Form_CheckSum", [&](Routine&) {
+        const BusyPointer busy(session_.ui);
+        sum = ModuleGlobals::CheckSum(session_, currentName_ + TextNotes->text() +
+                                                    kindOf(chosen()).letter.toString() + value() +
+                                                    package().assets.join(QString()));
+    });
+    return sum;
+}
+
+EditorWindow::Question FormPredefinedTasks::closeQuestion() const {
+    return {167, box::warningYesNo, 610};
+}
+
+QString FormPredefinedTasks::value() const {
+    const auto& kind = kindOf(chosen());
+    if (kind.choices)
+        return ComboSelectList->currentText();
+    return kind.definition == Definition::sql ? TextSQL->text() : QString();
+}
+
+TaskPackage FormPredefinedTasks::package() const {
+    return {.name = ComboTPName->currentText(),
+            .definition = chosen(),
+            .value = value(),
+            .notes = TextNotes->text(),
+            .assets = chosen() == Definition::assetList ? rowsOf(*ListAssets) : QStringList()};
+}
+
+void FormPredefinedTasks::LoadTasks() {
+    routine(u"LoadTasks", [this](Routine& guard) {
+        const BusyPointer busy(session_.ui);
+        const Loading loading(*this);
+        const QScopedValueRollback tasks(loadingTasks_, true);
+        ComboTPName->clear();
+        ClearAll();
+        const auto names =
+            columnValues(guard, u"select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'"_s);
+        ComboTPName->addItems(names);
+        if (!names.value(0).isEmpty()) {
+            ComboTPName->setCurrentIndex(0);
+            LoadPackage(names.first());
+        }
+    });
+    DisplayEdit();
+    takeAsShown();
+}
+
+void FormPredefinedTasks::LoadPackage(const QString& name) {
+    routine(u"LoadPackage", [&](Routine& guard) {
+        const BusyPointer busy(session_.ui);
+        const Loading loading(*this);
+        ClearAll();
+        showPackage(guard, name);
+    });
+    takeAsShown();
+}
+
+void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
+    // The name goes in as it stands.
+    const auto row =
+        guard.select(u"select tptag,tptype,notes,task_sql,tp_definition,segregate,model,description from "
+                     "mt.hvm_kv_task_packages where taskname = '"_s +
+                         name + u'\'',
+                     Rows::first);
+    if (!row->next()) {
+        // A name that is listed and not found would otherwise be listed again without end.
+        if (!loadingTasks_)
+            LoadTasks();
+        return;
+    }
+    const auto tptag = row->value(0).value_or(QString());
+    TextNotes->setText(row->value(2).value_or(QString()));
+    TextSQL->setText(row->value(3).value_or(QString()));
+    const auto letter = row->value(4).value_or(QString());
+    const auto segregate = row->value(5);
+    const auto model = row->value(6);
+    const auto description = row->value(7);
+
+    const auto* kind = std::ranges::find(definitionKinds(), letter, &DefinitionKind::letter);
+    if (kind != definitionKinds().end()) {
+        if (kind->definition == Definition::assetList)
+            ListAssets->addItems(columnValues(
+                guard,
+                u"select i4201 from "_s + session_.SessionOwner +
+                    u".inventory where mtag in (select mtag from mt.hvm_kv_task_assets where tptag = '"_s +
+                    tptag + u"')"_s));
+        if (kind->choices)
+            setSelectList((kind->definition == Definition::segregate ? segregate
+                           : kind->definition == Definition::model   ? model
+                                                                     : description)
+                              .value_or(QString()));
+        options_[static_cast<std::size_t>(kind->definition)]->setChecked(true);
+        Option_Click(kind->definition);
+    }
+    DisplayEdit();
+}
+
+void FormPredefinedTasks::takeAsShown() {
+    currentName_ = ComboTPName->currentText();
+    saveCheckSum();
+    SetButtons(Editing::idle);
+}
+
+void FormPredefinedTasks::ComboTPName_Click() {
+    if (isLoading())
+        return;
+    if (mayDiscard({1093, box::question, 610})) {
+        LoadPackage(ComboTPName->currentText());
+        return;
+    }
+    const Loading loading(*this);
+    ComboTPName->setCurrentIndex(ComboTPName->findText(currentName_));
+}
+
+void FormPredefinedTasks::CommandAddTP_Click() {
+    ComboTPName->setEnabled(false);
+    ClearAll();
+    for (auto* one : {CommandAddTP, CommandRemoveTP, CommandAdd, CommandRemove, CommandSave, CommandCancel})
+        one->setEnabled(false);
+    std::optional<QString> name;
+    // The name that this command has from the screen of the strategies.
+    Routine guard(session_, u"FormStrategies,CommandAdd"_s);
+    guard.run([&] { name = askNewName(session_, guard, *widget(), newPackage); });
+    if (name) {
+        showNew(*name);
+        return;
+    }
+    ComboTPName->setEnabled(true);
+    LoadPackage(ComboTPName->currentText());
+    SetButtons(Editing::idle);
+    CommandAddTP->setFocus();
+}
+
+void FormPredefinedTasks::showNew(const QString& name) {
+    {
+        const Loading loading(*this);
+        ComboTPName->addItem(name);
+        ComboTPName->setCurrentIndex(ComboTPName->findText(name));
+    }
+    SetButtons(Editing::newPackage);
+    DisplayEdit();
+    currentName_ = name;
+    TextNotes->setFocus();
+}
+
+int FormPredefinedTasks::faultOfInstrument(const QString& asset) {
+    const auto listed = rowsOf(*ListAssets);
+    const bool twice = std::ranges::any_of(
+        listed, [wanted = upperCased(asset)](const QString& row) { return upperCased(row) == wanted; });
+    if (twice)
+        return 378;
+    if (ModuleGlobals::CheckAsset(session_, asset).isEmpty())
+        return 195;
+    return ModuleGlobals::HasConfigData(session_, asset) ? 0 : 259;
+}
+
+void FormPredefinedTasks::CommandAdd_Click() {
+    routine(u"CommandAdd", [this](Routine&) {
+        const auto asset = TextListEnter->text();
+        if (asset.isEmpty())
+            return;
+        if (const int fault = faultOfInstrument(asset)) {
+            session_.ui.messageBox(text(fault), text(610), box::warning);
+        } else {
+            ListAssets->addItem(asset);
+            enableSaving();
+        }
+        TextListEnter->clear();
+        TextListEnter->setFocus();
+    });
+}
+
+void FormPredefinedTasks::CommandRemove_Click() {
+    const int row = selectedRow(*ListAssets);
+    if (row < 0)
+        return;
+    delete ListAssets->takeItem(row);
+    // The next row is not selected by itself, or a second click would take it too.
+    ListAssets->setCurrentRow(-1);
+    enableSaving();
+}
+
+bool FormPredefinedTasks::refuse(int message, QWidget* entry) {
+    session_.ui.messageBox(text(message), text(610), box::warning);
+    entry->setFocus();
+    return false;
+}
+
+bool FormPredefinedTasks::VerifyEntries() {
+    bool good = false;
+    routine(u"VerifyEntries", [&](Routine&) {
+        const auto shown = package();
+        if (shown.definition == Definition::assetList)
+            good = !shown.assets.isEmpty() || refuse(195, TextListEnter);
+        else if (shown.definition == Definition::sql)
+            good = !shown.value.isEmpty() || refuse(1408, TextSQL);
+        else
+            good = !shown.value.isEmpty() || refuse(1008, ComboSelectList);
+    });
+    return good;
+}
+
+void FormPredefinedTasks::removeRows(Routine& guard) {
+    for (const auto& statement : packageDeletes(ComboTPName->currentText()))
+        guard.execute(statement);
+}
+
+void FormPredefinedTasks::CommandSave_Click() {
+    if (!VerifyEntries())
+        return;
+    routine(u"CommandSave", [this](Routine& guard) {
+        ModuleGlobals::ClearSystemTables(session_);
+        const BusyPointer busy(session_.ui);
+        const auto saved = package();
+        removeRows(guard);
+        const auto tptag = ModuleGlobals::RandomString(session_, tagLength);
+        guard.execute(packageInsert(session_, saved, tptag));
+        for (const auto& asset : saved.assets)
+            guard.execute(assetInsert(session_, tptag, asset));
+        saveCheckSum();
+        SetButtons(Editing::idle);
+    });
+}
+
+void FormPredefinedTasks::CommandRemoveTP_Click() {
+    if (ComboTPName->currentText().isEmpty())
+        return;
+    // Unsaved changes replace the question about deletion.
+    if (!confirms(isChanged() ? Question{167, box::warningYesNo, 101} : Question{1409, box::question, 610}))
+        return;
+    routine(u"CommandRemoveTP", [this](Routine& guard) {
+        {
+            const BusyPointer busy(session_.ui);
+            removeRows(guard);
+        }
+        LoadTasks();
+    });
+}
+
+void FormPredefinedTasks::CommandCancel_Click() {
+    if (isChanged() && confirms({1093, box::question, 610}))
+        LoadPackage(ComboTPName->currentText());
+}
+
+} // namespace kelvane

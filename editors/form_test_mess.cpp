@@ -1,0 +1,217 @@
+#include "editors/form_test_mess.h"
+
+#include "data/routine.h"
+#include "data/small_routines.h"
+#include "editors/column_values.h"
+#include "editors/new_name.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+#include "ui/text_box.h"
+
+#include <QGridLayout>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using kelvane::ModuleGlobals::SQLSafe;
+
+namespace kelvane {
+
+namespace {
+
+constexpr NewName newMessage{.title = 1374,
+                             .prompt = 1379,
+                             .taken = 1380,
+                             .maxLength = 0,
+                             .recordOf = u"select pname from mt.hvm_kv_prompts where pname = '"};
+
+} // namespace
+
+FormTestMess::FormTestMess(Session& session, FindCalParam findCalParam)
+    : EditorWindow(session, ChildForm::FormTestMess, u"FormTestMess"_s, {.width = 4800, .height = 5580}),
+      findCalParam_(std::move(findCalParam)),
+      ComboMessageName(dropDown(u"ComboMessageName"_s, text(1370), 1371)),
+      TextMessage(named(new TextBox, u"TextMessage"_s, text(1383), 1372)),
+      CommandCreate(button(u"CommandCreate"_s, 1374, 1375)),
+      CommandSave(button(u"CommandSave"_s, 1090, 1373)),
+      CommandDelete(button(u"CommandDelete"_s, 1376, 1377)),
+      CommandCancel(button(u"CommandCancel"_s, 1003, 1378)) {
+    setWindowTitle(text(116));
+    layOut();
+    connectCommands();
+    setDefaultButton(CommandSave);
+    setCancelButton(CommandCancel);
+    // Whatever the database says, nothing is there to be saved or cancelled yet.
+    SetButtons();
+    CommandCancel->setEnabled(false);
+    LoadPrompts({});
+    setFirstFocus(ComboMessageName->count() > 0 ? static_cast<QWidget*>(ComboMessageName) : CommandCreate);
+}
+
+void FormTestMess::layOut() {
+    keepWidth(ComboMessageName);
+    auto* buttons = new QGridLayout;
+    buttons->addWidget(CommandCreate, 0, 0);
+    buttons->addWidget(CommandDelete, 0, 1);
+    buttons->addWidget(CommandSave, 1, 0);
+    buttons->addWidget(CommandCancel, 1, 1);
+
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(12, 10, 12, 12);
+    column->addWidget(labelFor(ComboMessageName, u"Label1"_s, 1370));
+    column->addWidget(ComboMessageName);
+    column->addWidget(TextMessage, 1);
+    column->addLayout(buttons);
+    setBody(body);
+    kelvane::setTabOrder(
+        {ComboMessageName, TextMessage, CommandCreate, CommandDelete, CommandSave, CommandCancel});
+}
+
+void FormTestMess::connectCommands() {
+    onClick(CommandCreate, &FormTestMess::CommandCreate_Click);
+    onClick(CommandSave, &FormTestMess::CommandSave_Click);
+    onClick(CommandDelete, &FormTestMess::CommandDelete_Click);
+    onClick(CommandCancel, &FormTestMess::CommandCancel_Click);
+    onSignal(ComboMessageName, &QComboBox::activated, this, session_.ui,
+             [this] { run([this] { ComboMessageName_Click(); }); });
+    onSignal(TextMessage, &TextBox::textChanged, this, session_.ui,
+             [this] { CommandCancel->setEnabled(true); });
+    onSignal(TextMessage, &TextBox::entered, this, session_.ui, [this] {
+        // Asked once the click or key that brought the focus has been dealt with; what is typed from now on
+        // is no unsaved text that was left behind.
+        if (!isLoading() && isChanged())
+            QTimer::singleShot(0, this, [this] { run([this] { TextMessage_GotFocus(); }); });
+    });
+}
+
+void FormTestMess::onClick(QPushButton* button, void (FormTestMess::*command)()) {
+    onSignal(button, &QPushButton::clicked, this, session_.ui,
+             [this, command] { run([this, command] { (this->*command)(); }); });
+}
+
+double FormTestMess::Form_CheckSum() {
+    double sum = 0;
+    Routine routine(session_, u"FormTestMess,Form_CheckSum"_s);
+    routine.run([&] { sum = ModuleGlobals::CheckSum(session_, currentName_ + TextMessage->text()); });
+    return sum;
+}
+
+bool FormTestMess::LoadPrompts(const QString& name) {
+    // Everything is read before anything is shown: half of it would be saved as if it were all.
+    Routine routine(session_, u"FormTestMess,LoadPrompts"_s);
+    return routine.run([&] {
+        const auto names = columnValues(routine, u"select pname from mt.hvm_kv_prompts"_s);
+        const auto shown = names.contains(name) ? name : names.value(0);
+        QString prompt;
+        if (!shown.isEmpty())
+            prompt = routine
+                         .selectValue(u"select prompt from mt.hvm_kv_prompts where pname = '"_s +
+                                      SQLSafe(shown) + u'\'')
+                         .value_or(QString());
+        fill(names, shown, prompt);
+    });
+}
+
+void FormTestMess::fill(const QStringList& names, const QString& shown, const QString& prompt) {
+    const Loading loading(*this);
+    ComboMessageName->clear();
+    ComboMessageName->addItems(names);
+    ComboMessageName->setCurrentIndex(static_cast<int>(names.indexOf(shown)));
+    TextMessage->setText(prompt);
+    SetButtons();
+    CommandCancel->setEnabled(false);
+    currentName_ = ComboMessageName->currentText();
+    saveCheckSum();
+}
+
+void FormTestMess::SetButtons() {
+    const bool rows = ComboMessageName->count() > 0;
+    CommandSave->setEnabled(rows);
+    CommandDelete->setEnabled(rows);
+    if (!rows)
+        CommandCancel->setEnabled(false);
+}
+
+void FormTestMess::ComboMessageName_Click() {
+    if (isLoading())
+        return;
+    if (!mayDiscard(closeQuestion()) || !LoadPrompts(ComboMessageName->currentText())) {
+        const Loading loading(*this);
+        ComboMessageName->setCurrentIndex(ComboMessageName->findText(currentName_));
+    }
+}
+
+void FormTestMess::TextMessage_GotFocus() {
+    if (isChanged() && confirms(closeQuestion()))
+        LoadPrompts(ComboMessageName->currentText());
+}
+
+void FormTestMess::CommandCreate_Click() {
+    if (!mayDiscard(closeQuestion()))
+        return;
+    Routine routine(session_, u"FormTestMess,CommandCreate"_s);
+    routine.run([&] {
+        const auto name = askNewName(session_, routine, *widget(), newMessage);
+        if (!name)
+            return;
+        routine.execute(u"insert into mt.hvm_kv_prompts (pname) values ('"_s + SQLSafe(*name) +
+                        u"');commit"_s);
+        showNew(*name);
+    });
+}
+
+void FormTestMess::showNew(const QString& name) {
+    {
+        const Loading loading(*this);
+        ComboMessageName->addItem(name);
+        ComboMessageName->setCurrentIndex(ComboMessageName->count() - 1);
+        currentName_ = name;
+        TextMessage->setText({});
+        saveCheckSum();
+        SetButtons();
+        TextMessage->setFocus();
+    }
+    if (auto* calParam = findCalParam_())
+        calParam->addMessage(name);
+}
+
+void FormTestMess::CommandSave_Click() {
+    Routine routine(session_, u"FormTestMess,CommandSave"_s);
+    routine.run([&] {
+        const BusyPointer busy(session_.ui);
+        const auto prompt = TextMessage->text();
+        // The name goes in as it stands.
+        routine.execute(u"update mt.hvm_kv_prompts set prompt = "_s +
+                        (prompt.isEmpty() ? u"NULL"_s : u'\'' + SQLSafe(prompt) + u'\'') +
+                        u" where pname = '"_s + ComboMessageName->currentText() + u"';commit"_s);
+        saveCheckSum();
+        CommandCancel->setEnabled(false);
+    });
+}
+
+bool FormTestMess::mayDelete() {
+    return isChanged() ? confirms(closeQuestion()) : confirms({1381, box::question, 116});
+}
+
+void FormTestMess::CommandDelete_Click() {
+    if (!mayDelete())
+        return;
+    Routine routine(session_, u"FormTestMess,CommandDelete"_s);
+    routine.run([&] {
+        const auto name = SQLSafe(ComboMessageName->currentText());
+        if (routine.hasRow(u"select mtag from mt.hvm_kv_proc_prompts where pname = '"_s + name + u'\'') &&
+            !confirms({1382, box::warningYesNo, 116}))
+            return;
+        routine.execute(u"delete from mt.hvm_kv_proc_prompts where pname = '"_s + name +
+                        u"';delete from mt.hvm_kv_prompts where pname = '"_s + name + u"';commit"_s);
+        LoadPrompts({});
+    });
+}
+
+void FormTestMess::CommandCancel_Click() {
+    if (isChanged() && confirms({1093, box::question, 116}))
+        LoadPrompts(ComboMessageName->currentText());
+}
+
+} // namespace kelvane

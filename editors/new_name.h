@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/routine.h"
+
+class QWidget;
+
+namespace kelvane {
+
+/// What the one-field dialog asks about the name of a new record.
+struct NewName {
+    /// Ids of the dialog's title, its prompt, and the warning that the name is in use.
+    int title;
+    int prompt;
+    int taken;
+    /// Greatest length, 0 for no limit.
+    qint16 maxLength;
+    /// The query for a record of that name, up to the name itself.
+    QStringView recordOf;
+};
+
+/// Asks until the name is free; nothing when the dialog is cancelled. The screen's own controls are out of
+/// reach meanwhile.
+std::optional<QString> askNewName(Session& session, Routine& routine, QWidget& screen, const NewName& wanted);
+
+} // namespace kelvane

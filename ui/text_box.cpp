@@ -1,0 +1,38 @@
+#include "ui/text_box.h"
+
+#include <QFocusEvent>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+TextBox::TextBox() {
+    setTabChangesFocus(true);
+}
+
+QString TextBox::text() const {
+    // The plain text of the document would turn a blank that does not break into a common one.
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u"\r\n"_s);
+}
+
+void TextBox::setText(const QString& text) {
+    if (text != this->text())
+        setPlainText(text);
+}
+
+void TextBox::setLines(int lines) {
+    // With one pixel less than a line to spare, the scroll bar would already come for the last line.
+    const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    setFixedHeight(lines * fontMetrics().lineSpacing() + around + lines);
+}
+
+void TextBox::focusInEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusInEvent(event);
+    const auto reason = event->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+        reason != Qt::MenuBarFocusReason)
+        Q_EMIT entered();
+}
+
+} // namespace kelvane
