@@ -1,6 +1,6 @@
 #include "simulators/torquestar/faults.h"
 
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/line.h"
 #include "simulators/torquestar/messages.h"
 

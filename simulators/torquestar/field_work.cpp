@@ -1,6 +1,6 @@
 #include "simulators/torquestar/field_work.h"
 
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/messages.h"
 #include "simulators/torquestar/pitfalls.h"
 

@@ -1,7 +1,7 @@
 #include "simulators/torquestar/messages.h"
 
+#include "simulators/common/text_bytes.h"
 #include "simulators/torquestar/line.h"
-#include "simulators/torquestar/text_bytes.h"
 #include "simulators/torquestar/validation.h"
 
 #include <algorithm>

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QDateTime>
-#include <QString>
+#include "simulators/common/plan_parts.h"
 
 #include <optional>
 #include <vector>
@@ -19,13 +18,6 @@ struct Errand {
 
 /// What a plan file looks like, for the help.
 QString planHelp();
-
-/// A list of numbers with commas between. Throws `Failure` naming `what` when it is none.
-std::vector<double> numbersOf(const QString& text, const QString& what);
-/// One deviation for all nominals or one for each; none is 0 for all. Throws `Failure` on any other count.
-std::vector<double> deviationsFor(const std::vector<double>& nominals, std::vector<double> deviations);
-/// "2026-11-21 09:30:00", seconds may be missing. Throws `Failure`.
-QDateTime momentOf(const QString& text);
 
 /// The errands of a plan file's text. Throws `Failure` with the number of the line that is wrong.
 std::vector<Errand> errandsOf(const QString& plan);

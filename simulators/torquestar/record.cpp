@@ -1,6 +1,6 @@
 #include "simulators/torquestar/record.h"
 
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 
 #include <algorithm>
 

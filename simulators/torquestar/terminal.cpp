@@ -1,6 +1,6 @@
 #include "simulators/torquestar/terminal.h"
 
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 
 #include <QFile>
 

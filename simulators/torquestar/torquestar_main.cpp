@@ -1,5 +1,5 @@
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/conversation.h"
-#include "simulators/torquestar/failure.h"
 #include "simulators/torquestar/pitfalls.h"
 #include "simulators/torquestar/terminal.h"
 

@@ -1,4 +1,4 @@
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/faults.h"
 #include "tests/simulators/message_bytes.h"
 #include "tests/simulators/peer.h"

@@ -1,4 +1,4 @@
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/field_work.h"
 #include "simulators/torquestar/listing.h"
 #include "simulators/torquestar/messages.h"

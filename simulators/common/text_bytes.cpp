@@ -1,4 +1,4 @@
-#include "simulators/torquestar/text_bytes.h"
+#include "simulators/common/text_bytes.h"
 
 #include <QList>
 

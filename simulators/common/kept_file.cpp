@@ -1,6 +1,6 @@
-#include "simulators/torquestar/memory_file.h"
+#include "simulators/common/kept_file.h"
 
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 
 #include <QFile>
 
@@ -51,48 +51,43 @@ class Hold {
 
 } // namespace
 
-MemoryFile::MemoryFile(QString path) : path_(std::move(path)) {}
+KeptFile::KeptFile(QString path) : path_(std::move(path)) {}
 
-void MemoryFile::use(const std::function<bool(Memory&)>& work) {
-    const Hold hold(path_ + u".lock"_s);
-    readWhenChanged();
-    if (work(memory_))
-        write();
+void KeptFile::hold(const std::function<void()>& work) const {
+    const Hold held(path_ + u".lock"_s);
+    work();
 }
 
-MemoryFile::Version MemoryFile::version() const {
+KeptFile::Version KeptFile::version() const {
     struct stat state {};
     if (::stat(QFile::encodeName(path_), &state) != 0)
         return {};
     return {state.st_dev, state.st_ino, state.st_size, state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
 }
 
-void MemoryFile::readWhenChanged() {
-    const Version now = version();
-    if (everRead_ && now == read_)
-        return;
-    QFile file(path_);
-    if (!file.exists()) {
-        memory_ = {};
-    } else {
-        if (!file.open(QIODevice::ReadOnly))
-            throw Failure(u"The memory %1 can't be read: %2"_s.arg(path_, file.errorString()));
-        try {
-            memory_ = memoryFrom(file.readAll());
-        } catch (const Failure& failure) {
-            throw Failure(u"%1 is not a calibrator's memory, or is damaged: %2"_s.arg(path_, failure.text()));
-        }
-    }
-    read_ = now;
-    everRead_ = true;
+bool KeptFile::changed() const {
+    return known_ != version();
 }
 
-void MemoryFile::write() {
+std::optional<QByteArray> KeptFile::read() {
+    known_.reset();
+    const Version now = version();
+    QFile file(path_);
+    std::optional<QByteArray> content;
+    if (file.exists()) {
+        if (!file.open(QIODevice::ReadOnly))
+            throw Failure(u"The memory %1 can't be read: %2"_s.arg(path_, file.errorString()));
+        content = file.readAll();
+    }
+    known_ = now;
+    return content;
+}
+
+void KeptFile::replace(const QByteArray& content) {
     const QString draft = path_ + u".new"_s;
     QFile file(draft);
-    const QByteArray text = textOf(memory_);
     const bool written =
-        file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size();
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(content) == content.size();
     file.close();
     if (!written || file.error() != QFileDevice::NoError) {
         const QString why = file.errorString();
@@ -104,7 +99,7 @@ void MemoryFile::write() {
         file.remove();
         throw Failure(u"The memory %1 can't be replaced: %2"_s.arg(path_, why));
     }
-    read_ = version();
+    known_ = version();
 }
 
 } // namespace kelvane::simulators

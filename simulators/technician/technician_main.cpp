@@ -1,11 +1,10 @@
-#include "simulators/torquestar/failure.h"
+#include "simulators/common/failure.h"
 #include "simulators/torquestar/field_work.h"
 #include "simulators/torquestar/listing.h"
 #include "simulators/torquestar/memory_file.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
 
 #include <algorithm>
 #include <cstdio>
@@ -72,13 +71,6 @@ FieldWork workFrom(const QCommandLineParser& parser) {
     return work;
 }
 
-std::vector<Errand> plannedErrands(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Failure(u"The plan %1 can't be read: %2"_s.arg(path, file.errorString()));
-    return errandsOf(QString::fromUtf8(file.readAll()));
-}
-
 /// The same errand for each characteristic: points of one range.
 std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory& memory) {
     if (!parser.isSet(u"points"_s) || !parser.isSet(u"high"_s))
@@ -89,7 +81,7 @@ std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory
     for (const double percent : numbersOf(parser.value(u"points"_s), u"--points"_s))
         common.nominals.push_back(low + (high - low) * percent / 100);
     common.deviations =
-        deviationsFor(common.nominals, numbersOf(parser.value(u"deviation"_s), u"--deviation"_s));
+        deviationsFor(common.nominals.size(), numbersOf(parser.value(u"deviation"_s), u"--deviation"_s));
     common.comment = parser.value(u"comment"_s);
     std::vector<Errand> errands;
     for (const Characteristic& characteristic : memory.characteristics) {
@@ -118,7 +110,7 @@ QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
         if (parser.isSet(u"plan"_s) && parser.isSet(name))
             throw Failure(u"--%1 and --plan say the same thing twice."_s.arg(name));
     std::vector<Errand> errands =
-        parser.isSet(u"plan"_s) ? plannedErrands(parser.value(u"plan"_s)) : commonErrands(parser, memory);
+        parser.isSet(u"plan"_s) ? errandsOf(planAt(parser.value(u"plan"_s))) : commonErrands(parser, memory);
     narrow(errands, parser.values(u"only"_s));
     if (errands.empty())
         throw Failure(u"There is nothing to carry out."_s);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QStringList>
+
+#include <vector>
+
+namespace kelvane::simulators::fluke702 {
+
+/// The calls that the library heard, as lines of text: `DPCopen(9600, "COM1", 1000, 5) = 0`, each with what
+/// went in and its status. Without a path it keeps nothing.
+class CallRecord {
+  public:
+    /// Throws `Failure` when the file can't be appended to.
+    void open(const QString& path);
+
+    template <class... Values>
+    void add(const char* operation, qint16 status, const Values&... values) {
+        if (file_.isOpen())
+            write(operation, QStringList{shown(values)...}, status);
+    }
+
+  private:
+    static QString shown(const char* text);
+    static QString shown(float number);
+    static QString shown(qint32 number) { return QString::number(number); }
+    static QString shown(const std::vector<float>& numbers);
+
+    void write(const char* operation, const QStringList& values, qint16 status);
+
+    QFile file_;
+};
+
+} // namespace kelvane::simulators::fluke702
