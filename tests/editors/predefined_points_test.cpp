@@ -1,0 +1,50 @@
+#include "editors/predefined_points.h"
+
+#include "tests/support/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+TEST(PredefinedPoints, AreTheseFourteenRowsInThisOrder) {
+    const struct {
+        QString row;
+        QStringList points;
+    } table[] = {
+        {u" "_s, {}},
+        {u"1 Point (100%)"_s, {u"100.00"_s}},
+        {u"1 Point (0%)"_s, {u"0.00"_s}},
+        {u"2 Points Up (0-100%)"_s, {u"0.00"_s, u"100.00"_s}},
+        {u"2 Points Down (100-0%)"_s, {u"100.00"_s, u"0.00"_s}},
+        {u"3 Points Up (0-50-100%)"_s, {u"0.00"_s, u"50.00"_s, u"100.00"_s}},
+        {u"3 Points Down (100-50-0%)"_s, {u"100.00"_s, u"50.00"_s, u"0.00"_s}},
+        {u"3 Points Up/Down (0-50-100-50-0%)"_s, {u"0.00"_s, u"50.00"_s, u"100.00"_s, u"50.00"_s, u"0.00"_s}},
+        {u"5 Points Up (0-25-50-75-100%)"_s, {u"0.00"_s, u"25"_s, u"50.00"_s, u"75"_s, u"100.00"_s}},
+        {u"5 Points Down (100-75-50-25-0%)"_s, {u"100.00"_s, u"75"_s, u"50.00"_s, u"25"_s, u"0.00"_s}},
+        {u"5 Points Up/Down (0-25-50...50-25-0%)"_s,
+         {u"0.00"_s, u"25"_s, u"50.00"_s, u"75"_s, u"100.00"_s, u"75"_s, u"50.00"_s, u"25"_s, u"0.00"_s}},
+        {u"11 Points Up (0-10-20-30-40-50-60...100%)"_s,
+         {u"0.00"_s, u"10.00"_s, u"20.00"_s, u"30.00"_s, u"40.00"_s, u"50.00"_s, u"60.00"_s, u"70.00"_s,
+          u"80.00"_s, u"90.00"_s, u"100.00"_s}},
+        {u"11 Points Down (100-90-80-70-60...0%)"_s,
+         {u"100.00"_s, u"90.00"_s, u"80.00"_s, u"70.00"_s, u"60.00"_s, u"50.00"_s, u"40.00"_s, u"30.00"_s,
+          u"20.00"_s, u"10.00"_s, u"0.00"_s}},
+        {u"11 Points Up/Down (0-10-20-30...20-10-0%)"_s,
+         {u"0.00"_s,  u"10.00"_s, u"20.00"_s, u"30.00"_s,  u"40.00"_s, u"50.00"_s, u"60.00"_s,
+          u"70.00"_s, u"80.00"_s, u"90.00"_s, u"100.00"_s, u"90.00"_s, u"80.00"_s, u"70.00"_s,
+          u"60.00"_s, u"50.00"_s, u"40.00"_s, u"30.00"_s,  u"20.00"_s, u"10.00"_s, u"0.00"_s}},
+    };
+    QStringList rows;
+    for (const auto& one : table) {
+        rows << one.row;
+        EXPECT_EQ(predefinedPoints(one.row), one.points) << one.row.toStdString();
+    }
+    EXPECT_EQ(predefinedRows(), rows);
+}
+
+TEST(PredefinedPoints, OfATextThatIsNoRowAreNone) {
+    for (const auto& text : {u""_s, u"  "_s, u"1 point (100%)"_s, u"1 Point (100%) "_s, u"6 Points"_s})
+        EXPECT_EQ(predefinedPoints(text), QStringList()) << text.toStdString();
+}
+
+} // namespace kelvane
