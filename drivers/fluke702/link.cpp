@@ -126,11 +126,14 @@ bool Contact::open() {
 bool Contact::identify() {
     qint32 unused1 = 0;
     qint32 unused2 = 0;
-    if (!done(link_.DPCget70x(driver_.Calibrator702Model, driver_.Calibrator702Serial,
-                              driver_.Calibrator702Text, driver_.Calibrator702Number, unused1, unused2)))
-        return false;
+    const auto status =
+        link_.DPCget70x(driver_.Calibrator702Model, driver_.Calibrator702Serial, driver_.Calibrator702Text,
+                        driver_.Calibrator702Number, unused1, unused2);
+    // A warning ends this contact in success: the caller then uses the serial number.
     for (auto* one : {&driver_.Calibrator702Model, &driver_.Calibrator702Serial, &driver_.Calibrator702Text})
         *one = ModuleGlobals::CleanDLLString(*one);
+    if (!done(status))
+        return false;
     driver_.Calibrator702Asset = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);
     ui_.setNormalPointer();
     ui_.setBusyPointer();

@@ -216,4 +216,10 @@ TEST_F(FlukeDownloadStatus, AWarningBeforeTheCalibratorIsKnownRegistersTheInstru
     EXPECT_EQ(registered(), QStringList());
 }
 
+TEST_F(FlukeDownloadStatus, AWarningWithTheSerialNumberRegistersTheInstrumentsUnderIt) {
+    expectNotice({}, u"Turning off loop power (DPCWARN_BAD_LOOP)"_s);
+    EXPECT_EQ(downloadWith({u"DPCget70x"_s}, 100), QString());
+    EXPECT_EQ(registered(), bothRegistered);
+}
+
 } // namespace kelvane::testing

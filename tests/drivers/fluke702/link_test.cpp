@@ -160,6 +160,17 @@ TEST_F(Contact702, KeepsWhatTheCalibratorSaysWithItsTextsCleaned) {
     EXPECT_EQ(driver.Calibrator702Asset, u"F-702"_s);
 }
 
+TEST_F(Contact702, CleansTheTextsThatComeWithAWarningToo) {
+    link.answer(u"DPCget70x"_s, 105, 1);
+    ui.expectBox(u": Turning off source and loop power (DPCWARN_BAD_OUTPUT_LOOP)"_s, boxTitle,
+                 box::information);
+    EXPECT_EQ(contact(download), QString());
+    EXPECT_EQ(driver.Calibrator702Model, u"702"_s);
+    EXPECT_EQ(driver.Calibrator702Serial, u"6841207"_s);
+    EXPECT_EQ(driver.Calibrator702Text, u"V1.0"_s);
+    EXPECT_EQ(script.statements, QStringList()) << "its asset is not looked up";
+}
+
 TEST_F(Contact702, TakesATextWithoutAZeroAsTheWholeBuffer) {
     link.serial = u"0123456789ABC"_s;
     script.answers.insert(selectAsset(u"0123456789"_s), {{u"F-9"_s}});
