@@ -1,11 +1,8 @@
 #include "drivers/fluke_combinations.h"
 
 #include "data/unit_class.h"
-#include "resources/strings.h"
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
@@ -20,10 +17,6 @@ bool FlukeCombination::isThatOf(const CalParamRecord& instrument) const {
 bool flukeCannotCombine(const CalParamRecord& instrument) {
     return std::any_of(std::begin(flukeCombinations), std::end(flukeCombinations),
                        [&](const FlukeCombination& one) { return one.isThatOf(instrument); });
-}
-
-void tellFlukeNote(Session& session, const QString& asset, int message) {
-    session.ui.messageBox(asset + u": "_s + text(message), text(105), box::information);
 }
 
 } // namespace kelvane

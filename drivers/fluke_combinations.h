@@ -23,7 +23,4 @@ inline constexpr FlukeCombination flukeCombinations[] = {
 /// True when the calibrator can measure the instrument's output, but not while it sources its input.
 bool flukeCannotCombine(const CalParamRecord& instrument);
 
-/// Tells the operator a note on an instrument, by the message's id, while the download list is made.
-void tellFlukeNote(Session& session, const QString& asset, int message);
-
 } // namespace kelvane

@@ -16,8 +16,4 @@ std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint
     return text(found->message) + u" ("_s + found->name.toString() + u')';
 }
 
-void showLinkStatus(UserInterface& ui, const QString& name, const QString& words) {
-    ui.messageBox(name + u": "_s + words, text(105), box::information);
-}
-
 } // namespace kelvane

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/user_interface.h"
-
 #include <QString>
 
 #include <optional>
@@ -19,8 +17,5 @@ struct LinkStatus {
 /// The message and the name in parentheses, such as "Insufficient Memory (DPCERR_MEMORY_SIZE)"; nothing for a
 /// code that is not in the table.
 std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint16 code);
-
-/// Shows the words of a status, behind the name of what it concerns, which may be empty.
-void showLinkStatus(UserInterface& ui, const QString& name, const QString& words);
 
 } // namespace kelvane

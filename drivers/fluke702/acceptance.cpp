@@ -1,5 +1,6 @@
 #include "data/cal_params.h"
 #include "data/routine.h"
+#include "drivers/download_note.h"
 #include "drivers/fluke702/fluke702.h"
 #include "drivers/fluke_combinations.h"
 #include "drivers/fluke_limits.h"
@@ -78,7 +79,7 @@ QString Fluke702_acceptable(Fluke702& driver, const QString& asset) {
             return;
         }
         if (!isKnown(instrument.output_type))
-            tellFlukeNote(session, asset, readByHand);
+            tellDownloadNote(session.ui, asset, text(readByHand));
         auto refusal = flukeCannotMeasure(limits, instrument);
         if (!refusal)
             refusal = flukeCannotSource(limits, instrument);
@@ -90,7 +91,7 @@ QString Fluke702_acceptable(Fluke702& driver, const QString& asset) {
             result = text(cannotOutput);
         for (const auto& combination : flukeCombinations) {
             if (combination.isThatOf(instrument))
-                tellFlukeNote(session, asset, readByHand);
+                tellDownloadNote(session.ui, asset, text(readByHand));
         }
     });
     return result;

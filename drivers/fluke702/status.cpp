@@ -1,3 +1,4 @@
+#include "drivers/download_note.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/link_status.h"
 #include "resources/strings.h"
@@ -54,7 +55,7 @@ QString DPCStatusText(Session& session, qint16 code, const QString& name) {
     const auto words = linkStatusText(statuses, code).value_or(text(textUnknown));
     if (code >= firstTold)
         return words;
-    showLinkStatus(session.ui, name, words);
+    tellDownloadNote(session.ui, name, words);
     return {};
 }
 

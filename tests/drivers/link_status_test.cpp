@@ -20,12 +20,4 @@ TEST(LinkStatuses, AreAMessageAndANameInParentheses) {
     EXPECT_EQ(linkStatusText({}, 0), std::nullopt);
 }
 
-TEST(LinkStatuses, AreShownBehindTheNameOfWhatTheyConcern) {
-    ScriptedUserInterface ui;
-    ui.expectBox(u"PT-1: words"_s, u"Download Procedures To Calibrator"_s, box::information);
-    showLinkStatus(ui, u"PT-1"_s, u"words"_s);
-    ui.expectBox(u": "_s, u"Download Procedures To Calibrator"_s, box::information);
-    showLinkStatus(ui, {}, {});
-}
-
 } // namespace kelvane::testing

@@ -1,0 +1,18 @@
+#include "drivers/download_note.h"
+
+#include "tests/support/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+TEST(DownloadNotes, StandBehindTheAssetThatTheyConcern) {
+    ScriptedUserInterface ui;
+    ui.expectBox(u"PT-1: words"_s, u"Download Procedures To Calibrator"_s, box::information);
+    tellDownloadNote(ui, u"PT-1"_s, u"words"_s);
+    ui.expectBox(u": "_s, u"Download Procedures To Calibrator"_s, box::information);
+    tellDownloadNote(ui, {}, {});
+    EXPECT_TRUE(ui.allCame());
+}
+
+} // namespace kelvane::testing
