@@ -69,7 +69,7 @@ QString download(Fluke702& driver, const QString& task) {
             return rule.failure();
     }
 
-    const auto failure = Communicate702(driver, 1);
+    const auto failure = Communicate702(driver, modeDownload);
     if (failure.isEmpty()) {
         ModuleGlobals::ClearInUse(session, driver.Calibrator702Serial);
         for (int i = 0; i < count; ++i)

@@ -27,8 +27,8 @@ class Dpclnk {
     virtual QString missing() = 0;
 
     // The link.
-    /// `port` is a name such as "COM1". The last two are constants of the library: 1000 and 5.
-    virtual Status DPCopen(qint32 baudRate, const QString& port, qint32 timing, quint8 tries) = 0;
+    /// `port` is a name such as "COM1". What the constants 1000 and 5 mean is the library's own.
+    virtual Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) = 0;
     virtual Status DPCclose() = 0;
     /// Texts of 16, 10 and 40.
     virtual Status DPCget70x(QString& model, QString& serial, QString& text, qint32& number, qint32& unused1,

@@ -65,8 +65,9 @@ QString DpclnkLibrary::missing() {
     return library_->library.missing();
 }
 
-Dpclnk::Status DpclnkLibrary::DPCopen(qint32 baudRate, const QString& port, qint32 timing, quint8 tries) {
-    return library_->DPCopen(baudRate, TextIn(port), timing, tries);
+Dpclnk::Status DpclnkLibrary::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
+                                      quint8 constant5) {
+    return library_->DPCopen(baudRate, TextIn(port), constant1000, constant5);
 }
 
 Dpclnk::Status DpclnkLibrary::DPCclose() {

@@ -19,7 +19,7 @@ class DpclnkLibrary final : public Dpclnk {
 
     QString missing() override;
 
-    Status DPCopen(qint32 baudRate, const QString& port, qint32 timing, quint8 tries) override;
+    Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) override;
     Status DPCclose() override;
     Status DPCget70x(QString& model, QString& serial, QString& text, qint32& number, qint32& unused1,
                      qint32& unused2) override;

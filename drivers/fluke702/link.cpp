@@ -16,14 +16,8 @@ namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr qint16 downloading = 1;
-
 constexpr qint32 usualBaudRate = 9600;
 const QString usualPort = u"COM1"_s;
-/// What the library wants to be opened with.
-constexpr qint32 openTiming = 1000;
-constexpr quint8 openTries = 5;
-
 constexpr int full = 100;
 
 /// What a direction of transfer calls and shows.
@@ -57,7 +51,7 @@ class Contact {
           ui_(session_.ui),
           link_(driver.link),
           mode_(mode),
-          direction_(mode == downloading ? download : upload),
+          direction_(mode == modeDownload ? download : upload),
           result_(result) {}
 
     void carryOut();
@@ -115,7 +109,7 @@ bool Contact::open() {
         ui_.setNormalPointer();
         return false;
     }
-    if (!done(link_.DPCopen(baudRate, port, openTiming, openTries))) {
+    if (!done(link_.DPCopen(baudRate, port, 1000, 5))) {
         link_.DPCclose();
         ui_.setNormalPointer();
         return false;
@@ -174,7 +168,7 @@ bool Contact::close() {
 void Contact::judgeUnknownCalibrator() {
     if (!driver_.Calibrator702Asset.isEmpty())
         return;
-    if (mode_ == downloading)
+    if (mode_ == modeDownload)
         ui_.messageBox(text(423), text(direction_.title), box::warning);
     else
         result_ = text(423);

@@ -4,10 +4,15 @@
 
 namespace kelvane::Module702Interface {
 
-/// Opens the link, identifies the calibrator, moves the whole image (`mode` 1: to the calibrator, 2: from it)
-/// and closes the link, with the progress window. Empty on success (a warning in mid-transfer ends it early
-/// and counts as success), else the words of the failure. An upload from a calibrator that the database
-/// doesn't know is a failure.
+/// The modes of a contact.
+inline constexpr qint16 modeDownload = 1;
+inline constexpr qint16 modeUpload = 2;
+
+/// Opens the link, identifies the calibrator, moves the whole image and closes the link, with the progress
+/// window. Empty on success, else the words of the failure. A warning at any call ends it there, is shown and
+/// counts as success, so the image may then be incomplete. An upload from a calibrator that the database
+/// doesn't know is a failure. The hourglass may stay behind a failure or a
+/// warning: the caller sets the normal pointer.
 QString Communicate702(Fluke702& driver, qint16 mode);
 
 /// The words for a status. Below 2001 they are shown in a box, with `name` (an asset number or nothing)

@@ -17,7 +17,6 @@ namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr qint16 modeUpload = 2;
 constexpr Dpclnk::Status noTagSaved = 2026;
 
 constexpr qint16 firstRun = 1;

@@ -75,9 +75,9 @@ QString RecordedLink::missing() {
     return whyMissing;
 }
 
-RecordedLink::Status RecordedLink::DPCopen(qint32 baudRate, const QString& port, qint32 timing,
-                                           quint8 tries) {
-    return record("DPCopen", baudRate, port, timing, tries);
+RecordedLink::Status RecordedLink::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
+                                           quint8 constant5) {
+    return record("DPCopen", baudRate, port, constant1000, constant5);
 }
 
 RecordedLink::Status RecordedLink::DPCclose() {

@@ -64,7 +64,7 @@ class RecordedLink final : public Dpclnk {
     std::function<QString(const QString& text, const QString& buffer)> writeText;
 
     QString missing() override;
-    Status DPCopen(qint32 baudRate, const QString& port, qint32 timing, quint8 tries) override;
+    Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) override;
     Status DPCclose() override;
     Status DPCget70x(QString& modelOut, QString& serialOut, QString& textOut, qint32& number, qint32& unused1,
                      qint32& unused2) override;

@@ -78,8 +78,8 @@ OPERATION void behave(int manners) {
     memory.manners = manners;
 }
 
-OPERATION int16_t DPCopen(int32_t baudRate, const char* port, int32_t timing, uint8_t tries) {
-    return tell("DPCopen", baudRate, port, timing, int(tries));
+OPERATION int16_t DPCopen(int32_t baudRate, const char* port, int32_t constant1000, uint8_t constant5) {
+    return tell("DPCopen", baudRate, port, constant1000, int(constant5));
 }
 
 OPERATION int16_t DPCclose() {
