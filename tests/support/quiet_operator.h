@@ -6,7 +6,7 @@ namespace kelvane::testing {
 
 /// An operator who answers at once and shows nothing: the first choice, the proposed text, or a number. What
 /// goes wrong he keeps, since a figure taken from work that failed is none.
-class QuietOperator final : public UserInterface {
+class QuietOperator : public UserInterface {
   public:
     BoxAnswer messageBox(const QString& text, const QString&, BoxStyle style) override {
         if (style.icon != BoxIcon::information)

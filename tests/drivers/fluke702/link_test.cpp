@@ -18,15 +18,11 @@ namespace {
 constexpr qint16 download = 1;
 constexpr qint16 upload = 2;
 
+const QString downloadTitle = u"Download Task Package to Fluke 702"_s;
 const QString boxTitle = u"Download Procedures To Calibrator"_s;
 const QString notInDatabase =
     u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s;
 const QString routineName = u"Module702Interface,Communicate702"_s;
-
-QString titleOf(qint16 mode) {
-    return mode == download ? u"Download Task Package to Fluke 702"_s
-                            : u"Upload Task Package from Fluke 702"_s;
-}
 
 } // namespace
 
@@ -58,74 +54,48 @@ class Contact702 : public RecordedSession {
     Fluke702 driver{session, link};
 };
 
-TEST_F(Contact702, ForADownloadGoesThroughItsStepsInOrder) {
-    EXPECT_EQ(contact(download), QString());
-    EXPECT_EQ(ui.events, (QStringList{
-                             u"progress Download Task Package to Fluke 702"_s,
-                             u"events"_s,
-                             u"busy"_s,
-                             u"text Opening Communications to 702..."_s,
-                             u"events"_s,
-                             u"DPCclose()"_s,
-                             u"DPCopen(9600, \"COM1\", 1000, 5)"_s,
-                             u"DPCget70x()"_s,
-                             u"normal"_s,
-                             u"busy"_s,
-                             u"DPCdnlStart()"_s,
-                             u"normal"_s,
-                             u"text Downloading..."_s,
-                             u"events"_s,
-                             u"value 25"_s,
-                             u"busy"_s,
-                             u"DPCdnlStep(2)"_s,
-                             u"value 50"_s,
-                             u"events"_s,
-                             u"DPCdnlStep(1)"_s,
-                             u"value 75"_s,
-                             u"events"_s,
-                             u"value 100"_s,
-                             u"text Closing Communications to 702..."_s,
-                             u"DPCclose()"_s,
-                             u"value 100"_s,
-                             u"normal"_s,
-                             u"hide"_s,
-                             u"events"_s,
-                         }));
-}
-
-TEST_F(Contact702, ForAnUploadGoesThroughItsStepsInOrder) {
-    EXPECT_EQ(contact(upload), QString());
-    EXPECT_EQ(ui.events, (QStringList{
-                             u"progress Upload Task Package from Fluke 702"_s,
-                             u"events"_s,
-                             u"busy"_s,
-                             u"text Opening Communications to 702..."_s,
-                             u"events"_s,
-                             u"DPCclose()"_s,
-                             u"DPCopen(9600, \"COM1\", 1000, 5)"_s,
-                             u"DPCget70x()"_s,
-                             u"normal"_s,
-                             u"busy"_s,
-                             u"DPCuplStart()"_s,
-                             u"normal"_s,
-                             u"text Uploading..."_s,
-                             u"events"_s,
-                             u"value 25"_s,
-                             u"busy"_s,
-                             u"DPCuplStep(2)"_s,
-                             u"value 50"_s,
-                             u"events"_s,
-                             u"DPCuplStep(1)"_s,
-                             u"value 75"_s,
-                             u"events"_s,
-                             u"value 100"_s,
-                             u"text Closing Communications to 702..."_s,
-                             u"DPCclose()"_s,
-                             u"value 100"_s,
-                             u"normal"_s,
-                             u"hide"_s,
-                             u"events"_s,
-                         }));
+TEST_F(Contact702, GoesThroughItsStepsInOrder) {
+    const struct {
+        qint16 mode;
+        QString title, operation, label;
+    } rows[] = {
+        {download, downloadTitle, u"DPCdnl"_s, u"Downloading..."_s},
+        {upload, u"Upload Task Package from Fluke 702"_s, u"DPCupl"_s, u"Uploading..."_s},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(contact(row.mode), QString());
+        EXPECT_EQ(ui.events, (QStringList{
+                                 u"progress "_s + row.title,
+                                 u"events"_s,
+                                 u"busy"_s,
+                                 u"text Opening Communications to 702..."_s,
+                                 u"events"_s,
+                                 u"DPCclose()"_s,
+                                 u"DPCopen(9600, \"COM1\", 1000, 5)"_s,
+                                 u"DPCget70x()"_s,
+                                 u"normal"_s,
+                                 u"busy"_s,
+                                 row.operation + u"Start()"_s,
+                                 u"normal"_s,
+                                 u"text "_s + row.label,
+                                 u"events"_s,
+                                 u"value 25"_s,
+                                 u"busy"_s,
+                                 row.operation + u"Step(2)"_s,
+                                 u"value 50"_s,
+                                 u"events"_s,
+                                 row.operation + u"Step(1)"_s,
+                                 u"value 75"_s,
+                                 u"events"_s,
+                                 u"value 100"_s,
+                                 u"text Closing Communications to 702..."_s,
+                                 u"DPCclose()"_s,
+                                 u"value 100"_s,
+                                 u"normal"_s,
+                                 u"hide"_s,
+                                 u"events"_s,
+                             }));
+    }
 }
 
 TEST_F(Contact702, OnlyLooksUpTheCalibratorsAsset) {
@@ -436,7 +406,7 @@ TEST_F(Contact702, AFailureSaysNothingOfACalibratorThatTheDatabaseDoesNotKnow) {
 TEST_F(Contact702, ACalibratorUnknownToTheDatabaseIsToldAfterADownloadWhichStillSucceeds) {
     script.answers.clear();
     driver.Calibrator702Asset = u"of an earlier one"_s;
-    ui.expectBox(notInDatabase, titleOf(download), box::warning);
+    ui.expectBox(notInDatabase, downloadTitle, box::warning);
     EXPECT_EQ(contact(download), QString());
     EXPECT_EQ(driver.Calibrator702Asset, QString());
     EXPECT_EQ(ui.events.mid(ui.events.size() - 6),
@@ -456,7 +426,7 @@ TEST_F(Contact702, ACalibratorUnknownToTheDatabaseMakesAnUploadFailAfterTheTrans
 TEST_F(Contact702, ACalibratorThatCannotBeLookedUpCountsAsUnknown) {
     script.failures.insert(selectAsset(link.serial), {-131, u"Syntax error"_s, u"42000"_s});
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
-    ui.expectBox(notInDatabase, titleOf(download), box::warning);
+    ui.expectBox(notInDatabase, downloadTitle, box::warning);
     EXPECT_EQ(contact(download), QString());
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
     EXPECT_EQ(contact(upload), notInDatabase);
