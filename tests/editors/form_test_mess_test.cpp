@@ -1,0 +1,652 @@
+#include "editors/form_test_mess.h"
+
+#include "tests/editors/message_screen.h"
+#include "ui/form_custom_dialog.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMessageBox>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+using FormTestMessTest = MessageScreen;
+
+const QString deletion = u"Are you sure you want to delete the selected test message?"_s;
+const QString inUse = u"This test message is configured for use by one or more instruments. Are you sure you "
+                      "want to delete this test message?"_s;
+
+QString selectUse(const QString& name) {
+    return u"select mtag from mt.hvm_kv_proc_prompts where pname = '"_s + name + u'\'';
+}
+
+QString deleteMessage(const QString& name) {
+    return u"delete from mt.hvm_kv_proc_prompts where pname = '"_s + name +
+           u"';delete from mt.hvm_kv_prompts where pname = '"_s + name + u"';commit"_s;
+}
+
+QString selectTaken(const QString& name) {
+    return u"select pname from mt.hvm_kv_prompts where pname = '"_s + name + u'\'';
+}
+
+QString insertMessage(const QString& name) {
+    return u"insert into mt.hvm_kv_prompts (pname) values ('"_s + name + u"');commit"_s;
+}
+
+const Error noTable{208, u"no such table"_s};
+
+} // namespace
+
+TEST_F(FormTestMessTest, HasItsSizePlaceTextsAndFocus) {
+    open();
+    EXPECT_EQ(form().geometry(), QRect(7, 5, 320, 372));
+    EXPECT_EQ(form().windowTitle(), messagesTitle);
+    const struct {
+        QString name;
+        QString text;
+        QString toolTip;
+    } texts[] = {
+        {u"Label1"_s, u"Test Messages"_s, {}},
+        {u"ComboMessageName"_s, {}, u"Select a test message from this list"_s},
+        {u"TextMessage"_s, {}, u"Message that will be displayed to the operator"_s},
+        {u"CommandSave"_s, u"Save"_s, u"Save this test message"_s},
+        {u"CommandCreate"_s, u"Add Test Message"_s, u"Create a new test message"_s},
+        {u"CommandDelete"_s, u"Remove Message"_s, u"Delete this test message"_s},
+        {u"CommandCancel"_s, u"Cancel"_s, u"Discard changes made to this test message"_s},
+    };
+    for (const auto& one : texts) {
+        auto& shown = control<QWidget>(form(), one.name);
+        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    }
+    EXPECT_TRUE(names().hasFocus());
+    EXPECT_TRUE(session.openFlag(ChildForm::FormTestMess));
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(FormTestMessTest, OpensOnTheFirstMessageInTheOrderOfTheDatabase) {
+    choose(u"mnuPrompts"_s);
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
+    EXPECT_EQ(rows(), (QStringList{u"PERMIT"_s, u"LABEL"_s}));
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+    EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
+}
+
+TEST_F(FormTestMessTest, WithoutMessagesOnlyANewOneCanBeMade) {
+    setMessages({});
+    choose(u"mnuPrompts"_s);
+    EXPECT_EQ(script.statements, QStringList{selectNames});
+    EXPECT_EQ(enabled(), QStringList{u"Create"_s});
+    EXPECT_TRUE(button(u"CommandCreate"_s).hasFocus());
+    EXPECT_TRUE(message().text().isEmpty());
+}
+
+TEST_F(FormTestMessTest, ChoosingAMessageShowsItsTextAndNullAsNone) {
+    open();
+    pick(names(), u"LABEL"_s);
+    EXPECT_EQ(script.statements.last(), selectPrompt(u"LABEL"_s));
+    EXPECT_TRUE(message().text().isEmpty());
+    EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
+    pick(names(), u"PERMIT"_s);
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+}
+
+TEST_F(FormTestMessTest, AChangedTextLightsCancel) {
+    open();
+    type(u"x"_s);
+    EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s, u"Cancel"_s}));
+    EXPECT_TRUE(script.statements.isEmpty());
+}
+
+TEST_F(FormTestMessTest, ChoosingWithUnsavedTextAsksAndNoStays) {
+    open();
+    type(u" Now."_s);
+    expectDiscard(BoxAnswer::no);
+    QTest::keyClick(&names(), Qt::Key_Down);
+    person.waitUntilAllCame();
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+    EXPECT_EQ(message().text(), u"Get a permit. Now."_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+
+    expectDiscard(BoxAnswer::yes);
+    QTest::keyClick(&names(), Qt::Key_Down);
+    person.waitUntilAllCame();
+    EXPECT_EQ(names().currentText(), u"LABEL"_s);
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"LABEL"_s)}));
+    EXPECT_TRUE(message().text().isEmpty());
+}
+
+TEST_F(FormTestMessTest, LettersInAnotherOrderAreNoChange) {
+    setMessages({{u"M"_s, u"ab"_s}, {u"N"_s, {}}});
+    open();
+    message().selectAll();
+    QTest::keyClicks(&message(), u"ba"_s);
+    pick(names(), u"N"_s);
+    EXPECT_EQ(names().currentText(), u"N"_s);
+}
+
+// Coming back into the text.
+
+TEST_F(FormTestMessTest, ComingBackToUnsavedTextAsksEachTimeAndNoLeavesIt) {
+    open();
+    type(u" Now."_s);
+    for (int time = 0; time < 2; ++time) {
+        names().setFocus();
+        expectDiscard(BoxAnswer::no);
+        enterMessage();
+        EXPECT_EQ(message().text(), u"Get a permit. Now."_s);
+        EXPECT_TRUE(message().hasFocus());
+    }
+    EXPECT_TRUE(script.statements.isEmpty());
+    // Typing on is no coming back.
+    type(u" At once."_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(message().text(), u"Get a permit. Now. At once."_s);
+}
+
+TEST_F(FormTestMessTest, ComingBackToUnsavedTextAndYesReloadsTheMessage) {
+    open();
+    type(u" Now."_s);
+    names().setFocus();
+    expectDiscard(BoxAnswer::yes);
+    enterMessage();
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+    EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
+}
+
+TEST_F(FormTestMessTest, ComingBackByTabAsksToo) {
+    open();
+    type(u"x"_s);
+    QTest::keyClick(&message(), Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(names().hasFocus());
+    expectDiscard(BoxAnswer::no);
+    QTest::keyClick(&names(), Qt::Key_Tab);
+    person.waitUntilAllCame();
+    EXPECT_TRUE(message().hasFocus());
+}
+
+TEST_F(FormTestMessTest, NothingIsAskedOnTheWayIntoSavedText) {
+    open();
+    enterMessage();
+    type(u"x"_s);
+    click(u"CommandSave"_s);
+    enterMessage();
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+}
+
+TEST_F(FormTestMessTest, ABoxOrAnotherProgramInBetweenIsNoComingBack) {
+    open();
+    type(u"x"_s);
+    // The close question gives the focus back to the text, without a word.
+    expectDiscard(BoxAnswer::no);
+    form().close();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(message().hasFocus());
+    QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QFocusEvent popup(QEvent::FocusIn, Qt::PopupFocusReason);
+    for (auto* event : {&left, &back, &left, &popup})
+        QApplication::sendEvent(&message(), event);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(person.allCame());
+}
+
+TEST_F(FormTestMessTest, ComingBackFromAnotherWindowAsksToo) {
+    open();
+    type(u"x"_s);
+    choose(u"mnuPrompts"_s);
+    QCoreApplication::processEvents();
+    choose(u"mnuConfiguration"_s);
+    EXPECT_FALSE(message().hasFocus());
+    expectDiscard(BoxAnswer::no);
+    choose(u"mnuPrompts"_s);
+    person.waitUntilAllCame();
+    EXPECT_TRUE(message().hasFocus());
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+}
+
+TEST_F(FormTestMessTest, WhileTheQuestionIsOpenNothingElseIsAsked) {
+    open();
+    type(u"x"_s);
+    names().setFocus();
+    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, [this](QMessageBox& shown) {
+        form().close();
+        names().setFocus();
+        message().setFocus();
+        button(u"CommandCancel"_s).click();
+        button(u"CommandDelete"_s).click();
+        QCoreApplication::processEvents();
+        EXPECT_NE(findChild(u"FormTestMess"_s), nullptr);
+        QTest::keyClick(&shown, Qt::Key_Escape);
+    });
+    enterMessage();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(person.allCame());
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+}
+
+// New messages.
+
+TEST_F(FormTestMessTest, ANewMessageIsInTheDatabaseBeforeItsTextIs) {
+    open();
+    expectName(u"O'Brien"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(script.statements, (QStringList{selectTaken(u"O''Brien"_s), insertMessage(u"O''Brien"_s)}));
+    EXPECT_EQ(rows(), (QStringList{u"PERMIT"_s, u"LABEL"_s, u"O'Brien"_s}));
+    EXPECT_EQ(names().currentText(), u"O'Brien"_s);
+    EXPECT_TRUE(message().text().isEmpty());
+    EXPECT_TRUE(message().hasFocus());
+    QCoreApplication::processEvents();
+    form().close();
+    EXPECT_EQ(findChild(u"FormTestMess"_s), nullptr);
+}
+
+TEST_F(FormTestMessTest, TheFirstMessageOfAllMakesSavingPossible) {
+    setMessages({});
+    open();
+    expectName(u"FIRST"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
+    type(u"Text"_s);
+    click(u"CommandSave"_s);
+    EXPECT_EQ(script.statements.last(), updatePrompt(u"'Text'"_s, u"FIRST"_s));
+}
+
+TEST_F(FormTestMessTest, TheNameOfANewMessageHasNoLimitInSpiteOfThePrompt) {
+    open();
+    const auto name = u"N"_s.repeated(31);
+    person.expectDialog(u"Add Test Message"_s,
+                        u"Enter a name for the new test message: (30 characters max)"_s,
+                        [&](FormCustomDialog& dialog) {
+                            EXPECT_GT(control<QLineEdit>(dialog, u"TextCustomDialog"_s).maxLength(), 1000000);
+                            answerDialog(dialog, name);
+                        });
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(names().currentText(), name);
+}
+
+TEST_F(FormTestMessTest, ANameThatIsTakenIsToldAndAskedAgain) {
+    open();
+    script.answers.insert(selectTaken(u"LABEL"_s), {Row{u"LABEL"_s}});
+    expectName(u"LABEL"_s);
+    person.expectBox(u"Test Message already exists!"_s, u"Add Test Message"_s, box::warning);
+    expectName(u"LABEL 2"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(script.statements,
+              (QStringList{selectTaken(u"LABEL"_s), selectTaken(u"LABEL 2"_s), insertMessage(u"LABEL 2"_s)}));
+}
+
+TEST_F(FormTestMessTest, ACancelledNameChangesNothing) {
+    open();
+    cancelDialog();
+    click(u"CommandCreate"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+    EXPECT_EQ(rows().size(), 2);
+    EXPECT_TRUE(button(u"CommandCreate"_s).hasFocus());
+    EXPECT_TRUE(message().isEnabled());
+}
+
+TEST_F(FormTestMessTest, CreatingWithUnsavedTextAsksFirst) {
+    open();
+    type(u"x"_s);
+    expectDiscard(BoxAnswer::no);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+    expectDiscard(BoxAnswer::yes);
+    cancelDialog();
+    click(u"CommandCreate"_s);
+    // Nothing was put in its place: the text is still there.
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+    expectDiscard(BoxAnswer::yes);
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_TRUE(message().text().isEmpty());
+}
+
+TEST_F(FormTestMessTest, WhileTheNameIsAskedTheScreenIsOutOfReachAndStaysOpen) {
+    open();
+    person.expectDialog(u"Add Test Message"_s,
+                        u"Enter a name for the new test message: (30 characters max)"_s,
+                        [this](FormCustomDialog& dialog) {
+                            EXPECT_FALSE(message().isEnabled());
+                            EXPECT_FALSE(names().isEnabled());
+                            form().close();
+                            choose(u"mnuPrompts"_s);
+                            EXPECT_EQ(openChildren().count(u"FormTestMess"_s), 1);
+                            // The rest of the program stays reachable.
+                            choose(u"mnuConfiguration"_s);
+                            child(u"FormCalConfig"_s).close();
+                            answerDialog(dialog, u"NEW"_s);
+                        });
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(names().currentText(), u"NEW"_s);
+    EXPECT_TRUE(message().hasFocus());
+}
+
+TEST_F(FormTestMessTest, AFailureOfEitherStatementOfANewMessageLeavesTheScreen) {
+    open();
+    for (const auto& statement : {selectTaken(u"NEW"_s), insertMessage(u"NEW"_s)}) {
+        script.failures = {{statement, noTable}};
+        expectName(u"NEW"_s);
+        person.expectReport(208, u"FormTestMess,CommandCreate"_s);
+        click(u"CommandCreate"_s);
+        EXPECT_EQ(rows().size(), 2);
+        EXPECT_EQ(message().text(), u"Get a permit."_s);
+        EXPECT_FALSE(QApplication::overrideCursor());
+    }
+}
+
+/// The parameter editor, as far as the messages concern it.
+class OpenParameters final : public OpenCalParam {
+  public:
+    QString strategy() const override { return {}; }
+    void addStrategy(const QString&) override {}
+    void addMessage(const QString& name) override { added << name; }
+    QStringList added;
+};
+
+TEST_F(FormTestMessTest, TheOpenParameterEditorIsToldOfEachNewMessage) {
+    OpenParameters parameters;
+    bool isOpen = true;
+    auto* made = new FormTestMess(session, [&] { return isOpen ? &parameters : nullptr; });
+    made->showIn(program.window.area());
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
+    cancelDialog();
+    click(u"CommandCreate"_s);
+    isOpen = false;
+    expectName(u"NEXT"_s);
+    click(u"CommandCreate"_s);
+    isOpen = true;
+    script.failures.insert(insertMessage(u"THIRD"_s), noTable);
+    expectName(u"THIRD"_s);
+    person.expectReport(208, u"FormTestMess,CommandCreate"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
+    made->unload();
+}
+
+// Saving.
+
+TEST_F(FormTestMessTest, SavingStoresTheTextWithItsQuotesDoubled) {
+    open();
+    type(u" It's \"so\"; 100%"_s);
+    click(u"CommandSave"_s);
+    EXPECT_EQ(script.statements,
+              QStringList{updatePrompt(u"'Get a permit. It''s \"so\"; 100%'"_s, u"PERMIT"_s)});
+    EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
+    EXPECT_FALSE(QApplication::overrideCursor());
+    form().close();
+    EXPECT_EQ(findChild(u"FormTestMess"_s), nullptr);
+}
+
+TEST_F(FormTestMessTest, SavingAnEmptyTextStoresNull) {
+    open();
+    message().selectAll();
+    QTest::keyClick(&message(), Qt::Key_Delete);
+    click(u"CommandSave"_s);
+    EXPECT_EQ(script.statements, QStringList{updatePrompt(u"NULL"_s, u"PERMIT"_s)});
+}
+
+TEST_F(FormTestMessTest, LineBreaksAreCarriageReturnAndLineFeed) {
+    setMessages({{u"M"_s, u"one\r\ntwo"_s}});
+    open();
+    EXPECT_EQ(message().text(), u"one\r\ntwo"_s);
+    type({});
+    QTest::keyClick(&message(), Qt::Key_Return);
+    QTest::keyClicks(&message(), u"three"_s);
+    click(u"CommandSave"_s);
+    EXPECT_EQ(script.statements, QStringList{updatePrompt(u"'one\r\ntwo\r\nthree'"_s, u"M"_s)});
+}
+
+TEST_F(FormTestMessTest, AnyTextIsSavedAsItStands) {
+    for (const auto& text : {u"Проверка"_s, u"校正"_s, u"\U0001F527 µ Ω °C"_s, u"no\u00a0break"_s, u"a\tb"_s,
+                             u"''"_s, u"long "_s.repeated(210000)}) {
+        open();
+        message().setFocus(Qt::ActiveWindowFocusReason);
+        QGuiApplication::clipboard()->setText(text);
+        message().selectAll();
+        QTest::keyClick(&message(), Qt::Key_V, Qt::ControlModifier);
+        click(u"CommandSave"_s);
+        EXPECT_EQ(script.statements.last(),
+                  updatePrompt(u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\'', u"PERMIT"_s))
+            << text.left(20).toStdString();
+        form().close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(FormTestMessTest, ANameWithAQuotePassesAddAndDeleteAndFailsAtSave) {
+    setMessages({{u"O'Brien"_s, u"Text"_s}});
+    open();
+    EXPECT_EQ(message().text(), u"Text"_s);
+    type(u"x"_s);
+    script.failures.insert(updatePrompt(u"'Textx'"_s, u"O'Brien"_s), Error{1, u"near \"Brien\""_s});
+    person.expectReport(1, u"FormTestMess,CommandSave"_s);
+    click(u"CommandSave"_s);
+    EXPECT_EQ(message().text(), u"Textx"_s);
+    EXPECT_TRUE(button(u"CommandCancel"_s).isEnabled());
+    EXPECT_FALSE(QApplication::overrideCursor());
+
+    expectDiscard(BoxAnswer::yes);
+    click(u"CommandDelete"_s);
+    EXPECT_TRUE(script.statements.contains(deleteMessage(u"O''Brien"_s)));
+}
+
+TEST_F(FormTestMessTest, AfterALostConnectionTheTextIsStillThere) {
+    open();
+    type(u"x"_s);
+    script.lost = true;
+    person.expectReport(10054, u"FormTestMess,CommandSave"_s);
+    click(u"CommandSave"_s);
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+    // It is still unsaved.
+    expectDiscard(BoxAnswer::no);
+    form().close();
+    EXPECT_NE(findChild(u"FormTestMess"_s), nullptr);
+}
+
+// Deleting.
+
+TEST_F(FormTestMessTest, DeletingAsksAndShowsTheFirstMessage) {
+    open();
+    pick(names(), u"LABEL"_s);
+    script.statements.clear();
+    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::no);
+    click(u"CommandDelete"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+
+    person.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
+        setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
+        testing::click(*shown.buttons().first());
+    });
+    click(u"CommandDelete"_s);
+    EXPECT_EQ(script.statements, (QStringList{selectUse(u"LABEL"_s), deleteMessage(u"LABEL"_s), selectNames,
+                                              selectPrompt(u"PERMIT"_s)}));
+    EXPECT_EQ(rows(), QStringList{u"PERMIT"_s});
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+}
+
+TEST_F(FormTestMessTest, DeletingTheLastMessageDisablesAllButAdding) {
+    setMessages({{u"LABEL"_s, u"x"_s}});
+    open();
+    person.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
+        setMessages({});
+        testing::click(*shown.buttons().first());
+    });
+    click(u"CommandDelete"_s);
+    EXPECT_EQ(enabled(), QStringList{u"Create"_s});
+    EXPECT_TRUE(rows().isEmpty());
+    EXPECT_TRUE(message().text().isEmpty());
+}
+
+TEST_F(FormTestMessTest, UnsavedTextReplacesTheQuestionAboutDeletion) {
+    open();
+    type(u"x"_s);
+    expectDiscard(BoxAnswer::no);
+    click(u"CommandDelete"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+    expectDiscard(BoxAnswer::yes);
+    click(u"CommandDelete"_s);
+    EXPECT_EQ(script.statements.value(1), deleteMessage(u"PERMIT"_s));
+}
+
+TEST_F(FormTestMessTest, AMessageInUseIsDeletedAfterOneMoreQuestion) {
+    open();
+    script.answers.insert(selectUse(u"PERMIT"_s), {Row{u"17"_s}});
+    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+    person.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::no);
+    click(u"CommandDelete"_s);
+    EXPECT_EQ(script.statements, QStringList{selectUse(u"PERMIT"_s)});
+    EXPECT_TRUE(script.firstRowOnly.contains(selectUse(u"PERMIT"_s)));
+
+    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+    person.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::yes);
+    click(u"CommandDelete"_s);
+    EXPECT_EQ(script.statements.value(2), deleteMessage(u"PERMIT"_s));
+}
+
+TEST_F(FormTestMessTest, AFailureOfEitherStatementOfADeletionLeavesTheScreen) {
+    open();
+    for (const auto& statement : {selectUse(u"PERMIT"_s), deleteMessage(u"PERMIT"_s)}) {
+        script.failures = {{statement, noTable}};
+        person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+        person.expectReport(208, u"FormTestMess,CommandDelete"_s);
+        click(u"CommandDelete"_s);
+        EXPECT_EQ(rows().size(), 2);
+        EXPECT_EQ(message().text(), u"Get a permit."_s);
+    }
+}
+
+// Loading that fails.
+
+TEST_F(FormTestMessTest, AFailureWhileOpeningOpensAnEmptyScreen) {
+    script.failures.insert(selectNames, noTable);
+    person.expectReport(208, u"FormTestMess,LoadPrompts"_s);
+    open();
+    EXPECT_EQ(enabled(), QStringList{u"Create"_s});
+}
+
+TEST_F(FormTestMessTest, AFailureWhileChoosingStaysWithTheMessageThatIsShown) {
+    open();
+    for (const auto& statement : {selectNames, selectPrompt(u"LABEL"_s)}) {
+        script.failures = {{statement, noTable}};
+        person.expectReport(208, u"FormTestMess,LoadPrompts"_s);
+        QTest::keyClick(&names(), Qt::Key_Down);
+        person.waitUntilAllCame();
+        EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+        EXPECT_EQ(message().text(), u"Get a permit."_s);
+        EXPECT_EQ(rows().size(), 2);
+    }
+}
+
+TEST_F(FormTestMessTest, AMessageWithoutANameIsReported) {
+    script.answers.insert(selectNames, {Row{std::nullopt}});
+    person.expectReport(94, u"FormTestMess,LoadPrompts"_s);
+    open();
+    EXPECT_EQ(enabled(), QStringList{u"Create"_s});
+}
+
+TEST_F(FormTestMessTest, AMessageThatHasVanishedGivesWayToTheFirst) {
+    open();
+    pick(names(), u"LABEL"_s);
+    type(u"x"_s);
+    setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
+    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    click(u"CommandCancel"_s);
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+}
+
+// Cancelling and closing.
+
+TEST_F(FormTestMessTest, CancelAsksAndReloads) {
+    open();
+    type(u"x"_s);
+    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::no);
+    click(u"CommandCancel"_s);
+    EXPECT_EQ(message().text(), u"Get a permit.x"_s);
+    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    QTest::keyClick(&names(), Qt::Key_Escape);
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+    EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(person.allCame());
+}
+
+TEST_F(FormTestMessTest, CancelWithoutAChangeDoesNothing) {
+    open();
+    type(u"x"_s);
+    QTest::keyClick(&message(), Qt::Key_Backspace);
+    click(u"CommandCancel"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+}
+
+TEST_F(FormTestMessTest, CancellingANewMessageLeavesItWithoutAText) {
+    open();
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    type(u"Not yet"_s);
+    setMessages({{u"PERMIT"_s, {}}, {u"NEW"_s, {}}});
+    script.statements.clear();
+    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    click(u"CommandCancel"_s);
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"NEW"_s)}));
+    EXPECT_EQ(names().currentText(), u"NEW"_s);
+    EXPECT_TRUE(message().text().isEmpty());
+}
+
+TEST_F(FormTestMessTest, ReturnSavesOutsideTheTextAndBreaksTheLineInIt) {
+    open();
+    type(u"x"_s);
+    QTest::keyClick(&message(), Qt::Key_Return);
+    EXPECT_TRUE(script.statements.isEmpty());
+    EXPECT_EQ(message().text(), u"Get a permit.x\r\n"_s);
+    names().setFocus();
+    QTest::keyClick(&names(), Qt::Key_Return);
+    EXPECT_EQ(script.statements, QStringList{updatePrompt(u"'Get a permit.x\r\n'"_s, u"PERMIT"_s)});
+}
+
+TEST_F(FormTestMessTest, ClosingWithUnsavedTextAsksAndNoKeepsItOpen) {
+    open();
+    type(u"x"_s);
+    expectDiscard(BoxAnswer::no);
+    form().close();
+    EXPECT_TRUE(session.openFlag(ChildForm::FormTestMess));
+    expectDiscard(BoxAnswer::yes);
+    form().close();
+    EXPECT_FALSE(session.openFlag(ChildForm::FormTestMess));
+    EXPECT_TRUE(settings.writes.contains(u"Left/FormTestMess=105"_s));
+    EXPECT_TRUE(settings.writes.contains(u"Top/FormTestMess=75"_s));
+    EXPECT_TRUE(script.statements.isEmpty());
+}
+
+TEST_F(FormTestMessTest, ClosingWithoutAChangeAsksNothing) {
+    open();
+    form().close();
+    EXPECT_EQ(findChild(u"FormTestMess"_s), nullptr);
+}
+
+TEST_F(FormTestMessTest, TenThousandMessagesOpenAtOnce) {
+    QList<Message> many;
+    for (int i = 0; i < 10000; ++i)
+        many << Message{u"MESSAGE %1"_s.arg(i), {}};
+    setMessages(many);
+    open();
+    EXPECT_EQ(names().count(), 10000);
+    EXPECT_EQ(form().width(), 320);
+}
+
+} // namespace kelvane::testing

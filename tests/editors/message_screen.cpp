@@ -1,0 +1,90 @@
+#include "tests/editors/message_screen.h"
+
+#include "ui/form_custom_dialog.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString createTitle = u"Add Test Message"_s;
+const QString createPrompt = u"Enter a name for the new test message: (30 characters max)"_s;
+
+} // namespace
+
+MessageScreen::MessageScreen() {
+    startLoggedIn(4);
+    setMessages({{u"PERMIT"_s, u"Get a permit."_s}, {u"LABEL"_s, {}}});
+}
+
+void MessageScreen::setMessages(const QList<Message>& messages) {
+    QList<Row> found;
+    for (const auto& [name, prompt] : messages) {
+        found << Row{name};
+        script.answers.insert(selectPrompt(QString(name).replace(u'\'', u"''"_s)), {Row{prompt}});
+    }
+    script.answers.insert(selectNames, found);
+}
+
+QString MessageScreen::selectPrompt(const QString& name) {
+    return u"select prompt from mt.hvm_kv_prompts where pname = '"_s + name + u'\'';
+}
+
+QString MessageScreen::updatePrompt(const QString& value, const QString& name) {
+    return u"update mt.hvm_kv_prompts set prompt = "_s + value + u" where pname = '"_s + name + u"';commit"_s;
+}
+
+void MessageScreen::open() {
+    choose(u"mnuPrompts"_s);
+    script.statements.clear();
+}
+
+void MessageScreen::type(const QString& text) {
+    if (!message().hasFocus())
+        message().setFocus(Qt::ActiveWindowFocusReason);
+    QTest::keyClick(&message(), Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&message(), text);
+}
+
+void MessageScreen::enterMessage() {
+    QTest::mouseClick(message().viewport(), Qt::LeftButton);
+    EXPECT_TRUE(message().hasFocus());
+    QCoreApplication::processEvents();
+    person.waitUntilAllCame();
+}
+
+QStringList MessageScreen::rows() {
+    QStringList found;
+    for (int i = 0; i < names().count(); ++i)
+        found << names().itemText(i);
+    return found;
+}
+
+QStringList MessageScreen::enabled() {
+    QStringList found;
+    for (const auto& name : {u"CommandCreate"_s, u"CommandDelete"_s, u"CommandSave"_s, u"CommandCancel"_s}) {
+        if (button(name).isEnabled())
+            found << name.mid(7);
+    }
+    return found;
+}
+
+void MessageScreen::expectDiscard(BoxAnswer answer) {
+    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, answer);
+}
+
+void MessageScreen::expectName(const QString& name) {
+    person.expectDialog(createTitle, createPrompt, name);
+}
+
+void MessageScreen::cancelDialog() {
+    person.expectDialog(createTitle, createPrompt, [this](FormCustomDialog& dialog) {
+        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        dialog.close();
+    });
+}
+
+} // namespace kelvane::testing

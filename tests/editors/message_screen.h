@@ -1,0 +1,48 @@
+#pragma once
+
+#include "tests/support/program_fixture.h"
+#include "ui/text_box.h"
+
+#include <QComboBox>
+#include <QPushButton>
+
+namespace kelvane::testing {
+
+inline const QString messagesTitle = QStringLiteral("Create/Edit Test Messages");
+inline const QString discardSinceSave =
+    QStringLiteral("Are you sure you want to discard any changes made since last save?");
+inline const QString discardChanges = QStringLiteral("Are you sure you want to discard changes made?");
+inline const QString selectNames = QStringLiteral("select pname from mt.hvm_kv_prompts");
+
+/// The editor of test messages, on a workstation whose database has the messages "PERMIT" ("Get a permit.")
+/// and "LABEL" (without a text), until `setMessages` says otherwise.
+class MessageScreen : public ProgramTest {
+  protected:
+    MessageScreen();
+    using Message = std::pair<QString, std::optional<QString>>;
+    void setMessages(const QList<Message>& messages);
+    static QString selectPrompt(const QString& name);
+    static QString updatePrompt(const QString& value, const QString& name);
+
+    /// Opens the screen; its statements up to then are forgotten.
+    void open();
+    ChildWindow& form() { return child(QStringLiteral("FormTestMess")); }
+    QComboBox& names() { return control<QComboBox>(form(), QStringLiteral("ComboMessageName")); }
+    TextBox& message() { return control<TextBox>(form(), QStringLiteral("TextMessage")); }
+    QPushButton& button(const QString& name) { return control<QPushButton>(form(), name); }
+    void click(const QString& name) { testing::click(button(name)); }
+    /// Types at the end of the text; the focus is put there without a word.
+    void type(const QString& text);
+    /// Clicks into the text, and lets the question come that this may bring.
+    void enterMessage();
+    QStringList rows();
+    /// The names of the buttons that are enabled, in their order on the screen.
+    QStringList enabled();
+    /// A question about unsaved changes that is to come.
+    void expectDiscard(BoxAnswer answer);
+    /// The dialog of a new message, answered.
+    void expectName(const QString& name);
+    void cancelDialog();
+};
+
+} // namespace kelvane::testing

@@ -1,0 +1,82 @@
+#include "ui/text_box.h"
+
+#include "tests/support/fixtures.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+TEST(TextBoxTest, KeepsEveryCharacterAndEndsLinesInCarriageReturnAndLineFeed) {
+    const struct {
+        QString given;
+        QString kept;
+    } texts[] = {
+        {{}, {}},
+        {u"one line"_s, u"one line"_s},
+        {u"one\r\ntwo"_s, u"one\r\ntwo"_s},
+        {u"one\ntwo"_s, u"one\r\ntwo"_s},
+        {u"one\rtwo"_s, u"one\r\ntwo"_s},
+        {u"\r\n"_s, u"\r\n"_s},
+        {u"ends\r\n\r\n"_s, u"ends\r\n\r\n"_s},
+        {u"no\u00a0break \t tab "_s, u"no\u00a0break \t tab "_s},
+        {u"Ω 校正 \U0001F527"_s, u"Ω 校正 \U0001F527"_s},
+    };
+    for (const auto& one : texts) {
+        TextBox box;
+        box.setText(one.given);
+        EXPECT_EQ(box.text(), one.kept);
+    }
+}
+
+TEST(TextBoxTest, TheSameTextIsNoChange) {
+    TextBox box;
+    int changes = 0;
+    QObject::connect(&box, &TextBox::textChanged, &box, [&] { ++changes; });
+    box.setText({});
+    EXPECT_EQ(changes, 0);
+    box.setText(u"one\r\ntwo"_s);
+    box.setText(u"one\r\ntwo"_s);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(TextBoxTest, TheLinesThatItIsMadeForNeedNoScrollBar) {
+    for (const int lines : {1, 2, 5}) {
+        TextBox box;
+        box.setLines(lines);
+        box.resize(200, box.height());
+        box.setText(u"x\r\n"_s.repeated(lines - 1) + u'x');
+        box.show();
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(box.verticalScrollBar()->isVisible()) << lines;
+        box.setText(u"x\r\n"_s.repeated(lines) + u'x');
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(box.verticalScrollBar()->isVisible()) << lines;
+    }
+}
+
+TEST(TextBoxTest, IsEnteredFromAnotherControlOnly) {
+    TextBox box;
+    int entered = 0;
+    QObject::connect(&box, &TextBox::entered, &box, [&] { ++entered; });
+    const struct {
+        Qt::FocusReason reason;
+        int times;
+    } reasons[] = {
+        {Qt::MouseFocusReason, 1},        {Qt::TabFocusReason, 1},     {Qt::BacktabFocusReason, 1},
+        {Qt::ShortcutFocusReason, 1},     {Qt::OtherFocusReason, 1},   {Qt::PopupFocusReason, 0},
+        {Qt::ActiveWindowFocusReason, 0}, {Qt::MenuBarFocusReason, 0},
+    };
+    for (const auto& one : reasons) {
+        entered = 0;
+        QFocusEvent event(QEvent::FocusIn, one.reason);
+        QApplication::sendEvent(&box, &event);
+        EXPECT_EQ(entered, one.times) << one.reason;
+    }
+}
+
+} // namespace kelvane::testing
