@@ -1,3 +1,6 @@
+#include "simulators/fluke702/codes.h"
+#include "simulators/fluke702/faults.h"
+#include "simulators/fluke702/memory.h"
 #include "simulators/torquestar/memory_file.h"
 #include "tests/simulators/message_bytes.h"
 #include "tests/simulators/programs.h"
@@ -5,6 +8,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -14,17 +18,23 @@ namespace kelvane::simulators {
 
 namespace {
 
-/// The indented lines of the page.
-QStringList examples() {
-    QFile page(QStringLiteral(KELVANE_SIMULATORS_PAGE));
-    if (!page.open(QIODevice::ReadOnly))
-        return {};
+QString page() {
+    QFile file(QStringLiteral(KELVANE_SIMULATORS_PAGE));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The indented lines of one calibrator's chapter.
+QStringList examples(const QString& chapter) {
+    const QString text = page().section(u"\n## "_s + chapter + u'\n', 1).section(u"\n## "_s, 0, 0);
     QStringList lines;
-    for (const QString& line : QString::fromUtf8(page.readAll()).split(u'\n'))
+    for (const QString& line : text.split(u'\n'))
         if (line.startsWith(u"    "_s))
             lines += line.trimmed();
     return lines;
 }
+
+const QString torqueStar = u"The torque calibrator"_s;
+const QString fluke702Chapter = u"The Fluke 702"_s;
 
 /// Starts an example of the page in the workshop.
 std::unique_ptr<QProcess> startExample(const QString& example, const Workshop& workshop) {
@@ -38,7 +48,7 @@ std::unique_ptr<QProcess> startExample(const QString& example, const Workshop& w
 
 } // namespace
 
-TEST(SimulatorsPage, ItsTechnicianCommandsDoWhatTheySay) {
+TEST(SimulatorsPage, ItsTechnicianCommandsForTorqueDoWhatTheySay) {
     const Workshop workshop;
     ASSERT_TRUE(QDir(workshop.path(u"."_s)).mkpath(u"build/workstation"_s));
     MemoryFile(workshop.path(u"build/workstation/torquestar.json"_s)).use([](Memory& memory) {
@@ -49,7 +59,7 @@ TEST(SimulatorsPage, ItsTechnicianCommandsDoWhatTheySay) {
         }
         return true;
     });
-    const QStringList lines = examples();
+    const QStringList lines = examples(torqueStar);
     workshop.put(u"plan.txt"_s, lines.filter(u";"_s).join(u'\n').toUtf8());
     const QStringList commands = lines.filter(u"kelvane-technician"_s);
     EXPECT_EQ(commands.size(), 3);
@@ -65,7 +75,7 @@ TEST(SimulatorsPage, ItsTechnicianCommandsDoWhatTheySay) {
 
 TEST(SimulatorsPage, ItsCalibratorStarts) {
     const Workshop workshop;
-    const QStringList commands = examples().filter(u"kelvane-torquestar"_s);
+    const QStringList commands = examples(torqueStar).filter(u"kelvane-torquestar"_s);
     ASSERT_EQ(commands.size(), 1);
     const std::unique_ptr<QProcess> process = startExample(commands.constFirst(), workshop);
     ASSERT_TRUE(process->waitForReadyRead(20000));
@@ -74,10 +84,51 @@ TEST(SimulatorsPage, ItsCalibratorStarts) {
     EXPECT_EQ(outcomeOf(*process).code, 0);
 }
 
+TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke702DoWhatTheySay) {
+    const Workshop workshop;
+    ASSERT_TRUE(QDir(workshop.path(u"."_s)).mkpath(u"build/workstation"_s));
+    fluke702::MemoryFile file(workshop.path(u"build/workstation/fluke702.json"_s));
+    file.use([](fluke702::Memory& memory) {
+        memory.contents.strategies = {{u"5 POINT UP"_s, {0, 0.25F, 0.5F, 0.75F, 1}}};
+        memory.contents.states = {{}, {}};
+        memory.contents.tasks = {{u"PT-103"_s, {}, {}, 1, 1, false, u"PT-103"_s, u"V88103"_s},
+                                 {u"PT-104"_s, {}, {}, 1, 2, false, u"PT-104"_s, u"V88104"_s}};
+        return true;
+    });
+    const QStringList lines = examples(fluke702Chapter);
+    workshop.put(u"plan702.txt"_s, lines.filter(u"; "_s).join(u'\n').toUtf8());
+    const QStringList commands = lines.filter(u"kelvane-technician"_s);
+    EXPECT_EQ(commands.size(), 4);
+    for (const QString& command : commands) {
+        const std::unique_ptr<QProcess> process = startExample(command, workshop);
+        const Outcome outcome = outcomeOf(*process);
+        EXPECT_EQ(outcome.code, 0) << command.toStdString() << outcome.errors.toStdString();
+        EXPECT_TRUE(
+            outcome.output.contains(command.endsWith(u"erase"_s) ? u"5 results erased"_s : u"PT-104"_s))
+            << command.toStdString() << outcome.output.toStdString();
+    }
+}
+
+TEST(SimulatorsPage, ItsFaultsOfTheFluke702AreTaken) {
+    const QString example = examples(fluke702Chapter).filter(u"KELVANE_FLUKE702_FAULTS="_s).value(0);
+    fluke702::Faults faults(example.section(u'"', 1, 1));
+    for (const int status : {-1, -1, 2012, -1})
+        EXPECT_EQ(faults.take("MEMtemplate").value_or(-1), status);
+    EXPECT_EQ(faults.take("DPCdnlStep"), 100);
+}
+
+TEST(SimulatorsPage, NamesEachStatusOfTheFluke702) {
+    using namespace fluke702;
+    const QString chapter = page().section(u"\n## "_s + fluke702Chapter, 1);
+    for (const Code code :
+         {BadCombination, SourceOutOfRange, BadRange, NoRoom, BadArgument, UnknownId, PromptTooLong,
+          BadStrategy, NotOpen, NoAnswer, CantWrite, CantRead, OutOfStep, TooLong, StateInUse, NoTag})
+        EXPECT_TRUE(chapter.contains(QRegularExpression(u"\n\\|[ 0-9,]*\\b%1\\b[ 0-9,]*\\|"_s.arg(code))))
+            << code;
+}
+
 TEST(SimulatorsPage, NamesEachFault) {
-    QFile page(QStringLiteral(KELVANE_SIMULATORS_PAGE));
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QByteArray text = page.readAll();
+    const QByteArray text = page().toUtf8();
     const Outcome help = runProgram(u"kelvane-torquestar"_s, {u"--help"_s});
     const QString list = help.output.section(u"several may be given.\n"_s, 1).section(u"\n\n"_s, 0, 0);
     const QStringList faults = list.split(u'\n', Qt::SkipEmptyParts);

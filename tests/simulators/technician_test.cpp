@@ -101,15 +101,15 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
         QStringList arguments;
         const char* words;
     } cases[] = {
-        {{}, "The command is list or carry-out"},
-        {{u"dance"_s}, "The command is list or carry-out"},
-        {{u"list"_s, u"carry-out"_s}, "The command is list or carry-out"},
+        {{}, "The command is list, carry-out or erase"},
+        {{u"dance"_s}, "The command is list, carry-out or erase"},
+        {{u"list"_s, u"carry-out"_s}, "The command is list, carry-out or erase"},
         {{u"carry-out"_s}, "carry-out needs --points and --high, or --plan"},
         {{u"carry-out"_s, u"--points"_s, u"50"_s}, "carry-out needs --points and --high, or --plan"},
         {{u"carry-out"_s, u"--points"_s, u"5;0"_s, u"--high"_s, u"1"_s}, "--points: \"5;0\" is no number"},
         {{u"carry-out"_s, u"--points"_s, u"50"_s, u"--high"_s, u"x"_s}, "--high: \"x\" is no number"},
         {points_ + QStringList{u"--deviation"_s, u"1,2"_s}, "2 deviations for 3 readings"},
-        {points_ + QStringList{u"--only"_s, u"TW-7"_s}, "There is nothing to do for \"TW-7\""},
+        {points_ + QStringList{u"--only"_s, u"TW-7"_s}, "There is nothing to do for \"TW-7\"."},
         {points_ + QStringList{u"--date"_s, u"2026-13-01"_s}, "is no moment"},
         {points_ + QStringList{u"--time"_s, u"noon"_s}, "is no moment"},
         {points_ + QStringList{u"--interval"_s, u"-1"_s}, "--interval needs a whole number from 0"},
@@ -133,7 +133,29 @@ TEST_F(TechnicianProgram, HasNothingToDoOnAnEmptyCalibrator) {
     const Outcome outcome = technician(points_);
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"nothing to carry out"_s));
+    EXPECT_EQ(technician({u"erase"_s}).output, u"0 results erased\n"_s);
     EXPECT_FALSE(QFile::exists(workshop_.memory()));
+}
+
+TEST_F(TechnicianProgram, ErasesTheResultsAndKeepsTheWork) {
+    download({u"TW-1"_s, u"TW-2"_s});
+    EXPECT_EQ(technician(points_ + QStringList{u"--comment"_s, u"as found"_s}).code, 0);
+    EXPECT_EQ(technician({u"erase"_s}).output, u"18 results erased\n"_s);
+    const Memory memory = kept();
+    ASSERT_EQ(memory.characteristics.size(), 2U);
+    EXPECT_TRUE(memory.characteristics[0].results.empty());
+    EXPECT_EQ(memory.characteristics[0].comment, QString());
+}
+
+TEST_F(TechnicianProgram, RefusesWhatIsForAnotherCalibrator) {
+    download({u"TW-1"_s});
+    for (const QString& option : {u"--round"_s, u"--technician"_s, u"--module"_s, u"--shown"_s}) {
+        const Outcome outcome = technician(points_ + QStringList{option, u"1"_s});
+        EXPECT_EQ(outcome.code, 1);
+        EXPECT_TRUE(outcome.errors.contains(option + u" is for a Fluke 702"_s))
+            << outcome.errors.toStdString();
+    }
+    EXPECT_EQ(resultsOf(u"TW-1"_s), 0U);
 }
 
 TEST_F(TechnicianProgram, RefusesADamagedMemory) {

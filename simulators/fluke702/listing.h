@@ -1,0 +1,12 @@
+#pragma once
+
+#include "simulators/fluke702/memory.h"
+
+#include <QStringList>
+
+namespace kelvane::simulators::fluke702 {
+
+/// What the calibrator holds, for a person to read: each task with the prompts that it shows, and its runs.
+QStringList listing(const Memory& memory);
+
+} // namespace kelvane::simulators::fluke702

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "simulators/common/failure.h"
+
+#include <QCommandLineParser>
+#include <QDateTime>
+
+#include <vector>
+
+namespace kelvane::simulators {
+
+// What the command line says, whatever the calibrator. Everything throws `Failure` with what is wrong.
+
+/// A whole number from 0.
+int countOf(const QCommandLineParser& parser, const QString& name, int high);
+/// The moment of `--date` and `--time`; what isn't given is now.
+QDateTime momentFrom(const QCommandLineParser& parser);
+/// The seconds of `--interval`.
+int intervalFrom(const QCommandLineParser& parser);
+/// Refuses options that a plan says itself.
+void refuseBesidePlan(const QCommandLineParser& parser, const QStringList& names);
+
+/// Leaves the errands whose name is one of `--only`, cut to what the calibrator keeps of a name.
+template <class Errand>
+void narrow(std::vector<Errand>& errands, QString Errand::*name, QStringList only, qsizetype longest) {
+    for (QString& one : only)
+        one = one.left(longest);
+    QStringList missing = only;
+    for (const Errand& errand : errands)
+        missing.removeAll(errand.*name);
+    if (!missing.isEmpty())
+        throw Failure(QStringLiteral("There is nothing to do for \"%1\".").arg(missing.constFirst()));
+    if (!only.isEmpty())
+        std::erase_if(errands, [&](const Errand& errand) { return !only.contains(errand.*name); });
+    if (errands.empty())
+        throw Failure(QStringLiteral("There is nothing to carry out."));
+}
+
+} // namespace kelvane::simulators
