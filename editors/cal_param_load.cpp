@@ -213,10 +213,10 @@ constexpr Part parts[] = {
 
 } // namespace
 
-void fillList(QComboBox& list, const QStringList& rows) {
-    list.clear();
+void addRows(QComboBox& list, const QStringList& rows) {
+    const int selected = list.currentIndex();
     list.addItems(rows);
-    list.setCurrentIndex(-1);
+    list.setCurrentIndex(selected);
 }
 
 void showRecord(const CalParamRecord& record, const CalParamControls& controls) {

@@ -7,8 +7,8 @@
 
 namespace kelvane {
 
-/// Shows a list's new rows, with none of them selected.
-void fillList(QComboBox& list, const QStringList& rows);
+/// Adds rows to a list; what is selected stays so, be it nothing.
+void addRows(QComboBox& list, const QStringList& rows);
 
 /// Shows a record on the screen. A value that a list or a group of options does not offer leaves it as it is.
 void showRecord(const CalParamRecord& record, const CalParamControls& controls);

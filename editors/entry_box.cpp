@@ -12,10 +12,12 @@ QSize EntryBox::sizeHint() const {
 
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    // Coming back from its own menu, the box keeps what the user has selected.
-    if (event->reason() == Qt::PopupFocusReason)
+    const auto reason = event->reason();
+    // Coming back from a menu or from another program, the box keeps what the user has selected.
+    if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+        reason == Qt::ActiveWindowFocusReason)
         return;
-    entered_ = event->reason() == Qt::MouseFocusReason;
+    entered_ = reason == Qt::MouseFocusReason;
     selectValue();
 }
 

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -39,12 +40,20 @@ constexpr struct {
 constexpr int analogPage = 1;
 constexpr int digitalPage = 2;
 
-/// The first column of a query; error 94 when one of its values is null.
-QStringList firstColumn(Routine& routine, const QString& statement) {
+using kelvane::addRows;
+
+void addRows(QListWidget& list, const QStringList& rows) {
+    list.addItems(rows);
+}
+
+/// Adds the first column of a query to a list; error 94 when one of its values is null.
+template <class List>
+void addResult(List& list, Routine& routine, const QString& statement) {
     QStringList values;
+    // What was read before an error is shown all the same.
+    const auto show = qScopeGuard([&] { addRows(list, values); });
     for (const auto rows = routine.select(statement); rows->next();)
         values << notNull(rows->value(0));
-    return values;
 }
 
 } // namespace
@@ -99,9 +108,9 @@ void FormCalParam::showInstrument() {
 void FormCalParam::LoadControls() {
     Routine routine(session_, u"FormCalParam,LoadControls"_s);
     routine.run([&] {
-        fillList(*controls_.ComboTSName,
-                 firstColumn(routine,
-                             u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s));
+        controls_.ComboTSName->clear();
+        addResult(*controls_.ComboTSName, routine,
+                  u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s);
         const auto record = ModuleGlobals::GetCalParams(session_, instrument_);
         // An instrument without parameters starts from what the screen shows.
         if (!record.mtag.isEmpty())
@@ -115,11 +124,12 @@ void FormCalParam::LoadControls() {
 void FormCalParam::LoadPrompts() {
     Routine routine(session_, u"FormCalParam,LoadPrompts"_s);
     routine.run([&] {
-        for (const auto& [list, statement] : promptQueries(session_, controls_, instrument_)) {
-            const auto rows = firstColumn(routine, statement);
-            list->clear();
-            list->addItems(rows);
-        }
+        const auto queries = promptQueries(session_, controls_, instrument_);
+        // Whatever fails, no list shows the messages of the instrument before.
+        for (const auto& query : queries)
+            query.list->clear();
+        for (const auto& [list, statement] : queries)
+            addResult(*list, routine, statement);
     });
 }
 
@@ -162,9 +172,7 @@ QString FormCalParam::strategy() const {
 }
 
 void FormCalParam::addStrategy(const QString& name) {
-    const int chosen = controls_.ComboTSName->currentIndex();
-    controls_.ComboTSName->addItem(name);
-    controls_.ComboTSName->setCurrentIndex(chosen);
+    addRows(*controls_.ComboTSName, {name});
 }
 
 void FormCalParam::addMessage(const QString& name) {

@@ -71,7 +71,7 @@ CalParamRecord someRecord() {
 
 class CalParamLoad : public CalParamPages {
   protected:
-    CalParamLoad() { fillList(*c.ComboTSName, {u"FIVE"_s, u"THREE"_s, u"three"_s}); }
+    CalParamLoad() { addRows(*c.ComboTSName, {u"FIVE"_s, u"THREE"_s, u"three"_s}); }
     void expectShown(const Shown& shown) {
         for (auto one = shown.cbegin(); one != shown.cend(); ++one)
             EXPECT_EQ(shownBy(*body, one.key()), one.value()) << one.key().toStdString();
@@ -268,12 +268,13 @@ TEST_F(CalParamLoad, NumbersComeInTheirGeneralForm) {
     }
 }
 
-TEST_F(CalParamLoad, FillingAListSelectsNoRow) {
-    fillList(*c.ComboTSName, {u"A"_s, u"B"_s});
-    EXPECT_EQ(c.ComboTSName->count(), 2);
-    EXPECT_EQ(shownBy(*body, u"ComboTSName"_s), QString());
-    fillList(*c.ComboTSName, {});
-    EXPECT_EQ(c.ComboTSName->count(), 0);
+TEST_F(CalParamLoad, RowsThatAreAddedSelectNothing) {
+    EXPECT_EQ(c.ComboTSName->count(), 3);
+    EXPECT_EQ(c.ComboTSName->currentIndex(), -1);
+    c.ComboTSName->setCurrentIndex(1);
+    addRows(*c.ComboTSName, {u"A"_s, u"B"_s});
+    EXPECT_EQ(c.ComboTSName->count(), 5);
+    EXPECT_EQ(c.ComboTSName->currentIndex(), 1);
 }
 
 } // namespace kelvane::testing

@@ -14,7 +14,7 @@ namespace kelvane::testing {
 class CalParamSum : public CalParamPages {
   protected:
     CalParamSum() {
-        fillList(*c.ComboTSName, {u"FIVE"_s, u"THREE"_s});
+        addRows(*c.ComboTSName, {u"FIVE"_s, u"THREE"_s});
         const QPair<QString, QString> values[] = {
             {u"ComboMeasRes"_s, u"0.001"_s},
             {u"ComboInputUnits"_s, u"psi"_s},

@@ -60,13 +60,15 @@ TEST_F(EntryBoxTest, TheClickThatBringsTheFocusKeepsTheSelectionAndTheNextPlaces
     EXPECT_LT(box->cursorPosition(), 3);
 }
 
-TEST_F(EntryBoxTest, ItsOwnMenuLeavesWhatIsSelected) {
-    box->setText(u"100.0"_s);
-    box->setFocus();
-    box->setSelection(1, 2);
-    QFocusEvent back(QEvent::FocusIn, Qt::PopupFocusReason);
-    QCoreApplication::sendEvent(box, &back);
-    EXPECT_EQ(box->selectedText(), u"00"_s);
+TEST_F(EntryBoxTest, ComingBackFromAMenuOrAnotherProgramLeavesWhatIsSelected) {
+    for (const auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+        box->setText(u"100.0"_s);
+        box->setFocus();
+        box->setSelection(1, 2);
+        QFocusEvent back(QEvent::FocusIn, reason);
+        QCoreApplication::sendEvent(box, &back);
+        EXPECT_EQ(box->selectedText(), u"00"_s) << reason;
+    }
 }
 
 } // namespace kelvane::testing

@@ -540,15 +540,36 @@ TEST_F(FormCalParamTest, AMessageWithoutANameIsReported) {
     person.expectReport(94, u"FormCalParam,LoadPrompts"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A"_s);
+    EXPECT_EQ(shown(u"ListPreDisplay"_s), u"B"_s) << "what was read before it";
     EXPECT_EQ(shown(u"ListPostDisplay"_s), QString());
 }
 
 TEST_F(FormCalParamTest, AStrategyWithoutANameIsReported) {
-    script.answers.insert(selectStrategies, {Row{std::nullopt}, Row{u"FIVE"_s}});
+    script.answers.insert(selectStrategies, {Row{u"FIVE"_s}, Row{std::nullopt}});
     person.expectDialog(title, enterInstrument, u"PT-1"_s);
     person.expectReport(94, u"FormCalParam,LoadControls"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_TRUE(isOpen());
+    EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 1);
+    EXPECT_EQ(shown(u"ComboTSName"_s), QString());
+}
+
+TEST_F(FormCalParamTest, AfterALoadThatFailedNothingOfTheInstrumentBeforeCanBeSaved) {
+    open(u"PT-1"_s);
+    script.failures.insert(selectStrategies, Error{208, u"no such table"_s});
+    select(u"PT-2"_s, [this] { person.expectReport(208, u"FormCalParam,LoadControls"_s); });
+    person.expectBox(u"Must specify a test strategy!"_s, title, box::warning);
+    press(u"CommandSave"_s);
+    EXPECT_EQ(script.statements.last(), selectStrategies);
+}
+
+TEST_F(FormCalParamTest, AfterMessagesThatFailedNoListShowsThoseOfTheInstrumentBefore) {
+    open(u"PT-1"_s);
+    script.failures.insert(selectAvailable(u"PST"_s, u"PT-2"_s), Error{208, u"no such table"_s});
+    select(u"PT-2"_s, [this] { person.expectReport(208, u"FormCalParam,LoadPrompts"_s); });
+    for (const auto& name :
+         {u"ListPreAvail"_s, u"ListPostAvail"_s, u"ListPreDisplay"_s, u"ListPostDisplay"_s})
+        EXPECT_EQ(shown(name), QString()) << name.toStdString();
 }
 
 TEST_F(FormCalParamTest, EachUnitShowsItsSubTabsOnItsOwnSide) {
@@ -661,6 +682,45 @@ TEST_F(FormCalParamTest, EverySubTabFitsWithoutTheWindowGrowing) {
         QCoreApplication::processEvents();
         EXPECT_EQ(form().size(), size);
     }
+}
+
+TEST_F(FormCalParamTest, AStrategyAddedInItsEditorCanBeChosenAtOnce) {
+    open(u"PT-1"_s);
+    choose(u"mnuStrategies"_s);
+    auto& strategies = child(u"FormStrategies"_s);
+    person.expectDialog(u"Add new test strategy"_s,
+                        u"Enter a name for the new test strategy (30 chars max!):"_s, u"NEW"_s);
+    click(control<QPushButton>(strategies, u"CommandAdd"_s));
+    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
+    pick(control<QComboBox>(form(), u"ComboTSName"_s), u"NEW"_s);
+}
+
+TEST_F(FormCalParamTest, TheStrategyEditorOpensWithItsStrategy) {
+    script.answers.insert(u"select tp_name from mt.hvm_kv_proc_points where tp_name = 'THREE'"_s,
+                          {Row{u"THREE"_s}});
+    open(u"PT-1"_s);
+    choose(u"mnuStrategies"_s);
+    EXPECT_EQ(control<QComboBox>(child(u"FormStrategies"_s), u"ComboTSNames"_s).currentText(), u"THREE"_s);
+}
+
+TEST_F(FormCalParamTest, AMessageAddedInItsEditorIsAvailableAtOnce) {
+    open(u"PT-1"_s);
+    choose(u"mnuPrompts"_s);
+    person.expectDialog(u"Add Test Message"_s,
+                        u"Enter a name for the new test message: (30 characters max)"_s, u"FRESH"_s);
+    click(control<QPushButton>(child(u"FormTestMess"_s), u"CommandCreate"_s));
+    EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A,FRESH"_s);
+    EXPECT_EQ(shown(u"ListPostAvail"_s), u"B,FRESH"_s);
+}
+
+TEST_F(FormCalParamTest, WithoutAnInstrumentTheOtherEditorsDoNotKnowIt) {
+    person.expectDialog(title, enterInstrument, [this](FormCustomDialog& dialog) {
+        choose(u"mnuStrategies"_s);
+        EXPECT_EQ(control<QComboBox>(child(u"FormStrategies"_s), u"ComboTSNames"_s).currentText(), u"FIVE"_s);
+        answerDialog(dialog, u"PT-1"_s);
+    });
+    choose(u"mnuCalParameters"_s);
+    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
 }
 
 TEST_F(FormCalParamTest, TheOtherEditorsKeepItsListsInStep) {
