@@ -113,7 +113,10 @@ void FormStrategies::connectCommands() {
     onSignal(ComboPreDef, &QComboBox::activated, this, session_.ui,
              [this] { run([this] { LoadPreDefinedPoints(); }); });
 
-    onRowChosen(ListPoints, session_.ui, [this](int) { CommandModify->click(); });
+    onRowChosen(ListPoints, session_.ui, [this](int row) {
+        ListPoints->setCurrentRow(row);
+        CommandModify->click();
+    });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListPoints);
     deleting->setContext(Qt::WidgetShortcut);
     onSignal(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandDeletePoint->click(); });

@@ -190,9 +190,7 @@ void FormStrategies::CommandDeletePoint_Click() {
     const int row = selectedRow(*ListPoints);
     if (row < 0)
         return;
-    delete ListPoints->takeItem(row);
-    // The next row is not selected by itself, or a second click would take it too.
-    ListPoints->setCurrentRow(-1);
+    takeRow(*ListPoints, row);
     enableSaving();
 }
 

@@ -36,25 +36,34 @@ bool moveSelectedRow(QListWidget& list, int direction) {
     return true;
 }
 
-void handOver(QListWidget& from, int row, QListWidget& to) {
-    const std::unique_ptr<QListWidgetItem> taken(from.takeItem(row));
+QString takeRow(QListWidget& list, int row) {
+    const std::unique_ptr<QListWidgetItem> taken(list.takeItem(row));
     if (!taken)
-        return;
-    from.setCurrentRow(-1);
-    from.setCurrentRow(qMin(row, from.count() - 1), QItemSelectionModel::NoUpdate);
-    to.addItem(taken->text());
+        return {};
+    // The row that follows is not selected by itself, or a second click would take it too.
+    list.setCurrentRow(-1);
+    list.setCurrentRow(qMin(row, list.count() - 1), QItemSelectionModel::NoUpdate);
+    return taken->text();
+}
+
+void handOver(QListWidget& from, int row, QListWidget& to) {
+    if (row >= 0 && row < from.count())
+        to.addItem(takeRow(from, row));
 }
 
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
-    const auto choose = [list, chosen] {
+    onSignal(list, &QListWidget::itemDoubleClicked, list, ui, [list, chosen] {
         if (const int row = selectedRow(*list); row >= 0)
             chosen(row);
-    };
-    onSignal(list, &QListWidget::itemDoubleClicked, list, ui, choose);
+    });
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* pressed = new QShortcut(QKeySequence(key), list);
         pressed->setContext(Qt::WidgetShortcut);
-        onSignal(pressed, &QShortcut::activated, list, ui, choose);
+        // The row with the frame of the focus, selected or not: so one after the other can be chosen.
+        onSignal(pressed, &QShortcut::activated, list, ui, [list, chosen] {
+            if (const int row = list->currentRow(); row >= 0)
+                chosen(row);
+        });
     }
 }
 

@@ -19,10 +19,12 @@ int selectedRow(const QListWidget& list);
 /// Swaps the selected row with the one above (-1) or below (1) it; the selection follows. False, with
 /// nothing moved, when no row is selected, there is no neighbour, or the row is empty.
 bool moveSelectedRow(QListWidget& list, int direction);
-/// Takes a row out of one list and puts its text at the end of another. Nothing stays selected in `from`;
-/// the arrow keys go on from there.
+/// Takes a row out of the list and gives its text, empty when there is no such row. Nothing stays selected,
+/// but the keyboard stands on the row that follows.
+QString takeRow(QListWidget& list, int row);
+/// Takes a row out of one list and puts its text at the end of another.
 void handOver(QListWidget& from, int row, QListWidget& to);
-/// Calls `chosen` with the row that the user double-clicks, or presses Return on.
+/// Calls `chosen` with the row that the user double-clicks, or stands on when Return is pressed.
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
 
 } // namespace kelvane

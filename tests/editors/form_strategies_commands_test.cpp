@@ -555,6 +555,10 @@ TEST_F(StrategiesTest, DeletePointTakesTheSelectedRowWithoutAQuestionAndSelectsN
     screen.select(3);
     QTest::keyClick(&screen.list(), Qt::Key_Delete);
     EXPECT_EQ(screen.points(), (QStringList{u"0"_s, u"50"_s, u"75"_s}));
+    // The keyboard stays where it was.
+    expectModifyDialog(u"80"_s);
+    QTest::keyClick(&screen.list(), Qt::Key_Return);
+    EXPECT_EQ(screen.points(), (QStringList{u"0"_s, u"50"_s, u"80"_s}));
 }
 
 TEST_F(StrategiesTest, MoveButtonsSwapTheSelectedPointWithItsNeighbourAndFollowIt) {

@@ -1,0 +1,457 @@
+#include "tests/editors/work_config_screen.h"
+#include "tests/support/fixtures.h"
+#include "ui/list_rows.h"
+
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const QString title = u"Calibration Record Configuration"_s;
+const QString discardToClose = u"Are you sure you want to discard any changes made since last save?"_s;
+const QString discardToCancel = u"Are you sure you want to discard changes made?"_s;
+const QString loading = u"FormWorkConfig,LoadLists"_s;
+const QString saving = u"FormWorkConfig,CommandSave"_s;
+const Error refused{547, u"The statement is refused."_s};
+
+const QString countFields = u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s;
+const QString dictionary =
+    u"select fldnum,title from mt.customiz where fldnum not like '%90' and fldnum not like '%91' and fldnum not like '%92' and fldnum not like '%93' and fldnum <> '2340' and fldnum not like '%94' and fldnum not like '%95' and fldnum like '23%' and suppressed <> 'Y'"_s;
+const QString selectAvailable =
+    dictionary + u" and fldnum not in (select fldnum from mt.hvm_kv_worksheetfields) order by fldnum asc"_s;
+const QString selectRequested =
+    u"select fldnum,(select title from mt.customiz where mt.customiz.fldnum = mt.hvm_kv_worksheetfields.fldnum) from mt.hvm_kv_worksheetfields order by sequence asc"_s;
+const QString selectRequired = dictionary + u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc"_s;
+const QString selectOptional = dictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc"_s;
+const QString selectStandards = u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s;
+const QString deleteFields = u"delete from mt.hvm_kv_worksheetfields;commit"_s;
+const QString selectRow = u"select allow_ooc_stds from mt.hvm_kv_sysconfig"_s;
+const QString insertRow =
+    u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values ('N','N');commit"_s;
+
+QString insertField(const QString& number, int sequence) {
+    return u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('"_s + number + u"','"_s +
+           QString::number(sequence) + u"');commit"_s;
+}
+
+QStringList allow(const QString& overdue, const QString& poorTrace) {
+    return {u"update mt.hvm_kv_sysconfig set allow_ooc_stds = '"_s + overdue + u"';commit"_s,
+            u"update mt.hvm_kv_sysconfig set allow_poor_trace_stds = '"_s + poorTrace + u"';commit"_s};
+}
+
+} // namespace
+
+/// The screen over a recording connection with two fields requested, two available, and overdue standards
+/// allowed.
+class WorkConfigTest : public RecordedSession {
+  protected:
+    WorkConfigTest() {
+        script.answers = {
+            {countFields, {Row{u"2"_s}}},
+            {selectAvailable, {Row{u"2309"_s, u"Procedure"_s}, Row{u"2316"_s, u"Work Order"_s}}},
+            {selectRequested, {Row{u"2333"_s, u"Time"_s}, Row{u"2301"_s, u"Date"_s}}},
+            {selectStandards, {Row{u"Y"_s, u"N"_s}}},
+            {selectRow, {Row{u"Y"_s}}}};
+    }
+    void open() {
+        screen.open(session);
+        script.statements.clear();
+    }
+    QStringList statements() { return std::exchange(script.statements, {}); }
+    QStringList available() { return rowsOf(screen.available()); }
+    QStringList requested() { return rowsOf(screen.requested()); }
+
+    const QString procedure = u"C2309 : Procedure"_s;
+    const QString workOrder = u"C2316 : Work Order"_s;
+    const QString time = u"C2333 : Time"_s;
+    const QString date = u"C2301 : Date"_s;
+    WorkConfigScreen screen;
+};
+
+TEST_F(WorkConfigTest, HasItsPlaceTextsAndToolTips) {
+    open();
+    EXPECT_EQ(screen.form().pos(), QPoint(7, 5));
+    EXPECT_EQ(screen.form().width(), 383);
+    // 449 pixels are given; the note needs some more in these letters.
+    EXPECT_GE(screen.form().height(), 449);
+    EXPECT_LE(screen.form().height(), 520);
+    EXPECT_EQ(screen.form().windowTitle(), title);
+    const struct {
+        QString name;
+        QString text;
+        QString toolTip;
+    } texts[] = {
+        {u"Label1"_s, u"Fields that WILL NOT be requested:"_s, {}},
+        {u"ListAvail"_s, {}, u"These fields are available for request (not currently used)"_s},
+        {u"Label2"_s, u"Double-click on a fieldname to add it to the list"_s, {}},
+        {u"Label3"_s, u"Fields that WILL be requested (in order):"_s, {}},
+        {u"ListRequest"_s, {}, u"These fields are prompted to the operator during entry"_s},
+        {u"Label4"_s, u"Double-click on a fieldname to remove it from the list"_s, {}},
+        {u"CommandMoveUp"_s, u""_s, u"Move the selected field earlier in the question list"_s},
+        {u"CommandMoveDown"_s, u""_s, u"Move the selected field later in the question list"_s},
+        {u"Label5"_s,
+         u"Fields that are requested will always be prompted for a value from the operator. Required fields may not be requested if default values or copy forward values are specified. These values may be overriden by the operator. If a field is required and does not have a default value, then that field will be requested for entry automatically."_s,
+         {}},
+        {u"CheckOOC"_s, u"Allow out-of-cal standards"_s,
+         u"Allow standards that are overdue to be used in the performance of a calibration"_s},
+        {u"CheckTrace"_s, u"Allow improper trace level standards"_s,
+         u"Allow standards that are of a lower trace level than desired to be used in a calibration"_s},
+        {u"CommandSave"_s, u"Save"_s, u"Save changes made"_s},
+        {u"CommandCancel"_s, u"Cancel"_s, u"Cancel changes made"_s},
+    };
+    for (const auto& one : texts) {
+        const auto& shown = control<QWidget>(screen.form(), one.name);
+        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    }
+    EXPECT_EQ(control<QGroupBox>(screen.form(), u"Frame1"_s).title(),
+              u"Requested fields during calibration data entry"_s);
+    EXPECT_EQ(control<QGroupBox>(screen.form(), u"Frame2"_s).title(), u"Standards configuration"_s);
+}
+
+TEST_F(WorkConfigTest, ShowsWhatIsStored) {
+    screen.open(session);
+    EXPECT_EQ(statements(), (QStringList{countFields, selectAvailable, selectRequested, selectStandards}));
+    EXPECT_EQ(script.firstRowOnly, (QStringList{countFields, selectStandards}));
+    EXPECT_EQ(available(), (QStringList{procedure, workOrder}));
+    EXPECT_EQ(requested(), (QStringList{time, date}));
+    EXPECT_TRUE(screen.overdue().isChecked());
+    EXPECT_FALSE(screen.poorTrace().isChecked());
+    EXPECT_TRUE(screen.available().hasFocus());
+    EXPECT_TRUE(session.openFlag(ChildForm::FormWorkConfig));
+    EXPECT_FALSE(ui.busy);
+    EXPECT_EQ(ui.events.first(), u"busy"_s);
+}
+
+TEST_F(WorkConfigTest, WithoutStoredFieldsTheRequiredOnesAreProposedAndCountAsSaved) {
+    script.answers[countFields] = {Row{u"0"_s}};
+    script.answers[selectRequired] = {Row{u"2301"_s, u"Date"_s}, Row{u"2333"_s, u"Time"_s}};
+    script.answers[selectOptional] = {Row{u"2309"_s, u"Procedure"_s}};
+    screen.open(session);
+    EXPECT_EQ(statements(), (QStringList{countFields, selectRequired, selectOptional, selectStandards}));
+    EXPECT_EQ(requested(), (QStringList{date, time}));
+    EXPECT_EQ(available(), QStringList{procedure});
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, TicksABoxForYInAnyCaseAndForNothingElse) {
+    const struct {
+        Row row;
+        bool overdue;
+        bool poorTrace;
+    } rows[] = {{{u"Y"_s, u"Y"_s}, true, true},        {{u"y"_s, u"n"_s}, true, false},
+                {{u"N"_s, u"y"_s}, false, true},       {{u"Yes"_s, u" Y"_s}, false, false},
+                {{std::nullopt, u"Y"_s}, false, true}, {{u"Y"_s, std::nullopt}, true, false},
+                {{u""_s, u"1"_s}, false, false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.row[0].value_or(u"null"_s).toStdString());
+        script.answers[selectStandards] = {row.row};
+        screen.open(session);
+        EXPECT_EQ(screen.overdue().isChecked(), row.overdue);
+        EXPECT_EQ(screen.poorTrace().isChecked(), row.poorTrace);
+        screen.close();
+    }
+}
+
+TEST_F(WorkConfigTest, AnAbsentRowOfSwitchesReadsAsNAndN) {
+    script.answers[selectStandards].clear();
+    open();
+    EXPECT_FALSE(screen.overdue().isChecked());
+    EXPECT_FALSE(screen.poorTrace().isChecked());
+    EXPECT_EQ(requested(), (QStringList{time, date}));
+}
+
+TEST_F(WorkConfigTest, AFieldThatLeftTheDictionaryHasNoTitle) {
+    script.answers[selectRequested] << Row{u"2399"_s, std::nullopt};
+    open();
+    EXPECT_EQ(requested().last(), u"C2399 : "_s);
+}
+
+TEST_F(WorkConfigTest, ADoubleClickHandsAFieldToTheEndOfTheOtherList) {
+    open();
+    screen.doubleClick(screen.available(), procedure);
+    EXPECT_EQ(available(), QStringList{workOrder});
+    EXPECT_EQ(requested(), (QStringList{time, date, procedure}));
+    screen.doubleClick(screen.requested(), time);
+    // Out of number order, until the next load.
+    EXPECT_EQ(available(), (QStringList{workOrder, time}));
+    EXPECT_EQ(requested(), (QStringList{date, procedure}));
+    EXPECT_EQ(selectedRow(screen.requested()), -1);
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, ReturnHandsTheSelectedFieldOver) {
+    open();
+    QTest::keyClick(&screen.available(), Qt::Key_Down);
+    QTest::keyClick(&screen.available(), Qt::Key_Return);
+    EXPECT_EQ(requested().size(), 3);
+    EXPECT_EQ(available().size(), 1);
+    screen.requested().setFocus();
+    QTest::keyClick(&screen.requested(), Qt::Key_Home);
+    QTest::keyClick(&screen.requested(), Qt::Key_Enter);
+    EXPECT_EQ(available().last(), time);
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, MoveButtonsSwapTheSelectedFieldWithItsNeighbourAndFollowIt) {
+    script.answers[selectRequested] << Row{u"2307"_s, u"Technician"_s};
+    open();
+    const auto technician = u"C2307 : Technician"_s;
+    screen.press(u"CommandMoveUp"_s);
+    screen.press(u"CommandMoveDown"_s);
+    EXPECT_EQ(requested(), (QStringList{time, date, technician}));
+    screen.select(screen.requested(), technician);
+    screen.press(u"CommandMoveUp"_s);
+    EXPECT_EQ(requested(), (QStringList{time, technician, date}));
+    screen.press(u"CommandMoveUp"_s);
+    screen.press(u"CommandMoveUp"_s);
+    EXPECT_EQ(requested(), (QStringList{technician, time, date}));
+    EXPECT_EQ(selectedRow(screen.requested()), 0);
+    screen.press(u"CommandMoveDown"_s);
+    screen.press(u"CommandMoveDown"_s);
+    screen.press(u"CommandMoveDown"_s);
+    EXPECT_EQ(requested(), (QStringList{time, date, technician}));
+    EXPECT_EQ(selectedRow(screen.requested()), 2);
+}
+
+TEST_F(WorkConfigTest, TheListOfAvailableFieldsIsNotMoved) {
+    open();
+    screen.select(screen.available(), workOrder);
+    screen.press(u"CommandMoveUp"_s);
+    EXPECT_EQ(available(), (QStringList{procedure, workOrder}));
+}
+
+TEST_F(WorkConfigTest, SaveReplacesTheFieldsAndSetsBothSwitches) {
+    open();
+    screen.doubleClick(screen.available(), workOrder);
+    screen.toggle(screen.overdue());
+    screen.toggle(screen.poorTrace());
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements(), (QStringList{deleteFields, insertField(u"2333"_s, 0), insertField(u"2301"_s, 1),
+                                         insertField(u"2316"_s, 2), selectRow} +
+                             allow(u"N"_s, u"Y"_s)));
+    EXPECT_TRUE(script.firstRowOnly.contains(selectRow));
+    EXPECT_FALSE(ui.busy);
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(WorkConfigTest, SaveMakesTheRowOfSwitchesWhenItIsMissing) {
+    script.answers[selectStandards].clear();
+    script.answers[selectRow].clear();
+    open();
+    screen.toggle(screen.poorTrace());
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements(), (QStringList{deleteFields, insertField(u"2333"_s, 0), insertField(u"2301"_s, 1),
+                                         selectRow, insertRow} +
+                             allow(u"N"_s, u"Y"_s)));
+}
+
+TEST_F(WorkConfigTest, SaveOfNoFieldInsertsNone) {
+    open();
+    screen.doubleClick(screen.requested(), time);
+    screen.doubleClick(screen.requested(), date);
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements(), (QStringList{deleteFields, selectRow} + allow(u"Y"_s, u"N"_s)));
+}
+
+TEST_F(WorkConfigTest, SaveTakesTheFourCharactersBehindTheC) {
+    script.answers[selectRequested] = {Row{u"23456"_s, u"Too long"_s}, Row{u"23"_s, u"Short"_s},
+                                       Row{u"23'4"_s, u"Quote"_s}};
+    open();
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements().mid(1, 3),
+              (QStringList{insertField(u"2345"_s, 0), insertField(u"23 :"_s, 1), insertField(u"23'4"_s, 2)}));
+}
+
+TEST_F(WorkConfigTest, AFailureOfEachStatementOfASaveEndsItThereAndTheScreenKeepsWhatWasChosen) {
+    script.answers[selectRow].clear();
+    open();
+    screen.doubleClick(screen.available(), workOrder);
+    screen.toggle(screen.poorTrace());
+    const QStringList whole = QStringList{deleteFields,
+                                          insertField(u"2333"_s, 0),
+                                          insertField(u"2301"_s, 1),
+                                          insertField(u"2316"_s, 2),
+                                          selectRow,
+                                          insertRow} +
+                              allow(u"Y"_s, u"Y"_s);
+    for (int failing = 0; failing < whole.size(); ++failing) {
+        SCOPED_TRACE(whole[failing].toStdString());
+        script.failures = {{whole[failing], refused}};
+        ui.expectReport(547, saving);
+        screen.press(u"CommandSave"_s);
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(statements(), whole.mid(0, failing + 1));
+        EXPECT_EQ(requested(), (QStringList{time, date, workOrder}));
+        EXPECT_TRUE(screen.poorTrace().isChecked());
+        EXPECT_FALSE(ui.busy);
+    }
+    // What is not stored counts as a change still.
+    ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
+    screen.close();
+    EXPECT_TRUE(screen.isOpen());
+    script.failures.clear();
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements(), whole);
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(WorkConfigTest, AConnectionLostInTheMiddleOfASaveIsReportedOnce) {
+    open();
+    script.failures.insert(insertField(u"2301"_s, 1), Error{10054, u"Gone"_s, u"08S01"_s, true});
+    ui.expectReport(10054, saving);
+    screen.press(u"CommandSave"_s);
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_EQ(requested(), (QStringList{time, date}));
+    ui.expectReport(10054, saving);
+    screen.press(u"CommandSave"_s);
+}
+
+TEST_F(WorkConfigTest, CancelWithoutChangesDoesNothing) {
+    open();
+    screen.press(u"CommandCancel"_s);
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, CancelAsksAndYesBringsBackWhatIsStored) {
+    open();
+    screen.doubleClick(screen.requested(), time);
+    screen.toggle(screen.overdue());
+    ui.expectBox(discardToCancel, title, box::question, BoxAnswer::no);
+    screen.press(u"CommandCancel"_s);
+    EXPECT_EQ(requested(), QStringList{date});
+    EXPECT_TRUE(statements().isEmpty());
+    ui.expectBox(discardToCancel, title, box::question, BoxAnswer::yes);
+    screen.press(u"CommandCancel"_s);
+    EXPECT_EQ(statements(), (QStringList{countFields, selectAvailable, selectRequested, selectStandards}));
+    EXPECT_EQ(requested(), (QStringList{time, date}));
+    EXPECT_EQ(available(), (QStringList{procedure, workOrder}));
+    EXPECT_TRUE(screen.overdue().isChecked());
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(WorkConfigTest, EscapeIsCancelAndReturnOutsideTheListsIsSave) {
+    open();
+    screen.toggle(screen.overdue());
+    ui.expectBox(discardToCancel, title, box::question, BoxAnswer::no);
+    QTest::keyClick(&screen.overdue(), Qt::Key_Escape);
+    EXPECT_TRUE(statements().isEmpty());
+    QTest::keyClick(&screen.overdue(), Qt::Key_Return);
+    EXPECT_EQ(statements().last(), allow(u"N"_s, u"N"_s).last());
+}
+
+TEST_F(WorkConfigTest, ClosingWithChangesAsksAndNoKeepsItOpen) {
+    open();
+    screen.toggle(screen.poorTrace());
+    ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
+    ui.onBox = [this] { screen.close(); };
+    screen.close();
+    ui.onBox = {};
+    EXPECT_TRUE(screen.isOpen());
+    EXPECT_TRUE(screen.poorTrace().isChecked());
+    ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+    EXPECT_FALSE(session.openFlag(ChildForm::FormWorkConfig));
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, ClosingKeepsThePosition) {
+    settings.values.insert(u"Left/FormWorkConfig"_s, u"300"_s);
+    open();
+    EXPECT_EQ(screen.form().pos(), QPoint(20, 5));
+    screen.close();
+    EXPECT_EQ(settings.writes, (QStringList{u"Left/FormWorkConfig=300"_s, u"Top/FormWorkConfig=75"_s}));
+}
+
+TEST_F(WorkConfigTest, AnotherOrderAndSwappedTicksAreNotSeenByTheSum) {
+    open();
+    screen.select(screen.requested(), date);
+    screen.press(u"CommandMoveUp"_s);
+    screen.toggle(screen.overdue());
+    screen.toggle(screen.poorTrace());
+    screen.press(u"CommandCancel"_s);
+    EXPECT_EQ(requested(), (QStringList{date, time}));
+    EXPECT_TRUE(screen.poorTrace().isChecked());
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(WorkConfigTest, ChangesOfTheAvailableFieldsAloneCannotBeAndAFieldThereAndBackAsksNothing) {
+    open();
+    screen.doubleClick(screen.available(), procedure);
+    screen.doubleClick(screen.requested(), procedure);
+    EXPECT_EQ(available(), (QStringList{workOrder, procedure}));
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(WorkConfigTest, EachQueryThatFailsWhileReloadingIsReportedAndLeavesTheScreenAsItWas) {
+    open();
+    screen.doubleClick(screen.requested(), time);
+    for (const auto& query : {countFields, selectAvailable, selectRequested, selectStandards}) {
+        SCOPED_TRACE(query.toStdString());
+        script.failures = {{query, refused}};
+        ui.expectBox(discardToCancel, title, box::question, BoxAnswer::yes);
+        ui.expectReport(547, loading);
+        screen.press(u"CommandCancel"_s);
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(requested(), QStringList{date});
+        EXPECT_EQ(available(), (QStringList{procedure, workOrder, time}));
+        EXPECT_TRUE(folder.read(u"errors.log"_s).contains(query));
+    }
+}
+
+TEST_F(WorkConfigTest, WhatWasNeverReadCannotBeSavedOverWhatIsStored) {
+    script.failures = {{selectRequested, refused}};
+    ui.expectReport(547, loading);
+    screen.open(session);
+    EXPECT_EQ(available(), QStringList());
+    EXPECT_FALSE(screen.button(u"CommandSave"_s).isEnabled());
+    statements();
+    QTest::keyClick(&screen.overdue(), Qt::Key_Return);
+    EXPECT_TRUE(statements().isEmpty());
+    screen.close();
+    EXPECT_FALSE(screen.isOpen());
+}
+
+TEST_F(WorkConfigTest, ANullFieldNumberOrCountIsReported) {
+    for (const auto& query : {countFields, selectRequested}) {
+        const auto whole = script.answers[query];
+        script.answers[query] = {Row{std::nullopt, u"Nobody"_s}};
+        ui.expectReport(94, loading);
+        screen.open(session);
+        EXPECT_TRUE(ui.allCame());
+        script.answers[query] = whole;
+        screen.close();
+    }
+}
+
+TEST_F(WorkConfigTest, NothingElseRunsWhileAQuestionIsOpen) {
+    open();
+    screen.toggle(screen.poorTrace());
+    ui.expectBox(discardToCancel, title, box::question, BoxAnswer::no);
+    ui.onBox = [this] {
+        screen.press(u"CommandSave"_s);
+        screen.press(u"CommandCancel"_s);
+        screen.close();
+    };
+    screen.press(u"CommandCancel"_s);
+    ui.onBox = {};
+    EXPECT_TRUE(screen.isOpen());
+    EXPECT_TRUE(statements().isEmpty());
+}
+
+} // namespace kelvane::testing
