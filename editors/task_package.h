@@ -37,10 +37,10 @@ struct TaskPackage {
     QString name;
     Definition definition = Definition::assetList;
     /// The value of the definition's column.
-    QString value;
-    QString notes;
+    QString value = {};
+    QString notes = {};
     /// Asset numbers, for a list of instruments.
-    QStringList assets;
+    QStringList assets = {};
 };
 
 /// The two statements that remove the package of that name with its list.

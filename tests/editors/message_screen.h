@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/editors/questions.h"
 #include "tests/support/program_fixture.h"
 #include "ui/text_box.h"
 
@@ -9,9 +10,6 @@
 namespace kelvane::testing {
 
 inline const QString messagesTitle = QStringLiteral("Create/Edit Test Messages");
-inline const QString discardSinceSave =
-    QStringLiteral("Are you sure you want to discard any changes made since last save?");
-inline const QString discardChanges = QStringLiteral("Are you sure you want to discard changes made?");
 inline const QString selectNames = QStringLiteral("select pname from mt.hvm_kv_prompts");
 
 /// The editor of test messages, on a workstation whose database has the messages "PERMIT" ("Get a permit.")
