@@ -1,18 +1,21 @@
 #pragma once
 
-#include "app/workstation_program.h"
-#include "demo/calibrator.h"
-#include "demo/person.h"
-
-#include <QDate>
+#include "demo/desk.h"
 
 namespace kelvane::demo {
 
-/// A calibration from end to end: log in, list instruments, name their standards, download, carry out,
-/// upload, and look at the records.
+/// The files in which the calibrators keep what they hold.
+struct CalibratorMemories {
+    QString torqueStar;
+    QString fluke702;
+};
+
+/// Calibrations from end to end, with each calibrator: log in, list instruments, name their standards,
+/// download, carry out, upload, and look at the records.
 class Demonstration {
   public:
-    Demonstration(WorkstationProgram& program, Calibrator& calibrator, const QString& pictures);
+    Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& pictures)
+        : desk_(program, pictures), memories_(memories) {}
 
     /// Throws `Difference` as soon as something is not as it has to be.
     void run();
@@ -20,22 +23,10 @@ class Demonstration {
   private:
     void logIn();
     void lookAtDataSources();
-    void configureCalibrator();
-    void listInstruments();
-    void download();
-    void carryOut();
-    void upload();
     void logOut();
 
-    QWidget& child(const QString& name);
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void add(const QString& entry);
-
-    WorkstationProgram& program_;
-    Calibrator& calibrator_;
-    Person person_;
-    /// The day on which the technician was in the plant.
-    QDate workDay_;
+    Desk desk_;
+    CalibratorMemories memories_;
 };
 
 } // namespace kelvane::demo

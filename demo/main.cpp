@@ -2,12 +2,14 @@
 // Exits 0 only when everything was as it has to be.
 
 #include "demo/demonstration.h"
+#include "demo/torquestar.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 
 #include <clocale>
 #include <cstdio>
@@ -36,16 +38,21 @@ int main(int argc, char** argv) {
     bool ended = false;
     int outcome = 1;
     try {
-        demo::Calibrator calibrator(folder);
+        const demo::TorqueStar torqueStar(folder);
+        // The link library of the Fluke 702 stands beside this program and is told where its memory is.
+        const auto fluke702 = QDir(folder).filePath(u"fluke702.json"_s);
+        qputenv("KELVANE_FLUKE702_MEMORY", QFile::encodeName(fluke702));
+        qputenv("KELVANE_FLUKE702_RECORD", QFile::encodeName(QDir(folder).filePath(u"fluke702.log"_s)));
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
-        settings.setValue(u"Ports"_s, u"COM1"_s, calibrator.device());
+        settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
         QtSerialPort port(settings);
         DpclnkLibrary link;
         WorkstationProgram program(
             clock, settings, odbcConnections(), port, link,
             {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
-        demo::Demonstration(program, calibrator, QDir(folder).filePath(u"pictures"_s)).run();
+        demo::Demonstration(program, {torqueStar.memory(), fluke702}, QDir(folder).filePath(u"pictures"_s))
+            .run();
         if (!ended)
             throw demo::Difference(u"the program did not end"_s);
         std::puts("\nEvery record, standard and result line is as it has to be.");

@@ -23,13 +23,16 @@ Person::Person(QWidget& window, const QString& pictures) : window_(window), pict
     qApp->installEventFilter(this);
 }
 
-void Person::step(const QString& told, OnBox onBox, OnDialog onDialog, const std::function<void()>& act) {
+void Person::step(const QString& told, const QList<Box>& boxes, OnDialog onDialog,
+                  const std::function<void()>& act) {
     std::printf("- %s\n", qPrintable(told));
     std::fflush(stdout);
-    onBox_ = std::move(onBox);
+    boxes_ = boxes;
     onDialog_ = std::move(onDialog);
     act();
     QCoreApplication::processEvents();
+    for (const auto& box : std::as_const(boxes_))
+        complain(u"no box \"%1\": %2"_s.arg(box.title, box.text));
     if (!unexpected_.isEmpty())
         throw Difference(told + u": "_s + unexpected_.join(u"; "_s));
 }
@@ -66,13 +69,15 @@ void Person::meet(ChildWindow& window) {
 
 void Person::meet(QMessageBox& box) {
     picture(box, u"box"_s);
-    const auto caption = onBox_ ? onBox_(box.windowTitle(), box.text()) : std::nullopt;
-    if (!caption)
-        complain(u"box \"%1\": %2"_s.arg(box.windowTitle(), box.text()));
     // A box that nobody expects is left by its last button; a cancelled question is confirmed.
+    auto caption = u"Yes"_s;
+    if (!boxes_.isEmpty() && boxes_.first().title == box.windowTitle() && boxes_.first().text == box.text())
+        caption = boxes_.takeFirst().button;
+    else
+        complain(u"box \"%1\": %2"_s.arg(box.windowTitle(), box.text()));
     auto* button = box.buttons().last();
     for (auto* one : box.buttons()) {
-        if (one->text() == caption.value_or(u"Yes"_s))
+        if (one->text() == caption)
             button = one;
     }
     QTest::mouseClick(button, Qt::LeftButton);
@@ -89,7 +94,9 @@ void Person::answer(FormCustomDialog& dialog) {
     auto& list = control<QComboBox>(dialog, u"ComboCustomDialog"_s);
     auto& field = control<QLineEdit>(dialog, u"TextCustomDialog"_s);
     if (list.isVisible()) {
-        QTest::keyClicks(&list, *entry);
+        QTest::keyClick(&list, Qt::Key_Home);
+        for (int row = 0; row < list.findText(*entry); ++row)
+            QTest::keyClick(&list, Qt::Key_Down);
         if (list.currentText() != *entry)
             complain(u"the list has no row "_s + *entry);
         QTest::keyClick(&list, Qt::Key_Return);

@@ -2,6 +2,7 @@
 
 #include "demo/difference.h"
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -23,16 +24,22 @@ namespace demo {
 /// expect is sent away, and told at the end of the step.
 class Person final : public QObject {
   public:
-    /// The caption of the button to press, or nothing for a box that must not come.
-    using OnBox = std::function<std::optional<QString>(const QString& title, const QString& text)>;
+    /// A box that has to come, to the letter, and the caption of the button to press on it.
+    struct Box {
+        QString title;
+        QString text;
+        QString button = QStringLiteral("OK");
+    };
     /// The entry, or nothing for a question that must not come.
     using OnDialog = std::function<std::optional<QString>(const QString& caption, const QString& prompt)>;
 
     /// Pictures of `window` go into the folder.
     Person(QWidget& window, const QString& pictures);
 
-    /// Carries out one step. Throws `Difference` when something unexpected came up in it.
-    void step(const QString& told, OnBox onBox, OnDialog onDialog, const std::function<void()>& act);
+    /// Carries out one step, in which these boxes come in this order. Throws `Difference` when something
+    /// else came up in it, or a box did not.
+    void step(const QString& told, const QList<Box>& boxes, OnDialog onDialog,
+              const std::function<void()>& act);
 
     /// Takes a picture of the whole window as it is now.
     void look(const QString& name) { picture(window_, name); }
@@ -50,7 +57,7 @@ class Person final : public QObject {
     QWidget& window_;
     QString pictures_;
     int taken_ = 0;
-    OnBox onBox_;
+    QList<Box> boxes_;
     OnDialog onDialog_;
     QStringList unexpected_;
 };

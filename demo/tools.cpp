@@ -1,4 +1,4 @@
-#include "demo/records.h"
+#include "demo/tools.h"
 
 using namespace Qt::StringLiterals;
 
@@ -100,6 +100,23 @@ const QList<Tool>& tools() {
              }},
     };
     return all;
+}
+
+Aftermath afterTools() {
+    Aftermath after{.records = {}, .serial = u"48213"_s};
+    for (const auto& tool : tools())
+        // The calibrator itself counts as a standard.
+        after.records << Record{.asset = tool.asset,
+                                .time = tool.lastResult,
+                                .passes = tool.passes,
+                                .failed = tool.failed,
+                                .marginal = tool.marginal,
+                                .state = tool.passes ? u"FOUND-LEFT"_s : u"AS-FOUND"_s,
+                                .strategy = u"TORQUE 20-60-100"_s,
+                                .comment = tool.comment,
+                                .standards = {u"TS-0001"_s, tool.standard},
+                                .lines = tool.lines};
+    return after;
 }
 
 } // namespace kelvane::demo

@@ -157,6 +157,11 @@ values
     ('SG-804', '3 POINT UP', 4, 20, 'mA', 4, 20, 'mA', 0.001, 0.1, 'RTD PT100 3926', 'RTD PT100 3926', 'Y');
 
 update parameters set repetitions = 2 where asset = 'PT-108';
+update parameters set repetitions = 3 where asset = 'TIT-203';
+
+-- A tolerance that grows with the reading: a calibrator that knows one tolerance for the whole range judges by the
+-- tightest.
+update parameters set reading_pct = 0.5 where asset = 'RI-803';
 
 insert into mt.hvm_kv_tag_config
     (mtag, resolution, input_type, output_type, input_low, input_high, output_low, output_high,

@@ -88,6 +88,33 @@ TEST_F(DemoPage, TellsTheRangeAndATransducerOfEachTool) {
     EXPECT_GE(tools, 7);
 }
 
+TEST_F(DemoPage, TellsTheRangesAndAStandardOfEachProcessInstrument) {
+    const auto range = [](float low, float high, const QString& unit) {
+        return plainText(low) + u" to "_s + plainText(high) + u' ' + unit;
+    };
+    int instruments = 0;
+    for (const auto& row : tableRows()) {
+        if (row.size() != 5)
+            continue;
+        ++instruments;
+        const auto asset = namesIn(row[0]).value(0);
+        const auto params = GetCalParams(session, asset);
+        EXPECT_EQ(row[2], range(params.input_low, params.input_high, params.input_type))
+            << asset.toStdString();
+        EXPECT_EQ(row[3], range(params.output_low, params.output_high, params.output_type))
+            << asset.toStdString();
+        EXPECT_EQ(params.repetitions, row[1].contains(u"3 readings a point"_s) ? 3 : 1)
+            << asset.toStdString();
+        EXPECT_EQ(params.output_indicated, row[1].contains(u"read by eye"_s)) << asset.toStdString();
+        for (const auto& standard : namesIn(row[4]))
+            EXPECT_EQ(CheckStandard(session, standard, asset), standardUsable) << asset.toStdString();
+    }
+    EXPECT_GE(instruments, 9);
+    EXPECT_EQ(AssetfromSerial(session, u"6841207"_s), u"F702-01"_s);
+    EXPECT_EQ(AssetfromSerial(session, u"71204"_s), u"PM-100"_s);
+    EXPECT_EQ(CheckStandard(session, u"PM-030"_s, u"TCS-802"_s), standardOverdue);
+}
+
 TEST_F(DemoPage, NamesOnlyInstrumentsAndPackagesThatExist) {
     static const QRegularExpression asset(u"^[A-Z]{2}-[A-Z0-9]+$"_s);
     static const QRegularExpression package(u"^[A-Z0-9 ]{4,}$"_s);

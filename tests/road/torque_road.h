@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/records.h"
+#include "demo/tools.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "platform/odbc_connection.h"
 #include "simulators/torquestar/memory.h"

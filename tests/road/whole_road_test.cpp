@@ -67,7 +67,8 @@ TEST_F(WholeRoad, TheUploadWritesEveryRecordAndEmptiesCalibratorAndRegistry) {
     upload(demonstrated());
     expectWhole(demonstrated());
     try {
-        demo::checkRecords(*session.SharedConnection, QDate::fromString(workDay(), Qt::ISODate));
+        demo::checkRecords(*session.SharedConnection, QDate::fromString(workDay(), Qt::ISODate),
+                           demo::afterTools());
     } catch (const demo::Difference& difference) {
         ADD_FAILURE() << difference.what();
     }
