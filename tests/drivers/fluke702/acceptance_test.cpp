@@ -26,6 +26,8 @@ TEST_F(FlukeAcceptance, RefusesAnIndicatedInputBeforeItLooksAtAnythingElse) {
     record.output_high = 1000;
     record.input_indicated = true;
     EXPECT_EQ(answer(record), text(641));
+    record.output_indicated = true;
+    EXPECT_EQ(answer(record), text(641));
 }
 
 TEST_F(FlukeAcceptance, LooksAtNoFlagOfTheOutput) {

@@ -1,6 +1,5 @@
 #include "tests/drivers/fluke702/download_fixture.h"
-
-#include <optional>
+#include "tests/drivers/fluke702/status_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,26 +9,7 @@ namespace {
 
 using Status = Dpclnk::Status;
 
-const struct {
-    Status code;
-    QString words;
-} statuses[] = {
-    {-1, u"Unknown Error"_s},
-    {1, u"Unknown Error"_s},
-    {100, u"Turning off loop power (DPCWARN_BAD_LOOP)"_s},
-    {101, u"Setting measure function to VDC (DPCWARN_BAD_INPUT)"_s},
-    {102, u"Turning off the source (DPCWARN_BAD_OUTPUT)"_s},
-    {103, u"Don't forget that you have high voltage applied! (DPCWARN_DANGER_VOLTAGE)"_s},
-    {104, u"Turning off loop power and setting measure function to VDC (DPCWARN_BAD_INPUT_LOOP)"_s},
-    {105, u"Turning off source and loop power (DPCWARN_BAD_OUTPUT_LOOP)"_s},
-    {1999, u"Unknown Error"_s},
-    {2000, u"Open Thermocouple (DPCERR_OPEN_TC)"_s},
-    {2001, u"Thermocouple Conversion out of Range (DPCERR_TC_RANGE)"_s},
-    {2012, u"Insufficient Memory (DPCERR_MEMORY_SIZE)"_s},
-    {2026, u"No tag id saved (returned by MEMtagidInfo) (DPCERR_NOTAG)"_s},
-    {2027, u"Unknown Error"_s},
-    {32767, u"Unknown Error"_s},
-};
+const QList<StatusWords> statuses = statusWords() + unknownStatuses();
 
 /// An operation and which of its calls in a download.
 struct Call {
@@ -96,7 +76,7 @@ TEST_F(FlukeDownloadStatus, BelowTwoThousandIsShownAtEveryCallAndTheDownloadGoes
     const auto whole = operations();
     for (const auto& call : ruledCalls) {
         for (const auto& status : statuses) {
-            if (status.code >= 2000)
+            if (status.code == 0 || status.code >= 2000)
                 continue;
             expectNotice(u"I-1"_s, status.words);
             EXPECT_EQ(downloadWith(call, status.code), QString());
