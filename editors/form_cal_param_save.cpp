@@ -1,9 +1,10 @@
+#include "editors/form_cal_param.h"
+
 #include "data/assets.h"
 #include "data/routine.h"
 #include "editors/ask_instrument.h"
 #include "editors/cal_param_columns.h"
 #include "editors/cal_param_faults.h"
-#include "editors/form_cal_param.h"
 #include "editors/prompt_lists.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"

@@ -1,6 +1,6 @@
 #include "ui/controls.h"
 
-#include <QAbstractItemView>
+#include <QListView>
 #include <QScrollBar>
 
 namespace kelvane {
@@ -47,6 +47,9 @@ void keepWidth(QComboBox* list) {
     auto* rows = list->view();
     rows->setMinimumWidth(
         qMin(rows->sizeHintForColumn(0) + rows->verticalScrollBar()->sizeHint().width(), 600));
+    // Thousands of rows would be measured one by one, each time that they change later.
+    if (auto* plain = qobject_cast<QListView*>(rows))
+        plain->setUniformItemSizes(true);
 }
 
 void setTabOrder(std::initializer_list<QWidget*> controls) {

@@ -1,0 +1,41 @@
+#include "tests/support/fixtures.h"
+#include "ui/controls.h"
+
+#include <QListView>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+TEST(Controls, CarryTheirNamesAndToolTips) {
+    const std::unique_ptr<QPushButton> made(button(u"CommandExit"_s, 103, 473));
+    EXPECT_EQ(made->objectName(), u"CommandExit"_s);
+    EXPECT_EQ(made->text(), u"Exit"_s);
+    EXPECT_EQ(made->accessibleName(), u"Exit"_s);
+    EXPECT_EQ(made->toolTip(), u"Exit Kelvane"_s);
+    QWidget control;
+    const std::unique_ptr<QLabel> beside(labelFor(&control, u"Label1"_s, 131));
+    EXPECT_EQ(beside->buddy(), &control);
+    EXPECT_EQ(beside->text(), u"Username:"_s);
+}
+
+TEST(DropDowns, KeepTheirWidthWhateverTheirRowsAre) {
+    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, 0));
+    keepWidth(list.get());
+    const auto before = list->sizeHint();
+    list->addItem(u"x"_s.repeated(500));
+    EXPECT_EQ(list->sizeHint(), before);
+    EXPECT_LE(list->minimumSizeHint().width(), before.width());
+}
+
+TEST(DropDowns, DoNotMeasureEachOfManyRows) {
+    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, 0));
+    keepWidth(list.get());
+    const auto* rows = qobject_cast<const QListView*>(list->view());
+    ASSERT_NE(rows, nullptr);
+    EXPECT_TRUE(rows->uniformItemSizes());
+}
+
+} // namespace kelvane::testing
