@@ -78,12 +78,13 @@ void FormCalParam::chooseFirst() {
     run([&] {
         session_.ui.processEvents();
         chosen = GetAsset();
-        if (!chosen)
-            return;
-        LoadControls();
-        session_.openFlag(ChildForm::FormCalParam) = true;
+        if (chosen)
+            LoadControls();
     });
-    if (!chosen)
+    // Also when loading ended with a report that could not be written.
+    if (chosen)
+        session_.openFlag(ChildForm::FormCalParam) = true;
+    else
         unload();
 }
 

@@ -469,6 +469,23 @@ TEST_F(FormCalParamTest, WithoutASavedSumNoChangeIsAskedAbout) {
     EXPECT_FALSE(isOpen());
 }
 
+TEST_F(FormCalParamTest, AReportThatCanNotBeWrittenLeavesItOpenWithItsInstrument) {
+    QDir().mkdir(u"errors.log"_s);
+    script.failures.insert(selectStrategies, Error{208, u"no such table"_s});
+    person.expectDialog(title, enterInstrument, u"PT-1"_s);
+    person.expectBox(
+        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
+        "that the folder can be written to and that the disk is not full."_s,
+        u"Kelvane"_s, box::stop);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(flag());
+    EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
+    script.failures.clear();
+    select(u"PT-1"_s);
+    EXPECT_EQ(shown(u"TextInputLow"_s), u"-15.5"_s);
+}
+
 TEST_F(FormCalParamTest, AnErrorInEachStatementIsReportedAndTheOthersGoOn) {
     const struct {
         QString statement;
