@@ -3,9 +3,7 @@
 #include "ui/form_custom_dialog.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QMessageBox>
-#include <QRadioButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -17,23 +15,10 @@ namespace {
 using PackageCommands = PackageScreen;
 
 const Error noTable{208, u"no such table"_s};
-const QString unknown = u"Must enter a valid instrument number!"_s;
 const QString notConfigured =
     u"This instrument does not have complete configuration data! Either the calibration parameters for this "
     "instrument have not yet been set, or the test strategy has not been set or has been removed."_s;
 const QString deletion = u"Are you sure you want to delete the selected task package?"_s;
-
-QString insertPackage(const QString& name, const QString& tag, const QString& values, const QString& notes) {
-    return u"insert into mt.hvm_kv_task_packages "
-           u"(taskname,tptag,tptype,tp_definition,task_sql,segregate,model,"
-           "description,mtuser,created_on,notes) values ('"_s +
-           name + u"','"_s + tag + u"','PDEF',"_s + values + u",'jdoe',now(*),"_s + notes + u");commit"_s;
-}
-
-QString insertAsset(const QString& tag, const QString& asset) {
-    return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tag +
-           u"',(select mtag from MT.inventory where i4201 = '"_s + asset + u"'));commit"_s;
-}
 
 } // namespace
 
@@ -71,10 +56,10 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
     } cases[] = {
         {u"AB1"_s, u"Instrument already listed!"_s, false},
         {u"ab1"_s, u"Instrument already listed!"_s, false},
-        {u"X-9"_s, unknown, true},
-        {u" A-1"_s, unknown, true},
+        {u"X-9"_s, unknownInstrument, true},
+        {u" A-1"_s, unknownInstrument, true},
         {u"B-1"_s, notConfigured, true},
-        {u"A'1"_s, unknown, true},
+        {u"A'1"_s, unknownInstrument, true},
     };
     for (const auto& one : cases) {
         script.statements.clear();
@@ -91,7 +76,7 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeSoughtIsReportedAndCountsAsUnknown
     open();
     script.failures.insert(u"select mtag from MT.inventory where i4201 = 'A-3'"_s, noTable);
     person.expectReport(208, u"ModuleGlobals,CheckAsset"_s);
-    person.expectBox(unknown, packagesTitle, box::warning);
+    person.expectBox(unknownInstrument, packagesTitle, box::warning);
     add(u"A-3"_s);
     EXPECT_EQ(rows().size(), 2);
 }
@@ -247,166 +232,6 @@ TEST_F(PackageCommands, ClosingWithANewPackageAsks) {
     person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
-}
-
-// Saving.
-
-TEST_F(PackageCommands, WhatIsMissingIsToldAndStopsTheSave) {
-    const struct {
-        QString option;
-        QString message;
-        QString focus;
-    } cases[] = {
-        {u"AssetList"_s, unknown, u"TextListEnter"_s},
-        {u"SQL"_s, u"Must Enter An SQL Statement!"_s, u"TextSQL"_s},
-        {u"Segregate"_s, u"Required Field - must provide an entry!"_s, u"ComboSelectList"_s},
-        {u"Description"_s, u"Required Field - must provide an entry!"_s, u"ComboSelectList"_s},
-        {u"Model"_s, u"Required Field - must provide an entry!"_s, u"ComboSelectList"_s},
-    };
-    open();
-    create(u"NEW"_s);
-    for (const auto& one : cases) {
-        option(one.option);
-        script.statements.clear();
-        person.expectBox(one.message, packagesTitle, box::warning);
-        click(u"CommandSave"_s);
-        EXPECT_TRUE(script.statements.isEmpty()) << one.option.toStdString();
-        EXPECT_TRUE(the<QWidget>(one.focus).hasFocus()) << one.option.toStdString();
-        EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
-    }
-}
-
-TEST_F(PackageCommands, EachKindIsSavedIntoItsColumnWithQuotesDoubled) {
-    const struct {
-        QString option;
-        QString values;
-    } cases[] = {
-        {u"SQL"_s, u"'S','it''s',NULL,NULL,NULL"_s},
-        {u"Segregate"_s, u"'G',NULL,'it''s',NULL,NULL"_s},
-        {u"Model"_s, u"'M',NULL,NULL,'it''s',NULL"_s},
-        {u"Description"_s, u"'D',NULL,NULL,NULL,'it''s'"_s},
-    };
-    open();
-    QStringList tags;
-    for (const auto& one : cases) {
-        option(one.option);
-        if (one.option == u"SQL"_s)
-            QTest::keyClicks(&sql(), u"it's"_s);
-        else
-            typeValue(u"it's"_s);
-        script.statements.clear();
-        click(u"CommandSave"_s);
-        tags << newTag();
-        EXPECT_EQ(ownStatements(), deletes(u"LIST"_s)
-                                       << insertPackage(u"LIST"_s, tags.last(), one.values, u"NULL"_s));
-        EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
-        EXPECT_FALSE(QApplication::overrideCursor());
-    }
-    EXPECT_EQ(tags.removeDuplicates(), 0);
-}
-
-TEST_F(PackageCommands, ClearingOldTablesComesBeforeTheDeletion) {
-    open();
-    QTest::keyClicks(&notes(), u"x"_s);
-    click(u"CommandSave"_s);
-    const auto sweep = u"delete from mt.hvm_kv_task_packages where created_on < now(*) - 90;commit"_s;
-    EXPECT_LT(script.statements.indexOf(sweep), script.statements.indexOf(deletes(u"LIST"_s).first()));
-    EXPECT_GE(script.statements.indexOf(sweep), 0);
-}
-
-TEST_F(PackageCommands, NotesOfSeveralLinesAreSavedAndEmptyOnesAreNull) {
-    open();
-    notes().setFocus();
-    QTest::keyClicks(&notes(), u"It's"_s);
-    QTest::keyClick(&notes(), Qt::Key_Return);
-    QTest::keyClicks(&notes(), u"so"_s);
-    click(u"CommandSave"_s);
-    EXPECT_TRUE(script.statements.contains(
-        insertPackage(u"LIST"_s, newTag(), u"'A',NULL,NULL,NULL,NULL"_s, u"'It''s\r\nso'"_s)));
-    notes().selectAll();
-    QTest::keyClick(&notes(), Qt::Key_Delete);
-    click(u"CommandSave"_s);
-    EXPECT_TRUE(script.statements.contains(
-        insertPackage(u"LIST"_s, newTag(), u"'A',NULL,NULL,NULL,NULL"_s, u"NULL"_s)));
-}
-
-TEST_F(PackageCommands, AListThatBecomesAStatementIsNotWritten) {
-    open();
-    option(u"SQL"_s);
-    QTest::keyClicks(&sql(), u"select 1"_s);
-    click(u"CommandSave"_s);
-    for (const auto& statement : ownStatements())
-        EXPECT_FALSE(statement.startsWith(u"insert into mt.hvm_kv_task_assets"_s));
-}
-
-TEST_F(PackageCommands, AnyTextIsSavedAsItStands) {
-    open();
-    option(u"SQL"_s);
-    for (const auto& text :
-         {u"Проверка"_s, u"校正 \U0001F527 °C"_s, u"''"_s, u"a;b -- c"_s, u"long "_s.repeated(210000)}) {
-        for (auto* field : {&notes(), &sql()}) {
-            QGuiApplication::clipboard()->setText(text);
-            field->setFocus();
-            field->selectAll();
-            QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
-        }
-        click(u"CommandSave"_s);
-        const auto safe = u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\'';
-        EXPECT_TRUE(script.statements.contains(
-            insertPackage(u"LIST"_s, newTag(), u"'S',"_s + safe + u",NULL,NULL,NULL"_s, safe)))
-            << text.left(20).toStdString();
-    }
-}
-
-TEST_F(PackageCommands, AFailureOfEachStatementOfASaveIsReportedAndTheScreenKeepsItsContents) {
-    open();
-    add(u"A-3"_s);
-    QTest::keyClicks(&notes(), u"Note"_s);
-    auto failing = deletes(u"LIST"_s);
-    for (const auto& statement : failing) {
-        script.failures = {{statement, noTable}};
-        person.expectReport(208, u"FormPredefinedTasks,CommandSave"_s);
-        click(u"CommandSave"_s);
-        EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
-        EXPECT_EQ(notes().text(), u"Note"_s);
-        EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
-        EXPECT_EQ(script.statements.last(), statement);
-        EXPECT_FALSE(QApplication::overrideCursor());
-    }
-    // Once the reason is gone, the save can be repeated.
-    script.failures.clear();
-    click(u"CommandSave"_s);
-    EXPECT_EQ(script.statements.last(), insertAsset(newTag(), u"A-3"_s));
-    EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
-}
-
-TEST_F(PackageCommands, AConnectionLostAtASaveKeepsTheScreen) {
-    open();
-    QTest::keyClicks(&notes(), u"Note"_s);
-    script.lost = true;
-    person.expectReport(10054, u"ModuleGlobals,ClearSystemTables"_s);
-    person.expectReport(10054, u"FormPredefinedTasks,CommandSave"_s);
-    click(u"CommandSave"_s);
-    EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(notes().text(), u"Note"_s);
-    EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
-    form().close();
-    EXPECT_NE(findChild(u"FormPredefinedTasks"_s), nullptr);
-}
-
-TEST_F(PackageCommands, ReturnSavesAValueAndEscapeCancels) {
-    setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
-    open();
-    typeValue(u"LAB"_s);
-    QTest::keyClick(value().lineEdit(), Qt::Key_Return);
-    EXPECT_TRUE(script.statements.contains(
-        insertPackage(u"G"_s, newTag(), u"'G',NULL,'LAB',NULL,NULL"_s, u"NULL"_s)));
-    QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
-    QTest::keyClick(&notes(), Qt::Key_Escape);
-    person.waitUntilAllCame();
-    EXPECT_EQ(notes().text(), u"x"_s);
 }
 
 // Removing and cancelling.

@@ -1,9 +1,12 @@
 #include "data/cal_params.h"
+#include "editors/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "tests/editors/screen_on_database.h"
+#include "ui/list_rows.h"
 #include "ui/text_box.h"
 
 #include <QComboBox>
+#include <QListWidget>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -104,6 +107,22 @@ TEST_F(FormTestMessOnDatabase, ANameWithAQuoteIsAddedAndDeletedAndCantBeSaved) {
                  box::warningYesNo, BoxAnswer::yes);
     click(u"CommandDelete"_s);
     EXPECT_TRUE(promptOf(u"O''BRIEN"_s).isEmpty());
+}
+
+TEST_F(FormTestMessOnDatabase, ANewMessageCanBeChosenAtOnceInTheOpenParameterEditor) {
+    auto* parameters = new FormCalParam(session);
+    parameters->showIn(area());
+    ui.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-101"_s);
+    parameters->chooseFirst();
+    auto* made = new FormTestMess(session, [&] { return parameters; });
+    form().unload();
+    show(made);
+    create(u"WEAR GLOVES"_s);
+    for (const auto& list : {u"ListPreAvail"_s, u"ListPostAvail"_s})
+        EXPECT_EQ(rowsOf(control<QListWidget>(*parameters, list)).last(), u"WEAR GLOVES"_s);
+    // It is no change of the instrument.
+    parameters->close();
+    EXPECT_FALSE(session.openFlag(ChildForm::FormCalParam));
 }
 
 TEST_F(FormTestMessOnDatabase, WhatAnotherWorkstationWroteIsOverwrittenByTheLaterSave) {

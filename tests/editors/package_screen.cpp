@@ -85,6 +85,19 @@ QStringList PackageScreen::deletes(const QString& name) {
         u"delete from mt.hvm_kv_task_packages where taskname = "_s + quoted(name) + u";commit"_s};
 }
 
+QString PackageScreen::insertPackage(const QString& name, const QString& tag, const QString& values,
+                                     const QString& notes) {
+    return u"insert into mt.hvm_kv_task_packages "
+           u"(taskname,tptag,tptype,tp_definition,task_sql,segregate,model,"
+           "description,mtuser,created_on,notes) values ('"_s +
+           name + u"','"_s + tag + u"','PDEF',"_s + values + u",'jdoe',now(*),"_s + notes + u");commit"_s;
+}
+
+QString PackageScreen::insertAsset(const QString& tag, const QString& asset) {
+    return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tag +
+           u"',(select mtag from MT.inventory where i4201 = '"_s + asset + u"'));commit"_s;
+}
+
 void PackageScreen::open() {
     choose(u"mnuPredefined"_s);
     script.statements.clear();

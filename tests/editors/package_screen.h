@@ -12,6 +12,7 @@
 namespace kelvane::testing {
 
 inline const QString packagesTitle = QStringLiteral("Predefined Task Packages");
+inline const QString unknownInstrument = QStringLiteral("Must enter a valid instrument number!");
 inline const QString selectTasks =
     QStringLiteral("select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'");
 inline const QString selectSegregates = QStringLiteral("select distinct(i4240) from mt.segregate");
@@ -38,6 +39,10 @@ class PackageScreen : public ProgramTest {
     static QString selectAssets(const QString& tag);
     static QString selectTaken(const QString& name);
     static QStringList deletes(const QString& name);
+    /// `values` goes from the letter to the description.
+    static QString insertPackage(const QString& name, const QString& tag, const QString& values,
+                                 const QString& notes);
+    static QString insertAsset(const QString& tag, const QString& asset);
 
     /// Opens the screen; its statements up to then are forgotten.
     void open();

@@ -17,6 +17,7 @@ class ScreenOnDatabase : public DatabaseSession {
     /// Takes the screen and shows it.
     void show(ChildWindow* screen);
     ChildWindow& form() { return *form_; }
+    QMdiArea& area() { return *area_; }
     /// Presses a button of the screen.
     void click(const QString& button);
 
