@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -688,6 +689,37 @@ TEST_F(FormCalParamTest, ChoosingTheTransducerLeavesTheFocusInItsSubTab) {
     QTest::keyClick(&transducers, Qt::Key_Up);
     EXPECT_EQ(transducers.currentText(), u"Serial"_s);
     EXPECT_TRUE(transducers.hasFocus());
+}
+
+TEST_F(FormCalParamTest, TabGoesThroughEachPageAsItIsReadAndThenToTheButtons) {
+    open(u"PT-2"_s);
+    pick(control<QComboBox>(form(), u"ComboInputUnits"_s), u"C"_s);
+    pick(control<QComboBox>(form(), u"ComboOutputUnits"_s), u"ft/lb"_s);
+    const QStringList buttons{u"CommandSave"_s, u"CommandSelect"_s, u"CommandClone"_s};
+    const QStringList pages[] = {
+        {u"ComboTSName"_s, u"ListPreDisplay"_s, u"CommandPreUp"_s, u"CommandPreDown"_s, u"ListPreAvail"_s,
+         u"ListPostDisplay"_s, u"CommandPostUp"_s, u"CommandPostDown"_s, u"ListPostAvail"_s},
+        {u"TextInputLow"_s, u"TextInputHigh"_s, u"ComboInputUnits"_s, u"CheckIndicatedInput"_s,
+         u"ComboMeasRes"_s, u"TextRepetitions"_s, u"SSTabInTemp"_s, u"ComboTempScaleIn"_s},
+        {u"TextOutputLow"_s, u"TextOutputHigh"_s, u"ComboOutputUnits"_s, u"CheckIndicatedOutput"_s,
+         u"SSTabTorqueOut"_s, u"ComboTransTypeOut"_s, u"ComboMeasurementModeOut"_s, u"TextThresholdOut"_s},
+        {u"TextFSPos"_s, u"TextFSNeg"_s, u"TextSpanPos"_s, u"TextSpanNeg"_s, u"TextReadPos"_s,
+         u"TextReadNeg"_s, u"TextLSDPos"_s, u"TextLSDNeg"_s, u"TextUnitsPos"_s, u"TextUnitsNeg"_s},
+    };
+    auto& tabs = control<QTabWidget>(form(), u"SSTab1"_s);
+    for (int page = 0; page < tabs.count(); ++page) {
+        SCOPED_TRACE(page);
+        tabs.setCurrentIndex(page);
+        tabs.tabBar()->setFocus();
+        QStringList way;
+        do {
+            QTest::keyClick(qApp->focusWidget(), Qt::Key_Tab);
+            auto* reached = qApp->focusWidget();
+            // A row of tabs has no name of its own.
+            way << (qobject_cast<QTabBar*>(reached) ? reached->parentWidget() : reached)->objectName();
+        } while (way.last() != u"SSTab1"_s && way.size() < 30);
+        EXPECT_EQ(way, pages[page] + buttons + QStringList{u"SSTab1"_s});
+    }
 }
 
 TEST_F(FormCalParamTest, EverySubTabFitsWithoutTheWindowGrowing) {
