@@ -3,6 +3,8 @@
 #include "tests/editors/strategies_screen.h"
 #include "tests/support/fixtures.h"
 
+#include <algorithm>
+
 namespace kelvane::testing {
 
 /// The screen over a recording connection that answers for the strategies "FIVE" and "UP DOWN".
@@ -16,15 +18,15 @@ class StrategiesTest : public RecordedSession {
 
     /// From now on the database has this strategy, under its name as it stands in a statement.
     void know(const QString& name, const QStringList& points) {
-        auto& names = script.answers[selectNames()];
+        auto names = script.answers[selectNames()];
         names << Row{QString(name).replace(QStringLiteral("''"), QStringLiteral("'"))};
-        std::sort(names.begin(), names.end(),
-                  [](const Row& one, const Row& other) { return *one[0] < *other[0]; });
-        script.answers[selectName(name)] = {Row{name}};
-        auto& rows = script.answers[selectPoints(name)];
-        rows.clear();
+        std::ranges::sort(names, {}, [](const Row& row) { return *row[0]; });
+        QList<Row> rows;
         for (const auto& point : points)
             rows << Row{point};
+        script.answers[selectNames()] = names;
+        script.answers[selectName(name)] = {Row{name}};
+        script.answers[selectPoints(name)] = rows;
         script.answers[QStringLiteral("select test_point_pct from mt.hvm_kv_proc_points where tp_name = '") +
                        name + QLatin1Char('\'')] = rows;
     }
