@@ -231,6 +231,23 @@ const Screen screens[] = {
          control<QListWidget>(test.child(u"FormStrategies"_s), u"ListPoints"_s).setCurrentRow(1);
          look();
      }},
+    {"FormStrategies_predefined",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.script.answers.insert(
+             u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s,
+             {Row{u"A NAME AS LONG AS IT CAN BE 30"_s}});
+         test.choose(u"mnuStrategies"_s);
+         auto& predefined = control<QComboBox>(test.child(u"FormStrategies"_s), u"ComboPreDef"_s);
+         QTest::keyClick(&predefined, Qt::Key_End);
+         QTest::keyClick(&predefined, Qt::Key_Up);
+         QTest::keyClick(&predefined, Qt::Key_Up);
+         EXPECT_EQ(predefined.currentText(), u"11 Points Up (0-10-20-30-40-50-60...100%)"_s);
+         look();
+         test.person.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+                               u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+         test.child(u"FormStrategies"_s).close();
+     }},
     {"FormWorkConfig",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(6);
