@@ -1,5 +1,7 @@
 #include "editors/entry_box.h"
 
+#include "ui/controls.h"
+
 #include <QFocusEvent>
 
 namespace kelvane {
@@ -12,12 +14,10 @@ QSize EntryBox::sizeHint() const {
 
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    const auto reason = event->reason();
-    // Coming back from a menu or from another program, the box keeps what the user has selected.
-    if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
-        reason == Qt::ActiveWindowFocusReason)
+    // Coming back, the box keeps what the user has selected.
+    if (isComingBack(event->reason()))
         return;
-    entered_ = reason == Qt::MouseFocusReason;
+    entered_ = event->reason() == Qt::MouseFocusReason;
     selectValue();
 }
 

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +56,9 @@ FormPredefinedTasks::FormPredefinedTasks(Session& session)
     ComboSelectList->setInsertPolicy(QComboBox::NoInsert);
     // What is typed is taken as it stands, and not completed to a value that was not meant.
     ComboSelectList->setCompleter(nullptr);
+    // Of a long value nothing is cut off in silence.
+    for (auto* line : {TextListEnter, ComboSelectList->lineEdit()})
+        line->setMaxLength(std::numeric_limits<int>::max());
     ListAssets->setUniformItemSizes(true);
     layOut();
     connectCommands();

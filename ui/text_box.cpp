@@ -1,5 +1,7 @@
 #include "ui/text_box.h"
 
+#include "ui/controls.h"
+
 #include <QFocusEvent>
 #include <QTextDocument>
 
@@ -29,9 +31,7 @@ void TextBox::setLines(int lines) {
 
 void TextBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
-    const auto reason = event->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-        reason != Qt::MenuBarFocusReason)
+    if (!isComingBack(event->reason()))
         Q_EMIT entered();
 }
 

@@ -125,6 +125,24 @@ TEST_F(PackageSave, AnyTextIsSavedAsItStands) {
     }
 }
 
+TEST_F(PackageSave, AValueOfAMillionCharactersIsNotCut) {
+    open();
+    option(u"Model"_s);
+    const auto text = u"long "_s.repeated(210000);
+    QGuiApplication::clipboard()->setText(text);
+    value().setFocus();
+    QTest::keyClick(value().lineEdit(), Qt::Key_V, Qt::ControlModifier);
+    click(u"CommandSave"_s);
+    EXPECT_TRUE(script.statements.contains(
+        insertPackage(u"LIST"_s, newTag(), u"'M',NULL,NULL,'"_s + text + u"',NULL"_s, u"NULL"_s)));
+    script.statements.clear();
+    option(u"AssetList"_s);
+    QTest::keyClick(&entry(), Qt::Key_V, Qt::ControlModifier);
+    person.expectBox(unknownInstrument, packagesTitle, box::warning);
+    QTest::keyClick(&entry(), Qt::Key_Return);
+    EXPECT_EQ(script.statements.value(0), u"select mtag from MT.inventory where i4201 = '"_s + text + u'\'');
+}
+
 TEST_F(PackageSave, AFailureOfEachStatementOfASaveIsReportedAndTheScreenKeepsItsContents) {
     open();
     add(u"A-3"_s);
