@@ -27,15 +27,15 @@ constexpr qint16 longestName = 30;
 QString FormStrategies::ask(int title, int prompt, qint16 maxLength, FieldKind kind,
                             const QString& proposed) {
     // The dialog leaves this window usable: no other list may be chosen under the question.
-    const bool names = ComboTSNames->isEnabled();
-    const bool predefined = ComboPreDef->isEnabled();
+    const auto restore =
+        qScopeGuard([this, names = ComboTSNames->isEnabled(), predefined = ComboPreDef->isEnabled()] {
+            ComboTSNames->setEnabled(names);
+            ComboPreDef->setEnabled(predefined);
+        });
     ComboTSNames->setEnabled(false);
     ComboPreDef->setEnabled(false);
-    const auto answer = ModuleGlobals::CustomDialog(session_, text(title), text(prompt), true, 0, maxLength,
-                                                    static_cast<qint16>(kind), proposed);
-    ComboTSNames->setEnabled(names);
-    ComboPreDef->setEnabled(predefined);
-    return answer;
+    return ModuleGlobals::CustomDialog(session_, text(title), text(prompt), true, 0, maxLength,
+                                       static_cast<qint16>(kind), proposed);
 }
 
 void FormStrategies::comeBackTo(QPushButton* button) {
