@@ -12,7 +12,7 @@ namespace kelvane {
 /// `folder`, which is the program's own, then from where the system looks for libraries. Its operations are
 /// plain C functions with the names, the order of arguments and the widths of `Dpclnk`; out arguments are
 /// pointers, texts end with a zero. Error 53 for an operation that is called without a library.
-class DpclnkLibrary final : public Dpclnk {
+class DpclnkLibrary : public Dpclnk {
   public:
     explicit DpclnkLibrary(const QString& folder = QCoreApplication::applicationDirPath());
     ~DpclnkLibrary() override;

@@ -1,51 +1,12 @@
-#include "platform/odbc_link.h"
 #include "tests/platform/errors.h"
+#include "tests/road/database_trouble.h"
 #include "tests/road/torque_road.h"
 
 #include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
-
-namespace {
-
-// The engine's own numbers.
-constexpr int busy = 5;
-constexpr int full = 13;
-constexpr int notADatabase = 26;
-constexpr int connectionClosed = 3709;
-
-/// A database file that is destroyed in use, with what the engine keeps beside it, and put back again.
-class WreckableFile {
-  public:
-    explicit WreckableFile(QString path) : path_(std::move(path)) {}
-
-    void wreck() {
-        for (const auto& side : {u""_s, u"-wal"_s, u"-shm"_s}) {
-            QFile file(path_ + side);
-            ASSERT_TRUE(file.open(QIODevice::ReadWrite)) << file.fileName().toStdString();
-            contents_[side] = file.readAll();
-            file.seek(0);
-            file.write(QByteArray(contents_[side].size(), 'x'));
-        }
-    }
-    void repair() {
-        QFile::remove(path_ + u"-shm"_s); // the engine makes it anew
-        for (const auto& side : {u""_s, u"-wal"_s}) {
-            QFile file(path_ + side);
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-            file.write(contents_[side]);
-        }
-    }
-
-  private:
-    QString path_;
-    QHash<QString, QByteArray> contents_;
-};
-
-} // namespace
 
 class RoadWithADatabaseFault : public TorqueRoad {
   protected:
@@ -59,15 +20,6 @@ class RoadWithADatabaseFault : public TorqueRoad {
     void expectReports(int number, const QStringList& routines) {
         for (const auto& one : routines)
             ui.expectReport(number, one);
-    }
-
-    /// The login is refused as long as the file is destroyed, and works once it is back.
-    void logInAgain() {
-        EXPECT_NE(errorOf([&] { workplace.logIn(); }), 0);
-        EXPECT_FALSE(session.SessionConnected);
-        mt.repair();
-        workplace.logIn();
-        EXPECT_TRUE(session.SessionConnected);
     }
 
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
@@ -89,7 +41,7 @@ TEST_F(RoadWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheC
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.allCame());
 
-    logInAgain();
+    logInAgain(mt);
     download();
     EXPECT_EQ(registered(), both);
 }
@@ -107,7 +59,7 @@ TEST_F(RoadWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndThe
     EXPECT_TRUE(ui.allCame());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(screen.list, QStringList());
-    logInAgain();
+    logInAgain(mt);
     list(u"TW-101"_s);
 }
 
@@ -132,7 +84,7 @@ TEST_F(RoadWithADatabaseFault, AConnectionLostInMidUploadIsReportedByEachRoutine
     ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
     pressUpload(told::unknownCalibrator + u"\r\n"_s);
 
-    logInAgain();
+    logInAgain(mt);
     EXPECT_EQ(registered(), both) << "the registry stays whole";
     EXPECT_EQ(records(u"TW-101"_s) + records(u"TW-102"_s), QStringList());
     upload({}, told::noData(both));
@@ -151,7 +103,7 @@ TEST_F(RoadWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsError7
     EXPECT_EQ(heldNames(), both);
 
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
-    logInAgain();
+    logInAgain(mt);
     EXPECT_EQ(registered(), both);
     upload(both);
     expectWhole(both);
@@ -168,49 +120,38 @@ TEST_F(RoadWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
     EXPECT_FALSE(ui.busy);
     EXPECT_EQ(screen.list, both);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
-    logInAgain();
+    logInAgain(mt);
     download();
     EXPECT_EQ(registered(), both);
 }
 
-/// Another workstation that holds the write lock.
+/// Another workstation holds the write lock.
 class RoadWithALockedDatabase : public RoadWithADatabaseFault {
   protected:
-    void lock() {
-        other_ = std::make_unique<OdbcLink>(u"Driver=SQLite3;Database="_s + database.file(u"mt.db"_s),
-                                            QString(), QString());
-        other_->execute(u"begin immediate"_s);
-    }
-    void unlock() {
-        other_->execute(u"rollback"_s);
-        other_.reset();
-    }
-
-  private:
-    std::unique_ptr<OdbcLink> other_;
+    OtherWriter other{database.file(u"mt.db"_s)};
 };
 
 TEST_F(RoadWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAndCanBeListedLater) {
     ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
-                    u"TT-0300F"_s, [&](const DialogQuestion&) { lock(); });
+                    u"TT-0300F"_s, [&](const DialogQuestion&) { other.lock(); });
     ui.expectReport(busy, u"FormDockingDown,CommandAdd"_s);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
     EXPECT_TRUE(ui.allCame());
     EXPECT_TRUE(session.SessionConnected) << "a lock is no lost connection";
     EXPECT_EQ(screen.list, QStringList());
     EXPECT_EQ(standardsInUse(u"TW-101"_s), QStringList());
-    unlock();
+    other.unlock();
     list(u"TW-101"_s);
 }
 
 TEST_F(RoadWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
     list(u"TW-101"_s);
-    lock();
+    other.lock();
     ui.expectReport(busy, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.allCame());
     EXPECT_EQ(heard(), QStringList());
-    unlock();
+    other.unlock();
     EXPECT_EQ(rows(u"select count(*) from mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
               QStringList{u"1"_s});
     download();
@@ -220,9 +161,9 @@ TEST_F(RoadWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingToTheC
 TEST_F(RoadWithALockedDatabase, ARecordThatCantBeWrittenIsReportedAndTheUploadGoesOnWithTheNextTool) {
     bringBack();
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { lock(); });
+    expectRecord(u"TW-101"_s, [&] { other.lock(); });
     ui.expectReport(busy, u"ModuleGlobals,CreateCalRecord"_s);
-    expectRecord(u"TW-102"_s, [&] { unlock(); });
+    expectRecord(u"TW-102"_s, [&] { other.unlock(); });
     pressUpload();
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(records(u"TW-101"_s), QStringList());
@@ -235,11 +176,11 @@ TEST_F(RoadWithALockedDatabase, WithoutALogARecordThatCantBeWrittenEndsTheUpload
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { lock(); });
+    expectRecord(u"TW-101"_s, [&] { other.lock(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
     EXPECT_TRUE(ui.allCame());
     EXPECT_EQ(heldNames(), both);
-    unlock();
+    other.unlock();
     EXPECT_EQ(registered(), both);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
     upload(both);

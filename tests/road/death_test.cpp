@@ -15,13 +15,6 @@ class DyingWorkstation : public TorqueRoad {
         workplace.line.setPortOpen(false);
     }
 
-    /// Starts the upload of another workstation; it kills itself before the moment of that number, 0 for
-    /// none.
-    std::unique_ptr<QProcess> startUpload(int moment) {
-        return simulators::startProgram(u"road_upload"_s,
-                                        {database.dsn(), workshop.link(), QString::number(moment)});
-    }
-
     /// What there is of a tool: its records, and where it is held, registered and in use with the calibrator.
     QString stateOf(const QString& asset) {
         QStringList state = records(asset);
@@ -32,15 +25,6 @@ class DyingWorkstation : public TorqueRoad {
         if (standardsInUse(asset).contains(u"TS-0001"_s))
             state << u"in use"_s;
         return state.join(u' ');
-    }
-
-    void expectSoundDatabase() {
-        const auto fresh = database.connect(u"jdoe"_s, u"kelvane"_s);
-        for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
-            const auto found = fresh->select(u"pragma "_s + owner + u".integrity_check"_s);
-            ASSERT_TRUE(found->next());
-            EXPECT_EQ(found->value(0), u"ok"_s) << owner.toStdString();
-        }
     }
 
     /// Uploads once more. A tool that has its record but is still held comes up again and is refused;
@@ -130,7 +114,7 @@ class DyingAtAMoment : public DyingWorkstation, public ::testing::WithParamInter
 
 TEST_P(DyingAtAMoment, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     const auto& death = deaths[GetParam()];
-    const auto child = startUpload(GetParam() + 1);
+    const auto child = startCommand(GetParam() + 1);
     const auto outcome = simulators::outcomeOf(*child);
     EXPECT_EQ(outcome.code, -2) << "killed: " << outcome.errors.toStdString();
     const auto last = outcome.output.trimmed().section(u'\n', -1);
@@ -146,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Before, DyingAtAMoment, ::testing::Range(0, static_cast
 
 TEST_F(DyingWorkstation, AnUploadHasNoOtherMoments) {
     bringBack({u"TW-101"_s});
-    const auto child = startUpload(static_cast<int>(std::size(deaths)) + 1);
+    const auto child = startCommand(static_cast<int>(std::size(deaths)) + 1);
     const auto outcome = simulators::outcomeOf(*child);
     EXPECT_EQ(outcome.code, 0) << outcome.errors.toStdString();
     EXPECT_EQ(outcome.output.count(u'\n'), std::size(deaths));
@@ -160,7 +144,7 @@ class KilledWorkstation : public DyingWorkstation, public ::testing::WithParamIn
 TEST_P(KilledWorkstation, LosesNothingAndDoublesNothing) {
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
     bringBack(both);
-    const auto child = startUpload(0);
+    const auto child = startCommand(0);
     for (int line = 0; line < GetParam(); ++line) {
         while (!child->canReadLine())
             ASSERT_TRUE(child->waitForReadyRead(20000)) << line;

@@ -4,8 +4,8 @@
 
 namespace kelvane::testing {
 
-/// An operator who answers at once and shows nothing: the first choice, the proposed text, or a number. What
-/// goes wrong he keeps, since a figure taken from work that failed is none.
+/// An operator who answers at once and shows nothing: the proposed choice or the first one, the proposed
+/// text, or a number. What goes wrong he keeps, since a figure taken from work that failed is none.
 class QuietOperator : public UserInterface {
   public:
     BoxAnswer messageBox(const QString& text, const QString&, BoxStyle style) override {
@@ -15,7 +15,8 @@ class QuietOperator : public UserInterface {
     }
     QString askOneField(const DialogQuestion& question) override {
         if (question.fromList && !question.choices.isEmpty())
-            return question.choices.first();
+            return question.choices.contains(question.defaultText) ? question.defaultText
+                                                                   : question.choices.first();
         return question.defaultText.isEmpty() ? QStringLiteral("21.5") : question.defaultText;
     }
     void showProgress(const QString&) override {}

@@ -1,13 +1,14 @@
-// An upload in a process of its own, which a test may end at any moment.
-// Usage: road_upload SOURCE DEVICE MOMENT. Prints a line before each thing that stays: a writing statement,
-// or a message to the calibrator. Before that of number MOMENT, from 1, it kills itself; with 0 it comes to
-// its end.
+// A command in a process of its own, which a test may end at any moment.
+// Usage: road_command SOURCE DEVICE MOMENT CALIBRATOR [INSTRUMENT...]: downloads the instruments, without any
+// it uploads. Prints a line before each thing that stays: a writing statement, or a message or a step of a
+// transfer to the calibrator. Before that of number MOMENT, from 1, it kills itself; with 0 it comes to its
+// end.
 
 #include "drivers/fluke702/dpclnk_library.h"
 #include "platform/odbc_connection.h"
 #include "tests/road/workplace.h"
 #include "tests/support/quiet_operator.h"
-#include "workflow/driver.h"
+#include "tests/workflow/scripted_screen.h"
 
 #include <QCoreApplication>
 
@@ -83,18 +84,51 @@ class MortalPort final : public SerialPort {
     Doom& doom_;
 };
 
-int upload(const QString& source, const QString& device, int moment) {
-    Doom doom(moment);
+class MortalLink final : public DpclnkLibrary {
+  public:
+    explicit MortalLink(Doom& doom) : doom_(doom) {}
+    Status DPCdnlStep(qint32& count) override {
+        doom_.before(u"DPCdnlStep"_s);
+        return DpclnkLibrary::DPCdnlStep(count);
+    }
+    Status DPCuplStep(qint32& count) override {
+        doom_.before(u"DPCuplStep"_s);
+        return DpclnkLibrary::DPCuplStep(count);
+    }
+
+  private:
+    Doom& doom_;
+};
+
+/// What the command is carried out with.
+struct Arguments {
+    QString source;
+    QString device;
+    int moment = 0;
+    QString calibrator;
+    QStringList instruments;
+};
+
+int carryOut(const Arguments& arguments) {
+    Doom doom(arguments.moment);
     QuietOperator ui;
     const SystemClock clock;
-    Workplace workplace(ui, clock, source, device,
+    Workplace workplace(ui, clock, arguments.source, arguments.device,
                         [&doom] { return std::make_unique<MortalConnection>(odbcConnections()(), doom); });
     workplace.start();
+    workplace.settings.setValue(u"Defaults"_s, u"LastUploadCalibrator"_s, arguments.calibrator);
     MortalConnection::awake = true;
     MortalPort port(workplace.line, doom);
-    DpclnkLibrary link;
+    MortalLink link(doom);
     Calibrators calibrators{workplace.session, {workplace.session, port}, {workplace.session, link}};
-    ModuleGlobals::UploadFromCalibrator(calibrators);
+    if (arguments.instruments.isEmpty()) {
+        ModuleGlobals::UploadFromCalibrator(calibrators);
+    } else {
+        ScriptedScreen screen;
+        screen.name = arguments.calibrator;
+        screen.list = arguments.instruments;
+        downloadList(calibrators, screen);
+    }
     for (const auto& complaint : std::as_const(ui.complaints))
         std::fprintf(stderr, "%s\n", qPrintable(complaint));
     return ui.complaints.isEmpty() ? 0 : 1;
@@ -106,8 +140,9 @@ int upload(const QString& source, const QString& device, int moment) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    if (argc != 4)
+    const auto arguments = QCoreApplication::arguments();
+    if (arguments.size() < 5)
         return 2;
-    return kelvane::testing::upload(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]),
-                                    QByteArray(argv[3]).toInt());
+    return kelvane::testing::carryOut(
+        {arguments[1], arguments[2], arguments[3].toInt(), arguments[4], arguments.mid(5)});
 }

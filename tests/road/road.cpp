@@ -1,0 +1,130 @@
+#include "tests/road/road.h"
+
+#include "tests/platform/errors.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+Road::Road(const QString& calibrator, QString serial) : serial_(std::move(serial)) {
+    screen.name = calibrator;
+    QFile::copy(QStringLiteral(KELVANE_DEMO_TEMPLATE), u"rslt_db.frm"_s);
+    workplace.start();
+}
+
+QHash<QString, QString> Road::databaseSettings() {
+    return {{u"Timeout"_s, u"200"_s}};
+}
+
+void Road::list(const QString& asset, const QString& standard) {
+    if (!standard.isEmpty()) {
+        const auto question = u"Standard to be used for this calibration:"_s;
+        const auto caption = asset + u": External Standard Required"_s;
+        ui.expectDialog(caption, question, standard);
+        ui.expectDialog(caption, question, {});
+    }
+    addToDownloadList(calibrators, screen, asset);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(screen.list.contains(asset)) << asset.toStdString();
+}
+
+void Road::download(const QString& message) {
+    ui.expectBox(message, downloadTitle, message == told::downloaded ? box::information : box::warning);
+    downloadList(calibrators, screen);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_FALSE(ui.busy);
+}
+
+void Road::expectChoice() {
+    ui.expectDialog(uploadTitle, u"Select Calibrator To Use:"_s, screen.name);
+}
+
+void Road::expectRecord(const QString& asset, std::function<void()> meanwhile) {
+    const auto caption = u"Calibration Record Data ("_s + asset + u')';
+    const auto prompt = u"Please enter information for: "_s;
+    ui.expectDialog(caption, prompt + u"Place of Calibration"_s, u"IN PLACE"_s);
+    ui.expectDialog(caption, prompt + u"Ambient Temperature (C)"_s, u"21.5"_s,
+                    [act = std::move(meanwhile)](const DialogQuestion&) {
+                        if (act)
+                            act();
+                    });
+}
+
+void Road::expectRefusal() {
+    ui.expectBox(told::recordExists, u"Calibration Record Creation"_s, box::stop);
+}
+
+void Road::pressUpload(const QString& message) {
+    ui.expectBox(message, uploadTitle, message == told::uploaded ? box::information : box::warning);
+    ModuleGlobals::UploadFromCalibrator(calibrators);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_FALSE(ui.busy);
+    EXPECT_FALSE(ui.progressShown);
+}
+
+QStringList Road::rows(const QString& query, int columns) {
+    QStringList found;
+    for (const auto set = sharedConnection(session).select(query); set->next();) {
+        QStringList row;
+        for (int column = 0; column < columns; ++column)
+            row << set->value(column).value_or(u"(null)"_s);
+        found << row.join(u'|');
+    }
+    return found;
+}
+
+QStringList Road::registered() {
+    return rows(u"select i4201 from mt.hvm_kv_task_inuse, mt.inventory where inventory.mtag = "
+                "hvm_kv_task_inuse.mtag and serial_number = '%1' order by i4201"_s.arg(serial_));
+}
+
+QStringList Road::standardsInUse(const QString& asset) {
+    return rows(u"select i4201 from mt.hvm_kv_task_standards_inuse, mt.inventory where inventory.mtag = "
+                "standard_mtag and hvm_kv_task_standards_inuse.mtag = (select mtag from mt.inventory where "
+                "i4201 = '"_s +
+                asset + u"') order by i4201"_s);
+}
+
+QStringList Road::records(const QString& asset) {
+    return rows(
+        u"select c2323,(select count(*) from mt.standards where standards.ctag = calibration.ctag),(select "
+        "count(*) from mt.calresults where calresults.ctag = calibration.ctag) from mt.calibration where "
+        "cdsrc = 'KVN' and c2301 = '"_s +
+            workDay() + u"' and mtag = (select mtag from mt.inventory where i4201 = '"_s + asset +
+            u"') order by ctag"_s,
+        3);
+}
+
+void Road::expectSoundDatabase() {
+    const auto fresh = database.connect(u"jdoe"_s, u"kelvane"_s);
+    for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
+        const auto found = fresh->select(u"pragma "_s + owner + u".integrity_check"_s);
+        ASSERT_TRUE(found->next());
+        EXPECT_EQ(found->value(0), u"ok"_s) << owner.toStdString();
+    }
+}
+
+void Road::logInAgain(WreckableFile& destroyed) {
+    EXPECT_NE(errorOf([&] { workplace.logIn(); }), 0);
+    EXPECT_FALSE(session.SessionConnected);
+    destroyed.repair();
+    workplace.logIn();
+    EXPECT_TRUE(session.SessionConnected);
+}
+
+std::unique_ptr<QProcess> Road::startCommand(int moment, const QStringList& downloaded) {
+    return simulators::startProgram(
+        u"road_command"_s,
+        QStringList{database.dsn(), workshop.link(), QString::number(moment), screen.name} + downloaded);
+}
+
+/// A Wednesday whose number comes over the torque calibrator's line unharmed, before every day of the
+/// demonstration data.
+const QString& Road::workDay() {
+    static const auto day = u"2021-06-16"_s;
+    return day;
+}
+
+} // namespace kelvane::testing
