@@ -254,13 +254,14 @@ void FormPredefinedTasks::SetButtons(Editing state) {
     routine(u"SetButtons", [this, state](Routine&) {
         const bool idle = state == Editing::idle;
         const bool named = !ComboTPName->currentText().isEmpty();
-        if (named || !idle)
+        const bool editable = !idle || (named && !unread_);
+        if (editable)
             EnableControls();
         else
             DisableControls();
         ComboTPName->setEnabled(idle && named);
         CommandRemoveTP->setEnabled(idle && named);
-        if (idle && named)
+        if (idle && editable)
             CommandRemove->setEnabled(ListAssets->count() > 0);
         CommandAddTP->setEnabled(idle);
         CommandSave->setEnabled(!idle);

@@ -26,6 +26,17 @@ class FormPredefinedTasks final : public EditorWindow {
   private:
     /// What the buttons are for.
     enum class Editing { idle = 0, newPackage = 1 };
+    /// All that a user may have entered, on the screen or behind another option.
+    struct Entered {
+        QString notes;
+        QString asset;
+        QStringList assets;
+        QString sql;
+        QString value;
+        QStringList choices;
+        bool mayBeSaved;
+        bool mayBeCancelled;
+    };
 
     void layOut();
     QGroupBox* identification();
@@ -73,6 +84,9 @@ class FormPredefinedTasks final : public EditorWindow {
     void CommandRemove_Click();
     void CommandSave_Click();
     void CommandCancel_Click();
+    Entered entered() const;
+    /// Undoes a `ClearAll`.
+    void putBack(const Entered& before);
     void showNew(const QString& name);
     /// What is wrong with an instrument for the list, by id; 0 when nothing is.
     int faultOfInstrument(const QString& asset);
@@ -83,6 +97,8 @@ class FormPredefinedTasks final : public EditorWindow {
     std::array<QString, definitionCount> lastValues_;
     Definition lastKind_ = Definition::segregate;
     bool loadingTasks_ = false;
+    /// The package of the list could not be read: nothing may be entered over what it holds.
+    bool unread_ = false;
 
     QComboBox* ComboTPName;
     TextBox* TextNotes;

@@ -71,6 +71,7 @@ void FormPredefinedTasks::LoadTasks() {
         const BusyPointer busy(session_.ui);
         const Loading loading(*this);
         const QScopedValueRollback tasks(loadingTasks_, true);
+        unread_ = false;
         ComboTPName->clear();
         ClearAll();
         const auto names =
@@ -86,12 +87,15 @@ void FormPredefinedTasks::LoadTasks() {
 }
 
 void FormPredefinedTasks::LoadPackage(const QString& name) {
-    routine(u"LoadPackage", [&](Routine& guard) {
+    unread_ = false;
+    const bool read = routine(u"LoadPackage", [&](Routine& guard) {
         const BusyPointer busy(session_.ui);
         const Loading loading(*this);
         ClearAll();
         showPackage(guard, name);
     });
+    if (!read)
+        unread_ = true;
     takeAsShown();
 }
 
@@ -153,6 +157,7 @@ void FormPredefinedTasks::ComboTPName_Click() {
 }
 
 void FormPredefinedTasks::CommandAddTP_Click() {
+    const auto before = entered();
     ComboTPName->setEnabled(false);
     ClearAll();
     for (auto* one : {CommandAddTP, CommandRemoveTP, CommandAdd, CommandRemove, CommandSave, CommandCancel})
@@ -160,15 +165,46 @@ void FormPredefinedTasks::CommandAddTP_Click() {
     std::optional<QString> name;
     // The name that this command has from the screen of the strategies.
     Routine guard(session_, u"FormStrategies,CommandAdd"_s);
-    guard.run([&] { name = askNewName(session_, guard, *widget(), newPackage); });
+    const bool answered = guard.run([&] { name = askNewName(session_, guard, *widget(), newPackage); });
     if (name) {
         showNew(*name);
         return;
     }
     ComboTPName->setEnabled(true);
-    LoadPackage(ComboTPName->currentText());
-    SetButtons(Editing::idle);
+    if (answered) {
+        LoadPackage(ComboTPName->currentText());
+        SetButtons(Editing::idle);
+    } else {
+        putBack(before);
+    }
     CommandAddTP->setFocus();
+}
+
+FormPredefinedTasks::Entered FormPredefinedTasks::entered() const {
+    QStringList choices;
+    for (int row = 0; row < ComboSelectList->count(); ++row)
+        choices << ComboSelectList->itemText(row);
+    return {.notes = TextNotes->text(),
+            .asset = TextListEnter->text(),
+            .assets = rowsOf(*ListAssets),
+            .sql = TextSQL->text(),
+            .value = ComboSelectList->currentText(),
+            .choices = choices,
+            .mayBeSaved = CommandSave->isEnabled(),
+            .mayBeCancelled = CommandCancel->isEnabled()};
+}
+
+void FormPredefinedTasks::putBack(const Entered& before) {
+    const Loading loading(*this);
+    TextNotes->setText(before.notes);
+    TextListEnter->setText(before.asset);
+    ListAssets->addItems(before.assets);
+    TextSQL->setText(before.sql);
+    ComboSelectList->addItems(before.choices);
+    setSelectList(before.value);
+    SetButtons(Editing::idle);
+    CommandSave->setEnabled(before.mayBeSaved);
+    CommandCancel->setEnabled(before.mayBeCancelled);
 }
 
 void FormPredefinedTasks::showNew(const QString& name) {
@@ -177,6 +213,7 @@ void FormPredefinedTasks::showNew(const QString& name) {
         ComboTPName->addItem(name);
         ComboTPName->setCurrentIndex(ComboTPName->findText(name));
     }
+    unread_ = false;
     SetButtons(Editing::newPackage);
     DisplayEdit();
     currentName_ = name;

@@ -200,14 +200,27 @@ TEST_F(PackageCommands, WhileTheNameIsAskedThePackagesAreOutOfReachAndTheScreenS
 
 TEST_F(PackageCommands, ANameThatCantBeSoughtIsReportedUnderTheStrategiesName) {
     open();
+    option(u"Model"_s);
+    typeValue(u"My model"_s);
+    option(u"AssetList"_s);
+    add(u"A-3"_s);
+    QTest::keyClicks(&notes(), u"Note"_s);
+    const auto lit = enabled();
     script.failures.insert(selectTaken(u"NEW"_s), noTable);
+    script.statements.clear();
     expectName(u"NEW"_s);
     person.expectReport(208, u"FormStrategies,CommandAdd"_s);
     click(u"CommandAddTP"_s);
-    // As after a cancelled name.
-    EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
-    EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Remove"_s}));
+    // Everything that was entered is there again.
+    EXPECT_EQ(script.statements, QStringList{selectTaken(u"NEW"_s)});
+    EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
+    EXPECT_EQ(notes().text(), u"Note"_s);
+    EXPECT_EQ(names().currentText(), u"LIST"_s);
+    EXPECT_TRUE(names().isEnabled());
+    EXPECT_EQ(enabled(), lit);
     EXPECT_FALSE(QApplication::overrideCursor());
+    option(u"Model"_s);
+    EXPECT_EQ(value().currentText(), u"My model"_s);
 }
 
 TEST_F(PackageCommands, CancellingANewPackageDropsItsName) {

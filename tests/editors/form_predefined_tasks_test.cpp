@@ -2,6 +2,7 @@
 
 #include "tests/editors/package_screen.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QGroupBox>
 #include <QMessageBox>
@@ -183,7 +184,7 @@ TEST_F(FormPredefinedTasksTest, AFailureWhileOpeningOpensAnEmptyScreen) {
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 
-TEST_F(FormPredefinedTasksTest, AFailureOfEitherStatementOfAPackageShowsItEmpty) {
+TEST_F(FormPredefinedTasksTest, APackageThatCantBeReadIsShownEmptyAndNothingCanBeEnteredOverIt) {
     for (const auto& statement : {selectPackage(u"LIST"_s), selectAssets(u"TAG OF LIST"_s)}) {
         script.failures = {{statement, noTable}};
         person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
@@ -191,6 +192,16 @@ TEST_F(FormPredefinedTasksTest, AFailureOfEitherStatementOfAPackageShowsItEmpty)
         EXPECT_EQ(names().currentText(), u"LIST"_s);
         EXPECT_TRUE(rows().isEmpty());
         EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s}));
+        for (auto* field :
+             std::initializer_list<QWidget*>{&notes(), &entry(), &assets(), &button(u"CommandAdd"_s)})
+            EXPECT_FALSE(field->isEnabled());
+        // Chosen once more, it may be read.
+        script.failures.clear();
+        QTest::keyClick(&names(), Qt::Key_F4);
+        QTest::keyClick(names().view(), Qt::Key_Return);
+        EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
+        EXPECT_TRUE(notes().isEnabled());
+        EXPECT_TRUE(button(u"CommandRemove"_s).isEnabled());
         form().close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
