@@ -2,10 +2,12 @@
 
 #include "tests/editors/message_screen.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/list_rows.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMessageBox>
 #include <QTest>
@@ -184,6 +186,22 @@ TEST_F(MessageCommands, TheOpenParameterEditorIsToldOfEachNewMessage) {
     click(u"CommandCreate"_s);
     EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
     made->unload();
+}
+
+TEST_F(MessageCommands, FromTheMenuBothEditorsFollowEachOther) {
+    script.answers.insert(u"select count(tp_name) from mt.hvm_kv_proc_points"_s, {Row{u"1"_s}});
+    script.answers.insert(u"select mtag from MT.inventory where i4201 = 'PT-1001'"_s, {Row{u"17"_s}});
+    person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
+    choose(u"mnuCalParameters"_s);
+    open();
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    for (const auto& list : {u"ListPreAvail"_s, u"ListPostAvail"_s})
+        EXPECT_EQ(rowsOf(control<QListWidget>(child(u"FormCalParam"_s), list)), QStringList{u"NEW"_s});
+    child(u"FormCalParam"_s).close();
+    expectName(u"NEXT"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(names().currentText(), u"NEXT"_s);
 }
 
 // Saving.
