@@ -109,7 +109,7 @@ void Person::answer(FormCustomDialog& dialog) {
 }
 
 void Person::picture(QWidget& widget, const QString& name) {
-    const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 2, 10, QChar(u'0')).arg(name);
+    const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 3, 10, QChar(u'0')).arg(name);
     if (!widget.grab().save(file))
         complain(u"the picture %1 could not be written"_s.arg(file));
 }
