@@ -25,7 +25,7 @@ QChar characterOfByte(int byte) {
                                              : QChar(windows1252[std::size_t(byte - firstOwn)]);
 }
 
-char byteOf(char32_t character) {
+char byteOf(char16_t character) {
     if (character < firstOwn || (character > lastOwn && character <= 255))
         return static_cast<char>(character);
     const auto found = std::find(windows1252.cbegin(), windows1252.cend(), character);
@@ -74,18 +74,23 @@ QString trimBlanks(QStringView text) {
 }
 
 QByteArray toCalibratorBytes(QStringView text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (const char32_t character : text.toUcs4())
-        bytes += byteOf(character);
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    auto* end = bytes.data();
+    QChar before;
+    for (const auto unit : text) {
+        // Two surrogates are one character, which has no byte.
+        if (!(before.isHighSurrogate() && unit.isLowSurrogate()))
+            *end++ = byteOf(unit.unicode());
+        before = unit;
+    }
+    bytes.truncate(end - bytes.data());
     return bytes;
 }
 
 QString fromCalibratorBytes(QByteArrayView bytes) {
-    QString text;
-    text.reserve(bytes.size());
-    for (const char byte : bytes)
-        text += characterOfByte(static_cast<unsigned char>(byte));
+    QString text(bytes.size(), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return characterOfByte(static_cast<unsigned char>(byte)); });
     return text;
 }
 

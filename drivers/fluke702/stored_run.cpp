@@ -31,6 +31,13 @@ Status fetchAgain(Dpclnk& link, qint32 record, RunHeader& header, HeaderValue va
     return status;
 }
 
+/// Not cleaned yet.
+Status fetchTag(Dpclnk& link, qint32 record, RunTag& tag) {
+    const QString blanks(tagLength, u' ');
+    tag = {blanks, blanks, blanks};
+    return link.MEMtagidInfo(record, tag.tag, tag.serial, tag.technician);
+}
+
 } // namespace
 
 Moment momentOf(const RunHeader& header) {
@@ -58,12 +65,16 @@ Status readHeader(Dpclnk& link, qint32 record, RunHeader& header) {
 }
 
 Status readTag(Dpclnk& link, qint32 record, RunTag& tag) {
-    const QString blanks(tagLength, u' ');
-    tag = {blanks, blanks, blanks};
-    const auto status = link.MEMtagidInfo(record, tag.tag, tag.serial, tag.technician);
+    const auto status = fetchTag(link, record, tag);
     for (auto* text : {&tag.tag, &tag.serial, &tag.technician})
         *text = ModuleGlobals::CleanDLLString(*text);
     return status;
+}
+
+QString tagOf(Dpclnk& link, qint32 record) {
+    RunTag tag;
+    fetchTag(link, record, tag);
+    return ModuleGlobals::CleanDLLString(tag.tag);
 }
 
 Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values) {

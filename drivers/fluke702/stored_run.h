@@ -45,6 +45,8 @@ struct RunEntry {
 Dpclnk::Status readHeader(Dpclnk& link, qint32 record, RunHeader& header);
 /// The texts count with status 2026 (no tag saved) too.
 Dpclnk::Status readTag(Dpclnk& link, qint32 record, RunTag& tag);
+/// The tag alone, whatever the status.
+QString tagOf(Dpclnk& link, qint32 record);
 /// In the calibrator's base units. Each of the seven values of an entry is fetched by a call of its own.
 Dpclnk::Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values);
 

@@ -162,11 +162,11 @@ QString Upload::roundOf(const Run& run, bool passed) {
     return comesAgainAfter(run.record) || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
 }
 
+/// Asks for every later run, and so costs most in an upload of many: it reads nothing but their tags.
 bool Upload::comesAgainAfter(qint32 record) {
+    const auto own = lowerCased(tag_);
     for (qint32 later = record + 1; later < count_; ++later) {
-        RunTag tag;
-        readTag(link_, later, tag);
-        if (lowerCased(tag.tag) == lowerCased(tag_))
+        if (lowerCased(tagOf(link_, later)) == own)
             return true;
     }
     return false;

@@ -121,7 +121,13 @@ TEST(CalibratorBytes, OfACharacterThatHasNoneAreAQuestionMark) {
     EXPECT_EQ(toCalibratorBytes(u"a😀b"), "a?b"_ba);                // one for the whole character
     EXPECT_EQ(toCalibratorBytes(u"\u0080\u0085\u009f"), "???"_ba); // these numbers mean other characters
     EXPECT_EQ(toCalibratorBytes(u"\u0100\ufeff"), "??"_ba);
-    EXPECT_EQ(toCalibratorBytes(QString(QChar(0xD800))), "?"_ba);
+    // Halves of a character, alone and beside a whole one.
+    const QString high(QChar(0xD800));
+    const QString low(QChar(0xDC00));
+    EXPECT_EQ(toCalibratorBytes(high), "?"_ba);
+    EXPECT_EQ(toCalibratorBytes(low), "?"_ba);
+    EXPECT_EQ(toCalibratorBytes(low + high), "??"_ba);
+    EXPECT_EQ(toCalibratorBytes(high + high + low + low), "???"_ba);
     EXPECT_EQ(toCalibratorBytes(u""), ""_ba);
 }
 
