@@ -6,7 +6,6 @@
 #include "data/assets.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
-#include "tests/support/quiet_operator.h"
 #include "workflow/driver.h"
 
 #include <QCoreApplication>
@@ -34,11 +33,6 @@ struct Figures {
     int messages = 0;
 };
 
-void complain(const QString& what) {
-    std::fprintf(stderr, "bench_torque: %s\n", qPrintable(what));
-    std::exit(1);
-}
-
 /// Runs `road` (a download or an upload) and measures it.
 template <class Road>
 Figures measure(TorqueSite& site, int tools, Road road) {
@@ -52,10 +46,8 @@ Figures measure(TorqueSite& site, int tools, Road road) {
     const Seconds whole = Clock::now() - start;
     port.endExchange();
     site.port.setPortOpen(false);
-    if (!failure.isEmpty())
-        complain(failure);
-    if (!site.ui.complaints.isEmpty())
-        complain(site.ui.complaints.join(u'\n'));
+    require(failure.isEmpty(), failure);
+    site.requireNoComplaint();
     return {tools,
             static_cast<int>(log.statements.size()),
             whole.count(),
@@ -71,7 +63,7 @@ void print(const char* road, const Figures& f) {
 }
 
 Figures download(TorqueSite& site, int tools) {
-    const auto tag = site.makePackage(tools);
+    const auto tag = site.packageOf(tools);
     return measure(site, tools, [&](Calibrators& calibrators) {
         return calibratorDownload(calibrators, site.calibrator, tag);
     });
@@ -101,9 +93,8 @@ void onFastLine(const TorqueSite::Programs& programs) {
         if (tools == mostTools) {
             std::printf("a message without delay on the line: %.2f ms\n",
                         1000 * down.exchanges / down.messages);
-            const auto all = statements.statements + site.log.statements;
-            const auto rows = statements.rows + site.log.rows;
-            const double plain = site.replayPlainly(all, rows);
+            Replay plainly(site.database);
+            const double plain = plainly.run(statements) + plainly.run(site.log);
             std::printf("database of download and upload / plain ODBC with the same statements: %.2f\n",
                         (down.database + up.database) / plain);
         }
@@ -117,7 +108,7 @@ void onFastLine(const TorqueSite::Programs& programs) {
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     if (argc != 4)
-        kelvane::bench::complain(u"usage: bench_torque SIMULATOR TECHNICIAN DATABASE"_s);
+        kelvane::bench::giveUp(u"usage: bench_torque SIMULATOR TECHNICIAN DATABASE"_s);
     const kelvane::bench::TorqueSite::Programs programs{
         QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3])};
     kelvane::bench::onFastLine(programs);

@@ -4,7 +4,9 @@
 #include "platform/connection.h"
 
 #include <QStringList>
+
 #include <chrono>
+#include <functional>
 
 namespace kelvane::bench {
 
@@ -31,6 +33,8 @@ class WatchedConnection final : public Connection {
         QStringList statements;
         QList<Rows> rows;
         Seconds time{};
+        /// Runs before each statement.
+        std::function<void()> onStatement;
     };
     WatchedConnection(std::unique_ptr<Connection> real, Log& log) : real_(std::move(real)), log_(log) {}
 
@@ -53,6 +57,8 @@ class WatchedConnection final : public Connection {
 
   private:
     void keep(const QString& statement, Rows rows) {
+        if (log_.onStatement)
+            log_.onStatement();
         log_.statements << statement;
         log_.rows << rows;
     }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "benchmarks/plain_odbc.h"
+#include "benchmarks/watched.h"
+#include "data/session.h"
+#include "platform/settings_store.h"
+#include "tests/support/embedded_database.h"
+#include "tests/support/quiet_operator.h"
+
+#include <QTemporaryDir>
+
+namespace kelvane::bench {
+
+/// Ends the program with these words: a figure taken from work that failed is none.
+[[noreturn]] void giveUp(const QString& what);
+void require(bool holds, const QString& what);
+
+/// A workstation that is logged in to a copy of a database, and keeps the statements that it fires.
+class Site {
+  public:
+    explicit Site(const QString& databaseFrom);
+
+    /// Makes instruments that are like another one but for their number, key and serial number, which are
+    /// these names.
+    void copyInstrument(const QString& like, const QStringList& names);
+    /// Makes a task package of the instruments and gives its tag.
+    QString makePackage(const QStringList& names);
+    /// Ends the program when the operator was told of a failure.
+    void requireNoComplaint() const;
+
+    QTemporaryDir folder;
+    testing::QuietOperator ui;
+    SystemClock clock;
+    IniSettingsStore settings;
+    testing::EmbeddedDatabase database;
+    WatchedConnection::Log log;
+    Session session;
+};
+
+/// Plain ODBC that fires the statements of a site again, on a database of the site's kind.
+class Replay {
+  public:
+    explicit Replay(const testing::EmbeddedDatabase& database);
+    /// Fires them in their order, as the engine gets them; gives the seconds.
+    double run(const WatchedConnection::Log& log);
+
+  private:
+    PlainOdbc plain_;
+};
+
+} // namespace kelvane::bench
