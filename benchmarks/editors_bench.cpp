@@ -1,18 +1,23 @@
-// Opening an editor, and showing another of its records, with few and with many of them, against a bare Qt
-// window whose list is filled with the same rows in one go. Both are painted. Usage: bench_editors
+// Opening the editors, and showing another record in them, with few and with many rows, against a bare window
+// whose lists are filled in one go with what plain ODBC reads with the same queries. Usage: bench_editors
+// [TURNS]
 
+#include "benchmarks/bare_screen.h"
+#include "benchmarks/editor_site.h"
 #include "benchmarks/in_turns.h"
+#include "editors/form_cal_param.h"
+#include "editors/form_predefined_tasks.h"
 #include "editors/form_strategies.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/quiet_operator.h"
+#include "editors/form_test_mess.h"
+#include "editors/form_work_config.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QMainWindow>
-#include <QMdiArea>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QPushButton>
 
 #include <cstdio>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -27,119 +32,143 @@ void require(bool good, const char* what) {
     std::exit(1);
 }
 
-/// A session over a scripted connection, and a main window.
-struct Workplace {
-    Workplace() : session({ui, clock, settings}, [this] { return connection(); }) {
-        window.setCentralWidget(area);
-        window.resize(665, 551);
-        window.show();
-    }
-    std::unique_ptr<Connection> connection() {
-        return std::make_unique<testing::RecordingConnection>(script);
-    }
-    /// Shows a window until it is painted.
-    void show(QMdiSubWindow& shown) {
-        area->addSubWindow(&shown);
-        shown.show();
-        QCoreApplication::processEvents();
-    }
-    void show(ChildWindow& shown) {
-        shown.showIn(*area);
-        QCoreApplication::processEvents();
-    }
+template <class Work>
+double microsecondsOf(const Work& work) {
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    QCoreApplication::processEvents();
+    return static_cast<double>(timer.nsecsElapsed()) / 1000;
+}
 
-    testing::QuietOperator ui;
-    testing::SetClock clock;
-    testing::MemorySettings settings;
-    testing::RecordingConnection::Script script;
-    Session session;
-    QMainWindow window;
-    QMdiArea* area = new QMdiArea;
+OpenCalParam* noCalParam() {
+    return nullptr;
+}
+
+ChildWindow* show(EditorSite& site, ChildWindow* screen) {
+    screen->showIn(*site.area);
+    return screen;
+}
+
+/// One editor: how it is opened, and how one of two records is chosen in it.
+struct Editor {
+    const char* name;
+    ChildWindow* (*open)(EditorSite& site);
+    void (*choose)(EditorSite& site, ChildWindow& screen, int record);
 };
 
-QStringList rowsOf(int count, const QString& text) {
-    QStringList rows;
-    for (int i = 0; i < count; ++i)
-        rows << text.arg(i, 5, 10, QLatin1Char('0'));
-    return rows;
+/// The first row of a list, or the last one, as the user chooses it.
+void pick(ChildWindow& screen, const QString& name, int record) {
+    auto* list = screen.findChild<QComboBox*>(name);
+    const int row = record == 0 ? 0 : list->count() - 1;
+    list->setCurrentIndex(row);
+    Q_EMIT list->activated(row);
 }
 
-QString selectPoints(const QString& name) {
-    return u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '"_s + name +
-           u"' order by test_point_seq asc"_s;
-}
-
-void print(const char* what, int rows, const Turns& took) {
-    std::printf("%s, %d rows: %.2f times a bare list (aim 1.5 or less; %.2f ms against %.2f ms)\n", what,
-                rows, took.ratio(), took.ours / 1000, took.plain / 1000);
-}
-
-/// Every strategy has `points` points.
-void answerStrategies(Workplace& place, const QStringList& names, const QStringList& points) {
-    QList<testing::Row> rows;
-    for (const auto& point : points)
-        rows << testing::Row{point};
-    QList<testing::Row> all;
-    for (const auto& name : names) {
-        all << testing::Row{name};
-        place.script.answers[u"select tp_name from mt.hvm_kv_proc_points where tp_name = '"_s + name +
-                             u"'"_s] = {testing::Row{name}};
-        place.script.answers[selectPoints(name)] = rows;
-    }
-    place.script.answers[u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s] = all;
-}
-
-/// A window with nothing but a drop-down list, which does not measure its rows.
-struct BareList {
-    explicit BareList(Workplace& place, const QStringList& rows) {
-        window.setWidget(list);
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->addItems(rows);
-        place.show(window);
-    }
-    QMdiSubWindow window;
-    QComboBox* list = new QComboBox;
+const Editor editors[] = {
+    {"test strategies",
+     [](EditorSite& site) { return show(site, new FormStrategies(site.session, noCalParam)); },
+     [](EditorSite&, ChildWindow& screen, int record) { pick(screen, u"ComboTSNames"_s, record); }},
+    {"test messages", [](EditorSite& site) { return show(site, new FormTestMess(site.session, noCalParam)); },
+     [](EditorSite&, ChildWindow& screen, int record) { pick(screen, u"ComboMessageName"_s, record); }},
+    {"task packages", [](EditorSite& site) { return show(site, new FormPredefinedTasks(site.session)); },
+     [](EditorSite&, ChildWindow& screen, int record) { pick(screen, u"ComboTPName"_s, record); }},
+    {"calibration parameters",
+     [](EditorSite& site) {
+         auto* screen = new FormCalParam(site.session);
+         show(site, screen);
+         screen->chooseFirst();
+         return static_cast<ChildWindow*>(screen);
+     },
+     [](EditorSite& site, ChildWindow& screen, int record) {
+         site.ui.instrument = EditorSite::instruments[record];
+         screen.findChild<QPushButton*>(u"CommandSelect"_s)->click();
+     }},
+    {"calibration records", [](EditorSite& site) { return show(site, new FormWorkConfig(site.session)); },
+     nullptr},
 };
 
-void openStrategies(int count, int times) {
-    Workplace place;
-    const auto names = rowsOf(count, u"STRATEGY %1"_s);
-    answerStrategies(place, names, {u"0"_s, u"50"_s, u"100"_s});
-    const auto took = inTurns(
-        times,
-        [&](int) {
-            FormStrategies form(place.session, [] { return nullptr; });
-            place.show(form);
-            require(form.findChild<QComboBox*>(u"ComboTSNames"_s)->count() == count, "names are missing");
-        },
-        [&](int) { const BareList bare(place, names); });
-    print("opening the strategies", count, took);
-}
+class Comparison {
+  public:
+    Comparison(EditorSite& site, const Editor& editor, int rows, int turns)
+        : site_(site), editor_(editor), bare_(*site.area, site.plain), rows_(rows), turns_(turns) {
+        site_.ui.instrument = EditorSite::instruments[0];
+    }
 
-/// Another strategy is shown with all names read anew.
-void switchStrategies(int count, int times) {
-    Workplace place;
-    const auto rows = rowsOf(count, u"STRATEGY %1"_s);
-    answerStrategies(place, rows, {u"0"_s, u"50"_s, u"100"_s});
-    FormStrategies form(place.session, [] { return nullptr; });
-    place.show(form);
-    auto* names = form.findChild<QComboBox*>(u"ComboTSNames"_s);
-    const BareList bare(place, {});
-    const auto took = inTurns(
-        times,
-        [&](int i) {
-            names->setCurrentIndex(i % count);
-            Q_EMIT names->activated(i % count);
-            QCoreApplication::processEvents();
-            require(names->count() == count && names->currentIndex() == i % count,
-                    "another strategy is shown");
-        },
-        [&](int) {
-            bare.list->clear();
-            bare.list->addItems(rows);
-            QCoreApplication::processEvents();
-        });
-    print("showing another strategy", count, took);
+    void opening(bool everything) {
+        auto* screen = open();
+        const auto outline = outlineOf(*screen, queries(), site_.plain, everything);
+        delete screen;
+        const auto took = inTimedTurns(
+            turns_,
+            [&](int) {
+                const auto time = microsecondsOf([&] { screen = open(); });
+                delete screen;
+                return time;
+            },
+            [&](int) {
+                const auto time = microsecondsOf([&] { bare_.open(outline); });
+                bare_.close();
+                return time;
+            });
+        print(everything ? "opening, all controls" : "opening, lists alone", took);
+    }
+
+    void switching() {
+        if (!editor_.choose)
+            return;
+        auto* screen = open();
+        Outline outlines[2];
+        for (const int record : {1, 0}) {
+            site_.log = {};
+            choose(*screen, record);
+            outlines[record] = outlineOf(*screen, queries(), site_.plain, false);
+        }
+        bare_.open(outlines[0]);
+        const auto took = inTimedTurns(
+            turns_, [&](int turn) { return microsecondsOf([&] { choose(*screen, (turn + 1) % 2); }); },
+            [&](int turn) { return microsecondsOf([&] { bare_.show(outlines[(turn + 1) % 2]); }); });
+        bare_.close();
+        delete screen;
+        print("another record", took);
+    }
+
+  private:
+    ChildWindow* open() {
+        site_.log = {};
+        return editor_.open(site_);
+    }
+    void choose(ChildWindow& screen, int record) { editor_.choose(site_, screen, record); }
+    QList<Query> queries() const {
+        QList<Query> all;
+        for (qsizetype i = 0; i < site_.log.statements.size(); ++i)
+            all << Query{site_.log.statements[i], site_.log.rows[i]};
+        return all;
+    }
+    void print(const char* what, const Turns& took) const {
+        require(site_.ui.complaints.isEmpty(), "an editor has complained");
+        std::printf("%-22s %6d rows, %-21s %8.2f ms, bare %8.2f ms, ratio %.2f\n", editor_.name, rows_, what,
+                    took.ours / 1000, took.plain / 1000, took.ratio());
+        std::fflush(stdout);
+    }
+
+    EditorSite& site_;
+    const Editor& editor_;
+    BareScreen bare_;
+    int rows_;
+    int turns_;
+};
+
+void run(int turns) {
+    for (const int rows : {10, 10'000}) {
+        EditorSite site(rows);
+        for (const auto& editor : editors) {
+            Comparison comparison(site, editor, rows, turns);
+            comparison.opening(false);
+            comparison.opening(true);
+            comparison.switching();
+        }
+    }
 }
 
 } // namespace
@@ -150,11 +179,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QApplication application(argc, argv);
-    using namespace kelvane::bench;
-    for (const int rows : {10, 10'000}) {
-        const int times = rows > 10 ? 60 : 200;
-        openStrategies(rows, times);
-        switchStrategies(rows, times);
-    }
+    kelvane::bench::run(argc > 1 ? std::atoi(argv[1]) : 40);
     return 0;
 }

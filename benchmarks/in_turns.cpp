@@ -20,18 +20,26 @@ double median(std::vector<double>& values) {
 } // namespace
 
 Turns inTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain) {
-    std::vector<double> times[2];
     const auto block = std::max(count / turns, 1);
-    for (int turn = 0; turn < turns; ++turn) {
-        // Who goes first changes, so that neither finds the other's work warm.
-        for (const bool oursNow : {turn % 2 == 0, turn % 2 != 0}) {
-            const auto& one = oursNow ? ours : plain;
+    const auto timed = [block](const std::function<void(int)>& one) {
+        return [block, &one](int turn) {
             QElapsedTimer timer;
             timer.start();
             for (int i = 0; i < block; ++i)
                 one(turn * block + i);
-            times[oursNow ? 0 : 1].push_back(static_cast<double>(timer.nsecsElapsed()) / 1000 / block);
-        }
+            return static_cast<double>(timer.nsecsElapsed()) / 1000 / block;
+        };
+    };
+    return inTimedTurns(turns, timed(ours), timed(plain));
+}
+
+Turns inTimedTurns(int count, const std::function<double(int)>& ours,
+                   const std::function<double(int)>& plain) {
+    std::vector<double> times[2];
+    for (int turn = 0; turn < count; ++turn) {
+        // Who goes first changes, so that neither finds the other's work warm.
+        for (const bool oursNow : {turn % 2 == 0, turn % 2 != 0})
+            times[oursNow ? 0 : 1].push_back((oursNow ? ours : plain)(turn));
     }
     return {median(times[0]), median(times[1])};
 }

@@ -15,4 +15,8 @@ struct Turns {
 /// the median of the turns, so that whatever else the machine does in between does not count.
 Turns inTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain);
 
+/// The same, once a turn, for work of which only a part counts: each gives the microseconds of that part.
+Turns inTimedTurns(int turns, const std::function<double(int)>& ours,
+                   const std::function<double(int)>& plain);
+
 } // namespace kelvane::bench

@@ -57,7 +57,7 @@ int PlainOdbc::run(const QString& statement, int mostRows) {
     return rows;
 }
 
-int PlainOdbc::runLean(const QByteArray& statement) {
+SQLSMALLINT PlainOdbc::execute(const QByteArray& statement) {
     if (!kept_)
         require(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &kept_), QString::fromUtf8(statement));
     auto* text = reinterpret_cast<SQLCHAR*>(const_cast<char*>(statement.constData()));
@@ -65,6 +65,11 @@ int PlainOdbc::runLean(const QByteArray& statement) {
             QString::fromUtf8(statement));
     SQLSMALLINT columns = 0;
     SQLNumResultCols(kept_, &columns);
+    return columns;
+}
+
+int PlainOdbc::runLean(const QByteArray& statement) {
+    const auto columns = execute(statement);
     int rows = 0;
     std::array<char, 512> value;
     while (columns > 0 && SQL_SUCCEEDED(SQLFetch(kept_))) {
@@ -74,6 +79,23 @@ int PlainOdbc::runLean(const QByteArray& statement) {
     }
     SQLFreeStmt(kept_, SQL_CLOSE);
     return rows;
+}
+
+QStringList PlainOdbc::read(const QByteArray& statement) {
+    const auto columns = execute(statement);
+    QStringList first;
+    std::array<char, 512> value;
+    while (columns > 0 && SQL_SUCCEEDED(SQLFetch(kept_))) {
+        for (SQLSMALLINT column = 1; column <= columns; ++column) {
+            SQLLEN length = 0;
+            SQLGetData(kept_, static_cast<SQLUSMALLINT>(column), SQL_C_CHAR, value.data(), sizeof(value),
+                       &length);
+            if (column == 1)
+                first << QString::fromUtf8(value.data(), length == SQL_NULL_DATA ? 0 : length);
+        }
+    }
+    SQLFreeStmt(kept_, SQL_CLOSE);
+    return first;
 }
 
 } // namespace kelvane::bench

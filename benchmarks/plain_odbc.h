@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -27,8 +28,12 @@ class PlainOdbc {
     /// The same with the fewest calls that do it: one statement handle for all texts, and texts as bytes.
     /// Reads the first column of every row.
     int runLean(const QByteArray& statement);
+    /// The same, reading every column; gives the first one of all rows.
+    QStringList read(const QByteArray& statement);
 
   private:
+    SQLSMALLINT execute(const QByteArray& statement);
+
     SQLHENV environment_ = nullptr;
     SQLHDBC connection_ = nullptr;
     SQLHSTMT kept_ = nullptr;
