@@ -7,7 +7,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -96,13 +95,8 @@ QWidget* make(const Outline::Control& control, QWidget* parent) {
         list->setUniformItemSizes(true);
         return list;
     }
-    case Kind::dropDown: {
-        auto* list = new QComboBox(parent);
-        // Its rows are not measured: the place is given.
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(10);
-        return list;
-    }
+    case Kind::dropDown:
+        return new QComboBox(parent);
     case Kind::text:
         return new QPlainTextEdit(control.text, parent);
     case Kind::entry:
@@ -195,6 +189,8 @@ void BareScreen::show(const Outline& outline) {
         const auto& control = outline.controls[i];
         if (control.query >= 0)
             fill(*controls_[i], control, results[control.query]);
+        else if (control.kind == Kind::dropDown)
+            static_cast<QComboBox*>(controls_[i])->setCurrentIndex(control.selected);
     }
 }
 

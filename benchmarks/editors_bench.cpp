@@ -159,10 +159,12 @@ class Comparison {
     int turns_;
 };
 
-void run(int turns) {
+void run(int turns, const QString& only) {
     for (const int rows : {10, 10'000}) {
         EditorSite site(rows);
         for (const auto& editor : editors) {
+            if (!only.isEmpty() && QString::fromLatin1(editor.name) != only)
+                continue;
             Comparison comparison(site, editor, rows, turns);
             comparison.opening(false);
             comparison.opening(true);
@@ -179,6 +181,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QApplication application(argc, argv);
-    kelvane::bench::run(argc > 1 ? std::atoi(argv[1]) : 40);
+    kelvane::bench::run(argc > 1 ? std::atoi(argv[1]) : 40,
+                        argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString());
     return 0;
 }

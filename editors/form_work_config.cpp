@@ -122,13 +122,13 @@ QWidget* FormWorkConfig::fieldsFrame() {
     grid->setVerticalSpacing(3);
     grid->addWidget(wrapped(labelFor(ListAvail, u"Label1"_s, 1141)), 0, 0);
     grid->addWidget(ListAvail, 1, 0, 2, 1);
-    grid->addWidget(wrapped(label(u"Label2"_s, 1142)), 3, 0);
+    grid->addWidget(wrapped(note(u"Label2"_s, 1142)), 3, 0);
     grid->addWidget(wrapped(labelFor(ListRequest, u"Label3"_s, 1144)), 0, 1);
     grid->addWidget(ListRequest, 1, 1);
     grid->addLayout(moving, 2, 1);
-    grid->addWidget(wrapped(label(u"Label4"_s, 1145)), 3, 1);
+    grid->addWidget(wrapped(note(u"Label4"_s, 1145)), 3, 1);
     grid->setRowMinimumHeight(4, 4);
-    grid->addWidget(wrapped(label(u"Label5"_s, 1149)), 5, 0, 1, 2);
+    grid->addWidget(wrapped(note(u"Label5"_s, 1149)), 5, 0, 1, 2);
     const auto letters = frame->fontMetrics();
     for (int side = 0; side < 2; ++side) {
         grid->setColumnMinimumWidth(side, shownLetters * letters.averageCharWidth());

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QHash>
 #include <QProxyStyle>
 #include <QTabBar>
 #include <QTabWidget>
@@ -25,6 +26,27 @@ class CloseTabs final : public QProxyStyle {
     static constexpr int besideCaption = 10;
 };
 
+/// A text that wraps and never changes. While a window is laid out it is asked again and again for its height
+/// at the same few widths, and each answer would mean to set the whole text.
+class Note final : public QLabel {
+  public:
+    int heightForWidth(int width) const override {
+        auto& height = heights_[width];
+        if (height == 0)
+            height = QLabel::heightForWidth(width);
+        return height;
+    }
+
+  protected:
+    void changeEvent(QEvent* event) override {
+        heights_.clear();
+        QLabel::changeEvent(event);
+    }
+
+  private:
+    mutable QHash<int, int> heights_;
+};
+
 } // namespace
 
 QGroupBox* panel(const QString& name, int caption) {
@@ -33,8 +55,10 @@ QGroupBox* panel(const QString& name, int caption) {
     return made;
 }
 
-QLabel* note(const QString& name, int text) {
-    auto* made = label(name, text);
+QLabel* note(const QString& name, int caption) {
+    auto* made = named(new Note, name, text(caption));
+    made->setTextFormat(Qt::PlainText);
+    made->setText(text(caption));
     made->setWordWrap(true);
     return made;
 }

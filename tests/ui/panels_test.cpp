@@ -29,6 +29,16 @@ TEST(Notes, Wrap) {
     EXPECT_GT(made->heightForWidth(200), made->heightForWidth(600));
 }
 
+TEST(Notes, GrowWithTheirLetters) {
+    const std::unique_ptr<QLabel> made(note(u"Note1"_s, 118));
+    const int before = made->heightForWidth(200);
+    EXPECT_EQ(made->heightForWidth(200), before);
+    auto font = made->font();
+    font.setPointSizeF(2 * font.pointSizeF());
+    made->setFont(font);
+    EXPECT_GT(made->heightForWidth(200), before);
+}
+
 TEST(TabControls, GiveTheFocusToTheirRowOfTabsAlone) {
     const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
     EXPECT_EQ(made->focusPolicy(), Qt::NoFocus);
