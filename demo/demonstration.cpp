@@ -21,7 +21,7 @@ void Demonstration::run() {
 
 void Demonstration::logIn() {
     auto& program = desk_.program;
-    desk_.person.step(u"start, up to the login screen"_s, {}, {}, [&] { program.start(); });
+    desk_.step(u"start, up to the login screen"_s, [&] { program.start(); });
     lookAtDataSources();
     const auto type = [this](const QString& password) {
         auto& form = desk_.child(u"FormConnect"_s);
@@ -29,21 +29,19 @@ void Demonstration::logIn() {
         user.selectAll();
         QTest::keyClicks(&user, u"jdoe"_s);
         QTest::keyClicks(&control<QLineEdit>(form, u"TextPassword"_s), password);
-        QTest::mouseClick(&control<QPushButton>(form, u"CommandConnect"_s), Qt::LeftButton);
+        click(control<QPushButton>(form, u"CommandConnect"_s));
     };
-    desk_.person.step(
-        u"log in with a wrong password: refused"_s,
-        {{u"Kelvane"_s,
-          u"Database connection Failed! Check username/password and network connection and try again..."_s}},
-        {}, [&] { type(u"guess"_s); });
-    desk_.person.step(u"log in as jdoe"_s, {}, {}, [&] { type(u"kelvane"_s); });
+    desk_.person.expectBox(
+        u"Database connection Failed! Check username/password and network connection and try again..."_s,
+        u"Kelvane"_s, box::stop);
+    desk_.step(u"log in with a wrong password: refused"_s, [&] { type(u"guess"_s); });
+    desk_.step(u"log in as jdoe"_s, [&] { type(u"kelvane"_s); });
     if (!program.session.SessionConnected)
         throw Difference(u"the login did not connect"_s);
 }
 
 void Demonstration::lookAtDataSources() {
-    desk_.person.step(u"look at the data sources"_s, {}, {},
-                      [this] { desk_.press(Qt::Key_D, Qt::ControlModifier); });
+    desk_.step(u"look at the data sources"_s, [this] { desk_.press(Qt::Key_D, Qt::ControlModifier); });
     const auto chosen = control<QComboBox>(desk_.child(u"FormODBC"_s), u"ComboDatasource"_s).currentText();
     if (chosen != u"Calibration Data")
         throw Difference(u"the data source is "_s + chosen);
@@ -51,11 +49,10 @@ void Demonstration::lookAtDataSources() {
 }
 
 void Demonstration::logOut() {
-    desk_.person.step(u"log out"_s, {}, {}, [this] { desk_.press(Qt::Key_L, Qt::ControlModifier); });
-    desk_.person.step(u"exit"_s, {{u"Kelvane"_s, u"Are you sure you want to exit?"_s, u"Yes"_s}}, {}, [this] {
-        QTest::mouseClick(&control<QPushButton>(desk_.child(u"FormConnect"_s), u"CommandCancel"_s),
-                          Qt::LeftButton);
-    });
+    desk_.step(u"log out"_s, [this] { desk_.press(Qt::Key_L, Qt::ControlModifier); });
+    desk_.person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
+    desk_.step(u"exit"_s,
+               [this] { click(control<QPushButton>(desk_.child(u"FormConnect"_s), u"CommandCancel"_s)); });
 }
 
 } // namespace kelvane::demo

@@ -1,37 +1,47 @@
 #include "demo/desk.h"
 
+#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::demo {
 
-Person::OnDialog choice(const QString& caption, const QString& calibrator) {
-    return [=](const QString& asked, const QString& prompt) -> std::optional<QString> {
-        if (asked == caption && prompt == u"Select Calibrator To Use:")
-            return calibrator;
-        return {};
+Desk::Desk(WorkstationProgram& workstation, const QString& pictures)
+    : program(workstation),
+      person([this](const QString& told) { complaints_ << told; }),
+      pictures_(pictures) {
+    QDir().mkpath(pictures_);
+    person.onShown = [this](QWidget& widget) {
+        if (qobject_cast<QMessageBox*>(&widget))
+            picture(widget, u"box"_s);
+        else
+            picture(program.window, widget.objectName());
     };
 }
 
-Person::OnDialog recordEntries(const QString& calibrator) {
-    return [chosen = choice(uploadTitle, calibrator)](const QString& caption,
-                                                      const QString& prompt) -> std::optional<QString> {
-        if (const auto calibratorToUse = chosen(caption, prompt))
-            return calibratorToUse;
-        if (!caption.startsWith(u"Calibration Record Data ("_s))
-            return {};
-        if (prompt == u"Please enter information for: Place of Calibration")
-            return u"IN PLACE"_s;
-        if (prompt == u"Please enter information for: Ambient Temperature (C)")
-            return u"21.5"_s;
-        return {};
-    };
+void Desk::picture(QWidget& widget, const QString& name) {
+    const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 3, 10, QChar(u'0')).arg(name);
+    if (!widget.grab().save(file))
+        complaints_ << u"the picture %1 could not be written"_s.arg(file);
+}
+
+void Desk::step(const QString& told, const std::function<void()>& act) {
+    std::printf("- %s\n", qPrintable(told));
+    std::fflush(stdout);
+    act();
+    QCoreApplication::processEvents();
+    person.missOthers();
+    if (!complaints_.isEmpty())
+        throw Difference(told + u": "_s + complaints_.join(u"; "_s));
 }
 
 QWidget& Desk::child(const QString& name) {
@@ -50,19 +60,36 @@ void Desk::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&program.window, key, modifiers);
 }
 
-void Desk::openDownloadList(const QString& calibrator) {
-    person.step(u"choose the calibrator %1"_s.arg(calibrator), {}, choice(u"Download"_s, calibrator),
-                [this] { press(Qt::Key_F1); });
+void Desk::expectChoice(const QString& title, const QString& calibrator) {
+    person.expectDialog(title, u"Select Calibrator To Use:"_s, calibrator);
 }
 
-void Desk::add(const QString& entry) {
-    auto& form = child(u"FormDockingDown"_s);
-    QTest::keyClicks(&control<QLineEdit>(form, u"TextAdd"_s), entry);
-    QTest::mouseClick(&control<QPushButton>(form, u"CommandAdd"_s), Qt::LeftButton);
+void Desk::expectStandard(const QString& asset, const QString& standard) {
+    person.expectDialog(asset + u": External Standard Required"_s,
+                        u"Standard to be used for this calibration:"_s, standard);
+}
+
+void Desk::expectRecord(const QString& asset) {
+    const auto caption = u"Calibration Record Data (%1)"_s.arg(asset);
+    person.expectDialog(caption, u"Please enter information for: Place of Calibration"_s, u"IN PLACE"_s);
+    person.expectDialog(caption, u"Please enter information for: Ambient Temperature (C)"_s, u"21.5"_s);
+}
+
+void Desk::openDownloadList(const QString& calibrator) {
+    expectChoice(u"Download"_s, calibrator);
+    step(u"choose the calibrator %1"_s.arg(calibrator), [this] { press(Qt::Key_F1); });
+}
+
+void Desk::add(const QString& told, const QString& entry) {
+    step(told, [&] {
+        auto& form = child(u"FormDockingDown"_s);
+        QTest::keyClicks(&control<QLineEdit>(form, u"TextAdd"_s), entry);
+        click(control<QPushButton>(form, u"CommandAdd"_s));
+    });
 }
 
 void Desk::expectList(const QStringList& rows) {
-    person.look(u"FormDockingDown"_s);
+    picture(program.window, u"FormDockingDown"_s);
     const auto& list = control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s);
     QStringList found;
     for (int row = 0; row < list.count(); ++row)
@@ -72,15 +99,14 @@ void Desk::expectList(const QStringList& rows) {
 }
 
 void Desk::download() {
-    person.step(u"download"_s, {{downloadTitle, u"Download Successful"_s}}, {}, [this] {
-        QTest::mouseClick(&control<QPushButton>(child(u"FormDockingDown"_s), u"CommandDownload"_s),
-                          Qt::LeftButton);
-    });
+    person.expectBox(u"Download Successful"_s, downloadTitle, box::information);
+    step(u"download"_s,
+         [this] { click(control<QPushButton>(child(u"FormDockingDown"_s), u"CommandDownload"_s)); });
 }
 
-void Desk::upload(const QString& told, const QString& calibrator, QList<Person::Box> boxes) {
-    boxes << Person::Box{uploadTitle, u"Upload Successful"_s};
-    person.step(told, boxes, recordEntries(calibrator), [this] { press(Qt::Key_F2); });
+void Desk::upload(const QString& told) {
+    person.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
+    step(told, [this] { press(Qt::Key_F2); });
 }
 
 } // namespace kelvane::demo

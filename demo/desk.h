@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/workstation_program.h"
+#include "demo/controls.h"
 #include "demo/person.h"
 
 namespace kelvane::demo {
@@ -9,15 +10,15 @@ inline const QString downloadTitle = QStringLiteral("Download Procedures To Cali
 inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
 inline const QString recordTitle = QStringLiteral("Calibration Record Creation");
 
-/// The entry for the question of which calibrator to use, put under that caption.
-Person::OnDialog choice(const QString& caption, const QString& calibrator);
-/// The entries for what the making of a record asks for, after that choice.
-Person::OnDialog recordEntries(const QString& calibrator);
-
 /// The workstation and the person who sits before it, and what they do with every calibrator.
-struct Desk {
-    Desk(WorkstationProgram& workstation, const QString& pictures)
-        : program(workstation), person(workstation.window, pictures) {}
+class Desk {
+  public:
+    /// A picture of every window that comes up goes into the folder.
+    Desk(WorkstationProgram& workstation, const QString& pictures);
+
+    /// Carries out one step, in which comes up what the person expects. Throws `Difference` when something
+    /// else came up in it, or something did not.
+    void step(const QString& told, const std::function<void()>& act);
 
     /// The open screen of that name. Throws `Difference` when there is none.
     QWidget& child(const QString& name);
@@ -25,16 +26,29 @@ struct Desk {
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     void openDownloadList(const QString& calibrator);
-    /// Types an entry into the download list's field and presses the button beside it.
-    void add(const QString& entry);
+    /// The question for a standard of an instrument, and the answer.
+    void expectStandard(const QString& asset, const QString& standard);
+    /// A step: types an entry into the download list's field and presses the button beside it.
+    void add(const QString& told, const QString& entry);
     /// Throws `Difference` when the download list holds other rows.
     void expectList(const QStringList& rows);
     void download();
-    /// `boxes` come before that of the success.
-    void upload(const QString& told, const QString& calibrator, QList<Person::Box> boxes = {});
+    /// The question which calibrator is meant.
+    void expectChoice(const QString& title, const QString& calibrator);
+    /// The questions for the record of an instrument.
+    void expectRecord(const QString& asset);
+    /// The step of the upload command; what comes between the choice and the success is expected already.
+    void upload(const QString& told);
 
     WorkstationProgram& program;
     Person person;
+
+  private:
+    void picture(QWidget& widget, const QString& name);
+
+    QString pictures_;
+    int taken_ = 0;
+    QStringList complaints_;
 };
 
 } // namespace kelvane::demo

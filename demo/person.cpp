@@ -1,58 +1,137 @@
 #include "demo/person.h"
 
+#include "demo/controls.h"
 #include "ui/form_custom_dialog.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QDir>
 #include <QEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::demo {
 
-Person::Person(QWidget& window, const QString& pictures) : window_(window), pictures_(pictures) {
-    QDir().mkpath(pictures_);
+namespace {
+
+QList<BoxAnswer> answersOf(BoxButtons buttons) {
+    switch (buttons) {
+    case BoxButtons::ok:
+        return {BoxAnswer::ok};
+    case BoxButtons::okCancel:
+        return {BoxAnswer::ok, BoxAnswer::cancel};
+    case BoxButtons::yesNo:
+        return {BoxAnswer::yes, BoxAnswer::no};
+    case BoxButtons::retryCancel:
+        return {BoxAnswer::retry, BoxAnswer::cancel};
+    case BoxButtons::abortRetryIgnore:
+        return {BoxAnswer::abort, BoxAnswer::retry, BoxAnswer::ignore};
+    }
+    return {};
+}
+
+QString captionOf(BoxAnswer answer) {
+    switch (answer) {
+    case BoxAnswer::ok:
+        return u"OK"_s;
+    case BoxAnswer::cancel:
+        return u"Cancel"_s;
+    case BoxAnswer::yes:
+        return u"Yes"_s;
+    case BoxAnswer::no:
+        return u"No"_s;
+    case BoxAnswer::retry:
+        return u"Retry"_s;
+    case BoxAnswer::abort:
+        return u"Abort"_s;
+    case BoxAnswer::ignore:
+        return u"Ignore"_s;
+    }
+    return {};
+}
+
+QMessageBox::Icon iconOf(BoxIcon icon) {
+    static const QHash<BoxIcon, QMessageBox::Icon> icons{
+        {BoxIcon::none, QMessageBox::NoIcon},       {BoxIcon::information, QMessageBox::Information},
+        {BoxIcon::question, QMessageBox::Question}, {BoxIcon::warning, QMessageBox::Warning},
+        {BoxIcon::stop, QMessageBox::Critical},
+    };
+    return icons.value(icon);
+}
+
+QAbstractButton* buttonOf(const QMessageBox& box, const QString& caption) {
+    for (auto* one : box.buttons()) {
+        if (one->text() == caption)
+            return one;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Person::Person(Complain complain) : complain_(std::move(complain)) {
     qApp->installEventFilter(this);
 }
 
-void Person::step(const QString& told, const QList<Box>& boxes, OnDialog onDialog,
-                  const std::function<void()>& act) {
-    std::printf("- %s\n", qPrintable(told));
-    std::fflush(stdout);
-    boxes_ = boxes;
-    onDialog_ = std::move(onDialog);
-    act();
-    QCoreApplication::processEvents();
-    for (const auto& box : std::as_const(boxes_))
-        complain(u"no box \"%1\": %2"_s.arg(box.title, box.text));
-    if (!unexpected_.isEmpty())
-        throw Difference(told + u": "_s + unexpected_.join(u"; "_s));
+void Person::expectBox(const QString& text, const QString& title, BoxStyle style, BoxAnswer answer) {
+    expected_ << Expected{
+        .title = title, .text = text, .style = style, .answer = answer, .onBox = {}, .onDialog = {}};
 }
 
-/// Acts a moment after a window has been shown, from inside the loop that waits for its answer.
+void Person::expectBox(const QString& text, const QString& title, BoxStyle style, ActOnBox act) {
+    expected_ << Expected{
+        .title = title, .text = text, .style = style, .onBox = std::move(act), .onDialog = {}};
+}
+
+void Person::expectReport(int number, const QString& routine) {
+    expected_ << Expected{.title = u"Kelvane"_s,
+                          .text = u"%1 %2"_s.arg(number).arg(routine),
+                          .report = true,
+                          .style = box::stop,
+                          .onBox = {},
+                          .onDialog = {}};
+}
+
+void Person::expectDialog(const QString& caption, const QString& prompt, ActOnDialog act) {
+    expected_ << Expected{.title = caption,
+                          .text = prompt,
+                          .dialog = true,
+                          .style = {},
+                          .onBox = {},
+                          .onDialog = std::move(act)};
+}
+
+void Person::expectDialog(const QString& caption, const QString& prompt, const QString& entry) {
+    expectDialog(caption, prompt, [entry](FormCustomDialog& dialog) { answerDialog(dialog, entry); });
+}
+
+void Person::waitUntilAllCame() {
+    if (!QTest::qWaitFor([this] { return allCame() && !QApplication::activeModalWidget(); }, 10000))
+        complain_(u"something expected did not come, or did not go"_s);
+}
+
+void Person::missOthers() {
+    for (const auto& one : std::as_const(expected_))
+        complain_(u"never came: %1 / %2"_s.arg(one.title, one.text.left(200)));
+    expected_.clear();
+}
+
 bool Person::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::Show)
-        return false;
-    if (auto* box = qobject_cast<QMessageBox*>(watched)) {
+    if (event->type() == QEvent::Hide) {
+        // A window manager gives the activity back to the window below; here nobody else does.
+        if (auto* box = qobject_cast<QMessageBox*>(watched); box && box->parentWidget()) {
+            box->parentWidget()->activateWindow();
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        }
+    }
+    if (event->type() == QEvent::Show &&
+        (qobject_cast<QMessageBox*>(watched) || qobject_cast<ChildWindow*>(watched))) {
+        // Acted on a moment later, from inside the loop that waits for the answer.
         QMetaObject::invokeMethod(
             this,
-            [this, met = QPointer(box)] {
-                if (met)
-                    meet(*met);
-            },
-            Qt::QueuedConnection);
-    } else if (auto* window = qobject_cast<ChildWindow*>(watched)) {
-        QMetaObject::invokeMethod(
-            this,
-            [this, met = QPointer(window)] {
+            [this, met = QPointer(qobject_cast<QWidget*>(watched))] {
                 if (met)
                     meet(*met);
             },
@@ -61,61 +140,86 @@ bool Person::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-void Person::meet(ChildWindow& window) {
-    picture(window_, window.objectName());
-    if (auto* dialog = qobject_cast<FormCustomDialog*>(&window))
-        answer(*dialog);
+void Person::meet(QWidget& window) {
+    if (onShown)
+        onShown(window);
+    if (auto* box = qobject_cast<QMessageBox*>(&window))
+        meetBox(*box);
+    else if (auto* dialog = qobject_cast<FormCustomDialog*>(&window))
+        meetDialog(*dialog);
 }
 
-void Person::meet(QMessageBox& box) {
-    picture(box, u"box"_s);
-    // A box that nobody expects is left by its last button; a cancelled question is confirmed.
-    auto caption = u"Yes"_s;
-    if (!boxes_.isEmpty() && boxes_.first().title == box.windowTitle() && boxes_.first().text == box.text())
-        caption = boxes_.takeFirst().button;
-    else
-        complain(u"box \"%1\": %2"_s.arg(box.windowTitle(), box.text()));
-    auto* button = box.buttons().last();
-    for (auto* one : box.buttons()) {
-        if (one->text() == caption)
-            button = one;
-    }
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-void Person::answer(FormCustomDialog& dialog) {
-    const auto prompt = control<QLabel>(dialog, u"LabelCustomDialog"_s).text();
-    const auto entry = onDialog_ ? onDialog_(dialog.windowTitle(), prompt) : std::nullopt;
-    if (!entry) {
-        complain(u"question \"%1\": %2"_s.arg(dialog.windowTitle(), prompt));
-        QTest::mouseClick(&control<QPushButton>(dialog, u"CommandCustomDialogCancel"_s), Qt::LeftButton);
+void Person::meetBox(QMessageBox& box) {
+    if (sendingAway_) {
+        click(*buttonOf(box, u"Yes"_s));
         return;
     }
-    auto& list = control<QComboBox>(dialog, u"ComboCustomDialog"_s);
-    auto& field = control<QLineEdit>(dialog, u"TextCustomDialog"_s);
-    if (list.isVisible()) {
-        QTest::keyClick(&list, Qt::Key_Home);
-        for (int row = 0; row < list.findText(*entry); ++row)
-            QTest::keyClick(&list, Qt::Key_Down);
-        if (list.currentText() != *entry)
-            complain(u"the list has no row "_s + *entry);
-        QTest::keyClick(&list, Qt::Key_Return);
+    if (expected_.isEmpty() || expected_.first().dialog) {
+        complain_(u"unexpected box: %1 / %2"_s.arg(box.windowTitle(), box.text().left(400)));
+        click(*box.buttons().last());
+        return;
+    }
+    const auto expected = expected_.takeFirst();
+    compare(expected, box);
+    if (expected.onBox)
+        return expected.onBox(box);
+    auto* answer = buttonOf(box, captionOf(expected.answer));
+    if (!answer) {
+        complain_(u"no button "_s + captionOf(expected.answer));
+        answer = box.buttons().last();
+    }
+    click(*answer);
+}
+
+void Person::same(const QString& what, const QString& found, const QString& expected) const {
+    if (found != expected)
+        complain_(u"%1 is \"%2\" and not \"%3\""_s.arg(what, found, expected));
+}
+
+void Person::compare(const Expected& expected, const QMessageBox& box) const {
+    same(u"the box's title"_s, box.windowTitle(), expected.title);
+    if (expected.report) {
+        const auto parts = expected.text.split(u' ');
+        if (!box.text().contains(u' ' + parts[0] + u' ') ||
+            !box.text().contains(u"FUNCTION/SUB:"_s + parts[1] + u"\r\n"_s))
+            complain_(u"report %1 is: %2"_s.arg(expected.text, box.text()));
     } else {
-        field.selectAll();
-        QTest::keyClick(&field, Qt::Key_Delete);
-        QTest::keyClicks(&field, *entry);
-        QTest::keyClick(&field, Qt::Key_Return);
+        same(u"the box"_s, box.text(), expected.text);
+    }
+    if (box.icon() != iconOf(expected.style.icon))
+        complain_(u"another icon on: "_s + box.text());
+    const auto answers = answersOf(expected.style.buttons);
+    same(u"the number of buttons"_s, QString::number(box.buttons().size()), QString::number(answers.size()));
+    for (const auto answer : answers) {
+        if (!buttonOf(box, captionOf(answer)))
+            complain_(u"no button %1 on: %2"_s.arg(captionOf(answer), box.text()));
+    }
+    same(u"the default button"_s, box.defaultButton()->text(),
+         captionOf(answers[expected.style.defaultButton - 1]));
+}
+
+void Person::meetDialog(FormCustomDialog& dialog) {
+    const auto prompt = control<QLabel>(dialog, u"LabelCustomDialog"_s).text();
+    if (expected_.isEmpty() || !expected_.first().dialog) {
+        complain_(u"unexpected dialog: %1 / %2"_s.arg(dialog.windowTitle(), prompt));
+        sendAway(dialog);
+        return;
+    }
+    const auto expected = expected_.takeFirst();
+    same(u"the dialog's title"_s, dialog.windowTitle(), expected.title);
+    same(u"the question"_s, prompt, expected.text);
+    try {
+        expected.onDialog(dialog);
+    } catch (const Difference& difference) {
+        complain_(QString::fromStdString(difference.what()));
+        sendAway(dialog);
     }
 }
 
-void Person::picture(QWidget& widget, const QString& name) {
-    const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 3, 10, QChar(u'0')).arg(name);
-    if (!widget.grab().save(file))
-        complain(u"the picture %1 could not be written"_s.arg(file));
-}
-
-void Person::complain(const QString& what) {
-    unexpected_ << what;
+void Person::sendAway(FormCustomDialog& dialog) {
+    sendingAway_ = true;
+    click(control<QPushButton>(dialog, u"CommandCustomDialogCancel"_s));
+    sendingAway_ = false;
 }
 
 } // namespace kelvane::demo

@@ -1,74 +1,79 @@
 #pragma once
 
-#include "demo/difference.h"
+#include "platform/user_interface.h"
 
 #include <QList>
 #include <QObject>
 #include <QPointer>
-#include <QWidget>
 
 #include <functional>
-#include <optional>
 
 class QMessageBox;
+class QWidget;
 
 namespace kelvane {
 
-class ChildWindow;
 class FormCustomDialog;
 
 namespace demo {
 
-/// The technician at the screen: answers boxes and one-field dialogs by what the present step expects, with
-/// real key and mouse events, and takes a picture of every window that comes up. Whatever the step does not
-/// expect is sent away, and told at the end of the step.
-class Person final : public QObject {
+/// The person in front of real windows. Boxes and dialogs are queued in the order in which they have to come;
+/// each is compared as soon as it is shown and then answered with mouse and keyboard, or as told. One that
+/// differs or comes unexpected is complained about, and is sent away. Nothing waits for time.
+class Person : public QObject {
   public:
-    /// A box that has to come, to the letter, and the caption of the button to press on it.
-    struct Box {
-        QString title;
-        QString text;
-        QString button = QStringLiteral("OK");
-    };
-    /// The entry, or nothing for a question that must not come.
-    using OnDialog = std::function<std::optional<QString>(const QString& caption, const QString& prompt)>;
+    using ActOnBox = std::function<void(QMessageBox&)>;
+    using ActOnDialog = std::function<void(FormCustomDialog&)>;
+    using Complain = std::function<void(const QString& told)>;
 
-    /// Pictures of `window` go into the folder.
-    Person(QWidget& window, const QString& pictures);
+    explicit Person(Complain complain);
 
-    /// Carries out one step, in which these boxes come in this order. Throws `Difference` when something
-    /// else came up in it, or a box did not.
-    void step(const QString& told, const QList<Box>& boxes, OnDialog onDialog,
-              const std::function<void()>& act);
+    /// A box with this text, title and style; answered by a click on the button of that answer.
+    void expectBox(const QString& text, const QString& title, BoxStyle style,
+                   BoxAnswer answer = BoxAnswer::ok);
+    /// The same, answered by `act`.
+    void expectBox(const QString& text, const QString& title, BoxStyle style, ActOnBox act);
+    /// An error report: a stop box titled "Kelvane" that names this number and routine.
+    void expectReport(int number, const QString& routine);
+    /// A one-field dialog with this title and prompt; `act` has to bring it to its end.
+    void expectDialog(const QString& caption, const QString& prompt, ActOnDialog act);
+    /// The same, answered with `entry` (typed, or chosen from the list) and Return.
+    void expectDialog(const QString& caption, const QString& prompt, const QString& entry);
 
-    /// Takes a picture of the whole window as it is now.
-    void look(const QString& name) { picture(window_, name); }
+    bool allCame() const { return expected_.isEmpty(); }
+    /// Waits until everything expected has come and gone.
+    void waitUntilAllCame();
+    /// Complains about what has not come, and expects it no longer.
+    void missOthers();
+
+    /// Called with every box and child window that comes up, before it is answered.
+    std::function<void(QWidget&)> onShown;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void meet(ChildWindow& window);
-    void meet(QMessageBox& box);
-    void answer(FormCustomDialog& dialog);
-    void picture(QWidget& widget, const QString& name);
-    void complain(const QString& what);
+    struct Expected {
+        QString title;
+        QString text;
+        bool dialog = false;
+        bool report = false;
+        BoxStyle style;
+        BoxAnswer answer = BoxAnswer::ok;
+        ActOnBox onBox;
+        ActOnDialog onDialog;
+    };
+    void meet(QWidget& window);
+    void meetBox(QMessageBox& box);
+    void meetDialog(FormCustomDialog& dialog);
+    void sendAway(FormCustomDialog& dialog);
+    void compare(const Expected& expected, const QMessageBox& box) const;
+    void same(const QString& what, const QString& found, const QString& expected) const;
 
-    QWidget& window_;
-    QString pictures_;
-    int taken_ = 0;
-    QList<Box> boxes_;
-    OnDialog onDialog_;
-    QStringList unexpected_;
+    Complain complain_;
+    QList<Expected> expected_;
+    bool sendingAway_ = false;
 };
-
-/// The control of that name below `parent`; throws `Difference` when it isn't there.
-template <class Control>
-Control& control(const QWidget& parent, const QString& name) {
-    if (auto* found = parent.findChild<Control*>(name))
-        return *found;
-    throw Difference(QStringLiteral("there is no control ") + name);
-}
 
 } // namespace demo
 } // namespace kelvane

@@ -15,30 +15,6 @@ namespace {
 
 const QString torqueStar = u"Crane TorqueStar IVc"_s;
 
-/// What a person types who is asked for the standards of an instrument: the right one, and then nothing more.
-class StandardsOfTools {
-  public:
-    /// `first` is named before the right one: a standard that has to be refused.
-    explicit StandardsOfTools(const QString& first = {}) : first_(first) {}
-
-    std::optional<QString> operator()(const QString& caption, const QString& prompt) {
-        if (prompt != u"Standard to be used for this calibration:")
-            return {};
-        for (const auto& tool : tools()) {
-            if (caption != tool.asset + u": External Standard Required"_s)
-                continue;
-            if (!first_.isEmpty())
-                return std::exchange(first_, {});
-            return asked_.contains(tool.asset) ? QString() : (asked_ << tool.asset, tool.standard);
-        }
-        return {};
-    }
-
-  private:
-    QString first_;
-    QStringList asked_;
-};
-
 /// The latest day before today whose date comes over the line unharmed.
 QDate latestWorkDay() {
     auto day = QDate::currentDate().addDays(-1);
@@ -48,10 +24,10 @@ QDate latestWorkDay() {
 }
 
 void configureCalibrator(Desk& desk) {
-    desk.person.step(u"set the line of the torque calibrator"_s, {}, {}, [&] {
+    desk.step(u"set the line of the torque calibrator"_s, [&] {
         desk.press(Qt::Key_O, Qt::ControlModifier);
         auto& form = desk.child(u"FormCalConfig"_s);
-        QTest::keyClicks(&control<QComboBox>(form, u"ComboCalibrator"_s), u"Crane"_s);
+        pick(control<QComboBox>(form, u"ComboCalibrator"_s), torqueStar);
         // One step down to 19200, and back to 9600.
         auto& baud = control<QComboBox>(form, u"ComboBaudRate"_s);
         QTest::keyClick(&baud, Qt::Key_Down);
@@ -63,18 +39,31 @@ void configureCalibrator(Desk& desk) {
         throw Difference(u"the stored baud rate is "_s + stored);
 }
 
+/// The standard of a tool, and no second one.
+void expectStandardOf(Desk& desk, const Tool& tool) {
+    desk.expectStandard(tool.asset, tool.standard);
+    desk.expectStandard(tool.asset, {});
+}
+
 void listTools(Desk& desk) {
     auto& person = desk.person;
     desk.openDownloadList(torqueStar);
-    person.step(u"add TW-101 with its transducer"_s, {}, StandardsOfTools(), [&] { desk.add(u"TW-101"_s); });
-    person.step(u"add TW-102; its first standard is overdue and refused"_s,
-                {{u"External Standard Required"_s, u"Standard is overdue for calibration!"_s}},
-                StandardsOfTools(u"TT-0200F"_s), [&] { desk.add(u"TW-102"_s); });
-    person.step(u"add HW-701: a torque calibrator can't take it"_s,
-                {{downloadTitle, u"HW-701: TorqueStar cannot accept selected input units!"_s}}, {},
-                [&] { desk.add(u"HW-701"_s); });
-    person.step(u"add the task package TORQUE CREW A"_s, {}, StandardsOfTools(),
-                [&] { desk.add(u"TORQUE CREW A"_s); });
+    expectStandardOf(desk, tools()[0]);
+    desk.add(u"add TW-101 with its transducer"_s, u"TW-101"_s);
+
+    desk.expectStandard(u"TW-102"_s, u"TT-0200F"_s);
+    person.expectBox(u"Standard is overdue for calibration!"_s, u"External Standard Required"_s,
+                     box::warning);
+    expectStandardOf(desk, tools()[1]);
+    desk.add(u"add TW-102; its first standard is overdue and refused"_s, u"TW-102"_s);
+
+    person.expectBox(u"HW-701: TorqueStar cannot accept selected input units!"_s, downloadTitle,
+                     box::warning);
+    desk.add(u"add HW-701: a torque calibrator can't take it"_s, u"HW-701"_s);
+
+    for (const auto& tool : tools().mid(2))
+        expectStandardOf(desk, tool);
+    desk.add(u"add the task package TORQUE CREW A"_s, u"TORQUE CREW A"_s);
     QStringList assets;
     for (const auto& tool : tools())
         assets << tool.asset;
@@ -82,7 +71,7 @@ void listTools(Desk& desk) {
 }
 
 void workInPlant(Desk& desk, const QString& memory, const QDate& day) {
-    desk.person.step(u"carry out in the plant"_s, {}, {}, [&] {
+    desk.step(u"carry out in the plant"_s, [&] {
         QByteArray plan;
         for (const auto& tool : tools())
             plan += u"%1; %2; %3; %4 08:00\n"_s
@@ -100,7 +89,10 @@ QDate goTorqueRoad(Desk& desk, const QString& memory) {
     listTools(desk);
     desk.download();
     workInPlant(desk, memory, day);
-    desk.upload(u"upload and complete the records"_s, torqueStar);
+    desk.expectChoice(uploadTitle, torqueStar);
+    for (const auto& tool : tools())
+        desk.expectRecord(tool.asset);
+    desk.upload(u"upload and complete the records"_s);
     checkRecords(*desk.program.session.SharedConnection, day, afterTools());
     return day;
 }
