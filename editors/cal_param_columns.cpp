@@ -1,13 +1,13 @@
 #include "editors/cal_param_columns.h"
 
 #include "data/assets.h"
+#include "editors/cal_param_options.h"
 #include "ui/list_rows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -31,18 +31,8 @@ QString orNull(const QLineEdit* field) {
     return field->text().isEmpty() ? u"NULL"_s : quoted(field);
 }
 
-QString reference(const QRadioButton* external) {
-    return external->isChecked() ? u"'EXT'"_s : u"'INT'"_s;
-}
-
-QString wires(const QRadioButton* two, const QRadioButton* three) {
-    return two->isChecked() ? u"'2'"_s : three->isChecked() ? u"'3'"_s : u"'4'"_s;
-}
-
-QString loopPower(const CalParamControls& c) {
-    return c.OptionCalLoopPWROut24VDC->isChecked()   ? u"'24V'"_s
-           : c.OptionCalLoopPWROut28VDC->isChecked() ? u"'28V'"_s
-                                                     : u"'OFF'"_s;
+QString quoted(const CalParamControls& c, std::span<const CalParamOption> options) {
+    return quoted(optionOn(c, options).stored.toString());
 }
 
 QString yesOrNo(const QCheckBox* box) {
@@ -86,14 +76,14 @@ QList<SavedColumn> savedColumns(const CalParamControls& c, const QString& instru
         {"output_high"_L1, quoted(c.TextOutputHigh)},
         {"temp_scale_in"_L1, quoted(c.ComboTempScaleIn)},
         {"temp_scale_out"_L1, quoted(c.ComboTempScaleOut)},
-        {"cj_ref_type_in"_L1, reference(c.OptionCJRefExtIn)},
-        {"cj_ref_type_out"_L1, reference(c.OptionCJRefExtOut)},
+        {"cj_ref_type_in"_L1, quoted(c, coldJunctionIn)},
+        {"cj_ref_type_out"_L1, quoted(c, coldJunctionOut)},
         {"cj_ref_temp_in"_L1, orNull(c.TextCJRefTempIn)},
         {"cj_ref_temp_out"_L1, orNull(c.TextCJRefTempOut)},
         {"temp_sens_type_in"_L1, quoted(c.ComboSensTypeIn)},
         {"temp_sens_type_out"_L1, quoted(c.ComboSensTypeOut)},
-        {"temp_sens_wires_in"_L1, wires(c.OptionSensWires2In, c.OptionSensWires3In)},
-        {"temp_sens_wires_out"_L1, wires(c.OptionSensWires2Out, c.OptionSensWires3Out)},
+        {"temp_sens_wires_in"_L1, quoted(c, wiresIn)},
+        {"temp_sens_wires_out"_L1, quoted(c, wiresOut)},
         {"neg_fs_range_pct"_L1, orNull(c.TextFSNeg)},
         {"pos_fs_range_pct"_L1, orNull(c.TextFSPos)},
         {"neg_span_pct"_L1, orNull(c.TextSpanNeg)},
@@ -116,7 +106,7 @@ QList<SavedColumn> savedColumns(const CalParamControls& c, const QString& instru
         {"threshold_torque_out"_L1, quoted(c.TextThresholdOut)},
         {"click_dip_torque_out"_L1, quoted(c.TextDipOut)},
         {"repetitions"_L1, quoted(c.TextRepetitions)},
-        {"loop_pwr"_L1, loopPower(c)},
+        {"loop_pwr"_L1, quoted(c, loopPower)},
         {"tp_name"_L1, quoted(c.ComboTSName)},
         {"freq_ptpamp_in"_L1, quoted(c.TextPTPAmplitudeIn)},
         {"freq_ptpamp_out"_L1, quoted(c.TextPTPAmplitudeOut)},

@@ -153,12 +153,8 @@ QString part(const C& controls) {
 }
 
 template <const auto& options>
-QString optionOn(const C& controls) {
-    for (const auto& option : options) {
-        if ((controls.*option.control)->isChecked())
-            return option.summed.toString();
-    }
-    return {};
+QString optionPart(const C& controls) {
+    return optionOn(controls, options).summed.toString();
 }
 
 constexpr Part parts[] = {
@@ -171,14 +167,14 @@ constexpr Part parts[] = {
     part<&C::TextOutputHigh>,
     part<&C::ComboTempScaleIn>,
     part<&C::ComboTempScaleOut>,
-    optionOn<coldJunctionIn>,
-    optionOn<coldJunctionOut>,
+    optionPart<coldJunctionIn>,
+    optionPart<coldJunctionOut>,
     part<&C::TextCJRefTempIn>,
     part<&C::TextCJRefTempOut>,
     part<&C::ComboSensTypeIn>,
     part<&C::ComboSensTypeOut>,
-    optionOn<wiresIn>,
-    optionOn<wiresOut>,
+    optionPart<wiresIn>,
+    optionPart<wiresOut>,
     part<&C::TextFSNeg>,
     part<&C::TextFSPos>,
     part<&C::TextSpanNeg>,
@@ -202,7 +198,7 @@ constexpr Part parts[] = {
     part<&C::ComboStopBitsOut>,
     part<&C::ComboParityOut>,
     part<&C::TextRepetitions>,
-    optionOn<loopPower>,
+    optionPart<loopPower>,
     part<&C::TextPTPAmplitudeIn>,
     part<&C::TextPTPAmplitudeOut>,
     part<&C::CheckIndicatedOutput>,

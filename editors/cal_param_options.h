@@ -5,6 +5,7 @@
 #include <QStringView>
 
 #include <array>
+#include <span>
 
 namespace kelvane {
 
@@ -15,6 +16,9 @@ struct CalParamOption {
     QStringView stored;
     QStringView summed;
 };
+
+/// The one that is on.
+const CalParamOption& optionOn(const CalParamControls& controls, std::span<const CalParamOption> options);
 
 inline constexpr std::array coldJunctionIn{
     CalParamOption{&CalParamControls::OptionCJRefIntIn, u"INT", u"I"},

@@ -1,10 +1,25 @@
 #include "editors/entry_box.h"
 
-#include "ui/controls.h"
-
 #include <QFocusEvent>
 
+#include <limits>
+#include <utility>
+
 namespace kelvane {
+
+namespace {
+
+/// A menu of the box or another window has the focus for a while; what is selected stays so meanwhile.
+bool isForAWhile(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+} // namespace
+
+EntryBox::EntryBox() {
+    // What is pasted is judged as a whole; nothing of it is cut off in silence.
+    setMaxLength(std::numeric_limits<int>::max());
+}
 
 QSize EntryBox::sizeHint() const {
     auto hint = QLineEdit::sizeHint();
@@ -14,11 +29,17 @@ QSize EntryBox::sizeHint() const {
 
 void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    // Coming back, the box keeps what the user has selected.
-    if (isComingBack(event->reason()))
+    // A box may also get the focus for the first time when its window becomes active, after a message.
+    const bool wasAway = std::exchange(away_, false);
+    if (wasAway && isForAWhile(event->reason()))
         return;
     entered_ = event->reason() == Qt::MouseFocusReason;
     selectValue();
+}
+
+void EntryBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    away_ = isForAWhile(event->reason());
 }
 
 void EntryBox::mousePressEvent(QMouseEvent* event) {

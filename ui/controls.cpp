@@ -52,11 +52,6 @@ void keepWidth(QComboBox* list) {
         plain->setUniformItemSizes(true);
 }
 
-bool isComingBack(Qt::FocusReason reason) {
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-           reason == Qt::MenuBarFocusReason;
-}
-
 void setTabOrder(std::initializer_list<QWidget*> controls) {
     QWidget* before = nullptr;
     for (auto* control : controls) {

@@ -31,8 +31,6 @@ QComboBox* dropDown(const QString& name, const QString& accessibleName, int tool
 /// Lets the drop-down keep its width whatever its rows are: a long row makes the list that drops down wider,
 /// not the window.
 void keepWidth(QComboBox* list);
-/// True when the focus only comes back to where it was, from a box, a menu or another program.
-bool isComingBack(Qt::FocusReason reason);
 /// The order in which Tab goes through the controls.
 void setTabOrder(std::initializer_list<QWidget*> controls);
 

@@ -1,13 +1,21 @@
 #include "ui/text_box.h"
 
-#include "ui/controls.h"
-
 #include <QFocusEvent>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
+
+namespace {
+
+/// True when the focus only comes back to where it was, from a box, a menu or another program.
+bool isComingBack(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
+}
+
+} // namespace
 
 TextBox::TextBox() {
     setTabChangesFocus(true);

@@ -1,6 +1,8 @@
 #include "editors/entry_box.h"
 #include "tests/support/fixtures.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -60,15 +62,55 @@ TEST_F(EntryBoxTest, TheClickThatBringsTheFocusKeepsTheSelectionAndTheNextPlaces
     EXPECT_LT(box->cursorPosition(), 3);
 }
 
-TEST_F(EntryBoxTest, ComingBackFromAMenuOrAnotherProgramLeavesWhatIsSelected) {
-    for (const auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+TEST_F(EntryBoxTest, ComingBackFromItsMenuOrAnotherProgramLeavesWhatIsSelected) {
+    for (const auto reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
         box->setText(u"100.0"_s);
         box->setFocus();
         box->setSelection(1, 2);
+        QFocusEvent away(QEvent::FocusOut, reason);
+        QCoreApplication::sendEvent(box, &away);
         QFocusEvent back(QEvent::FocusIn, reason);
         QCoreApplication::sendEvent(box, &back);
         EXPECT_EQ(box->selectedText(), u"00"_s) << reason;
     }
+}
+
+TEST_F(EntryBoxTest, ComingBackFromTheMenuBarSelectsTheValueAgain) {
+    box->setText(u"100.0"_s);
+    box->setFocus();
+    box->setSelection(1, 2);
+    for (const auto type : {QEvent::FocusOut, QEvent::FocusIn}) {
+        QFocusEvent event(type, Qt::MenuBarFocusReason);
+        QCoreApplication::sendEvent(box, &event);
+    }
+    EXPECT_EQ(box->selectedText(), u"100.0"_s);
+}
+
+TEST_F(EntryBoxTest, TheFocusThatItGetsWhileAnotherWindowIsActiveIsNoComingBack) {
+    box->setText(u"100.0"_s);
+    for (int time = 0; time < 2; ++time) {
+        // As a message box does it, whose activity goes back to the window after the focus was set.
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        box->setFocus();
+        EXPECT_FALSE(box->hasFocus());
+        other.hide();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(box->hasFocus());
+        EXPECT_EQ(box->selectedText(), u"100.0"_s);
+        above->setFocus();
+    }
+}
+
+TEST_F(EntryBoxTest, AMillionPastedCharactersAreNotCut) {
+    const auto pasted = u"0123456789"_s.repeated(100000);
+    QGuiApplication::clipboard()->setText(pasted);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box->text().size(), pasted.size());
 }
 
 } // namespace kelvane::testing
