@@ -82,6 +82,57 @@ TEST_F(CalParamClone, AsksBeforeItOverwrites) {
     EXPECT_TRUE(deletesFor(u"PT-2"_s));
 }
 
+TEST_F(CalParamClone, AsksAboutTheInstrumentThatWasEnteredAtLast) {
+    script.answers.insert(selectStored(u"PT-2"_s), {Row{u"17"_s}});
+    expectQuestion(u"NONE"_s);
+    expectUnknown(BoxAnswer::retry);
+    expectQuestion(u"PT-2"_s);
+    expectOverwrite(BoxAnswer::yes);
+    clone();
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_EQ(script.statements.mid(0, 3),
+              (QStringList{selectKey(u"NONE"_s), selectKey(u"PT-2"_s), selectStored(u"PT-2"_s)}));
+    EXPECT_TRUE(deletesFor(u"PT-2"_s));
+}
+
+TEST_F(CalParamClone, CancelledAfterAnUnknownInstrumentDoesNothing) {
+    expectQuestion(u"NONE"_s);
+    expectUnknown(BoxAnswer::retry);
+    expectQuestion(cancelled);
+    clone();
+    EXPECT_EQ(script.statements, QStringList{selectKey(u"NONE"_s)});
+    script.statements.clear();
+    screen.press(u"CommandSave"_s);
+    EXPECT_TRUE(deletesFor(u"PT-1"_s));
+}
+
+TEST_F(CalParamClone, ThatIsNotToOverwriteLeavesTheCurrentInstrument) {
+    script.answers.insert(selectStored(u"PT-2"_s), {Row{u"17"_s}});
+    expectQuestion(u"PT-2"_s);
+    expectOverwrite(BoxAnswer::no);
+    clone();
+    screen.press(u"CommandSave"_s);
+    EXPECT_TRUE(deletesFor(u"PT-1"_s));
+}
+
+TEST_F(CalParamClone, OntoTheCurrentInstrumentAsksLikeAnyOther) {
+    script.answers.insert(selectStored(u"PT-1"_s), {Row{u"17"_s}});
+    expectQuestion(u"PT-1"_s);
+    expectOverwrite(BoxAnswer::yes);
+    clone();
+    EXPECT_TRUE(deletesFor(u"PT-1"_s));
+}
+
+TEST_F(CalParamClone, FindsTheInstrumentWithTheUsersOwner) {
+    session.SessionOwner = u"ABC"_s;
+    const auto find = u"select mtag from ABC.inventory where i4201 = 'PT-2'"_s;
+    script.answers.insert(find, {Row{u"17"_s}});
+    expectQuestion(u"PT-2"_s);
+    clone();
+    EXPECT_EQ(script.statements.mid(0, 2),
+              (QStringList{find, u"select mtag from mt.hvm_kv_tag_config where mtag = ("_s + find + u')'}));
+}
+
 TEST_F(CalParamClone, ThatFailsTheChecksHasTheNewInstrumentUnderTheOldTitle) {
     screen.set(u"TextInputHigh"_s, {});
     expectQuestion(u"PT-2"_s);
@@ -125,6 +176,13 @@ TEST_F(CalParamClone, ReportsAnErrorOfTheSaveUnderTheSavesName) {
     ui.expectReport(5, u"FormCalParam,SaveData"_s);
     clone();
     EXPECT_EQ(windowTitle(), u"Calibration Parameters (PT-1)"_s);
+    EXPECT_FALSE(ui.busy);
+    // The new instrument is the current one nevertheless.
+    script.failures.clear();
+    script.statements.clear();
+    screen.press(u"CommandSave"_s);
+    EXPECT_TRUE(deletesFor(u"PT-2"_s));
+    EXPECT_EQ(windowTitle(), u"Calibration Parameters (PT-2)"_s);
 }
 
 TEST_F(CalParamClone, KeepsTheWindowOpenWhileItAsks) {

@@ -218,9 +218,11 @@ class CalParamFaults : public CalParamShop {
             screen.set(one.control, one.value);
     }
     void expectTold(const Fault& fault) {
+        const auto before = ui.events;
         ui.expectBox(fault.message, u"Calibration Parameters"_s, box::warning);
         screen.press(u"CommandSave"_s);
         EXPECT_TRUE(ui.allCame()) << fault.name;
+        EXPECT_EQ(ui.events, before) << "no hourglass while nothing is written";
     }
 };
 
@@ -269,6 +271,49 @@ TEST_F(CalParamFaults, AreToldInTheirOrderOneAtATime) {
         }
     }
     EXPECT_GT(pairs, 300);
+    EXPECT_EQ(writes(), QStringList());
+}
+
+TEST_F(CalParamFaults, AreFoundInEveryTextThatIsNoNumberInEachFieldThatNeedsOne) {
+    struct Field {
+        QString name;
+        QString message;
+        QList<Setting> context = {};
+    };
+    const Setting torque{u"ComboOutputUnits"_s, u"ft/lb"_s};
+    QList<Field> fields{
+        {u"TextInputHigh"_s, u"Must enter a valid high input value!"_s},
+        {u"TextOutputHigh"_s, u"Must enter a valid high output value!"_s},
+        {u"TextInputLow"_s, u"Must enter a valid low input value!"_s},
+        {u"TextOutputLow"_s, u"Must enter a valid low output value!"_s},
+        {u"TextRepetitions"_s, u"Test Point Repetitions value must be numeric!"_s},
+        {u"TextThresholdOut"_s, u"Threshold Torque Must Be Numeric!"_s, {torque}},
+        {u"TextDipOut"_s,
+         u"Click Dip Torque Must Be Numeric!"_s,
+         {torque, {u"ComboMeasurementModeOut"_s, u"Click Dip"_s}}},
+        {u"TextPTPAmplitudeIn"_s, noAmplitude, {{u"ComboInputUnits"_s, u"Hz"_s}}},
+        {u"TextPTPAmplitudeOut"_s, noAmplitude, {{u"ComboOutputUnits"_s, u"MHz"_s}}},
+    };
+    for (const auto& box : toleranceBoxes())
+        fields << Field{box, badTolerance};
+    const QStringList texts{
+        u" "_s,     u"1e400"_s, u"-1e400"_s, u"NaN"_s,   u"inf"_s,     u"0x10"_s,  u"1'"_s,
+        u"'; --"_s, u"\""_s,    u"1\n2"_s,   u"1\r\n"_s, u"\t1"_s,     u"1 000"_s, u"1.2.3"_s,
+        u"١٢"_s,    u"１２"_s,  u"五"_s,     u"−1"_s,    u"1\u00A0"_s, u"1 psi"_s, u"9"_s.repeated(40000)};
+    for (const auto& field : fields) {
+        for (const auto& text : texts) {
+            SCOPED_TRACE(field.name.toStdString() + ": " + text.left(20).toStdString());
+            makeReady();
+            for (const auto& setting : field.context)
+                screen.set(setting.control, setting.value);
+            screen.set(field.name, text);
+            ui.expectBox(field.message, u"Calibration Parameters"_s, box::warning);
+            screen.press(u"CommandSave"_s);
+            EXPECT_TRUE(ui.allCame());
+            EXPECT_EQ(screen.focus(), field.name);
+            EXPECT_EQ(screen.text(field.name), text) << "what was typed stays";
+        }
+    }
     EXPECT_EQ(writes(), QStringList());
 }
 

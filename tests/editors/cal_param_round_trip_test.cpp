@@ -162,17 +162,43 @@ TEST_F(CalParamRoundTrip, ACloneHasTheSameParametersAndMessages) {
     EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-102"_s, 2, {}), count);
 }
 
-TEST_F(CalParamRoundTrip, AStrictEngineRefusesAnEmptyNumberAfterTheOldOneHasGone) {
+TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAfterTheOldRowHasGone) {
+    const QPair<QString, QString> refused[] = {
+        {u"TextPTPAmplitudeIn"_s, {}}, {u"TextInputHigh"_s, u"1,000"_s}, {u"TextCJRefTempIn"_s, u"abc"_s}};
     screen.open(u"PT-101"_s);
-    screen.set(u"TextPTPAmplitudeIn"_s, {});
-    ui.expectReport(19, u"FormCalParam,SaveData"_s);
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s), QStringList());
-    // The screen still holds everything: put right, it is stored again.
-    screen.set(u"TextPTPAmplitudeIn"_s, u"100"_s);
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"freq_ptpamp_in"_s, u"PT-101"_s).size(), 1);
-    EXPECT_TRUE(ModuleGlobals::HasConfigData(session, u"PT-101"_s));
+    for (const auto& [box, value] : refused) {
+        SCOPED_TRACE(box.toStdString());
+        const auto before = screen.text(box);
+        screen.set(box, value);
+        ui.expectReport(19, u"FormCalParam,SaveData"_s);
+        screen.press(u"CommandSave"_s);
+        EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s), QStringList());
+        // The screen still holds everything: put right, it is stored again.
+        EXPECT_EQ(screen.text(box), value);
+        screen.set(box, before);
+        screen.press(u"CommandSave"_s);
+        EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s).size(), 1);
+        EXPECT_TRUE(ModuleGlobals::HasConfigData(session, u"PT-101"_s));
+    }
+}
+
+TEST_F(CalParamRoundTrip, AValueBeyondTheRecordsRangeIsStoredAndReportedAtTheNextLoad) {
+    screen.open(u"PT-101"_s);
+    CalParamScreen again(session, ui);
+    again.open(u"PT-102"_s);
+    for (const auto& [box, value] :
+         {std::pair{u"TextInputHigh"_s, u"1e300"_s}, {u"TextRepetitions"_s, u"40000"_s}}) {
+        SCOPED_TRACE(box.toStdString());
+        const auto before = screen.text(box);
+        screen.set(box, value);
+        screen.press(u"CommandSave"_s);
+        ui.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-101"_s);
+        ui.expectReport(6, u"ModuleGlobals,GetCalParams"_s);
+        again.press(u"CommandSelect"_s);
+        EXPECT_TRUE(ui.allCame());
+        screen.set(box, before);
+        screen.press(u"CommandSave"_s);
+    }
 }
 
 TEST_F(CalParamRoundTrip, AnotherWorkstationsChangeIsOverwrittenByTheSave) {

@@ -209,6 +209,51 @@ TEST_F(CalParamSave, PassesAQuoteOnAsItStands) {
     EXPECT_EQ(script.statements.last(), broken);
 }
 
+TEST_F(CalParamSave, PassesAnyReferenceTemperatureOnAsItStands) {
+    const QStringList texts{u"abc"_s,    u"NaN"_s,         u"1e400"_s, u"20\r\n21"_s,
+                            u"二十度"_s, u"\"; drop --"_s, u" "_s,     u"0123456789"_s.repeated(100000)};
+    for (const auto& box : {u"TextCJRefTempIn"_s, u"TextCJRefTempOut"_s}) {
+        for (const auto& text : texts) {
+            SCOPED_TRACE(box.toStdString() + ": " + text.left(20).toStdString());
+            makeReady();
+            script.statements.clear();
+            screen.set(box, text);
+            save();
+            EXPECT_EQ(writes().size(), 2);
+            EXPECT_EQ(stored(box == u"TextCJRefTempIn"_s ? u"cj_ref_temp_in"_s : u"cj_ref_temp_out"_s),
+                      u'\'' + text + u'\'');
+            EXPECT_EQ(screen.text(box), text);
+        }
+    }
+}
+
+TEST_F(CalParamSave, HasTheHourglassWhileItWritesAndTakesItAwayBeforeAReport) {
+    script.failures.insert(deleteOf(u"PT-1"_s), {7, u"no space left"_s});
+    ui.expectReport(7, u"FormCalParam,SaveData"_s);
+    ui.onBox = [this] { EXPECT_FALSE(ui.busy); };
+    ui.events.clear();
+    save();
+    EXPECT_EQ(ui.events.mid(0, 2), (QStringList{u"busy"_s, u"normal"_s}));
+    ui.onBox = {};
+    script.failures.clear();
+    ui.events.clear();
+    save();
+    // The sum is the last thing done, and has an hourglass of its own.
+    EXPECT_EQ(ui.events.first(), u"busy"_s);
+    EXPECT_EQ(ui.events.count(u"busy"_s), 3);
+    EXPECT_EQ(ui.events.last(), u"normal"_s);
+}
+
+TEST_F(CalParamSave, ThatFailsWithoutAnyChangeOfTheScreenIsNotAskedAbout) {
+    save();
+    script.failures.insert(insertOf(u"PT-1"_s, readyValues), {7, u"no space left"_s});
+    ui.expectReport(7, u"FormCalParam,SaveData"_s);
+    save();
+    // The sum is that of the last save which succeeded, though its row has gone since.
+    screen.form().close();
+    EXPECT_FALSE(screen.form().isVisible());
+}
+
 TEST_F(CalParamSave, CountsAsSavedFromThenOn) {
     EXPECT_TRUE(screen.form().isVisible());
     screen.set(u"TextInputHigh"_s, u"300"_s);
