@@ -68,8 +68,7 @@ FormCalParam::FormCalParam(Session& session)
     for (auto* list : {controls_.ComboInputUnits, controls_.ComboOutputUnits, controls_.ComboTransTypeOut,
                        controls_.ComboMeasurementModeOut})
         onSignal(list, &QComboBox::activated, this, session_.ui, [this] { ShowUnitTabs(); });
-    onSignal(controls_.CommandSelect, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { CommandSelect(); }); });
+    onClick(controls_.CommandSelect, [this] { CommandSelect(); });
     connectSaving();
 }
 

@@ -8,7 +8,6 @@
 #include "editors/prompt_lists.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
-#include "ui/guarded.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -44,10 +43,8 @@ void makeAlternatingScalesPositive(const CalParamControls& c) {
 } // namespace
 
 void FormCalParam::connectSaving() {
-    onSignal(controls_.CommandSave, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { SaveData(); }); });
-    onSignal(controls_.CommandClone, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { CommandClone(); }); });
+    onClick(controls_.CommandSave, [this] { SaveData(); });
+    onClick(controls_.CommandClone, [this] { CommandClone(); });
     connectPromptLists(controls_, session_);
 }
 

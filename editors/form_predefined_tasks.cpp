@@ -150,26 +150,19 @@ QLayout* FormPredefinedTasks::options() {
 }
 
 void FormPredefinedTasks::connectCommands() {
-    onClick(CommandAddTP, &FormPredefinedTasks::CommandAddTP_Click);
-    onClick(CommandRemoveTP, &FormPredefinedTasks::CommandRemoveTP_Click);
-    onClick(CommandAdd, &FormPredefinedTasks::CommandAdd_Click);
-    onClick(CommandRemove, &FormPredefinedTasks::CommandRemove_Click);
-    onClick(CommandSave, &FormPredefinedTasks::CommandSave_Click);
-    onClick(CommandCancel, &FormPredefinedTasks::CommandCancel_Click);
-    onSignal(ComboTPName, &QComboBox::activated, this, session_.ui,
-             [this] { run([this] { ComboTPName_Click(); }); });
+    onClick(CommandAddTP, [this] { CommandAddTP_Click(); });
+    onClick(CommandRemoveTP, [this] { CommandRemoveTP_Click(); });
+    onClick(CommandAdd, [this] { CommandAdd_Click(); });
+    onClick(CommandRemove, [this] { CommandRemove_Click(); });
+    onClick(CommandSave, [this] { CommandSave_Click(); });
+    onClick(CommandCancel, [this] { CommandCancel_Click(); });
+    onCommand(ComboTPName, &QComboBox::activated, [this] { ComboTPName_Click(); });
     for (const auto& kind : definitionKinds())
-        onSignal(options_[static_cast<std::size_t>(kind.definition)], &QRadioButton::clicked, this,
-                 session_.ui,
-                 [this, definition = kind.definition] { run([&] { Option_Click(definition); }); });
+        onCommand(options_[static_cast<std::size_t>(kind.definition)], &QRadioButton::clicked,
+                  [this, definition = kind.definition] { Option_Click(definition); });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListAssets);
     deleting->setContext(Qt::WidgetShortcut);
     onSignal(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
-}
-
-void FormPredefinedTasks::onClick(QPushButton* button, void (FormPredefinedTasks::*command)()) {
-    onSignal(button, &QPushButton::clicked, this, session_.ui,
-             [this, command] { run([this, command] { (this->*command)(); }); });
 }
 
 void FormPredefinedTasks::connectChanges() {

@@ -44,7 +44,6 @@ class FormPredefinedTasks final : public EditorWindow {
     QLayout* options();
     void connectCommands();
     void connectChanges();
-    void onClick(QPushButton* button, void (FormPredefinedTasks::*command)());
     /// Runs the body of a routine of this screen under its name.
     bool routine(QStringView name, const std::function<void(Routine&)>& body);
 

@@ -93,9 +93,6 @@ void FormStrategies::layOut() {
 }
 
 void FormStrategies::connectCommands() {
-    const auto onClick = [this](QPushButton* button, const std::function<void()>& command) {
-        onSignal(button, &QPushButton::clicked, this, session_.ui, [this, command] { run(command); });
-    };
     onClick(CommandAdd, [this] { CommandAdd_Click(); });
     onClick(CommandRename, [this] { CommandRename_Click(); });
     onClick(CommandDeleteTS, [this] { CommandDeleteTS_Click(); });
@@ -108,10 +105,8 @@ void FormStrategies::connectCommands() {
     onClick(CommandMoveDown, [this] { movePoint(1); });
 
     // What the program itself selects is no click.
-    onSignal(ComboTSNames, &QComboBox::activated, this, session_.ui,
-             [this] { run([this] { LoadStrategyList(ComboTSNames->currentText()); }); });
-    onSignal(ComboPreDef, &QComboBox::activated, this, session_.ui,
-             [this] { run([this] { LoadPreDefinedPoints(); }); });
+    onCommand(ComboTSNames, &QComboBox::activated, [this] { openStrategy(ComboTSNames->currentText()); });
+    onCommand(ComboPreDef, &QComboBox::activated, [this] { LoadPreDefinedPoints(); });
 
     onRowChosen(ListPoints, session_.ui, [this](int row) {
         ListPoints->setCurrentRow(row);
@@ -123,14 +118,15 @@ void FormStrategies::connectCommands() {
 }
 
 void FormStrategies::load() {
-    LoadStrategyList({});
-    SetButtons(State::idle);
+    openStrategy({});
     if (const auto* calParam = findCalParam_())
-        LoadStrategyList(calParam->strategy());
+        openStrategy(calParam->strategy());
 }
 
-QString FormStrategies::selectByName(const QString& name) {
-    return u"select tp_name from mt.hvm_kv_proc_points where tp_name = '"_s + SQLSafe(name) + u"'"_s;
+void FormStrategies::openStrategy(const QString& name) {
+    LoadStrategyList(name);
+    // The last strategy may have gone meanwhile: without a name there is nothing to edit.
+    SetButtons(State::idle);
 }
 
 bool FormStrategies::LoadStrategyList(const QString& name) {
@@ -142,7 +138,7 @@ bool FormStrategies::LoadStrategyList(const QString& name) {
             routine.select(u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s);
         while (rows->next())
             names << notNull(rows->value(0));
-        const bool good = routine.hasRow(selectByName(name));
+        const bool good = routine.hasRow(recordOf.toString() + SQLSafe(name) + u'\'');
         const auto shown = good && !name.isEmpty() ? name : names.value(0);
         QStringList points;
         rows = routine.select(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '"_s +

@@ -11,8 +11,6 @@ class QPushButton;
 
 namespace kelvane {
 
-class Routine;
-
 /// The editor of test strategies: named, ordered lists of test points, each a percentage of the instrument's
 /// range. The lists on the screen are the only working copy. The screen and its loading stand in
 /// form_strategies.cpp, what the buttons do in form_strategies_commands.cpp.
@@ -32,6 +30,8 @@ class FormStrategies final : public EditorWindow {
     /// does not exist. When the database fails, the screen keeps what it shows; then the result is false.
     bool LoadStrategyList(const QString& name);
     void SetButtons(State state);
+    /// `LoadStrategyList`, and the buttons that fit what it found.
+    void openStrategy(const QString& name);
     /// Replaces the points by those of the chosen pre-defined row.
     void LoadPreDefinedPoints();
     double Form_CheckSum() override;
@@ -46,13 +46,13 @@ class FormStrategies final : public EditorWindow {
     void CommandDeletePoint_Click();
     void movePoint(int direction);
 
-    static QString selectByName(const QString& name);
+    /// The query for a strategy, up to its name.
+    static constexpr QStringView recordOf = u"select tp_name from mt.hvm_kv_proc_points where tp_name = '";
+
     /// Asks for a required entry; title and prompt by id.
     QString ask(int title, int prompt, qint16 maxLength, FieldKind kind, const QString& proposed);
     /// Ends a command during which nothing could be used.
     void comeBackTo(QPushButton* button);
-    /// A name that no strategy has yet, or `cancelled`.
-    QString askNewName(Routine& routine);
     /// A point as it was typed, unless the user cancels.
     std::optional<QString> askPoint(int prompt, const QString& proposed);
     /// Puts a strategy that is not stored yet on the screen.

@@ -3,6 +3,7 @@
 #include "data/custom_dialog.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
+#include "editors/new_name.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/list_rows.h"
@@ -54,9 +55,10 @@ void FormStrategies::CommandAdd_Click() {
     ListPoints->clear();
     Routine routine(session_, u"FormStrategies,CommandAdd"_s);
     routine.run([&] {
-        const auto name = askNewName(routine);
-        if (name != cancelled) {
-            takeNew(name);
+        const NewName newStrategy{
+            .title = 1156, .prompt = 1095, .taken = 1178, .maxLength = longestName, .recordOf = recordOf};
+        if (const auto name = askNewName(session_, routine, *widget(), newStrategy)) {
+            takeNew(*name);
             undo.dismiss();
             return;
         }
@@ -66,15 +68,6 @@ void FormStrategies::CommandAdd_Click() {
             undo.dismiss();
         }
     });
-}
-
-QString FormStrategies::askNewName(Routine& routine) {
-    for (;;) {
-        const auto name = ask(1156, 1095, longestName, FieldKind::free, {});
-        if (name == cancelled || !routine.hasRow(selectByName(name)))
-            return name;
-        session_.ui.messageBox(text(1178), text(1156), box::warning);
-    }
 }
 
 void FormStrategies::takeNew(const QString& name) {

@@ -69,12 +69,11 @@ void FormTestMess::layOut() {
 }
 
 void FormTestMess::connectCommands() {
-    onClick(CommandCreate, &FormTestMess::CommandCreate_Click);
-    onClick(CommandSave, &FormTestMess::CommandSave_Click);
-    onClick(CommandDelete, &FormTestMess::CommandDelete_Click);
-    onClick(CommandCancel, &FormTestMess::CommandCancel_Click);
-    onSignal(ComboMessageName, &QComboBox::activated, this, session_.ui,
-             [this] { run([this] { ComboMessageName_Click(); }); });
+    onClick(CommandCreate, [this] { CommandCreate_Click(); });
+    onClick(CommandSave, [this] { CommandSave_Click(); });
+    onClick(CommandDelete, [this] { CommandDelete_Click(); });
+    onClick(CommandCancel, [this] { CommandCancel_Click(); });
+    onCommand(ComboMessageName, &QComboBox::activated, [this] { ComboMessageName_Click(); });
     onSignal(TextMessage, &TextBox::textChanged, this, session_.ui,
              [this] { CommandCancel->setEnabled(true); });
     onSignal(TextMessage, &TextBox::entered, this, session_.ui, [this] {
@@ -83,11 +82,6 @@ void FormTestMess::connectCommands() {
         if (!isLoading() && isChanged())
             QTimer::singleShot(0, this, [this] { run([this] { TextMessage_GotFocus(); }); });
     });
-}
-
-void FormTestMess::onClick(QPushButton* button, void (FormTestMess::*command)()) {
-    onSignal(button, &QPushButton::clicked, this, session_.ui,
-             [this, command] { run([this, command] { (this->*command)(); }); });
 }
 
 double FormTestMess::Form_CheckSum() {

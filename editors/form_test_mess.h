@@ -19,7 +19,6 @@ class FormTestMess final : public EditorWindow {
   private:
     void layOut();
     void connectCommands();
-    void onClick(QPushButton* button, void (FormTestMess::*command)());
 
     double Form_CheckSum() override;
     /// Shows the message of that name, the first one for an empty or a vanished name. False when the database

@@ -6,7 +6,6 @@
 #include "platform/texts.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
-#include "ui/guarded.h"
 #include "ui/list_rows.h"
 #include "ui/panels.h"
 
@@ -150,9 +149,6 @@ QWidget* FormWorkConfig::standardsFrame() {
 }
 
 void FormWorkConfig::connectCommands() {
-    const auto onClick = [this](QPushButton* button, const std::function<void()>& command) {
-        onSignal(button, &QPushButton::clicked, this, session_.ui, [this, command] { run(command); });
-    };
     onClick(CommandMoveUp, [this] { moveSelectedRow(*ListRequest, -1); });
     onClick(CommandMoveDown, [this] { moveSelectedRow(*ListRequest, 1); });
     onClick(CommandSave, [this] { CommandSave_Click(); });

@@ -1,7 +1,8 @@
 #include "ui/editor_window.h"
 
 #include "resources/strings.h"
-#include "ui/guarded.h"
+
+#include <QPushButton>
 
 namespace kelvane {
 
@@ -16,6 +17,10 @@ void EditorWindow::run(const std::function<void()>& command) {
     running_ = true;
     guarded(session_.ui, command);
     running_ = false;
+}
+
+void EditorWindow::onClick(QPushButton* button, const std::function<void()>& command) {
+    onCommand(button, &QPushButton::clicked, command);
 }
 
 bool EditorWindow::mayClose() {

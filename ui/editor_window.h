@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/child_window.h"
+#include "ui/guarded.h"
 
 #include <functional>
 
@@ -52,6 +53,12 @@ class EditorWindow : public ChildWindow {
     /// Runs a command of the screen. While one runs, with whatever question it has on the screen, another
     /// one does nothing and the window stays open.
     void run(const std::function<void()>& command);
+    /// Runs `command` in this way whenever `sender` gives `signal`.
+    template <class Sender, class Signal>
+    void onCommand(Sender* sender, Signal signal, const std::function<void()>& command) {
+        onSignal(sender, signal, this, session_.ui, [this, command] { run(command); });
+    }
+    void onClick(QPushButton* button, const std::function<void()>& command);
 
     /// What is asked when the window is closed with unsaved changes.
     virtual Question closeQuestion() const;

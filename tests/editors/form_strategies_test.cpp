@@ -95,6 +95,33 @@ TEST_F(StrategiesTest, ChoosingAStrategyShowsIt) {
     EXPECT_EQ(screen.enabled(), idle);
 }
 
+TEST_F(StrategiesTest, AStrategyIsChosenByKeyboardWithTheListClosed) {
+    open();
+    const struct {
+        Qt::Key key;
+        QString name;
+    } keys[] = {{Qt::Key_Down, u"UP DOWN"_s},
+                {Qt::Key_Up, u"FIVE"_s},
+                {Qt::Key_End, u"UP DOWN"_s},
+                {Qt::Key_Home, u"FIVE"_s},
+                {Qt::Key_U, u"UP DOWN"_s}};
+    for (const auto& one : keys) {
+        SCOPED_TRACE(one.name.toStdString());
+        QTest::keyClick(&screen.names(), one.key);
+        EXPECT_EQ(statements(), loadOf(one.name));
+        EXPECT_EQ(screen.name(), one.name);
+        EXPECT_EQ(screen.points().size(), one.name == u"FIVE"_s ? 5 : 3);
+    }
+}
+
+TEST_F(StrategiesTest, APredefinedRowIsChosenByItsFirstLetterWithTheListClosed) {
+    open();
+    QTest::keyClick(&screen.predefined(), Qt::Key_3);
+    EXPECT_EQ(screen.predefined().currentText(), u"3 Points Up (0-50-100%)"_s);
+    EXPECT_EQ(screen.points(), (QStringList{u"0.00"_s, u"50.00"_s, u"100.00"_s}));
+    EXPECT_TRUE(screen.button(u"CommandSave"_s).isEnabled());
+}
+
 TEST_F(StrategiesTest, ChoosingAStrategyDropsUnsavedChangesWithoutAQuestionAndLeavesSaveEnabled) {
     open();
     addPoint(u"110"_s);
@@ -143,6 +170,35 @@ TEST_F(StrategiesTest, ShowsTheFirstOneWhenTheParameterEditorsStrategyIsEmptyOrU
     standIn.shown.clear();
     screen.open(session, &standIn);
     EXPECT_EQ(screen.name(), u"FIVE"_s);
+}
+
+TEST_F(StrategiesTest, ANameInOtherLettersThatTheDatabaseTakesForTheSameSelectsNoRow) {
+    standIn.shown = u"five"_s;
+    script.answers[selectName(u"five"_s)] = {Row{u"FIVE"_s}};
+    script.answers[selectPoints(u"five"_s)] = script.answers[selectPoints(u"FIVE"_s)];
+    screen.open(session, &standIn);
+    EXPECT_EQ(statements(), loadOf(u""_s, u"FIVE"_s) + loadOf(u"five"_s));
+    EXPECT_EQ(screen.name(), u""_s);
+    EXPECT_EQ(screen.points().size(), 5);
+    // Nothing can be edited that would be stored without a name.
+    EXPECT_EQ(screen.enabled(), (QStringList{u"ComboTSNames"_s, u"CommandAdd"_s}));
+    screen.choose(screen.names(), u"UP DOWN"_s);
+    EXPECT_EQ(screen.enabled(), idle);
+}
+
+TEST_F(StrategiesTest, WithEveryStrategyGoneMeanwhileNothingCanBeStoredUnderNoName) {
+    open();
+    addPoint(u"110"_s);
+    script.answers.clear();
+    screen.choose(screen.names(), u"UP DOWN"_s);
+    EXPECT_EQ(screen.points(), QStringList());
+    EXPECT_EQ(screen.enabled(),
+              (QStringList{u"ComboTSNames"_s, u"CommandAdd"_s, u"CommandSave"_s, u"CommandCancel"_s}));
+    statements();
+    screen.press(u"CommandSave"_s);
+    EXPECT_EQ(statements(),
+              QStringList{u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = ''"_s} +
+                  loadOf(u""_s));
 }
 
 TEST_F(StrategiesTest, EachPredefinedRowReplacesThePointsAndCanBeSaved) {
