@@ -96,7 +96,7 @@ bool FormTestMess::LoadPrompts(const QString& name) {
     Routine routine(session_, u"FormTestMess,LoadPrompts"_s);
     return routine.run([&] {
         const auto names = columnValues(routine, u"select pname from mt.hvm_kv_prompts"_s);
-        const auto shown = names.contains(name) ? name : names.value(0);
+        const auto shown = !name.isEmpty() && names.contains(name) ? name : names.value(0);
         QString prompt;
         if (!shown.isEmpty())
             prompt = routine

@@ -237,6 +237,16 @@ TEST_F(FormTestMessTest, AMessageWithoutANameIsReported) {
     EXPECT_EQ(enabled(), QStringList{u"Create"_s});
 }
 
+TEST_F(FormTestMessTest, AMessageWithAnEmptyNameGivesWayToTheFirst) {
+    setMessages({{u"PERMIT"_s, u"Get a permit."_s}, {u""_s, u"Nameless"_s}});
+    open();
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+    QTest::keyClick(&names(), Qt::Key_Down);
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
+    EXPECT_EQ(message().text(), u"Get a permit."_s);
+}
+
 TEST_F(FormTestMessTest, AMessageThatHasVanishedGivesWayToTheFirst) {
     open();
     pick(names(), u"LABEL"_s);
