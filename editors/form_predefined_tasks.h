@@ -69,8 +69,6 @@ class FormPredefinedTasks final : public EditorWindow {
     void LoadTasks();
     void LoadPackage(const QString& name);
     void showPackage(Routine& routine, const QString& name);
-    /// Takes the package of the list as the one that the screen shows, unchanged.
-    void takeAsShown();
     /// What stands on the screen.
     TaskPackage package() const;
     QString value() const;

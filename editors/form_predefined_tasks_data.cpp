@@ -82,8 +82,10 @@ void FormPredefinedTasks::LoadTasks() {
             LoadPackage(names.first());
         }
     });
+    SetButtons(Editing::idle);
     DisplayEdit();
-    takeAsShown();
+    currentName_ = ComboTPName->currentText();
+    saveCheckSum();
 }
 
 void FormPredefinedTasks::LoadPackage(const QString& name) {
@@ -96,7 +98,11 @@ void FormPredefinedTasks::LoadPackage(const QString& name) {
     });
     if (!read)
         unread_ = true;
-    takeAsShown();
+    // The sum is taken under the former name: after the choice of another package the screen counts as
+    // changed until it is saved or cancelled.
+    saveCheckSum();
+    SetButtons(Editing::idle);
+    currentName_ = ComboTPName->currentText();
 }
 
 void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
@@ -137,12 +143,6 @@ void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
         Option_Click(kind->definition);
     }
     DisplayEdit();
-}
-
-void FormPredefinedTasks::takeAsShown() {
-    currentName_ = ComboTPName->currentText();
-    saveCheckSum();
-    SetButtons(Editing::idle);
 }
 
 void FormPredefinedTasks::ComboTPName_Click() {
@@ -251,9 +251,7 @@ void FormPredefinedTasks::CommandRemove_Click() {
     const int row = selectedRow(*ListAssets);
     if (row < 0)
         return;
-    delete ListAssets->takeItem(row);
-    // The next row is not selected by itself, or a second click would take it too.
-    ListAssets->setCurrentRow(-1);
+    takeRow(*ListAssets, row);
     enableSaving();
 }
 

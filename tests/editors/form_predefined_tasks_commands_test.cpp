@@ -90,11 +90,13 @@ TEST_F(PackageCommands, RemovingNeedsASelectedInstrument) {
     click(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s, u"Cancel"_s, u"Remove"_s}));
-    // The next one is not selected by itself.
+    // The next one is not selected by itself, but the keyboard stands on it.
     click(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
-    assets().setCurrentRow(0);
     assets().setFocus();
+    QTest::keyClick(&assets(), Qt::Key_Delete);
+    EXPECT_EQ(rows(), QStringList{u"A-2"_s});
+    QTest::keyClick(&assets(), Qt::Key_Space);
     QTest::keyClick(&assets(), Qt::Key_Delete);
     EXPECT_TRUE(rows().isEmpty());
 }
@@ -250,10 +252,8 @@ TEST_F(PackageCommands, ClosingWithANewPackageAsks) {
 // Removing and cancelling.
 
 TEST_F(PackageCommands, RemovingAsksAndShowsTheFirstPackageThatIsLeft) {
-    setPackages({{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"O"_s, .letter = u"M"_s, .value = u"X"_s}});
+    setPackages({{.name = u"O"_s, .letter = u"M"_s, .value = u"X"_s}, {.name = u"LIST"_s, .letter = u"A"_s}});
     open();
-    pick(names(), u"O"_s);
-    script.statements.clear();
     person.expectBox(deletion, packagesTitle, box::question, BoxAnswer::no);
     click(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
@@ -266,6 +266,8 @@ TEST_F(PackageCommands, RemovingAsksAndShowsTheFirstPackageThatIsLeft) {
                                                                 selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(tasks(), QStringList{u"LIST"_s});
     EXPECT_EQ(optionOn(), u"AssetList"_s);
+    form().close();
+    EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
 
 TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {

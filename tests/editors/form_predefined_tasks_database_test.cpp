@@ -1,13 +1,8 @@
 #include "data/assets.h"
 #include "editors/form_predefined_tasks.h"
-#include "tests/editors/questions.h"
+#include "tests/editors/package_screen.h"
 #include "tests/editors/screen_on_database.h"
-#include "ui/text_box.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +11,6 @@ namespace kelvane::testing {
 
 namespace {
 
-const QString title = u"Predefined Task Packages"_s;
 const QString addTitle = u"Add New Task Package"_s;
 const QString addPrompt = u"Enter a name for the new test strategy (30 chars max!):"_s;
 
@@ -78,8 +72,13 @@ class FormPredefinedTasksOnDatabase : public ScreenOnDatabase {
 
 TEST_F(FormPredefinedTasksOnDatabase, ShowsEveryPackageAsItIsExpanded) {
     QStringList shown;
-    for (int i = 0; i < names().count(); ++i) {
-        pick(names(), names().itemText(i));
+    const int count = names().count();
+    for (int i = 0; i < count; ++i) {
+        // The first one is shown already and counts as unchanged.
+        if (i > 1)
+            ui.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+        if (i > 0)
+            choosePackage(names(), names().itemText(i));
         shown << names().currentText();
         if (the<QRadioButton>(u"OptionAssetList"_s).isChecked()) {
             EXPECT_EQ(rows(), expanded(shown.last())) << shown.last().toStdString();
@@ -130,7 +129,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASavedPackageOfEachKindIsExpanded) {
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway) {
-    pick(names(), u"TORQUE CREW A"_s);
+    choosePackage(names(), u"TORQUE CREW A"_s);
     const auto other = members(tagOf(u"UNIT 1 SHUTDOWN"_s));
     QStringList tags{tagOf(u"TORQUE CREW A"_s)};
     const auto before = members(tags.first());
@@ -147,7 +146,7 @@ TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ASaveTellsWhoMadeItAndWhen) {
-    pick(names(), u"UTILITIES"_s);
+    choosePackage(names(), u"UTILITIES"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"It's so.\r\nΩ 校正"_s);
     const auto before = daysAgo(0);
     click(u"CommandSave"_s);
@@ -162,7 +161,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASaveTellsWhoMadeItAndWhen) {
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AListThatBecomesAModelLosesItsRows) {
-    pick(names(), u"TORQUE CREW A"_s);
+    choosePackage(names(), u"TORQUE CREW A"_s);
     const auto tag = tagOf(u"TORQUE CREW A"_s);
     option(u"Model"_s);
     setValue(u"CLICK 250F"_s);
@@ -176,9 +175,9 @@ TEST_F(FormPredefinedTasksOnDatabase, RemovingTakesThePackageAndItsListAndNoOthe
     auto left = packages();
     left.removeOne(u"TORQUE CREW A"_s);
     const auto worksheets = values(u"select taskname from mt.hvm_kv_task_packages where tptype = 'WSHT'"_s);
-    pick(names(), u"TORQUE CREW A"_s);
-    ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, title, box::question,
-                 BoxAnswer::yes);
+    choosePackage(names(), u"TORQUE CREW A"_s);
+    ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
+                 box::question, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(packages(), left);
     EXPECT_TRUE(members(tag).isEmpty());
@@ -192,23 +191,19 @@ TEST_F(FormPredefinedTasksOnDatabase, ANameWithAQuoteIsSavedAndRemovedAndCantBeL
     setValue(u"LAB"_s);
     click(u"CommandSave"_s);
     EXPECT_TRUE(packages().contains(u"O'BRIEN"_s));
-    pick(names(), names().itemText(0));
     ui.expectReport(1, u"FormPredefinedTasks,LoadPackage"_s);
-    names().setFocus();
-    names().setCurrentIndex(names().findText(u"O'BRIEN"_s));
-    Q_EMIT names().activated(names().currentIndex());
+    choosePackage(names(), u"O'BRIEN"_s);
     EXPECT_TRUE(ui.allCame());
     EXPECT_EQ(names().currentText(), u"O'BRIEN"_s);
-    ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, title, box::question,
-                 BoxAnswer::yes);
+    ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
+                 box::question, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_FALSE(packages().contains(u"O'BRIEN"_s));
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListFailsAtItsOwnStatement) {
     execute(u"update mt.inventory set i4201 = 'TW''103' where i4201 = 'TW-103';commit"_s);
-    pick(names(), u"UTILITIES"_s);
-    pick(names(), u"TORQUE CREW A"_s);
+    choosePackage(names(), u"TORQUE CREW A"_s);
     const auto shown = rows();
     EXPECT_TRUE(shown.contains(u"TW'103"_s));
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
@@ -222,7 +217,7 @@ TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListFailsAtItsO
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertComesAfterTheDeletionAndCanBeRepeated) {
-    pick(names(), u"TORQUE CREW A"_s);
+    choosePackage(names(), u"TORQUE CREW A"_s);
     const auto shown = rows();
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     session.SessionUser = u"o'hara"_s;
@@ -236,14 +231,14 @@ TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertComesAfterTheDeletionAndCanBe
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentOfAnotherOwnerIsUnknown) {
-    pick(names(), u"TORQUE CREW A"_s);
+    choosePackage(names(), u"TORQUE CREW A"_s);
     become(u"gpetrov"_s, u"ABC"_s);
-    ui.expectBox(u"Must enter a valid instrument number!"_s, title, box::warning);
+    ui.expectBox(u"Must enter a valid instrument number!"_s, packagesTitle, box::warning);
     add(u"PT-101"_s);
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, APackageRemovedByAnotherWorkstationIsMadeAnewByASave) {
-    pick(names(), u"UTILITIES"_s);
+    choosePackage(names(), u"UTILITIES"_s);
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
     setValue(u"LAB"_s);
     click(u"CommandSave"_s);
@@ -251,17 +246,17 @@ TEST_F(FormPredefinedTasksOnDatabase, APackageRemovedByAnotherWorkstationIsMadeA
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ACancelFindsThatAnotherWorkstationRemovedThePackage) {
-    pick(names(), u"UTILITIES"_s);
+    choosePackage(names(), u"UTILITIES"_s);
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
-    ui.expectBox(discardChanges, title, box::question, BoxAnswer::yes);
+    ui.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandCancel"_s);
     EXPECT_EQ(names().findText(u"UTILITIES"_s), -1);
     EXPECT_EQ(names().currentIndex(), 0);
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ASaveReplacesWhatAnotherWorkstationSaved) {
-    pick(names(), u"UTILITIES"_s);
+    choosePackage(names(), u"UTILITIES"_s);
     execute(u"update mt.hvm_kv_task_packages set segregate = 'LAB', notes = 'Theirs' where taskname = "
             "'UTILITIES';commit"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"Ours"_s);

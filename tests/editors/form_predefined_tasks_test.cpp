@@ -112,7 +112,7 @@ TEST_F(FormPredefinedTasksTest, TypingLightsSaveAndCancel) {
 
 // Choosing another package.
 
-TEST_F(FormPredefinedTasksTest, ChoosingAPackageShowsItAndAsksNothingWithoutAChange) {
+TEST_F(FormPredefinedTasksTest, ChoosingAPackageShowsItAndAsksNothingTheFirstTime) {
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .notes = u"Note"_s, .assets = {u"A-1"_s}},
                  {.name = u"MODEL"_s, .letter = u"M"_s, .value = u"CLICK"_s},
                  {.name = u"SQL"_s, .letter = u"S"_s, .value = u"select"_s}});
@@ -121,9 +121,9 @@ TEST_F(FormPredefinedTasksTest, ChoosingAPackageShowsItAndAsksNothingWithoutACha
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"MODEL"_s), selectModels}));
     EXPECT_TRUE(notes().text().isEmpty());
     EXPECT_TRUE(rows().isEmpty());
-    pick(names(), u"SQL"_s);
+    chooseNext(u"SQL"_s);
     EXPECT_EQ(sql().text(), u"select"_s);
-    pick(names(), u"LIST"_s);
+    chooseNext(u"LIST"_s);
     EXPECT_EQ(notes().text(), u"Note"_s);
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Remove"_s}));
 }
@@ -148,7 +148,69 @@ TEST_F(FormPredefinedTasksTest, ChoosingWithAChangeAsksAndNoPutsTheNameBack) {
     EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
 }
 
-TEST_F(FormPredefinedTasksTest, APackageThatHasVanishedBringsTheListAnew) {
+TEST_F(FormPredefinedTasksTest, AChosenPackageCountsAsChangedForItsSumIsTakenUnderTheFormerName) {
+    setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .assets = {u"A-1"_s}},
+                 {.name = u"MODEL"_s, .letter = u"M"_s, .value = u"CLICK"_s}});
+    open();
+    choosePackage(names(), u"MODEL"_s);
+    EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s}));
+    script.statements.clear();
+    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
+    form().close();
+    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
+    click(u"CommandRemoveTP"_s);
+    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    choosePackage(names(), u"LIST"_s);
+    EXPECT_EQ(names().currentText(), u"MODEL"_s);
+    EXPECT_EQ(value().currentText(), u"CLICK"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
+    // The package that was shown first counts as changed too when it is chosen again.
+    chooseNext(u"LIST"_s);
+    EXPECT_EQ(rows(), QStringList{u"A-1"_s});
+    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
+    form().close();
+    EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
+}
+
+TEST_F(FormPredefinedTasksTest, AfterASaveACancelOrTheSameChoiceAChosenPackageCountsAsUnchanged) {
+    const std::function<void()> ends[] = {
+        [this] {
+            QTest::keyClicks(&notes(), u"x"_s);
+            click(u"CommandSave"_s);
+        },
+        [this] {
+            QTest::keyClicks(&notes(), u"x"_s);
+            person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+            click(u"CommandCancel"_s);
+        },
+        [this] {
+            cancelDialog();
+            click(u"CommandAddTP"_s);
+        },
+        [this] { chooseNext(u"MODEL"_s); },
+    };
+    setPackages(
+        {{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"MODEL"_s, .letter = u"M"_s, .value = u"CLICK"_s}});
+    for (const auto& end : ends) {
+        open();
+        choosePackage(names(), u"MODEL"_s);
+        end();
+        form().close();
+        EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+TEST_F(FormPredefinedTasksTest, AChosenPackageWhoseNameHasTheSameSumCountsAsUnchanged) {
+    setPackages({{.name = u"AB"_s, .letter = u"A"_s}, {.name = u"BA"_s, .letter = u"A"_s}});
+    open();
+    choosePackage(names(), u"BA"_s);
+    choosePackage(names(), u"AB"_s);
+    form().close();
+    EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
+}
+
+TEST_F(FormPredefinedTasksTest, APackageThatHasVanishedBringsTheListAnewAndNothingCountsAsChanged) {
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"GONE"_s, .letter = u"A"_s}});
     open();
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s}});
@@ -158,6 +220,8 @@ TEST_F(FormPredefinedTasksTest, APackageThatHasVanishedBringsTheListAnew) {
                                               selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(tasks(), QStringList{u"LIST"_s});
     EXPECT_EQ(names().currentText(), u"LIST"_s);
+    form().close();
+    EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
 
 TEST_F(FormPredefinedTasksTest, AFirstPackageThatIsListedAndNotFoundIsNotSoughtWithoutEnd) {
@@ -216,8 +280,7 @@ TEST_F(FormPredefinedTasksTest, ANameWithAQuoteCantBeLoadedButCanBeRemoved) {
     person.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"O'B"_s);
     script.statements.clear();
-    person.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
-                     box::question, BoxAnswer::yes);
+    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"O'B"_s));
 }

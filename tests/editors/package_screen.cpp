@@ -5,6 +5,7 @@
 #include "data/in_use.h"
 #include "ui/form_custom_dialog.h"
 
+#include <QAbstractItemView>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -107,6 +108,12 @@ void PackageScreen::click(const QString& name) {
     testing::click(button(name));
 }
 
+void PackageScreen::chooseNext(const QString& name) {
+    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+    choosePackage(names(), name);
+    person.waitUntilAllCame();
+}
+
 void PackageScreen::option(const QString& name) {
     auto& shown = the<QRadioButton>(u"Option"_s + name);
     QTest::mouseClick(&shown, Qt::LeftButton, {}, QPoint(8, shown.height() / 2));
@@ -204,6 +211,14 @@ QStringList PackageScreen::ownStatements() {
             own << statement;
     }
     return own;
+}
+
+void choosePackage(QComboBox& names, const QString& name) {
+    const int row = names.findText(name);
+    EXPECT_GE(row, 0) << "no package " << name.toStdString();
+    QTest::keyClick(&names, Qt::Key_F4);
+    names.view()->setCurrentIndex(names.model()->index(row, 0));
+    QTest::keyClick(names.view(), Qt::Key_Return);
 }
 
 } // namespace kelvane::testing

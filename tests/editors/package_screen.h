@@ -59,6 +59,8 @@ class PackageScreen : public ProgramTest {
     TextBox& sql() { return the<TextBox>(QStringLiteral("TextSQL")); }
     QPushButton& button(const QString& name) { return the<QPushButton>(name); }
     void click(const QString& name);
+    /// Chooses a package after another has been chosen, and lets the change go as which that counts.
+    void chooseNext(const QString& name);
     /// Turns an option on, by its name without "Option".
     void option(const QString& name);
     QString optionOn();
@@ -79,5 +81,8 @@ class PackageScreen : public ProgramTest {
     /// The statements without those of the sweep at a save and of the look-ups of instruments.
     QStringList ownStatements();
 };
+
+/// Chooses a package in the opened list: one choice, whatever rows lie between.
+void choosePackage(QComboBox& names, const QString& name);
 
 } // namespace kelvane::testing
