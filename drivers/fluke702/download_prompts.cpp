@@ -12,7 +12,6 @@ using namespace ModuleGlobals;
 
 bool DownloadPrompts::define(Fluke702& driver, StatusRule& rule, const QString& asset) {
     auto& session = driver.session;
-    prompts_.erase();
     count_ = GetPrompts(session, asset, 2, {});
     for (int p = 0; p < count_; ++p) {
         const auto& stored = std::as_const(session.PromptList)[p];
