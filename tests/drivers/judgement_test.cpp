@@ -86,11 +86,13 @@ TEST_F(JudgedRun, FailuresAndMarginalPointsAreCountedAndLinesStored) {
     run.take(1, 50, 53.125, 0); // on the limit: passes, and is marginal
     run.take(2, 50, 53.126, 3);
     run.take(3, 50, 46, 3);
+    run.take(4, 50, 53, 0);
     EXPECT_EQ(run.counts().failures, 2);
-    EXPECT_EQ(run.counts().marginals, 1);
+    EXPECT_EQ(run.counts().marginals, 2);
     EXPECT_FALSE(run.counts().passed());
     EXPECT_EQ(lines(), (QStringList{u"1 50.000V 50.000V PASS"_s, u"2 50.000V 53.125V PASS"_s,
-                                    u"3 50.000V 53.126V FAIL"_s, u"4 50.000V 46.000V FAIL"_s}));
+                                    u"3 50.000V 53.126V FAIL"_s, u"4 50.000V 46.000V FAIL"_s,
+                                    u"5 50.000V 53.000V PASS"_s}));
 }
 
 TEST_F(JudgedRun, EachPointIsJudgedOnTheMeansOfItsRepetitions) {
@@ -151,6 +153,14 @@ TEST_F(JudgedRun, DisagreementIsToldOnExactLimits) {
     expectBoxes(53.125, more, false, true);
     expectBoxes(46.875, -more, false, true);
     expectBoxes(50, 1E30, false, true);
+}
+
+TEST_F(JudgedRun, DisagreementGoesByTheLimitsBeforeTheyAreRoundedForPrint) {
+    instrument.resolution = 0.1F; // prints 46.9 and 53.1
+    expectBoxes(53.12, 0, false, false);
+    expectBoxes(53.12, 5, false, true);
+    expectBoxes(46.88, 0, false, false);
+    expectBoxes(46.88, 5, false, true);
 }
 
 TEST_F(JudgedRun, AnErrorThatIsNoNumberIsNoDisagreement) {

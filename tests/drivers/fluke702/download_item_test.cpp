@@ -195,6 +195,10 @@ TEST_F(FlukeDownloadItem, TheColdJunctionOfASideCountsWhenTheOtherSideIsATempera
     const auto plain = gathered(transmitter());
     EXPECT_EQ(plain.cjMode, u"measure"_s);
     EXPECT_EQ(plain.cjTemp, u"0.0"_s);
+    auto external = degreesOut(u"C"_s, u"TC K"_s, 2);
+    external.cj_ref_type_in = u"EXT"_s;
+    external.cj_ref_temp_in = -1.1F;
+    EXPECT_EQ(gathered(external).cjTemp, u"-1.1"_s);
 }
 
 TEST_F(FlukeDownloadItem, LoopPowerIsForCurrentOutputsOnly) {

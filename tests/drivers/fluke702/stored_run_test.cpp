@@ -95,6 +95,13 @@ TEST_F(ImageOfRuns, AValueFetchedAgainLeavesTheOthersAsTheyWere) {
     EXPECT_EQ(momentOf(header), (Moment{QDate(2026, 5, 18), QTime(8, 15, 30)}));
 }
 
+TEST_F(ImageOfRuns, ValuesOfAnEarlierHeaderDoNotShineThrough) {
+    RunHeader header{1, 3, 18, 2026, 8, 15, 30};
+    EXPECT_EQ(readHeader(link, 7, header), 0) << "no such run: the library writes nothing";
+    EXPECT_FALSE(header.isDated());
+    EXPECT_EQ(header.kind, 0);
+}
+
 TEST_F(ImageOfRuns, ATimeOfMidnightIsFetchedAgainByThreeCallsInItsOrder) {
     run().hour = run().minute = run().second = 0;
     change(u"MEMrDir"_s, 1, [](StoredRun& stored) { stored.hour = 1; });

@@ -1,4 +1,5 @@
 #include "drivers/fluke702/base_units.h"
+#include "drivers/fluke702/task_values.h"
 #include "platform/error.h"
 #include "tests/drivers/fluke702/download_fixture.h"
 
@@ -238,6 +239,44 @@ TEST_F(FlukeTaskValues, WhatTheCalibratorCannotReadIsAVoltagePromptForTheTechnic
         EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{row.scale}) << row.name;
         EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList{u"0, 300"_s}) << row.name;
         EXPECT_TRUE(manual()) << row.name;
+    }
+}
+
+TEST(FlukeHandReading, TakesAwayWhatItsCaseNames) {
+    const struct {
+        const char* name;
+        qint16 outputClass;
+        qint16 inputClass;
+        QString outputMode;
+        QString inputMode;
+        bool indicated;
+        QString sensor;
+        QString loop;
+    } rows[] = {
+        {"pressures", 2, 2, u"pressure"_s, u"pressure"_s, false, {}, u"24v"_s},
+        {"currents", 3, 3, u"current"_s, u"current"_s, false, {}, u"off"_s},
+        {"thermocouples", 1, 1, u"tc"_s, u"tc"_s, false, {}, u"off"_s},
+        {"current and thermometer", 1, 3, u"4w_rtd"_s, u"current"_s, false, {}, u"off"_s},
+        {"current and resistance", 9, 3, u"2w_ohms"_s, u"current"_s, false, {}, u"off"_s},
+        {"no mode", 10, 4, {}, u"dcv"_s, false, u"sensor"_s, u"24v"_s},
+        {"read by eye", 5, 4, u"freq"_s, u"dcv"_s, true, u"sensor"_s, u"24v"_s},
+    };
+    for (const auto& row : rows) {
+        Module702Interface::Download702Item item;
+        item.outputClass = row.outputClass;
+        item.inputClass = row.inputClass;
+        item.outputMode = row.outputMode;
+        item.inputMode = row.inputMode;
+        item.outputIndicated = row.indicated;
+        item.outputSensor = u"sensor"_s;
+        item.loopPower = u"24v"_s;
+        Module702Interface::CarriedValues carried;
+        prepareTaskValues(item, carried);
+        EXPECT_TRUE(carried.manual) << row.name;
+        EXPECT_EQ(item.outputMode, u"dcv"_s) << row.name;
+        EXPECT_EQ(item.outputClass, 4) << row.name;
+        EXPECT_EQ(item.outputSensor, row.sensor) << row.name;
+        EXPECT_EQ(item.loopPower, row.loop) << row.name;
     }
 }
 

@@ -143,6 +143,19 @@ TEST_F(FlukeUpload, WithoutALibraryNothingElseHappens) {
     EXPECT_EQ(ui.events, QStringList());
 }
 
+TEST_F(FlukeUpload, EachRunIsReadByItsOwnIndex) {
+    storeGood();
+    storeGood(u"PT-102"_s);
+    EXPECT_EQ(upload(), QString());
+    const auto ofBoth = [](const QString& operation) {
+        return QStringList{operation + u"(0)"_s, operation + u"(1)"_s};
+    };
+    for (const auto& operation : {u"MEMrDir"_s, u"MEMasflInfo"_s, u"MEMbaseState"_s, u"MEMcalResult"_s})
+        EXPECT_EQ(link.callsOf(operation), ofBoth(operation));
+    EXPECT_EQ(link.callsOf(u"MEMtagidInfo"_s).last(), u"MEMtagidInfo(1)"_s);
+    EXPECT_EQ(link.callsOf(u"MEMcalResultEntry"_s).last(), u"MEMcalResultEntry(1, 2)"_s);
+}
+
 TEST_F(FlukeUpload, AnEmptyCalibratorIsASuccess) {
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList());
@@ -368,6 +381,13 @@ TEST_F(FlukeUpload, ACutTagWhoseInstrumentHasBeenRenamedIsSkipped) {
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
 }
 
+TEST_F(FlukeUpload, ACutTagThatStandsForABlankAssetNumberIsSkipped) {
+    execute(u"update mt.inventory set i4201 = '   ' where mtag = '1401'"_s);
+    storeGood(QString(29, u'%'));
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList());
+}
+
 TEST_F(FlukeUpload, ACutTagWithAnotherSerialNumberIsSkipped) {
     execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
     storeGood(cutTag).serial = u"None"_s;
@@ -468,6 +488,17 @@ TEST_F(FlukeUploadStandards, FollowTheModuleThatTheRunNames) {
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1206"_s, u"1209"_s, u"1102"_s, u"1207"_s}));
     EXPECT_EQ(link.callsOf(u"MEMbaseState"_s), (QStringList{u"MEMbaseState(0)"_s, u"MEMbaseState(1)"_s}));
+}
+
+TEST_F(FlukeUploadStandards, AskForTheModuleInBuffersOfSixteenAndTen) {
+    storeGood();
+    QStringList buffers;
+    link.writeText = [&](const QString& text, const QString& buffer) {
+        buffers << buffer;
+        return text + QChar(0);
+    };
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(buffers.last(2), (QStringList{QString(16, u' '), QString(10, u' ')}));
 }
 
 TEST_F(FlukeUploadStandards, EndAtAModuleThatTheInventoryDoesNotKnow) {
@@ -574,6 +605,15 @@ TEST_F(FlukeUpload, DisagreementsAreToldAfterTheRecordOnExactLimits) {
         EXPECT_EQ(upload(), QString());
         EXPECT_EQ(verdicts().last(), row.verdict) << "row " << minute;
     }
+}
+
+TEST_F(FlukeUpload, TheCalibratorsErrorIsWidenedBeforeItIsCompared) {
+    // 10 % as a fraction in 32 bits lies above 10 % in 64.
+    configure(u"1401"_s, u"neg_units = 10, pos_units = 10"_s);
+    store(u"PT-101"_s, {at(0, 0), at(50, 60, 0.1F), at(100, 100)});
+    expectDisagreement(true);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 1"_s});
 }
 
 TEST_F(FlukeUpload, BothDisagreementsInOneRun) {
