@@ -1,6 +1,7 @@
 #include "ui/text_box.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -41,6 +42,16 @@ void TextBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
     if (!isComingBack(event->reason()))
         Q_EMIT entered();
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (!event->matches(QKeySequence::InsertLineSeparator)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    // Shift and Return would put in a character that only looks like a line end.
+    textCursor().insertBlock();
+    ensureCursorVisible();
 }
 
 } // namespace kelvane

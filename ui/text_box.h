@@ -25,6 +25,7 @@ class TextBox final : public QPlainTextEdit {
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace kelvane

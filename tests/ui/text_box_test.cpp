@@ -33,6 +33,17 @@ TEST(TextBoxTest, KeepsEveryCharacterAndEndsLinesInCarriageReturnAndLineFeed) {
     }
 }
 
+TEST(TextBoxTest, ShiftAndReturnEndTheLineLikeReturnAlone) {
+    TextBox box;
+    box.setText(u"one"_s);
+    QTest::keyClick(&box, Qt::Key_End);
+    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClicks(&box, u"two"_s);
+    QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(&box, u"three"_s);
+    EXPECT_EQ(box.text(), u"one\r\ntwo\r\nthree"_s);
+}
+
 TEST(TextBoxTest, TheSameTextIsNoChange) {
     TextBox box;
     int changes = 0;
