@@ -1,6 +1,7 @@
 #include "demo/demonstration.h"
 
 #include "demo/fluke702_road.h"
+#include "demo/preparation.h"
 #include "demo/torque_road.h"
 
 #include <QComboBox>
@@ -13,31 +14,25 @@ using namespace Qt::StringLiterals;
 namespace kelvane::demo {
 
 void Demonstration::run() {
-    logIn();
+    start();
+    logIn(procedureWriter);
+    prepareTransmitter(desk_);
+    logOut();
+    logIn(u"jdoe"_s);
     const auto day = goTorqueRoad(desk_, memories_.torqueStar);
     goFluke702Road(desk_, memories_.fluke702, day.addDays(-1));
+    calibratePrepared(desk_, memories_.fluke702, day.addDays(-2));
     logOut();
+    exit();
 }
 
-void Demonstration::logIn() {
-    auto& program = desk_.program;
-    desk_.step(u"start, up to the login screen"_s, [&] { program.start(); });
+void Demonstration::start() {
+    desk_.step(u"start, up to the login screen"_s, [this] { desk_.program.start(); });
     lookAtDataSources();
-    const auto type = [this](const QString& password) {
-        auto& form = desk_.child(u"FormConnect"_s);
-        auto& user = control<QLineEdit>(form, u"TextUsername"_s);
-        user.selectAll();
-        QTest::keyClicks(&user, u"jdoe"_s);
-        QTest::keyClicks(&control<QLineEdit>(form, u"TextPassword"_s), password);
-        click(control<QPushButton>(form, u"CommandConnect"_s));
-    };
     desk_.person.expectBox(
         u"Database connection Failed! Check username/password and network connection and try again..."_s,
         u"Kelvane"_s, box::stop);
-    desk_.step(u"log in with a wrong password: refused"_s, [&] { type(u"guess"_s); });
-    desk_.step(u"log in as jdoe"_s, [&] { type(u"kelvane"_s); });
-    if (!program.session.SessionConnected)
-        throw Difference(u"the login did not connect"_s);
+    desk_.step(u"log in with a wrong password: refused"_s, [this] { typeLogin(u"jdoe"_s, u"guess"_s); });
 }
 
 void Demonstration::lookAtDataSources() {
@@ -48,8 +43,26 @@ void Demonstration::lookAtDataSources() {
     desk_.child(u"FormODBC"_s).close();
 }
 
+void Demonstration::typeLogin(const QString& user, const QString& password) {
+    auto& form = desk_.child(u"FormConnect"_s);
+    auto& name = control<QLineEdit>(form, u"TextUsername"_s);
+    name.selectAll();
+    QTest::keyClicks(&name, user);
+    QTest::keyClicks(&control<QLineEdit>(form, u"TextPassword"_s), password);
+    click(control<QPushButton>(form, u"CommandConnect"_s));
+}
+
+void Demonstration::logIn(const QString& user) {
+    desk_.step(u"log in as "_s + user, [&] { typeLogin(user, u"kelvane"_s); });
+    if (!desk_.program.session.SessionConnected)
+        throw Difference(u"the login did not connect"_s);
+}
+
 void Demonstration::logOut() {
     desk_.step(u"log out"_s, [this] { desk_.press(Qt::Key_L, Qt::ControlModifier); });
+}
+
+void Demonstration::exit() {
     desk_.person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
     desk_.step(u"exit"_s,
                [this] { click(control<QPushButton>(desk_.child(u"FormConnect"_s), u"CommandCancel"_s)); });

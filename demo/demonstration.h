@@ -10,8 +10,8 @@ struct CalibratorMemories {
     QString fluke702;
 };
 
-/// Calibrations from end to end, with each calibrator: log in, list instruments, name their standards,
-/// download, carry out, upload, and look at the records.
+/// An instrument that is prepared from nothing, and calibrations from end to end with each calibrator: log
+/// in, list instruments, name their standards, download, carry out, upload, and look at the records.
 class Demonstration {
   public:
     Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& pictures)
@@ -21,9 +21,12 @@ class Demonstration {
     void run();
 
   private:
-    void logIn();
+    void start();
     void lookAtDataSources();
+    void typeLogin(const QString& user, const QString& password);
+    void logIn(const QString& user);
     void logOut();
+    void exit();
 
     Desk desk_;
     CalibratorMemories memories_;

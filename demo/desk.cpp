@@ -89,7 +89,7 @@ void Desk::add(const QString& told, const QString& entry) {
 }
 
 void Desk::expectList(const QStringList& rows) {
-    picture(program.window, u"FormDockingDown"_s);
+    look(u"FormDockingDown"_s);
     const auto& list = control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s);
     QStringList found;
     for (int row = 0; row < list.count(); ++row)

@@ -20,6 +20,9 @@ class Desk {
     /// else came up in it, or something did not.
     void step(const QString& told, const std::function<void()>& act);
 
+    /// Takes a picture of the whole window as it is now.
+    void look(const QString& name) { picture(program.window, name); }
+
     /// The open screen of that name. Throws `Difference` when there is none.
     QWidget& child(const QString& name);
     /// A shortcut of the main window.

@@ -115,6 +115,19 @@ TEST_F(DemoPage, TellsTheRangesAndAStandardOfEachProcessInstrument) {
     EXPECT_EQ(CheckStandard(session, u"PM-030"_s, u"TCS-802"_s), standardOverdue);
 }
 
+TEST_F(DemoPage, TellsOfAnInstrumentThatHasNothingYet) {
+    const auto asset = u"UC-901"_s;
+    EXPECT_TRUE(page.contains(u"`UC-901`, a pressure transmitter, is not configured."_s));
+    EXPECT_EQ(value(u"select i4204 from mt.inventory where i4201 = 'UC-901'"_s), u"PRESSURE TRANSMITTER"_s);
+    EXPECT_FALSE(HasConfigData(session, asset));
+    for (const auto& table : {u"tag_config"_s, u"proc_prompts"_s})
+        EXPECT_EQ(value(u"select count(*) from mt.hvm_kv_"_s + table + u" where mtag = "_s +
+                        mtagOf(session, asset)),
+                  u"0"_s)
+            << table.toStdString();
+    EXPECT_EQ(CheckStandard(session, u"PM-100"_s, asset), standardUsable);
+}
+
 TEST_F(DemoPage, NamesOnlyInstrumentsAndPackagesThatExist) {
     static const QRegularExpression asset(u"^[A-Z]{2}-[A-Z0-9]+$"_s);
     static const QRegularExpression package(u"^[A-Z0-9 ]{4,}$"_s);
