@@ -2,6 +2,7 @@
 
 #include <QListView>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace kelvane {
 
@@ -11,6 +12,21 @@ namespace {
 QString plainCaption(int id) {
     return text(id).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
+
+/// A list to choose from that the wheel turns only while it has the focus: one that turns under the pointer
+/// by chance would choose another record, and drop what was entered.
+class DropDown final : public QComboBox {
+  public:
+    DropDown() { setFocusPolicy(Qt::StrongFocus); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
 
 } // namespace
 
@@ -36,7 +52,7 @@ QPushButton* button(const QString& name, int caption, int toolTip) {
 
 QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
                     const QStringList& rows) {
-    auto* made = named(new QComboBox, name, accessibleName, toolTip);
+    auto* made = named(static_cast<QComboBox*>(new DropDown), name, accessibleName, toolTip);
     made->addItems(rows);
     return made;
 }

@@ -1,7 +1,11 @@
 #include "tests/support/fixtures.h"
 #include "ui/controls.h"
 
+#include <QApplication>
+#include <QHBoxLayout>
 #include <QListView>
+#include <QTest>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -28,6 +32,30 @@ TEST(DropDowns, KeepTheirWidthWhateverTheirRowsAre) {
     list->addItem(u"x"_s.repeated(500));
     EXPECT_EQ(list->sizeHint(), before);
     EXPECT_LE(list->minimumSizeHint().width(), before.width());
+}
+
+TEST(DropDowns, TurnWithTheWheelOnlyWhileTheyHaveTheFocus) {
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    auto* list = dropDown(u"ComboTSName"_s, u"Strategy"_s, 0, {u"FIVE"_s, u"UP DOWN"_s});
+    auto* other = button(u"CommandExit"_s, 103, 473);
+    row->addWidget(list);
+    row->addWidget(other);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto turn = [list] {
+        const QPointF middle = list->rect().center();
+        QWheelEvent event(middle, list->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(list, &event);
+    };
+    other->setFocus();
+    turn();
+    EXPECT_EQ(list->currentText(), u"FIVE"_s);
+    EXPECT_TRUE(other->hasFocus());
+    list->setFocus();
+    turn();
+    EXPECT_EQ(list->currentText(), u"UP DOWN"_s);
 }
 
 TEST(DropDowns, DoNotMeasureEachOfManyRows) {
