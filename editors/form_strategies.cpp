@@ -148,7 +148,6 @@ bool FormStrategies::LoadStrategyList(const QString& name) {
 
         ComboTSNames->clear();
         ComboTSNames->addItems(names);
-        ComboTSNames->setEnabled(!names.isEmpty());
         showStrategy(static_cast<int>(names.indexOf(shown)));
         refill(*ListPoints, points);
         ComboPreDef->setCurrentIndex(0);

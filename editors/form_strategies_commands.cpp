@@ -62,7 +62,6 @@ void FormStrategies::CommandAdd_Click() {
             undo.dismiss();
             return;
         }
-        ComboTSNames->setEnabled(true);
         if (LoadStrategyList(ComboTSNames->currentText())) {
             SetButtons(State::idle);
             undo.dismiss();

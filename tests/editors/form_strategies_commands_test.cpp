@@ -16,6 +16,10 @@ const QString deleting = u"FormStrategies,CommandDeleteTS"_s;
 const QString saving = u"FormStrategies,CommandSave"_s;
 const QString sureToDelete = u"Are you sure you want to delete the selected test strategy?"_s;
 const QString stillUsed = u"This test strategy is still being used!"_s;
+/// What can be used while a new strategy is edited.
+const QStringList editingNew{u"CommandSave"_s,    u"ComboPreDef"_s,        u"CommandAddTP"_s,
+                             u"CommandModify"_s,  u"CommandDeletePoint"_s, u"CommandMoveUp"_s,
+                             u"CommandMoveDown"_s};
 const Error refused{547, u"The statement is refused."_s};
 
 QString countUses(const QString& name) {
@@ -66,9 +70,7 @@ TEST_F(StrategiesTest, AddAsksForANameOfThirtyCharactersWithTheListsEmptyAndOutO
 TEST_F(StrategiesTest, ANewStrategyIsEditedWithoutAddRenameDeleteAndCancel) {
     open();
     add(u"NEW"_s);
-    EXPECT_EQ(screen.enabled(),
-              (QStringList{u"CommandSave"_s, u"ComboPreDef"_s, u"CommandAddTP"_s, u"CommandModify"_s,
-                           u"CommandDeletePoint"_s, u"CommandMoveUp"_s, u"CommandMoveDown"_s}));
+    EXPECT_EQ(screen.enabled(), editingNew);
     EXPECT_TRUE(screen.predefined().hasFocus());
 }
 
@@ -84,7 +86,7 @@ TEST_F(StrategiesTest, AddIsThereWithoutAnyStrategyToo) {
     open();
     add(u"NEW"_s);
     EXPECT_EQ(screen.name(), u"NEW"_s);
-    EXPECT_TRUE(screen.button(u"CommandAddTP"_s).isEnabled());
+    EXPECT_EQ(screen.enabled(), editingNew);
 }
 
 TEST_F(StrategiesTest, AnAddedStrategyGoesIntoTheOpenParameterEditorAtOnce) {
@@ -120,6 +122,7 @@ TEST_F(StrategiesTest, CancelledAddReloadsWhatWasShownAndDropsUnsavedChanges) {
     EXPECT_TRUE(screen.names().isEnabled());
     EXPECT_TRUE(screen.button(u"CommandAdd"_s).isEnabled());
     EXPECT_TRUE(screen.button(u"CommandSave"_s).isEnabled());
+    EXPECT_TRUE(screen.button(u"CommandAdd"_s).hasFocus());
 }
 
 TEST_F(StrategiesTest, AFailureOfAddIsReportedAndGivesThePointsBack) {
@@ -159,6 +162,7 @@ TEST_F(StrategiesTest, RenameMovesThePointsAndTheInstrumentsToTheNewName) {
         EXPECT_EQ(screen.enabled(), QStringList());
         know(u"SIX"_s, {u"6"_s});
         forget(u"FIVE"_s);
+        ui.events.clear();
     });
     screen.press(u"CommandRename"_s);
     EXPECT_EQ(statements(), renameOf(u"FIVE"_s, u"SIX"_s) + loadOf(u"SIX"_s));
@@ -166,6 +170,8 @@ TEST_F(StrategiesTest, RenameMovesThePointsAndTheInstrumentsToTheNewName) {
     EXPECT_EQ(screen.points(), QStringList{u"6"_s});
     EXPECT_EQ(screen.enabled(), idle);
     EXPECT_TRUE(screen.button(u"CommandRename"_s).hasFocus());
+    // Before the three of the loading that follows.
+    EXPECT_EQ(ui.events.count(u"busy"_s), 4);
     EXPECT_FALSE(ui.busy);
 }
 
@@ -263,6 +269,14 @@ TEST_F(StrategiesTest, AStrategyOfEvenOneInstrumentIsNotDeleted) {
         EXPECT_EQ(screen.name(), u"FIVE"_s);
         EXPECT_EQ(screen.enabled(), idle);
     }
+}
+
+TEST_F(StrategiesTest, DeleteWithoutAStrategyDoesNothing) {
+    script.answers.clear();
+    open();
+    screen.button(u"CommandDeleteTS"_s).setEnabled(true);
+    screen.press(u"CommandDeleteTS"_s);
+    EXPECT_TRUE(statements().isEmpty());
 }
 
 TEST_F(StrategiesTest, DeleteDoublesAQuoteInTheName) {
@@ -472,6 +486,14 @@ TEST_F(StrategiesTest, APointIsAddedAsTypedWhateverItsValue) {
     EXPECT_TRUE(screen.button(u"CommandSave"_s).isEnabled());
     EXPECT_TRUE(screen.button(u"CommandCancel"_s).isEnabled());
     EXPECT_TRUE(statements().isEmpty());
+}
+
+TEST_F(StrategiesTest, AnAddedPointIsInSightBelowALongList) {
+    open();
+    screen.choose(screen.predefined(), u"11 Points Up/Down (0-10-20-30...20-10-0%)"_s);
+    addPoint(u"110"_s);
+    const auto& list = screen.list();
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualItemRect(list.item(list.count() - 1))));
 }
 
 TEST_F(StrategiesTest, WhatIsNoNumberIsAskedForAgainOnRetryAndGivenUpOnCancel) {
