@@ -138,6 +138,17 @@ TEST_F(CalParamDemo, ShowsTheMessagesOfTheInstrumentInTheirOrder) {
     }
 }
 
+TEST_F(CalParamDemo, IsPaintedBeforeItAsksForTheInstrument) {
+    form = new FormCalParam(session);
+    form->showIn(area);
+    ui.events.clear();
+    ui.expectDialog(title, enterInstrument, u"PT-101"_s, [this](const DialogQuestion&) {
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(ui.events.value(0), u"events"_s);
+    });
+    form->chooseFirst();
+}
+
 TEST_F(CalParamDemo, AnInstrumentWithAQuoteInItsNumberIsReportedAndTheScreenGoes) {
     form = new FormCalParam(session);
     form->showIn(area);

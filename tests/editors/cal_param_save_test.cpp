@@ -199,6 +199,26 @@ TEST_F(CalParamSave, MakesAnEmptyLowEndOfAnAlternatingVoltageAZero) {
     EXPECT_EQ(stored(u"input_low"_s), u"'0'"_s);
 }
 
+TEST_F(CalParamSave, ThatIsRefusedLeavesTheSignsAsTheyAre) {
+    screen.set(u"ComboInputUnits"_s, u"VAC"_s);
+    screen.set(u"TextInputLow"_s, u"-5"_s);
+    screen.set(u"TextRepetitions"_s, u"0"_s);
+    ui.expectBox(u"Test Point Repetitions must be greater than zero!"_s, u"Calibration Parameters"_s,
+                 box::warning);
+    save();
+    EXPECT_EQ(screen.text(u"TextInputLow"_s), u"-5"_s);
+}
+
+TEST_F(CalParamSave, FindsTheEndsTheSameBeforeItTakesTheirSigns) {
+    // -5 to 5 is a span; what is stored of it has none.
+    screen.set(u"ComboInputUnits"_s, u"VAC"_s);
+    screen.set(u"TextInputLow"_s, u"-5"_s);
+    screen.set(u"TextInputHigh"_s, u"5"_s);
+    save();
+    EXPECT_EQ(stored(u"input_low"_s), u"'5'"_s);
+    EXPECT_EQ(stored(u"input_high"_s), u"'5'"_s);
+}
+
 TEST_F(CalParamSave, PassesAQuoteOnAsItStands) {
     screen.set(u"TextCJRefTempIn"_s, u"20'"_s);
     const auto broken =
