@@ -13,19 +13,6 @@ using namespace ModuleGlobals;
 /// them.
 class RecordOnDatabase : public DatabaseSession {
   protected:
-    RecordOnDatabase() { session.BCalP = true; }
-
-    /// The rows of a query in their order, columns joined with "|".
-    QStringList rows(const QString& query, int columns) {
-        QStringList found;
-        for (const auto set = sharedConnection(session).select(query); set->next();) {
-            QStringList row;
-            for (int column = 0; column < columns; ++column)
-                row << set->value(column).value_or(u"(null)"_s);
-            found << row.join(u'|');
-        }
-        return found;
-    }
     QString one(const QString& query, int columns = 1) { return rows(query, columns).value(0); }
     int count(const QString& table) { return one(u"select count(*) from "_s + table).toInt(); }
 

@@ -25,7 +25,7 @@ class Catalogue : public ::testing::Test {
 } // namespace
 
 TEST_F(Catalogue, KnowsTheDomainsOfTheServer) {
-    EXPECT_EQ(rowsOf(*connection, u"select domain_name from sys.sysdomain order by domain_name"_s),
+    EXPECT_EQ(queryRows(*connection, u"select domain_name from sys.sysdomain order by domain_name"_s),
               (QStringList{u"BINARY"_s, u"CHAR"_s, u"DATE"_s, u"DOUBLE"_s, u"FLOAT"_s, u"INTEGER"_s,
                            u"LONG BINARY"_s, u"LONG VARCHAR"_s, u"NUMERIC"_s, u"SMALLINT"_s, u"TIME"_s,
                            u"TIMESTAMP"_s, u"TINYINT"_s, u"VARCHAR"_s}));
@@ -36,7 +36,7 @@ TEST_F(Catalogue, HasARowForEveryRealColumnAndForNoOther) {
     for (const auto& column : allColumns(*connection))
         real.insert(column.name.toLower());
     ASSERT_GT(real.size(), 100);
-    const auto listed = rowsOf(*connection, u"select lower(column_name) from sys.syscolumn"_s);
+    const auto listed = queryRows(*connection, u"select lower(column_name) from sys.syscolumn"_s);
     const QSet<QString> known(listed.begin(), listed.end());
     EXPECT_EQ(known.size(), listed.size());
     EXPECT_EQ((known - real).values().join(u' '), QString());
@@ -72,8 +72,8 @@ TEST_F(Catalogue, AnswersInAnyLetterCase) {
 
 TEST_F(Catalogue, SaysNothingOfAColumnThatDoesNotExist) {
     for (const auto& name : {u"C2340"_s, u"C9999"_s, u""_s, u"c2301 "_s})
-        EXPECT_EQ(rowsOf(*connection,
-                         u"select domain_id from sys.syscolumn where column_name = '"_s + name + u"'"_s),
+        EXPECT_EQ(queryRows(*connection,
+                            u"select domain_id from sys.syscolumn where column_name = '"_s + name + u"'"_s),
                   QStringList())
             << name.toStdString();
 }

@@ -12,19 +12,8 @@ QString sourceFile(const QString& path) {
     return QStringLiteral(KELVANE_SOURCES "/") + path;
 }
 
-QStringList rowsOf(Connection& connection, const QString& query, int columns) {
-    QStringList found;
-    for (const auto rows = connection.select(query); rows->next();) {
-        QStringList row;
-        for (int column = 0; column < columns; ++column)
-            row << rows->value(column).value_or(u"(null)"_s);
-        found << row.join(u'|');
-    }
-    return found;
-}
-
 QString valueOf(Connection& connection, const QString& query) {
-    const auto rows = rowsOf(connection, query);
+    const auto rows = queryRows(connection, query);
     EXPECT_EQ(rows.size(), 1) << query.toStdString();
     return rows.value(0);
 }
@@ -40,12 +29,12 @@ std::optional<Error> refusalOf(Connection& connection, const QString& statement)
 
 QList<Column> allColumns(Connection& connection) {
     const auto rows =
-        rowsOf(connection,
-               u"select t.schema, t.name, c.name, c.type from pragma_table_list as t, "
-               u"pragma_table_info(t.name, t.schema) as c "
-               "where t.schema in ('mt', 'std', 'abc') and t.type = 'table' and t.name not like 'sqlite%' "
-               "order by t.schema, t.name, c.cid"_s,
-               4);
+        queryRows(connection,
+                  u"select t.schema, t.name, c.name, c.type from pragma_table_list as t, "
+                  u"pragma_table_info(t.name, t.schema) as c "
+                  "where t.schema in ('mt', 'std', 'abc') and t.type = 'table' and t.name not like 'sqlite%' "
+                  "order by t.schema, t.name, c.cid"_s,
+                  4);
     QList<Column> columns;
     for (const auto& row : rows) {
         const auto parts = row.split(u'|');

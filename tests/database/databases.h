@@ -16,13 +16,8 @@ QString sourceFile(const QString& path);
 class DemoDatabase : public EmbeddedDatabase {
   public:
     DemoDatabase() : EmbeddedDatabase(madeDatabase(QStringLiteral("demo"))) {}
-    std::unique_ptr<Connection> connect(const QString& user = QStringLiteral("jdoe")) const {
-        return EmbeddedDatabase::connect(user, QStringLiteral("kelvane"));
-    }
 };
 
-/// All rows of a query, the first columns of each joined with "|"; a null is "(null)".
-QStringList rowsOf(Connection& connection, const QString& query, int columns = 1);
 /// The one value of a query.
 QString valueOf(Connection& connection, const QString& query);
 

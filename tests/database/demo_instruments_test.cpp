@@ -8,7 +8,8 @@
 #include "drivers/torquestar/torquestar.h"
 #include "platform/numbers.h"
 #include "platform/texts.h"
-#include "tests/database/demo_session.h"
+#include "tests/database/databases.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +19,14 @@ using namespace ModuleGlobals;
 
 namespace {
 
-using DemoInstruments = DemoSession;
+class DemoInstruments : public DatabaseSession {
+  protected:
+    /// All instruments of the session's owner that have parameters.
+    QStringList configuredAssets() {
+        return rows(u"select i4201 from "_s + session.SessionOwner +
+                    u".inventory where mtag in (select mtag from mt.hvm_kv_tag_config) order by i4201"_s);
+    }
+};
 
 /// The words that the lists of the parameter screen offer.
 const QStringList units{u"C"_s,     u"F"_s,      u"V"_s,     u"mV"_s,    u"mA"_s,   u"Hz"_s,   u"KHz"_s,
@@ -63,7 +71,6 @@ class NoPort final : public SerialPort {
 } // namespace
 
 TEST_F(DemoInstruments, AreThoseOfACalibrationLab) {
-    logIn();
     EXPECT_GE(value(u"select count(*) from mt.inventory where i4209 = 'D'"_s).toInt(), 40);
     const QList<std::pair<QString, int>> kinds{{u"%PRESSURE TRANSMITTER"_s, 5},
                                                {u"TEMPERATURE TRANSMITTER RTD"_s, 4},
@@ -86,7 +93,6 @@ TEST_F(DemoInstruments, AreThoseOfACalibrationLab) {
 
 TEST_F(DemoInstruments, ReadWithoutAReportAndAreReadyForWork) {
     for (const auto& user : {u"jdoe"_s, u"gpetrov"_s}) {
-        sharedConnection(session).close();
         logIn(user);
         const auto assets = configuredAssets();
         EXPECT_GE(assets.size(), user == u"jdoe" ? 60 : 3);
@@ -112,7 +118,6 @@ TEST_F(DemoInstruments, ReadWithoutAReportAndAreReadyForWork) {
 }
 
 TEST_F(DemoInstruments, HoldOnlyWordsOfTheParameterScreen) {
-    logIn();
     for (const auto& name : configuredAssets()) {
         SCOPED_TRACE(name.toStdString());
         const auto p = GetCalParams(session, SQLSafe(name));
@@ -137,7 +142,6 @@ TEST_F(DemoInstruments, HoldOnlyWordsOfTheParameterScreen) {
 }
 
 TEST_F(DemoInstruments, PassAtTheirNominalValuesAndFailWellOutsideTheirTolerance) {
-    logIn();
     QFile::copy(sourceFile(u"database/demo/rslt_db.frm"_s), u"rslt_db.frm"_s);
     StartupFunctions(session, {});
     for (const auto& name : configuredAssets()) {
@@ -163,7 +167,6 @@ TEST_F(DemoInstruments, PassAtTheirNominalValuesAndFailWellOutsideTheirTolerance
 }
 
 TEST_F(DemoInstruments, WithTorqueAreAcceptedByTheTorqueCalibratorButForThree) {
-    logIn();
     NoPort port;
     TorqueStar driver{session, port};
     const QHash<QString, QString> refused{
@@ -188,7 +191,6 @@ TEST_F(DemoInstruments, WithTorqueAreAcceptedByTheTorqueCalibratorButForThree) {
 }
 
 TEST_F(DemoInstruments, OfWhichOneSpeaksForItself) {
-    logIn();
     EXPECT_EQ(GetCalParams(session, u"TW-107"_s).transducer_type_out, u"Serial"_s);
     const auto transducer = GetCalParams(session, u"TT-S150"_s);
     EXPECT_EQ(transducer.transducer_type_out, u"Serial"_s);
@@ -196,7 +198,6 @@ TEST_F(DemoInstruments, OfWhichOneSpeaksForItself) {
 }
 
 TEST_F(DemoInstruments, TorqueToolsOfTheDemonstrationHaveTheirBands) {
-    logIn();
     struct Tool {
         QString asset;
         double low;
@@ -215,7 +216,6 @@ TEST_F(DemoInstruments, TorqueToolsOfTheDemonstrationHaveTheirBands) {
 }
 
 TEST_F(DemoInstruments, CalibratorsAreFoundByTheirSerialNumbers) {
-    logIn();
     EXPECT_EQ(AssetfromSerial(session, u"48213"_s), u"TS-0001"_s);
     EXPECT_EQ(AssetfromSerial(session, u"6841207"_s), u"F702-01"_s);
     EXPECT_EQ(AssetfromSerial(session, u"7112044"_s), u"F743-01"_s);
@@ -225,7 +225,6 @@ TEST_F(DemoInstruments, CalibratorsAreFoundByTheirSerialNumbers) {
 }
 
 TEST_F(DemoInstruments, UseOnlyMessagesThatExistAndMacrosThatAreKnown) {
-    logIn();
     EXPECT_EQ(
         rows(u"select distinct(pname) from mt.hvm_kv_proc_prompts where pname not in (select pname from "
              "mt.hvm_kv_prompts)"_s),
@@ -242,7 +241,6 @@ TEST_F(DemoInstruments, UseOnlyMessagesThatExistAndMacrosThatAreKnown) {
 }
 
 TEST_F(DemoInstruments, ShowTheirMessagesInOrder) {
-    logIn();
     EXPECT_EQ(GetPrompts(session, u"TIT-205"_s, 0, {}), 4);
     const auto& prompts = std::as_const(session).PromptList;
     EXPECT_EQ(prompts[0].pname, u"PERMIT"_s);

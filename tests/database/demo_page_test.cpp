@@ -2,7 +2,7 @@
 #include "data/cal_params.h"
 #include "data/standards.h"
 #include "platform/numbers.h"
-#include "tests/database/demo_session.h"
+#include "tests/support/database_session.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -27,13 +27,12 @@ QStringList namesIn(const QString& text) {
 } // namespace
 
 /// docs/demonstration-data.md, held against the data that it describes.
-class DemoPage : public DemoSession {
+class DemoPage : public DatabaseSession {
   protected:
     void SetUp() override {
         QFile file(QStringLiteral(KELVANE_SOURCES "/docs/demonstration-data.md"));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         page = QString::fromUtf8(file.readAll());
-        logIn();
     }
     /// The rows of its tables that begin with a name, as cells.
     QList<QStringList> tableRows() const {
@@ -61,7 +60,6 @@ TEST_F(DemoPage, TellsTheLevelOfEachUser) {
         const auto levels = row[1].split(u", "_s);
         for (qsizetype i = 0; i < names.size(); ++i) {
             ++users;
-            session.SharedConnection->close();
             logIn(names[i]);
             EXPECT_EQ(session.SessionLevel, numericValue(levels.value(i, levels[0])))
                 << names[i].toStdString();

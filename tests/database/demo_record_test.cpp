@@ -1,7 +1,7 @@
 #include "data/cal_record.h"
 #include "data/due_date.h"
 #include "data/field_dictionary.h"
-#include "tests/database/demo_session.h"
+#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +12,8 @@ using namespace ModuleGlobals;
 namespace {
 
 /// Makes calibration records as an upload does, on the demonstration database.
-class DemoRecord : public DemoSession {
+class DemoRecord : public DatabaseSession {
   protected:
-    DemoRecord() { logIn(); }
-
     void set(const QString& column, const QString& text) {
         for (int row = 0; !std::as_const(session).CalFieldTable[row].column.isEmpty(); ++row) {
             if (std::as_const(session).CalFieldTable[row].column == column)

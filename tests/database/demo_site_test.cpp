@@ -5,7 +5,8 @@
 #include "data/standards.h"
 #include "data/start_up.h"
 #include "platform/texts.h"
-#include "tests/database/demo_session.h"
+#include "tests/database/databases.h"
+#include "tests/support/database_session.h"
 
 #include <QSet>
 
@@ -17,7 +18,7 @@ using namespace ModuleGlobals;
 
 namespace {
 
-using DemoSite = DemoSession;
+using DemoSite = DatabaseSession;
 
 QStringList fieldColumns(const Session& session) {
     QStringList columns;
@@ -52,13 +53,12 @@ TEST_F(DemoSite, EveryUserLogsInWithOwnerAndLevel) {
         logIn(user.name);
         EXPECT_EQ(session.SessionOwner, user.owner) << user.name.toStdString();
         EXPECT_EQ(session.SessionLevel, user.level) << user.name.toStdString();
-        session.SharedConnection->close();
     }
 }
 
 TEST_F(DemoSite, OneMayConnectButIsNoUser) {
     const auto connection = database.connect(u"noone"_s);
-    EXPECT_EQ(rowsOf(*connection, u"select (select i4240 from mt.userlist where mtuser = 'noone')"_s),
+    EXPECT_EQ(queryRows(*connection, u"select (select i4240 from mt.userlist where mtuser = 'noone')"_s),
               QStringList{u"(null)"_s});
 }
 
@@ -69,7 +69,6 @@ TEST_F(DemoSite, AWrongPasswordIsRefused) {
 }
 
 TEST_F(DemoSite, PasswordsAreKeptEachWithItsOwnSalt) {
-    logIn();
     EXPECT_EQ(
         value(
             u"select count(distinct substr(hash, 1, 30)) = count(*) and min(hash like '$y$%') from main.accounts"_s),
@@ -77,7 +76,6 @@ TEST_F(DemoSite, PasswordsAreKeptEachWithItsOwnSalt) {
 }
 
 TEST_F(DemoSite, SettingsAreThoseOfASiteAtVersionSix) {
-    logIn();
     EXPECT_EQ(
         rows(
             u"select datecode,version,b_cal_4225,b_cal_4224,b_cal_p,procedit,tracecodes,trace_delta from mt.dbconfig"_s,
@@ -93,7 +91,6 @@ TEST_F(DemoSite, SettingsAreThoseOfASiteAtVersionSix) {
 }
 
 TEST_F(DemoSite, StandardsAreJudgedByDateAndRank) {
-    logIn();
     struct Case {
         QString standard;
         QString instrument;
@@ -136,7 +133,6 @@ TEST_F(DemoSite, AnotherOwnersStandardsAreThoseOfTheirOwnSchema) {
 }
 
 TEST_F(DemoSite, EveryPackageExpands) {
-    logIn();
     const QHash<QString, QString> members{
         {u"TORQUE CREW A"_s, u"TW-103 TW-104 TW-105 TW-106"_s},
         {u"UNIT 1 SHUTDOWN"_s, u"IP-301 PT-101 PT-102 TIT-201 UC-901"_s},
@@ -156,7 +152,6 @@ TEST_F(DemoSite, EveryPackageExpands) {
 }
 
 TEST_F(DemoSite, TheSweepAtLoginLeavesTheDemonstrationWhole) {
-    logIn();
     const auto counts =
         u"select (select count(*) from mt.hvm_kv_task_packages), (select count(*) from "
         u"mt.hvm_kv_task_assets), "
@@ -167,7 +162,6 @@ TEST_F(DemoSite, TheSweepAtLoginLeavesTheDemonstrationWhole) {
 }
 
 TEST_F(DemoSite, ACalibratorIsOutWithTwoTransmitters) {
-    logIn();
     EXPECT_EQ(GetAssetsInUseWithStandard(session, u"6841207"_s), 2);
     const auto mtag = CheckAsset(session, u"PT-103"_s);
     EXPECT_EQ(GetInUseData(session, u"6841207"_s, mtag).tech, u"jdoe"_s);
@@ -175,7 +169,6 @@ TEST_F(DemoSite, ACalibratorIsOutWithTwoTransmitters) {
 }
 
 TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {
-    logIn();
     QSet<QString> real;
     for (const auto& column : allColumns(*session.SharedConnection)) {
         if (column.table == u"calibration")
@@ -192,7 +185,6 @@ TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {
 }
 
 TEST_F(DemoSite, SuppressedFieldsAreLeftOutButForTheInterval) {
-    logIn();
     SetCalDataFields(session, u"TW-101"_s);
     const auto columns = fieldColumns(session);
     EXPECT_TRUE(columns.contains(u"C2302"_s));
@@ -202,8 +194,7 @@ TEST_F(DemoSite, SuppressedFieldsAreLeftOutButForTheInterval) {
 }
 
 TEST_F(DemoSite, DefaultsTokensAndCopiesFillARecord) {
-    logIn();
-    clock.set(2026, 3, 18, 9, 30);
+    clock.set(QDateTime(QDate(2026, 3, 18), QTime(9, 30)));
     SetCalDataFields(session, u"TW-101"_s);
     EXPECT_EQ(fieldOf(session, u"C2301"_s).value, u"03/18/2026"_s);
     EXPECT_EQ(fieldOf(session, u"C2301"_s).copy_to, u"I4230"_s);
@@ -224,7 +215,6 @@ TEST_F(DemoSite, DefaultsTokensAndCopiesFillARecord) {
 }
 
 TEST_F(DemoSite, ARecordAsksForTwoFieldsOfWhichOneIsRequired) {
-    logIn();
     SetCalDataFields(session, u"TW-101"_s);
     EXPECT_EQ(rows(u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc"_s),
               (QStringList{u"2315"_s, u"2312"_s}));
@@ -244,7 +234,6 @@ TEST_F(DemoSite, ARecordAsksForTwoFieldsOfWhichOneIsRequired) {
 }
 
 TEST_F(DemoSite, ListsOfValuesHoldTheDefaults) {
-    logIn();
     EXPECT_EQ(
         rows(u"select fldnum from mt.customiz where validation is not null and coalesce(sdefault, idefault) "
              u"is not null "
@@ -256,7 +245,6 @@ TEST_F(DemoSite, ListsOfValuesHoldTheDefaults) {
 }
 
 TEST_F(DemoSite, TypesOfColumnsAreKnownInAnyLetterCase) {
-    logIn();
     const QList<std::pair<QString, qint16>> types{
         {u"C2301"_s, 1}, {u"c2303"_s, 1}, {u"I4230"_s, 1}, {u"i4225"_s, 1}, {u"L2802"_s, 1}, {u"R3201"_s, 1},
         {u"C2302"_s, 2}, {u"c2312"_s, 2}, {u"I4229"_s, 2}, {u"C2350"_s, 2}, {u"c2333"_s, 3}, {u"C2334"_s, 3},
@@ -266,7 +254,6 @@ TEST_F(DemoSite, TypesOfColumnsAreKnownInAnyLetterCase) {
 }
 
 TEST_F(DemoSite, ColumnsOfOtherTablesAreReadFromTheirCurrentRow) {
-    logIn();
     EXPECT_EQ(SourceColumn(session, u"L2801"_s, u"TW-101"_s), u"ASSEMBLY LINE 1"_s);
     EXPECT_EQ(SourceColumn(session, u"3202"_s, u"TW-101"_s), u"RATCHET HEAD CLEANED"_s);
     EXPECT_EQ(SourceColumn(session, u"K4601"_s, u"TW-101"_s), u"ASSEMBLY"_s);
@@ -275,7 +262,6 @@ TEST_F(DemoSite, ColumnsOfOtherTablesAreReadFromTheirCurrentRow) {
 }
 
 TEST_F(DemoSite, ProposedStandardsMayBeUsed) {
-    logIn();
     const auto proposals =
         rows(u"select tool.i4201, standard.i4201 from mt.hvm_kv_last_standards_used as used join "
              "mt.inventory as tool on tool.mtag = used.mtag join mt.inventory as standard on standard.mtag "
@@ -291,7 +277,6 @@ TEST_F(DemoSite, ProposedStandardsMayBeUsed) {
 }
 
 TEST_F(DemoSite, TransducersComeFirstAmongTheStandardsOfATool) {
-    logIn();
     for (const auto& mtag :
          rows(u"select mtag from mt.inventory where i4204 like '%TRANSDUCER' and i4240 = 'LAB'"_s))
         EXPECT_LT(mtag,
@@ -299,7 +284,6 @@ TEST_F(DemoSite, TransducersComeFirstAmongTheStandardsOfATool) {
 }
 
 TEST_F(DemoSite, EarlierRecordsHoldTogether) {
-    logIn();
     EXPECT_EQ(rows(u"select mtag from mt.calibration group by mtag having sum(c2339 = '1') <> 1"_s),
               QStringList());
     EXPECT_EQ(rows(u"select a.mtag from mt.calibration as a, mt.calibration as b where a.mtag = b.mtag and "

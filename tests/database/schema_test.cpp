@@ -88,8 +88,8 @@ class Calibrations : public Schema {
                        u"select max(ctag) from "_s + owner + u".calibration where mtag = '"_s + mtag + u'\'');
     }
     QStringList current(const QString& owner, const QString& mtag) {
-        return rowsOf(*connection, u"select ctag from "_s + owner + u".calibration where mtag = '"_s + mtag +
-                                       u"' and c2339 = 1"_s);
+        return queryRows(*connection, u"select ctag from "_s + owner + u".calibration where mtag = '"_s +
+                                          mtag + u"' and c2339 = 1"_s);
     }
 };
 
@@ -125,9 +125,9 @@ TEST_F(Schema, NamesOfOwnersAndColumnsCountInAnyLetterCase) {
 
 TEST_F(Schema, EveryTableIsStrict) {
     EXPECT_EQ(
-        rowsOf(*connection,
-               u"select schema || '.' || name from pragma_table_list where type = 'table' and strict = 0 "
-               "and schema <> 'temp' and name not like 'sqlite%'"_s),
+        queryRows(*connection,
+                  u"select schema || '.' || name from pragma_table_list where type = 'table' and strict = 0 "
+                  "and schema <> 'temp' and name not like 'sqlite%'"_s),
         QStringList());
 }
 
@@ -155,11 +155,11 @@ TEST_F(Schema, ANumberInQuotesIsTakenAsTheNumber) {
     connection->execute(
         u"update mt.hvm_kv_tag_config set input_high = '12.5', repetitions = '1.5', temp_sens_wires_in = '3' "
         "where mtag = '1301';commit"_s);
-    EXPECT_EQ(rowsOf(*connection,
-                     u"select input_high + 1, repetitions * 2, temp_sens_wires_in + 1 from "
-                     u"mt.hvm_kv_tag_config where mtag "
-                     "= '1301'"_s,
-                     3),
+    EXPECT_EQ(queryRows(*connection,
+                        u"select input_high + 1, repetitions * 2, temp_sens_wires_in + 1 from "
+                        u"mt.hvm_kv_tag_config where mtag "
+                        "= '1301'"_s,
+                        3),
               QStringList{u"13.5|3.0|4"_s});
 }
 
@@ -228,7 +228,8 @@ TEST_F(Schema, ARenamedStrategyMayJoinAnother) {
 
 TEST_F(Schema, TheUsersNameCountsInAnyLetterCaseTheAssetsDoesNot) {
     EXPECT_EQ(valueOf(*connection, u"select mtlevel from mt.userlist where mtuser = 'JDoe'"_s), u"1"_s);
-    EXPECT_EQ(rowsOf(*connection, u"select mtag from mt.inventory where i4201 = 'tw-101'"_s), QStringList());
+    EXPECT_EQ(queryRows(*connection, u"select mtag from mt.inventory where i4201 = 'tw-101'"_s),
+              QStringList());
 }
 
 TEST_F(Schema, LookupsOfARowGoThroughAnIndex) {
@@ -253,13 +254,13 @@ TEST_F(Schema, LookupsOfARowGoThroughAnIndex) {
             u"select mtag from mt.hvm_kv_task_standards_inuse where standard_mtag = '1101'"_s,
             u"select val from mt.valfield where fldnum = '2315' order by val asc"_s,
         }) {
-        const auto plan = rowsOf(*connection, u"explain query plan "_s + query, 4).join(u'\n');
+        const auto plan = queryRows(*connection, u"explain query plan "_s + query, 4).join(u'\n');
         EXPECT_FALSE(plan.contains(u"SCAN"_s)) << query.toStdString() << "\n" << plan.toStdString();
     }
 }
 
 TEST_F(Schema, AnInstrumentsParametersAreFoundBeforeAllPointsAreJoinedToThem) {
-    const auto plan = rowsOf(
+    const auto plan = queryRows(
         *connection,
         u"explain query plan select repetitions from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points,MT.inventory "
         "where i4201='TW-101' and MT.inventory.mtag=mt.hvm_kv_tag_config.mtag"_s,
@@ -278,7 +279,7 @@ TEST_F(Calibrations, ANewRecordGetsItsNumberAndIsTheCurrentOne) {
     EXPECT_EQ(current(u"mt"_s, u"1301"_s), QStringList{first});
     const auto second = newRecord(u"MT"_s, u"1301"_s);
     EXPECT_EQ(current(u"mt"_s, u"1301"_s), QStringList{second});
-    EXPECT_EQ(rowsOf(*connection, u"select C2339 from mt.calibration where ctag = "_s + first),
+    EXPECT_EQ(queryRows(*connection, u"select C2339 from mt.calibration where ctag = "_s + first),
               QStringList{u"(null)"_s});
 }
 
@@ -329,9 +330,10 @@ TEST_F(Calibrations, NumbersOfDifferentOwnersNeverMeetAndAreNotUsedAgain) {
 
 TEST_F(Calibrations, KeysOfDifferentOwnersNeverMeet) {
     EXPECT_EQ(
-        rowsOf(*connection,
-               u"select mtag from (select mtag from mt.inventory union all select mtag from "
-               "std.inventory union all select mtag from abc.inventory) group by mtag having count(*) > 1"_s),
+        queryRows(
+            *connection,
+            u"select mtag from (select mtag from mt.inventory union all select mtag from "
+            "std.inventory union all select mtag from abc.inventory) group by mtag having count(*) > 1"_s),
         QStringList());
 }
 

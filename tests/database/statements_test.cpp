@@ -362,8 +362,8 @@ TEST_P(StatementsOf, RowsGoWhenTheyAreOlderThanTheirDays) {
         execute(u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('"_s +
                 days + u"',now(*) - "_s + days + u",'1301',NULL);commit"_s);
     const auto left = [&] {
-        return rowsOf(*connection,
-                      u"select serial_number from mt.hvm_kv_task_inuse order by serial_number"_s);
+        return queryRows(*connection,
+                         u"select serial_number from mt.hvm_kv_task_inuse order by serial_number"_s);
     };
     execute(u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 90;commit"_s);
     EXPECT_EQ(left(), (QStringList{u"29"_s, u"31"_s, u"89"_s}));

@@ -65,14 +65,7 @@ void Road::pressUpload(const QString& message) {
 }
 
 QStringList Road::rows(const QString& query, int columns) {
-    QStringList found;
-    for (const auto set = sharedConnection(session).select(query); set->next();) {
-        QStringList row;
-        for (int column = 0; column < columns; ++column)
-            row << set->value(column).value_or(u"(null)"_s);
-        found << row.join(u'|');
-    }
-    return found;
+    return queryRows(sharedConnection(session), query, columns);
 }
 
 QStringList Road::registered() {
@@ -98,7 +91,7 @@ QStringList Road::records(const QString& asset) {
 }
 
 void Road::expectSoundDatabase() {
-    const auto fresh = database.connect(u"jdoe"_s, u"kelvane"_s);
+    const auto fresh = database.connect();
     for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
         const auto found = fresh->select(u"pragma "_s + owner + u".integrity_check"_s);
         ASSERT_TRUE(found->next());

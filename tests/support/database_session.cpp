@@ -8,13 +8,27 @@ namespace kelvane::testing {
 
 DatabaseSession::DatabaseSession()
     : database(QString::fromUtf8(KELVANE_TEST_DATABASE)), session({ui, clock, settings}, odbcConnections()) {
-    sharedConnection(session).open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;
+    logIn();
+}
+
+void DatabaseSession::logIn(const QString& user) {
+    auto& connection = sharedConnection(session);
+    if (connection.isOpen())
+        connection.close();
+    connection.open(database.connectionString(), user, u"kelvane"_s);
     session.SessionConnected = true;
-    session.SessionLevel = 1;
-    become(u"jdoe"_s, u"MT"_s);
+    session.SessionUser = user;
+    session.BCalP = value(u"select b_cal_p from mt.dbconfig"_s) == u"1";
+    session.SessionOwner = u"MT"_s;
+    session.SessionLevel = 6;
+    if (user != u"MT") {
+        session.SessionOwner = value(u"select i4240 from mt.userlist where mtuser = '"_s + user + u'\'');
+        session.SessionLevel =
+            value(u"select mtlevel from mt.userlist where mtuser = '"_s + user + u'\'').toShort();
+    }
 }
 
 void DatabaseSession::become(const QString& user, const QString& owner) {
@@ -26,10 +40,18 @@ void DatabaseSession::execute(const QString& statement) {
     sharedConnection(session).execute(statement);
 }
 
+QStringList DatabaseSession::rows(const QString& query, int columns) {
+    return queryRows(sharedConnection(session), query, columns);
+}
+
+QString DatabaseSession::value(const QString& query) {
+    const auto found = rows(query);
+    EXPECT_EQ(found.size(), 1) << query.toStdString();
+    return found.value(0);
+}
+
 QStringList DatabaseSession::values(const QString& query) {
-    QStringList found;
-    for (const auto rows = sharedConnection(session).select(query); rows->next();)
-        found << rows->value(0).value_or(u"(null)"_s);
+    auto found = rows(query);
     found.sort();
     return found;
 }

@@ -52,4 +52,15 @@ std::unique_ptr<Connection> EmbeddedDatabase::connect(const QString& user, const
     return connection;
 }
 
+QStringList queryRows(Connection& connection, const QString& query, int columns) {
+    QStringList found;
+    for (const auto rows = connection.select(query); rows->next();) {
+        QStringList row;
+        for (int column = 0; column < columns; ++column)
+            row << rows->value(column).value_or(u"(null)"_s);
+        found << row.join(u'|');
+    }
+    return found;
+}
+
 } // namespace kelvane::testing

@@ -20,11 +20,15 @@ class EmbeddedDatabase {
     QString path() const { return folder_.path(); }
     QString file(const QString& name) const { return folder_.filePath(name); }
     /// A new connection, opened.
-    std::unique_ptr<Connection> connect(const QString& user, const QString& password) const;
+    std::unique_ptr<Connection> connect(const QString& user = QStringLiteral("jdoe"),
+                                        const QString& password = QStringLiteral("kelvane")) const;
 
   private:
     QTemporaryDir folder_;
     QString dsn_;
 };
+
+/// All rows of a query, the first columns of each joined with "|"; a null is "(null)".
+QStringList queryRows(Connection& connection, const QString& query, int columns = 1);
 
 } // namespace kelvane::testing
