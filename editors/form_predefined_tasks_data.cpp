@@ -71,7 +71,6 @@ void FormPredefinedTasks::LoadTasks() {
         const BusyPointer busy(session_.ui);
         const Loading loading(*this);
         const QScopedValueRollback tasks(loadingTasks_, true);
-        unread_ = false;
         ComboTPName->clear();
         ClearAll();
         const auto names =

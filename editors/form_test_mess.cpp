@@ -43,7 +43,6 @@ FormTestMess::FormTestMess(Session& session, FindCalParam findCalParam)
     setCancelButton(CommandCancel);
     // Whatever the database says, nothing is there to be saved or cancelled yet.
     SetButtons();
-    CommandCancel->setEnabled(false);
     LoadPrompts({});
     setFirstFocus(ComboMessageName->count() > 0 ? static_cast<QWidget*>(ComboMessageName) : CommandCreate);
 }
