@@ -46,7 +46,7 @@ TEST_F(PackageCommands, AnEmptyEntryAddsNothingAndSaysNothing) {
 
 TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
     configure(u"Ä-1"_s);
-    setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .assets = {u"AB1"_s, u"Ä-1"_s}}});
+    setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .assets = {u"AB1"_s, u"ä-1"_s}}});
     script.answers.insert(u"select mtag from MT.inventory where i4201 = 'B-1'"_s, {Row{u"18"_s}});
     open();
     const struct {
@@ -56,6 +56,7 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
     } cases[] = {
         {u"AB1"_s, u"Instrument already listed!"_s, false},
         {u"ab1"_s, u"Instrument already listed!"_s, false},
+        {u"Ä-1"_s, u"Instrument already listed!"_s, false},
         {u"X-9"_s, unknownInstrument, true},
         {u" A-1"_s, unknownInstrument, true},
         {u"B-1"_s, notConfigured, true},
@@ -129,6 +130,24 @@ TEST_F(PackageCommands, ANewPackageStartsEmptyAndExistsOnceItIsSaved) {
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
 
+TEST_F(PackageCommands, NothingThatWasEnteredGoesIntoANewPackage) {
+    open();
+    QTest::keyClicks(&entry(), u"A-9"_s);
+    QTest::keyClicks(&notes(), u"Note"_s);
+    option(u"SQL"_s);
+    QTest::keyClicks(&sql(), u"select"_s);
+    script.failures.insert(selectModels, noTable);
+    person.expectReport(208, u"FormPredefinedTasks,OptionModel-Click"_s);
+    option(u"Model"_s);
+    typeValue(u"Typed"_s);
+    create(u"NEW"_s);
+    EXPECT_TRUE(entry().text().isEmpty());
+    EXPECT_TRUE(notes().text().isEmpty());
+    EXPECT_TRUE(sql().text().isEmpty());
+    EXPECT_TRUE(value().currentText().isEmpty());
+    EXPECT_TRUE(rows().isEmpty());
+}
+
 TEST_F(PackageCommands, TheFirstPackageOfAllMakesTheScreenUsable) {
     setPackages({});
     open();
@@ -188,6 +207,7 @@ TEST_F(PackageCommands, WhileTheNameIsAskedThePackagesAreOutOfReachAndTheScreenS
                         u"Enter a name for the new test strategy (30 chars max!):"_s,
                         [this](FormCustomDialog& dialog) {
                             EXPECT_TRUE(enabled().isEmpty());
+                            EXPECT_FALSE(button(u"CommandSave"_s).isEnabledTo(form().widget()));
                             EXPECT_FALSE(names().isEnabled());
                             EXPECT_TRUE(notes().text().isEmpty());
                             EXPECT_TRUE(rows().isEmpty());
@@ -279,6 +299,8 @@ TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(enabled(), QStringList{u"AddTP"_s});
     EXPECT_TRUE(rows().isEmpty());
+    cancelDialog();
+    click(u"CommandAddTP"_s);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }

@@ -78,7 +78,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ShowsEveryPackageAsItIsExpanded) {
         if (i > 1)
             ui.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
         if (i > 0)
-            choosePackage(names(), names().itemText(i));
+            chooseRow(names(), names().itemText(i));
         shown << names().currentText();
         if (the<QRadioButton>(u"OptionAssetList"_s).isChecked()) {
             EXPECT_EQ(rows(), expanded(shown.last())) << shown.last().toStdString();
@@ -129,7 +129,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASavedPackageOfEachKindIsExpanded) {
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway) {
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     const auto other = members(tagOf(u"UNIT 1 SHUTDOWN"_s));
     QStringList tags{tagOf(u"TORQUE CREW A"_s)};
     const auto before = members(tags.first());
@@ -146,7 +146,7 @@ TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ASaveTellsWhoMadeItAndWhen) {
-    choosePackage(names(), u"UTILITIES"_s);
+    chooseRow(names(), u"UTILITIES"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"It's so.\r\nΩ 校正"_s);
     const auto before = daysAgo(0);
     click(u"CommandSave"_s);
@@ -160,8 +160,28 @@ TEST_F(FormPredefinedTasksOnDatabase, ASaveTellsWhoMadeItAndWhen) {
     EXPECT_LE(made, daysAgo(0));
 }
 
+TEST_F(FormPredefinedTasksOnDatabase, TheHourglassShowsWhileTheListIsReadTheSumIsTakenAndASaveRuns) {
+    ui.events.clear();
+    option(u"Segregate"_s);
+    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"normal"_s}));
+    // The sum of a text has one of its own.
+    ui.events.clear();
+    ui.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
+    form().close();
+    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
+    setValue(u"LAB"_s);
+    ui.events.clear();
+    click(u"CommandSave"_s);
+    EXPECT_EQ(ui.events,
+              (QStringList{u"busy"_s, u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s, u"normal"_s}));
+    ui.events.clear();
+    create(u"NEW"_s);
+    // The first is that of the dialog, the second that of the look at the name.
+    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"normal"_s, u"busy"_s, u"normal"_s}));
+}
+
 TEST_F(FormPredefinedTasksOnDatabase, AListThatBecomesAModelLosesItsRows) {
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     const auto tag = tagOf(u"TORQUE CREW A"_s);
     option(u"Model"_s);
     setValue(u"CLICK 250F"_s);
@@ -175,7 +195,7 @@ TEST_F(FormPredefinedTasksOnDatabase, RemovingTakesThePackageAndItsListAndNoOthe
     auto left = packages();
     left.removeOne(u"TORQUE CREW A"_s);
     const auto worksheets = values(u"select taskname from mt.hvm_kv_task_packages where tptype = 'WSHT'"_s);
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
                  box::question, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
@@ -192,7 +212,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ANameWithAQuoteIsSavedAndRemovedAndCantBeL
     click(u"CommandSave"_s);
     EXPECT_TRUE(packages().contains(u"O'BRIEN"_s));
     ui.expectReport(1, u"FormPredefinedTasks,LoadPackage"_s);
-    choosePackage(names(), u"O'BRIEN"_s);
+    chooseRow(names(), u"O'BRIEN"_s);
     EXPECT_TRUE(ui.allCame());
     EXPECT_EQ(names().currentText(), u"O'BRIEN"_s);
     ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
@@ -203,7 +223,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ANameWithAQuoteIsSavedAndRemovedAndCantBeL
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListFailsAtItsOwnStatement) {
     execute(u"update mt.inventory set i4201 = 'TW''103' where i4201 = 'TW-103';commit"_s);
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     const auto shown = rows();
     EXPECT_TRUE(shown.contains(u"TW'103"_s));
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
@@ -217,7 +237,7 @@ TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListFailsAtItsO
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertComesAfterTheDeletionAndCanBeRepeated) {
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     const auto shown = rows();
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     session.SessionUser = u"o'hara"_s;
@@ -231,14 +251,14 @@ TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertComesAfterTheDeletionAndCanBe
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentOfAnotherOwnerIsUnknown) {
-    choosePackage(names(), u"TORQUE CREW A"_s);
+    chooseRow(names(), u"TORQUE CREW A"_s);
     become(u"gpetrov"_s, u"ABC"_s);
     ui.expectBox(u"Must enter a valid instrument number!"_s, packagesTitle, box::warning);
     add(u"PT-101"_s);
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, APackageRemovedByAnotherWorkstationIsMadeAnewByASave) {
-    choosePackage(names(), u"UTILITIES"_s);
+    chooseRow(names(), u"UTILITIES"_s);
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
     setValue(u"LAB"_s);
     click(u"CommandSave"_s);
@@ -246,7 +266,7 @@ TEST_F(FormPredefinedTasksOnDatabase, APackageRemovedByAnotherWorkstationIsMadeA
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ACancelFindsThatAnotherWorkstationRemovedThePackage) {
-    choosePackage(names(), u"UTILITIES"_s);
+    chooseRow(names(), u"UTILITIES"_s);
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     ui.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
@@ -256,7 +276,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ACancelFindsThatAnotherWorkstationRemovedT
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ASaveReplacesWhatAnotherWorkstationSaved) {
-    choosePackage(names(), u"UTILITIES"_s);
+    chooseRow(names(), u"UTILITIES"_s);
     execute(u"update mt.hvm_kv_task_packages set segregate = 'LAB', notes = 'Theirs' where taskname = "
             "'UTILITIES';commit"_s);
     the<TextBox>(u"TextNotes"_s).setText(u"Ours"_s);

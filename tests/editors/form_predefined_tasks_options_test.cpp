@@ -90,14 +90,27 @@ TEST_F(PackageOptions, ClicksOnListAndSqlPutTheFocusIntoTheirEntry) {
     open();
     option(u"SQL"_s);
     EXPECT_TRUE(sql().hasFocus());
+    EXPECT_TRUE(button(u"CommandSave"_s).isDefault());
+    EXPECT_FALSE(button(u"CommandAdd"_s).isDefault());
     option(u"AssetList"_s);
     EXPECT_TRUE(entry().hasFocus());
+    EXPECT_TRUE(button(u"CommandAdd"_s).isDefault());
+    EXPECT_FALSE(button(u"CommandSave"_s).isDefault());
     option(u"Model"_s);
     EXPECT_TRUE(the<QRadioButton>(u"OptionModel"_s).hasFocus());
     // The arrow keys choose like the mouse does.
     QTest::keyClick(&the<QRadioButton>(u"OptionModel"_s), Qt::Key_Left);
     EXPECT_EQ(optionOn(), u"Description"_s);
     EXPECT_EQ(choices(), (QStringList{u"GAUGE"_s, u"WRENCH"_s}));
+}
+
+TEST_F(PackageOptions, ALoadLeavesTheFocusWithTheListOfPackages) {
+    setPackages({{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"SQL"_s, .letter = u"S"_s}});
+    open();
+    EXPECT_TRUE(names().hasFocus());
+    chooseRow(names(), u"SQL"_s);
+    EXPECT_TRUE(sql().isVisible());
+    EXPECT_TRUE(names().hasFocus());
 }
 
 TEST_F(PackageOptions, AnUnknownLetterOrNoneLeavesTheOptionAsItWas) {
@@ -108,7 +121,7 @@ TEST_F(PackageOptions, AnUnknownLetterOrNoneLeavesTheOptionAsItWas) {
     open();
     for (const auto& name : {u"ODD"_s, u"SMALL"_s, u"NONE"_s}) {
         if (name == u"ODD"_s)
-            choosePackage(names(), name);
+            chooseRow(names(), name);
         else
             chooseNext(name);
         EXPECT_EQ(optionOn(), u"Model"_s) << name.toStdString();
@@ -172,6 +185,13 @@ TEST_F(PackageOptions, AValueMayBeChosenOrTypedAndLightsOnlySave) {
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s}));
 }
 
+TEST_F(PackageOptions, ChoosingTheValueThatStandsThereLightsSaveToo) {
+    setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
+    open();
+    chooseRow(value(), u"UTIL"_s);
+    EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s}));
+}
+
 TEST_F(PackageOptions, LookingAtALoadedValueLightsNothing) {
     setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
     open();
@@ -201,6 +221,10 @@ TEST_F(PackageOptions, AnOptionThatCantReadItsListKeepsTheTextsApart) {
         EXPECT_TRUE(value().isVisible());
         typeValue(one.option);
     }
+    person.expectReport(208, rows[1].routine);
+    script.failures = {{selectDescriptions, Error{208, u"no such table"_s}}};
+    option(u"Description"_s);
+    EXPECT_EQ(value().currentText(), u"Description"_s);
     script.failures.clear();
     for (const auto& one : rows) {
         option(one.option);

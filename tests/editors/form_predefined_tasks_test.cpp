@@ -77,6 +77,9 @@ TEST_F(FormPredefinedTasksTest, WithoutPackagesEverythingButAddingIsDisabled) {
           u"ComboSelectList"_s, u"CommandAdd"_s, u"LabelDefinition"_s, u"Label3"_s})
         EXPECT_FALSE(the<QWidget>(name).isEnabled()) << name.toStdString();
     EXPECT_EQ(optionOn(), u"AssetList"_s);
+    EXPECT_TRUE(assets().isVisible());
+    EXPECT_FALSE(sql().isVisible());
+    EXPECT_FALSE(value().isVisible());
     EXPECT_TRUE(button(u"CommandAddTP"_s).hasFocus());
 }
 
@@ -152,7 +155,7 @@ TEST_F(FormPredefinedTasksTest, AChosenPackageCountsAsChangedForItsSumIsTakenUnd
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .assets = {u"A-1"_s}},
                  {.name = u"MODEL"_s, .letter = u"M"_s, .value = u"CLICK"_s}});
     open();
-    choosePackage(names(), u"MODEL"_s);
+    chooseRow(names(), u"MODEL"_s);
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s}));
     script.statements.clear();
     person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
@@ -160,7 +163,7 @@ TEST_F(FormPredefinedTasksTest, AChosenPackageCountsAsChangedForItsSumIsTakenUnd
     person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
     click(u"CommandRemoveTP"_s);
     person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
-    choosePackage(names(), u"LIST"_s);
+    chooseRow(names(), u"LIST"_s);
     EXPECT_EQ(names().currentText(), u"MODEL"_s);
     EXPECT_EQ(value().currentText(), u"CLICK"_s);
     EXPECT_TRUE(script.statements.isEmpty());
@@ -193,7 +196,7 @@ TEST_F(FormPredefinedTasksTest, AfterASaveACancelOrTheSameChoiceAChosenPackageCo
         {{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"MODEL"_s, .letter = u"M"_s, .value = u"CLICK"_s}});
     for (const auto& end : ends) {
         open();
-        choosePackage(names(), u"MODEL"_s);
+        chooseRow(names(), u"MODEL"_s);
         end();
         form().close();
         EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
@@ -204,8 +207,8 @@ TEST_F(FormPredefinedTasksTest, AfterASaveACancelOrTheSameChoiceAChosenPackageCo
 TEST_F(FormPredefinedTasksTest, AChosenPackageWhoseNameHasTheSameSumCountsAsUnchanged) {
     setPackages({{.name = u"AB"_s, .letter = u"A"_s}, {.name = u"BA"_s, .letter = u"A"_s}});
     open();
-    choosePackage(names(), u"BA"_s);
-    choosePackage(names(), u"AB"_s);
+    chooseRow(names(), u"BA"_s);
+    chooseRow(names(), u"AB"_s);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
@@ -269,6 +272,28 @@ TEST_F(FormPredefinedTasksTest, APackageThatCantBeReadIsShownEmptyAndNothingCanB
         form().close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+TEST_F(FormPredefinedTasksTest, NothingCanBeEnteredWhereTheListAnewBeginsWithAPackageThatCantBeRead) {
+    setPackages({{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"GONE"_s, .letter = u"A"_s}});
+    open();
+    script.answers.remove(selectPackage(u"GONE"_s));
+    script.failures.insert(selectPackage(u"LIST"_s), noTable);
+    person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
+    chooseRow(names(), u"GONE"_s);
+    EXPECT_EQ(names().currentText(), u"LIST"_s);
+    EXPECT_FALSE(notes().isEnabled());
+}
+
+TEST_F(FormPredefinedTasksTest, ANewPackageIsOpenForEntriesAfterOneThatCouldNotBeRead) {
+    script.failures.insert(selectPackage(u"LIST"_s), noTable);
+    person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
+    open();
+    create(u"NEW"_s);
+    add(u"A-1"_s);
+    click(u"CommandSave"_s);
+    EXPECT_TRUE(notes().isEnabled());
+    EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Remove"_s}));
 }
 
 TEST_F(FormPredefinedTasksTest, ANameWithAQuoteCantBeLoadedButCanBeRemoved) {

@@ -62,6 +62,30 @@ TEST_F(MessageCommands, ANewMessageIsInTheDatabaseBeforeItsTextIs) {
     EXPECT_EQ(findChild(u"FormTestMess"_s), nullptr);
 }
 
+TEST_F(MessageCommands, ANewMessageLightsCancelWhereItTakesATextAway) {
+    open();
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_TRUE(button(u"CommandCancel"_s).isEnabled());
+    click(u"CommandCancel"_s);
+    expectName(u"NEXT"_s);
+    click(u"CommandSave"_s);
+    click(u"CommandCreate"_s);
+    EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
+}
+
+TEST_F(MessageCommands, ANewMessageIsTheOneThatARefusedChoiceComesBackTo) {
+    open();
+    expectName(u"NEW"_s);
+    click(u"CommandCreate"_s);
+    type(u"x"_s);
+    expectDiscard(BoxAnswer::no);
+    QTest::keyClick(&names(), Qt::Key_Up);
+    person.waitUntilAllCame();
+    EXPECT_EQ(names().currentText(), u"NEW"_s);
+    EXPECT_EQ(message().text(), u"x"_s);
+}
+
 TEST_F(MessageCommands, TheFirstMessageOfAllMakesSavingPossible) {
     setMessages({});
     open();
@@ -321,13 +345,17 @@ TEST_F(MessageCommands, DeletingTheLastMessageDisablesAllButAdding) {
 
 TEST_F(MessageCommands, UnsavedTextReplacesTheQuestionAboutDeletion) {
     open();
+    pick(names(), u"LABEL"_s);
     type(u"x"_s);
+    script.statements.clear();
     expectDiscard(BoxAnswer::no);
     click(u"CommandDelete"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     expectDiscard(BoxAnswer::yes);
     click(u"CommandDelete"_s);
-    EXPECT_EQ(script.statements.value(1), deleteMessage(u"PERMIT"_s));
+    EXPECT_EQ(script.statements.value(1), deleteMessage(u"LABEL"_s));
+    // The first one is shown, also where another workstation has made the deleted one anew.
+    EXPECT_EQ(names().currentText(), u"PERMIT"_s);
 }
 
 TEST_F(MessageCommands, AMessageInUseIsDeletedAfterOneMoreQuestion) {

@@ -70,7 +70,10 @@ TEST_F(FormTestMessOnDatabase, AMessageIsMadeWrittenUsedAndRead) {
 TEST_F(FormTestMessOnDatabase, AnEmptyTextIsStoredAsNull) {
     pick(names(), u"PERMIT"_s);
     message().setPlainText({});
+    ui.events.clear();
     click(u"CommandSave"_s);
+    // The sum of a text has an hourglass of its own.
+    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
     EXPECT_EQ(promptOf(u"PERMIT"_s), QStringList{u"(null)"_s});
 }
 

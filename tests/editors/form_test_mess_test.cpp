@@ -148,6 +148,19 @@ TEST_F(FormTestMessTest, ComingBackByTabAsksToo) {
     EXPECT_TRUE(message().hasFocus());
 }
 
+TEST_F(FormTestMessTest, ComingBackTwiceAtOnceIsAskedOnceWhenTheMessageIsReloaded) {
+    open();
+    type(u"x"_s);
+    for (int time = 0; time < 2; ++time) {
+        names().setFocus();
+        message().setFocus();
+    }
+    expectDiscard(BoxAnswer::yes);
+    person.waitUntilAllCame();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
+}
+
 TEST_F(FormTestMessTest, NothingIsAskedOnTheWayIntoSavedText) {
     open();
     enterMessage();

@@ -110,7 +110,7 @@ void PackageScreen::click(const QString& name) {
 
 void PackageScreen::chooseNext(const QString& name) {
     person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
-    choosePackage(names(), name);
+    chooseRow(names(), name);
     person.waitUntilAllCame();
 }
 
@@ -213,12 +213,12 @@ QStringList PackageScreen::ownStatements() {
     return own;
 }
 
-void choosePackage(QComboBox& names, const QString& name) {
-    const int row = names.findText(name);
-    EXPECT_GE(row, 0) << "no package " << name.toStdString();
-    QTest::keyClick(&names, Qt::Key_F4);
-    names.view()->setCurrentIndex(names.model()->index(row, 0));
-    QTest::keyClick(names.view(), Qt::Key_Return);
+void chooseRow(QComboBox& list, const QString& text) {
+    const int row = list.findText(text);
+    EXPECT_GE(row, 0) << "no row " << text.toStdString();
+    QTest::keyClick(&list, Qt::Key_F4);
+    list.view()->setCurrentIndex(list.model()->index(row, 0));
+    QTest::keyClick(list.view(), Qt::Key_Return);
 }
 
 } // namespace kelvane::testing

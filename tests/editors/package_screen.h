@@ -82,7 +82,7 @@ class PackageScreen : public ProgramTest {
     QStringList ownStatements();
 };
 
-/// Chooses a package in the opened list: one choice, whatever rows lie between.
-void choosePackage(QComboBox& names, const QString& name);
+/// Chooses a row in the opened list: one choice, whatever rows lie between.
+void chooseRow(QComboBox& list, const QString& text);
 
 } // namespace kelvane::testing
