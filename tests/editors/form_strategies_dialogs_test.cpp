@@ -62,6 +62,24 @@ class StrategiesInTheProgram : public ProgramTest {
     }
 };
 
+TEST_F(StrategiesInTheProgram, TheFocusStaysOnThePointThatReturnModifies) {
+    person.expectDialog(newStrategy, namePrompt, u"NEW"_s);
+    button(u"CommandAdd"_s).setFocus();
+    QTest::keyClick(&button(u"CommandAdd"_s), Qt::Key_Space);
+    auto& predefined = control<QComboBox>(form(), u"ComboPreDef"_s);
+    EXPECT_TRUE(predefined.hasFocus());
+    for (int row = 0; row < 3; ++row)
+        QTest::keyClick(&predefined, Qt::Key_Down);
+    QTest::keyClick(&predefined, Qt::Key_Tab);
+    auto& list = control<QListWidget>(form(), u"ListPoints"_s);
+    ASSERT_TRUE(list.hasFocus());
+    QTest::keyClick(&list, Qt::Key_Home);
+    person.expectDialog(u"Kelvane"_s, u"Enter the new test point: (%)"_s, u"5"_s);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(points(), (QStringList{u"5"_s, u"100.00"_s}));
+    EXPECT_TRUE(list.hasFocus()) << qPrintable(QApplication::focusWidget()->objectName());
+}
+
 TEST_F(StrategiesInTheProgram, AnEmptyNameIsRefusedByTheDialogAndNeverReachesTheDatabase) {
     person.expectDialog(newStrategy, namePrompt, [this](FormCustomDialog& dialog) {
         person.expectBox(u"Required Field - must provide an entry!"_s, u"Kelvane"_s, box::warning);
