@@ -14,9 +14,13 @@ class QMdiArea;
 
 namespace kelvane::bench {
 
-/// An operator who names the instrument that he is to name.
+/// An operator who names the instrument that he is to name, and lets a change go when he is asked: a package
+/// counts as changed once it has been chosen.
 class NamingOperator final : public testing::QuietOperator {
   public:
+    BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override {
+        return style == box::question ? BoxAnswer::yes : QuietOperator::messageBox(text, title, style);
+    }
     QString askOneField(const DialogQuestion&) override { return instrument; }
     QString instrument;
 };
