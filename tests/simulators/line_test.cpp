@@ -1,5 +1,5 @@
-#include "simulators/torquestar/line.h"
 #include "simulators/common/text_bytes.h"
+#include "simulators/torquestar/line.h"
 #include "tests/simulators/message_bytes.h"
 
 #include <gtest/gtest.h>
