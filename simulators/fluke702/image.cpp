@@ -3,6 +3,7 @@
 #include "simulators/fluke702/settings.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvane::simulators::fluke702 {
 
@@ -113,7 +114,8 @@ Code Image::saveState(qint32& id) {
 }
 
 const Run* Image::run(qint32 record) const {
-    return record < 0 ? nullptr : byId(contents_.runs, record + 1);
+    const bool isThere = record >= 0 && std::cmp_less(record, contents_.runs.size());
+    return isThere ? byId(contents_.runs, record + 1) : nullptr;
 }
 
 Code Image::takeStateOf(qint32 record) {
