@@ -86,7 +86,7 @@ QGroupBox* makePrompts(C& c, const PromptPanel& kind) {
     auto* available = promptList(kind.availableName, kind.caption, 1218, 1219);
     auto* up = arrowButton(kind.upName.toString(), ArrowButton::Way::up, 1221);
     auto* down = arrowButton(kind.downName.toString(), ArrowButton::Way::down, 1222);
-    const auto nameOf = [&kind](QStringView beside, QStringView list) {
+    const auto nameOf = [](QStringView beside, QStringView list) {
         return beside.toString() + list.mid(4).toString();
     };
 
