@@ -185,8 +185,8 @@ QWidget* makeOutputPage(C& c, const CalParamFields& fields) {
 
 QWidget* makeTolerancePage(C& c, const CalParamFields& fields) {
     constexpr int perRow = 3;
-    auto* specification = panel(u"SSPanel4"_s, 1213);
-    auto* column = compact(new QVBoxLayout(specification));
+    auto* tolerances = panel(u"SSPanel4"_s, 1213);
+    auto* column = compact(new QVBoxLayout(tolerances));
     auto* panels = new QGridLayout;
     int place = 0;
     for (const auto& kind : tolerancePanels) {
@@ -206,7 +206,7 @@ QWidget* makeTolerancePage(C& c, const CalParamFields& fields) {
     column->addStretch();
 
     auto* page = new QWidget;
-    compact(new QVBoxLayout(page))->addWidget(specification);
+    compact(new QVBoxLayout(page))->addWidget(tolerances);
     return page;
 }
 
