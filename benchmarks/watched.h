@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/torquestar/serial_port.h"
-#include "platform/connection.h"
+#include "tests/support/forwarding_connection.h"
 
 #include <QStringList>
 
@@ -27,7 +27,7 @@ class Timed {
 };
 
 /// A connection that keeps the statements that pass and the time they take.
-class WatchedConnection final : public Connection {
+class WatchedConnection final : public kelvane::testing::ForwardingConnection {
   public:
     struct Log {
         QStringList statements;
@@ -36,23 +36,18 @@ class WatchedConnection final : public Connection {
         /// Runs before each statement.
         std::function<void()> onStatement;
     };
-    WatchedConnection(std::unique_ptr<Connection> real, Log& log) : real_(std::move(real)), log_(log) {}
+    WatchedConnection(std::unique_ptr<Connection> real, Log& log)
+        : ForwardingConnection(std::move(real)), log_(log) {}
 
-    void open(const QString& source, const QString& user, const QString& password) override {
-        real_->open(source, user, password);
-    }
-    void close() override { real_->close(); }
-    bool isOpen() const override { return real_->isOpen(); }
-    bool isLost() const override { return real_->isLost(); }
     void execute(const QString& statement) override {
         keep(statement, Rows::all);
         const Timed timed(log_.time);
-        real_->execute(statement);
+        ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         keep(statement, rows);
         const Timed timed(log_.time);
-        return real_->select(statement, rows);
+        return ForwardingConnection::select(statement, rows);
     }
 
   private:
@@ -62,7 +57,6 @@ class WatchedConnection final : public Connection {
         log_.statements << statement;
         log_.rows << rows;
     }
-    std::unique_ptr<Connection> real_;
     Log& log_;
 };
 

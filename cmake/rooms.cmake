@@ -1,8 +1,7 @@
 # A library whose sources the rooms add with kelvane_room.
-function(kelvane_library name header)
+function(kelvane_library name)
     add_library(${name} STATIC)
     target_link_libraries(${name} PUBLIC kelvane_options ${ARGN})
-    target_precompile_headers(${name} PRIVATE ${header})
 endfunction()
 
 # The sources of the current folder, sorted by name, given to the library they belong to.

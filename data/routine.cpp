@@ -23,7 +23,50 @@ void Routine::execute(const QString& statement) {
     sharedConnection(session_).execute(statement);
 }
 
+const QString& Routine::sendable(const Sql& statement) {
+    statement_ = statement.text();
+    if (!statement.isIntact())
+        throw syntaxError();
+    return statement_;
+}
+
+std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
+    return select(sendable(statement), rows);
+}
+
+std::optional<QString> Routine::selectValue(const Sql& statement) {
+    return selectValue(sendable(statement));
+}
+
+bool Routine::hasRow(const Sql& statement) {
+    return hasRow(sendable(statement));
+}
+
+void Routine::execute(const Sql& statement) {
+    execute(sendable(statement));
+}
+
+Transaction::Transaction(Session& session) : connection_(sharedConnection(session)) {
+    connection_.beginTransaction();
+}
+
+Transaction::~Transaction() {
+    if (!open_)
+        return;
+    try {
+        connection_.rollBackTransaction();
+    } catch (const Error&) {
+        // The connection counts as lost then, and the next statement says so.
+    }
+}
+
+void Transaction::commit() {
+    connection_.commitTransaction();
+    open_ = false;
+}
+
 void Routine::report(const Error& error) {
+    ++session_.reportCount;
     if (error.connectionLost)
         session_.SessionConnected = false;
     ModuleGlobals::ReportInternalError(session_, error.number, error.description, name_, statement_);

@@ -2,6 +2,7 @@
 
 #include "data/session.h"
 #include "platform/error_report.h"
+#include "platform/sql.h"
 
 #include <utility>
 
@@ -35,6 +36,13 @@ class Routine {
         }
     }
 
+    /// The same for a statement that holds values: one that a value has made another statement of is never
+    /// sent, and is the syntax error that it would have been.
+    std::unique_ptr<RecordSet> select(const Sql& statement, Rows rows = Rows::all);
+    std::optional<QString> selectValue(const Sql& statement);
+    bool hasRow(const Sql& statement);
+    void execute(const Sql& statement);
+
     /// Runs a query through the shared connection; the statement is what a report would show.
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all);
     /// The first column of the first row: no row and null both give nothing.
@@ -46,10 +54,38 @@ class Routine {
 
   private:
     void report(const Error& error);
+    /// The text of a statement that may be sent; the syntax error for another one.
+    const QString& sendable(const Sql& statement);
 
     Session& session_;
     QString name_;
     QString statement_;
+};
+
+/// All statements of a block or none, on the engines that can (`Connection::beginTransaction`). Without
+/// `commit` the end of the block rolls back.
+class Transaction {
+  public:
+    explicit Transaction(Session& session);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+  private:
+    Connection& connection_;
+    bool open_ = true;
+};
+
+/// Sees whether a report came during a block: what was prepared in it may then be incomplete.
+class ReportWatch {
+  public:
+    explicit ReportWatch(const Session& session) : session_(session), before_(session.reportCount) {}
+    bool sawReport() const { return session_.reportCount != before_; }
+
+  private:
+    const Session& session_;
+    int before_;
 };
 
 /// The hourglass for the time of a block; the normal pointer comes back on every way out.

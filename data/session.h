@@ -92,6 +92,8 @@ struct Session : Workstation {
     bool BCalP = false;
     /// True from a good login to log out, or until the connection is lost.
     bool SessionConnected = false;
+    /// How many errors routines have reported so far.
+    int reportCount = 0;
 
     bool CommandLineFlag = false;
     QString WinDir;

@@ -30,7 +30,7 @@ class RecordSet {
 };
 
 /// The database: plain texts go in, texts or nulls come out. Failures are thrown as `Error` with the driver's
-/// own native number and text. Each statement commits by itself.
+/// own native number and text. Each statement commits by itself, but within a transaction.
 class Connection {
   public:
     virtual ~Connection() = default;
@@ -43,6 +43,13 @@ class Connection {
     virtual bool isLost() const = 0;
     virtual void execute(const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all) = 0;
+
+    /// From here to `commitTransaction` or `rollBackTransaction` the statements take effect together or not
+    /// at all; what "commit" in their texts asks for waits for the end. Transactions do not nest. An engine
+    /// that is not ours keeps the commits of the texts: there these three do nothing.
+    virtual void beginTransaction() = 0;
+    virtual void commitTransaction() = 0;
+    virtual void rollBackTransaction() = 0;
 };
 
 /// Makes a closed connection.

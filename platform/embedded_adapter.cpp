@@ -82,7 +82,7 @@ void attach(DriverLink& link, const QString& file) {
 
 /// Ends the open transaction without its changes. False when it may still be open: whatever ran on this
 /// connection from now on would never be committed.
-bool takenBack(DriverLink& link) {
+bool rollBack(DriverLink& link) {
     try {
         link.execute(u"rollback"_s);
         return true;
@@ -100,7 +100,7 @@ void executeTogether(DriverLink& link, const QStringList& statements) {
             link.execute(one);
         link.execute(u"commit"_s);
     } catch (Error& failure) {
-        failure.connectionLost = failure.connectionLost || !takenBack(link);
+        failure.connectionLost = failure.connectionLost || !rollBack(link);
         throw;
     }
 }
@@ -126,7 +126,7 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
 
 void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
     for (const auto& step : embeddedBatch(statement)) {
-        if (step.committed && step.statements.size() > 1) {
+        if (step.committed && step.statements.size() > 1 && !inTransaction_) {
             executeTogether(link, step.statements);
         } else {
             for (const auto& one : step.statements)
@@ -137,6 +137,26 @@ void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
     return link.select(embeddedQuery(statement, rows), Rows::all);
+}
+
+/// The write lock is taken at the start, so that two workstations can't wait for each other.
+void EmbeddedAdapter::beginTransaction(DriverLink& link) {
+    link.execute(u"begin immediate"_s);
+    inTransaction_ = true;
+}
+
+void EmbeddedAdapter::commitTransaction(DriverLink& link) {
+    link.execute(u"commit"_s);
+    inTransaction_ = false;
+}
+
+void EmbeddedAdapter::rollBackTransaction(DriverLink& link) {
+    inTransaction_ = false;
+    if (!rollBack(link)) {
+        auto error = makeError(ErrorNumber::connectionClosed);
+        error.connectionLost = true;
+        throw error;
+    }
 }
 
 bool EmbeddedAdapter::meansLost(const Error& error) const {

@@ -12,7 +12,13 @@ class EmbeddedAdapter final : public EngineAdapter {
     void opened(DriverLink& link, const QString& user, const QString& password) override;
     void execute(DriverLink& link, const QString& statement) override;
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override;
+    void beginTransaction(DriverLink& link) override;
+    void commitTransaction(DriverLink& link) override;
+    void rollBackTransaction(DriverLink& link) override;
     bool meansLost(const Error& error) const override;
+
+  private:
+    bool inTransaction_ = false;
 };
 
 } // namespace kelvane

@@ -25,6 +25,11 @@ class EngineAdapter {
     /// An error that leaves the connection unusable is thrown with `connectionLost`.
     virtual void execute(DriverLink& link, const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) = 0;
+    /// A transaction around statements that would commit each by itself; engines that keep the commits of the
+    /// texts do nothing here.
+    virtual void beginTransaction(DriverLink&) {}
+    virtual void commitTransaction(DriverLink&) {}
+    virtual void rollBackTransaction(DriverLink&) {}
     /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.
     virtual bool meansLost(const Error& error) const = 0;
 };

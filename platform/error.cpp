@@ -28,4 +28,9 @@ Error makeError(ErrorNumber number) {
     return {static_cast<double>(number), {}};
 }
 
+Error syntaxError() {
+    return {1, u"Syntax error: a value in the statement ends its own quotes, name or parenthesis."_s,
+            u"42000"_s};
+}
+
 } // namespace kelvane

@@ -32,5 +32,7 @@ enum class ErrorNumber : int {
 
 /// An `Error` of that number with its fixed description.
 Error makeError(ErrorNumber number);
+/// The error of a statement that no longer means what its routine meant.
+Error syntaxError();
 
 } // namespace kelvane

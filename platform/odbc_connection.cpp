@@ -37,21 +37,35 @@ class OdbcConnection final : public Connection {
     bool isOpen() const override { return link_ != nullptr; }
     bool isLost() const override { return link_ && link_->isLost(); }
     void execute(const QString& statement) override {
+        change([&](OdbcLink& open) { adapter_->execute(open, statement); });
+    }
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
+        auto& open = link();
+        return adapter_->select(open, statement, rows);
+    }
+    void beginTransaction() override {
+        change([this](OdbcLink& open) { adapter_->beginTransaction(open); });
+    }
+    void commitTransaction() override {
+        change([this](OdbcLink& open) { adapter_->commitTransaction(open); });
+    }
+    void rollBackTransaction() override {
+        change([this](OdbcLink& open) { adapter_->rollBackTransaction(open); });
+    }
+
+  private:
+    /// Runs what changes the database; an error that leaves the connection unusable gives it up.
+    template <class Step>
+    void change(Step step) {
         auto& open = link();
         try {
-            adapter_->execute(open, statement);
+            step(open);
         } catch (const Error& error) {
             if (error.connectionLost)
                 open.giveUp();
             throw;
         }
     }
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        auto& open = link();
-        return adapter_->select(open, statement, rows);
-    }
-
-  private:
     OdbcLink& link() const {
         if (!link_)
             throw makeError(ErrorNumber::connectionClosed);

@@ -70,6 +70,9 @@ class UserInterface {
     virtual void setProgressValue(int percent) = 0;
     virtual void hideProgress() = 0;
 
+    /// What runs without a window of its own, for the status line of the main window; empty: nothing does.
+    virtual void setActivity(const QString& text) = 0;
+
     /// The hourglass, and the normal pointer. Not counted: one normal pointer ends any number of hourglasses.
     virtual void setBusyPointer() = 0;
     virtual void setNormalPointer() = 0;

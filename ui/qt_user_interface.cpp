@@ -114,6 +114,8 @@ void QtUserInterface::hideProgress() {
     progress_.clear();
 }
 
+void QtUserInterface::setActivity(const QString&) {}
+
 void QtUserInterface::setBusyPointer() {
     if (!busy_)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);

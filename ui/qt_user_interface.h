@@ -30,6 +30,7 @@ class QtUserInterface final : public UserInterface {
     void setProgressText(const QString& text) override;
     void setProgressValue(int percent) override;
     void hideProgress() override;
+    void setActivity(const QString& text) override;
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;

@@ -7,6 +7,7 @@
 #include "drivers/fluke702/dpclnk_library.h"
 #include "platform/odbc_connection.h"
 #include "tests/road/workplace.h"
+#include "tests/support/forwarding_connection.h"
 #include "tests/support/quiet_operator.h"
 #include "tests/workflow/scripted_screen.h"
 
@@ -37,29 +38,23 @@ class Doom {
     int count_ = 0;
 };
 
-class MortalConnection final : public Connection {
+class MortalConnection final : public ForwardingConnection {
   public:
-    MortalConnection(std::unique_ptr<Connection> real, Doom& doom) : real_(std::move(real)), doom_(doom) {}
-    void open(const QString& source, const QString& user, const QString& password) override {
-        real_->open(source, user, password);
-    }
-    void close() override { real_->close(); }
-    bool isOpen() const override { return real_->isOpen(); }
-    bool isLost() const override { return real_->isLost(); }
+    MortalConnection(std::unique_ptr<Connection> real, Doom& doom)
+        : ForwardingConnection(std::move(real)), doom_(doom) {}
     void execute(const QString& statement) override {
         if (awake)
             doom_.before(statement);
-        real_->execute(statement);
+        ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        return real_->select(statement, rows);
+        return ForwardingConnection::select(statement, rows);
     }
 
     /// The login's own statements are not counted.
     static inline bool awake = false;
 
   private:
-    std::unique_ptr<Connection> real_;
     Doom& doom_;
 };
 

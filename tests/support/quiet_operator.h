@@ -23,6 +23,7 @@ class QuietOperator : public UserInterface {
     void setProgressText(const QString&) override {}
     void setProgressValue(int) override {}
     void hideProgress() override {}
+    void setActivity(const QString&) override {}
     void setBusyPointer() override {}
     void setNormalPointer() override {}
     void processEvents() override {}

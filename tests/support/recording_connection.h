@@ -19,6 +19,7 @@ class RecordingConnection final : public Connection {
     struct Script {
         QStringList statements;
         QStringList firstRowOnly;
+        QStringList transactions; // "begin", "commit", "roll back"
         QHash<QString, QList<Row>> answers;
         QHash<QString, Error> failures;
         QStringList opened; // connection string, user, password of each open
@@ -34,6 +35,9 @@ class RecordingConnection final : public Connection {
     bool isLost() const override { return script_.lost; }
     void execute(const QString& statement) override;
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override;
+    void beginTransaction() override { script_.transactions << QStringLiteral("begin"); }
+    void commitTransaction() override { script_.transactions << QStringLiteral("commit"); }
+    void rollBackTransaction() override { script_.transactions << QStringLiteral("roll back"); }
 
   private:
     void take(const QString& statement);

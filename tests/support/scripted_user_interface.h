@@ -31,11 +31,14 @@ class ScriptedUserInterface final : public UserInterface {
     void setProgressText(const QString& text) override;
     void setProgressValue(int percent) override;
     void hideProgress() override;
+    void setActivity(const QString& text) override { activities << text; }
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;
 
     QStringList events;
+    /// What the status line was told, apart from `events`.
+    QStringList activities;
     /// Runs while a box stands, when a test sets it.
     std::function<void()> onBox;
     bool busy = false;

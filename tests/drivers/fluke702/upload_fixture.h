@@ -4,33 +4,27 @@
 #include "drivers/fluke702/fluke702.h"
 #include "tests/drivers/fluke702/recorded_link.h"
 #include "tests/support/database_session.h"
+#include "tests/support/forwarding_connection.h"
 
 #include <QRegularExpression>
 
 namespace kelvane::testing {
 
 /// A connection that tells each statement before it passes it on.
-class OverheardConnection final : public Connection {
+class OverheardConnection final : public ForwardingConnection {
   public:
     OverheardConnection(std::unique_ptr<Connection> real, std::function<void(const QString&)> tell)
-        : real_(std::move(real)), tell_(std::move(tell)) {}
-    void open(const QString& connectionString, const QString& user, const QString& password) override {
-        real_->open(connectionString, user, password);
-    }
-    void close() override { real_->close(); }
-    bool isOpen() const override { return real_->isOpen(); }
-    bool isLost() const override { return real_->isLost(); }
+        : ForwardingConnection(std::move(real)), tell_(std::move(tell)) {}
     void execute(const QString& statement) override {
         tell_(statement);
-        real_->execute(statement);
+        ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         tell_(statement);
-        return real_->select(statement, rows);
+        return ForwardingConnection::select(statement, rows);
     }
 
   private:
-    std::unique_ptr<Connection> real_;
     std::function<void(const QString&)> tell_;
 };
 

@@ -1,0 +1,76 @@
+#include "platform/sql.h"
+
+#include "platform/sql_text.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// Drivers take a text up to its first NUL.
+bool hasNul(QStringView value) {
+    return value.contains(QChar());
+}
+
+bool hasPairedQuotes(QStringView value) {
+    for (qsizetype at = value.indexOf(u'\''); at >= 0; at = value.indexOf(u'\'', at + 2)) {
+        if (at + 1 >= value.size() || value[at + 1] != u'\'')
+            return false;
+    }
+    return true;
+}
+
+bool isNamePart(QChar character) {
+    return character.isLetterOrNumber() || QStringView(u"_@#$").contains(character);
+}
+
+bool isPlainName(QStringView value) {
+    return !value.isEmpty() && std::all_of(value.begin(), value.end(), isNamePart);
+}
+
+bool isPlainNumber(const QString& value) {
+    static const QRegularExpression number(u"\\A[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][+-]?[0-9]+)?\\z"_s);
+    return number.match(value).hasMatch();
+}
+
+bool staysInParentheses(QStringView value) {
+    const auto sql = tokensOf(value);
+    if (!sql.complete || !sql.comments.isEmpty())
+        return false;
+    int depth = 0;
+    for (const auto& token : sql.tokens) {
+        if (token.is(u'('))
+            ++depth;
+        else if (token.is(u')'))
+            --depth;
+        if (depth < 0 || token.is(u';'))
+            return false;
+    }
+    return depth == 0;
+}
+
+} // namespace
+
+Sql sqlText(const QString& value) {
+    return {u'\'' + value + u'\'', !hasNul(value) && hasPairedQuotes(value)};
+}
+
+Sql sqlName(const QString& name) {
+    return {name, isPlainName(name)};
+}
+
+Sql sqlNumber(const QString& number) {
+    return {number, isPlainNumber(number)};
+}
+
+Sql sqlCondition(const QString& condition) {
+    return {condition, !hasNul(condition) && staysInParentheses(condition)};
+}
+
+} // namespace kelvane
