@@ -26,7 +26,7 @@ TEST(Sql, IsNotIntactWhenATextEndsItsOwnQuotes) {
     for (const auto& value : std::initializer_list<QStringView>{u"O'Brien", u"'", u"'''", u"x' or '1'='1",
                                                                 u"x'; delete from t --", u"a''b'c"})
         EXPECT_FALSE(sqlText(value.toString()).isIntact()) << value.toString().toStdString();
-    EXPECT_FALSE(sqlText(QString(u"a") + QChar() + u'b').isIntact());
+    EXPECT_FALSE(sqlText(u"a"_s + QChar() + u'b').isIntact());
 }
 
 TEST(Sql, TakesANameOnlyWhereItIsOne) {
