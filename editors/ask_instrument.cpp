@@ -1,9 +1,8 @@
 #include "editors/ask_instrument.h"
 
 #include "data/custom_dialog.h"
+#include "editors/statement_parts.h"
 #include "resources/strings.h"
-
-using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
@@ -13,8 +12,7 @@ std::optional<QString> askInstrument(Session& session, Routine& routine) {
             ModuleGlobals::CustomDialog(session, text(112), text(1096), true, 0, 0, 0, QString());
         if (entry == cancelled)
             return {};
-        if (routine.hasRow(u"select mtag from "_s + session.SessionOwner + u".inventory where i4201 = '"_s +
-                           entry + u"'"_s))
+        if (routine.hasRow(instrumentQuery(session, entry)))
             return entry;
         if (session.ui.messageBox(text(195), text(112), box::warningRetryCancel) != BoxAnswer::retry)
             return {};

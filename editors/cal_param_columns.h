@@ -2,15 +2,20 @@
 
 #include "data/session.h"
 #include "editors/cal_param_controls.h"
+#include "platform/sql.h"
 
-#include <QStringList>
+#include <QList>
+
+class QWidget;
 
 namespace kelvane {
 
-/// A column of `mt.hvm_kv_tag_config` and what is written into it, quotes included.
+/// A column of `mt.hvm_kv_tag_config`, what is written into it, and the control that this comes from (null
+/// where it is none).
 struct SavedColumn {
     QLatin1StringView name;
-    QString value;
+    Sql value;
+    QWidget* control = nullptr;
 };
 
 /// All columns of an instrument's parameters in the order in which they are written. Every control counts,
@@ -18,7 +23,7 @@ struct SavedColumn {
 QList<SavedColumn> savedColumns(const CalParamControls& controls, const QString& instrument);
 
 /// The statements that replace what is stored for an instrument, in order.
-QStringList savingStatements(const Session& session, const CalParamControls& controls,
-                             const QString& instrument);
+QList<Sql> savingStatements(const Session& session, const CalParamControls& controls,
+                            const QString& instrument);
 
 } // namespace kelvane

@@ -1,7 +1,7 @@
 #include "editors/cal_param_load.h"
 
-#include "data/assets.h"
 #include "editors/cal_param_options.h"
+#include "editors/statement_parts.h"
 #include "platform/numbers.h"
 #include "platform/texts.h"
 #include "ui/list_rows.h"
@@ -199,19 +199,19 @@ void showRecord(const CalParamRecord& record, const CalParamControls& controls) 
 
 QList<PromptQuery> promptQueries(const Session& session, const CalParamControls& controls,
                                  const QString& instrument) {
-    const auto shownBy = [mtag = ModuleGlobals::mtagOf(session, instrument)](const QString& type) {
-        return u"select pname from mt.hvm_kv_proc_prompts where prompt_type = '"_s + type +
-               u"' and mtag = "_s + mtag;
+    const auto shownBy = [mtag = instrumentKey(session, instrument)](const Sql& type) {
+        return u"select pname from mt.hvm_kv_proc_prompts where prompt_type = " + type + u" and mtag = " +
+               mtag;
     };
-    const auto available = [&](const QString& type) {
-        return u"select pname from mt.hvm_kv_prompts where pname not in ("_s + shownBy(type) + u')';
+    const auto available = [&](const Sql& type) {
+        return u"select pname from mt.hvm_kv_prompts where pname not in (" + shownBy(type) + u")";
     };
-    const auto displayed = [&](const QString& type) { return shownBy(type) + u" order by prompt_seq asc"_s; };
+    const auto displayed = [&](const Sql& type) { return shownBy(type) + u" order by prompt_seq asc"; };
     return {
-        {controls.ListPreAvail, available(u"PRE"_s)},
-        {controls.ListPostAvail, available(u"PST"_s)},
-        {controls.ListPreDisplay, displayed(u"PRE"_s)},
-        {controls.ListPostDisplay, displayed(u"PST"_s)},
+        {controls.ListPreAvail, available(u"'PRE'")},
+        {controls.ListPostAvail, available(u"'PST'")},
+        {controls.ListPreDisplay, displayed(u"'PRE'")},
+        {controls.ListPostDisplay, displayed(u"'PST'")},
     };
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/cal_params.h"
 #include "editors/cal_param_controls.h"
+#include "platform/sql.h"
 
 #include <QList>
 
@@ -16,7 +17,7 @@ void showRecord(const CalParamRecord& record, const CalParamControls& controls);
 /// A list of test messages and the query that fills it with its first column.
 struct PromptQuery {
     QListWidget* list;
-    QString statement;
+    Sql statement;
 };
 /// The four lists of an instrument, in the order in which they are filled.
 QList<PromptQuery> promptQueries(const Session& session, const CalParamControls& controls,

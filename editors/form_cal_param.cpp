@@ -48,7 +48,7 @@ void addRows(QListWidget& list, const QStringList& rows) {
 
 /// Adds the first column of a query to a list; error 94 when one of its values is null.
 template <class List>
-void addResult(List& list, Routine& routine, const QString& statement) {
+void addResult(List& list, Routine& routine, const Sql& statement) {
     QStringList values;
     // What was read before an error is shown all the same.
     const auto show = qScopeGuard([&] { addRows(list, values); });
@@ -110,7 +110,7 @@ void FormCalParam::LoadControls() {
     routine.run([&] {
         controls_.ComboTSName->clear();
         addResult(*controls_.ComboTSName, routine,
-                  u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s);
+                  u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
         const auto record = ModuleGlobals::GetCalParams(session_, instrument_);
         // An instrument without parameters starts from what the screen shows.
         if (!record.mtag.isEmpty())

@@ -1,11 +1,11 @@
 #include "editors/form_cal_param.h"
 
-#include "data/assets.h"
 #include "data/routine.h"
 #include "editors/ask_instrument.h"
 #include "editors/cal_param_columns.h"
 #include "editors/cal_param_faults.h"
 #include "editors/prompt_lists.h"
+#include "editors/statement_parts.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 
@@ -79,8 +79,8 @@ void FormCalParam::CommandClone() {
         const auto target = askInstrument(session_, routine);
         if (!target)
             return;
-        const auto stored = u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
-                            ModuleGlobals::mtagOf(session_, *target);
+        const auto stored =
+            u"select mtag from mt.hvm_kv_tag_config where mtag = " + instrumentKey(session_, *target);
         if (routine.hasRow(stored) &&
             session_.ui.messageBox(text(1349), text(112), box::warningYesNo) != BoxAnswer::yes)
             return;

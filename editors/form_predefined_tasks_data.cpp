@@ -28,11 +28,13 @@ namespace {
 
 constexpr qint16 tagLength = 30;
 
-constexpr NewName newPackage{.title = 1406,
-                             .prompt = 1095,
-                             .taken = 1407,
-                             .maxLength = 30,
-                             .recordOf = u"select taskname from mt.hvm_kv_task_packages where taskname = '"};
+Sql packageOf(const QString& name) {
+    return u"select taskname from mt.hvm_kv_task_packages where taskname = " +
+           sqlText(ModuleGlobals::SQLSafe(name));
+}
+
+constexpr NewName newPackage{
+    .title = 1406, .prompt = 1095, .taken = 1407, .maxLength = 30, .recordOf = packageOf};
 
 } // namespace
 
@@ -74,7 +76,7 @@ void FormPredefinedTasks::LoadTasks() {
         ComboTPName->clear();
         ClearAll();
         const auto names =
-            columnValues(guard, u"select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'"_s);
+            columnValues(guard, u"select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'");
         ComboTPName->addItems(names);
         if (!names.value(0).isEmpty()) {
             ComboTPName->setCurrentIndex(0);
@@ -108,8 +110,8 @@ void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
     // The name goes in as it stands.
     const auto row =
         guard.select(u"select tptag,tptype,notes,task_sql,tp_definition,segregate,model,description from "
-                     "mt.hvm_kv_task_packages where taskname = '"_s +
-                         name + u'\'',
+                     "mt.hvm_kv_task_packages where taskname = " +
+                         sqlText(name),
                      Rows::first);
     if (!row->next()) {
         // A name that is listed and not found would otherwise be listed again without end.
@@ -130,9 +132,9 @@ void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
         if (kind->definition == Definition::assetList)
             ListAssets->addItems(columnValues(
                 guard,
-                u"select i4201 from "_s + session_.SessionOwner +
-                    u".inventory where mtag in (select mtag from mt.hvm_kv_task_assets where tptag = '"_s +
-                    tptag + u"')"_s));
+                u"select i4201 from " + sqlName(session_.SessionOwner) +
+                    u".inventory where mtag in (select mtag from mt.hvm_kv_task_assets where tptag = " +
+                    sqlText(tptag) + u")"));
         if (kind->choices)
             setSelectList((kind->definition == Definition::segregate ? segregate
                            : kind->definition == Definition::model   ? model

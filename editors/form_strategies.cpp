@@ -129,20 +129,24 @@ void FormStrategies::openStrategy(const QString& name) {
     SetButtons(State::idle);
 }
 
+Sql FormStrategies::recordOf(const QString& name) {
+    return u"select tp_name from mt.hvm_kv_proc_points where tp_name = " + sqlText(SQLSafe(name));
+}
+
 bool FormStrategies::LoadStrategyList(const QString& name) {
     Routine routine(session_, u"FormStrategies,LoadStrategyList"_s);
     const bool loaded = routine.run([&] {
         const BusyPointer busy(session_.ui);
         QStringList names;
         auto rows =
-            routine.select(u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc"_s);
+            routine.select(u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
         while (rows->next())
             names << notNull(rows->value(0));
-        const bool good = routine.hasRow(recordOf.toString() + SQLSafe(name) + u'\'');
+        const bool good = routine.hasRow(recordOf(name));
         const auto shown = good && !name.isEmpty() ? name : names.value(0);
         QStringList points;
-        rows = routine.select(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '"_s +
-                              SQLSafe(shown) + u"' order by test_point_seq asc"_s);
+        rows = routine.select(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = " +
+                              sqlText(SQLSafe(shown)) + u" order by test_point_seq asc");
         while (rows->next())
             points << notNull(rows->value(0));
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/open_cal_param.h"
+#include "platform/sql.h"
 #include "ui/editor_window.h"
 
 #include <optional>
@@ -46,8 +47,8 @@ class FormStrategies final : public EditorWindow {
     void CommandDeletePoint_Click();
     void movePoint(int direction);
 
-    /// The query for a strategy, up to its name.
-    static constexpr QStringView recordOf = u"select tp_name from mt.hvm_kv_proc_points where tp_name = '";
+    /// The query for a strategy.
+    static Sql recordOf(const QString& name);
 
     /// Asks for a required entry; title and prompt by id.
     QString ask(int title, int prompt, qint16 maxLength, FieldKind kind, const QString& proposed);

@@ -4,6 +4,7 @@
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "editors/new_name.h"
+#include "editors/statement_parts.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/list_rows.h"
@@ -88,9 +89,9 @@ void FormStrategies::CommandRename_Click() {
         if (newName == cancelled)
             return;
         const BusyPointer busy(session_.ui);
-        for (const auto& table : {u"mt.hvm_kv_proc_points"_s, u"mt.hvm_kv_tag_config"_s})
-            routine.execute(u"update "_s + table + u" set tp_name = '"_s + SQLSafe(newName) +
-                            u"' where tp_name = '"_s + SQLSafe(name) + u"';commit"_s);
+        for (const auto& table : {Sql(u"mt.hvm_kv_proc_points"), Sql(u"mt.hvm_kv_tag_config")})
+            routine.execute(u"update " + table + u" set tp_name = " + sqlText(SQLSafe(newName)) +
+                            u" where tp_name = " + sqlText(SQLSafe(name)) + u";commit");
         LoadStrategyList(newName);
     });
 }
@@ -103,9 +104,9 @@ void FormStrategies::CommandDeleteTS_Click() {
     const auto idle = qScopeGuard([this] { comeBackTo(CommandDeleteTS); });
     Routine routine(session_, u"FormStrategies,CommandDeleteTS"_s);
     routine.run([&] {
-        const auto uses = routine.select(
-            u"select count(tp_name) from mt.hvm_kv_tag_config where tp_name = '"_s + SQLSafe(name) + u"'"_s,
-            Rows::first);
+        const auto uses = routine.select(u"select count(tp_name) from mt.hvm_kv_tag_config where tp_name = " +
+                                             sqlText(SQLSafe(name)),
+                                         Rows::first);
         uses->next();
         if (numericValue(notNull(uses->value(0))) > 0) {
             session_.ui.messageBox(text(1180), text(101), box::warning);
@@ -113,8 +114,8 @@ void FormStrategies::CommandDeleteTS_Click() {
         }
         if (!confirms({1181, box::question, 101}))
             return;
-        routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = '"_s + SQLSafe(name) +
-                        u"';commit"_s);
+        routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = " + sqlText(SQLSafe(name)) +
+                        u";commit");
         LoadStrategyList({});
     });
 }
@@ -124,14 +125,14 @@ void FormStrategies::CommandSave_Click() {
     routine.run([&] {
         // The name goes into the statements as it stands: one with a quote fails and is reported.
         const auto name = ComboTSNames->currentText();
-        if (routine.hasRow(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '"_s + name +
-                           u"'"_s))
-            routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = '"_s + name + u"';commit"_s);
+        const auto stored = sqlText(name);
+        if (routine.hasRow(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = " + stored))
+            routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = " + stored + u";commit");
         int sequence = 0;
         for (const auto& point : rowsOf(*ListPoints))
             routine.execute(
-                u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values ('"_s +
-                name + u"','"_s + plainText(sequence++) + u"','"_s + point + u"');commit"_s);
+                u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values (" +
+                commaJoined({stored, sqlText(plainText(sequence++)), sqlText(point)}) + u");commit");
         LoadStrategyList(name);
         SetButtons(State::idle);
         CommandCancel->setEnabled(false);

@@ -19,11 +19,12 @@ namespace kelvane {
 
 namespace {
 
-constexpr NewName newMessage{.title = 1374,
-                             .prompt = 1379,
-                             .taken = 1380,
-                             .maxLength = 0,
-                             .recordOf = u"select pname from mt.hvm_kv_prompts where pname = '"};
+Sql messageOf(const QString& name) {
+    return u"select pname from mt.hvm_kv_prompts where pname = " + sqlText(SQLSafe(name));
+}
+
+constexpr NewName newMessage{
+    .title = 1374, .prompt = 1379, .taken = 1380, .maxLength = 0, .recordOf = messageOf};
 
 } // namespace
 
@@ -94,13 +95,13 @@ bool FormTestMess::LoadPrompts(const QString& name) {
     // Everything is read before anything is shown: half of it would be saved as if it were all.
     Routine routine(session_, u"FormTestMess,LoadPrompts"_s);
     return routine.run([&] {
-        const auto names = columnValues(routine, u"select pname from mt.hvm_kv_prompts"_s);
+        const auto names = columnValues(routine, u"select pname from mt.hvm_kv_prompts");
         const auto shown = !name.isEmpty() && names.contains(name) ? name : names.value(0);
         QString prompt;
         if (!shown.isEmpty())
             prompt = routine
-                         .selectValue(u"select prompt from mt.hvm_kv_prompts where pname = '"_s +
-                                      SQLSafe(shown) + u'\'')
+                         .selectValue(u"select prompt from mt.hvm_kv_prompts where pname = " +
+                                      sqlText(SQLSafe(shown)))
                          .value_or(QString());
         fill(names, shown, prompt);
     });
@@ -148,8 +149,8 @@ void FormTestMess::CommandCreate_Click() {
         const auto name = askNewName(session_, routine, *widget(), newMessage);
         if (!name)
             return;
-        routine.execute(u"insert into mt.hvm_kv_prompts (pname) values ('"_s + SQLSafe(*name) +
-                        u"');commit"_s);
+        routine.execute(u"insert into mt.hvm_kv_prompts (pname) values (" + sqlText(SQLSafe(*name)) +
+                        u");commit");
         showNew(*name);
     });
 }
@@ -175,9 +176,9 @@ void FormTestMess::CommandSave_Click() {
         const BusyPointer busy(session_.ui);
         const auto prompt = TextMessage->text();
         // The name goes in as it stands.
-        routine.execute(u"update mt.hvm_kv_prompts set prompt = "_s +
-                        (prompt.isEmpty() ? u"NULL"_s : u'\'' + SQLSafe(prompt) + u'\'') +
-                        u" where pname = '"_s + ComboMessageName->currentText() + u"';commit"_s);
+        routine.execute(u"update mt.hvm_kv_prompts set prompt = " +
+                        (prompt.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(prompt))) + u" where pname = " +
+                        sqlText(ComboMessageName->currentText()) + u";commit");
         saveCheckSum();
         CommandCancel->setEnabled(false);
     });
@@ -192,12 +193,12 @@ void FormTestMess::CommandDelete_Click() {
         return;
     Routine routine(session_, u"FormTestMess,CommandDelete"_s);
     routine.run([&] {
-        const auto name = SQLSafe(ComboMessageName->currentText());
-        if (routine.hasRow(u"select mtag from mt.hvm_kv_proc_prompts where pname = '"_s + name + u'\'') &&
+        const auto name = sqlText(SQLSafe(ComboMessageName->currentText()));
+        if (routine.hasRow(u"select mtag from mt.hvm_kv_proc_prompts where pname = " + name) &&
             !confirms({1382, box::warningYesNo, 116}))
             return;
-        routine.execute(u"delete from mt.hvm_kv_proc_prompts where pname = '"_s + name +
-                        u"';delete from mt.hvm_kv_prompts where pname = '"_s + name + u"';commit"_s);
+        routine.execute(u"delete from mt.hvm_kv_proc_prompts where pname = " + name +
+                        u";delete from mt.hvm_kv_prompts where pname = " + name + u";commit");
         LoadPrompts({});
     });
 }

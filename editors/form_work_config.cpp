@@ -22,11 +22,10 @@ namespace kelvane {
 namespace {
 
 /// The fields of a calibration record that an operator can be asked for.
-const QString fieldFilter =
-    u"fldnum not like '%90' and fldnum not like '%91' and fldnum not like '%92' and fldnum not like '%93' "
-    u"and fldnum <> '2340' and fldnum not like '%94' and fldnum not like '%95' and fldnum like '23%' and "
-    u"suppressed <> 'Y'"_s;
-const QString fromDictionary = u"select fldnum,title from mt.customiz where "_s + fieldFilter;
+const Sql fromDictionary =
+    u"select fldnum,title from mt.customiz where fldnum not like '%90' and fldnum not like '%91' and fldnum "
+    u"not like '%92' and fldnum not like '%93' and fldnum <> '2340' and fldnum not like '%94' and fldnum not "
+    u"like '%95' and fldnum like '23%' and suppressed <> 'Y'";
 
 // What a list shows at least.
 constexpr int shownLetters = 25;
@@ -56,7 +55,7 @@ QLabel* wrapped(QLabel* label) {
 }
 
 /// The rows of a query for number and title; a field that has left the dictionary has no title.
-QStringList fieldRows(Routine& routine, const QString& query) {
+QStringList fieldRows(Routine& routine, const Sql& query) {
     QStringList rows;
     for (const auto fields = routine.select(query); fields->next();) {
         const auto number = notNull(fields->value(0));
@@ -164,25 +163,24 @@ void FormWorkConfig::LoadLists() {
         QStringList available;
         QStringList requested;
         const auto count =
-            routine.select(u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s, Rows::first);
+            routine.select(u"select count(fldnum) from mt.hvm_kv_worksheetfields", Rows::first);
         count->next();
         if (numericValue(notNull(count->value(0))) > 0) {
-            available =
-                fieldRows(routine, fromDictionary + u" and fldnum not in (select fldnum from "
-                                                    "mt.hvm_kv_worksheetfields) order by fldnum asc"_s);
+            available = fieldRows(routine, fromDictionary + u" and fldnum not in (select fldnum from "
+                                                            "mt.hvm_kv_worksheetfields) order by fldnum asc");
             requested = fieldRows(routine,
                                   u"select fldnum,(select title from mt.customiz where mt.customiz.fldnum = "
                                   "mt.hvm_kv_worksheetfields.fldnum) from mt.hvm_kv_worksheetfields order by "
-                                  "sequence asc"_s);
+                                  "sequence asc");
         } else {
             // The first configuration is proposed: the required fields.
-            requested = fieldRows(routine, fromDictionary +
-                                               u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc"_s);
-            available = fieldRows(routine,
-                                  fromDictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc"_s);
+            requested =
+                fieldRows(routine, fromDictionary + u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc");
+            available =
+                fieldRows(routine, fromDictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc");
         }
         const auto standards = routine.select(
-            u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s, Rows::first);
+            u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig", Rows::first);
         // Without a row nothing is allowed; the first save makes one.
         const bool stored = standards->next();
         const bool overdue = stored && isYes(standards->value(0));
@@ -201,20 +199,20 @@ void FormWorkConfig::CommandSave_Click() {
     Routine routine(session_, u"FormWorkConfig,CommandSave"_s);
     routine.run([&] {
         const BusyPointer busy(session_.ui);
-        routine.execute(u"delete from mt.hvm_kv_worksheetfields;commit"_s);
+        routine.execute(u"delete from mt.hvm_kv_worksheetfields;commit");
         int sequence = 0;
         for (const auto& row : rowsOf(*ListRequest))
-            routine.execute(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('"_s +
-                            row.mid(1, 4) + u"','"_s + plainText(sequence++) + u"');commit"_s);
-        if (!routine.hasRow(u"select allow_ooc_stds from mt.hvm_kv_sysconfig"_s))
+            routine.execute(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values (" +
+                            sqlText(row.mid(1, 4)) + u"," + sqlText(plainText(sequence++)) + u");commit");
+        if (!routine.hasRow(u"select allow_ooc_stds from mt.hvm_kv_sysconfig"))
             routine.execute(u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values "
-                            "('N','N');commit"_s);
-        const auto store = [&](const QString& column, const QCheckBox* allowed) {
-            routine.execute(u"update mt.hvm_kv_sysconfig set "_s + column + u" = '"_s +
-                            (allowed->isChecked() ? u"Y"_s : u"N"_s) + u"';commit"_s);
+                            "('N','N');commit");
+        const auto store = [&](const Sql& column, const QCheckBox* allowed) {
+            routine.execute(u"update mt.hvm_kv_sysconfig set " + column + u" = " +
+                            (allowed->isChecked() ? Sql(u"'Y'") : Sql(u"'N'")) + u";commit");
         };
-        store(u"allow_ooc_stds"_s, CheckOOC);
-        store(u"allow_poor_trace_stds"_s, CheckTrace);
+        store(u"allow_ooc_stds", CheckOOC);
+        store(u"allow_poor_trace_stds", CheckTrace);
         saveCheckSum();
     });
 }

@@ -1,7 +1,6 @@
 #include "editors/new_name.h"
 
 #include "data/custom_dialog.h"
-#include "data/small_routines.h"
 #include "resources/strings.h"
 
 #include <QPointer>
@@ -46,7 +45,7 @@ std::optional<QString> askNewName(Session& session, Routine& routine, QWidget& s
         bool taken = false;
         {
             const BusyPointer busy(session.ui);
-            taken = routine.hasRow(wanted.recordOf.toString() + ModuleGlobals::SQLSafe(name) + u'\'');
+            taken = routine.hasRow(wanted.recordOf(name));
         }
         if (!taken)
             return name;

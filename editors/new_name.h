@@ -14,8 +14,8 @@ struct NewName {
     int taken;
     /// Greatest length, 0 for no limit.
     qint16 maxLength;
-    /// The query for a record of that name, up to the name itself.
-    QStringView recordOf;
+    /// The query for a record of a name, which it doubles the quotes of.
+    Sql (*recordOf)(const QString& name);
 };
 
 /// Asks until the name is free; nothing when the dialog is cancelled. The screen's own controls are out of

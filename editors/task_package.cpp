@@ -1,25 +1,24 @@
 #include "editors/task_package.h"
 
-#include "data/assets.h"
 #include "data/small_routines.h"
+#include "editors/statement_parts.h"
 
-using namespace Qt::StringLiterals;
 using kelvane::ModuleGlobals::SQLSafe;
 
 namespace kelvane {
 
 namespace {
 
-QString segregates(const Session&) {
-    return u"select distinct(i4240) from mt.segregate"_s;
+Sql segregates(const Session&) {
+    return u"select distinct(i4240) from mt.segregate";
 }
 
-QString descriptions(const Session& session) {
-    return u"select distinct(i4204) from "_s + session.SessionOwner + u".inventory"_s;
+Sql descriptions(const Session& session) {
+    return u"select distinct(i4204) from " + sqlName(session.SessionOwner) + u".inventory";
 }
 
-QString models(const Session& session) {
-    return u"select distinct(i4203) from "_s + session.SessionOwner + u".inventory"_s;
+Sql models(const Session& session) {
+    return u"select distinct(i4203) from " + sqlName(session.SessionOwner) + u".inventory";
 }
 
 // clang-format off
@@ -38,12 +37,12 @@ constexpr std::array<DefinitionKind, definitionCount> kinds{{
 }};
 // clang-format on
 
-QString quotedOrNull(const QString& value) {
-    return value.isEmpty() ? u"NULL"_s : u'\'' + SQLSafe(value) + u'\'';
+Sql safeOrNull(const QString& value) {
+    return value.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(value));
 }
 
-QString valueIn(const TaskPackage& package, QStringView column) {
-    return kindOf(package.definition).column == column ? quotedOrNull(package.value) : u"NULL"_s;
+Sql valueIn(const TaskPackage& package, QStringView column) {
+    return kindOf(package.definition).column == column ? safeOrNull(package.value) : Sql(u"NULL");
 }
 
 } // namespace
@@ -56,34 +55,28 @@ const DefinitionKind& kindOf(Definition definition) {
     return kinds[static_cast<std::size_t>(definition)];
 }
 
-QStringList packageDeletes(const QString& name) {
-    const auto byName = u"where taskname = '"_s + SQLSafe(name) + u'\'';
-    return {u"delete from mt.hvm_kv_task_assets where tptag = (select tptag from mt.hvm_kv_task_packages "_s +
-                byName + u");commit"_s,
-            u"delete from mt.hvm_kv_task_packages "_s + byName + u";commit"_s};
+QList<Sql> packageDeletes(const QString& name) {
+    const auto byName = u"where taskname = " + sqlText(SQLSafe(name));
+    return {u"delete from mt.hvm_kv_task_assets where tptag = (select tptag from mt.hvm_kv_task_packages " +
+                byName + u");commit",
+            u"delete from mt.hvm_kv_task_packages " + byName + u";commit"};
 }
 
-QString packageInsert(const Session& session, const TaskPackage& package, const QString& tptag) {
-    const QStringList values{u'\'' + SQLSafe(package.name) + u'\'',
-                             u'\'' + tptag + u'\'',
-                             u"'PDEF'"_s,
-                             u'\'' + kindOf(package.definition).letter.toString() + u'\'',
-                             valueIn(package, u"task_sql"),
-                             valueIn(package, u"segregate"),
-                             valueIn(package, u"model"),
-                             valueIn(package, u"description"),
-                             u'\'' + session.SessionUser + u'\'',
-                             u"now(*)"_s,
-                             quotedOrNull(package.notes)};
+Sql packageInsert(const Session& session, const TaskPackage& package, const QString& tptag) {
     return u"insert into mt.hvm_kv_task_packages "
            u"(taskname,tptag,tptype,tp_definition,task_sql,segregate,model,"
-           "description,mtuser,created_on,notes) values ("_s +
-           values.join(u',') + u");commit"_s;
+           "description,mtuser,created_on,notes) values (" +
+           commaJoined({sqlText(SQLSafe(package.name)), sqlText(tptag), u"'PDEF'",
+                        sqlText(kindOf(package.definition).letter.toString()), valueIn(package, u"task_sql"),
+                        valueIn(package, u"segregate"), valueIn(package, u"model"),
+                        valueIn(package, u"description"), sqlText(session.SessionUser), u"now(*)",
+                        safeOrNull(package.notes)}) +
+           u");commit";
 }
 
-QString assetInsert(const Session& session, const QString& tptag, const QString& asset) {
-    return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tptag + u"',"_s +
-           ModuleGlobals::mtagOf(session, asset) + u");commit"_s;
+Sql assetInsert(const Session& session, const QString& tptag, const QString& asset) {
+    return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values (" + sqlText(tptag) + u"," +
+           instrumentKey(session, asset) + u");commit";
 }
 
 } // namespace kelvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/sql.h"
 
 #include <array>
 
@@ -18,7 +19,7 @@ struct DefinitionKind {
     /// The column that holds its value; empty for a list of instruments, which has a table of its own.
     QStringView column;
     /// The query for the values to choose from; null where nothing is chosen.
-    QString (*choices)(const Session& session);
+    Sql (*choices)(const Session& session);
     QStringView option;
     int caption;
     int toolTip;
@@ -44,10 +45,10 @@ struct TaskPackage {
 };
 
 /// The two statements that remove the package of that name with its list.
-QStringList packageDeletes(const QString& name);
+QList<Sql> packageDeletes(const QString& name);
 /// The statement of the package itself, with that new tag.
-QString packageInsert(const Session& session, const TaskPackage& package, const QString& tptag);
+Sql packageInsert(const Session& session, const TaskPackage& package, const QString& tptag);
 /// The statement of one instrument of its list; the number goes in as it is.
-QString assetInsert(const Session& session, const QString& tptag, const QString& asset);
+Sql assetInsert(const Session& session, const QString& tptag, const QString& asset);
 
 } // namespace kelvane
