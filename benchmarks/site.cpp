@@ -23,7 +23,10 @@ class TextCatcher final : public DriverLink {
         QString statement;
         Rows rows;
     };
-    void execute(const QString& statement) override { texts.append({statement, Rows::all}); }
+    qint64 execute(const QString& statement) override {
+        texts.append({statement, Rows::all});
+        return 0;
+    }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         texts.append({statement, rows});
         return nullptr;

@@ -39,10 +39,10 @@ class WatchedConnection final : public kelvane::testing::ForwardingConnection {
     WatchedConnection(std::unique_ptr<Connection> real, Log& log)
         : ForwardingConnection(std::move(real)), log_(log) {}
 
-    void execute(const QString& statement) override {
+    qint64 execute(const QString& statement) override {
         keep(statement, Rows::all);
         const Timed timed(log_.time);
-        ForwardingConnection::execute(statement);
+        return ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         keep(statement, rows);

@@ -18,9 +18,9 @@ bool Routine::hasRow(const QString& statement) {
     return select(statement, Rows::first)->next();
 }
 
-void Routine::execute(const QString& statement) {
+qint64 Routine::execute(const QString& statement) {
     statement_ = statement;
-    sharedConnection(session_).execute(statement);
+    return sharedConnection(session_).execute(statement);
 }
 
 const QString& Routine::sendable(const Sql& statement) {
@@ -42,8 +42,8 @@ bool Routine::hasRow(const Sql& statement) {
     return hasRow(sendable(statement));
 }
 
-void Routine::execute(const Sql& statement) {
-    execute(sendable(statement));
+qint64 Routine::execute(const Sql& statement) {
+    return execute(sendable(statement));
 }
 
 Transaction::Transaction(Session& session) : connection_(sharedConnection(session)) {

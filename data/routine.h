@@ -41,7 +41,7 @@ class Routine {
     std::unique_ptr<RecordSet> select(const Sql& statement, Rows rows = Rows::all);
     std::optional<QString> selectValue(const Sql& statement);
     bool hasRow(const Sql& statement);
-    void execute(const Sql& statement);
+    qint64 execute(const Sql& statement);
 
     /// Runs a query through the shared connection; the statement is what a report would show.
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all);
@@ -49,8 +49,9 @@ class Routine {
     std::optional<QString> selectValue(const QString& statement);
     /// True when the query has a row.
     bool hasRow(const QString& statement);
-    /// Runs a writing statement through the shared connection.
-    void execute(const QString& statement);
+    /// Runs a writing statement through the shared connection; gives the number of rows that it has changed,
+    /// -1 where the engine does not tell.
+    qint64 execute(const QString& statement);
 
   private:
     void report(const Error& error);

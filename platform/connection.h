@@ -41,7 +41,9 @@ class Connection {
     virtual bool isOpen() const = 0;
     /// True once a statement has failed because the connection is gone.
     virtual bool isLost() const = 0;
-    virtual void execute(const QString& statement) = 0;
+    /// Gives the number of rows that the text has inserted, changed and deleted; -1 where the engine does not
+    /// tell.
+    virtual qint64 execute(const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all) = 0;
 
     /// From here to `commitTransaction` or `rollBackTransaction` the statements take effect together or not

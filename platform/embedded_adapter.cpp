@@ -91,14 +91,27 @@ bool rollBack(DriverLink& link) {
     }
 }
 
+/// The rows of two statements; -1 where the driver did not tell those of one.
+qint64 sumOfRows(qint64 first, qint64 second) {
+    return first < 0 || second < 0 ? -1 : first + second;
+}
+
+/// Runs the statements one by one; gives the number of rows that they have changed.
+qint64 executeEach(DriverLink& link, const QStringList& statements) {
+    qint64 rows = 0;
+    for (const auto& statement : statements)
+        rows = sumOfRows(rows, link.execute(statement));
+    return rows;
+}
+
 /// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait
 /// for each other.
-void executeTogether(DriverLink& link, const QStringList& statements) {
+qint64 executeTogether(DriverLink& link, const QStringList& statements) {
     link.execute(u"begin immediate"_s);
     try {
-        for (const auto& one : statements)
-            link.execute(one);
+        const auto rows = executeEach(link, statements);
         link.execute(u"commit"_s);
+        return rows;
     } catch (Error& failure) {
         failure.connectionLost = failure.connectionLost || !rollBack(link);
         throw;
@@ -124,15 +137,15 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
         attach(link, owner.filePath());
 }
 
-void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
+qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
+    qint64 rows = 0;
     for (const auto& step : embeddedBatch(statement)) {
-        if (step.committed && step.statements.size() > 1 && !inTransaction_) {
-            executeTogether(link, step.statements);
-        } else {
-            for (const auto& one : step.statements)
-                link.execute(one); // commits by itself
-        }
+        const bool together = step.committed && step.statements.size() > 1 && !inTransaction_;
+        // A single one commits by itself.
+        rows = sumOfRows(rows, together ? executeTogether(link, step.statements)
+                                        : executeEach(link, step.statements));
     }
+    return rows;
 }
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {

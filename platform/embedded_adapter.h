@@ -10,7 +10,7 @@ class EmbeddedAdapter final : public EngineAdapter {
   public:
     /// Proves every file to be a database that can be written, checks the login, sets what the session needs.
     void opened(DriverLink& link, const QString& user, const QString& password) override;
-    void execute(DriverLink& link, const QString& statement) override;
+    qint64 execute(DriverLink& link, const QString& statement) override;
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override;
     void beginTransaction(DriverLink& link) override;
     void commitTransaction(DriverLink& link) override;

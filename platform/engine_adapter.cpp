@@ -12,7 +12,11 @@ namespace {
 class VerbatimAdapter final : public EngineAdapter {
   public:
     void opened(DriverLink&, const QString&, const QString&) override {}
-    void execute(DriverLink& link, const QString& statement) override { link.execute(statement); }
+    qint64 execute(DriverLink& link, const QString& statement) override {
+        link.execute(statement);
+        // Which statement of a batch a driver counts the rows of is its own affair.
+        return -1;
+    }
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override {
         return link.select(statement, rows);
     }

@@ -10,7 +10,8 @@ namespace kelvane {
 class DriverLink {
   public:
     virtual ~DriverLink() = default;
-    virtual void execute(const QString& statement) = 0;
+    /// Gives the number of rows that the statement has changed; -1 where the driver does not tell.
+    virtual qint64 execute(const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) = 0;
 };
 
@@ -23,7 +24,8 @@ class EngineAdapter {
     /// accounts.
     virtual void opened(DriverLink& link, const QString& user, const QString& password) = 0;
     /// An error that leaves the connection unusable is thrown with `connectionLost`.
-    virtual void execute(DriverLink& link, const QString& statement) = 0;
+    /// Gives the number of rows as `Connection::execute` does.
+    virtual qint64 execute(DriverLink& link, const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) = 0;
     /// A transaction around statements that would commit each by itself; engines that keep the commits of the
     /// texts do nothing here.

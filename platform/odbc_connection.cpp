@@ -36,8 +36,10 @@ class OdbcConnection final : public Connection {
     }
     bool isOpen() const override { return link_ != nullptr; }
     bool isLost() const override { return link_ && link_->isLost(); }
-    void execute(const QString& statement) override {
-        change([&](OdbcLink& open) { adapter_->execute(open, statement); });
+    qint64 execute(const QString& statement) override {
+        qint64 rows = -1;
+        change([&](OdbcLink& open) { rows = adapter_->execute(open, statement); });
+        return rows;
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         auto& open = link();

@@ -271,8 +271,13 @@ void OdbcLink::giveUp() {
     session_->lost = true;
 }
 
-void OdbcLink::execute(const QString& statement) {
-    session_->giveBack(session_->run(statement, Rows::all), Rows::all);
+qint64 OdbcLink::execute(const QString& statement) {
+    const auto handle = session_->run(statement, Rows::all);
+    SQLLEN rows = -1;
+    if (!SQL_SUCCEEDED(SQLRowCount(handle, &rows)))
+        rows = -1;
+    session_->giveBack(handle, Rows::all);
+    return rows;
 }
 
 std::unique_ptr<RecordSet> OdbcLink::select(const QString& statement, Rows rows) {

@@ -29,7 +29,7 @@ class OdbcLink final : public DriverLink {
     /// Counts the connection as lost from now on.
     void giveUp();
 
-    void execute(const QString& statement) override;
+    qint64 execute(const QString& statement) override;
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override;
 
   private:

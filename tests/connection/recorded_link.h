@@ -6,15 +6,17 @@
 namespace kelvane::testing {
 
 /// A driver that keeps the texts that reach it. Controls: `failures` (an error for a text), `failAt` (the
-/// error of the n-th text, from 0).
+/// error of the n-th text, from 0), `changedRows` (how many rows a text has changed; -1, not told,
+/// otherwise).
 class RecordedLink final : public DriverLink {
   public:
     QStringList statements;
     QList<Rows> rows;
     QHash<QString, Error> failures;
     std::optional<qsizetype> failAt;
+    QHash<QString, qint64> changedRows;
 
-    void execute(const QString& statement) override {
+    qint64 execute(const QString& statement) override {
         if (failAt == statements.size()) {
             statements << statement;
             throw Error{19, QStringLiteral("statement %1 failed").arg(*failAt), QStringLiteral("HY000")};
@@ -22,6 +24,7 @@ class RecordedLink final : public DriverLink {
         statements << statement;
         if (const auto failure = failures.constFind(statement); failure != failures.cend())
             throw *failure;
+        return changedRows.value(statement, -1);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows wanted) override {
         execute(statement);

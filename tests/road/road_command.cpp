@@ -42,10 +42,10 @@ class MortalConnection final : public ForwardingConnection {
   public:
     MortalConnection(std::unique_ptr<Connection> real, Doom& doom)
         : ForwardingConnection(std::move(real)), doom_(doom) {}
-    void execute(const QString& statement) override {
+    qint64 execute(const QString& statement) override {
         if (awake)
             doom_.before(statement);
-        ForwardingConnection::execute(statement);
+        return ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         return ForwardingConnection::select(statement, rows);

@@ -15,7 +15,7 @@ class ForwardingConnection : public Connection {
     void close() override { real_->close(); }
     bool isOpen() const override { return real_->isOpen(); }
     bool isLost() const override { return real_->isLost(); }
-    void execute(const QString& statement) override { real_->execute(statement); }
+    qint64 execute(const QString& statement) override { return real_->execute(statement); }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         return real_->select(statement, rows);
     }

@@ -42,8 +42,9 @@ void RecordingConnection::take(const QString& statement) {
     }
 }
 
-void RecordingConnection::execute(const QString& statement) {
+qint64 RecordingConnection::execute(const QString& statement) {
     take(statement);
+    return script_.changedRows.value(statement, -1);
 }
 
 std::unique_ptr<RecordSet> RecordingConnection::select(const QString& statement, Rows rows) {

@@ -11,7 +11,8 @@ namespace kelvane::testing {
 using Row = QList<std::optional<QString>>;
 
 /// A scripted connection. Controls: `answer` (rows for a query), `fail` (an error for a statement), `lose`
-/// (from now on every statement fails with a lost connection). A query without an answer has no rows.
+/// (from now on every statement fails with a lost connection). A query without an answer has no rows; a
+/// writing statement tells the number of rows in `changedRows`, or nothing.
 /// `statements` holds everything that came in, to the letter and in order; `firstRowOnly` those that asked
 /// for one row only.
 class RecordingConnection final : public Connection {
@@ -22,6 +23,7 @@ class RecordingConnection final : public Connection {
         QStringList transactions; // "begin", "commit", "roll back"
         QHash<QString, QList<Row>> answers;
         QHash<QString, Error> failures;
+        QHash<QString, qint64> changedRows;
         QStringList opened; // connection string, user, password of each open
         bool open = true;
         bool lost = false;
@@ -33,7 +35,7 @@ class RecordingConnection final : public Connection {
     void close() override { script_.open = false; }
     bool isOpen() const override { return script_.open; }
     bool isLost() const override { return script_.lost; }
-    void execute(const QString& statement) override;
+    qint64 execute(const QString& statement) override;
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override;
     void beginTransaction() override { script_.transactions << QStringLiteral("begin"); }
     void commitTransaction() override { script_.transactions << QStringLiteral("commit"); }

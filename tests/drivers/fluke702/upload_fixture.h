@@ -15,9 +15,9 @@ class OverheardConnection final : public ForwardingConnection {
   public:
     OverheardConnection(std::unique_ptr<Connection> real, std::function<void(const QString&)> tell)
         : ForwardingConnection(std::move(real)), tell_(std::move(tell)) {}
-    void execute(const QString& statement) override {
+    qint64 execute(const QString& statement) override {
         tell_(statement);
-        ForwardingConnection::execute(statement);
+        return ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         tell_(statement);
