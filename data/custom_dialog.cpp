@@ -1,6 +1,7 @@
 #include "data/custom_dialog.h"
 
 #include "data/routine.h"
+#include "platform/texts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,7 +26,8 @@ QString CustomDialog(Session& session, const QString& caption, const QString& pr
         }
         result = session.ui.askOneField(question);
     });
-    return result;
+    // Who answers a required question with blanks gives up.
+    return required && trimBlanks(result).isEmpty() ? cancelled : result;
 }
 
 } // namespace kelvane::ModuleGlobals

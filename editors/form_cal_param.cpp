@@ -6,15 +6,17 @@
 #include "editors/ask_instrument.h"
 #include "editors/cal_param_load.h"
 #include "editors/cal_param_pages.h"
+#include "editors/column_values.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
+#include "ui/list_rows.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -40,22 +42,6 @@ constexpr struct {
 constexpr int analogPage = 1;
 constexpr int digitalPage = 2;
 
-using kelvane::addRows;
-
-void addRows(QListWidget& list, const QStringList& rows) {
-    list.addItems(rows);
-}
-
-/// Adds the first column of a query to a list; error 94 when one of its values is null.
-template <class List>
-void addResult(List& list, Routine& routine, const Sql& statement) {
-    QStringList values;
-    // What was read before an error is shown all the same.
-    const auto show = qScopeGuard([&] { addRows(list, values); });
-    for (const auto rows = routine.select(statement); rows->next();)
-        values << notNull(rows->value(0));
-}
-
 } // namespace
 
 FormCalParam::FormCalParam(Session& session)
@@ -64,6 +50,7 @@ FormCalParam::FormCalParam(Session& session)
     session_.openFlag(ChildForm::FormCalParam) = false;
     setWindowTitle(text(112));
     setBody(makeCalParamPages(controls_));
+    setDefaultButton(controls_.CommandSave);
     setFirstFocus(controls_.ComboTSName);
     for (auto* list : {controls_.ComboInputUnits, controls_.ComboOutputUnits, controls_.ComboTransTypeOut,
                        controls_.ComboMeasurementModeOut})
@@ -73,64 +60,67 @@ FormCalParam::FormCalParam(Session& session)
 }
 
 void FormCalParam::chooseFirst() {
-    bool chosen = false;
+    bool loaded = false;
     run([&] {
         session_.ui.processEvents();
-        chosen = GetAsset();
-        if (chosen)
-            LoadControls();
+        const auto asset = GetAsset();
+        loaded = asset && LoadControls(*asset);
     });
-    // Also when loading ended with a report that could not be written.
-    if (chosen)
+    if (loaded)
         session_.openFlag(ChildForm::FormCalParam) = true;
     else
         unload();
 }
 
-bool FormCalParam::GetAsset() {
-    bool chosen = false;
+std::optional<QString> FormCalParam::GetAsset() {
+    std::optional<QString> asset;
     Routine routine(session_, u"MDIFormMain,GetAsset"_s);
-    routine.run([&] {
-        const auto asset = askInstrument(session_, routine);
-        if (!asset)
-            return;
-        instrument_ = *asset;
-        showInstrument();
-        chosen = true;
-    });
-    return chosen;
+    routine.run([&] { asset = askInstrument(session_, routine); });
+    return asset;
 }
 
 void FormCalParam::showInstrument() {
     setWindowTitle(text(112) + u" ("_s + instrument_ + u')');
 }
 
-void FormCalParam::LoadControls() {
+bool FormCalParam::LoadControls(const QString& instrument) {
+    bool loaded = false;
+    const ReportWatch reports(session_);
     Routine routine(session_, u"FormCalParam,LoadControls"_s);
     routine.run([&] {
+        const auto strategies = columnValues(
+            routine, u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
+        const auto record = ModuleGlobals::GetCalParams(session_, instrument);
+        const auto prompts = LoadPrompts(instrument);
+        // Half an instrument on the screen would be saved as if it were all of it.
+        if (reports.sawReport())
+            return;
+
+        instrument_ = instrument;
+        showInstrument();
         controls_.ComboTSName->clear();
-        addResult(*controls_.ComboTSName, routine,
-                  u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
-        const auto record = ModuleGlobals::GetCalParams(session_, instrument_);
+        addRows(*controls_.ComboTSName, strategies);
         // An instrument without parameters starts from what the screen shows.
         if (!record.mtag.isEmpty())
             showRecord(record, controls_);
         ShowUnitTabs();
-        LoadPrompts();
+        const auto queries = promptQueries(session_, controls_, instrument);
+        for (qsizetype i = 0; i < queries.size(); ++i)
+            refill(*queries[i].list, prompts[i]);
         saveCheckSum();
+        loaded = true;
     });
+    return loaded;
 }
 
-void FormCalParam::LoadPrompts() {
+QList<QStringList> FormCalParam::LoadPrompts(const QString& instrument) {
+    QList<QStringList> rows;
     Routine routine(session_, u"FormCalParam,LoadPrompts"_s);
     routine.run([&] {
-        const auto queries = promptQueries(session_, controls_, instrument_);
-        // Whatever fails, no list shows the messages of the instrument before.
-        for (const auto& query : queries)
-            query.list->clear();
-        for (const auto& [list, statement] : queries)
-            addResult(*list, routine, statement);
+        for (const auto& query : promptQueries(session_, controls_, instrument))
+            rows << columnValues(routine, query.statement);
     });
+    return rows;
 }
 
 void FormCalParam::ShowUnitTabs() {
@@ -156,15 +146,14 @@ double FormCalParam::Form_CheckSum() {
 
 bool FormCalParam::isChanged() {
     // Without a saved sum nothing was loaded that could be changed.
-    return Form_CheckSum() != savedCheckSum() && savedCheckSum() > 0;
+    return savedCheckSum() > 0 && EditorWindow::isChanged();
 }
 
 void FormCalParam::CommandSelect() {
     if (!mayDiscard(closeQuestion()))
         return;
     // Without an answer the current instrument is loaded again.
-    GetAsset();
-    LoadControls();
+    LoadControls(GetAsset().value_or(instrument_));
 }
 
 QString FormCalParam::strategy() const {
@@ -173,6 +162,34 @@ QString FormCalParam::strategy() const {
 
 void FormCalParam::addStrategy(const QString& name) {
     addRows(*controls_.ComboTSName, {name});
+}
+
+void FormCalParam::renameStrategy(const QString& from, const QString& to) {
+    auto& list = *controls_.ComboTSName;
+    const int row = list.findText(from);
+    if (row < 0)
+        return;
+    const bool changed = isChanged();
+    if (const int other = list.findText(to); other < 0) {
+        list.setItemText(row, to);
+    } else if (other != row) {
+        if (list.currentIndex() == row)
+            list.setCurrentIndex(other);
+        list.removeItem(row);
+    }
+    // The instrument that is stored has the new name, too.
+    if (changed)
+        markUnsaved();
+    else
+        saveCheckSum();
+}
+
+void FormCalParam::keyPressEvent(QKeyEvent* event) {
+    // The screen has no button that cancels: Escape closes it, and asks before changes go.
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        EditorWindow::keyPressEvent(event);
 }
 
 void FormCalParam::addMessage(const QString& name) {

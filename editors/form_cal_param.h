@@ -4,6 +4,8 @@
 #include "editors/open_cal_param.h"
 #include "ui/editor_window.h"
 
+#include <optional>
+
 namespace kelvane {
 
 struct CalParamFault;
@@ -21,12 +23,20 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
 
     QString strategy() const override;
     void addStrategy(const QString& name) override;
+    void renameStrategy(const QString& from, const QString& to) override;
     void addMessage(const QString& name) override;
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
-    bool GetAsset();
-    void LoadControls();
-    void LoadPrompts();
+    /// Asks for an instrument; nothing without an answer or when the database fails.
+    std::optional<QString> GetAsset();
+    /// Reads an instrument and shows it as the current one. When anything of it can't be read the screen
+    /// keeps all that it shows; then the result is false.
+    bool LoadControls(const QString& instrument);
+    /// The rows of the four lists of messages, in the order of `promptQueries`.
+    QList<QStringList> LoadPrompts(const QString& instrument);
     void ShowUnitTabs();
     double Form_CheckSum() override;
     bool isChanged() override;
@@ -38,6 +48,8 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void showFault(const CalParamFault& fault);
     void CommandSelect();
     void CommandClone();
+    /// What follows a save that failed.
+    void refuse(const Error& error);
     /// The title with the current instrument.
     void showInstrument();
 

@@ -4,7 +4,9 @@
 #include "editors/ask_instrument.h"
 #include "editors/cal_param_columns.h"
 #include "editors/cal_param_faults.h"
+#include "editors/cal_param_refusal.h"
 #include "editors/prompt_lists.h"
+#include "editors/refusal.h"
 #include "editors/statement_parts.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
@@ -50,18 +52,28 @@ void FormCalParam::connectSaving() {
 
 void FormCalParam::SaveData() {
     Routine routine(session_, u"FormCalParam,SaveData"_s);
-    routine.run([&] {
+    const auto save = [&] {
         if (const auto fault = firstFault(controls_)) {
             showFault(*fault);
             return;
         }
         makeAlternatingScalesPositive(controls_);
         const BusyPointer busy(session_.ui);
+        Transaction saving(session_);
         for (const auto& statement : savingStatements(session_, controls_, instrument_))
             routine.execute(statement);
+        saving.commit();
         showInstrument();
         saveCheckSum();
-    });
+    };
+    runSave(routine, save, [this](const Error& error) { refuse(error); });
+}
+
+void FormCalParam::refuse(const Error& error) {
+    if (saysMissing(error, "mtag"_L1))
+        session_.ui.messageBox(text(2070).arg(instrument_), text(112), box::warning);
+    else
+        goToRefused(controls_, instrument_, error);
 }
 
 void FormCalParam::showFault(const CalParamFault& fault) {

@@ -9,6 +9,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -63,6 +64,7 @@ FormPredefinedTasks::FormPredefinedTasks(Session& session)
     layOut();
     connectCommands();
     connectChanges();
+    setDefaultButton(CommandSave);
     setCancelButton(CommandCancel);
     LoadTasks();
     setFirstFocus(ComboTPName->isEnabled() ? static_cast<QWidget*>(ComboTPName) : CommandAddTP);
@@ -220,10 +222,16 @@ void FormPredefinedTasks::DisplayEdit() {
         LabelDefinition->setText(text(kind.entry));
         for (auto* one : std::initializer_list<QWidget*>{LabelDefinition, ComboSelectList})
             one->setAccessibleName(text(kind.entry));
-        // Return in the entry of the list adds to it; elsewhere it saves.
-        setDefaultButton(list ? CommandAdd : CommandSave);
-        (list ? CommandSave : CommandAdd)->setDefault(false);
     });
+}
+
+void FormPredefinedTasks::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // In the entry of the list Return adds to it; elsewhere it saves.
+    if (isReturn && TextListEnter->hasFocus())
+        CommandAdd->click();
+    else
+        EditorWindow::keyPressEvent(event);
 }
 
 void FormPredefinedTasks::EnableControls() {

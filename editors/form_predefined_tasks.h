@@ -23,6 +23,9 @@ class FormPredefinedTasks final : public EditorWindow {
   public:
     explicit FormPredefinedTasks(Session& session);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     /// What the buttons are for.
     enum class Editing { idle = 0, newPackage = 1 };
@@ -73,6 +76,9 @@ class FormPredefinedTasks final : public EditorWindow {
     TaskPackage package() const;
     QString value() const;
     void removeRows(Routine& routine);
+    /// Goes to the field that kept a save from being stored, where the error tells it; `row` is the
+    /// instrument of the list that was being stored, -1 for none.
+    void goToRefused(const Error& error, int row);
 
     void ComboTPName_Click();
     void CommandAddTP_Click();

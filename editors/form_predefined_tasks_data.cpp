@@ -6,6 +6,7 @@
 #include "data/small_routines.h"
 #include "editors/column_values.h"
 #include "editors/new_name.h"
+#include "editors/refusal.h"
 #include "platform/texts.h"
 #include "resources/strings.h"
 #include "ui/list_rows.h"
@@ -99,11 +100,10 @@ void FormPredefinedTasks::LoadPackage(const QString& name) {
     });
     if (!read)
         unread_ = true;
-    // The sum is taken under the former name: after the choice of another package the screen counts as
-    // changed until it is saved or cancelled.
+    // The sum is taken under the name that the screen now shows: a package is not changed by being chosen.
+    currentName_ = ComboTPName->currentText();
     saveCheckSum();
     SetButtons(Editing::idle);
-    currentName_ = ComboTPName->currentText();
 }
 
 void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
@@ -284,18 +284,44 @@ void FormPredefinedTasks::removeRows(Routine& guard) {
 void FormPredefinedTasks::CommandSave_Click() {
     if (!VerifyEntries())
         return;
-    routine(u"CommandSave", [this](Routine& guard) {
+    int row = -1;
+    Routine guard(session_, u"FormPredefinedTasks,CommandSave"_s);
+    const auto save = [&] {
         ModuleGlobals::ClearSystemTables(session_);
         const BusyPointer busy(session_.ui);
         const auto saved = package();
+        Transaction saving(session_);
         removeRows(guard);
         const auto tptag = ModuleGlobals::RandomString(session_, tagLength);
         guard.execute(packageInsert(session_, saved, tptag));
-        for (const auto& asset : saved.assets)
+        for (const auto& asset : saved.assets) {
+            ++row;
             guard.execute(assetInsert(session_, tptag, asset));
+        }
+        saving.commit();
         saveCheckSum();
         SetButtons(Editing::idle);
-    });
+    };
+    runSave(guard, save, [&](const Error& error) { goToRefused(error, row); });
+}
+
+void FormPredefinedTasks::goToRefused(const Error& error, int row) {
+    if (const auto* asset = ListAssets->item(row)) {
+        const bool missing = saysMissing(error, "mtag"_L1);
+        if (missing)
+            session_.ui.messageBox(text(2070).arg(asset->text()), text(610), box::warning);
+        if (missing || !sqlText(asset->text()).isIntact()) {
+            ListAssets->setCurrentRow(row);
+            ListAssets->setFocus();
+        }
+        return;
+    }
+    if (auto* field = refusedField(error, {{"notes"_L1, TextNotes},
+                                           {"task_sql"_L1, TextSQL},
+                                           {"segregate"_L1, ComboSelectList},
+                                           {"model"_L1, ComboSelectList},
+                                           {"description"_L1, ComboSelectList}}))
+        field->setFocus();
 }
 
 void FormPredefinedTasks::CommandRemoveTP_Click() {
@@ -307,7 +333,9 @@ void FormPredefinedTasks::CommandRemoveTP_Click() {
     routine(u"CommandRemoveTP", [this](Routine& guard) {
         {
             const BusyPointer busy(session_.ui);
+            Transaction removing(session_);
             removeRows(guard);
+            removing.commit();
         }
         LoadTasks();
     });

@@ -197,7 +197,7 @@ void FormStrategies::SetButtons(State state) {
 }
 
 void FormStrategies::LoadPreDefinedPoints() {
-    refill(*ListPoints, predefinedPoints(ComboPreDef->currentText()));
+    refill(*ListPoints, predefinedPoints(ComboPreDef->currentIndex()));
     enableSaving();
 }
 

@@ -56,6 +56,8 @@ class FormStrategies final : public EditorWindow {
     void comeBackTo(QPushButton* button);
     /// A point as it was typed, unless the user cancels.
     std::optional<QString> askPoint(int prompt, const QString& proposed);
+    /// Says that the strategy on the screen is not stored any more, and lets it be saved again.
+    void keepVanished();
     /// Puts a strategy that is not stored yet on the screen.
     void takeNew(const QString& name);
     void showStrategy(int row);

@@ -4,6 +4,7 @@
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "editors/new_name.h"
+#include "editors/refusal.h"
 #include "editors/statement_parts.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
@@ -83,17 +84,35 @@ void FormStrategies::CommandRename_Click() {
     SetButtons(State::renaming);
     const auto idle = qScopeGuard([this] { comeBackTo(CommandRename); });
     const auto name = ComboTSNames->currentText();
+    bool exists = true;
     Routine routine(session_, u"FormStrategies,CommandRename"_s);
     routine.run([&] {
         const auto newName = ask(1158, 1179, longestName, FieldKind::free, {});
         if (newName == cancelled)
             return;
         const BusyPointer busy(session_.ui);
-        for (const auto& table : {Sql(u"mt.hvm_kv_proc_points"), Sql(u"mt.hvm_kv_tag_config")})
-            routine.execute(u"update " + table + u" set tp_name = " + sqlText(SQLSafe(newName)) +
-                            u" where tp_name = " + sqlText(SQLSafe(name)) + u";commit");
+        const auto rename = [&](const Sql& table) {
+            return routine.execute(u"update " + table + u" set tp_name = " + sqlText(SQLSafe(newName)) +
+                                   u" where tp_name = " + sqlText(SQLSafe(name)) + u";commit");
+        };
+        Transaction renaming(session_);
+        exists = rename(u"mt.hvm_kv_proc_points") != 0;
+        rename(u"mt.hvm_kv_tag_config");
+        if (!exists)
+            return;
+        renaming.commit();
+        if (auto* calParam = findCalParam_())
+            calParam->renameStrategy(name, newName);
         LoadStrategyList(newName);
     });
+    if (!exists)
+        keepVanished();
+}
+
+void FormStrategies::keepVanished() {
+    markUnsaved();
+    session_.ui.messageBox(text(2072), text(101), box::warning);
+    enableSaving();
 }
 
 void FormStrategies::CommandDeleteTS_Click() {
@@ -121,22 +140,35 @@ void FormStrategies::CommandDeleteTS_Click() {
 }
 
 void FormStrategies::CommandSave_Click() {
+    const auto name = ComboTSNames->currentText();
+    const auto points = rowsOf(*ListPoints);
+    int sequence = 0;
     Routine routine(session_, u"FormStrategies,CommandSave"_s);
-    routine.run([&] {
+    const auto save = [&] {
         // The name goes into the statements as it stands: one with a quote fails and is reported.
-        const auto name = ComboTSNames->currentText();
         const auto stored = sqlText(name);
+        Transaction saving(session_);
         if (routine.hasRow(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = " + stored))
             routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = " + stored + u";commit");
-        int sequence = 0;
-        for (const auto& point : rowsOf(*ListPoints))
+        for (; sequence < points.size(); ++sequence)
             routine.execute(
                 u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values (" +
-                commaJoined({stored, sqlText(plainText(sequence++)), sqlText(point)}) + u");commit");
-        LoadStrategyList(name);
-        SetButtons(State::idle);
-        CommandCancel->setEnabled(false);
-    });
+                commaJoined({stored, sqlText(plainText(sequence)), sqlText(points[sequence])}) + u");commit");
+        saving.commit();
+    };
+    const auto refused = [&](const Error& error) {
+        if (!namesColumn(error, "test_point_pct"_L1))
+            return;
+        ListPoints->setCurrentRow(sequence);
+        ListPoints->setFocus();
+    };
+    if (!runSave(routine, save, refused))
+        return;
+    // What is stored stands on the screen, even when it can't be read back.
+    if (!LoadStrategyList(name))
+        saveCheckSum();
+    SetButtons(State::idle);
+    CommandCancel->setEnabled(false);
 }
 
 void FormStrategies::CommandCancel_Click() {

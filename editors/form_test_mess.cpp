@@ -4,6 +4,7 @@
 #include "data/small_routines.h"
 #include "editors/column_values.h"
 #include "editors/new_name.h"
+#include "editors/refusal.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/text_box.h"
@@ -171,17 +172,42 @@ void FormTestMess::showNew(const QString& name) {
 }
 
 void FormTestMess::CommandSave_Click() {
+    bool exists = true;
     Routine routine(session_, u"FormTestMess,CommandSave"_s);
-    routine.run([&] {
+    const auto save = [&] {
         const BusyPointer busy(session_.ui);
         const auto prompt = TextMessage->text();
+        Transaction saving(session_);
         // The name goes in as it stands.
-        routine.execute(u"update mt.hvm_kv_prompts set prompt = " +
-                        (prompt.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(prompt))) + u" where pname = " +
-                        sqlText(ComboMessageName->currentText()) + u";commit");
+        exists =
+            routine.execute(u"update mt.hvm_kv_prompts set prompt = " +
+                            (prompt.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(prompt))) +
+                            u" where pname = " + sqlText(ComboMessageName->currentText()) + u";commit") != 0;
+        if (!exists)
+            return;
+        saving.commit();
         saveCheckSum();
         CommandCancel->setEnabled(false);
-    });
+    };
+    if (runSave(routine, save, [this](const Error& error) { refuse(error); }) && !exists)
+        keepVanished();
+}
+
+void FormTestMess::refuse(const Error& error) {
+    auto* field = refusedField(error, {{"prompt"_L1, TextMessage}, {"pname"_L1, ComboMessageName}});
+    if (!sqlText(ComboMessageName->currentText()).isIntact())
+        field = ComboMessageName;
+    if (!field)
+        return;
+    // The program's own step into the text is no return to a text that was left behind.
+    const Loading loading(*this);
+    field->setFocus();
+}
+
+void FormTestMess::keepVanished() {
+    markUnsaved();
+    CommandCancel->setEnabled(true);
+    session_.ui.messageBox(text(2071), text(116), box::warning);
 }
 
 bool FormTestMess::mayDelete() {

@@ -35,6 +35,10 @@ class FormTestMess final : public EditorWindow {
     void CommandCancel_Click();
     void showNew(const QString& name);
     bool mayDelete();
+    /// Goes to the field that kept a save from being stored, where the error tells it.
+    void refuse(const Error& error);
+    /// Says that the message on the screen does not exist any more; its text stays.
+    void keepVanished();
 
     FindCalParam findCalParam_;
     /// The message that the screen shows.

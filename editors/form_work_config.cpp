@@ -2,6 +2,7 @@
 
 #include "data/routine.h"
 #include "data/small_routines.h"
+#include "editors/refusal.h"
 #include "platform/numbers.h"
 #include "platform/texts.h"
 #include "ui/arrow_button.h"
@@ -13,6 +14,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +32,8 @@ const Sql fromDictionary =
 // What a list shows at least.
 constexpr int shownLetters = 25;
 constexpr int shownRows = 8;
+// Beyond this width a list scrolls: both fit into the main window as it opens.
+constexpr int greatestListWidth = 300;
 
 QCheckBox* checkBox(const QString& name, int caption, int toolTip) {
     auto* made = named(new QCheckBox, name, text(caption), toolTip);
@@ -40,7 +44,6 @@ QCheckBox* checkBox(const QString& name, int caption, int toolTip) {
 /// A list that takes what room the frame around it has.
 QListWidget* fieldList(const QString& name, int caption, int toolTip) {
     auto* made = named(new QListWidget, name, text(caption), toolTip);
-    made->setUniformItemSizes(true);
     made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return made;
 }
@@ -62,6 +65,11 @@ QStringList fieldRows(Routine& routine, const Sql& query) {
         rows << u'C' + number + u" : "_s + fields->value(1).value_or(QString());
     }
     return rows;
+}
+
+/// The number that a row begins with, as it is stored.
+Sql fieldNumber(const QString& row) {
+    return sqlText(row.mid(1, 4));
 }
 
 bool isYes(const std::optional<QString>& value) {
@@ -188,6 +196,7 @@ void FormWorkConfig::LoadLists() {
 
         refill(*ListAvail, available);
         refill(*ListRequest, requested);
+        widenLists();
         CheckOOC->setChecked(overdue);
         CheckTrace->setChecked(poorTrace);
         saveCheckSum();
@@ -195,15 +204,27 @@ void FormWorkConfig::LoadLists() {
     });
 }
 
+void FormWorkConfig::widenLists() {
+    int widest = 0;
+    for (const auto* list : {ListAvail, ListRequest})
+        widest = qMax(widest, list->sizeHintForColumn(0) + 2 * list->frameWidth() +
+                                  list->verticalScrollBar()->sizeHint().width());
+    for (auto* list : {ListAvail, ListRequest})
+        list->setMinimumWidth(qMin(widest, greatestListWidth));
+}
+
 void FormWorkConfig::CommandSave_Click() {
+    const auto requested = rowsOf(*ListRequest);
+    int sequence = 0;
     Routine routine(session_, u"FormWorkConfig,CommandSave"_s);
-    routine.run([&] {
+    const auto save = [&] {
         const BusyPointer busy(session_.ui);
+        Transaction saving(session_);
         routine.execute(u"delete from mt.hvm_kv_worksheetfields;commit");
-        int sequence = 0;
-        for (const auto& row : rowsOf(*ListRequest))
+        for (; sequence < requested.size(); ++sequence)
             routine.execute(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values (" +
-                            sqlText(row.mid(1, 4)) + u"," + sqlText(plainText(sequence++)) + u");commit");
+                            fieldNumber(requested[sequence]) + u"," + sqlText(plainText(sequence)) +
+                            u");commit");
         if (!routine.hasRow(u"select allow_ooc_stds from mt.hvm_kv_sysconfig"))
             routine.execute(u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values "
                             "('N','N');commit");
@@ -213,8 +234,23 @@ void FormWorkConfig::CommandSave_Click() {
         };
         store(u"allow_ooc_stds", CheckOOC);
         store(u"allow_poor_trace_stds", CheckTrace);
+        saving.commit();
         saveCheckSum();
-    });
+    };
+    runSave(routine, save, [&](const Error& error) { refuse(error, sequence); });
+}
+
+void FormWorkConfig::refuse(const Error& error, int row) {
+    const auto* field = ListRequest->item(row);
+    const bool isField = field && (namesColumn(error, "fldnum"_L1) || !fieldNumber(field->text()).isIntact());
+    if (isField) {
+        ListRequest->setCurrentRow(row);
+        ListRequest->setFocus();
+        return;
+    }
+    if (auto* box =
+            refusedField(error, {{"allow_ooc_stds"_L1, CheckOOC}, {"allow_poor_trace_stds"_L1, CheckTrace}}))
+        box->setFocus();
 }
 
 void FormWorkConfig::CommandCancel_Click() {

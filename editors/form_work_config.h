@@ -22,8 +22,13 @@ class FormWorkConfig final : public EditorWindow {
     void connectCommands();
     /// Fills both lists and both boxes. When the database fails, the screen keeps what it shows.
     void LoadLists();
+    /// Makes both lists as wide as the longest row, which may come to stand in either.
+    void widenLists();
     /// The counterpart of `LoadLists`: replaces what is stored.
     void CommandSave_Click();
+    /// Goes to the field that kept a save from being stored, where the error tells it; `row` is the requested
+    /// field that was being stored.
+    void refuse(const Error& error, int row);
     void CommandCancel_Click();
     double Form_CheckSum() override;
 

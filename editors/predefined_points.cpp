@@ -40,12 +40,10 @@ QStringList predefinedRows() {
     return rows;
 }
 
-QStringList predefinedPoints(const QString& row) {
-    for (const auto& one : table) {
-        if (row == text(one.text))
-            return one.points.toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    }
-    return {};
+QStringList predefinedPoints(int row) {
+    if (row < 0 || row >= static_cast<int>(std::size(table)))
+        return {};
+    return table[row].points.toString().split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 } // namespace kelvane

@@ -11,6 +11,28 @@ bool EditorWindow::confirms(const Question& question) {
            BoxAnswer::yes;
 }
 
+void EditorWindow::saveCheckSum() {
+    savedCheckSum_ = Form_CheckSum();
+    unsaved_ = false;
+}
+
+bool EditorWindow::runSave(Routine& routine, const std::function<void()>& save,
+                           const std::function<void(const Error&)>& refused) {
+    std::optional<Error> failure;
+    const bool saved = routine.run([&] {
+        try {
+            save();
+        } catch (const Error& error) {
+            failure = error;
+            markUnsaved();
+            throw;
+        }
+    });
+    if (failure)
+        refused(*failure);
+    return saved;
+}
+
 void EditorWindow::run(const std::function<void()>& command) {
     if (running_)
         return;

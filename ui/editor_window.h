@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/routine.h"
 #include "ui/child_window.h"
 #include "ui/guarded.h"
 
@@ -40,9 +41,11 @@ class EditorWindow : public ChildWindow {
     /// The sum of what stands on the screen.
     virtual double Form_CheckSum() = 0;
     /// Takes what stands on the screen as saved.
-    void saveCheckSum() { savedCheckSum_ = Form_CheckSum(); }
+    void saveCheckSum();
     double savedCheckSum() const { return savedCheckSum_; }
-    virtual bool isChanged() { return Form_CheckSum() != savedCheckSum_; }
+    virtual bool isChanged() { return unsaved_ || Form_CheckSum() != savedCheckSum_; }
+    /// From now on the screen counts as changed, whatever its sum, until the next `saveCheckSum`.
+    void markUnsaved() { unsaved_ = true; }
     bool isLoading() const { return loading_; }
 
     /// True when the answer is Yes.
@@ -58,6 +61,10 @@ class EditorWindow : public ChildWindow {
     void onCommand(Sender* sender, Signal signal, const std::function<void()>& command) {
         onSignal(sender, signal, this, session_.ui, [this, command] { run(command); });
     }
+    /// Runs a save under the guard of its routine; false when it failed. The screen counts as changed then,
+    /// and `refused` learns of the error once it has been reported.
+    bool runSave(Routine& routine, const std::function<void()>& save,
+                 const std::function<void(const Error&)>& refused);
     void onClick(QPushButton* button, const std::function<void()>& command);
 
     /// What is asked when the window is closed with unsaved changes.
@@ -66,6 +73,7 @@ class EditorWindow : public ChildWindow {
 
   private:
     double savedCheckSum_ = 0;
+    bool unsaved_ = false;
     bool loading_ = false;
     bool running_ = false;
 };

@@ -7,6 +7,7 @@
 #include "data/small_routines.h"
 #include "data/standards.h"
 #include "drivers/asset_entries.h"
+#include "drivers/calibrator_names.h"
 #include "platform/texts.h"
 #include "resources/strings.h"
 
@@ -26,7 +27,7 @@ bool same(QStringView left, QStringView right) {
 }
 
 bool isTorqueStar(const DownloadListScreen& screen) {
-    return screen.calibrator() == text(351);
+    return screen.calibrator() == calibratorName::torqueStar;
 }
 
 bool isListed(const DownloadListScreen& screen, const QString& asset) {

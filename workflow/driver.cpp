@@ -1,8 +1,11 @@
 #include "workflow/driver.h"
 
 #include "data/custom_dialog.h"
+#include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
 #include "resources/strings.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -11,51 +14,74 @@ namespace kelvane {
 using namespace Module702Interface;
 using namespace ModuleTSInterface;
 
+namespace {
+
+struct Named {
+    const QString& name;
+    int caption;
+};
+
+/// The calibrators in the order in which they are offered.
+const Named offered[] = {
+    {calibratorName::torqueStar, 351}, {calibratorName::fluke702, 350}, {calibratorName::fluke74x, 567}};
+
+} // namespace
+
+QString calibratorCaption(const QString& name) {
+    const auto* found =
+        std::ranges::find_if(offered, [&](const Named& calibrator) { return calibrator.name == name; });
+    return found == std::end(offered) ? name : text(found->caption);
+}
+
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered) {
     session.SharedValueList.erase();
     int row = 1;
-    for (const int name : {351, 350, 567})
-        session.SharedValueList[row++] = text(name);
+    for (const auto& calibrator : offered)
+        session.SharedValueList[row++] = text(calibrator.caption);
+    const auto proposed = ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered);
     const auto answer =
-        ModuleGlobals::CustomDialog(session, title, text(353), true, 1, 30, 0,
-                                    ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered));
-    return answer == cancelled ? QString() : answer;
+        ModuleGlobals::CustomDialog(session, title, text(353), true, 1, 30, 0, calibratorCaption(proposed));
+    if (answer == cancelled)
+        return {};
+    const auto* chosen =
+        std::ranges::find(offered, answer, [](const Named& calibrator) { return text(calibrator.caption); });
+    return chosen == std::end(offered) ? answer : chosen->name;
 }
 
 QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator, const QString& asset) {
-    if (calibrator == text(350))
+    if (calibrator == calibratorName::fluke702)
         return Fluke702_acceptable(calibrators.fluke702, asset);
-    if (calibrator == text(351))
+    if (calibrator == calibratorName::torqueStar)
         return TorqueStar_acceptable(calibrators.torqueStar, asset);
-    if (calibrator == text(567))
+    if (calibrator == calibratorName::fluke74x)
         return text(1063);
     return {};
 }
 
 bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibrator, const QString& asset) {
-    if (calibrator == text(350))
+    if (calibrator == calibratorName::fluke702)
         return Fluke702_requires_standard(calibrators.fluke702, asset);
-    if (calibrator == text(351))
+    if (calibrator == calibratorName::torqueStar)
         return TorqueStar_requires_standard(calibrators.torqueStar, asset);
     return false;
 }
 
 QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, const QString& tag) {
-    if (calibrator == text(350))
+    if (calibrator == calibratorName::fluke702)
         return Fluke702_download(calibrators.fluke702, tag);
-    if (calibrator == text(351))
+    if (calibrator == calibratorName::torqueStar)
         return TorqueStar_download(calibrators.torqueStar, tag);
-    if (calibrator == text(567))
+    if (calibrator == calibratorName::fluke74x)
         return text(1063);
     return {};
 }
 
 QString calibratorUpload(Calibrators& calibrators, const QString& calibrator) {
-    if (calibrator == text(350))
+    if (calibrator == calibratorName::fluke702)
         return Fluke702_upload(calibrators.fluke702);
-    if (calibrator == text(351))
+    if (calibrator == calibratorName::torqueStar)
         return TorqueStar_upload(calibrators.torqueStar);
-    if (calibrator == text(567))
+    if (calibrator == calibratorName::fluke74x)
         return text(1063);
     return {};
 }

@@ -5,14 +5,17 @@
 
 namespace kelvane {
 
-/// The calibrators of the program, by their names (strings 350, 351, 567). A driver is chosen by comparing
-/// the name, in the order Fluke 702, Crane TorqueStar IVc, Fluke 743/744; a name that matches none leaves the
+/// The calibrators of the program, by their names (`calibratorName`). A driver is chosen by comparing the
+/// name, in the order Fluke 702, Crane TorqueStar IVc, Fluke 743/744; a name that matches none leaves the
 /// result empty or false.
 struct Calibrators {
     Session& session;
     TorqueStar torqueStar;
     Fluke702 fluke702;
 };
+
+/// What a user reads for a calibrator; a name that is none stands for itself.
+QString calibratorCaption(const QString& name);
 
 /// Asks which calibrator is meant, in a dialog of that title; the name chosen last time, kept in section
 /// "Defaults" under the key `remembered`, is proposed. Empty when the operator gave up.

@@ -1,8 +1,10 @@
 #include "workflow/form_cal_config.h"
 
+#include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "workflow/driver.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,13 +15,33 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+namespace {
+
+/// What the settings hold for a row: its word of the program where it has one, its text otherwise.
+QString storedWord(const QComboBox& list, int row) {
+    const auto word = list.itemData(row);
+    return word.isValid() ? word.toString() : list.itemText(row);
+}
+
+/// Selects the row of a stored word; one that has no row leaves the selection as it is.
+void select(QComboBox& list, const QString& word) {
+    for (int row = 0; row < list.count(); ++row) {
+        if (storedWord(list, row) == word) {
+            list.setCurrentIndex(row);
+            return;
+        }
+    }
+}
+
+} // namespace
+
 FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     : ChildWindow(session, ChildForm::FormCalConfig, u"FormCalConfig"_s, {.width = 6000, .height = 3600}),
-      ComboCalibrator(dropDown(u"ComboCalibrator"_s, text(370), 430, {text(567), text(350), text(351)})),
+      ComboCalibrator(dropDown(u"ComboCalibrator"_s, text(370), 430)),
       ComboPort(dropDown(u"ComboPort"_s, text(373), 431, {u"COM1"_s, u"COM2"_s, u"COM3"_s, u"COM4"_s})),
       ComboBaudRate(dropDown(u"ComboBaudRate"_s, text(318), 432,
                              {u"300"_s, u"600"_s, u"1200"_s, u"2400"_s, u"4800"_s, u"9600"_s, u"19200"_s})),
-      ComboParity(dropDown(u"ComboParity"_s, text(326), 433, {text(327), text(328), text(329)})),
+      ComboParity(dropDown(u"ComboParity"_s, text(326), 433)),
       ComboDataBits(dropDown(u"ComboDataBits"_s, text(336), 434, {u"8"_s, u"7"_s})),
       ComboStopBits(dropDown(u"ComboStopBits"_s, text(319), 435, {u"1"_s, u"2"_s})) {
     setWindowTitle(text(109));
@@ -27,9 +49,13 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     setFirstFocus(ComboCalibrator);
 
     ComboBaudRate->setCurrentText(u"9600"_s);
-    ComboParity->setCurrentText(text(329));
-    if (const int row = ComboCalibrator->findText(calibrator); row >= 0)
-        ComboCalibrator->setCurrentIndex(row);
+    for (const auto& name : {calibratorName::fluke74x, calibratorName::fluke702, calibratorName::torqueStar})
+        ComboCalibrator->addItem(calibratorCaption(name), name);
+    ComboParity->addItem(text(327), parityWord::even);
+    ComboParity->addItem(text(328), parityWord::odd);
+    ComboParity->addItem(text(329), parityWord::none);
+    select(*ComboParity, parityWord::none);
+    select(*ComboCalibrator, calibrator);
     showStored();
 
     // What the program itself selects is no change of the user's and stores nothing.
@@ -86,22 +112,20 @@ void FormCalConfig::layOut() {
 }
 
 void FormCalConfig::showStored() {
-    const auto calibrator = ComboCalibrator->currentText();
-    const bool wholeLine = calibrator == text(351);
+    const auto calibrator = storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
+    const bool wholeLine = calibrator == calibratorName::torqueStar;
     for (auto* list : {ComboParity, ComboStopBits, ComboDataBits})
         list->setEnabled(wholeLine);
     for (const auto& setting : settings()) {
-        const auto stored = ModuleGlobals::GetRegSetting(session_, calibrator, setting.key.toString());
-        if (const int row = setting.list->findText(stored, Qt::MatchFixedString | Qt::MatchCaseSensitive);
-            row >= 0)
-            setting.list->setCurrentIndex(row);
+        select(*setting.list, ModuleGlobals::GetRegSetting(session_, calibrator, setting.key.toString()));
     }
 }
 
 void FormCalConfig::save() {
+    const auto calibrator = storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
     for (const auto& setting : settings())
-        ModuleGlobals::SaveRegSetting(session_, ComboCalibrator->currentText(), setting.key.toString(),
-                                      setting.list->currentText());
+        ModuleGlobals::SaveRegSetting(session_, calibrator, setting.key.toString(),
+                                      storedWord(*setting.list, setting.list->currentIndex()));
 }
 
 } // namespace kelvane

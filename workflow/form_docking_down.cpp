@@ -103,11 +103,12 @@ bool FormDockingDown::mayClose() {
 }
 
 QString FormDockingDown::calibrator() const {
-    return SSPanelCalibrator->text();
+    return calibrator_;
 }
 
 void FormDockingDown::takeCalibrator(const QString& name) {
-    SSPanelCalibrator->setText(name);
+    calibrator_ = name;
+    SSPanelCalibrator->setText(calibratorCaption(name));
     focusEntry();
 }
 

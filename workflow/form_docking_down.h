@@ -42,6 +42,7 @@ class FormDockingDown final : public ChildWindow, private DownloadListScreen {
     void closeScreen() override { unload(); }
 
     Calibrators& calibrators_;
+    QString calibrator_;
     QLabel* SSPanelCalibrator;
     QLineEdit* TextAdd;
     QPushButton* CommandAdd;

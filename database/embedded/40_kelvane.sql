@@ -1,5 +1,6 @@
 -- mt.db: the workstation's own tables. They are read as text throughout; numbers stand in numeric columns all the
--- same, so that they sort and compare as numbers and a slip is refused. Timestamps are 'YYYY-MM-DD HH:MM:SS'.
+-- same, so that they sort and compare as numbers and a slip is refused. A key is never null: a row of an instrument
+-- that is not there would belong to nobody. Timestamps are 'YYYY-MM-DD HH:MM:SS'.
 
 -- Test strategies, one row for each point. A renamed strategy may join another one: no key over the sequence.
 create table if not exists hvm_kv_proc_points (
@@ -12,7 +13,7 @@ create index if not exists hvm_kv_proc_points_order on hvm_kv_proc_points (tp_na
 
 -- Calibration parameters, one row for each instrument.
 create table if not exists hvm_kv_tag_config (
-    mtag                      text unique,
+    mtag                      text not null unique,
     resolution                real,
     input_type                text,
     output_type               text,
@@ -64,15 +65,15 @@ create index if not exists hvm_kv_tag_config_strategy on hvm_kv_tag_config (tp_n
 
 -- Test messages, and which instrument shows which.
 create table if not exists hvm_kv_prompts (
-    pname  text primary key,
+    pname  text not null primary key,
     prompt text
 ) strict;
 
 create table if not exists hvm_kv_proc_prompts (
-    mtag        text,
-    prompt_type text,                                 -- PRE before the test, PST after it
-    prompt_seq  integer,
-    pname       text
+    mtag        text not null,
+    prompt_type text not null,                        -- PRE before the test, PST after it
+    prompt_seq  integer not null,
+    pname       text not null
 ) strict;
 
 create index if not exists hvm_kv_proc_prompts_asset on hvm_kv_proc_prompts (mtag, prompt_type, prompt_seq);
@@ -80,7 +81,7 @@ create index if not exists hvm_kv_proc_prompts_name on hvm_kv_proc_prompts (pnam
 
 -- Task packages: by definition (PDEF) or made for one print or download (WSHT).
 create table if not exists hvm_kv_task_packages (
-    taskname      text,
+    taskname      text not null,
     tptype        text,
     mtuser        text,
     created_on    text check (created_on is datetime(created_on, '+0 days')),
@@ -96,8 +97,8 @@ create table if not exists hvm_kv_task_packages (
 create index if not exists hvm_kv_task_packages_name on hvm_kv_task_packages (taskname);
 
 create table if not exists hvm_kv_task_assets (
-    tptag text,
-    mtag  text
+    tptag text not null,
+    mtag  text not null
 ) strict;
 
 create index if not exists hvm_kv_task_assets_package on hvm_kv_task_assets (tptag, mtag);
@@ -131,8 +132,8 @@ create index if not exists hvm_kv_last_standards_used_asset on hvm_kv_last_stand
 
 -- Fields that the making of a calibration record asks for.
 create table if not exists hvm_kv_worksheetfields (
-    fldnum   text,
-    sequence integer
+    fldnum   text not null,
+    sequence integer not null
 ) strict;
 
 -- One row of switches, Y or N: may an overdue standard, or one of too low a trace level, be used all the same?

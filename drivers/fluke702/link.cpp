@@ -3,6 +3,7 @@
 #include "data/assets.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
+#include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
@@ -67,7 +68,7 @@ class Contact {
     bool done(Dpclnk::Status status);
     void advance();
     QString setting(const QString& key) const {
-        return ModuleGlobals::GetRegSetting(session_, text(350), key);
+        return ModuleGlobals::GetRegSetting(session_, calibratorName::fluke702, key);
     }
 
     Fluke702& driver_;

@@ -1,6 +1,7 @@
 #include "drivers/torquestar/protocol.h"
 
 #include "data/routine.h"
+#include "drivers/calibrator_names.h"
 #include "drivers/torquestar/control_characters.h"
 #include "platform/error_report.h"
 #include "platform/numbers.h"
@@ -105,18 +106,18 @@ Exchange::Step Exchange::take(Step step) {
 }
 
 QString parityLetter(const QString& word) {
-    if (word == text(327))
+    if (word == parityWord::even)
         return u"E"_s;
-    if (word == text(328))
+    if (word == parityWord::odd)
         return u"O"_s;
-    if (word == text(329))
+    if (word == parityWord::none)
         return u"N"_s;
     return {};
 }
 
 void Exchange::configure() {
     const auto setting = [this](const QString& key) {
-        return ModuleGlobals::GetRegSetting(driver_.session, text(351), key);
+        return ModuleGlobals::GetRegSetting(driver_.session, calibratorName::torqueStar, key);
     };
     const auto baud = setting(u"BaudRate"_s);
     if (baud.isEmpty()) {

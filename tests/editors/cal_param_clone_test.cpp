@@ -60,12 +60,12 @@ TEST_F(CalParamClone, ThatIsCancelledDoesNothing) {
 TEST_F(CalParamClone, AsksAgainForAnUnknownInstrumentUntilItIsCancelled) {
     expectQuestion(u"NONE"_s);
     expectUnknown(BoxAnswer::retry);
-    expectQuestion(u"NO'NE"_s);
+    expectQuestion(u"NO''NE"_s);
     expectUnknown(BoxAnswer::cancel);
     clone();
     EXPECT_TRUE(ui.allCame());
     // As it was typed, quotes and all.
-    EXPECT_EQ(script.statements, (QStringList{selectKey(u"NONE"_s), selectKey(u"NO'NE"_s)}));
+    EXPECT_EQ(script.statements, (QStringList{selectKey(u"NONE"_s), selectKey(u"NO''NE"_s)}));
 }
 
 TEST_F(CalParamClone, AsksBeforeItOverwrites) {

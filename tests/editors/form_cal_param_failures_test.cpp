@@ -8,93 +8,174 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-TEST_F(FormCalParamTest, ANullBeforeTheKeyIsReportedAndTheScreenKeepsWhatItShows) {
-    store(storedRow({{5, std::nullopt}}));
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"0.0"_s);
-    EXPECT_EQ(shown(u"ListPreDisplay"_s), u"B,D"_s);
-    EXPECT_TRUE(flag());
-}
+namespace {
 
-TEST_F(FormCalParamTest, ANullBehindTheKeyIsReportedAndWhatWasReadIsShown) {
-    store(storedRow({{37, std::nullopt}}));
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"-15.5"_s);
-    EXPECT_EQ(shown(u"TextThresholdOut"_s), u"0"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), QString());
-}
+const Error noTable{208, u"no such table"_s};
 
-TEST_F(FormCalParamTest, WithoutASavedSumNoChangeIsAskedAbout) {
-    script.failures.insert(selectStrategies(), Error{208, u"no such table"_s});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectReport(208, u"FormCalParam,LoadControls"_s);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_TRUE(flag());
-    type(u"TextInputHigh"_s, u"250"_s);
-    // Neither by Select ...
-    select(u"PT-2"_s, [this] { person.expectReport(208, u"FormCalParam,LoadControls"_s); });
-    // ... nor at the end.
-    form().close();
-    EXPECT_FALSE(isOpen());
-}
+} // namespace
 
-TEST_F(FormCalParamTest, AReportThatCanNotBeWrittenLeavesItOpenWithItsInstrument) {
-    QDir().mkdir(u"errors.log"_s);
-    script.failures.insert(selectStrategies(), Error{208, u"no such table"_s});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectBox(
-        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
-        "that the folder can be written to and that the disk is not full."_s,
-        u"Kelvane"_s, box::stop);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_TRUE(isOpen());
-    EXPECT_TRUE(flag());
-    EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
-    script.failures.clear();
-    select(u"PT-1"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"-15.5"_s);
-}
-
-TEST_F(FormCalParamTest, AnErrorInEachStatementIsReportedAndTheOthersGoOn) {
-    const struct {
+/// The statements that load an instrument, failing one by one.
+class HalfLoad : public FormCalParamTest {
+  protected:
+    struct Step {
         QString statement;
         QString routine;
-        /// What is run nevertheless.
-        QStringList statements;
-    } rows[] = {
-        {selectStrategies(), u"FormCalParam,LoadControls"_s, loading(u"PT-1"_s).mid(0, 1)},
-        {calParamsStatement(u"MT"_s, u"PT-1"_s), u"ModuleGlobals,GetCalParams"_s, loading(u"PT-1"_s)},
-        {selectAvailable(u"PRE"_s, u"PT-1"_s), u"FormCalParam,LoadPrompts"_s, loading(u"PT-1"_s).mid(0, 3)},
-        {selectAvailable(u"PST"_s, u"PT-1"_s), u"FormCalParam,LoadPrompts"_s, loading(u"PT-1"_s).mid(0, 4)},
-        {selectDisplayed(u"PRE"_s, u"PT-1"_s), u"FormCalParam,LoadPrompts"_s, loading(u"PT-1"_s).mid(0, 5)},
-        {selectDisplayed(u"PST"_s, u"PT-1"_s), u"FormCalParam,LoadPrompts"_s, loading(u"PT-1"_s)},
+        /// How many of the loading statements run nevertheless.
+        int statements;
     };
-    open(u"PT-2"_s);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.statement.toStdString());
-        script.failures.insert(row.statement, Error{208, u"no such table"_s});
+    static QList<Step> stepsOf(const QString& asset) {
+        const auto statements = loading(asset);
+        return {{statements[0], u"FormCalParam,LoadControls"_s, 1},
+                {statements[1], u"ModuleGlobals,GetCalParams"_s, 6},
+                {statements[2], u"FormCalParam,LoadPrompts"_s, 3},
+                {statements[3], u"FormCalParam,LoadPrompts"_s, 4},
+                {statements[4], u"FormCalParam,LoadPrompts"_s, 5},
+                {statements[5], u"FormCalParam,LoadPrompts"_s, 6}};
+    }
+    /// All that the screen shows, its title and the rows of its strategies among it.
+    QStringList whole() {
+        QStringList all = allShown(form()) << form().windowTitle();
+        auto& strategies = control<QComboBox>(form(), u"ComboTSName"_s);
+        for (int row = 0; row < strategies.count(); ++row)
+            all << strategies.itemText(row);
+        return all;
+    }
+    /// The instrument whose parameters the next save deletes.
+    QString saved() {
         script.statements.clear();
-        select(u"PT-1"_s, [&] { person.expectReport(208, row.routine); });
-        EXPECT_EQ(script.statements.mid(1), row.statements);
-        EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
+        press(u"CommandSave"_s);
+        const auto first = script.statements.value(0);
+        return first.mid(first.indexOf(u"i4201 = '"_s) + 9, 4);
+    }
+};
+
+TEST_F(HalfLoad, AtTheFirstOpeningClosesTheScreen) {
+    for (const auto& step : stepsOf(u"PT-1"_s)) {
+        SCOPED_TRACE(step.statement.toStdString());
+        script.statements.clear();
+        script.failures = {{step.statement, noTable}};
+        person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+        person.expectReport(208, step.routine);
+        choose(u"mnuCalParameters"_s);
+        EXPECT_FALSE(isOpen());
+        EXPECT_FALSE(flag());
+        EXPECT_EQ(script.statements.mid(2), loading(u"PT-1"_s).mid(0, step.statements));
         EXPECT_FALSE(QApplication::overrideCursor());
-        script.failures.clear();
-        select(u"PT-2"_s);
     }
     EXPECT_TRUE(folder.read(u"errors.log"_s).contains(selectDisplayed(u"PST"_s, u"PT-1"_s)));
 }
 
-TEST_F(FormCalParamTest, AConnectionLostInAnyStatementKeepsTheScreenAndWhatIsTyped) {
+TEST_F(HalfLoad, OfAnotherInstrumentLeavesTheScreenExactlyAsItWas) {
+    open(u"PT-1"_s);
+    const auto before = whole();
+    for (const auto& step : stepsOf(u"PT-2"_s)) {
+        SCOPED_TRACE(step.statement.toStdString());
+        script.statements.clear();
+        script.failures = {{step.statement, noTable}};
+        select(u"PT-2"_s, [&] { person.expectReport(208, step.routine); });
+        EXPECT_EQ(script.statements.mid(1), loading(u"PT-2"_s).mid(0, step.statements));
+        EXPECT_EQ(whole(), before);
+        EXPECT_FALSE(QApplication::overrideCursor());
+    }
+    script.failures.clear();
+    // What a save stores is the instrument that the screen shows.
+    EXPECT_EQ(saved(), u"PT-1"_s);
+    form().close();
+    EXPECT_FALSE(isOpen()) << "nothing was changed";
+}
+
+TEST_F(HalfLoad, KeepsWhatWasTypedAndThatItIsChanged) {
+    open(u"PT-1"_s);
+    type(u"TextThresholdOut"_s, u"12.5"_s);
+    const auto before = whole();
+    for (const auto& step : stepsOf(u"PT-2"_s)) {
+        SCOPED_TRACE(step.statement.toStdString());
+        script.failures = {{step.statement, noTable}};
+        expectDiscard(BoxAnswer::yes);
+        select(u"PT-2"_s, [&] { person.expectReport(208, step.routine); });
+        EXPECT_EQ(whole(), before);
+        expectDiscard(BoxAnswer::no);
+        form().close();
+        EXPECT_TRUE(isOpen());
+    }
+}
+
+TEST_F(HalfLoad, OfTheCurrentInstrumentKeepsItsEdits) {
+    open(u"PT-1"_s);
+    type(u"TextThresholdOut"_s, u"12.5"_s);
+    script.failures = {{selectDisplayed(u"PRE"_s, u"PT-1"_s), noTable}};
+    expectDiscard(BoxAnswer::yes);
+    expectCancel();
+    person.expectReport(208, u"FormCalParam,LoadPrompts"_s);
+    press(u"CommandSelect"_s);
+    EXPECT_EQ(shown(u"TextThresholdOut"_s), u"12.5"_s);
+    EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
+}
+
+TEST_F(HalfLoad, ByANullInTheRecordShowsNothingOfIt) {
+    for (const int column : {5, 19, 37, 41}) {
+        SCOPED_TRACE(column);
+        store(storedRow({{column, std::nullopt}}));
+        person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+        person.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
+        choose(u"mnuCalParameters"_s);
+        EXPECT_FALSE(isOpen());
+
+        open(u"PT-2"_s);
+        const auto before = whole();
+        select(u"PT-1"_s, [this] { person.expectReport(94, u"ModuleGlobals,GetCalParams"_s); });
+        EXPECT_EQ(whole(), before);
+        form().close();
+        EXPECT_FALSE(isOpen());
+    }
+}
+
+TEST_F(HalfLoad, ByAStrategyOrAMessageWithoutANameShowsNothing) {
+    const QPair<QString, QString> cases[] = {
+        {selectStrategies(), u"FormCalParam,LoadControls"_s},
+        {selectDisplayed(u"PRE"_s, u"PT-1"_s), u"FormCalParam,LoadPrompts"_s},
+    };
+    for (const auto& [statement, routine] : cases) {
+        open(u"PT-2"_s);
+        const auto before = whole();
+        const auto stored = script.answers.value(statement);
+        script.answers.insert(statement, {Row{u"B"_s}, Row{std::nullopt}});
+        select(u"PT-1"_s, [&, name = routine] { person.expectReport(94, name); });
+        EXPECT_EQ(whole(), before);
+        script.answers.insert(statement, stored);
+        form().close();
+        EXPECT_FALSE(isOpen());
+    }
+}
+
+TEST_F(HalfLoad, WithAReportThatCanNotBeWrittenClosesAScreenThatShowsNothingYet) {
+    const QString unwritable =
+        u"The error report could not be written to \"errors.log\" in the working folder. Please check "
+        "that the folder can be written to and that the disk is not full."_s;
+    QDir().mkdir(u"errors.log"_s);
+    script.failures.insert(selectStrategies(), noTable);
+    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+    person.expectBox(unwritable, u"Kelvane"_s, box::stop);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_FALSE(isOpen());
+    EXPECT_FALSE(flag());
+
+    script.failures.clear();
+    open(u"PT-1"_s);
+    const auto before = whole();
+    script.failures.insert(calParamsStatement(u"MT"_s, u"PT-2"_s), noTable);
+    select(u"PT-2"_s, [&] { person.expectBox(unwritable, u"Kelvane"_s, box::stop); });
+    EXPECT_EQ(whole(), before);
+}
+
+TEST_F(HalfLoad, OverALostConnectionKeepsTheScreenAndWhatIsTyped) {
     const auto statements = loading(u"PT-1"_s);
     const auto all = QStringList{findAsset(u"PT-1"_s)} + statements;
     for (const auto& statement : all) {
         SCOPED_TRACE(statement.toStdString());
         open(u"PT-2"_s);
         type(u"TextThresholdOut"_s, u"12.5"_s);
+        const auto before = whole();
         expectDiscard(BoxAnswer::yes);
         script.failures.insert(statement, Error{10054, u"Connection lost"_s, u"08S01"_s, true});
         person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
@@ -110,56 +191,14 @@ TEST_F(FormCalParamTest, AConnectionLostInAnyStatementKeepsTheScreenAndWhatIsTyp
         }
         press(u"CommandSelect"_s);
         EXPECT_FALSE(session.SessionConnected);
-        EXPECT_TRUE(isOpen());
-        // What the database did not give leaves the screen as it is.
-        const bool recordCame = statements.indexOf(statement) > 1;
-        EXPECT_EQ(shown(u"TextThresholdOut"_s), recordCame ? u"2.75"_s : u"12.5"_s);
+        EXPECT_EQ(whole(), before);
         script.failures.clear();
         script.lost = false;
         session.SessionConnected = true;
-        if (statements.indexOf(statement) < 1)
-            expectDiscard(BoxAnswer::yes);
+        expectDiscard(BoxAnswer::yes);
         form().close();
         EXPECT_FALSE(isOpen());
     }
-}
-
-TEST_F(FormCalParamTest, AMessageWithoutANameIsReported) {
-    script.answers.insert(selectDisplayed(u"PRE"_s, u"PT-1"_s), {Row{u"B"_s}, Row{std::nullopt}});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectReport(94, u"FormCalParam,LoadPrompts"_s);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A"_s);
-    EXPECT_EQ(shown(u"ListPreDisplay"_s), u"B"_s) << "what was read before it";
-    EXPECT_EQ(shown(u"ListPostDisplay"_s), QString());
-}
-
-TEST_F(FormCalParamTest, AStrategyWithoutANameIsReported) {
-    script.answers.insert(selectStrategies(), {Row{u"FIVE"_s}, Row{std::nullopt}});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectReport(94, u"FormCalParam,LoadControls"_s);
-    choose(u"mnuCalParameters"_s);
-    EXPECT_TRUE(isOpen());
-    EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 1);
-    EXPECT_EQ(shown(u"ComboTSName"_s), QString());
-}
-
-TEST_F(FormCalParamTest, AfterALoadThatFailedNothingOfTheInstrumentBeforeCanBeSaved) {
-    open(u"PT-1"_s);
-    script.failures.insert(selectStrategies(), Error{208, u"no such table"_s});
-    select(u"PT-2"_s, [this] { person.expectReport(208, u"FormCalParam,LoadControls"_s); });
-    person.expectBox(u"Must specify a test strategy!"_s, calParamTitle, box::warning);
-    press(u"CommandSave"_s);
-    EXPECT_EQ(script.statements.last(), selectStrategies());
-}
-
-TEST_F(FormCalParamTest, AfterMessagesThatFailedNoListShowsThoseOfTheInstrumentBefore) {
-    open(u"PT-1"_s);
-    script.failures.insert(selectAvailable(u"PST"_s, u"PT-2"_s), Error{208, u"no such table"_s});
-    select(u"PT-2"_s, [this] { person.expectReport(208, u"FormCalParam,LoadPrompts"_s); });
-    for (const auto& name :
-         {u"ListPreAvail"_s, u"ListPostAvail"_s, u"ListPreDisplay"_s, u"ListPostDisplay"_s})
-        EXPECT_EQ(shown(name), QString()) << name.toStdString();
 }
 
 } // namespace kelvane::testing

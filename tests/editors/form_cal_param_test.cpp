@@ -93,12 +93,12 @@ TEST_F(FormCalParamTest, WithoutAnInstrumentItGoesAndLoadsNothing) {
     EXPECT_EQ(settings.values.value(u"Top/FormCalParam"_s), u"75"_s);
 }
 
-TEST_F(FormCalParamTest, AQuoteInTheNumberGoesIntoTheStatementAsItIs) {
-    script.failures.insert(findAsset(u"O'HARA"_s), Error{102, u"syntax error"_s});
+TEST_F(FormCalParamTest, AQuoteInTheNumberIsTheSyntaxErrorThatItIs) {
     person.expectDialog(calParamTitle, enterInstrument, u"O'HARA"_s);
-    person.expectReport(102, u"MDIFormMain,GetAsset"_s);
+    person.expectReport(1, u"MDIFormMain,GetAsset"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_FALSE(isOpen());
+    EXPECT_EQ(script.statements, QStringList{countPoints()});
 }
 
 TEST_F(FormCalParamTest, BlanksAroundTheNumberDoNotCount) {

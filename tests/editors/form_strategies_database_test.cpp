@@ -178,7 +178,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereIsNotThereAnyMoreWhenIt
     EXPECT_EQ(screen.name(), screen.allNames().first());
 }
 
-TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithTheEarlierOnesStored) {
+TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithNothingStoredAndIsSelected) {
     open();
     add(u"WITH COMMA"_s);
     addPoint(u"10"_s);
@@ -187,10 +187,11 @@ TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithTheEarli
     addPoint(u"20"_s);
     ui.expectReport(19, u"FormStrategies,CommandSave"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"WITH COMMA"_s), QStringList{u"00:10.0"_s});
+    EXPECT_EQ(stored(u"WITH COMMA"_s), QStringList());
     EXPECT_EQ(screen.points(), (QStringList{u"10"_s, u"1,000"_s, u"20"_s}));
+    EXPECT_EQ(screen.selected(), 1);
+    EXPECT_TRUE(screen.list().hasFocus());
     // Put right, it is saved whole.
-    screen.select(1);
     ui.expectDialog(u"Kelvane"_s, u"Enter the new test point: (%)"_s, u"1000"_s);
     screen.press(u"CommandModify"_s);
     screen.press(u"CommandSave"_s);

@@ -19,6 +19,8 @@ const QString title = u"Create/Edit Test Messages"_s;
 const QString deletion = u"Are you sure you want to delete the selected test message?"_s;
 const QString inUse = u"This test message is configured for use by one or more instruments. Are you sure you "
                       "want to delete this test message?"_s;
+const QString vanished = u"This test message does not exist any more: it may have been removed on another "
+                         "workstation. Nothing was saved; what you entered is still on the screen."_s;
 
 } // namespace
 
@@ -140,10 +142,21 @@ TEST_F(FormTestMessOnDatabase, AMessageDeletedByAnotherWorkstationIsNotBroughtBa
     pick(names(), u"NOT WRITTEN YET"_s);
     execute(u"delete from mt.hvm_kv_prompts where pname = 'NOT WRITTEN YET';commit"_s);
     message().setPlainText(u"Written"_s);
+    ui.expectBox(vanished, title, box::warning);
     click(u"CommandSave"_s);
     EXPECT_TRUE(promptOf(u"NOT WRITTEN YET"_s).isEmpty());
     EXPECT_EQ(message().text(), u"Written"_s);
+    // The text is not saved, and whatever would drop it asks.
+    EXPECT_TRUE(control<QPushButton>(form(), u"CommandCancel"_s).isEnabled());
+    const auto discard = [this](BoxAnswer answer) {
+        ui.expectBox(u"Are you sure you want to discard any changes made since last save?"_s, u"Kelvane"_s,
+                     box::warningYesNo, answer);
+    };
+    discard(BoxAnswer::no);
+    form().close();
+    EXPECT_TRUE(form().isOpen());
     // The next look at the list shows that it has gone.
+    discard(BoxAnswer::yes);
     pick(names(), names().itemText(0));
     EXPECT_EQ(names().findText(u"NOT WRITTEN YET"_s), -1);
 }

@@ -126,7 +126,7 @@ TEST_F(WorkConfigInTheDatabase, WhatAnotherWorkstationStoredMeanwhileIsReplaced)
     EXPECT_EQ(switches().size(), 1);
 }
 
-TEST_F(WorkConfigInTheDatabase, AFieldWhoseNumberBreaksTheStatementIsReportedWithTheEarlierOnesStored) {
+TEST_F(WorkConfigInTheDatabase, AFieldWhoseNumberBreaksTheStatementIsReportedAndSelectedWithNothingStored) {
     forgetFields();
     execute(u"insert into mt.customiz (fldnum,title,ireq,sreq,suppressed) values "
             "('23''1','Odd','Y','Y','N');commit"_s);
@@ -136,8 +136,10 @@ TEST_F(WorkConfigInTheDatabase, AFieldWhoseNumberBreaksTheStatementIsReportedWit
     screen.press(u"CommandMoveDown"_s);
     ui.expectReport(1, u"FormWorkConfig,CommandSave"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(), QStringList{u"00:2301"_s});
+    EXPECT_EQ(stored(), QStringList());
     EXPECT_EQ(requested()[1], u"C23'1 : Odd"_s);
+    EXPECT_EQ(screen.requested().currentRow(), 1);
+    EXPECT_TRUE(screen.requested().hasFocus());
 }
 
 } // namespace kelvane::testing

@@ -108,12 +108,6 @@ void PackageScreen::click(const QString& name) {
     testing::click(button(name));
 }
 
-void PackageScreen::chooseNext(const QString& name) {
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
-    chooseRow(names(), name);
-    person.waitUntilAllCame();
-}
-
 void PackageScreen::option(const QString& name) {
     auto& shown = the<QRadioButton>(u"Option"_s + name);
     QTest::mouseClick(&shown, Qt::LeftButton, {}, QPoint(8, shown.height() / 2));

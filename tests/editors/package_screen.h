@@ -59,8 +59,6 @@ class PackageScreen : public ProgramTest {
     TextBox& sql() { return the<TextBox>(QStringLiteral("TextSQL")); }
     QPushButton& button(const QString& name) { return the<QPushButton>(name); }
     void click(const QString& name);
-    /// Chooses a package after another has been chosen, and lets the change go as which that counts.
-    void chooseNext(const QString& name);
     /// Turns an option on, by its name without "Option".
     void option(const QString& name);
     QString optionOn();

@@ -17,10 +17,12 @@ class StandInCalParam final : public OpenCalParam {
   public:
     QString strategy() const override { return shown; }
     void addStrategy(const QString& name) override { added << name; }
+    void renameStrategy(const QString& from, const QString& to) override { renamed << from << to; }
     void addMessage(const QString&) override {}
 
     QString shown;
     QStringList added;
+    QStringList renamed; // each from and to
 };
 
 /// The screen of the test strategies in a window of its own, and the hands of the person before it. Each
