@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/sql.h"
 
 namespace kelvane::ModuleGlobals {
 
@@ -23,6 +24,6 @@ qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial);
 
 /// "(select mtag from OWNER.inventory where i4201 = 'ASSET')", the way in which every statement finds an
 /// instrument's key; the asset goes in as it is.
-QString mtagOf(const Session& session, const QString& asset);
+Sql mtagOf(const Session& session, const QString& asset);
 
 } // namespace kelvane::ModuleGlobals

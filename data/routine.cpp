@@ -23,27 +23,25 @@ void Routine::execute(const QString& statement) {
     sharedConnection(session_).execute(statement);
 }
 
-const QString& Routine::sendable(const Sql& statement) {
+const QString& Routine::kept(const Sql& statement) {
     statement_ = statement.text();
-    if (!statement.isIntact())
-        throw syntaxError();
-    return statement_;
+    return sendable(statement);
 }
 
 std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
-    return select(sendable(statement), rows);
+    return select(kept(statement), rows);
 }
 
 std::optional<QString> Routine::selectValue(const Sql& statement) {
-    return selectValue(sendable(statement));
+    return selectValue(kept(statement));
 }
 
 bool Routine::hasRow(const Sql& statement) {
-    return hasRow(sendable(statement));
+    return hasRow(kept(statement));
 }
 
 void Routine::execute(const Sql& statement) {
-    execute(sendable(statement));
+    execute(kept(statement));
 }
 
 Transaction::Transaction(Session& session) : connection_(sharedConnection(session)) {

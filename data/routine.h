@@ -54,8 +54,8 @@ class Routine {
 
   private:
     void report(const Error& error);
-    /// The text of a statement that may be sent; the syntax error for another one.
-    const QString& sendable(const Sql& statement);
+    /// The text of a statement that may be sent, kept for a report in any case.
+    const QString& kept(const Sql& statement);
 
     Session& session_;
     QString name_;

@@ -117,7 +117,7 @@ QList<SavedColumn> savedColumns(const CalParamControls& c, const QString& instru
 
 QStringList savingStatements(const Session& session, const CalParamControls& controls,
                              const QString& instrument) {
-    const auto mtag = ModuleGlobals::mtagOf(session, instrument);
+    const auto mtag = ModuleGlobals::mtagOf(session, instrument).text();
     QStringList statements{
         u"delete from mt.hvm_kv_tag_config where mtag = "_s + mtag +
             u";delete from mt.hvm_kv_proc_prompts where mtag = "_s + mtag + u";commit"_s,

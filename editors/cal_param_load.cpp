@@ -199,7 +199,7 @@ void showRecord(const CalParamRecord& record, const CalParamControls& controls) 
 
 QList<PromptQuery> promptQueries(const Session& session, const CalParamControls& controls,
                                  const QString& instrument) {
-    const auto shownBy = [mtag = ModuleGlobals::mtagOf(session, instrument)](const QString& type) {
+    const auto shownBy = [mtag = ModuleGlobals::mtagOf(session, instrument).text()](const QString& type) {
         return u"select pname from mt.hvm_kv_proc_prompts where prompt_type = '"_s + type +
                u"' and mtag = "_s + mtag;
     };

@@ -80,7 +80,7 @@ void FormCalParam::CommandClone() {
         if (!target)
             return;
         const auto stored = u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
-                            ModuleGlobals::mtagOf(session_, *target);
+                            ModuleGlobals::mtagOf(session_, *target).text();
         if (routine.hasRow(stored) &&
             session_.ui.messageBox(text(1349), text(112), box::warningYesNo) != BoxAnswer::yes)
             return;

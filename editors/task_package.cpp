@@ -83,7 +83,7 @@ QString packageInsert(const Session& session, const TaskPackage& package, const 
 
 QString assetInsert(const Session& session, const QString& tptag, const QString& asset) {
     return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tptag + u"',"_s +
-           ModuleGlobals::mtagOf(session, asset) + u");commit"_s;
+           ModuleGlobals::mtagOf(session, asset).text() + u");commit"_s;
 }
 
 } // namespace kelvane
