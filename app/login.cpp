@@ -19,10 +19,10 @@ namespace {
 
 /// Group and level of the user. The database owner needs no row in the user list.
 void readUser(Session& session, const QString& name) {
-    const auto rows = sharedConnection(session).select(
-        u"select (select i4240 from mt.userlist where mtuser = '"_s + name +
-            u"'),(select mtlevel  from mt.userlist where mtuser = '"_s + name + u"')"_s,
-        Rows::first);
+    const auto user = sqlText(name);
+    const auto query = u"select (select i4240 from mt.userlist where mtuser = " + user +
+                       u"),(select mtlevel  from mt.userlist where mtuser = " + user + u")";
+    const auto rows = sharedConnection(session).select(sendable(query), Rows::first);
     if (upperCased(name) == u"MT") {
         session.SessionOwner = u"MT"_s;
         session.SessionLevel = 6;

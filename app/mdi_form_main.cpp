@@ -214,7 +214,7 @@ void MDIFormMain::mnuStrategies() {
 void MDIFormMain::mnuCalParameters() {
     Routine routine(session_, u"MDIFormMain,mnuCalParameters.Click"_s);
     const bool counted = routine.run([&] {
-        const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points"_s, Rows::first);
+        const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points", Rows::first);
         rows->next();
         if (numericValue(notNull(rows->value(0))) == 0)
             session_.ui.messageBox(text(428), text(112), box::warning);

@@ -27,7 +27,7 @@ constexpr qint16 recordsOnly = 6; // the level of the database owner, who config
 constexpr qint16 sendingOnly = 0;
 
 double levelOfProcedureEditors(Routine& routine) {
-    const auto rows = routine.select(u"select procedit from mt.dbconfig"_s, Rows::first);
+    const auto rows = routine.select(u"select procedit from mt.dbconfig", Rows::first);
     rows->next();
     return numericValue(notNull(rows->value(0)));
 }

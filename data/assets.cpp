@@ -26,38 +26,39 @@ struct Package {
 struct PackageKind {
     QStringView kind;
     /// The condition on the inventory that the package's members meet.
-    QString (*condition)(Session& session, const Package& package);
+    Sql (*condition)(Session& session, const Package& package);
 };
 
 constexpr PackageKind packageKinds[] = {
     {u"WSHT",
      [](Session&, const Package& package) {
-         return u"mtag in (select mtag from mt.hvm_kv_task_assets where tptag = '"_s + package.task + u"')"_s;
+         return u"mtag in (select mtag from mt.hvm_kv_task_assets where tptag = " + sqlText(package.task) +
+                u")";
      }},
     {u"A",
      [](Session&, const Package& package) {
          return u"mtag in (select mtag from mt.hvm_kv_task_assets where tptag = (select tptag from "
-                "mt.hvm_kv_task_packages where taskname = '"_s +
-                package.task + u"'))"_s;
+                "mt.hvm_kv_task_packages where taskname = " +
+                sqlText(package.task) + u"))";
      }},
     {u"S",
      [](Session& session, const Package& package) {
-         return u"i4201 in ("_s + UUTPromptTextPrepare(session, package.task_sql, {}) + u')';
+         return u"i4201 in (" + sqlCondition(UUTPromptTextPrepare(session, package.task_sql, {})) + u")";
      }},
     {u"G",
-     [](Session&, const Package& package) { return u"i4240 = '"_s + SQLSafe(package.segregate) + u'\''; }},
-    {u"M", [](Session&, const Package& package) { return u"i4203 = '"_s + SQLSafe(package.model) + u'\''; }},
+     [](Session&, const Package& package) { return u"i4240 = " + sqlText(SQLSafe(package.segregate)); }},
+    {u"M", [](Session&, const Package& package) { return u"i4203 = " + sqlText(SQLSafe(package.model)); }},
     {u"D",
-     [](Session&, const Package& package) { return u"i4204 = '"_s + SQLSafe(package.description) + u'\''; }},
+     [](Session&, const Package& package) { return u"i4204 = " + sqlText(SQLSafe(package.description)); }},
 };
 
 /// The package of that name or tag; the first one wins when both exist.
 std::optional<Package> findPackage(Routine& routine, const QString& task) {
-    const auto safe = SQLSafe(task);
+    const auto safe = sqlText(SQLSafe(task));
     const auto rows = routine.select(
         u"select tptype,tp_definition,task_sql,segregate,model,description from mt.hvm_kv_task_packages "
-        "where taskname = '"_s +
-            safe + u"' or tptag = '"_s + safe + u'\'',
+        "where taskname = " +
+            safe + u" or tptag = " + safe,
         Rows::first);
     if (!rows->next())
         return {};
@@ -73,9 +74,9 @@ std::optional<Package> findPackage(Routine& routine, const QString& task) {
 }
 
 /// Fills `AssetList` with the instruments that meet the condition; gives their number.
-qint16 fillAssetList(Session& session, Routine& routine, const QString& condition) {
-    const auto rows = routine.select(u"select i4201,mtag,i4206 from "_s + session.SessionOwner +
-                                     u".inventory where "_s + condition);
+qint16 fillAssetList(Session& session, Routine& routine, const Sql& condition) {
+    const auto rows = routine.select(u"select i4201,mtag,i4206 from " + sqlName(session.SessionOwner) +
+                                     u".inventory where " + condition);
     qint16 count = 0;
     while (rows->next()) {
         auto& entry = session.AssetList[count];
@@ -88,7 +89,7 @@ qint16 fillAssetList(Session& session, Routine& routine, const QString& conditio
 }
 
 /// The first value of a look-up, or empty; the look-ups by number share it.
-QString lookUp(Session& session, const QString& name, const QString& statement) {
+QString lookUp(Session& session, const QString& name, const Sql& statement) {
     QString result;
     Routine routine(session, name);
     routine.run([&] { result = routine.selectValue(statement).value_or(QString()); });
@@ -99,20 +100,18 @@ QString lookUp(Session& session, const QString& name, const QString& statement) 
 
 QString AssetfromSerial(Session& session, const QString& serial) {
     return lookUp(session, u"ModuleGlobals,AssetfromSerial"_s,
-                  u"select i4201 from "_s + session.SessionOwner + u".inventory where i4206 = '"_s + serial +
-                      u'\'');
+                  u"select i4201 from " + sqlName(session.SessionOwner) + u".inventory where i4206 = " +
+                      sqlText(serial));
 }
 
 QString AssetfromSerial(Session& session, const QString& serial_start, const QString& asset_start) {
     return lookUp(session, u"ModuleGlobals,AssetfromSerial"_s,
-                  u"select i4201 from "_s + session.SessionOwner + u".inventory where i4206 like '"_s +
-                      serial_start + u"%' and i4201 like '"_s + asset_start + u"%'"_s);
+                  u"select i4201 from " + sqlName(session.SessionOwner) + u".inventory where i4206 like " +
+                      sqlText(serial_start + u'%') + u" and i4201 like " + sqlText(asset_start + u'%'));
 }
 
 QString CheckAsset(Session& session, const QString& asset) {
-    return lookUp(session, u"ModuleGlobals,CheckAsset"_s,
-                  u"select mtag from "_s + session.SessionOwner + u".inventory where i4201 = '"_s + asset +
-                      u'\'');
+    return lookUp(session, u"ModuleGlobals,CheckAsset"_s, mtagQuery(session, asset));
 }
 
 qint16 GetAssetsInTaskPackage(Session& session, const QString& task) {
@@ -139,14 +138,20 @@ qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial) {
         session.AssetList.erase();
         count = fillAssetList(session, routine,
                               u"mtag in (select mtag from mt.hvm_kv_task_standards_inuse where standard_mtag "
-                              "= (select mtag from "_s +
-                                  session.SessionOwner + u".inventory where i4206 = '"_s + serial + u"'))"_s);
+                              "= (select mtag from " +
+                                  sqlName(session.SessionOwner) + u".inventory where i4206 = " +
+                                  sqlText(serial) + u"))");
     });
     return count;
 }
 
-QString mtagOf(const Session& session, const QString& asset) {
-    return u"(select mtag from "_s + session.SessionOwner + u".inventory where i4201 = '"_s + asset + u"')"_s;
+Sql mtagQuery(const Session& session, const QString& asset) {
+    return u"select mtag from " + sqlName(session.SessionOwner) + u".inventory where i4201 = " +
+           sqlText(asset);
+}
+
+Sql mtagOf(const Session& session, const QString& asset) {
+    return u"(" + mtagQuery(session, asset) + u")";
 }
 
 } // namespace kelvane::ModuleGlobals

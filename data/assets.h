@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/sql.h"
 
 namespace kelvane::ModuleGlobals {
 
@@ -21,8 +22,10 @@ qint16 GetAssetsInTaskPackage(Session& session, const QString& task);
 /// gives the number of entries. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like its sister.
 qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial);
 
+/// "select mtag from OWNER.inventory where i4201 = 'ASSET'". The number goes in as it is.
+Sql mtagQuery(const Session& session, const QString& asset);
 /// "(select mtag from OWNER.inventory where i4201 = 'ASSET')", the way in which every statement finds an
 /// instrument's key; the asset goes in as it is.
-QString mtagOf(const Session& session, const QString& asset);
+Sql mtagOf(const Session& session, const QString& asset);
 
 } // namespace kelvane::ModuleGlobals

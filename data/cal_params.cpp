@@ -21,7 +21,7 @@ using Field = std::variant<float Record::*, qint16 Record::*, QString Record::*,
 enum class Null { error, zero, off };
 
 struct Column {
-    QStringView expression;
+    SqlWords expression;
     Field field;
     Null null = Null::error;
 };
@@ -85,13 +85,17 @@ constexpr Column columns[] = {
 
 /// The strategy's points stand in the from clause without a condition: the result has a row for each of them,
 /// all equal, so only the first is asked for.
-QString selectCalParams(const Session& session, const QString& asset) {
-    QStringList list;
-    for (const auto& column : columns)
-        list << column.expression.toString();
-    return u"select "_s + list.join(u',') + u"  from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points,"_s +
-           session.SessionOwner + u".inventory where i4201='"_s + asset + u"' and "_s + session.SessionOwner +
-           u".inventory.mtag=mt.hvm_kv_tag_config.mtag"_s;
+Sql selectCalParams(const Session& session, const QString& asset) {
+    const auto owner = sqlName(session.SessionOwner);
+    Sql statement = u"select ";
+    for (const auto& column : columns) {
+        if (&column != std::begin(columns))
+            statement += u",";
+        statement += column.expression;
+    }
+    return statement + u"  from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points," + owner +
+           u".inventory where i4201=" + sqlText(asset) + u" and " + owner +
+           u".inventory.mtag=mt.hvm_kv_tag_config.mtag";
 }
 
 void store(Record& record, float Record::*field, const QString& text) {
@@ -122,21 +126,21 @@ void addTestPoint(Session& session, qint16& count, float fraction, qint16 times)
     }
 }
 
-QString selectPromptsOfPackage(const QString& task) {
+Sql selectPromptsOfPackage(const QString& task) {
     return u"select pname,prompt,(select max(prompt_type) from mt.hvm_kv_proc_prompts where "
            "mt.hvm_kv_proc_prompts.pname = mt.hvm_kv_prompts.pname) from mt.hvm_kv_prompts where pname in "
            "(select distinct(pname) from mt.hvm_kv_proc_prompts where mtag in (select mtag from "
-           "mt.hvm_kv_task_assets where tptag = '"_s +
-           task + u"'))"_s;
+           "mt.hvm_kv_task_assets where tptag = " +
+           sqlText(task) + u"))";
 }
 
-QString selectPromptsOfAsset(const Session& session, const QString& asset, qint16 kind) {
-    const auto type = kind == 0   ? u"and prompt_type = 'PRE' "_s
-                      : kind == 1 ? u"and prompt_type = 'PST' "_s
-                                  : QString();
+Sql selectPromptsOfAsset(const Session& session, const QString& asset, qint16 kind) {
+    const Sql type = kind == 0   ? Sql(u"and prompt_type = 'PRE' ")
+                     : kind == 1 ? Sql(u"and prompt_type = 'PST' ")
+                                 : Sql(u"");
     return u"select pname,(select prompt from mt.hvm_kv_prompts where mt.hvm_kv_prompts.pname = "
-           "mt.hvm_kv_proc_prompts.pname),prompt_type from mt.hvm_kv_proc_prompts where mtag = "_s +
-           mtagOf(session, asset) + u' ' + type + u"order by prompt_seq asc"_s;
+           "mt.hvm_kv_proc_prompts.pname),prompt_type from mt.hvm_kv_proc_prompts where mtag = " +
+           mtagOf(session, asset) + u" " + type + u"order by prompt_seq asc";
 }
 
 } // namespace
@@ -163,7 +167,7 @@ bool HasConfigData(Session& session, const QString& asset) {
     bool complete = false;
     Routine routine(session, u"ModuleGlobals,HasConfigData"_s);
     routine.run([&] {
-        complete = routine.hasRow(u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
+        complete = routine.hasRow(u"select mtag from mt.hvm_kv_tag_config where mtag = " +
                                   mtagOf(session, SQLSafe(asset))) &&
                    routine.hasRow(selectTestPointPct(session, asset));
     });
@@ -177,13 +181,13 @@ qint16 GetTestPointList(Session& session, const QString& asset) {
         const BusyPointer busy(session.ui);
         session.TestPointList.erase();
         qint16 repetitions = 1;
-        const auto config = routine.select(u"select repetitions from mt.hvm_kv_tag_config where mtag = "_s +
+        const auto config = routine.select(u"select repetitions from mt.hvm_kv_tag_config where mtag = " +
                                                mtagOf(session, asset),
                                            Rows::first);
         if (config->next())
             repetitions = roundedToShort(numericValue(notNull(config->value(0))));
         const auto points =
-            routine.select(selectTestPointPct(session, asset) + u" order by test_point_seq asc"_s);
+            routine.select(selectTestPointPct(session, asset) + u" order by test_point_seq asc");
         while (points->next()) {
             const auto fraction = toReal(numericValue(notNull(points->value(0))) / 100);
             addTestPoint(session, count, fraction, repetitions);
@@ -211,10 +215,10 @@ qint16 GetPrompts(Session& session, const QString& asset, qint16 kind, const QSt
     return complete ? count : qint16{0};
 }
 
-QString selectTestPointPct(const Session& session, const QString& asset) {
+Sql selectTestPointPct(const Session& session, const QString& asset) {
     return u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = (select tp_name from "
-           "mt.hvm_kv_tag_config where mtag = "_s +
-           mtagOf(session, SQLSafe(asset)) + u')';
+           "mt.hvm_kv_tag_config where mtag = " +
+           mtagOf(session, SQLSafe(asset)) + u")";
 }
 
 } // namespace kelvane::ModuleGlobals

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/sql.h"
 
 namespace kelvane {
 
@@ -75,7 +76,7 @@ qint16 GetPrompts(Session& session, const QString& asset, qint16 kind, const QSt
 
 /// The statement that gives the percentages of an asset's strategy, without an order; the asset goes through
 /// `SQLSafe`.
-QString selectTestPointPct(const Session& session, const QString& asset);
+Sql selectTestPointPct(const Session& session, const QString& asset);
 
 } // namespace ModuleGlobals
 } // namespace kelvane

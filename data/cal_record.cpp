@@ -77,7 +77,7 @@ class NewRecord {
     void setValue(int row, const QString& value) { session_.CalFieldTable[row].value = value; }
     QString valueOrSource(int row, const QString& source);
     /// The key of the record that the children hang on: by now the server has marked it as the current one.
-    QString currentRecord() const;
+    Sql currentRecord() const;
 
     Session& session_;
     Routine& routine_;
@@ -169,7 +169,7 @@ void NewRecord::settleDueDate() {
 }
 
 bool NewRecord::askOperator() {
-    const auto numbers = routine_.select(worksheetFieldsQuery.toString());
+    const auto numbers = routine_.select(worksheetFieldsQuery);
     while (numbers->next()) {
         const auto row = calFieldRow(session_, notNull(numbers->value(0)));
         if (row && !askFor(*row))
@@ -191,9 +191,9 @@ bool NewRecord::askFor(int row) {
 
 bool NewRecord::existsAlready() {
     const auto time = fieldText(session_, time_, static_cast<qint16>(FieldKind::time), statementForm);
-    return routine_.hasRow(u"select c2301 from "_s + session_.SessionOwner +
-                           u".calibration where c2301 = '"_s + formatMoment(date_, statementForm.date) +
-                           u"' and c2333 = '"_s + time + u"' and mtag = '"_s + mtag_ + u'\'');
+    return routine_.hasRow(u"select c2301 from " + sqlName(session_.SessionOwner) +
+                           u".calibration where c2301 = " + sqlText(formatMoment(date_, statementForm.date)) +
+                           u" and c2333 = " + sqlText(time) + u" and mtag = " + sqlText(mtag_));
 }
 
 void NewRecord::writeDatesForStatement() {
@@ -202,21 +202,21 @@ void NewRecord::writeDatesForStatement() {
 }
 
 void NewRecord::insertRecord() {
-    QString columns;
-    QString values;
+    Sql columns = u"";
+    Sql values = u"";
     for (int row = 0; row < calFieldCount(session_); ++row) {
         if (isColumn(field(row).column, excludedColumn))
             continue;
-        columns += field(row).column + u',';
-        values += value(row).isEmpty() ? u"NULL,"_s : u'\'' + SQLSafe(value(row)) + u"',"_s;
+        columns += sqlName(field(row).column) + u",";
+        values += value(row).isEmpty() ? Sql(u"NULL,") : sqlText(SQLSafe(value(row))) + u",";
     }
-    routine_.execute(u"insert into "_s + session_.SessionOwner + u".calibration ("_s + columns +
-                     u"mtag,cdsrc) values ("_s + values + u'\'' + mtag_ + u"','KVN');commit"_s);
+    routine_.execute(u"insert into " + sqlName(session_.SessionOwner) + u".calibration (" + columns +
+                     u"mtag,cdsrc) values (" + values + sqlText(mtag_) + u",'KVN');commit");
 }
 
 void NewRecord::copyWithinRecord() {
     const auto copies =
-        routine_.select(u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'"_s);
+        routine_.select(u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'");
     while (copies->next()) {
         const auto target = notNull(copies->value(0));
         const auto source = notNull(copies->value(1));
@@ -229,7 +229,7 @@ void NewRecord::copyToOtherTables() {
         return;
     const auto copies =
         routine_.select(u"select fldnum,dcopy from mt.customiz where dcopy is not null and dcopy <> 'OFF' "
-                        "and fldnum like '23%' and fldnum <> '2340'"_s);
+                        "and fldnum like '23%' and fldnum <> '2340'");
     while (copies->next()) {
         const auto source = notNull(copies->value(0));
         const auto target = notNull(copies->value(1));
@@ -237,9 +237,9 @@ void NewRecord::copyToOtherTables() {
     }
 }
 
-QString NewRecord::currentRecord() const {
-    return u"(select ctag from "_s + session_.SessionOwner + u".calibration where mtag = '"_s + mtag_ +
-           u"' and c2339 = 1)"_s;
+Sql NewRecord::currentRecord() const {
+    return u"(select ctag from " + sqlName(session_.SessionOwner) + u".calibration where mtag = " +
+           sqlText(mtag_) + u" and c2339 = 1)";
 }
 
 void NewRecord::insertStandards() {
@@ -249,15 +249,16 @@ void NewRecord::insertStandards() {
             names << name;
     }
     for (const auto& name : std::as_const(names))
-        routine_.execute(u"insert into mt.standards (c2430,mtag,ctag) values ("_s + mtagOf(session_, name) +
-                         u",'"_s + mtag_ + u"',"_s + currentRecord() + u");commit"_s);
+        routine_.execute(u"insert into mt.standards (c2430,mtag,ctag) values (" + mtagOf(session_, name) +
+                         u"," + sqlText(mtag_) + u"," + currentRecord() + u");commit");
 }
 
 void NewRecord::insertResults() {
     int number = 0;
     for (const auto& line : entriesOf(session_.RecordResults))
-        routine_.execute(u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('"_s + line + u"','"_s +
-                         plainText(number++) + u"','"_s + mtag_ + u"',"_s + currentRecord() + u");commit"_s);
+        routine_.execute(u"insert into mt.calresults (c2501,c2502,mtag,ctag) values (" + sqlText(line) +
+                         u"," + sqlText(plainText(number++)) + u"," + sqlText(mtag_) + u"," +
+                         currentRecord() + u");commit");
 }
 
 void NewRecord::emptyInventoryFields() {

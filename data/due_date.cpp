@@ -21,13 +21,13 @@ void takeOneDay(Moment& due) {
 /// One pass over the days off and the holidays. Each row sees what the rows before it have left, so that a
 /// Sunday and a Saturday can both count within one pass.
 void moveBack(Routine& routine, Moment& due) {
-    const auto daysOff = routine.select(u"select dayofweek from mt.nonworkdays"_s);
+    const auto daysOff = routine.select(u"select dayofweek from mt.nonworkdays");
     while (daysOff->next()) {
         const auto day = notNull(daysOff->value(0));
         if (lowerCased(formatMoment(due, u"dddd")) == lowerCased(day))
             takeOneDay(due);
     }
-    const auto holidays = routine.select(u"select holiday from mt.holidays"_s);
+    const auto holidays = routine.select(u"select holiday from mt.holidays");
     while (holidays->next()) {
         // A holiday is a midnight: it never equals a moment that has a time of day.
         if (storedMoment(notNull(holidays->value(0))) == due)

@@ -37,16 +37,16 @@ bool isExtended(const Session& session) {
     return session.SessionDbVersion > 5;
 }
 
-QString dictionaryQuery(bool extended) {
+Sql dictionaryQuery(bool extended) {
     if (extended)
         return u"select datacol,title,idefault,ireq,sreq,sdefault,scopy,dcopy,validation,datalen,tooltip "
                "from mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or fldnum "
                "= '2302' or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = '2307') order "
-               "by row,nextfld asc"_s;
+               "by row,nextfld asc";
     return u"select fldnum,title,idefault,ireq,sreq,sdefault,scopy,scopy blank,validation,datalen from "
            "mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or fldnum = '2302' "
            "or fldnum = '2308' or fldnum = '2303' or fldnum = '2301' or fldnum = '2307') and fldnum not like "
-           "'239%' order by row,nextfld asc"_s;
+           "'239%' order by row,nextfld asc";
 }
 
 DictionaryRow readRow(RecordSet& rows, bool extended) {
@@ -149,7 +149,7 @@ void fillValues(Session& session, const QString& asset) {
 }
 
 void markWorksheetFields(Session& session, Routine& routine) {
-    const auto numbers = routine.select(worksheetFieldsQuery.toString());
+    const auto numbers = routine.select(worksheetFieldsQuery);
     while (numbers->next()) {
         if (const auto row = calFieldRow(session, notNull(numbers->value(0))))
             session.CalFieldTable[*row].on_worksheet = true;
@@ -189,8 +189,8 @@ bool FirstCal(Session& session, const QString& asset) {
     bool result = false;
     Routine routine(session, u"ModuleGlobals,FirstCal"_s);
     routine.run([&] {
-        const auto rows = routine.select(u"select count(ctag) from "_s + session.SessionOwner +
-                                             u".calibration where mtag = "_s + mtagOf(session, asset),
+        const auto rows = routine.select(u"select count(ctag) from " + sqlName(session.SessionOwner) +
+                                             u".calibration where mtag = " + mtagOf(session, asset),
                                          Rows::first);
         rows->next();
         result = numericValue(notNull(rows->value(0))) == 0;

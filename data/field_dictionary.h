@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/sql.h"
 
 namespace kelvane::ModuleGlobals {
 
@@ -27,7 +28,7 @@ int calFieldCount(const Session& session);
 /// The first row of `CalFieldTable` whose `column` ends in this field number.
 std::optional<int> calFieldRow(const Session& session, const QString& number);
 /// The field numbers that a worksheet asks for, in their order.
-inline constexpr QStringView worksheetFieldsQuery =
+inline constexpr SqlWords worksheetFieldsQuery =
     u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc";
 
 /// How dates and times of fields are written.

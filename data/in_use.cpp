@@ -21,13 +21,12 @@ void AddInUse(Session& session, const QString& serial, const QString& mtag, cons
     routine.run([&] {
         const BusyPointer busy(session.ui);
         const auto standard = mtagOfSerial(session, serial);
-        const auto who = tech.isEmpty() ? u"NULL"_s : u"'"_s + tech + u'\'';
+        const auto who = tech.isEmpty() ? Sql(u"NULL") : sqlText(tech);
+        routine.execute(u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values (" +
+                        sqlText(serial) + u",now(*)," + sqlText(mtag) + u"," + who + u");commit");
         routine.execute(
-            u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('"_s + serial +
-            u"',now(*),'"_s + mtag + u"',"_s + who + u");commit"_s);
-        routine.execute(
-            u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values ('"_s +
-            standard + u"',now(*),'"_s + mtag + u"');commit"_s);
+            u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values (" +
+            sqlText(standard) + u",now(*)," + sqlText(mtag) + u");commit");
     });
 }
 
@@ -37,11 +36,11 @@ void ClearInUse(Session& session, const QString& serial) {
         const BusyPointer busy(session.ui);
         const auto standard = mtagOfSerial(session, serial);
         routine.execute(
-            u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '"_s +
-            serial + u"';commit"_s);
-        routine.execute(
-            u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 30 or standard_mtag = '"_s +
-            standard + u"';commit"_s);
+            u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = " +
+            sqlText(serial) + u";commit");
+        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 30 or "
+                        u"standard_mtag = " +
+                        sqlText(standard) + u";commit");
     });
 }
 
@@ -50,8 +49,8 @@ InUseData GetInUseData(Session& session, const QString& serial, const QString& m
     Routine routine(session, u"ModuleGlobals,GetInUseData"_s);
     routine.run([&] {
         const auto rows = routine.select(
-            u"select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where serial_number = '"_s +
-                serial + u"' and mtag = '"_s + mtag + u'\'',
+            u"select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where serial_number = " +
+                sqlText(serial) + u" and mtag = " + sqlText(mtag),
             Rows::first);
         if (!rows->next())
             return;
@@ -68,10 +67,10 @@ qint16 GetStandardsInUse(Session& session, const QString& asset) {
     Routine routine(session, u"ModuleGlobals,GetInUseData"_s);
     const bool complete = routine.run([&] {
         session.StandardsInUse.erase();
-        const auto rows = routine.select(u"select i4201 from "_s + session.SessionOwner +
+        const auto rows = routine.select(u"select i4201 from " + sqlName(session.SessionOwner) +
                                          u".inventory where mtag in (select standard_mtag from "
-                                         "mt.hvm_kv_task_standards_inuse where mtag = "_s +
-                                         mtagOf(session, asset) + u')');
+                                         "mt.hvm_kv_task_standards_inuse where mtag = " +
+                                         mtagOf(session, asset) + u")");
         while (rows->next()) {
             session.StandardsInUse[count] = notNull(rows->value(0));
             ++count;
@@ -81,7 +80,7 @@ qint16 GetStandardsInUse(Session& session, const QString& asset) {
 }
 
 void ClearSystemTables(Session& session) {
-    static constexpr QStringView sweep[] = {
+    static constexpr SqlWords sweep[] = {
         u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 90;commit",
         u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 90;commit",
         u"delete from mt.hvm_kv_task_assets where tptag in (select tptag from mt.hvm_kv_task_packages where "
@@ -92,7 +91,7 @@ void ClearSystemTables(Session& session) {
     Routine routine(session, u"ModuleGlobals,ClearSystemTables"_s);
     routine.run([&] {
         for (const auto& statement : sweep)
-            routine.execute(statement.toString());
+            routine.execute(statement);
     });
 }
 

@@ -25,8 +25,8 @@ void fillChoices(Session& session, Routine& routine, const CalField& field) {
     session.SharedValueList.erase();
     if (session.SessionDbVersion <= 5 || !field.has_list)
         return;
-    const auto values = routine.select(u"select val from mt.valfield where fldnum = '"_s +
-                                       field.column.right(4) + u"' order by val asc"_s);
+    const auto values = routine.select(u"select val from mt.valfield where fldnum = " +
+                                       sqlText(field.column.right(4)) + u" order by val asc");
     int index = session.SharedValueList.first;
     while (index <= session.SharedValueList.last && values->next()) {
         const auto value = values->value(0);

@@ -40,28 +40,31 @@ enum class Use { readAndWrite, readOnly };
 /// Where a column lives: by the first two characters of its name, or of its bare field number.
 struct Place {
     QLatin1StringView beginning;
-    QLatin1StringView table;
+    SqlWords table;
     /// What a bare field number gets in front to become a column.
     QLatin1StringView prefix;
     /// The column that is '1' in the current row; empty when the table has one row for each asset.
-    QLatin1StringView marker;
+    SqlWords marker;
     Use use = Use::readAndWrite;
+
+    bool isInventory() const { return table.view() == u"inventory"; }
+    bool hasMarker() const { return !marker.view().isEmpty(); }
 };
 
-constexpr QLatin1StringView inventory = "inventory"_L1;
+constexpr SqlWords inventory = u"inventory";
 
 constexpr Place places[] = {
-    {"42"_L1, inventory, "I"_L1, ""_L1},
-    {"23"_L1, "calibration"_L1, "C"_L1, "C2339"_L1},
-    {"28"_L1, "location"_L1, "L"_L1, "L2815"_L1},
-    {"32"_L1, "repair"_L1, "R"_L1, "R3246"_L1},
-    {"46"_L1, "customers"_L1, "K"_L1, ""_L1},
-    {"I4"_L1, inventory, ""_L1, ""_L1},
-    {"C2"_L1, "calibration"_L1, ""_L1, "C2339"_L1},
-    {"L2"_L1, "location"_L1, ""_L1, "L2815"_L1},
-    {"R3"_L1, "repair"_L1, ""_L1, "R3246"_L1},
-    {"K4"_L1, "customers"_L1, ""_L1, ""_L1},
-    {"MT"_L1, inventory, ""_L1, ""_L1, Use::readOnly},
+    {"42"_L1, inventory, "I"_L1, u""},
+    {"23"_L1, u"calibration", "C"_L1, u"C2339"},
+    {"28"_L1, u"location", "L"_L1, u"L2815"},
+    {"32"_L1, u"repair", "R"_L1, u"R3246"},
+    {"46"_L1, u"customers", "K"_L1, u""},
+    {"I4"_L1, inventory, ""_L1, u""},
+    {"C2"_L1, u"calibration", ""_L1, u"C2339"},
+    {"L2"_L1, u"location", ""_L1, u"L2815"},
+    {"R3"_L1, u"repair", ""_L1, u"R3246"},
+    {"K4"_L1, u"customers", ""_L1, u""},
+    {"MT"_L1, inventory, ""_L1, u"", Use::readOnly},
 };
 
 const Place* placeOf(const QString& column) {
@@ -71,25 +74,50 @@ const Place* placeOf(const QString& column) {
     return place == std::end(places) ? nullptr : place;
 }
 
-QString selectColumn(const Session& session, const Place& place, const QString& name, const QString& asset) {
-    const QString from =
-        u"select "_s + name + u" from "_s + session.SessionOwner + u'.' + place.table + u" where "_s;
-    if (place.table == inventory)
-        return from + u"i4201 = '"_s + asset + u'\'';
-    const QString query = from + u"mtag = "_s + mtagOf(session, asset);
-    return place.marker.isEmpty() ? query : query + u" and "_s + place.marker + u" = '1'"_s;
+Sql selectColumn(const Session& session, const Place& place, const QString& name, const QString& asset) {
+    const auto from = u"select " + sqlName(name) + u" from " + sqlName(session.SessionOwner) + u"." +
+                      place.table + u" where ";
+    if (place.isInventory())
+        return from + u"i4201 = " + sqlText(asset);
+    const auto query = from + u"mtag = " + mtagOf(session, asset);
+    return place.hasMarker() ? query + u" and " + place.marker + u" = '1'" : query;
+}
+
+struct Separator {
+    QChar sign;
+    SqlWords words;
+};
+
+/// An asset number that stands outside quotes. Names with single signs between them can't change what is
+/// around them.
+Sql unquotedAsset(const QString& asset) {
+    static constexpr Separator separators[] = {{u'-', u"-"}, {u' ', u" "}, {u'.', u"."}, {u'/', u"/"}};
+    Sql whole = u"";
+    qsizetype from = 0;
+    for (qsizetype at = 0; at < asset.size(); ++at) {
+        for (const auto& separator : separators) {
+            if (separator.sign != asset[at])
+                continue;
+            whole += sqlName(asset.sliced(from, at - from)) + separator.words;
+            from = at + 1;
+        }
+    }
+    return whole + sqlName(asset.sliced(from));
 }
 
 /// A table other than `inventory` gets a quote in front of the inner select, and without a marker no commit:
-/// the server refuses the statement and nothing is changed.
-QString updateColumn(const Session& session, const Place& place, const QString& name, const QString& asset,
-                     const QString& value) {
-    const QString change = u"update "_s + session.SessionOwner + u'.' + place.table + u" set "_s + name +
-                           u" = "_s + value + u" where "_s;
-    if (place.table == inventory)
-        return change + u"i4201 = '"_s + asset + u"';commit"_s;
-    const QString statement = change + u"mtag = '"_s + mtagOf(session, asset);
-    return place.marker.isEmpty() ? statement : statement + u" and "_s + place.marker + u" = '1';commit"_s;
+/// the server refuses the statement and nothing is changed. That quote ends where the asset's own would
+/// begin, so the asset stands outside of quotes.
+Sql updateColumn(const Session& session, const Place& place, const QString& name, const QString& asset,
+                 const Sql& value) {
+    const auto owner = sqlName(session.SessionOwner);
+    const auto change =
+        u"update " + owner + u"." + place.table + u" set " + sqlName(name) + u" = " + value + u" where ";
+    if (place.isInventory())
+        return change + u"i4201 = " + sqlText(asset) + u";commit";
+    const auto statement = change + u"mtag = '(select mtag from " + owner + u".inventory where i4201 = '" +
+                           unquotedAsset(asset) + u"')";
+    return place.hasMarker() ? statement + u" and " + place.marker + u" = '1';commit" : statement;
 }
 
 bool isNull(const QString& value) {
@@ -136,8 +164,8 @@ qint16 FieldType(Session& session, const QString& column) {
             return;
         const auto domain = routine.selectValue(
             u"select domain_name from sys.sysdomain where domain_id = (select max(domain_id) from "
-            "sys.syscolumn where column_name = '"_s +
-            column + u"')"_s);
+            "sys.syscolumn where column_name = " +
+            sqlText(column) + u")");
         kind = kindOfDomain(domain.value_or(QString()));
     });
     return static_cast<qint16>(kind);
@@ -169,7 +197,7 @@ void DestColumn(Session& session, const QString& column, const QString& asset, c
         const QString name = place->prefix + column;
         const auto type = value.isEmpty() ? qint16{0} : FieldType(session, name);
         const auto written =
-            isNull(value) ? u"NULL"_s : u'\'' + fieldText(session, value, type, statementForm) + u'\'';
+            isNull(value) ? Sql(u"NULL") : sqlText(fieldText(session, value, type, statementForm));
         routine.execute(updateColumn(session, *place, name, asset, written));
     });
 }

@@ -2,48 +2,28 @@
 
 namespace kelvane {
 
-std::unique_ptr<RecordSet> Routine::select(const QString& statement, Rows rows) {
-    statement_ = statement;
-    return sharedConnection(session_).select(statement, rows);
+const QString& Routine::take(const Sql& statement) {
+    statement_ = statement.text();
+    return sendable(statement);
 }
 
-std::optional<QString> Routine::selectValue(const QString& statement) {
+std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
+    return sharedConnection(session_).select(take(statement), rows);
+}
+
+std::optional<QString> Routine::selectValue(const Sql& statement) {
     const auto rows = select(statement, Rows::first);
     if (!rows->next())
         return {};
     return rows->value(0);
 }
 
-bool Routine::hasRow(const QString& statement) {
+bool Routine::hasRow(const Sql& statement) {
     return select(statement, Rows::first)->next();
 }
 
-qint64 Routine::execute(const QString& statement) {
-    statement_ = statement;
-    return sharedConnection(session_).execute(statement);
-}
-
-const QString& Routine::sendable(const Sql& statement) {
-    statement_ = statement.text();
-    if (!statement.isIntact())
-        throw syntaxError();
-    return statement_;
-}
-
-std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
-    return select(sendable(statement), rows);
-}
-
-std::optional<QString> Routine::selectValue(const Sql& statement) {
-    return selectValue(sendable(statement));
-}
-
-bool Routine::hasRow(const Sql& statement) {
-    return hasRow(sendable(statement));
-}
-
 qint64 Routine::execute(const Sql& statement) {
-    return execute(sendable(statement));
+    return sharedConnection(session_).execute(take(statement));
 }
 
 Transaction::Transaction(Session& session) : connection_(sharedConnection(session)) {

@@ -36,27 +36,23 @@ class Routine {
         }
     }
 
-    /// The same for a statement that holds values: one that a value has made another statement of is never
-    /// sent, and is the syntax error that it would have been.
-    std::unique_ptr<RecordSet> select(const Sql& statement, Rows rows = Rows::all);
-    std::optional<QString> selectValue(const Sql& statement);
-    bool hasRow(const Sql& statement);
-    qint64 execute(const Sql& statement);
+    // A statement that a value has made another one of is never sent, and is the syntax error that it would
+    // have been (`platform/sql.h`).
 
     /// Runs a query through the shared connection; the statement is what a report would show.
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all);
+    std::unique_ptr<RecordSet> select(const Sql& statement, Rows rows = Rows::all);
     /// The first column of the first row: no row and null both give nothing.
-    std::optional<QString> selectValue(const QString& statement);
+    std::optional<QString> selectValue(const Sql& statement);
     /// True when the query has a row.
-    bool hasRow(const QString& statement);
+    bool hasRow(const Sql& statement);
     /// Runs a writing statement through the shared connection; gives the number of rows that it has changed,
     /// -1 where the engine does not tell.
-    qint64 execute(const QString& statement);
+    qint64 execute(const Sql& statement);
 
   private:
     void report(const Error& error);
-    /// The text of a statement that may be sent; the syntax error for another one.
-    const QString& sendable(const Sql& statement);
+    /// Keeps the statement for a report; gives its text when it may be sent.
+    const QString& take(const Sql& statement);
 
     Session& session_;
     QString name_;

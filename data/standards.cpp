@@ -19,26 +19,27 @@ struct Pair {
     QString owner;
 };
 
-QString qualification(const Pair& pair) {
-    const auto current = [&](const QString& column) {
-        return u"(select "_s + column + u" from "_s + pair.standardOwner +
-               u".calibration where c2339 = 1 and "_s + pair.standardOwner + u".calibration.mtag = "_s +
-               pair.owner + u".inventory.mtag)"_s;
+Sql qualification(const Pair& pair) {
+    const auto owner = sqlName(pair.owner);
+    const auto standardOwner = sqlName(pair.standardOwner);
+    const auto current = [&](SqlWords column) {
+        return u"(select " + Sql(column) + u" from " + standardOwner + u".calibration where c2339 = 1 and " +
+               standardOwner + u".calibration.mtag = " + owner + u".inventory.mtag)";
     };
-    return u"select i4209,"_s + current(u"c2303"_s) + u',' + current(u"c2334"_s) +
-           u",(select i4209 trace from "_s + pair.owner + u".inventory where i4201 = '"_s + pair.instrument +
-           u"'),(select allow_ooc_stds from mt.hvm_kv_sysconfig),(select allow_poor_trace_stds from "
-           "mt.hvm_kv_sysconfig) from "_s +
-           pair.standardOwner + u".inventory where i4201 = '"_s + SQLSafe(pair.standard) + u'\'';
+    return u"select i4209," + current(u"c2303") + u"," + current(u"c2334") + u",(select i4209 trace from " +
+           owner + u".inventory where i4201 = " + sqlText(pair.instrument) +
+           u"),(select allow_ooc_stds from mt.hvm_kv_sysconfig),(select allow_poor_trace_stds from "
+           "mt.hvm_kv_sysconfig) from " +
+           standardOwner + u".inventory where i4201 = " + sqlText(SQLSafe(pair.standard));
 }
 
-QString traceDistance(const Pair& pair) {
+Sql traceDistance(const Pair& pair) {
     const auto place = [](const QString& owner, const QString& asset) {
-        return u"locate(tracecodes,(select i4209 from "_s + owner + u".inventory where i4201 = '"_s + asset +
-               u"'))"_s;
+        return u"locate(tracecodes,(select i4209 from " + sqlName(owner) + u".inventory where i4201 = " +
+               sqlText(asset) + u"))";
     };
-    return u"select sum("_s + place(pair.owner, pair.instrument) + u" - "_s +
-           place(pair.standardOwner, pair.standard) + u" - trace_delta) from mt.dbconfig"_s;
+    return u"select sum(" + place(pair.owner, pair.instrument) + u" - " +
+           place(pair.standardOwner, pair.standard) + u" - trace_delta) from mt.dbconfig";
 }
 
 /// Whether the due moment has come. Without a due time a standard expires at noon.

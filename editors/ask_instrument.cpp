@@ -1,5 +1,6 @@
 #include "editors/ask_instrument.h"
 
+#include "data/assets.h"
 #include "data/custom_dialog.h"
 #include "editors/statement_parts.h"
 #include "resources/strings.h"
@@ -12,7 +13,7 @@ std::optional<QString> askInstrument(Session& session, Routine& routine) {
             ModuleGlobals::CustomDialog(session, text(112), text(1096), true, 0, 0, 0, QString());
         if (entry == cancelled)
             return {};
-        if (routine.hasRow(instrumentQuery(session, entry)))
+        if (routine.hasRow(ModuleGlobals::mtagQuery(session, entry)))
             return entry;
         if (session.ui.messageBox(text(195), text(112), box::warningRetryCancel) != BoxAnswer::retry)
             return {};

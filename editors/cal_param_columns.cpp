@@ -1,5 +1,6 @@
 #include "editors/cal_param_columns.h"
 
+#include "data/assets.h"
 #include "editors/cal_param_options.h"
 #include "editors/statement_parts.h"
 #include "ui/list_rows.h"
@@ -116,7 +117,7 @@ QList<SavedColumn> savedColumns(const CalParamControls& c, const QString& instru
 
 QList<Sql> savingStatements(const Session& session, const CalParamControls& controls,
                             const QString& instrument) {
-    const auto mtag = instrumentKey(session, instrument);
+    const auto mtag = ModuleGlobals::mtagOf(session, instrument);
     QList<Sql> statements{
         u"delete from mt.hvm_kv_tag_config where mtag = " + mtag +
             u";delete from mt.hvm_kv_proc_prompts where mtag = " + mtag + u";commit",

@@ -1,5 +1,6 @@
 #include "editors/cal_param_load.h"
 
+#include "data/assets.h"
 #include "editors/cal_param_options.h"
 #include "editors/statement_parts.h"
 #include "platform/numbers.h"
@@ -199,7 +200,7 @@ void showRecord(const CalParamRecord& record, const CalParamControls& controls) 
 
 QList<PromptQuery> promptQueries(const Session& session, const CalParamControls& controls,
                                  const QString& instrument) {
-    const auto shownBy = [mtag = instrumentKey(session, instrument)](const Sql& type) {
+    const auto shownBy = [mtag = ModuleGlobals::mtagOf(session, instrument)](const Sql& type) {
         return u"select pname from mt.hvm_kv_proc_prompts where prompt_type = " + type + u" and mtag = " +
                mtag;
     };

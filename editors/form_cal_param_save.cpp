@@ -1,5 +1,6 @@
 #include "editors/form_cal_param.h"
 
+#include "data/assets.h"
 #include "data/routine.h"
 #include "editors/ask_instrument.h"
 #include "editors/cal_param_columns.h"
@@ -92,7 +93,7 @@ void FormCalParam::CommandClone() {
         if (!target)
             return;
         const auto stored =
-            u"select mtag from mt.hvm_kv_tag_config where mtag = " + instrumentKey(session_, *target);
+            u"select mtag from mt.hvm_kv_tag_config where mtag = " + ModuleGlobals::mtagOf(session_, *target);
         if (routine.hasRow(stored) &&
             session_.ui.messageBox(text(1349), text(112), box::warningYesNo) != BoxAnswer::yes)
             return;

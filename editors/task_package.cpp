@@ -1,5 +1,6 @@
 #include "editors/task_package.h"
 
+#include "data/assets.h"
 #include "data/small_routines.h"
 #include "editors/statement_parts.h"
 
@@ -76,7 +77,7 @@ Sql packageInsert(const Session& session, const TaskPackage& package, const QStr
 
 Sql assetInsert(const Session& session, const QString& tptag, const QString& asset) {
     return u"insert into mt.hvm_kv_task_assets (tptag,mtag) values (" + sqlText(tptag) + u"," +
-           instrumentKey(session, asset) + u");commit";
+           ModuleGlobals::mtagOf(session, asset) + u");commit";
 }
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #include "platform/sql.h"
 
+#include "platform/error.h"
 #include "platform/sql_text.h"
 
 #include <QRegularExpression>
@@ -31,6 +32,10 @@ bool isNamePart(QChar character) {
 }
 
 bool isPlainName(QStringView value) {
+    while (value.startsWith(u' '))
+        value = value.sliced(1);
+    while (value.endsWith(u' '))
+        value.chop(1);
     return !value.isEmpty() && std::all_of(value.begin(), value.end(), isNamePart);
 }
 
@@ -71,6 +76,12 @@ Sql sqlNumber(const QString& number) {
 
 Sql sqlCondition(const QString& condition) {
     return {condition, !hasNul(condition) && staysInParentheses(condition)};
+}
+
+const QString& sendable(const Sql& statement) {
+    if (!statement.isIntact())
+        throw syntaxError();
+    return statement.text();
 }
 
 } // namespace kelvane

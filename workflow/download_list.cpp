@@ -105,8 +105,8 @@ void Addition::addInstrument(const QString& asset, bool alone) {
     const auto calibrator = screen_.calibrator();
     if (const auto reason = calibratorAcceptable(calibrators_, calibrator, asset); !reason.isEmpty())
         return warn(asset + u": "_s + reason);
-    routine_.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = "_s +
-                     ModuleGlobals::mtagOf(session_, asset) + u";commit"_s);
+    routine_.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " +
+                     ModuleGlobals::mtagOf(session_, asset) + u";commit");
     if (!calibratorRequiresStandard(calibrators_, calibrator, asset) || nameStandards(asset))
         screen_.addRow(asset);
 }
@@ -147,43 +147,43 @@ bool Addition::refused(const QString& standard, const QString& asset) {
 }
 
 void Addition::registerStandard(const QString& standard, const QString& asset) {
-    const auto insertInto = [&](const QString& table) {
-        routine_.execute(u"insert into mt."_s + table + u" (standard_mtag,entered_date,mtag) values ("_s +
-                         ModuleGlobals::mtagOf(session_, standard) + u",now(*),"_s +
-                         ModuleGlobals::mtagOf(session_, asset) + u");commit"_s);
+    const auto insertInto = [&](SqlWords table) {
+        routine_.execute(u"insert into mt." + Sql(table) + u" (standard_mtag,entered_date,mtag) values (" +
+                         ModuleGlobals::mtagOf(session_, standard) + u",now(*)," +
+                         ModuleGlobals::mtagOf(session_, asset) + u");commit");
     };
-    insertInto(u"hvm_kv_task_standards_inuse"_s);
+    insertInto(u"hvm_kv_task_standards_inuse");
     if (standards_ == 0) {
         forgetLastStandard(asset);
-        insertInto(u"hvm_kv_last_standards_used"_s);
+        insertInto(u"hvm_kv_last_standards_used");
     }
     ++standards_;
 }
 
 QString Addition::lastStandard(const QString& asset) {
-    const auto row = routine_.select(
-        u"select i4201 from "_s + session_.SessionOwner +
-            u".inventory where mtag = (select standard_mtag from mt.hvm_kv_last_standards_used where mtag = "_s +
-            ModuleGlobals::mtagOf(session_, asset) + u')',
-        Rows::first);
+    const auto row = routine_.select(u"select i4201 from " + sqlName(session_.SessionOwner) +
+                                         u".inventory where mtag = (select standard_mtag from "
+                                         u"mt.hvm_kv_last_standards_used where mtag = " +
+                                         ModuleGlobals::mtagOf(session_, asset) + u")",
+                                     Rows::first);
     return row->next() ? notNull(row->value(0)) : QString();
 }
 
 /// The proposal is gone before the question has been answered.
 void Addition::forgetLastStandard(const QString& asset) {
-    routine_.execute(u"delete from mt.hvm_kv_last_standards_used where mtag = "_s +
-                     ModuleGlobals::mtagOf(session_, asset) + u";commit"_s);
+    routine_.execute(u"delete from mt.hvm_kv_last_standards_used where mtag = " +
+                     ModuleGlobals::mtagOf(session_, asset) + u";commit");
 }
 
 /// Puts the list into a task package that lives for one download; gives its tag.
 QString makePackage(Session& session, Routine& routine, const QStringList& assets) {
     const auto tag = ModuleGlobals::RandomString(session, 30);
     routine.execute(
-        u"insert into mt.hvm_kv_task_packages (taskname,tptype,mtuser,created_on,tptag) values ('"_s + tag +
-        u"','WSHT','"_s + session.SessionUser + u"',now(*),'"_s + tag + u"');commit"_s);
+        u"insert into mt.hvm_kv_task_packages (taskname,tptype,mtuser,created_on,tptag) values (" +
+        sqlText(tag) + u",'WSHT'," + sqlText(session.SessionUser) + u",now(*)," + sqlText(tag) + u");commit");
     for (const auto& asset : assets)
-        routine.execute(u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('"_s + tag + u"',"_s +
-                        ModuleGlobals::mtagOf(session, asset) + u");commit"_s);
+        routine.execute(u"insert into mt.hvm_kv_task_assets (tptag,mtag) values (" + sqlText(tag) + u"," +
+                        ModuleGlobals::mtagOf(session, asset) + u");commit");
     return tag;
 }
 
@@ -210,8 +210,8 @@ void removeFromDownloadList(Calibrators& calibrators, DownloadListScreen& screen
     auto& session = calibrators.session;
     Routine routine(session, u"FormDockingDown,CommandRemove"_s);
     routine.run([&] {
-        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = "_s +
-                        ModuleGlobals::mtagOf(session, rows[row]) + u";commit"_s);
+        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " +
+                        ModuleGlobals::mtagOf(session, rows[row]) + u";commit");
         screen.removeRow(row);
         screen.focusEntry();
     });
@@ -233,8 +233,8 @@ void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
         }
         session.ui.messageBox(text(374), text(105), box::information);
         ModuleGlobals::SaveRegSetting(session, u"Defaults"_s, u"LastDownloadCalibrator"_s, calibrator);
-        routine.execute(u"delete from mt.hvm_kv_task_assets where tptag = '"_s + tag +
-                        u"';delete from mt.hvm_kv_task_packages where tptag = '"_s + tag + u"';commit"_s);
+        routine.execute(u"delete from mt.hvm_kv_task_assets where tptag = " + sqlText(tag) +
+                        u";delete from mt.hvm_kv_task_packages where tptag = " + sqlText(tag) + u";commit");
         screen.closeScreen();
     });
 }

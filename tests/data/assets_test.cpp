@@ -98,7 +98,7 @@ TEST_F(Assets, ALostConnectionEndsTheSession) {
 
 TEST_F(Assets, TheKeyOfAnAssetIsASubSelect) {
     session.SessionOwner = u"ABC"_s;
-    EXPECT_EQ(mtagOf(session, u"PT-1"_s), u"(select mtag from ABC.inventory where i4201 = 'PT-1')"_s);
+    EXPECT_EQ(mtagOf(session, u"PT-1"_s).text(), u"(select mtag from ABC.inventory where i4201 = 'PT-1')"_s);
 }
 
 namespace {

@@ -44,8 +44,8 @@ TEST_F(RoutineGuard, ReportsTheDriversOwnNumberAndTheStatementInHand) {
     ui.expectReport(-141, u"ModuleGlobals,x"_s);
     Routine routine(session, u"ModuleGlobals,x"_s);
     EXPECT_FALSE(routine.run([&] {
-        routine.execute(u"good;commit"_s);
-        routine.select(u"bad"_s);
+        routine.execute(u"good;commit");
+        routine.select(u"bad");
         ADD_FAILURE() << "the body goes on behind an error";
     }));
     EXPECT_EQ(script.statements, (QStringList{u"good;commit"_s, u"bad"_s}));
@@ -59,7 +59,7 @@ TEST_F(RoutineGuard, ShowsTheLastStatementEvenWhenTheFailureIsNotIts) {
     ui.expectReport(3021, u"ModuleGlobals,x"_s);
     Routine routine(session, u"ModuleGlobals,x"_s);
     routine.run([&] {
-        const auto rows = routine.select(u"select a"_s);
+        const auto rows = routine.select(u"select a");
         while (rows->next()) {
         }
         rows->value(0);
@@ -76,7 +76,7 @@ TEST_F(RoutineGuard, OfAFailingInnerRoutineLetsTheOuterOneGoOn) {
         QString result = u"default"_s;
         Routine routine(session, u"ModuleGlobals,inner"_s);
         routine.run([&] {
-            routine.execute(u"inner"_s);
+            routine.execute(u"inner");
             result = u"never"_s;
         });
         return result;
@@ -126,14 +126,14 @@ TEST_F(RoutineGuard, OfALostConnectionEndsTheSessionsConnection) {
     script.lost = true;
     ui.expectReport(10054, u"ModuleGlobals,x"_s);
     Routine routine(session, u"ModuleGlobals,x"_s);
-    EXPECT_FALSE(routine.run([&] { routine.execute(u"select 1"_s); }));
+    EXPECT_FALSE(routine.run([&] { routine.execute(u"select 1"); }));
     EXPECT_FALSE(session.SessionConnected);
 }
 
 TEST_F(RoutineGuard, WithoutAConnectionYetMakesOne) {
     EXPECT_EQ(session.SharedConnection, nullptr);
     Routine routine(session, u"ModuleGlobals,x"_s);
-    EXPECT_TRUE(routine.run([&] { routine.execute(u"a"_s); }));
+    EXPECT_TRUE(routine.run([&] { routine.execute(u"a"); }));
     const auto* made = session.SharedConnection.get();
     EXPECT_NE(made, nullptr);
     routine.run([&] { routine.execute(u"b"_s); });

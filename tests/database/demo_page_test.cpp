@@ -120,7 +120,7 @@ TEST_F(DemoPage, TellsOfAnInstrumentThatHasNothingYet) {
     EXPECT_FALSE(HasConfigData(session, asset));
     for (const auto& table : {u"tag_config"_s, u"proc_prompts"_s})
         EXPECT_EQ(value(u"select count(*) from mt.hvm_kv_"_s + table + u" where mtag = "_s +
-                        mtagOf(session, asset)),
+                        mtagOf(session, asset).text()),
                   u"0"_s)
             << table.toStdString();
     EXPECT_EQ(CheckStandard(session, u"PM-100"_s, asset), standardUsable);

@@ -39,9 +39,9 @@ PackageScreen::PackageScreen() {
 void PackageScreen::configure(const QString& asset) {
     script.answers.insert(u"select mtag from MT.inventory where i4201 = '"_s + asset + u'\'', {Row{u"17"_s}});
     script.answers.insert(u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
-                              ModuleGlobals::mtagOf(session, asset),
+                              ModuleGlobals::mtagOf(session, asset).text(),
                           {Row{u"17"_s}});
-    script.answers.insert(ModuleGlobals::selectTestPointPct(session, asset), {Row{u"50"_s}});
+    script.answers.insert(ModuleGlobals::selectTestPointPct(session, asset).text(), {Row{u"50"_s}});
 }
 
 void PackageScreen::setPackages(const QList<StoredPackage>& packages) {

@@ -33,9 +33,9 @@ class FormDockingDownTest : public ProgramTest {
             script.answers.insert(u"select mtag from MT.inventory where i4201 = '"_s + asset + u"'"_s,
                                   {Row{u"17"_s}});
             script.answers.insert(u"select mtag from mt.hvm_kv_tag_config where mtag = "_s +
-                                      ModuleGlobals::mtagOf(session, asset),
+                                      ModuleGlobals::mtagOf(session, asset).text(),
                                   {Row{u"17"_s}});
-            script.answers.insert(ModuleGlobals::selectTestPointPct(session, asset), {Row{u"50"_s}});
+            script.answers.insert(ModuleGlobals::selectTestPointPct(session, asset).text(), {Row{u"50"_s}});
             ModuleGlobals::GetCalParams(session, asset);
             // Whatever column is read: a serial transducer, which the torque calibrator takes as it is.
             script.answers.insert(script.statements.last(), {Row(100, u"Serial"_s)});
