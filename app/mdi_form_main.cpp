@@ -11,19 +11,23 @@
 #include "editors/form_strategies.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
+#include "platform/error_report.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
+#include "ui/status_line.h"
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHash>
 #include <QIcon>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -35,6 +39,23 @@ namespace {
 
 constexpr int heightInTwips = 8265;
 constexpr int widthInTwips = 9975;
+
+// Beside the positions of the child windows.
+const QString placeSection = u"MainWindow"_s;
+const QString placeKey = u"Geometry"_s;
+
+/// A caption with the mark of the letter that chooses it: the first one that no neighbour has taken.
+QString withMnemonic(QString caption, QString& taken) {
+    caption.replace(u'&', u"&&"_s);
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const auto letter = caption[i].toUpper();
+        if (letter.isLetterOrNumber() && !taken.contains(letter)) {
+            taken += letter;
+            return caption.insert(i, u'&');
+        }
+    }
+    return caption;
+}
 
 bool isMenu(MenuEntry entry) {
     return std::ranges::any_of(menuTree(), [entry](const MenuRow& row) { return row.parent == entry; });
@@ -55,14 +76,16 @@ struct MDIFormMain::Command {
     MenuEntry entry;
     bool needsConnection;
     void (MDIFormMain::*run)();
+    /// It has a question to ask before all else, and does not begin while another one is open.
+    bool asks = false;
 };
 
 const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
     static constexpr Command commands[] = {
         {MenuEntry::mnuLogout, false, &MDIFormMain::mnuLogout},
         {MenuEntry::mnuExit, false, &MDIFormMain::mnuExit},
-        {MenuEntry::mnuDownload, true, &MDIFormMain::mnuDownload},
-        {MenuEntry::mnuUpload, true, &MDIFormMain::mnuUpload},
+        {MenuEntry::mnuDownload, true, &MDIFormMain::mnuDownload, true},
+        {MenuEntry::mnuUpload, true, &MDIFormMain::mnuUpload, true},
         {MenuEntry::mnuPrint, true, nullptr},
         {MenuEntry::mnuEnter, true, nullptr},
         {MenuEntry::mnuStrategies, true, &MDIFormMain::mnuStrategies},
@@ -81,14 +104,18 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Surrounding
     : session_(session),
       calibrators_(calibrators),
       surroundings_(std::move(surroundings)),
-      area_(new QMdiArea(this)) {
+      area_(new QMdiArea(this)),
+      statusLine_(new StatusLine(session)) {
     setObjectName(u"MDIFormMain"_s);
+    setStatusBar(statusLine_);
     area_->setObjectName(u"Area"_s);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area_);
     buildMenu();
     menu_.changed = [this] { applyMenu(); };
+    auto* entering = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    onSignal(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
 }
 
 void MDIFormMain::buildMenu() {
@@ -112,8 +139,18 @@ void MDIFormMain::buildMenu() {
 }
 
 void MDIFormMain::setCaptions() {
+    QHash<MenuEntry, QString> taken;
     for (const auto& row : menuTree())
-        action(row.entry)->setText(text(row.caption));
+        action(row.entry)->setText(withMnemonic(text(row.caption), taken[row.parent]));
+}
+
+void MDIFormMain::enterMenu() {
+    for (auto* shown : menuBar()->actions()) {
+        if (menuBar()->isEnabled() && shown->isVisible() && shown->isEnabled()) {
+            menuBar()->setActiveAction(shown);
+            return;
+        }
+    }
 }
 
 void MDIFormMain::applyMenu() {
@@ -121,6 +158,7 @@ void MDIFormMain::applyMenu() {
         action(row.entry)->setVisible(menu_.isShown(row.entry));
         action(row.entry)->setEnabled(menu_.isEnabled(row.entry));
     }
+    statusLine_->refresh();
 }
 
 void MDIFormMain::load() {
@@ -129,9 +167,12 @@ void MDIFormMain::load() {
         // For the child windows too.
         QApplication::setWindowIcon(programIcon());
         setCaptions();
+        statusLine_->refresh();
         resize(pixels(widthInTwips), pixels(heightInTwips));
+        restorePlace();
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
         show();
+        placeAtStart_ = saveGeometry();
         startUp();
     });
 }
@@ -149,6 +190,10 @@ void MDIFormMain::carryOut(MenuEntry entry) {
         session_.ui.messageBox(text(1001), text(635), box::warning);
         return;
     }
+    if (command->asks && session_.ui.bringQuestionForward())
+        return;
+    // The menu has closed, and what follows may take long.
+    session_.ui.repaint();
     if (command->run)
         (this->*command->run)();
     else
@@ -168,8 +213,24 @@ void MDIFormMain::changeEvent(QEvent* event) {
 }
 
 void MDIFormMain::mnuExit() {
-    if (session_.ui.messageBox(text(115), text(101), box::question) == BoxAnswer::yes)
-        surroundings_.endProcess();
+    if (session_.ui.messageBox(text(115), text(101), box::question) != BoxAnswer::yes)
+        return;
+    storePlace();
+    surroundings_.endProcess();
+}
+
+/// Size and place of the window as the user left them the last time. Where nothing is stored, or what no
+/// screen of this workstation can show, they stay as they are.
+void MDIFormMain::restorePlace() {
+    restoreGeometry(
+        QByteArray::fromBase64(ModuleGlobals::GetRegSetting(session_, placeSection, placeKey).toLatin1()));
+}
+
+void MDIFormMain::storePlace() {
+    const auto place = saveGeometry();
+    if (place != placeAtStart_)
+        ModuleGlobals::SaveRegSetting(session_, placeSection, placeKey,
+                                      QString::fromLatin1(place.toBase64()));
 }
 
 void MDIFormMain::mnuLogout() {
@@ -212,6 +273,9 @@ void MDIFormMain::mnuStrategies() {
 }
 
 void MDIFormMain::mnuCalParameters() {
+    const bool openBefore = openScreen<FormCalParam>() != nullptr;
+    if (!openBefore && session_.ui.bringQuestionForward())
+        return;
     Routine routine(session_, u"MDIFormMain,mnuCalParameters.Click"_s);
     const bool counted = routine.run([&] {
         const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points", Rows::first);
@@ -222,7 +286,6 @@ void MDIFormMain::mnuCalParameters() {
     if (!counted)
         return;
     // The warning does not keep the screen from opening.
-    const bool openBefore = openScreen<FormCalParam>() != nullptr;
     auto* form = showScreen<FormCalParam>();
     if (!openBefore)
         form->chooseFirst();

@@ -16,6 +16,7 @@ class QMenu;
 namespace kelvane {
 
 class OpenCalParam;
+class StatusLine;
 
 /// What the main window has to do with the world outside the session.
 struct Surroundings {
@@ -37,6 +38,7 @@ class MDIFormMain final : public QMainWindow {
     void load();
 
     QMdiArea& area() { return *area_; }
+    StatusLine& statusLine() { return *statusLine_; }
     const Menu& menu() const { return menu_; }
 
   protected:
@@ -50,6 +52,9 @@ class MDIFormMain final : public QMainWindow {
     void buildMenu();
     void setCaptions();
     void applyMenu();
+    void enterMenu();
+    void restorePlace();
+    void storePlace();
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();
@@ -81,6 +86,9 @@ class MDIFormMain final : public QMainWindow {
     Surroundings surroundings_;
     Menu menu_;
     QMdiArea* area_;
+    StatusLine* statusLine_;
+    /// What `saveGeometry` gave before the user could change anything.
+    QByteArray placeAtStart_;
     std::array<QAction*, menuEntryCount> actions_{};
 };
 

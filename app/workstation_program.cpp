@@ -8,7 +8,7 @@ WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settin
     : session({ui, clock, settings}, std::move(connections)),
       calibrators{session, {session, port}, {session, link}},
       window(session, calibrators, std::move(surroundings)) {
-    ui.attach(session, window, window.area());
+    ui.attach(session, window, window.area(), window.statusLine());
 }
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "editors/entry_box.h"
 #include "ui/controls.h"
+#include "ui/indicators.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -200,13 +201,13 @@ void CalParamFields::makeLists(CalParamControls& controls) {
 void CalParamFields::makeOptions(CalParamControls& controls) {
     for (const auto& one : options) {
         auto* option =
-            named(new QRadioButton, one.name.toString(), spoken(one.subject, one.caption), one.toolTip);
+            named(new RadioButton, one.name.toString(), spoken(one.subject, one.caption), one.toolTip);
         option->setText(text(one.caption));
         option->setChecked(one.starts);
         controls.*one.control = option;
     }
     for (const auto& one : tickBoxes) {
-        auto* box = named(new QCheckBox, one.name.toString(), text(one.caption), one.toolTip);
+        auto* box = named(new CheckBox, one.name.toString(), text(one.caption), one.toolTip);
         box->setText(text(one.caption));
         controls.*one.control = box;
     }

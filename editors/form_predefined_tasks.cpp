@@ -3,6 +3,7 @@
 #include "editors/column_values.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/indicators.h"
 #include "ui/panels.h"
 #include "ui/text_box.h"
 
@@ -141,7 +142,7 @@ QLayout* FormPredefinedTasks::options() {
     auto* rows = new QGridLayout;
     int cell = 0;
     for (const auto& kind : definitionKinds()) {
-        auto* option = named(new QRadioButton(text(kind.caption)), kind.option.toString(), text(kind.caption),
+        auto* option = named(new RadioButton(text(kind.caption)), kind.option.toString(), text(kind.caption),
                              kind.toolTip);
         rows->addWidget(option, cell / inARow, cell % inARow);
         options_[static_cast<std::size_t>(kind.definition)] = option;

@@ -7,6 +7,7 @@
 #include "platform/texts.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
+#include "ui/indicators.h"
 #include "ui/list_rows.h"
 #include "ui/panels.h"
 
@@ -36,7 +37,7 @@ constexpr int shownRows = 8;
 constexpr int greatestListWidth = 300;
 
 QCheckBox* checkBox(const QString& name, int caption, int toolTip) {
-    auto* made = named(new QCheckBox, name, text(caption), toolTip);
+    auto* made = named(new CheckBox, name, text(caption), toolTip);
     made->setText(text(caption));
     return made;
 }

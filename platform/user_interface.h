@@ -60,8 +60,12 @@ class UserInterface {
     virtual BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) = 0;
 
     /// Shows the one-field dialog and returns when it has closed: the trimmed entry, or `cancelled`. While
-    /// one is open a second call returns `cancelled` at once.
+    /// one is open a second call brings that one to the front and returns `cancelled` at once.
     virtual QString askOneField(const DialogQuestion& question) = 0;
+
+    /// Brings the one-field dialog that is open to the front; false when none is. A command that has a
+    /// question to ask calls this before it begins, and does not begin when it answers true.
+    virtual bool bringQuestionForward() = 0;
 
     /// The progress window of a long action. It disables the other windows until `hideProgress`.
     virtual void showProgress(const QString& caption) = 0;
@@ -79,6 +83,10 @@ class UserInterface {
 
     /// Lets pending window events run.
     virtual void processEvents() = 0;
+
+    /// Lets the windows paint what has to be painted. No key, click or request to close is handled meanwhile:
+    /// long work that no command may enter calls this while it waits.
+    virtual void repaint() = 0;
 };
 
 } // namespace kelvane

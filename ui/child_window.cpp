@@ -3,17 +3,23 @@
 #include "platform/error_report.h"
 #include "platform/numbers.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
+#include "ui/whole_text.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStyleOption>
+#include <QTabWidget>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,10 +33,14 @@ constexpr int besideCaption = 15;
 // Beyond any screen; keeps a spoilt setting inside the whole numbers.
 constexpr double farAway = 1e6;
 
-int storedOr(const Session& session, const QString& section, const QString& name, int otherwise) {
+/// The stored edge of a window in twips, as the text that stands there, or its own one where there is none.
+QString storedEdge(const Session& session, const QString& section, const QString& name, int ownEdge) {
     const auto stored = ModuleGlobals::GetRegSetting(session, section, name);
-    const double twips = stored.isEmpty() ? otherwise : numericValue(stored);
-    return pixels(static_cast<int>(std::clamp(twips, -farAway, farAway)));
+    return stored.isEmpty() ? plainText(ownEdge) : stored;
+}
+
+int pixelsOf(const QString& twips) {
+    return pixels(static_cast<int>(std::clamp(numericValue(twips), -farAway, farAway)));
 }
 
 /// The position nearest to `wanted` at which a window of `size` lies inside `room`; a window that is larger
@@ -69,6 +79,26 @@ void ChildWindow::markClosed() {
 void ChildWindow::setBody(QWidget* body) {
     body->setObjectName(objectName() + u"Body"_s);
     setWidget(body);
+    if (body->findChild<QTabWidget*>())
+        bindPageKeys();
+}
+
+void ChildWindow::bindPageKeys() {
+    for (const auto& [key, step] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
+        auto* pressed = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        pressed->setContext(Qt::WidgetWithChildrenShortcut);
+        onSignal(pressed, &QShortcut::activated, this, session_.ui,
+                 [this, step] { changePageAtFocus(step); });
+    }
+}
+
+/// The tab control around the focus, the inner one of two; otherwise the first one of the screen.
+void ChildWindow::changePageAtFocus(int step) {
+    for (auto* around = focusWidget(); around && around != this; around = around->parentWidget()) {
+        if (auto* tabs = qobject_cast<QTabWidget*>(around))
+            return changePage(*tabs, step);
+    }
+    changePage(*findChild<QTabWidget*>(), step);
 }
 
 void ChildWindow::setDefaultButton(QPushButton* button) {
@@ -76,9 +106,9 @@ void ChildWindow::setDefaultButton(QPushButton* button) {
     button->setDefault(true);
 }
 
-QPoint ChildWindow::storedPosition() const {
-    return {storedOr(session_, u"Left"_s, objectName(), place_.left),
-            storedOr(session_, u"Top"_s, objectName(), place_.top)};
+/// Where the window stands in the area, however far that is scrolled.
+QPoint ChildWindow::position() const {
+    return pos() + QPoint(mdiArea()->horizontalScrollBar()->value(), mdiArea()->verticalScrollBar()->value());
 }
 
 /// What the controls need, with the frame around them; texts that wrap need it at the given width.
@@ -111,13 +141,17 @@ void ChildWindow::showIn(QMdiArea& area) {
         area.setActiveSubWindow(this);
         return;
     }
-    const auto position = storedPosition();
+    const QPoint stored(pixelsOf(storedEdge(session_, u"Left"_s, objectName(), place_.left)),
+                        pixelsOf(storedEdge(session_, u"Top"_s, objectName(), place_.top)));
+    for (auto* list : findChildren<QListWidget*>())
+        showWholeRows(*list);
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
     setFixedSize(given.expandedTo(neededSize()));
-    move(inView(position, size(), area.viewport()->size()));
+    move(inView(stored, size(), area.viewport()->size()));
     show();
     area.setActiveSubWindow(this);
+    shownAt_ = position();
     if (firstFocus_)
         firstFocus_->setFocus();
 }
@@ -140,8 +174,14 @@ void ChildWindow::closeEvent(QCloseEvent* event) {
 }
 
 void ChildWindow::storePosition() {
-    ModuleGlobals::SaveRegSetting(session_, u"Left"_s, objectName(), plainText(x() * twipsPerPixel));
-    ModuleGlobals::SaveRegSetting(session_, u"Top"_s, objectName(), plainText(y() * twipsPerPixel));
+    const auto store = [this](const QString& section, int ownEdge, int shown, int now) {
+        const auto edge = now == shown ? storedEdge(session_, section, objectName(), ownEdge)
+                                       : plainText(now * twipsPerPixel);
+        ModuleGlobals::SaveRegSetting(session_, section, objectName(), edge);
+    };
+    const auto now = position();
+    store(u"Left"_s, place_.left, shownAt_.x(), now.x());
+    store(u"Top"_s, place_.top, shownAt_.y(), now.y());
 }
 
 QPushButton* ChildWindow::buttonFor(int key) const {

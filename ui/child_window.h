@@ -16,7 +16,8 @@ constexpr int pixels(int twips) {
 
 /// The base of every screen: a child window of the main window with a fixed size, whose position is kept in
 /// the settings store (section "Left" or "Top", key the window's name, in twips) and whose open flag stands
-/// in the session from its making until it has closed.
+/// in the session from its making until it has closed. Control with PageUp or PageDown changes the page of
+/// the tab control that has the focus.
 class ChildWindow : public QMdiSubWindow {
     Q_OBJECT
   public:
@@ -64,7 +65,9 @@ class ChildWindow : public QMdiSubWindow {
   private:
     QSize neededSize() const;
     int neededForTitle() const;
-    QPoint storedPosition() const;
+    void bindPageKeys();
+    void changePageAtFocus(int step);
+    QPoint position() const;
     void storePosition();
     QPushButton* buttonFor(int key) const;
     void markClosed();
@@ -74,6 +77,8 @@ class ChildWindow : public QMdiSubWindow {
     QPushButton* defaultButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
     QWidget* firstFocus_ = nullptr;
+    /// Where the window was put when it was shown; until the user moves it, its setting stays what it is.
+    QPoint shownAt_;
     bool open_ = true;
     bool unloading_ = false;
 };

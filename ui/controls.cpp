@@ -1,7 +1,13 @@
 #include "ui/controls.h"
 
+#include "ui/whole_text.h"
+
+#include <QHelpEvent>
 #include <QListView>
+#include <QScreen>
 #include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 namespace kelvane {
@@ -14,19 +20,66 @@ QString plainCaption(int id) {
 }
 
 /// A list to choose from that the wheel turns only while it has the focus: one that turns under the pointer
-/// by chance would choose another record, and drop what was entered.
+/// by chance would choose another record, and drop what was entered. What has no room in it ends in "…" and
+/// stands whole in its tool tip; what drops down is as wide as its rows.
 class DropDown final : public QComboBox {
   public:
-    DropDown() { setFocusPolicy(Qt::StrongFocus); }
+    DropDown();
+    void showPopup() override;
 
   protected:
-    void wheelEvent(QWheelEvent* event) override {
-        if (hasFocus())
-            QComboBox::wheelEvent(event);
-        else
-            event->ignore();
-    }
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    int roomForText() const;
 };
+
+DropDown::DropDown() {
+    setFocusPolicy(Qt::StrongFocus);
+    if (auto* rows = qobject_cast<QListView*>(view()))
+        showWholeRows(*rows);
+}
+
+void DropDown::showPopup() {
+    const auto* scrollBar = view()->verticalScrollBar();
+    const int needed = view()->sizeHintForColumn(0) + 2 * view()->frameWidth() +
+                       (count() > maxVisibleItems() ? scrollBar->sizeHint().width() : 0);
+    view()->setMinimumWidth(qMin(needed, screen()->availableSize().width()));
+    QComboBox::showPopup();
+}
+
+int DropDown::roomForText() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width() -
+           2;
+}
+
+bool DropDown::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && fontMetrics().horizontalAdvance(currentText()) > roomForText()) {
+        showWholeText(static_cast<QHelpEvent*>(event)->globalPos(), currentText(), *this);
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
+void DropDown::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, roomForText());
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void DropDown::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
 
 } // namespace
 
@@ -60,12 +113,10 @@ QComboBox* dropDown(const QString& name, const QString& accessibleName, int tool
 void keepWidth(QComboBox* list) {
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(10);
-    auto* rows = list->view();
-    rows->setMinimumWidth(
-        qMin(rows->sizeHintForColumn(0) + rows->verticalScrollBar()->sizeHint().width(), 600));
-    // Thousands of rows would be measured one by one, each time that they change later.
-    if (auto* plain = qobject_cast<QListView*>(rows))
-        plain->setUniformItemSizes(true);
+    // Thousands of rows would be measured one by one, each time that they change later. All are as wide as
+    // the list that drops down, and that is measured when it does.
+    if (auto* rows = qobject_cast<QListView*>(list->view()))
+        rows->setUniformItemSizes(true);
 }
 
 void setTabOrder(std::initializer_list<QWidget*> controls) {

@@ -1,6 +1,7 @@
 #include "ui/form_status_bar.h"
 
 #include "ui/controls.h"
+#include "ui/whole_text.h"
 
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -11,10 +12,10 @@ namespace kelvane {
 
 FormStatusBar::FormStatusBar(Session& session)
     : ChildWindow(session, ChildForm::FormStatusBar, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
-      LabelStatus(named(new QLabel, u"LabelStatus"_s, text(484), 484)),
+      LabelStatus(named(new ElidedLabel, u"LabelStatus"_s, text(484), 484)),
       ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(485), 485)) {
-    setWindowFlag(Qt::WindowCloseButtonHint, false);
-    LabelStatus->setTextFormat(Qt::PlainText);
+    // Without the hint of a system menu too: styles draw a button that closes for it.
+    setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     ProgressBar->setRange(0, 100);
     ProgressBar->setValue(0);
 

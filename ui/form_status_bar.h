@@ -2,10 +2,11 @@
 
 #include "ui/child_window.h"
 
-class QLabel;
 class QProgressBar;
 
 namespace kelvane {
+
+class ElidedLabel;
 
 /// The progress window of long actions. The user can't close it; who opened it unloads it.
 class FormStatusBar final : public ChildWindow {
@@ -20,7 +21,7 @@ class FormStatusBar final : public ChildWindow {
   private:
     bool mayClose() override { return false; }
 
-    QLabel* LabelStatus;
+    ElidedLabel* LabelStatus;
     QProgressBar* ProgressBar;
 };
 

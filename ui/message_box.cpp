@@ -1,14 +1,15 @@
 #include "ui/message_box.h"
 
 #include "resources/strings.h"
+#include "ui/text_box.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
 
 #include <vector>
 
@@ -68,9 +69,31 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
 /// Whether a box that wraps this text has room for it. The width is the least at which boxes wrap.
 bool fits(QLabel& label, const QSize& room) {
     constexpr int wrapped = 400;
+    // A longer text is not even measured: a word without an end would take minutes.
+    constexpr qsizetype longest = 2000;
+    if (label.text().size() > longest)
+        return false;
     label.setWordWrap(true);
     return label.heightForWidth(wrapped) <= room.height() / 2 &&
            label.minimumSizeHint().width() <= room.width() / 2;
+}
+
+/// A text that wraps and scrolls downwards only. It begins with its first line, can be copied, and leaves
+/// Return and Escape to its box.
+QPlainTextEdit* scrollingText(const QString& text, const QSize& room) {
+    auto* made = new QPlainTextEdit;
+    made->setObjectName(u"TextMessage"_s);
+    made->setAccessibleName(text.left(1000));
+    made->setFrameShape(QFrame::NoFrame);
+    made->viewport()->setAutoFillBackground(false);
+    made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    made->setReadOnly(true);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    made->setTabChangesFocus(true);
+    made->setWordWrapMode(wrapModeFor(text));
+    made->setPlainText(text);
+    made->setMinimumSize(qMin(room.width(), 560), qMin(room.height() / 2, 320));
+    return made;
 }
 
 /// A report may carry a statement of any length: a text that would push the buttons off the screen scrolls.
@@ -80,13 +103,9 @@ void keepOnScreen(QMessageBox& box) {
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (!label || !grid || fits(*label, room))
         return;
-    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    auto* scrolling = new QScrollArea;
-    scrolling->setFrameShape(QFrame::NoFrame);
-    scrolling->setWidgetResizable(true);
-    delete grid->replaceWidget(label, scrolling);
-    scrolling->setWidget(label);
-    scrolling->setMinimumSize(qMin(room.width(), 560), qMin(room.height() / 2, 320));
+    // The label is not laid out any more, but the box still knows its text by it.
+    delete grid->replaceWidget(label, scrollingText(label->text(), room));
+    label->hide();
 }
 
 } // namespace

@@ -2,10 +2,10 @@
 
 #include "ui/controls.h"
 
-#include <QApplication>
 #include <QGroupBox>
 #include <QHash>
-#include <QProxyStyle>
+#include <QStyleOptionTab>
+#include <QStylePainter>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -13,17 +13,51 @@ namespace kelvane {
 
 namespace {
 
-/// The style of the program with less room beside the captions of tabs, so that long ones stand in a row.
-class CloseTabs final : public QProxyStyle {
-  public:
-    CloseTabs() : QProxyStyle(QApplication::style()->name()) {}
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-        return metric == PM_TabBarTabHSpace ? qMin(usual, besideCaption) : usual;
+/// A row of tabs with little room beside their captions, so that long ones stand in a row. It measures and
+/// places the captions itself: styles count on more room, and each on another.
+class CaptionBar final : public QTabBar {
+  protected:
+    QSize tabSizeHint(int index) const override {
+        const int caption = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
+        return {caption + 2 * besideCaption, QTabBar::tabSizeHint(index).height()};
     }
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    static constexpr int besideCaption = 10;
+    void paintTab(QStylePainter& painter, int index);
+
+    static constexpr int besideCaption = 7;
+};
+
+void CaptionBar::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    // The chosen tab lies over its neighbours.
+    for (int index = 0; index < count(); ++index) {
+        if (index != currentIndex())
+            paintTab(painter, index);
+    }
+    if (currentIndex() >= 0)
+        paintTab(painter, currentIndex());
+}
+
+void CaptionBar::paintTab(QStylePainter& painter, int index) {
+    QStyleOptionTab option;
+    initStyleOption(&option, index);
+    painter.drawControl(QStyle::CE_TabBarTabShape, option);
+    // The style keeps free what it wants beside the caption; so it is given as much more.
+    const int free = option.rect.width() -
+                     style()->subElementRect(QStyle::SE_TabBarTabText, &option, this).width() -
+                     2 * (besideCaption - 2);
+    if (free > 0)
+        option.rect.adjust(-free / 2 - 1, 0, free / 2 + 1, 0);
+    painter.drawControl(QStyle::CE_TabBarTabLabel, option);
+}
+
+/// A tab control with such a row of tabs.
+class Tabs final : public QTabWidget {
+  public:
+    Tabs() { setTabBar(new CaptionBar); }
 };
 
 /// A text that wraps and never changes. While a window is laid out it is asked again and again for its height
@@ -63,14 +97,21 @@ QLabel* note(const QString& name, int caption) {
     return made;
 }
 
+void changePage(QTabWidget& tabs, int step) {
+    for (int passed = 1; passed < tabs.count(); ++passed) {
+        const int page = (tabs.currentIndex() + step * passed + passed * tabs.count()) % tabs.count();
+        if (tabs.isTabEnabled(page) && tabs.isTabVisible(page)) {
+            tabs.setCurrentIndex(page);
+            return;
+        }
+    }
+}
+
 QTabWidget* tabControl(const QString& name, int accessibleName) {
-    auto* made = named(new QTabWidget, name, text(accessibleName));
+    auto* made = named(static_cast<QTabWidget*>(new Tabs), name, text(accessibleName));
     made->setFocusPolicy(Qt::NoFocus);
     made->tabBar()->setFocusPolicy(Qt::TabFocus);
     made->tabBar()->setAccessibleName(text(accessibleName));
-    auto* style = new CloseTabs;
-    style->setParent(made);
-    made->tabBar()->setStyle(style);
     // A caption that is cut off says nothing; rather the window grows.
     made->setUsesScrollButtons(false);
     made->setElideMode(Qt::ElideNone);

@@ -14,5 +14,7 @@ QGroupBox* panel(const QString& name, int caption);
 QLabel* note(const QString& name, int caption);
 /// A tab control without pages yet; only its row of tabs takes the focus.
 QTabWidget* tabControl(const QString& name, int accessibleName);
+/// Goes to the next page (1) or the one before (-1) that can be chosen, behind the last to the first.
+void changePage(QTabWidget& tabs, int step);
 
 } // namespace kelvane

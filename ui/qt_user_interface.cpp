@@ -3,6 +3,7 @@
 #include "ui/form_custom_dialog.h"
 #include "ui/form_status_bar.h"
 #include "ui/message_box.h"
+#include "ui/status_line.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -21,10 +22,11 @@ QtUserInterface::~QtUserInterface() {
     setNormalPointer();
 }
 
-void QtUserInterface::attach(Session& session, QMainWindow& window, QMdiArea& area) {
+void QtUserInterface::attach(Session& session, QMainWindow& window, QMdiArea& area, StatusLine& statusLine) {
     session_ = &session;
     window_ = &window;
     area_ = &area;
+    statusLine_ = &statusLine;
 }
 
 BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title, BoxStyle style) {
@@ -32,13 +34,14 @@ BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title,
     const bool wasBusy = busy_;
     setNormalPointer();
     const auto answer = showMessageBox(window_, text, title, style);
+    redraw();
     if (wasBusy)
         setBusyPointer();
     return answer;
 }
 
 QString QtUserInterface::askOneField(const DialogQuestion& question) {
-    if (dialogOpen_ || !area_)
+    if (bringQuestionForward() || dialogOpen_ || !area_)
         return cancelled;
     dialogOpen_ = true;
     const auto notOpen = qScopeGuard([this] { dialogOpen_ = false; });
@@ -55,13 +58,29 @@ QString QtUserInterface::askOneField(const DialogQuestion& question) {
     made->showIn(*area_);
     // From here on the area owns it; with the area gone there is nobody left to answer.
     const QPointer form = made.release();
+    question_ = form;
     QObject::connect(form, &QObject::destroyed, &loop, &QEventLoop::quit);
     setNormalPointer();
     if (dialogOpen_)
         loop.exec();
     if (form && form->isOpen())
         form->unload();
+    redraw();
     return result;
+}
+
+bool QtUserInterface::bringQuestionForward() {
+    if (!question_ || !question_->isOpen())
+        return false;
+    question_->showIn(*area_);
+    return true;
+}
+
+/// Draws what lay under a box or a question at once: long work may begin before the next event is looked at.
+void QtUserInterface::redraw() {
+    repaint();
+    if (window_)
+        window_->repaint();
 }
 
 void QtUserInterface::showProgress(const QString& caption) {
@@ -114,7 +133,10 @@ void QtUserInterface::hideProgress() {
     progress_.clear();
 }
 
-void QtUserInterface::setActivity(const QString&) {}
+void QtUserInterface::setActivity(const QString& text) {
+    if (statusLine_)
+        statusLine_->showActivity(text);
+}
 
 void QtUserInterface::setBusyPointer() {
     if (!busy_)
@@ -130,6 +152,12 @@ void QtUserInterface::setNormalPointer() {
 
 void QtUserInterface::processEvents() {
     QCoreApplication::processEvents();
+}
+
+void QtUserInterface::repaint() {
+    if (statusLine_)
+        statusLine_->refresh();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 } // namespace kelvane

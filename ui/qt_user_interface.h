@@ -11,7 +11,9 @@ class QMdiArea;
 
 namespace kelvane {
 
+class FormCustomDialog;
 class FormStatusBar;
+class StatusLine;
 
 /// The operator in front of real windows. The session is made with it, and the main window with the session;
 /// so these two are attached once they are there. Before that, only message boxes and the pointer work.
@@ -20,12 +22,13 @@ class QtUserInterface final : public UserInterface {
     QtUserInterface();
     ~QtUserInterface() override;
 
-    /// The session and the main window with its area of child windows. They must not be used through here
-    /// any more once the window is gone.
-    void attach(Session& session, QMainWindow& window, QMdiArea& area);
+    /// The session and the main window with its area of child windows and its status line. They must not be
+    /// used through here any more once the window is gone.
+    void attach(Session& session, QMainWindow& window, QMdiArea& area, StatusLine& statusLine);
 
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
     QString askOneField(const DialogQuestion& question) override;
+    bool bringQuestionForward() override;
     void showProgress(const QString& caption) override;
     void setProgressText(const QString& text) override;
     void setProgressValue(int percent) override;
@@ -34,14 +37,18 @@ class QtUserInterface final : public UserInterface {
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;
+    void repaint() override;
 
   private:
     void disableOthers();
     void enableOthers();
+    void redraw();
 
     Session* session_ = nullptr;
     QPointer<QMainWindow> window_;
     QPointer<QMdiArea> area_;
+    QPointer<StatusLine> statusLine_;
+    QPointer<FormCustomDialog> question_;
     QPointer<FormStatusBar> progress_;
     /// What the progress window has disabled.
     QList<QPointer<QWidget>> disabled_;

@@ -16,10 +16,26 @@ bool isComingBack(Qt::FocusReason reason) {
            reason == Qt::MenuBarFocusReason;
 }
 
+/// Words up to this length may wrap as a whole.
+constexpr qsizetype longestWord = 500;
+
 } // namespace
+
+QTextOption::WrapMode wrapModeFor(const QString& text) {
+    qsizetype inWord = 0;
+    for (const auto character : text) {
+        inWord = character.isSpace() ? 0 : inWord + 1;
+        if (inWord > longestWord)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
 
 TextBox::TextBox() {
     setTabChangesFocus(true);
+    // Before the text is laid out for the first time.
+    connect(document(), &QTextDocument::contentsChange, this,
+            [this] { setWordWrapMode(wrapModeFor(document()->toRawText())); });
 }
 
 QString TextBox::text() const {

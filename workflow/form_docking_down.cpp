@@ -26,7 +26,6 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
     setWindowTitle(text(352));
     SSPanelCalibrator->setTextFormat(Qt::PlainText);
     SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    ListCal->setUniformItemSizes(true);
     // As wide as the buttons below it; the rest is for the other side.
     ListCal->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     layOut();
@@ -73,8 +72,11 @@ void FormDockingDown::connectCommands() {
             removeFromDownloadList(calibrators_, *this, selected.isEmpty() ? -1 : selected.first().row());
         });
     };
-    onSignal(CommandAdd, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { addToDownloadList(calibrators_, *this, TextAdd->text()); }); });
+    onSignal(CommandAdd, &QPushButton::clicked, this, session_.ui, [this] {
+        // It may have to ask for a standard; what it does before that must not be done for nothing.
+        if (!session_.ui.bringQuestionForward())
+            run([this] { addToDownloadList(calibrators_, *this, TextAdd->text()); });
+    });
     onSignal(CommandRemove, &QPushButton::clicked, this, session_.ui, removeSelected);
     onSignal(CommandDownload, &QPushButton::clicked, this, session_.ui,
              [this] { run([this] { downloadList(calibrators_, *this); }); });

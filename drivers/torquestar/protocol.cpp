@@ -210,6 +210,7 @@ Exchange::Step Exchange::reply() {
             reply_ = reply_.last(tooLongReply);
         if (now() > deadline)
             return fail(text(1051));
+        driver_.session.ui.repaint();
     }
     return Step::check;
 }
@@ -257,11 +258,12 @@ Exchange::Step Exchange::fail(const QString& reason) {
 }
 
 /// Polls the port until so many bytes are waiting; false when the clock has gone past the deadline. The port
-/// itself sees to it that polling is cheap.
+/// itself sees to it that polling is cheap; the windows are painted meanwhile.
 bool Exchange::wait(int bytes, const QDateTime& deadline) {
     while (port_.inBufferCount() < bytes) {
         if (now() > deadline)
             return false;
+        driver_.session.ui.repaint();
     }
     return true;
 }

@@ -19,6 +19,7 @@ class QuietOperator : public UserInterface {
                                                                    : question.choices.first();
         return question.defaultText.isEmpty() ? QStringLiteral("21.5") : question.defaultText;
     }
+    bool bringQuestionForward() override { return false; }
     void showProgress(const QString&) override {}
     void setProgressText(const QString&) override {}
     void setProgressValue(int) override {}
@@ -27,6 +28,7 @@ class QuietOperator : public UserInterface {
     void setBusyPointer() override {}
     void setNormalPointer() override {}
     void processEvents() override {}
+    void repaint() override {}
 
     QStringList complaints;
 };

@@ -74,6 +74,12 @@ QString ScriptedUserInterface::askOneField(const DialogQuestion& question) {
     return one.entry;
 }
 
+bool ScriptedUserInterface::bringQuestionForward() {
+    if (questionOpen)
+        ++broughtForward;
+    return questionOpen;
+}
+
 void ScriptedUserInterface::showProgress(const QString& caption) {
     progressShown = true;
     events << QStringLiteral("progress ") + caption;
@@ -104,6 +110,10 @@ void ScriptedUserInterface::setNormalPointer() {
 
 void ScriptedUserInterface::processEvents() {
     events << QStringLiteral("events");
+}
+
+void ScriptedUserInterface::repaint() {
+    ++repaints;
 }
 
 } // namespace kelvane::testing

@@ -27,6 +27,7 @@ class ScriptedUserInterface final : public UserInterface {
 
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
     QString askOneField(const DialogQuestion& question) override;
+    bool bringQuestionForward() override;
     void showProgress(const QString& caption) override;
     void setProgressText(const QString& text) override;
     void setProgressValue(int percent) override;
@@ -35,10 +36,16 @@ class ScriptedUserInterface final : public UserInterface {
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;
+    void repaint() override;
 
     QStringList events;
     /// What the status line was told, apart from `events`.
     QStringList activities;
+    /// How often the windows were let paint; not part of `events`.
+    int repaints = 0;
+    /// Whether a question is open all the time, and how often it was brought forward.
+    bool questionOpen = false;
+    int broughtForward = 0;
     /// Runs while a box stands, when a test sets it.
     std::function<void()> onBox;
     bool busy = false;

@@ -1,0 +1,45 @@
+#include "ui/status_line.h"
+
+#include "ui/controls.h"
+#include "ui/whole_text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+void put(ElidedLabel& label, const QString& shown) {
+    if (label.text() == shown)
+        return;
+    label.setText(shown);
+    label.setAccessibleName(shown);
+}
+
+} // namespace
+
+StatusLine::StatusLine(const Session& session)
+    : session_(session),
+      LabelActivity(named(new ElidedLabel, u"LabelActivity"_s, {}, 2103)),
+      LabelUser(named(new ElidedLabel, u"LabelUser"_s, {}, 2104)),
+      LabelDataSource(named(new ElidedLabel, u"LabelDataSource"_s, {}, 2105)) {
+    setObjectName(u"StatusLine"_s);
+    addWidget(LabelActivity, 1);
+    addPermanentWidget(LabelUser);
+    addPermanentWidget(LabelDataSource);
+    refresh();
+}
+
+void StatusLine::refresh() {
+    const bool connected = session_.SessionConnected;
+    put(*LabelUser, connected ? text(2101).arg(session_.SessionUser) : text(2100));
+    put(*LabelDataSource, connected ? text(2102).arg(session_.SessionDataSource) : QString());
+    LabelDataSource->setVisible(connected);
+}
+
+void StatusLine::showActivity(const QString& text) {
+    put(*LabelActivity, text);
+    LabelActivity->repaint();
+}
+
+} // namespace kelvane
