@@ -131,6 +131,15 @@ qint16 GetAssetsInTaskPackage(Session& session, const QString& task) {
     return count;
 }
 
+bool PackageHasMembers(Session& session, const QString& tag) {
+    bool has = false;
+    Routine routine(session, u"ModuleGlobals,PackageHasMembers"_s);
+    routine.run([&] {
+        has = routine.hasRow(u"select tptag from mt.hvm_kv_task_assets where tptag = " + sqlText(tag));
+    });
+    return has;
+}
+
 qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial) {
     qint16 count = 0;
     Routine routine(session, u"ModuleGlobals,GetAssetsInTaskPackage"_s);

@@ -18,6 +18,9 @@ QString CheckAsset(Session& session, const QString& asset);
 /// package.
 qint16 GetAssetsInTaskPackage(Session& session, const QString& task);
 
+/// True when instruments were put into the package of that tag, whether the inventory knows them or not.
+bool PackageHasMembers(Session& session, const QString& tag);
+
 /// Fills `AssetList` with the instruments in use with the standard (a calibrator) of that serial number;
 /// gives the number of entries. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like its sister.
 qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial);

@@ -1,6 +1,7 @@
 #include "data/cal_record.h"
 
 #include "data/assets.h"
+#include "data/cal_record_parts.h"
 #include "data/due_date.h"
 #include "data/field_dictionary.h"
 #include "data/routine.h"
@@ -33,8 +34,14 @@ bool isColumn(const QString& name, QStringView column) {
 /// error stays.
 class NewRecord {
   public:
-    NewRecord(Session& session, Routine& routine, const QString& asset)
-        : session_(session), routine_(routine), asset_(asset), mtag_(CheckAsset(session, asset)) {}
+    NewRecord(Session& session, Routine& routine, const QString& asset,
+              const std::function<void()>& beforeInsert)
+        : session_(session),
+          routine_(routine),
+          beforeInsert_(beforeInsert),
+          preparation_(session),
+          asset_(asset),
+          mtag_(CheckAsset(session, asset)) {}
 
     /// Empty, or the reason why the record was not made.
     QString make();
@@ -66,21 +73,16 @@ class NewRecord {
     bool existsAlready();
     void writeDatesForStatement();
     void insertRecord();
-    void copyWithinRecord();
-    void copyToOtherTables();
-    void insertStandards();
-    void insertResults();
-    void emptyInventoryFields();
 
     const CalField& field(int row) const { return std::as_const(session_.CalFieldTable)[row]; }
     QString value(int row) const { return field(row).value; }
     void setValue(int row, const QString& value) { session_.CalFieldTable[row].value = value; }
     QString valueOrSource(int row, const QString& source);
-    /// The key of the record that the children hang on: by now the server has marked it as the current one.
-    Sql currentRecord() const;
-
     Session& session_;
     Routine& routine_;
+    const std::function<void()>& beforeInsert_;
+    /// From the search for the instrument's key to the insert.
+    ReportWatch preparation_;
     QString asset_;
     QString mtag_;
     Moment date_;
@@ -118,6 +120,9 @@ QString NewRecord::make() {
     settleDueDate();
     progress.reach(28);
     pass(completing);
+    // What was asked of the database and not answered must not become a part of a record.
+    if (preparation_.sawReport())
+        return {};
     progress.reach(42);
     if (!askOperator()) {
         progress.reach(100);
@@ -129,15 +134,23 @@ QString NewRecord::make() {
         return text(textAlreadyExists);
     }
     writeDatesForStatement();
+    if (preparation_.sawReport())
+        return {};
+    if (beforeInsert_)
+        beforeInsert_();
     insertRecord();
     progress.reach(56);
-    copyWithinRecord();
-    copyToOtherTables();
+    copyFields(session_, routine_, asset_);
     progress.reach(70);
-    insertStandards();
+    // By now the server has marked the new record as the current one.
+    const RecordParts parts(session_, routine_, mtag_, RecordParts::currentRecord(session_, mtag_));
+    for (const auto& name : distinctNames(entriesOf(session_.RecordStandards)))
+        parts.insertStandard(name);
     progress.reach(88);
-    insertResults();
-    emptyInventoryFields();
+    int number = 0;
+    for (const auto& line : entriesOf(session_.RecordResults))
+        parts.insertResult(line, number++);
+    emptyInventoryFields(session_, asset_, passed_);
     progress.reach(100);
     return {};
 }
@@ -214,68 +227,12 @@ void NewRecord::insertRecord() {
                      u"mtag,cdsrc) values (" + values + sqlText(mtag_) + u",'KVN');commit");
 }
 
-void NewRecord::copyWithinRecord() {
-    const auto copies =
-        routine_.select(u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'");
-    while (copies->next()) {
-        const auto target = notNull(copies->value(0));
-        const auto source = notNull(copies->value(1));
-        DestColumn(session_, target, asset_, SourceColumn(session_, source, asset_));
-    }
-}
-
-void NewRecord::copyToOtherTables() {
-    if (session_.SessionDbVersion <= 5)
-        return;
-    const auto copies =
-        routine_.select(u"select fldnum,dcopy from mt.customiz where dcopy is not null and dcopy <> 'OFF' "
-                        "and fldnum like '23%' and fldnum <> '2340'");
-    while (copies->next()) {
-        const auto source = notNull(copies->value(0));
-        const auto target = notNull(copies->value(1));
-        DestColumn(session_, target, asset_, SourceColumn(session_, source, asset_));
-    }
-}
-
-Sql NewRecord::currentRecord() const {
-    return u"(select ctag from " + sqlName(session_.SessionOwner) + u".calibration where mtag = " +
-           sqlText(mtag_) + u" and c2339 = 1)";
-}
-
-void NewRecord::insertStandards() {
-    QStringList names;
-    for (const auto& name : entriesOf(session_.RecordStandards)) {
-        if (!names.contains(name, Qt::CaseInsensitive))
-            names << name;
-    }
-    for (const auto& name : std::as_const(names))
-        routine_.execute(u"insert into mt.standards (c2430,mtag,ctag) values (" + mtagOf(session_, name) +
-                         u"," + sqlText(mtag_) + u"," + currentRecord() + u");commit");
-}
-
-void NewRecord::insertResults() {
-    int number = 0;
-    for (const auto& line : entriesOf(session_.RecordResults))
-        routine_.execute(u"insert into mt.calresults (c2501,c2502,mtag,ctag) values (" + sqlText(line) +
-                         u"," + sqlText(plainText(number++)) + u"," + sqlText(mtag_) + u"," +
-                         currentRecord() + u");commit");
-}
-
-void NewRecord::emptyInventoryFields() {
-    if (!passed_ && session_.BCalP)
-        return;
-    if (!session_.BCal4224)
-        DestColumn(session_, u"I4224"_s, asset_, u"NULL"_s);
-    if (!session_.BCal4225)
-        DestColumn(session_, u"I4225"_s, asset_, u"NULL"_s);
-}
-
 } // namespace
 
-QString CreateCalRecord(Session& session, const QString& asset) {
+QString CreateCalRecord(Session& session, const QString& asset, const std::function<void()>& beforeInsert) {
     QString reason;
     Routine routine(session, u"ModuleGlobals,CreateCalRecord"_s);
-    routine.run([&] { reason = NewRecord(session, routine, asset).make(); });
+    routine.run([&] { reason = NewRecord(session, routine, asset, beforeInsert).make(); });
     return reason;
 }
 

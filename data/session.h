@@ -94,6 +94,8 @@ struct Session : Workstation {
     bool SessionConnected = false;
     /// How many errors routines have reported so far.
     int reportCount = 0;
+    /// True once an unreadable journal has been reported, until it can be read again.
+    bool hasReportedJournal = false;
 
     bool CommandLineFlag = false;
     QString WinDir;

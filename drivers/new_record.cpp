@@ -1,19 +1,11 @@
 #include "drivers/new_record.h"
 
-#include "data/cal_record.h"
 #include "data/field_dictionary.h"
 #include "data/in_use.h"
-#include "resources/strings.h"
 
 #include <utility>
 
 namespace kelvane {
-
-namespace {
-
-constexpr int textRecordCreation = 346;
-
-} // namespace
 
 void fillFields(Session& session, std::span<const FieldValue> values) {
     const int rows = ModuleGlobals::calFieldCount(session);
@@ -31,13 +23,6 @@ int takeStandardsInUse(Session& session, const QString& asset, int row) {
     for (int i = 0; i < count; ++i)
         session.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
     return count;
-}
-
-QString makeRecord(Session& session, const QString& asset) {
-    auto refusal = ModuleGlobals::CreateCalRecord(session, asset);
-    if (!refusal.isEmpty())
-        session.ui.messageBox(refusal, text(textRecordCreation), box::stop);
-    return refusal;
 }
 
 } // namespace kelvane

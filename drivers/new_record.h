@@ -20,7 +20,4 @@ void fillFields(Session& session, std::span<const FieldValue> values);
 /// number.
 int takeStandardsInUse(Session& session, const QString& asset, int row);
 
-/// Has the calibration record made. A refusal is shown in a box, and is the result.
-QString makeRecord(Session& session, const QString& asset);
-
 } // namespace kelvane

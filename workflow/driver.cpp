@@ -86,4 +86,12 @@ QString calibratorUpload(Calibrators& calibrators, const QString& calibrator) {
     return {};
 }
 
+QString judgeAgain(Session& session, JournalEntry& entry) {
+    if (entry.driver == fluke702Driver)
+        return Fluke702_judge_again(session, entry);
+    if (entry.driver == torqueStarDriver)
+        return TorqueStar_judge_again(session, entry);
+    return text(1063);
+}
+
 } // namespace kelvane

@@ -29,10 +29,14 @@ bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibra
 QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, const QString& tag);
 /// Empty on success, else the failure.
 QString calibratorUpload(Calibrators& calibrators, const QString& calibrator);
+/// Judges an entry of the journal again by the instrument's present parameters: lines, fields and standards
+/// of its record stand in the session's lists then. Empty, or the reason why it can't be judged.
+QString judgeAgain(Session& session, JournalEntry& entry);
 
 namespace ModuleGlobals {
 
-/// The upload command: asks which calibrator has results and hands over to its driver.
+/// The upload command: asks which calibrator has results and hands over to its driver. What it could make no
+/// record of is listed by `unfinishedResults` when it returns.
 void UploadFromCalibrator(Calibrators& calibrators);
 
 } // namespace ModuleGlobals

@@ -22,6 +22,10 @@ namespace {
 
 constexpr qint16 mostPoints = 50;
 
+constexpr int textInstrumentsUnread = 2006;
+constexpr int textInstrumentUnread = 2007;
+constexpr int textMembersUnknown = 2008;
+
 /// The points of the shared list, which nothing may refill before this call. More points than the library
 /// takes, or none, make no strategy.
 bool defineStrategy(Fluke702& driver, StatusRule& rule, Download702Item& item, qint16 points) {
@@ -57,8 +61,14 @@ QString download(Fluke702& driver, const QString& task) {
     auto& session = driver.session;
     FixedList<Download702Item, 500> items;
     int count = 0;
-    for (const auto& entry : assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, task)))
+    const ReportWatch reading(session);
+    const auto entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, task));
+    if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, task))
+        return text(textMembersUnknown);
+    for (const auto& entry : entries)
         items[count++] = gatherItem(session, entry);
+    if (reading.sawReport())
+        return text(textInstrumentsUnread);
 
     driver.link.MEMclear();
     driver.link.DPCclose();
@@ -67,6 +77,9 @@ QString download(Fluke702& driver, const QString& task) {
         StatusRule rule(session, items[i].asset);
         if (!loadInstrument(driver, rule, items[i], carried))
             return rule.failure();
+        // The calibrator is still as it was: only the image in the library has been written to.
+        if (reading.sawReport())
+            return text(textInstrumentUnread).arg(items[i].asset);
     }
 
     const auto failure = Communicate702(driver, modeDownload);

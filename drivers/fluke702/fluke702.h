@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/session.h"
+#include "data/journal.h"
 #include "drivers/fluke702/dpclnk.h"
 
 namespace kelvane {
@@ -21,6 +21,9 @@ struct Fluke702 {
 
 namespace Module702Interface {
 
+/// Who has read a journal's entry.
+inline constexpr QStringView fluke702Driver = u"fluke702";
+
 /// Whether an instrument can be calibrated with a Fluke 702: empty, or the reason why not. What the
 /// calibrator can't read by itself is told in a box and is no reason.
 QString Fluke702_acceptable(Fluke702& driver, const QString& asset);
@@ -31,6 +34,10 @@ bool Fluke702_requires_standard(Fluke702& driver, const QString& asset);
 QString Fluke702_download(Fluke702& driver, const QString& task);
 /// Reads all results and writes the calibration records: empty on success, else the failure.
 QString Fluke702_upload(Fluke702& driver);
+/// Judges a run out of the journal again by the instrument's present parameters: lines, fields and standards
+/// stand in the session's lists then. The entry's own date and time count; its asset is found again for a tag
+/// that was cut. Empty, or the reason why it can't be judged. Errors are reported.
+QString Fluke702_judge_again(Session& session, JournalEntry& entry);
 
 } // namespace Module702Interface
 } // namespace kelvane

@@ -5,11 +5,10 @@
 #include "data/small_routines.h"
 #include "drivers/fluke702/fluke702.h"
 #include "drivers/fluke702/link.h"
-#include "drivers/fluke702/stored_run.h"
-#include "drivers/fluke_judgement.h"
-#include "drivers/new_record.h"
-#include "platform/numbers.h"
+#include "drivers/fluke702/run_results.h"
+#include "drivers/instrument_work.h"
 #include "platform/texts.h"
+#include "resources/strings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,21 +18,18 @@ namespace {
 
 constexpr Dpclnk::Status noTagSaved = 2026;
 
-constexpr qint16 firstRun = 1;
-constexpr qint16 asLeftRun = 2;
+constexpr int textName = 350;
+constexpr int textConnectionLost = 1001;
 
-/// A tag of this length may be the beginning of a longer asset number.
-constexpr int longestTag = 29;
+const QString routineName = u"Module702Interface,Fluke702_upload"_s;
 
-/// A run of which a record is made.
-struct Run {
-    qint32 record = 0;
-    qint16 kind = 0;
-    Moment moment;
-    QString technician;
+/// An instrument's parameters and the judgement by them.
+struct Judged {
+    CalParamRecord instrument = {};
+    std::optional<RunJudgement> judgement = {};
 };
 
-/// One upload. Steps give false when the library has failed, which ends the upload.
+/// One upload. Steps give false when the upload ends: the library has failed, or there is a failure to tell.
 class Upload {
   public:
     explicit Upload(Fluke702& driver) : driver_(driver), session_(driver.session), link_(driver.link) {}
@@ -42,13 +38,11 @@ class Upload {
 
   private:
     bool takeRun(qint32 record);
-    QString assetOf(const RunTag& tag);
-    bool recordRun(const Run& run);
-    bool judgeEntries(qint32 record, const CalParamRecord& instrument, int points, RunJudgement& judgement);
-    void fillRecord(const Run& run, const CalParamRecord& instrument, const PointCounts& counts);
-    QString roundOf(const Run& run, bool passed);
+    bool recordRun(qint32 record, RunResults& run, InstrumentWork& work);
+    bool prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged);
+    bool readEntries(qint32 record, int points, int stored, RunResults& run);
     bool comesAgainAfter(qint32 record);
-    bool fillStandards();
+    bool fillStandards(RunResults& run);
 
     Fluke702& driver_;
     Session& session_;
@@ -59,17 +53,19 @@ class Upload {
     /// Serves the points, the rows of the field table and the standards in turn. What it holds when a call
     /// fails is what the operator is told instead of the status.
     qint16 counter_ = 0;
+    QString failure_;
 };
 
 QString Upload::run() {
     link_.MEMclear();
+    const ReportWatch contact(session_);
     if (auto failure = Communicate702(driver_, modeUpload); !failure.isEmpty())
-        return failure;
+        return contact.sawReport() && hasLostConnection(session_) ? text(textConnectionLost) : failure;
     qint32 unused = 0;
     link_.MEMstats(unused, count_);
     for (qint32 record = 0; record < count_; ++record) {
         if (!takeRun(record))
-            return DPCStatusText(session_, counter_, tag_);
+            return failure_.isEmpty() ? DPCStatusText(session_, counter_, tag_) : failure_;
     }
     return {};
 }
@@ -80,7 +76,13 @@ bool Upload::takeRun(qint32 record) {
         return false;
     if (!header.isDated() || header.kind <= 0)
         return true;
-    const auto moment = momentOf(header);
+    InstrumentWork work(session_, routineName);
+    RunResults run{.kind = header.kind};
+    work.attempt([&] {
+        const auto moment = momentOf(header);
+        run.date = formatMoment(moment, ModuleGlobals::statementForm.date);
+        run.time = formatMoment(moment, ModuleGlobals::statementForm.time);
+    });
     if (header.kind != firstRun && header.kind != asLeftRun)
         return true;
 
@@ -89,77 +91,77 @@ bool Upload::takeRun(qint32 record) {
     Dpclnk::Open unused3 = 0;
     if (link_.MEMasflInfo(record, unused1, unused2, unused3) != 0 || link_.MEMbaseState(record) != 0)
         return false;
-    RunTag tag;
-    const auto status = readTag(link_, record, tag);
+    const auto status = readTag(link_, record, run.tag);
     if (status != 0 && status != noTagSaved)
         return false;
-    tag_ = assetOf(tag);
-    return trimBlanks(tag_).isEmpty() || recordRun({record, header.kind, moment, tag.technician});
+    tag_ = assetOf(session_, run.tag);
+    // A tag that could not be looked up must not make the run one of nobody.
+    if (tag_.isEmpty() && !work.isPrepared())
+        tag_ = run.tag.tag;
+    return trimBlanks(tag_).isEmpty() || recordRun(record, run, work);
 }
 
-/// The asset that a tag stands for; empty for one that was renamed since it was cut.
-QString Upload::assetOf(const RunTag& tag) {
-    if (tag.tag.size() != longestTag)
-        return tag.tag;
-    return ModuleGlobals::AssetfromSerial(session_, tag.serial, tag.tag);
+bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
+    bool goesOn = true;
+    Judged judged;
+    work.attempt([&] { goesOn = prepare(record, run, work, judged); });
+    if (!goesOn)
+        return false;
+    work.entry = {.driver = fluke702Driver.toString(),
+                  .calibrator = text(textName),
+                  .serial = driver_.Calibrator702Serial,
+                  .asset = tag_,
+                  .mtag = judged.instrument.mtag,
+                  .date = run.date,
+                  .time = run.time,
+                  .raw = toJson(run),
+                  .readings = readingsOf(run)};
+    const auto outcome = work.finish();
+    using End = RecordOutcome::End;
+    if (outcome.end == End::made || outcome.end == End::unfinished)
+        judged.judgement->tellDisagreements(tag_);
+    failure_ = outcome.failure;
+    return failure_.isEmpty();
 }
 
-bool Upload::recordRun(const Run& run) {
+bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged) {
     ModuleGlobals::SetCalDataFields(session_, tag_);
     session_.RecordResults.erase();
-    const auto instrument = ModuleGlobals::GetCalParams(session_, tag_);
-    qint16 entries = 0;
-    if (link_.MEMcalResult(run.record, entries) != 0)
+    judged.instrument = ModuleGlobals::GetCalParams(session_, tag_);
+    qint16 stored = 0;
+    if (link_.MEMcalResult(record, stored) != 0)
         return false;
     const int points = ModuleGlobals::GetTestPointList(session_, tag_);
-    RunJudgement judgement(session_, instrument, ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
-    if (!judgeEntries(run.record, instrument, points, judgement))
+    judged.judgement.emplace(session_, judged.instrument,
+                             ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
+    if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
-    fillRecord(run, instrument, judgement.counts());
-    if (!fillStandards())
-        return false;
-    if (makeRecord(session_, tag_).isEmpty())
-        judgement.tellDisagreements(tag_);
-    return true;
+    work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries); });
+
+    const auto& serial = driver_.Calibrator702Serial;
+    run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
+    run.comesAgain = run.kind == firstRun && comesAgainAfter(record);
+    fillFields(session_, judged.instrument, judged.judgement->counts(), run, serial);
+    counter_ = session_.CalFieldTable.last + 1;
+    return fillStandards(run);
 }
 
-bool Upload::judgeEntries(qint32 record, const CalParamRecord& instrument, int points,
-                          RunJudgement& judgement) {
+/// As many readings as the instrument has points. Where these could not be found out, what the run holds is
+/// read all the same, up to `stored`.
+bool Upload::readEntries(qint32 record, int points, int stored, RunResults& run) {
     for (counter_ = 0; counter_ < points; ++counter_) {
         RunEntry entry;
         if (readEntry(link_, record, counter_, entry) != 0)
             return false;
-        entry = inUnitsOf(instrument, entry);
-        judgement.take(counter_, double{entry.applied}, double{entry.reading},
-                       100 * double{entry.calibratorError});
+        run.entries << entry;
+    }
+    for (int i = points; i < stored; ++i) {
+        RunEntry entry;
+        if (readEntry(link_, record, static_cast<qint16>(i), entry) != 0)
+            break;
+        run.entries << entry;
     }
     return true;
-}
-
-void Upload::fillRecord(const Run& run, const CalParamRecord& instrument, const PointCounts& counts) {
-    const auto& serial = driver_.Calibrator702Serial;
-    const auto inUse = ModuleGlobals::GetInUseData(session_, serial, instrument.mtag);
-    // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
-    const bool isUnnamed = lowerCased(run.technician) == upperCased(serial);
-    const FieldValue values[] = {
-        {u"C2301", formatMoment(run.moment, ModuleGlobals::statementForm.date)},
-        {u"C2333", formatMoment(run.moment, ModuleGlobals::statementForm.time)},
-        {u"C2323", counts.passed() ? u"Y"_s : u"N"_s},
-        {u"C2352", plainText(counts.failures)},
-        {u"C2320", instrument.tp_name},
-        {u"C2308", roundOf(run, counts.passed())},
-        {u"C2307", isUnnamed ? inUse.tech : run.technician},
-        {u"C2350", plainText(counts.marginals)},
-    };
-    fillFields(session_, values);
-    counter_ = session_.CalFieldTable.last + 1;
-}
-
-/// A first run that passes is also the last; one that fails waits for its as-left run.
-QString Upload::roundOf(const Run& run, bool passed) {
-    if (run.kind != firstRun)
-        return u"AS-LEFT"_s;
-    return comesAgainAfter(run.record) || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
 }
 
 /// Asks for every later run, and so costs most in an upload of many: it reads nothing but their tags.
@@ -172,22 +174,15 @@ bool Upload::comesAgainAfter(qint32 record) {
     return false;
 }
 
-/// The calibrator, its pressure module, and what is in use with the instrument. A module that the inventory
-/// doesn't know leaves its row empty, which ends the list.
-bool Upload::fillStandards() {
-    auto& standards = session_.RecordStandards;
-    standards.erase();
-    standards[0] = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);
+bool Upload::fillStandards(RunResults& run) {
+    RunStandards standards(session_, driver_.Calibrator702Serial);
     QString model(16, u' ');
     QString serial(10, u' ');
     Dpclnk::Open unused = 0;
     if (link_.STAgetPressure(model, serial, unused) != 0)
         return false;
-    int row = 1;
-    serial = ModuleGlobals::CleanDLLString(serial);
-    if (!serial.isEmpty())
-        standards[row++] = ModuleGlobals::AssetfromSerial(session_, serial);
-    counter_ = static_cast<qint16>(takeStandardsInUse(session_, tag_, row));
+    run.pressureModule = ModuleGlobals::CleanDLLString(serial);
+    counter_ = static_cast<qint16>(standards.add(run.pressureModule, tag_));
     return true;
 }
 
@@ -198,7 +193,7 @@ QString Fluke702_upload(Fluke702& driver) {
     if (!result.isEmpty())
         return result;
     const BusyPointer busy(driver.session.ui);
-    Routine routine(driver.session, u"Module702Interface,Fluke702_upload"_s);
+    Routine routine(driver.session, routineName);
     routine.run([&] { result = Upload(driver).run(); });
     return result;
 }

@@ -1,6 +1,7 @@
 #include "data/assets.h"
 #include "data/in_use.h"
 #include "data/routine.h"
+#include "drivers/activity.h"
 #include "drivers/asset_entries.h"
 #include "drivers/torquestar/characteristic.h"
 #include "drivers/torquestar/codes.h"
@@ -16,6 +17,13 @@ using namespace Qt::StringLiterals;
 namespace kelvane::ModuleTSInterface {
 
 namespace {
+
+constexpr int textInstrumentsUnread = 2006;
+constexpr int textInstrumentUnread = 2007;
+constexpr int textMembersUnknown = 2008;
+constexpr int textLoading = 2019;
+
+const QString routineName = u"ModuleTSInterface,TorqueStar_download"_s;
 
 /// Makes room for a round of `count` characteristics. A result, which may be an empty one, ends the download.
 std::optional<QString> prepareRound(TorqueStar& driver, int count) {
@@ -56,9 +64,12 @@ QString refusalOf(TorqueStar& driver, const QString& name, const QByteArray& rep
 QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, CharacteristicFields& fields) {
     auto& session = driver.session;
     const auto name = characteristicName(entry.asset);
+    const ReportWatch reading(session);
     const auto instrument = ModuleGlobals::GetCalParams(session, entry.asset);
     ModuleGlobals::GetStandardsInUse(session, entry.asset);
     const auto transducer = ModuleGlobals::GetCalParams(session, std::as_const(session.StandardsInUse)[0]);
+    if (reading.sawReport())
+        return text(textInstrumentUnread).arg(entry.asset);
     if (const auto refusal = fields.fill(session, instrument, transducer); !refusal.isEmpty())
         return refusal;
 
@@ -68,26 +79,52 @@ QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, Characterist
     return refusalOf(driver, name, ProcessMessageProtocol(driver, driver.TSMessage));
 }
 
+/// Forgets what the calibrator holds, and lists what it shall hold. Empty, or the failure: the registry is
+/// then as before.
+QString listInstruments(Session& session, const QString& serial, const QString& tag,
+                        QList<AssetEntry>& entries) {
+    QString failure;
+    const ReportWatch reading(session);
+    Routine routine(session, routineName);
+    routine.run([&] {
+        Transaction transaction(session);
+        ModuleGlobals::ClearInUse(session, serial);
+        entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
+        if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, tag))
+            failure = text(textMembersUnknown);
+        if (failure.isEmpty() && !reading.sawReport())
+            transaction.commit();
+    });
+    return reading.sawReport() ? text(textInstrumentsUnread) : failure;
+}
+
 QString download(TorqueStar& driver, const QString& tag) {
     auto& session = driver.session;
     if (const auto failure = testLink(driver); !failure.isEmpty())
         return failure;
     const auto serial = askSerialNumber(driver);
-    if (ModuleGlobals::AssetfromSerial(session, serial).isEmpty())
+    const ReportWatch asking(session);
+    if (ModuleGlobals::AssetfromSerial(session, serial).isEmpty()) {
+        if (asking.sawReport())
+            return text(textInstrumentsUnread);
         session.ui.messageBox(text(423), text(105), box::warning);
-    ModuleGlobals::ClearInUse(session, serial);
+    }
+    QList<AssetEntry> entries;
+    if (const auto failure = listInstruments(session, serial, tag, entries); !failure.isEmpty())
+        return failure;
 
     CharacteristicFields fields(session);
-    const auto entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
+    Activity activity(session.ui);
     const int count = static_cast<int>(entries.size());
     if (count > 1) {
         if (const auto result = prepareRound(driver, count))
             return *result;
     }
-    for (const auto& entry : entries) {
-        if (const auto failure = loadInstrument(driver, entry, fields); !failure.isEmpty())
+    for (int i = 0; i < count; ++i) {
+        activity.show(text(textLoading).arg(entries[i].asset, QString::number(i + 1), QString::number(count)));
+        if (const auto failure = loadInstrument(driver, entries[i], fields); !failure.isEmpty())
             return failure;
-        ModuleGlobals::AddInUse(session, serial, entry.mtag, session.SessionUser);
+        ModuleGlobals::AddInUse(session, serial, entries[i].mtag, session.SessionUser);
     }
     return count > 1 ? storeRound(driver) : QString();
 }
@@ -97,7 +134,7 @@ QString download(TorqueStar& driver, const QString& tag) {
 QString TorqueStar_download(TorqueStar& driver, const QString& tag) {
     QString result;
     const BusyPointer busy(driver.session.ui);
-    Routine routine(driver.session, u"ModuleTSInterface,TorqueStar_download"_s);
+    Routine routine(driver.session, routineName);
     routine.run([&] { result = download(driver, tag); });
     return result;
 }

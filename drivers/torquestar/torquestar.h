@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/session.h"
+#include "data/journal.h"
 #include "drivers/torquestar/serial_port.h"
 
 namespace kelvane {
@@ -18,6 +18,9 @@ struct TorqueStar {
 
 namespace ModuleTSInterface {
 
+/// Who has read a journal's entry.
+inline constexpr QStringView torqueStarDriver = u"torquestar";
+
 /// Whether an instrument can be calibrated with a TorqueStar: empty, or the reason why not.
 QString TorqueStar_acceptable(TorqueStar& driver, const QString& asset);
 /// An external standard (the transducer) must always be named.
@@ -28,6 +31,10 @@ QString TorqueStar_download(TorqueStar& driver, const QString& tag);
 /// Reads all results, writes the calibration records and clears the calibrator: empty on success, else the
 /// failure.
 QString TorqueStar_upload(TorqueStar& driver);
+/// Judges the results of a tool out of the journal again by the instrument's present parameters: lines, fields
+/// and standards stand in the session's lists then. The entry's own date and time count. Empty, or the reason
+/// why they can't be judged. Errors are reported.
+QString TorqueStar_judge_again(Session& session, JournalEntry& entry);
 
 } // namespace ModuleTSInterface
 } // namespace kelvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/user_interface.h"
+
+namespace kelvane {
+
+/// What a long command without a window of its own is doing, in the status line for the time of a block.
+class Activity {
+  public:
+    explicit Activity(UserInterface& ui) : ui_(ui) {}
+    ~Activity() {
+        if (isShown_)
+            ui_.setActivity({});
+    }
+    Activity(const Activity&) = delete;
+    Activity& operator=(const Activity&) = delete;
+
+    void show(const QString& text) {
+        isShown_ = true;
+        ui_.setActivity(text);
+    }
+
+  private:
+    UserInterface& ui_;
+    bool isShown_ = false;
+};
+
+} // namespace kelvane

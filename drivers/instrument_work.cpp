@@ -1,0 +1,150 @@
+#include "drivers/instrument_work.h"
+
+#include "data/cal_record.h"
+#include "data/field_dictionary.h"
+#include "resources/strings.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int textRecordCreation = 346;
+constexpr int textConnectionLost = 1001;
+constexpr int textInterrupted = 2000;
+constexpr int textNotPrepared = 2001;
+constexpr int textNotWhole = 2002;
+constexpr int textNoJournal = 2003;
+constexpr int textMadeMeanwhile = 2004;
+
+/// The value of a column of the new record; nothing when the site's dictionary does not have it.
+std::optional<QString> fieldValue(const Session& session, QStringView column) {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
+        const auto& field = session.CalFieldTable[row];
+        if (field.column.compare(column, Qt::CaseInsensitive) == 0)
+            return field.value;
+    }
+    return {};
+}
+
+/// The operator may have given another date or time than the calibrator: under these the record is found
+/// again.
+void noteDate(Session& session, const JournalEntry& entry) {
+    const auto date = fieldValue(session, u"C2301").value_or(entry.date);
+    const auto time = fieldValue(session, u"C2333").value_or(entry.time);
+    if (date != entry.date || time != entry.time)
+        Journal(session).setDate(entry.id, date, time);
+}
+
+bool isDate(const QString& text) {
+    return momentOf(text, u"YYYY/MM/DD").has_value();
+}
+
+/// True when the two hold the results of one calibration.
+bool sameResults(const JournalEntry& left, const JournalEntry& right) {
+    if (left.asset != right.asset || left.owner != right.owner)
+        return false;
+    if (left.readings.isEmpty()) // nothing had been read of it
+        return left.serial == right.serial;
+    return left.raw == right.raw ||
+           (isDate(left.date) && left.date == right.date && left.time == right.time);
+}
+
+} // namespace
+
+InstrumentWork::InstrumentWork(Session& session, QString routine)
+    : session_(session), routine_(std::move(routine)), preparation_(session) {
+    session.RecordStandards.erase();
+    session.RecordResults.erase();
+}
+
+RecordOutcome InstrumentWork::finish() {
+    takeRecordLists(session_, entry);
+    entry.prepared = isPrepared();
+    entry.why = text(entry.prepared ? textInterrupted : textNotPrepared);
+    if (!entry.prepared) { // then these are worth nothing; the raw readings are
+        entry.lines.clear();
+        entry.fields.clear();
+    }
+    try {
+        entry.id = Journal(session_).add(entry);
+    } catch (const Error& error) {
+        return {RecordOutcome::End::unprepared, text(textNoJournal).arg(entry.asset, error.description)};
+    }
+    if (hasLostConnection())
+        return {RecordOutcome::End::unprepared, text(textConnectionLost)};
+    if (!isPrepared())
+        return {};
+    return record();
+}
+
+bool InstrumentWork::hasLostConnection() const {
+    return preparation_.sawReport() && kelvane::hasLostConnection(session_);
+}
+
+RecordOutcome InstrumentWork::record() {
+    using End = RecordOutcome::End;
+    const ReportWatch making(session_);
+    const auto refusal = createRecord(session_, entry);
+    RecordOutcome outcome{End::made, {}};
+    if (making.sawReport()) {
+        outcome.end = End::unfinished;
+        changeJournal(session_, [this](Journal& journal) { journal.explain(entry.id, text(textNotWhole)); });
+    } else if (!refusal.isEmpty()) {
+        changeJournal(session_,
+                      [&](Journal& journal) { journal.end(entry.id, JournalEnd::refused, refusal); });
+    } else {
+        endAsDone(session_, entry);
+    }
+    if (!refusal.isEmpty()) {
+        outcome.end = End::refused;
+        session_.ui.messageBox(refusal, text(textRecordCreation), box::stop);
+    }
+    if (making.sawReport() && kelvane::hasLostConnection(session_))
+        outcome.failure = text(textConnectionLost);
+    return outcome;
+}
+
+QString createRecord(Session& session, const JournalEntry& entry) {
+    return ModuleGlobals::CreateCalRecord(session, entry.asset, [&] { noteDate(session, entry); });
+}
+
+void endAsDone(Session& session, const JournalEntry& entry) {
+    changeJournal(session, [&](Journal& journal) {
+        journal.end(entry.id, JournalEnd::done);
+        const auto others = journal.unfinished();
+        for (const auto& other : others) {
+            if (sameResults(other, entry))
+                journal.end(other.id, JournalEnd::done, text(textMadeMeanwhile));
+        }
+    });
+}
+
+bool changeJournal(Session& session, const std::function<void(Journal&)>& change) {
+    Routine routine(session, u"Journal,Change"_s);
+    return routine.run([&] {
+        Journal journal(session);
+        change(journal);
+    });
+}
+
+void takeRecordLists(const Session& session, JournalEntry& entry) {
+    entry.lines = entriesOf(session.RecordResults);
+    entry.standards = entriesOf(session.RecordStandards);
+    entry.fields.clear();
+    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
+        const auto& field = session.CalFieldTable[row];
+        entry.fields << std::pair(field.column, field.value);
+    }
+}
+
+bool hasLostConnection(const Session& session) {
+    if (!session.SessionConnected || !session.SharedConnection)
+        return true;
+    return !session.SharedConnection->isOpen() || session.SharedConnection->isLost();
+}
+
+} // namespace kelvane

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "data/journal.h"
+#include "data/routine.h"
+
+#include <functional>
+
+namespace kelvane {
+
+/// How the work on an instrument's results ended.
+struct RecordOutcome {
+    enum class End {
+        made,
+        /// The operator or a rule of the record refused it, and was told.
+        refused,
+        /// There is an entry in the journal, and no record or a part of one.
+        unfinished,
+        /// The same; an error came before the record was begun, so that the calibrator must keep the results.
+        unprepared,
+    };
+    End end = End::unprepared;
+    /// Not empty: the upload ends with this text, before anything is removed.
+    QString failure = {};
+};
+
+/// The work on the results of one instrument, from the first look at them on: what is gathered goes into
+/// `entry`, which is in the journal before the record is begun. A report during the work means no record.
+class InstrumentWork {
+  public:
+    /// `routine` is the name under which errors of the driver's own steps are reported.
+    InstrumentWork(Session& session, QString routine);
+
+    /// Carries out a step. An error in it is reported, and the work goes on; only an error report that can't
+    /// be written leaves here.
+    template <class Step>
+    void attempt(Step&& step) {
+        Routine routine(session_, routine_);
+        routine.run(std::forward<Step>(step));
+    }
+
+    /// False once an error has been reported.
+    bool isPrepared() const { return !preparation_.sawReport(); }
+
+    /// Takes fields, lines and standards out of the session's lists, writes the entry into the journal and
+    /// has the record made. A refusal is shown in a box.
+    RecordOutcome finish();
+
+    JournalEntry entry;
+
+  private:
+    bool hasLostConnection() const;
+    RecordOutcome record();
+
+    Session& session_;
+    QString routine_;
+    ReportWatch preparation_;
+};
+
+/// Has the record of an entry made, whose lines, fields and standards stand in the session's lists: the way of
+/// `CreateCalRecord`. Before it writes, the journal learns the date that the operator has given.
+QString createRecord(Session& session, const JournalEntry& entry);
+
+/// Ends an entry of which there is a whole record, and the older ones of the same results.
+void endAsDone(Session& session, const JournalEntry& entry);
+
+/// Changes the journal. False after an error, which is reported.
+bool changeJournal(Session& session, const std::function<void(Journal&)>& change);
+
+/// Takes lines, fields and standards of the new record out of the session's lists.
+void takeRecordLists(const Session& session, JournalEntry& entry);
+
+/// True when the database is out of reach, after a report that may have said so.
+bool hasLostConnection(const Session& session);
+
+} // namespace kelvane

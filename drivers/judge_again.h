@@ -1,0 +1,23 @@
+#pragma once
+
+#include "data/cal_params.h"
+#include "data/journal.h"
+
+namespace kelvane {
+
+/// What judging an entry of the journal again starts with: the fields of the new record from the site's
+/// dictionary, the instrument's parameters as they are now, and its test points.
+struct JudgingAgain {
+    CalParamRecord instrument = {};
+    int points = 0;
+};
+JudgingAgain beginJudgingAgain(Session& session, const QString& asset);
+
+/// Empty when there is a reading for each point; otherwise why they can't be judged.
+QString countMismatch(const QString& asset, qsizetype readings, int points);
+
+/// Puts the standards of an entry into the list of the new record: those that were found then, and behind
+/// them what stands in the list now, which counts for an entry whose preparation failed alone.
+void takeStandardsOf(Session& session, const JournalEntry& entry);
+
+} // namespace kelvane

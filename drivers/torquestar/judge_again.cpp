@@ -1,0 +1,41 @@
+#include "drivers/judge_again.h"
+
+#include "data/in_use.h"
+#include "data/routine.h"
+#include "drivers/new_record.h"
+#include "drivers/torquestar/tool_results.h"
+#include "drivers/torquestar/torquestar.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleTSInterface {
+
+namespace {
+
+QString judgeAgain(Session& session, JournalEntry& entry) {
+    auto results = resultsOf(entry.raw);
+    const auto [instrument, points] = beginJudgingAgain(session, entry.asset);
+    if (auto reason = countMismatch(entry.asset, results.points.size(), points); !reason.isEmpty())
+        return reason;
+    auto findings = findingsOf(session, instrument, fractionsOf(session, points), results);
+    findings.date = entry.date;
+    findings.time = entry.time;
+    if (!entry.prepared) {
+        results.tech = ModuleGlobals::GetInUseData(session, entry.serial, instrument.mtag).tech;
+        takeStandardsInUse(session, entry.asset, 0);
+    }
+    fillFields(session, instrument, findings, results.tech);
+    takeStandardsOf(session, entry);
+    return {};
+}
+
+} // namespace
+
+QString TorqueStar_judge_again(Session& session, JournalEntry& entry) {
+    QString reason;
+    Routine routine(session, u"ModuleTSInterface,TorqueStar_judge_again"_s);
+    routine.run([&] { reason = judgeAgain(session, entry); });
+    return reason;
+}
+
+} // namespace kelvane::ModuleTSInterface

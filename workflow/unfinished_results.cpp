@@ -1,0 +1,268 @@
+#include "workflow/unfinished_results.h"
+
+#include "data/assets.h"
+#include "data/custom_dialog.h"
+#include "data/field_dictionary.h"
+#include "data/record_check.h"
+#include "data/routine.h"
+#include "drivers/instrument_work.h"
+#include "resources/strings.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int textInterrupted = 2000;
+constexpr int textConnectionLost = 2009;
+constexpr int textMade = 2010;
+constexpr int textGone = 2011;
+constexpr int textOtherOwner = 2012;
+constexpr int textNoReadings = 2013;
+constexpr int textOtherInstrument = 2015;
+constexpr int textOtherResults = 2016;
+constexpr int textNotMade = 2017;
+constexpr int textAskDate = 2022;
+constexpr int textAskTime = 2023;
+constexpr int textNoDate = 2024;
+constexpr int textDiscarded = 2025;
+constexpr int textTitle = 2026;
+
+constexpr QStringView dateColumn = u"C2301";
+constexpr QStringView timeColumn = u"C2333";
+
+using End = MakeRecordOutcome::End;
+using ModuleGlobals::statementForm;
+
+/// The value of a field, as the calibration date of an entry.
+std::optional<QString> valueOf(const JournalEntry& entry, QStringView column) {
+    const auto field = std::find_if(entry.fields.cbegin(), entry.fields.cend(), [&](const auto& candidate) {
+        return candidate.first.compare(column, Qt::CaseInsensitive) == 0;
+    });
+    return field == entry.fields.cend() ? std::nullopt : std::optional(field->second);
+}
+
+std::optional<Moment> storedDate(const QString& text) {
+    const auto moment = momentOf(text, u"YYYY/MM/DD");
+    return moment && moment->date.isValid() ? moment : std::nullopt;
+}
+
+std::optional<Moment> storedTime(const QString& text) {
+    const auto moment = momentOf(text, u"YYYY/MM/DD");
+    return moment && moment->time.isValid() && !moment->date.isValid() ? moment : std::nullopt;
+}
+
+/// One press of Make Record.
+class RecordMaking {
+  public:
+    RecordMaking(Session& session, Routine& routine, const JournalEntry& entry)
+        : session_(session), routine_(routine), watch_(session), entry_(entry) {}
+
+    /// What to tell the operator; empty when the record is whole.
+    QString make();
+
+  private:
+    QString judge();
+    QString checkInstrument() const;
+    bool settleMoment();
+    bool ask(int prompt, FieldKind kind, QString& value);
+    std::optional<QString> completeBegun();
+    QString createNew();
+    QString askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
+    bool isMade() const;
+    RecordContents contents() const;
+
+    Session& session_;
+    Routine& routine_;
+    ReportWatch watch_;
+    JournalEntry entry_;
+};
+
+QString RecordMaking::make() {
+    if (entry_.owner != session_.SessionOwner)
+        return text(textOtherOwner).arg(entry_.owner);
+    if (entry_.readings.isEmpty() && !entry_.prepared)
+        return text(textNoReadings).arg(entry_.asset);
+    if (!settleMoment())
+        return text(textNoDate);
+    // Lines that were made by an incomplete preparation were not kept.
+    if (!entry_.prepared) {
+        if (auto reason = judge(); !reason.isEmpty())
+            return reason;
+    }
+    if (auto reason = checkInstrument(); !reason.isEmpty())
+        return reason;
+    if (const auto reason = completeBegun())
+        return *reason;
+    return createNew();
+}
+
+QString RecordMaking::judge() {
+    auto reason = judgeAgain(session_, entry_);
+    if (reason.isEmpty() && watch_.sawReport())
+        reason = text(textNotMade).arg(entry_.asset);
+    if (reason.isEmpty())
+        takeRecordLists(session_, entry_);
+    return reason;
+}
+
+/// The number may have been given to another instrument since.
+QString RecordMaking::checkInstrument() const {
+    const auto mtag = ModuleGlobals::CheckAsset(session_, entry_.asset);
+    if (watch_.sawReport())
+        return text(textNotMade).arg(entry_.asset);
+    const bool isSame = !mtag.isEmpty() && (entry_.mtag.isEmpty() || entry_.mtag == mtag);
+    return isSame ? QString() : text(textOtherInstrument).arg(entry_.asset);
+}
+
+/// Asks for the date, and the time, that the calibrator did not give. They are in the journal before they are
+/// used: under them a record is found again.
+bool RecordMaking::settleMoment() {
+    const bool hasDate = storedDate(entry_.date).has_value();
+    const bool hasTime = storedTime(entry_.time).has_value();
+    if (hasDate && hasTime)
+        return true;
+    if (!hasDate && !ask(textAskDate, FieldKind::date, entry_.date))
+        return false;
+    if (!hasTime && !ask(textAskTime, FieldKind::time, entry_.time))
+        return false;
+    // The fields that were prepared with what was none are prepared again.
+    Journal(session_).setDate(entry_.id, entry_.date, entry_.time);
+    return true;
+}
+
+bool RecordMaking::ask(int prompt, FieldKind kind, QString& value) {
+    const auto answer =
+        ModuleGlobals::CustomDialog(session_, text(textTitle), text(prompt).arg(entry_.asset), true, 0, 0,
+                                    static_cast<qint16>(kind), {});
+    const auto moment = momentOf(answer, session_.SessionDateFormat);
+    const bool isDate = kind == FieldKind::date;
+    if (!moment || !(isDate ? moment->date.isValid() : moment->time.isValid()))
+        return false;
+    value = ModuleGlobals::fieldText(session_, answer, static_cast<qint16>(kind), statementForm);
+    return true;
+}
+
+RecordContents RecordMaking::contents() const {
+    const auto mtag = ModuleGlobals::CheckAsset(session_, entry_.asset);
+    // Records of a site without a field for the time have none.
+    const auto time = valueOf(entry_, timeColumn) ? entry_.time : QString();
+    return {entry_.asset, mtag, entry_.date, time, entry_.lines, entry_.standards};
+}
+
+/// Completes what had been begun of the record; nothing when nothing had been.
+std::optional<QString> RecordMaking::completeBegun() {
+    const auto wanted = contents();
+    const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
+    for (const auto& record : records) {
+        if (!ModuleGlobals::mayBecome(record, wanted))
+            continue;
+        ModuleGlobals::complete(session_, routine_, record, wanted);
+        return isMade() ? QString() : text(textNotMade).arg(entry_.asset);
+    }
+    if (records.isEmpty())
+        return {};
+    return text(textOtherResults).arg(entry_.asset);
+}
+
+/// The way of a new record. What the operator settles on its way decides where it is looked for.
+QString RecordMaking::createNew() {
+    if (entry_.readings.isEmpty())
+        return text(textNoReadings).arg(entry_.asset);
+    if (entry_.prepared) {
+        if (auto reason = judge(); !reason.isEmpty())
+            return reason;
+    }
+    entry_.prepared = true;
+    entry_.why = text(textInterrupted);
+    Journal(session_).replace(entry_);
+    const auto refusal = createRecord(session_, entry_);
+    entry_.date = askedMoment(dateColumn, FieldKind::date, entry_.date);
+    entry_.time = askedMoment(timeColumn, FieldKind::time, entry_.time);
+    if (isMade())
+        return {};
+    return refusal.isEmpty() ? text(textNotMade).arg(entry_.asset) : refusal;
+}
+
+QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
+    JournalEntry asked;
+    takeRecordLists(session_, asked);
+    const auto value = valueOf(asked, column).value_or(QString());
+    const bool isMoment = momentOf(value, session_.SessionDateFormat).has_value();
+    return isMoment ? ModuleGlobals::fieldText(session_, value, static_cast<qint16>(kind), statementForm)
+                    : otherwise;
+}
+
+bool RecordMaking::isMade() const {
+    const auto wanted = contents();
+    const ReportWatch reading(session_);
+    const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
+    return std::any_of(records.cbegin(), records.cend(), [&](const StoredRecord& record) {
+        return ModuleGlobals::isWhole(session_, record, wanted) && !reading.sawReport();
+    });
+}
+
+/// The unfinished entries; none when the journal can't be read, which is reported once.
+QList<JournalEntry> readJournal(Session& session) {
+    try {
+        const auto entries = Journal(session).unfinished();
+        session.hasReportedJournal = false;
+        return entries;
+    } catch (const Error& error) {
+        if (session.hasReportedJournal)
+            return {};
+        session.hasReportedJournal = true;
+        try {
+            Routine(session, u"Journal,Unfinished"_s).run([&] { throw error; });
+        } catch (const Error&) {
+            // Without a log there is no report, and nobody to throw this to.
+        }
+        return {};
+    }
+}
+
+} // namespace
+
+QList<UnfinishedResult> unfinishedResults(Session& session) {
+    QList<UnfinishedResult> results;
+    const auto entries = readJournal(session);
+    for (const auto& entry : entries) {
+        const auto date = QString(entry.date + u' ' + entry.time).trimmed();
+        results << UnfinishedResult{entry.id,         entry.asset, date,
+                                    entry.calibrator, entry.why,   entry.lines.isEmpty() ? entry.readings
+                                                                                         : entry.lines};
+    }
+    return results;
+}
+
+MakeRecordOutcome makeRecordOf(Session& session, const QString& id) {
+    const BusyPointer busy(session.ui);
+    Routine routine(session, u"Journal,MakeRecord"_s);
+    MakeRecordOutcome outcome{End::unfinished, text(textGone)};
+    routine.run([&] {
+        const auto entry = Journal(session).find(id);
+        if (!entry)
+            return;
+        outcome.message = text(textNotMade).arg(entry->asset);
+        const auto reason = RecordMaking(session, routine, *entry).make();
+        if (reason.isEmpty()) {
+            endAsDone(session, *entry);
+            outcome.end = End::made;
+        }
+        outcome.message = reason.isEmpty() ? text(textMade).arg(entry->asset) : reason;
+    });
+    if (outcome.end != End::made && hasLostConnection(session))
+        outcome.message = text(textConnectionLost);
+    return outcome;
+}
+
+bool discardResult(Session& session, const QString& id) {
+    return changeJournal(session, [&](Journal& journal) {
+        journal.end(id, JournalEnd::discarded, text(textDiscarded));
+    });
+}
+
+} // namespace kelvane
