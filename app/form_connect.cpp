@@ -66,6 +66,7 @@ void FormConnect::CommandConnect_Click() {
     }
     if (connectUser()) {
         unload();
+        Q_EMIT loggedIn();
         return;
     }
     session_.ui.messageBox(text(136), text(101), box::stop);

@@ -18,6 +18,10 @@ class FormConnect final : public ChildWindow {
     /// `exitQuestion` asks whether to leave the program, and leaves it on Yes.
     FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion);
 
+  Q_SIGNALS:
+    /// After a good login, when the screen has closed.
+    void loggedIn();
+
   private:
     void layOut();
     void CommandConnect_Click();

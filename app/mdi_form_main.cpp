@@ -18,6 +18,7 @@
 #include "ui/status_line.h"
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
+#include "workflow/form_unfinished_results.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -179,7 +180,17 @@ void MDIFormMain::load() {
 
 void MDIFormMain::startUp() {
     ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine);
-    showScreen<FormConnect>(menu_, [this] { mnuExit(); });
+    auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
+    onSignal(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
+}
+
+void MDIFormMain::offerUnfinishedResults() {
+    if (auto* open = openScreen<FormUnfinishedResults>()) {
+        open->refresh();
+        open->showIn(*area_);
+    } else if (!unfinishedResults(session_).isEmpty()) {
+        showScreen<FormUnfinishedResults>(calibrators_);
+    }
 }
 
 void MDIFormMain::carryOut(MenuEntry entry) {
@@ -265,7 +276,14 @@ void MDIFormMain::mnuDownload() {
 }
 
 void MDIFormMain::mnuUpload() {
+    const auto before = unfinishedResults(session_);
     ModuleGlobals::UploadFromCalibrator(calibrators_);
+    const auto after = unfinishedResults(session_);
+    const auto isNew = [&](const UnfinishedResult& result) {
+        return std::ranges::find(before, result.id, &UnfinishedResult::id) == before.cend();
+    };
+    if (std::ranges::any_of(after, isNew))
+        offerUnfinishedResults();
 }
 
 void MDIFormMain::mnuStrategies() {

@@ -58,6 +58,8 @@ class MDIFormMain final : public QMainWindow {
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();
+    /// Shows the results without a record, if there are some.
+    void offerUnfinishedResults();
 
     void mnuLogout();
     void mnuExit();

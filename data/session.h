@@ -24,8 +24,9 @@ enum class ChildForm {
     FormWorkEntry,
     FormWorksheetPrint,
     FormPredefinedTasks,
+    FormUnfinishedResults,
 };
-inline constexpr int childFormCount = 13;
+inline constexpr int childFormCount = 14;
 
 /// A substitution row of the result template.
 struct SubstRow {

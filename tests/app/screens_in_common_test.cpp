@@ -1,4 +1,5 @@
 // What all screens share. A new screen is added to `screens` and is covered.
+#include "data/journal.h"
 #include "tests/support/program_fixture.h"
 #include "ui/form_custom_dialog.h"
 
@@ -273,6 +274,21 @@ const Screen screens[] = {
          test.program.ui.setProgressValue(42);
          look();
          test.program.ui.hideProgress();
+     }},
+    {"FormUnfinishedResults",
+     [](Screens& test, const std::function<void()>& look) {
+         auto& session = test.program.session;
+         session.SessionDataSource = u"Calibration Data"_s;
+         for (const auto& asset : {u"TW-1001"_s, u"TW-1002"_s})
+             Journal(session).add({.calibrator = u"Crane TorqueStar IVc"_s,
+                                   .asset = asset,
+                                   .date = u"2026-03-17"_s,
+                                   .time = u"10:20:30"_s,
+                                   .readings = {u"  1 20.00 in/lb          19.98 in/lb        PASS"_s,
+                                                u"  2 60.00 in/lb          61.75 in/lb        FAIL"_s},
+                                   .why = u"The connection to the database was lost."_s});
+         test.startLoggedIn(4);
+         look();
      }},
     {"FormTestMess",
      [](Screens& test, const std::function<void()>& look) {

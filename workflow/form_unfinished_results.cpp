@@ -1,0 +1,155 @@
+#include "workflow/form_unfinished_results.h"
+
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QListWidget>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int columnHeadings[] = {2172, 2173, 2185, 2174};
+
+QTreeWidgetItem* rowOf(const UnfinishedResult& result) {
+    auto* row = new QTreeWidgetItem({result.asset, result.date, result.calibrator, result.why});
+    for (int column = 0; column < row->columnCount(); ++column)
+        row->setToolTip(column, row->text(column));
+    return row;
+}
+
+} // namespace
+
+FormUnfinishedResults::FormUnfinishedResults(Session& session, Calibrators& calibrators)
+    : ChildWindow(session, ChildForm::FormUnfinishedResults, u"FormUnfinishedResults"_s,
+                  {.width = 9000, .height = 5700}),
+      calibrators_(calibrators),
+      ListResults(named(new QTreeWidget, u"ListResults"_s, text(2171), 2179)),
+      ListReadings(named(new QListWidget, u"ListReadings"_s, text(2175), 2180)),
+      CommandMakeRecord(button(u"CommandMakeRecord"_s, 2176, 2181)),
+      CommandDiscard(button(u"CommandDiscard"_s, 2177, 2182)),
+      CommandClose(button(u"CommandClose"_s, 2178, 2183)) {
+    setWindowTitle(text(2170));
+    QStringList headings;
+    for (const int heading : columnHeadings)
+        headings << text(heading);
+    ListResults->setHeaderLabels(headings);
+    ListResults->setRootIsDecorated(false);
+    ListResults->setAllColumnsShowFocus(true);
+    ListReadings->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    layOut();
+    connectCommands();
+    setDefaultButton(CommandMakeRecord);
+    setCancelButton(CommandClose);
+    setFirstFocus(ListResults);
+    refresh();
+}
+
+void FormUnfinishedResults::layOut() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    for (auto* command : {CommandMakeRecord, CommandDiscard, CommandClose})
+        buttons->addWidget(command);
+
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->addWidget(labelFor(ListResults, u"Label1"_s, 2171));
+    column->addWidget(ListResults, 1);
+    column->addWidget(labelFor(ListReadings, u"Label2"_s, 2175));
+    column->addWidget(ListReadings, 1);
+    column->addLayout(buttons);
+    setBody(body);
+    kelvane::setTabOrder({ListResults, ListReadings, CommandMakeRecord, CommandDiscard, CommandClose});
+}
+
+void FormUnfinishedResults::connectCommands() {
+    onSignal(ListResults, &QTreeWidget::currentItemChanged, this, session_.ui, [this] { showReadings(); });
+    onSignal(CommandMakeRecord, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { makeRecord(); }); });
+    onSignal(CommandDiscard, &QPushButton::clicked, this, session_.ui,
+             [this] { run([this] { discard(); }); });
+    onSignal(CommandClose, &QPushButton::clicked, this, session_.ui, [this] { close(); });
+}
+
+void FormUnfinishedResults::run(const std::function<void()>& command) {
+    if (running_)
+        return;
+    running_ = true;
+    guarded(session_.ui, command);
+    running_ = false;
+    if (results_.isEmpty())
+        unload();
+}
+
+const UnfinishedResult* FormUnfinishedResults::chosen() const {
+    const auto row = ListResults->indexOfTopLevelItem(ListResults->currentItem());
+    return row < 0 ? nullptr : &results_.at(row);
+}
+
+void FormUnfinishedResults::choose(qsizetype row) {
+    const auto last = results_.size() - 1;
+    ListResults->setCurrentItem(ListResults->topLevelItem(static_cast<int>(std::min(row, last))));
+    showReadings();
+}
+
+void FormUnfinishedResults::refresh() {
+    const auto* before = chosen();
+    const auto id = before ? before->id : QString();
+    results_ = unfinishedResults(session_);
+    ListResults->clear();
+    for (const auto& result : std::as_const(results_))
+        ListResults->addTopLevelItem(rowOf(result));
+    for (int column = 0; column < ListResults->columnCount(); ++column)
+        ListResults->resizeColumnToContents(column);
+    const auto same = std::ranges::find(results_, id, &UnfinishedResult::id);
+    choose(same == results_.cend() ? 0 : same - results_.cbegin());
+}
+
+void FormUnfinishedResults::showReadings() {
+    const auto* result = chosen();
+    ListReadings->clear();
+    if (result)
+        ListReadings->addItems(result->readings);
+    for (auto* command : {CommandMakeRecord, CommandDiscard})
+        command->setEnabled(result != nullptr);
+}
+
+void FormUnfinishedResults::showRest() {
+    const auto row = ListResults->indexOfTopLevelItem(ListResults->currentItem());
+    const auto count = results_.size();
+    refresh();
+    if (results_.size() < count)
+        choose(row);
+}
+
+void FormUnfinishedResults::makeRecord() {
+    const auto* result = chosen();
+    if (!result)
+        return;
+    const auto outcome = makeRecordOf(calibrators_, result->id);
+    const bool made = outcome.end == MakeRecordOutcome::End::made;
+    session_.ui.messageBox(outcome.message, text(2170), made ? box::information : box::warning);
+    showRest();
+}
+
+void FormUnfinishedResults::discard() {
+    const auto* result = chosen();
+    if (!result)
+        return;
+    const auto question = text(2184).arg(result->asset);
+    if (session_.ui.messageBox(question, text(2170), box::question) != BoxAnswer::yes)
+        return;
+    if (discardResult(session_, result->id))
+        showRest();
+}
+
+} // namespace kelvane
