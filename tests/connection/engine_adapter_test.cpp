@@ -28,6 +28,22 @@ TEST(VerbatimAdapter, PassesEveryTextUntouched) {
     }
 }
 
+TEST(VerbatimAdapter, DoesNotTellRowsSinceNobodyKnowsWhichStatementTheyAreOf) {
+    RecordedLink link;
+    const auto update = u"update t set a = 1;commit"_s;
+    link.changedRows = {{update, 0}};
+    EXPECT_EQ(engineAdapterFor(u"Other"_s)->execute(link, update), -1);
+}
+
+TEST(EmbeddedAdapter, TellsTheRowsOfAllStatementsOrNothingWhenOneIsNotTold) {
+    RecordedLink link;
+    link.changedRows = {{u"delete from mt.a"_s, 2}, {u"delete from mt.b"_s, 3}};
+    const auto adapter = engineAdapterFor(u"SQLite"_s);
+    EXPECT_EQ(adapter->execute(link, twoDeletes), 5);
+    link.changedRows.remove(u"delete from mt.a"_s);
+    EXPECT_EQ(adapter->execute(link, twoDeletes), -1);
+}
+
 TEST(VerbatimAdapter, LeavesTheFirstRowToTheDriver) {
     RecordedLink link;
     const auto adapter = engineAdapterFor(u"Other"_s);

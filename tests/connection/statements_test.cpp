@@ -270,4 +270,19 @@ TEST_F(Statements, OfTheFirstRowDoNotPayForTheRest) {
     EXPECT_LT(quickest(), 5 * few) << "all 20,000 rows take some hundred times as long";
 }
 
+TEST_F(Statements, TellHowManyRowsTheyHaveChanged) {
+    EXPECT_EQ(connection->execute(u"insert into mt.readings (note) values ('a'),('a'),('b');commit"_s), 3);
+    EXPECT_EQ(connection->execute(u"update mt.readings set note = 'c' where note = 'a';commit"_s), 2);
+    EXPECT_EQ(connection->execute(u"update mt.readings set note = 'c' where note = 'none';commit"_s), 0);
+    EXPECT_EQ(connection->execute(u"delete from mt.readings where note = 'b'"_s), 1);
+    // All statements of a batch together, also within a transaction.
+    const auto batch = u"delete from mt.readings where note = 'c';insert into mt.readings (note) values "
+                       "('d');commit"_s;
+    EXPECT_EQ(connection->execute(batch), 3);
+    connection->beginTransaction();
+    EXPECT_EQ(connection->execute(u"update mt.readings set note = 'e' where note = 'd';commit"_s), 1);
+    EXPECT_EQ(connection->execute(batch), 1);
+    connection->rollBackTransaction();
+}
+
 } // namespace kelvane::testing

@@ -70,6 +70,15 @@ TEST_F(OneFieldDialog, HandsACancellationOn) {
     EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, 0, 30, 0, {}), u"*CANCEL*"_s);
 }
 
+TEST_F(OneFieldDialog, ARequiredAnswerOfBlanksIsACancellation) {
+    for (const auto& blanks : {u""_s, u" "_s, u"    "_s}) {
+        ui.expectDialog(u"Strategies"_s, u"Name:"_s, blanks);
+        EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, 0, 30, 0, {}), u"*CANCEL*"_s);
+        ui.expectDialog(u"Strategies"_s, u"Name:"_s, blanks);
+        EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, false, 0, 30, 0, {}), blanks);
+    }
+}
+
 TEST_F(OneFieldDialog, WaitsForTheEntryWithTheNormalPointer) {
     ui.expectDialog(u"Strategies"_s, u"Name:"_s, u"S5"_s,
                     [&](const DialogQuestion&) { EXPECT_FALSE(ui.busy); });

@@ -57,6 +57,13 @@ TEST_F(CalParamClone, ThatIsCancelledDoesNothing) {
     EXPECT_EQ(windowTitle(), u"Calibration Parameters (PT-1)"_s);
 }
 
+TEST_F(CalParamClone, ThatIsAnsweredWithBlanksDoesNothing) {
+    expectQuestion(u"  "_s);
+    clone();
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_EQ(windowTitle(), u"Calibration Parameters (PT-1)"_s);
+}
+
 TEST_F(CalParamClone, AsksAgainForAnUnknownInstrumentUntilItIsCancelled) {
     expectQuestion(u"NONE"_s);
     expectUnknown(BoxAnswer::retry);

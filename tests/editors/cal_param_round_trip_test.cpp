@@ -162,7 +162,7 @@ TEST_F(CalParamRoundTrip, ACloneHasTheSameParametersAndMessages) {
     EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-102"_s, 2, {}), count);
 }
 
-TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAfterTheOldRowHasGone) {
+TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAndTheOldRowStays) {
     const QPair<QString, QString> refused[] = {
         {u"TextPTPAmplitudeIn"_s, {}}, {u"TextInputHigh"_s, u"1,000"_s}, {u"TextCJRefTempIn"_s, u"abc"_s}};
     screen.open(u"PT-101"_s);
@@ -172,7 +172,9 @@ TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAfterTheOldRowHa
         screen.set(box, value);
         ui.expectReport(19, u"FormCalParam,SaveData"_s);
         screen.press(u"CommandSave"_s);
-        EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s), QStringList());
+        EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s).size(), 1);
+        EXPECT_TRUE(ModuleGlobals::HasConfigData(session, u"PT-101"_s));
+        EXPECT_EQ(screen.focus(), box);
         // The screen still holds everything: put right, it is stored again.
         EXPECT_EQ(screen.text(box), value);
         screen.set(box, before);

@@ -1,5 +1,7 @@
 #include "tests/editors/form_cal_param_fixture.h"
 
+#include "ui/form_custom_dialog.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -105,8 +107,10 @@ TEST_F(HalfLoad, OfTheCurrentInstrumentKeepsItsEdits) {
     type(u"TextThresholdOut"_s, u"12.5"_s);
     script.failures = {{selectDisplayed(u"PRE"_s, u"PT-1"_s), noTable}};
     expectDiscard(BoxAnswer::yes);
-    expectCancel();
-    person.expectReport(208, u"FormCalParam,LoadPrompts"_s);
+    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
+        cancel(dialog);
+        person.expectReport(208, u"FormCalParam,LoadPrompts"_s);
+    });
     press(u"CommandSelect"_s);
     EXPECT_EQ(shown(u"TextThresholdOut"_s), u"12.5"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);

@@ -150,4 +150,23 @@ TEST_F(CalParamKeys, GoThroughEachPageAsItIsReadAndThenToTheButtons) {
     }
 }
 
+TEST_F(CalParamKeys, ReturnSavesFromAFieldAndEscapeClosesAndAsksBeforeAChangeGoes) {
+    open(u"PT-1"_s);
+    type(u"TextInputHigh"_s, u"250"_s);
+    script.statements.clear();
+    key(Qt::Key_Return);
+    ASSERT_GE(script.statements.size(), 2);
+    EXPECT_TRUE(script.statements[1].contains(u"'250'"_s));
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(isOpen());
+
+    open(u"PT-1"_s);
+    type(u"TextInputHigh"_s, u"251"_s);
+    expectDiscard(BoxAnswer::no);
+    key(Qt::Key_Escape);
+    person.waitUntilAllCame();
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(shown(u"TextInputHigh"_s), u"251"_s);
+}
+
 } // namespace kelvane::testing

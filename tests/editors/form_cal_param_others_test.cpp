@@ -63,6 +63,55 @@ TEST_F(FormCalParamTest, TheOtherEditorsKeepItsListsInStep) {
     EXPECT_FALSE(isOpen());
 }
 
+TEST_F(FormCalParamTest, AStrategyRenamedInItsEditorIsRenamedHereAndIsNoChange) {
+    open(u"PT-1"_s);
+    auto& list = control<QComboBox>(form(), u"ComboTSName"_s);
+    choose(u"mnuStrategies"_s);
+    auto& strategies = child(u"FormStrategies"_s);
+    pick(control<QComboBox>(strategies, u"ComboTSNames"_s), u"THREE"_s);
+    person.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
+    click(control<QPushButton>(strategies, u"CommandRename"_s));
+    EXPECT_EQ(shown(u"ComboTSName"_s), u"DREI"_s);
+    EXPECT_EQ(list.count(), 2);
+    EXPECT_EQ(list.findText(u"THREE"_s), -1);
+    form().close();
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(FormCalParamTest, ARenamedStrategyLeavesTheChangesOfAnInstrumentAsTheyAre) {
+    open(u"PT-1"_s);
+    auto& opened = dynamic_cast<OpenCalParam&>(form());
+    // One that another one absorbs.
+    opened.renameStrategy(u"THREE"_s, u"FIVE"_s);
+    EXPECT_EQ(opened.strategy(), u"FIVE"_s);
+    EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 1);
+    // One that is not listed, and one that keeps its name.
+    opened.renameStrategy(u"SEVEN"_s, u"EIGHT"_s);
+    opened.renameStrategy(u"FIVE"_s, u"FIVE"_s);
+    EXPECT_EQ(opened.strategy(), u"FIVE"_s);
+    EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 1);
+    type(u"TextThresholdOut"_s, u"12.5"_s);
+    opened.renameStrategy(u"FIVE"_s, u"SIX"_s);
+    EXPECT_EQ(opened.strategy(), u"SIX"_s);
+    expectDiscard(BoxAnswer::no);
+    form().close();
+    EXPECT_TRUE(isOpen());
+}
+
+TEST_F(FormCalParamTest, ARenameThatFailsLeavesItsStrategy) {
+    open(u"PT-1"_s);
+    choose(u"mnuStrategies"_s);
+    auto& strategies = child(u"FormStrategies"_s);
+    pick(control<QComboBox>(strategies, u"ComboTSNames"_s), u"THREE"_s);
+    script.failures.insert(
+        u"update mt.hvm_kv_tag_config set tp_name = 'DREI' where tp_name = 'THREE';commit"_s,
+        Error{208, u"no such table"_s});
+    person.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
+    person.expectReport(208, u"FormStrategies,CommandRename"_s);
+    click(control<QPushButton>(strategies, u"CommandRename"_s));
+    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
+}
+
 TEST_F(FormCalParamTest, TheFirstStrategyThatIsAddedIsNotChosenByItself) {
     script.answers.insert(selectStrategies(), {});
     open(u"PT-2"_s);

@@ -354,4 +354,11 @@ TEST_F(PackageCommands, CancelWithoutAChangeDoesNothing) {
     EXPECT_EQ(entry().text(), u"A-3"_s);
 }
 
+TEST_F(PackageCommands, BlanksForANameCancelTheQuestion) {
+    open();
+    create(u"   "_s);
+    EXPECT_EQ(names().currentText(), u"LIST"_s);
+    EXPECT_EQ(tasks(), QStringList{u"LIST"_s});
+}
+
 } // namespace kelvane::testing

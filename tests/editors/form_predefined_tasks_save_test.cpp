@@ -194,4 +194,17 @@ TEST_F(PackageSave, ReturnSavesAValueAndEscapeCancels) {
     EXPECT_EQ(notes().text(), u"x"_s);
 }
 
+TEST_F(PackageSave, ReturnAddsInTheEntryOfAListAndSavesElsewhere) {
+    open();
+    entry().setFocus();
+    QTest::keyClicks(&entry(), u"A-3"_s);
+    QTest::keyClick(&entry(), Qt::Key_Return);
+    EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
+    EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
+    names().setFocus();
+    QTest::keyClick(&names(), Qt::Key_Return);
+    EXPECT_EQ(script.statements.last(), insertAsset(newTag(), u"A-3"_s));
+    EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
+}
+
 } // namespace kelvane::testing

@@ -498,8 +498,8 @@ TEST_F(StrategiesTest, AnAddedPointIsInSightBelowALongList) {
 TEST_F(StrategiesTest, WhatIsNoNumberIsAskedForAgainOnRetryAndGivenUpOnCancel) {
     open();
     const auto noPercentage = u"Test points must be expressed as a percentage!"_s;
-    for (const auto& entry : {u""_s, u"abc"_s, u"12 V"_s, u"1e400"_s, u"NaN"_s, u"1.2.3"_s, u"'5'"_s,
-                              u"50%"_s, u"٥٠"_s, u"5\n0"_s}) {
+    for (const auto& entry :
+         {u"abc"_s, u"12 V"_s, u"1e400"_s, u"NaN"_s, u"1.2.3"_s, u"'5'"_s, u"50%"_s, u"٥٠"_s, u"5\n0"_s}) {
         SCOPED_TRACE(entry.toStdString());
         expectPointDialog(entry);
         ui.expectBox(noPercentage, u"Kelvane"_s, box::warningRetryCancel, BoxAnswer::retry);

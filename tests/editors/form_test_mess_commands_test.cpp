@@ -388,4 +388,12 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfADeletionLeavesTheScreen) {
     }
 }
 
+TEST_F(MessageCommands, BlanksForANameCancelTheQuestion) {
+    open();
+    expectName(u"   "_s);
+    click(u"CommandCreate"_s);
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_EQ(rows().size(), 2);
+}
+
 } // namespace kelvane::testing

@@ -3,6 +3,9 @@
 #include "tests/support/database_session.h"
 #include "ui/list_rows.h"
 
+#include <QLabel>
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -140,6 +143,30 @@ TEST_F(WorkConfigInTheDatabase, AFieldWhoseNumberBreaksTheStatementIsReportedAnd
     EXPECT_EQ(requested()[1], u"C23'1 : Odd"_s);
     EXPECT_EQ(screen.requested().currentRow(), 1);
     EXPECT_TRUE(screen.requested().hasFocus());
+}
+
+TEST_F(WorkConfigInTheDatabase, EveryRowAndTitleStandsThereWhole) {
+    forgetFields();
+    screen.open(session);
+    for (auto* list : {&screen.available(), &screen.requested()}) {
+        EXPECT_GT(list->count(), 0);
+        EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0) << list->objectName().toStdString();
+        EXPECT_LE(list->sizeHintForColumn(0), list->viewport()->width());
+    }
+    for (const auto& name : {u"Label1"_s, u"Label2"_s, u"Label3"_s, u"Label4"_s, u"Label5"_s}) {
+        const auto& label = control<QLabel>(screen.form(), name);
+        EXPECT_LE(label.heightForWidth(label.width()), label.height()) << name.toStdString();
+    }
+}
+
+TEST_F(WorkConfigInTheDatabase, ARowLongerThanTheWindowIsReachedByScrolling) {
+    execute(u"insert into mt.customiz (fldnum,title,ireq,sreq,suppressed) values ('2399','"_s +
+            u"long title "_s.repeated(20) + u"','N','N','N');commit"_s);
+    forgetFields();
+    screen.open(session);
+    auto& list = screen.available();
+    EXPECT_GE(list.horizontalScrollBar()->maximum() + list.viewport()->width(), list.sizeHintForColumn(0));
+    EXPECT_LE(screen.form().width(), screen.form().mdiArea()->viewport()->width());
 }
 
 } // namespace kelvane::testing

@@ -12,7 +12,8 @@ class TaskPackageTest : public RecordedSession {
     /// What stands between the letter and the user in the insert of such a package.
     QString valuesOf(Definition definition, const QString& value) {
         const auto statement =
-            packageInsert(session, {.name = u"P"_s, .definition = definition, .value = value}, u"TAG"_s);
+            packageInsert(session, {.name = u"P"_s, .definition = definition, .value = value}, u"TAG"_s)
+                .text();
         const auto begin = statement.indexOf(u"'PDEF',"_s) + 7;
         return statement.mid(begin, statement.indexOf(u",'jdoe'"_s) - begin);
     }
@@ -56,7 +57,7 @@ TEST_F(TaskPackageTest, EachDefinitionHasItsLetterColumnQueryAndTexts) {
         EXPECT_EQ(kind.definition, one.definition);
         EXPECT_EQ(kind.letter, one.letter);
         EXPECT_EQ(kind.column, one.column);
-        EXPECT_EQ(kind.choices ? kind.choices(session) : QString(), one.choices);
+        EXPECT_EQ(kind.choices ? kind.choices(session).text() : QString(), one.choices);
         EXPECT_EQ(kind.option, one.option);
         EXPECT_EQ(text(kind.caption), one.caption);
         EXPECT_EQ(text(kind.entry), one.entry);
@@ -84,25 +85,28 @@ TEST_F(TaskPackageTest, TheInsertIsWrittenToTheLetter) {
                        .definition = Definition::sql,
                        .value = u"select i4201 from MT.inventory where i4204 = 'X'"_s,
                        .notes = u"It's\r\nso"_s},
-                      u"TAG30"_s),
+                      u"TAG30"_s)
+            .text(),
         u"insert into mt.hvm_kv_task_packages (taskname,tptag,tptype,tp_definition,task_sql,segregate,"
         "model,description,mtuser,created_on,notes) values ('O''B','TAG30','PDEF','S','select i4201 from "
         "MT.inventory where i4204 = ''X''',NULL,NULL,NULL,'jdoe',now(*),'It''s\r\nso');commit"_s);
-    EXPECT_TRUE(packageInsert(session, {.name = u"P"_s}, u"T"_s).endsWith(u",now(*),NULL);commit"_s));
+    EXPECT_TRUE(packageInsert(session, {.name = u"P"_s}, u"T"_s).text().endsWith(u",now(*),NULL);commit"_s));
 }
 
 TEST_F(TaskPackageTest, ADeletionTakesTheListThroughTheOldTagFirst) {
-    EXPECT_EQ(packageDeletes(u"O'B"_s),
-              (QStringList{u"delete from mt.hvm_kv_task_assets where tptag = (select tptag from "
-                           "mt.hvm_kv_task_packages where taskname = 'O''B');commit"_s,
-                           u"delete from mt.hvm_kv_task_packages where taskname = 'O''B';commit"_s}));
+    QStringList texts;
+    for (const auto& statement : packageDeletes(u"O'B"_s))
+        texts << statement.text();
+    EXPECT_EQ(texts, (QStringList{u"delete from mt.hvm_kv_task_assets where tptag = (select tptag from "
+                                  "mt.hvm_kv_task_packages where taskname = 'O''B');commit"_s,
+                                  u"delete from mt.hvm_kv_task_packages where taskname = 'O''B';commit"_s}));
 }
 
 TEST_F(TaskPackageTest, AnInstrumentOfTheListGoesInAsItStands) {
     EXPECT_EQ(
-        assetInsert(session, u"TAG"_s, u"a'1"_s),
+        assetInsert(session, u"TAG"_s, u"a''1"_s).text(),
         u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('TAG',(select mtag from MT.inventory where "
-        "i4201 = 'a'1'));commit"_s);
+        "i4201 = 'a''1'));commit"_s);
 }
 
 } // namespace kelvane::testing

@@ -123,4 +123,20 @@ TEST_F(Drivers, AreOfferedInTheirOrderWithTheRememberedOneProposed) {
     EXPECT_EQ(settings.writes.size(), 1);
 }
 
+TEST_F(Drivers, AreChosenByCaptionsAndRememberedByTheirNames) {
+    folder.write(u"texts.txt"_s, "351\tDer Drehmomentprüfer\n");
+    ASSERT_TRUE(overlayStrings(folder.path() + u"/texts.txt"_s));
+    settings.values.insert(u"Defaults/Last"_s, u"Crane TorqueStar IVc"_s);
+    ui.expectDialog(u"Download"_s, text(353), u"Der Drehmomentprüfer"_s, [](const DialogQuestion& question) {
+        EXPECT_EQ(question.defaultText, u"Der Drehmomentprüfer"_s);
+        EXPECT_EQ(question.choices,
+                  (QStringList{u"Der Drehmomentprüfer"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}));
+    });
+    EXPECT_EQ(chooseCalibrator(session, u"Download"_s, u"Last"_s), u"Crane TorqueStar IVc"_s);
+    EXPECT_EQ(calibratorCaption(u"Crane TorqueStar IVc"_s), u"Der Drehmomentprüfer"_s);
+    EXPECT_EQ(calibratorCaption(u"Other"_s), u"Other"_s);
+    folder.write(u"texts.txt"_s, "351\tCrane TorqueStar IVc\n");
+    EXPECT_TRUE(overlayStrings(folder.path() + u"/texts.txt"_s));
+}
+
 } // namespace kelvane::testing

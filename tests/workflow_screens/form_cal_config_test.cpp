@@ -1,3 +1,4 @@
+#include "resources/strings.h"
 #include "tests/support/program_fixture.h"
 
 #include <QComboBox>
@@ -193,6 +194,40 @@ TEST_F(FormCalConfigTest, ClosingStoresOnlyThePosition) {
     child(u"FormCalConfig"_s).close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCalConfig=105"_s, u"Top/FormCalConfig=75"_s}));
     EXPECT_FALSE(session.openFlag(ChildForm::FormCalConfig));
+}
+
+/// A translation of what the screen shows.
+class TranslatedCalConfig : public FormCalConfigTest {
+  protected:
+    TranslatedCalConfig() {
+        translate("327\tGerade\n328\tUngerade\n329\tKeine\n350\tDas 702\n351\tDer Drehmomentprüfer\n"
+                  "567\tDas 74x\n");
+    }
+    ~TranslatedCalConfig() override {
+        translate("327\tEven\n328\tOdd\n329\tNone\n350\tFluke 702\n351\tCrane TorqueStar IVc\n"
+                  "567\tFluke 743/744\n");
+    }
+    void translate(const QByteArray& texts) {
+        folder.write(u"texts.txt"_s, texts);
+        EXPECT_TRUE(overlayStrings(folder.path() + u"/texts.txt"_s));
+    }
+};
+
+TEST_F(TranslatedCalConfig, StoresAndReadsTheWordsOfTheProgramUnderTranslatedCaptions) {
+    store(torqueStar, u"Parity"_s, u"Even"_s);
+    open();
+    EXPECT_EQ(rowsOf(list(u"Calibrator"_s)),
+              (QStringList{u"Das 74x"_s, u"Das 702"_s, u"Der Drehmomentprüfer"_s}));
+    EXPECT_EQ(list(u"Parity"_s).currentText(), u"Keine"_s);
+    pick(u"Calibrator"_s, u"Der Drehmomentprüfer"_s);
+    EXPECT_EQ(list(u"Parity"_s).currentText(), u"Gerade"_s);
+    EXPECT_TRUE(list(u"Parity"_s).isEnabled());
+    pick(u"Parity"_s, u"Ungerade"_s);
+    EXPECT_EQ(settings.values.value(torqueStar + u"/Parity"_s), u"Odd"_s);
+    pick(u"Calibrator"_s, u"Das 702"_s);
+    EXPECT_FALSE(list(u"Parity"_s).isEnabled());
+    pick(u"BaudRate"_s, u"19200"_s);
+    EXPECT_EQ(settings.values.value(u"Fluke 702/BaudRate"_s), u"19200"_s);
 }
 
 } // namespace kelvane::testing

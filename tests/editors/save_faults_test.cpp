@@ -1,0 +1,220 @@
+// Each step of each save fails once, in each way: what was stored stays, what was entered stays.
+#include "editors/form_cal_param.h"
+#include "editors/form_predefined_tasks.h"
+#include "editors/form_strategies.h"
+#include "editors/form_test_mess.h"
+#include "editors/form_work_config.h"
+#include "tests/editors/cal_param_hands.h"
+#include "tests/editors/editor_workplace.h"
+#include "tests/support/screen_operator.h"
+#include "ui/text_box.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+OpenCalParam* noneOpen() {
+    return nullptr;
+}
+
+ChildWindow& openStrategies(EditorWorkplace& place) {
+    return place.show(new FormStrategies(place.session, noneOpen));
+}
+
+ChildWindow& openMessages(EditorWorkplace& place) {
+    return place.show(new FormTestMess(place.session, noneOpen));
+}
+
+ChildWindow& openParameters(EditorWorkplace& place) {
+    auto& form = place.show(new FormCalParam(place.session));
+    place.person.entries = {u"PT-101"_s};
+    form.chooseFirst();
+    show(form, u"TextInputHigh"_s, u"251"_s);
+    show(form, u"ListPreDisplay"_s, u"LABEL,PERMIT"_s);
+    show(form, u"ListPostDisplay"_s, u"PERMIT"_s);
+    return form;
+}
+
+ChildWindow& openPackages(EditorWorkplace& place) {
+    return place.show(new FormPredefinedTasks(place.session));
+}
+
+/// One save: how the screen is opened and changed, and the button that saves.
+struct EditorSave {
+    const char* name;
+    ChildWindow& (*prepare)(EditorWorkplace& place);
+    QStringView button;
+    /// False when the save is one text, which is carried out as a whole by itself.
+    bool isTransaction = true;
+    /// Something was entered that the save is to store.
+    bool isTyped = true;
+};
+
+const EditorSave saves[] = {
+    {"Strategy",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openStrategies(place);
+         place.person.entries = {u"33"_s};
+         place.press(form, u"CommandAddTP"_s);
+         return form;
+     },
+     u"CommandSave"},
+    {"NewStrategy",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openStrategies(place);
+         place.person.entries = {u"NEW"_s, u"10"_s, u"20"_s};
+         for (const auto& button : {u"CommandAdd"_s, u"CommandAddTP"_s, u"CommandAddTP"_s})
+             place.press(form, button);
+         return form;
+     },
+     u"CommandSave"},
+    {"RenamedStrategy",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openStrategies(place);
+         place.person.entries = {u"RENAMED"_s};
+         return form;
+     },
+     u"CommandRename", true, false},
+    {"DeletedStrategy",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         place.observer->execute(u"delete from mt.hvm_kv_proc_points where tp_name = ' FIRST';commit"_s);
+         place.observer->execute(u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) "
+                                 "values (' FIRST','0','50');commit"_s);
+         return openStrategies(place);
+     },
+     u"CommandDeleteTS", false, false},
+    {"Parameters", openParameters, u"CommandSave"},
+    {"ClonedParameters",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openParameters(place);
+         place.person.entries = {u"PT-102"_s};
+         return form;
+     },
+     u"CommandClone"},
+    {"Message",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openMessages(place);
+         control<TextBox>(form, u"TextMessage"_s).setText(u"It's new"_s);
+         return form;
+     },
+     u"CommandSave"},
+    {"NewMessage",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openMessages(place);
+         place.person.entries = {u"NEW"_s};
+         return form;
+     },
+     u"CommandCreate", false, false},
+    {"DeletedMessage", openMessages, u"CommandDelete", false, false},
+    {"Package",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openPackages(place);
+         control<TextBox>(form, u"TextNotes"_s).setText(u"It's new"_s);
+         return form;
+     },
+     u"CommandSave"},
+    {"NewPackage",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = openPackages(place);
+         place.person.entries = {u"NEW"_s};
+         place.press(form, u"CommandAddTP"_s);
+         show(form, u"ListAssets"_s, u"PT-101,TW-101"_s);
+         return form;
+     },
+     u"CommandSave"},
+    {"RemovedPackage", openPackages, u"CommandRemoveTP", true, false},
+    {"RecordConfiguration",
+     [](EditorWorkplace& place) -> ChildWindow& {
+         auto& form = place.show(new FormWorkConfig(place.session));
+         auto& overdue = control<QCheckBox>(form, u"CheckOOC"_s);
+         overdue.setChecked(!overdue.isChecked());
+         delete control<QListWidget>(form, u"ListRequest"_s).takeItem(1);
+         return form;
+     },
+     u"CommandSave"},
+};
+
+} // namespace
+
+class SaveFaults : public ::testing::TestWithParam<EditorSave> {
+  protected:
+    /// What the database holds after a save that nothing disturbs.
+    static QStringList storedBySave() {
+        EditorWorkplace place;
+        auto& form = GetParam().prepare(place);
+        place.press(form, GetParam().button.toString());
+        EXPECT_EQ(place.person.reports, 0);
+        return place.stored();
+    }
+
+    /// A save whose step `failing` fails so; false when it has no such step.
+    bool failOnce(PlannedFault::Kind kind, int failing) {
+        auto& form = GetParam().prepare(*place_);
+        const auto before = place_->stored();
+        const auto entered = EditorWorkplace::contents(form);
+        place_->person.reports = 0;
+        place_->fault = {.kind = kind, .failAt = failing};
+        place_->press(form, GetParam().button.toString());
+        const auto fault = place_->fault;
+        place_->fault.failAt = -1;
+        if (fault.reached) {
+            EXPECT_GT(place_->person.reports, 0);
+            const auto now = place_->stored();
+            EXPECT_TRUE(now == before || now == after_);
+            if (GetParam().isTransaction) {
+                EXPECT_EQ(now, fault.committed ? after_ : before);
+            }
+            if (now == before)
+                expectKept(form, entered);
+        }
+        form.unload();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (fault.lost || place_->stored() != before)
+            place_ = std::make_unique<EditorWorkplace>();
+        return fault.reached;
+    }
+
+    void expectKept(ChildWindow& form, const QStringList& entered) {
+        EXPECT_EQ(EditorWorkplace::contents(form), entered);
+        EXPECT_FALSE(place_->session.openFlag(ChildForm::FormCustomDialog));
+        if (!GetParam().isTyped)
+            return;
+        place_->person.boxes.clear();
+        place_->person.answer = BoxAnswer::no;
+        form.close();
+        place_->person.answer = BoxAnswer::yes;
+        EXPECT_TRUE(form.isOpen());
+        EXPECT_TRUE(place_->person.boxes.value(0).startsWith(u"Are you sure you want to discard"_s))
+            << place_->person.boxes.join(u'/').toStdString();
+    }
+
+    const QStringList after_ = storedBySave();
+    std::unique_ptr<EditorWorkplace> place_ = std::make_unique<EditorWorkplace>();
+};
+
+TEST_P(SaveFaults, LeaveTheStoredRowsWholeAndTheScreenAsItWas) {
+    EXPECT_NE(place_->stored(), after_);
+    for (const auto kind :
+         {PlannedFault::Kind::refused, PlannedFault::Kind::answerLost, PlannedFault::Kind::connectionLost}) {
+        int failing = 0;
+        while (true) {
+            SCOPED_TRACE(::testing::Message() << "kind " << static_cast<int>(kind) << ", step " << failing);
+            if (!failOnce(kind, failing))
+                break;
+            ASSERT_LT(++failing, 200);
+        }
+        EXPECT_GT(failing, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Editors, SaveFaults, ::testing::ValuesIn(saves),
+                         [](const auto& save) { return std::string(save.param.name); });
+
+} // namespace kelvane::testing
