@@ -1,0 +1,133 @@
+#include "tests/support/fixtures.h"
+#include "ui/child_window.h"
+#include "ui/qt_user_interface.h"
+#include "ui/status_line.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+/// Counts the paint events of a widget.
+class PaintCount final : public QObject {
+  public:
+    explicit PaintCount(QWidget& watched) { watched.installEventFilter(this); }
+    int count = 0;
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+} // namespace
+
+/// A main window with a field in it, and the operator in front of it, whom nobody plays.
+class Repaint : public RecordedSession {
+  protected:
+    Repaint() {
+        window.setCentralWidget(area);
+        window.setStatusBar(statusLine);
+        window.resize(500, 400);
+        auto* child = area->addSubWindow(field);
+        child->setGeometry(50, 50, 200, 100);
+        child->show();
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        field->setFocus();
+        QCoreApplication::processEvents();
+        operatorUi.attach(session, window, *area, *statusLine);
+    }
+    /// A key that reaches the window the way the display server sends it.
+    void pressKey(Qt::Key key, const QString& letter) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            qt_handleKeyEvent(window.windowHandle(), type, key, Qt::NoModifier, letter);
+    }
+
+    QMainWindow window;
+    QMdiArea* area = new QMdiArea;
+    StatusLine* statusLine = new StatusLine(session);
+    QLineEdit* field = new QLineEdit;
+    QtUserInterface operatorUi;
+};
+
+TEST_F(Repaint, WhileALineIsPolledTheWindowIsPaintedAndKeysWait) {
+    PaintCount painted(*field);
+    for (int poll = 1; poll <= 5; ++poll) {
+        pressKey(Qt::Key_X, u"x"_s);
+        field->update();
+        operatorUi.repaint();
+        EXPECT_GE(painted.count, poll);
+        EXPECT_EQ(field->text(), QString());
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field->text(), u"xxxxx"_s);
+}
+
+TEST_F(Repaint, WhatLayUnderABoxIsPaintedBeforeTheAnswerIsActedOn) {
+    PaintCount painted(*field);
+    QTimer::singleShot(0, &window, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        QCoreApplication::processEvents();
+        painted.count = 0;
+        box->buttons().first()->click();
+    });
+    operatorUi.messageBox(u"Text"_s, u"Title"_s, box::warning);
+    EXPECT_GE(painted.count, 1);
+}
+
+TEST_F(Repaint, WhatLayUnderAQuestionIsPaintedBeforeTheAnswerIsActedOn) {
+    PaintCount painted(*field);
+    QTimer::singleShot(0, &window, [&] {
+        auto* question = area->activeSubWindow();
+        ASSERT_EQ(question->objectName(), u"FormCustomDialog"_s);
+        QCoreApplication::processEvents();
+        painted.count = 0;
+        question->findChild<QPushButton*>(u"CommandCustomDialogOK"_s)->click();
+    });
+    EXPECT_EQ(operatorUi.askOneField({.caption = u"x"_s, .prompt = u"y"_s, .defaultText = u"z"_s}), u"z"_s);
+    EXPECT_GE(painted.count, 1);
+}
+
+TEST_F(Repaint, AnActivityIsShownAtOnce) {
+    auto* label = statusLine->findChild<QLabel*>(u"LabelActivity"_s);
+    PaintCount painted(*label);
+    operatorUi.setActivity(u"Downloading PT-101"_s);
+    EXPECT_EQ(label->text(), u"Downloading PT-101"_s);
+    EXPECT_GE(painted.count, 1);
+    operatorUi.setActivity({});
+    EXPECT_EQ(label->text(), QString());
+}
+
+TEST_F(Repaint, ASecondQuestionBringsTheOpenOneToTheFront) {
+    QTimer::singleShot(0, &window, [&] {
+        auto* question = area->activeSubWindow();
+        ASSERT_EQ(question->objectName(), u"FormCustomDialog"_s);
+        area->setActiveSubWindow(area->subWindowList().first());
+        EXPECT_NE(area->activeSubWindow(), question);
+        EXPECT_EQ(operatorUi.askOneField({.caption = u"second"_s, .prompt = u"y"_s}), u"*CANCEL*"_s);
+        EXPECT_EQ(area->activeSubWindow(), question);
+        EXPECT_EQ(question->windowTitle(), u"first"_s);
+        area->setActiveSubWindow(area->subWindowList().first());
+        EXPECT_TRUE(operatorUi.bringQuestionForward());
+        EXPECT_EQ(area->activeSubWindow(), question);
+        question->findChild<QPushButton*>(u"CommandCustomDialogOK"_s)->click();
+    });
+    operatorUi.askOneField({.caption = u"first"_s, .prompt = u"y"_s, .defaultText = u"z"_s});
+    EXPECT_FALSE(operatorUi.bringQuestionForward());
+}
+
+} // namespace kelvane::testing
