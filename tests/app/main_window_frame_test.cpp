@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 
@@ -26,10 +27,17 @@ class MainWindowFrame : public ProgramTest {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         return QTest::qWaitFor([&] { return menu(name).isVisible(); });
     }
+    static Surroundings surroundings() {
+        return {
+            .dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}};
+    }
     void leave(MDIFormMain& window) {
         person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
         window.close();
     }
+
+    /// The next start of the program.
+    WorkstationProgram next{clock, settings, session.makeConnection, port, link, surroundings()};
 };
 
 TEST_F(MainWindowFrame, SaysWhoIsLoggedInAndWhere) {
@@ -120,15 +128,27 @@ TEST_F(MainWindowFrame, SizeAndPlaceAreKept) {
     program.window.move(20, 30);
     QCoreApplication::processEvents();
     leave(program.window);
-    EXPECT_EQ(settings.writes.size(), 1);
-    EXPECT_TRUE(settings.writes.value(0).startsWith(u"MainWindow/Geometry="_s));
+    EXPECT_EQ(settings.writes,
+              (QStringList{u"MainWindow/Left=20"_s, u"MainWindow/Top=30"_s, u"MainWindow/Width=760"_s,
+                           u"MainWindow/Height=600"_s, u"MainWindow/Maximized=0"_s}));
     program.window.hide();
-    WorkstationProgram next(
-        clock, settings, session.makeConnection, port, link,
-        {.dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}});
     next.start();
     EXPECT_EQ(next.window.size(), QSize(760, 600));
     EXPECT_EQ(next.window.pos(), QPoint(20, 30));
+}
+
+TEST_F(MainWindowFrame, AMaximizedWindowComesBackMaximizedAndKnowsItsOwnSize) {
+    startLoggedIn(4);
+    program.window.resize(700, 560);
+    QCoreApplication::processEvents();
+    program.window.showMaximized();
+    QCoreApplication::processEvents();
+    leave(program.window);
+    EXPECT_TRUE(settings.writes.contains(u"MainWindow/Width=700"_s));
+    EXPECT_TRUE(settings.writes.contains(u"MainWindow/Maximized=1"_s));
+    program.window.hide();
+    next.start();
+    EXPECT_TRUE(next.window.isMaximized());
 }
 
 TEST_F(MainWindowFrame, WhatIsNotChangedIsNotStored) {
@@ -137,10 +157,26 @@ TEST_F(MainWindowFrame, WhatIsNotChangedIsNotStored) {
     EXPECT_EQ(settings.writes, QStringList());
 }
 
-TEST_F(MainWindowFrame, ASpoiltPlaceIsTheGivenOne) {
-    settings.values.insert(u"MainWindow/Geometry"_s, u"AdnQywADAAAAAAAAgarbage"_s);
-    start();
-    EXPECT_EQ(program.window.size(), QSize(665, 551));
+TEST_F(MainWindowFrame, ASpoiltPlaceIsTheGivenOneAndAnImpossibleOneComesOntoTheScreen) {
+    const auto screen = program.window.screen()->availableSize();
+    const struct {
+        QString left;
+        QString width;
+        QSize expected;
+    } rows[] = {
+        {u"0"_s, u"garbage"_s, {665, 551}}, {u"0"_s, u"-1"_s, {665, 551}},    {u"0"_s, u""_s, {665, 551}},
+        {u"0"_s, u"1e300"_s, screen},       {u"90000"_s, u"99999"_s, screen},
+    };
+    for (const auto& row : rows) {
+        settings.values = {{u"MainWindow/Left"_s, row.left},
+                           {u"MainWindow/Top"_s, u"0"_s},
+                           {u"MainWindow/Width"_s, row.width},
+                           {u"MainWindow/Height"_s, u"99999"_s}};
+        WorkstationProgram started(clock, settings, session.makeConnection, port, link, surroundings());
+        started.start();
+        EXPECT_EQ(started.window.size(), row.expected) << row.width.toStdString();
+        EXPECT_TRUE(started.window.screen()->geometry().intersects(started.window.geometry()));
+    }
 }
 
 } // namespace kelvane::testing

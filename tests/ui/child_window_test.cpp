@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
@@ -315,6 +317,23 @@ TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
     EXPECT_GT(screen.height(), 150);
     EXPECT_GE(screen.accept->height(), screen.accept->minimumSizeHint().height());
     QApplication::setFont(before);
+}
+
+TEST_F(ChildWindowTest, TheMainWindowGrowsWithAScreenWhoseLettersNeedMoreRoomAndNotBeyondTheScreen) {
+    const auto before = QApplication::font();
+    const auto after = qScopeGuard([&] { QApplication::setFont(before); });
+    window.resize(320, 200);
+    for (const int size : {24, 200}) {
+        QApplication::setFont(QFont(before.family(), size));
+        QCoreApplication::processEvents();
+        auto& screen = open();
+        const auto room = area->viewport()->size();
+        const auto most = window.screen()->availableSize();
+        EXPECT_TRUE(room.height() >= screen.height() || window.height() == most.height()) << size;
+        EXPECT_TRUE(room.width() >= screen.width() || window.width() == most.width()) << size;
+        EXPECT_GT(window.height(), 200);
+        screen.unload();
+    }
 }
 
 TEST_F(ChildWindowTest, ClosesEvenWhenNeitherThePositionNorTheReportCanBeWritten) {

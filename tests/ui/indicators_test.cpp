@@ -25,12 +25,14 @@ double lightOf(const QColor& color) {
 }
 
 double contrast(const QColor& left, const QColor& right) {
-    const auto [less, more] = std::minmax(lightOf(left), lightOf(right));
-    return (more + 0.05) / (less + 0.05);
+    const double one = lightOf(left) + 0.05;
+    const double other = lightOf(right) + 0.05;
+    return std::max(one / other, other / one);
 }
 
 /// The greatest contrast that the empty indicator of a button has with the ground beside it.
 double contrastOf(QAbstractButton& button, QStyle::SubElement indicator) {
+    button.resize(button.sizeHint());
     QStyleOptionButton option;
     option.initFrom(&button);
     const auto rect = button.style()->subElementRect(indicator, &option, &button);

@@ -96,6 +96,8 @@ TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
         for (const int page : {1, 2, 3, 4})
             made->addTab(new QWidget, u"A caption of some length "_s + QString::number(page));
         made->resize(made->minimumSizeHint());
+        made->show();
+        QCoreApplication::processEvents();
         made->tabBar()->grab();
         EXPECT_GE(style->drawn, 4) << size;
         EXPECT_LE(style->missing, 0) << size;
