@@ -11,7 +11,6 @@
 #include "editors/form_strategies.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
-#include "platform/error_report.h"
 #include "platform/numbers.h"
 #include "resources/strings.h"
 #include "ui/guarded.h"
@@ -40,10 +39,6 @@ namespace {
 
 constexpr int heightInTwips = 8265;
 constexpr int widthInTwips = 9975;
-
-// Beside the positions of the child windows.
-const QString placeSection = u"MainWindow"_s;
-const QString placeKey = u"Geometry"_s;
 
 /// A caption with the mark of the letter that chooses it: the first one that no neighbour has taken.
 QString withMnemonic(QString caption, QString& taken) {
@@ -170,10 +165,10 @@ void MDIFormMain::load() {
         setCaptions();
         statusLine_->refresh();
         resize(pixels(widthInTwips), pixels(heightInTwips));
-        restorePlace();
+        restorePlace(session_, *this);
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
         show();
-        placeAtStart_ = saveGeometry();
+        placeAtStart_ = placeOf(*this);
         startUp();
     });
 }
@@ -226,22 +221,9 @@ void MDIFormMain::changeEvent(QEvent* event) {
 void MDIFormMain::mnuExit() {
     if (session_.ui.messageBox(text(115), text(101), box::question) != BoxAnswer::yes)
         return;
-    storePlace();
+    if (const auto place = placeOf(*this); place != placeAtStart_)
+        storePlace(session_, place);
     surroundings_.endProcess();
-}
-
-/// Size and place of the window as the user left them the last time. Where nothing is stored, or what no
-/// screen of this workstation can show, they stay as they are.
-void MDIFormMain::restorePlace() {
-    restoreGeometry(
-        QByteArray::fromBase64(ModuleGlobals::GetRegSetting(session_, placeSection, placeKey).toLatin1()));
-}
-
-void MDIFormMain::storePlace() {
-    const auto place = saveGeometry();
-    if (place != placeAtStart_)
-        ModuleGlobals::SaveRegSetting(session_, placeSection, placeKey,
-                                      QString::fromLatin1(place.toBase64()));
 }
 
 void MDIFormMain::mnuLogout() {

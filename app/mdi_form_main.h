@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/menu.h"
+#include "app/window_place.h"
 #include "workflow/driver.h"
 
 #include <QMainWindow>
@@ -53,8 +54,6 @@ class MDIFormMain final : public QMainWindow {
     void setCaptions();
     void applyMenu();
     void enterMenu();
-    void restorePlace();
-    void storePlace();
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();
@@ -89,8 +88,8 @@ class MDIFormMain final : public QMainWindow {
     Menu menu_;
     QMdiArea* area_;
     StatusLine* statusLine_;
-    /// What `saveGeometry` gave before the user could change anything.
-    QByteArray placeAtStart_;
+    /// Before the user could change anything.
+    WindowPlace placeAtStart_;
     std::array<QAction*, menuEntryCount> actions_{};
 };
 

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyleOption>
@@ -48,6 +49,16 @@ int pixelsOf(const QString& twips) {
 QPoint inView(const QPoint& wanted, const QSize& size, const QSize& room) {
     const QSize free = (room - size).expandedTo({0, 0});
     return {std::clamp(wanted.x(), 0, free.width()), std::clamp(wanted.y(), 0, free.height())};
+}
+
+/// Makes the main window larger, as far as its screen goes, so that `needed` has room in the area.
+void makeRoom(const QMdiArea& area, const QSize& needed) {
+    auto* main = area.window();
+    const auto missing = (needed - area.viewport()->size()).expandedTo({0, 0});
+    if (missing.isNull() || main->isMaximized() || main->isFullScreen())
+        return;
+    const auto wanted = (main->size() + missing).boundedTo(main->screen()->availableSize());
+    main->resize(wanted.expandedTo(main->size()));
 }
 
 } // namespace
@@ -148,6 +159,9 @@ void ChildWindow::showIn(QMdiArea& area) {
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
     setFixedSize(given.expandedTo(neededSize()));
+    // The given sizes have room in the given main window; larger letters need a larger one.
+    if (size() != given)
+        makeRoom(area, size());
     move(inView(stored, size(), area.viewport()->size()));
     show();
     area.setActiveSubWindow(this);

@@ -37,7 +37,7 @@ class ChildWindow : public QMdiSubWindow {
 
     /// Shows the window inside `area` at its stored position, moved into view where that lies outside; or
     /// brings it forward when it is shown already. The size grows where caption and controls, in the user's
-    /// font, would be cut off otherwise.
+    /// font, would be cut off otherwise, and the main window grows with it.
     void showIn(QMdiArea& area);
     /// Closes without asking `mayClose`.
     void unload();

@@ -112,6 +112,9 @@ void keepOnScreen(QMessageBox& box) {
 
 BoxAnswer showMessageBox(QWidget* window, const QString& text, const QString& title, BoxStyle style) {
     QMessageBox box(window);
+    // Left to itself, a window manager would offer to minimise a box that the whole program waits for.
+    box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                       Qt::WindowCloseButtonHint);
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     // An error report can be copied to those who look into it.

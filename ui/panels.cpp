@@ -9,6 +9,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace kelvane {
 
 namespace {
@@ -16,6 +18,10 @@ namespace {
 /// A row of tabs with little room beside their captions, so that long ones stand in a row. It measures and
 /// places the captions itself: styles count on more room, and each on another.
 class CaptionBar final : public QTabBar {
+  public:
+    // The name that a tab control gives its row of tabs.
+    CaptionBar() { setObjectName(u"qt_tabwidget_tabbar"_s); }
+
   protected:
     QSize tabSizeHint(int index) const override {
         const int caption = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
@@ -27,7 +33,7 @@ class CaptionBar final : public QTabBar {
   private:
     void paintTab(QStylePainter& painter, int index);
 
-    static constexpr int besideCaption = 7;
+    static constexpr int besideCaption = 5;
 };
 
 void CaptionBar::paintEvent(QPaintEvent*) {

@@ -173,6 +173,24 @@ TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScre
     choose(u"mnuUpload"_s);
 }
 
+TEST_F(MenuCommands, AQuestionThatIsOpenComesToTheFrontAndNoOtherCommandWithOneBegins) {
+    startLoggedIn(4);
+    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        for (const auto& entry : {u"mnuDownload"_s, u"mnuUpload"_s, u"mnuCalParameters"_s}) {
+            choose(u"mnuConfiguration"_s);
+            EXPECT_NE(program.window.area().activeSubWindow(), &dialog);
+            choose(entry);
+            EXPECT_EQ(program.window.area().activeSubWindow(), &dialog) << entry.toStdString();
+        }
+        EXPECT_EQ(openChildren(), (QStringList{u"FormCustomDialog"_s, u"FormCalConfig"_s}));
+        EXPECT_TRUE(script.statements.isEmpty());
+        answerDialog(dialog, u"Fluke 743/744"_s);
+    });
+    person.expectBox(u"The driver for this calibrator is not part of this version yet."_s, uploadTitle,
+                     box::warning);
+    choose(u"mnuUpload"_s);
+}
+
 TEST_F(MenuCommands, CalibrationParametersReportsAnErrorUnderItsSuffixedName) {
     startLoggedIn(4);
     script.failures.insert(countPoints, Error{208, u"no such table"_s});

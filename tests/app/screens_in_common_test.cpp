@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScopeGuard>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTest>
@@ -494,6 +495,44 @@ TEST_P(Screens, FollowsLightAndDarkPalettesAndLeavesItsPicture) {
         QCoreApplication::processEvents();
         EXPECT_LT(shareOfLight(screen.widget()->grab().toImage()), 0.2);
         savePicture(program.window.grab(), name + u"-dark"_s);
+    });
+}
+
+TEST_P(Screens, EveryListAndDropDownShowsItsRowsWhole) {
+    lookAt([](ChildWindow& screen) {
+        const auto longRow = u"C2318 : Approved By "_s.repeated(20);
+        for (auto* list : screen.findChildren<QListWidget*>()) {
+            const auto before = list->count();
+            list->addItem(longRow);
+            list->doItemsLayout();
+            EXPECT_GE(list->visualItemRect(list->item(before)).width(),
+                      list->fontMetrics().horizontalAdvance(longRow))
+                << list->objectName().toStdString();
+            delete list->takeItem(before);
+        }
+        for (auto* list : screen.findChildren<QComboBox*>()) {
+            if (!list->isVisible() || !list->isEnabled() || list->isEditable() || list->count() == 0)
+                continue;
+            list->showPopup();
+            EXPECT_GE(list->view()->viewport()->width(), list->view()->sizeHintForColumn(0))
+                << list->objectName().toStdString();
+            list->hidePopup();
+        }
+    });
+}
+
+TEST_P(Screens, FitsTheMainWindowWithTheLettersOfUsualDesktops) {
+    const auto before = QApplication::font();
+    const auto after = qScopeGuard([&] { QApplication::setFont(before); });
+    // A window is made with the letters of its desktop.
+    QApplication::setFont(QFont(before.family(), 11));
+    lookAt([this](ChildWindow& screen) {
+        EXPECT_TRUE(program.window.area().viewport()->rect().contains(screen.geometry()))
+            << screen.width() << " x " << screen.height() << " in " << program.window.area().width() << " x "
+            << program.window.area().height();
+        for (const auto* control : visibleControls(screen))
+            EXPECT_FALSE(isCutOff(control)) << control->objectName().toStdString();
+        savePicture(program.window.grab(), QString::fromLatin1(GetParam().name) + u"-11"_s);
     });
 }
 

@@ -6,6 +6,10 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -49,6 +53,35 @@ class SomeScreen final : public ChildWindow {
     QStringList clicked;
     int askedToClose = 0;
     bool willing = true;
+};
+
+} // namespace
+
+namespace {
+
+/// A screen with a tab control, on whose first page stands another one, and a field beside them.
+class ScreenOfPages final : public ChildWindow {
+  public:
+    explicit ScreenOfPages(Session& session)
+        : ChildWindow(session, ChildForm::FormODBC, u"ScreenOfPages"_s, {.width = 4500, .height = 4500}) {
+        auto* body = new QWidget;
+        auto* column = new QVBoxLayout(body);
+        for (auto* tabs : {outer, inner}) {
+            for (const auto& page : {u"one"_s, u"two"_s, u"three"_s}) {
+                auto* field = new QLineEdit;
+                field->setObjectName(page);
+                tabs->addTab(field, page);
+            }
+        }
+        outer->insertTab(0, inner, u"inner"_s);
+        outer->setCurrentIndex(0);
+        column->addWidget(outer);
+        column->addWidget(beside);
+        setBody(body);
+    }
+    QTabWidget* outer = new QTabWidget;
+    QTabWidget* inner = new QTabWidget;
+    QLineEdit* beside = new QLineEdit;
 };
 
 } // namespace
@@ -121,6 +154,46 @@ TEST_F(ChildWindowTest, ClosingStoresThePositionInTwipsUnderTheWindowsName) {
     screen.move(20, 30);
     screen.close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/SomeScreen=300"_s, u"Top/SomeScreen=450"_s}));
+}
+
+TEST_F(ChildWindowTest, APositionThatTheUserDidNotChangeStaysInTheSettingsAsItStands) {
+    const struct {
+        QString left;
+        QString top;
+    } rows[] = {
+        {u"99999"_s, u"99999"_s}, {u"-3000"_s, u"-15"_s}, {u"1507"_s, u"752"_s}, {u"1e300"_s, u"garbage"_s}};
+    for (const auto& row : rows) {
+        settings.values.insert(u"Left/SomeScreen"_s, row.left);
+        settings.values.insert(u"Top/SomeScreen"_s, row.top);
+        auto& screen = open();
+        QCoreApplication::processEvents();
+        screen.close();
+        EXPECT_EQ(settings.values.value(u"Left/SomeScreen"_s), row.left);
+        EXPECT_EQ(settings.values.value(u"Top/SomeScreen"_s), row.top);
+    }
+}
+
+TEST_F(ChildWindowTest, EachEdgeThatTheUserDidNotChangeStaysAsItStands) {
+    settings.values.insert(u"Left/SomeScreen"_s, u"99999"_s);
+    settings.values.insert(u"Top/SomeScreen"_s, u"150"_s);
+    auto& screen = open();
+    screen.move(screen.x(), 40);
+    screen.close();
+    EXPECT_EQ(settings.writes, (QStringList{u"Left/SomeScreen=99999"_s, u"Top/SomeScreen=600"_s}));
+}
+
+TEST_F(ChildWindowTest, ScrollingTheAreaIsNoMove) {
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    auto& screen = open();
+    window.resize(150, 120);
+    QCoreApplication::processEvents();
+    ASSERT_GT(area->horizontalScrollBar()->maximum(), 0);
+    area->horizontalScrollBar()->setValue(area->horizontalScrollBar()->maximum());
+    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    EXPECT_LT(screen.x(), 7);
+    screen.close();
+    EXPECT_EQ(settings.writes, (QStringList{u"Left/SomeScreen=105"_s, u"Top/SomeScreen=75"_s}));
 }
 
 TEST_F(ChildWindowTest, TheFlagStandsFromMakingToClosing) {
@@ -212,6 +285,30 @@ TEST_F(ChildWindowTest, ControlF4ClosesAndControlWDoesNot) {
     EXPECT_FALSE(screen.isOpen());
 }
 
+TEST_F(ChildWindowTest, ControlWithPageDownAndPageUpChangesThePagesAroundTheFocus) {
+    auto* screen = new ScreenOfPages(session);
+    screen->showIn(*area);
+    const auto press = [](Qt::Key key) {
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+    };
+    screen->inner->currentWidget()->setFocus();
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(screen->inner->currentIndex(), 1);
+    EXPECT_EQ(screen->outer->currentIndex(), 0);
+    press(Qt::Key_PageUp);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(screen->inner->currentIndex(), 2);
+    screen->beside->setFocus();
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(screen->outer->currentIndex(), 1);
+    EXPECT_EQ(screen->inner->currentIndex(), 2);
+    screen->outer->currentWidget()->setFocus();
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(screen->outer->currentIndex(), 2);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(screen->outer->currentIndex(), 1);
+}
+
 TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
     const auto before = QApplication::font();
     QApplication::setFont(QFont(before.family(), 24));
@@ -220,6 +317,23 @@ TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
     EXPECT_GT(screen.height(), 150);
     EXPECT_GE(screen.accept->height(), screen.accept->minimumSizeHint().height());
     QApplication::setFont(before);
+}
+
+TEST_F(ChildWindowTest, TheMainWindowGrowsWithAScreenWhoseLettersNeedMoreRoomAndNotBeyondTheScreen) {
+    const auto before = QApplication::font();
+    const auto after = qScopeGuard([&] { QApplication::setFont(before); });
+    window.resize(320, 200);
+    for (const int size : {24, 200}) {
+        QApplication::setFont(QFont(before.family(), size));
+        QCoreApplication::processEvents();
+        auto& screen = open();
+        const auto room = area->viewport()->size();
+        const auto most = window.screen()->availableSize();
+        EXPECT_TRUE(room.height() >= screen.height() || window.height() == most.height()) << size;
+        EXPECT_TRUE(room.width() >= screen.width() || window.width() == most.width()) << size;
+        EXPECT_GT(window.height(), 200);
+        screen.unload();
+    }
 }
 
 TEST_F(ChildWindowTest, ClosesEvenWhenNeitherThePositionNorTheReportCanBeWritten) {

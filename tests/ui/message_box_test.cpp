@@ -6,11 +6,14 @@
 #include "ui/qt_user_interface.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -92,7 +95,7 @@ TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
         const auto shown = text(id);
         ScreenOperator person;
         person.expectBox(shown, u"Kelvane"_s, box::warning, [id](QMessageBox& box) {
-            EXPECT_TRUE(box.findChildren<QScrollArea*>().isEmpty()) << id;
+            EXPECT_TRUE(box.findChildren<QPlainTextEdit*>().isEmpty()) << id;
             const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
             EXPECT_GE(label->height(), label->heightForWidth(label->width())) << id;
             EXPECT_LE(box.width(), 560) << id;
@@ -103,29 +106,88 @@ TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
     }
 }
 
-TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreen) {
-    const auto longText = u"insert into mt.calresults "_s.repeated(4000);
-    ScreenOperator person;
-    person.expectBox(longText, u"Kelvane"_s, box::stop, [](QMessageBox& box) {
-        EXPECT_EQ(box.findChildren<QScrollArea*>().size(), 1);
-        const auto room = box.screen()->availableGeometry();
-        EXPECT_LE(box.height(), room.height());
-        EXPECT_LE(box.width(), room.width());
-        click(*box.buttons().first());
-    });
-    showMessageBox(nullptr, longText, u"Kelvane"_s, box::stop);
+TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreenAndScrollsDownwardsOnly) {
+    const auto statement = u"insert into mt.calresults "_s;
+    for (const auto& longText : {statement.repeated(4000), u"x"_s.repeated(20000), u"y"_s.repeated(1500)}) {
+        ScreenOperator person;
+        person.expectBox(longText, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
+            const auto room = box.screen()->availableGeometry();
+            EXPECT_LE(box.height(), room.height());
+            EXPECT_LE(box.width(), room.width());
+            const auto texts = box.findChildren<QPlainTextEdit*>();
+            EXPECT_EQ(texts.size(), 1);
+            for (const auto* text : texts) {
+                EXPECT_EQ(text->toPlainText(), longText);
+                EXPECT_EQ(text->horizontalScrollBar()->maximum(), 0);
+                EXPECT_EQ(text->verticalScrollBar()->value(), 0);
+                EXPECT_FALSE(text->hasFocus());
+            }
+            click(*box.buttons().first());
+        });
+        showMessageBox(nullptr, longText, u"Kelvane"_s, box::stop);
+    }
 }
 
-TEST(MessageBox, ALongWordLeavesTheButtonsOnTheScreen) {
-    const auto longText = u"x"_s.repeated(20000);
+TEST(MessageBox, AReportWithAHugeStatementShowsTheErrorsOwnTextWholeAtItsTop) {
+    const auto own = text(117) + u" 1054 no such column: c2399\r\n\r\n"_s + text(118) + u"\r\n\r\n"_s +
+                     text(119) + u"ModuleGlobals,CreateCalRecord\r\n"_s + text(120);
+    const auto report = own + u"'x'"_s.repeated(300000);
     ScreenOperator person;
-    person.expectBox(longText, u"Kelvane"_s, box::stop, [](QMessageBox& box) {
-        const auto room = box.screen()->availableGeometry();
-        EXPECT_LE(box.height(), room.height());
-        EXPECT_LE(box.width(), room.width());
+    person.expectBox(report, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
+        auto* text = box.findChild<QPlainTextEdit*>();
+        QTextCursor end(text->document());
+        end.setPosition(static_cast<int>(own.size() - own.count(u'\r')));
+        const auto place = text->cursorRect(end);
+        EXPECT_TRUE(text->viewport()->rect().contains(place.topLeft()));
+        EXPECT_TRUE(text->viewport()->rect().contains(place.bottomLeft()));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(showMessageBox(nullptr, report, u"Kelvane"_s, box::stop), BoxAnswer::ok);
+}
+
+TEST(MessageBox, ALongTextIsScrolledAndCopiedByKeyboardAndLeavesReturnAndEscapeToItsBox) {
+    const auto longText = u"a line\r\n"_s.repeated(500);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        ScreenOperator person;
+        person.expectBox(longText, u"Kelvane"_s, box::question, [&](QMessageBox& box) {
+            auto* text = box.findChild<QPlainTextEdit*>();
+            text->setFocus();
+            QTest::keyClick(text, Qt::Key_PageDown);
+            EXPECT_GT(text->verticalScrollBar()->value(), 0);
+            QTest::keyClick(text, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(text, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(QGuiApplication::clipboard()->text().size(), 500 * 7);
+            QTest::keyClick(text, key);
+        });
+        EXPECT_EQ(showMessageBox(nullptr, longText, u"Kelvane"_s, box::question), BoxAnswer::no);
+    }
+}
+
+TEST(MessageBox, AWordOfAMillionLettersCostsNoMoreThanAsManyWords) {
+    const auto timeOf = [](const QString& text) {
+        ScreenOperator person;
+        person.expectBox(text, u"Kelvane"_s, box::stop);
+        QElapsedTimer timer;
+        timer.start();
+        showMessageBox(nullptr, text, u"Kelvane"_s, box::stop);
+        return timer.nsecsElapsed();
+    };
+    const auto words = timeOf(u"four "_s.repeated(200000));
+    EXPECT_LT(timeOf(u"x"_s.repeated(1000000)), 20 * words);
+}
+
+TEST(MessageBox, HasNothingBesideItsTitleButTheButtonThatCloses) {
+    ScreenOperator person;
+    person.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
+        const auto flags = box.windowFlags();
+        EXPECT_TRUE(flags & Qt::CustomizeWindowHint);
+        EXPECT_TRUE(flags & Qt::WindowTitleHint);
+        EXPECT_TRUE(flags & Qt::WindowCloseButtonHint);
+        EXPECT_FALSE(flags & Qt::WindowMinMaxButtonsHint);
+        EXPECT_EQ(flags & Qt::WindowType_Mask, Qt::Dialog);
         click(*box.buttons().first());
     });
-    showMessageBox(nullptr, longText, u"Kelvane"_s, box::stop);
+    showMessageBox(nullptr, u"Text"_s, u"Title"_s, box::warning);
 }
 
 TEST(Pointer, IsNotCountedAndABoxShowsTheNormalOne) {

@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
-#include <QStyle>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleFactory>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -60,6 +62,70 @@ TEST(TabControls, ShowTheirCaptionsWholeAndClose) {
     const QFontMetrics letters(made->tabBar()->font());
     for (int page = 0; page < made->count(); ++page)
         EXPECT_GT(made->tabBar()->tabRect(page).width(), letters.horizontalAdvance(made->tabText(page)));
+}
+
+namespace {
+
+/// A style of another maker: it keeps much room free beside the captions of tabs, and remembers how much of
+/// each caption had no place.
+class WideTabs final : public QProxyStyle {
+  public:
+    WideTabs() : QProxyStyle(u"Fusion"_s) {}
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        return metric == PM_TabBarTabHSpace ? 48 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+    void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override {
+        ++drawn;
+        missing = qMax(missing, painter->fontMetrics().horizontalAdvance(text) - place.width());
+        QProxyStyle::drawItemText(painter, place, flags, palette, enabled, text, role);
+    }
+    mutable int drawn = 0;
+    mutable int missing = 0;
+};
+
+} // namespace
+
+TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
+    const auto before = QApplication::font();
+    for (const int size : {9, 10, 11}) {
+        auto* style = new WideTabs;
+        QApplication::setStyle(style);
+        QApplication::setFont(QFont(before.family(), size));
+        const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+        for (const int page : {1, 2, 3, 4})
+            made->addTab(new QWidget, u"A caption of some length "_s + QString::number(page));
+        made->resize(made->minimumSizeHint());
+        made->show();
+        QCoreApplication::processEvents();
+        made->tabBar()->grab();
+        EXPECT_GE(style->drawn, 4) << size;
+        EXPECT_LE(style->missing, 0) << size;
+        // The row has no more room than the captions need.
+        const int caption = made->tabBar()->fontMetrics().horizontalAdvance(made->tabText(0));
+        EXPECT_LE(made->tabBar()->tabRect(0).width(), caption + 16) << size;
+    }
+    QApplication::setFont(before);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+}
+
+TEST(TabControls, PassOverPagesThatCantBeChosen) {
+    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+    for (const int page : {0, 1, 2, 3})
+        made->addTab(new QWidget, QString::number(page));
+    made->setTabEnabled(1, false);
+    made->setTabVisible(3, false);
+    changePage(*made, 1);
+    EXPECT_EQ(made->currentIndex(), 2);
+    changePage(*made, 1);
+    EXPECT_EQ(made->currentIndex(), 0);
+    changePage(*made, -1);
+    EXPECT_EQ(made->currentIndex(), 2);
+    changePage(*made, -1);
+    EXPECT_EQ(made->currentIndex(), 0);
+    QTabWidget empty;
+    changePage(empty, 1);
+    EXPECT_EQ(empty.currentIndex(), -1);
 }
 
 TEST(TabControls, ChangeTheirPageByKeyboard) {

@@ -72,6 +72,20 @@ TEST_F(ProgressTest, TheUserCantCloseIt) {
     program.ui.hideProgress();
 }
 
+TEST_F(ProgressTest, HasNoButtonThatWouldDoNothing) {
+    program.ui.showProgress(u"x"_s);
+    QCoreApplication::processEvents();
+    const auto picture = bar().grab().toImage();
+    // The title bar's right end is plain: each line of it has one colour.
+    const int height = bar().widget()->y();
+    const int right = picture.width() - 8;
+    for (int y = height / 4; y < height * 3 / 4; ++y) {
+        for (int x = right - 24; x < right; ++x)
+            EXPECT_EQ(picture.pixel(x, y), picture.pixel(right, y)) << x << ' ' << y;
+    }
+    program.ui.hideProgress();
+}
+
 TEST_F(ProgressTest, AQuestionAskedMeanwhileCanBeAnswered) {
     program.ui.showProgress(u"x"_s);
     person.expectDialog(u"Caption"_s, u"Prompt"_s, u"entry"_s);

@@ -3,6 +3,8 @@
 #include "tests/support/fixtures.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QScrollBar>
 #include <QTest>
@@ -68,6 +70,37 @@ TEST(TextBoxTest, TheLinesThatItIsMadeForNeedNoScrollBar) {
         QCoreApplication::processEvents();
         EXPECT_TRUE(box.verticalScrollBar()->isVisible()) << lines;
     }
+}
+
+TEST(TextBoxTest, AWordWithoutAnEndWrapsAnywhereAndWordsAsAWhole) {
+    TextBox box;
+    box.resize(300, 200);
+    box.setText(u"Close the valve. "_s.repeated(100));
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    box.textCursor().insertText(u"x"_s.repeated(600));
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAnywhere);
+    box.undo();
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST(TextBoxTest, APastedWordOfAMillionLettersCostsNoMoreThanAsManyWords) {
+    const auto timeOf = [](const QString& pasted) {
+        TextBox box;
+        box.resize(300, 200);
+        box.show();
+        QCoreApplication::processEvents();
+        QGuiApplication::clipboard()->setText(pasted);
+        QElapsedTimer timer;
+        timer.start();
+        box.paste();
+        QCoreApplication::processEvents();
+        const auto time = timer.nsecsElapsed();
+        EXPECT_EQ(box.text(), pasted);
+        return time;
+    };
+    const auto words = timeOf(u"four "_s.repeated(200000));
+    // With the square of its length it would be a thousand times as much.
+    EXPECT_LT(timeOf(u"x"_s.repeated(1000000)), 20 * words);
 }
 
 TEST(TextBoxTest, IsEnteredFromAnotherControlOnly) {

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QPushButton>
 #include <QTest>
 
@@ -135,6 +136,34 @@ TEST_F(FormDockingDownTest, ReturnInTheListAddsWhatIsTyped) {
     list().setFocus();
     QTest::keyClick(&list(), Qt::Key_Return);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
+}
+
+TEST_F(FormDockingDownTest, WhileAnotherQuestionIsOpenNothingIsAddedAndTheRememberedStandardStays) {
+    open(torqueStar);
+    QTest::keyClicks(&entry(), u"A-1"_s);
+    person.expectDialog(u"Upload Test Results From Calibrator"_s, u"Select Calibrator To Use:"_s,
+                        [this](FormCustomDialog& dialog) {
+                            for (const auto& add :
+                                 {std::function<void()>([this] { click(button(u"CommandAdd"_s)); }),
+                                  std::function<void()>([this] {
+                                      entry().setFocus();
+                                      QTest::keyClick(&entry(), Qt::Key_Return);
+                                  })}) {
+                                program.window.area().setActiveSubWindow(&form());
+                                add();
+                                EXPECT_EQ(program.window.area().activeSubWindow(), &dialog);
+                            }
+                            EXPECT_TRUE(script.statements.isEmpty());
+                            EXPECT_EQ(entry().text(), u"A-1"_s);
+                            EXPECT_TRUE(rows().isEmpty());
+                            EXPECT_TRUE(buttonsEnabled());
+                            person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s,
+                                             box::warningYesNo, BoxAnswer::yes);
+                            dialog.close();
+                        });
+    choose(u"mnuUpload"_s);
+    EXPECT_EQ(entry().text(), u"A-1"_s);
+    EXPECT_TRUE(script.statements.isEmpty());
 }
 
 TEST_F(FormDockingDownTest, AnEmptyEntryDoesNothing) {

@@ -156,6 +156,22 @@ TEST_F(TorqueProtocol, AFrameThatNobodyAcknowledgesFailsAtOnceWithoutARetry) {
     EXPECT_EQ(port.looks, 1 + 6);
 }
 
+TEST_F(TorqueProtocol, WhileItWaitsTheWindowsArePaintedAndNoCommandGetsIn) {
+    port.feed({ack});
+    port.feed(QList<QByteArray>(6));
+    expectFailure(timeout);
+    EXPECT_GE(ui.repaints, 5);
+    EXPECT_FALSE(ui.events.contains(QStringLiteral("events")));
+}
+
+TEST_F(TorqueProtocol, WhileAReplyComesInPiecesTheWindowsArePainted) {
+    feedAnnouncement();
+    port.feed({hex("54 30 41 41 41 41 41")});
+    expectFailure(timeout);
+    EXPECT_GE(ui.repaints, 8);
+    EXPECT_FALSE(ui.events.contains(QStringLiteral("events")));
+}
+
 TEST_F(TorqueProtocol, AnAnswerToTheLinkStartThatBeginsWrongIsLikeNone) {
     for (const char* wrong : {"15", "02 06", "00", "04", "15 06"}) {
         port.sent.clear();
