@@ -33,7 +33,7 @@ class CaptionBar final : public QTabBar {
   private:
     void paintTab(QStylePainter& painter, int index);
 
-    static constexpr int besideCaption = 5;
+    static constexpr int besideCaption = 4;
 };
 
 void CaptionBar::paintEvent(QPaintEvent*) {

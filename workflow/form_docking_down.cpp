@@ -26,6 +26,13 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
     setWindowTitle(text(352));
     SSPanelCalibrator->setTextFormat(Qt::PlainText);
     SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    // Whichever name comes later, the window has its place from the start.
+    for (const int name : {350, 351, 567}) {
+        SSPanelCalibrator->setText(text(name));
+        SSPanelCalibrator->setMinimumWidth(
+            qMax(SSPanelCalibrator->minimumWidth(), SSPanelCalibrator->sizeHint().width()));
+    }
+    SSPanelCalibrator->clear();
     // As wide as the buttons below it; the rest is for the other side.
     ListCal->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     layOut();
