@@ -137,7 +137,8 @@ void MDIFormMain::load() {
 }
 
 void MDIFormMain::startUp() {
-    ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine);
+    // Whatever fails before it, without the login screen nobody could go on.
+    guarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine); });
     showScreen<FormConnect>(menu_, [this] { mnuExit(); });
 }
 
@@ -177,7 +178,7 @@ void MDIFormMain::mnuLogout() {
         session_.ui.messageBox(text(539), text(101), box::warning);
         return;
     }
-    disconnectSession(session_);
+    guarded(session_.ui, [this] { disconnectSession(session_); });
     resetMenuForLogout(menu_);
     startUp();
 }

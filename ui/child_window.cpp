@@ -111,7 +111,8 @@ void ChildWindow::showIn(QMdiArea& area) {
         area.setActiveSubWindow(this);
         return;
     }
-    const auto position = storedPosition();
+    QPoint position(pixels(place_.left), pixels(place_.top));
+    guarded(session_.ui, [&] { position = storedPosition(); });
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
     setFixedSize(given.expandedTo(neededSize()));
