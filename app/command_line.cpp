@@ -1,22 +1,52 @@
 #include "app/command_line.h"
 
+#include "resources/strings.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+namespace {
+
+const QString portOption = u"--port"_s;
+const QString textsOption = u"--texts"_s;
+
+/// The values of an option, as "--option value" or "--option=value". The value of one option is never
+/// another.
+QStringList valuesOf(const QString& option, const QStringList& arguments) {
+    QStringList values;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const auto name = arguments[i].section(u'=', 0, 0);
+        if (name != portOption && name != textsOption)
+            continue;
+        const bool isInOneWord = name.size() < arguments[i].size();
+        if (!isInOneWord && ++i == arguments.size())
+            break;
+        if (name == option)
+            values << (isInOneWord ? arguments[i].mid(name.size() + 1) : arguments[i]);
+    }
+    return values;
+}
+
+} // namespace
+
 QHash<QString, QString> portsOf(const QStringList& arguments) {
     QHash<QString, QString> ports;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        QString choice;
-        if (arguments[i] == u"--port" && i + 1 < arguments.size())
-            choice = arguments[++i];
-        else if (arguments[i].startsWith(u"--port="))
-            choice = arguments[i].mid(7);
+    for (const auto& choice : valuesOf(portOption, arguments)) {
         const auto equals = choice.indexOf(u'=');
         if (equals > 0)
             ports.insert(choice.left(equals).toUpper(), choice.mid(equals + 1));
     }
     return ports;
+}
+
+QString overlayTextsOf(const QStringList& arguments) {
+    QStringList unreadable;
+    for (const auto& path : valuesOf(textsOption, arguments)) {
+        if (!overlayStrings(path))
+            unreadable << text(2146).arg(path);
+    }
+    return unreadable.join(u' ');
 }
 
 SettingsWithPorts::SettingsWithPorts(SettingsStore& store, QHash<QString, QString> ports)

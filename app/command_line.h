@@ -11,6 +11,10 @@ namespace kelvane {
 /// "--port=COM1=/dev/ttyUSB0", by port. Other words are passed over.
 QHash<QString, QString> portsOf(const QStringList& arguments);
 
+/// Lays the files that a command line names, as "--texts FILE" or "--texts=FILE", over the table of texts.
+/// Without the option no file is. Returns what can't be read, for the log; an empty text otherwise.
+QString overlayTextsOf(const QStringList& arguments);
+
 /// A settings store whose section "Ports" is answered by the command line first. They hold for this start
 /// only: nothing of it is stored.
 class SettingsWithPorts final : public SettingsStore {

@@ -2,15 +2,30 @@
 
 #include "app/login.h"
 #include "data/routine.h"
+#include "platform/numbers.h"
+#include "platform/reason_log.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QThread>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
+
+namespace {
+
+/// In seconds; the wait doubles up to it.
+constexpr int longestWait = 60;
+constexpr int mostDoublings = 6;
+/// So often the window is painted while a refused login waits.
+constexpr int looksPerSecond = 50;
+
+} // namespace
 
 FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion)
     : ChildWindow(session, ChildForm::FormConnect, u"FormConnect"_s, {.width = 8235, .height = 1575}),
@@ -24,7 +39,9 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
     TextPassword->setEchoMode(QLineEdit::Password);
     // A plain star for each character, whatever the style would draw.
     TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
-    TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
+    guarded(session.ui, [&] {
+        TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
+    });
     TextUsername->selectAll();
     layOut();
 
@@ -82,8 +99,23 @@ bool FormConnect::connectUser() {
     try {
         logIn(session_, menu_, TextUsername->text(), TextPassword->text());
         return true;
-    } catch (const Error&) {
+    } catch (const Error& error) {
+        logReason(session_, text(2143).arg(plainText(error.number), error.description));
+        refusals_ = session_.SessionConnected ? 0 : refusals_ + 1;
+        waitAfterRefusal();
         return false;
+    }
+}
+
+void FormConnect::waitAfterRefusal() {
+    if (refusals_ < 2)
+        return;
+    const int seconds = std::min(1 << std::min(refusals_ - 2, mostDoublings), longestWait);
+    const auto end = session_.clock.now().addSecs(seconds);
+    // Counted as well: the wait ends when somebody sets the clock back meanwhile.
+    for (int look = 0; look < seconds * looksPerSecond && session_.clock.now() < end; ++look) {
+        QThread::msleep(1000 / looksPerSecond);
+        session_.ui.processEvents();
     }
 }
 

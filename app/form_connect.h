@@ -26,11 +26,16 @@ class FormConnect final : public ChildWindow {
     void layOut();
     void CommandConnect_Click();
     bool connectUser();
+    /// Each further opening in a row that is refused waits longer, 1 second, then 2, 4 and so on, before it
+    /// says so.
+    void waitAfterRefusal();
     void setButtonsEnabled(bool enabled);
     bool mayClose() override;
 
     Menu& menu_;
     std::function<void()> exitQuestion_;
+    /// How many openings of the connection were refused in a row.
+    int refusals_ = 0;
     QLineEdit* TextUsername;
     QLineEdit* TextPassword;
     QPushButton* CommandConnect;

@@ -3,7 +3,7 @@
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
-#include "resources/strings.h"
+#include "platform/reason_log.h"
 
 #include <QApplication>
 
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     // The application takes the user's locale; database drivers would then write "1234,5".
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(u"KELVANE"_s);
-    overlayStrings(u"strings.txt"_s);
+    const auto unreadable = overlayTextsOf(QApplication::arguments());
 
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());
@@ -33,6 +33,8 @@ int main(int argc, char** argv) {
                                    // At once: nothing is unwound, whatever dialog or command is running.
                                    .endProcess = [] { std::_Exit(EXIT_SUCCESS); },
                                });
+    if (!unreadable.isEmpty())
+        logReason(program.session, unreadable);
     program.start();
     return QApplication::exec();
 }

@@ -174,7 +174,8 @@ void MDIFormMain::load() {
 }
 
 void MDIFormMain::startUp() {
-    ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine);
+    // Whatever fails before it, without the login screen nobody could go on.
+    guarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine); });
     auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
     onSignal(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
 }
@@ -184,7 +185,7 @@ void MDIFormMain::offerUnfinishedResults() {
         open->refresh();
         open->showIn(*area_);
     } else if (!unfinishedResults(session_).isEmpty()) {
-        showScreen<FormUnfinishedResults>(calibrators_);
+        showScreen<FormUnfinishedResults>();
     }
 }
 
@@ -231,7 +232,7 @@ void MDIFormMain::mnuLogout() {
         session_.ui.messageBox(text(539), text(101), box::warning);
         return;
     }
-    disconnectSession(session_);
+    guarded(session_.ui, [this] { disconnectSession(session_); });
     resetMenuForLogout(menu_);
     startUp();
 }

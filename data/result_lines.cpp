@@ -1,8 +1,8 @@
 #include "data/result_lines.h"
 
 #include "data/routine.h"
+#include "platform/texts.h"
 
-#include <algorithm>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
@@ -40,10 +40,15 @@ constexpr int lineLength = 120;
 constexpr int narrowWidth = 3;
 
 void prepare(QString& value, Preparation preparation) {
-    if (preparation == Preparation::threeWide && value.size() < narrowWidth)
-        value.prepend(QString(narrowWidth - value.size(), u' '));
+    if (preparation == Preparation::threeWide && characterCount(value) < narrowWidth)
+        value.prepend(QString(narrowWidth - characterCount(value), u' '));
     else if (preparation == Preparation::signColumn && !value.contains(u'-'))
         value.prepend(u' ');
+}
+
+/// A text without its last `count` characters.
+QString withoutLast(const QString& text, qsizetype count) {
+    return text.left(unitsOfCharacters(text, characterCount(text) - count));
 }
 
 /// The value with its end replaced by the last row that fits: each row starts again from the value.
@@ -54,9 +59,16 @@ QString substituted(const Session& session, const QString& value, QStringView co
         if (subst.code.isEmpty())
             break;
         if (subst.code == code && value.contains(subst.from))
-            text = value.chopped(subst.from.size()) + subst.to;
+            text = withoutLast(value, characterCount(subst.from)) + subst.to;
     }
     return text;
+}
+
+/// Writes `text` at a column of the line in the place of `length` characters, or behind a shorter line.
+void write(QString& line, qsizetype column, qsizetype length, const QString& text) {
+    const auto begin = unitsOfCharacters(line, column);
+    const auto end = unitsOfCharacters(line, column + length);
+    line.replace(begin, end - begin, text);
 }
 
 } // namespace
@@ -78,8 +90,8 @@ QString ResultLine(Session& session, QString& number, QString& nominal, QString&
             prepare(value, tags[i].preparation);
             // The tail is cut by the length of the value before its substitution: a longer or shorter text
             // moves the rest of the line.
-            line.replace(std::min(place, line.size()), value.size(),
-                         substituted(session, value, tags[i].code));
+            const auto column = characterCount(QStringView(session.ResultTemplateLine).left(place));
+            write(line, column, characterCount(value), substituted(session, value, tags[i].code));
         }
     });
     return line;

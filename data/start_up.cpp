@@ -1,6 +1,8 @@
 #include "data/start_up.h"
 
 #include "data/routine.h"
+#include "platform/file_error.h"
+#include "platform/reason_log.h"
 #include "platform/texts.h"
 #include "resources/strings.h"
 
@@ -21,15 +23,15 @@ class TextFile {
   public:
     explicit TextFile(const QString& path) : file_(path) {
         if (!file_.open(QIODevice::ReadOnly))
-            throw makeError(QFileInfo::exists(path) ? ErrorNumber::pathFileAccess
-                                                    : ErrorNumber::fileNotFound);
+            throw FileError(QFileInfo::exists(path) ? ErrorNumber::pathFileAccess : ErrorNumber::fileNotFound,
+                            path, file_.errorString());
     }
 
     /// The next line without its line end; nothing behind the last one.
     std::optional<QString> nextLine() {
         auto bytes = file_.readLine();
         if (file_.error() != QFileDevice::NoError)
-            throw makeError(ErrorNumber::pathFileAccess);
+            throw FileError(ErrorNumber::pathFileAccess, file_.fileName(), file_.errorString());
         if (bytes.isEmpty())
             return {};
         if (bytes.endsWith('\n'))
@@ -101,6 +103,20 @@ void readTemplate(Session& session, const QString& path) {
     }
 }
 
+/// False when there is no template. The report of a file that can't be read does not name it: the log does.
+bool findAndReadTemplate(Session& session) {
+    try {
+        const auto path = templatePath(session);
+        const bool found = !path.isEmpty() && QFileInfo(path).isFile();
+        if (found)
+            readTemplate(session, path);
+        return found;
+    } catch (const FileError& error) {
+        logReason(session, error.reason);
+        throw;
+    }
+}
+
 void warnOfTemplate(Session& session) {
     session.ui.messageBox(text(369), text(101), box::warning);
 }
@@ -116,10 +132,7 @@ void StartupFunctions(Session& session, const QString& commandLine) {
             session.CommandLineFlag = upperCased(commandLine).contains(u"KFDJ");
             session.SubstTable.erase();
             session.WinDir = qEnvironmentVariable("windir");
-            const auto path = templatePath(session);
-            found = !path.isEmpty() && QFileInfo(path).isFile();
-            if (found)
-                readTemplate(session, path);
+            found = findAndReadTemplate(session);
         }
         // A missing file is told here and again as the missing body line.
         if (!found)

@@ -1,10 +1,10 @@
 #!/bin/sh
 # Makes the database of the embedded engine: one SQLite file for each owner, in a folder of its own.
 #
-#   make.sh <folder> [--demo]
+#   make.sh <folder> [--demo] [--day=YYYY-MM-DD]
 #
 # A new folder is built beside its place and moved there when it is whole; with --demo it holds the demonstration
-# data. A folder that has a database already keeps its data: it only gets the tables that it lacks.
+# data, as made today or on the given day. A folder that has a database already keeps its data: it only gets the tables that it lacks.
 set -eu
 
 files='kelvane mt std abc sys'
@@ -14,16 +14,17 @@ fail() {
     exit 1
 }
 
-folder= demo=
+folder= demo= day=
 for argument; do
     case $argument in
     --demo) demo=yes ;;
+    --day=[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]) day=${argument#--day=} ;;
     -*) fail "unknown option $argument" ;;
     *) [ -z "$folder" ] || fail 'one folder only'
        folder=$argument ;;
     esac
 done
-[ -n "$folder" ] || fail 'usage: make.sh <folder> [--demo]'
+[ -n "$folder" ] || fail 'usage: make.sh <folder> [--demo] [--day=YYYY-MM-DD]'
 command -v sqlite3 >/dev/null || fail 'the program sqlite3 is missing (Debian package "sqlite3")'
 
 here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd)
@@ -59,10 +60,14 @@ tables() {
     script sys.db embedded/60_catalogue.sql
 }
 
+# Its days are counted from one moment, `:now`, the local time of the given day.
 demonstration() {
+    now="${day:-$(date +%Y-%m-%d)} $(date +%H:%M:%S)"
+    [ "$(sqlite3 -batch -init /dev/null :memory: "select datetime('$now', '+0 days')")" = "$now" ] || fail "no such day: $day"
     for path in "$here"/demo/*.sql; do
         script kelvane.db "demo/${path##*/}" \
-            -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;"
+            -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;" \
+            -cmd ".parameter set :now \"'$now'\""
     done
 }
 

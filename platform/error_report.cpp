@@ -1,10 +1,9 @@
 #include "platform/error_report.h"
 
-#include "platform/error.h"
+#include "platform/file_error.h"
 #include "platform/numbers.h"
+#include "platform/reason_log.h"
 #include "resources/strings.h"
-
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -14,10 +13,18 @@ namespace {
 
 const auto lineEnd = u"\r\n"_s;
 
-void appendToLog(const QByteArray& lines) {
-    QFile log(u"errors.log"_s);
-    if (!log.open(QIODevice::Append) || log.write(lines) != lines.size() || !log.flush())
-        throw makeError(ErrorNumber::pathFileAccess);
+/// Runs `body` on the settings store. What it throws is reported in the name of `routine`; the log also gets
+/// the file and what was wrong with it, which the report does not tell.
+template <class Body>
+void reportingErrors(const Workstation& workstation, const QString& routine, Body&& body) {
+    try {
+        body();
+    } catch (const FileError& error) {
+        logReason(workstation, error.reason);
+        ReportInternalError(workstation, error.number, error.description, routine, {});
+    } catch (const Error& error) {
+        ReportInternalError(workstation, error.number, error.description, routine, {});
+    }
 }
 
 } // namespace
@@ -31,7 +38,8 @@ void ReportInternalError(const Workstation& workstation, double number, const QS
     QString lines;
     for (const QString& line : {u" **** KELVANE ****"_s, what, routine, sql})
         lines += stamp + line + lineEnd;
-    appendToLog(lines.toUtf8());
+    if (!appendToErrorLog(lines.toUtf8()))
+        throw makeError(ErrorNumber::pathFileAccess);
 
     workstation.ui.messageBox(text(117) + u' ' + what + lineEnd + lineEnd + text(118) + lineEnd + lineEnd +
                                   text(119) + routine + lineEnd + text(120) + sql,
@@ -39,23 +47,16 @@ void ReportInternalError(const Workstation& workstation, double number, const QS
 }
 
 QString GetRegSetting(const Workstation& workstation, const QString& section, const QString& key) {
-    try {
-        return workstation.settings.value(section, key);
-    } catch (const Error& error) {
-        ReportInternalError(workstation, error.number, error.description, u"ModuleGlobals,GetRegSetting"_s,
-                            {});
-        return {};
-    }
+    QString value;
+    reportingErrors(workstation, u"ModuleGlobals,GetRegSetting"_s,
+                    [&] { value = workstation.settings.value(section, key); });
+    return value;
 }
 
 void SaveRegSetting(const Workstation& workstation, const QString& section, const QString& key,
                     const QString& value) {
-    try {
-        workstation.settings.setValue(section, key, value);
-    } catch (const Error& error) {
-        ReportInternalError(workstation, error.number, error.description, u"ModuleGlobals,SaveRegSetting"_s,
-                            {});
-    }
+    reportingErrors(workstation, u"ModuleGlobals,SaveRegSetting"_s,
+                    [&] { workstation.settings.setValue(section, key, value); });
 }
 
 } // namespace kelvane::ModuleGlobals

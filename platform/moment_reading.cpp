@@ -57,12 +57,12 @@ bool isTwoDigits(QStringView digits) {
     return digits.size() == 1 || digits.size() == 2;
 }
 
-/// The year that two, three or four digits mean; 0, which is no year of the calendar, for others.
+/// The year that two or four digits mean; 0, which is no year of the calendar, for others.
 int yearOf(QStringView digits) {
-    if (digits.size() < 2 || digits.size() > 4)
+    if (digits.size() != 2 && digits.size() != 4)
         return 0;
     const int year = digits.toInt();
-    return digits.size() > 2 ? year : fullYear(year);
+    return digits.size() == 4 ? year : fullYear(year);
 }
 
 QDate dateOf(QStringView year, int month, QStringView day) {

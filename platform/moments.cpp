@@ -124,7 +124,7 @@ Moment addInterval(const QString& unit, double count, const Moment& moment) {
     const auto days = floored(seconds, secondsOfDay);
     const auto date = addMonths(moment.date, steps * interval->months).addDays(days);
     if (!date.isValid() || date.year() < firstYear || date.year() > lastYear)
-        throw makeError(ErrorNumber::invalidArgument);
+        throw makeError(ErrorNumber::overflow);
     return {date, QTime(0, 0).addSecs(static_cast<int>(seconds - days * secondsOfDay))};
 }
 

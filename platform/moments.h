@@ -43,8 +43,8 @@ QString shortDate(const QDate& date, QStringView sessionDateFormat);
 
 /// `moment` plus `count` (cut to a whole number) units: "yyyy", "q", "m", "y"/"d"/"w" days, "ww", "h", "n",
 /// "s", in any case. Years, quarters and months keep the day of the month or take the last day of a shorter
-/// one. Any other unit is error 5; a result outside the calendar is error 5; a count too large for 32 bits is
-/// error 6.
+/// one. Any other unit and a moment without a date are error 5; a result outside the calendar and a count
+/// that no date can take are error 6.
 Moment addInterval(const QString& unit, double count, const Moment& moment);
 
 /// Whole minutes from `from` to `to`, seconds left out on both sides (the change of the minute counts).

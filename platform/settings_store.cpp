@@ -1,6 +1,7 @@
 #include "platform/settings_store.h"
 
-#include "platform/error.h"
+#include "platform/file_error.h"
+#include "resources/strings.h"
 
 #include <QDir>
 #include <QFile>
@@ -95,10 +96,10 @@ std::optional<QStringList> readFile(const QString& path) {
     if (!file.exists())
         return QStringList();
     if (!file.open(QIODevice::ReadOnly))
-        throw makeError(ErrorNumber::pathFileAccess);
+        throw FileError(ErrorNumber::pathFileAccess, path, file.errorString());
     const auto bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        throw makeError(ErrorNumber::pathFileAccess);
+        throw FileError(ErrorNumber::pathFileAccess, path, file.errorString());
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString content = decoder(bytes);
     if (decoder.hasError())
@@ -139,15 +140,15 @@ Place placeOf(const QStringList& lines, const QString& section, const QString& k
 void putAside(const QString& path) {
     const QString kept = path + u".damaged"_s;
     QFile::remove(kept);
-    if (!QFile::rename(path, kept))
-        throw makeError(ErrorNumber::pathFileAccess);
+    if (QFile file(path); !file.rename(kept))
+        throw FileError(ErrorNumber::pathFileAccess, path, file.errorString());
 }
 
 void writeFile(const QString& path, const QStringList& lines) {
     const auto bytes = (lines.join(u'\n') + u'\n').toUtf8();
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw makeError(ErrorNumber::pathFileAccess);
+        throw FileError(ErrorNumber::pathFileAccess, path, file.errorString());
 }
 
 } // namespace
@@ -166,8 +167,10 @@ void IniSettingsStore::setValue(const QString& section, const QString& key, cons
     QDir().mkpath(QFileInfo(path_).absolutePath());
     // Another program of the same user must not write between our reading and our writing.
     QLockFile lock(path_ + u".lock"_s);
-    if (!lock.tryLock(lockMilliseconds))
-        throw makeError(ErrorNumber::pathFileAccess);
+    if (!lock.tryLock(lockMilliseconds)) {
+        const bool isTaken = lock.error() == QLockFile::LockFailedError;
+        throw FileError(ErrorNumber::pathFileAccess, path_, text(isTaken ? 2141 : 2142));
+    }
 
     const auto stored = readFile(path_);
     if (!stored)

@@ -25,6 +25,12 @@ QChar characterOfByte(int byte) {
                                              : QChar(windows1252[std::size_t(byte - firstOwn)]);
 }
 
+/// How many units the character at `at` takes. Half of a pair is one by itself.
+qsizetype unitsAt(QStringView text, qsizetype at) {
+    const bool isPair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+    return isPair ? 2 : 1;
+}
+
 char byteOf(char16_t character) {
     if (character < firstOwn || (character > lastOwn && character <= 255))
         return static_cast<char>(character);
@@ -95,9 +101,28 @@ QString fromCalibratorBytes(QByteArrayView bytes) {
 }
 
 QString characterOf(qint32 code) {
-    if (code < 0 || code > 255)
+    constexpr qint32 lastByte = 255;
+    constexpr qint32 lastCodePoint = 0x10FFFF;
+    if (code < 0 || code > lastCodePoint || (code <= 0xFFFF && QChar(code).isSurrogate()))
         throw makeError(ErrorNumber::invalidArgument);
-    return characterOfByte(code);
+    if (code <= lastByte)
+        return characterOfByte(code);
+    const auto character = static_cast<char32_t>(code);
+    return QString::fromUcs4(&character, 1);
+}
+
+qsizetype characterCount(QStringView text) {
+    qsizetype count = 0;
+    for (qsizetype at = 0; at < text.size(); at += unitsAt(text, at))
+        ++count;
+    return count;
+}
+
+qsizetype unitsOfCharacters(QStringView text, qsizetype count) {
+    qsizetype at = 0;
+    while (count-- > 0 && at < text.size())
+        at += unitsAt(text, at);
+    return at;
 }
 
 } // namespace kelvane

@@ -17,7 +17,13 @@ QString trimBlanks(QStringView text);
 QByteArray toCalibratorBytes(QStringView text);
 QString fromCalibratorBytes(QByteArrayView bytes);
 
-/// The character of code `code`: 128 to 255 by Windows-1252, others by code point. Error 5 outside 0 to 255.
+/// The character of code `code`: 128 to 255 by Windows-1252, others by code point. Error 5 for a code that is
+/// no character's.
 QString characterOf(qint32 code);
+
+/// The number of characters (not of UTF-16 units) of a text.
+qsizetype characterCount(QStringView text);
+/// How many UTF-16 units the first `count` characters of a text take; all of a shorter text.
+qsizetype unitsOfCharacters(QStringView text, qsizetype count);
 
 } // namespace kelvane

@@ -8,7 +8,8 @@ build_packages=(
     sqlite3 fonts-dejavu-core
     libgtest-dev
 )
-check_packages=(clang-format clang-tidy locales)
+test_packages=(locales)
+check_packages=(clang-format clang-tidy)
 
 setup_packages() {
     local missing=() name

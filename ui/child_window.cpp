@@ -152,8 +152,11 @@ void ChildWindow::showIn(QMdiArea& area) {
         area.setActiveSubWindow(this);
         return;
     }
-    const QPoint stored(pixelsOf(storedEdge(session_, u"Left"_s, objectName(), place_.left)),
-                        pixelsOf(storedEdge(session_, u"Top"_s, objectName(), place_.top)));
+    QPoint stored(pixels(place_.left), pixels(place_.top));
+    guarded(session_.ui, [&] {
+        stored = {pixelsOf(storedEdge(session_, u"Left"_s, objectName(), place_.left)),
+                  pixelsOf(storedEdge(session_, u"Top"_s, objectName(), place_.top))};
+    });
     for (auto* list : findChildren<QListWidget*>())
         showWholeRows(*list);
     area.addSubWindow(this);

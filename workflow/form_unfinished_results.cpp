@@ -29,10 +29,9 @@ QTreeWidgetItem* rowOf(const UnfinishedResult& result) {
 
 } // namespace
 
-FormUnfinishedResults::FormUnfinishedResults(Session& session, Calibrators& calibrators)
+FormUnfinishedResults::FormUnfinishedResults(Session& session)
     : ChildWindow(session, ChildForm::FormUnfinishedResults, u"FormUnfinishedResults"_s,
                   {.width = 9000, .height = 5700}),
-      calibrators_(calibrators),
       ListResults(named(new QTreeWidget, u"ListResults"_s, text(2171), 2179)),
       ListReadings(named(new QListWidget, u"ListReadings"_s, text(2175), 2180)),
       CommandMakeRecord(button(u"CommandMakeRecord"_s, 2176, 2181)),
@@ -110,8 +109,9 @@ void FormUnfinishedResults::refresh() {
         ListResults->addTopLevelItem(rowOf(result));
     for (int column = 0; column < ListResults->columnCount(); ++column)
         ListResults->resizeColumnToContents(column);
-    const auto same = std::ranges::find(results_, id, &UnfinishedResult::id);
-    choose(same == results_.cend() ? 0 : same - results_.cbegin());
+    const auto& results = std::as_const(results_);
+    const auto same = std::ranges::find(results, id, &UnfinishedResult::id);
+    choose(same == results.end() ? 0 : same - results.begin());
 }
 
 void FormUnfinishedResults::showReadings() {
@@ -135,7 +135,7 @@ void FormUnfinishedResults::makeRecord() {
     const auto* result = chosen();
     if (!result)
         return;
-    const auto outcome = makeRecordOf(calibrators_, result->id);
+    const auto outcome = makeRecordOf(session_, result->id);
     const bool made = outcome.end == MakeRecordOutcome::End::made;
     session_.ui.messageBox(outcome.message, text(2170), made ? box::information : box::warning);
     showRest();

@@ -16,7 +16,7 @@ namespace kelvane {
 class FormUnfinishedResults final : public ChildWindow {
     Q_OBJECT
   public:
-    FormUnfinishedResults(Session& session, Calibrators& calibrators);
+    explicit FormUnfinishedResults(Session& session);
 
     /// Reads the list anew; the chosen result stays chosen while it is there.
     void refresh();
@@ -38,7 +38,6 @@ class FormUnfinishedResults final : public ChildWindow {
     /// Shows what is left; the row behind the one that has gone is chosen. Closes when nothing is left.
     void showRest();
 
-    Calibrators& calibrators_;
     QList<UnfinishedResult> results_;
     QTreeWidget* ListResults;
     QListWidget* ListReadings;

@@ -20,9 +20,9 @@ insert into mt.nonworkdays (dayofweek) values ('Saturday'), ('Sunday');
 -- Holidays of this year and of the ten that follow.
 insert into mt.holidays (holiday)
 with recursive years (year) as (
-    select cast(strftime('%Y', 'now', 'localtime') as integer)
+    select cast(strftime('%Y', :now) as integer)
     union all
-    select year + 1 from years where year < strftime('%Y', 'now', 'localtime') + 10
+    select year + 1 from years where year < strftime('%Y', :now) + 10
 )
 select year || column1
 from years, (values ('-01-01'), ('-05-01'), ('-12-25'), ('-12-26'))

@@ -91,18 +91,18 @@ insert into mt.inventory (mtag, i4201, i4202, i4203, i4204, i4206, i4209, i4228,
     ('1903', 'UC-903', 'VALTEC', 'P100', 'PRESSURE TRANSMITTER', null, null, 'M', 12, 'PROD');
 
 -- Tools that were called in for calibration.
-update mt.inventory set i4224 = 'RECALLED FOR CALIBRATION', i4225 = date('now', 'localtime', '-3 days')
+update mt.inventory set i4224 = 'RECALLED FOR CALIBRATION', i4225 = date(:now, '-3 days')
 where i4201 in ('TW-101', 'TW-102', 'TW-103', 'TW-104', 'TW-105', 'TW-106');
 
 insert into mt.location (mtag, l2801, l2802, l2815) values
-    ('1301', 'TOOL CRIB 2', date('now', 'localtime', '-900 days'), null),
-    ('1301', 'ASSEMBLY LINE 1', date('now', 'localtime', '-400 days'), '1'),
-    ('1401', 'UNIT 1 HEADER', date('now', 'localtime', '-1200 days'), '1'),
-    ('1409', 'CONDENSATE TANK', date('now', 'localtime', '-1200 days'), '1');
+    ('1301', 'TOOL CRIB 2', date(:now, '-900 days'), null),
+    ('1301', 'ASSEMBLY LINE 1', date(:now, '-400 days'), '1'),
+    ('1401', 'UNIT 1 HEADER', date(:now, '-1200 days'), '1'),
+    ('1409', 'CONDENSATE TANK', date(:now, '-1200 days'), '1');
 
 insert into mt.repair (mtag, r3201, r3202, r3246) values
-    ('1301', date('now', 'localtime', '-700 days'), 'SPRING REPLACED', null),
-    ('1301', date('now', 'localtime', '-360 days'), 'RATCHET HEAD CLEANED', '1');
+    ('1301', date(:now, '-700 days'), 'SPRING REPLACED', null),
+    ('1301', date(:now, '-360 days'), 'RATCHET HEAD CLEANED', '1');
 
 insert into mt.customers (mtag, k4601, k4602) values
     ('1301', 'ASSEMBLY', '4410'),

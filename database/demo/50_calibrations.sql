@@ -22,8 +22,8 @@ where i4209 = 'C';
 
 create temp table record as
 select owner, mtag, 'MTK' as cdsrc,
-    date('now', 'localtime', shift, '-' || (i4229 * days) || part) as c2301, i4229 as c2302,
-    date('now', 'localtime', shift) as c2303, 'NATIONAL LABORATORY' as c2306, 'rvargas' as c2307,
+    date(:now, shift, '-' || (i4229 * days) || part) as c2301, i4229 as c2302,
+    date(:now, shift) as c2303, 'NATIONAL LABORATORY' as c2306, 'rvargas' as c2307,
     'FOUND-LEFT' as c2308, 'CERTIFICATE' as c2309, 'VENDOR' as c2315, 'Y' as c2323, i4228 as c2331,
     '10:15:00' as c2333, '12:00:00' as c2334, 0 as c2350, 0 as c2352
 from due, step
@@ -32,8 +32,8 @@ where unit = i4228;
 -- Most instruments were calibrated one interval ago and are due within three weeks. The tools and transmitters left
 -- out here have no record yet.
 insert into record
-select 'mt', mtag, 'KVN', date('now', 'localtime', '+20 days', '-' || (i4229 * days) || part), i4229,
-    date('now', 'localtime', '+20 days'), 'IN-HOUSE', 'bkowalski', 'FOUND-LEFT',
+select 'mt', mtag, 'KVN', date(:now, '+20 days', '-' || (i4229 * days) || part), i4229,
+    date(:now, '+20 days'), 'IN-HOUSE', 'bkowalski', 'FOUND-LEFT',
     case when i4204 like '%TORQUE%' then 'KP-TORQUE-02' else 'KP-LOOP-01' end, 'LAB', 'Y', i4228, '14:30:00',
     '14:30:00', 0, 0
 from mt.inventory, step

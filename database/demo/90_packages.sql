@@ -4,7 +4,7 @@
 insert into mt.hvm_kv_task_packages
     (taskname, tptag, tptype, tp_definition, task_sql, segregate, model, description, mtuser, created_on, notes)
 select column1, column2, 'PDEF', column3, column4, column5, column6, column7, 'cnguyen',
-    datetime('now', 'localtime', '+10 years'), column8
+    datetime(:now, '+10 years'), column8
 from (values
     ('TORQUE CREW A', 'K3V9T1A7Q5X2M8C4R6Z0W1E9Y3B5N7', 'A', null, null, null, null,
         'The wrenches of assembly line 1; due together.'),
@@ -18,7 +18,7 @@ from (values
 
 -- What a download of this morning left behind.
 insert into mt.hvm_kv_task_packages (taskname, tptype, mtuser, created_on, tptag)
-values ('WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G', 'WSHT', 'jdoe', datetime('now', 'localtime'), 'WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G');
+values ('WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G', 'WSHT', 'jdoe', datetime(:now), 'WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G');
 
 insert into mt.hvm_kv_task_assets (tptag, mtag)
 select tptag, mtag
@@ -32,7 +32,7 @@ join mt.inventory on i4201 = column2;
 
 -- The standards last named for a tool are proposed the next time.
 insert into mt.hvm_kv_last_standards_used (standard_mtag, entered_date, mtag)
-select standard.mtag, datetime('now', 'localtime', '-345 days'), tool.mtag
+select standard.mtag, datetime(:now, '-345 days'), tool.mtag
 from (values
     ('TW-101', 'TT-0300F'), ('TW-102', 'TT-0150F'), ('TW-103', 'TT-0075F'), ('TW-104', 'TT-0300I'),
     ('TW-107', 'TT-S150'), ('TD-109', 'TT-0050I'), ('TD-110', 'TT-0010N'))
@@ -41,10 +41,10 @@ join mt.inventory as standard on standard.i4201 = column2;
 
 -- Out in the plant since the day before yesterday: a documenting calibrator with two transmitters.
 insert into mt.hvm_kv_task_inuse (serial_number, entered_date, mtag, tech)
-select '6841207', datetime('now', 'localtime', '-2 days'), mtag, 'jdoe'
+select '6841207', datetime(:now, '-2 days'), mtag, 'jdoe'
 from mt.inventory where i4201 in ('PT-103', 'PT-104');
 
 insert into mt.hvm_kv_task_standards_inuse (standard_mtag, entered_date, mtag)
-select standard.mtag, datetime('now', 'localtime', '-2 days'), instrument.mtag
+select standard.mtag, datetime(:now, '-2 days'), instrument.mtag
 from mt.inventory as instrument, mt.inventory as standard
 where instrument.i4201 in ('PT-103', 'PT-104') and standard.i4201 = 'F702-01';

@@ -5,6 +5,7 @@
 #include "drivers/torquestar/control_characters.h"
 #include "platform/error_report.h"
 #include "platform/numbers.h"
+#include "platform/reason_log.h"
 #include "resources/strings.h"
 
 using namespace Qt::StringLiterals;
@@ -135,7 +136,8 @@ bool Exchange::open() {
     try {
         port_.setPortOpen(true);
         return true;
-    } catch (const Error&) {
+    } catch (const Error& error) {
+        logReason(driver_.session, error.description);
         driver_.TSError = text(1046);
         driver_.session.ui.setNormalPointer();
         return false;

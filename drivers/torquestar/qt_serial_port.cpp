@@ -1,6 +1,7 @@
 #include "drivers/torquestar/qt_serial_port.h"
 
 #include "platform/error.h"
+#include "resources/strings.h"
 
 #include <QFileInfo>
 #include <QSerialPort>
@@ -42,6 +43,11 @@ QString followed(const QString& device) {
 /// A pseudo terminal carries plain bytes: it refuses every parity and every number of data bits but 8.
 bool isPseudoTerminal(const QString& device) {
     return device.startsWith(u"/dev/pts/");
+}
+
+/// Error 75 of a port, with what stood in the way.
+Error refusal(const QString& reason) {
+    return {static_cast<double>(ErrorNumber::pathFileAccess), reason};
 }
 
 /// Closing puts the device's former settings back at once, so what was sent has to be gone by then.
@@ -144,8 +150,11 @@ void QtSerialPort::open() {
     port_->setDataBits(plain ? QSerialPort::Data8 : static_cast<QSerialPort::DataBits>(line_.dataBits));
     port_->setStopBits(static_cast<QSerialPort::StopBits>(line_.stopBits));
     port_->setFlowControl(QSerialPort::NoFlowControl);
-    if (name.isEmpty() || !port_->open(QIODevice::ReadWrite))
-        throw makeError(ErrorNumber::pathFileAccess);
+    const auto port = u"COM%1"_s.arg(number_);
+    if (name.isEmpty())
+        throw refusal(text(2144).arg(port));
+    if (!port_->open(QIODevice::ReadWrite))
+        throw refusal(text(2145).arg(port, name, port_->errorString()));
     port_->clear(QSerialPort::Input);
     listen(0);
     port_->readAll();

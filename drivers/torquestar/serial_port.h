@@ -6,7 +6,7 @@
 namespace kelvane {
 
 /// The serial port object: the six operations that the line protocol needs. A closed port whose line can't be
-/// opened throws `Error`; so does a line setting that makes no sense (error 5).
+/// opened throws `Error` with the reason; so does a line setting that makes no sense (error 5).
 class SerialPort {
   public:
     virtual ~SerialPort() = default;

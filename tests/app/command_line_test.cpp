@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "resources/strings.h"
 #include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -16,12 +17,49 @@ TEST(CommandLine, NamesTheDevicesOfPorts) {
         {{u"kelvane"_s, u"--port=com2=/dev/a=b"_s}, {{u"COM2"_s, u"/dev/a=b"_s}}},
         {{u"kelvane"_s, u"--port"_s, u"COM1=/a"_s, u"KFDJ"_s, u"--port"_s, u"COM4=/b"_s},
          {{u"COM1"_s, u"/a"_s}, {u"COM4"_s, u"/b"_s}}},
+        {{u"kelvane"_s, u"--texts"_s, u"--port=COM1=/a"_s, u"--port"_s, u"COM2=/b"_s},
+         {{u"COM2"_s, u"/b"_s}}},
+        {{u"kelvane"_s, u"--ports=COM1=/a"_s}, {}},
         {{u"kelvane"_s, u"--port"_s}, {}},
         {{u"kelvane"_s, u"--port"_s, u"COM1"_s}, {}},
         {{u"kelvane"_s, u"--port"_s, u"=x"_s}, {}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(portsOf(row.arguments), row.expected) << row.arguments.join(u' ').toStdString();
+}
+
+/// A folder with two files of texts; the texts are the program's own again at the end.
+class TextsOfTheCommandLine : public ::testing::Test {
+  protected:
+    TextsOfTheCommandLine() {
+        folder.write(u"strings.txt"_s, "102\tDatei\n");
+        folder.write(u"german.txt"_s, "103\tBeenden\n");
+    }
+    ~TextsOfTheCommandLine() override { overlayStrings(u":/strings.txt"_s); }
+    OwnFolder folder;
+};
+
+TEST_F(TextsOfTheCommandLine, WithoutTheOptionNoFileOfTheFolderCounts) {
+    for (const auto& arguments : {QStringList{u"kelvane"_s}, QStringList{u"kelvane"_s, u"strings.txt"_s},
+                                  QStringList{u"kelvane"_s, u"--texts"_s},
+                                  QStringList{u"kelvane"_s, u"--port"_s, u"--texts=strings.txt"_s}}) {
+        EXPECT_EQ(overlayTextsOf(arguments), QString());
+        EXPECT_EQ(text(102), u"File"_s);
+    }
+}
+
+TEST_F(TextsOfTheCommandLine, NamedFilesLieOverTheProgramsTexts) {
+    EXPECT_EQ(overlayTextsOf({u"kelvane"_s, u"--texts"_s, u"strings.txt"_s, u"--texts=german.txt"_s}),
+              QString());
+    EXPECT_EQ(text(102), u"Datei"_s);
+    EXPECT_EQ(text(103), u"Beenden"_s);
+    EXPECT_EQ(text(104), u"Calibration"_s);
+}
+
+TEST_F(TextsOfTheCommandLine, AFileThatCanNotBeReadIsNamedAndTheOthersCount) {
+    EXPECT_EQ(overlayTextsOf({u"kelvane"_s, u"--texts=missing.txt"_s, u"--texts=german.txt"_s}),
+              u"The file of texts \"missing.txt\" could not be read."_s);
+    EXPECT_EQ(text(103), u"Beenden"_s);
 }
 
 TEST(CommandLine, PortsOfTheCommandLineComeFirstAndAreNotStored) {

@@ -1,11 +1,14 @@
 #include "tests/support/program_fixture.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -154,6 +157,127 @@ TEST_F(FormConnectTest, AWrongLoginIsToldAndCanBeTriedAgain) {
     script.failures.clear();
     typeLogin(u"jdoe"_s, u"secret"_s);
     EXPECT_TRUE(session.SessionConnected);
+}
+
+TEST_F(FormConnectTest, ARefusedLoginLeavesItsReasonInTheLog) {
+    answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
+    script.failures.insert(u"DSN=Calibration Data"_s,
+                           Error{-103, u"Login or password\r\nis not valid."_s, u"28000"_s});
+    start();
+    person.expectBox(failed, title, box::stop);
+    typeLogin(u"jdoe"_s, u"secret"_s);
+    EXPECT_EQ(folder.read(u"errors.log"_s),
+              u"[2026-03-18 09:30:00] The login failed: -103 Login or password is not valid.\r\n"_s);
+
+    // A log that can't be written takes nothing away from the box.
+    QFile::remove(u"errors.log"_s);
+    QDir().mkdir(u"errors.log"_s);
+    person.expectBox(failed, title, box::stop);
+    typeLogin(u"jdoe"_s, u"secret"_s);
+    expectReadyForAnotherTry();
+}
+
+class RefusedLogins : public FormConnectTest {
+  protected:
+    std::function<void()> atBox = [] {};
+    /// The seconds that pass, by the clock, until a login is refused. The clock goes on with each look at it.
+    qint64 secondsOfRefusal() {
+        script.failures.insert(u"DSN=Calibration Data"_s, Error{-103, u"wrong"_s, u"28000"_s});
+        clock.tick = 0;
+        const auto before = clock.now();
+        clock.tick = 1;
+        qint64 seconds = -1;
+        person.expectBox(failed, title, box::stop, [&](QMessageBox& box) {
+            atBox();
+            clock.tick = 0;
+            seconds = before.secsTo(clock.now());
+            click(*box.buttons().first());
+        });
+        typeLogin(u"jdoe"_s, u"guess"_s);
+        script.failures.clear();
+        return seconds;
+    }
+};
+
+TEST_F(RefusedLogins, InARowWaitLongerEachTime) {
+    answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
+    start();
+    // Looks at the clock beside the wait: one for the log, one for its start.
+    EXPECT_EQ(secondsOfRefusal(), 1) << "the first one waits for nothing";
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 1);
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 2);
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 4);
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 8);
+    expectReadyForAnotherTry();
+}
+
+TEST_F(RefusedLogins, NeverWaitLongerThanAMinute) {
+    start();
+    qint64 seconds = 0;
+    clock.tick = 0;
+    for (int attempt = 0; attempt < 6; ++attempt) {
+        script.failures.insert(u"DSN=Calibration Data"_s, Error{-103, u"wrong"_s, u"28000"_s});
+        // A whole minute passes with a look: the wait is over at once.
+        clock.tick = 60;
+        person.expectBox(failed, title, box::stop);
+        typeLogin(u"jdoe"_s, u"guess"_s);
+    }
+    seconds = secondsOfRefusal();
+    EXPECT_EQ(seconds, 1 + 1 + 32);
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 60);
+    EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 60);
+}
+
+TEST_F(RefusedLogins, ARightOneDoesNotWaitAndTheNextRowBeginsAnew) {
+    answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
+    start();
+    for (int attempt = 0; attempt < 4; ++attempt)
+        secondsOfRefusal();
+    clock.tick = 0;
+    const auto before = clock.now();
+    clock.tick = 1;
+    typeLogin(u"jdoe"_s, u"secret"_s);
+    clock.tick = 0;
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_EQ(before, clock.now());
+    choose(u"mnuLogout"_s);
+    EXPECT_EQ(secondsOfRefusal(), 1);
+}
+
+TEST_F(RefusedLogins, KeepPaintingWhileTheyWaitBusyWithTheButtonsDisabled) {
+    start();
+    for (int attempt = 0; attempt < 3; ++attempt)
+        secondsOfRefusal();
+    int turns = 0;
+    bool waiting = true;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (!script.opened.isEmpty() && QApplication::activeModalWidget() == nullptr) {
+            ++turns;
+            waiting = waiting && !connectButton().isEnabled() && !exitButton().isEnabled() &&
+                      QApplication::overrideCursor() != nullptr;
+        }
+    });
+    script.opened.clear();
+    timer.start(0);
+    atBox = [&] { timer.stop(); };
+    secondsOfRefusal();
+    EXPECT_GE(turns, 3);
+    EXPECT_TRUE(waiting);
+}
+
+TEST_F(RefusedLogins, DoNotCountWhenTheConnectionWasOpened) {
+    script.answers.clear();
+    start();
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        clock.tick = 0;
+        const auto before = clock.now();
+        person.expectBox(failed, title, box::stop);
+        clock.tick = 1;
+        typeLogin(u"nobody"_s, u"secret"_s);
+        clock.tick = 0;
+        EXPECT_LE(before.secsTo(clock.now()), 2) << attempt;
+    }
 }
 
 TEST_F(FormConnectTest, EachLaterFailureEndsInTheSameMessage) {

@@ -1,7 +1,9 @@
 #include "resources/strings.h"
+#include "tests/support/forwarding_connection.h"
 #include "tests/support/program_fixture.h"
 
 #include <QAction>
+#include <QDir>
 #include <QIcon>
 #include <QMdiArea>
 #include <QMenu>
@@ -105,6 +107,63 @@ TEST_F(MainWindow, AMissingTemplateIsWarnedOfTwiceOverTheEmptyFrame) {
     start();
     EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
     qunsetenv("windir");
+}
+
+/// A working folder in which no error report can be written.
+class UnwritableReport : public MainWindow {
+  protected:
+    UnwritableReport() { QDir().mkdir(u"errors.log"_s); }
+    ~UnwritableReport() override { qunsetenv("windir"); }
+    void expectUnwritable() { person.expectBox(text(1064), title, box::stop); }
+    void loseTheTemplate() {
+        QFile::remove(u"rslt_db.frm"_s);
+        qputenv("windir", QFile::encodeName(folder.path() + u"/nowhere"_s));
+    }
+};
+
+TEST_F(UnwritableReport, OfTheStartUpDoesNotKeepTheLoginScreenAway) {
+    loseTheTemplate();
+    expectUnwritable();
+    start();
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+}
+
+TEST_F(UnwritableReport, AtLogOutDoesNotKeepTheLoginScreenAway) {
+    startLoggedIn(4);
+    loseTheTemplate();
+    expectUnwritable();
+    choose(u"mnuLogout"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_FALSE(action(u"mnuDownload"_s)->isEnabled());
+}
+
+TEST_F(UnwritableReport, OfClosingTheConnectionDoesNotKeepTheLoginScreenAway) {
+    startLoggedIn(4);
+    class Unclosable final : public ForwardingConnection {
+      public:
+        using ForwardingConnection::ForwardingConnection;
+        void close() override { throw Error{1, u"it does not close"_s}; }
+    };
+    session.SharedConnection = std::make_unique<Unclosable>(std::make_unique<RecordingConnection>(script));
+    expectUnwritable();
+    choose(u"mnuLogout"_s);
+    EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
+    EXPECT_FALSE(session.SessionConnected);
+    EXPECT_FALSE(action(u"mnuDownload"_s)->isEnabled());
+}
+
+TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
+    IniSettingsStore unreadable(folder.path());
+    WorkstationProgram other(
+        clock, unreadable, session.makeConnection, port, link,
+        {.dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}});
+    // The name of the last user, and the two edges of the window.
+    expectUnwritable();
+    expectUnwritable();
+    other.start();
+    EXPECT_TRUE(other.session.openFlag(ChildForm::FormConnect));
+    EXPECT_TRUE(other.window.findChild<QWidget*>(u"FormConnect"_s)->isVisible());
 }
 
 TEST_F(MainWindow, TheCommandLineSetsItsFlag) {

@@ -257,7 +257,8 @@ TEST_F(PromptMacros, ACharacterIsGivenByItsCode) {
         {u"$CHR:65.5$"_s, u"B"_s},        {u"$CHR:66.5$"_s, u"B"_s},
         {u"$CHR:6.5e1$"_s, u"A"_s},       {u"$CHR:0$"_s, QString(QChar(u'\0'))},
         {u"$CHR:x$"_s, u"CHR:x"_s},       {u"$CHR:$"_s, u"CHR:"_s},
-        {u"$CHR:65 A$"_s, u"CHR:65 A"_s},
+        {u"$CHR:65 A$"_s, u"CHR:65 A"_s}, {u"$CHR:256$"_s, u"Ā"_s},
+        {u"$CHR:937$"_s, u"Ω"_s},         {u"$CHR:128512$"_s, u"😀"_s},
     };
     for (const auto& one : cases)
         EXPECT_EQ(expand(one.text), one.result) << one.text.toStdString();
@@ -268,7 +269,7 @@ TEST_F(PromptMacros, ACharacterNeedsAnAsset) {
 }
 
 TEST_F(PromptMacros, ACodeThatIsNoCharacterIsReportedAndGivesAnEmptyText) {
-    for (const auto& macro : {u"$CHR:256$"_s, u"$CHR:-1$"_s}) {
+    for (const auto& macro : {u"$CHR:-1$"_s, u"$CHR:55296$"_s, u"$CHR:1114112$"_s}) {
         ui.expectReport(5, u"ModuleGlobals,UUTPromptTextPrepare"_s);
         EXPECT_EQ(expand(u"before "_s + macro), QString());
     }

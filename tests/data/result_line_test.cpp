@@ -160,6 +160,34 @@ TEST_F(ResultLine, LastFittingRowWinsAndEachStartsFromTheValue) {
     EXPECT_EQ(line({}, 122), u"0.01 mamp"_s);
 }
 
+TEST_F(ResultLine, ColumnsCountCharactersHoweverManyUnitsTheyTake) {
+    // In the template before a tag, and in a value before another one.
+    session.ResultTemplateLine = u"😀😀TT$.......TR$"_s;
+    Texts texts;
+    texts.tolerance = u"😀0.1"_s;
+    EXPECT_EQ(line(texts, 121), u"  😀0.1      PASS"_s);
+
+    // In a value that is filled up to three characters.
+    session.ResultTemplateLine = u"TN$.TR$"_s;
+    texts = {};
+    texts.number = u"😀"_s;
+    EXPECT_EQ(line(texts, 121), u"  😀 PASS"_s);
+
+    // A later value that overwrites half of an earlier one leaves whole characters.
+    session.ResultTemplateLine = u"FN$TT$"_s;
+    texts = {};
+    texts.nominal = u"-😀😀😀😀"_s;
+    texts.tolerance = u"x"_s;
+    EXPECT_EQ(line(texts, 123), u"-😀😀x😀"_s);
+
+    // In what a substitution takes off the end.
+    session.ResultTemplateLine = u"DE$"_s;
+    session.SubstTable[0] = {u"DE"_s, u"😀"_s, u" C"_s};
+    texts = {};
+    texts.deviation = u"0.01😀"_s;
+    EXPECT_EQ(line(texts, 121), u"0.01 C"_s);
+}
+
 TEST_F(ResultLine, TextFoundInTheMiddleStillCutsTheEnd) {
     session.ResultTemplateLine = u"DE$"_s;
     session.SubstTable[0] = {u"DE"_s, u"0.0"_s, u"#"_s};

@@ -112,6 +112,10 @@ TEST_F(StartUp, AMissingMetcalIniIsReportedAndEndsTheRoutine) {
     ui.expectReport(53, routineName);
     start();
     EXPECT_EQ(session.ResultTemplateLine, QString());
+    EXPECT_TRUE(
+        folder.read(u"errors.log"_s)
+            .startsWith(u"[2026-03-18 09:30:00] The file \""_s + folder.path() + u"/met/metcal.ini\": "_s))
+        << "the log names it";
 }
 
 TEST_F(StartUp, AMetcalIniThatIsAFolderIsReported) {

@@ -15,7 +15,7 @@ QString sourceFile(const QString& path);
 /// A copy of the demonstration database.
 class DemoDatabase : public EmbeddedDatabase {
   public:
-    DemoDatabase() : EmbeddedDatabase(madeDatabase(QStringLiteral("demo"))) {}
+    DemoDatabase() : EmbeddedDatabase(demoDatabase()) {}
 };
 
 /// The one value of a query.

@@ -242,6 +242,27 @@ TEST_F(MakeScript, WrongArgumentsAreToldAndChangeNothing) {
     }
 }
 
+TEST_F(MakeScript, TheDaysOfTheDataAreCountedFromTheGivenDay) {
+    const auto made = path(u"made"_s);
+    const auto outcome = run({made, u"--demo"_s, u"--day=2028-02-29"_s});
+    ASSERT_EQ(outcome.code, 0) << outcome.output.toStdString();
+    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select min(holiday), max(holiday) from holidays"_s),
+              u"2028-01-01|2038-12-26"_s);
+    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select distinct date(entered_date) from hvm_kv_task_inuse"_s),
+              u"2028-02-27"_s);
+    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select distinct i4225 from inventory where i4225 is not null"_s),
+              u"2028-02-26"_s);
+    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select max(c2303) from calibration where cdsrc = 'KVN'"_s),
+              u"2028-03-20"_s);
+}
+
+TEST_F(MakeScript, ADayThatIsNoneIsRefused) {
+    for (const auto& day : {u"2027-02-29"_s, u"2027-13-01"_s, u"tomorrow"_s, u"27-01-01"_s, u""_s}) {
+        EXPECT_EQ(run({path(u"made"_s), u"--demo"_s, u"--day="_s + day}).code, 1) << day.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(path(u"made"_s))) << day.toStdString();
+    }
+}
+
 TEST_F(MakeScript, AFolderThatCannotBeMadeIsAFailure) {
     QFile file(path(u"file"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -119,7 +119,9 @@ TEST(DateTest, ReadsNumericDatesInTheOrderOfTheSession) {
         {u"1/2/30", u"", {1930, 1, 2}},
         {u"1/2/99", u"", {1999, 1, 2}},
         {u"26-11-21", u"YYYY/MM/DD", {2021, 11, 26}},
-        {u"1/2/100", u"", {100, 1, 2}},
+        {u"1/2/100", u"", {}},
+        {u"1/2/999", u"", {}},
+        {u"1/2/0100", u"", {100, 1, 2}},
         {u"1/2/099", u"", {}},
         {u"1/2/0099", u"", {}},
         {u"0026-01-02", u"", {}},
@@ -189,6 +191,8 @@ TEST(DateTest, ReadsMonthNamesAndTheirFirstThreeLetters) {
         {u"21 nov 2026", {2026, 11, 21}},
         {u"21-NOV-2026", {2026, 11, 21}},
         {u"21-Nov-26", {2026, 11, 21}},
+        {u"21-Nov-926", {}},
+        {u"Nov 21, 202", {}},
         {u"Nov 21, 30", {1930, 11, 21}},
         {u"29 Feb 2024", {2024, 2, 29}},
         {u"29 Feb 2023", {}},
@@ -384,16 +388,19 @@ TEST(AddInterval, OfAnyOtherUnitIsError5) {
         EXPECT_EQ(errorOf([&] { addInterval(unit, 1, at(2026, 3, 18)); }), 5) << unit.toStdString();
 }
 
-TEST(AddInterval, OutsideTheCalendarIsError5) {
+TEST(AddInterval, OutsideTheCalendarIsError6) {
     EXPECT_EQ(addInterval(u"d"_s, 1, at(9999, 12, 30)), at(9999, 12, 31));
     EXPECT_EQ(addInterval(u"s"_s, -1, at(100, 1, 2)), at(100, 1, 1, 23, 59, 59));
-    EXPECT_EQ(errorOf([] { addInterval(u"d"_s, 1, at(9999, 12, 31)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"s"_s, 1, at(9999, 12, 31, 23, 59, 59)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"s"_s, -1, at(100, 1, 1)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"m"_s, -1, at(100, 1, 31)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"yyyy"_s, 7974, at(2026, 3, 18)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"yyyy"_s, -2147483647, at(2026, 3, 18)); }), 5);
-    EXPECT_EQ(errorOf([] { addInterval(u"ww"_s, 2147483647, at(2026, 3, 18)); }), 5);
+    EXPECT_EQ(errorOf([] { addInterval(u"d"_s, 1, at(9999, 12, 31)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"s"_s, 1, at(9999, 12, 31, 23, 59, 59)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"s"_s, -1, at(100, 1, 1)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"m"_s, -1, at(100, 1, 31)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"yyyy"_s, 7974, at(2026, 3, 18)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"yyyy"_s, -2147483647, at(2026, 3, 18)); }), 6);
+    EXPECT_EQ(errorOf([] { addInterval(u"ww"_s, 2147483647, at(2026, 3, 18)); }), 6);
+}
+
+TEST(AddInterval, ToNoDateIsError5) {
     EXPECT_EQ(errorOf([] { addInterval(u"d"_s, 1, Moment{}); }), 5);
     EXPECT_EQ(errorOf([] { addInterval(u"h"_s, 1, Moment{{}, QTime(9, 30)}); }), 5);
 }

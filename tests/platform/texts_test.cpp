@@ -131,9 +131,38 @@ TEST(CalibratorBytes, OfACharacterThatHasNoneAreAQuestionMark) {
     EXPECT_EQ(toCalibratorBytes(u""), ""_ba);
 }
 
-TEST(CharacterOf, OutsideAByteIsError5) {
-    for (const int code : {-1, 256, 8364, 2147483647, -2147483647})
+TEST(CharacterOf, AboveAByteIsItsCodePoint) {
+    EXPECT_EQ(characterOf(256), u"\u0100"_s);
+    EXPECT_EQ(characterOf(937), u"Ω"_s);
+    EXPECT_EQ(characterOf(8364), u"€"_s);
+    EXPECT_EQ(characterOf(0xFFFF), u"\uFFFF"_s);
+    EXPECT_EQ(characterOf(0x1F600), u"😀"_s);
+    EXPECT_EQ(characterOf(0x10FFFF).toUcs4(), QList<uint>{0x10FFFF});
+}
+
+TEST(CharacterOf, ACodeOfNoCharacterIsError5) {
+    for (const int code : {-1, 0xD800, 0xDFFF, 0x110000, 2147483647, -2147483647})
         EXPECT_EQ(errorOf([=] { characterOf(code); }), 5) << code;
+}
+
+TEST(CharacterCount, CountsAPairOnceAndEachHalfByItself) {
+    EXPECT_EQ(characterCount(u""), 0);
+    EXPECT_EQ(characterCount(u"aΩ漢"), 3);
+    EXPECT_EQ(characterCount(u"a😀b😀"), 4);
+    const QString high(QChar(0xD800));
+    const QString low(QChar(0xDC00));
+    EXPECT_EQ(characterCount(low + high), 2);
+    EXPECT_EQ(characterCount(high + high + low), 2);
+}
+
+TEST(UnitsOfCharacters, NeverEndInsideAPair) {
+    const auto text = u"a😀b"_s;
+    EXPECT_EQ(unitsOfCharacters(text, -1), 0);
+    EXPECT_EQ(unitsOfCharacters(text, 0), 0);
+    EXPECT_EQ(unitsOfCharacters(text, 1), 1);
+    EXPECT_EQ(unitsOfCharacters(text, 2), 3);
+    EXPECT_EQ(unitsOfCharacters(text, 3), 4);
+    EXPECT_EQ(unitsOfCharacters(text, 100), 4);
 }
 
 } // namespace kelvane

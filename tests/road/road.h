@@ -73,7 +73,7 @@ class Road : public ::testing::Test {
     OwnFolder folder;
     LineClock clock;
     ScriptedUserInterface ui;
-    EmbeddedDatabase database{QString::fromUtf8(KELVANE_TEST_DATABASE), databaseSettings()};
+    EmbeddedDatabase database{demoDatabase(), databaseSettings()};
     simulators::Workshop workshop;
     Workplace workplace{ui, clock, database.dsn(), workshop.link(), odbcConnections()};
     Session& session = workplace.session;

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 DatabaseSession::DatabaseSession()
-    : database(QString::fromUtf8(KELVANE_TEST_DATABASE)), session({ui, clock, settings}, odbcConnections()) {
+    : database(demoDatabase()), session({ui, clock, settings}, odbcConnections()) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;

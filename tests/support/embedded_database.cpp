@@ -26,6 +26,10 @@ void addDataSource(const QString& section) {
 
 } // namespace
 
+QString demoDatabase() {
+    return qEnvironmentVariable("KELVANE_DEMO_DATABASE", QString::fromUtf8(KELVANE_TEST_DATABASE));
+}
+
 EmbeddedDatabase::EmbeddedDatabase(const QString& filesFrom, const QHash<QString, QString>& settings) {
     const QDir from(filesFrom);
     const auto names = filesFrom.isEmpty() ? QStringList() : from.entryList({u"*.db"_s}, QDir::Files);

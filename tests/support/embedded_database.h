@@ -7,6 +7,10 @@
 
 namespace kelvane::testing {
 
+/// The folder of the demonstration database: that of today, or what KELVANE_DEMO_DATABASE in the environment
+/// names.
+QString demoDatabase();
+
 /// A copy of a database's files in a folder of its own, and a data source of its own for it. Settings of the
 /// data source may be changed, such as {"Timeout", "100"}.
 class EmbeddedDatabase {

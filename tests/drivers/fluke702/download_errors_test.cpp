@@ -113,7 +113,7 @@ TEST_F(FlukeDownloadErrors, ARefusedStatementIsReportedAndTheOthersAreDone) {
 
 TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndDefinedWithoutAText) {
     addList({transmitter()});
-    addPrompts(u"I-1"_s, {message(u"A"_s, u"Bell $CHR:300$"_s, u"PRE"_s)});
+    addPrompts(u"I-1"_s, {message(u"A"_s, u"Bell $CHR:-1$"_s, u"PRE"_s)});
     ui.expectReport(5, u"ModuleGlobals,UUTPromptTextPrepare"_s);
     EXPECT_EQ(download(), QString());
     EXPECT_EQ(calls().filter(u"MEMprompt"_s),

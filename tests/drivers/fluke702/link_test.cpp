@@ -93,6 +93,14 @@ TEST_F(Contact702, CleansTheTextsThatComeWithAWarningToo) {
     EXPECT_EQ(script.statements, QStringList()) << "its asset is not looked up";
 }
 
+TEST_F(Contact702, CleansTheTextsThatComeWithAnErrorToo) {
+    link.answer(u"DPCget70x"_s, 2021, 1);
+    EXPECT_EQ(contact(upload), u"Communication Read Error (DPCERR_RECV_FAILED)"_s);
+    EXPECT_EQ(driver.Calibrator702Model, u"702"_s);
+    EXPECT_EQ(driver.Calibrator702Serial, u"6841207"_s);
+    EXPECT_EQ(driver.Calibrator702Text, u"V1.0"_s);
+}
+
 TEST_F(Contact702, TakesATextWithoutAZeroAsTheWholeBuffer) {
     link.serial = u"0123456789ABC"_s;
     script.answers.insert(selectAsset(u"0123456789"_s), {{u"F-9"_s}});

@@ -84,6 +84,8 @@ TEST_F(TorqueProtocol, APortThatCannotBeOpenedIsToldWithoutABox) {
     expectFailure(channelFailed);
     EXPECT_FALSE(ui.busy);
     EXPECT_EQ(port.sent.size(), 0);
+    EXPECT_EQ(folder.read(u"errors.log"_s), u"[2026-03-18 09:30:00] Path/File access error\r\n"_s)
+        << "its reason";
 }
 
 TEST_F(TorqueProtocol, FourLinkStartsGoOutAndThreeAreWaitedForBeforeTheBox) {

@@ -133,6 +133,24 @@ TEST_F(RealPort, APortThatIsMissingBusyOrNoPortIsNotOpened) {
     }
 }
 
+TEST_F(RealPort, SaysWhyItIsNotOpened) {
+    const auto reason = [this] {
+        try {
+            open();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number, 75);
+            return error.description;
+        }
+        return QString();
+    };
+    settings.setValue(u"Ports"_s, u"COM1"_s, u"/dev/no such port"_s);
+    EXPECT_TRUE(reason().startsWith(u"The port COM1, device \"/dev/no such port\", could not be opened: "_s))
+        << reason().toStdString();
+    EXPECT_GT(reason().size(), 70) << "with what the system says";
+    port.setCommPort(9);
+    EXPECT_EQ(reason(), u"The port COM9 could not be opened: there is no such device."_s);
+}
+
 TEST_F(RealPort, ALookAtASilentLineWaitsAMomentAndBurnsNoCore) {
     open();
     for (const bool closed : {false, true}) {

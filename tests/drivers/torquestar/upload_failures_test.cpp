@@ -157,6 +157,19 @@ TEST_F(TorqueUpload, FiftyOneStandardsAreCopied) {
     EXPECT_EQ(writes().filter(u"insert into mt.standards"_s).size(), 51);
 }
 
+TEST_F(TorqueUpload, TheFiftySecondStandardIsReportedAndNoneIsCopied) {
+    addUsed(1, {u"100"_s});
+    QStringList standards;
+    while (standards.size() < 52)
+        standards << u"S-%1"_s.arg(standards.size());
+    addStandards(u"W-1"_s, standards);
+    holdResults({{100}});
+    ui.expectReport(9, u"ModuleGlobals,GetInUseData"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(writes().filter(u"insert into mt.standards"_s).size(), 0);
+    EXPECT_EQ(writes().filter(u"insert into MT.calibration"_s, Qt::CaseInsensitive).size(), 1);
+}
+
 TEST_F(TorqueUpload, WithoutATemplateTheLinesAreBlank) {
     addUsed(1, {u"100"_s});
     session.ResultTemplateLine.clear();

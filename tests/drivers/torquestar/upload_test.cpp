@@ -194,6 +194,20 @@ TEST_F(TorqueUpload, TheDateAndTimeAreThoseOfTheLastResult) {
     EXPECT_EQ(recorded(u"C2333"_s), u"'23:59:59'"_s);
 }
 
+TEST_F(TorqueUpload, WithoutTestPointsTheDateIsEmptyAlsoBehindAnInstrumentThatHasOne) {
+    addUsed(2, {u"100"_s});
+    addPoints(u"W-2"_s, {}, 1);
+    holdResults({{100}});
+    holdResults({});
+    ui.expectReport(13, u"ModuleGlobals,CreateCalRecord"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(recorded(u"C2301"_s, u"W-1"_s), u"'2026-03-18'"_s);
+    EXPECT_EQ(recordedAssets(), QStringList{u"W-1"_s});
+    const auto& field = std::as_const(session).CalFieldTable[0];
+    EXPECT_EQ(field.column, u"C2301"_s);
+    EXPECT_EQ(field.value, QString());
+}
+
 TEST_F(TorqueUpload, RemarksFollowTheCommandLineFlagTheCommentAndTheFailures) {
     const auto verified = u"'UNIT PASSES PERFORMANCE VERIFICATION'"_s;
     const auto received = u"'UNIT WAS RECEIVED IN TOLERANCE'"_s;
