@@ -34,12 +34,10 @@ bool isColumn(const QString& name, QStringView column) {
 /// error stays.
 class NewRecord {
   public:
-    NewRecord(Session& session, Routine& routine, const QString& asset,
-              const std::function<void()>& beforeInsert)
+    NewRecord(Session& session, Routine& routine, const QString& asset, const RecordConsent& consent)
         : session_(session),
           routine_(routine),
-          beforeInsert_(beforeInsert),
-          preparation_(session),
+          consent_(consent),
           asset_(asset),
           mtag_(CheckAsset(session, asset)) {}
 
@@ -80,9 +78,7 @@ class NewRecord {
     QString valueOrSource(int row, const QString& source);
     Session& session_;
     Routine& routine_;
-    const std::function<void()>& beforeInsert_;
-    /// From the search for the instrument's key to the insert.
-    ReportWatch preparation_;
+    const RecordConsent& consent_;
     QString asset_;
     QString mtag_;
     Moment date_;
@@ -120,8 +116,7 @@ QString NewRecord::make() {
     settleDueDate();
     progress.reach(28);
     pass(completing);
-    // What was asked of the database and not answered must not become a part of a record.
-    if (preparation_.sawReport())
+    if (consent_.mayAsk && !consent_.mayAsk())
         return {};
     progress.reach(42);
     if (!askOperator()) {
@@ -134,10 +129,8 @@ QString NewRecord::make() {
         return text(textAlreadyExists);
     }
     writeDatesForStatement();
-    if (preparation_.sawReport())
+    if (consent_.mayWrite && !consent_.mayWrite())
         return {};
-    if (beforeInsert_)
-        beforeInsert_();
     insertRecord();
     progress.reach(56);
     copyFields(session_, routine_, asset_);
@@ -229,10 +222,10 @@ void NewRecord::insertRecord() {
 
 } // namespace
 
-QString CreateCalRecord(Session& session, const QString& asset, const std::function<void()>& beforeInsert) {
+QString CreateCalRecord(Session& session, const QString& asset, const RecordConsent& consent) {
     QString reason;
     Routine routine(session, u"ModuleGlobals,CreateCalRecord"_s);
-    routine.run([&] { reason = NewRecord(session, routine, asset, beforeInsert).make(); });
+    routine.run([&] { reason = NewRecord(session, routine, asset, consent).make(); });
     return reason;
 }
 

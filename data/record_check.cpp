@@ -49,15 +49,18 @@ QStringList missingStandards(Session& session, const StoredRecord& record, const
     return missing;
 }
 
-/// Servers give a line without the blanks at its end, or fill it up with them.
+QString withoutBlanksAtEnd(QString text) {
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+/// Servers give a line without the blanks at its end, or fill it up with them. A line goes into its statement
+/// as it stands: two quotes in it are stored as one.
 bool same(const QString& stored, const QString& line) {
-    const auto trimmed = [](const QString& text) {
-        auto end = text.size();
-        while (end > 0 && text[end - 1] == u' ')
-            --end;
-        return QStringView(text).left(end);
-    };
-    return trimmed(stored) == trimmed(line);
+    const auto found = withoutBlanksAtEnd(stored);
+    const auto wanted = withoutBlanksAtEnd(line);
+    return found == wanted || found == QString(wanted).replace(u"''"_s, u"'"_s);
 }
 
 } // namespace

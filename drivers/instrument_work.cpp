@@ -69,6 +69,7 @@ RecordOutcome InstrumentWork::finish() {
         entry.lines.clear();
         entry.fields.clear();
     }
+    entry.owner = session_.SessionOwner;
     try {
         entry.id = Journal(session_).add(entry);
     } catch (const Error& error) {
@@ -109,7 +110,18 @@ RecordOutcome InstrumentWork::record() {
 }
 
 QString createRecord(Session& session, const JournalEntry& entry) {
-    return ModuleGlobals::CreateCalRecord(session, entry.asset, [&] { noteDate(session, entry); });
+    // What was asked of the database and not answered, as the key or the due date, must not become a part of
+    // a record.
+    const ReportWatch asking(session);
+    return ModuleGlobals::CreateCalRecord(session, entry.asset,
+                                          {.mayAsk = [&] { return !asking.sawReport(); },
+                                           .mayWrite =
+                                               [&] {
+                                                   if (asking.sawReport())
+                                                       return false;
+                                                   noteDate(session, entry);
+                                                   return true;
+                                               }});
 }
 
 void endAsDone(Session& session, const JournalEntry& entry) {
@@ -142,9 +154,8 @@ void takeRecordLists(const Session& session, JournalEntry& entry) {
 }
 
 bool hasLostConnection(const Session& session) {
-    if (!session.SessionConnected || !session.SharedConnection)
-        return true;
-    return !session.SharedConnection->isOpen() || session.SharedConnection->isLost();
+    const auto& connection = session.SharedConnection;
+    return !session.SessionConnected || (connection && (!connection->isOpen() || connection->isLost()));
 }
 
 } // namespace kelvane

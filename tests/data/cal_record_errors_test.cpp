@@ -1,6 +1,8 @@
 #include "tests/data/cal_record_fixture.h"
 #include "tests/data/record_statements.h"
 
+#include "data/cal_record.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -59,11 +61,10 @@ TEST_F(CalRecordErrors, RefusedResultLineEndsTheRunWithTheRecordAlreadyWritten) 
     session.RecordResults[0] = u"first"_s;
     session.RecordResults[1] = u"5' tape"_s;
     session.RecordResults[2] = u"third"_s;
-    script.failures[resultInsert(u"5' tape"_s, 1)] = Error{-131, u"Syntax error"_s};
-    failing(-131);
+    failing(1);
     EXPECT_NE(insert(), QString());
-    EXPECT_TRUE(script.statements.contains(resultInsert(u"first"_s, 0)));
-    EXPECT_EQ(script.statements.last(), resultInsert(u"5' tape"_s, 1));
+    EXPECT_EQ(script.statements.last(), resultInsert(u"first"_s, 0));
+    EXPECT_TRUE(folder.read(u"errors.log"_s).contains(resultInsert(u"5' tape"_s, 1)));
     EXPECT_FALSE(script.statements.contains(emptied4224));
 }
 
@@ -78,6 +79,41 @@ TEST_F(CalRecordErrors, NullsInTheTablesThatAreRead) {
     script.answers[copiesBackQuery] = {{std::nullopt, u"I4230"_s}};
     set(u"C2303"_s, {});
     failing(94);
+}
+
+TEST_F(CalRecordErrors, CallerIsAskedBeforeTheOperatorIsAndBeforeTheFirstStatementThatWrites) {
+    QStringList asked;
+    const auto answer = [&](const QString& question, bool yes) {
+        return [this, &asked, question, yes] {
+            EXPECT_EQ(insert(), QString());
+            EXPECT_EQ(script.statements.contains(worksheetQuery), question == u"write"_s);
+            asked << question + u' ' + valueOf(u"C2301"_s);
+            return yes;
+        };
+    };
+    const auto create = [&](bool mayAsk, bool mayWrite) {
+        script.statements.clear();
+        set(u"C2301"_s, u"03/16/2026"_s);
+        set(u"C2303"_s, {});
+        return ModuleGlobals::CreateCalRecord(
+            session, u"A-1"_s, {.mayAsk = answer(u"ask"_s, mayAsk), .mayWrite = answer(u"write"_s, mayWrite)});
+    };
+    EXPECT_EQ(create(false, true), QString());
+    EXPECT_EQ(asked, QStringList{u"ask 03/16/2026"_s});
+    EXPECT_EQ(insert(), QString());
+    EXPECT_EQ(create(true, false), QString());
+    EXPECT_EQ(asked.last(), u"write 2026-03-16"_s) << "as it is written";
+    EXPECT_EQ(insert(), QString());
+    EXPECT_EQ(create(true, true), QString());
+    EXPECT_NE(insert(), QString());
+    EXPECT_FALSE(ui.progressShown);
+}
+
+TEST_F(CalRecordErrors, WhatTheCallersConsentThrowsIsReportedAndNothingIsWritten) {
+    ui.expectReport(75, u"ModuleGlobals,CreateCalRecord"_s);
+    ModuleGlobals::CreateCalRecord(
+        session, u"A-1"_s, {.mayWrite = []() -> bool { throw makeError(ErrorNumber::pathFileAccess); }});
+    EXPECT_EQ(insert(), QString());
 }
 
 TEST_F(CalRecordErrors, ConnectionLostInTheMiddle) {

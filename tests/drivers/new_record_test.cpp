@@ -60,20 +60,4 @@ TEST_F(PreparedRecord, StandardsInUseFollowFromTheRowThatIsGiven) {
     EXPECT_EQ(takeStandardsInUse(session, u"other"_s, 0), 0);
 }
 
-TEST_F(PreparedRecord, ARefusalIsShownAndGivenBack) {
-    const auto refusal =
-        u"A calibration record for this UUT with the same calibration date and time already exists! Aborting calibration record creation for this UUT."_s;
-    addField(u"C2301"_s, u"2026-03-18"_s);
-    addField(u"C2333"_s, u"08:15:30"_s);
-    script.answers.insert(u"select mtag from MT.inventory where i4201 = 'PT-1'"_s, {{u"7"_s}});
-    script.answers.insert(
-        u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '08:15:30' and mtag = '7'"_s,
-        {{u"2026-03-18"_s}});
-    ui.expectBox(refusal, u"Calibration Record Creation"_s, box::stop);
-    EXPECT_EQ(makeRecord(session, u"PT-1"_s), refusal);
-    EXPECT_TRUE(ui.allCame());
-    script.answers.clear();
-    EXPECT_EQ(makeRecord(session, u"PT-1"_s), QString());
-}
-
 } // namespace kelvane::testing

@@ -132,20 +132,13 @@ TEST_F(FlukeDownloadOnDatabase, AnEmptyPackageEmptiesTheRegistryOfThatCalibrator
     EXPECT_EQ(withStandard(), QStringList());
 }
 
-TEST_F(FlukeDownloadOnDatabase, AQuoteInAnAssetNumberIsReportedAndItsTaskIsEmpty) {
+TEST_F(FlukeDownloadOnDatabase, AQuoteInAnAssetNumberIsReportedAndNothingIsTransferred) {
     addPackage({});
     execute(u"insert into mt.hvm_kv_task_assets (tptag,mtag) values ('OUT','1409');commit"_s);
-    // Only the tolerance's statement doubles the quote: it finds points, and a span of zero.
-    for (const auto& [number, routine] : {std::pair{1, u"GetCalParams"_s},
-                                          {1, u"GetPrompts"_s},
-                                          {1, u"GetCalParams"_s},
-                                          {11, u"TranslateSpanTestTolSingle"_s},
-                                          {1, u"GetTestPointList"_s}})
-        ui.expectReport(number, u"ModuleGlobals,"_s + routine);
-    EXPECT_EQ(download(), QString());
-    EXPECT_EQ(link.callsOf(u"MEMtemplate"_s),
-              QStringList{u"MEMtemplate(0, 1, \"LT-10'COL\", \"V88109\", 1)"_s});
-    EXPECT_EQ(inUse(), QStringList{u"LT-10'COL"_s});
+    ui.expectReport(1, u"ModuleGlobals,GetCalParams"_s);
+    EXPECT_TRUE(download().startsWith(u"The instruments of the download could not be read"_s));
+    EXPECT_EQ(link.calls, QStringList());
+    EXPECT_EQ(inUse(), QStringList());
 }
 
 } // namespace kelvane::testing

@@ -26,6 +26,10 @@ class FlukeDownloadErrors : public FlukeDownload {
     const QStringList cleared{u"AssetfromSerial"_s, u"CheckAsset"_s, u"ClearInUse"_s};
     const QStringList added{u"AssetfromSerial"_s, u"CheckAsset"_s, u"AddInUse"_s};
     const QStringList rest = transferred + cleared + added;
+    const QString listUnread = u"The instruments of the download could not be read from the database. The "
+                               "calibrator was not changed."_s;
+    const QString instrumentUnread = u"I-1: The calibration parameters, test messages or tolerance could not be "
+                                     "read from the database. The download ended there."_s;
     const Error gone{10054, u"Connection lost"_s, u"08S01"_s, true};
 };
 
@@ -45,14 +49,15 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostAtAStatementIsReportedByEachRoutineFrom
         QString statement;
         QStringList reports;
         int tasks;
+        QString failure = {};
     } cases[] = {
-        {selectPackage(u"TAG"_s), QStringList{u"GetAssetsInTaskPackage"_s} + (transferred + cleared), 0},
-        {selectMembers(u"TAG"_s), QStringList{u"GetAssetsInTaskPackage"_s} + (transferred + cleared), 0},
-        {selectParams(u"I-1"_s), QStringList{u"GetCalParams"_s, u"GetPrompts"_s} + values + rest, 1},
-        {selectPrompts(u"I-1"_s), QStringList{u"GetPrompts"_s} + (values + rest), 1},
-        {selectPoints(u"I-1"_s), values.sliced(1) + rest, 1},
-        {selectRepetitions(u"I-1"_s), values.sliced(2) + rest, 1},
-        {selectPointList(u"I-1"_s), values.sliced(2) + rest, 1},
+        {selectPackage(u"TAG"_s), {u"GetAssetsInTaskPackage"_s}, 0, listUnread},
+        {selectMembers(u"TAG"_s), {u"GetAssetsInTaskPackage"_s}, 0, listUnread},
+        {selectParams(u"I-1"_s), {u"GetCalParams"_s}, 0, listUnread},
+        {selectPrompts(u"I-1"_s), QStringList{u"GetPrompts"_s} + values, 1, instrumentUnread},
+        {selectPoints(u"I-1"_s), values.sliced(1), 1, instrumentUnread},
+        {selectRepetitions(u"I-1"_s), values.sliced(2), 1, instrumentUnread},
+        {selectPointList(u"I-1"_s), values.sliced(2), 1, instrumentUnread},
         {selectSerial(link.serial), rest, 1},
         {selectMtag(u"F-702"_s), QStringList{u"CheckAsset"_s, u"ClearInUse"_s} + added, 1},
         {clearRows, QStringList{u"ClearInUse"_s} + added, 1},
@@ -67,10 +72,11 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostAtAStatementIsReportedByEachRoutineFrom
         session.SessionConnected = true;
         link.calls.clear();
         expectReports(one.reports);
-        EXPECT_EQ(download(), QString()) << one.statement.toStdString();
+        EXPECT_EQ(download(), one.failure) << one.statement.toStdString();
         EXPECT_TRUE(ui.allCame()) << one.statement.toStdString();
         EXPECT_EQ(given(u"MEMendTask"_s).size(), one.tasks) << one.statement.toStdString();
-        EXPECT_EQ(given(u"DPCdnlStart"_s).size(), 1);
+        EXPECT_EQ(given(u"DPCdnlStart"_s).size(), one.failure.isEmpty() ? 1 : 0)
+            << "what could not be read is not transferred";
         EXPECT_FALSE(session.SessionConnected);
         EXPECT_FALSE(ui.busy);
     }
@@ -80,12 +86,14 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostBetweenTwoCallsIsReportedByEachRoutineF
     const struct {
         QString operation;
         QStringList reports;
+        QString failure = {};
     } cases[] = {
-        {u"MEMclear"_s, QStringList{u"GetPrompts"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
-                                    u"GetTestPointList"_s} +
-                            rest},
+        {u"MEMclear"_s,
+         {u"GetPrompts"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetTestPointList"_s},
+         instrumentUnread},
         {u"MEMpromptDefn"_s,
-         QStringList{u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetTestPointList"_s} + rest},
+         {u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetTestPointList"_s},
+         instrumentUnread},
         {u"STAinit"_s, rest},
         {u"DPCdnlStart"_s, cleared + added},
     };
@@ -97,28 +105,41 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostBetweenTwoCallsIsReportedByEachRoutineF
             script.lost = script.lost || operation == one.operation;
         };
         expectReports(one.reports);
-        EXPECT_EQ(download(), QString());
+        EXPECT_EQ(download(), one.failure);
         EXPECT_TRUE(ui.allCame()) << one.operation.toStdString();
     }
 }
 
-TEST_F(FlukeDownloadErrors, ARefusedStatementIsReportedAndTheOthersAreDone) {
+TEST_F(FlukeDownloadErrors, ARefusedStatementIsReportedAndNothingIsTransferred) {
     addList({transmitter(), transmitter()});
     script.failures = {{selectPrompts(u"I-1"_s), Error{208, u"Invalid object"_s, u"42S02"_s}}};
     ui.expectReport(208, u"ModuleGlobals,GetPrompts"_s);
-    EXPECT_EQ(download(), QString());
-    EXPECT_EQ(given(u"MEMtemplate"_s).size(), 2);
-    EXPECT_EQ(registered(), (QStringList{u"KI-1"_s, u"KI-2"_s}));
+    EXPECT_EQ(download(), instrumentUnread);
+    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(writes(), QStringList());
 }
 
-TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndDefinedWithoutAText) {
+TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndNothingIsTransferred) {
     addList({transmitter()});
     addPrompts(u"I-1"_s, {message(u"A"_s, u"Bell $CHR:-1$"_s, u"PRE"_s)});
     ui.expectReport(5, u"ModuleGlobals,UUTPromptTextPrepare"_s);
-    EXPECT_EQ(download(), QString());
-    EXPECT_EQ(calls().filter(u"MEMprompt"_s),
-              (QStringList{u"MEMpromptDefn(\"KEY1\", \"\")"_s, u"MEMprompt(\"KEY1\")"_s}));
-    EXPECT_EQ(registered(), QStringList{u"KI-1"_s});
+    EXPECT_EQ(download(), instrumentUnread);
+    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(registered(), QStringList());
+}
+
+TEST_F(FlukeDownloadErrors, APackageWithMembersThatTheInventoryDoesNotKnowIsAFailure) {
+    addPackage(u"TAG"_s, {});
+    const auto members = u"select tptag from mt.hvm_kv_task_assets where tptag = 'TAG'"_s;
+    script.answers.insert(members, {{u"TAG"_s}});
+    EXPECT_EQ(download(),
+              u"None of the instruments of the download was found in the inventory. The calibrator was not changed."_s);
+    EXPECT_EQ(link.calls, QStringList());
+    script.failures = {{members, Error{208, u"Invalid object"_s, u"42S02"_s}}};
+    ui.expectReport(208, u"ModuleGlobals,PackageHasMembers"_s);
+    EXPECT_EQ(download(), listUnread);
+    EXPECT_EQ(link.calls, QStringList());
+    EXPECT_EQ(writes(), QStringList());
 }
 
 TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteBreaksItsStatementsAsItDoesEverywhere) {

@@ -241,11 +241,12 @@ TEST_F(FlukeDownloadItem, EachPressureUnitHasTheCalibratorsWordOnBothSides) {
     EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)), u"\"psi\""_s);
 }
 
-TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredGoesAsAManualTaskOfZeros) {
+TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredIsAManualTaskOfZerosAndIsNotTransferred) {
     addList({transmitter()});
     script.answers.remove(selectParams(u"I-1"_s));
     ui.expectReport(11, u"ModuleGlobals,TranslateSpanTestTolSingle"_s); // a span of zero
-    EXPECT_EQ(download(), QString());
+    EXPECT_TRUE(download().startsWith(u"I-1: The calibration parameters"_s));
+    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
     EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"\", \"\", 0, 0"_s});
     EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"dcv\", \"\""_s});
     EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"0, 0"_s});

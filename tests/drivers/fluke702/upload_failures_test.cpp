@@ -1,3 +1,4 @@
+#include "resources/strings.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -257,17 +258,23 @@ TEST_F(FlukeUploadFailures, ACountAboveWhatIsThereReadsHeadersOfZeros) {
     EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 1 + 2 * (1 + 4 + 3));
 }
 
-TEST_F(FlukeUploadFailures, ALostDatabaseIsReportedAndTheUploadLives) {
+TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheRunInHandWithItsReadingsKept) {
     storeGood();
+    storeGood(u"PT-102"_s);
     link.onCall = [this](const QString& name) {
         if (name == u"MEMcalResult")
             sharedConnection(session).close();
     };
     for (const auto& one :
          {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetInUseData"_s,
-          u"AssetfromSerial"_s, u"GetInUseData"_s, u"CheckAsset"_s, u"calcDueDate"_s, u"CreateCalRecord"_s})
+          u"AssetfromSerial"_s, u"GetInUseData"_s})
         ui.expectReport(3709, u"ModuleGlobals,"_s + one);
-    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(upload(), text(1001));
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(left[0].asset, u"PT-101"_s);
+    EXPECT_EQ(left[0].readings.size(), 3) << "as many as the run holds, though the points are unknown";
+    EXPECT_FALSE(left[0].prepared);
 }
 
 TEST_F(FlukeUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
@@ -281,17 +288,13 @@ TEST_F(FlukeUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
         {1, u"SourceColumn"_s}, {1, u"SourceColumn"_s},
         {1, u"GetCalParams"_s}, {1, u"GetTestPointList"_s},
         {1, u"GetCalParams"_s}, {11, u"TranslateSpanTestTolSingle"_s},
-        {1, u"GetInUseData"_s}, {1, u"CheckAsset"_s},
-        {1, u"SourceColumn"_s}, {1, u"SourceColumn"_s},
-        {5, u"calcDueDate"_s},  {1, u"SourceColumn"_s},
-        {1, u"DestColumn"_s},   {1, u"SourceColumn"_s},
-        {1, u"DestColumn"_s},   {1, u"DestColumn"_s},
-        {1, u"DestColumn"_s},
+        {1, u"GetInUseData"_s},
     };
     for (const auto& one : reports)
         ui.expectReport(one.number, u"ModuleGlobals,"_s + one.routine);
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(records(u"mtag"_s).last(), u"1402"_s);
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+    EXPECT_EQ(Journal(session).unfinished().size(), 1);
 }
 
 } // namespace kelvane::testing

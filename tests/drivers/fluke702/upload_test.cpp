@@ -310,7 +310,7 @@ TEST_F(FlukeUpload, LinesOfARunWithMorePointsAreForgottenInTheNext) {
                                     u"3 100.000V 100.000V PASS"_s, u"1 50.000V 50.000V PASS"_s}));
 }
 
-TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndEndsTheUpload) {
+TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndTheNextRunIsRead) {
     storeGood();
     auto& odd = storeGood();
     odd.month = 2;
@@ -318,8 +318,12 @@ TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndEndsTheUpload) {
     storeGood();
     ui.expectReport(13, routine);
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(verdicts().size(), 1) << "what was made before stays";
-    EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 2);
+    EXPECT_EQ(verdicts().size(), 2) << "of the two others";
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(left[0].date + left[0].time, QString());
+    EXPECT_EQ(left[0].readings.size(), 3);
+    EXPECT_EQ(left[0].readings[1], u"2: applied 50, read 50 (in the calibrator's units)"_s);
 }
 
 TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedForARunOfAnotherKindToo) {
@@ -652,12 +656,13 @@ TEST_F(FlukeUpload, ARefusedRecordTellsNoDisagreementAndLeavesNothingToTheNext) 
     EXPECT_EQ(lines().size(), 6);
 }
 
-TEST_F(FlukeUpload, ATagThatNobodyKnowsMakesARecordOfNobody) {
+TEST_F(FlukeUpload, ATagThatNobodyKnowsMakesNoRecordOfNobody) {
     storeGood(u"NOBODY"_s);
     storeGood(u"PT-102"_s);
     ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s);
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(records(u"mtag"_s), (QStringList{QString(), u"1402"_s}));
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+    EXPECT_EQ(Journal(session).unfinished().size(), 1);
     EXPECT_EQ(lines().size(), 3) << "those of PT-102";
     EXPECT_EQ(link.callsOf(u"MEMcalResultEntry"_s).size(), 3 * 7);
 }
@@ -681,17 +686,24 @@ TEST_F(FlukeUpload, FrequenciesInKilohertzDoNotComeBackAlthoughTheyWentDownScale
     EXPECT_EQ(lines()[1], u"2 50000.000KHz 0.050mbar FAIL"_s);
 }
 
-TEST_F(FlukeUpload, ReadingsThatAreNoNumbersEndTheUploadWithAReport) {
+TEST_F(FlukeUpload, ReadingsThatAreNoNumbersAreReportedAndTheNextRunIsRead) {
     const float values[] = {std::nanf(""), std::numeric_limits<float>::infinity(),
                             -std::numeric_limits<float>::infinity()};
+    qint16 hour = 9;
     for (const float value : values) {
         link.runs.clear();
-        store(u"PT-101"_s, {at(0, value), at(50, 50), at(100, 100)});
-        storeGood(u"PT-102"_s);
+        store(u"PT-101"_s, {at(0, value), at(50, 50), at(100, 100)}).hour = hour;
+        storeGood(u"PT-102"_s).hour = hour++;
         ui.expectReport(6, routine);
         EXPECT_EQ(upload(), QString());
-        EXPECT_EQ(verdicts(), QStringList()) << "nothing that could not be judged is recorded";
     }
+    EXPECT_EQ(records(u"mtag"_s), QStringList(3, u"1402"_s))
+        << "nothing that could not be judged is recorded";
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 3);
+    EXPECT_EQ(left[0].readings[0], u"1: applied 0, read nan (in the calibrator's units)"_s);
+    EXPECT_EQ(left[2].readings[0], u"1: applied 0, read -inf (in the calibrator's units)"_s);
+    EXPECT_EQ(left[2].date + u' ' + left[2].time, u"2026-03-18 11:00:30"_s);
 }
 
 TEST_F(FlukeUpload, AnOverrangeReadingFailsAndOneThatCantBeScaledIsReported) {

@@ -1,4 +1,8 @@
+#include "data/journal.h"
+#include "resources/strings.h"
 #include "tests/drivers/torquestar/upload_fixture.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -203,7 +207,7 @@ TEST_F(TorqueUpload, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
     EXPECT_EQ(recordedAssets(), (QStringList{u"W-1"_s, u"W-2"_s, u"W-3"_s}));
 }
 
-TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkIsReportedAndTheUploadLives) {
+TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkEndsTheUploadBeforeTheToolIsTakenOff) {
     addUsed(1, {u"100"_s});
     holdResults({{100}});
     peer.reply = [this, inner = peer.reply](const QByteArray& body) {
@@ -211,18 +215,117 @@ TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkIsReportedAndTheUploadLives) {
             script.lost = true;
         return inner(body);
     };
-    for (const auto& routine : {u"GetInUseData"_s, u"GetInUseData"_s, u"CheckAsset"_s})
+    for (const auto& routine : {u"GetInUseData"_s, u"GetInUseData"_s})
         ui.expectReport(10054, u"ModuleGlobals,"_s + routine);
-    ui.expectReport(10054, u"ModuleGlobals,SourceColumn"_s);
-    ui.expectReport(10054, u"ModuleGlobals,SourceColumn"_s);
-    ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s); // an empty unit
-    ui.expectReport(10054, u"ModuleGlobals,CreateCalRecord"_s);
-    ui.expectReport(10054, u"ModuleGlobals,AssetfromSerial"_s);
-    ui.expectReport(10054, u"ModuleGlobals,CheckAsset"_s);
-    ui.expectReport(10054, u"ModuleGlobals,ClearInUse"_s);
-    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(upload(), text(1001));
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_FALSE(ui.busy);
+    EXPECT_EQ(conversation().last(), u"T1F"_s) << "nothing is removed";
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(left[0].readings, QStringList{u"1: 100"_s});
+    EXPECT_EQ(left[0].date + u' ' + left[0].time, u"2026-03-18 09:30:05"_s);
+}
+
+TEST_F(TorqueUpload, AConnectionLostInTheRecordEndsTheUploadBeforeTheToolIsTakenOff) {
+    addUsed(2, {u"100"_s});
+    holdResults({{100}});
+    script.failures[selectMtag(u"W-1"_s)] = Error{10054, u"Connection lost"_s, u"08S01"_s, true};
+    ui.expectReport(10054, u"ModuleGlobals,CheckAsset"_s);
+    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(recordedAssets(), QStringList());
+    EXPECT_FALSE(conversation().contains(u"T1J"_s));
+    EXPECT_EQ(Journal(session).unfinished().size(), 1);
+}
+
+TEST_F(TorqueUpload, AToolWhosePreparationFailsStaysOnTheCalibratorAndTheNextIsRead) {
+    const Error refused{208, u"Invalid object"_s, u"42S02"_s};
+    const struct {
+        QString statement;
+        QString routine;
+        int readings;
+    } reads[] = {{selectParams(u"W-1"_s), u"GetCalParams"_s, 1},
+                 {selectPointList(u"W-1"_s), u"GetTestPointList"_s, 0},
+                 {selectInUseData(u"12345678"_s, u"KW-1"_s), u"GetInUseData"_s, 1},
+                 {selectStandards(u"W-1"_s), u"GetInUseData"_s, 1}};
+    for (const auto& read : reads) {
+        SCOPED_TRACE(read.statement.toStdString());
+        peer.heard.clear();
+        script.statements.clear();
+        replies.clear();
+        addUsed(2, {u"100"_s});
+        if (read.readings != 0)
+            holdResults({{100}});
+        else
+            replies["T1C"] << holdsData;
+        replies["T1C"] << holdsData;
+        holdResults({{100}});
+        replies["T1C"].removeFirst(); // the one that stays is not selected for its removal
+        if (read.readings == 0)
+            replies["T1F"].prepend(noComment);
+        script.failures = {{read.statement, refused}};
+        ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
+        if (read.routine == u"GetCalParams"_s)
+            ui.expectReport(11, u"ModuleTSInterface,TorqueStar_upload"_s); // no repetitions
+        EXPECT_EQ(upload(), QString());
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(recordedAssets(), QStringList{u"W-2"_s});
+        EXPECT_EQ(conversation().count(u"T1J"_s), 1) << "W-2 alone is taken off";
+        EXPECT_FALSE(conversation().contains(u"T2E KVTASK"_s));
+        EXPECT_FALSE(isCleared()) << "W-1 must come up again";
+        const auto left = Journal(session).unfinished();
+        ASSERT_FALSE(left.isEmpty());
+        EXPECT_EQ(left.last().asset, u"W-1"_s);
+        EXPECT_EQ(left.last().readings.size(), read.readings);
+    }
+}
+
+TEST_F(TorqueUpload, AListThatCantBeReadEndsTheUploadBeforeAnythingIsCleared) {
+    addUsed(1, {u"100"_s});
+    script.failures[selectInUse(u"12345678"_s)] = Error{208, u"Invalid object"_s, u"42S02"_s};
+    ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
+    EXPECT_EQ(upload(), u"The list of instruments could not be read from the database. Nothing was removed from the calibrator."_s);
+    EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
+    EXPECT_EQ(writes(), QStringList());
+    script.failures[selectInUse(u"12345678"_s)].connectionLost = true;
+    ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
+    EXPECT_EQ(upload(), text(1001));
+}
+
+TEST_F(TorqueUpload, AJournalThatCantBeWrittenEndsTheUploadBeforeTheToolIsTakenOff) {
+    addUsed(2, {u"100"_s});
+    holdResults({{100}});
+    ASSERT_TRUE(QDir().mkdir(Journal(session).path()));
+    EXPECT_TRUE(upload().startsWith(u"The results of W-1 could not be written to the disk:"_s));
+    EXPECT_EQ(recordedAssets(), QStringList());
+    EXPECT_EQ(conversation().last(), u"T1F"_s);
+    EXPECT_FALSE(isCleared());
+}
+
+TEST_F(TorqueUpload, AReportInTheRecordKeepsTheEntryAndTheStepsGoOn) {
+    addUsed(2, {u"100"_s});
+    holdResults({{100}});
+    holdResults({{100}});
+    script.failures[u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '09:30:05' and mtag = 'KW-1'"_s] =
+        Error{208, u"Invalid object"_s, u"42S02"_s};
+    ui.expectReport(208, u"ModuleGlobals,CreateCalRecord"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(recordedAssets(), QStringList{u"W-2"_s});
+    EXPECT_EQ(conversation().count(u"T1J"_s), 2);
+    EXPECT_TRUE(isCleared());
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(left[0].asset, u"W-1"_s);
+    EXPECT_TRUE(left[0].prepared);
+}
+
+TEST_F(TorqueUpload, TheStatusLineTellsWhichToolIsReadAndIsEmptiedAtTheEnd) {
+    addUsed(2, {u"100"_s});
+    holdResults({{100}});
+    holdResults({{100}});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(ui.activities, (QStringList{u"Reading the results of W-1 (1 of 2)"_s,
+                                          u"Reading the results of W-2 (2 of 2)"_s, QString()}));
 }
 
 TEST_F(TorqueUpload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToTheFortySeventh) {

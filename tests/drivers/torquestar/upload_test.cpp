@@ -78,18 +78,19 @@ TEST_F(TorqueUpload, SamplesThatDidNotComeCountAsZero) {
     EXPECT_EQ(resultLines(), (QStringList{u"1 50.0ft/lb FAIL"_s, u"2 0.0ft/lb FAIL"_s}));
 }
 
-TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndCountsAsZero) {
+TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndMakesNoRecord) {
     addUsed(1, {u"100"_s});
     for (const QByteArray& rest : {QByteArray("\x01"), QByteArray("\x01\x02"), QByteArray("\x01\x02\x03")}) {
         script.statements.clear();
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 2; ++i)
             replies["T1C"] << holdsData;
         replies["T1D"] << result(date, time, {}) + rest;
         replies["T1F"] << noComment;
         ui.expectReport(5, u"ModuleTSInterface,Conv2Double"_s);
         EXPECT_EQ(upload(), QString());
         EXPECT_TRUE(ui.allCame()) << rest.size();
-        EXPECT_EQ(resultLines(), QStringList{u"1 0.0ft/lb FAIL"_s});
+        EXPECT_EQ(resultLines(), QStringList());
+        EXPECT_FALSE(conversation().contains(u"T1J"_s));
     }
 }
 
