@@ -25,9 +25,9 @@ double lightOf(const QColor& color) {
 }
 
 double contrast(const QColor& left, const QColor& right) {
-    const double one = lightOf(left) + 0.05;
-    const double other = lightOf(right) + 0.05;
-    return std::max(one / other, other / one);
+    const double first = lightOf(left) + 0.05;
+    const double second = lightOf(right) + 0.05;
+    return std::max(first / second, second / first);
 }
 
 /// The greatest contrast that the empty indicator of a button has with the ground beside it.
