@@ -78,7 +78,7 @@ class Journal {
     std::optional<JournalEntry> find(const QString& id) const;
 
     /// From this size on, in bytes, old entries that have ended leave the file.
-    qint64 rotationSize = 4 * 1024 * 1024;
+    qint64 rotationSize = 1024 * 1024;
 
   private:
     void write(const QString& id, QJsonObject content);

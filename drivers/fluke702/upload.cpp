@@ -136,7 +136,8 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
-    work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries); });
+    if (work.isPrepared())
+        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries); });
 
     const auto& serial = driver_.Calibrator702Serial;
     run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;

@@ -145,7 +145,8 @@ bool Upload::prepare(const AssetEntry& entry, ToolResults& results, InstrumentWo
     if (!readResults(nameField(characteristicName(entry.asset)), fractions.size(), results))
         return false;
     Findings findings;
-    work.attempt([&] { findings = findingsOf(session_, instrument, fractions, results); });
+    if (work.isPrepared())
+        work.attempt([&] { findings = findingsOf(session_, instrument, fractions, results); });
     results.tech = ModuleGlobals::GetInUseData(session_, serial_, entry.mtag).tech;
     fillFields(session_, instrument, findings, results.tech);
     takeStandardsInUse(session_, entry.asset, 0);

@@ -231,7 +231,9 @@ TEST_F(TorqueUpload, AConnectionLostInTheRecordEndsTheUploadBeforeTheToolIsTaken
     addUsed(2, {u"100"_s});
     holdResults({{100}});
     script.failures[selectMtag(u"W-1"_s)] = Error{10054, u"Connection lost"_s, u"08S01"_s, true};
-    ui.expectReport(10054, u"ModuleGlobals,CheckAsset"_s);
+    for (const auto& routine : {u"CheckAsset"_s, u"SourceColumn"_s, u"SourceColumn"_s})
+        ui.expectReport(10054, u"ModuleGlobals,"_s + routine);
+    ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s); // an empty unit
     EXPECT_EQ(upload(), text(1001));
     EXPECT_EQ(recordedAssets(), QStringList());
     EXPECT_FALSE(conversation().contains(u"T1J"_s));
@@ -265,8 +267,6 @@ TEST_F(TorqueUpload, AToolWhosePreparationFailsStaysOnTheCalibratorAndTheNextIsR
             replies["T1F"].prepend(noComment);
         script.failures = {{read.statement, refused}};
         ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
-        if (read.routine == u"GetCalParams"_s)
-            ui.expectReport(11, u"ModuleTSInterface,TorqueStar_upload"_s); // no repetitions
         EXPECT_EQ(upload(), QString());
         EXPECT_TRUE(ui.allCame());
         EXPECT_EQ(recordedAssets(), QStringList{u"W-2"_s});

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "tests/drivers/fluke702/recorded_link.h"
+#include "tests/drivers/torquestar/line_peer.h"
+#include "tests/support/embedded_database.h"
+#include "tests/support/fixtures.h"
+#include "tests/support/forwarding_connection.h"
+#include "tests/support/quiet_operator.h"
+#include "workflow/unfinished_results.h"
+
+namespace kelvane::testing {
+
+/// What happens to one statement of a command.
+enum class Trouble {
+    none,
+    fails,
+    isBusy,
+    /// The connection is gone from then on.
+    isLost,
+    /// It is carried out, but fails for the one who sent it.
+    isCarriedOutAndFails,
+    isCarriedOutAndLost,
+};
+
+/// Brings trouble to the statement of a number, from 1.
+struct TroubleMaker {
+    Trouble trouble = Trouble::none;
+    int number = 0;
+    int count = 0;
+    bool isLost = false;
+
+    void before();
+    void after() const;
+};
+
+class TroubledConnection final : public ForwardingConnection {
+  public:
+    TroubledConnection(std::unique_ptr<Connection> real, TroubleMaker& maker)
+        : ForwardingConnection(std::move(real)), maker_(maker) {}
+    bool isLost() const override { return maker_.isLost || ForwardingConnection::isLost(); }
+    void execute(const QString& statement) override {
+        maker_.before();
+        ForwardingConnection::execute(statement);
+        maker_.after();
+    }
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
+        maker_.before();
+        auto found = ForwardingConnection::select(statement, rows);
+        maker_.after();
+        return found;
+    }
+
+  private:
+    TroubleMaker& maker_;
+};
+
+/// The demonstration laboratory, in which one statement of an upload meets trouble, and an operator who
+/// answers all questions. Two instruments have been calibrated at a moment of their own; what is not their
+/// whole and only record is a fault.
+class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
+  protected:
+    UploadInTrouble();
+
+    /// Puts new results onto the calibrator, of the day's minute of that number.
+    virtual void calibrate(int minute) = 0;
+    virtual QString upload() = 0;
+    /// True while the calibrator still has an instrument's results and an upload would find them.
+    virtual bool isHeld(const QString& asset) = 0;
+
+    /// Brings the trouble to each statement of an upload in turn.
+    void tryEachStatement();
+
+    struct Instrument {
+        QString asset;
+        QString mtag;
+        /// The record as it has to be: its fields, lines and standards.
+        QStringList whole = {};
+    };
+    QList<Instrument> instruments;
+
+    QStringList rows(const QString& query, int columns = 1);
+    void execute(const QString& statement) { sharedConnection(session).execute(statement); }
+
+    static const QString& day();
+    QString time;
+
+    OwnFolder folder;
+    SetClock clock;
+    MemorySettings settings;
+    QuietOperator ui;
+    EmbeddedDatabase database;
+    TroubleMaker maker;
+    Session session;
+
+  private:
+    QStringList recordsOf(const Instrument& instrument);
+    bool isWhole(const Instrument& instrument);
+    bool isListed(const Instrument& instrument);
+    void makeRecords();
+    void expectNothingLost(const QString& result);
+    void expectWholeAndOnlyRecords();
+    void recover();
+};
+
+} // namespace kelvane::testing

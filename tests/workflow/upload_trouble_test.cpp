@@ -1,0 +1,131 @@
+#include "tests/workflow/upload_trouble.h"
+
+#include "data/cal_params.h"
+#include "data/in_use.h"
+#include "drivers/fluke702/fluke702.h"
+#include "drivers/torquestar/torquestar.h"
+#include "tests/drivers/torquestar/torque_shop.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const auto everyTrouble = ::testing::Values(Trouble::fails, Trouble::isBusy, Trouble::isLost,
+                                            Trouble::isCarriedOutAndFails, Trouble::isCarriedOutAndLost);
+
+} // namespace
+
+/// Two transmitters that have been calibrated with the Fluke 702, which keeps its runs.
+class FlukeUploadInTrouble : public UploadInTrouble {
+  protected:
+    FlukeUploadInTrouble() {
+        instruments = {{u"PT-101"_s, u"1401"_s}, {u"PT-102"_s, u"1402"_s}};
+        for (const auto& instrument : std::as_const(instruments))
+            ModuleGlobals::AddInUse(session, link.serial, instrument.mtag, u"asmith"_s);
+    }
+
+    void calibrate(int minute) override {
+        link.runs.clear();
+        for (const auto& instrument : std::as_const(instruments)) {
+            StoredRun run{.tag = instrument.asset, .serial = u"V88101"_s, .technician = u"Joe Doe"_s};
+            run.hour = static_cast<qint16>(minute / 60);
+            run.minute = static_cast<qint16>(minute % 60);
+            run.second = 0;
+            const auto parameters = ModuleGlobals::GetCalParams(session, instrument.asset);
+            const int points = ModuleGlobals::GetTestPointList(session, instrument.asset);
+            for (int i = 0; i < points; ++i) {
+                const float fraction = std::as_const(session.TestPointList)[i];
+                // In base units; the transmitters give milliamperes.
+                const auto at = [fraction](float low, float high) { return low + fraction * (high - low); };
+                run.entries << ResultEntry{at(parameters.output_low, parameters.output_high) / 1000,
+                                           at(parameters.input_low, parameters.input_high), 0};
+            }
+            link.runs << run;
+        }
+    }
+    QString upload() override { return Module702Interface::Fluke702_upload(driver); }
+    bool isHeld(const QString&) override { return true; }
+
+    RecordedLink link;
+    Fluke702 driver{session, link};
+};
+
+TEST_P(FlukeUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
+    tryEachStatement();
+}
+
+INSTANTIATE_TEST_SUITE_P(EachStatement, FlukeUploadInTrouble, everyTrouble);
+
+/// Two tools that have been calibrated with the torque calibrator, which forgets what it is told to.
+class TorqueUploadInTrouble : public UploadInTrouble {
+  protected:
+    TorqueUploadInTrouble() {
+        instruments = {{u"TW-101"_s, u"1301"_s}, {u"TW-102"_s, u"1302"_s}};
+        clock.tick = 1;
+        peer.reply = [this](const QByteArray& body) { return replyTo(body); };
+        peer.attachTo(port);
+    }
+
+    void calibrate(int minute) override {
+        ModuleGlobals::ClearInUse(session, serial);
+        held.clear();
+        for (const auto& instrument : std::as_const(instruments)) {
+            ModuleGlobals::AddInUse(session, serial, instrument.mtag, u"asmith"_s);
+            const auto parameters = ModuleGlobals::GetCalParams(session, instrument.asset);
+            const int points = ModuleGlobals::GetTestPointList(session, instrument.asset);
+            auto& results = held[instrument.asset];
+            for (int i = 0; i < points; ++i) {
+                const double nominal =
+                    parameters.input_low + double{std::as_const(session.TestPointList)[i]} *
+                                               (parameters.input_high - parameters.input_low);
+                results << result(20260318, minute / 60 * 10000 + minute % 60 * 100,
+                                  QList<double>(parameters.repetitions, nominal));
+            }
+        }
+    }
+    QString upload() override { return ModuleTSInterface::TorqueStar_upload(driver); }
+    bool isHeld(const QString& asset) override {
+        return held.contains(asset) &&
+               rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' and "
+                    "hvm_kv_task_standards_inuse.mtag = inventory.mtag"_s.arg(asset)) == QStringList{u"1"_s};
+    }
+
+  private:
+    std::optional<QByteArray> replyTo(const QByteArray& body) {
+        const auto id = body.first(3);
+        if (id == "T0D")
+            return identity(serial.toInt());
+        if (id == "T1C") {
+            selected = QString::fromLatin1(body.mid(3, body.indexOf('=') - 3));
+            if (!held.contains(selected))
+                return QByteArray("t1C\x02");
+        }
+        if (id == "T1D")
+            return held.value(selected).value(taken[selected]++ % held.value(selected).size());
+        if (id == "T1J")
+            held.remove(selected);
+        if (id == "T1F")
+            return QByteArray("t1F.");
+        return 't' + id.sliced(1);
+    }
+
+    const QString serial = u"48213"_s;
+    QHash<QString, QList<QByteArray>> held;
+    QHash<QString, qsizetype> taken;
+    QString selected;
+    ScriptedSerialPort port;
+    LinePeer peer;
+    TorqueStar driver{session, port};
+};
+
+TEST_P(TorqueUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
+    tryEachStatement();
+}
+
+INSTANTIATE_TEST_SUITE_P(EachStatement, TorqueUploadInTrouble, everyTrouble);
+
+} // namespace kelvane::testing
