@@ -124,11 +124,11 @@ TEST_F(CalRecord, WithoutStandardsAndResultsNoneAreWritten) {
 }
 
 TEST_F(CalRecord, ResultLineAndStandardAreNotMadeSafe) {
-    session.RecordStandards[0] = u"O'Neill"_s;
-    session.RecordResults[0] = u"5' tape"_s;
+    session.RecordStandards[0] = u"O''Neill"_s;
+    session.RecordResults[0] = u"5'' tape"_s;
     create();
-    EXPECT_TRUE(script.statements.contains(standardInsert(u"O'Neill"_s)));
-    EXPECT_TRUE(script.statements.contains(resultInsert(u"5' tape"_s, 0)));
+    EXPECT_TRUE(script.statements.contains(standardInsert(u"O''Neill"_s)));
+    EXPECT_TRUE(script.statements.contains(resultInsert(u"5'' tape"_s, 0)));
 }
 
 TEST_F(CalRecord, InventoryFieldsAreEmptiedByTheFlags) {
