@@ -168,8 +168,11 @@ void MDIFormMain::changeEvent(QEvent* event) {
 }
 
 void MDIFormMain::mnuExit() {
-    if (session_.ui.messageBox(text(115), text(101), box::question) == BoxAnswer::yes)
-        surroundings_.endProcess();
+    if (session_.ui.messageBox(text(115), text(101), box::question) != BoxAnswer::yes)
+        return;
+    // The end unwinds nothing, and an engine of ours then leaves its last records beside its files.
+    closeConnection(session_);
+    surroundings_.endProcess();
 }
 
 void MDIFormMain::mnuLogout() {

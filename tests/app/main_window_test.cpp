@@ -246,7 +246,15 @@ TEST_F(MainWindow, OnYesTheProcessEndsWithTheWindowsStillOpen) {
     EXPECT_EQ(processEnded, 1);
     EXPECT_TRUE(child(u"FormCalConfig"_s).isVisible());
     EXPECT_TRUE(settings.writes.isEmpty());
-    EXPECT_TRUE(script.open);
+}
+
+TEST_F(MainWindow, OnYesTheConnectionIsClosedBeforeTheProcessEnds) {
+    startLoggedIn(4);
+    bool openAtEnd = true;
+    atEnd = [&] { openAtEnd = script.open; };
+    person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+    program.window.close();
+    EXPECT_FALSE(openAtEnd);
 }
 
 } // namespace kelvane::testing

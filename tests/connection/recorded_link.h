@@ -6,13 +6,16 @@
 namespace kelvane::testing {
 
 /// A driver that keeps the texts that reach it. Controls: `failures` (an error for a text), `failAt` (the
-/// error of the n-th text, from 0).
+/// error of the n-th text, from 0), `busyTimes` (so many texts meet the lock of another workstation).
 class RecordedLink final : public DriverLink {
   public:
     QStringList statements;
     QList<Rows> rows;
     QHash<QString, Error> failures;
     std::optional<qsizetype> failAt;
+    int busyTimes = 0;
+    /// What an engine says of a lock.
+    static Error locked() { return {5, QStringLiteral("database is locked"), QStringLiteral("HY000")}; }
 
     void execute(const QString& statement) override {
         if (failAt == statements.size()) {
@@ -20,6 +23,10 @@ class RecordedLink final : public DriverLink {
             throw Error{19, QStringLiteral("statement %1 failed").arg(*failAt), QStringLiteral("HY000")};
         }
         statements << statement;
+        if (busyTimes > 0) {
+            --busyTimes;
+            throw locked();
+        }
         if (const auto failure = failures.constFind(statement); failure != failures.cend())
             throw *failure;
     }

@@ -92,11 +92,9 @@ QStringList Road::records(const QString& asset) {
 
 void Road::expectSoundDatabase() {
     const auto fresh = database.connect();
-    for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
-        const auto found = fresh->select(u"pragma "_s + owner + u".integrity_check"_s);
-        ASSERT_TRUE(found->next());
-        EXPECT_EQ(found->value(0), u"ok"_s) << owner.toStdString();
-    }
+    for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s})
+        EXPECT_EQ(queryRows(*fresh, u"pragma "_s + owner + u".integrity_check"_s), QStringList{u"ok"_s})
+            << owner.toStdString();
 }
 
 void Road::logInAgain(WreckableFile& destroyed) {

@@ -51,7 +51,7 @@ class Road : public ::testing::Test {
 
     /// The rows of a query, columns joined with "|".
     QStringList rows(const QString& query, int columns = 1);
-    void execute(const QString& statement) { sharedConnection(session).execute(statement); }
+    void execute(const QString& statement) { executeAnything(sharedConnection(session), statement); }
     /// The instruments that are registered with the calibrator.
     QStringList registered();
     /// The standards that are in use with an instrument.
@@ -75,7 +75,7 @@ class Road : public ::testing::Test {
     ScriptedUserInterface ui;
     EmbeddedDatabase database{QString::fromUtf8(KELVANE_TEST_DATABASE), databaseSettings()};
     simulators::Workshop workshop;
-    Workplace workplace{ui, clock, database.dsn(), workshop.link(), odbcConnections()};
+    Workplace workplace{ui, clock, database.dsn(), workshop.link(), openConnections()};
     Session& session = workplace.session;
     HeardPort port{workplace.line, clock};
     DpclnkLibrary link;
