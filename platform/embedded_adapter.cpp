@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -145,10 +146,13 @@ void EmbeddedAdapter::executeTogether(DriverLink& link, const QStringList& state
     }
 }
 
-void EmbeddedAdapter::requireFiles() const {
+void EmbeddedAdapter::requireFiles(DriverLink& link) {
     const auto missing = files_.firstMissing();
-    if (!missing.isEmpty())
-        throw Error{cannotOpen, text(2052).arg(QDir::toNativeSeparators(missing)), u"08S01"_s, true};
+    if (missing.isEmpty())
+        return;
+    if (std::exchange(inTransaction_, false))
+        rollBack(link);
+    throw Error{cannotOpen, text(2052).arg(QDir::toNativeSeparators(missing)), u"08S01"_s, true};
 }
 
 void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
@@ -170,7 +174,7 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
 }
 
 void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
-    requireFiles();
+    requireFiles(link);
     for (const auto& step : embeddedBatch(statement)) {
         if (step.committed && step.statements.size() > 1 && !inTransaction_) {
             executeTogether(link, step.statements);
@@ -182,7 +186,7 @@ void EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
 }
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
-    requireFiles();
+    requireFiles(link);
     const auto query = embeddedQuery(statement, rows);
     std::unique_ptr<RecordSet> found;
     whenFree([&] { found = link.select(query, Rows::all); });
@@ -191,13 +195,13 @@ std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QStri
 
 /// The write lock is taken at the start, so that two workstations can't wait for each other.
 void EmbeddedAdapter::beginTransaction(DriverLink& link) {
-    requireFiles();
+    requireFiles(link);
     whenFree([&] { link.execute(u"begin immediate"_s); });
     inTransaction_ = true;
 }
 
 void EmbeddedAdapter::commitTransaction(DriverLink& link) {
-    requireFiles();
+    requireFiles(link);
     link.execute(u"commit"_s);
     inTransaction_ = false;
 }

@@ -32,8 +32,9 @@ class EmbeddedAdapter final : public EngineAdapter {
     void whenFree(Statement statement) const;
     void attach(DriverLink& link, const QString& file);
     void executeTogether(DriverLink& link, const QStringList& statements) const;
-    /// Throws the error of a lost connection when a file is no longer the one that was opened.
-    void requireFiles() const;
+    /// Throws the error of a lost connection when a file is no longer the one that was opened. An open
+    /// transaction ends before: its locks on the other files would stay.
+    void requireFiles(DriverLink& link);
 
     WhileWaiting whileWaiting_;
     DatabaseFiles files_;

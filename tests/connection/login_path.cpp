@@ -1,6 +1,6 @@
-// login_path FOLDER: logs in to a copy of the database in FOLDER, as whom it knows and as whom it does not, and reads
-// a row. It is built without sanitizers and run under valgrind, which sees what the driver manager and the driver do
-// with their buffers.
+// login_path FOLDER: logs in to a copy of the database in FOLDER, as whom it knows and as whom it does not,
+// and reads a row. It is built without sanitizers and run under valgrind, which sees what the driver manager
+// and the driver do with their buffers.
 
 #include "platform/odbc_connection.h"
 

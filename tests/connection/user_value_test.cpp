@@ -11,7 +11,7 @@ TEST(UserValue, IsTheBareNameUnlessACharacterNeedsBraces) {
         EXPECT_EQ(userValue(name), name);
 }
 
-TEST(UserValue, IsInBracesWhereTheNameWouldEndOrBegOtherwise) {
+TEST(UserValue, IsInBracesWhereABareNameWouldBeReadOtherwise) {
     EXPECT_EQ(userValue(u"a;PWD=b"_s), u"{a;PWD=b}"_s);
     EXPECT_EQ(userValue(u"{a"_s), u"{{a}"_s);
     EXPECT_EQ(userValue(u"a}b"_s), u"{a}}b}"_s);
