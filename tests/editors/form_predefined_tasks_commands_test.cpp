@@ -60,7 +60,7 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
         {u"X-9"_s, unknownInstrument, true},
         {u" A-1"_s, unknownInstrument, true},
         {u"B-1"_s, notConfigured, true},
-        {u"A'1"_s, unknownInstrument, true},
+        {u"A''1"_s, unknownInstrument, true},
     };
     for (const auto& one : cases) {
         script.statements.clear();

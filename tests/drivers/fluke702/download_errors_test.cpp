@@ -121,12 +121,12 @@ TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndDefinedWithoutAT
     EXPECT_EQ(registered(), QStringList{u"KI-1"_s});
 }
 
-TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteBreaksItsStatementsAsItDoesEverywhere) {
-    const auto asset = u"LT-10'COL"_s;
+TEST_F(FlukeDownloadErrors, AnAssetNumberWithQuotesInPairsGoesIntoItsStatementsAsItIs) {
+    const auto asset = u"LT-10''COL"_s;
     addPackage(u"TAG"_s, {asset});
     EXPECT_EQ(download(), QString());
     EXPECT_TRUE(script.statements.contains(selectParams(asset)));
-    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10'COL\""_s});
+    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10''COL\""_s});
     EXPECT_EQ(registered().size(), 1);
 }
 
