@@ -166,13 +166,16 @@ void UploadInTrouble::tryEachStatement() {
         const auto result = upload();
         maker.number = 0;
         const bool wasLost = std::exchange(maker.isLost, false);
-        SCOPED_TRACE("statement " + std::to_string(number) + (wasLost ? ", lost" : ""));
+        SCOPED_TRACE("statement " + std::to_string(number) + (wasLost ? ", lost" : "") + " at " + time.toStdString() + ": " + result.toStdString() + "\n" +
+                     folder.read(u"errors.log"_s).toStdString());
         expectNothingLost(result);
         recover();
         expectWholeAndOnlyRecords();
         if (HasFailure())
             return;
-        QFile::remove(Journal(session).path()); // it would grow from statement to statement
+        // Both would grow from statement to statement.
+        QFile::remove(Journal(session).path());
+        QFile::remove(u"errors.log"_s);
     }
 }
 
