@@ -64,6 +64,28 @@ void Road::pressUpload(const QString& message) {
     EXPECT_FALSE(ui.progressShown);
 }
 
+QStringList Road::withoutRecord() {
+    QStringList assets;
+    for (const auto& result : unfinishedResults(session))
+        assets << result.asset;
+    return assets;
+}
+
+void Road::makeRecords() {
+    const auto results = unfinishedResults(session);
+    for (const auto& result : results) {
+        const auto begun = rows(
+            u"select ctag from mt.calibration where cdsrc = 'KVN' and c2301 || ' ' || c2333 = '%1' and mtag "
+            "= (select mtag from mt.inventory where i4201 = '%2')"_s.arg(result.date, result.asset));
+        if (begun.isEmpty())
+            expectRecord(result.asset);
+        const auto outcome = makeRecordOf(session, result.id);
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(outcome.end, MakeRecordOutcome::End::made) << outcome.message.toStdString();
+    }
+    EXPECT_EQ(withoutRecord(), QStringList());
+}
+
 QStringList Road::rows(const QString& query, int columns) {
     return queryRows(sharedConnection(session), query, columns);
 }

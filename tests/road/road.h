@@ -8,6 +8,7 @@
 #include "tests/simulators/programs.h"
 #include "tests/support/embedded_database.h"
 #include "tests/workflow/scripted_screen.h"
+#include "workflow/unfinished_results.h"
 
 #include <functional>
 
@@ -23,6 +24,9 @@ inline const QString unknownCalibrator = QStringLiteral(
 inline const QString recordExists = QStringLiteral(
     "A calibration record for this UUT with the same calibration date and time already exists! "
     "Aborting calibration record creation for this UUT.");
+inline const QString connectionLost =
+    QStringLiteral("This workstation is no longer connected to the database. Please select FILE,LOG OUT "
+                   "from the menu, or CTRL-L to log out and reconnect.");
 } // namespace told
 
 inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
@@ -45,6 +49,11 @@ class Road : public ::testing::Test {
     /// The box of a record that is there already.
     void expectRefusal();
     void pressUpload(const QString& message = told::uploaded);
+
+    /// The instruments whose results have no record yet.
+    QStringList withoutRecord();
+    /// He presses Make Record for each of them; those of which no record was begun ask him for theirs.
+    void makeRecords();
 
     /// He adds an instrument, names a standard and no second one; without a standard nobody asks for one.
     void list(const QString& asset, const QString& standard);

@@ -94,7 +94,8 @@ class TorqueUploadInTrouble : public UploadInTrouble {
     QString upload() override { return ModuleTSInterface::TorqueStar_upload(driver); }
     bool isHeld(const QString& asset) override {
         return held.contains(asset) &&
-               rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' and "
+               rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' "
+                    u"and "
                     "hvm_kv_task_standards_inuse.mtag = inventory.mtag"_s.arg(asset)) == QStringList{u"1"_s};
     }
 
