@@ -94,8 +94,8 @@ TEST_F(PackageOptions, ClicksOnListAndSqlPutTheFocusIntoTheirEntry) {
     EXPECT_FALSE(button(u"CommandAdd"_s).isDefault());
     option(u"AssetList"_s);
     EXPECT_TRUE(entry().hasFocus());
-    EXPECT_TRUE(button(u"CommandAdd"_s).isDefault());
-    EXPECT_FALSE(button(u"CommandSave"_s).isDefault());
+    EXPECT_FALSE(button(u"CommandAdd"_s).isDefault());
+    EXPECT_TRUE(button(u"CommandSave"_s).isDefault());
     option(u"Model"_s);
     EXPECT_TRUE(the<QRadioButton>(u"OptionModel"_s).hasFocus());
     // The arrow keys choose like the mouse does.

@@ -185,21 +185,4 @@ TEST_F(StrategiesInTheProgram, LogOutIsRefusedWhileTheScreenIsOpen) {
     EXPECT_TRUE(session.SessionConnected);
 }
 
-TEST_F(StrategiesTest, BlanksForANameOrAPointCancelTheQuestion) {
-    open();
-    expectRenameDialog(u"  "_s);
-    screen.press(u"CommandRename"_s);
-    EXPECT_EQ(statements(), QStringList());
-    expectPointDialog(QString());
-    screen.press(u"CommandAddTP"_s);
-    screen.select(0);
-    expectModifyDialog(u" "_s);
-    screen.press(u"CommandModify"_s);
-    EXPECT_EQ(screen.points(), (QStringList{u"0"_s, u"25"_s, u"50"_s, u"75"_s, u"100"_s}));
-    expectNameDialog(u"   "_s);
-    screen.press(u"CommandAdd"_s);
-    EXPECT_EQ(screen.name(), u"FIVE"_s);
-    EXPECT_EQ(screen.allNames().size(), 2);
-}
-
 } // namespace kelvane::testing

@@ -275,11 +275,11 @@ TEST_F(WorkConfigTest, SaveOfNoFieldInsertsNone) {
 
 TEST_F(WorkConfigTest, SaveTakesTheFourCharactersBehindTheC) {
     script.answers[selectRequested] = {Row{u"23456"_s, u"Too long"_s}, Row{u"23"_s, u"Short"_s},
-                                       Row{u"23'4"_s, u"Quote"_s}};
+                                       Row{u"23''"_s, u"Quotes"_s}};
     open();
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(statements().mid(1, 3),
-              (QStringList{insertField(u"2345"_s, 0), insertField(u"23 :"_s, 1), insertField(u"23'4"_s, 2)}));
+              (QStringList{insertField(u"2345"_s, 0), insertField(u"23 :"_s, 1), insertField(u"23''"_s, 2)}));
 }
 
 TEST_F(WorkConfigTest, AFailureOfEachStatementOfASaveEndsItThereAndTheScreenKeepsWhatWasChosen) {

@@ -2,6 +2,7 @@
 #include "data/cal_params.h"
 #include "tests/support/program_fixture.h"
 #include "ui/form_custom_dialog.h"
+#include "workflow/form_docking_down.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -50,7 +51,7 @@ class FormDockingDownTest : public ProgramTest {
     /// Opens the screen for a calibrator without a driver, which takes everything.
     void openForAny() {
         open(u"Fluke 702"_s);
-        control<QLabel>(form(), u"SSPanelCalibrator"_s).setText(u"Any"_s);
+        dynamic_cast<FormDockingDown&>(form()).takeCalibrator(u"Any"_s);
     }
     ChildWindow& form() { return child(u"FormDockingDown"_s); }
     QLineEdit& entry() { return control<QLineEdit>(form(), u"TextAdd"_s); }
@@ -273,7 +274,7 @@ TEST_F(FormDockingDownTest, TheWordDownloadStartsItInAnyCase) {
 TEST_F(FormDockingDownTest, AFailedDownloadKeepsScreenAndListForAnotherTry) {
     openForAny();
     add(u"A-1"_s);
-    control<QLabel>(form(), u"SSPanelCalibrator"_s).setText(u"Fluke 743/744"_s);
+    dynamic_cast<FormDockingDown&>(form()).takeCalibrator(u"Fluke 743/744"_s);
     for (int attempt = 0; attempt < 2; ++attempt) {
         person.expectBox(noDriver, title, box::warning);
         click(button(u"CommandDownload"_s));
