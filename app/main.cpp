@@ -4,6 +4,7 @@
 #include "drivers/torquestar/qt_serial_port.h"
 #include "platform/odbc_connection.h"
 #include "platform/reason_log.h"
+#include "ui/repaint.h"
 
 #include <QApplication>
 
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
     SettingsWithPorts settings(stored, portsOf(QApplication::arguments()));
     QtSerialPort port(settings);
     DpclnkLibrary link;
-    WorkstationProgram program(clock, settings, odbcConnections(), port, link,
+    WorkstationProgram program(clock, settings, odbcConnections(repaintWindows), port, link,
                                {
                                    .dataSources = odbcDataSources,
                                    .commandLine = QApplication::arguments().join(u' '),

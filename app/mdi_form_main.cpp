@@ -165,7 +165,7 @@ void MDIFormMain::load() {
         setCaptions();
         statusLine_->refresh();
         resize(pixels(widthInTwips), pixels(heightInTwips));
-        restorePlace(session_, *this);
+        guarded(session_.ui, [this] { restorePlace(session_, *this); });
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
         show();
         placeAtStart_ = placeOf(*this);
@@ -222,8 +222,12 @@ void MDIFormMain::changeEvent(QEvent* event) {
 void MDIFormMain::mnuExit() {
     if (session_.ui.messageBox(text(115), text(101), box::question) != BoxAnswer::yes)
         return;
-    if (const auto place = placeOf(*this); place != placeAtStart_)
-        storePlace(session_, place);
+    guarded(session_.ui, [this] {
+        if (const auto place = placeOf(*this); place != placeAtStart_)
+            storePlace(session_, place);
+    });
+    // The end unwinds nothing, and an engine of ours then leaves its last records beside its files.
+    closeConnection(session_);
     surroundings_.endProcess();
 }
 

@@ -66,17 +66,17 @@ Site::Site(const QString& databaseFrom)
 }
 
 void Site::copyInstrument(const QString& like, const QStringList& names) {
-    auto& connection = sharedConnection(session);
+    const auto connection = database.connect(user, u"kelvane"_s);
     const QStringList tables{u"inventory"_s, u"hvm_kv_tag_config"_s, u"hvm_kv_proc_prompts"_s};
     for (const auto& table : tables)
-        connection.execute(
-            u"create temp table copied_%1 as select * from mt.%1 where mtag = (select mtag from "
-            "mt.inventory where i4201 = '%2')"_s.arg(table, like));
+        testing::executeAnything(
+            *connection, u"create temp table copied_%1 as select * from mt.%1 where mtag = (select mtag from "
+                         "mt.inventory where i4201 = '%2')"_s.arg(table, like));
     for (const auto& name : names) {
-        connection.execute(u"update copied_inventory set i4201 = '%1', i4206 = '%1'"_s.arg(name));
+        connection->execute(u"update copied_inventory set i4201 = '%1', i4206 = '%1'"_s.arg(name));
         for (const auto& table : tables) {
-            connection.execute(u"update copied_%1 set mtag = '%2'"_s.arg(table, name));
-            connection.execute(u"insert into mt.%1 select * from copied_%1"_s.arg(table));
+            connection->execute(u"update copied_%1 set mtag = '%2'"_s.arg(table, name));
+            connection->execute(u"insert into mt.%1 select * from copied_%1"_s.arg(table));
         }
     }
 }

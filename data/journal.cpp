@@ -211,10 +211,13 @@ void Journal::setDate(const QString& id, const QString& date, const QString& tim
 }
 
 void Journal::end(const QString& id, JournalEnd end, const QString& why) {
-    write(id, {{stateKey, stateOf(end)}, {"endReason"_L1, why}, {"ended"_L1, stamp(session_)},
+    write(id, {{stateKey, stateOf(end)},
+               {"endReason"_L1, why},
+               {"ended"_L1, stamp(session_)},
                {"endedBy"_L1, session_.SessionUser}});
-    file_.rewriteAbove(rotationSize,
-                       [this](const QList<QByteArray>& lines) { return withoutOldEnded(lines, rotationSize); });
+    file_.rewriteAbove(rotationSize, [this](const QList<QByteArray>& lines) {
+        return withoutOldEnded(lines, rotationSize);
+    });
 }
 
 QList<JournalEntry> Journal::unfinished() const {

@@ -118,8 +118,8 @@ QList<QByteArray> JournalFile::lines() const {
     return readLines(path_);
 }
 
-void JournalFile::rewriteAbove(
-    qint64 size, const std::function<QList<QByteArray>(const QList<QByteArray>&)>& kept) const {
+void JournalFile::rewriteAbove(qint64 size,
+                               const std::function<QList<QByteArray>(const QList<QByteArray>&)>& kept) const {
     if (QFileInfo(path_).size() <= size)
         return;
     const Lock lock(path_);

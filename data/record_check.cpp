@@ -69,9 +69,8 @@ QList<StoredRecord> recordsOf(Session& session, Routine& routine, const RecordCo
     QList<StoredRecord> records;
     const auto time = contents.time.isEmpty() ? Sql(u" is null") : u" = " + sqlText(contents.time);
     const auto rows = routine.select(u"select ctag,c2339,c2323 from " + sqlName(session.SessionOwner) +
-                                     u".calibration where c2301 = " + sqlText(contents.date) +
-                                     u" and c2333" + time + u" and mtag = " + sqlText(contents.mtag) +
-                                     u" and cdsrc = 'KVN'");
+                                     u".calibration where c2301 = " + sqlText(contents.date) + u" and c2333" +
+                                     time + u" and mtag = " + sqlText(contents.mtag) + u" and cdsrc = 'KVN'");
     while (rows->next()) {
         StoredRecord record;
         record.ctag = notNull(rows->value(0));

@@ -42,8 +42,7 @@ bool mayBecome(const StoredRecord& record, const RecordContents& contents);
 
 /// Writes what the record lacks: standards, lines and, as long as it is the current one, the copies of its
 /// fields. Deletes nothing. Throws the errors of the database.
-void complete(Session& session, Routine& routine, const StoredRecord& record,
-              const RecordContents& contents);
+void complete(Session& session, Routine& routine, const StoredRecord& record, const RecordContents& contents);
 
 /// True when the record has exactly the lines, and each of the standards. Throws the errors of the database.
 bool isWhole(Session& session, const StoredRecord& record, const RecordContents& contents);

@@ -49,8 +49,7 @@ bool sameResults(const JournalEntry& left, const JournalEntry& right) {
         return false;
     if (left.readings.isEmpty()) // nothing had been read of it
         return left.serial == right.serial;
-    return left.raw == right.raw ||
-           (isDate(left.date) && left.date == right.date && left.time == right.time);
+    return left.raw == right.raw || (isDate(left.date) && left.date == right.date && left.time == right.time);
 }
 
 } // namespace

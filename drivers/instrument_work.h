@@ -56,9 +56,9 @@ class InstrumentWork {
     ReportWatch preparation_;
 };
 
-/// Has the record of an entry made, whose lines, fields and standards stand in the session's lists: the way of
-/// `CreateCalRecord`, as long as no error is reported on it. Before it writes, the journal learns the date that
-/// the operator has given.
+/// Has the record of an entry made, whose lines, fields and standards stand in the session's lists: the way
+/// of `CreateCalRecord`, as long as no error is reported on it. Before it writes, the journal learns the date
+/// that the operator has given.
 QString createRecord(Session& session, const JournalEntry& entry);
 
 /// Ends an entry of which there is a whole record, and the older ones of the same results.

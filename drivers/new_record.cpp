@@ -19,7 +19,13 @@ void fillFields(Session& session, std::span<const FieldValue> values) {
 }
 
 int takeStandardsInUse(Session& session, const QString& asset, int row) {
+    const int reports = session.reportCount;
     const int count = ModuleGlobals::GetStandardsInUse(session, asset);
+    // More standards than the list takes were reported. The record is made without them, so that this one
+    // report spoils no preparation.
+    const auto& standards = std::as_const(session.StandardsInUse);
+    if (count == 0 && !standards[standards.last].isEmpty())
+        session.reportCount = reports;
     for (int i = 0; i < count; ++i)
         session.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
     return count;

@@ -8,6 +8,10 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <chrono>
+#include <thread>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -15,16 +19,29 @@ namespace kelvane {
 namespace {
 
 constexpr int mostAttached = 10; // the engine's own limit
+/// How long a lock of another workstation is waited for, in all.
+constexpr std::chrono::milliseconds longestWait{5000};
+constexpr std::chrono::milliseconds betweenTries{20};
 
 // What the engine's native codes say; the higher bits hold details.
 enum NativeCode : int {
     noTransaction = 1,
+    busy = 5,
     readOnly = 8,
     inputOutput = 10,
     damaged = 11,
     cannotOpen = 14,
     notADatabase = 26,
 };
+
+int primaryCode(const Error& error) {
+    return static_cast<int>(error.number) & 0xff;
+}
+
+/// An error of the engine has a state, the program's own ones of the same number have none.
+bool isBusy(const Error& error) {
+    return primaryCode(error) == busy && !error.sqlState.isEmpty();
+}
 
 QString quoted(const QString& text) {
     return u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
@@ -68,18 +85,6 @@ void checkLogin(DriverLink& link, const QString& user, const QString& password) 
         throw Error{-103, text(1066), u"28000"_s};
 }
 
-void attach(DriverLink& link, const QString& file) {
-    // As an address the file is never made when it has just gone.
-    const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
-    const auto schema = QFileInfo(file).completeBaseName();
-    try {
-        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
-    } catch (const Error& error) {
-        unusable(file, error);
-    }
-    prove(link, schema, file);
-}
-
 /// Ends the open transaction without its changes. False when it may still be open: whatever ran on this
 /// connection from now on would never be committed.
 bool rollBack(DriverLink& link) {
@@ -96,20 +101,50 @@ qint64 sumOfRows(qint64 first, qint64 second) {
     return first < 0 || second < 0 ? -1 : first + second;
 }
 
-/// Runs the statements one by one; gives the number of rows that they have changed.
-qint64 executeEach(DriverLink& link, const QStringList& statements) {
-    qint64 rows = 0;
-    for (const auto& statement : statements)
-        rows = sumOfRows(rows, link.execute(statement));
-    return rows;
+} // namespace
+
+/// The driver's own wait can't be interrupted and counts several times over, so that it is kept short.
+QString EmbeddedAdapter::driverSettings() const {
+    return u";Timeout=50"_s;
+}
+
+template <class Statement>
+auto EmbeddedAdapter::whenFree(Statement statement) const {
+    const auto end = std::chrono::steady_clock::now() + longestWait;
+    while (true) {
+        try {
+            return statement();
+        } catch (const Error& error) {
+            if (!isBusy(error) || std::chrono::steady_clock::now() >= end)
+                throw;
+        }
+        if (whileWaiting_)
+            whileWaiting_();
+        std::this_thread::sleep_for(betweenTries);
+    }
+}
+
+void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
+    // As an address the file is never made when it has just gone.
+    const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
+    const auto schema = QFileInfo(file).completeBaseName();
+    try {
+        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
+    } catch (const Error& error) {
+        unusable(file, error);
+    }
+    whenFree([&] { prove(link, schema, file); });
+    files_.add(file);
 }
 
 /// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait
 /// for each other.
-qint64 executeTogether(DriverLink& link, const QStringList& statements) {
-    link.execute(u"begin immediate"_s);
+qint64 EmbeddedAdapter::executeTogether(DriverLink& link, const QStringList& statements) const {
+    whenFree([&] { link.execute(u"begin immediate"_s); });
     try {
-        const auto rows = executeEach(link, statements);
+        qint64 rows = 0;
+        for (const auto& statement : statements)
+            rows = sumOfRows(rows, link.execute(statement));
         link.execute(u"commit"_s);
         return rows;
     } catch (Error& failure) {
@@ -118,11 +153,19 @@ qint64 executeTogether(DriverLink& link, const QStringList& statements) {
     }
 }
 
-} // namespace
+void EmbeddedAdapter::requireFiles(DriverLink& link) {
+    const auto missing = files_.firstMissing();
+    if (missing.isEmpty())
+        return;
+    if (std::exchange(inTransaction_, false))
+        rollBack(link);
+    throw Error{cannotOpen, text(2052).arg(QDir::toNativeSeparators(missing)), u"08S01"_s, true};
+}
 
 void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
-    prove(link, u"main"_s, main.filePath());
+    whenFree([&] { prove(link, u"main"_s, main.filePath()); });
+    files_.add(main.filePath());
     if (!firstValue(link, u"select name from main.sqlite_master where name = 'accounts'"_s))
         throw Error{notADatabase, text(1084).arg(QDir::toNativeSeparators(main.filePath()))};
     checkLogin(link, user, password);
@@ -137,7 +180,16 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
         attach(link, owner.filePath());
 }
 
+/// Runs the statements one by one.
+qint64 EmbeddedAdapter::executeEach(DriverLink& link, const QStringList& statements) const {
+    qint64 rows = 0;
+    for (const auto& statement : statements)
+        rows = sumOfRows(rows, whenFree([&] { return link.execute(statement); }));
+    return rows;
+}
+
 qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
+    requireFiles(link);
     qint64 rows = 0;
     for (const auto& step : embeddedBatch(statement)) {
         const bool together = step.committed && step.statements.size() > 1 && !inTransaction_;
@@ -149,16 +201,22 @@ qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
 }
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
-    return link.select(embeddedQuery(statement, rows), Rows::all);
+    requireFiles(link);
+    const auto query = embeddedQuery(statement, rows);
+    std::unique_ptr<RecordSet> found;
+    whenFree([&] { found = link.select(query, Rows::all); });
+    return found;
 }
 
 /// The write lock is taken at the start, so that two workstations can't wait for each other.
 void EmbeddedAdapter::beginTransaction(DriverLink& link) {
-    link.execute(u"begin immediate"_s);
+    requireFiles(link);
+    whenFree([&] { link.execute(u"begin immediate"_s); });
     inTransaction_ = true;
 }
 
 void EmbeddedAdapter::commitTransaction(DriverLink& link) {
+    requireFiles(link);
     link.execute(u"commit"_s);
     inTransaction_ = false;
 }
@@ -174,7 +232,7 @@ void EmbeddedAdapter::rollBackTransaction(DriverLink& link) {
 
 bool EmbeddedAdapter::meansLost(const Error& error) const {
     // Disk or share gone, file replaced or damaged: nothing that this connection does is worth anything now.
-    const auto code = static_cast<int>(error.number) & 0xff;
+    const auto code = primaryCode(error);
     return code == inputOutput || code == damaged || code == cannotOpen || code == notADatabase;
 }
 

@@ -1,13 +1,22 @@
 #pragma once
 
+#include "platform/embedded_files.h"
 #include "platform/engine_adapter.h"
 
 namespace kelvane {
 
 /// The adapter of SQLite. The data source names one file, which holds the accounts; every other "*.db" file
 /// in its folder is an owner of that name and is attached when the connection opens.
+///
+/// Statements come from routines and stored conditions: what they have no reason to do is refused
+/// (`platform/embedded_permissions.h`). A lock of another workstation is waited for, up to five seconds for
+/// each statement or batch. A file that was removed or replaced while it is in use ends the connection with
+/// the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
+    explicit EmbeddedAdapter(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
+
+    QString driverSettings() const override;
     /// Proves every file to be a database that can be written, checks the login, sets what the session needs.
     void opened(DriverLink& link, const QString& user, const QString& password) override;
     qint64 execute(DriverLink& link, const QString& statement) override;
@@ -18,6 +27,18 @@ class EmbeddedAdapter final : public EngineAdapter {
     bool meansLost(const Error& error) const override;
 
   private:
+    /// Runs `statement`, which has done nothing as long as another workstation holds its lock.
+    template <class Statement>
+    auto whenFree(Statement statement) const;
+    void attach(DriverLink& link, const QString& file);
+    qint64 executeTogether(DriverLink& link, const QStringList& statements) const;
+    qint64 executeEach(DriverLink& link, const QStringList& statements) const;
+    /// Throws the error of a lost connection when a file is no longer the one that was opened. An open
+    /// transaction ends before: its locks on the other files would stay.
+    void requireFiles(DriverLink& link);
+
+    WhileWaiting whileWaiting_;
+    DatabaseFiles files_;
     bool inTransaction_ = false;
 };
 

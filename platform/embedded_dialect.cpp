@@ -1,5 +1,6 @@
 #include "platform/embedded_dialect.h"
 
+#include "platform/embedded_permissions.h"
 #include "platform/embedded_scopes.h"
 #include "platform/sql_text.h"
 #include "resources/strings.h"
@@ -25,9 +26,6 @@ class Functions {
     void rewrite() {
         for (std::size_t at = 0; at < tokens_.size(); ++at) {
             const auto& token = tokens_[at];
-            if (!token.isName())
-                continue;
-            refuseLoading(token);
             if (token.kind != TokenKind::word || !symbolAt(at + 1, u'(') ||
                 (at > 0 && symbolAt(at - 1, u'.')))
                 continue;
@@ -45,14 +43,6 @@ class Functions {
   private:
     bool symbolAt(std::size_t place, char16_t symbol) const {
         return place < tokens_.size() && tokens_[place].is(symbol);
-    }
-
-    /// The driver lets every statement load program code, quoted name or not.
-    static void refuseLoading(const Token& token) {
-        static constexpr auto forbidden = "load_extension"_L1;
-        if (token.text.size() >= forbidden.size() &&
-            token.name().compare(forbidden, Qt::CaseInsensitive) == 0)
-            throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(1088)};
     }
 
     /// The place behind "now(*)", or 0 when it doesn't stand here.
@@ -130,26 +120,40 @@ QString rewritten(const QString& batch, TokenSpan part, const SqlTokens& sql, Ro
     return piece.size() == batch.size() ? batch : piece.toString();
 }
 
+bool isCommit(TokenSpan part) {
+    return part.size() == 1 && part.front().is("commit"_L1);
+}
+
 void requireStatement(bool found) {
     if (!found)
         throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(1083)};
+}
+
+/// An incomplete text is checked too: the driver may carry out what stands before the piece that is never
+/// closed.
+void requireAllPermitted(const QVarLengthArray<TokenSpan, 4>& parts) {
+    for (const auto part : parts)
+        requirePermitted(part);
 }
 
 } // namespace
 
 QList<BatchStep> embeddedBatch(const QString& batch) {
     const auto sql = tokensOf(batch);
-    if (!sql.complete)
-        return {{{batch}}};
     const auto parts = batchParts(sql);
+    if (!sql.complete) {
+        requireAllPermitted(parts);
+        return {{{batch}}};
+    }
     requireStatement(!parts.isEmpty());
     QList<BatchStep> steps;
     BatchStep step;
     for (const auto part : parts) {
-        if (part.size() == 1 && part.front().is("commit"_L1)) {
+        if (isCommit(part)) {
             step.committed = true;
             steps << std::exchange(step, {});
         } else {
+            requirePermitted(part);
             step.statements << rewritten(batch, part, sql, Rows::all);
         }
     }
@@ -160,12 +164,13 @@ QList<BatchStep> embeddedBatch(const QString& batch) {
 
 QString embeddedQuery(const QString& query, Rows rows) {
     const auto sql = tokensOf(query);
+    auto parts = batchParts(sql);
+    if (parts.size() > 1 && isCommit(parts.back()))
+        parts.removeLast();
+    requireAllPermitted(parts);
     if (!sql.complete)
         return query;
-    auto parts = batchParts(sql);
     requireStatement(!parts.isEmpty());
-    if (parts.size() > 1 && parts.back().size() == 1 && parts.back().front().is("commit"_L1))
-        parts.removeLast();
     return parts.size() == 1 ? rewritten(query, parts.front(), sql, rows) : query;
 }
 

@@ -17,11 +17,12 @@ struct BatchStep {
 };
 
 /// A batch in steps: cut at ";", a "commit" closing the step before it, comments taken out. A text without
-/// any statement is an error.
+/// any statement is an error, and so is one that holds a statement which is not permitted
+/// (`requirePermitted`).
 QList<BatchStep> embeddedBatch(const QString& batch);
 
 /// A query; with `Rows::first` the engine is asked for one row only. Several statements in one text are left
-/// alone.
+/// alone. The same errors.
 QString embeddedQuery(const QString& query, Rows rows);
 
 } // namespace kelvane

@@ -28,9 +28,9 @@ class VerbatimAdapter final : public EngineAdapter {
 
 } // namespace
 
-std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName) {
+std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName, WhileWaiting whileWaiting) {
     if (dbmsName == "SQLite"_L1)
-        return std::make_unique<EmbeddedAdapter>();
+        return std::make_unique<EmbeddedAdapter>(std::move(whileWaiting));
     return std::make_unique<VerbatimAdapter>();
 }
 

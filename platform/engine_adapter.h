@@ -20,6 +20,10 @@ class DriverLink {
 class EngineAdapter {
   public:
     virtual ~EngineAdapter() = default;
+    /// What the engine's driver has to be told beyond the data source, as the end of a connection string such
+    /// as
+    /// ";Timeout=50"; empty for an engine that is not ours.
+    virtual QString driverSettings() const { return {}; }
     /// Called once the driver has connected: settings of the session, and the login where the engine has no
     /// accounts.
     virtual void opened(DriverLink& link, const QString& user, const QString& password) = 0;
@@ -36,8 +40,12 @@ class EngineAdapter {
     virtual bool meansLost(const Error& error) const = 0;
 };
 
+/// What is done again and again while a statement waits for another workstation, such as repainting the
+/// window. It must not run a statement.
+using WhileWaiting = std::function<void()>;
+
 /// The adapter for a driver that calls its engine `dbmsName`: "SQLite" gets the embedded one, any other the
 /// verbatim one.
-std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName);
+std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName, WhileWaiting whileWaiting = {});
 
 } // namespace kelvane

@@ -15,73 +15,85 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-namespace {
+OdbcConnection::OdbcConnection(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
 
-class OdbcConnection final : public Connection {
-  public:
-    void open(const QString& connectionString, const QString& user, const QString& password) override {
-        if (link_ && !link_->isLost())
-            throw makeError(ErrorNumber::connectionOpen);
-        close();
-        auto link = std::make_unique<OdbcLink>(connectionString, user, password);
-        auto adapter = engineAdapterFor(link->dbmsName());
-        adapter->opened(*link, user, password);
-        link->lostWhen([&meaning = *adapter](const Error& error) { return meaning.meansLost(error); });
-        adapter_ = std::move(adapter);
-        link_ = std::move(link);
-    }
-    void close() override {
-        link_.reset();
-        adapter_.reset();
-    }
-    bool isOpen() const override { return link_ != nullptr; }
-    bool isLost() const override { return link_ && link_->isLost(); }
-    qint64 execute(const QString& statement) override {
-        qint64 rows = -1;
-        change([&](OdbcLink& open) { rows = adapter_->execute(open, statement); });
-        return rows;
-    }
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        auto& open = link();
-        return adapter_->select(open, statement, rows);
-    }
-    void beginTransaction() override {
-        change([this](OdbcLink& open) { adapter_->beginTransaction(open); });
-    }
-    void commitTransaction() override {
-        change([this](OdbcLink& open) { adapter_->commitTransaction(open); });
-    }
-    void rollBackTransaction() override {
-        change([this](OdbcLink& open) { adapter_->rollBackTransaction(open); });
-    }
+OdbcConnection::~OdbcConnection() = default;
 
-  private:
-    /// Runs what changes the database; an error that leaves the connection unusable gives it up.
-    template <class Step>
-    void change(Step step) {
-        auto& open = link();
-        try {
-            step(open);
-        } catch (const Error& error) {
-            if (error.connectionLost)
-                open.giveUp();
-            throw;
-        }
+void OdbcConnection::open(const QString& connectionString, const QString& user, const QString& password) {
+    if (link_ && !link_->isLost())
+        throw makeError(ErrorNumber::connectionOpen);
+    close();
+    auto link = std::make_unique<OdbcLink>(connectionString, user, password);
+    auto adapter = engineAdapterFor(link->dbmsName(), whileWaiting_);
+    if (const auto settings = adapter->driverSettings(); !settings.isEmpty()) {
+        link.reset();
+        link = std::make_unique<OdbcLink>(connectionString, user, password, settings);
     }
-    OdbcLink& link() const {
-        if (!link_)
-            throw makeError(ErrorNumber::connectionClosed);
-        return *link_;
+    adapter->opened(*link, user, password);
+    link->lostWhen([&meaning = *adapter](const Error& error) { return meaning.meansLost(error); });
+    adapter_ = std::move(adapter);
+    link_ = std::move(link);
+}
+
+void OdbcConnection::close() {
+    link_.reset();
+    adapter_.reset();
+}
+
+bool OdbcConnection::isOpen() const {
+    return link_ != nullptr;
+}
+
+bool OdbcConnection::isLost() const {
+    return link_ && link_->isLost();
+}
+
+qint64 OdbcConnection::execute(const QString& statement) {
+    qint64 rows = -1;
+    run([&](OdbcLink& open) { rows = adapter_->execute(open, statement); });
+    return rows;
+}
+
+std::unique_ptr<RecordSet> OdbcConnection::select(const QString& statement, Rows rows) {
+    std::unique_ptr<RecordSet> found;
+    run([&](OdbcLink& open) { found = adapter_->select(open, statement, rows); });
+    return found;
+}
+
+void OdbcConnection::beginTransaction() {
+    run([this](OdbcLink& open) { adapter_->beginTransaction(open); });
+}
+
+void OdbcConnection::commitTransaction() {
+    run([this](OdbcLink& open) { adapter_->commitTransaction(open); });
+}
+
+void OdbcConnection::rollBackTransaction() {
+    run([this](OdbcLink& open) { adapter_->rollBackTransaction(open); });
+}
+
+/// An error that leaves the connection unusable gives it up.
+template <class Step>
+void OdbcConnection::run(Step step) {
+    auto& open = link();
+    try {
+        step(open);
+    } catch (const Error& error) {
+        if (error.connectionLost)
+            open.giveUp();
+        throw;
     }
+}
 
-    std::unique_ptr<EngineAdapter> adapter_;
-    std::unique_ptr<OdbcLink> link_;
-};
+OdbcLink& OdbcConnection::link() const {
+    if (!link_)
+        throw makeError(ErrorNumber::connectionClosed);
+    return *link_;
+}
 
-} // namespace
-
-ConnectionFactory odbcConnections() {
-    return [] { return std::make_unique<OdbcConnection>(); };
+ConnectionFactory odbcConnections(WhileWaiting whileWaiting) {
+    return
+        [whileWaiting = std::move(whileWaiting)] { return std::make_unique<OdbcConnection>(whileWaiting); };
 }
 
 QStringList odbcDataSources() {

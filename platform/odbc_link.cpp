@@ -240,11 +240,18 @@ QString bracedValue(const QString& value) {
     return u'{' + QString(value).replace(u"}"_s, u"}}"_s) + u'}';
 }
 
-OdbcLink::OdbcLink(const QString& connectionString, const QString& user, const QString& password)
+QString userValue(const QString& user) {
+    const bool bare = !user.isEmpty() && !user.contains(u';') && !user.contains(u'{') &&
+                      !user.contains(u'}') && !user.front().isSpace() && !user.back().isSpace();
+    return bare ? user : bracedValue(user);
+}
+
+OdbcLink::OdbcLink(const QString& connectionString, const QString& user, const QString& password,
+                   const QString& settings)
     : session_(std::make_shared<OdbcSession>()) {
     try {
         session_->connect(connectionString,
-                          u";UID="_s + bracedValue(user) + u";PWD="_s + bracedValue(password));
+                          u";UID="_s + userValue(user) + u";PWD="_s + bracedValue(password) + settings);
     } catch (Error& error) {
         error.description = text(1080).arg(connectionString, error.description);
         throw;

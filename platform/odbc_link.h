@@ -11,8 +11,10 @@ class OdbcSession;
 /// fail with error 3709.
 class OdbcLink final : public DriverLink {
   public:
-    /// Connects without any prompt. `connectionString` names the data source; the login goes beside it.
-    OdbcLink(const QString& connectionString, const QString& user, const QString& password);
+    /// Connects without any prompt. `connectionString` names the data source; the login goes beside it, and
+    /// behind both `settings` of the driver, which count more than those of the data source.
+    OdbcLink(const QString& connectionString, const QString& user, const QString& password,
+             const QString& settings = {});
     /// Ends what is still open and disconnects.
     ~OdbcLink() override;
     OdbcLink(const OdbcLink&) = delete;
@@ -38,5 +40,9 @@ class OdbcLink final : public DriverLink {
 
 /// A value as a connection string takes it: in braces, a closing brace doubled.
 QString bracedValue(const QString& value);
+/// A user name as a connection string takes it: bare, since some drivers take braces for a part of the name.
+/// In braces only where a character needs them, and when it is empty: the data source's own user would count
+/// then.
+QString userValue(const QString& user);
 
 } // namespace kelvane

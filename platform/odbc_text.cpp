@@ -124,12 +124,19 @@ SQLRETURN connectText(SQLHDBC connection, const QString& dataSource, const QStri
 
 DriverText driverTextOf(SQLHDBC connection) {
     // An accented letter, one beyond Latin and one beyond 16 bits: only wide functions bring all three back.
-    const auto probe = u"'\u00e9\u6e29\U0001F527'"_s;
-    std::array<SQLWCHAR, 32> back{};
+    static constexpr QStringView probe = u"'\u00e9\u6e29\U0001F527'";
+    // The driver manager may give a narrow driver a buffer of four bytes for each unit that goes in, whatever
+    // room it tells the driver: more room is written past its end, and too little for the text in UTF-8
+    // leaves that without an end.
+    constexpr auto room = 3 * probe.size() + 1;
+    static_assert(room <= 4 * probe.size());
+    std::array<SQLWCHAR, static_cast<std::size_t>(room)> back{};
+    const auto question = probe.toString();
     SQLINTEGER length = 0;
-    if (!SQL_SUCCEEDED(SQLNativeSqlW(connection, wideText(probe), static_cast<SQLINTEGER>(probe.size()),
+    if (!SQL_SUCCEEDED(SQLNativeSqlW(connection, wideText(question), static_cast<SQLINTEGER>(question.size()),
                                      back.data(), static_cast<SQLINTEGER>(back.size()), &length)))
         throw lastError(SQL_HANDLE_DBC, connection, DriverText::wide);
+    back.back() = 0;
     return terminated(back.data()) == probe ? DriverText::wide : DriverText::utf8;
 }
 

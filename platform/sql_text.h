@@ -26,7 +26,8 @@ struct Token {
     bool is(char16_t symbol) const { return kind == TokenKind::symbol && text.front() == symbol; }
     /// The keyword or plain name `word`, in any case.
     bool is(QLatin1StringView word) const {
-        return kind == TokenKind::word && text.compare(word, Qt::CaseInsensitive) == 0;
+        return kind == TokenKind::word && text.size() == word.size() &&
+               text.compare(word, Qt::CaseInsensitive) == 0;
     }
     bool isName() const { return kind == TokenKind::word || kind == TokenKind::quotedName; }
     /// What a name stands for, its quotes taken off.

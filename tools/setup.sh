@@ -8,7 +8,7 @@ build_packages=(
     sqlite3 fonts-dejavu-core
     libgtest-dev
 )
-test_packages=(locales)
+test_packages=(locales valgrind)
 check_packages=(clang-format clang-tidy)
 
 setup_packages() {

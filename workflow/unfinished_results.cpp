@@ -135,9 +135,8 @@ bool RecordMaking::settleMoment() {
 }
 
 bool RecordMaking::ask(int prompt, FieldKind kind, QString& value) {
-    const auto answer =
-        ModuleGlobals::CustomDialog(session_, text(textTitle), text(prompt).arg(entry_.asset), true, 0, 0,
-                                    static_cast<qint16>(kind), {});
+    const auto answer = ModuleGlobals::CustomDialog(session_, text(textTitle), text(prompt).arg(entry_.asset),
+                                                    true, 0, 0, static_cast<qint16>(kind), {});
     const auto moment = momentOf(answer, session_.SessionDateFormat);
     const bool isDate = kind == FieldKind::date;
     if (!moment || !(isDate ? moment->date.isValid() : moment->time.isValid()))
@@ -231,9 +230,9 @@ QList<UnfinishedResult> unfinishedResults(Session& session) {
     const auto entries = readJournal(session);
     for (const auto& entry : entries) {
         const auto date = QString(entry.date + u' ' + entry.time).trimmed();
-        results << UnfinishedResult{entry.id,         entry.asset, date,
-                                    entry.calibrator, entry.why,   entry.lines.isEmpty() ? entry.readings
-                                                                                         : entry.lines};
+        results << UnfinishedResult{entry.id,  entry.asset,
+                                    date,      entry.calibrator,
+                                    entry.why, entry.lines.isEmpty() ? entry.readings : entry.lines};
     }
     return results;
 }
@@ -260,9 +259,8 @@ MakeRecordOutcome makeRecordOf(Session& session, const QString& id) {
 }
 
 bool discardResult(Session& session, const QString& id) {
-    return changeJournal(session, [&](Journal& journal) {
-        journal.end(id, JournalEnd::discarded, text(textDiscarded));
-    });
+    return changeJournal(
+        session, [&](Journal& journal) { journal.end(id, JournalEnd::discarded, text(textDiscarded)); });
 }
 
 } // namespace kelvane

@@ -3,7 +3,7 @@
 
 create table if not exists inventory (
     mtag  text primary key,
-    i4201 text not null unique,                                     -- asset number
+    i4201 text not null unique collate nocase,                      -- asset number; case doesn't count
     i4202 text,                                                     -- manufacturer
     i4203 text,                                                     -- model
     i4204 text,                                                     -- description

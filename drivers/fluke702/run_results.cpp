@@ -7,6 +7,7 @@
 #include "resources/strings.h"
 
 #include <QJsonArray>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -21,11 +22,11 @@ constexpr int textReading = 2020;
 
 /// Every 32-bit number, infinite ones and those that are none included.
 QString written(float value) {
-    return QString::number(double{value}, 'g', 9);
+    return QString::number(double{value}, 'g', QLocale::FloatingPointShortest);
 }
 
 float readFloat(const QJsonValue& value) {
-    return value.toString().toFloat();
+    return static_cast<float>(value.toString().toDouble());
 }
 
 /// A first run that passes is also the last; one that fails waits for its as-left run.

@@ -121,7 +121,8 @@ QString download(TorqueStar& driver, const QString& tag) {
             return *result;
     }
     for (int i = 0; i < count; ++i) {
-        activity.show(text(textLoading).arg(entries[i].asset, QString::number(i + 1), QString::number(count)));
+        activity.show(
+            text(textLoading).arg(entries[i].asset, QString::number(i + 1), QString::number(count)));
         if (const auto failure = loadInstrument(driver, entries[i], fields); !failure.isEmpty())
             return failure;
         ModuleGlobals::AddInUse(session, serial, entries[i].mtag, session.SessionUser);

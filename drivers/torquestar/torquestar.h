@@ -31,9 +31,9 @@ QString TorqueStar_download(TorqueStar& driver, const QString& tag);
 /// Reads all results, writes the calibration records and clears the calibrator: empty on success, else the
 /// failure.
 QString TorqueStar_upload(TorqueStar& driver);
-/// Judges the results of a tool out of the journal again by the instrument's present parameters: lines, fields
-/// and standards stand in the session's lists then. The entry's own date and time count. Empty, or the reason
-/// why they can't be judged. Errors are reported.
+/// Judges the results of a tool out of the journal again by the instrument's present parameters: lines,
+/// fields and standards stand in the session's lists then. The entry's own date and time count. Empty, or the
+/// reason why they can't be judged. Errors are reported.
 QString TorqueStar_judge_again(Session& session, JournalEntry& entry);
 
 } // namespace ModuleTSInterface

@@ -140,8 +140,7 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
 bool Upload::prepare(const AssetEntry& entry, ToolResults& results, InstrumentWork& work) {
     const auto instrument = ModuleGlobals::GetCalParams(session_, entry.asset);
     ModuleGlobals::SetCalDataFields(session_, entry.asset);
-    const auto fractions =
-        fractionsOf(session_, ModuleGlobals::GetTestPointList(session_, entry.asset));
+    const auto fractions = fractionsOf(session_, ModuleGlobals::GetTestPointList(session_, entry.asset));
     if (!readResults(nameField(characteristicName(entry.asset)), fractions.size(), results))
         return false;
     Findings findings;

@@ -158,7 +158,8 @@ TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
     WorkstationProgram other(
         clock, unreadable, session.makeConnection, port, link,
         {.dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}});
-    // The name of the last user, and the two edges of the window.
+    // The main window's place, the name of the last user, and the login screen's place.
+    expectUnwritable();
     expectUnwritable();
     expectUnwritable();
     other.start();
@@ -306,7 +307,15 @@ TEST_F(MainWindow, OnYesTheProcessEndsWithTheWindowsStillOpen) {
     EXPECT_EQ(processEnded, 1);
     EXPECT_TRUE(child(u"FormCalConfig"_s).isVisible());
     EXPECT_TRUE(settings.writes.isEmpty());
-    EXPECT_TRUE(script.open);
+}
+
+TEST_F(MainWindow, OnYesTheConnectionIsClosedBeforeTheProcessEnds) {
+    startLoggedIn(4);
+    bool openAtEnd = true;
+    atEnd = [&] { openAtEnd = script.open; };
+    person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+    program.window.close();
+    EXPECT_FALSE(openAtEnd);
 }
 
 } // namespace kelvane::testing

@@ -109,18 +109,6 @@ TEST(EmbeddedDialect, NothingOfInterestIsPassedOnAsTheSameText) {
     EXPECT_EQ(embeddedQuery(statement, Rows::all).constData(), statement.constData());
 }
 
-TEST(EmbeddedDialect, LoadingProgramCodeIsRefused) {
-    for (const auto& statement :
-         {u"select load_extension('x')"_s, u"select LOAD_EXTENSION ('x')"_s,
-          u"select \"load_extension\"('x')"_s, u"select [Load_Extension]('x')"_s,
-          u"select `load_extension`('x')"_s, u"create view v as select load_extension('x')"_s}) {
-        const auto error = errorOf([&] { embeddedQuery(statement, Rows::all); });
-        ASSERT_TRUE(error) << statement.toStdString();
-        EXPECT_EQ(error->description, text(1088));
-    }
-    EXPECT_NO_THROW(embeddedQuery(u"select 'load_extension(1)'"_s, Rows::all));
-}
-
 TEST(EmbeddedQuery, OfTheFirstRowGetsALimit) {
     struct Case {
         const char* rule;
@@ -139,7 +127,7 @@ TEST(EmbeddedQuery, OfTheFirstRowGetsALimit) {
          u"select a from t union select b from k limit 1"_s},
         {"its own limit", u"select a from t LIMIT 5"_s, u"select a from t LIMIT 5"_s},
         {"a text of that name", u"select 'limit'"_s, u"select 'limit' limit 1"_s},
-        {"no select", u"pragma database_list"_s, u"pragma database_list"_s},
+        {"no select", u"values (1)"_s, u"values (1)"_s},
         {"a query with names of its own", u"with x as (select 1) select * from x"_s,
          u"with x as (select 1) select * from x"_s},
         {"an open parenthesis", u"select (a from t"_s, u"select (a from t"_s},

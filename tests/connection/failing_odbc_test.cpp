@@ -107,6 +107,45 @@ TEST(FailingOdbc, ADriverThatFailsForGoodInATransactionLosesTheConnectionAndNoth
     EXPECT_GT(lost, 0);
 }
 
+TEST(FailingOdbc, ATransactionOfSeveralTextsIsCarriedOutWholeOrNotAtAll) {
+    const SmallDatabase database;
+    const auto connection = database.connect();
+    const auto inserts = [&] {
+        connection->beginTransaction();
+        try {
+            connection->execute(u"insert into mt.readings (note) values ('a');commit"_s);
+            connection->execute(u"insert into mt.readings (note) values ('b');commit"_s);
+            connection->commitTransaction();
+        } catch (const Error&) {
+            connection->rollBackTransaction();
+            throw;
+        }
+    };
+    failEachCall(inserts, [&](bool) {
+        ASSERT_FALSE(connection->isLost());
+        const auto query = u"select count(*) % 2 from mt.readings"_s;
+        EXPECT_EQ(firstColumn(*connection, query), QStringList{u"0"_s});
+        EXPECT_EQ(firstColumn(*database.connect(), query), QStringList{u"0"_s});
+        EXPECT_FALSE(errorOf(inserts));
+    });
+}
+
+TEST(FailingOdbc, ATransactionWhoseRollBackFailsForGoodLosesTheConnectionAndStoresNothing) {
+    const SmallDatabase database;
+    const auto connection = database.connect();
+    connection->beginTransaction();
+    connection->execute(u"insert into mt.readings (note) values ('a');commit"_s);
+    failFrom(0);
+    EXPECT_TRUE(errorOf([&] { connection->commitTransaction(); }));
+    EXPECT_TRUE(errorOf([&] { connection->rollBackTransaction(); }).value().connectionLost);
+    failCall(-1);
+    EXPECT_TRUE(connection->isLost());
+    EXPECT_EQ(errorOf([&] { connection->execute(u"delete from mt.readings;commit"_s); }).value().number,
+              3709);
+    connection->open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
+    EXPECT_EQ(firstColumn(*connection, u"select count(*) from mt.readings"_s), QStringList{u"0"_s});
+}
+
 TEST(FailingOdbc, AQueryThrowsOrGivesEverything) {
     const SmallDatabase database;
     const auto connection = database.connect();

@@ -49,10 +49,7 @@ std::unique_ptr<Connection> SmallDatabase::connect() const {
 }
 
 QStringList firstColumn(Connection& connection, const QString& query) {
-    QStringList values;
-    for (const auto rows = connection.select(query); rows->next();)
-        values << rows->value(0).value_or(u"(null)"_s);
-    return values;
+    return queryRows(connection, query);
 }
 
 } // namespace kelvane::testing

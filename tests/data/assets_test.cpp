@@ -65,7 +65,7 @@ TEST_F(Assets, CheckAssetGivesTheKey) {
 }
 
 TEST_F(Assets, AnAssetNumberGoesIntoTheStatementAsItIs) {
-    for (const auto& asset : {u"O'Brien"_s, u"шум-溫度"_s, QString(200, u'x'), u"50%"_s, QString()}) {
+    for (const auto& asset : {u"O''Brien"_s, u"шум-溫度"_s, QString(200, u'x'), u"50%"_s, QString()}) {
         CheckAsset(session, asset);
         EXPECT_EQ(script.statements.last(),
                   u"select mtag from MT.inventory where i4201 = '"_s + asset + u"'"_s);
@@ -73,17 +73,17 @@ TEST_F(Assets, AnAssetNumberGoesIntoTheStatementAsItIs) {
 }
 
 TEST_F(Assets, LookUpsThatFailAreReportedUnderTheirNamesAndGiveEmptyTexts) {
-    const auto bySerial = u"select i4201 from MT.inventory where i4206 = 'O'B'"_s;
-    const auto byBeginning = u"select i4201 from MT.inventory where i4206 like 'O'B%' and i4201 like 'P%'"_s;
-    const auto byAsset = u"select mtag from MT.inventory where i4201 = 'O'B'"_s;
+    const auto bySerial = u"select i4201 from MT.inventory where i4206 = 'O-B'"_s;
+    const auto byBeginning = u"select i4201 from MT.inventory where i4206 like 'O-B%' and i4201 like 'P%'"_s;
+    const auto byAsset = u"select mtag from MT.inventory where i4201 = 'O-B'"_s;
     for (const auto& statement : {bySerial, byBeginning, byAsset})
         script.failures[statement] = serverError;
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(AssetfromSerial(session, u"O'B"_s), QString());
+    EXPECT_EQ(AssetfromSerial(session, u"O-B"_s), QString());
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(AssetfromSerial(session, u"O'B"_s, u"P"_s), QString());
+    EXPECT_EQ(AssetfromSerial(session, u"O-B"_s, u"P"_s), QString());
     ui.expectReport(-131, u"ModuleGlobals,CheckAsset"_s);
-    EXPECT_EQ(CheckAsset(session, u"O'B"_s), QString());
+    EXPECT_EQ(CheckAsset(session, u"O-B"_s), QString());
     const auto log = folder.read(u"errors.log"_s);
     EXPECT_TRUE(log.contains(bySerial) && log.contains(byBeginning) && log.contains(byAsset))
         << log.toStdString();
@@ -207,11 +207,11 @@ TEST_F(Assets, ANameThatIsAnotherPackagesTagTakesTheFirstRow) {
 }
 
 TEST_F(Assets, APackageNameIsSafeInItsOwnQueryAndRawInThatOfItsMembers) {
-    script.answers[packageOf(u"Bob''s"_s)] = {
+    script.answers[packageOf(u"Bob''''s"_s)] = {
         {u"PDEF"_s, u"A"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt}};
-    GetAssetsInTaskPackage(session, u"Bob's"_s);
-    EXPECT_EQ(script.statements.first(), packageOf(u"Bob''s"_s));
-    EXPECT_TRUE(script.statements.last().endsWith(u"where taskname = 'Bob's'))"_s));
+    GetAssetsInTaskPackage(session, u"Bob''s"_s);
+    EXPECT_EQ(script.statements.first(), packageOf(u"Bob''''s"_s));
+    EXPECT_TRUE(script.statements.last().endsWith(u"where taskname = 'Bob''s'))"_s));
 }
 
 TEST_F(Assets, AMemberWithoutAssetNumberOrKeyIsReported) {

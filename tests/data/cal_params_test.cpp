@@ -108,8 +108,8 @@ TEST_F(CalParams, TheIndicatedFlagsAreNotSwapped) {
 
 TEST_F(CalParams, TheAssetAndTheOwnerGoInAsTheyAre) {
     session.SessionOwner = u"ABC"_s;
-    GetCalParams(session, u"O'B"_s);
-    EXPECT_EQ(script.statements, QStringList{calParamsStatement(u"ABC"_s, u"O'B"_s)});
+    GetCalParams(session, u"O''B"_s);
+    EXPECT_EQ(script.statements, QStringList{calParamsStatement(u"ABC"_s, u"O''B"_s)});
 }
 
 TEST_F(CalParams, AreReadAnewAtEachCall) {
@@ -338,9 +338,9 @@ TEST_F(TestPoints, WithNullsAreReported) {
 }
 
 TEST_F(TestPoints, AskForTheRepetitionsOfTheRawAssetAndForThePointsOfTheSafeOne) {
-    GetTestPointList(session, u"O'B"_s);
-    EXPECT_TRUE(script.statements.at(0).endsWith(u"where i4201 = 'O'B')"_s));
-    EXPECT_TRUE(script.statements.at(1).endsWith(u"where i4201 = 'O''B')) order by test_point_seq asc"_s));
+    GetTestPointList(session, u"O''B"_s);
+    EXPECT_TRUE(script.statements.at(0).endsWith(u"where i4201 = 'O''B')"_s));
+    EXPECT_TRUE(script.statements.at(1).endsWith(u"where i4201 = 'O''''B')) order by test_point_seq asc"_s));
 }
 
 namespace {

@@ -96,7 +96,8 @@ TEST_F(CalRecordErrors, CallerIsAskedBeforeTheOperatorIsAndBeforeTheFirstStateme
         set(u"C2301"_s, u"03/16/2026"_s);
         set(u"C2303"_s, {});
         return ModuleGlobals::CreateCalRecord(
-            session, u"A-1"_s, {.mayAsk = answer(u"ask"_s, mayAsk), .mayWrite = answer(u"write"_s, mayWrite)});
+            session, u"A-1"_s,
+            {.mayAsk = answer(u"ask"_s, mayAsk), .mayWrite = answer(u"write"_s, mayWrite)});
     };
     EXPECT_EQ(create(false, true), QString());
     EXPECT_EQ(asked, QStringList{u"ask 03/16/2026"_s});

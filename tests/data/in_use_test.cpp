@@ -62,10 +62,10 @@ TEST_F(InUse, AnUnknownCalibratorIsRegisteredWithAnEmptyKey) {
 TEST_F(InUse, AFailedFirstInsertLeavesTheSecondOut) {
     haveCalibrator();
     script.failures
-        [u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('702-1',now(*),'4711','O'B');commit"_s] =
+        [u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('702-1',now(*),'4711','O-B');commit"_s] =
         Error{-131, u"Syntax error"_s};
     ui.expectReport(-131, u"ModuleGlobals,AddInUse"_s);
-    AddInUse(session, u"702-1"_s, u"4711"_s, u"O'B"_s);
+    AddInUse(session, u"702-1"_s, u"4711"_s, u"O-B"_s);
     EXPECT_EQ(script.statements.size(), 3);
     EXPECT_FALSE(ui.busy);
 }

@@ -76,9 +76,9 @@ TEST_F(ResultJournal, EntryComesBackWholeWithMomentUserAndOwner) {
     EXPECT_EQ(entry->user, u"jdoe"_s);
     EXPECT_EQ(entry->owner, u"MT"_s);
     const auto written = entryFor(u"PT-101"_s);
-    for (const auto text : {&JournalEntry::driver, &JournalEntry::calibrator, &JournalEntry::serial,
-                            &JournalEntry::asset, &JournalEntry::mtag, &JournalEntry::date,
-                            &JournalEntry::time, &JournalEntry::why})
+    for (const auto text :
+         {&JournalEntry::driver, &JournalEntry::calibrator, &JournalEntry::serial, &JournalEntry::asset,
+          &JournalEntry::mtag, &JournalEntry::date, &JournalEntry::time, &JournalEntry::why})
         EXPECT_EQ((*entry).*text, written.*text);
     EXPECT_EQ(entry->raw, written.raw);
     EXPECT_EQ(entry->readings, written.readings);
@@ -157,7 +157,8 @@ TEST_F(ResultJournal, ATornLastLineIsPassedOverAndEndedBeforeTheNext) {
     const auto whole = bytes();
     for (const qsizetype length : {qsizetype{1}, whole.size() / 2, whole.size() - 1}) {
         // All but the line end is a whole line.
-        const QStringList torn = length == whole.size() - 1 ? QStringList{u"A"_s, u"A"_s} : QStringList{u"A"_s};
+        const QStringList torn =
+            length == whole.size() - 1 ? QStringList{u"A"_s, u"A"_s} : QStringList{u"A"_s};
         auto second = whole;
         second.replace("\"id\":\"", "\"id\":\"x");
         put(whole + second.left(length + (length == whole.size() - 1 ? 1 : 0)));
@@ -199,10 +200,15 @@ TEST_F(ResultJournal, RotationDropsOldEndedEntriesAndNeverAnUnfinishedOne) {
 }
 
 TEST_F(ResultJournal, NoTwoDataSourcesShareAFile) {
-    const QStringList names{u"Lab"_s,    u"lab"_s,      u"Lab "_s, u"La/b"_s,  u"La_b"_s,
-                            u"La\\b"_s,  u"../Lab"_s,   u".."_s,   QString(),  u"Labor f\u00fcr Druck"_s,
-                            u"Lab\0x"_s, u"CON"_s,      u"Lab;x"_s, u"Lab\n"_s, u"*?<>|\":"_s,
-                            QString(1000, u'L'), QString(1001, u'L')};
+    const QStringList names{u"Lab"_s,           u"lab"_s,
+                            u"Lab "_s,          u"La/b"_s,
+                            u"La_b"_s,          u"La\\b"_s,
+                            u"../Lab"_s,        u".."_s,
+                            QString(),          u"Labor f\u00fcr Druck"_s,
+                            u"Lab\0x"_s,        u"CON"_s,
+                            u"Lab;x"_s,         u"Lab\n"_s,
+                            u"*?<>|\":"_s,      QString(1000, u'L'),
+                            QString(1001, u'L')};
     QStringList files;
     for (const auto& name : names) {
         const auto file = Journal::fileName(name);

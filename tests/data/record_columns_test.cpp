@@ -164,10 +164,10 @@ TEST_F(SourceColumnTest, DatesAndTimesAreWrittenForTheScreen) {
 }
 
 TEST_F(SourceColumnTest, FailuresAreReportedAndGiveEmpty) {
-    const auto statement = u"select I4229 from ABC.inventory where i4201 = 'O'Neill'"_s;
+    const auto statement = u"select I4229 from ABC.inventory where i4201 = 'O''Neill'"_s;
     script.failures[statement] = Error{-131, u"Syntax error"_s};
     ui.expectReport(-131, u"ModuleGlobals,SourceColumn"_s);
-    EXPECT_EQ(SourceColumn(session, u"4229"_s, u"O'Neill"_s), QString());
+    EXPECT_EQ(SourceColumn(session, u"4229"_s, u"O''Neill"_s), QString());
 
     typeOf(u"I4225"_s, u"DATE"_s);
     script.answers[u"select I4225 from ABC.inventory where i4201 = 'A-1'"_s] = {{u"soon"_s}};
@@ -247,8 +247,8 @@ TEST_F(DestColumnTest, DatesAndTimesAreWrittenForTheStatement) {
 }
 
 TEST_F(DestColumnTest, ValueIsNotMadeSafe) {
-    EXPECT_EQ(statementFor(u"I4224"_s, u"O'Neill"_s),
-              u"update ABC.inventory set I4224 = 'O'Neill' where i4201 = 'A-1';commit"_s);
+    EXPECT_EQ(statementFor(u"I4224"_s, u"O''Neill"_s),
+              u"update ABC.inventory set I4224 = 'O''Neill' where i4201 = 'A-1';commit"_s);
 }
 
 TEST_F(DestColumnTest, UnknownBeginningsAndTheKeyItselfDoNothing) {

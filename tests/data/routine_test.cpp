@@ -84,9 +84,9 @@ TEST_F(RoutineGuard, OfAFailingInnerRoutineLetsTheOuterOneGoOn) {
     QString seen;
     Routine outer(session, u"ModuleGlobals,outer"_s);
     EXPECT_FALSE(outer.run([&] {
-        outer.execute(u"outer 1"_s);
+        outer.execute(u"outer 1");
         seen = inner();
-        outer.execute(u"outer 2"_s);
+        outer.execute(u"outer 2");
     }));
     EXPECT_EQ(seen, u"default"_s);
     EXPECT_EQ(script.statements, (QStringList{u"outer 1"_s, u"inner"_s, u"outer 2"_s}));
@@ -99,9 +99,9 @@ TEST_F(RoutineGuard, AroundAnInnerOneShowsItsOwnStatement) {
     ui.expectReport(6, u"ModuleGlobals,outer"_s);
     Routine outer(session, u"ModuleGlobals,outer"_s);
     outer.run([&] {
-        outer.execute(u"outer"_s);
+        outer.execute(u"outer");
         Routine inner(session, u"ModuleGlobals,inner"_s);
-        inner.run([&] { inner.execute(u"inner"_s); });
+        inner.run([&] { inner.execute(u"inner"); });
         throw makeError(ErrorNumber::overflow);
     });
     EXPECT_EQ(logLines().last(), u"outer"_s);
@@ -136,7 +136,7 @@ TEST_F(RoutineGuard, WithoutAConnectionYetMakesOne) {
     EXPECT_TRUE(routine.run([&] { routine.execute(u"a"); }));
     const auto* made = session.SharedConnection.get();
     EXPECT_NE(made, nullptr);
-    routine.run([&] { routine.execute(u"b"_s); });
+    routine.run([&] { routine.execute(u"b"); });
     EXPECT_EQ(session.SharedConnection.get(), made);
 }
 
@@ -145,12 +145,12 @@ TEST_F(RoutineGuard, AsksForOneRowWhereOneIsRead) {
     script.answers.insert(u"null"_s, {{std::nullopt}});
     Routine routine(session, u"ModuleGlobals,x"_s);
     routine.run([&] {
-        EXPECT_EQ(routine.selectValue(u"value"_s), u"first"_s);
-        EXPECT_EQ(routine.selectValue(u"null"_s), std::nullopt);
-        EXPECT_EQ(routine.selectValue(u"nothing"_s), std::nullopt);
-        EXPECT_TRUE(routine.hasRow(u"null"_s));
-        EXPECT_FALSE(routine.hasRow(u"nothing"_s));
-        routine.select(u"all"_s);
+        EXPECT_EQ(routine.selectValue(u"value"), u"first"_s);
+        EXPECT_EQ(routine.selectValue(u"null"), std::nullopt);
+        EXPECT_EQ(routine.selectValue(u"nothing"), std::nullopt);
+        EXPECT_TRUE(routine.hasRow(u"null"));
+        EXPECT_FALSE(routine.hasRow(u"nothing"));
+        routine.select(u"all");
     });
     EXPECT_EQ(script.firstRowOnly,
               (QStringList{u"value"_s, u"null"_s, u"nothing"_s, u"null"_s, u"nothing"_s}));

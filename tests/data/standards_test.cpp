@@ -185,13 +185,13 @@ TEST_F(Standards, TheOwnerMtInSmallLettersKeepsItsOwnSpelling) {
 }
 
 TEST_F(Standards, OnlyTheNameInTheFirstStatementIsMadeSafe) {
-    CheckStandard(session, u"O'B"_s, u"P'1"_s);
+    CheckStandard(session, u"O''B"_s, u"P''1"_s);
     const auto first = script.statements.first();
-    EXPECT_TRUE(first.endsWith(u"where i4201 = 'O''B'"_s));
-    EXPECT_TRUE(first.contains(u"where i4201 = 'P'1')"_s));
+    EXPECT_TRUE(first.endsWith(u"where i4201 = 'O''''B'"_s));
+    EXPECT_TRUE(first.contains(u"where i4201 = 'P''1')"_s));
     script.answers[first] = {{u"A"_s, std::nullopt, std::nullopt, u"B"_s, u"N"_s, u"N"_s}};
-    CheckStandard(session, u"O'B"_s, u"P'1"_s);
-    EXPECT_TRUE(script.statements.last().contains(u"where i4201 = 'O'B')"_s));
+    CheckStandard(session, u"O''B"_s, u"P''1"_s);
+    EXPECT_TRUE(script.statements.last().contains(u"where i4201 = 'O''B')"_s));
 }
 
 TEST_F(Standards, ADatabaseFailureLetsTheStandardPassWithAReport) {

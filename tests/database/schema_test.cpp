@@ -226,10 +226,10 @@ TEST_F(Schema, ARenamedStrategyMayJoinAnother) {
         u"8"_s);
 }
 
-TEST_F(Schema, TheUsersNameCountsInAnyLetterCaseTheAssetsDoesNot) {
+TEST_F(Schema, TheNamesOfUsersAndAssetsCountInAnyLetterCase) {
     EXPECT_EQ(valueOf(*connection, u"select mtlevel from mt.userlist where mtuser = 'JDoe'"_s), u"1"_s);
     EXPECT_EQ(queryRows(*connection, u"select mtag from mt.inventory where i4201 = 'tw-101'"_s),
-              QStringList());
+              QStringList{u"1301"_s});
 }
 
 TEST_F(Schema, LookupsOfARowGoThroughAnIndex) {

@@ -220,8 +220,13 @@ TEST_F(WorkOnAnInstrument, ADoneEntryEndsTheOlderOnesOfTheSameResultsAndNoOthers
     readings.clear(); // the same, of which nothing could be read
     ui.expectReport(6, routine);
     work([] { throw makeError(ErrorNumber::overflow); });
-    JournalEntry other{.driver = u"fluke702"_s, .serial = u"6841207"_s, .asset = u"PT-1"_s, .mtag = u"7"_s,
-                       .date = u"2026-03-18"_s, .time = u"09:00:00"_s, .readings = {u"1: 1"_s}};
+    JournalEntry other{.driver = u"fluke702"_s,
+                       .serial = u"6841207"_s,
+                       .asset = u"PT-1"_s,
+                       .mtag = u"7"_s,
+                       .date = u"2026-03-18"_s,
+                       .time = u"09:00:00"_s,
+                       .readings = {u"1: 1"_s}};
     const auto otherTime = Journal(session).add(other);
     other.asset = u"PT-2"_s;
     other.time = u"08:15:30"_s;

@@ -60,7 +60,7 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
         {u"X-9"_s, unknownInstrument, true},
         {u" A-1"_s, unknownInstrument, true},
         {u"B-1"_s, notConfigured, true},
-        {u"A'1"_s, unknownInstrument, true},
+        {u"A''1"_s, unknownInstrument, true},
     };
     for (const auto& one : cases) {
         script.statements.clear();
@@ -71,6 +71,17 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
         EXPECT_TRUE(entry().hasFocus());
         EXPECT_EQ(!script.statements.isEmpty(), one.sought);
     }
+}
+
+TEST_F(PackageCommands, AnInstrumentWhoseNumberHasAQuoteIsReportedAndCountsAsUnknown) {
+    open();
+    script.statements.clear();
+    person.expectReport(1, u"ModuleGlobals,CheckAsset"_s);
+    person.expectBox(unknownInstrument, packagesTitle, box::warning);
+    add(u"A'1"_s);
+    EXPECT_EQ(rows().size(), 2);
+    EXPECT_TRUE(entry().text().isEmpty());
+    EXPECT_TRUE(script.statements.isEmpty());
 }
 
 TEST_F(PackageCommands, AnInstrumentThatCantBeSoughtIsReportedAndCountsAsUnknown) {

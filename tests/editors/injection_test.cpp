@@ -1,4 +1,5 @@
 // No value that the editors put into a statement makes another statement of it.
+#include "data/assets.h"
 #include "editors/cal_param_columns.h"
 #include "editors/cal_param_load.h"
 #include "editors/form_predefined_tasks.h"
@@ -57,8 +58,8 @@ class Injection : public RecordedSession {
 TEST_F(Injection, EveryRawValueOfAStatementIsConfined) {
     for (const auto& value : ending) {
         SCOPED_TRACE(value.toStdString());
-        EXPECT_FALSE(instrumentQuery(session, value).isIntact());
-        EXPECT_FALSE(instrumentKey(session, value).isIntact());
+        EXPECT_FALSE(ModuleGlobals::mtagQuery(session, value).isIntact());
+        EXPECT_FALSE(ModuleGlobals::mtagOf(session, value).isIntact());
         EXPECT_FALSE(assetInsert(session, u"TAG"_s, value).isIntact());
         EXPECT_FALSE(assetInsert(session, value, u"PT-1"_s).isIntact());
         EXPECT_FALSE(packageInsert(session, {}, value).isIntact());
@@ -69,10 +70,9 @@ TEST_F(Injection, EveryRawValueOfAStatementIsConfined) {
 }
 
 TEST_F(Injection, TheOwnerIsANameAndNothingMore) {
-    for (const auto& owner :
-         ending + QStringList{u""_s, u"MT.inventory,mt"_s, u"MT "_s, u"MT--"_s, u"\"MT\""_s}) {
+    for (const auto& owner : ending + QStringList{u""_s, u"MT.inventory,mt"_s, u"MT--"_s, u"\"MT\""_s}) {
         session.SessionOwner = owner;
-        EXPECT_FALSE(instrumentQuery(session, u"PT-1"_s).isIntact()) << owner.toStdString();
+        EXPECT_FALSE(ModuleGlobals::mtagQuery(session, u"PT-1"_s).isIntact()) << owner.toStdString();
         for (const auto& kind : definitionKinds()) {
             if (kind.choices && kind.definition != Definition::segregate) {
                 EXPECT_FALSE(kind.choices(session).isIntact()) << owner.toStdString();

@@ -17,11 +17,6 @@ class RoadWithADatabaseFault : public TorqueRoad {
         carryOut(both);
     }
 
-    void expectReports(int number, const QStringList& routines) {
-        for (const auto& one : routines)
-            ui.expectReport(number, one);
-    }
-
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
     WreckableFile mt{database.file(u"mt.db"_s)};
 };
@@ -63,31 +58,32 @@ TEST_F(RoadWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndThe
     list(u"TW-101"_s);
 }
 
-// Each routine reports it and ends, and its caller goes on: the tools are taken off the calibrator, since no
-// record says that it was refused.
-TEST_F(RoadWithADatabaseFault, AConnectionLostInMidUploadIsReportedByEachRoutineAndTakesTheResultsWithIt) {
+TEST_F(RoadWithADatabaseFault, AConnectionLostInMidUploadEndsItBeforeTheNextToolIsTakenOff) {
     bringBack();
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { mt.wreck(); });
     ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
-    expectReports(connectionClosed, {u"ModuleGlobals,GetCalParams"_s, u"ModuleGlobals,FirstCal"_s,
-                                     u"ModuleGlobals,SetCalDataFields"_s, u"ModuleGlobals,GetTestPointList"_s,
-                                     u"ModuleGlobals,GetInUseData"_s, u"ModuleGlobals,GetInUseData"_s,
-                                     u"ModuleGlobals,CheckAsset"_s, u"ModuleGlobals,CreateCalRecord"_s});
-    expectReports(connectionClosed, {u"ModuleGlobals,AssetfromSerial"_s, u"ModuleGlobals,CheckAsset"_s,
-                                     u"ModuleGlobals,ClearInUse"_s});
-    pressUpload();
+    pressUpload(told::connectionLost);
     EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(heldNames(), QStringList());
+    EXPECT_EQ(heldNames(), both);
+    EXPECT_EQ(withoutRecord(), QStringList{u"TW-101"_s});
     // The next command says so, and changes nothing.
     expectChoice();
     ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
-    pressUpload(told::unknownCalibrator + u"\r\n"_s);
+    pressUpload(told::connectionLost);
 
     logInAgain(mt);
     EXPECT_EQ(registered(), both) << "the registry stays whole";
     EXPECT_EQ(records(u"TW-101"_s) + records(u"TW-102"_s), QStringList());
-    upload({}, told::noData(both));
+    makeRecords();
+    expectWhole({u"TW-101"_s});
+    expectChoice();
+    expectRecord(u"TW-101"_s);
+    expectRefusal();
+    expectRecord(u"TW-102"_s);
+    pressUpload();
+    expectWhole(both);
+    EXPECT_EQ(held(), simulators::Memory());
 }
 
 TEST_F(RoadWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsError75AndNothingIsTakenOff) {
@@ -157,8 +153,8 @@ TEST_F(RoadWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingToTheC
     download();
 }
 
-// Its results are taken off the calibrator all the same: the upload can't tell the report from a success.
-TEST_F(RoadWithALockedDatabase, ARecordThatCantBeWrittenIsReportedAndTheUploadGoesOnWithTheNextTool) {
+// Its results are taken off the calibrator all the same; the journal has them.
+TEST_F(RoadWithALockedDatabase, ARecordThatCantBeWrittenIsMadeOutOfTheJournal) {
     bringBack();
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { other.lock(); });
@@ -170,6 +166,9 @@ TEST_F(RoadWithALockedDatabase, ARecordThatCantBeWrittenIsReportedAndTheUploadGo
     expectWhole({u"TW-102"_s});
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(withoutRecord(), QStringList{u"TW-101"_s});
+    makeRecords();
+    expectWhole(both);
 }
 
 TEST_F(RoadWithALockedDatabase, WithoutALogARecordThatCantBeWrittenEndsTheUploadAndKeepsItsResults) {
@@ -204,7 +203,7 @@ class RoadWithAFullDisk : public RoadWithADatabaseFault {
     void makeRoom() { rows(u"pragma mt.max_page_count = 100000"_s); }
 };
 
-TEST_F(RoadWithAFullDisk, InTheMiddleOfARecordItIsReportedAndWhatWasWrittenStays) {
+TEST_F(RoadWithAFullDisk, InTheMiddleOfARecordWhatWasWrittenStaysAndIsCompletedOutOfTheJournal) {
     bringBack();
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { fillUp(); });
@@ -220,6 +219,10 @@ TEST_F(RoadWithAFullDisk, InTheMiddleOfARecordItIsReportedAndWhatWasWrittenStays
     expectWhole({u"TW-102"_s});
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
+    makeRecords();
+    expectWhole(both);
+    EXPECT_EQ(rows(u"select count(*) from mt.inventory where i4201 = 'TW-101' and i4224 is null"_s),
+              QStringList{u"1"_s});
 }
 
 } // namespace kelvane::testing

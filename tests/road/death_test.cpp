@@ -27,8 +27,8 @@ class DyingWorkstation : public TorqueRoad {
         return state.join(u' ');
     }
 
-    /// Uploads once more. A tool that has its record but is still held comes up again and is refused;
-    /// whatever the record lacks, it lacks for ever.
+    /// Uploads once more. A tool that has its record but is still held comes up again and is refused; what
+    /// the record lacks, it lacks until it is completed out of the journal.
     void expectTheNextUploadToCompleteAllButBegunRecords(const QStringList& assets) {
         QHash<QString, QStringList> complete;
         QStringList withoutData;
@@ -124,6 +124,21 @@ TEST_P(DyingAtAMoment, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     EXPECT_EQ(stateOf(u"TW-101"_s), QLatin1StringView(death.left));
     EXPECT_EQ(inventory(), QString::number(death.changed));
     expectTheNextUploadToCompleteAllButBegunRecords({u"TW-101"_s});
+    makeRecords();
+    expectWhole({u"TW-101"_s});
+    EXPECT_EQ(inventory(), u"4"_s);
+}
+
+TEST_P(DyingAtAMoment, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
+    simulators::outcomeOf(*startCommand(GetParam() + 1));
+    const bool isRead = GetParam() >= 10; // before its record
+    EXPECT_EQ(withoutRecord().isEmpty(), !isRead || GetParam() >= 20);
+    makeRecords();
+    EXPECT_EQ(records(u"TW-101"_s), isRead ? wholeRecord(u"TW-101"_s) : QStringList());
+    expectTheNextUploadToCompleteAllButBegunRecords({u"TW-101"_s});
+    expectWhole({u"TW-101"_s});
+    EXPECT_EQ(inventory(), u"4"_s);
+    EXPECT_EQ(withoutRecord(), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(Before, DyingAtAMoment, ::testing::Range(0, static_cast<int>(std::size(deaths))));
@@ -154,6 +169,8 @@ TEST_P(KilledWorkstation, LosesNothingAndDoublesNothing) {
     ASSERT_TRUE(child->waitForFinished(20000));
     expectSoundDatabase();
     expectTheNextUploadToCompleteAllButBegunRecords(both);
+    makeRecords();
+    expectWhole(both);
     expectSoundDatabase();
 }
 

@@ -98,7 +98,7 @@ TEST_P(DyingInAFluke702Upload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     EXPECT_EQ(held(), onCalibrator);
     EXPECT_EQ(registered(), oneInstrument());
 
-    // A record that was begun is refused; whatever it lacks, it lacks for ever.
+    // A record that was begun is refused; what it lacks it gets out of the journal.
     const auto whole = begun();
     if (whole.isEmpty()) {
         upload(oneRun());
@@ -109,6 +109,25 @@ TEST_P(DyingInAFluke702Upload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     expectRefusedRuns(oneRun());
     pressUpload();
     EXPECT_EQ(begun(), whole);
+    makeRecords();
+    EXPECT_EQ(begun() + u' ' + copied(), u"N|2|5 2"_s);
+}
+
+TEST_P(DyingInAFluke702Upload, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
+    bringBack();
+    expectDeath(GetParam() + 1, uploadDeaths[GetParam()].before);
+    const bool isRead = GetParam() >= 3; // before its record
+    EXPECT_EQ(withoutRecord().isEmpty(), !isRead);
+    makeRecords();
+    EXPECT_EQ(begun(), isRead ? u"N|2|5"_s : QString());
+    expectChoice();
+    if (isRead)
+        expectRefusedRuns(oneRun());
+    else
+        expectRuns(oneRun());
+    pressUpload();
+    EXPECT_EQ(begun() + u' ' + copied(), u"N|2|5 2"_s);
+    EXPECT_EQ(withoutRecord(), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(Before, DyingInAFluke702Upload, momentsOf(uploadDeaths));
@@ -193,6 +212,8 @@ TEST_P(KilledFluke702Workstation, LosesNothingAndDoublesNothing) {
     EXPECT_EQ(found.first(begunRecords.size()), begunRecords);
     const QStringList whole{u"N|2|5"_s, u"Y|2|5"_s};
     EXPECT_EQ(found.mid(begunRecords.size()), whole.mid(begunRecords.size()));
+    makeRecords();
+    EXPECT_EQ(records(u"PT-101"_s), whole);
     expectSoundDatabase();
 }
 

@@ -287,18 +287,26 @@ TEST_F(HalfWay, APortThatAnotherProgramHoldsIsTold) {
     EXPECT_EQ(registered(), tools);
 }
 
-// A result that brings nothing is reported and read as 0; the record is made and says that the tool failed.
-TEST_F(HalfWay, AResultWithoutMomentAndReadingsIsReportedAndCountsAsZero) {
+TEST_F(HalfWay, AResultWithoutMomentAndReadingsIsReportedAndItsToolStaysForTheNextUpload) {
     bringBack();
     switchOn({u"reply:743144@T1D*1"_s});
     expectChoice();
     ui.expectReport(5, u"ModuleTSInterface,Conv2Date"_s);
     ui.expectReport(5, u"ModuleTSInterface,Conv2Time"_s);
-    for (const auto& asset : tools)
+    for (const auto& asset : tools.sliced(1))
         expectRecord(asset);
     pressUpload();
-    EXPECT_EQ(records(u"TW-101"_s), QStringList{u"N|2|3"_s});
-    expectWhole({u"TW-102"_s, u"TW-103"_s});
+    EXPECT_EQ(records(u"TW-101"_s), QStringList());
+    expectWhole(tools.sliced(1));
+    EXPECT_EQ(heldNames(), tools.first(1));
+    EXPECT_EQ(held().rounds.size(), 1U);
+    EXPECT_EQ(registered(), tools);
+    EXPECT_EQ(withoutRecord(), tools.first(1));
+    upload(tools.first(1), told::noData(tools.sliced(1)));
+    expectWhole(tools);
+    // The calibrator gave other replies that time: nothing says that these are the same results.
+    EXPECT_EQ(withoutRecord(), tools.first(1));
+    EXPECT_EQ(held(), simulators::Memory());
 }
 
 } // namespace kelvane::testing

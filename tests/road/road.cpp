@@ -64,6 +64,28 @@ void Road::pressUpload(const QString& message) {
     EXPECT_FALSE(ui.progressShown);
 }
 
+QStringList Road::withoutRecord() {
+    QStringList assets;
+    for (const auto& result : unfinishedResults(session))
+        assets << result.asset;
+    return assets;
+}
+
+void Road::makeRecords() {
+    const auto results = unfinishedResults(session);
+    for (const auto& result : results) {
+        const auto begun = rows(
+            u"select ctag from mt.calibration where cdsrc = 'KVN' and c2301 || ' ' || c2333 = '%1' and mtag "
+            "= (select mtag from mt.inventory where i4201 = '%2')"_s.arg(result.date, result.asset));
+        if (begun.isEmpty())
+            expectRecord(result.asset);
+        const auto outcome = makeRecordOf(session, result.id);
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(outcome.end, MakeRecordOutcome::End::made) << outcome.message.toStdString();
+    }
+    EXPECT_EQ(withoutRecord(), QStringList());
+}
+
 QStringList Road::rows(const QString& query, int columns) {
     return queryRows(sharedConnection(session), query, columns);
 }
@@ -92,11 +114,9 @@ QStringList Road::records(const QString& asset) {
 
 void Road::expectSoundDatabase() {
     const auto fresh = database.connect();
-    for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
-        const auto found = fresh->select(u"pragma "_s + owner + u".integrity_check"_s);
-        ASSERT_TRUE(found->next());
-        EXPECT_EQ(found->value(0), u"ok"_s) << owner.toStdString();
-    }
+    for (const auto& owner : {u"main"_s, u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s})
+        EXPECT_EQ(queryRows(*fresh, u"pragma "_s + owner + u".integrity_check"_s), QStringList{u"ok"_s})
+            << owner.toStdString();
 }
 
 void Road::logInAgain(WreckableFile& destroyed) {

@@ -8,6 +8,7 @@
 #include "tests/simulators/programs.h"
 #include "tests/support/embedded_database.h"
 #include "tests/workflow/scripted_screen.h"
+#include "workflow/unfinished_results.h"
 
 #include <functional>
 
@@ -23,6 +24,9 @@ inline const QString unknownCalibrator = QStringLiteral(
 inline const QString recordExists = QStringLiteral(
     "A calibration record for this UUT with the same calibration date and time already exists! "
     "Aborting calibration record creation for this UUT.");
+inline const QString connectionLost =
+    QStringLiteral("This workstation is no longer connected to the database. Please select FILE,LOG OUT "
+                   "from the menu, or CTRL-L to log out and reconnect.");
 } // namespace told
 
 inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
@@ -46,12 +50,17 @@ class Road : public ::testing::Test {
     void expectRefusal();
     void pressUpload(const QString& message = told::uploaded);
 
+    /// The instruments whose results have no record yet.
+    QStringList withoutRecord();
+    /// He presses Make Record for each of them; those of which no record was begun ask him for theirs.
+    void makeRecords();
+
     /// He adds an instrument, names a standard and no second one; without a standard nobody asks for one.
     void list(const QString& asset, const QString& standard);
 
     /// The rows of a query, columns joined with "|".
     QStringList rows(const QString& query, int columns = 1);
-    void execute(const QString& statement) { sharedConnection(session).execute(statement); }
+    void execute(const QString& statement) { executeAnything(sharedConnection(session), statement); }
     /// The instruments that are registered with the calibrator.
     QStringList registered();
     /// The standards that are in use with an instrument.
@@ -75,7 +84,7 @@ class Road : public ::testing::Test {
     ScriptedUserInterface ui;
     EmbeddedDatabase database{demoDatabase(), databaseSettings()};
     simulators::Workshop workshop;
-    Workplace workplace{ui, clock, database.dsn(), workshop.link(), odbcConnections()};
+    Workplace workplace{ui, clock, database.dsn(), workshop.link(), openConnections()};
     Session& session = workplace.session;
     HeardPort port{workplace.line, clock};
     DpclnkLibrary link;

@@ -1,13 +1,11 @@
 #include "tests/support/database_session.h"
 
-#include "platform/odbc_connection.h"
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
 DatabaseSession::DatabaseSession()
-    : database(demoDatabase()), session({ui, clock, settings}, odbcConnections()) {
+    : database(demoDatabase()), session({ui, clock, settings}, openConnections()) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;
@@ -37,7 +35,7 @@ void DatabaseSession::become(const QString& user, const QString& owner) {
 }
 
 void DatabaseSession::execute(const QString& statement) {
-    sharedConnection(session).execute(statement);
+    executeAnything(sharedConnection(session), statement);
 }
 
 QStringList DatabaseSession::rows(const QString& query, int columns) {

@@ -179,7 +179,8 @@ TEST_F(ResultsWithoutRecord, ADictionaryWhoseCopyTheServerRefusesDoesNotKeepTheR
 
 TEST_F(ResultsWithoutRecord, ARecordOfTheSameMomentWithOtherResultsIsLeftAlone) {
     uploadSpoilt(u"insert into mt.calresults"_s);
-    execute(u"insert into mt.calresults (c2501, c2502, mtag, ctag) values ('other', '1', '1401', %1)"_s.arg(firstRecord));
+    execute(u"insert into mt.calresults (c2501, c2502, mtag, ctag) values ('other', '1', '1401', %1)"_s.arg(
+        firstRecord));
     const auto before = lines();
     expectKept(u"There is a record of PT-101 of this date and time with other results. It was left as it is, "
                "and the results are kept."_s);
@@ -258,7 +259,8 @@ TEST_F(ResultsWithoutRecord, ADateThatIsNoneIsAskedForAndFoundAgain) {
 TEST_F(ResultsWithoutRecord, ARefusalLeavesTheEntryUnlessItsOwnRecordIsThere) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     // Somebody else's record of the same moment, which is no record of this program.
-    execute(u"insert into mt.calibration (mtag, c2301, c2333, cdsrc) values ('1401', '2026-03-18', '08:00:30', 'MTC')"_s);
+    execute(
+        u"insert into mt.calibration (mtag, c2301, c2333, cdsrc) values ('1401', '2026-03-18', '08:00:30', 'MTC')"_s);
     expectKept(text(565));
     EXPECT_EQ(verdicts().size(), 1);
 }
@@ -283,9 +285,10 @@ TEST_F(ResultsWithoutRecord, TheOperatorsOtherDateIsWhereTheRecordIsLookedFor) {
 TEST_F(ResultsWithoutRecord, AChangedStrategyIsToldAndTheResultsAreKept) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     configure(u"1401"_s, u"repetitions = 2"_s);
-    expectKept(u"The test strategy or the repetitions of PT-101 have been changed: there are 3 readings, and 6 "
-               "are asked for now."_s +
-               kept);
+    expectKept(
+        u"The test strategy or the repetitions of PT-101 have been changed: there are 3 readings, and 6 "
+        "are asked for now."_s +
+        kept);
     configure(u"1401"_s, u"repetitions = 1"_s);
     expectMade();
 }
@@ -293,7 +296,8 @@ TEST_F(ResultsWithoutRecord, AChangedStrategyIsToldAndTheResultsAreKept) {
 TEST_F(ResultsWithoutRecord, ANumberThatBelongsToAnotherInstrumentNowGetsNoRecord) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     execute(u"update mt.inventory set i4201 = 'PT-101-OLD' where mtag = '1401'"_s);
-    const auto message = u"The inventory no longer has PT-101 as the instrument that was calibrated."_s + kept;
+    const auto message =
+        u"The inventory no longer has PT-101 as the instrument that was calibrated."_s + kept;
     expectKept(message);
     execute(u"update mt.inventory set i4201 = 'PT-101' where mtag = '1402'"_s);
     expectKept(message);
@@ -303,7 +307,8 @@ TEST_F(ResultsWithoutRecord, ANumberThatBelongsToAnotherInstrumentNowGetsNoRecor
 TEST_F(ResultsWithoutRecord, AnotherOwnersResultsAreKeptForHim) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     change(u"owner"_s, u"ABC"_s);
-    expectKept(u"These results belong to the owner ABC. Please log in as one of its users to make the record."_s);
+    expectKept(
+        u"These results belong to the owner ABC. Please log in as one of its users to make the record."_s);
 }
 
 TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsTold) {
@@ -314,11 +319,12 @@ TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsTold) {
 
 TEST_F(ResultsWithoutRecord, AnErrorOrALostConnectionKeepsThem) {
     uploadSpoilt(u"insert into MT.calibration"_s);
-    for (const auto& beginning : {u"select ctag,c2339"_s, u"select repetitions from"_s, u"insert into MT.cal"_s}) {
+    for (const auto& beginning :
+         {u"select ctag,c2339"_s, u"select repetitions from"_s, u"insert into MT.cal"_s}) {
         spoil(beginning);
-        ui.expectReport(1, beginning.startsWith(u"select ctag"_s)   ? u"Journal,MakeRecord"_s
+        ui.expectReport(1, beginning.startsWith(u"select ctag"_s)  ? u"Journal,MakeRecord"_s
                            : beginning.startsWith(u"select rep"_s) ? u"ModuleGlobals,GetTestPointList"_s
-                                                                    : u"ModuleGlobals,CreateCalRecord"_s);
+                                                                   : u"ModuleGlobals,CreateCalRecord"_s);
         const auto outcome = make();
         EXPECT_EQ(outcome.end, End::unfinished) << beginning.toStdString();
         EXPECT_TRUE(outcome.message.endsWith(kept)) << outcome.message.toStdString();

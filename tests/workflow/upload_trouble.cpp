@@ -77,10 +77,12 @@ QStringList UploadInTrouble::rows(const QString& query, int columns) {
 /// The records of the moment, each with what belongs to it.
 QStringList UploadInTrouble::recordsOf(const Instrument& instrument) {
     QStringList found;
-    const auto records = rows(u"select ctag from mt.calibration where c2301 = '%1' and c2333 = '%2' and mtag = "
-                              "'%3' order by ctag"_s.arg(day(), time, instrument.mtag));
+    const auto records =
+        rows(u"select ctag from mt.calibration where c2301 = '%1' and c2333 = '%2' and mtag = "
+             "'%3' order by ctag"_s.arg(day(), time, instrument.mtag));
     for (const auto& ctag : records) {
-        auto whole = rows(u"select c2323,c2303,c2308,c2350,c2352,c2307 from mt.calibration where ctag = "_s + ctag, 6);
+        auto whole =
+            rows(u"select c2323,c2303,c2308,c2350,c2352,c2307 from mt.calibration where ctag = "_s + ctag, 6);
         whole += rows(u"select c2502,c2501 from mt.calresults where ctag = %1 order by c2502"_s.arg(ctag), 2);
         whole += rows(u"select c2430 from mt.standards where ctag = %1 order by c2430"_s.arg(ctag));
         found << whole.join(u'\n');
@@ -121,8 +123,9 @@ void UploadInTrouble::expectWholeAndOnlyRecords() {
                   QStringList{u"1"_s})
             << "what a calibration changes in the inventory";
     }
-    EXPECT_EQ(rows(u"select count(*) from mt.calibration where c2333 = '%1' and c2301 = '%2'"_s.arg(time, day())),
-              QStringList{QString::number(instruments.size())})
+    EXPECT_EQ(
+        rows(u"select count(*) from mt.calibration where c2333 = '%1' and c2301 = '%2'"_s.arg(time, day())),
+        QStringList{QString::number(instruments.size())})
         << "a record of no instrument";
     EXPECT_TRUE(unfinishedResults(session).isEmpty());
 }
@@ -166,13 +169,17 @@ void UploadInTrouble::tryEachStatement() {
         const auto result = upload();
         maker.number = 0;
         const bool wasLost = std::exchange(maker.isLost, false);
-        SCOPED_TRACE("statement " + std::to_string(number) + (wasLost ? ", lost" : ""));
+        SCOPED_TRACE("statement " + std::to_string(number) + (wasLost ? ", lost" : "") + " at " +
+                     time.toStdString() + ": " + result.toStdString() + "\n" +
+                     folder.read(u"errors.log"_s).toStdString());
         expectNothingLost(result);
         recover();
         expectWholeAndOnlyRecords();
         if (HasFailure())
             return;
-        QFile::remove(Journal(session).path()); // it would grow from statement to statement
+        // Both would grow from statement to statement.
+        QFile::remove(Journal(session).path());
+        QFile::remove(u"errors.log"_s);
     }
 }
 

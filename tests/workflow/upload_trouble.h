@@ -38,10 +38,11 @@ class TroubledConnection final : public ForwardingConnection {
     TroubledConnection(std::unique_ptr<Connection> real, TroubleMaker& maker)
         : ForwardingConnection(std::move(real)), maker_(maker) {}
     bool isLost() const override { return maker_.isLost || ForwardingConnection::isLost(); }
-    void execute(const QString& statement) override {
+    qint64 execute(const QString& statement) override {
         maker_.before();
-        ForwardingConnection::execute(statement);
+        const auto rows = ForwardingConnection::execute(statement);
         maker_.after();
+        return rows;
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
         maker_.before();

@@ -82,15 +82,20 @@ class TorqueUploadInTrouble : public UploadInTrouble {
                 const double nominal =
                     parameters.input_low + double{std::as_const(session.TestPointList)[i]} *
                                                (parameters.input_high - parameters.input_low);
-                results << result(20260318, minute / 60 * 10000 + minute % 60 * 100,
-                                  QList<double>(parameters.repetitions, nominal));
+                auto reply = result(20260318, minute / 60 * 10000 + minute % 60 * 100,
+                                    QList<double>(parameters.repetitions, nominal));
+                // One whose checksum ends in STX counts as begun anew; a further sample is not looked at.
+                if (framed(reply).endsWith('\x02'))
+                    reply += integer32(0x0101);
+                results << reply;
             }
         }
     }
     QString upload() override { return ModuleTSInterface::TorqueStar_upload(driver); }
     bool isHeld(const QString& asset) override {
         return held.contains(asset) &&
-               rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' and "
+               rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' "
+                    u"and "
                     "hvm_kv_task_standards_inuse.mtag = inventory.mtag"_s.arg(asset)) == QStringList{u"1"_s};
     }
 

@@ -139,7 +139,8 @@ TEST_F(FormUnfinishedResultsTest, EscapeClosesAndKeepsTheResults) {
 
 TEST_F(FormUnfinishedResultsTest, LogOutWaitsUntilItIsClosed) {
     startLoggedIn(4);
-    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s, u"Kelvane"_s, box::warning);
+    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s,
+                     u"Kelvane"_s, box::warning);
     choose(u"mnuLogout"_s);
     EXPECT_TRUE(session.SessionConnected);
 }

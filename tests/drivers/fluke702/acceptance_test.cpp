@@ -123,11 +123,11 @@ TEST_F(FlukeAcceptance, ARefusalComesInPlaceOfTheBoxOfACombination) {
 
 TEST_F(FlukeAcceptance, BoxesOfTwoInstrumentsFollowEachOther) {
     addInstrument(u"P-1"_s, instrument(u"psi"_s, 0, 100, u"psi"_s, 0, 100));
-    addInstrument(u"O'Ω-2"_s, instrument(u"psi"_s, 0, 100, u"%"_s, 0, 100));
+    addInstrument(u"O''Ω-2"_s, instrument(u"psi"_s, 0, 100, u"%"_s, 0, 100));
     expectReadByHand(u"P-1"_s);
-    expectReadByHand(u"O'Ω-2"_s);
+    expectReadByHand(u"O''Ω-2"_s);
     EXPECT_EQ(Fluke702_acceptable(driver, u"P-1"_s), accepted);
-    EXPECT_EQ(Fluke702_acceptable(driver, u"O'Ω-2"_s), accepted);
+    EXPECT_EQ(Fluke702_acceptable(driver, u"O''Ω-2"_s), accepted);
 }
 
 TEST_F(FlukeAcceptance, ReadsTheParametersOnceAndCallsNoLink) {
@@ -139,11 +139,19 @@ TEST_F(FlukeAcceptance, ReadsTheParametersOnceAndCallsNoLink) {
 
 TEST_F(FlukeAcceptance, AnInstrumentWithoutParametersHasNoUnits) {
     for (const auto& asset :
-         {u"unknown"_s, QString(), u"'; drop table mt.inventory;--"_s, QString(10000, u'9')}) {
+         {u"unknown"_s, QString(), u"''; drop table mt.inventory;--"_s, QString(10000, u'9')}) {
         expectReadByHand(asset);
         EXPECT_EQ(Fluke702_acceptable(driver, asset), cannotOutput);
         EXPECT_TRUE(Fluke702_requires_standard(driver, asset));
     }
+}
+
+TEST_F(FlukeAcceptance, AnAssetNumberThatEndsItsQuotesIsReportedAndLeavesNoUnits) {
+    const auto asset = u"'; drop table mt.inventory;--"_s;
+    ui.expectReport(1, u"ModuleGlobals,GetCalParams"_s);
+    expectReadByHand(asset);
+    EXPECT_EQ(Fluke702_acceptable(driver, asset), cannotOutput);
+    EXPECT_FALSE(script.statements.contains(selectParams(asset)));
 }
 
 TEST_F(FlukeAcceptance, AFailingDatabaseIsReportedAndLeavesNoUnits) {

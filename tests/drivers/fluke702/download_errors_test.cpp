@@ -28,8 +28,9 @@ class FlukeDownloadErrors : public FlukeDownload {
     const QStringList rest = transferred + cleared + added;
     const QString listUnread = u"The instruments of the download could not be read from the database. The "
                                "calibrator was not changed."_s;
-    const QString instrumentUnread = u"I-1: The calibration parameters, test messages or tolerance could not be "
-                                     "read from the database. The download ended there."_s;
+    const QString instrumentUnread =
+        u"I-1: The calibration parameters, test messages or tolerance could not be "
+        "read from the database. The download ended there."_s;
     const Error gone{10054, u"Connection lost"_s, u"08S01"_s, true};
 };
 
@@ -132,8 +133,9 @@ TEST_F(FlukeDownloadErrors, APackageWithMembersThatTheInventoryDoesNotKnowIsAFai
     addPackage(u"TAG"_s, {});
     const auto members = u"select tptag from mt.hvm_kv_task_assets where tptag = 'TAG'"_s;
     script.answers.insert(members, {{u"TAG"_s}});
-    EXPECT_EQ(download(),
-              u"None of the instruments of the download was found in the inventory. The calibrator was not changed."_s);
+    EXPECT_EQ(
+        download(),
+        u"None of the instruments of the download was found in the inventory. The calibrator was not changed."_s);
     EXPECT_EQ(link.calls, QStringList());
     script.failures = {{members, Error{208, u"Invalid object"_s, u"42S02"_s}}};
     ui.expectReport(208, u"ModuleGlobals,PackageHasMembers"_s);
@@ -142,12 +144,24 @@ TEST_F(FlukeDownloadErrors, APackageWithMembersThatTheInventoryDoesNotKnowIsAFai
     EXPECT_EQ(writes(), QStringList());
 }
 
-TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteBreaksItsStatementsAsItDoesEverywhere) {
+TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteIsReportedAndEndsTheDownload) {
     const auto asset = u"LT-10'COL"_s;
+    addPackage(u"TAG"_s, {asset});
+    ui.expectReport(1, u"ModuleGlobals,GetCalParams"_s);
+    EXPECT_EQ(
+        download(),
+        u"The instruments of the download could not be read from the database. The calibrator was not changed."_s);
+    EXPECT_FALSE(script.statements.contains(selectParams(asset)));
+    EXPECT_TRUE(given(u"MEMstartTask"_s).isEmpty());
+    EXPECT_TRUE(registered().isEmpty());
+}
+
+TEST_F(FlukeDownloadErrors, AnAssetNumberWithQuotesInPairsGoesIntoItsStatementsAsItIs) {
+    const auto asset = u"LT-10''COL"_s;
     addPackage(u"TAG"_s, {asset});
     EXPECT_EQ(download(), QString());
     EXPECT_TRUE(script.statements.contains(selectParams(asset)));
-    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10'COL\""_s});
+    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10''COL\""_s});
     EXPECT_EQ(registered().size(), 1);
 }
 

@@ -265,9 +265,8 @@ TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheRunInHandWithItsRe
         if (name == u"MEMcalResult")
             sharedConnection(session).close();
     };
-    for (const auto& one :
-         {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s, u"GetInUseData"_s,
-          u"AssetfromSerial"_s, u"GetInUseData"_s})
+    for (const auto& one : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
+                            u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
         ui.expectReport(3709, u"ModuleGlobals,"_s + one);
     EXPECT_EQ(upload(), text(1001));
     const auto left = Journal(session).unfinished();

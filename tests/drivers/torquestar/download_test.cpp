@@ -10,8 +10,6 @@ namespace {
 
 const QString failed = u"Communications with calibrator failed!"_s;
 const QString timeout = u"Communications Timeout on Command Acknowledgement"_s;
-const QString listUnread =
-    u"The instruments of the download could not be read from the database. The calibrator was not changed."_s;
 const QString noRecord =
     u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s;
 
@@ -361,75 +359,6 @@ TEST_F(TorqueDownload, AnEmptyPackageDownloadsNothing) {
     addWrenches(u"TAG"_s, 0);
     EXPECT_EQ(download(), QString());
     EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
-}
-
-TEST_F(TorqueDownload, ALostDatabaseIsToldAndTheDownloadEnds) {
-    addWrenches(u"TAG"_s, 1);
-    script.lost = true;
-    ui.expectReport(10054, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(download(), listUnread);
-    EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
-    EXPECT_EQ(writes(), QStringList());
-}
-
-TEST_F(TorqueDownload, AListThatCantBeReadLeavesCalibratorAndRegistryAsTheyWere) {
-    addWrenches(u"TAG"_s, 2);
-    const Error refused{208, u"Invalid object"_s, u"42S02"_s};
-    for (const auto& statement : {selectPackage(u"TAG"_s), selectMembers(u"TAG"_s)}) {
-        peer.heard.clear();
-        script.transactions.clear();
-        script.failures = {{statement, refused}};
-        ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-        EXPECT_EQ(download(), listUnread);
-        EXPECT_TRUE(ui.allCame());
-        EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
-        EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"roll back"_s}));
-    }
-    script.failures.clear();
-    script.transactions.clear();
-    EXPECT_EQ(download(), QString());
-    EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"commit"_s}));
-}
-
-TEST_F(TorqueDownload, APackageWithMembersThatTheInventoryDoesNotKnowIsAFailure) {
-    addCalibrator();
-    addPackage(u"TAG"_s, {});
-    script.answers.insert(u"select tptag from mt.hvm_kv_task_assets where tptag = 'TAG'"_s, {{u"TAG"_s}});
-    EXPECT_EQ(download(),
-              u"None of the instruments of the download was found in the inventory. The calibrator was not changed."_s);
-    EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
-    EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"roll back"_s}));
-}
-
-TEST_F(TorqueDownload, ParametersThatCantBeReadEndTheDownloadBeforeTheToolIsDeleted) {
-    addWrenches(u"TAG"_s, 1);
-    const Error refused{208, u"Invalid object"_s, u"42S02"_s};
-    const struct {
-        QString statement;
-        QString routine;
-    } reads[] = {{selectParams(u"W-1"_s), u"GetCalParams"_s},
-                 {selectStandards(u"W-1"_s), u"GetInUseData"_s},
-                 {selectParams(u"X-1"_s), u"GetCalParams"_s}};
-    for (const auto& read : reads) {
-        peer.heard.clear();
-        script.failures = {{read.statement, refused}};
-        ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
-        EXPECT_EQ(download(), u"W-1: The calibration parameters, test messages or tolerance could not be read from the database. The download ended there."_s);
-        EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s})) << read.statement.toStdString();
-    }
-}
-
-TEST_F(TorqueDownload, TheStatusLineTellsWhichToolIsLoadedAndIsEmptiedAtTheEnd) {
-    addWrenches(u"TAG"_s, 2);
-    const QStringList whole{u"Loading W-1 onto the calibrator (1 of 2)"_s,
-                            u"Loading W-2 onto the calibrator (2 of 2)"_s, QString()};
-    EXPECT_EQ(download(), QString());
-    EXPECT_EQ(ui.activities, whole);
-    ui.activities.clear();
-    replies["T1A"] << QByteArray("t1A\x01");
-    EXPECT_NE(download(), QString());
-    EXPECT_EQ(ui.activities, (QStringList{whole.first(), QString()}));
 }
 
 TEST_F(TorqueDownload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToTheFortySeventh) {

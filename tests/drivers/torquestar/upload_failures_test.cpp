@@ -284,7 +284,9 @@ TEST_F(TorqueUpload, AListThatCantBeReadEndsTheUploadBeforeAnythingIsCleared) {
     addUsed(1, {u"100"_s});
     script.failures[selectInUse(u"12345678"_s)] = Error{208, u"Invalid object"_s, u"42S02"_s};
     ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(upload(), u"The list of instruments could not be read from the database. Nothing was removed from the calibrator."_s);
+    EXPECT_EQ(
+        upload(),
+        u"The list of instruments could not be read from the database. Nothing was removed from the calibrator."_s);
     EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
     EXPECT_EQ(writes(), QStringList());
     script.failures[selectInUse(u"12345678"_s)].connectionLost = true;
@@ -306,7 +308,8 @@ TEST_F(TorqueUpload, AReportInTheRecordKeepsTheEntryAndTheStepsGoOn) {
     addUsed(2, {u"100"_s});
     holdResults({{100}});
     holdResults({{100}});
-    script.failures[u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '09:30:05' and mtag = 'KW-1'"_s] =
+    script.failures
+        [u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '09:30:05' and mtag = 'KW-1'"_s] =
         Error{208, u"Invalid object"_s, u"42S02"_s};
     ui.expectReport(208, u"ModuleGlobals,CreateCalRecord"_s);
     EXPECT_EQ(upload(), QString());

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace kelvane {
+
+/// The files of a database that is open. An engine goes on with a file that somebody has removed or put
+/// another one in place of, and everything that it writes is then lost with the file.
+class DatabaseFiles {
+  public:
+    /// Keeps watch over `path` as it is now.
+    void add(const QString& path);
+    /// The first file that is no longer the one that was added; empty when all are.
+    QString firstMissing() const;
+
+  private:
+    struct File {
+        QString path;
+        /// The path as the system takes it.
+        QByteArray native;
+        quint64 device = 0;
+        quint64 number = 0;
+    };
+    QList<File> files_;
+};
+
+} // namespace kelvane
