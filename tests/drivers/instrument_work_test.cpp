@@ -13,6 +13,7 @@ namespace kelvane::testing {
 namespace {
 
 const QString routine = u"Module702Interface,Fluke702_upload"_s;
+// What the record asks the operator for.
 const QString worksheetQuery = u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc"_s;
 const QString recordExists =
     u"select c2301 from MT.calibration where c2301 = '2026-03-18' and c2333 = '08:15:30' and mtag = '7'"_s;
