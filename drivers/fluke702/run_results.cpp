@@ -9,6 +9,8 @@
 #include <QJsonArray>
 #include <QLocale>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::Module702Interface {
@@ -23,6 +25,11 @@ constexpr int textReading = 2020;
 /// Every 32-bit number, infinite ones and those that are none included.
 QString written(float value) {
     return QString::number(double{value}, 'g', QLocale::FloatingPointShortest);
+}
+
+/// For the operator: as short as it can be.
+QString shown(float value) {
+    return std::isfinite(value) ? plainText(value) : written(value);
 }
 
 float readFloat(const QJsonValue& value) {
@@ -79,8 +86,8 @@ QStringList readingsOf(const RunResults& run) {
     QStringList readings;
     for (const auto& entry : run.entries)
         readings << text(textReading)
-                        .arg(QString::number(readings.size() + 1), written(entry.applied),
-                             written(entry.reading));
+                        .arg(QString::number(readings.size() + 1), shown(entry.applied),
+                             shown(entry.reading));
     return readings;
 }
 

@@ -47,9 +47,8 @@ TEST(RunResults, AreShownToTheOperatorAPointALine) {
     RunResults run;
     EXPECT_EQ(readingsOf(run), QStringList());
     run.entries = {{0.004F, 0, 0}, {0.012F, 50, 0}};
-    EXPECT_EQ(readingsOf(run),
-              (QStringList{u"1: applied 0, read 0.00400000019 (in the calibrator's units)"_s,
-                           u"2: applied 50, read 0.0120000001 (in the calibrator's units)"_s}));
+    EXPECT_EQ(readingsOf(run), (QStringList{u"1: applied 0, read 0.004 (in the calibrator's units)"_s,
+                                            u"2: applied 50, read 0.012 (in the calibrator's units)"_s}));
 }
 
 class RunFields : public RecordedSession {
