@@ -264,7 +264,7 @@ void MDIFormMain::mnuDownload() {
 
 void MDIFormMain::mnuUpload() {
     const auto before = unfinishedResults(session_);
-    ModuleGlobals::UploadFromCalibrator(calibrators_);
+    guarded(session_.ui, [this] { ModuleGlobals::UploadFromCalibrator(calibrators_); });
     const auto after = unfinishedResults(session_);
     const auto isNew = [&](const UnfinishedResult& result) {
         return std::ranges::find(before, result.id, &UnfinishedResult::id) == before.cend();

@@ -18,14 +18,17 @@ void fillFields(Session& session, std::span<const FieldValue> values) {
     }
 }
 
-int takeStandardsInUse(Session& session, const QString& asset, int row) {
+int standardsInUse(Session& session, const QString& asset) {
     const int reports = session.reportCount;
     const int count = ModuleGlobals::GetStandardsInUse(session, asset);
-    // More standards than the list takes were reported. The record is made without them, so that this one
-    // report spoils no preparation.
     const auto& standards = std::as_const(session.StandardsInUse);
-    if (count == 0 && !standards[standards.last].isEmpty())
+    if (count == 0 && !standards[standards.last].isEmpty() && session.SessionConnected)
         session.reportCount = reports;
+    return count;
+}
+
+int takeStandardsInUse(Session& session, const QString& asset, int row) {
+    const int count = standardsInUse(session, asset);
     for (int i = 0; i < count; ++i)
         session.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
     return count;

@@ -108,14 +108,17 @@ QString EmbeddedAdapter::driverSettings() const {
     return u";Timeout=50"_s;
 }
 
+void EmbeddedAdapter::limitWait() {
+    waitEnd_ = std::chrono::steady_clock::now() + longestWait;
+}
+
 template <class Statement>
 auto EmbeddedAdapter::whenFree(Statement statement) const {
-    const auto end = std::chrono::steady_clock::now() + longestWait;
     while (true) {
         try {
             return statement();
         } catch (const Error& error) {
-            if (!isBusy(error) || std::chrono::steady_clock::now() >= end)
+            if (!isBusy(error) || std::chrono::steady_clock::now() >= waitEnd_)
                 throw;
         }
         if (whileWaiting_)
@@ -129,7 +132,7 @@ void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
     const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
     const auto schema = QFileInfo(file).completeBaseName();
     try {
-        link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema));
+        whenFree([&] { link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema)); });
     } catch (const Error& error) {
         unusable(file, error);
     }
@@ -163,6 +166,7 @@ void EmbeddedAdapter::requireFiles(DriverLink& link) {
 }
 
 void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
+    limitWait();
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
     whenFree([&] { prove(link, u"main"_s, main.filePath()); });
     files_.add(main.filePath());
@@ -190,6 +194,7 @@ qint64 EmbeddedAdapter::executeEach(DriverLink& link, const QStringList& stateme
 
 qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
     requireFiles(link);
+    limitWait();
     qint64 rows = 0;
     for (const auto& step : embeddedBatch(statement)) {
         const bool together = step.committed && step.statements.size() > 1 && !inTransaction_;
@@ -202,6 +207,7 @@ qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
     requireFiles(link);
+    limitWait();
     const auto query = embeddedQuery(statement, rows);
     std::unique_ptr<RecordSet> found;
     whenFree([&] { found = link.select(query, Rows::all); });
@@ -211,6 +217,7 @@ std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QStri
 /// The write lock is taken at the start, so that two workstations can't wait for each other.
 void EmbeddedAdapter::beginTransaction(DriverLink& link) {
     requireFiles(link);
+    limitWait();
     whenFree([&] { link.execute(u"begin immediate"_s); });
     inTransaction_ = true;
 }

@@ -3,6 +3,8 @@
 #include "platform/embedded_files.h"
 #include "platform/engine_adapter.h"
 
+#include <chrono>
+
 namespace kelvane {
 
 /// The adapter of SQLite. The data source names one file, which holds the accounts; every other "*.db" file
@@ -10,8 +12,8 @@ namespace kelvane {
 ///
 /// Statements come from routines and stored conditions: what they have no reason to do is refused
 /// (`platform/embedded_permissions.h`). A lock of another workstation is waited for, up to five seconds for
-/// each statement or batch. A file that was removed or replaced while it is in use ends the connection with
-/// the next statement.
+/// each login, statement or batch. A file that was removed or replaced while it is in use ends the connection
+/// with the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
     explicit EmbeddedAdapter(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
@@ -27,6 +29,8 @@ class EmbeddedAdapter final : public EngineAdapter {
     bool meansLost(const Error& error) const override;
 
   private:
+    /// Locks are waited for from now on, five seconds in all.
+    void limitWait();
     /// Runs `statement`, which has done nothing as long as another workstation holds its lock.
     template <class Statement>
     auto whenFree(Statement statement) const;
@@ -39,6 +43,7 @@ class EmbeddedAdapter final : public EngineAdapter {
 
     WhileWaiting whileWaiting_;
     DatabaseFiles files_;
+    std::chrono::steady_clock::time_point waitEnd_;
     bool inTransaction_ = false;
 };
 

@@ -44,12 +44,40 @@ bool isPlainNumber(const QString& value) {
     return number.match(value).hasMatch();
 }
 
+/// Engines differ on where some quotes and comments end: "//" and "%" begin a comment of one, "$" a quote of
+/// another, and brackets, backticks and E'' hold quotes in their own ways.
+bool readsDifferently(QStringView value, const Token* before, const Token& token) {
+    const bool adjoins = before && before->text.end() == token.text.begin();
+    const auto inner = token.text.mid(1, token.text.size() - 2);
+    switch (token.kind) {
+    case TokenKind::symbol:
+        return token.is(u'$') || (token.is(u'/') && adjoins && before->is(u'/')) ||
+               (token.is(u'%') && (value.contains(u'\n') || value.contains(u'\r')));
+    case TokenKind::number:
+        return token.text.contains(u'$');
+    case TokenKind::quotedName:
+        return token.text.front() != u'"' && std::ranges::any_of(inner, [](QChar part) {
+                   return QStringView(u"'\"`[]();").contains(part);
+               });
+    case TokenKind::text:
+        return inner.contains(u"\\'") || (inner.endsWith(u'\\') && !(before && before->is("escape"_L1))) ||
+               (adjoins && before->is("e"_L1) && inner.contains(u'\\'));
+    case TokenKind::word:
+        return false;
+    }
+    return false;
+}
+
 bool staysInParentheses(QStringView value) {
     const auto sql = tokensOf(value);
     if (!sql.complete || !sql.comments.isEmpty())
         return false;
     int depth = 0;
+    const Token* before = nullptr;
     for (const auto& token : sql.tokens) {
+        if (readsDifferently(value, before, token))
+            return false;
+        before = &token;
         if (token.is(u'('))
             ++depth;
         else if (token.is(u')'))

@@ -122,7 +122,8 @@ QString RecordMaking::checkInstrument() const {
 /// used: under them a record is found again.
 bool RecordMaking::settleMoment() {
     const bool hasDate = storedDate(entry_.date).has_value();
-    const bool hasTime = storedTime(entry_.time).has_value();
+    // A prepared entry without a time got none from the operator: its record has none.
+    const bool hasTime = storedTime(entry_.time).has_value() || (entry_.prepared && entry_.time.isEmpty());
     if (hasDate && hasTime)
         return true;
     if (!hasDate && !ask(textAskDate, FieldKind::date, entry_.date))
@@ -189,9 +190,11 @@ QString RecordMaking::createNew() {
 QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
     JournalEntry asked;
     takeRecordLists(session_, asked);
-    const auto value = valueOf(asked, column).value_or(QString());
-    const bool isMoment = momentOf(value, session_.SessionDateFormat).has_value();
-    return isMoment ? ModuleGlobals::fieldText(session_, value, static_cast<qint16>(kind), statementForm)
+    const auto value = valueOf(asked, column);
+    if (value && value->isEmpty() && kind == FieldKind::time)
+        return {};
+    const bool isMoment = value && momentOf(*value, session_.SessionDateFormat).has_value();
+    return isMoment ? ModuleGlobals::fieldText(session_, *value, static_cast<qint16>(kind), statementForm)
                     : otherwise;
 }
 

@@ -3,6 +3,7 @@
 #include "data/routine.h"
 #include "drivers/activity.h"
 #include "drivers/asset_entries.h"
+#include "drivers/new_record.h"
 #include "drivers/torquestar/characteristic.h"
 #include "drivers/torquestar/codes.h"
 #include "drivers/torquestar/messages.h"
@@ -66,7 +67,7 @@ QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, Characterist
     const auto name = characteristicName(entry.asset);
     const ReportWatch reading(session);
     const auto instrument = ModuleGlobals::GetCalParams(session, entry.asset);
-    ModuleGlobals::GetStandardsInUse(session, entry.asset);
+    standardsInUse(session, entry.asset);
     const auto transducer = ModuleGlobals::GetCalParams(session, std::as_const(session.StandardsInUse)[0]);
     if (reading.sawReport())
         return text(textInstrumentUnread).arg(entry.asset);
@@ -89,6 +90,8 @@ QString listInstruments(Session& session, const QString& serial, const QString& 
     routine.run([&] {
         Transaction transaction(session);
         ModuleGlobals::ClearInUse(session, serial);
+        if (reading.sawReport())
+            return; // nothing more is asked while others wait for the lock
         entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
         if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, tag))
             failure = text(textMembersUnknown);

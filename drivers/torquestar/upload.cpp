@@ -69,7 +69,10 @@ QString Upload::run() {
     }
     // What stays on the calibrator must come up again with the next upload.
     if (!hasLeftAny_) {
+        const ReportWatch clearing(session_);
         ModuleGlobals::ClearInUse(session_, serial_);
+        if (clearing.sawReport() && hasLostConnection(session_))
+            return text(textConnectionLost);
         ProcessMessageProtocol(driver_, "T2E" + nameField(roundName));
     }
     return withoutData_.isEmpty() ? QString() : text(1061) + lineBreak + withoutData_;
@@ -127,7 +130,9 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
     const auto outcome = work.finish();
     if (!outcome.failure.isEmpty())
         return fail(outcome.failure);
-    if (outcome.end == RecordOutcome::End::unprepared) {
+    // Where nothing was read, what the calibrator holds is all that there is.
+    const bool isUnread = outcome.end == RecordOutcome::End::unfinished && work.entry.readings.isEmpty();
+    if (outcome.end == RecordOutcome::End::unprepared || isUnread) {
         hasLeftAny_ = true;
         return true;
     }

@@ -56,6 +56,21 @@ TEST(Sql, IsNotIntactWhenAConditionLeavesItsParentheses) {
         EXPECT_FALSE(sqlCondition(condition.toString()).isIntact()) << condition.toString().toStdString();
 }
 
+TEST(Sql, IsNotIntactWhenEnginesCouldReadAConditionDifferently) {
+    for (const auto& condition : std::initializer_list<QStringView>{
+             u"select a from t // '\n); delete from t; commit //'",
+             u"select a from t % '\n); delete from t %'",
+             u"select a from t where b = E'\\'' ); drop table x; --'",
+             u"select a from t where b = '\\' , ') ; x --'", u"('{}'::jsonb)['] … = ']) ; drop table x; --'",
+             u"`'`) ; x '`", u"$$'$$) ; x '"})
+        EXPECT_FALSE(sqlCondition(condition.toString()).isIntact()) << condition.toString().toStdString();
+    for (const auto& condition : std::initializer_list<QStringView>{
+             u"select a from t where b like '50%\n' and c % 2 = 0", u"select [a b] from t where c / 2 > 1",
+             u"select a from t where b like 'x\\_%' escape '\\'"})
+        EXPECT_EQ(sqlCondition(condition.toString()).isIntact(), !condition.contains(u'\n'))
+            << condition.toString().toStdString();
+}
+
 TEST(Sql, OneValueThatIsNotIntactSpoilsTheWhole) {
     const auto statement = Sql(u"insert into t values (") + sqlText(u"a'b"_s) + u"," + sqlText(u"c"_s) + u")";
     EXPECT_FALSE(statement.isIntact());

@@ -77,6 +77,17 @@ TEST_F(TorqueDownloadFailures, ParametersThatCantBeReadEndTheDownloadBeforeTheTo
     }
 }
 
+TEST_F(TorqueDownloadFailures, MoreStandardsThanTheListTakesAreReportedAndTheFirstIsTheTransducer) {
+    addWrenches(u"TAG"_s, 1);
+    QStringList standards{u"X-1"_s};
+    while (standards.size() < 52)
+        standards << u"S-%1"_s.arg(standards.size());
+    addStandards(u"W-1"_s, standards);
+    ui.expectReport(9, u"ModuleGlobals,GetInUseData"_s);
+    EXPECT_EQ(download(), QString());
+    EXPECT_EQ(conversation().filter(u"T1A"_s).size(), 1);
+}
+
 TEST_F(TorqueDownloadFailures, TheStatusLineTellsWhichToolIsLoadedAndIsEmptiedAtTheEnd) {
     addWrenches(u"TAG"_s, 2);
     const QStringList whole{u"Loading W-1 onto the calibrator (1 of 2)"_s,

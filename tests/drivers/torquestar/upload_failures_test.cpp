@@ -161,6 +161,17 @@ TEST_F(TorqueUpload, FiftyOneStandardsAreCopied) {
     EXPECT_EQ(writes().filter(u"insert into mt.standards"_s).size(), 51);
 }
 
+TEST_F(TorqueUpload, AConnectionLostWhileTheRegistryIsClearedKeepsTheRound) {
+    addUsed(1, {u"100"_s});
+    holdResults({{100}});
+    const auto clearing =
+        u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '12345678';commit"_s;
+    script.failures[clearing] = Error{10054, u"Connection lost"_s, u"08S01"_s, true};
+    ui.expectReport(10054, u"ModuleGlobals,ClearInUse"_s);
+    EXPECT_EQ(upload(), text(1001));
+    EXPECT_TRUE(conversation().filter(u"T2E"_s).isEmpty());
+}
+
 TEST_F(TorqueUpload, TheFiftySecondStandardIsReportedAndNoneIsCopied) {
     addUsed(1, {u"100"_s});
     QStringList standards;
