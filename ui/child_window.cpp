@@ -99,7 +99,7 @@ void ChildWindow::bindPageKeys() {
         auto* pressed = new QShortcut(QKeySequence(Qt::CTRL | key), this);
         pressed->setContext(Qt::WidgetWithChildrenShortcut);
         onSignal(pressed, &QShortcut::activated, this, session_.ui,
-                 [this, step] { changePageAtFocus(step); });
+                 [this, step = step] { changePageAtFocus(step); });
     }
 }
 
