@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,7 +45,7 @@ QString overlayTextsOf(const QStringList& arguments) {
     QStringList unreadable;
     for (const auto& path : valuesOf(textsOption, arguments)) {
         if (!overlayStrings(path))
-            unreadable << text(2146).arg(path);
+            unreadable << text(TextId::textsFileUnreadable).arg(path);
     }
     return unreadable.join(u' ');
 }

@@ -2,8 +2,9 @@
 
 #include "app/login.h"
 #include "data/routine.h"
-#include "platform/numbers.h"
 #include "platform/reason_log.h"
+#include "platform/values/numbers.h"
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
@@ -28,14 +29,14 @@ constexpr int looksPerSecond = 50;
 } // namespace
 
 FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion)
-    : ChildWindow(session, ChildForm::FormConnect, u"FormConnect"_s, {.width = 8235, .height = 1575}),
+    : ChildWindow(session, u"FormConnect"_s, {.width = 8235, .height = 1575}),
       menu_(menu),
       exitQuestion_(std::move(exitQuestion)),
-      TextUsername(named(new QLineEdit, u"TextUsername"_s, text(131), 470)),
-      TextPassword(named(new QLineEdit, u"TextPassword"_s, text(132), 471)),
-      CommandConnect(button(u"CommandConnect"_s, 133, 472)),
-      CommandCancel(button(u"CommandCancel"_s, 134, 473)) {
-    setWindowTitle(text(129));
+      TextUsername(named(new QLineEdit, u"TextUsername"_s, text(TextId::userName), TextId::userNameTip)),
+      TextPassword(named(new QLineEdit, u"TextPassword"_s, text(TextId::password), TextId::passwordTip)),
+      CommandConnect(button(u"CommandConnect"_s, TextId::connectCommand, TextId::connectTip)),
+      CommandCancel(button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)) {
+    setWindowTitle(text(TextId::loginTitle));
     TextPassword->setEchoMode(QLineEdit::Password);
     // A plain star for each character, whatever the style would draw.
     TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
@@ -58,10 +59,10 @@ void FormConnect::layOut() {
     grid->setContentsMargins(12, 6, 12, 6);
     grid->setVerticalSpacing(4);
     grid->setHorizontalSpacing(10);
-    grid->addWidget(label(u"Label1"_s, 130), 0, 0);
-    grid->addWidget(labelFor(TextUsername, u"Label2"_s, 131), 0, 1);
+    grid->addWidget(label(u"Label1"_s, TextId::loginPrompt), 0, 0);
+    grid->addWidget(labelFor(TextUsername, u"Label2"_s, TextId::userName), 0, 1);
     grid->addWidget(TextUsername, 0, 2);
-    grid->addWidget(labelFor(TextPassword, u"Label3"_s, 132), 1, 1);
+    grid->addWidget(labelFor(TextPassword, u"Label3"_s, TextId::password), 1, 1);
     grid->addWidget(TextPassword, 1, 2);
     grid->addWidget(CommandConnect, 0, 3);
     grid->addWidget(CommandCancel, 1, 3);
@@ -77,7 +78,8 @@ void FormConnect::setButtonsEnabled(bool enabled) {
 
 void FormConnect::CommandConnect_Click() {
     if (TextPassword->text().isEmpty() || TextUsername->text().isEmpty()) {
-        session_.ui.messageBox(text(135), text(101), box::warning);
+        session_.ui.messageBox(text(TextId::userNameAndPasswordRequired), text(TextId::applicationName),
+                               box::warning);
         (TextUsername->text().isEmpty() ? TextUsername : TextPassword)->setFocus();
         return;
     }
@@ -86,7 +88,7 @@ void FormConnect::CommandConnect_Click() {
         Q_EMIT loggedIn();
         return;
     }
-    session_.ui.messageBox(text(136), text(101), box::stop);
+    session_.ui.messageBox(text(TextId::databaseConnectionFailed), text(TextId::applicationName), box::stop);
     TextPassword->clear();
     setButtonsEnabled(true);
     TextPassword->setFocus();
@@ -100,7 +102,7 @@ bool FormConnect::connectUser() {
         logIn(session_, menu_, TextUsername->text(), TextPassword->text());
         return true;
     } catch (const Error& error) {
-        logReason(session_, text(2143).arg(plainText(error.number), error.description));
+        logReason(session_, text(TextId::loginFailed).arg(plainText(error.number), error.description));
         refusals_ = session_.SessionConnected ? 0 : refusals_ + 1;
         waitAfterRefusal();
         return false;

@@ -2,6 +2,7 @@
 
 #include "app/login.h"
 #include "platform/error_report.h"
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
@@ -12,13 +13,14 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 FormODBC::FormODBC(Session& session, const QStringList& dataSources)
-    : ChildWindow(session, ChildForm::FormODBC, u"FormODBC"_s, {.width = 4800, .height = 1575}),
-      ComboDatasource(dropDown(u"ComboDatasource"_s, text(126), 483, dataSources)) {
-    setWindowTitle(text(125));
+    : ChildWindow(session, u"FormODBC"_s, {.width = 4800, .height = 1575}),
+      ComboDatasource(dropDown(u"ComboDatasource"_s, text(TextId::odbcDataSource), TextId::odbcDataSourceTip,
+                               dataSources)) {
+    setWindowTitle(text(TextId::databaseConnection));
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
     column->setContentsMargins(12, 8, 12, 10);
-    column->addWidget(labelFor(ComboDatasource, u"Label1"_s, 126));
+    column->addWidget(labelFor(ComboDatasource, u"Label1"_s, TextId::odbcDataSource));
     column->addWidget(ComboDatasource);
     setBody(body);
     setFirstFocus(ComboDatasource);

@@ -1,11 +1,11 @@
 #include "app/login.h"
 
 #include "app/menu_options.h"
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "platform/error_report.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 
 #include <QScopeGuard>
 

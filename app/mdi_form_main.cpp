@@ -6,14 +6,16 @@
 #include "app/menu_options.h"
 #include "data/routine.h"
 #include "data/start_up.h"
-#include "editors/form_cal_param.h"
-#include "editors/form_predefined_tasks.h"
-#include "editors/form_strategies.h"
+#include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
-#include "platform/numbers.h"
+#include "editors/predefined_tasks/form_predefined_tasks.h"
+#include "editors/strategies/form_strategies.h"
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "ui/guarded.h"
+#include "ui/open_windows.h"
 #include "ui/status_line.h"
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
@@ -96,10 +98,10 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
     return found == std::end(commands) ? nullptr : found;
 }
 
-MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Surroundings surroundings)
+MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Environment environment)
     : session_(session),
       calibrators_(calibrators),
-      surroundings_(std::move(surroundings)),
+      environment_(std::move(environment)),
       area_(new QMdiArea(this)),
       statusLine_(new StatusLine(session)) {
     setObjectName(u"MDIFormMain"_s);
@@ -159,7 +161,7 @@ void MDIFormMain::applyMenu() {
 
 void MDIFormMain::load() {
     guarded(session_.ui, [this] {
-        setWindowTitle(text(101));
+        setWindowTitle(text(TextId::applicationName));
         // For the child windows too.
         QApplication::setWindowIcon(programIcon());
         setCaptions();
@@ -175,7 +177,7 @@ void MDIFormMain::load() {
 
 void MDIFormMain::startUp() {
     // Whatever fails before it, without the login screen nobody could go on.
-    guarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, surroundings_.commandLine); });
+    guarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, environment_.commandLine); });
     auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
     onSignal(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
 }
@@ -194,7 +196,8 @@ void MDIFormMain::carryOut(MenuEntry entry) {
     if (!command)
         return;
     if (command->needsConnection && !session_.SessionConnected) {
-        session_.ui.messageBox(text(1001), text(635), box::warning);
+        session_.ui.messageBox(text(TextId::connectionLostAdvice), text(TextId::connectionLost),
+                               box::warning);
         return;
     }
     if (command->asks && session_.ui.bringQuestionForward())
@@ -220,7 +223,8 @@ void MDIFormMain::changeEvent(QEvent* event) {
 }
 
 void MDIFormMain::mnuExit() {
-    if (session_.ui.messageBox(text(115), text(101), box::question) != BoxAnswer::yes)
+    if (session_.ui.messageBox(text(TextId::confirmExit), text(TextId::applicationName), box::question) !=
+        BoxAnswer::yes)
         return;
     guarded(session_.ui, [this] {
         if (const auto place = placeOf(*this); place != placeAtStart_)
@@ -228,12 +232,13 @@ void MDIFormMain::mnuExit() {
     });
     // The end unwinds nothing, and an engine of ours then leaves its last records beside its files.
     closeConnection(session_);
-    surroundings_.endProcess();
+    environment_.endProcess();
 }
 
 void MDIFormMain::mnuLogout() {
-    if (std::ranges::find(session_.FormOpenFlags, true) != session_.FormOpenFlags.end()) {
-        session_.ui.messageBox(text(539), text(101), box::warning);
+    if (isAnyWindowOpen(session_)) {
+        session_.ui.messageBox(text(TextId::windowsOpenAtLogOut), text(TextId::applicationName),
+                               box::warning);
         return;
     }
     guarded(session_.ui, [this] { disconnectSession(session_); });
@@ -250,7 +255,7 @@ void MDIFormMain::mnuDownload() {
     QString calibrator;
     form->run([&] {
         session_.ui.processEvents();
-        calibrator = chooseCalibrator(session_, text(352), u"LastDownloadCalibrator"_s);
+        calibrator = chooseCalibrator(session_, text(TextId::downloadCommand), u"LastDownloadCalibrator"_s);
     });
     if (!form || !form->isOpen())
         return;
@@ -286,7 +291,8 @@ void MDIFormMain::mnuCalParameters() {
         const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points", Rows::first);
         rows->next();
         if (numericValue(notNull(rows->value(0))) == 0)
-            session_.ui.messageBox(text(428), text(112), box::warning);
+            session_.ui.messageBox(text(TextId::noTestStrategiesDefined), text(TextId::calibrationParameters),
+                                   box::warning);
     });
     if (!counted)
         return;
@@ -297,14 +303,14 @@ void MDIFormMain::mnuCalParameters() {
 }
 
 OpenCalParam* MDIFormMain::openCalParam() const {
-    return session_.openFlag(ChildForm::FormCalParam) ? openScreen<FormCalParam>() : nullptr;
+    return isWindowOpen(session_, u"FormCalParam") ? openScreen<FormCalParam>() : nullptr;
 }
 
 void MDIFormMain::mnuODBC() {
     if (openScreen<FormODBC>())
         showScreen<FormODBC>(QStringList());
     else
-        showScreen<FormODBC>(surroundings_.dataSources());
+        showScreen<FormODBC>(environment_.dataSources());
 }
 
 void MDIFormMain::mnuConfiguration() {
@@ -326,7 +332,7 @@ void MDIFormMain::mnuPredefined() {
 
 void MDIFormMain::comesLater(MenuEntry entry) {
     const auto& row = menuTree()[static_cast<std::size_t>(entry)];
-    session_.ui.messageBox(text(1062), text(row.caption), box::information);
+    session_.ui.messageBox(text(TextId::screenNotInVersion), text(row.caption), box::information);
 }
 
 template <class Screen>

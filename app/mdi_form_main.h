@@ -20,7 +20,7 @@ class OpenCalParam;
 class StatusLine;
 
 /// What the main window has to do with the world outside the session.
-struct Surroundings {
+struct Environment {
     /// The data sources that the driver manager knows.
     std::function<QStringList()> dataSources;
     QString commandLine;
@@ -33,7 +33,7 @@ struct Surroundings {
 class MDIFormMain final : public QMainWindow {
     Q_OBJECT
   public:
-    MDIFormMain(Session& session, Calibrators& calibrators, Surroundings surroundings);
+    MDIFormMain(Session& session, Calibrators& calibrators, Environment environment);
 
     /// The start of the program: captions, size, the empty frame on the screen, start-up, the login screen.
     void load();
@@ -84,7 +84,7 @@ class MDIFormMain final : public QMainWindow {
 
     Session& session_;
     Calibrators& calibrators_;
-    Surroundings surroundings_;
+    Environment environment_;
     Menu menu_;
     QMdiArea* area_;
     StatusLine* statusLine_;

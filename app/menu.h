@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/strings.h"
+
 #include <QString>
 
 #include <array>
@@ -40,7 +42,7 @@ struct MenuRow {
     MenuEntry entry;
     QStringView name;
     MenuEntry parent;
-    int caption;
+    TextId caption;
     QStringView shortcut;
     bool shown;
     bool enabled;

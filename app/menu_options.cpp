@@ -1,7 +1,7 @@
 #include "app/menu_options.h"
 
 #include "data/routine.h"
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 
 using namespace Qt::StringLiterals;
 

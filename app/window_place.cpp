@@ -1,7 +1,7 @@
 #include "app/window_place.h"
 
 #include "platform/error_report.h"
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 
 #include <QGuiApplication>
 #include <QScreen>

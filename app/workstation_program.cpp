@@ -4,10 +4,10 @@ namespace kelvane {
 
 WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settings,
                                        ConnectionFactory connections, SerialPort& port, Dpclnk& link,
-                                       Surroundings surroundings)
+                                       Environment environment)
     : session({ui, clock, settings}, std::move(connections)),
       calibrators{session, {session, port}, {session, link}},
-      window(session, calibrators, std::move(surroundings)) {
+      window(session, calibrators, std::move(environment)) {
     ui.attach(session, window, window.area(), window.statusLine());
 }
 

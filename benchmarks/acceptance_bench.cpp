@@ -7,11 +7,11 @@
 #include "data/session.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/fluke702/fluke702.h"
-#include "platform/odbc_connection.h"
-#include "tests/data/scripted_params.h"
-#include "tests/support/embedded_database.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/quiet_operator.h"
+#include "platform/database/odbc_connection.h"
+#include "testkit/embedded_database.h"
+#include "testkit/fixtures.h"
+#include "testkit/quiet_operator.h"
+#include "testkit/scripted_params.h"
 
 #include <QCoreApplication>
 
@@ -33,7 +33,7 @@ void require(bool good, const char* what) {
 }
 
 void run(int count) {
-    const testing::EmbeddedDatabase database(QStringLiteral(KELVANE_TEST_DATABASE));
+    const testing::EmbeddedDatabase database(testing::demoDatabase());
     testing::QuietOperator ui;
     testing::SetClock clock;
     testing::MemorySettings settings;

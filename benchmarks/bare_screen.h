@@ -1,7 +1,7 @@
 #pragma once
 
 #include "benchmarks/plain_odbc.h"
-#include "platform/connection.h"
+#include "platform/database/connection.h"
 
 #include <QList>
 #include <QRect>

@@ -3,8 +3,8 @@
 
 #include "benchmarks/in_turns.h"
 #include "benchmarks/plain_odbc.h"
-#include "platform/odbc_connection.h"
-#include "tests/support/embedded_database.h"
+#include "platform/database/odbc_connection.h"
+#include "testkit/embedded_database.h"
 
 #include <QCoreApplication>
 
@@ -31,7 +31,7 @@ void require(bool good, const char* what) {
 }
 
 void run(int count) {
-    const testing::EmbeddedDatabase database(QStringLiteral(KELVANE_TEST_DATABASE));
+    const testing::EmbeddedDatabase database(testing::demoDatabase());
     const auto connection = database.connect(u"jdoe"_s, u"kelvane"_s);
     PlainOdbc plain(database.connectionString());
     for (const auto& owner : {u"mt"_s, u"sys"_s}) {

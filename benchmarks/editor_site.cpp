@@ -1,6 +1,6 @@
 #include "benchmarks/editor_site.h"
 
-#include "platform/odbc_connection.h"
+#include "platform/database/odbc_connection.h"
 
 #include <QMdiArea>
 
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::bench {
 
 EditorSite::EditorSite(int rows)
-    : database(QStringLiteral(KELVANE_TEST_DATABASE)),
+    : database(testing::demoDatabase()),
       session({ui, clock, settings},
               [this] { return std::make_unique<WatchedConnection>(odbcConnections()(), log); }),
       plain(database.connectionString()),

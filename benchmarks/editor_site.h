@@ -3,9 +3,9 @@
 #include "benchmarks/plain_odbc.h"
 #include "benchmarks/watched.h"
 #include "data/session.h"
-#include "tests/support/embedded_database.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/quiet_operator.h"
+#include "testkit/embedded_database.h"
+#include "testkit/fixtures.h"
+#include "testkit/quiet_operator.h"
 #include "ui/editor_window.h"
 
 #include <QMainWindow>

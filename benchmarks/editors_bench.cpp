@@ -5,11 +5,11 @@
 #include "benchmarks/bare_screen.h"
 #include "benchmarks/editor_site.h"
 #include "benchmarks/in_turns.h"
-#include "editors/form_cal_param.h"
-#include "editors/form_predefined_tasks.h"
-#include "editors/form_strategies.h"
+#include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
+#include "editors/predefined_tasks/form_predefined_tasks.h"
+#include "editors/strategies/form_strategies.h"
 
 #include <QApplication>
 #include <QComboBox>

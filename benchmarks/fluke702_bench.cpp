@@ -24,7 +24,7 @@ using namespace Module702Interface;
 
 constexpr int few = 50;
 constexpr int many = 500;
-/// So often the few go on the road before the many do, and again after them: as many instruments in all, and
+/// So often the few are downloaded and uploaded before the many are, and again after them: as many instruments in all, and
 /// a machine that grows slower or quicker meets both.
 constexpr int roadsOfFew = many / few / 2;
 
@@ -32,7 +32,7 @@ constexpr int pointsEach = 21;
 const QString strategy = u"BENCH 21 POINT"_s;
 
 /// The database of a plant with 500 pressure transmitters, each with six messages, and a task package for
-/// each number of them. Every road starts on a copy of it.
+/// each number of them. Every run starts on a copy of it.
 class Plant {
   public:
     explicit Plant(const QString& databaseFrom);
@@ -80,7 +80,7 @@ class InStep {
   public:
     InStep(Site& site, const testing::EmbeddedDatabase& database) : site_(site), replay_(database) {}
 
-    /// The seconds that each of the two needs for a half of the road.
+    /// The seconds that each of the two needs for a half of the run.
     struct Half {
         double ours = 0;
         double plain = 0;
@@ -128,7 +128,7 @@ void InStep::catchUp() {
     site_.log.rows.clear();
 }
 
-struct Road {
+struct RunFigures {
     InStep::Half download;
     InStep::Half upload;
 
@@ -136,13 +136,13 @@ struct Road {
     double plain() const { return download.plain + upload.plain; }
 };
 
-Road road(const Plant& plant, int instruments) {
+RunFigures run(const Plant& plant, int instruments) {
     Site site(plant.files());
     const testing::EmbeddedDatabase twin(plant.files());
     InStep inStep(site, twin);
     QuickLink link;
     Fluke702 driver{site.session, link};
-    Road took;
+    RunFigures took;
     took.download = inStep.run([&] { return Fluke702_download(driver, plant.package(instruments)); });
     took.upload = inStep.run([&] { return Fluke702_upload(driver); });
     requireRecords(site.database, instruments);
@@ -172,7 +172,7 @@ class Costs {
     explicit Costs(int instruments) : instruments_(instruments) {}
 
     /// Gives the seconds for each.
-    double take(const Road& took) {
+    double take(const RunFigures& took) {
         download_.take(1000 * took.download.ours / instruments_);
         upload_.take(1000 * took.upload.ours / instruments_);
         statements_ = took.download.statements + took.upload.statements;
@@ -201,14 +201,14 @@ void run(const QString& databaseFrom, int turns) {
     Figure download;
     Figure upload;
     for (int turn = 0; turn < turns; ++turn) {
-        ofOne.take(road(plant, 1));
+        ofOne.take(run(plant, 1));
         Figure fewEach;
         const auto goWithFew = [&] {
             for (int i = 0; i < roadsOfFew; ++i)
-                fewEach.take(ofFew.take(road(plant, few)));
+                fewEach.take(ofFew.take(run(plant, few)));
         };
         goWithFew();
-        const auto took = road(plant, many);
+        const auto took = run(plant, many);
         goWithFew();
         growth.take(ofMany.take(took) / fewEach.mean());
         whole.take(took.ours() / took.plain());

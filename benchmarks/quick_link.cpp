@@ -1,7 +1,7 @@
 #include "benchmarks/quick_link.h"
 
 #include "drivers/link_library.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 
 namespace kelvane::bench {
 

@@ -1,7 +1,7 @@
 #include "benchmarks/site.h"
 
-#include "platform/engine_adapter.h"
-#include "platform/odbc_connection.h"
+#include "platform/database/engine_adapter.h"
+#include "platform/database/odbc_connection.h"
 
 #include <QCoreApplication>
 

@@ -4,8 +4,8 @@
 #include "benchmarks/watched.h"
 #include "data/session.h"
 #include "platform/settings_store.h"
-#include "tests/support/embedded_database.h"
-#include "tests/support/quiet_operator.h"
+#include "testkit/embedded_database.h"
+#include "testkit/quiet_operator.h"
 
 #include <QTemporaryDir>
 

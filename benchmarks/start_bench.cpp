@@ -4,7 +4,7 @@
 #include "app/workstation_program.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
-#include "platform/odbc_connection.h"
+#include "platform/database/odbc_connection.h"
 #include "resources/strings.h"
 
 #include <QApplication>

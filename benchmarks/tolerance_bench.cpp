@@ -2,9 +2,9 @@
 // nine numbers with std::snprintf, the standard library's ordinary way; std::to_chars, which only copies
 // digits into a buffer, is shown beside it.
 
-#include "data/tolerances.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/quiet_operator.h"
+#include "data/tolerances/tolerances.h"
+#include "testkit/fixtures.h"
+#include "testkit/quiet_operator.h"
 
 #include <algorithm>
 #include <array>

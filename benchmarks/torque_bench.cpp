@@ -3,7 +3,7 @@
 
 #include "benchmarks/torque_site.h"
 #include "benchmarks/watched.h"
-#include "data/assets.h"
+#include "data/assets/assets.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
 #include "workflow/driver.h"
@@ -22,7 +22,7 @@ constexpr int baud = 9600;
 constexpr double bitsOfByte = 10;
 constexpr int mostTools = 47;
 
-/// What one road of so many tools took.
+/// What one run of so many tools took.
 struct Figures {
     int tools = 0;
     int statements = 0;
@@ -33,16 +33,16 @@ struct Figures {
     int messages = 0;
 };
 
-/// Runs `road` (a download or an upload) and measures it.
-template <class Road>
-Figures measure(TorqueSite& site, int tools, Road road) {
+/// Runs `command` (a download or an upload) and measures it.
+template <class Command>
+Figures measure(TorqueSite& site, int tools, Command command) {
     auto& log = site.log;
     log = {};
     WatchedPort port(site.port);
     DpclnkLibrary link;
     Calibrators calibrators{site.session, {site.session, port}, {site.session, link}};
     const auto start = Clock::now();
-    const QString failure = road(calibrators);
+    const QString failure = command(calibrators);
     const Seconds whole = Clock::now() - start;
     port.endExchange();
     site.port.setPortOpen(false);
@@ -57,8 +57,8 @@ Figures measure(TorqueSite& site, int tools, Road road) {
             port.exchanges};
 }
 
-void print(const char* road, const Figures& f) {
-    std::printf("%-9s %3d tools  %6.1f statements/tool  %7.2f ms/tool  database %5.1f %%\n", road, f.tools,
+void print(const char* command, const Figures& f) {
+    std::printf("%-9s %3d tools  %6.1f statements/tool  %7.2f ms/tool  database %5.1f %%\n", command, f.tools,
                 double(f.statements) / f.tools, 1000 * f.seconds / f.tools, 100 * f.database / f.seconds);
 }
 

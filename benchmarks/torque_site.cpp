@@ -1,6 +1,7 @@
 #include "benchmarks/torque_site.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QFile>
 
@@ -23,7 +24,10 @@ QStringList toolNames(int tools) {
 } // namespace
 
 TorqueSite::TorqueSite(const Programs& programs, const QStringList& line)
-    : Site(programs.database), calibrator(text(351)), port(settings), programs_(programs) {
+    : Site(programs.database),
+      calibrator(text(TextId::calibratorTorqueStar)),
+      port(settings),
+      programs_(programs) {
     const auto link = folder.filePath(u"COM1"_s);
     settings.setValue(u"Ports"_s, u"COM1"_s, link);
     simulator_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -57,7 +61,7 @@ void TorqueSite::carryOut(int tools) {
     for (const auto& name : toolNames(tools))
         file.write(QStringLiteral("%1; 50, 150, 250; 0.5, -1, 1.5; bench\n").arg(name).toUtf8());
     file.close();
-    // Each road needs a moment of its own, or its records would be there already.
+    // Each run needs a moment of its own, or its records would be there already.
     const auto moment = QTime(8, 0).addSecs(60 * tools).toString(u"HH:mm:ss"_s);
     QProcess technician;
     technician.start(programs_.technician, {u"--memory"_s, folder.filePath(u"memory.json"_s), u"carry-out"_s,

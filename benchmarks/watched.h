@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/torquestar/serial_port.h"
-#include "tests/support/forwarding_connection.h"
+#include "testkit/forwarding_connection.h"
 
 #include <QStringList>
 

@@ -5,7 +5,9 @@ option(KELVANE_SANITIZE "Build with the address and undefined-behaviour sanitize
 define_property(TARGET PROPERTY KELVANE_TEST_CODE INITIALIZE_FROM_VARIABLE default_KELVANE_TEST_CODE)
 
 add_library(kelvane_options INTERFACE)
-target_include_directories(kelvane_options INTERFACE ${CMAKE_SOURCE_DIR})
+# Headers that are made from tables stand beside those of the source tree, under the same folders.
+set(KELVANE_GENERATED ${CMAKE_BINARY_DIR}/generated)
+target_include_directories(kelvane_options INTERFACE ${CMAKE_SOURCE_DIR} ${KELVANE_GENERATED})
 target_compile_definitions(
     kelvane_options
     INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING

@@ -1,7 +1,7 @@
 #include "data/custom_dialog.h"
 
 #include "data/routine.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/session.h"
+#include "platform/database/sql.h"
 #include "platform/error_report.h"
-#include "platform/sql.h"
 
 #include <utility>
 
@@ -37,7 +37,7 @@ class Routine {
     }
 
     // A statement that a value has made another one of is never sent, and is the syntax error that it would
-    // have been (`platform/sql.h`).
+    // have been (`platform/database/sql.h`).
 
     /// Runs a query through the shared connection; the statement is what a report would show.
     std::unique_ptr<RecordSet> select(const Sql& statement, Rows rows = Rows::all);

@@ -1,32 +1,12 @@
 #pragma once
 
-#include "platform/connection.h"
-#include "platform/fixed_list.h"
+#include "platform/database/connection.h"
+#include "platform/values/fixed_list.h"
 #include "platform/workstation.h"
 
-#include <array>
 #include <memory>
 
 namespace kelvane {
-
-/// The child windows that keep a flag while they are open, in the order in which log out tests them.
-enum class ChildForm {
-    FormCalParam,
-    FormDockingDown,
-    FormCalConfig,
-    FormConnect,
-    FormCustomDialog,
-    FormODBC,
-    FormStatusBar,
-    FormStrategies,
-    FormTestMess,
-    FormWorkConfig,
-    FormWorkEntry,
-    FormWorksheetPrint,
-    FormPredefinedTasks,
-    FormUnfinishedResults,
-};
-inline constexpr int childFormCount = 14;
 
 /// A substitution row of the result template.
 struct SubstRow {
@@ -103,7 +83,6 @@ struct Session : Workstation {
     FixedList<SubstRow, 500> SubstTable;
     /// The body line of the result template, upper-cased; empty: results can't be laid out in this session.
     QString ResultTemplateLine;
-    std::array<bool, childFormCount> FormOpenFlags{};
 
     FixedList<AssetEntry, 500> AssetList;
     FixedList<float, 200> TestPointList;
@@ -117,8 +96,6 @@ struct Session : Workstation {
     FixedList<CalField, 100> CalFieldTable;
     /// The choices of the one-field dialog, from 1; the first empty entry ends it.
     FixedList<QString, 2500, 1> SharedValueList;
-
-    bool& openFlag(ChildForm form) { return FormOpenFlags[static_cast<std::size_t>(form)]; }
 };
 
 /// The one connection of the session, made on first use.

@@ -1,7 +1,7 @@
 #include "data/small_routines.h"
 
 #include "data/routine.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 
 #include <chrono>
 #include <random>

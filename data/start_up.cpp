@@ -3,8 +3,9 @@
 #include "data/routine.h"
 #include "platform/file_error.h"
 #include "platform/reason_log.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QDir>
 #include <QFile>
@@ -118,7 +119,7 @@ bool findAndReadTemplate(Session& session) {
 }
 
 void warnOfTemplate(Session& session) {
-    session.ui.messageBox(text(369), text(101), box::warning);
+    session.ui.messageBox(text(TextId::resultTemplateMissing), text(TextId::applicationName), box::warning);
 }
 
 } // namespace

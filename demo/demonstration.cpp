@@ -1,8 +1,8 @@
 #include "demo/demonstration.h"
 
-#include "demo/fluke702_road.h"
+#include "demo/fluke702_day.h"
 #include "demo/preparation.h"
-#include "demo/torque_road.h"
+#include "demo/torque_day.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -16,35 +16,35 @@ namespace kelvane::demo {
 void Demonstration::run() {
     start();
     logIn(procedureWriter);
-    prepareTransmitter(desk_);
+    prepareTransmitter(station_);
     logOut();
     logIn(u"jdoe"_s);
-    const auto day = goTorqueRoad(desk_, memories_.torqueStar);
-    goFluke702Road(desk_, memories_.fluke702, day.addDays(-1));
-    calibratePrepared(desk_, memories_.fluke702, day.addDays(-2));
+    const auto day = runTorqueDay(station_, memories_.torqueStar);
+    runFluke702Day(station_, memories_.fluke702, day.addDays(-1));
+    calibratePrepared(station_, memories_.fluke702, day.addDays(-2));
     logOut();
     exit();
 }
 
 void Demonstration::start() {
-    desk_.step(u"start, up to the login screen"_s, [this] { desk_.program.start(); });
+    station_.step(u"start, up to the login screen"_s, [this] { station_.program.start(); });
     lookAtDataSources();
-    desk_.person.expectBox(
+    station_.person.expectBox(
         u"Database connection Failed! Check username/password and network connection and try again..."_s,
         u"Kelvane"_s, box::stop);
-    desk_.step(u"log in with a wrong password: refused"_s, [this] { typeLogin(u"jdoe"_s, u"guess"_s); });
+    station_.step(u"log in with a wrong password: refused"_s, [this] { typeLogin(u"jdoe"_s, u"guess"_s); });
 }
 
 void Demonstration::lookAtDataSources() {
-    desk_.step(u"look at the data sources"_s, [this] { desk_.press(Qt::Key_D, Qt::ControlModifier); });
-    const auto chosen = control<QComboBox>(desk_.child(u"FormODBC"_s), u"ComboDatasource"_s).currentText();
+    station_.step(u"look at the data sources"_s, [this] { station_.press(Qt::Key_D, Qt::ControlModifier); });
+    const auto chosen = control<QComboBox>(station_.child(u"FormODBC"_s), u"ComboDatasource"_s).currentText();
     if (chosen != u"Calibration Data")
         throw Difference(u"the data source is "_s + chosen);
-    desk_.child(u"FormODBC"_s).close();
+    station_.child(u"FormODBC"_s).close();
 }
 
 void Demonstration::typeLogin(const QString& user, const QString& password) {
-    auto& form = desk_.child(u"FormConnect"_s);
+    auto& form = station_.child(u"FormConnect"_s);
     auto& name = control<QLineEdit>(form, u"TextUsername"_s);
     name.selectAll();
     QTest::keyClicks(&name, user);
@@ -53,19 +53,21 @@ void Demonstration::typeLogin(const QString& user, const QString& password) {
 }
 
 void Demonstration::logIn(const QString& user) {
-    desk_.step(u"log in as "_s + user, [&] { typeLogin(user, u"kelvane"_s); });
-    if (!desk_.program.session.SessionConnected)
+    station_.step(u"log in as "_s + user, [&] { typeLogin(user, u"kelvane"_s); });
+    if (!station_.program.session.SessionConnected)
         throw Difference(u"the login did not connect"_s);
 }
 
 void Demonstration::logOut() {
-    desk_.step(u"log out"_s, [this] { desk_.press(Qt::Key_L, Qt::ControlModifier); });
+    station_.step(u"log out"_s, [this] { station_.press(Qt::Key_L, Qt::ControlModifier); });
 }
 
 void Demonstration::exit() {
-    desk_.person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
-    desk_.step(u"exit"_s,
-               [this] { click(control<QPushButton>(desk_.child(u"FormConnect"_s), u"CommandCancel"_s)); });
+    station_.person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                              BoxAnswer::yes);
+    station_.step(u"exit"_s, [this] {
+        click(control<QPushButton>(station_.child(u"FormConnect"_s), u"CommandCancel"_s));
+    });
 }
 
 } // namespace kelvane::demo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/desk.h"
+#include "demo/demo_workstation.h"
 
 namespace kelvane::demo {
 
@@ -15,7 +15,7 @@ struct CalibratorMemories {
 class Demonstration {
   public:
     Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& pictures)
-        : desk_(program, pictures), memories_(memories) {}
+        : station_(program, pictures), memories_(memories) {}
 
     /// Throws `Difference` as soon as something is not as it has to be.
     void run();
@@ -28,7 +28,7 @@ class Demonstration {
     void logOut();
     void exit();
 
-    Desk desk_;
+    DemoWorkstation station_;
     CalibratorMemories memories_;
 };
 

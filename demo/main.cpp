@@ -5,7 +5,7 @@
 #include "demo/torquestar.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/torquestar/qt_serial_port.h"
-#include "platform/odbc_connection.h"
+#include "platform/database/odbc_connection.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "demo/preparation.h"
 
-#include "demo/field_runs.h"
 #include "demo/technician.h"
+#include "testkit/field_runs.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -52,19 +52,20 @@ const QString asset = preparedRun().record.asset;
 class Screen {
   public:
     /// Opens it by the shortcut of its menu entry, Ctrl and that key.
-    Screen(Desk& desk, const QString& name, Qt::Key key, const QString& told) : desk_(desk), name_(name) {
-        desk_.step(told, [&] { desk_.press(key, Qt::ControlModifier); });
+    Screen(DemoWorkstation& station, const QString& name, Qt::Key key, const QString& told)
+        : station_(station), name_(name) {
+        station_.step(told, [&] { station_.press(key, Qt::ControlModifier); });
     }
     /// Closes it: everything is saved, so nothing is asked.
     void close() {
-        desk_.look(name_);
-        desk_.step(u"close it"_s, [this] { window().close(); });
+        station_.look(name_);
+        station_.step(u"close it"_s, [this] { window().close(); });
     }
 
     void press(const QString& button) { click(control<QPushButton>(window(), button)); }
     /// A step: presses a button.
     void press(const QString& told, const QString& button) {
-        desk_.step(told, [&] { press(button); });
+        station_.step(told, [&] { press(button); });
     }
     void type(const QString& box, const QString& entry) {
         auto& field = control<QLineEdit>(window(), box);
@@ -100,7 +101,7 @@ class Screen {
   private:
     using Click = void (*)(QWidget*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int);
 
-    QWidget& window() { return desk_.child(name_); }
+    QWidget& window() { return station_.child(name_); }
     void rowPlace(const QString& list, const QString& row, Click how) {
         auto& shown = control<QListWidget>(window(), list);
         const auto found = shown.findItems(row, Qt::MatchExactly);
@@ -110,18 +111,18 @@ class Screen {
         how(shown.viewport(), Qt::LeftButton, {}, shown.visualItemRect(found.first()).center(), -1);
     }
 
-    Desk& desk_;
+    DemoWorkstation& station_;
     QString name_;
 };
 
 const QString newName = u"Enter a name for the new test strategy (30 chars max!):"_s;
 
-void makeStrategy(Desk& desk) {
-    Screen screen(desk, u"FormStrategies"_s, Qt::Key_S, u"open the test strategies"_s);
-    desk.person.expectDialog(u"Add new test strategy"_s, newName, strategy);
+void makeStrategy(DemoWorkstation& station) {
+    Screen screen(station, u"FormStrategies"_s, Qt::Key_S, u"open the test strategies"_s);
+    station.person.expectDialog(u"Add new test strategy"_s, newName, strategy);
     screen.press(u"name a new one "_s + strategy, u"CommandAdd"_s);
     screen.pick(u"ComboPreDef"_s, u"3 Points Up (0-50-100%)"_s);
-    desk.person.expectDialog(u"Kelvane"_s, u"Enter the test point to add: (%)"_s, u"75"_s);
+    station.person.expectDialog(u"Kelvane"_s, u"Enter the test point to add: (%)"_s, u"75"_s);
     screen.press(u"three points up, and one more"_s, u"CommandAddTP"_s);
     screen.clickRow(u"ListPoints"_s, u"75"_s);
     screen.press(u"CommandMoveUp"_s);
@@ -130,19 +131,19 @@ void makeStrategy(Desk& desk) {
     screen.close();
 }
 
-void writeMessage(Desk& desk) {
-    Screen screen(desk, u"FormTestMess"_s, Qt::Key_M, u"open the test messages"_s);
-    desk.person.expectDialog(u"Add Test Message"_s,
-                             u"Enter a name for the new test message: (30 characters max)"_s, message);
+void writeMessage(DemoWorkstation& station) {
+    Screen screen(station, u"FormTestMess"_s, Qt::Key_M, u"open the test messages"_s);
+    station.person.expectDialog(u"Add Test Message"_s,
+                                u"Enter a name for the new test message: (30 characters max)"_s, message);
     screen.press(u"name a new one "_s + message, u"CommandCreate"_s);
     screen.write(u"TextMessage"_s, u"Vent $DB:I4201$ before you connect the module."_s);
     screen.press(u"write its text and save it"_s, u"CommandSave"_s);
     screen.close();
 }
 
-void setParameters(Desk& desk) {
-    desk.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, asset);
-    Screen screen(desk, u"FormCalParam"_s, Qt::Key_P,
+void setParameters(DemoWorkstation& station) {
+    station.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, asset);
+    Screen screen(station, u"FormCalParam"_s, Qt::Key_P,
                   u"open the calibration parameters of %1, which has none"_s.arg(asset));
     screen.pick(u"ComboTSName"_s, strategy);
     screen.doubleClickRow(u"ListPreAvail"_s, message);
@@ -156,7 +157,7 @@ void setParameters(Desk& desk) {
     screen.type(u"TextOutputHigh"_s, u"20"_s);
     screen.pick(u"ComboOutputUnits"_s, u"mA"_s);
     screen.turnOn(u"OptionCalLoopPWROut24VDC"_s);
-    desk.look(u"FormCalParam"_s);
+    station.look(u"FormCalParam"_s);
     screen.showPage(3);
     screen.type(u"TextSpanPos"_s, u"0.25"_s);
     screen.type(u"TextSpanNeg"_s, u"0.25"_s);
@@ -164,9 +165,9 @@ void setParameters(Desk& desk) {
     screen.close();
 }
 
-void makePackage(Desk& desk) {
-    Screen screen(desk, u"FormPredefinedTasks"_s, Qt::Key_T, u"open the task packages"_s);
-    desk.person.expectDialog(u"Add New Task Package"_s, newName, package);
+void makePackage(DemoWorkstation& station) {
+    Screen screen(station, u"FormPredefinedTasks"_s, Qt::Key_T, u"open the task packages"_s);
+    station.person.expectDialog(u"Add New Task Package"_s, newName, package);
     screen.press(u"name a new one "_s + package, u"CommandAddTP"_s);
     screen.type(u"TextListEnter"_s, asset);
     screen.press(u"put %1 into it"_s.arg(asset), u"CommandAdd"_s);
@@ -185,25 +186,26 @@ void expectMessageIn(const QString& memory) {
 
 } // namespace
 
-void prepareTransmitter(Desk& desk) {
-    makeStrategy(desk);
-    writeMessage(desk);
-    setParameters(desk);
-    makePackage(desk);
+void prepareTransmitter(DemoWorkstation& station) {
+    makeStrategy(station);
+    writeMessage(station);
+    setParameters(station);
+    makePackage(station);
 }
 
-void calibratePrepared(Desk& desk, const QString& memory, const QDate& day) {
+void calibratePrepared(DemoWorkstation& station, const QString& memory, const QDate& day) {
     const QList<FieldRun> runs{preparedRun()};
-    desk.openDownloadList(fluke702);
-    desk.add(u"add the prepared task package "_s + package, package);
-    desk.expectList({asset});
-    desk.download();
+    station.openDownloadList(fluke702);
+    station.add(u"add the prepared task package "_s + package, package);
+    station.expectList({asset});
+    station.download();
     expectMessageIn(memory);
-    desk.step(u"carry out in the plant"_s, [&] { carryOut(memory, planLine(runs.first(), day).toUtf8()); });
-    desk.expectChoice(uploadTitle, fluke702);
-    desk.expectRecord(asset);
-    desk.upload(u"upload the first calibration of "_s + asset);
-    checkRecords(*desk.program.session.SharedConnection, day, afterRuns(runs));
+    station.step(u"carry out in the plant"_s,
+                 [&] { carryOut(memory, planLine(runs.first(), day).toUtf8()); });
+    station.expectChoice(uploadTitle, fluke702);
+    station.expectRecord(asset);
+    station.upload(u"upload the first calibration of "_s + asset);
+    checkRecords(*station.program.session.SharedConnection, day, afterRuns(runs));
 }
 
 } // namespace kelvane::demo

@@ -1,6 +1,6 @@
 #include "demo/technician.h"
 
-#include "demo/difference.h"
+#include "testkit/difference.h"
 
 #include <QCoreApplication>
 #include <QDir>

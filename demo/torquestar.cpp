@@ -1,7 +1,7 @@
 #include "demo/torquestar.h"
 
-#include "demo/difference.h"
 #include "demo/technician.h"
+#include "testkit/difference.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 #include "drivers/fluke_combinations.h"
 
-#include "data/unit_class.h"
+#include "data/tolerances/unit_class.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/cal_params.h"
+#include "data/parameters/cal_params.h"
 
 namespace kelvane {
 

@@ -1,7 +1,8 @@
 #include "drivers/fluke_judgement.h"
 
-#include "data/checked_arithmetic.h"
+#include "data/tolerances/checked_arithmetic.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,19 +10,18 @@ namespace kelvane {
 
 namespace {
 
-constexpr int textInstrument = 561;
-
 /// The title and the words of a box.
 struct DisagreementText {
-    int title;
-    int words;
+    TextId title;
+    TextId words;
 };
 
-constexpr DisagreementText instrumentFailed{560, 562};
-constexpr DisagreementText instrumentPassed{563, 564};
+constexpr DisagreementText instrumentFailed{TextId::instrumentFailed, TextId::calibratorReportedPass};
+constexpr DisagreementText instrumentPassed{TextId::instrumentPassed, TextId::calibratorReportedFail};
 
 void tell(Session& session, const QString& asset, const DisagreementText& disagreement) {
-    session.ui.messageBox(text(textInstrument) + u' ' + asset + u"\r\n\r\n"_s + text(disagreement.words),
+    session.ui.messageBox(text(TextId::judgedInstrument) + u' ' + asset + u"\r\n\r\n"_s +
+                              text(disagreement.words),
                           text(disagreement.title), box::warning);
 }
 

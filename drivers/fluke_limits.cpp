@@ -1,6 +1,7 @@
 #include "drivers/fluke_limits.h"
 
 #include "drivers/fluke_quantity.h"
+#include "resources/text_id.h"
 
 #include <algorithm>
 #include <optional>
@@ -11,8 +12,8 @@ namespace {
 
 /// The messages for an end of the range that lies below or above what the calibrator can do.
 struct Messages {
-    int below;
-    int above;
+    TextId below;
+    TextId above;
 };
 
 struct QuantityRow {
@@ -25,14 +26,28 @@ using enum FlukeQuantity;
 
 /// Temperatures have the words "cannot measure" on both sides.
 constexpr QuantityRow quantities[] = {
-    {temperature, {363, 362}, {363, 362}}, {current, {361, 361}, {545, 545}},
-    {dcVoltage, {354, 354}, {543, 543}},   {acVoltage, {354, 354}, {542, 542}},
-    {frequency, {358, 357}, {540, 540}},   {resistance, {359, 360}, {544, 544}},
+    {temperature,
+     {TextId::cannotMeasureTemperatureBelow, TextId::cannotMeasureTemperatureAbove},
+     {TextId::cannotMeasureTemperatureBelow, TextId::cannotMeasureTemperatureAbove}},
+    {current,
+     {TextId::cannotMeasureCurrentAbove, TextId::cannotMeasureCurrentAbove},
+     {TextId::cannotSourceCurrentAbove, TextId::cannotSourceCurrentAbove}},
+    {dcVoltage,
+     {TextId::cannotMeasureVoltageAbove, TextId::cannotMeasureVoltageAbove},
+     {TextId::cannotSourceVoltageAbove, TextId::cannotSourceVoltageAbove}},
+    {acVoltage,
+     {TextId::cannotMeasureVoltageAbove, TextId::cannotMeasureVoltageAbove},
+     {TextId::cannotSourceAcVoltage, TextId::cannotSourceAcVoltage}},
+    {frequency,
+     {TextId::cannotMeasureFrequencyBelow, TextId::cannotMeasureFrequencyAbove},
+     {TextId::cannotSourceFrequency, TextId::cannotSourceFrequency}},
+    {resistance,
+     {TextId::cannotMeasureResistanceBelow, TextId::cannotMeasureResistanceAbove},
+     {TextId::cannotSourceResistanceAbove, TextId::cannotSourceResistanceAbove}},
 };
 
 /// In millivolts, although the words of its message would allow 20000.
 constexpr FlukeSpan amplitude{2, 20};
-constexpr int wrongAmplitude = 541;
 
 struct Side {
     const QString& unit;
@@ -63,7 +78,7 @@ std::optional<FlukeSpan> spanFor(const FlukeLimits& limits, const Side& side,
 
 /// The order counts where one end lies below and the other above. Comparisons are of 32 bits on both sides,
 /// so that an end exactly on a limit passes.
-int fault(FlukeSpan span, const Side& side, Messages messages) {
+std::optional<TextId> fault(FlukeSpan span, const Side& side, Messages messages) {
     if (span.low > span.high)
         return messages.above;
     if (side.high > span.high)
@@ -74,38 +89,40 @@ int fault(FlukeSpan span, const Side& side, Messages messages) {
         return messages.above;
     if (side.high < span.low)
         return messages.below;
-    return 0;
+    return {};
 }
 
-int fault(const FlukeLimits& limits, const Side& side, FlukeSpan FlukeLimits::Unit::*direction,
-          Messages QuantityRow::*messages) {
+std::optional<TextId> fault(const FlukeLimits& limits, const Side& side,
+                            FlukeSpan FlukeLimits::Unit::*direction, Messages QuantityRow::*messages) {
     const auto span = spanFor(limits, side, direction);
     if (!span)
-        return 0;
+        return {};
     const auto quantity = flukeQuantity(side.unit);
     const auto* row = std::find_if(std::begin(quantities), std::end(quantities),
                                    [&](const QuantityRow& one) { return one.quantity == quantity; });
-    return row == std::end(quantities) ? 0 : fault(*span, side, row->*messages);
+    return row == std::end(quantities) ? std::nullopt : fault(*span, side, row->*messages);
 }
 
 } // namespace
 
-int flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument) {
+std::optional<TextId> flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument) {
     return fault(limits,
                  {instrument.output_type, instrument.temp_sens_type_out, instrument.output_high,
                   instrument.output_low},
                  &FlukeLimits::Unit::measures, &QuantityRow::measuring);
 }
 
-int flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument) {
-    const int message = fault(
+std::optional<TextId> flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument) {
+    const auto message = fault(
         limits,
         {instrument.input_type, instrument.temp_sens_type_in, instrument.input_high, instrument.input_low},
         &FlukeLimits::Unit::sources, &QuantityRow::sourcing);
     if (message || flukeQuantity(instrument.input_type) != frequency)
         return message;
     const auto peakToPeak = instrument.freq_ptpamp_in;
-    return peakToPeak < amplitude.low || peakToPeak > amplitude.high ? wrongAmplitude : 0;
+    return peakToPeak < amplitude.low || peakToPeak > amplitude.high
+               ? std::optional(TextId::cannotSourceAmplitude)
+               : std::nullopt;
 }
 
 } // namespace kelvane

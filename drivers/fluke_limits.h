@@ -1,8 +1,10 @@
 #pragma once
 
-#include "data/cal_params.h"
+#include "data/parameters/cal_params.h"
+#include "resources/strings.h"
 
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace kelvane {
@@ -36,8 +38,8 @@ struct FlukeLimits {
 
 /// The message (its id) that says why the calibrator can't measure the instrument's output; 0 when it can,
 /// and for a unit that no Fluke knows.
-int flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument);
+std::optional<TextId> flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument);
 /// The same for sourcing the instrument's input.
-int flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument);
+std::optional<TextId> flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument);
 
 } // namespace kelvane

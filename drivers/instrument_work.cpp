@@ -1,8 +1,9 @@
 #include "drivers/instrument_work.h"
 
-#include "data/cal_record.h"
-#include "data/field_dictionary.h"
+#include "data/records/cal_record.h"
+#include "data/records/field_dictionary.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <utility>
 
@@ -11,14 +12,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
-
-constexpr int textRecordCreation = 346;
-constexpr int textConnectionLost = 1001;
-constexpr int textInterrupted = 2000;
-constexpr int textNotPrepared = 2001;
-constexpr int textNotWhole = 2002;
-constexpr int textNoJournal = 2003;
-constexpr int textMadeMeanwhile = 2004;
 
 /// The value of a column of the new record; nothing when the site's dictionary does not have it.
 std::optional<QString> fieldValue(const Session& session, QStringView column) {
@@ -63,7 +56,7 @@ InstrumentWork::InstrumentWork(Session& session, QString routine)
 RecordOutcome InstrumentWork::finish() {
     takeRecordLists(session_, entry);
     entry.prepared = isPrepared();
-    entry.why = text(entry.prepared ? textInterrupted : textNotPrepared);
+    entry.why = text(entry.prepared ? TextId::resultsInterrupted : TextId::recordNotBegun);
     if (!entry.prepared) { // then these are worth nothing; the raw readings are
         entry.lines.clear();
         entry.fields.clear();
@@ -72,10 +65,11 @@ RecordOutcome InstrumentWork::finish() {
     try {
         entry.id = Journal(session_).add(entry);
     } catch (const Error& error) {
-        return {RecordOutcome::End::unprepared, text(textNoJournal).arg(entry.asset, error.description)};
+        return {RecordOutcome::End::unprepared,
+                text(TextId::journalNotWritten).arg(entry.asset, error.description)};
     }
     if (hasLostConnection())
-        return {RecordOutcome::End::unprepared, text(textConnectionLost)};
+        return {RecordOutcome::End::unprepared, text(TextId::connectionLostAdvice)};
     if (!isPrepared())
         return {};
     return record();
@@ -92,7 +86,9 @@ RecordOutcome InstrumentWork::record() {
     RecordOutcome outcome{End::made, {}};
     if (making.sawReport()) {
         outcome.end = End::unfinished;
-        changeJournal(session_, [this](Journal& journal) { journal.explain(entry.id, text(textNotWhole)); });
+        changeJournal(session_, [this](Journal& journal) {
+            journal.explain(entry.id, text(TextId::recordMayBeIncomplete));
+        });
     } else if (!refusal.isEmpty()) {
         changeJournal(session_,
                       [&](Journal& journal) { journal.end(entry.id, JournalEnd::refused, refusal); });
@@ -101,10 +97,10 @@ RecordOutcome InstrumentWork::record() {
     }
     if (!refusal.isEmpty()) {
         outcome.end = End::refused;
-        session_.ui.messageBox(refusal, text(textRecordCreation), box::stop);
+        session_.ui.messageBox(refusal, text(TextId::recordCreation), box::stop);
     }
     if (making.sawReport() && kelvane::hasLostConnection(session_))
-        outcome.failure = text(textConnectionLost);
+        outcome.failure = text(TextId::connectionLostAdvice);
     return outcome;
 }
 
@@ -129,7 +125,7 @@ void endAsDone(Session& session, const JournalEntry& entry) {
         const auto others = journal.unfinished();
         for (const auto& other : others) {
             if (sameResults(other, entry))
-                journal.end(other.id, JournalEnd::done, text(textMadeMeanwhile));
+                journal.end(other.id, JournalEnd::done, text(TextId::recordMadeElsewhere));
         }
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/journal.h"
+#include "data/journal/journal.h"
 #include "data/routine.h"
 
 #include <functional>

@@ -1,15 +1,10 @@
 #include "drivers/judge_again.h"
 
-#include "data/field_dictionary.h"
+#include "data/records/field_dictionary.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane {
-
-namespace {
-
-constexpr int textMismatch = 2014;
-
-} // namespace
 
 JudgingAgain beginJudgingAgain(Session& session, const QString& asset) {
     ModuleGlobals::SetCalDataFields(session, asset);
@@ -24,7 +19,7 @@ JudgingAgain beginJudgingAgain(Session& session, const QString& asset) {
 QString countMismatch(const QString& asset, qsizetype readings, int points) {
     if (readings == points)
         return {};
-    return text(textMismatch).arg(asset, QString::number(readings), QString::number(points));
+    return text(TextId::readingCountMismatch).arg(asset, QString::number(readings), QString::number(points));
 }
 
 void takeStandardsOf(Session& session, const JournalEntry& entry) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/cal_params.h"
-#include "data/journal.h"
+#include "data/journal/journal.h"
+#include "data/parameters/cal_params.h"
 
 namespace kelvane {
 

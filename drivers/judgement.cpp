@@ -1,6 +1,6 @@
 #include "drivers/judgement.h"
 
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 
 namespace kelvane {
 

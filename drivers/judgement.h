@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/cal_params.h"
-#include "data/tolerances.h"
+#include "data/parameters/cal_params.h"
+#include "data/tolerances/tolerances.h"
 
 namespace kelvane {
 

@@ -1,8 +1,9 @@
 #include "drivers/link_library.h"
 
 #include "platform/error.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QDir>
 #include <QLibrary>
@@ -12,9 +13,6 @@
 namespace kelvane {
 
 namespace {
-
-constexpr int textNotLoaded = 1100;
-constexpr int textLacksOperation = 1101;
 
 /// Room behind a text for a library that doesn't keep to the length.
 constexpr qsizetype slack = 256;
@@ -36,7 +34,7 @@ QString LinkLibrary::missing() {
         const auto reason = library.errorString();
         library.setFileName(name_);
         if (!library.load())
-            return text(textNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
+            return text(TextId::linkLibraryNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
     }
     for (auto& one : operations_) {
         one.function = library.resolve(one.name);
@@ -44,7 +42,7 @@ QString LinkLibrary::missing() {
             const auto file = QDir::toNativeSeparators(library.fileName());
             // Let go, so that a better one can take its place while the program runs.
             library.unload();
-            return text(textLacksOperation).arg(file, QString::fromLatin1(one.name));
+            return text(TextId::linkLibraryLacksOperation).arg(file, QString::fromLatin1(one.name));
         }
     }
     loaded_ = true;

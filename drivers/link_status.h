@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/strings.h"
+
 #include <QString>
 
 #include <optional>
@@ -10,7 +12,7 @@ namespace kelvane {
 /// A status of a link library: its number, the string of its message, and its name.
 struct LinkStatus {
     qint16 code;
-    int message;
+    TextId message;
     QStringView name;
 };
 

@@ -1,7 +1,7 @@
 #include "drivers/new_record.h"
 
-#include "data/field_dictionary.h"
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
+#include "data/records/field_dictionary.h"
 
 #include <utility>
 

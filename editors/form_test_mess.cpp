@@ -5,6 +5,7 @@
 #include "editors/column_values.h"
 #include "editors/new_name.h"
 #include "editors/refusal.h"
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/text_box.h"
@@ -24,21 +25,24 @@ Sql messageOf(const QString& name) {
     return u"select pname from mt.hvm_kv_prompts where pname = " + sqlText(SQLSafe(name));
 }
 
-constexpr NewName newMessage{
-    .title = 1374, .prompt = 1379, .taken = 1380, .maxLength = 0, .recordOf = messageOf};
+constexpr NewName newMessage{.title = TextId::addMessage,
+                             .prompt = TextId::newMessageNamePrompt,
+                             .taken = TextId::messageAlreadyExists,
+                             .maxLength = 0,
+                             .recordOf = messageOf};
 
 } // namespace
 
 FormTestMess::FormTestMess(Session& session, FindCalParam findCalParam)
-    : EditorWindow(session, ChildForm::FormTestMess, u"FormTestMess"_s, {.width = 4800, .height = 5580}),
+    : EditorWindow(session, u"FormTestMess"_s, {.width = 4800, .height = 5580}),
       findCalParam_(std::move(findCalParam)),
-      ComboMessageName(dropDown(u"ComboMessageName"_s, text(1370), 1371)),
-      TextMessage(named(new TextBox, u"TextMessage"_s, text(1383), 1372)),
-      CommandCreate(button(u"CommandCreate"_s, 1374, 1375)),
-      CommandSave(button(u"CommandSave"_s, 1090, 1373)),
-      CommandDelete(button(u"CommandDelete"_s, 1376, 1377)),
-      CommandCancel(button(u"CommandCancel"_s, 1003, 1378)) {
-    setWindowTitle(text(116));
+      ComboMessageName(dropDown(u"ComboMessageName"_s, text(TextId::testMessages), TextId::testMessagesTip)),
+      TextMessage(named(new TextBox, u"TextMessage"_s, text(TextId::messageText), TextId::messageTextTip)),
+      CommandCreate(button(u"CommandCreate"_s, TextId::addMessage, TextId::addMessageTip)),
+      CommandSave(button(u"CommandSave"_s, TextId::saveCommand, TextId::saveMessageTip)),
+      CommandDelete(button(u"CommandDelete"_s, TextId::removeMessage, TextId::removeMessageTip)),
+      CommandCancel(button(u"CommandCancel"_s, TextId::cancel, TextId::discardMessageChangesTip)) {
+    setWindowTitle(text(TextId::editTestMessages));
     layOut();
     connectCommands();
     setDefaultButton(CommandSave);
@@ -60,7 +64,7 @@ void FormTestMess::layOut() {
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
     column->setContentsMargins(12, 10, 12, 12);
-    column->addWidget(labelFor(ComboMessageName, u"Label1"_s, 1370));
+    column->addWidget(labelFor(ComboMessageName, u"Label1"_s, TextId::testMessages));
     column->addWidget(ComboMessageName);
     column->addWidget(TextMessage, 1);
     column->addLayout(buttons);
@@ -207,11 +211,12 @@ void FormTestMess::refuse(const Error& error) {
 void FormTestMess::keepVanished() {
     markUnsaved();
     CommandCancel->setEnabled(true);
-    session_.ui.messageBox(text(2071), text(116), box::warning);
+    session_.ui.messageBox(text(TextId::messageNoLongerExists), text(TextId::editTestMessages), box::warning);
 }
 
 bool FormTestMess::mayDelete() {
-    return isChanged() ? confirms(closeQuestion()) : confirms({1381, box::question, 116});
+    return isChanged() ? confirms(closeQuestion())
+                       : confirms({TextId::confirmMessageDeletion, box::question, TextId::editTestMessages});
 }
 
 void FormTestMess::CommandDelete_Click() {
@@ -221,7 +226,7 @@ void FormTestMess::CommandDelete_Click() {
     routine.run([&] {
         const auto name = sqlText(SQLSafe(ComboMessageName->currentText()));
         if (routine.hasRow(u"select mtag from mt.hvm_kv_proc_prompts where pname = " + name) &&
-            !confirms({1382, box::warningYesNo, 116}))
+            !confirms({TextId::confirmUsedMessageDeletion, box::warningYesNo, TextId::editTestMessages}))
             return;
         routine.execute(u"delete from mt.hvm_kv_proc_prompts where pname = " + name +
                         u";delete from mt.hvm_kv_prompts where pname = " + name + u";commit");
@@ -230,7 +235,7 @@ void FormTestMess::CommandDelete_Click() {
 }
 
 void FormTestMess::CommandCancel_Click() {
-    if (isChanged() && confirms({1093, box::question, 116}))
+    if (isChanged() && confirms({TextId::confirmDiscardChanges, box::question, TextId::editTestMessages}))
         LoadPrompts(ComboMessageName->currentText());
 }
 

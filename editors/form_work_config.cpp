@@ -3,8 +3,9 @@
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "editors/refusal.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
+#include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
 #include "ui/indicators.h"
@@ -36,14 +37,14 @@ constexpr int shownRows = 8;
 // Beyond this width a list scrolls: both fit into the main window as it opens.
 constexpr int greatestListWidth = 300;
 
-QCheckBox* checkBox(const QString& name, int caption, int toolTip) {
+QCheckBox* checkBox(const QString& name, TextId caption, TextId toolTip) {
     auto* made = named(new CheckBox, name, text(caption), toolTip);
     made->setText(text(caption));
     return made;
 }
 
 /// A list that takes what room the frame around it has.
-QListWidget* fieldList(const QString& name, int caption, int toolTip) {
+QListWidget* fieldList(const QString& name, TextId caption, TextId toolTip) {
     auto* made = named(new QListWidget, name, text(caption), toolTip);
     made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return made;
@@ -80,16 +81,16 @@ bool isYes(const std::optional<QString>& value) {
 } // namespace
 
 FormWorkConfig::FormWorkConfig(Session& session)
-    : EditorWindow(session, ChildForm::FormWorkConfig, u"FormWorkConfig"_s, {.width = 5745, .height = 6735}),
-      ListAvail(fieldList(u"ListAvail"_s, 1141, 1143)),
-      ListRequest(fieldList(u"ListRequest"_s, 1144, 1146)),
-      CommandMoveUp(arrowButton(u"CommandMoveUp"_s, ArrowButton::Way::up, 1147)),
-      CommandMoveDown(arrowButton(u"CommandMoveDown"_s, ArrowButton::Way::down, 1148)),
-      CheckOOC(checkBox(u"CheckOOC"_s, 1151, 1152)),
-      CheckTrace(checkBox(u"CheckTrace"_s, 1153, 1154)),
-      CommandSave(button(u"CommandSave"_s, 1090, 1091)),
-      CommandCancel(button(u"CommandCancel"_s, 1003, 1092)) {
-    setWindowTitle(text(282));
+    : EditorWindow(session, u"FormWorkConfig"_s, {.width = 5745, .height = 6735}),
+      ListAvail(fieldList(u"ListAvail"_s, TextId::fieldsNotRequested, TextId::fieldsNotRequestedTip)),
+      ListRequest(fieldList(u"ListRequest"_s, TextId::fieldsRequested, TextId::fieldsRequestedTip)),
+      CommandMoveUp(arrowButton(u"CommandMoveUp"_s, ArrowButton::Way::up, TextId::moveFieldUpTip)),
+      CommandMoveDown(arrowButton(u"CommandMoveDown"_s, ArrowButton::Way::down, TextId::moveFieldDownTip)),
+      CheckOOC(checkBox(u"CheckOOC"_s, TextId::allowOverdueStandards, TextId::allowOverdueStandardsTip)),
+      CheckTrace(checkBox(u"CheckTrace"_s, TextId::allowLowTraceLevel, TextId::allowLowTraceLevelTip)),
+      CommandSave(button(u"CommandSave"_s, TextId::saveCommand, TextId::saveTip)),
+      CommandCancel(button(u"CommandCancel"_s, TextId::cancel, TextId::cancelChangesTip)) {
+    setWindowTitle(text(TextId::recordConfiguration));
     layOut();
     connectCommands();
     setDefaultButton(CommandSave);
@@ -118,7 +119,7 @@ void FormWorkConfig::layOut() {
 }
 
 QWidget* FormWorkConfig::fieldsFrame() {
-    auto* frame = panel(u"Frame1"_s, 1140);
+    auto* frame = panel(u"Frame1"_s, TextId::requestedFieldsPanel);
     auto* moving = new QHBoxLayout;
     moving->setSpacing(4);
     moving->addStretch();
@@ -127,15 +128,15 @@ QWidget* FormWorkConfig::fieldsFrame() {
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(8, 6, 8, 6);
     grid->setVerticalSpacing(3);
-    grid->addWidget(wrapped(labelFor(ListAvail, u"Label1"_s, 1141)), 0, 0);
+    grid->addWidget(wrapped(labelFor(ListAvail, u"Label1"_s, TextId::fieldsNotRequested)), 0, 0);
     grid->addWidget(ListAvail, 1, 0, 2, 1);
-    grid->addWidget(wrapped(note(u"Label2"_s, 1142)), 3, 0);
-    grid->addWidget(wrapped(labelFor(ListRequest, u"Label3"_s, 1144)), 0, 1);
+    grid->addWidget(wrapped(note(u"Label2"_s, TextId::addFieldNote)), 3, 0);
+    grid->addWidget(wrapped(labelFor(ListRequest, u"Label3"_s, TextId::fieldsRequested)), 0, 1);
     grid->addWidget(ListRequest, 1, 1);
     grid->addLayout(moving, 2, 1);
-    grid->addWidget(wrapped(note(u"Label4"_s, 1145)), 3, 1);
+    grid->addWidget(wrapped(note(u"Label4"_s, TextId::removeFieldNote)), 3, 1);
     grid->setRowMinimumHeight(4, 4);
-    grid->addWidget(wrapped(note(u"Label5"_s, 1149)), 5, 0, 1, 2);
+    grid->addWidget(wrapped(note(u"Label5"_s, TextId::requestedFieldsNote)), 5, 0, 1, 2);
     const auto letters = frame->fontMetrics();
     for (int side = 0; side < 2; ++side) {
         grid->setColumnMinimumWidth(side, shownLetters * letters.averageCharWidth());
@@ -147,7 +148,7 @@ QWidget* FormWorkConfig::fieldsFrame() {
 }
 
 QWidget* FormWorkConfig::standardsFrame() {
-    auto* frame = panel(u"Frame2"_s, 1150);
+    auto* frame = panel(u"Frame2"_s, TextId::standardsConfiguration);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(8, 4, 8, 4);
     column->setSpacing(2);
@@ -255,7 +256,7 @@ void FormWorkConfig::refuse(const Error& error, int row) {
 }
 
 void FormWorkConfig::CommandCancel_Click() {
-    if (isChanged() && confirms({1093, box::question, 282}))
+    if (isChanged() && confirms({TextId::confirmDiscardChanges, box::question, TextId::recordConfiguration}))
         LoadLists();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/routine.h"
+#include "resources/strings.h"
 
 class QWidget;
 
@@ -9,9 +10,9 @@ namespace kelvane {
 /// What the one-field dialog asks about the name of a new record.
 struct NewName {
     /// Ids of the dialog's title, its prompt, and the warning that the name is in use.
-    int title;
-    int prompt;
-    int taken;
+    TextId title;
+    TextId prompt;
+    TextId taken;
     /// Greatest length, 0 for no limit.
     qint16 maxLength;
     /// The query for a record of a name, which it doubles the quotes of.

@@ -22,7 +22,7 @@ class OpenCalParam {
     virtual void addMessage(const QString& name) = 0;
 };
 
-/// Gives the open parameter editor, or null while its flag in `FormOpenFlags` is not set.
+/// Gives the open parameter editor, or null while it is not open with an instrument.
 using FindCalParam = std::function<OpenCalParam*()>;
 
 } // namespace kelvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/sql.h"
+#include "platform/database/sql.h"
 
 #include <QList>
 

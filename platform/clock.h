@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/moments.h"
+#include "platform/values/moments.h"
 
 #include <QDateTime>
 

@@ -1,5 +1,8 @@
 #include "platform/error.h"
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -7,30 +10,29 @@ namespace kelvane {
 Error makeError(ErrorNumber number) {
     static constexpr struct {
         ErrorNumber number;
-        QStringView description;
+        TextId description;
     } descriptions[] = {
-        {ErrorNumber::invalidArgument, u"Invalid procedure call or argument"},
-        {ErrorNumber::overflow, u"Overflow"},
-        {ErrorNumber::subscriptOutOfRange, u"Subscript out of range"},
-        {ErrorNumber::divisionByZero, u"Division by zero"},
-        {ErrorNumber::typeMismatch, u"Type mismatch"},
-        {ErrorNumber::fileNotFound, u"File not found"},
-        {ErrorNumber::pathFileAccess, u"Path/File access error"},
-        {ErrorNumber::invalidUseOfNull, u"Invalid use of Null"},
-        {ErrorNumber::noCurrentRow, u"Either BOF or EOF is True, or the current record has been deleted."},
-        {ErrorNumber::connectionOpen, u"The connection to the database is open already."},
-        {ErrorNumber::connectionClosed, u"The database connection is closed."},
+        {ErrorNumber::invalidArgument, TextId::errorInvalidArgument},
+        {ErrorNumber::overflow, TextId::errorOverflow},
+        {ErrorNumber::subscriptOutOfRange, TextId::errorSubscript},
+        {ErrorNumber::divisionByZero, TextId::errorDivisionByZero},
+        {ErrorNumber::typeMismatch, TextId::errorTypeMismatch},
+        {ErrorNumber::fileNotFound, TextId::errorFileNotFound},
+        {ErrorNumber::pathFileAccess, TextId::errorPathFileAccess},
+        {ErrorNumber::invalidUseOfNull, TextId::errorInvalidUseOfNull},
+        {ErrorNumber::noCurrentRow, TextId::errorNoCurrentRow},
+        {ErrorNumber::connectionOpen, TextId::errorConnectionOpen},
+        {ErrorNumber::connectionClosed, TextId::errorConnectionClosed},
     };
-    for (const auto& one : descriptions) {
-        if (one.number == number)
-            return {static_cast<double>(number), one.description.toString()};
+    for (const auto& row : descriptions) {
+        if (row.number == number)
+            return {static_cast<double>(number), text(row.description)};
     }
     return {static_cast<double>(number), {}};
 }
 
 Error syntaxError() {
-    return {1, u"Syntax error: a value in the statement ends its own quotes, name or parenthesis."_s,
-            u"42000"_s};
+    return {1, text(TextId::errorSyntax), u"42000"_s};
 }
 
 } // namespace kelvane

@@ -1,9 +1,10 @@
 #include "platform/error_report.h"
 
 #include "platform/file_error.h"
-#include "platform/numbers.h"
 #include "platform/reason_log.h"
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,9 +42,11 @@ void ReportInternalError(const Workstation& workstation, double number, const QS
     if (!appendToErrorLog(lines.toUtf8()))
         throw makeError(ErrorNumber::pathFileAccess);
 
-    workstation.ui.messageBox(text(117) + u' ' + what + lineEnd + lineEnd + text(118) + lineEnd + lineEnd +
-                                  text(119) + routine + lineEnd + text(120) + sql,
-                              text(101), box::stop);
+    workstation.ui.messageBox(text(TextId::internalErrorOccurred) + u' ' + what + lineEnd + lineEnd +
+                                  text(TextId::internalErrorAdvice) + lineEnd + lineEnd +
+                                  text(TextId::errorReportRoutine) + routine + lineEnd +
+                                  text(TextId::errorReportSql) + sql,
+                              text(TextId::applicationName), box::stop);
 }
 
 QString GetRegSetting(const Workstation& workstation, const QString& section, const QString& key) {

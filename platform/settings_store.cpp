@@ -2,6 +2,7 @@
 
 #include "platform/file_error.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QDir>
 #include <QFile>
@@ -169,7 +170,8 @@ void IniSettingsStore::setValue(const QString& section, const QString& key, cons
     QLockFile lock(path_ + u".lock"_s);
     if (!lock.tryLock(lockMilliseconds)) {
         const bool isTaken = lock.error() == QLockFile::LockFailedError;
-        throw FileError(ErrorNumber::pathFileAccess, path_, text(isTaken ? 2141 : 2142));
+        throw FileError(ErrorNumber::pathFileAccess, path_,
+                        text(isTaken ? TextId::fileLockedByProgram : TextId::folderNotWritable));
     }
 
     const auto stored = readFile(path_);

@@ -24,7 +24,10 @@ QString unescaped(QStringView raw) {
     return plain;
 }
 
-bool readInto(Table& table, const QString& path) {
+/// The columns of a line: number and text, with the name between them in the compiled-in table.
+enum class Columns { numberAndText, numberNameAndText };
+
+bool readInto(Table& table, const QString& path, Columns columns) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
@@ -35,8 +38,10 @@ bool readInto(Table& table, const QString& path) {
         const auto tab = line.indexOf(u'\t');
         bool isNumber = false;
         const int id = tab < 0 ? 0 : line.left(tab).toInt(&isNumber);
-        if (isNumber)
-            table.insert(id, unescaped(line.mid(tab + 1)));
+        if (!isNumber)
+            continue;
+        const auto textFrom = columns == Columns::numberAndText ? tab + 1 : line.indexOf(u'\t', tab + 1) + 1;
+        table.insert(id, unescaped(line.mid(textFrom)));
     }
     return true;
 }
@@ -44,7 +49,7 @@ bool readInto(Table& table, const QString& path) {
 Table& table() {
     static Table strings = [] {
         Table compiledIn;
-        readInto(compiledIn, u":/strings.txt"_s);
+        readInto(compiledIn, u":/strings.txt"_s, Columns::numberNameAndText);
         return compiledIn;
     }();
     return strings;
@@ -52,14 +57,15 @@ Table& table() {
 
 } // namespace
 
-QString text(int id) {
+QString text(TextId id) {
+    const auto number = static_cast<int>(id);
     const auto& strings = table();
-    const auto found = strings.constFind(id);
-    return found == strings.cend() ? u"#%1"_s.arg(id) : *found;
+    const auto found = strings.constFind(number);
+    return found == strings.cend() ? u"#%1"_s.arg(number) : *found;
 }
 
 bool overlayStrings(const QString& path) {
-    return readInto(table(), path);
+    return readInto(table(), path, Columns::numberAndText);
 }
 
 } // namespace kelvane

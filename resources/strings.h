@@ -4,13 +4,15 @@
 
 namespace kelvane {
 
-/// The text of `id` from the one table of strings that a user sees (ids from 101 on). Line ends are CR LF.
-/// An id that is not in the table is a defect of the program; its text is then "#" and the number.
-QString text(int id);
+/// The texts by name; the names stand in `resources/text_id.h`, which is made from `strings.txt`.
+enum class TextId : int;
 
-/// Lays a second table of the same form (`strings.txt`) over the compiled-in one: a translation. Lines
-/// without a number and a tab are passed over, ids unknown to the first table are added. False when the file
-/// can't be read.
+/// The text of `id` from the one table of strings that a user sees (numbers from 101 on). Line ends are
+/// CR LF. The text of a number that is not in the table is "#" and the number.
+QString text(TextId id);
+
+/// Lays a translation over the table: lines of a number, a tab and the text. Lines without a number and a
+/// tab are passed over, numbers unknown to the table are added. False when the file can't be read.
 bool overlayStrings(const QString& path);
 
 } // namespace kelvane

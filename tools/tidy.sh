@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# clang-tidy over the sources of the house, two at a time, with the checks of .clang-tidy.
+# clang-tidy over the sources, two at a time, with the checks of .clang-tidy.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 

@@ -27,7 +27,7 @@ void ArrowButton::paintEvent(QPaintEvent* event) {
                            &arrow, &painter, this);
 }
 
-ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, int toolTip) {
+ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, TextId toolTip) {
     return named(new ArrowButton(way), name, text(toolTip), toolTip);
 }
 

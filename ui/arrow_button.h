@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/strings.h"
+
 #include <QPushButton>
 
 namespace kelvane {
@@ -21,6 +23,6 @@ class ArrowButton final : public QPushButton {
 };
 
 /// An arrow button with its name; what it does, by id, is its tool-tip and what a screen reader says.
-ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, int toolTip);
+ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, TextId toolTip);
 
 } // namespace kelvane

@@ -1,7 +1,7 @@
 #include "ui/child_window.h"
 
 #include "platform/error_report.h"
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
 #include "ui/whole_text.h"
@@ -63,8 +63,8 @@ void makeRoom(const QMdiArea& area, const QSize& needed) {
 
 } // namespace
 
-ChildWindow::ChildWindow(Session& session, ChildForm form, const QString& name, const Place& place)
-    : session_(session), form_(form), place_(place) {
+ChildWindow::ChildWindow(Session& session, const QString& name, const Place& place)
+    : session_(session), place_(place) {
     setObjectName(name);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
@@ -73,18 +73,6 @@ ChildWindow::ChildWindow(Session& session, ChildForm form, const QString& name, 
     auto* closing = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4), this);
     closing->setContext(Qt::WidgetWithChildrenShortcut);
     onSignal(closing, &QShortcut::activated, this, session_.ui, [this] { close(); });
-    session_.openFlag(form_) = true;
-}
-
-ChildWindow::~ChildWindow() {
-    markClosed();
-}
-
-void ChildWindow::markClosed() {
-    // Only once: a new window of the same screen may be open before this one's memory goes.
-    if (open_)
-        session_.openFlag(form_) = false;
-    open_ = false;
 }
 
 void ChildWindow::setBody(QWidget* body) {
@@ -186,7 +174,7 @@ void ChildWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     guarded(session_.ui, [this] { storePosition(); });
-    markClosed();
+    open_ = false;
     QMdiSubWindow::closeEvent(event);
 }
 

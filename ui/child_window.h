@@ -31,9 +31,7 @@ class ChildWindow : public QMdiSubWindow {
 
     /// `name` is the screen's name, such as "FormConnect"; it becomes the object name and the key of the
     /// position.
-    ChildWindow(Session& session, ChildForm form, const QString& name, const Place& place);
-    /// Clears the open flag, if closing has not done so.
-    ~ChildWindow() override;
+    ChildWindow(Session& session, const QString& name, const Place& place);
 
     /// Shows the window inside `area` at its stored position, moved into view where that lies outside; or
     /// brings it forward when it is shown already. The size grows where caption and controls, in the user's
@@ -43,6 +41,10 @@ class ChildWindow : public QMdiSubWindow {
     void unload();
     /// False once it has closed, even while its memory still stands.
     bool isOpen() const { return open_; }
+    /// True while it counts among the open windows of a session.
+    bool countsAsOpenIn(const Session& session) const {
+        return open_ && countsAsOpen_ && &session == &session_;
+    }
 
   protected:
     /// False refuses a request to close the window. It must not close the window itself.
@@ -57,6 +59,9 @@ class ChildWindow : public QMdiSubWindow {
     /// The control that has the focus when the window opens.
     void setFirstFocus(QWidget* control) { firstFocus_ = control; }
 
+    /// Whether the window counts as open from now on; it does from the beginning.
+    void setCountsAsOpen(bool counts) { countsAsOpen_ = counts; }
+
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -70,9 +75,7 @@ class ChildWindow : public QMdiSubWindow {
     QPoint position() const;
     void storePosition();
     QPushButton* buttonFor(int key) const;
-    void markClosed();
 
-    ChildForm form_;
     Place place_;
     QPushButton* defaultButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
@@ -80,6 +83,7 @@ class ChildWindow : public QMdiSubWindow {
     /// Where the window was put when it was shown; until the user moves it, its setting stays what it is.
     QPoint shownAt_;
     bool open_ = true;
+    bool countsAsOpen_ = true;
     bool unloading_ = false;
 };
 

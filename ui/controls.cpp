@@ -15,7 +15,7 @@ namespace kelvane {
 namespace {
 
 /// A caption without the marks that would be read as a mnemonic.
-QString plainCaption(int id) {
+QString plainCaption(TextId id) {
     return text(id).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
@@ -83,27 +83,27 @@ void DropDown::wheelEvent(QWheelEvent* event) {
 
 } // namespace
 
-QLabel* label(const QString& name, int caption) {
+QLabel* label(const QString& name, TextId caption) {
     auto* made = named(new QLabel, name, text(caption));
     made->setTextFormat(Qt::PlainText);
     made->setText(text(caption));
     return made;
 }
 
-QLabel* labelFor(QWidget* control, const QString& name, int caption) {
+QLabel* labelFor(QWidget* control, const QString& name, TextId caption) {
     auto* made = label(name, caption);
     made->setText(plainCaption(caption));
     made->setBuddy(control);
     return made;
 }
 
-QPushButton* button(const QString& name, int caption, int toolTip) {
+QPushButton* button(const QString& name, TextId caption, TextId toolTip) {
     auto* made = named(new QPushButton, name, text(caption), toolTip);
     made->setText(plainCaption(caption));
     return made;
 }
 
-QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
+QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,
                     const QStringList& rows) {
     auto* made = named(static_cast<QComboBox*>(new DropDown), name, accessibleName, toolTip);
     made->addItems(rows);

@@ -7,26 +7,29 @@
 #include <QPushButton>
 #include <QStringList>
 
+#include <optional>
+
 namespace kelvane {
 
 /// Gives a control its name, the name that a screen reader says, and its tool-tip by id (0: none).
 template <class Control>
-Control* named(Control* control, const QString& name, const QString& accessibleName, int toolTip = 0) {
+Control* named(Control* control, const QString& name, const QString& accessibleName,
+               std::optional<TextId> toolTip = {}) {
     control->setObjectName(name);
     control->setAccessibleName(accessibleName);
-    if (toolTip != 0)
-        control->setToolTip(text(toolTip));
+    if (toolTip)
+        control->setToolTip(text(*toolTip));
     return control;
 }
 
 /// A label with its caption, by id.
-QLabel* label(const QString& name, int caption);
+QLabel* label(const QString& name, TextId caption);
 /// A label that stands for the control beside it.
-QLabel* labelFor(QWidget* control, const QString& name, int caption);
+QLabel* labelFor(QWidget* control, const QString& name, TextId caption);
 /// A push button with its caption and tool-tip, by id.
-QPushButton* button(const QString& name, int caption, int toolTip);
+QPushButton* button(const QString& name, TextId caption, TextId toolTip);
 /// A list to choose from, filled, with its first row selected.
-QComboBox* dropDown(const QString& name, const QString& accessibleName, int toolTip,
+QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,
                     const QStringList& rows = {});
 /// Lets the drop-down keep its width whatever its rows are: a long row makes the list that drops down wider,
 /// not the window.

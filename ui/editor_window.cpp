@@ -1,6 +1,7 @@
 #include "ui/editor_window.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QPushButton>
 
@@ -53,7 +54,7 @@ bool EditorWindow::mayClose() {
 }
 
 EditorWindow::Question EditorWindow::closeQuestion() const {
-    return {167, box::warningYesNo, 101};
+    return {TextId::confirmDiscardSinceSave, box::warningYesNo, TextId::applicationName};
 }
 
 } // namespace kelvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/routine.h"
+#include "resources/strings.h"
 #include "ui/child_window.h"
 #include "ui/guarded.h"
 
@@ -18,9 +19,9 @@ class EditorWindow : public ChildWindow {
   protected:
     /// What is asked before unsaved changes go: text and title by id, and the look of the box.
     struct Question {
-        int text;
+        TextId text;
         BoxStyle style;
-        int title;
+        TextId title;
     };
 
     /// While one stands, the handlers of changes made by the program itself do nothing.

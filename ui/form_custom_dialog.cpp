@@ -1,8 +1,9 @@
 #include "ui/form_custom_dialog.h"
 
-#include "platform/moments.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/moments.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
@@ -16,20 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-int faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat) {
+std::optional<TextId> faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat) {
     switch (static_cast<FieldKind>(dataFormat)) {
     case FieldKind::date: {
         const auto moment = momentOf(entry, sessionDateFormat);
-        return moment && moment->date.isValid() ? 0 : 1009;
+        return moment && moment->date.isValid() ? std::nullopt : std::optional(TextId::dateInvalid);
     }
     case FieldKind::number:
-        return numberOf(entry) ? 0 : 1010;
+        return numberOf(entry) ? std::nullopt : std::optional(TextId::numberInvalid);
     case FieldKind::time:
-        return momentOf(entry, sessionDateFormat) ? 0 : 1011;
+        return momentOf(entry, sessionDateFormat) ? std::nullopt : std::optional(TextId::timeInvalid);
     case FieldKind::free:
         break;
     }
-    return 0;
+    return {};
 }
 
 int rowOfDefault(const QStringList& rows, const QString& defaultText) {
@@ -42,13 +43,13 @@ int rowOfDefault(const QStringList& rows, const QString& defaultText) {
 }
 
 FormCustomDialog::FormCustomDialog(Session& session, const DialogQuestion& question, Answered answered)
-    : ChildWindow(session, ChildForm::FormCustomDialog, u"FormCustomDialog"_s,
-                  {.left = 1995, .top = 2505, .width = 4020, .height = 2355}),
+    : ChildWindow(session, u"FormCustomDialog"_s, {.left = 1995, .top = 2505, .width = 4020, .height = 2355}),
       LabelCustomDialog(named(new QLabel, u"LabelCustomDialog"_s, question.prompt)),
-      TextCustomDialog(named(new QLineEdit, u"TextCustomDialog"_s, question.prompt, 1005)),
-      ComboCustomDialog(dropDown(u"ComboCustomDialog"_s, question.prompt, 1005)),
-      CommandCustomDialogOK(button(u"CommandCustomDialogOK"_s, 1004, 1006)),
-      CommandCustomDialogCancel(button(u"CommandCustomDialogCancel"_s, 1003, 1007)),
+      TextCustomDialog(named(new QLineEdit, u"TextCustomDialog"_s, question.prompt, TextId::entryTip)),
+      ComboCustomDialog(dropDown(u"ComboCustomDialog"_s, question.prompt, TextId::entryTip)),
+      CommandCustomDialogOK(button(u"CommandCustomDialogOK"_s, TextId::ok, TextId::acceptEntryTip)),
+      CommandCustomDialogCancel(
+          button(u"CommandCustomDialogCancel"_s, TextId::cancel, TextId::cancelEntryTip)),
       LabelAlways(named(new QLabel, u"LabelAlways"_s, {})),
       LabelDataFormat(named(new QLabel, u"LabelDataFormat"_s, {})),
       answered_(std::move(answered)) {
@@ -116,8 +117,8 @@ QWidget* FormCustomDialog::entryControl() const {
     return TextCustomDialog;
 }
 
-void FormCustomDialog::stay(int message) {
-    session_.ui.messageBox(text(message), text(101), box::warning);
+void FormCustomDialog::stay(TextId message) {
+    session_.ui.messageBox(text(message), text(TextId::applicationName), box::warning);
     entryControl()->setFocus();
 }
 
@@ -131,13 +132,13 @@ void FormCustomDialog::CommandCustomDialogOK_Click() {
     const auto typed = TextCustomDialog->text();
     const auto chosen = ComboCustomDialog->currentText();
     if (required && typed.isEmpty() && chosen.isEmpty()) {
-        stay(1008);
+        stay(TextId::fieldRequired);
         return;
     }
     const auto entry = trimBlanks(typed.isEmpty() ? chosen : typed);
     const auto format = static_cast<int>(numericValue(LabelDataFormat->text()));
-    if (const int fault = faultOfEntry(entry, format, session_.SessionDateFormat)) {
-        stay(fault);
+    if (const auto fault = faultOfEntry(entry, format, session_.SessionDateFormat)) {
+        stay(*fault);
         return;
     }
     answer(entry);
@@ -145,7 +146,8 @@ void FormCustomDialog::CommandCustomDialogOK_Click() {
 }
 
 bool FormCustomDialog::cancelConfirmed() {
-    if (session_.ui.messageBox(text(1012), text(101), box::warningYesNo) != BoxAnswer::yes) {
+    if (session_.ui.messageBox(text(TextId::confirmCancel), text(TextId::applicationName),
+                               box::warningYesNo) != BoxAnswer::yes) {
         entryControl()->setFocus();
         return false;
     }

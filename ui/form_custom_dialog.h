@@ -1,8 +1,10 @@
 #pragma once
 
+#include "resources/strings.h"
 #include "ui/child_window.h"
 
 #include <functional>
+#include <optional>
 
 class QComboBox;
 class QLabel;
@@ -29,7 +31,7 @@ class FormCustomDialog final : public ChildWindow {
     bool cancelConfirmed();
     bool mayClose() override { return cancelConfirmed(); }
     QWidget* entryControl() const;
-    void stay(int message);
+    void stay(TextId message);
     void answer(const QString& result);
 
     QLabel* LabelCustomDialog;
@@ -44,7 +46,7 @@ class FormCustomDialog final : public ChildWindow {
 
 /// The string id of what is wrong with an entry of that data format (1 date, 2 number, 3 date or time, others
 /// free), or 0.
-int faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat);
+std::optional<TextId> faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat);
 
 /// The row that a default text selects: the first one that begins with it, in capitals; the first row for an
 /// empty default; -1 for none.

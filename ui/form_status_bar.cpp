@@ -1,5 +1,6 @@
 #include "ui/form_status_bar.h"
 
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/whole_text.h"
 
@@ -11,9 +12,11 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 FormStatusBar::FormStatusBar(Session& session)
-    : ChildWindow(session, ChildForm::FormStatusBar, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
-      LabelStatus(named(new ElidedLabel, u"LabelStatus"_s, text(484), 484)),
-      ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(485), 485)) {
+    : ChildWindow(session, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
+      LabelStatus(
+          named(new ElidedLabel, u"LabelStatus"_s, text(TextId::statusBarAction), TextId::statusBarAction)),
+      ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(TextId::statusBarProgress),
+                        TextId::statusBarProgress)) {
     // Without the hint of a system menu too: styles draw a button that closes for it.
     setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     ProgressBar->setRange(0, 100);

@@ -1,12 +1,13 @@
 #include "ui/guarded.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane {
 
 void showUnwritableReport(UserInterface& ui) {
     ui.setNormalPointer();
-    ui.messageBox(text(1064), text(101), box::stop);
+    ui.messageBox(text(TextId::errorReportNotWritten), text(TextId::applicationName), box::stop);
 }
 
 } // namespace kelvane

@@ -1,6 +1,7 @@
 #include "ui/message_box.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "ui/text_box.h"
 
 #include <QGridLayout>
@@ -21,18 +22,18 @@ namespace {
 
 struct ButtonKind {
     BoxAnswer answer;
-    int caption;
+    TextId caption;
     QMessageBox::ButtonRole role;
 };
 
 // Abort has no rejecting role: a box of three ways has none that Escape could mean.
-constexpr ButtonKind okButton{BoxAnswer::ok, 1004, QMessageBox::AcceptRole};
-constexpr ButtonKind cancelButton{BoxAnswer::cancel, 1003, QMessageBox::RejectRole};
-constexpr ButtonKind yesButton{BoxAnswer::yes, 643, QMessageBox::YesRole};
-constexpr ButtonKind noButton{BoxAnswer::no, 644, QMessageBox::NoRole};
-constexpr ButtonKind retryButton{BoxAnswer::retry, 1002, QMessageBox::AcceptRole};
-constexpr ButtonKind abortButton{BoxAnswer::abort, 1049, QMessageBox::DestructiveRole};
-constexpr ButtonKind ignoreButton{BoxAnswer::ignore, 1050, QMessageBox::AcceptRole};
+constexpr ButtonKind okButton{BoxAnswer::ok, TextId::ok, QMessageBox::AcceptRole};
+constexpr ButtonKind cancelButton{BoxAnswer::cancel, TextId::cancel, QMessageBox::RejectRole};
+constexpr ButtonKind yesButton{BoxAnswer::yes, TextId::yes, QMessageBox::YesRole};
+constexpr ButtonKind noButton{BoxAnswer::no, TextId::no, QMessageBox::NoRole};
+constexpr ButtonKind retryButton{BoxAnswer::retry, TextId::retry, QMessageBox::AcceptRole};
+constexpr ButtonKind abortButton{BoxAnswer::abort, TextId::abort, QMessageBox::DestructiveRole};
+constexpr ButtonKind ignoreButton{BoxAnswer::ignore, TextId::ignore, QMessageBox::AcceptRole};
 
 std::vector<ButtonKind> buttonsOf(BoxButtons buttons) {
     switch (buttons) {

@@ -89,13 +89,13 @@ class Note final : public QLabel {
 
 } // namespace
 
-QGroupBox* panel(const QString& name, int caption) {
+QGroupBox* panel(const QString& name, TextId caption) {
     auto* made = named(new QGroupBox, name, text(caption));
     made->setTitle(text(caption));
     return made;
 }
 
-QLabel* note(const QString& name, int caption) {
+QLabel* note(const QString& name, TextId caption) {
     auto* made = named(new Note, name, text(caption));
     made->setTextFormat(Qt::PlainText);
     made->setText(text(caption));
@@ -113,7 +113,7 @@ void changePage(QTabWidget& tabs, int step) {
     }
 }
 
-QTabWidget* tabControl(const QString& name, int accessibleName) {
+QTabWidget* tabControl(const QString& name, TextId accessibleName) {
     auto* made = named(static_cast<QTabWidget*>(new Tabs), name, text(accessibleName));
     made->setFocusPolicy(Qt::NoFocus);
     made->tabBar()->setFocusPolicy(Qt::TabFocus);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/strings.h"
+
 #include <QString>
 
 class QGroupBox;
@@ -9,11 +11,11 @@ class QTabWidget;
 namespace kelvane {
 
 /// A panel: a frame around the controls of one subject, with its caption by id.
-QGroupBox* panel(const QString& name, int caption);
+QGroupBox* panel(const QString& name, TextId caption);
 /// A fixed note, which wraps at the width that it gets.
-QLabel* note(const QString& name, int caption);
+QLabel* note(const QString& name, TextId caption);
 /// A tab control without pages yet; only its row of tabs takes the focus.
-QTabWidget* tabControl(const QString& name, int accessibleName);
+QTabWidget* tabControl(const QString& name, TextId accessibleName);
 /// Goes to the next page (1) or the one before (-1) that can be chosen, behind the last to the first.
 void changePage(QTabWidget& tabs, int step);
 

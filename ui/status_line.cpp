@@ -1,5 +1,6 @@
 #include "ui/status_line.h"
 
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/whole_text.h"
 
@@ -20,9 +21,9 @@ void put(ElidedLabel& label, const QString& shown) {
 
 StatusLine::StatusLine(const Session& session)
     : session_(session),
-      LabelActivity(named(new ElidedLabel, u"LabelActivity"_s, {}, 2103)),
-      LabelUser(named(new ElidedLabel, u"LabelUser"_s, {}, 2104)),
-      LabelDataSource(named(new ElidedLabel, u"LabelDataSource"_s, {}, 2105)) {
+      LabelActivity(named(new ElidedLabel, u"LabelActivity"_s, {}, TextId::statusBarActionTip)),
+      LabelUser(named(new ElidedLabel, u"LabelUser"_s, {}, TextId::statusBarUserTip)),
+      LabelDataSource(named(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)) {
     setObjectName(u"StatusLine"_s);
     addWidget(LabelActivity, 1);
     addPermanentWidget(LabelUser);
@@ -32,8 +33,10 @@ StatusLine::StatusLine(const Session& session)
 
 void StatusLine::refresh() {
     const bool connected = session_.SessionConnected;
-    put(*LabelUser, connected ? text(2101).arg(session_.SessionUser) : text(2100));
-    put(*LabelDataSource, connected ? text(2102).arg(session_.SessionDataSource) : QString());
+    put(*LabelUser, connected ? text(TextId::statusBarUser).arg(session_.SessionUser)
+                              : text(TextId::statusBarNotConnected));
+    put(*LabelDataSource,
+        connected ? text(TextId::statusBarDataSource).arg(session_.SessionDataSource) : QString());
     LabelDataSource->setVisible(connected);
 }
 

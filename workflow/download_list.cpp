@@ -1,15 +1,16 @@
 #include "workflow/download_list.h"
 
-#include "data/assets.h"
-#include "data/cal_params.h"
+#include "data/assets/assets.h"
 #include "data/custom_dialog.h"
+#include "data/parameters/cal_params.h"
+#include "data/records/standards.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "data/standards.h"
 #include "drivers/asset_entries.h"
 #include "drivers/calibrator_names.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <algorithm>
 
@@ -50,7 +51,7 @@ class Addition {
     void registerStandard(const QString& standard, const QString& asset);
     QString lastStandard(const QString& asset);
     void forgetLastStandard(const QString& asset);
-    void warn(const QString& message, int title = 105) {
+    void warn(const QString& message, TextId title = TextId::downloadProcedures) {
         session_.ui.messageBox(message, text(title), box::warning);
     }
     void endEntry() {
@@ -68,7 +69,7 @@ class Addition {
 
 void Addition::add(const QString& entry) {
     if (isListed(screen_, entry) || isListed(screen_, u'>' + entry)) {
-        warn(text(378));
+        warn(text(TextId::instrumentAlreadyListed));
         return endEntry();
     }
     const BusyPointer busy(session_.ui);
@@ -79,7 +80,7 @@ void Addition::add(const QString& entry) {
     }
     const auto entries = assetEntries(session_, count);
     if (isTorqueStar(screen_) && screen_.rows().size() + count >= torqueStarListEnd) {
-        warn(text(380));
+        warn(text(TextId::instrumentListFull));
         return endEntry();
     }
     for (const auto& one : entries)
@@ -94,12 +95,12 @@ void Addition::addInstrument(const QString& asset, bool alone) {
         return;
     if (ModuleGlobals::CheckAsset(session_, asset).isEmpty()) {
         if (alone)
-            warn(text(195));
+            warn(text(TextId::instrumentNumberInvalid));
         return;
     }
     if (!ModuleGlobals::HasConfigData(session_, asset)) {
         if (alone)
-            warn(text(259));
+            warn(text(TextId::configurationDataIncomplete));
         return;
     }
     const auto calibrator = screen_.calibrator();
@@ -117,8 +118,9 @@ bool Addition::nameStandards(const QString& asset) {
     forgetLastStandard(asset);
     while (true) {
         const bool required = standards_ == 0;
-        const auto answer = ModuleGlobals::CustomDialog(session_, asset + u": "_s + text(376), text(375),
-                                                        required, 0, 60, 0, required ? proposal : QString());
+        const auto answer = ModuleGlobals::CustomDialog(
+            session_, asset + u": "_s + text(TextId::externalStandardRequired), text(TextId::standardToUse),
+            required, 0, 60, 0, required ? proposal : QString());
         // A required name of blanks alone comes as an empty answer.
         if (answer == cancelled || (required && answer.isEmpty()))
             return false;
@@ -131,18 +133,18 @@ bool Addition::nameStandards(const QString& asset) {
 
 bool Addition::refused(const QString& standard, const QString& asset) {
     if (same(standard, asset)) {
-        warn(asset + u": "_s + text(632));
+        warn(asset + u": "_s + text(TextId::assetCannotCalibrateItself));
         return true;
     }
     if (isTorqueStar(screen_) && !ModuleGlobals::HasConfigData(session_, standard)) {
-        warn(asset + u": "_s + text(259));
+        warn(asset + u": "_s + text(TextId::configurationDataIncomplete));
         return true;
     }
     const auto verdict = ModuleGlobals::CheckStandard(session_, standard, asset);
     if (verdict == standardRankTooLow)
-        warn(text(265) + u' ' + asset, 376);
+        warn(text(TextId::standardTraceLevelTooLow) + u' ' + asset, TextId::externalStandardRequired);
     else if (verdict == standardOverdue)
-        warn(text(264), 376);
+        warn(text(TextId::standardOverdue), TextId::externalStandardRequired);
     return verdict != standardUsable;
 }
 
@@ -193,7 +195,7 @@ void addToDownloadList(Calibrators& calibrators, DownloadListScreen& screen, con
     auto& session = calibrators.session;
     Routine routine(session, u"FormDockingDown,CommandAdd"_s);
     routine.run([&] {
-        if (same(entry, text(352))) {
+        if (same(entry, text(TextId::downloadCommand))) {
             screen.emptyEntry();
             session.ui.processEvents();
             downloadList(calibrators, screen);
@@ -228,10 +230,11 @@ void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
         const auto tag = makePackage(session, routine, rows);
         const auto failure = calibratorDownload(calibrators, calibrator, tag);
         if (!failure.isEmpty()) {
-            session.ui.messageBox(failure, text(105), box::warning);
+            session.ui.messageBox(failure, text(TextId::downloadProcedures), box::warning);
             return;
         }
-        session.ui.messageBox(text(374), text(105), box::information);
+        session.ui.messageBox(text(TextId::downloadSuccessful), text(TextId::downloadProcedures),
+                              box::information);
         ModuleGlobals::SaveRegSetting(session, u"Defaults"_s, u"LastDownloadCalibrator"_s, calibrator);
         routine.execute(u"delete from mt.hvm_kv_task_assets where tptag = " + sqlText(tag) +
                         u";delete from mt.hvm_kv_task_packages where tptag = " + sqlText(tag) + u";commit");

@@ -4,6 +4,7 @@
 #include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <algorithm>
 
@@ -18,12 +19,13 @@ namespace {
 
 struct Named {
     const QString& name;
-    int caption;
+    TextId caption;
 };
 
 /// The calibrators in the order in which they are offered.
-const Named offered[] = {
-    {calibratorName::torqueStar, 351}, {calibratorName::fluke702, 350}, {calibratorName::fluke74x, 567}};
+const Named offered[] = {{calibratorName::torqueStar, TextId::calibratorTorqueStar},
+                         {calibratorName::fluke702, TextId::calibratorFluke702},
+                         {calibratorName::fluke74x, TextId::calibratorFluke74x}};
 
 } // namespace
 
@@ -39,8 +41,8 @@ QString chooseCalibrator(Session& session, const QString& title, const QString& 
     for (const auto& calibrator : offered)
         session.SharedValueList[row++] = text(calibrator.caption);
     const auto proposed = ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered);
-    const auto answer =
-        ModuleGlobals::CustomDialog(session, title, text(353), true, 1, 30, 0, calibratorCaption(proposed));
+    const auto answer = ModuleGlobals::CustomDialog(session, title, text(TextId::selectCalibratorToUse), true,
+                                                    1, 30, 0, calibratorCaption(proposed));
     if (answer == cancelled)
         return {};
     const auto* chosen =
@@ -54,7 +56,7 @@ QString calibratorAcceptable(Calibrators& calibrators, const QString& calibrator
     if (calibrator == calibratorName::torqueStar)
         return TorqueStar_acceptable(calibrators.torqueStar, asset);
     if (calibrator == calibratorName::fluke74x)
-        return text(1063);
+        return text(TextId::driverNotInVersion);
     return {};
 }
 
@@ -72,7 +74,7 @@ QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, 
     if (calibrator == calibratorName::torqueStar)
         return TorqueStar_download(calibrators.torqueStar, tag);
     if (calibrator == calibratorName::fluke74x)
-        return text(1063);
+        return text(TextId::driverNotInVersion);
     return {};
 }
 
@@ -82,7 +84,7 @@ QString calibratorUpload(Calibrators& calibrators, const QString& calibrator) {
     if (calibrator == calibratorName::torqueStar)
         return TorqueStar_upload(calibrators.torqueStar);
     if (calibrator == calibratorName::fluke74x)
-        return text(1063);
+        return text(TextId::driverNotInVersion);
     return {};
 }
 
@@ -91,7 +93,7 @@ QString judgeAgain(Session& session, JournalEntry& entry) {
         return Fluke702_judge_again(session, entry);
     if (entry.driver == torqueStarDriver)
         return TorqueStar_judge_again(session, entry);
-    return text(1063);
+    return text(TextId::driverNotInVersion);
 }
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "workflow/driver.h"
@@ -36,24 +37,28 @@ void select(QComboBox& list, const QString& word) {
 } // namespace
 
 FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
-    : ChildWindow(session, ChildForm::FormCalConfig, u"FormCalConfig"_s, {.width = 6000, .height = 3600}),
-      ComboCalibrator(dropDown(u"ComboCalibrator"_s, text(370), 430)),
-      ComboPort(dropDown(u"ComboPort"_s, text(373), 431, {u"COM1"_s, u"COM2"_s, u"COM3"_s, u"COM4"_s})),
-      ComboBaudRate(dropDown(u"ComboBaudRate"_s, text(318), 432,
+    : ChildWindow(session, u"FormCalConfig"_s, {.width = 6000, .height = 3600}),
+      ComboCalibrator(dropDown(u"ComboCalibrator"_s, text(TextId::calibratorToConfigure),
+                               TextId::calibratorToConfigureTip)),
+      ComboPort(dropDown(u"ComboPort"_s, text(TextId::serialPort), TextId::serialPortTip,
+                         {u"COM1"_s, u"COM2"_s, u"COM3"_s, u"COM4"_s})),
+      ComboBaudRate(dropDown(u"ComboBaudRate"_s, text(TextId::baudRate), TextId::baudRateTip,
                              {u"300"_s, u"600"_s, u"1200"_s, u"2400"_s, u"4800"_s, u"9600"_s, u"19200"_s})),
-      ComboParity(dropDown(u"ComboParity"_s, text(326), 433)),
-      ComboDataBits(dropDown(u"ComboDataBits"_s, text(336), 434, {u"8"_s, u"7"_s})),
-      ComboStopBits(dropDown(u"ComboStopBits"_s, text(319), 435, {u"1"_s, u"2"_s})) {
-    setWindowTitle(text(109));
+      ComboParity(dropDown(u"ComboParity"_s, text(TextId::parity), TextId::parityTip)),
+      ComboDataBits(
+          dropDown(u"ComboDataBits"_s, text(TextId::dataBits), TextId::dataBitsTip, {u"8"_s, u"7"_s})),
+      ComboStopBits(
+          dropDown(u"ComboStopBits"_s, text(TextId::stopBits), TextId::stopBitsTip, {u"1"_s, u"2"_s})) {
+    setWindowTitle(text(TextId::calibratorConfiguration));
     layOut();
     setFirstFocus(ComboCalibrator);
 
     ComboBaudRate->setCurrentText(u"9600"_s);
     for (const auto& name : {calibratorName::fluke74x, calibratorName::fluke702, calibratorName::torqueStar})
         ComboCalibrator->addItem(calibratorCaption(name), name);
-    ComboParity->addItem(text(327), parityWord::even);
-    ComboParity->addItem(text(328), parityWord::odd);
-    ComboParity->addItem(text(329), parityWord::none);
+    ComboParity->addItem(text(TextId::parityEven), parityWord::even);
+    ComboParity->addItem(text(TextId::parityOdd), parityWord::odd);
+    ComboParity->addItem(text(TextId::parityNone), parityWord::none);
     select(*ComboParity, parityWord::none);
     select(*ComboCalibrator, calibrator);
     showStored();
@@ -73,23 +78,23 @@ std::array<FormCalConfig::Setting, 5> FormCalConfig::settings() const {
 }
 
 void FormCalConfig::layOut() {
-    auto* communication = named(new QGroupBox, u"Frame1"_s, text(372));
-    communication->setTitle(text(372));
+    auto* communication = named(new QGroupBox, u"Frame1"_s, text(TextId::lineCommunication));
+    communication->setTitle(text(TextId::lineCommunication));
     auto* line = new QHBoxLayout(communication);
-    line->addWidget(labelFor(ComboPort, u"Label6"_s, 373));
+    line->addWidget(labelFor(ComboPort, u"Label6"_s, TextId::serialPort));
     line->addWidget(ComboPort, 1);
 
-    auto* configuration = named(new QGroupBox, u"Frame2"_s, text(371));
-    configuration->setTitle(text(371));
+    auto* configuration = named(new QGroupBox, u"Frame2"_s, text(TextId::lineConfiguration));
+    configuration->setTitle(text(TextId::lineConfiguration));
     auto* grid = new QGridLayout(configuration);
     struct {
         QComboBox* list;
         QString name;
-        int caption;
-    } const cells[] = {{ComboBaudRate, u"Label2"_s, 318},
-                       {ComboParity, u"Label5"_s, 326},
-                       {ComboDataBits, u"Label3"_s, 336},
-                       {ComboStopBits, u"Label4"_s, 319}};
+        TextId caption;
+    } const cells[] = {{ComboBaudRate, u"Label2"_s, TextId::baudRate},
+                       {ComboParity, u"Label5"_s, TextId::parity},
+                       {ComboDataBits, u"Label3"_s, TextId::dataBits},
+                       {ComboStopBits, u"Label4"_s, TextId::stopBits}};
     int cell = 0;
     for (const auto& one : cells) {
         grid->addWidget(labelFor(one.list, one.name, one.caption), cell / 2, cell % 2 * 2);
@@ -101,7 +106,7 @@ void FormCalConfig::layOut() {
 
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
-    column->addWidget(labelFor(ComboCalibrator, u"Label1"_s, 370));
+    column->addWidget(labelFor(ComboCalibrator, u"Label1"_s, TextId::calibratorToConfigure));
     column->addWidget(ComboCalibrator);
     column->addWidget(communication);
     column->addWidget(configuration);

@@ -1,7 +1,9 @@
 #include "workflow/form_docking_down.h"
 
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/open_windows.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -15,19 +17,23 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
-    : ChildWindow(session, ChildForm::FormDockingDown, u"FormDockingDown"_s, {.width = 6060, .height = 2865}),
+    : ChildWindow(session, u"FormDockingDown"_s, {.width = 6060, .height = 2865}),
       calibrators_(calibrators),
-      SSPanelCalibrator(named(new QLabel, u"SSPanelCalibrator"_s, text(349), 477)),
-      TextAdd(named(new QLineEdit, u"TextAdd"_s, text(253), 478)),
-      CommandAdd(button(u"CommandAdd"_s, 254, 479)),
-      ListCal(named(new QListWidget, u"ListCal"_s, text(258), 480)),
-      CommandRemove(button(u"CommandRemove"_s, 255, 481)),
-      CommandDownload(button(u"CommandDownload"_s, 352, 482)) {
-    setWindowTitle(text(352));
+      SSPanelCalibrator(named(new QLabel, u"SSPanelCalibrator"_s, text(TextId::calibratorLabel),
+                              TextId::calibratorLabelTip)),
+      TextAdd(named(new QLineEdit, u"TextAdd"_s, text(TextId::instrumentOrPackageToAdd),
+                    TextId::instrumentToCalibrateTip)),
+      CommandAdd(button(u"CommandAdd"_s, TextId::addCommand, TextId::addInstrumentTip)),
+      ListCal(named(new QListWidget, u"ListCal"_s, text(TextId::instrumentsToCalibrate),
+                    TextId::instrumentsToCalibrateTip)),
+      CommandRemove(button(u"CommandRemove"_s, TextId::removeInstrument, TextId::removeInstrumentTip)),
+      CommandDownload(button(u"CommandDownload"_s, TextId::downloadCommand, TextId::downloadListTip)) {
+    setWindowTitle(text(TextId::downloadCommand));
     SSPanelCalibrator->setTextFormat(Qt::PlainText);
     SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     // Whichever name comes later, the window has its place from the start.
-    for (const int name : {350, 351, 567}) {
+    for (const auto name :
+         {TextId::calibratorFluke702, TextId::calibratorTorqueStar, TextId::calibratorFluke74x}) {
         SSPanelCalibrator->setText(text(name));
         SSPanelCalibrator->setMinimumWidth(
             qMax(SSPanelCalibrator->minimumWidth(), SSPanelCalibrator->sizeHint().width()));
@@ -42,11 +48,11 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
 }
 
 void FormDockingDown::layOut() {
-    auto* entryLabel = labelFor(TextAdd, u"Label2"_s, 253);
+    auto* entryLabel = labelFor(TextAdd, u"Label2"_s, TextId::instrumentOrPackageToAdd);
     entryLabel->setWordWrap(true);
     auto* adding = new QVBoxLayout;
     adding->setSpacing(4);
-    adding->addWidget(label(u"Label1"_s, 349));
+    adding->addWidget(label(u"Label1"_s, TextId::calibratorLabel));
     adding->addWidget(SSPanelCalibrator);
     adding->addStretch(1);
     adding->addWidget(entryLabel);
@@ -58,7 +64,7 @@ void FormDockingDown::layOut() {
     buttons->addWidget(CommandDownload);
     auto* listing = new QVBoxLayout;
     listing->setSpacing(4);
-    listing->addWidget(labelFor(ListCal, u"Label3"_s, 258));
+    listing->addWidget(labelFor(ListCal, u"Label3"_s, TextId::instrumentsToCalibrate));
     listing->addWidget(ListCal, 1);
     listing->addLayout(buttons);
 
@@ -108,7 +114,7 @@ void FormDockingDown::setButtonsEnabled(bool enabled) {
 }
 
 bool FormDockingDown::mayClose() {
-    return !running_ && !session_.openFlag(ChildForm::FormCustomDialog);
+    return !running_ && !isWindowOpen(session_, u"FormCustomDialog");
 }
 
 QString FormDockingDown::calibrator() const {

@@ -1,5 +1,6 @@
 #include "workflow/form_unfinished_results.h"
 
+#include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
@@ -18,7 +19,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr int columnHeadings[] = {2172, 2173, 2185, 2174};
+constexpr TextId columnHeadings[] = {TextId::columnInstrument, TextId::columnCalibrated,
+                                     TextId::columnCalibrator, TextId::columnReason};
 
 QTreeWidgetItem* rowOf(const UnfinishedResult& result) {
     auto* row = new QTreeWidgetItem({result.asset, result.date, result.calibrator, result.why});
@@ -30,16 +32,17 @@ QTreeWidgetItem* rowOf(const UnfinishedResult& result) {
 } // namespace
 
 FormUnfinishedResults::FormUnfinishedResults(Session& session)
-    : ChildWindow(session, ChildForm::FormUnfinishedResults, u"FormUnfinishedResults"_s,
-                  {.width = 9000, .height = 5700}),
-      ListResults(named(new QTreeWidget, u"ListResults"_s, text(2171), 2179)),
-      ListReadings(named(new QListWidget, u"ListReadings"_s, text(2175), 2180)),
-      CommandMakeRecord(button(u"CommandMakeRecord"_s, 2176, 2181)),
-      CommandDiscard(button(u"CommandDiscard"_s, 2177, 2182)),
-      CommandClose(button(u"CommandClose"_s, 2178, 2183)) {
-    setWindowTitle(text(2170));
+    : ChildWindow(session, u"FormUnfinishedResults"_s, {.width = 9000, .height = 5700}),
+      ListResults(named(new QTreeWidget, u"ListResults"_s, text(TextId::unfinishedResults),
+                        TextId::unfinishedResultsTip)),
+      ListReadings(
+          named(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings), TextId::resultReadingsTip)),
+      CommandMakeRecord(button(u"CommandMakeRecord"_s, TextId::makeRecord, TextId::makeRecordTip)),
+      CommandDiscard(button(u"CommandDiscard"_s, TextId::discardResult, TextId::discardResultTip)),
+      CommandClose(button(u"CommandClose"_s, TextId::closeCommand, TextId::closeResultsTip)) {
+    setWindowTitle(text(TextId::unfinishedResultsTitle));
     QStringList headings;
-    for (const int heading : columnHeadings)
+    for (const auto heading : columnHeadings)
         headings << text(heading);
     ListResults->setHeaderLabels(headings);
     ListResults->setRootIsDecorated(false);
@@ -61,9 +64,9 @@ void FormUnfinishedResults::layOut() {
 
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
-    column->addWidget(labelFor(ListResults, u"Label1"_s, 2171));
+    column->addWidget(labelFor(ListResults, u"Label1"_s, TextId::unfinishedResults));
     column->addWidget(ListResults, 1);
-    column->addWidget(labelFor(ListReadings, u"Label2"_s, 2175));
+    column->addWidget(labelFor(ListReadings, u"Label2"_s, TextId::resultReadings));
     column->addWidget(ListReadings, 1);
     column->addLayout(buttons);
     setBody(body);
@@ -137,7 +140,8 @@ void FormUnfinishedResults::makeRecord() {
         return;
     const auto outcome = makeRecordOf(session_, result->id);
     const bool made = outcome.end == MakeRecordOutcome::End::made;
-    session_.ui.messageBox(outcome.message, text(2170), made ? box::information : box::warning);
+    session_.ui.messageBox(outcome.message, text(TextId::unfinishedResultsTitle),
+                           made ? box::information : box::warning);
     showRest();
 }
 
@@ -145,8 +149,9 @@ void FormUnfinishedResults::discard() {
     const auto* result = chosen();
     if (!result)
         return;
-    const auto question = text(2184).arg(result->asset);
-    if (session_.ui.messageBox(question, text(2170), box::question) != BoxAnswer::yes)
+    const auto question = text(TextId::confirmResultDiscard).arg(result->asset);
+    if (session_.ui.messageBox(question, text(TextId::unfinishedResultsTitle), box::question) !=
+        BoxAnswer::yes)
         return;
     if (discardResult(session_, result->id))
         showRest();

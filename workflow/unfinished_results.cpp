@@ -1,12 +1,13 @@
 #include "workflow/unfinished_results.h"
 
-#include "data/assets.h"
+#include "data/assets/assets.h"
 #include "data/custom_dialog.h"
-#include "data/field_dictionary.h"
-#include "data/record_check.h"
+#include "data/records/field_dictionary.h"
+#include "data/records/record_check.h"
 #include "data/routine.h"
 #include "drivers/instrument_work.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <algorithm>
 
@@ -15,21 +16,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
-
-constexpr int textInterrupted = 2000;
-constexpr int textConnectionLost = 2009;
-constexpr int textMade = 2010;
-constexpr int textGone = 2011;
-constexpr int textOtherOwner = 2012;
-constexpr int textNoReadings = 2013;
-constexpr int textOtherInstrument = 2015;
-constexpr int textOtherResults = 2016;
-constexpr int textNotMade = 2017;
-constexpr int textAskDate = 2022;
-constexpr int textAskTime = 2023;
-constexpr int textNoDate = 2024;
-constexpr int textDiscarded = 2025;
-constexpr int textTitle = 2026;
 
 constexpr QStringView dateColumn = u"C2301";
 constexpr QStringView timeColumn = u"C2333";
@@ -68,7 +54,7 @@ class RecordMaking {
     QString judge();
     QString checkInstrument() const;
     bool settleMoment();
-    bool ask(int prompt, FieldKind kind, QString& value);
+    bool ask(TextId prompt, FieldKind kind, QString& value);
     std::optional<QString> completeBegun();
     QString createNew();
     QString askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
@@ -83,11 +69,11 @@ class RecordMaking {
 
 QString RecordMaking::make() {
     if (entry_.owner != session_.SessionOwner)
-        return text(textOtherOwner).arg(entry_.owner);
+        return text(TextId::resultsOfOtherOwner).arg(entry_.owner);
     if (entry_.readings.isEmpty() && !entry_.prepared)
-        return text(textNoReadings).arg(entry_.asset);
+        return text(TextId::readingsNotKept).arg(entry_.asset);
     if (!settleMoment())
-        return text(textNoDate);
+        return text(TextId::calibrationDateMissing);
     // Lines that were made by an incomplete preparation were not kept.
     if (!entry_.prepared) {
         if (auto reason = judge(); !reason.isEmpty())
@@ -103,7 +89,7 @@ QString RecordMaking::make() {
 QString RecordMaking::judge() {
     auto reason = judgeAgain(session_, entry_);
     if (reason.isEmpty() && watch_.sawReport())
-        reason = text(textNotMade).arg(entry_.asset);
+        reason = text(TextId::recordNotComplete).arg(entry_.asset);
     if (reason.isEmpty())
         takeRecordLists(session_, entry_);
     return reason;
@@ -113,9 +99,9 @@ QString RecordMaking::judge() {
 QString RecordMaking::checkInstrument() const {
     const auto mtag = ModuleGlobals::CheckAsset(session_, entry_.asset);
     if (watch_.sawReport())
-        return text(textNotMade).arg(entry_.asset);
+        return text(TextId::recordNotComplete).arg(entry_.asset);
     const bool isSame = !mtag.isEmpty() && (entry_.mtag.isEmpty() || entry_.mtag == mtag);
-    return isSame ? QString() : text(textOtherInstrument).arg(entry_.asset);
+    return isSame ? QString() : text(TextId::instrumentNotInInventory).arg(entry_.asset);
 }
 
 /// Asks for the date, and the time, that the calibrator did not give. They are in the journal before they are
@@ -126,18 +112,19 @@ bool RecordMaking::settleMoment() {
     const bool hasTime = storedTime(entry_.time).has_value() || (entry_.prepared && entry_.time.isEmpty());
     if (hasDate && hasTime)
         return true;
-    if (!hasDate && !ask(textAskDate, FieldKind::date, entry_.date))
+    if (!hasDate && !ask(TextId::calibrationDatePrompt, FieldKind::date, entry_.date))
         return false;
-    if (!hasTime && !ask(textAskTime, FieldKind::time, entry_.time))
+    if (!hasTime && !ask(TextId::calibrationTimePrompt, FieldKind::time, entry_.time))
         return false;
     // The fields that were prepared with what was none are prepared again.
     Journal(session_).setDate(entry_.id, entry_.date, entry_.time);
     return true;
 }
 
-bool RecordMaking::ask(int prompt, FieldKind kind, QString& value) {
-    const auto answer = ModuleGlobals::CustomDialog(session_, text(textTitle), text(prompt).arg(entry_.asset),
-                                                    true, 0, 0, static_cast<qint16>(kind), {});
+bool RecordMaking::ask(TextId prompt, FieldKind kind, QString& value) {
+    const auto answer =
+        ModuleGlobals::CustomDialog(session_, text(TextId::makeRecord), text(prompt).arg(entry_.asset), true,
+                                    0, 0, static_cast<qint16>(kind), {});
     const auto moment = momentOf(answer, session_.SessionDateFormat);
     const bool isDate = kind == FieldKind::date;
     if (!moment || !(isDate ? moment->date.isValid() : moment->time.isValid()))
@@ -161,30 +148,30 @@ std::optional<QString> RecordMaking::completeBegun() {
         if (!ModuleGlobals::mayBecome(record, wanted))
             continue;
         ModuleGlobals::complete(session_, routine_, record, wanted);
-        return isMade() ? QString() : text(textNotMade).arg(entry_.asset);
+        return isMade() ? QString() : text(TextId::recordNotComplete).arg(entry_.asset);
     }
     if (records.isEmpty())
         return {};
-    return text(textOtherResults).arg(entry_.asset);
+    return text(TextId::otherRecordExists).arg(entry_.asset);
 }
 
 /// The way of a new record. What the operator settles on its way decides where it is looked for.
 QString RecordMaking::createNew() {
     if (entry_.readings.isEmpty())
-        return text(textNoReadings).arg(entry_.asset);
+        return text(TextId::readingsNotKept).arg(entry_.asset);
     if (entry_.prepared) {
         if (auto reason = judge(); !reason.isEmpty())
             return reason;
     }
     entry_.prepared = true;
-    entry_.why = text(textInterrupted);
+    entry_.why = text(TextId::resultsInterrupted);
     Journal(session_).replace(entry_);
     const auto refusal = createRecord(session_, entry_);
     entry_.date = askedMoment(dateColumn, FieldKind::date, entry_.date);
     entry_.time = askedMoment(timeColumn, FieldKind::time, entry_.time);
     if (isMade())
         return {};
-    return refusal.isEmpty() ? text(textNotMade).arg(entry_.asset) : refusal;
+    return refusal.isEmpty() ? text(TextId::recordNotComplete).arg(entry_.asset) : refusal;
 }
 
 QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
@@ -243,27 +230,28 @@ QList<UnfinishedResult> unfinishedResults(Session& session) {
 MakeRecordOutcome makeRecordOf(Session& session, const QString& id) {
     const BusyPointer busy(session.ui);
     Routine routine(session, u"Journal,MakeRecord"_s);
-    MakeRecordOutcome outcome{End::unfinished, text(textGone)};
+    MakeRecordOutcome outcome{End::unfinished, text(TextId::resultsNoLongerInJournal)};
     routine.run([&] {
         const auto entry = Journal(session).find(id);
         if (!entry)
             return;
-        outcome.message = text(textNotMade).arg(entry->asset);
+        outcome.message = text(TextId::recordNotComplete).arg(entry->asset);
         const auto reason = RecordMaking(session, routine, *entry).make();
         if (reason.isEmpty()) {
             endAsDone(session, *entry);
             outcome.end = End::made;
         }
-        outcome.message = reason.isEmpty() ? text(textMade).arg(entry->asset) : reason;
+        outcome.message = reason.isEmpty() ? text(TextId::recordMade).arg(entry->asset) : reason;
     });
     if (outcome.end != End::made && hasLostConnection(session))
-        outcome.message = text(textConnectionLost);
+        outcome.message = text(TextId::connectionLostResultsKept);
     return outcome;
 }
 
 bool discardResult(Session& session, const QString& id) {
-    return changeJournal(
-        session, [&](Journal& journal) { journal.end(id, JournalEnd::discarded, text(textDiscarded)); });
+    return changeJournal(session, [&](Journal& journal) {
+        journal.end(id, JournalEnd::discarded, text(TextId::discardedByOperator));
+    });
 }
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #include "data/routine.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "workflow/driver.h"
 
 using namespace Qt::StringLiterals;
@@ -11,15 +12,16 @@ void UploadFromCalibrator(Calibrators& calibrators) {
     Routine routine(session, u"ModuleGlobals,UploadFromCalibrator"_s);
     routine.run([&] {
         const auto remembered = u"LastUploadCalibrator"_s;
-        const auto calibrator = chooseCalibrator(session, text(107), remembered);
+        const auto calibrator = chooseCalibrator(session, text(TextId::uploadTestResults), remembered);
         if (calibrator.isEmpty())
             return;
         const auto failure = calibratorUpload(calibrators, calibrator);
         session.ui.setNormalPointer();
         if (failure.isEmpty())
-            session.ui.messageBox(text(377), text(107), box::information);
+            session.ui.messageBox(text(TextId::uploadSuccessful), text(TextId::uploadTestResults),
+                                  box::information);
         else
-            session.ui.messageBox(failure, text(107), box::warning);
+            session.ui.messageBox(failure, text(TextId::uploadTestResults), box::warning);
         SaveRegSetting(session, u"Defaults"_s, remembered, calibrator);
     });
 }

@@ -1,4 +1,4 @@
-#include "data/cal_params.h"
+#include "data/parameters/cal_params.h"
 #include "data/routine.h"
 #include "drivers/download_note.h"
 #include "drivers/fluke702/fluke702.h"
@@ -6,6 +6,7 @@
 #include "drivers/fluke_limits.h"
 #include "drivers/fluke_quantity.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,10 +59,6 @@ constexpr FlukeLimits::Sensor sensors[] = {
 
 constexpr FlukeLimits limits{units, sensors};
 
-constexpr int readByHand = 554;
-constexpr int cannotOutput = 559;
-constexpr int indicatedInput = 641;
-
 bool isKnown(const QString& unit) {
     return flukeQuantity(unit).has_value();
 }
@@ -75,23 +72,23 @@ QString Fluke702_acceptable(Fluke702& driver, const QString& asset) {
     routine.run([&] {
         const auto instrument = ModuleGlobals::GetCalParams(session, asset);
         if (instrument.input_indicated) {
-            result = text(indicatedInput);
+            result = text(TextId::indicatedInputUnsupported);
             return;
         }
         if (!isKnown(instrument.output_type))
-            tellDownloadNote(session.ui, asset, text(readByHand));
+            tellDownloadNote(session.ui, asset, text(TextId::outputNotMeasurable));
         auto refusal = flukeCannotMeasure(limits, instrument);
         if (!refusal)
             refusal = flukeCannotSource(limits, instrument);
         if (refusal) {
-            result = text(refusal);
+            result = text(*refusal);
             return;
         }
         if (!isKnown(instrument.input_type))
-            result = text(cannotOutput);
+            result = text(TextId::cannotSourceUnits);
         for (const auto& combination : flukeCombinations) {
             if (combination.isThatOf(instrument))
-                tellDownloadNote(session.ui, asset, text(readByHand));
+                tellDownloadNote(session.ui, asset, text(TextId::outputNotMeasurable));
         }
     });
     return result;

@@ -1,6 +1,6 @@
 #include "drivers/fluke702/base_units.h"
 
-#include "data/checked_arithmetic.h"
+#include "data/tolerances/checked_arithmetic.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,8 +1,8 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/in_use.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
 #include "data/routine.h"
-#include "data/tolerances.h"
+#include "data/tolerances/tolerances.h"
 #include "drivers/asset_entries.h"
 #include "drivers/fluke702/download_item.h"
 #include "drivers/fluke702/download_prompts.h"
@@ -11,6 +11,7 @@
 #include "drivers/fluke702/setup_state.h"
 #include "drivers/fluke702/task_values.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <utility>
 
@@ -21,10 +22,6 @@ namespace kelvane::Module702Interface {
 namespace {
 
 constexpr qint16 mostPoints = 50;
-
-constexpr int textInstrumentsUnread = 2006;
-constexpr int textInstrumentUnread = 2007;
-constexpr int textMembersUnknown = 2008;
 
 /// The points of the shared list, which nothing may refill before this call. More points than the library
 /// takes, or none, make no strategy.
@@ -38,7 +35,7 @@ bool defineStrategy(Fluke702& driver, StatusRule& rule, Download702Item& item, q
 bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const DownloadPrompts& prompts,
                bool manual) {
     const auto tag = item.asset.left(29);
-    const auto serial = item.serial.isEmpty() ? text(650) : item.serial;
+    const auto serial = item.serial.isEmpty() ? text(TextId::serialNumberNone) : item.serial;
     return rule.passes(link.MEMstartTask(tag)) && prompts.placeBefore(link, rule) &&
            rule.passes(link.MEMtemplate(item.strategyId, manual ? 1 : 0, tag, serial, item.stateId)) &&
            prompts.placeAfter(link, rule) && rule.passes(link.MEMendTask());
@@ -64,11 +61,11 @@ QString download(Fluke702& driver, const QString& task) {
     const ReportWatch reading(session);
     const auto entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, task));
     if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, task))
-        return text(textMembersUnknown);
+        return text(TextId::downloadInstrumentsUnknown);
     for (const auto& entry : entries)
         items[count++] = gatherItem(session, entry);
     if (reading.sawReport())
-        return text(textInstrumentsUnread);
+        return text(TextId::downloadListUnreadable);
 
     driver.link.MEMclear();
     driver.link.DPCclose();
@@ -79,7 +76,7 @@ QString download(Fluke702& driver, const QString& task) {
             return rule.failure();
         // The calibrator is still as it was: only the image in the library has been written to.
         if (reading.sawReport())
-            return text(textInstrumentUnread).arg(items[i].asset);
+            return text(TextId::instrumentDataUnreadable).arg(items[i].asset);
     }
 
     const auto failure = Communicate702(driver, modeDownload);

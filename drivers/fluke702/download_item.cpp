@@ -1,10 +1,10 @@
 #include "drivers/fluke702/download_item.h"
 
-#include "data/cal_params.h"
-#include "data/unit_class.h"
+#include "data/parameters/cal_params.h"
+#include "data/tolerances/unit_class.h"
 #include "drivers/fluke702/mode.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 
 #include <span>
 
@@ -72,7 +72,7 @@ void setColdJunction(Download702Item& item, const CalParamRecord& record) {
     }
 }
 
-void setSurroundings(Download702Item& item, const CalParamRecord& record) {
+void setEnvironment(Download702Item& item, const CalParamRecord& record) {
     item.tempStd = upperCased(record.temp_scale_in) == u"IPTS-68" ? u"ipts68"_s : u"its90"_s;
     item.loopPower =
         item.outputClass == 3 ? wordFor(loopWords, upperCased(record.loop_pwr), u"off") : u"off"_s;
@@ -93,7 +93,7 @@ Download702Item gatherItem(Session& session, const AssetEntry& entry) {
     item.strategyName = upperCased(record.tp_name.left(13));
     setSides(item, record);
     setColdJunction(item, record);
-    setSurroundings(item, record);
+    setEnvironment(item, record);
     return item;
 }
 

@@ -1,7 +1,7 @@
 #include "drivers/fluke702/download_prompts.h"
 
-#include "data/cal_params.h"
-#include "data/prompt_macros.h"
+#include "data/parameters/cal_params.h"
+#include "data/parameters/prompt_macros.h"
 #include "data/small_routines.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drivers/fluke702/status_rule.h"
-#include "platform/fixed_list.h"
+#include "platform/values/fixed_list.h"
 
 namespace kelvane::Module702Interface {
 

@@ -1,6 +1,6 @@
 #include "drivers/judge_again.h"
 
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "drivers/fluke702/fluke702.h"
 #include "drivers/fluke702/run_results.h"

@@ -1,12 +1,13 @@
 #include "drivers/fluke702/link.h"
 
-#include "data/assets.h"
+#include "data/assets/assets.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "drivers/calibrator_names.h"
 #include "platform/error_report.h"
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <algorithm>
 #include <limits>
@@ -23,14 +24,16 @@ constexpr int full = 100;
 
 /// What a direction of transfer calls and shows.
 struct Direction {
-    int title;
-    int label;
+    TextId title;
+    TextId label;
     Dpclnk::Status (Dpclnk::*start)(qint32& count);
     Dpclnk::Status (Dpclnk::*step)(qint32& count);
 };
 
-constexpr Direction download{364, 366, &Dpclnk::DPCdnlStart, &Dpclnk::DPCdnlStep};
-constexpr Direction upload{525, 367, &Dpclnk::DPCuplStart, &Dpclnk::DPCuplStep};
+constexpr Direction download{TextId::fluke702DownloadTitle, TextId::downloadingProgress, &Dpclnk::DPCdnlStart,
+                             &Dpclnk::DPCdnlStep};
+constexpr Direction upload{TextId::fluke702UploadTitle, TextId::uploadingProgress, &Dpclnk::DPCuplStart,
+                           &Dpclnk::DPCuplStep};
 
 /// The progress bar's step: opening and closing count like a step of the transfer each.
 quint8 progressStep(qint32 count) {
@@ -103,7 +106,7 @@ bool Contact::open() {
     const auto port = chosen.isEmpty() ? usualPort : chosen;
 
     ui_.setBusyPointer();
-    ui_.setProgressText(text(365));
+    ui_.setProgressText(text(TextId::fluke702OpeningLink));
     ui_.processEvents();
     // An earlier failure may have left it open.
     if (!done(link_.DPCclose())) {
@@ -157,7 +160,7 @@ bool Contact::moveImage() {
 
 bool Contact::close() {
     advance();
-    ui_.setProgressText(text(368));
+    ui_.setProgressText(text(TextId::fluke702ClosingLink));
     if (!done(link_.DPCclose()))
         return false;
     ui_.setProgressValue(full);
@@ -170,9 +173,9 @@ void Contact::judgeUnknownCalibrator() {
     if (!driver_.Calibrator702Asset.isEmpty())
         return;
     if (mode_ == modeDownload)
-        ui_.messageBox(text(423), text(direction_.title), box::warning);
+        ui_.messageBox(text(TextId::calibratorAssetNotFound), text(direction_.title), box::warning);
     else
-        result_ = text(423);
+        result_ = text(TextId::calibratorAssetNotFound);
 }
 
 bool Contact::done(Dpclnk::Status status) {

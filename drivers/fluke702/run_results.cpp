@@ -1,10 +1,11 @@
 #include "drivers/fluke702/run_results.h"
 
-#include "data/assets.h"
+#include "data/assets/assets.h"
 #include "drivers/new_record.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QJsonArray>
 #include <QLocale>
@@ -19,8 +20,6 @@ namespace {
 
 /// A tag of this length may be the beginning of a longer asset number.
 constexpr int longestTag = 29;
-
-constexpr int textReading = 2020;
 
 /// Every 32-bit number, infinite ones and those that are none included.
 QString written(float value) {
@@ -85,7 +84,7 @@ RunResults runOf(const QJsonObject& json) {
 QStringList readingsOf(const RunResults& run) {
     QStringList readings;
     for (const auto& entry : run.entries)
-        readings << text(textReading)
+        readings << text(TextId::appliedAndRead)
                         .arg(QString::number(readings.size() + 1), shown(entry.applied),
                              shown(entry.reading));
     return readings;

@@ -1,6 +1,6 @@
 #include "drivers/fluke702/setup_state.h"
 
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 
 namespace kelvane::Module702Interface {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/cal_params.h"
+#include "data/parameters/cal_params.h"
 #include "drivers/fluke702/dpclnk.h"
-#include "platform/moments.h"
+#include "platform/values/moments.h"
 
 namespace kelvane::Module702Interface {
 

@@ -1,14 +1,15 @@
-#include "data/assets.h"
-#include "data/field_dictionary.h"
-#include "data/in_use.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "drivers/fluke702/fluke702.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/fluke702/run_results.h"
 #include "drivers/instrument_work.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,9 +18,6 @@ namespace kelvane::Module702Interface {
 namespace {
 
 constexpr Dpclnk::Status noTagSaved = 2026;
-
-constexpr int textName = 350;
-constexpr int textConnectionLost = 1001;
 
 const QString routineName = u"Module702Interface,Fluke702_upload"_s;
 
@@ -60,7 +58,8 @@ QString Upload::run() {
     link_.MEMclear();
     const ReportWatch contact(session_);
     if (auto failure = Communicate702(driver_, modeUpload); !failure.isEmpty())
-        return contact.sawReport() && hasLostConnection(session_) ? text(textConnectionLost) : failure;
+        return contact.sawReport() && hasLostConnection(session_) ? text(TextId::connectionLostAdvice)
+                                                                  : failure;
     qint32 unused = 0;
     link_.MEMstats(unused, count_);
     for (qint32 record = 0; record < count_; ++record) {
@@ -108,7 +107,7 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     if (!goesOn)
         return false;
     work.entry = {.driver = fluke702Driver.toString(),
-                  .calibrator = text(textName),
+                  .calibrator = text(TextId::calibratorFluke702),
                   .serial = driver_.Calibrator702Serial,
                   .asset = tag_,
                   .mtag = judged.instrument.mtag,

@@ -1,8 +1,9 @@
-#include "data/cal_params.h"
+#include "data/parameters/cal_params.h"
 #include "data/routine.h"
 #include "drivers/torquestar/codes.h"
 #include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,15 +13,15 @@ namespace {
 
 QString objection(const CalParamRecord& instrument) {
     if (instrument.input_indicated)
-        return text(641);
+        return text(TextId::indicatedInputUnsupported);
     if (instrument.output_indicated)
-        return text(1053);
+        return text(TextId::indicatedOutputUnsupported);
     if (instrument.transducer_type_out == u"Serial")
         return {};
     if (!codeOf(unitCodes, instrument.input_type))
-        return text(1054);
+        return text(TextId::inputUnitsNotAccepted);
     if (!codeOf(unitCodes, instrument.output_type))
-        return text(1055);
+        return text(TextId::outputUnitsNotAccepted);
     return {};
 }
 

@@ -3,8 +3,9 @@
 #include "drivers/torquestar/codes.h"
 #include "drivers/torquestar/fields.h"
 #include "drivers/torquestar/messages.h"
-#include "platform/numbers.h"
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <optional>
 
@@ -103,7 +104,7 @@ constexpr struct {
     Source other;
     Source serial;
     /// The text that refuses an instrument for which the field has no value.
-    int refusal = 0;
+    std::optional<TextId> refusal = {};
 } sources[] = {
     {samples, samples},
     {always<1>, always<1>},   // number of subgroups
@@ -111,12 +112,12 @@ constexpr struct {
     {transducerType, always<3>},
     {transducerSpan, notWritten},
     {always<0>, serialFormat},
-    {spanUnits, notWritten, 1054},
+    {spanUnits, notWritten, TextId::inputUnitsNotAccepted},
     {always<0>, baudRate},
     {cycleEndTime, dataBits},
     {measurementMode, stopBits},
     {frequencyResponse, parity},
-    {displayUnits, notWritten, 1055},
+    {displayUnits, notWritten, TextId::outputUnitsNotAccepted},
     {direction, always<0>},
     {maximumTorque, maximumTorque},
     {minimumTorque, minimumTorque},
@@ -162,11 +163,11 @@ QString CharacteristicFields::fill(Session& session, const CalParamRecord& instr
             continue;
         if (const auto value = source(tool))
             fields_[i] = *value;
-        else if (sources[i].refusal != 0)
-            return text(sources[i].refusal) + u' ' + instrument.output_type;
+        else if (sources[i].refusal)
+            return text(*sources[i].refusal) + u' ' + instrument.output_type;
     }
     if (0.2 * tool.limits.maximum > tool.limits.minimum)
-        return text(1056);
+        return text(TextId::minimumTorqueTooLow);
     return {};
 }
 

@@ -1,17 +1,54 @@
 #include "drivers/torquestar/codes.h"
 
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane::ModuleTSInterface {
 
 namespace {
 
-/// Error codes `first` to `last` have consecutive texts, code 0 being that of `base`.
-std::optional<QString> errorText(quint8 code, int first, int last, int base) {
-    if (code < first || code > last)
+/// The text of an error code; those of the table belong to the codes from `first` on.
+std::optional<QString> errorText(std::span<const TextId> texts, int first, quint8 code) {
+    const auto row = code - first;
+    if (row < 0 || row >= std::ssize(texts))
         return {};
-    return text(base + code);
+    return text(texts[static_cast<std::size_t>(row)]);
 }
+
+/// The errors of a new round, from 1 on.
+constexpr TextId roundErrors[] = {TextId::roundAlreadyExists, TextId::roundNameInvalid,
+                                  TextId::sampleModeInvalid, TextId::characteristicCountInvalid};
+
+/// The errors of a new characteristic, from 0 on.
+constexpr TextId characteristicErrors[] = {TextId::torqueUnknownError,
+                                           TextId::characteristicNameTooLong,
+                                           TextId::sampleCountOutOfRange,
+                                           TextId::subgroupCountOutOfRange,
+                                           TextId::transducerNumberOutOfRange,
+                                           TextId::transducerTypeInvalid,
+                                           TextId::transducerSerialFormatInvalid,
+                                           TextId::transducerBaudRateInvalid,
+                                           TextId::transducerSpanUnitsInvalid,
+                                           TextId::transducerDataBitsInvalid,
+                                           TextId::cycleEndTimeInvalid,
+                                           TextId::transducerStopBitsInvalid,
+                                           TextId::measurementModeInvalid,
+                                           TextId::transducerParityInvalid,
+                                           TextId::frequencyResponseInvalid,
+                                           TextId::displayUnitsInvalid,
+                                           TextId::displayUnitsIncompatible,
+                                           TextId::measurementDirectionInvalid,
+                                           TextId::maximumTorqueOutOfRange,
+                                           TextId::minimumTorqueOutOfRange,
+                                           TextId::thresholdTorqueOutOfRange,
+                                           TextId::clickDipOutOfRange,
+                                           TextId::commentLengthOutOfRange,
+                                           TextId::secondaryParameterInvalid,
+                                           TextId::maximumSecondaryOutOfRange,
+                                           TextId::minimumSecondaryOutOfRange,
+                                           TextId::millivoltsPerVoltInvalid,
+                                           TextId::torqueDatabaseFull,
+                                           TextId::transducerSpanOutOfRange};
 
 } // namespace
 
@@ -32,11 +69,11 @@ std::optional<quint8> serialFormatOf(float resolution) {
 }
 
 std::optional<QString> roundError(quint8 code) {
-    return errorText(code, 1, 4, 1012);
+    return errorText(roundErrors, 1, code);
 }
 
 std::optional<QString> characteristicError(quint8 code) {
-    return errorText(code, 0, 28, 1017);
+    return errorText(characteristicErrors, 0, code);
 }
 
 } // namespace kelvane::ModuleTSInterface

@@ -1,5 +1,5 @@
-#include "data/assets.h"
-#include "data/in_use.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "drivers/activity.h"
 #include "drivers/asset_entries.h"
@@ -10,6 +10,7 @@
 #include "drivers/torquestar/protocol.h"
 #include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <utility>
 
@@ -18,11 +19,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::ModuleTSInterface {
 
 namespace {
-
-constexpr int textInstrumentsUnread = 2006;
-constexpr int textInstrumentUnread = 2007;
-constexpr int textMembersUnknown = 2008;
-constexpr int textLoading = 2019;
 
 const QString routineName = u"ModuleTSInterface,TorqueStar_download"_s;
 
@@ -45,7 +41,7 @@ QString storeRound(TorqueStar& driver) {
     const auto reply = ProcessMessageProtocol(driver, "T2C");
     if (!driver.TSError.isEmpty())
         return driver.TSError;
-    return reply == "t2C" ? QString() : text(1058);
+    return reply == "t2C" ? QString() : text(TextId::roundNotStored);
 }
 
 /// What the calibrator says to a new characteristic: empty when it took it.
@@ -53,7 +49,7 @@ QString refusalOf(TorqueStar& driver, const QString& name, const QByteArray& rep
     if (!driver.TSError.isEmpty())
         return driver.TSError;
     if (reply.size() == 4)
-        return name + u" - "_s + text(1057);
+        return name + u" - "_s + text(TextId::characteristicAlreadyExists);
     if (reply.size() != 5)
         return {};
     if (const auto error = characteristicError(static_cast<quint8>(reply[4])))
@@ -70,7 +66,7 @@ QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, Characterist
     standardsInUse(session, entry.asset);
     const auto transducer = ModuleGlobals::GetCalParams(session, std::as_const(session.StandardsInUse)[0]);
     if (reading.sawReport())
-        return text(textInstrumentUnread).arg(entry.asset);
+        return text(TextId::instrumentDataUnreadable).arg(entry.asset);
     if (const auto refusal = fields.fill(session, instrument, transducer); !refusal.isEmpty())
         return refusal;
 
@@ -94,11 +90,11 @@ QString listInstruments(Session& session, const QString& serial, const QString& 
             return; // nothing more is asked while others wait for the lock
         entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
         if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, tag))
-            failure = text(textMembersUnknown);
+            failure = text(TextId::downloadInstrumentsUnknown);
         if (failure.isEmpty() && !reading.sawReport())
             transaction.commit();
     });
-    return reading.sawReport() ? text(textInstrumentsUnread) : failure;
+    return reading.sawReport() ? text(TextId::downloadListUnreadable) : failure;
 }
 
 QString download(TorqueStar& driver, const QString& tag) {
@@ -109,8 +105,9 @@ QString download(TorqueStar& driver, const QString& tag) {
     const ReportWatch asking(session);
     if (ModuleGlobals::AssetfromSerial(session, serial).isEmpty()) {
         if (asking.sawReport())
-            return text(textInstrumentsUnread);
-        session.ui.messageBox(text(423), text(105), box::warning);
+            return text(TextId::downloadListUnreadable);
+        session.ui.messageBox(text(TextId::calibratorAssetNotFound), text(TextId::downloadProcedures),
+                              box::warning);
     }
     QList<AssetEntry> entries;
     if (const auto failure = listInstruments(session, serial, tag, entries); !failure.isEmpty())
@@ -124,8 +121,8 @@ QString download(TorqueStar& driver, const QString& tag) {
             return *result;
     }
     for (int i = 0; i < count; ++i) {
-        activity.show(
-            text(textLoading).arg(entries[i].asset, QString::number(i + 1), QString::number(count)));
+        activity.show(text(TextId::loadingInstrumentProgress)
+                          .arg(entries[i].asset, QString::number(i + 1), QString::number(count)));
         if (const auto failure = loadInstrument(driver, entries[i], fields); !failure.isEmpty())
             return failure;
         ModuleGlobals::AddInUse(session, serial, entries[i].mtag, session.SessionUser);

@@ -1,8 +1,8 @@
 #include "drivers/torquestar/fields.h"
 
 #include "data/routine.h"
-#include "platform/moments.h"
-#include "platform/numbers.h"
+#include "platform/values/moments.h"
+#include "platform/values/numbers.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "drivers/judge_again.h"
 
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "drivers/new_record.h"
 #include "drivers/torquestar/tool_results.h"

@@ -2,9 +2,10 @@
 
 #include "drivers/torquestar/fields.h"
 #include "drivers/torquestar/protocol.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane::ModuleTSInterface {
 
@@ -30,7 +31,7 @@ QByteArray byteField(double value) {
 QString testLink(TorqueStar& driver) {
     if (ProcessMessageProtocol(driver, "T0A") == "t0A")
         return {};
-    return driver.TSError.isEmpty() ? text(1047) : driver.TSError;
+    return driver.TSError.isEmpty() ? text(TextId::lineCommunicationFailed) : driver.TSError;
 }
 
 QString askSerialNumber(TorqueStar& driver) {

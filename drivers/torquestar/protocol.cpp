@@ -4,9 +4,10 @@
 #include "drivers/calibrator_names.h"
 #include "drivers/torquestar/control_characters.h"
 #include "platform/error_report.h"
-#include "platform/numbers.h"
 #include "platform/reason_log.h"
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
@@ -138,7 +139,7 @@ bool Exchange::open() {
         return true;
     } catch (const Error& error) {
         logReason(driver_.session, error.description);
-        driver_.TSError = text(1046);
+        driver_.TSError = text(TextId::lineCannotBeOpened);
         driver_.session.ui.setNormalPointer();
         return false;
     }
@@ -151,10 +152,10 @@ Exchange::Step Exchange::startLink() {
 }
 
 Exchange::Step Exchange::askOperator() {
-    const auto reason = text(1047) + lineBreak + text(1048);
+    const auto reason = text(TextId::lineCommunicationFailed) + lineBreak + text(TextId::linePcCommsAdvice);
     driver_.TSError = reason;
     const BoxStyle style{BoxIcon::warning, BoxButtons::abortRetryIgnore, 2};
-    if (driver_.session.ui.messageBox(reason, text(105), style) != BoxAnswer::retry)
+    if (driver_.session.ui.messageBox(reason, text(TextId::downloadProcedures), style) != BoxAnswer::retry)
         return fail(reason);
     attempts_ = 0;
     return Step::startLink;
@@ -174,7 +175,7 @@ Exchange::Step Exchange::awaitLink() {
 Exchange::Step Exchange::command() {
     port_.output(frame_);
     if (!wait(1, deadlineIn(acknowledgeTime)))
-        return fail(text(1051));
+        return fail(text(TextId::lineAcknowledgementTimeout));
     received_ = port_.input();
     if (!received_.startsWith(acknowledge_))
         return Step::startLink;
@@ -186,7 +187,7 @@ Exchange::Step Exchange::command() {
 /// What is in the receive buffer is looked at again and again; only an empty one is filled from the line.
 Exchange::Step Exchange::announcement() {
     if (++attempts_ > greatestAttempts)
-        return fail(text(1047) + lineBreak + text(1052));
+        return fail(text(TextId::lineCommunicationFailed) + lineBreak + text(TextId::lineNoResponse));
     if (received_.isEmpty()) {
         if (!wait(1, deadlineIn(replyTime)))
             return Step::announcement;
@@ -203,7 +204,7 @@ Exchange::Step Exchange::reply() {
     send(acknowledge_);
     const auto deadline = deadlineIn(replyTime);
     if (!wait(shortestReply, deadline))
-        return fail(text(1051));
+        return fail(text(TextId::lineAcknowledgementTimeout));
     reply_ = port_.input();
     while (!replyEnded()) {
         reply_ += port_.input();
@@ -211,7 +212,7 @@ Exchange::Step Exchange::reply() {
         if (reply_.size() > 2 * tooLongReply)
             reply_ = reply_.last(tooLongReply);
         if (now() > deadline)
-            return fail(text(1051));
+            return fail(text(TextId::lineAcknowledgementTimeout));
         driver_.session.ui.repaint();
     }
     return Step::check;
@@ -277,7 +278,7 @@ QByteArray ProcessMessageProtocol(TorqueStar& driver, const QByteArray& body) {
     Routine routine(driver.session, u"ModuleTSInterface,ProcessMessageProtocol"_s);
     // No caller may take a broken exchange for a completed one with an empty reply.
     if (!routine.run([&] { reply = Exchange(driver, body).carryOut(); }))
-        driver.TSError = text(1047);
+        driver.TSError = text(TextId::lineCommunicationFailed);
     return reply;
 }
 

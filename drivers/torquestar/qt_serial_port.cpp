@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QFileInfo>
 #include <QSerialPort>
@@ -152,9 +153,9 @@ void QtSerialPort::open() {
     port_->setFlowControl(QSerialPort::NoFlowControl);
     const auto port = u"COM%1"_s.arg(number_);
     if (name.isEmpty())
-        throw refusal(text(2144).arg(port));
+        throw refusal(text(TextId::portNoSuchDevice).arg(port));
     if (!port_->open(QIODevice::ReadWrite))
-        throw refusal(text(2145).arg(port, name, port_->errorString()));
+        throw refusal(text(TextId::portCannotBeOpened).arg(port, name, port_->errorString()));
     port_->clear(QSerialPort::Input);
     listen(0);
     port_->readAll();

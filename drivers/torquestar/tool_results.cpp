@@ -3,9 +3,10 @@
 #include "drivers/new_record.h"
 #include "drivers/torquestar/fields.h"
 #include "drivers/torquestar/messages.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QJsonArray>
 
@@ -16,8 +17,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::ModuleTSInterface {
 
 namespace {
-
-constexpr int textReading = 2021;
 
 using Samples = FixedList<double, 100>;
 
@@ -93,7 +92,8 @@ QStringList readingsOf(Session& session, const ToolResults& results) {
         QStringList samples;
         for (int at = samplePosition; at + width - 1 <= reply.size(); at += width)
             samples << plainText(Conv2Double(session, part(reply, at, width)));
-        readings << text(textReading).arg(QString::number(readings.size() + 1), samples.join(u"; "_s));
+        readings
+            << text(TextId::pointReadings).arg(QString::number(readings.size() + 1), samples.join(u"; "_s));
     }
     return readings;
 }
@@ -128,7 +128,7 @@ void fillFields(Session& session, const CalParamRecord& instrument, const Findin
     const bool passed = findings.counts.passed();
     const bool remarked = session.CommandLineFlag;
     const auto remark = !remarked                    ? Value(findings.comment)
-                        : findings.comment.isEmpty() ? Value(text(1059))
+                        : findings.comment.isEmpty() ? Value(text(TextId::unitPassesVerification))
                                                      : Value();
     const FieldValue values[] = {
         {u"C2301", findings.date},
@@ -139,7 +139,7 @@ void fillFields(Session& session, const CalParamRecord& instrument, const Findin
         {u"C2350", plainText(findings.counts.marginals)},
         {u"C2320", instrument.tp_name},
         {u"C2308", passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s},
-        {u"C2329", remarked && passed ? Value(text(1060)) : Value()},
+        {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()},
         {u"C2307", tech},
     };
     kelvane::fillFields(session, values);

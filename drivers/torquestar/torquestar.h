@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/journal.h"
+#include "data/journal/journal.h"
 #include "drivers/torquestar/serial_port.h"
 
 namespace kelvane {

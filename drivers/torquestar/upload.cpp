@@ -1,7 +1,7 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/field_dictionary.h"
-#include "data/in_use.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
+#include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "drivers/activity.h"
 #include "drivers/asset_entries.h"
@@ -13,17 +13,13 @@
 #include "drivers/torquestar/tool_results.h"
 #include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::ModuleTSInterface {
 
 namespace {
-
-constexpr int textName = 351;
-constexpr int textConnectionLost = 1001;
-constexpr int textListUnread = 2005;
-constexpr int textReadingResults = 2018;
 
 const QString routineName = u"ModuleTSInterface,TorqueStar_upload"_s;
 
@@ -62,7 +58,7 @@ QString Upload::run() {
         return failure_;
     Activity activity(session_.ui);
     for (qsizetype i = 0; i < entries.size(); ++i) {
-        activity.show(text(textReadingResults)
+        activity.show(text(TextId::readingResultsProgress)
                           .arg(entries[i].asset, QString::number(i + 1), QString::number(entries.size())));
         if (!takeInstrument(entries[i]))
             return failure_;
@@ -72,10 +68,10 @@ QString Upload::run() {
         const ReportWatch clearing(session_);
         ModuleGlobals::ClearInUse(session_, serial_);
         if (clearing.sawReport() && hasLostConnection(session_))
-            return text(textConnectionLost);
+            return text(TextId::connectionLostAdvice);
         ProcessMessageProtocol(driver_, "T2E" + nameField(roundName));
     }
-    return withoutData_.isEmpty() ? QString() : text(1061) + lineBreak + withoutData_;
+    return withoutData_.isEmpty() ? QString() : text(TextId::assetsWithoutData) + lineBreak + withoutData_;
 }
 
 bool Upload::identify() {
@@ -87,8 +83,9 @@ bool Upload::identify() {
     const ReportWatch watch(session_);
     if (!ModuleGlobals::AssetfromSerial(session_, serial_).isEmpty())
         return true;
-    return fail(watch.sawReport() && hasLostConnection(session_) ? text(textConnectionLost)
-                                                                 : text(423) + u"\r\n"_s);
+    return fail(watch.sawReport() && hasLostConnection(session_)
+                    ? text(TextId::connectionLostAdvice)
+                    : text(TextId::calibratorAssetNotFound) + u"\r\n"_s);
 }
 
 bool Upload::listInstruments(QList<AssetEntry>& entries) {
@@ -96,7 +93,8 @@ bool Upload::listInstruments(QList<AssetEntry>& entries) {
     entries = assetEntries(session_, ModuleGlobals::GetAssetsInUseWithStandard(session_, serial_));
     if (!watch.sawReport())
         return true;
-    return fail(text(hasLostConnection(session_) ? textConnectionLost : textListUnread));
+    return fail(
+        text(hasLostConnection(session_) ? TextId::connectionLostAdvice : TextId::uploadListUnreadable));
 }
 
 bool Upload::takeInstrument(const AssetEntry& entry) {
@@ -120,7 +118,7 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
     if (!goesOn)
         return fail(driver_.TSError);
     work.entry.driver = torqueStarDriver.toString();
-    work.entry.calibrator = text(textName);
+    work.entry.calibrator = text(TextId::calibratorTorqueStar);
     work.entry.serial = serial_;
     work.entry.asset = entry.asset;
     work.entry.mtag = entry.mtag;

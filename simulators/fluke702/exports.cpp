@@ -4,15 +4,15 @@
 
 // The link library as a workstation loads it: plain C functions over one image, which lives as long as the
 // process. The environment is looked at with each call, so that a program may change its calibrator's
-// surroundings while it runs.
+// environment while it runs.
 
 namespace {
 
+using kelvane::simulators::fluke702::Environment;
 using kelvane::simulators::fluke702::Library;
-using kelvane::simulators::fluke702::Surroundings;
 
-Surroundings surroundings() {
-    Surroundings around;
+Environment environment() {
+    Environment around;
     if (const QString memory = qEnvironmentVariable("KELVANE_FLUKE702_MEMORY"); !memory.isEmpty())
         around.memory = memory;
     around.faults = qEnvironmentVariable("KELVANE_FLUKE702_FAULTS");
@@ -22,7 +22,7 @@ Surroundings surroundings() {
 
 Library& library() {
     static Library only;
-    only.surround(surroundings());
+    only.surround(environment());
     return only;
 }
 

@@ -40,15 +40,15 @@ std::vector<float> pointsIn(qint16 count, const float* points) {
 
 } // namespace
 
-void Library::surround(const Surroundings& surroundings) {
-    if (surroundings == surroundings_)
+void Library::surround(const Environment& environment) {
+    if (environment == environment_)
         return;
-    surroundings_ = surroundings;
+    environment_ = environment;
     trouble_.clear();
     faults_ = {};
     try {
-        record_.open(surroundings.record);
-        faults_ = Faults(surroundings.faults);
+        record_.open(environment.record);
+        faults_ = Faults(environment.faults);
     } catch (const Failure& failure) {
         trouble_ = failure.text();
     }
@@ -90,7 +90,7 @@ Library::Status Library::DPCopen(qint32 baudRate, const char* port, qint32 timin
                 return BadArgument;
             if (!trouble_.isEmpty())
                 throw Failure(trouble_);
-            return transfer_.open(surroundings_.memory);
+            return transfer_.open(environment_.memory);
         },
         baudRate, port, timing, tries);
 }

@@ -7,12 +7,12 @@
 namespace kelvane::simulators::fluke702 {
 
 /// Where a library's calibrator lies and how it misbehaves.
-struct Surroundings {
+struct Environment {
     QString memory = QStringLiteral("fluke702.json"); ///< the file of the calibrator's memory
     QString faults = {};                              ///< see `Faults`
     QString record = {};                              ///< the file of the heard calls; empty: none
 
-    bool operator==(const Surroundings&) const = default;
+    bool operator==(const Environment&) const = default;
 };
 
 /// The link library of the calibrator: its operations as a workstation calls them. Nothing that is passed
@@ -22,12 +22,12 @@ struct Surroundings {
 /// operation's status after it was carried out.
 class Library {
   public:
-    explicit Library(const Surroundings& surroundings = {}) { surround(surroundings); }
+    explicit Library(const Environment& environment = {}) { surround(environment); }
 
-    /// Other surroundings from now on: the file with the next opening of the link, faults and record at
+    /// Other environment from now on: the file with the next opening of the link, faults and record at
     /// once; the faults begin anew. What can't be understood is told on standard error, and no link can be
     /// opened.
-    void surround(const Surroundings& surroundings);
+    void surround(const Environment& environment);
 
     using Status = qint16;
 
@@ -82,7 +82,7 @@ class Library {
     /// A setting of the current state that is one word.
     Status setWord(const char* operation, const char* word, Code (*set)(State&, const QString&));
 
-    Surroundings surroundings_;
+    Environment environment_;
     Faults faults_;
     CallRecord record_;
     QString trouble_;

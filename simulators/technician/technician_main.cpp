@@ -1,7 +1,7 @@
 #include "simulators/common/failure.h"
 #include "simulators/fluke702/memory.h"
 #include "simulators/fluke702/plan.h"
-#include "simulators/technician/trade.h"
+#include "simulators/technician/calibrator_operations.h"
 #include "simulators/torquestar/plan.h"
 
 #include <QCoreApplication>
@@ -81,7 +81,7 @@ bool isOfFluke702(const QString& path) {
                              : document[u"format"_s].toString() == fluke702::memoryFormat();
 }
 
-void refuseOptions(const QCommandLineParser& parser, const Trade& other) {
+void refuseOptions(const QCommandLineParser& parser, const CalibratorOperations& other) {
     for (const QString& name : other.options)
         if (parser.isSet(name))
             throw Failure(u"--%1 is for a %2, and this is the memory of another calibrator."_s.arg(
@@ -99,11 +99,11 @@ void run(const QCoreApplication& application) {
         throw Failure(u"--memory is needed; see --help."_s);
     const QString memory = parser.value(u"memory"_s);
     const bool process = isOfFluke702(memory);
-    const Trade& trade = process ? fluke702Trade() : torqueStarTrade();
-    refuseOptions(parser, process ? torqueStarTrade() : fluke702Trade());
-    const QStringList lines = command == u"list"_s    ? trade.list(memory)
-                              : command == u"erase"_s ? trade.erase(memory)
-                                                      : trade.carryOut(memory, parser);
+    const CalibratorOperations& operations = process ? fluke702Operations() : torqueStarOperations();
+    refuseOptions(parser, process ? torqueStarOperations() : fluke702Operations());
+    const QStringList lines = command == u"list"_s    ? operations.list(memory)
+                              : command == u"erase"_s ? operations.erase(memory)
+                                                      : operations.carryOut(memory, parser);
     for (const QString& line : lines)
         say(stdout, line);
 }

@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "resources/strings.h"
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,22 +45,22 @@ TEST_F(TextsOfTheCommandLine, WithoutTheOptionNoFileOfTheFolderCounts) {
                                   QStringList{u"kelvane"_s, u"--texts"_s},
                                   QStringList{u"kelvane"_s, u"--port"_s, u"--texts=strings.txt"_s}}) {
         EXPECT_EQ(overlayTextsOf(arguments), QString());
-        EXPECT_EQ(text(102), u"File"_s);
+        EXPECT_EQ(text(TextId::fileMenu), u"File"_s);
     }
 }
 
 TEST_F(TextsOfTheCommandLine, NamedFilesLieOverTheProgramsTexts) {
     EXPECT_EQ(overlayTextsOf({u"kelvane"_s, u"--texts"_s, u"strings.txt"_s, u"--texts=german.txt"_s}),
               QString());
-    EXPECT_EQ(text(102), u"Datei"_s);
-    EXPECT_EQ(text(103), u"Beenden"_s);
-    EXPECT_EQ(text(104), u"Calibration"_s);
+    EXPECT_EQ(text(TextId::fileMenu), u"Datei"_s);
+    EXPECT_EQ(text(TextId::exitCommand), u"Beenden"_s);
+    EXPECT_EQ(text(TextId::calibrationMenu), u"Calibration"_s);
 }
 
 TEST_F(TextsOfTheCommandLine, AFileThatCanNotBeReadIsNamedAndTheOthersCount) {
     EXPECT_EQ(overlayTextsOf({u"kelvane"_s, u"--texts=missing.txt"_s, u"--texts=german.txt"_s}),
               u"The file of texts \"missing.txt\" could not be read."_s);
-    EXPECT_EQ(text(103), u"Beenden"_s);
+    EXPECT_EQ(text(TextId::exitCommand), u"Beenden"_s);
 }
 
 TEST(CommandLine, PortsOfTheCommandLineComeFirstAndAreNotStored) {

@@ -1,4 +1,5 @@
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
+#include "ui/open_windows.h"
 
 #include <QApplication>
 #include <QDir>
@@ -118,7 +119,7 @@ TEST_F(FormConnectTest, AGoodLoginClosesTheScreenAndOpensTheMenu) {
     typeLogin(u"jdoe"_s, u"secret"_s);
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(findChild(u"FormConnect"_s), nullptr);
-    EXPECT_FALSE(session.openFlag(ChildForm::FormConnect));
+    isWindowOpen(EXPECT_FALSE(session, u"FormConnect"));
     EXPECT_FALSE(QApplication::overrideCursor());
     EXPECT_TRUE(action(u"mnuDownload"_s)->isEnabled());
     EXPECT_EQ(settings.values.value(u"Defaults/Username"_s), u"jdoe"_s);
@@ -313,7 +314,7 @@ TEST_F(FormConnectTest, EachLaterFailureEndsInTheSameMessage) {
         person.expectBox(failed, title, box::stop);
         typeLogin(u"jdoe"_s, u"secret"_s);
         expectReadyForAnotherTry();
-        EXPECT_TRUE(session.openFlag(ChildForm::FormConnect));
+        isWindowOpen(EXPECT_TRUE(session, u"FormConnect"));
     }
 }
 

@@ -1,4 +1,4 @@
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "app/login.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/forwarding_connection.h"
+#include "testkit/fixtures.h"
+#include "testkit/forwarding_connection.h"
 
 using namespace Qt::StringLiterals;
 

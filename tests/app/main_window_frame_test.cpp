@@ -1,4 +1,4 @@
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -27,7 +27,7 @@ class MainWindowFrame : public ProgramTest {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         return QTest::qWaitFor([&] { return menu(name).isVisible(); });
     }
-    static Surroundings surroundings() {
+    static Environment environment() {
         return {
             .dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}};
     }
@@ -37,7 +37,7 @@ class MainWindowFrame : public ProgramTest {
     }
 
     /// The next start of the program.
-    WorkstationProgram next{clock, settings, session.makeConnection, port, link, surroundings()};
+    WorkstationProgram next{clock, settings, session.makeConnection, port, link, environment()};
 };
 
 TEST_F(MainWindowFrame, SaysWhoIsLoggedInAndWhere) {
@@ -172,7 +172,7 @@ TEST_F(MainWindowFrame, ASpoiltPlaceIsTheGivenOneAndAnImpossibleOneComesOntoTheS
                            {u"MainWindow/Top"_s, u"0"_s},
                            {u"MainWindow/Width"_s, row.width},
                            {u"MainWindow/Height"_s, u"99999"_s}};
-        WorkstationProgram started(clock, settings, session.makeConnection, port, link, surroundings());
+        WorkstationProgram started(clock, settings, session.makeConnection, port, link, environment());
         started.start();
         EXPECT_EQ(started.window.size(), row.expected) << row.width.toStdString();
         EXPECT_TRUE(started.window.screen()->geometry().intersects(started.window.geometry()));

@@ -1,6 +1,9 @@
 #include "resources/strings.h"
-#include "tests/support/forwarding_connection.h"
-#include "tests/support/program_fixture.h"
+#include "resources/text_id.h"
+#include "testkit/forwarding_connection.h"
+#include "testkit/program_fixture.h"
+#include "ui/child_window.h"
+#include "ui/open_windows.h"
 
 #include <QAction>
 #include <QDir>
@@ -26,6 +29,15 @@ const QString noTemplate = u"Warning - Cal Result template file not found! Calib
 const QString stillOpen =
     u"One or more windows are still open! Please close open windows before logging out..."_s;
 const QString exitQuestion = u"Are you sure you want to exit?"_s;
+
+/// The child windows that log out asks to be closed.
+constexpr QStringView childWindows[] = {
+    u"FormCalParam",        u"FormDockingDown",       u"FormCalConfig",
+    u"FormConnect",         u"FormCustomDialog",      u"FormODBC",
+    u"FormStatusBar",       u"FormStrategies",        u"FormTestMess",
+    u"FormWorkConfig",      u"FormWorkEntry",         u"FormWorksheetPrint",
+    u"FormPredefinedTasks", u"FormUnfinishedResults",
+};
 
 /// The shortcuts of the program with their entries.
 struct Shortcut {
@@ -70,7 +82,7 @@ TEST_F(MainWindow, OpensWithTitleIconSizeAndTheLoginScreen) {
     EXPECT_FALSE(program.window.windowIcon().pixmap(32, 32).isNull());
     EXPECT_EQ(program.window.size(), QSize(665, 551));
     EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
-    EXPECT_TRUE(session.openFlag(ChildForm::FormConnect));
+    isWindowOpen(EXPECT_TRUE(session, u"FormConnect"));
     EXPECT_EQ(session.ResultTemplateLine, u"FN NM AP"_s);
 }
 
@@ -114,7 +126,7 @@ class UnwritableReport : public MainWindow {
   protected:
     UnwritableReport() { QDir().mkdir(u"errors.log"_s); }
     ~UnwritableReport() override { qunsetenv("windir"); }
-    void expectUnwritable() { person.expectBox(text(1064), title, box::stop); }
+    void expectUnwritable() { person.expectBox(text(TextId::errorReportNotWritten), title, box::stop); }
     void loseTheTemplate() {
         QFile::remove(u"rslt_db.frm"_s);
         qputenv("windir", QFile::encodeName(folder.path() + u"/nowhere"_s));
@@ -163,7 +175,7 @@ TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
     expectUnwritable();
     expectUnwritable();
     other.start();
-    EXPECT_TRUE(other.session.openFlag(ChildForm::FormConnect));
+    isWindowOpen(EXPECT_TRUE(other.session, u"FormConnect"));
     EXPECT_TRUE(other.window.findChild<QWidget*>(u"FormConnect"_s)->isVisible());
 }
 
@@ -232,11 +244,10 @@ TEST_F(MainWindow, ShortcutsWorkFromInsideATextField) {
 
 TEST_F(MainWindow, LogOutRefusesWhileAnyWindowIsOpen) {
     startLoggedIn(4);
-    for (int form = 0; form < childFormCount; ++form) {
-        session.FormOpenFlags[static_cast<std::size_t>(form)] = true;
+    for (const auto& name : childWindows) {
+        const ChildWindow open(session, name.toString(), {.width = 3000, .height = 3000});
         person.expectBox(stillOpen, title, box::warning);
         choose(u"mnuLogout"_s);
-        session.FormOpenFlags[static_cast<std::size_t>(form)] = false;
         EXPECT_TRUE(session.SessionConnected);
         EXPECT_TRUE(script.open);
     }

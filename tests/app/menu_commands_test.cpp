@@ -1,5 +1,6 @@
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/open_windows.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -85,7 +86,7 @@ TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
     choose(u"mnuStrategies"_s);
     EXPECT_EQ(&child(u"FormStrategies"_s), before);
     EXPECT_EQ(program.window.area().activeSubWindow(), before);
-    EXPECT_TRUE(session.openFlag(ChildForm::FormStrategies));
+    isWindowOpen(EXPECT_TRUE(session, u"FormStrategies"));
 }
 
 TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
@@ -97,7 +98,7 @@ TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
     choose(u"mnuWorkEntry"_s);
     EXPECT_EQ(&child(u"FormWorkConfig"_s), before);
     EXPECT_EQ(program.window.area().activeSubWindow(), before);
-    EXPECT_TRUE(session.openFlag(ChildForm::FormWorkConfig));
+    isWindowOpen(EXPECT_TRUE(session, u"FormWorkConfig"));
 }
 
 TEST_F(MenuCommands, AboutHasNoCommand) {
@@ -264,7 +265,7 @@ TEST_F(MenuCommands, DownloadWithoutACalibratorClosesItsScreen) {
     });
     choose(u"mnuDownload"_s);
     EXPECT_TRUE(openChildren().isEmpty());
-    EXPECT_FALSE(session.openFlag(ChildForm::FormDockingDown));
+    isWindowOpen(EXPECT_FALSE(session, u"FormDockingDown"));
 }
 
 TEST_F(MenuCommands, DownloadWithItsScreenOpenAsksAgainAndKeepsTheRows) {

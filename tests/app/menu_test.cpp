@@ -1,6 +1,7 @@
 #include "app/menu_options.h"
 #include "resources/strings.h"
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,34 +33,45 @@ TEST(MenuTree, HoldsEachEntryWithPlaceCaptionShortcutAndDesignState) {
     struct Expected {
         QStringView name;
         QStringView parent;
-        int id;
+        TextId id;
         QStringView caption;
         QStringView shortcut;
         bool shown;
         bool enabled;
     };
     static constexpr Expected rows[] = {
-        {u"mnuFile", u"", 102, u"File", u"", true, true},
-        {u"mnuLogout", u"mnuFile", 538, u"Log Out", u"Ctrl+L", true, false},
-        {u"mnuExit", u"mnuFile", 103, u"Exit", u"Ctrl+Q", true, true},
-        {u"mnuCalibration", u"", 104, u"Calibration", u"", false, true},
-        {u"mnuDownload", u"mnuCalibration", 105, u"Download Procedures To Calibrator", u"F1", true, false},
-        {u"mnuUpload", u"mnuCalibration", 107, u"Upload Test Results From Calibrator", u"F2", true, false},
-        {u"mnuPrint", u"mnuCalibration", 106, u"Print Worksheet(s)", u"Ctrl+W", true, false},
-        {u"mnuEnter", u"mnuCalibration", 108, u"Enter Test Results From Worksheet(s)", u"Ctrl+R", true,
+        {u"mnuFile", u"", TextId::fileMenu, u"File", u"", true, true},
+        {u"mnuLogout", u"mnuFile", TextId::logOutCommand, u"Log Out", u"Ctrl+L", true, false},
+        {u"mnuExit", u"mnuFile", TextId::exitCommand, u"Exit", u"Ctrl+Q", true, true},
+        {u"mnuCalibration", u"", TextId::calibrationMenu, u"Calibration", u"", false, true},
+        {u"mnuDownload", u"mnuCalibration", TextId::downloadProcedures, u"Download Procedures To Calibrator",
+         u"F1", true, false},
+        {u"mnuUpload", u"mnuCalibration", TextId::uploadTestResults, u"Upload Test Results From Calibrator",
+         u"F2", true, false},
+        {u"mnuPrint", u"mnuCalibration", TextId::printWorksheets, u"Print Worksheet(s)", u"Ctrl+W", true,
          false},
-        {u"mnuParameters", u"", 110, u"Parameters", u"", true, true},
-        {u"mnuStrategies", u"mnuParameters", 111, u"Test Points/Strategies", u"Ctrl+S", false, false},
-        {u"mnuCalParameters", u"mnuParameters", 112, u"Calibration Parameters", u"Ctrl+P", false, false},
-        {u"mnuPrompts", u"mnuParameters", 116, u"Create/Edit Test Messages", u"Ctrl+M", false, false},
-        {u"mnuLocal", u"mnuParameters", 124, u"Local Configuration", u"", true, true},
-        {u"mnuODBC", u"mnuLocal", 125, u"Database Connection", u"Ctrl+D", true, true},
-        {u"mnuConfiguration", u"mnuLocal", 109, u"Calibrator Configuration", u"Ctrl+O", false, false},
-        {u"mnuGlobal", u"mnuParameters", 281, u"Global Configuration", u"", false, false},
-        {u"mnuWorkEntry", u"mnuGlobal", 282, u"Calibration Record Configuration", u"Ctrl+E", true, false},
-        {u"mnuPredefined", u"mnuGlobal", 610, u"Predefined Task Packages", u"Ctrl+T", true, false},
-        {u"mnuHelp", u"", 113, u"Help", u"", false, true},
-        {u"mnuAbout", u"mnuHelp", 114, u"About", u"Ctrl+A", true, false},
+        {u"mnuEnter", u"mnuCalibration", TextId::enterWorksheetResults,
+         u"Enter Test Results From Worksheet(s)", u"Ctrl+R", true, false},
+        {u"mnuParameters", u"", TextId::parametersMenu, u"Parameters", u"", true, true},
+        {u"mnuStrategies", u"mnuParameters", TextId::testStrategies, u"Test Points/Strategies", u"Ctrl+S",
+         false, false},
+        {u"mnuCalParameters", u"mnuParameters", TextId::calibrationParameters, u"Calibration Parameters",
+         u"Ctrl+P", false, false},
+        {u"mnuPrompts", u"mnuParameters", TextId::editTestMessages, u"Create/Edit Test Messages", u"Ctrl+M",
+         false, false},
+        {u"mnuLocal", u"mnuParameters", TextId::localConfigurationMenu, u"Local Configuration", u"", true,
+         true},
+        {u"mnuODBC", u"mnuLocal", TextId::databaseConnection, u"Database Connection", u"Ctrl+D", true, true},
+        {u"mnuConfiguration", u"mnuLocal", TextId::calibratorConfiguration, u"Calibrator Configuration",
+         u"Ctrl+O", false, false},
+        {u"mnuGlobal", u"mnuParameters", TextId::globalConfigurationMenu, u"Global Configuration", u"", false,
+         false},
+        {u"mnuWorkEntry", u"mnuGlobal", TextId::recordConfiguration, u"Calibration Record Configuration",
+         u"Ctrl+E", true, false},
+        {u"mnuPredefined", u"mnuGlobal", TextId::predefinedTaskPackages, u"Predefined Task Packages",
+         u"Ctrl+T", true, false},
+        {u"mnuHelp", u"", TextId::helpMenu, u"Help", u"", false, true},
+        {u"mnuAbout", u"mnuHelp", TextId::aboutCommand, u"About", u"Ctrl+A", true, false},
     };
     ASSERT_EQ(std::size(rows), menuEntryCount);
     for (std::size_t i = 0; i < menuEntryCount; ++i) {

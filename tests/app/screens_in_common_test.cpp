@@ -1,6 +1,6 @@
 // What all screens share. A new screen is added to `screens` and is covered.
-#include "data/journal.h"
-#include "tests/support/program_fixture.h"
+#include "data/journal/journal.h"
+#include "testkit/program_fixture.h"
 #include "ui/form_custom_dialog.h"
 
 #include <QAbstractButton>

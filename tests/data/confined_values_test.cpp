@@ -1,10 +1,10 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/cal_record.h"
-#include "data/field_dictionary.h"
-#include "data/in_use.h"
-#include "data/standards.h"
-#include "tests/support/engines.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
+#include "data/records/cal_record.h"
+#include "data/records/field_dictionary.h"
+#include "data/records/standards.h"
+#include "testkit/engines.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "data/custom_dialog.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
-#include "data/tolerances.h"
-#include "tests/support/fixtures.h"
+#include "data/tolerances/tolerances.h"
+#include "testkit/fixtures.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #include "data/routine.h"
+#include "testkit/fixtures.h"
 #include "tests/platform/errors.h"
-#include "tests/support/fixtures.h"
 
 #include <QDir>
 

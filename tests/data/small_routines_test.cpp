@@ -1,6 +1,6 @@
 #include "data/small_routines.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QSet>
 

@@ -1,7 +1,8 @@
 #include "data/start_up.h"
 
 #include "resources/strings.h"
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 #include <QDir>
 
@@ -42,7 +43,7 @@ class StartUp : public RecordedSession {
         folder.write(u"rslt_db.frm"_s, content);
         start();
     }
-    void expectWarning() { ui.expectBox(text(369), u"Kelvane"_s, box::warning); }
+    void expectWarning() { ui.expectBox(text(TextId::resultTemplateMissing), u"Kelvane"_s, box::warning); }
     SubstRow row(int index) const { return std::as_const(session).SubstTable[index]; }
 };
 
@@ -150,7 +151,7 @@ TEST_F(StartUp, AMissingTemplateGivesTheSameWarningTwice) {
 }
 
 TEST_F(StartUp, TheWarningComesWithTheNormalPointer) {
-    EXPECT_EQ(text(369),
+    EXPECT_EQ(text(TextId::resultTemplateMissing),
               u"Warning - Cal Result template file not found! Calibration results will not be saved to the "
               "database during this session. Please locate the missing template file and copy to the "
               "Kelvane directory or to the MET/CAL directory and restart Kelvane."_s);

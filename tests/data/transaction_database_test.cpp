@@ -1,6 +1,6 @@
 #include "data/routine.h"
 
-#include "tests/support/database_session.h"
+#include "testkit/database_session.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "platform/odbc_link.h"
+#include "platform/database/odbc_link.h"
 #include "tests/database/databases.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/embedded_database.h"
-#include "tests/support/fixtures.h"
+#include "testkit/embedded_database.h"
+#include "testkit/fixtures.h"
 
 #include <QStringList>
 

@@ -1,15 +1,15 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/prompt_macros.h"
+#include "data/assets/assets.h"
+#include "data/parameters/cal_params.h"
+#include "data/parameters/prompt_macros.h"
 #include "data/small_routines.h"
 #include "data/start_up.h"
-#include "data/tolerances.h"
-#include "data/unit_class.h"
+#include "data/tolerances/tolerances.h"
+#include "data/tolerances/unit_class.h"
 #include "drivers/torquestar/torquestar.h"
-#include "platform/numbers.h"
-#include "platform/texts.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
+#include "testkit/database_session.h"
 #include "tests/database/databases.h"
-#include "tests/support/database_session.h"
 
 using namespace Qt::StringLiterals;
 

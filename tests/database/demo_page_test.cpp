@@ -1,8 +1,8 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/standards.h"
-#include "platform/numbers.h"
-#include "tests/support/database_session.h"
+#include "data/assets/assets.h"
+#include "data/parameters/cal_params.h"
+#include "data/records/standards.h"
+#include "platform/values/numbers.h"
+#include "testkit/database_session.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
-#include "data/cal_record.h"
-#include "data/due_date.h"
-#include "data/field_dictionary.h"
-#include "tests/support/database_session.h"
+#include "data/records/cal_record.h"
+#include "data/records/due_date.h"
+#include "data/records/field_dictionary.h"
+#include "testkit/database_session.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,12 +1,12 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "data/field_dictionary.h"
-#include "data/in_use.h"
-#include "data/standards.h"
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
+#include "data/records/field_dictionary.h"
+#include "data/records/standards.h"
 #include "data/start_up.h"
-#include "platform/texts.h"
+#include "platform/values/texts.h"
+#include "testkit/database_session.h"
 #include "tests/database/databases.h"
-#include "tests/support/database_session.h"
 
 #include <QSet>
 

@@ -2,7 +2,8 @@
 #include "drivers/fluke_limits.h"
 #include "drivers/fluke_mode.h"
 #include "drivers/fluke_quantity.h"
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +30,7 @@ constexpr FlukeWords::Mode modes[] = {{FlukeQuantity::temperature, u"Couple"},
 constexpr FlukeWords words{u"Cold", u"Warm", sensorWords, modes,
                            [](qint16 wires) { return QString::number(wires) + u" wires"_s; }};
 
-int cannotMeasure(const QString& unit, float low, float high, const QString& sensor = {}) {
+std::optional<TextId> cannotMeasure(const QString& unit, float low, float high, const QString& sensor = {}) {
     CalParamRecord record;
     record.output_type = unit;
     record.output_low = low;
@@ -38,7 +39,7 @@ int cannotMeasure(const QString& unit, float low, float high, const QString& sen
     return flukeCannotMeasure(limits, record);
 }
 
-int cannotSource(const QString& unit, float low, float high, float amplitude = 10) {
+std::optional<TextId> cannotSource(const QString& unit, float low, float high, float amplitude = 10) {
     CalParamRecord record;
     record.input_type = unit;
     record.input_low = low;
@@ -55,49 +56,49 @@ QString modeOf(const QString& unit, const QString& sensor = {}, qint16 wires = 0
 } // namespace
 
 TEST(FlukeWalk, TakesItsFiguresFromTheTablesOfTheCalibrator) {
-    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5), 0);
-    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5.5F), 354);
-    EXPECT_EQ(cannotSource(u"V"_s, 0, 1), 0);
-    EXPECT_EQ(cannotSource(u"V"_s, 0, 5), 543);
-    EXPECT_EQ(cannotMeasure(u"C"_s, 0, 10, u"TC K"_s), 0);
-    EXPECT_EQ(cannotMeasure(u"F"_s, 0, 10, u"TC K"_s), 363);
-    EXPECT_EQ(cannotMeasure(u"F"_s, 32, 51, u"TC K"_s), 362);
+    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5.5F), TextId::cannotMeasureVoltageAbove);
+    EXPECT_EQ(cannotSource(u"V"_s, 0, 1), std::nullopt);
+    EXPECT_EQ(cannotSource(u"V"_s, 0, 5), TextId::cannotSourceVoltageAbove);
+    EXPECT_EQ(cannotMeasure(u"C"_s, 0, 10, u"TC K"_s), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"F"_s, 0, 10, u"TC K"_s), TextId::cannotMeasureTemperatureBelow);
+    EXPECT_EQ(cannotMeasure(u"F"_s, 32, 51, u"TC K"_s), TextId::cannotMeasureTemperatureAbove);
 }
 
 TEST(FlukeWalk, LetsPassWhatHasNoRow) {
     for (const auto& unit : {u"mA"_s, u"psi"_s, u"%"_s, QString()}) {
-        EXPECT_EQ(cannotMeasure(unit, -infinity, infinity), 0) << unit.toStdString();
-        EXPECT_EQ(cannotSource(unit, -infinity, infinity), 0) << unit.toStdString();
+        EXPECT_EQ(cannotMeasure(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
+        EXPECT_EQ(cannotSource(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
     }
-    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC J"_s), 0);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC J"_s), std::nullopt);
 }
 
 TEST(FlukeWalk, AnInfiniteEndLiesBeyondEveryLimit) {
-    EXPECT_EQ(cannotMeasure(u"V"_s, 0, infinity), 354);
-    EXPECT_EQ(cannotMeasure(u"V"_s, -infinity, 0), 354);
-    EXPECT_EQ(cannotMeasure(u"Hz"_s, 10, infinity), 357);
-    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, 10), 358);
-    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, infinity), 357);
-    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, 0, u"TC K"_s), 363);
-    EXPECT_EQ(cannotSource(u"Ohms"_s, 0, infinity), 544);
-    EXPECT_EQ(cannotSource(u"Hz"_s, 10, 20, infinity), 541);
+    EXPECT_EQ(cannotMeasure(u"V"_s, 0, infinity), TextId::cannotMeasureVoltageAbove);
+    EXPECT_EQ(cannotMeasure(u"V"_s, -infinity, 0), TextId::cannotMeasureVoltageAbove);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, 10, infinity), TextId::cannotMeasureFrequencyAbove);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, 10), TextId::cannotMeasureFrequencyBelow);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, -infinity, infinity), TextId::cannotMeasureFrequencyAbove);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, 0, u"TC K"_s), TextId::cannotMeasureTemperatureBelow);
+    EXPECT_EQ(cannotSource(u"Ohms"_s, 0, infinity), TextId::cannotSourceResistanceAbove);
+    EXPECT_EQ(cannotSource(u"Hz"_s, 10, 20, infinity), TextId::cannotSourceAmplitude);
 }
 
 TEST(FlukeWalk, WithoutALowLimitAnEndMayBeAsLowAsItLikes) {
-    EXPECT_EQ(cannotSource(u"Ohms"_s, -infinity, -infinity), 0);
+    EXPECT_EQ(cannotSource(u"Ohms"_s, -infinity, -infinity), std::nullopt);
 }
 
 TEST(FlukeWalk, NotANumberLiesNeitherAboveNorBelow) {
-    EXPECT_EQ(cannotMeasure(u"V"_s, notANumber, notANumber), 0);
-    EXPECT_EQ(cannotMeasure(u"Hz"_s, notANumber, 21), 357);
-    EXPECT_EQ(cannotMeasure(u"Hz"_s, 9, notANumber), 358);
-    EXPECT_EQ(cannotMeasure(u"C"_s, notANumber, notANumber, u"TC K"_s), 0);
-    EXPECT_EQ(cannotSource(u"Hz"_s, notANumber, notANumber, notANumber), 0);
+    EXPECT_EQ(cannotMeasure(u"V"_s, notANumber, notANumber), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, notANumber, 21), TextId::cannotMeasureFrequencyAbove);
+    EXPECT_EQ(cannotMeasure(u"Hz"_s, 9, notANumber), TextId::cannotMeasureFrequencyBelow);
+    EXPECT_EQ(cannotMeasure(u"C"_s, notANumber, notANumber, u"TC K"_s), std::nullopt);
+    EXPECT_EQ(cannotSource(u"Hz"_s, notANumber, notANumber, notANumber), std::nullopt);
 }
 
 TEST(FlukeWalk, WhatIsNeverTakenIsRefusedWithEveryRange) {
     for (const float end : {0.F, infinity, -infinity, notANumber})
-        EXPECT_EQ(cannotSource(u"VAC"_s, end, end), 542) << end;
+        EXPECT_EQ(cannotSource(u"VAC"_s, end, end), TextId::cannotSourceAcVoltage) << end;
 }
 
 TEST(FlukeWalk, TakesItsWordsFromTheTablesOfTheCalibrator) {

@@ -1,7 +1,8 @@
 #include "drivers/instrument_work.h"
 
 #include "resources/strings.h"
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 #include <QDir>
 #include <QFile>
@@ -174,7 +175,7 @@ TEST_F(WorkOnAnInstrument, AReportWhileTheOperatorIsAskedMeansNoRecord) {
 
 TEST_F(WorkOnAnInstrument, ARefusalIsShownAndEndsTheEntry) {
     script.answers.insert(recordExists, {{u"2026-03-18"_s}});
-    ui.expectBox(text(565), u"Calibration Record Creation"_s, box::stop);
+    ui.expectBox(text(TextId::recordAlreadyExists), u"Calibration Record Creation"_s, box::stop);
     EXPECT_EQ(work().end, End::refused);
     EXPECT_TRUE(unfinished().isEmpty());
     EXPECT_TRUE(folder.read(Journal(session).path()).contains(u"\"state\":\"refused\""_s));
@@ -183,9 +184,11 @@ TEST_F(WorkOnAnInstrument, ARefusalIsShownAndEndsTheEntry) {
 TEST_F(WorkOnAnInstrument, ARecordThatTheOperatorGivesUpIsRefused) {
     session.CalFieldTable[3].required = u"Y"_s;
     askFor(u"2307"_s, cancelled);
-    ui.expectBox(text(294), u"Calibration Record Data"_s, box::warningOkCancel, BoxAnswer::cancel);
-    ui.expectBox(text(606), u"Calibration Record Creation"_s, box::warningRetryCancel, BoxAnswer::cancel);
-    ui.expectBox(text(607), u"Calibration Record Creation"_s, box::stop);
+    ui.expectBox(text(TextId::fieldEntryRequired), u"Calibration Record Data"_s, box::warningOkCancel,
+                 BoxAnswer::cancel);
+    ui.expectBox(text(TextId::requiredDataRetryAdvised), u"Calibration Record Creation"_s,
+                 box::warningRetryCancel, BoxAnswer::cancel);
+    ui.expectBox(text(TextId::requiredDataNotProvided), u"Calibration Record Creation"_s, box::stop);
     EXPECT_EQ(work().end, End::refused);
     EXPECT_TRUE(unfinished().isEmpty());
 }

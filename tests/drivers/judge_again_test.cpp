@@ -1,6 +1,6 @@
 #include "drivers/judge_again.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

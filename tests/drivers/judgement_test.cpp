@@ -1,6 +1,6 @@
 #include "drivers/fluke_judgement.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <cmath>
 #include <limits>

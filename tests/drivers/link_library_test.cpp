@@ -1,7 +1,7 @@
 #include "drivers/link_library.h"
 
 #include "platform/error.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

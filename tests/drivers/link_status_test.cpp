@@ -1,6 +1,7 @@
 #include "drivers/link_status.h"
 
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +9,8 @@ namespace kelvane::testing {
 
 namespace {
 
-constexpr LinkStatus statuses[] = {{0, 105, u"FIRST"}, {2001, 350, u"SECOND"}};
+constexpr LinkStatus statuses[] = {{0, TextId::downloadProcedures, u"FIRST"},
+                                   {2001, TextId::calibratorFluke702, u"SECOND"}};
 
 } // namespace
 

@@ -1,6 +1,6 @@
 #include "drivers/new_record.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,9 @@
-#include "data/cal_params.h"
-#include "editors/form_cal_param.h"
+#include "data/parameters/cal_params.h"
+#include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
-#include "tests/editors/screen_on_database.h"
+#include "testkit/screen_on_database.h"
 #include "ui/list_rows.h"
+#include "ui/open_windows.h"
 #include "ui/text_box.h"
 
 #include <QComboBox>
@@ -25,20 +26,20 @@ const QString vanished = u"This test message does not exist any more: it may hav
 } // namespace
 
 /// The editor of test messages on the demonstration data.
-class FormTestMessOnDatabase : public ScreenOnDatabase {
+class FormTestMessOnDatabase : public ScreenOnDatabase<FormTestMess> {
   protected:
     FormTestMessOnDatabase() {
-        show(new FormTestMess(session, [] { return static_cast<OpenCalParam*>(nullptr); }));
+        open(session, [] { return static_cast<OpenCalParam*>(nullptr); });
     }
-    QComboBox& names() { return control<QComboBox>(form(), u"ComboMessageName"_s); }
-    TextBox& message() { return control<TextBox>(form(), u"TextMessage"_s); }
+    QComboBox& names() { return the<QComboBox>(u"ComboMessageName"_s); }
+    TextBox& message() { return the<TextBox>(u"TextMessage"_s); }
     QStringList promptOf(const QString& name) {
         return values(u"select prompt from mt.hvm_kv_prompts where pname = '"_s + name + u'\'');
     }
     void create(const QString& name) {
         ui.expectDialog(u"Add Test Message"_s,
                         u"Enter a name for the new test message: (30 characters max)"_s, name);
-        click(u"CommandCreate"_s);
+        press(u"CommandCreate"_s);
     }
 };
 
@@ -57,7 +58,7 @@ TEST_F(FormTestMessOnDatabase, AMessageIsMadeWrittenUsedAndRead) {
     create(u"WEAR GLOVES"_s);
     EXPECT_EQ(promptOf(u"WEAR GLOVES"_s), QStringList{u"(null)"_s});
     message().setPlainText(u"Wear gloves; it's hot.\nΩ 校正"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(promptOf(u"WEAR GLOVES"_s), QStringList{u"Wear gloves; it's hot.\r\nΩ 校正"_s});
 
     execute(
@@ -73,7 +74,7 @@ TEST_F(FormTestMessOnDatabase, AnEmptyTextIsStoredAsNull) {
     pick(names(), u"PERMIT"_s);
     message().setPlainText({});
     ui.events.clear();
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     // The sum of a text has an hourglass of its own.
     EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
     EXPECT_EQ(promptOf(u"PERMIT"_s), QStringList{u"(null)"_s});
@@ -83,7 +84,7 @@ TEST_F(FormTestMessOnDatabase, ANewMessageThatIsCancelledStaysWithoutAText) {
     create(u"NEW"_s);
     message().setPlainText(u"Not saved"_s);
     ui.expectBox(u"Are you sure you want to discard changes made?"_s, title, box::question, BoxAnswer::yes);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(promptOf(u"NEW"_s), QStringList{u"(null)"_s});
     EXPECT_EQ(names().currentText(), u"NEW"_s);
 }
@@ -94,7 +95,7 @@ TEST_F(FormTestMessOnDatabase, DeletingAMessageInUseRemovesItFromEveryInstrument
     pick(names(), u"LABEL"_s);
     ui.expectBox(deletion, title, box::question, BoxAnswer::yes);
     ui.expectBox(inUse, title, box::warningYesNo, BoxAnswer::yes);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_TRUE(promptOf(u"LABEL"_s).isEmpty());
     EXPECT_EQ(values(u"select pname from mt.hvm_kv_proc_prompts"_s), others);
     EXPECT_EQ(names().findText(u"LABEL"_s), -1);
@@ -105,12 +106,12 @@ TEST_F(FormTestMessOnDatabase, ANameWithAQuoteIsAddedAndDeletedAndCantBeSaved) {
     EXPECT_EQ(promptOf(u"O''BRIEN"_s), QStringList{u"(null)"_s});
     message().setPlainText(u"Text"_s);
     ui.expectReport(1, u"FormTestMess,CommandSave"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(message().text(), u"Text"_s);
     EXPECT_EQ(promptOf(u"O''BRIEN"_s), QStringList{u"(null)"_s});
     ui.expectBox(u"Are you sure you want to discard any changes made since last save?"_s, u"Kelvane"_s,
                  box::warningYesNo, BoxAnswer::yes);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_TRUE(promptOf(u"O''BRIEN"_s).isEmpty());
 }
 
@@ -127,14 +128,14 @@ TEST_F(FormTestMessOnDatabase, ANewMessageCanBeChosenAtOnceInTheOpenParameterEdi
         EXPECT_EQ(rowsOf(control<QListWidget>(*parameters, list)).last(), u"WEAR GLOVES"_s);
     // It is no change of the instrument.
     parameters->close();
-    EXPECT_FALSE(session.openFlag(ChildForm::FormCalParam));
+    isWindowOpen(EXPECT_FALSE(session, u"FormCalParam"));
 }
 
 TEST_F(FormTestMessOnDatabase, WhatAnotherWorkstationWroteIsOverwrittenByTheLaterSave) {
     pick(names(), u"PERMIT"_s);
     execute(u"update mt.hvm_kv_prompts set prompt = 'Theirs' where pname = 'PERMIT';commit"_s);
     message().setPlainText(u"Ours"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(promptOf(u"PERMIT"_s), QStringList{u"Ours"_s});
 }
 
@@ -143,7 +144,7 @@ TEST_F(FormTestMessOnDatabase, AMessageDeletedByAnotherWorkstationIsNotBroughtBa
     execute(u"delete from mt.hvm_kv_prompts where pname = 'NOT WRITTEN YET';commit"_s);
     message().setPlainText(u"Written"_s);
     ui.expectBox(vanished, title, box::warning);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_TRUE(promptOf(u"NOT WRITTEN YET"_s).isEmpty());
     EXPECT_EQ(message().text(), u"Written"_s);
     // The text is not saved, and whatever would drop it asks.
@@ -168,7 +169,7 @@ TEST_F(FormTestMessOnDatabase, AMessageAddedByAnotherWorkstationIsNotAddedTwice)
     ui.expectBox(u"Test Message already exists!"_s, u"Add Test Message"_s, box::warning);
     ui.expectDialog(u"Add Test Message"_s, u"Enter a name for the new test message: (30 characters max)"_s,
                     u"*CANCEL*"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(values(u"select pname from mt.hvm_kv_prompts where pname = 'THEIRS'"_s).size(), 1);
 }
 

@@ -1,6 +1,7 @@
 #include "editors/form_test_mess.h"
 
 #include "tests/editors/message_screen.h"
+#include "ui/open_windows.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -41,7 +42,7 @@ TEST_F(FormTestMessTest, HasItsSizePlaceTextsAndFocus) {
         EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
     }
     EXPECT_TRUE(names().hasFocus());
-    EXPECT_TRUE(session.openFlag(ChildForm::FormTestMess));
+    isWindowOpen(EXPECT_TRUE(session, u"FormTestMess"));
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 
@@ -326,10 +327,10 @@ TEST_F(FormTestMessTest, ClosingWithUnsavedTextAsksAndNoKeepsItOpen) {
     type(u"x"_s);
     expectDiscard(BoxAnswer::no);
     form().close();
-    EXPECT_TRUE(session.openFlag(ChildForm::FormTestMess));
+    isWindowOpen(EXPECT_TRUE(session, u"FormTestMess"));
     expectDiscard(BoxAnswer::yes);
     form().close();
-    EXPECT_FALSE(session.openFlag(ChildForm::FormTestMess));
+    isWindowOpen(EXPECT_FALSE(session, u"FormTestMess"));
     EXPECT_TRUE(settings.writes.contains(u"Left/FormTestMess=105"_s));
     EXPECT_TRUE(settings.writes.contains(u"Top/FormTestMess=75"_s));
     EXPECT_TRUE(script.statements.isEmpty());

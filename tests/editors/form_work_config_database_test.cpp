@@ -1,6 +1,6 @@
 // The screen over a copy of the demonstration database: what it shows, and what the tables hold afterwards.
+#include "testkit/database_session.h"
 #include "tests/editors/work_config_screen.h"
-#include "tests/support/database_session.h"
 #include "ui/list_rows.h"
 
 #include <QLabel>

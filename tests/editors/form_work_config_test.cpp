@@ -1,6 +1,7 @@
+#include "testkit/fixtures.h"
 #include "tests/editors/work_config_screen.h"
-#include "tests/support/fixtures.h"
 #include "ui/list_rows.h"
+#include "ui/open_windows.h"
 
 #include <QDir>
 #include <QGroupBox>
@@ -124,7 +125,7 @@ TEST_F(WorkConfigTest, ShowsWhatIsStored) {
     EXPECT_TRUE(screen.overdue().isChecked());
     EXPECT_FALSE(screen.poorTrace().isChecked());
     EXPECT_TRUE(screen.available().hasFocus());
-    EXPECT_TRUE(session.openFlag(ChildForm::FormWorkConfig));
+    isWindowOpen(EXPECT_TRUE(session, u"FormWorkConfig"));
     EXPECT_FALSE(ui.busy);
     // The hourglass shows while it loads, and while the sum is taken at the end of that.
     EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
@@ -373,7 +374,7 @@ TEST_F(WorkConfigTest, ClosingWithChangesAsksAndNoKeepsItOpen) {
     ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     screen.close();
     EXPECT_FALSE(screen.isOpen());
-    EXPECT_FALSE(session.openFlag(ChildForm::FormWorkConfig));
+    isWindowOpen(EXPECT_FALSE(session, u"FormWorkConfig"));
     EXPECT_TRUE(statements().isEmpty());
 }
 

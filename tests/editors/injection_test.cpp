@@ -1,15 +1,15 @@
 // No value that the editors put into a statement makes another statement of it.
-#include "data/assets.h"
-#include "editors/cal_param_columns.h"
-#include "editors/cal_param_load.h"
-#include "editors/form_predefined_tasks.h"
-#include "editors/form_strategies.h"
+#include "data/assets/assets.h"
+#include "editors/cal_param/cal_param_columns.h"
+#include "editors/cal_param/cal_param_load.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
+#include "editors/predefined_tasks/form_predefined_tasks.h"
+#include "editors/predefined_tasks/task_package.h"
 #include "editors/statement_parts.h"
-#include "editors/task_package.h"
-#include "tests/editors/cal_param_shop.h"
-#include "tests/support/screen_operator.h"
+#include "editors/strategies/form_strategies.h"
+#include "testkit/screen_operator.h"
+#include "tests/editors/cal_param/cal_param_fixture.h"
 #include "ui/text_box.h"
 
 #include <QComboBox>
@@ -148,7 +148,7 @@ TEST_F(Injection, APackagesNameAndTagAreNotSentWhenTheyLoadRaw) {
     }
 }
 
-class ParameterInjection : public CalParamShop {
+class ParameterInjection : public CalParamFixture {
   protected:
     ParameterInjection() { makeReady(); }
     /// A save that is refused before anything that holds the value goes out.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "testkit/program_fixture.h"
 #include "tests/editors/questions.h"
-#include "tests/support/program_fixture.h"
 #include "ui/text_box.h"
 
 #include <QComboBox>

@@ -1,12 +1,12 @@
 // What the engine refuses, and what is no longer where it was: where the focus goes, what is said, what
 // stays.
-#include "editors/form_cal_param.h"
-#include "editors/form_predefined_tasks.h"
-#include "editors/form_strategies.h"
+#include "editors/cal_param/form_cal_param.h"
+#include "editors/predefined_tasks/form_predefined_tasks.h"
 #include "editors/refusal.h"
-#include "tests/editors/cal_param_hands.h"
-#include "tests/editors/editor_workplace.h"
-#include "tests/support/screen_operator.h"
+#include "editors/strategies/form_strategies.h"
+#include "testkit/screen_operator.h"
+#include "tests/editors/cal_param/cal_param_entry.h"
+#include "tests/editors/editor_fixture.h"
 #include "ui/list_rows.h"
 #include "ui/text_box.h"
 
@@ -53,7 +53,7 @@ class RefusedFields : public ::testing::Test {
     }
     void elsewhere(const QString& statement) { place.observer->execute(statement); }
 
-    EditorWorkplace place;
+    EditorFixture place;
 };
 
 TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {

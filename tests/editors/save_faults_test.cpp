@@ -1,12 +1,13 @@
 // Each step of each save fails once, in each way: what was stored stays, what was entered stays.
-#include "editors/form_cal_param.h"
-#include "editors/form_predefined_tasks.h"
-#include "editors/form_strategies.h"
+#include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
-#include "tests/editors/cal_param_hands.h"
-#include "tests/editors/editor_workplace.h"
-#include "tests/support/screen_operator.h"
+#include "editors/predefined_tasks/form_predefined_tasks.h"
+#include "editors/strategies/form_strategies.h"
+#include "testkit/screen_operator.h"
+#include "tests/editors/cal_param/cal_param_entry.h"
+#include "tests/editors/editor_fixture.h"
+#include "ui/open_windows.h"
 #include "ui/text_box.h"
 
 #include <QCheckBox>
@@ -24,15 +25,15 @@ OpenCalParam* noneOpen() {
     return nullptr;
 }
 
-ChildWindow& openStrategies(EditorWorkplace& place) {
+ChildWindow& openStrategies(EditorFixture& place) {
     return place.show(new FormStrategies(place.session, noneOpen));
 }
 
-ChildWindow& openMessages(EditorWorkplace& place) {
+ChildWindow& openMessages(EditorFixture& place) {
     return place.show(new FormTestMess(place.session, noneOpen));
 }
 
-ChildWindow& openParameters(EditorWorkplace& place) {
+ChildWindow& openParameters(EditorFixture& place) {
     auto& form = place.show(new FormCalParam(place.session));
     place.person.entries = {u"PT-101"_s};
     form.chooseFirst();
@@ -42,14 +43,14 @@ ChildWindow& openParameters(EditorWorkplace& place) {
     return form;
 }
 
-ChildWindow& openPackages(EditorWorkplace& place) {
+ChildWindow& openPackages(EditorFixture& place) {
     return place.show(new FormPredefinedTasks(place.session));
 }
 
 /// One save: how the screen is opened and changed, and the button that saves.
 struct EditorSave {
     const char* name;
-    ChildWindow& (*prepare)(EditorWorkplace& place);
+    ChildWindow& (*prepare)(EditorFixture& place);
     QStringView button;
     /// False when the save is one text, which is carried out as a whole by itself.
     bool isTransaction = true;
@@ -59,7 +60,7 @@ struct EditorSave {
 
 const EditorSave saves[] = {
     {"Strategy",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
          place.person.entries = {u"33"_s};
          place.press(form, u"CommandAddTP"_s);
@@ -67,7 +68,7 @@ const EditorSave saves[] = {
      },
      u"CommandSave"},
     {"NewStrategy",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
          place.person.entries = {u"NEW"_s, u"10"_s, u"20"_s};
          for (const auto& button : {u"CommandAdd"_s, u"CommandAddTP"_s, u"CommandAddTP"_s})
@@ -76,14 +77,14 @@ const EditorSave saves[] = {
      },
      u"CommandSave"},
     {"RenamedStrategy",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
          place.person.entries = {u"RENAMED"_s};
          return form;
      },
      u"CommandRename", true, false},
     {"DeletedStrategy",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          place.observer->execute(u"delete from mt.hvm_kv_proc_points where tp_name = ' FIRST';commit"_s);
          place.observer->execute(u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) "
                                  "values (' FIRST','0','50');commit"_s);
@@ -92,21 +93,21 @@ const EditorSave saves[] = {
      u"CommandDeleteTS", false, false},
     {"Parameters", openParameters, u"CommandSave"},
     {"ClonedParameters",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openParameters(place);
          place.person.entries = {u"PT-102"_s};
          return form;
      },
      u"CommandClone"},
     {"Message",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openMessages(place);
          control<TextBox>(form, u"TextMessage"_s).setText(u"It's new"_s);
          return form;
      },
      u"CommandSave"},
     {"NewMessage",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openMessages(place);
          place.person.entries = {u"NEW"_s};
          return form;
@@ -114,14 +115,14 @@ const EditorSave saves[] = {
      u"CommandCreate", false, false},
     {"DeletedMessage", openMessages, u"CommandDelete", false, false},
     {"Package",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openPackages(place);
          control<TextBox>(form, u"TextNotes"_s).setText(u"It's new"_s);
          return form;
      },
      u"CommandSave"},
     {"NewPackage",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = openPackages(place);
          place.person.entries = {u"NEW"_s};
          place.press(form, u"CommandAddTP"_s);
@@ -131,7 +132,7 @@ const EditorSave saves[] = {
      u"CommandSave"},
     {"RemovedPackage", openPackages, u"CommandRemoveTP", true, false},
     {"RecordConfiguration",
-     [](EditorWorkplace& place) -> ChildWindow& {
+     [](EditorFixture& place) -> ChildWindow& {
          auto& form = place.show(new FormWorkConfig(place.session));
          auto& overdue = control<QCheckBox>(form, u"CheckOOC"_s);
          overdue.setChecked(!overdue.isChecked());
@@ -147,7 +148,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
   protected:
     /// What the database holds after a save that nothing disturbs.
     static QStringList storedBySave() {
-        EditorWorkplace place;
+        EditorFixture place;
         auto& form = GetParam().prepare(place);
         place.press(form, GetParam().button.toString());
         EXPECT_EQ(place.person.reports, 0);
@@ -159,7 +160,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         auto& form = GetParam().prepare(*place_);
         const auto before = place_->stored();
         EXPECT_NE(before, after_);
-        const auto entered = EditorWorkplace::contents(form);
+        const auto entered = EditorFixture::contents(form);
         place_->person.reports = 0;
         place_->fault = {.kind = kind, .failAt = failing};
         place_->press(form, GetParam().button.toString());
@@ -178,13 +179,13 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         form.unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (fault.lost || place_->stored() != before)
-            place_ = std::make_unique<EditorWorkplace>();
+            place_ = std::make_unique<EditorFixture>();
         return fault.reached;
     }
 
     void expectKept(ChildWindow& form, const QStringList& entered) {
-        EXPECT_EQ(EditorWorkplace::contents(form), entered);
-        EXPECT_FALSE(place_->session.openFlag(ChildForm::FormCustomDialog));
+        EXPECT_EQ(EditorFixture::contents(form), entered);
+        isWindowOpen(EXPECT_FALSE(place_->session, u"FormCustomDialog"));
         if (!GetParam().isTyped)
             return;
         place_->person.boxes.clear();
@@ -197,7 +198,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
     }
 
     const QStringList after_ = storedBySave();
-    std::unique_ptr<EditorWorkplace> place_ = std::make_unique<EditorWorkplace>();
+    std::unique_ptr<EditorFixture> place_ = std::make_unique<EditorFixture>();
 };
 
 TEST_P(SaveFaults, LeaveTheStoredRowsWholeAndTheScreenAsItWas) {

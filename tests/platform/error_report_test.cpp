@@ -1,7 +1,7 @@
 #include "platform/error_report.h"
+#include "testkit/fixtures.h"
 #include "tests/platform/errors.h"
 #include "tests/platform/full_disk.h"
-#include "tests/support/fixtures.h"
 
 #include <QDir>
 #include <QFile>

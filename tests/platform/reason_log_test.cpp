@@ -2,8 +2,8 @@
 
 #include "platform/error_report.h"
 #include "platform/file_error.h"
+#include "testkit/fixtures.h"
 #include "tests/platform/full_disk.h"
-#include "tests/support/fixtures.h"
 
 #include <QDir>
 

@@ -36,12 +36,12 @@ QStringList examples(const QString& chapter) {
 const QString torqueStar = u"The torque calibrator"_s;
 const QString fluke702Chapter = u"The Fluke 702"_s;
 
-/// Starts an example of the page in the workshop.
-std::unique_ptr<QProcess> startExample(const QString& example, const Workshop& workshop) {
+/// Starts an example of the page in the simulators.
+std::unique_ptr<QProcess> startExample(const QString& example, const SimulatorFolder& simulatorFolder) {
     QStringList words = QProcess::splitCommand(example);
     const QString program = words.takeFirst().section(u'/', -1);
     auto process = std::make_unique<QProcess>();
-    process->setWorkingDirectory(workshop.path(u"."_s));
+    process->setWorkingDirectory(simulatorFolder.path(u"."_s));
     process->start(QDir(QCoreApplication::applicationDirPath()).filePath(program), words);
     return process;
 }
@@ -49,9 +49,9 @@ std::unique_ptr<QProcess> startExample(const QString& example, const Workshop& w
 } // namespace
 
 TEST(SimulatorsPage, ItsTechnicianCommandsForTorqueDoWhatTheySay) {
-    const Workshop workshop;
-    ASSERT_TRUE(QDir(workshop.path(u"."_s)).mkpath(u"build/workstation"_s));
-    MemoryFile(workshop.path(u"build/workstation/torquestar.json"_s)).use([](Memory& memory) {
+    const SimulatorFolder simulatorFolder;
+    ASSERT_TRUE(QDir(simulatorFolder.path(u"."_s)).mkpath(u"build/workstation"_s));
+    MemoryFile(simulatorFolder.path(u"build/workstation/torquestar.json"_s)).use([](Memory& memory) {
         for (const QString& name : {u"TW-101"_s, u"TW-102"_s}) {
             memory.characteristics.push_back({name, {}, {}, {}});
             EXPECT_EQ(readFields(addMessage({}).sliced(7), memory.characteristics.back().fields),
@@ -60,11 +60,11 @@ TEST(SimulatorsPage, ItsTechnicianCommandsForTorqueDoWhatTheySay) {
         return true;
     });
     const QStringList lines = examples(torqueStar);
-    workshop.put(u"plan.txt"_s, lines.filter(u";"_s).join(u'\n').toUtf8());
+    simulatorFolder.put(u"plan.txt"_s, lines.filter(u";"_s).join(u'\n').toUtf8());
     const QStringList commands = lines.filter(u"kelvane-technician"_s);
     EXPECT_EQ(commands.size(), 3);
     for (const QString& command : commands) {
-        const std::unique_ptr<QProcess> process = startExample(command, workshop);
+        const std::unique_ptr<QProcess> process = startExample(command, simulatorFolder);
         const Outcome outcome = outcomeOf(*process);
         EXPECT_EQ(outcome.code, 0) << command.toStdString() << outcome.errors.toStdString();
         EXPECT_TRUE(outcome.output.contains(u"TW-102"_s)) << command.toStdString();
@@ -74,20 +74,20 @@ TEST(SimulatorsPage, ItsTechnicianCommandsForTorqueDoWhatTheySay) {
 }
 
 TEST(SimulatorsPage, ItsCalibratorStarts) {
-    const Workshop workshop;
+    const SimulatorFolder simulatorFolder;
     const QStringList commands = examples(torqueStar).filter(u"kelvane-torquestar"_s);
     ASSERT_EQ(commands.size(), 1);
-    const std::unique_ptr<QProcess> process = startExample(commands.constFirst(), workshop);
+    const std::unique_ptr<QProcess> process = startExample(commands.constFirst(), simulatorFolder);
     ASSERT_TRUE(process->waitForReadyRead(20000));
-    EXPECT_TRUE(QFileInfo(workshop.link()).isSymLink());
+    EXPECT_TRUE(QFileInfo(simulatorFolder.link()).isSymLink());
     process->terminate();
     EXPECT_EQ(outcomeOf(*process).code, 0);
 }
 
 TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke702DoWhatTheySay) {
-    const Workshop workshop;
-    ASSERT_TRUE(QDir(workshop.path(u"."_s)).mkpath(u"build/workstation"_s));
-    fluke702::MemoryFile file(workshop.path(u"build/workstation/fluke702.json"_s));
+    const SimulatorFolder simulatorFolder;
+    ASSERT_TRUE(QDir(simulatorFolder.path(u"."_s)).mkpath(u"build/workstation"_s));
+    fluke702::MemoryFile file(simulatorFolder.path(u"build/workstation/fluke702.json"_s));
     file.use([](fluke702::Memory& memory) {
         memory.contents.strategies = {{u"5 POINT UP"_s, {0, 0.25F, 0.5F, 0.75F, 1}}};
         memory.contents.states = {{}, {}};
@@ -96,11 +96,11 @@ TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke702DoWhatTheySay) {
         return true;
     });
     const QStringList lines = examples(fluke702Chapter);
-    workshop.put(u"plan702.txt"_s, lines.filter(u"; "_s).join(u'\n').toUtf8());
+    simulatorFolder.put(u"plan702.txt"_s, lines.filter(u"; "_s).join(u'\n').toUtf8());
     const QStringList commands = lines.filter(u"kelvane-technician"_s);
     EXPECT_EQ(commands.size(), 4);
     for (const QString& command : commands) {
-        const std::unique_ptr<QProcess> process = startExample(command, workshop);
+        const std::unique_ptr<QProcess> process = startExample(command, simulatorFolder);
         const Outcome outcome = outcomeOf(*process);
         EXPECT_EQ(outcome.code, 0) << command.toStdString() << outcome.errors.toStdString();
         EXPECT_TRUE(

@@ -10,8 +10,8 @@ namespace kelvane::simulators {
 
 class Exchange : public ::testing::Test {
   protected:
-    Workshop workshop_;
-    Calibrator calibrator_{workshop_};
+    SimulatorFolder folder_;
+    Calibrator calibrator_{folder_};
     Peer peer_{calibrator_.device()};
 };
 
@@ -37,14 +37,14 @@ TEST_F(Exchange, BytesOutsideALinkAreNotHeard) {
     peer_.startLink();
     peer_.sendMessage("T0A");
     peer_.hearAnnouncement();
-    EXPECT_EQ(workshop_.contentOf(u"record"_s), "heard T0A 543041\n");
+    EXPECT_EQ(folder_.contentOf(u"record"_s), "heard T0A 543041\n");
 }
 
 TEST_F(Exchange, AMessageOfWhichAByteWasChangedIsRefusedByNak) {
     peer_.startLink();
     peer_.send(hex("54 30 42 10 03 67 BF"));
     EXPECT_EQ(peer_.receive(1), hex("15"));
-    EXPECT_EQ(workshop_.contentOf(u"record"_s), "refused T0B 543042100367bf\n");
+    EXPECT_EQ(folder_.contentOf(u"record"_s), "refused T0B 543042100367bf\n");
     EXPECT_EQ(peer_.exchange("T0A"), "t0A");
 }
 
@@ -63,7 +63,7 @@ TEST_F(Exchange, DoubledDlesComeAndGoAsOne) {
     fields[0] = hex("10");  // 16 samples
     fields[10] = hex("10"); // 72 Hz
     EXPECT_EQ(peer_.exchange(addMessage("TW-1", fields)), "t1A");
-    EXPECT_TRUE(workshop_.contentOf(u"memory.json"_s).contains("\"samples\": 16,"));
+    EXPECT_TRUE(folder_.contentOf(u"memory.json"_s).contains("\"samples\": 16,"));
 }
 
 TEST_F(Exchange, AMessageTheCalibratorDoesNotKnowIsAcknowledgedAndNotAnswered) {
@@ -90,8 +90,8 @@ TEST_F(Exchange, AReplyRefusedByNakIsAnnouncedAgainTwice) {
 }
 
 TEST_F(Exchange, AResultRefusedByNakIsSentAgainAndNotPassedOver) {
-    workshop_.put(u"memory.json"_s,
-                  R"({"format": "kelvane-torquestar memory 1", "rounds": [], "characteristics": [
+    folder_.put(u"memory.json"_s,
+                R"({"format": "kelvane-torquestar memory 1", "rounds": [], "characteristics": [
         {"name": "A", "comment": "", "fields": {}, "results": [
             {"date": "2026-11-20", "time": "09:00:00", "samples": [1]},
             {"date": "2026-11-20", "time": "09:00:01", "samples": [2]}]}]})");
@@ -131,7 +131,7 @@ TEST_F(Exchange, TheOtherAcknowledgeCharacterIsNoAcknowledge) {
     peer_.hearAnnouncement();
     peer_.send(hex("06"));
     EXPECT_EQ(peer_.exchange("T0A"), "t0A");
-    EXPECT_EQ(workshop_.contentOf(u"record"_s), "heard T0A 543041\nheard T0A 543041\nsent t0A 743041\n");
+    EXPECT_EQ(folder_.contentOf(u"record"_s), "heard T0A 543041\nheard T0A 543041\nsent t0A 743041\n");
 }
 
 TEST_F(Exchange, ThePortMayBeClosedAndOpenedForEachExchange) {
@@ -140,20 +140,20 @@ TEST_F(Exchange, ThePortMayBeClosedAndOpenedForEachExchange) {
 }
 
 TEST_F(Exchange, TheLinkLeadsToTheLine) {
-    Peer peer(workshop_.link());
+    Peer peer(folder_.link());
     EXPECT_EQ(peer.exchange("T0A"), "t0A");
 }
 
 TEST_F(Exchange, TheRecordHoldsEachMessageAndReply) {
     peer_.exchange("T0A");
     peer_.exchange("T2F" + wireName("KVTASK"));
-    EXPECT_EQ(workshop_.contentOf(u"record"_s),
+    EXPECT_EQ(folder_.contentOf(u"record"_s),
               "heard T0A 543041\nsent t0A 743041\nheard T2F 5432464b565441534b3d5043ff\nsent t2F 74324600\n");
 }
 
 TEST(ExchangeWithAck, AckIsTheAcknowledgeWhenTheCalibratorUsesIt) {
-    const Workshop workshop;
-    const Calibrator calibrator(workshop, {u"--no-pace"_s, u"--acknowledge"_s, u"ack"_s});
+    const SimulatorFolder simulatorFolder;
+    const Calibrator calibrator(simulatorFolder, {u"--no-pace"_s, u"--acknowledge"_s, u"ack"_s});
     Peer peer(calibrator.device(), 0x06);
     EXPECT_EQ(peer.exchange("T0A"), "t0A");
     EXPECT_EQ(peer.exchange("T0D").size(), 25);

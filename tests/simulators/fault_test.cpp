@@ -18,9 +18,9 @@ namespace {
 /// A calibrator with one fault, and the workstation's end of its line.
 class Bench {
   public:
-    explicit Bench(const QStringList& faults) : calibrator_(workshop_, Calibrator::faulty(faults)) {}
+    explicit Bench(const QStringList& faults) : calibrator_(folder_, Calibrator::faulty(faults)) {}
 
-    Workshop& workshop() { return workshop_; }
+    SimulatorFolder& simulatorFolder() { return folder_; }
     QProcess& process() { return calibrator_.process(); }
     Peer& peer() { return peer_; }
 
@@ -33,7 +33,7 @@ class Bench {
     }
 
   private:
-    Workshop workshop_;
+    SimulatorFolder folder_;
     Calibrator calibrator_;
     Peer peer_{calibrator_.device()};
 };
@@ -201,7 +201,7 @@ TEST(Faults, AVanishedCalibratorLeavesNoLink) {
     bench.askFor("T0A");
     EXPECT_TRUE(goodFrame.startsWith(bench.peer().receive(7)));
     EXPECT_EQ(outcomeOf(bench.process()).code, 0);
-    EXPECT_FALSE(QFileInfo(bench.workshop().link()).isSymLink());
+    EXPECT_FALSE(QFileInfo(bench.simulatorFolder().link()).isSymLink());
 }
 
 TEST(Faults, ErrorCodesAreForAddingAndForCreatingAlone) {

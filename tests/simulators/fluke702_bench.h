@@ -11,7 +11,7 @@ namespace kelvane::simulators::fluke702 {
 class Fluke702Bench : public ::testing::Test {
   protected:
     QString file() const { return shop_.path(QStringLiteral("fluke702.json")); }
-    Surroundings surroundings(const QString& faults = {}) const { return {file(), faults, {}}; }
+    Environment environment(const QString& faults = {}) const { return {file(), faults, {}}; }
 
     /// A state that sources volts and measures milliamperes; its id.
     qint32 saveState();
@@ -32,8 +32,8 @@ class Fluke702Bench : public ::testing::Test {
     /// A calibrator that holds two tasks, the first carried out twice.
     void fillCalibrator() const;
 
-    Workshop shop_;
-    Library library_{surroundings()};
+    SimulatorFolder shop_;
+    Library library_{environment()};
 
   private:
     Library::Status transfer(Library::Status (Library::*start)(qint32*),

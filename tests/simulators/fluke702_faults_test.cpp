@@ -37,7 +37,7 @@ TEST_F(Fluke702Faults, ComeAtTheCallsThatAreTold) {
         {"STAinit=2012", {0, 0, 0}},
     };
     for (const auto& entry : cases) {
-        library_.surround(surroundings(QString::fromLatin1(entry.text)));
+        library_.surround(environment(QString::fromLatin1(entry.text)));
         for (const int status : entry.statuses)
             EXPECT_EQ(library_.MEMclear(), status) << entry.text;
     }
@@ -51,7 +51,7 @@ TEST_F(Fluke702Faults, AnErrorComesInThePlaceOfTheOperationAndAWarningAfterIt) {
                  {2000, false}, {2026, false}, {3000, false}, {-1, false}};
     for (const auto& entry : cases) {
         library_.MEMclear();
-        library_.surround(surroundings(u"MEMpromptDefn*1=%1"_s.arg(entry.status)));
+        library_.surround(environment(u"MEMpromptDefn*1=%1"_s.arg(entry.status)));
         EXPECT_EQ(library_.MEMpromptDefn("KEY", "x"), entry.status);
         EXPECT_EQ(library_.MEMpromptDefn("KEY", "x"), entry.carriedOut ? BadArgument : Done) << entry.status;
     }
@@ -107,7 +107,7 @@ TEST_F(Fluke702Faults, EachOperationGivesAnyStatus) {
     EXPECT_EQ(calls.size(), operationNames().size());
     int status = 3000;
     for (const auto& [name, call] : calls) {
-        library_.surround(surroundings(QString::fromStdString(name) + u"*1=%1"_s.arg(++status)));
+        library_.surround(environment(QString::fromStdString(name) + u"*1=%1"_s.arg(++status)));
         EXPECT_EQ(call(), status) << name;
         EXPECT_NE(call(), status) << name << " a second time";
     }
@@ -117,11 +117,11 @@ TEST_F(Fluke702Faults, ATransferBreaksOffAtTheStepThatIsTold) {
     fillCalibrator();
     defineTask("A");
     defineTask("B");
-    library_.surround(surroundings(u"DPCdnlStep+2*1=2020"_s));
+    library_.surround(environment(u"DPCdnlStep+2*1=2020"_s));
     EXPECT_EQ(download(), 2020);
     EXPECT_EQ(kept(), Memory());
     EXPECT_EQ(download(), Done);
-    library_.surround(surroundings(u"DPCuplStep=100"_s));
+    library_.surround(environment(u"DPCuplStep=100"_s));
     EXPECT_EQ(upload(), 100);
 }
 
@@ -148,10 +148,10 @@ TEST_F(Fluke702Faults, WhatIsNoFaultIsToldAndNoLinkCanBeOpened) {
     for (const auto& entry : cases) {
         EXPECT_TRUE(refusal(QString::fromLatin1(entry.text)).contains(QString::fromLatin1(entry.reason)))
             << entry.text;
-        library_.surround(surroundings(QString::fromLatin1(entry.text)));
+        library_.surround(environment(QString::fromLatin1(entry.text)));
         EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer) << entry.text;
     }
-    library_.surround(surroundings());
+    library_.surround(environment());
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
 }
 
@@ -178,7 +178,7 @@ TEST_F(Fluke702Faults, EachCallIsRecordedWithItsStatus) {
               "STAsetOutputScale(0.022, -1e+20) = 0\n"
               "DPCdnlStart() = 0\n"
               "DPCdnlStep(1) = 0\n"_s);
-    library_.surround(surroundings());
+    library_.surround(environment());
     library_.MEMclear();
     EXPECT_EQ(shop_.contentOf(u"record"_s).count('\n'), 9);
 }

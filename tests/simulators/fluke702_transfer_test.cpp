@@ -253,7 +253,7 @@ TEST_F(Fluke702Transfer, AMemoryThatIsDamagedMeanwhileFailsTheTransfer) {
 TEST_F(Fluke702Transfer, AMemoryThatCantBeReachedOrWrittenIsAFailure) {
     library_.surround({shop_.path(u"nowhere/memory.json"_s), {}, {}});
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer);
-    library_.surround(surroundings());
+    library_.surround(environment());
     ASSERT_TRUE(QDir().mkpath(file() + u".new"_s));
     EXPECT_EQ(download(), CantWrite);
 }

@@ -108,29 +108,29 @@ TEST(CalibratorMemory, RefusesADamagedTextAndSaysWhy) {
 }
 
 TEST(CalibratorMemory, AMissingFileIsAnEmptyMemory) {
-    const Workshop workshop;
-    EXPECT_EQ(read(workshop.memory()), Memory());
-    EXPECT_FALSE(QFile::exists(workshop.memory()));
+    const SimulatorFolder simulatorFolder;
+    EXPECT_EQ(read(simulatorFolder.memory()), Memory());
+    EXPECT_FALSE(QFile::exists(simulatorFolder.memory()));
 }
 
 TEST(CalibratorMemory, ADamagedFileIsRefusedByNameAndLeftAlone) {
-    const Workshop workshop;
-    workshop.put(u"memory.json"_s, "{ half a mem");
+    const SimulatorFolder simulatorFolder;
+    simulatorFolder.put(u"memory.json"_s, "{ half a mem");
     try {
-        read(workshop.memory());
+        read(simulatorFolder.memory());
         FAIL() << "taken";
     } catch (const Failure& failure) {
-        EXPECT_TRUE(failure.text().startsWith(workshop.memory() +
+        EXPECT_TRUE(failure.text().startsWith(simulatorFolder.memory() +
                                               u" is not a calibrator's memory, or is damaged: at byte"_s))
             << failure.text().toStdString();
     }
-    EXPECT_EQ(workshop.contentOf(u"memory.json"_s), "{ half a mem");
+    EXPECT_EQ(simulatorFolder.contentOf(u"memory.json"_s), "{ half a mem");
 }
 
 TEST(CalibratorMemory, AChangeBySomebodyElseIsSeenAndKept) {
-    const Workshop workshop;
-    MemoryFile calibrator(workshop.memory());
-    MemoryFile technician(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    MemoryFile calibrator(simulatorFolder.memory());
+    MemoryFile technician(simulatorFolder.memory());
     write(calibrator, filledMemory());
     technician.use([](Memory& memory) {
         memory.find(u"TW-1"_s)->comment = u"seen"_s;
@@ -141,16 +141,16 @@ TEST(CalibratorMemory, AChangeBySomebodyElseIsSeenAndKept) {
         memory.remove(u"Ä\"1;'"_s);
         return true;
     });
-    const Memory left = read(workshop.memory());
+    const Memory left = read(simulatorFolder.memory());
     ASSERT_EQ(left.characteristics.size(), 1U);
     EXPECT_EQ(left.characteristics.front().comment, u"seen"_s);
 }
 
 TEST(CalibratorMemory, AFileTakenAwayIsAnEmptyMemoryAgain) {
-    const Workshop workshop;
-    MemoryFile file(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    MemoryFile file(simulatorFolder.memory());
     write(file, filledMemory());
-    ASSERT_TRUE(QFile::remove(workshop.memory()));
+    ASSERT_TRUE(QFile::remove(simulatorFolder.memory()));
     file.use([](Memory& memory) {
         EXPECT_EQ(memory, Memory());
         return false;
@@ -158,24 +158,24 @@ TEST(CalibratorMemory, AFileTakenAwayIsAnEmptyMemoryAgain) {
 }
 
 TEST(CalibratorMemory, IsWrittenInOneStepAndLeavesNoDraft) {
-    const Workshop workshop;
-    MemoryFile file(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    MemoryFile file(simulatorFolder.memory());
     write(file, filledMemory());
-    const QStringList left = QDir(workshop.path(u"."_s)).entryList(QDir::Files, QDir::Name);
+    const QStringList left = QDir(simulatorFolder.path(u"."_s)).entryList(QDir::Files, QDir::Name);
     EXPECT_EQ(left, (QStringList{u"memory.json"_s, u"memory.json.lock"_s}));
 }
 
 TEST(CalibratorMemory, AFolderThatIsNotThereIsTold) {
-    const Workshop workshop;
-    EXPECT_THROW(read(workshop.path(u"nowhere/memory.json"_s)), Failure);
+    const SimulatorFolder simulatorFolder;
+    EXPECT_THROW(read(simulatorFolder.path(u"nowhere/memory.json"_s)), Failure);
 }
 
 TEST(CalibratorMemory, AFileThatCantBeReplacedIsTold) {
-    const Workshop workshop;
-    ASSERT_TRUE(QDir().mkpath(workshop.path(u"memory.json.new"_s)));
-    MemoryFile file(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    ASSERT_TRUE(QDir().mkpath(simulatorFolder.path(u"memory.json.new"_s)));
+    MemoryFile file(simulatorFolder.memory());
     EXPECT_THROW(write(file, filledMemory()), Failure);
-    EXPECT_FALSE(QFile::exists(workshop.memory()));
+    EXPECT_FALSE(QFile::exists(simulatorFolder.memory()));
 }
 
 TEST(CalibratorMemory, RemovingACharacteristicTakesItOutOfItsRounds) {

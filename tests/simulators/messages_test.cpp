@@ -22,15 +22,15 @@ class TorqueStarMessages : public ::testing::Test {
 
     Memory kept() {
         Memory kept;
-        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
+        MemoryFile(folder_.memory()).use([&](Memory& memory) {
             kept = memory;
             return false;
         });
         return kept;
     }
 
-    Workshop workshop_;
-    MemoryFile memory_{workshop_.memory()};
+    SimulatorFolder folder_;
+    MemoryFile memory_{folder_.memory()};
     Messages messages_{memory_, 48213, 500};
     const QByteArray round_ = wireName("KVTASK");
     const QByteArray noSuchName_ = hex("74 00 02");
@@ -238,7 +238,7 @@ TEST_F(TorqueStarMessages, MemoryOutlivesTheCalibratorButTheSelectionDoesNot) {
     answer(addMessage("TW-1"));
     giveResults(u"TW-1"_s, {{20261120, 91500, {1}}});
     answer("T1C" + wireName("TW-1"));
-    MemoryFile file(workshop_.memory());
+    MemoryFile file(folder_.memory());
     Messages again(file, 48213, 500);
     EXPECT_EQ(again.answer("T1D"), hex("74 31 44 02"));
     EXPECT_EQ(again.answer("T1C" + wireName("TW-1")), "t1C");

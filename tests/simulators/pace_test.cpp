@@ -132,8 +132,8 @@ TEST(Pace, AnExchangeTakesTheTimeOfItsBytesAtEachSpeed) {
     // Link start, acknowledge, message, acknowledge, announcement, acknowledge, reply.
     const double bytes = 3 + 1 + 7 + 2 + 1 + 29;
     const auto secondsAt = [&](const QString& baud) {
-        const Workshop workshop;
-        const Calibrator calibrator(workshop, {u"--baud"_s, baud});
+        const SimulatorFolder simulatorFolder;
+        const Calibrator calibrator(simulatorFolder, {u"--baud"_s, baud});
         Peer peer(calibrator.device());
         QElapsedTimer timer;
         timer.start();

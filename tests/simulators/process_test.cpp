@@ -17,35 +17,35 @@ namespace kelvane::simulators {
 
 namespace {
 
-Outcome runCalibrator(const Workshop& workshop, const QStringList& more) {
+Outcome runCalibrator(const SimulatorFolder& simulatorFolder, const QStringList& more) {
     return runProgram(u"kelvane-torquestar"_s,
-                      QStringList{u"--memory"_s, workshop.memory(), u"--serial"_s, u"48213"_s} + more);
+                      QStringList{u"--memory"_s, simulatorFolder.memory(), u"--serial"_s, u"48213"_s} + more);
 }
 
 } // namespace
 
 TEST(CalibratorProgram, PrintsItsDeviceAndMakesTheLink) {
-    const Workshop workshop;
-    const Calibrator calibrator(workshop);
+    const SimulatorFolder simulatorFolder;
+    const Calibrator calibrator(simulatorFolder);
     EXPECT_TRUE(calibrator.device().startsWith(u"/dev/pts/"_s));
-    EXPECT_EQ(QFile::symLinkTarget(workshop.link()), calibrator.device());
+    EXPECT_EQ(QFile::symLinkTarget(simulatorFolder.link()), calibrator.device());
 }
 
 TEST(CalibratorProgram, EndsCleanlyOnEachSignalAndRemovesItsLink) {
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-        const Workshop workshop;
-        Calibrator calibrator(workshop);
+        const SimulatorFolder simulatorFolder;
+        Calibrator calibrator(simulatorFolder);
         Peer peer(calibrator.device());
         EXPECT_EQ(peer.exchange("T0A"), "t0A");
         ::kill(static_cast<pid_t>(calibrator.process().processId()), number);
         EXPECT_EQ(outcomeOf(calibrator.process()).code, 0) << number;
-        EXPECT_FALSE(QFileInfo(workshop.link()).isSymLink()) << number;
+        EXPECT_FALSE(QFileInfo(simulatorFolder.link()).isSymLink()) << number;
     }
 }
 
 TEST(CalibratorProgram, EndsInTheMiddleOfAReplyToo) {
-    const Workshop workshop;
-    Calibrator calibrator(workshop, {u"--baud"_s, u"30"_s});
+    const SimulatorFolder simulatorFolder;
+    Calibrator calibrator(simulatorFolder, {u"--baud"_s, u"30"_s});
     Peer peer(calibrator.device());
     peer.startLink();
     calibrator.process().terminate();
@@ -53,54 +53,54 @@ TEST(CalibratorProgram, EndsInTheMiddleOfAReplyToo) {
 }
 
 TEST(CalibratorProgram, ReplacesAStaleLink) {
-    const Workshop workshop;
-    ASSERT_TRUE(QFile::link(u"/dev/pts/none"_s, workshop.link()));
-    const Calibrator calibrator(workshop);
-    EXPECT_EQ(QFile::symLinkTarget(workshop.link()), calibrator.device());
+    const SimulatorFolder simulatorFolder;
+    ASSERT_TRUE(QFile::link(u"/dev/pts/none"_s, simulatorFolder.link()));
+    const Calibrator calibrator(simulatorFolder);
+    EXPECT_EQ(QFile::symLinkTarget(simulatorFolder.link()), calibrator.device());
 }
 
 TEST(CalibratorProgram, LeavesTheLinkOfALaterOne) {
-    const Workshop workshop;
-    auto first = std::make_unique<Calibrator>(workshop);
-    const Calibrator second(workshop);
+    const SimulatorFolder simulatorFolder;
+    auto first = std::make_unique<Calibrator>(simulatorFolder);
+    const Calibrator second(simulatorFolder);
     first.reset();
-    EXPECT_EQ(QFile::symLinkTarget(workshop.link()), second.device());
+    EXPECT_EQ(QFile::symLinkTarget(simulatorFolder.link()), second.device());
 }
 
 TEST(CalibratorProgram, LeavesAFileInTheWayOfTheLinkAlone) {
-    const Workshop workshop;
-    workshop.put(u"torquestar"_s, "precious");
-    const Outcome outcome = runCalibrator(workshop, {u"--link"_s, workshop.link()});
+    const SimulatorFolder simulatorFolder;
+    simulatorFolder.put(u"torquestar"_s, "precious");
+    const Outcome outcome = runCalibrator(simulatorFolder, {u"--link"_s, simulatorFolder.link()});
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"is in the way"_s)) << outcome.errors.toStdString();
-    EXPECT_EQ(workshop.contentOf(u"torquestar"_s), "precious");
+    EXPECT_EQ(simulatorFolder.contentOf(u"torquestar"_s), "precious");
 }
 
 TEST(CalibratorProgram, RefusesADamagedMemoryBeforeAnybodyTalksToIt) {
-    const Workshop workshop;
-    workshop.put(u"memory.json"_s, "{");
-    const Outcome outcome = runCalibrator(workshop, {});
+    const SimulatorFolder simulatorFolder;
+    simulatorFolder.put(u"memory.json"_s, "{");
+    const Outcome outcome = runCalibrator(simulatorFolder, {});
     EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(outcome.output, QString());
     EXPECT_TRUE(outcome.errors.contains(u"is not a calibrator's memory, or is damaged"_s))
         << outcome.errors.toStdString();
-    EXPECT_EQ(workshop.contentOf(u"memory.json"_s), "{");
+    EXPECT_EQ(simulatorFolder.contentOf(u"memory.json"_s), "{");
 }
 
 TEST(CalibratorProgram, EndsWithAReasonWhenItsMemoryIsDamagedMeanwhile) {
-    const Workshop workshop;
-    Calibrator calibrator(workshop);
-    workshop.put(u"memory.json"_s, "{");
+    const SimulatorFolder simulatorFolder;
+    Calibrator calibrator(simulatorFolder);
+    simulatorFolder.put(u"memory.json"_s, "{");
     Peer peer(calibrator.device());
     EXPECT_ANY_THROW(peer.exchange("T0A"));
     const Outcome outcome = outcomeOf(calibrator.process());
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"damaged"_s)) << outcome.errors.toStdString();
-    EXPECT_EQ(workshop.contentOf(u"memory.json"_s), "{");
+    EXPECT_EQ(simulatorFolder.contentOf(u"memory.json"_s), "{");
 }
 
 TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
-    const Workshop workshop;
+    const SimulatorFolder simulatorFolder;
     const struct {
         QStringList arguments;
         const char* words;
@@ -112,13 +112,13 @@ TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
         {{u"--room"_s, u"-1"_s}, "--room needs a whole number"},
         {{u"--acknowledge"_s, u"nak"_s}, "--acknowledge is dle or ack"},
         {{u"--fault"_s, u"sulk"_s}, "\"sulk\" is no fault"},
-        {{u"--record"_s, workshop.path(u"nowhere/record"_s)}, "can't be written"},
-        {{u"--link"_s, workshop.path(u"nowhere/link"_s)}, "can't be made"},
+        {{u"--record"_s, simulatorFolder.path(u"nowhere/record"_s)}, "can't be written"},
+        {{u"--link"_s, simulatorFolder.path(u"nowhere/link"_s)}, "can't be made"},
         {{u"more"_s}, "\"more\" is not understood"},
         {{u"--colour"_s}, "Unknown option"},
     };
     for (const auto& entry : cases) {
-        const Outcome outcome = runCalibrator(workshop, entry.arguments);
+        const Outcome outcome = runCalibrator(simulatorFolder, entry.arguments);
         EXPECT_EQ(outcome.code, 1) << entry.words;
         EXPECT_TRUE(outcome.errors.contains(QString::fromLatin1(entry.words)))
             << outcome.errors.toStdString();
@@ -127,15 +127,15 @@ TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
 }
 
 TEST(CalibratorProgram, TellsASerialNumberThatTheWorkstationCantRead) {
-    const Workshop workshop;
-    Calibrator calibrator(workshop, {u"--no-pace"_s, u"--serial"_s, QString::number(0x010A01)});
+    const SimulatorFolder simulatorFolder;
+    Calibrator calibrator(simulatorFolder, {u"--no-pace"_s, u"--serial"_s, QString::number(0x010A01)});
     calibrator.process().terminate();
     EXPECT_TRUE(outcomeOf(calibrator.process()).errors.startsWith(u"note: serial number 68097 has a byte"_s));
 }
 
 TEST(CalibratorProgram, WaitsWithoutUsingTheProcessor) {
-    const Workshop workshop;
-    Calibrator calibrator(workshop, {u"--baud"_s, u"300"_s});
+    const SimulatorFolder simulatorFolder;
+    Calibrator calibrator(simulatorFolder, {u"--baud"_s, u"300"_s});
     Peer peer(calibrator.device());
     peer.exchange("T0A"); // two thirds of a second on this line
     QFile state(u"/proc/%1/stat"_s.arg(calibrator.process().processId()));

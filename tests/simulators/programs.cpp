@@ -15,12 +15,12 @@ constexpr int patience = 20000; // milliseconds
 
 } // namespace
 
-QByteArray Workshop::contentOf(const QString& name) const {
+QByteArray SimulatorFolder::contentOf(const QString& name) const {
     QFile file(path(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void Workshop::put(const QString& name, const QByteArray& content) const {
+void SimulatorFolder::put(const QString& name, const QByteArray& content) const {
     QFile file(path(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         throw std::runtime_error("the file can't be written: " + name.toStdString());
@@ -47,10 +47,11 @@ Outcome runProgram(const QString& program, const QStringList& arguments) {
     return outcomeOf(*process);
 }
 
-Calibrator::Calibrator(const Workshop& workshop, const QStringList& more)
+Calibrator::Calibrator(const SimulatorFolder& simulatorFolder, const QStringList& more)
     : process_(startProgram(u"kelvane-torquestar"_s,
-                            QStringList{u"--memory"_s, workshop.memory(), u"--serial"_s, u"48213"_s,
-                                        u"--link"_s, workshop.link(), u"--record"_s, workshop.record()} +
+                            QStringList{u"--memory"_s, simulatorFolder.memory(), u"--serial"_s, u"48213"_s,
+                                        u"--link"_s, simulatorFolder.link(), u"--record"_s,
+                                        simulatorFolder.record()} +
                                 more)) {
     while (!process_->canReadLine())
         if (!process_->waitForReadyRead(patience))

@@ -9,7 +9,7 @@
 namespace kelvane::simulators {
 
 /// A folder of its own, and the programs in it.
-class Workshop {
+class SimulatorFolder {
   public:
     QString path(const QString& name) const { return folder_.filePath(name); }
     QString memory() const { return path(QStringLiteral("memory.json")); }
@@ -37,7 +37,8 @@ Outcome runProgram(const QString& program, const QStringList& arguments);
 /// A running calibrator, serial number 48213, answering without pace unless told otherwise.
 class Calibrator {
   public:
-    explicit Calibrator(const Workshop& workshop, const QStringList& more = {QStringLiteral("--no-pace")});
+    explicit Calibrator(const SimulatorFolder& simulatorFolder,
+                        const QStringList& more = {QStringLiteral("--no-pace")});
     /// With faults and without pace.
     static QStringList faulty(const QStringList& faults);
 

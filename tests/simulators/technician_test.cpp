@@ -18,12 +18,11 @@ namespace kelvane::simulators {
 class TechnicianProgram : public ::testing::Test {
   protected:
     Outcome technician(const QStringList& arguments) {
-        return runProgram(u"kelvane-technician"_s,
-                          QStringList{u"--memory"_s, workshop_.memory()} + arguments);
+        return runProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, folder_.memory()} + arguments);
     }
 
     void download(const QStringList& names) {
-        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
+        MemoryFile(folder_.memory()).use([&](Memory& memory) {
             for (const QString& name : names) {
                 memory.characteristics.push_back({name, {}, {}, {}});
                 EXPECT_EQ(readFields(addMessage({}).sliced(7), memory.characteristics.back().fields),
@@ -35,7 +34,7 @@ class TechnicianProgram : public ::testing::Test {
 
     Memory kept() {
         Memory kept;
-        MemoryFile(workshop_.memory()).use([&](Memory& memory) {
+        MemoryFile(folder_.memory()).use([&](Memory& memory) {
             kept = memory;
             return false;
         });
@@ -44,12 +43,12 @@ class TechnicianProgram : public ::testing::Test {
 
     std::size_t resultsOf(const QString& name) { return kept().find(name)->results.size(); }
 
-    Workshop workshop_;
+    SimulatorFolder folder_;
     const QStringList points_{u"carry-out"_s, u"--points"_s, u"50,60,100"_s, u"--high"_s, u"100"_s};
 };
 
 TEST_F(TechnicianProgram, CarriesOutWhatARunningCalibratorHolds) {
-    const Calibrator calibrator(workshop_);
+    const Calibrator calibrator(folder_);
     Peer peer(calibrator.device());
     EXPECT_EQ(peer.exchange(addMessage("TW-1")), "t1A");
     EXPECT_EQ(peer.exchange("T1C" + wireName("TW-1")), hex("74 31 43 02"));
@@ -85,8 +84,8 @@ TEST_F(TechnicianProgram, TakesOnlyWhatIsNamed) {
 
 TEST_F(TechnicianProgram, FollowsAPlan) {
     download({u"TW-1"_s, u"TW-2"_s});
-    workshop_.put(u"plan"_s, "TW-2; 50; 0.1; Prüfer: Öz; 2026-11-20 09:15\n");
-    EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, workshop_.path(u"plan"_s)}).code, 0);
+    folder_.put(u"plan"_s, "TW-2; 50; 0.1; Prüfer: Öz; 2026-11-20 09:15\n");
+    EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, folder_.path(u"plan"_s)}).code, 0);
     const Memory memory = kept();
     EXPECT_TRUE(memory.characteristics[0].results.empty());
     EXPECT_EQ(memory.characteristics[1].comment, u"Prüfer: Öz"_s);
@@ -95,7 +94,7 @@ TEST_F(TechnicianProgram, FollowsAPlan) {
 
 TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
     download({u"TW-1"_s});
-    workshop_.put(u"plan"_s, "TW-9; 50\n");
+    folder_.put(u"plan"_s, "TW-9; 50\n");
     const Memory before = kept();
     const struct {
         QStringList arguments;
@@ -114,10 +113,10 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
         {points_ + QStringList{u"--time"_s, u"noon"_s}, "is no moment"},
         {points_ + QStringList{u"--interval"_s, u"-1"_s}, "--interval needs a whole number from 0"},
         {points_ + QStringList{u"--takes"_s, u"201"_s}, "--takes needs a whole number from 0 to 200"},
-        {points_ + QStringList{u"--plan"_s, workshop_.path(u"plan"_s)}, "say the same thing twice"},
-        {{u"carry-out"_s, u"--plan"_s, workshop_.path(u"plan"_s)},
+        {points_ + QStringList{u"--plan"_s, folder_.path(u"plan"_s)}, "say the same thing twice"},
+        {{u"carry-out"_s, u"--plan"_s, folder_.path(u"plan"_s)},
          "The calibrator holds no characteristic \"TW-9\""},
-        {{u"carry-out"_s, u"--plan"_s, workshop_.path(u"none"_s)}, "can't be read"},
+        {{u"carry-out"_s, u"--plan"_s, folder_.path(u"none"_s)}, "can't be read"},
     };
     for (const auto& entry : cases) {
         const Outcome outcome = technician(entry.arguments);
@@ -134,7 +133,7 @@ TEST_F(TechnicianProgram, HasNothingToDoOnAnEmptyCalibrator) {
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"nothing to carry out"_s));
     EXPECT_EQ(technician({u"erase"_s}).output, u"0 results erased\n"_s);
-    EXPECT_FALSE(QFile::exists(workshop_.memory()));
+    EXPECT_FALSE(QFile::exists(folder_.memory()));
 }
 
 TEST_F(TechnicianProgram, ErasesTheResultsAndKeepsTheWork) {
@@ -159,20 +158,20 @@ TEST_F(TechnicianProgram, RefusesWhatIsForAnotherCalibrator) {
 }
 
 TEST_F(TechnicianProgram, RefusesADamagedMemory) {
-    workshop_.put(u"memory.json"_s, "{");
+    folder_.put(u"memory.json"_s, "{");
     const Outcome outcome = technician(points_);
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"damaged"_s));
-    EXPECT_EQ(workshop_.contentOf(u"memory.json"_s), "{");
+    EXPECT_EQ(folder_.contentOf(u"memory.json"_s), "{");
 }
 
 TEST_F(TechnicianProgram, WaitsWhileSomebodyElseHoldsTheMemory) {
     download({u"TW-1"_s});
-    const int lock = ::open(QFile::encodeName(workshop_.path(u"memory.json.lock"_s)), O_RDWR | O_CLOEXEC);
+    const int lock = ::open(QFile::encodeName(folder_.path(u"memory.json.lock"_s)), O_RDWR | O_CLOEXEC);
     ASSERT_GE(lock, 0);
     ASSERT_EQ(::flock(lock, LOCK_EX), 0);
     const auto process =
-        startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, workshop_.memory()} + points_);
+        startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, folder_.memory()} + points_);
     EXPECT_FALSE(process->waitForFinished(300));
     ::close(lock);
     EXPECT_EQ(outcomeOf(*process).code, 0);
@@ -184,12 +183,12 @@ TEST_F(TechnicianProgram, ManyTechniciansAndACalibratorLoseNothing) {
     for (int number = 0; number < 8; ++number)
         names += u"TW-%1"_s.arg(number);
     download(names);
-    const Calibrator calibrator(workshop_);
+    const Calibrator calibrator(folder_);
     Peer peer(calibrator.device());
     std::vector<std::unique_ptr<QProcess>> technicians;
     for (const QString& name : names) {
         technicians.push_back(
-            startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, workshop_.memory()} + points_ +
+            startProgram(u"kelvane-technician"_s, QStringList{u"--memory"_s, folder_.memory()} + points_ +
                                                       QStringList{u"--only"_s, name}));
         EXPECT_EQ(peer.exchange(addMessage("NEW-" + name.toLatin1())), "t1A");
     }

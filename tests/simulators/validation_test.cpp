@@ -13,8 +13,8 @@ namespace {
 
 /// The reply of an empty calibrator to a T1A with these fields.
 QByteArray replyTo(const std::vector<QByteArray>& fields, const QByteArray& name = "TW-1") {
-    const Workshop workshop;
-    MemoryFile memory(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    MemoryFile memory(simulatorFolder.memory());
     return Messages(memory, 48213, 500).answer(addMessage(name, fields));
 }
 
@@ -170,8 +170,8 @@ TEST(CharacteristicCheck, AnotherTypeInTheShortFormIsAnUnknownError) {
 TEST(CharacteristicCheck, AMessageCutShortAtAnyPlaceIsNeverTaken) {
     const QByteArray whole = addMessage("TW-1");
     for (qsizetype length = 3; length < whole.size(); ++length) {
-        const Workshop workshop;
-        MemoryFile memory(workshop.memory());
+        const SimulatorFolder simulatorFolder;
+        MemoryFile memory(simulatorFolder.memory());
         const QByteArray reply = Messages(memory, 48213, 500).answer(whole.first(length));
         EXPECT_EQ(reply, refusedWith(0)) << length;
     }
@@ -184,8 +184,8 @@ TEST(CharacteristicCheck, ANameOfElevenCharactersIsTakenAndOneOfTwelveIsTooLong)
 }
 
 TEST(CharacteristicCheck, AFullMemoryHasNoRoom) {
-    const Workshop workshop;
-    MemoryFile memory(workshop.memory());
+    const SimulatorFolder simulatorFolder;
+    MemoryFile memory(simulatorFolder.memory());
     Messages messages(memory, 48213, 2);
     EXPECT_EQ(messages.answer(addMessage("A")), "t1A");
     EXPECT_EQ(messages.answer(addMessage("B")), "t1A");

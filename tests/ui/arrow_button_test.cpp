@@ -1,4 +1,5 @@
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 #include "ui/arrow_button.h"
 
 #include <QTest>
@@ -15,7 +16,7 @@ using Way = ArrowButton::Way;
 
 /// The sum of the darkness in the upper and in the lower half of the arrow.
 std::pair<int, int> halves(Way way) {
-    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandMove"_s, way, 103));
+    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandMove"_s, way, TextId::exitCommand));
     made->resize(made->sizeHint());
     const auto picture = made->grab().toImage();
     const int middle = picture.height() / 2;
@@ -30,7 +31,7 @@ std::pair<int, int> halves(Way way) {
 } // namespace
 
 TEST(ArrowButtons, AreSquareAndStaySo) {
-    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, 103));
+    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, TextId::exitCommand));
     EXPECT_EQ(made->sizeHint().width(), made->sizeHint().height());
     EXPECT_EQ(made->minimumSizeHint(), made->sizeHint());
     EXPECT_EQ(made->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
@@ -38,7 +39,7 @@ TEST(ArrowButtons, AreSquareAndStaySo) {
 }
 
 TEST(ArrowButtons, SayWhatTheyDoWithoutAText) {
-    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, 103));
+    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, TextId::exitCommand));
     EXPECT_EQ(made->objectName(), u"CommandUp"_s);
     EXPECT_EQ(made->text(), QString());
     EXPECT_EQ(made->accessibleName(), u"Exit"_s);
@@ -54,7 +55,7 @@ TEST(ArrowButtons, PointUpAndDown) {
 }
 
 TEST(ArrowButtons, AreClickedByMouseAndKeyboard) {
-    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, 103));
+    const std::unique_ptr<ArrowButton> made(arrowButton(u"CommandUp"_s, Way::up, TextId::exitCommand));
     int clicks = 0;
     QObject::connect(made.get(), &QPushButton::clicked, made.get(), [&clicks] { ++clicks; });
     made->show();

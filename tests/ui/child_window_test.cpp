@@ -1,6 +1,7 @@
-#include "tests/support/fixtures.h"
-#include "tests/support/screen_operator.h"
+#include "testkit/fixtures.h"
+#include "testkit/screen_operator.h"
 #include "ui/child_window.h"
+#include "ui/open_windows.h"
 
 #include <QLineEdit>
 #include <QMainWindow>
@@ -23,7 +24,7 @@ namespace {
 class SomeScreen final : public ChildWindow {
   public:
     explicit SomeScreen(Session& session)
-        : ChildWindow(session, ChildForm::FormODBC, u"SomeScreen"_s, {.width = 4500, .height = 2250}),
+        : ChildWindow(session, u"SomeScreen"_s, {.width = 4500, .height = 2250}),
           field(new QLineEdit),
           accept(new QPushButton(u"Accept"_s)),
           other(new QPushButton(u"Other"_s)),
@@ -63,7 +64,7 @@ namespace {
 class ScreenOfPages final : public ChildWindow {
   public:
     explicit ScreenOfPages(Session& session)
-        : ChildWindow(session, ChildForm::FormODBC, u"ScreenOfPages"_s, {.width = 4500, .height = 4500}) {
+        : ChildWindow(session, u"ScreenOfPages"_s, {.width = 4500, .height = 4500}) {
         auto* body = new QWidget;
         auto* column = new QVBoxLayout(body);
         for (auto* tabs : {outer, inner}) {
@@ -99,7 +100,7 @@ class ChildWindowTest : public RecordedSession {
         made->showIn(*area);
         return *made;
     }
-    bool flag() { return session.openFlag(ChildForm::FormODBC); }
+    bool flag() { return isWindowOpen(session, u"SomeScreen"); }
 
     QMainWindow window;
     QMdiArea* area = new QMdiArea;

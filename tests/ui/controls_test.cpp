@@ -1,4 +1,5 @@
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 #include "ui/controls.h"
 
 #include <QApplication>
@@ -14,19 +15,20 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 TEST(Controls, CarryTheirNamesAndToolTips) {
-    const std::unique_ptr<QPushButton> made(button(u"CommandExit"_s, 103, 473));
+    const std::unique_ptr<QPushButton> made(
+        button(u"CommandExit"_s, TextId::exitCommand, TextId::loginExitTip));
     EXPECT_EQ(made->objectName(), u"CommandExit"_s);
     EXPECT_EQ(made->text(), u"Exit"_s);
     EXPECT_EQ(made->accessibleName(), u"Exit"_s);
     EXPECT_EQ(made->toolTip(), u"Exit Kelvane"_s);
     QWidget control;
-    const std::unique_ptr<QLabel> beside(labelFor(&control, u"Label1"_s, 131));
+    const std::unique_ptr<QLabel> beside(labelFor(&control, u"Label1"_s, TextId::userName));
     EXPECT_EQ(beside->buddy(), &control);
     EXPECT_EQ(beside->text(), u"Username:"_s);
 }
 
 TEST(DropDowns, KeepTheirWidthWhateverTheirRowsAre) {
-    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, 0));
+    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, {}));
     keepWidth(list.get());
     const auto before = list->sizeHint();
     list->addItem(u"x"_s.repeated(500));
@@ -37,8 +39,8 @@ TEST(DropDowns, KeepTheirWidthWhateverTheirRowsAre) {
 TEST(DropDowns, TurnWithTheWheelOnlyWhileTheyHaveTheFocus) {
     QWidget window;
     auto* row = new QHBoxLayout(&window);
-    auto* list = dropDown(u"ComboTSName"_s, u"Strategy"_s, 0, {u"FIVE"_s, u"UP DOWN"_s});
-    auto* other = button(u"CommandExit"_s, 103, 473);
+    auto* list = dropDown(u"ComboTSName"_s, u"Strategy"_s, {}, {u"FIVE"_s, u"UP DOWN"_s});
+    auto* other = button(u"CommandExit"_s, TextId::exitCommand, TextId::loginExitTip);
     row->addWidget(list);
     row->addWidget(other);
     window.show();
@@ -59,7 +61,7 @@ TEST(DropDowns, TurnWithTheWheelOnlyWhileTheyHaveTheFocus) {
 }
 
 TEST(DropDowns, DoNotMeasureEachOfManyRows) {
-    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, 0));
+    const std::unique_ptr<QComboBox> list(dropDown(u"ComboTSName"_s, u"Strategy"_s, {}));
     keepWidth(list.get());
     const auto* rows = qobject_cast<const QListView*>(list->view());
     ASSERT_NE(rows, nullptr);

@@ -1,7 +1,9 @@
 #include "ui/editor_window.h"
 
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 #include "ui/guarded.h"
+#include "ui/open_windows.h"
 
 #include <QDir>
 #include <QLineEdit>
@@ -22,8 +24,7 @@ const QString discard = u"Are you sure you want to discard any changes made sinc
 class SomeEditor : public EditorWindow {
   public:
     explicit SomeEditor(Session& session)
-        : EditorWindow(session, ChildForm::FormODBC, u"SomeEditor"_s, {.width = 4500, .height = 2250}),
-          field(new QLineEdit) {
+        : EditorWindow(session, u"SomeEditor"_s, {.width = 4500, .height = 2250}), field(new QLineEdit) {
         setBody(field);
         saveCheckSum();
         onSignal(field, &QLineEdit::textChanged, this, session_.ui, [this] {
@@ -51,7 +52,9 @@ class SomeEditor : public EditorWindow {
 class OtherEditor final : public SomeEditor {
   public:
     using SomeEditor::SomeEditor;
-    Question closeQuestion() const override { return {1093, box::question, 282}; }
+    Question closeQuestion() const override {
+        return {TextId::confirmDiscardChanges, box::question, TextId::recordConfiguration};
+    }
 };
 
 } // namespace
@@ -92,7 +95,7 @@ TEST_F(EditorWindowTest, ClosesWithoutAWordWhenNothingIsChanged) {
     auto& editor = open<SomeEditor>();
     editor.close();
     EXPECT_FALSE(editor.isOpen());
-    EXPECT_FALSE(session.openFlag(ChildForm::FormODBC));
+    isWindowOpen(EXPECT_FALSE(session, u"SomeEditor"));
 }
 
 TEST_F(EditorWindowTest, AsksBeforeChangesGoAndStaysOnNo) {
@@ -118,7 +121,8 @@ TEST_F(EditorWindowTest, AsksItsOwnQuestionWhereItHasOne) {
 
 TEST_F(EditorWindowTest, AQuestionAnsweredWithYesAloneLetsChangesGo) {
     auto& editor = open<SomeEditor>();
-    const SomeEditor::Question question{167, box::question, 101};
+    const SomeEditor::Question question{TextId::confirmDiscardSinceSave, box::question,
+                                        TextId::applicationName};
     EXPECT_TRUE(editor.mayDiscard(question));
     editor.field->setText(u"abc"_s);
     for (const auto answer : {BoxAnswer::yes, BoxAnswer::no, BoxAnswer::cancel}) {

@@ -1,5 +1,7 @@
-#include "tests/support/program_fixture.h"
+#include "resources/text_id.h"
+#include "testkit/program_fixture.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/open_windows.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -174,28 +176,28 @@ TEST(FaultOfEntry, IsToldByTheFieldsKind) {
         QStringView entry;
         int kind;
         QStringView format;
-        int fault;
+        std::optional<TextId> fault;
     } rows[] = {
-        {u"anything", 0, u"", 0},
-        {u"", 0, u"", 0},
-        {u"11/21/2026", 1, u"MM/DD/YYYY", 0},
-        {u"21/11/2026", 1, u"DD/MM/YYYY", 0},
-        {u"21 Nov 2026", 1, u"", 0},
-        {u"11/21/2026 14:30", 1, u"MM/DD/YYYY", 0},
-        {u"02/30/2026", 1, u"MM/DD/YYYY", 1009},
-        {u"14:30", 1, u"MM/DD/YYYY", 1009},
-        {u"42", 1, u"MM/DD/YYYY", 1009},
-        {u"", 1, u"MM/DD/YYYY", 1009},
-        {u"-1,000.5e-3", 2, u"", 0},
-        {u"12 V", 2, u"", 1010},
-        {u"", 2, u"", 1010},
-        {u"14:30", 3, u"MM/DD/YYYY", 0},
-        {u"2:30 pm", 3, u"MM/DD/YYYY", 0},
-        {u"11/21/2026", 3, u"MM/DD/YYYY", 0},
-        {u"25:00", 3, u"MM/DD/YYYY", 1011},
-        {u"", 3, u"MM/DD/YYYY", 1011},
-        {u"anything", 4, u"", 0},
-        {u"anything", -1, u"", 0},
+        {u"anything", 0, u"", {}},
+        {u"", 0, u"", {}},
+        {u"11/21/2026", 1, u"MM/DD/YYYY", {}},
+        {u"21/11/2026", 1, u"DD/MM/YYYY", {}},
+        {u"21 Nov 2026", 1, u"", {}},
+        {u"11/21/2026 14:30", 1, u"MM/DD/YYYY", {}},
+        {u"02/30/2026", 1, u"MM/DD/YYYY", TextId::dateInvalid},
+        {u"14:30", 1, u"MM/DD/YYYY", TextId::dateInvalid},
+        {u"42", 1, u"MM/DD/YYYY", TextId::dateInvalid},
+        {u"", 1, u"MM/DD/YYYY", TextId::dateInvalid},
+        {u"-1,000.5e-3", 2, u"", {}},
+        {u"12 V", 2, u"", TextId::numberInvalid},
+        {u"", 2, u"", TextId::numberInvalid},
+        {u"14:30", 3, u"MM/DD/YYYY", {}},
+        {u"2:30 pm", 3, u"MM/DD/YYYY", {}},
+        {u"11/21/2026", 3, u"MM/DD/YYYY", {}},
+        {u"25:00", 3, u"MM/DD/YYYY", TextId::timeInvalid},
+        {u"", 3, u"MM/DD/YYYY", TextId::timeInvalid},
+        {u"anything", 4, u"", {}},
+        {u"anything", -1, u"", {}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(faultOfEntry(row.entry.toString(), row.kind, row.format.toString()), row.fault)
@@ -339,7 +341,7 @@ TEST_F(CustomDialogTest, CancellingNeedsASecondConfirmation) {
             cancel();
         });
         EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s) << way;
-        EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog)) << way;
+        isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog")) << way;
     }
 }
 
@@ -370,12 +372,12 @@ TEST_F(CustomDialogTest, ASecondQuestionWhileOneIsOpenIsCancelledAtOnce) {
 
 TEST_F(CustomDialogTest, KeepsItsFlagWhileItIsOpenAndItsPosition) {
     meet([this](FormCustomDialog& dialog, Controls) {
-        EXPECT_TRUE(session.openFlag(ChildForm::FormCustomDialog));
+        isWindowOpen(EXPECT_TRUE(session, u"FormCustomDialog"));
         dialog.move(40, 60);
         answerDialog(dialog, u"x"_s);
     });
     ask(textQuestion());
-    EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog));
+    isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog"));
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCustomDialog=600"_s, u"Top/FormCustomDialog=900"_s}));
     meet([](FormCustomDialog& dialog, Controls) {
         EXPECT_EQ(dialog.pos(), QPoint(40, 60));
@@ -427,7 +429,7 @@ TEST_F(CustomDialogTest, AnEventLoopThatEndsCancelsIt) {
         &program.window, [&] { answer = ask(textQuestion()); }, Qt::QueuedConnection);
     QCoreApplication::exec();
     EXPECT_EQ(answer, u"*CANCEL*"_s);
-    EXPECT_FALSE(session.openFlag(ChildForm::FormCustomDialog));
+    isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog"));
 }
 
 TEST_F(CustomDialogTest, TextsAreShownAsTheyStand) {

@@ -1,6 +1,6 @@
 #include "ui/indicators.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QApplication>
 #include <QImage>

@@ -1,6 +1,6 @@
 #include "ui/list_rows.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QApplication>
 #include <QDir>

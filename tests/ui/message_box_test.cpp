@@ -1,6 +1,7 @@
 #include "resources/strings.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/screen_operator.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
+#include "testkit/screen_operator.h"
 #include "ui/guarded.h"
 #include "ui/message_box.h"
 #include "ui/qt_user_interface.h"
@@ -91,15 +92,19 @@ TEST(MessageBox, EscapeAndTheFrameLeaveABoxOfThreeWaysOpen) {
 }
 
 TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
-    for (const int id : {115, 118, 136, 259, 369, 428, 554, 562, 606, 1001, 1064}) {
+    for (const auto id :
+         {TextId::confirmExit, TextId::internalErrorAdvice, TextId::databaseConnectionFailed,
+          TextId::configurationDataIncomplete, TextId::resultTemplateMissing, TextId::noTestStrategiesDefined,
+          TextId::outputNotMeasurable, TextId::calibratorReportedPass, TextId::requiredDataRetryAdvised,
+          TextId::connectionLostAdvice, TextId::errorReportNotWritten}) {
         const auto shown = text(id);
         ScreenOperator person;
         person.expectBox(shown, u"Kelvane"_s, box::warning, [id](QMessageBox& box) {
-            EXPECT_TRUE(box.findChildren<QPlainTextEdit*>().isEmpty()) << id;
+            EXPECT_TRUE(box.findChildren<QPlainTextEdit*>().isEmpty()) << static_cast<int>(id);
             const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
-            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << id;
-            EXPECT_LE(box.width(), 560) << id;
-            EXPECT_LE(box.height(), 220) << id;
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << static_cast<int>(id);
+            EXPECT_LE(box.width(), 560) << static_cast<int>(id);
+            EXPECT_LE(box.height(), 220) << static_cast<int>(id);
             click(*box.buttons().first());
         });
         showMessageBox(nullptr, shown, u"Kelvane"_s, box::warning);
@@ -129,8 +134,9 @@ TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreenAndScrollsDownwardsOnl
 }
 
 TEST(MessageBox, AReportWithAHugeStatementShowsTheErrorsOwnTextWholeAtItsTop) {
-    const auto own = text(117) + u" 1054 no such column: c2399\r\n\r\n"_s + text(118) + u"\r\n\r\n"_s +
-                     text(119) + u"ModuleGlobals,CreateCalRecord\r\n"_s + text(120);
+    const auto own = text(TextId::internalErrorOccurred) + u" 1054 no such column: c2399\r\n\r\n"_s +
+                     text(TextId::internalErrorAdvice) + u"\r\n\r\n"_s + text(TextId::errorReportRoutine) +
+                     u"ModuleGlobals,CreateCalRecord\r\n"_s + text(TextId::errorReportSql);
     const auto report = own + u"'x'"_s.repeated(300000);
     ScreenOperator person;
     person.expectBox(report, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {

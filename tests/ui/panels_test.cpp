@@ -1,4 +1,5 @@
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 #include "ui/panels.h"
 
 #include <QApplication>
@@ -18,21 +19,21 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 TEST(Panels, HaveACaptionThatAScreenReaderSays) {
-    const std::unique_ptr<QGroupBox> made(panel(u"SSPanel1"_s, 104));
+    const std::unique_ptr<QGroupBox> made(panel(u"SSPanel1"_s, TextId::calibrationMenu));
     EXPECT_EQ(made->objectName(), u"SSPanel1"_s);
     EXPECT_EQ(made->title(), u"Calibration"_s);
     EXPECT_EQ(made->accessibleName(), u"Calibration"_s);
 }
 
 TEST(Notes, Wrap) {
-    const std::unique_ptr<QLabel> made(note(u"Note1"_s, 118));
+    const std::unique_ptr<QLabel> made(note(u"Note1"_s, TextId::internalErrorAdvice));
     EXPECT_TRUE(made->wordWrap());
     EXPECT_EQ(made->textFormat(), Qt::PlainText);
     EXPECT_GT(made->heightForWidth(200), made->heightForWidth(600));
 }
 
 TEST(Notes, GrowWithTheirLetters) {
-    const std::unique_ptr<QLabel> made(note(u"Note1"_s, 118));
+    const std::unique_ptr<QLabel> made(note(u"Note1"_s, TextId::internalErrorAdvice));
     const int before = made->heightForWidth(200);
     EXPECT_EQ(made->heightForWidth(200), before);
     auto font = made->font();
@@ -42,14 +43,14 @@ TEST(Notes, GrowWithTheirLetters) {
 }
 
 TEST(TabControls, GiveTheFocusToTheirRowOfTabsAlone) {
-    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, TextId::calibrationParameters));
     EXPECT_EQ(made->focusPolicy(), Qt::NoFocus);
     EXPECT_EQ(made->tabBar()->focusPolicy(), Qt::TabFocus);
     EXPECT_EQ(made->tabBar()->accessibleName(), u"Calibration Parameters"_s);
 }
 
 TEST(TabControls, ShowTheirCaptionsWholeAndClose) {
-    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, TextId::calibrationParameters));
     QTabWidget usual;
     for (auto* tabs : {made.get(), &usual}) {
         for (const int page : {1, 2, 3, 4})
@@ -92,7 +93,7 @@ TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
         auto* style = new WideTabs;
         QApplication::setStyle(style);
         QApplication::setFont(QFont(before.family(), size));
-        const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+        const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, TextId::calibrationParameters));
         for (const int page : {1, 2, 3, 4})
             made->addTab(new QWidget, u"A caption of some length "_s + QString::number(page));
         made->resize(made->minimumSizeHint());
@@ -110,7 +111,7 @@ TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
 }
 
 TEST(TabControls, PassOverPagesThatCantBeChosen) {
-    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, TextId::calibrationParameters));
     for (const int page : {0, 1, 2, 3})
         made->addTab(new QWidget, QString::number(page));
     made->setTabEnabled(1, false);
@@ -129,7 +130,7 @@ TEST(TabControls, PassOverPagesThatCantBeChosen) {
 }
 
 TEST(TabControls, ChangeTheirPageByKeyboard) {
-    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, 112));
+    const std::unique_ptr<QTabWidget> made(tabControl(u"SSTab1"_s, TextId::calibrationParameters));
     made->addTab(new QWidget, u"One"_s);
     made->addTab(new QWidget, u"Two"_s);
     made->show();

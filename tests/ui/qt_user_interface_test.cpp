@@ -1,5 +1,6 @@
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/open_windows.h"
 #include "ui/qt_user_interface.h"
 
 #include <QLabel>
@@ -35,9 +36,9 @@ TEST_F(ProgressTest, ShowsCaptionActionAndPercentage) {
     EXPECT_EQ(progress.toolTip(), u"Status of action being performed"_s);
     EXPECT_EQ(progress.minimum(), 0);
     EXPECT_EQ(progress.maximum(), 100);
-    EXPECT_TRUE(session.openFlag(ChildForm::FormStatusBar));
+    isWindowOpen(EXPECT_TRUE(session, u"FormStatusBar"));
     program.ui.hideProgress();
-    EXPECT_FALSE(session.openFlag(ChildForm::FormStatusBar));
+    isWindowOpen(EXPECT_FALSE(session, u"FormStatusBar"));
 }
 
 TEST_F(ProgressTest, PercentagesOutsideAreCut) {

@@ -1,4 +1,4 @@
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 #include "ui/child_window.h"
 #include "ui/qt_user_interface.h"
 #include "ui/status_line.h"

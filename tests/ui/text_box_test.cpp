@@ -1,6 +1,6 @@
 #include "ui/text_box.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,7 @@
 #include "ui/whole_text.h"
 
-#include "tests/support/fixtures.h"
+#include "resources/text_id.h"
+#include "testkit/fixtures.h"
 #include "ui/controls.h"
 
 #include <QApplication>
@@ -128,7 +129,7 @@ class WholeDropDowns : public ::testing::Test {
         list->addItems({u"short"_s, longRow, u"middle"_s});
         list->resize(150, list->sizeHint().height());
     }
-    std::unique_ptr<QComboBox> list{dropDown(u"ComboTSName"_s, u"Strategy"_s, 1005)};
+    std::unique_ptr<QComboBox> list{dropDown(u"ComboTSName"_s, u"Strategy"_s, TextId::entryTip)};
 };
 
 TEST_F(WholeDropDowns, ClosedTheyEndInDotsAndShowTheRestAsToolTip) {

@@ -1,9 +1,10 @@
 #include "app/login.h"
 #include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/support/engines.h"
-#include "tests/support/scripted_serial_port.h"
+#include "resources/text_id.h"
+#include "testkit/engines.h"
+#include "testkit/recorded_link.h"
+#include "testkit/scripted_serial_port.h"
 #include "tests/workflow/scripted_screen.h"
 #include "workflow/driver.h"
 
@@ -29,7 +30,8 @@ class ConfinedEntries : public EngineSession, public ::testing::WithParamInterfa
 TEST_P(ConfinedEntries, AnInstrumentThatEndsItsQuotesIsReportedAndNoInstrument) {
     for (const auto& entry : breakingTexts()) {
         expectRefusal(entry, {u"ModuleGlobals,CheckAsset"_s}, [&] {
-            ui.expectBox(text(195), text(105), box::warning);
+            ui.expectBox(text(TextId::instrumentNumberInvalid), text(TextId::downloadProcedures),
+                         box::warning);
             addToDownloadList(calibrators, screen, entry);
         });
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/recorded_link.h"
+#include "testkit/torque_fixture.h"
 #include "tests/workflow/scripted_screen.h"
 
 namespace kelvane::testing {
@@ -14,7 +14,7 @@ inline const QString incomplete = QStringLiteral(
     "instrument have not yet been set, or the test strategy has not been set or has been removed.");
 inline const QString standardRequired = QStringLiteral("External Standard Required");
 
-class DownloadList : public TorqueShop {
+class DownloadList : public TorqueFixture {
   protected:
     DownloadList() {
         addWrenches(QStringLiteral("unused"), 3);

@@ -1,6 +1,7 @@
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/fluke_shop.h"
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "resources/text_id.h"
+#include "testkit/fluke_fixture.h"
+#include "testkit/torque_fixture.h"
 #include "workflow/driver.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +14,7 @@ const QString later = u"The driver for this calibrator is not part of this versi
 
 } // namespace
 
-class Drivers : public TorqueShop {
+class Drivers : public TorqueFixture {
   protected:
     RecordedLink link;
     Calibrators calibrators{session, {session, port}, {session, link}};
@@ -26,7 +27,8 @@ TEST_F(Drivers, AreChosenByTheCalibratorsName) {
     addInstrument(u"W-2"_s, u"KW-2"_s, indicated);
     const auto torqueStar = u"Crane TorqueStar IVc"_s;
     EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-1"_s), QString());
-    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-2"_s), text(641));
+    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-2"_s),
+              text(TextId::indicatedInputUnsupported));
     EXPECT_TRUE(calibratorRequiresStandard(calibrators, torqueStar, u"W-1"_s));
     EXPECT_EQ(calibratorDownload(calibrators, torqueStar, u"TAG"_s), QString());
     EXPECT_EQ(conversation().last(), u"T1A W-1"_s);
@@ -34,7 +36,7 @@ TEST_F(Drivers, AreChosenByTheCalibratorsName) {
     EXPECT_EQ(conversation().last(), u"T2E KVTASK"_s);
 }
 
-class FlukeDriver : public FlukeShop {
+class FlukeDriver : public FlukeFixture {
   protected:
     FlukeDriver() {
         addCalibrator();
@@ -54,7 +56,7 @@ TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
     addInstrument(u"PT-2"_s, indicated);
     addInstrument(u"PT-3"_s, instrument(u"psi"_s, 0, 100, u"lumen"_s, 0, 1));
     EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-1"_s), QString());
-    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-2"_s), text(641));
+    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-2"_s), text(TextId::indicatedInputUnsupported));
     EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"PT-1"_s));
     EXPECT_TRUE(calibratorRequiresStandard(calibrators, name, u"PT-3"_s));
     EXPECT_EQ(link.calls, QStringList()) << "the calibrator is not needed yet";
@@ -127,11 +129,12 @@ TEST_F(Drivers, AreChosenByCaptionsAndRememberedByTheirNames) {
     folder.write(u"texts.txt"_s, "351\tDer Drehmomentprüfer\n");
     ASSERT_TRUE(overlayStrings(folder.path() + u"/texts.txt"_s));
     settings.values.insert(u"Defaults/Last"_s, u"Crane TorqueStar IVc"_s);
-    ui.expectDialog(u"Download"_s, text(353), u"Der Drehmomentprüfer"_s, [](const DialogQuestion& question) {
-        EXPECT_EQ(question.defaultText, u"Der Drehmomentprüfer"_s);
-        EXPECT_EQ(question.choices,
-                  (QStringList{u"Der Drehmomentprüfer"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}));
-    });
+    ui.expectDialog(u"Download"_s, text(TextId::selectCalibratorToUse), u"Der Drehmomentprüfer"_s,
+                    [](const DialogQuestion& question) {
+                        EXPECT_EQ(question.defaultText, u"Der Drehmomentprüfer"_s);
+                        EXPECT_EQ(question.choices, (QStringList{u"Der Drehmomentprüfer"_s, u"Fluke 702"_s,
+                                                                 u"Fluke 743/744"_s}));
+                    });
     EXPECT_EQ(chooseCalibrator(session, u"Download"_s, u"Last"_s), u"Crane TorqueStar IVc"_s);
     EXPECT_EQ(calibratorCaption(u"Crane TorqueStar IVc"_s), u"Der Drehmomentprüfer"_s);
     EXPECT_EQ(calibratorCaption(u"Other"_s), u"Other"_s);

@@ -1,5 +1,7 @@
 #include "tests/workflow/download_list_fixture.h"
 
+#include "resources/text_id.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -109,7 +111,7 @@ TEST_F(DownloadList, OnlyTheTorqueStarWantsCalibrationParametersOfTheStandard) {
     for (const auto& asset : {u"L-1"_s, u"W-1"_s})
         qualify(u"PLAIN"_s, asset); // in the inventory, without parameters
     screen.name = u"Fluke 702"_s;
-    ui.expectBox(u"L-1: "_s + text(554), title, box::information);
+    ui.expectBox(u"L-1: "_s + text(TextId::outputNotMeasurable), title, box::information);
     expectQuestion(u"L-1"_s, u"PLAIN"_s);
     expectQuestion(u"L-1"_s, QString(), false);
     add(u"L-1"_s);

@@ -1,8 +1,9 @@
 #include "workflow/unfinished_results.h"
 
-#include "data/in_use.h"
-#include "data/journal.h"
+#include "data/assets/in_use.h"
+#include "data/journal/journal.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 #include <QDir>
@@ -261,7 +262,7 @@ TEST_F(ResultsWithoutRecord, ARefusalLeavesTheEntryUnlessItsOwnRecordIsThere) {
     // Somebody else's record of the same moment, which is no record of this program.
     execute(
         u"insert into mt.calibration (mtag, c2301, c2333, cdsrc) values ('1401', '2026-03-18', '08:00:30', 'MTC')"_s);
-    expectKept(text(565));
+    expectKept(text(TextId::recordAlreadyExists));
     EXPECT_EQ(verdicts().size(), 1);
 }
 
@@ -329,7 +330,7 @@ TEST_F(ResultsWithoutRecord, AnotherOwnersResultsAreKeptForHim) {
 TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsTold) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     change(u"driver"_s, u"fluke99"_s);
-    expectKept(text(1063));
+    expectKept(text(TextId::driverNotInVersion));
 }
 
 TEST_F(ResultsWithoutRecord, AnErrorOrALostConnectionKeepsThem) {

@@ -1,13 +1,14 @@
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "resources/text_id.h"
+#include "testkit/recorded_link.h"
+#include "testkit/torque_fixture.h"
 #include "workflow/driver.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-class UploadCommand : public TorqueShop {
+class UploadCommand : public TorqueFixture {
   protected:
     UploadCommand() { addCalibrator(); }
 
@@ -73,7 +74,7 @@ TEST_F(UploadCommand, OfAFluke702ReadsItOverItsLink) {
 
 TEST_F(UploadCommand, OfAFluke702ThatTheDatabaseDoesNotKnowIsRefused) {
     choose(u"Fluke 702"_s);
-    ui.expectBox(text(423), title, box::warning);
+    ui.expectBox(text(TextId::calibratorAssetNotFound), title, box::warning);
     upload();
     EXPECT_FALSE(ui.busy);
 }

@@ -1,7 +1,7 @@
 #include "tests/workflow/upload_trouble.h"
 
-#include "data/journal.h"
-#include "platform/odbc_connection.h"
+#include "data/journal/journal.h"
+#include "platform/database/odbc_connection.h"
 
 #include <QFile>
 
@@ -52,7 +52,7 @@ void TroubleMaker::after() const {
 }
 
 UploadInTrouble::UploadInTrouble()
-    : database(QString::fromUtf8(KELVANE_TEST_DATABASE)), session({ui, clock, settings}, [this] {
+    : database(demoDatabase()), session({ui, clock, settings}, [this] {
           return std::make_unique<TroubledConnection>(odbcConnections()(), maker);
       }) {
     session.SessionDataSource = database.dsn();

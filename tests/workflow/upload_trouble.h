@@ -1,11 +1,11 @@
 #pragma once
 
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/drivers/torquestar/line_peer.h"
-#include "tests/support/embedded_database.h"
-#include "tests/support/fixtures.h"
-#include "tests/support/forwarding_connection.h"
-#include "tests/support/quiet_operator.h"
+#include "testkit/embedded_database.h"
+#include "testkit/fixtures.h"
+#include "testkit/forwarding_connection.h"
+#include "testkit/line_peer.h"
+#include "testkit/quiet_operator.h"
+#include "testkit/recorded_link.h"
 #include "workflow/unfinished_results.h"
 
 namespace kelvane::testing {

@@ -1,10 +1,10 @@
 #include "tests/workflow/upload_trouble.h"
 
-#include "data/cal_params.h"
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
 #include "drivers/fluke702/fluke702.h"
 #include "drivers/torquestar/torquestar.h"
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 #include <cmath>
 

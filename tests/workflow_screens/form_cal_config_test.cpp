@@ -1,5 +1,6 @@
 #include "resources/strings.h"
-#include "tests/support/program_fixture.h"
+#include "testkit/program_fixture.h"
+#include "ui/open_windows.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -193,7 +194,7 @@ TEST_F(FormCalConfigTest, ClosingStoresOnlyThePosition) {
     open();
     child(u"FormCalConfig"_s).close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCalConfig=105"_s, u"Top/FormCalConfig=75"_s}));
-    EXPECT_FALSE(session.openFlag(ChildForm::FormCalConfig));
+    isWindowOpen(EXPECT_FALSE(session, u"FormCalConfig"));
 }
 
 /// A translation of what the screen shows.

@@ -1,7 +1,8 @@
-#include "data/assets.h"
-#include "data/cal_params.h"
-#include "tests/support/program_fixture.h"
+#include "data/assets/assets.h"
+#include "data/parameters/cal_params.h"
+#include "testkit/program_fixture.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/open_windows.h"
 #include "workflow/form_docking_down.h"
 
 #include <QApplication>
@@ -287,7 +288,7 @@ TEST_F(FormDockingDownTest, AGoodDownloadSaysSoStoresTheCalibratorAndCloses) {
     person.expectBox(u"Download Successful"_s, title, box::information);
     click(button(u"CommandDownload"_s));
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-    EXPECT_FALSE(session.openFlag(ChildForm::FormDockingDown));
+    isWindowOpen(EXPECT_FALSE(session, u"FormDockingDown"));
     EXPECT_EQ(settings.values.value(u"Defaults/LastDownloadCalibrator"_s), u"Any"_s);
     EXPECT_EQ(settings.values.value(u"Left/FormDockingDown"_s), u"105"_s);
 }

@@ -1,5 +1,5 @@
-#include "data/journal.h"
-#include "tests/support/program_fixture.h"
+#include "data/journal/journal.h"
+#include "testkit/program_fixture.h"
 
 #include <QListWidget>
 #include <QPushButton>

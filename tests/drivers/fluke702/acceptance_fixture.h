@@ -1,11 +1,11 @@
 #pragma once
 
 #include "resources/strings.h"
-#include "tests/drivers/fluke702/fluke_shop.h"
+#include "testkit/fluke_fixture.h"
 
 namespace kelvane::testing {
 
-class FlukeAcceptance : public FlukeShop {
+class FlukeAcceptance : public FlukeFixture {
   protected:
     /// The answer for the instrument "A-1" with these parameters.
     QString answer(const CalParamRecord& record) {

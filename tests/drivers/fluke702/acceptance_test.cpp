@@ -1,5 +1,6 @@
+#include "resources/text_id.h"
+#include "testkit/quiet_operator.h"
 #include "tests/drivers/fluke702/acceptance_fixture.h"
-#include "tests/support/quiet_operator.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,9 +26,9 @@ TEST_F(FlukeAcceptance, RefusesAnIndicatedInputBeforeItLooksAtAnythingElse) {
     record = transmitter();
     record.output_high = 1000;
     record.input_indicated = true;
-    EXPECT_EQ(answer(record), text(641));
+    EXPECT_EQ(answer(record), text(TextId::indicatedInputUnsupported));
     record.output_indicated = true;
-    EXPECT_EQ(answer(record), text(641));
+    EXPECT_EQ(answer(record), text(TextId::indicatedInputUnsupported));
 }
 
 TEST_F(FlukeAcceptance, LooksAtNoFlagOfTheOutput) {
@@ -35,19 +36,19 @@ TEST_F(FlukeAcceptance, LooksAtNoFlagOfTheOutput) {
     record.output_indicated = true;
     EXPECT_EQ(answer(record), accepted);
     record.output_high = 1000;
-    EXPECT_EQ(answer(record), text(361));
+    EXPECT_EQ(answer(record), text(TextId::cannotMeasureCurrentAbove));
 }
 
 TEST_F(FlukeAcceptance, TellsOfTheOutputBeforeTheInput) {
-    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 1000)), text(361));
-    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 20)), text(543));
+    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 1000)), text(TextId::cannotMeasureCurrentAbove));
+    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 20)), text(TextId::cannotSourceVoltageAbove));
 }
 
 TEST_F(FlukeAcceptance, AnOutputInPercentGetsTheBoxAndGoesThroughTheOtherStages) {
     expectReadByHand();
     EXPECT_EQ(answer(instrument(u"psi"_s, 0, 100, u"%"_s, 0, 100)), accepted);
     expectReadByHand();
-    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"%"_s, 0, 100)), text(543));
+    EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"%"_s, 0, 100)), text(TextId::cannotSourceVoltageAbove));
     expectReadByHand();
     EXPECT_EQ(answer(instrument(u"%"_s, 0, 100, u"%"_s, 0, 100)), cannotOutput);
 }
@@ -55,7 +56,7 @@ TEST_F(FlukeAcceptance, AnOutputInPercentGetsTheBoxAndGoesThroughTheOtherStages)
 TEST_F(FlukeAcceptance, AnInputInPercentIsRefusedAfterAllStages) {
     for (const auto& unit : {u"%"_s, u""_s, u"ft/lb"_s, u"ma"_s, u"c"_s, u"PSI"_s})
         EXPECT_EQ(answer(instrument(unit, 0, 100, u"mA"_s, 4, 20)), cannotOutput) << unit.toStdString();
-    EXPECT_EQ(answer(instrument(u"%"_s, 0, 100, u"mA"_s, 4, 2000)), text(361));
+    EXPECT_EQ(answer(instrument(u"%"_s, 0, 100, u"mA"_s, 4, 2000)), text(TextId::cannotMeasureCurrentAbove));
 }
 
 TEST_F(FlukeAcceptance, TakesNoUnitInAnotherCase) {
@@ -117,8 +118,8 @@ TEST_F(FlukeAcceptance, ACombinationNeedsTheSensorsAsTheyAreWritten) {
 }
 
 TEST_F(FlukeAcceptance, ARefusalComesInPlaceOfTheBoxOfACombination) {
-    EXPECT_EQ(answer(instrument(u"mA"_s, 4, 20, u"mA"_s, 4, 200)), text(361));
-    EXPECT_EQ(answer(instrument(u"mA"_s, 4, 23, u"mA"_s, 4, 20)), text(545));
+    EXPECT_EQ(answer(instrument(u"mA"_s, 4, 20, u"mA"_s, 4, 200)), text(TextId::cannotMeasureCurrentAbove));
+    EXPECT_EQ(answer(instrument(u"mA"_s, 4, 23, u"mA"_s, 4, 20)), text(TextId::cannotSourceCurrentAbove));
 }
 
 TEST_F(FlukeAcceptance, BoxesOfTwoInstrumentsFollowEachOther) {
@@ -205,11 +206,12 @@ TEST_F(FlukeAcceptance, ALowEndOfNullIsZeroAndALimitThatIsNoNumberIsZero) {
     addInstrument(u"A-1"_s, instrument(u"psi"_s, 0, 100, u"KHz"_s, 1, 10));
     auto& row = script.answers[selectParams(u"A-1"_s)][0];
     row[8].reset();
-    EXPECT_EQ(Fluke702_acceptable(driver, u"A-1"_s), text(358));
+    EXPECT_EQ(Fluke702_acceptable(driver, u"A-1"_s), text(TextId::cannotMeasureFrequencyBelow));
     for (const auto& word : {u"nan"_s, u"inf"_s, u"high"_s, u""_s}) {
         row[8] = u"1"_s;
         row[7] = word;
-        EXPECT_EQ(Fluke702_acceptable(driver, u"A-1"_s), text(358)) << word.toStdString();
+        EXPECT_EQ(Fluke702_acceptable(driver, u"A-1"_s), text(TextId::cannotMeasureFrequencyBelow))
+            << word.toStdString();
     }
 }
 

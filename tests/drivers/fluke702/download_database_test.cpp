@@ -1,6 +1,6 @@
 #include "drivers/fluke702/fluke702.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/support/database_session.h"
+#include "testkit/database_session.h"
+#include "testkit/recorded_link.h"
 
 #include <QRegularExpression>
 

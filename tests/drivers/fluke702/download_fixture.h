@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/drivers/fluke702/fluke_shop.h"
+#include "testkit/fluke_fixture.h"
 
 namespace kelvane::testing {
 
@@ -8,7 +8,7 @@ inline const QString downloadTitle = QStringLiteral("Download Procedures To Cali
 
 /// Downloads to a Fluke 702 that the database knows. Instruments are "I-1", "I-2" ..., with three points and
 /// no messages unless a test gives them some.
-class FlukeDownload : public FlukeShop {
+class FlukeDownload : public FlukeFixture {
   protected:
     FlukeDownload() { addCalibrator(); }
 

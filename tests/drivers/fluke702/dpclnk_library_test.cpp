@@ -2,7 +2,7 @@
 
 #include "data/small_routines.h"
 #include "platform/error.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QDir>
 #include <QLibrary>

@@ -1,5 +1,7 @@
 #include "tests/drivers/fluke702/acceptance_fixture.h"
 
+#include "resources/text_id.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -15,19 +17,19 @@ const QStringList pressures{u"psi"_s,  u"psig"_s, u"inHg"_s, u"inH2O"_s,
 struct Range {
     float low;
     float high;
-    int message;
+    std::optional<TextId> message;
 };
 
 /// Each end on a limit of the absolute value, and next to it, the other end being zero or the same.
-QList<Range> magnitudeRanges(float limit, int message) {
-    return {{-limit, limit, 0},
-            {limit, -limit, 0},
-            {0, limit, 0},
-            {limit, 0, 0},
-            {0, -limit, 0},
-            {-limit, 0, 0},
-            {0, below(limit), 0},
-            {below(limit), 0, 0},
+QList<Range> magnitudeRanges(float limit, TextId message) {
+    return {{-limit, limit, {}},
+            {limit, -limit, {}},
+            {0, limit, {}},
+            {limit, 0, {}},
+            {0, -limit, {}},
+            {-limit, 0, {}},
+            {0, below(limit), {}},
+            {below(limit), 0, {}},
             {0, above(limit), message},
             {above(limit), 0, message},
             {0, -above(limit), message},
@@ -36,12 +38,12 @@ QList<Range> magnitudeRanges(float limit, int message) {
 }
 
 /// Each end on each limit, and next to it, the other end lying at `middle`.
-QList<Range> rangesAround(float bottom, float top, float middle, int tooLow, int tooHigh) {
-    return {{bottom, top, 0},
-            {top, bottom, 0},
-            {bottom, bottom, 0},
-            {top, top, 0},
-            {above(bottom), below(top), 0},
+QList<Range> rangesAround(float bottom, float top, float middle, TextId tooLow, TextId tooHigh) {
+    return {{bottom, top, {}},
+            {top, bottom, {}},
+            {bottom, bottom, {}},
+            {top, top, {}},
+            {above(bottom), below(top), {}},
             {middle, above(top), tooHigh},
             {above(top), middle, tooHigh},
             {below(bottom), middle, tooLow},
@@ -54,13 +56,13 @@ class FlukeLimitsOf : public FlukeAcceptance {
   protected:
     void expectMeasured(const QString& unit, const QList<Range>& ranges) {
         for (const auto& range : ranges) {
-            EXPECT_EQ(measured(unit, range.low, range.high), range.message ? text(range.message) : accepted)
+            EXPECT_EQ(measured(unit, range.low, range.high), range.message ? text(*range.message) : accepted)
                 << "output of " << range.low << " to " << range.high << " " << unit.toStdString();
         }
     }
     void expectSourced(const QString& unit, const QList<Range>& ranges) {
         for (const auto& range : ranges) {
-            EXPECT_EQ(sourced(unit, range.low, range.high), range.message ? text(range.message) : accepted)
+            EXPECT_EQ(sourced(unit, range.low, range.high), range.message ? text(*range.message) : accepted)
                 << "input of " << range.low << " to " << range.high << " " << unit.toStdString();
         }
     }
@@ -70,10 +72,16 @@ TEST_F(FlukeLimitsOf, VoltagesAndCurrentsThatAreMeasuredHoldForTheAbsoluteValue)
     const struct {
         QString unit;
         float limit;
-        int message;
+        TextId message;
     } rows[] = {
-        {u"V"_s, 300, 354},        {u"VAC"_s, 300, 354}, {u"mV"_s, 300000, 354}, {u"mVAC"_s, 300000, 354},
-        {u"uV"_s, 300000000, 354}, {u"mA"_s, 110, 361},  {u"uA"_s, 110000, 361}, {u"A"_s, 0.11F, 361},
+        {u"V"_s, 300, TextId::cannotMeasureVoltageAbove},
+        {u"VAC"_s, 300, TextId::cannotMeasureVoltageAbove},
+        {u"mV"_s, 300000, TextId::cannotMeasureVoltageAbove},
+        {u"mVAC"_s, 300000, TextId::cannotMeasureVoltageAbove},
+        {u"uV"_s, 300000000, TextId::cannotMeasureVoltageAbove},
+        {u"mA"_s, 110, TextId::cannotMeasureCurrentAbove},
+        {u"uA"_s, 110000, TextId::cannotMeasureCurrentAbove},
+        {u"A"_s, 0.11F, TextId::cannotMeasureCurrentAbove},
     };
     for (const auto& row : rows)
         expectMeasured(row.unit, magnitudeRanges(row.limit, row.message));
@@ -83,14 +91,17 @@ TEST_F(FlukeLimitsOf, FrequenciesAndResistancesThatAreMeasuredHaveABottomAndATop
     const struct {
         QString unit;
         float bottom, top, middle;
-        int tooLow, tooHigh;
+        TextId tooLow, tooHigh;
     } rows[] = {
-        {u"Hz"_s, 1, 20000, 1000, 358, 357},
-        {u"KHz"_s, 0.001F, 50, 1, 358, 357},
-        {u"MHz"_s, 0.000001F, 0.05F, 0.001F, 358, 357},
-        {u"Ohms"_s, 0, 11000, 100, 359, 360},
-        {u"KOhms"_s, 0, 11, 1, 359, 360},
-        {u"Mohms"_s, 0, 0.011F, 0.001F, 359, 360},
+        {u"Hz"_s, 1, 20000, 1000, TextId::cannotMeasureFrequencyBelow, TextId::cannotMeasureFrequencyAbove},
+        {u"KHz"_s, 0.001F, 50, 1, TextId::cannotMeasureFrequencyBelow, TextId::cannotMeasureFrequencyAbove},
+        {u"MHz"_s, 0.000001F, 0.05F, 0.001F, TextId::cannotMeasureFrequencyBelow,
+         TextId::cannotMeasureFrequencyAbove},
+        {u"Ohms"_s, 0, 11000, 100, TextId::cannotMeasureResistanceBelow,
+         TextId::cannotMeasureResistanceAbove},
+        {u"KOhms"_s, 0, 11, 1, TextId::cannotMeasureResistanceBelow, TextId::cannotMeasureResistanceAbove},
+        {u"Mohms"_s, 0, 0.011F, 0.001F, TextId::cannotMeasureResistanceBelow,
+         TextId::cannotMeasureResistanceAbove},
     };
     for (const auto& row : rows) {
         expectMeasured(row.unit, rangesAround(row.bottom, row.top, row.middle, row.tooLow, row.tooHigh));
@@ -111,19 +122,23 @@ TEST_F(FlukeLimitsOf, MeasuringInHzEndsAt20000AlthoughTheWordsSay50KHz) {
 }
 
 TEST_F(FlukeLimitsOf, AnOutputOf0To100KHzIsToldAsTooHigh) {
-    EXPECT_EQ(measured(u"KHz"_s, 0, 100), text(357));
-    EXPECT_EQ(measured(u"KHz"_s, 0.001F, 100), text(357));
-    EXPECT_EQ(measured(u"KHz"_s, 0, 50), text(358));
+    EXPECT_EQ(measured(u"KHz"_s, 0, 100), text(TextId::cannotMeasureFrequencyAbove));
+    EXPECT_EQ(measured(u"KHz"_s, 0.001F, 100), text(TextId::cannotMeasureFrequencyAbove));
+    EXPECT_EQ(measured(u"KHz"_s, 0, 50), text(TextId::cannotMeasureFrequencyBelow));
 }
 
 TEST_F(FlukeLimitsOf, VoltagesAndCurrentsThatAreSourcedHoldForTheAbsoluteValue) {
     const struct {
         QString unit;
         float limit;
-        int message;
+        TextId message;
     } rows[] = {
-        {u"V"_s, 11, 543},  {u"mV"_s, 11000, 543}, {u"uV"_s, 11000000, 543},
-        {u"mA"_s, 22, 545}, {u"uA"_s, 22000, 545}, {u"A"_s, 0.022F, 545},
+        {u"V"_s, 11, TextId::cannotSourceVoltageAbove},
+        {u"mV"_s, 11000, TextId::cannotSourceVoltageAbove},
+        {u"uV"_s, 11000000, TextId::cannotSourceVoltageAbove},
+        {u"mA"_s, 22, TextId::cannotSourceCurrentAbove},
+        {u"uA"_s, 22000, TextId::cannotSourceCurrentAbove},
+        {u"A"_s, 0.022F, TextId::cannotSourceCurrentAbove},
     };
     for (const auto& row : rows)
         expectSourced(row.unit, magnitudeRanges(row.limit, row.message));
@@ -140,8 +155,10 @@ TEST_F(FlukeLimitsOf, FrequenciesThatAreSourcedHaveOneMessageForBothEnds) {
         float bottom, top, middle;
     } rows[] = {{u"Hz"_s, 2, 50000, 1000}, {u"KHz"_s, 0.002F, 50, 1}, {u"MHz"_s, 0.000002F, 0.05F, 0.001F}};
     for (const auto& row : rows) {
-        expectSourced(row.unit, rangesAround(row.bottom, row.top, row.middle, 540, 540));
-        expectSourced(row.unit, {{below(row.bottom), above(row.top), 540}, {0, 0, 540}});
+        expectSourced(row.unit, rangesAround(row.bottom, row.top, row.middle, TextId::cannotSourceFrequency,
+                                             TextId::cannotSourceFrequency));
+        expectSourced(row.unit, {{below(row.bottom), above(row.top), TextId::cannotSourceFrequency},
+                                 {0, 0, TextId::cannotSourceFrequency}});
     }
 }
 
@@ -168,7 +185,7 @@ TEST_F(FlukeLimitsOf, TheAmplitudeOfASourcedFrequencyEndsAt20AlthoughItHoldsMill
 TEST_F(FlukeLimitsOf, TheRangeOfASourcedFrequencyIsLookedAtBeforeItsAmplitude) {
     auto record = instrument(u"Hz"_s, 1, 1000, u"V"_s, 0, 10);
     record.freq_ptpamp_in = 0;
-    EXPECT_EQ(answer(record), text(540));
+    EXPECT_EQ(answer(record), text(TextId::cannotSourceFrequency));
 }
 
 TEST_F(FlukeLimitsOf, TheAmplitudeCountsForSourcedFrequenciesOnly) {
@@ -182,7 +199,9 @@ TEST_F(FlukeLimitsOf, TheAmplitudeCountsForSourcedFrequenciesOnly) {
 
 TEST_F(FlukeLimitsOf, AlternatingVoltagesAreNeverSourced) {
     for (const auto& unit : {u"VAC"_s, u"mVAC"_s})
-        expectSourced(unit, {{0, 0, 542}, {0, 1, 542}, {-1E38F, 1E38F, 542}});
+        expectSourced(unit, {{0, 0, TextId::cannotSourceAcVoltage},
+                             {0, 1, TextId::cannotSourceAcVoltage},
+                             {-1E38F, 1E38F, TextId::cannotSourceAcVoltage}});
 }
 
 TEST_F(FlukeLimitsOf, ResistancesThatAreSourcedHaveATopOnly) {
@@ -191,28 +210,28 @@ TEST_F(FlukeLimitsOf, ResistancesThatAreSourcedHaveATopOnly) {
         float top;
     } rows[] = {{u"Ohms"_s, 11000}, {u"KOhms"_s, 11}, {u"Mohms"_s, 0.011F}};
     for (const auto& row : rows) {
-        expectSourced(row.unit, {{0, row.top, 0},
-                                 {row.top, 0, 0},
-                                 {below(row.top), below(row.top), 0},
-                                 {-1E38F, -1E38F, 0},
-                                 {0, above(row.top), 544},
-                                 {above(row.top), 0, 544},
-                                 {-1E38F, above(row.top), 544}});
+        expectSourced(row.unit, {{0, row.top, {}},
+                                 {row.top, 0, {}},
+                                 {below(row.top), below(row.top), {}},
+                                 {-1E38F, -1E38F, {}},
+                                 {0, above(row.top), TextId::cannotSourceResistanceAbove},
+                                 {above(row.top), 0, TextId::cannotSourceResistanceAbove},
+                                 {-1E38F, above(row.top), TextId::cannotSourceResistanceAbove}});
     }
 }
 
 TEST_F(FlukeLimitsOf, PressuresHaveNone) {
     for (const auto& unit : pressures) {
-        expectSourced(unit, {{-1E38F, 1E38F, 0}, {0, 0, 0}});
+        expectSourced(unit, {{-1E38F, 1E38F, {}}, {0, 0, {}}});
         EXPECT_EQ(answer(instrument(u"V"_s, 0, 10, unit, -1E38F, 1E38F)), accepted) << unit.toStdString();
     }
 }
 
 TEST_F(FlukeLimitsOf, NoUnitIsConverted) {
     // 100 mV would be a tenth of a volt; what counts is the number in the record.
-    EXPECT_EQ(sourced(u"V"_s, 0, 100), text(543));
+    EXPECT_EQ(sourced(u"V"_s, 0, 100), text(TextId::cannotSourceVoltageAbove));
     EXPECT_EQ(sourced(u"mV"_s, 0, 100), accepted);
-    EXPECT_EQ(measured(u"A"_s, 0, 1), text(361));
+    EXPECT_EQ(measured(u"A"_s, 0, 1), text(TextId::cannotMeasureCurrentAbove));
     EXPECT_EQ(measured(u"mA"_s, 0, 1), accepted);
 }
 

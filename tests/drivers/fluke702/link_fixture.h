@@ -1,8 +1,8 @@
 #pragma once
 
 #include "drivers/fluke702/link.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
+#include "testkit/recorded_link.h"
 
 namespace kelvane::testing {
 

@@ -1,5 +1,5 @@
 #include "drivers/fluke702/mode.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,7 @@
 #include "tests/drivers/fluke702/acceptance_fixture.h"
 
+#include "resources/text_id.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -68,9 +70,9 @@ TEST_F(FlukeStandard, IsNeededExactlyWhereTheUserSawTheBox) {
                     const bool byHand = readByHand(record);
                     if (byHand)
                         expectReadByHand();
-                    const auto expected = input.endsWith(u"VAC")  ? text(542)
+                    const auto expected = input.endsWith(u"VAC")  ? text(TextId::cannotSourceAcVoltage)
                                           : known.contains(input) ? QString()
-                                                                  : text(559);
+                                                                  : text(TextId::cannotSourceUnits);
                     ASSERT_EQ(answer(record), expected)
                         << input.toStdString() << " to " << output.toStdString();
                     ASSERT_TRUE(ui.allCame()) << input.toStdString() << " to " << output.toStdString();

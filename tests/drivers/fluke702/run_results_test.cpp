@@ -1,6 +1,6 @@
 #include "drivers/fluke702/run_results.h"
 
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
 
 #include <QJsonDocument>
 

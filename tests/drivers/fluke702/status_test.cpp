@@ -1,6 +1,6 @@
 #include "drivers/fluke702/link.h"
+#include "testkit/fixtures.h"
 #include "tests/drivers/fluke702/status_words.h"
-#include "tests/support/fixtures.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "drivers/fluke702/stored_run.h"
 
 #include "platform/error.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
+#include "testkit/recorded_link.h"
 
 #include <cmath>
 

@@ -1,4 +1,5 @@
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -268,7 +269,7 @@ TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheRunInHandWithItsRe
     for (const auto& one : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
                             u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
         ui.expectReport(3709, u"ModuleGlobals,"_s + one);
-    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     const auto left = Journal(session).unfinished();
     ASSERT_EQ(left.size(), 1);
     EXPECT_EQ(left[0].asset, u"PT-101"_s);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "data/in_use.h"
+#include "data/assets/in_use.h"
 #include "drivers/fluke702/fluke702.h"
-#include "tests/drivers/fluke702/recorded_link.h"
-#include "tests/support/database_session.h"
-#include "tests/support/forwarding_connection.h"
+#include "testkit/database_session.h"
+#include "testkit/forwarding_connection.h"
+#include "testkit/recorded_link.h"
 
 #include <QRegularExpression>
 

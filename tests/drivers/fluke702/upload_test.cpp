@@ -1,4 +1,4 @@
-#include "tests/drivers/fluke702/fluke_shop.h"
+#include "testkit/fluke_fixture.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 #include <cmath>
@@ -83,8 +83,8 @@ TEST_F(FlukeUpload, CallsAndStatementsComeInTheirOrder) {
     EXPECT_EQ(heard.first(expected.size()), expected);
 }
 
-/// The same road on a recorded database, whose writing statements are held to the letter.
-class FlukeUploadWrites : public FlukeShop {
+/// The same upload on a recorded database, whose writing statements are held to the letter.
+class FlukeUploadWrites : public FlukeFixture {
   protected:
     FlukeUploadWrites() {
         session.ResultTemplateLine = u"TN$ FRE$         TR$"_s;

@@ -1,4 +1,4 @@
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -6,7 +6,7 @@ namespace kelvane::testing {
 
 using namespace ModuleTSInterface;
 
-class TorqueAcceptance : public TorqueShop {};
+class TorqueAcceptance : public TorqueFixture {};
 
 TEST_F(TorqueAcceptance, ChecksRunInTheirOrderAndTheFirstThatFailsCounts) {
     const auto inputs = u"Calibrator cannot calibrate instruments that have indicated inputs!"_s;

@@ -1,6 +1,6 @@
 #include "drivers/torquestar/characteristic.h"
 #include "drivers/torquestar/codes.h"
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +17,7 @@ const std::string wrenchFields =
 
 } // namespace
 
-class TorqueCharacteristic : public TorqueShop {
+class TorqueCharacteristic : public TorqueFixture {
   protected:
     /// The fields of one instrument alone.
     std::string fieldsOf(const CalParamRecord& instrument, const CalParamRecord& standard) {

@@ -1,4 +1,4 @@
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +12,7 @@ const QString listUnread =
 } // namespace
 
 /// What a download that can't read something leaves as it was.
-class TorqueDownloadFailures : public TorqueShop {
+class TorqueDownloadFailures : public TorqueFixture {
   protected:
     QString download() { return ModuleTSInterface::TorqueStar_download(driver, u"TAG"_s); }
 };

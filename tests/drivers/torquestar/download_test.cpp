@@ -1,4 +1,4 @@
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +15,7 @@ const QString noRecord =
 
 } // namespace
 
-class TorqueDownload : public TorqueShop {
+class TorqueDownload : public TorqueFixture {
   protected:
     QString download() { return TorqueStar_download(driver, u"TAG"_s); }
 

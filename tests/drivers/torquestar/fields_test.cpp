@@ -1,6 +1,6 @@
 #include "drivers/torquestar/fields.h"
-#include "tests/drivers/torquestar/line_peer.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
+#include "testkit/line_peer.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
 #include "drivers/torquestar/protocol.h"
 #include "platform/error.h"
-#include "tests/drivers/torquestar/line_peer.h"
+#include "testkit/line_peer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "drivers/torquestar/protocol.h"
 #include "resources/strings.h"
-#include "tests/drivers/torquestar/line_peer.h"
+#include "resources/text_id.h"
+#include "testkit/line_peer.h"
 #include "tests/drivers/torquestar/real_port.h"
 
 #include <QElapsedTimer>
@@ -124,14 +125,16 @@ TEST_F(ExchangeOnALine, ABadReplyFails) {
     };
     serve();
     EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1047) + u"\r\n"_s + text(1052));
+    EXPECT_EQ(driver.TSError,
+              text(TextId::lineCommunicationFailed) + u"\r\n"_s + text(TextId::lineNoResponse));
     EXPECT_FALSE(port.portOpen());
 }
 
 TEST_F(ExchangeOnALine, ASilentLineIsPolledSeldom) {
     hasty.second = 50;
-    ui.expectBox(text(1047) + u"\r\n"_s + text(1048), text(105),
-                 {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, BoxAnswer::abort);
+    ui.expectBox(text(TextId::lineCommunicationFailed) + u"\r\n"_s + text(TextId::linePcCommsAdvice),
+                 text(TextId::downloadProcedures), {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
+                 BoxAnswer::abort);
     QElapsedTimer passed;
     passed.start();
     EXPECT_EQ(exchange(), QByteArray());
@@ -157,13 +160,15 @@ TEST_F(ExchangeOnALine, EndlessNoiseEndsInTheTimeout) {
     EXPECT_EQ(exchange(), QByteArray());
     over = true;
     babbler.join();
-    EXPECT_EQ(driver.TSError, text(1051));
+    EXPECT_EQ(driver.TSError, text(TextId::lineAcknowledgementTimeout));
 }
 
 TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) {
     hasty.second = 50;
     // Instead of answering the link start, the frame, the call for the reply.
-    const QStringList failures{text(1047) + u"\r\n"_s + text(1048), text(1051), text(1051)};
+    const QStringList failures{
+        text(TextId::lineCommunicationFailed) + u"\r\n"_s + text(TextId::linePcCommsAdvice),
+        text(TextId::lineAcknowledgementTimeout), text(TextId::lineAcknowledgementTimeout)};
     for (int answered = 0; answered < 3; ++answered) {
         PseudoTerminal own;
         LinePeer far;
@@ -177,8 +182,8 @@ TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) 
         });
         settings.setValue(u"Ports"_s, u"COM1"_s, own.device());
         if (answered == 0)
-            ui.expectBox(failures[0], text(105), {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
-                         BoxAnswer::abort);
+            ui.expectBox(failures[0], text(TextId::downloadProcedures),
+                         {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, BoxAnswer::abort);
         counted.looks = 0;
         QElapsedTimer passed;
         passed.start();
@@ -195,14 +200,14 @@ TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) 
 TEST_F(ExchangeOnALine, AnUnusablePortIsToldInOneText) {
     settings.setValue(u"Ports"_s, u"COM1"_s, u"/dev/no such port"_s);
     EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1046));
+    EXPECT_EQ(driver.TSError, text(TextId::lineCannotBeOpened));
 
     settings.setValue(u"Ports"_s, u"COM1"_s, line.device());
     QtSerialPort other(settings);
     other.setPortOpen(true);
     driver.TSError.clear();
     EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_EQ(driver.TSError, text(1046));
+    EXPECT_EQ(driver.TSError, text(TextId::lineCannotBeOpened));
 }
 
 } // namespace kelvane::testing

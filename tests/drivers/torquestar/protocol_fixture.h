@@ -2,8 +2,8 @@
 
 #include "drivers/torquestar/protocol.h"
 #include "resources/strings.h"
-#include "tests/drivers/torquestar/line_peer.h"
-#include "tests/support/fixtures.h"
+#include "testkit/fixtures.h"
+#include "testkit/line_peer.h"
 
 namespace kelvane::testing {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "drivers/torquestar/qt_serial_port.h"
+#include "testkit/fixtures.h"
 #include "tests/drivers/torquestar/pseudo_terminal.h"
-#include "tests/support/fixtures.h"
 
 #include <ctime>
 

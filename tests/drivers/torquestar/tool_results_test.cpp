@@ -1,6 +1,6 @@
 #include "drivers/torquestar/tool_results.h"
 
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 #include "tests/platform/errors.h"
 
 #include <QJsonDocument>
@@ -11,7 +11,7 @@ namespace kelvane::testing {
 
 using namespace ModuleTSInterface;
 
-class ResultsOfATool : public TorqueShop {
+class ResultsOfATool : public TorqueFixture {
   protected:
     ToolResults results{.points = {result(20260318, 93005, {50, 50.5}), result(20260318, 93105, {100})},
                         .comment = "t1FWorn\xB0.",

@@ -1,5 +1,6 @@
-#include "data/journal.h"
+#include "data/journal/journal.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 #include "tests/drivers/torquestar/upload_fixture.h"
 
 #include <QDir>
@@ -168,7 +169,7 @@ TEST_F(TorqueUpload, AConnectionLostWhileTheRegistryIsClearedKeepsTheRound) {
         u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '12345678';commit"_s;
     script.failures[clearing] = Error{10054, u"Connection lost"_s, u"08S01"_s, true};
     ui.expectReport(10054, u"ModuleGlobals,ClearInUse"_s);
-    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     EXPECT_TRUE(conversation().filter(u"T2E"_s).isEmpty());
 }
 
@@ -228,7 +229,7 @@ TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkEndsTheUploadBeforeTheToolIsTak
     };
     for (const auto& routine : {u"GetInUseData"_s, u"GetInUseData"_s})
         ui.expectReport(10054, u"ModuleGlobals,"_s + routine);
-    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_FALSE(ui.busy);
     EXPECT_EQ(conversation().last(), u"T1F"_s) << "nothing is removed";
@@ -245,7 +246,7 @@ TEST_F(TorqueUpload, AConnectionLostInTheRecordEndsTheUploadBeforeTheToolIsTaken
     for (const auto& routine : {u"CheckAsset"_s, u"SourceColumn"_s, u"SourceColumn"_s})
         ui.expectReport(10054, u"ModuleGlobals,"_s + routine);
     ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s); // an empty unit
-    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     EXPECT_EQ(recordedAssets(), QStringList());
     EXPECT_FALSE(conversation().contains(u"T1J"_s));
     EXPECT_EQ(Journal(session).unfinished().size(), 1);
@@ -302,7 +303,7 @@ TEST_F(TorqueUpload, AListThatCantBeReadEndsTheUploadBeforeAnythingIsCleared) {
     EXPECT_EQ(writes(), QStringList());
     script.failures[selectInUse(u"12345678"_s)].connectionLost = true;
     ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(upload(), text(1001));
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
 }
 
 TEST_F(TorqueUpload, AJournalThatCantBeWrittenEndsTheUploadBeforeTheToolIsTakenOff) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/drivers/torquestar/torque_shop.h"
+#include "testkit/torque_fixture.h"
 
 namespace kelvane::testing {
 
@@ -18,7 +18,7 @@ inline const QStringList allFields{QStringLiteral("C2301"), QStringLiteral("C233
                                    QStringLiteral("C2307"), QStringLiteral("C2302"), QStringLiteral("C2331"),
                                    QStringLiteral("C2303")};
 
-class TorqueUpload : public TorqueShop {
+class TorqueUpload : public TorqueFixture {
   protected:
     TorqueUpload() {
         addCalibrator();

@@ -1,0 +1,98 @@
+#include "data/assets/in_use.h"
+
+#include "data/assets/assets.h"
+#include "data/routine.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleGlobals {
+
+namespace {
+
+/// The key of the calibrator with this serial number; empty when the inventory doesn't know it.
+QString mtagOfSerial(Session& session, const QString& serial) {
+    return CheckAsset(session, AssetfromSerial(session, serial));
+}
+
+} // namespace
+
+void AddInUse(Session& session, const QString& serial, const QString& mtag, const QString& tech) {
+    Routine routine(session, u"ModuleGlobals,AddInUse"_s);
+    routine.run([&] {
+        const BusyPointer busy(session.ui);
+        const auto standard = mtagOfSerial(session, serial);
+        const auto who = tech.isEmpty() ? Sql(u"NULL") : sqlText(tech);
+        routine.execute(u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values (" +
+                        sqlText(serial) + u",now(*)," + sqlText(mtag) + u"," + who + u");commit");
+        routine.execute(
+            u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values (" +
+            sqlText(standard) + u",now(*)," + sqlText(mtag) + u");commit");
+    });
+}
+
+void ClearInUse(Session& session, const QString& serial) {
+    Routine routine(session, u"ModuleGlobals,ClearInUse"_s);
+    routine.run([&] {
+        const BusyPointer busy(session.ui);
+        const auto standard = mtagOfSerial(session, serial);
+        routine.execute(
+            u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = " +
+            sqlText(serial) + u";commit");
+        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 30 or "
+                        u"standard_mtag = " +
+                        sqlText(standard) + u";commit");
+    });
+}
+
+InUseData GetInUseData(Session& session, const QString& serial, const QString& mtag) {
+    InUseData data;
+    Routine routine(session, u"ModuleGlobals,GetInUseData"_s);
+    routine.run([&] {
+        const auto rows = routine.select(
+            u"select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where serial_number = " +
+                sqlText(serial) + u" and mtag = " + sqlText(mtag),
+            Rows::first);
+        if (!rows->next())
+            return;
+        const auto entered = rows->value(1);
+        data.tech = rows->value(3).value_or(QString());
+        if (entered)
+            data.entered_date = storedMoment(*entered);
+    });
+    return data;
+}
+
+qint16 GetStandardsInUse(Session& session, const QString& asset) {
+    qint16 count = 0;
+    Routine routine(session, u"ModuleGlobals,GetInUseData"_s);
+    const bool complete = routine.run([&] {
+        session.StandardsInUse.erase();
+        const auto rows = routine.select(u"select i4201 from " + sqlName(session.SessionOwner) +
+                                         u".inventory where mtag in (select standard_mtag from "
+                                         "mt.hvm_kv_task_standards_inuse where mtag = " +
+                                         mtagOf(session, asset) + u")");
+        while (rows->next()) {
+            session.StandardsInUse[count] = notNull(rows->value(0));
+            ++count;
+        }
+    });
+    return complete ? count : qint16{0};
+}
+
+void ClearSystemTables(Session& session) {
+    static constexpr SqlWords sweep[] = {
+        u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 90;commit",
+        u"delete from mt.hvm_kv_task_standards_inuse where entered_date < now(*) - 90;commit",
+        u"delete from mt.hvm_kv_task_assets where tptag in (select tptag from mt.hvm_kv_task_packages where "
+        "created_on < now(*) - 90);commit",
+        u"delete from mt.hvm_kv_task_packages where created_on < now(*) - 90;commit",
+        u"delete from mt.hvm_kv_task_assets where tptag not in (select tptag from mt.hvm_kv_task_packages)",
+    };
+    Routine routine(session, u"ModuleGlobals,ClearSystemTables"_s);
+    routine.run([&] {
+        for (const auto& statement : sweep)
+            routine.execute(statement);
+    });
+}
+
+} // namespace kelvane::ModuleGlobals

@@ -1,0 +1,178 @@
+#include "data/tolerances/tolerances.h"
+
+#include "data/routine.h"
+#include "data/tolerances/checked_arithmetic.h"
+#include "data/tolerances/result_lines.h"
+#include "platform/values/numbers.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::ModuleGlobals {
+
+namespace {
+
+/// How a number is shown at a resolution: so many decimals, or rounded to a step of 10, 100, ….
+struct Picture {
+    QStringView digits;
+    int decimals;
+    int step;
+};
+
+constexpr Picture pictures[] = {
+    {u"0.1", 1, 1},         {u"0.01", 2, 1},      {u"0.001", 3, 1},       {u"0.0001", 4, 1},
+    {u"0.00001", 5, 1},     {u"0.000001", 6, 1},  {u"0.0000001", 7, 1},   {u"0.00000001", 8, 1},
+    {u"0.000000001", 9, 1}, {u"1", 0, 1},         {u"10", 0, 10},         {u"100", 0, 100},
+    {u"1000", 0, 1000},     {u"10000", 0, 10000}, {u"100000", 0, 100000},
+};
+
+/// The five tolerance terms of one side, widened.
+struct Terms {
+    double fs;
+    double span;
+    double reading;
+    double lsd;
+    double units;
+};
+
+/// The output range, widened, and the resolution as it is printed.
+struct OutputRange {
+    double high;
+    double low;
+    double resolution;
+};
+
+constexpr double upperSide = 1;
+constexpr double lowerSide = -1;
+
+double nominalOf(double input, float input_low, float input_high, const OutputRange& range) {
+    const double low = input_low;
+    const double high = input_high;
+    if (finite(std::abs(toReal(high - low))) == 0)
+        return finite(input);
+    return finite((input - low) / (high - low) * (range.high - range.low) + range.low);
+}
+
+double limitOf(double nominal, double side, const Terms& terms, const OutputRange& range) {
+    return finite(nominal + side * (terms.fs / 100 * range.high) +
+                  side * ((range.high - range.low) * terms.span / 100) +
+                  side * (terms.reading / 100 * nominal) + side * (terms.lsd * range.resolution) +
+                  side * terms.units);
+}
+
+float roundedValue(const QString& shown) {
+    return toReal(numericValue(shown));
+}
+
+double toleranceAt(const ErrorResult& result, double output) {
+    const double above = finite(output - result.lower_limit);
+    const double below = finite(result.upper_limit - output);
+    return finite(above <= below ? result.nominal - result.lower_limit : result.upper_limit - result.nominal);
+}
+
+constexpr double firstPercentNotShown = 501;
+
+/// As a rule the shown percentage is that of the rounded, printed figures; only where these fall together is
+/// it that of the exact ones.
+void judgePercent(ErrorResult& result, double output) {
+    const bool low = output <= result.nominal;
+    const double limit = low ? result.lower_limit : result.upper_limit;
+    const float limit_rounded = low ? result.lower_rounded : result.upper_rounded;
+    const double half_width = finite(low ? result.nominal - limit : limit - result.nominal);
+
+    if (half_width != 0)
+        result.percent = finite(result.error / half_width * 100);
+    if (std::abs(result.percent) >= firstPercentNotShown) {
+        result.percent_text = u">500"_s;
+        return;
+    }
+    if (result.nominal_rounded == 0 && limit_rounded == 0 && limit == 0) {
+        result.percent_text = u"0"_s;
+        return;
+    }
+    double shown = 0;
+    if (result.nominal_rounded == limit_rounded) {
+        shown = finite(divided(result.error, half_width) * 100);
+    } else {
+        const float width_rounded =
+            finite(low ? result.nominal_rounded - limit_rounded : limit_rounded - result.nominal_rounded);
+        shown = finite(divided(result.error_rounded, width_rounded) * 100.0F);
+    }
+    result.percent_text = fixedDecimals(low ? std::abs(shown) : shown, 0);
+}
+
+/// Looks at the signed percentage: a reading below the nominal never gets an advice.
+QString adviceFor(double percent) {
+    if (percent > 100)
+        return u"NOTIFY USER"_s;
+    return percent >= 70 ? u"MARGINAL"_s : QString();
+}
+
+} // namespace
+
+QString DecimalFormat(Session& session, double value, const QString& digits) {
+    QString result;
+    Routine routine(session, u"ModuleGlobals,DecimalFormat"_s);
+    routine.run([&] {
+        const auto* picture = std::find_if(std::begin(pictures), std::end(pictures),
+                                           [&](const Picture& one) { return one.digits == digits; });
+        if (picture == std::end(pictures))
+            return;
+        const double shown =
+            picture->step == 1 ? value : roundedHalfEven(value / picture->step) * picture->step;
+        result = fixedDecimals(finite(shown), picture->decimals);
+    });
+    return result;
+}
+
+ErrorResult ErrorCalculation(Session& session, double input, double output, float input_low, float input_high,
+                             float output_high, float output_low, const QString& digits,
+                             const QString& input_units, const QString& output_units, float pos_fs,
+                             float pos_span, float pos_reading, float pos_lsd, float pos_units, float neg_fs,
+                             float neg_span, float neg_reading, float neg_lsd, float neg_units,
+                             float resolution, qint16 line) {
+    ErrorResult result;
+    Routine routine(session, u"ModuleGlobals,ErrorCalculation"_s);
+    const auto format = [&](double value) { return DecimalFormat(session, value, digits); };
+    routine.run([&] {
+        OutputRange range{output_high, output_low, 0};
+        result.nominal = nominalOf(input, input_low, input_high, range);
+        const auto nominal_shown = format(result.nominal);
+        result.nominal_text = nominal_shown + output_units;
+        result.nominal_rounded = roundedValue(nominal_shown);
+        result.output_text = format(finite(output)) + output_units;
+        result.input_text = format(finite(input)) + input_units;
+
+        range.resolution = viaText(resolution);
+        result.upper_limit =
+            limitOf(result.nominal, upperSide, {pos_fs, pos_span, pos_reading, pos_lsd, pos_units}, range);
+        result.upper_text = format(result.upper_limit);
+        result.upper_rounded = roundedValue(result.upper_text);
+        result.lower_limit =
+            limitOf(result.nominal, lowerSide, {neg_fs, neg_span, neg_reading, neg_lsd, neg_units}, range);
+        result.lower_text = format(result.lower_limit);
+        result.lower_rounded = roundedValue(result.lower_text);
+
+        result.error = finite(output - result.nominal);
+        const auto error_shown = format(result.error);
+        result.error_rounded = roundedValue(error_shown);
+        result.error_text = error_shown + output_units;
+        result.tolerance_text = format(toleranceAt(result, output)) + output_units;
+
+        judgePercent(result, output);
+        const bool within = output <= result.upper_limit && output >= result.lower_limit;
+        result.verdict = within ? u"PASS"_s : u"FAIL"_s;
+        result.advice = adviceFor(result.percent);
+
+        auto number = plainText(int{line});
+        QString units;
+        result.result_line =
+            ResultLine(session, number, result.nominal_text, result.input_text, result.output_text,
+                       result.tolerance_text, result.error_text, result.percent_text, units, result.advice,
+                       result.lower_text, result.upper_text, result.verdict);
+    });
+    return result;
+}
+
+} // namespace kelvane::ModuleGlobals

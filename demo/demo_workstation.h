@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/workstation_program.h"
+#include "testkit/controls.h"
+#include "testkit/person.h"
+
+namespace kelvane::demo {
+
+inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
+inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
+inline const QString recordTitle = QStringLiteral("Calibration Record Creation");
+
+/// The workstation and the person who sits before it, and what they do with every calibrator.
+class DemoWorkstation {
+  public:
+    /// A picture of every window that comes up goes into the folder.
+    DemoWorkstation(WorkstationProgram& workstation, const QString& pictures);
+
+    /// Carries out one step, in which comes up what the person expects. Throws `Difference` when something
+    /// else came up in it, or something did not.
+    void step(const QString& told, const std::function<void()>& act);
+
+    /// Takes a picture of the whole window as it is now.
+    void look(const QString& name) { picture(program.window, name); }
+
+    /// The open screen of that name. Throws `Difference` when there is none.
+    QWidget& child(const QString& name);
+    /// A shortcut of the main window.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    void openDownloadList(const QString& calibrator);
+    /// The question for a standard of an instrument, and the answer.
+    void expectStandard(const QString& asset, const QString& standard);
+    /// A step: types an entry into the download list's field and presses the button beside it.
+    void add(const QString& told, const QString& entry);
+    /// Throws `Difference` when the download list holds other rows.
+    void expectList(const QStringList& rows);
+    void download();
+    /// The question which calibrator is meant.
+    void expectChoice(const QString& title, const QString& calibrator);
+    /// The questions for the record of an instrument.
+    void expectRecord(const QString& asset);
+    /// The step of the upload command; what comes between the choice and the success is expected already.
+    void upload(const QString& told);
+
+    WorkstationProgram& program;
+    Person person;
+
+  private:
+    void picture(QWidget& widget, const QString& name);
+
+    QString pictures_;
+    int taken_ = 0;
+    QStringList complaints_;
+};
+
+} // namespace kelvane::demo

@@ -1,0 +1,33 @@
+#include "editors/cal_param/prompt_lists.h"
+
+#include "platform/workstation.h"
+#include "ui/guarded.h"
+#include "ui/list_rows.h"
+
+#include <QListWidget>
+#include <QPushButton>
+
+namespace kelvane {
+
+namespace {
+
+void connectHandOver(QListWidget* from, QListWidget* to, UserInterface& ui) {
+    onRowChosen(from, ui, [from, to](int row) { handOver(*from, row, *to); });
+}
+
+void connectPair(QListWidget* available, QListWidget* displayed, QPushButton* up, QPushButton* down,
+                 UserInterface& ui) {
+    connectHandOver(available, displayed, ui);
+    connectHandOver(displayed, available, ui);
+    onSignal(up, &QPushButton::clicked, displayed, ui, [displayed] { moveSelectedRow(*displayed, -1); });
+    onSignal(down, &QPushButton::clicked, displayed, ui, [displayed] { moveSelectedRow(*displayed, 1); });
+}
+
+} // namespace
+
+void connectPromptLists(const CalParamControls& c, Workstation& workstation) {
+    connectPair(c.ListPreAvail, c.ListPreDisplay, c.CommandPreUp, c.CommandPreDown, workstation.ui);
+    connectPair(c.ListPostAvail, c.ListPostDisplay, c.CommandPostUp, c.CommandPostDown, workstation.ui);
+}
+
+} // namespace kelvane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QStringList>
+
+namespace kelvane::simulators {
+
+/// What the technician can do with one kind of calibrator. Each gives lines to print, and throws `Failure`.
+struct CalibratorOperations {
+    const char* calibrator;
+    QStringList options; ///< those that only this calibrator takes
+    QStringList (*list)(const QString& memory);
+    QStringList (*carryOut)(const QString& memory, const QCommandLineParser& parser);
+    QStringList (*erase)(const QString& memory);
+};
+
+/// Does the work on the memory of that file, and keeps what it changed.
+template <class File, class Work>
+QStringList onMemory(const QString& path, const Work& work) {
+    QStringList lines;
+    File(path).use([&](auto& memory) {
+        const auto before = memory;
+        lines = work(memory);
+        return !(memory == before);
+    });
+    return lines;
+}
+
+const CalibratorOperations& torqueStarOperations();
+const CalibratorOperations& fluke702Operations();
+
+} // namespace kelvane::simulators

@@ -1,0 +1,67 @@
+#include "simulators/fluke702/field_work.h"
+#include "simulators/fluke702/listing.h"
+#include "simulators/technician/calibrator_operations.h"
+#include "simulators/technician/options.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+namespace fluke702 {
+
+namespace {
+
+/// The same errand for each task.
+std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory& memory) {
+    Errand common;
+    common.kind = kindOf(parser.value(u"round"_s));
+    common.deviations = numbersOf(parser.value(u"deviation"_s), u"--deviation"_s);
+    common.technician = parser.value(u"technician"_s);
+    common.module = parser.value(u"module"_s);
+    if (parser.isSet(u"shown"_s))
+        common.shown = numbersOf(parser.value(u"shown"_s), u"--shown"_s);
+    std::vector<Errand> errands;
+    for (const Task& task : memory.contents.tasks) {
+        common.tag = task.tag;
+        // One errand takes all tasks of a tag.
+        if (std::find(errands.begin(), errands.end(), common) == errands.end())
+            errands.push_back(common);
+    }
+    return errands;
+}
+
+QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
+    refuseBesidePlan(parser, {u"deviation"_s, u"round"_s, u"technician"_s, u"module"_s, u"shown"_s});
+    std::vector<Errand> errands =
+        parser.isSet(u"plan"_s) ? errandsOf(planAt(parser.value(u"plan"_s))) : commonErrands(parser, memory);
+    narrow(errands, &Errand::tag, parser.values(u"only"_s), longestTag);
+    return carryOut(memory, errands, {momentFrom(parser), intervalFrom(parser)});
+}
+
+QStringList erase(Memory& memory) {
+    const std::size_t erased = memory.contents.runs.size();
+    memory.contents.runs.clear();
+    return {u"%1 results erased"_s.arg(erased)};
+}
+
+} // namespace
+
+} // namespace fluke702
+
+const CalibratorOperations& fluke702Operations() {
+    static const CalibratorOperations operations{
+        "Fluke 702",
+        {u"round"_s, u"technician"_s, u"module"_s, u"shown"_s},
+        [](const QString& path) { return onMemory<fluke702::MemoryFile>(path, fluke702::listing); },
+        [](const QString& path, const QCommandLineParser& parser) {
+            return onMemory<fluke702::MemoryFile>(
+                path, [&](fluke702::Memory& memory) { return fluke702::carryOutWith(parser, memory); });
+        },
+        [](const QString& path) { return onMemory<fluke702::MemoryFile>(path, fluke702::erase); },
+    };
+    return operations;
+}
+
+} // namespace kelvane::simulators

@@ -1,0 +1,75 @@
+#include "simulators/technician/calibrator_operations.h"
+#include "simulators/technician/options.h"
+#include "simulators/torquestar/field_work.h"
+#include "simulators/torquestar/listing.h"
+#include "simulators/torquestar/memory_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::simulators {
+
+namespace {
+
+FieldWork workFrom(const QCommandLineParser& parser) {
+    FieldWork work;
+    work.now = momentFrom(parser);
+    work.seconds = intervalFrom(parser);
+    if (parser.isSet(u"takes"_s))
+        work.takes = countOf(parser, u"takes"_s, 200);
+    return work;
+}
+
+/// The same errand for each characteristic: points of one range.
+std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory& memory) {
+    if (!parser.isSet(u"points"_s) || !parser.isSet(u"high"_s))
+        throw Failure(u"carry-out needs --points and --high, or --plan; see --help."_s);
+    Errand common;
+    const double low = numbersOf(parser.value(u"low"_s), u"--low"_s).front();
+    const double high = numbersOf(parser.value(u"high"_s), u"--high"_s).front();
+    for (const double percent : numbersOf(parser.value(u"points"_s), u"--points"_s))
+        common.nominals.push_back(low + (high - low) * percent / 100);
+    common.deviations =
+        deviationsFor(common.nominals.size(), numbersOf(parser.value(u"deviation"_s), u"--deviation"_s));
+    common.comment = parser.value(u"comment"_s);
+    std::vector<Errand> errands;
+    for (const Characteristic& characteristic : memory.characteristics) {
+        errands.push_back(common);
+        errands.back().name = characteristic.name;
+    }
+    return errands;
+}
+
+QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
+    refuseBesidePlan(parser, {u"points"_s, u"low"_s, u"high"_s, u"deviation"_s, u"comment"_s});
+    std::vector<Errand> errands =
+        parser.isSet(u"plan"_s) ? errandsOf(planAt(parser.value(u"plan"_s))) : commonErrands(parser, memory);
+    narrow(errands, &Errand::name, parser.values(u"only"_s), longestName);
+    return carryOut(memory, errands, workFrom(parser));
+}
+
+QStringList erase(Memory& memory) {
+    std::size_t erased = 0;
+    for (Characteristic& characteristic : memory.characteristics) {
+        erased += characteristic.results.size();
+        characteristic.results.clear();
+        characteristic.comment.clear();
+    }
+    return {u"%1 results erased"_s.arg(erased)};
+}
+
+} // namespace
+
+const CalibratorOperations& torqueStarOperations() {
+    static const CalibratorOperations operations{
+        "TorqueStar",
+        {u"points"_s, u"low"_s, u"high"_s, u"comment"_s, u"takes"_s},
+        [](const QString& path) { return onMemory<MemoryFile>(path, listing); },
+        [](const QString& path, const QCommandLineParser& parser) {
+            return onMemory<MemoryFile>(path, [&](Memory& memory) { return carryOutWith(parser, memory); });
+        },
+        [](const QString& path) { return onMemory<MemoryFile>(path, erase); },
+    };
+    return operations;
+}
+
+} // namespace kelvane::simulators

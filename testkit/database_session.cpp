@@ -1,0 +1,61 @@
+#include "testkit/database_session.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+DatabaseSession::DatabaseSession()
+    : database(demoDatabase()), session({ui, clock, settings}, openConnections()) {
+    session.SessionDataSource = database.dsn();
+    session.SessionDateFormat = u"MM/DD/YYYY"_s;
+    session.SessionDbVersion = 6;
+    logIn();
+}
+
+void DatabaseSession::logIn(const QString& user) {
+    auto& connection = sharedConnection(session);
+    if (connection.isOpen())
+        connection.close();
+    connection.open(database.connectionString(), user, u"kelvane"_s);
+    session.SessionConnected = true;
+    session.SessionUser = user;
+    session.BCalP = value(u"select b_cal_p from mt.dbconfig"_s) == u"1";
+    session.SessionOwner = u"MT"_s;
+    session.SessionLevel = 6;
+    if (user != u"MT") {
+        session.SessionOwner = value(u"select i4240 from mt.userlist where mtuser = '"_s + user + u'\'');
+        session.SessionLevel =
+            value(u"select mtlevel from mt.userlist where mtuser = '"_s + user + u'\'').toShort();
+    }
+}
+
+void DatabaseSession::become(const QString& user, const QString& owner) {
+    session.SessionUser = user;
+    session.SessionOwner = owner;
+}
+
+void DatabaseSession::execute(const QString& statement) {
+    executeAnything(sharedConnection(session), statement);
+}
+
+QStringList DatabaseSession::rows(const QString& query, int columns) {
+    return queryRows(sharedConnection(session), query, columns);
+}
+
+QString DatabaseSession::value(const QString& query) {
+    const auto found = rows(query);
+    EXPECT_EQ(found.size(), 1) << query.toStdString();
+    return found.value(0);
+}
+
+QStringList DatabaseSession::values(const QString& query) {
+    auto found = rows(query);
+    found.sort();
+    return found;
+}
+
+QString DatabaseSession::daysAgo(int days) const {
+    return clock.now().addDays(-days).toString(u"yyyy-MM-dd HH:mm:ss"_s);
+}
+
+} // namespace kelvane::testing

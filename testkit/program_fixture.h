@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/workstation_program.h"
+#include "testkit/fixtures.h"
+#include "testkit/recorded_link.h"
+#include "testkit/screen_operator.h"
+#include "ui/child_window.h"
+
+class QAction;
+
+namespace kelvane::testing {
+
+/// A serial port that is not there: it can't be opened.
+class MissingPort final : public SerialPort {
+  public:
+    bool portOpen() const override { return false; }
+    void setPortOpen(bool open) override;
+    void setCommPort(int) override {}
+    void setSettings(const QString&) override {}
+    int inBufferCount() override { return 0; }
+    QByteArray input() override { return {}; }
+    void output(const QByteArray&) override {}
+};
+
+/// The whole workstation with real windows, over a recording connection, settings in memory and a folder of
+/// its own that holds a result template. Nothing is on the screen before `start`.
+class ProgramTest : public ::testing::Test {
+  protected:
+    ProgramTest();
+    ~ProgramTest() override;
+
+    /// Shows the main window and the login screen.
+    void start();
+    /// What the database answers at a login.
+    void answerLogin(const QString& user, const QString& owner, const QString& level,
+                     const QString& procedit = QStringLiteral("3"));
+    /// Types name and password into the login screen and presses Return.
+    void typeLogin(const QString& user, const QString& password);
+    /// Start and a good login of "jdoe", group MT, at that level; `procedit` is 3.
+    void startLoggedIn(int level);
+
+    QAction* action(const QString& entry);
+    /// Chooses an entry of the menu.
+    void choose(const QString& entry);
+    /// Presses a shortcut in the window that has the focus.
+    void press(const QString& shortcut);
+
+    /// The open child window of that name, or null.
+    ChildWindow* findChild(const QString& name);
+    /// The open child window of that name; a failure when there is none.
+    ChildWindow& child(const QString& name);
+    QStringList openChildren();
+
+    OwnFolder folder;
+    SetClock clock;
+    MemorySettings settings;
+    RecordingConnection::Script script;
+    MissingPort port;
+    RecordedLink link;
+    QStringList dataSources{QStringLiteral("Calibration Data"), QStringLiteral("Site B")};
+    int processEnded = 0;
+    /// What happens when the program ends its process.
+    std::function<void()> atEnd = [this] { ++processEnded; };
+    ScreenOperator person;
+    WorkstationProgram program;
+    Session& session = program.session;
+};
+
+} // namespace kelvane::testing

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/database/connection.h"
+
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+namespace kelvane::testing {
+
+using Row = QList<std::optional<QString>>;
+
+/// A scripted connection. Controls: `answer` (rows for a query), `fail` (an error for a statement), `lose`
+/// (from now on every statement fails with a lost connection). A query without an answer has no rows; a
+/// writing statement tells the number of rows in `changedRows`, or nothing.
+/// `statements` holds everything that came in, to the letter and in order; `firstRowOnly` those that asked
+/// for one row only.
+class RecordingConnection final : public Connection {
+  public:
+    struct Script {
+        QStringList statements;
+        QStringList firstRowOnly;
+        QStringList transactions; // "begin", "commit", "roll back"
+        QHash<QString, QList<Row>> answers;
+        QHash<QString, Error> failures;
+        QHash<QString, qint64> changedRows;
+        QStringList opened; // connection string, user, password of each open
+        bool open = true;
+        bool lost = false;
+    };
+
+    explicit RecordingConnection(Script& script) : script_(script) {}
+
+    void open(const QString& connectionString, const QString& user, const QString& password) override;
+    void close() override { script_.open = false; }
+    bool isOpen() const override { return script_.open; }
+    bool isLost() const override { return script_.lost; }
+    qint64 execute(const QString& statement) override;
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override;
+    void beginTransaction() override { script_.transactions << QStringLiteral("begin"); }
+    void commitTransaction() override { script_.transactions << QStringLiteral("commit"); }
+    void rollBackTransaction() override { script_.transactions << QStringLiteral("roll back"); }
+
+  private:
+    void take(const QString& statement);
+    Script& script_;
+};
+
+} // namespace kelvane::testing

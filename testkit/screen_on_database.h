@@ -1,0 +1,13 @@
+#pragma once
+
+#include "testkit/database_session.h"
+#include "testkit/screen_window.h"
+
+namespace kelvane::testing {
+
+/// A screen over a copy of the demonstration database. Boxes and dialogs are answered by the scripted
+/// operator.
+template <class Form>
+class ScreenOnDatabase : public DatabaseSession, public EditorScreen<Form> {};
+
+} // namespace kelvane::testing

@@ -1,0 +1,119 @@
+#include "testkit/scripted_user_interface.h"
+
+#include <gtest/gtest.h>
+
+namespace kelvane::testing {
+
+ScriptedUserInterface::~ScriptedUserInterface() {
+    for (const auto& one : expected_)
+        ADD_FAILURE() << "never came: " << one.title.toStdString() << " / " << one.text.toStdString();
+}
+
+void ScriptedUserInterface::expectBox(const QString& text, const QString& title, BoxStyle style,
+                                      BoxAnswer answer) {
+    Expected box;
+    box.text = text;
+    box.title = title;
+    box.style = style;
+    box.answer = answer;
+    expected_ << box;
+}
+
+void ScriptedUserInterface::expectDialog(const QString& caption, const QString& prompt, const QString& answer,
+                                         std::function<void(const DialogQuestion&)> check) {
+    Expected dialog;
+    dialog.dialog = true;
+    dialog.title = caption;
+    dialog.text = prompt;
+    dialog.entry = answer;
+    dialog.check = std::move(check);
+    expected_ << dialog;
+}
+
+void ScriptedUserInterface::expectReport(int number, const QString& routine) {
+    Expected report;
+    report.report = true;
+    report.number = number;
+    report.text = routine;
+    report.title = QStringLiteral("Kelvane");
+    report.style = box::stop;
+    expected_ << report;
+}
+
+BoxAnswer ScriptedUserInterface::messageBox(const QString& text, const QString& title, BoxStyle style) {
+    if (onBox)
+        onBox();
+    if (expected_.isEmpty() || expected_.first().dialog) {
+        ADD_FAILURE() << "unexpected box: " << title.toStdString() << " / " << text.toStdString();
+        return BoxAnswer::cancel;
+    }
+    const auto one = expected_.takeFirst();
+    EXPECT_EQ(one.title.toStdString(), title.toStdString());
+    EXPECT_TRUE(one.style == style) << "style of the box: " << text.toStdString();
+    if (one.report) {
+        EXPECT_TRUE(text.contains(QStringLiteral(" %1 ").arg(one.number)) &&
+                    text.contains(QStringLiteral("FUNCTION/SUB:%1\r\n").arg(one.text)))
+            << text.toStdString();
+    } else {
+        EXPECT_EQ(one.text.toStdString(), text.toStdString());
+    }
+    return one.answer;
+}
+
+QString ScriptedUserInterface::askOneField(const DialogQuestion& question) {
+    if (expected_.isEmpty() || !expected_.first().dialog) {
+        ADD_FAILURE() << "unexpected dialog: " << question.caption.toStdString() << " / "
+                      << question.prompt.toStdString();
+        return cancelled;
+    }
+    const auto one = expected_.takeFirst();
+    EXPECT_EQ(one.title.toStdString(), question.caption.toStdString());
+    EXPECT_EQ(one.text.toStdString(), question.prompt.toStdString());
+    if (one.check)
+        one.check(question);
+    return one.entry;
+}
+
+bool ScriptedUserInterface::bringQuestionForward() {
+    if (questionOpen)
+        ++broughtForward;
+    return questionOpen;
+}
+
+void ScriptedUserInterface::showProgress(const QString& caption) {
+    progressShown = true;
+    events << QStringLiteral("progress ") + caption;
+}
+
+void ScriptedUserInterface::setProgressText(const QString& text) {
+    events << QStringLiteral("text ") + text;
+}
+
+void ScriptedUserInterface::setProgressValue(int percent) {
+    events << QStringLiteral("value %1").arg(percent);
+}
+
+void ScriptedUserInterface::hideProgress() {
+    progressShown = false;
+    events << QStringLiteral("hide");
+}
+
+void ScriptedUserInterface::setBusyPointer() {
+    busy = true;
+    events << QStringLiteral("busy");
+}
+
+void ScriptedUserInterface::setNormalPointer() {
+    busy = false;
+    events << QStringLiteral("normal");
+}
+
+void ScriptedUserInterface::processEvents() {
+    events << QStringLiteral("events");
+}
+
+void ScriptedUserInterface::repaint() {
+    ++repaints;
+}
+
+} // namespace kelvane::testing

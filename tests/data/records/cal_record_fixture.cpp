@@ -1,0 +1,110 @@
+#include "tests/data/records/cal_record_fixture.h"
+
+#include "data/assets/assets.h"
+#include "data/records/cal_record.h"
+#include "data/records/field_dictionary.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+const QString CalRecord::copiesWithinQuery =
+    u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'"_s;
+const QString CalRecord::copiesBackQuery = u"select fldnum,dcopy from mt.customiz where dcopy is not null "
+                                           u"and dcopy <> 'OFF' and fldnum like '23%' and "
+                                           "fldnum <> '2340'"_s;
+const QString CalRecord::emptied4224 = u"update MT.inventory set I4224 = NULL where i4201 = 'A-1';commit"_s;
+const QString CalRecord::emptied4225 = u"update MT.inventory set I4225 = NULL where i4201 = 'A-1';commit"_s;
+
+CalRecord::CalRecord() {
+    ModuleGlobals::CheckAsset(session, u"A-1"_s);
+    keyQuery = script.statements.value(0);
+    script.statements.clear();
+    ui.events.clear();
+    script.answers[keyQuery] = {{u"1301"_s}};
+    put(u"C2301"_s, u"03/16/2026"_s, 1);
+    put(u"C2333"_s, u"08:05"_s, 3);
+    put(u"C2302"_s, u"12"_s, 2);
+    put(u"C2331"_s, u"M"_s);
+    put(u"C2323"_s, u"Y"_s);
+    put(u"C2303"_s, {}, 1);
+}
+
+CalField& CalRecord::put(const QString& column, const QString& value, qint16 type) {
+    auto& field = session.CalFieldTable[ModuleGlobals::calFieldCount(session)];
+    field.column = column;
+    field.value = value;
+    field.field_type = type;
+    field.title = column;
+    return field;
+}
+
+void CalRecord::set(const QString& column, const QString& value) {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
+        if (session.CalFieldTable[row].column == column)
+            session.CalFieldTable[row].value = value;
+    }
+}
+
+QString CalRecord::valueOf(const QString& column) const {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
+        if (session.CalFieldTable[row].column == column)
+            return session.CalFieldTable[row].value;
+    }
+    return u"no such field"_s;
+}
+
+QString CalRecord::create() {
+    const auto reason = ModuleGlobals::CreateCalRecord(session, u"A-1"_s);
+    EXPECT_TRUE(ui.allCame());
+    EXPECT_FALSE(ui.progressShown) << "the progress window is gone on every way out";
+    EXPECT_FALSE(ui.busy);
+    return reason;
+}
+
+QString CalRecord::insert() const {
+    for (const auto& statement : script.statements) {
+        if (statement.startsWith(u"insert into MT.calibration"_s))
+            return statement;
+    }
+    return {};
+}
+
+QStringList CalRecord::progress() const {
+    QStringList values;
+    for (const auto& event : ui.events) {
+        if (event.startsWith(u"value "_s) || event == u"hide"_s || event.startsWith(u"progress "_s))
+            values << event;
+    }
+    return values;
+}
+
+void CalRecord::dialog(const QString& title, const QString& answer) {
+    ui.expectDialog(u"Calibration Record Data (A-1)"_s, u"Please enter information for: "_s + title, answer);
+}
+
+void CalRecord::cancelDialog(const QString& title) {
+    dialog(title, cancelled);
+    ui.expectBox(text(TextId::fieldEntryRequired), u"Calibration Record Data"_s, box::warningOkCancel,
+                 BoxAnswer::cancel);
+}
+
+QString CalRecord::duplicateQuery(const QString& date, const QString& time) {
+    return u"select c2301 from MT.calibration where c2301 = '"_s + date + u"' and c2333 = '"_s + time +
+           u"' and mtag = '1301'"_s;
+}
+
+QString CalRecord::standardInsert(const QString& name) {
+    return u"insert into mt.standards (c2430,mtag,ctag) values ((select mtag from MT.inventory where i4201 = '"_s +
+           name + u"'),'1301',(select ctag from MT.calibration where mtag = '1301' and c2339 = 1));commit"_s;
+}
+
+QString CalRecord::resultInsert(const QString& line, int number) {
+    return u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('"_s + line + u"','"_s +
+           QString::number(number) +
+           u"','1301',(select ctag from MT.calibration where mtag = '1301' and c2339 = 1));commit"_s;
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,76 @@
+#include "tests/editors/cal_param/cal_param_entry.h"
+
+#include "testkit/screen_operator.h"
+#include "ui/list_rows.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+QString shownBy(const QWidget& screen, const QString& name) {
+    const auto& any = control<QWidget>(screen, name);
+    if (const auto* box = qobject_cast<const QLineEdit*>(&any))
+        return box->text();
+    if (const auto* list = qobject_cast<const QComboBox*>(&any))
+        return list->currentText();
+    if (const auto* list = qobject_cast<const QListWidget*>(&any))
+        return rowsOf(*list).join(u',');
+    return control<QAbstractButton>(screen, name).isChecked() ? u"on"_s : u"off"_s;
+}
+
+void show(const QWidget& screen, const QString& name, const QString& value) {
+    auto& any = control<QWidget>(screen, name);
+    if (auto* box = qobject_cast<QLineEdit*>(&any)) {
+        box->setText(value);
+    } else if (auto* list = qobject_cast<QComboBox*>(&any)) {
+        list->setCurrentIndex(list->findText(value));
+    } else if (auto* rows = qobject_cast<QListWidget*>(&any)) {
+        rows->clear();
+        rows->addItems(value.split(u',', Qt::SkipEmptyParts));
+    } else {
+        control<QAbstractButton>(screen, name).setChecked(value == u"on");
+    }
+    EXPECT_EQ(shownBy(screen, name).toStdString(), value.toStdString()) << name.toStdString();
+}
+
+QStringList valueControls(const QWidget& screen) {
+    QStringList names;
+    for (const auto* one : screen.findChildren<QWidget*>()) {
+        const bool holdsValue = qobject_cast<const QLineEdit*>(one) || qobject_cast<const QComboBox*>(one) ||
+                                qobject_cast<const QListWidget*>(one) ||
+                                qobject_cast<const QRadioButton*>(one) || qobject_cast<const QCheckBox*>(one);
+        if (holdsValue && !one->objectName().startsWith(u"qt_"))
+            names << one->objectName();
+    }
+    names.sort();
+    return names;
+}
+
+QStringList allShown(const QWidget& screen) {
+    QStringList all;
+    for (const auto& name : valueControls(screen))
+        all << name + u": "_s + shownBy(screen, name);
+    return all;
+}
+
+void bringUp(QWidget& control) {
+    for (auto* one = &control; one; one = one->parentWidget()) {
+        auto* tabs =
+            one->parentWidget() ? qobject_cast<QTabWidget*>(one->parentWidget()->parentWidget()) : nullptr;
+        if (tabs && tabs->indexOf(one) >= 0) {
+            tabs->show();
+            tabs->setTabEnabled(tabs->indexOf(one), true);
+            tabs->setCurrentWidget(one);
+        }
+    }
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "data/session.h"
+#include "editors/cal_param/form_cal_param.h"
+#include "testkit/screen_operator.h"
+#include "testkit/scripted_user_interface.h"
+
+#include <QMdiArea>
+#include <QPointer>
+
+namespace kelvane::testing {
+
+/// The calibration parameter editor on an area of its own, and hands for its controls by name. Boxes and
+/// dialogs are answered by the session's scripted operator.
+class CalParamScreen {
+  public:
+    CalParamScreen(Session& session, ScriptedUserInterface& ui);
+
+    /// Opens it with that instrument.
+    void open(const QString& instrument);
+    FormCalParam& form() { return *form_; }
+
+    /// Puts a value into a text box, selects a row of a list (empty: none), or turns an option or a check box
+    /// on ("on") or off ("off").
+    void set(const QString& name, const QString& value);
+    QString text(const QString& name);
+    void press(const QString& button);
+    QStringList rows(const QString& list);
+    void fill(const QString& list, const QStringList& rows);
+    void select(const QString& list, int row);
+    void doubleClick(const QString& list, int row);
+    int page();
+    void showPage(int page);
+    QString focus();
+
+  private:
+    Session& session_;
+    ScriptedUserInterface& ui_;
+    QMdiArea area_;
+    QPointer<FormCalParam> form_;
+};
+
+} // namespace kelvane::testing

@@ -1,0 +1,172 @@
+#include "tests/editors/cal_param/form_cal_param_fixture.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+/// A person who never touches the mouse.
+class CalParamKeys : public FormCalParamTest {
+  protected:
+    /// Where the keys go. A row of tabs has no name of its own.
+    static QString focus() {
+        auto* has = qApp->focusWidget();
+        return (qobject_cast<QTabBar*>(has) ? has->parentWidget() : has)->objectName();
+    }
+    static void key(int key) { QTest::keyClick(qApp->focusWidget(), static_cast<Qt::Key>(key)); }
+    static void enter(const QString& text) { QTest::keyClicks(qApp->focusWidget(), text); }
+    static void goTo(const QString& name) {
+        for (int i = 0; i < 40 && focus() != name; ++i)
+            key(Qt::Key_Tab);
+        ASSERT_EQ(focus(), name);
+    }
+    static void enterInto(const QString& name, const QString& text) {
+        goTo(name);
+        enter(text);
+    }
+    static void nextPage(const QString& tabs) {
+        goTo(tabs);
+        key(Qt::Key_Right);
+    }
+    void save() {
+        goTo(u"CommandSave"_s);
+        key(Qt::Key_Return);
+    }
+};
+
+TEST_F(CalParamKeys, LeadFromTheMenuToASavedInstrument) {
+    script.answers.insert(selectAvailable(u"PRE"_s, u"PT-2"_s), {Row{u"C"_s}, Row{u"A"_s}});
+    person.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
+    ProgramTest::press(u"Ctrl+P"_s);
+    ASSERT_EQ(focus(), u"ComboTSName");
+    key(Qt::Key_Down);
+    goTo(u"ListPreAvail"_s);
+    key(Qt::Key_Return);
+    key(Qt::Key_Return);
+    goTo(u"ListPreDisplay"_s);
+    key(Qt::Key_Down);
+    goTo(u"CommandPreUp"_s);
+    key(Qt::Key_Space);
+
+    nextPage(u"SSTab1"_s);
+    enterInto(u"TextInputLow"_s, u"-1"_s);
+    enterInto(u"TextInputHigh"_s, u"250"_s);
+    enterInto(u"ComboInputUnits"_s, u"C"_s);
+    nextPage(u"SSTabInTemp"_s);
+    goTo(u"OptionCJRefIntIn"_s);
+    key(Qt::Key_Down);
+    enterInto(u"TextCJRefTempIn"_s, u"21"_s);
+
+    nextPage(u"SSTab1"_s);
+    enterInto(u"TextOutputHigh"_s, u"20"_s);
+    enterInto(u"ComboOutputUnits"_s, u"ft"_s);
+    goTo(u"ComboMeasurementModeOut"_s);
+    key(Qt::Key_Home);
+    enterInto(u"TextDipOut"_s, u"2.5"_s);
+    goTo(u"CheckIndicatedOutput"_s);
+    key(Qt::Key_Space);
+
+    nextPage(u"SSTab1"_s);
+    enterInto(u"TextSpanPos"_s, u"0.5"_s);
+    script.statements.clear();
+    save();
+    ASSERT_EQ(script.statements.size(), 4);
+    EXPECT_TRUE(script.statements[1].contains(
+        u"'0.1','C','ft/lb','-1','250','0.0','20','ITS-90','ITS-90','EXT','INT','21','0.0'"_s))
+        << script.statements[1].toStdString();
+    EXPECT_TRUE(script.statements[1].endsWith(
+        u"'UTA','0.0','2.5','1','OFF','FIVE','100.0','100.0','N','Y');commit"_s))
+        << script.statements[1].toStdString();
+    EXPECT_TRUE(script.statements[2].endsWith(u"'PRE','0','A');commit"_s));
+    EXPECT_TRUE(script.statements[3].endsWith(u"'PRE','1','C');commit"_s));
+    EXPECT_FALSE(QApplication::overrideCursor());
+    ProgramTest::press(u"Ctrl+F4"_s);
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(CalParamKeys, ReplaceTheValueThatAFaultLeadsTo) {
+    open(u"PT-1"_s);
+    nextPage(u"SSTab1"_s);
+    enterInto(u"TextInputHigh"_s, u"12 psi"_s);
+    person.expectBox(u"Must enter a valid high input value!"_s, calParamTitle, box::warning,
+                     [this](QMessageBox& box) {
+                         // The page is turned once the message has been read.
+                         EXPECT_EQ(control<QTabWidget>(form(), u"SSTab1"_s).currentIndex(), 0);
+                         QTest::keyClick(&box, Qt::Key_Return);
+                     });
+    goTo(u"SSTab1"_s);
+    key(Qt::Key_Left);
+    save();
+    ASSERT_EQ(focus(), u"TextInputHigh");
+    enter(u"12"_s);
+    EXPECT_EQ(shown(u"TextInputHigh"_s), u"12"_s);
+}
+
+TEST_F(CalParamKeys, GoToTheReferenceOfTheOutputThoughItsFaultShowsTheInputPage) {
+    open(u"PT-1"_s);
+    pick(control<QComboBox>(form(), u"ComboOutputUnits"_s), u"C"_s);
+    control<QAbstractButton>(form(), u"OptionCJRefExtOut"_s).click();
+    show(form(), u"TextCJRefTempOut"_s, {});
+    person.expectBox(u"Reference temperature must be specified!"_s, calParamTitle, box::warning);
+    save();
+    EXPECT_EQ(control<QTabWidget>(form(), u"SSTab1"_s).currentIndex(), 1);
+    EXPECT_EQ(focus(), u"TextCJRefTempOut");
+    enter(u"21"_s);
+    EXPECT_EQ(shown(u"TextCJRefTempOut"_s), u"21");
+}
+
+TEST_F(CalParamKeys, GoThroughEachPageAsItIsReadAndThenToTheButtons) {
+    open(u"PT-2"_s);
+    pick(control<QComboBox>(form(), u"ComboInputUnits"_s), u"C"_s);
+    pick(control<QComboBox>(form(), u"ComboOutputUnits"_s), u"ft/lb"_s);
+    const QStringList buttons{u"CommandSave"_s, u"CommandSelect"_s, u"CommandClone"_s};
+    const QStringList pages[] = {
+        {u"ComboTSName"_s, u"ListPreDisplay"_s, u"CommandPreUp"_s, u"CommandPreDown"_s, u"ListPreAvail"_s,
+         u"ListPostDisplay"_s, u"CommandPostUp"_s, u"CommandPostDown"_s, u"ListPostAvail"_s},
+        {u"TextInputLow"_s, u"TextInputHigh"_s, u"ComboInputUnits"_s, u"CheckIndicatedInput"_s,
+         u"ComboMeasRes"_s, u"TextRepetitions"_s, u"SSTabInTemp"_s, u"ComboTempScaleIn"_s},
+        {u"TextOutputLow"_s, u"TextOutputHigh"_s, u"ComboOutputUnits"_s, u"CheckIndicatedOutput"_s,
+         u"SSTabTorqueOut"_s, u"ComboTransTypeOut"_s, u"ComboMeasurementModeOut"_s, u"TextThresholdOut"_s},
+        {u"TextFSPos"_s, u"TextFSNeg"_s, u"TextSpanPos"_s, u"TextSpanNeg"_s, u"TextReadPos"_s,
+         u"TextReadNeg"_s, u"TextLSDPos"_s, u"TextLSDNeg"_s, u"TextUnitsPos"_s, u"TextUnitsNeg"_s},
+    };
+    auto& tabs = control<QTabWidget>(form(), u"SSTab1"_s);
+    for (int page = 0; page < tabs.count(); ++page) {
+        SCOPED_TRACE(page);
+        tabs.setCurrentIndex(page);
+        tabs.tabBar()->setFocus();
+        QStringList way;
+        do {
+            key(Qt::Key_Tab);
+            way << focus();
+        } while (way.last() != u"SSTab1"_s && way.size() < 30);
+        EXPECT_EQ(way, pages[page] + buttons + QStringList{u"SSTab1"_s});
+    }
+}
+
+TEST_F(CalParamKeys, ReturnSavesFromAFieldAndEscapeClosesAndAsksBeforeAChangeGoes) {
+    open(u"PT-1"_s);
+    type(u"TextInputHigh"_s, u"250"_s);
+    script.statements.clear();
+    key(Qt::Key_Return);
+    ASSERT_GE(script.statements.size(), 2);
+    EXPECT_TRUE(script.statements[1].contains(u"'250'"_s));
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(isOpen());
+
+    open(u"PT-1"_s);
+    type(u"TextInputHigh"_s, u"251"_s);
+    expectDiscard(BoxAnswer::no);
+    key(Qt::Key_Escape);
+    person.waitUntilAllCame();
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ(shown(u"TextInputHigh"_s), u"251"_s);
+}
+
+} // namespace kelvane::testing

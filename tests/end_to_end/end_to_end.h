@@ -1,0 +1,99 @@
+#pragma once
+
+#include "drivers/fluke702/dpclnk_library.h"
+#include "platform/database/odbc_connection.h"
+#include "testkit/embedded_database.h"
+#include "tests/end_to_end/connected_workstation.h"
+#include "tests/end_to_end/database_trouble.h"
+#include "tests/end_to_end/line_clock.h"
+#include "tests/simulators/programs.h"
+#include "tests/workflow/scripted_screen.h"
+#include "workflow/unfinished_results.h"
+
+#include <functional>
+
+namespace kelvane::testing {
+
+/// What the operator is told whatever the calibrator, to the letter.
+namespace told {
+inline const QString downloaded = QStringLiteral("Download Successful");
+inline const QString uploaded = QStringLiteral("Upload Successful");
+inline const QString unknownCalibrator = QStringLiteral(
+    "Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created "
+    "before uploading results.");
+inline const QString recordExists = QStringLiteral(
+    "A calibration record for this UUT with the same calibration date and time already exists! "
+    "Aborting calibration record creation for this UUT.");
+inline const QString connectionLost =
+    QStringLiteral("This workstation is no longer connected to the database. Please select FILE,LOG OUT "
+                   "from the menu, or CTRL-L to log out and reconnect.");
+} // namespace told
+
+inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
+inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
+
+/// A calibration from end to end with one of the calibrators: the demonstration's database, the real drivers and commands,
+/// and a scripted operator. jdoe is logged in, nothing is listed.
+class EndToEndTest : public ::testing::Test {
+  protected:
+    /// The calibrator's name and serial number.
+    EndToEndTest(const QString& calibrator, QString serial);
+
+    /// The operator presses Download, and is told this.
+    void download(const QString& message = told::downloaded);
+
+    // The upload step by step: what he meets comes in this order.
+    void expectChoice();
+    /// He answers the two questions for a record; `meanwhile` happens while he thinks about the last one.
+    void expectRecord(const QString& asset, std::function<void()> meanwhile = {});
+    /// The box of a record that is there already.
+    void expectRefusal();
+    void pressUpload(const QString& message = told::uploaded);
+
+    /// The instruments whose results have no record yet.
+    QStringList withoutRecord();
+    /// He presses Make Record for each of them; those of which no record was begun ask him for theirs.
+    void makeRecords();
+
+    /// He adds an instrument, names a standard and no second one; without a standard nobody asks for one.
+    void list(const QString& asset, const QString& standard);
+
+    /// The rows of a query, columns joined with "|".
+    QStringList rows(const QString& query, int columns = 1);
+    void execute(const QString& statement) { executeAnything(sharedConnection(session), statement); }
+    /// The instruments that are registered with the calibrator.
+    QStringList registered();
+    /// The standards that are in use with an instrument.
+    QStringList standardsInUse(const QString& asset);
+    /// The records of an instrument's working day: pass mark, number of standards, number of result lines.
+    QStringList records(const QString& asset);
+    /// No file of the database is damaged.
+    void expectSoundDatabase();
+
+    /// The login is refused as long as the file is destroyed, and works once it is back.
+    void logInAgain(WreckableFile& destroyed);
+
+    /// Starts the same command on another workstation, an upload or (with instruments) a download; it kills
+    /// itself before the moment of that number, 0 for none.
+    std::unique_ptr<QProcess> startCommand(int moment, const QStringList& downloaded = {});
+
+    static const QString& workDay();
+
+    OwnFolder folder;
+    LineClock clock;
+    ScriptedUserInterface ui;
+    EmbeddedDatabase database{demoDatabase(), databaseSettings()};
+    simulators::SimulatorFolder simulatorFolder;
+    ConnectedWorkstation workplace{ui, clock, database.dsn(), simulatorFolder.link(), openConnections()};
+    Session& session = workplace.session;
+    HeardPort port{workplace.line, clock};
+    DpclnkLibrary link;
+    Calibrators calibrators{session, {session, port}, {session, link}};
+    ScriptedScreen screen;
+
+  private:
+    static QHash<QString, QString> databaseSettings();
+    QString serial_;
+};
+
+} // namespace kelvane::testing

@@ -1,0 +1,312 @@
+#include "tests/end_to_end/torque_end_to_end.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+/// Three tools, loaded and carried out.
+class HalfWay : public TorqueEndToEnd {
+  protected:
+    HalfWay() {
+        for (const auto& asset : tools)
+            list(asset);
+    }
+
+    void bringBack() {
+        download();
+        carryOut(tools);
+    }
+
+    const QStringList tools{u"TW-101"_s, u"TW-102"_s, u"TW-103"_s};
+};
+
+TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestUntouched) {
+    bringBack();
+    const auto before = held();
+    switchOn({u"vanish-after:5@T1D+9*1"_s}); // three results each for the first two, three of the third
+    expectChoice();
+    expectRecord(u"TW-101"_s);
+    expectRecord(u"TW-102"_s);
+    pressUpload(told::timeOut);
+    expectWhole({u"TW-101"_s, u"TW-102"_s});
+    EXPECT_EQ(records(u"TW-103"_s), QStringList());
+    EXPECT_EQ(heldNames(), QStringList{u"TW-103"_s});
+    EXPECT_EQ(held().characteristics[0], before.characteristics[2]);
+    EXPECT_EQ(held().rounds.size(), 1U);
+    EXPECT_EQ(registered(), tools);
+    for (const auto& asset : tools)
+        EXPECT_EQ(standardsInUse(asset), (QStringList{u"TS-0001"_s, tool(asset).standard}));
+
+    // The line is gone with it: there is no port until it is on again.
+    upload({}, told::noPort);
+    EXPECT_EQ(registered(), tools);
+
+    switchOn();
+    upload({u"TW-103"_s}, told::noData({u"TW-101"_s, u"TW-102"_s}));
+    expectWhole(tools);
+    EXPECT_EQ(held(), simulators::Memory());
+    EXPECT_EQ(registered(), QStringList());
+}
+
+TEST_F(HalfWay, AVanishingAtTheDownloadOfTheLastToolLeavesTheTwoBeforeItRegistered) {
+    switchOn({u"vanish-after:0@T1A+2*1"_s});
+    download(told::timeOut);
+    EXPECT_EQ(registered(), (QStringList{u"TW-101"_s, u"TW-102"_s}));
+    EXPECT_EQ(held().rounds.size(), 0U) << "the round is not stored";
+    switchOn();
+    download();
+    EXPECT_EQ(registered(), tools);
+    carryOut(tools);
+    upload(tools);
+    expectWhole(tools);
+}
+
+TEST_F(HalfWay, WhatWasLoadedBeforeAFailureCanBeCarriedOutAndUploaded) {
+    switchOn({u"no-frame-ack@T1A+2*1"_s});
+    download(told::timeOut);
+    const QStringList two{u"TW-101"_s, u"TW-102"_s};
+    EXPECT_EQ(heldNames(), two);
+    carryOut(two);
+    upload(two);
+    expectWhole(two);
+    EXPECT_EQ(registered(), QStringList());
+}
+
+TEST_F(HalfWay, AnOperatorWhoTriesAgainGoesOnWhereTheLinkFailed) {
+    bringBack();
+    switchOn({u"silent+14*12"_s}); // three times four link starts
+    expectChoice();
+    expectRecord(u"TW-101"_s);
+    expectNoLink(BoxAnswer::retry);
+    expectNoLink(BoxAnswer::retry);
+    expectNoLink(BoxAnswer::retry);
+    expectRecord(u"TW-102"_s);
+    expectRecord(u"TW-103"_s);
+    pressUpload();
+    expectWhole(tools);
+    EXPECT_EQ(registered(), QStringList());
+}
+
+TEST_F(HalfWay, AnOperatorWhoIgnoresADeadLinkEndsTheUploadToo) {
+    bringBack();
+    switchOn({u"silent*4"_s});
+    expectChoice();
+    expectNoLink(BoxAnswer::ignore);
+    pressUpload(told::noLink);
+    EXPECT_EQ(registered(), tools);
+    upload(tools);
+    expectWhole(tools);
+}
+
+TEST_F(HalfWay, AFailureInTheCommentLeavesTheToolOpen) {
+    bringBack();
+    switchOn({u"bad-checksum@T1F+1*1"_s});
+    upload({u"TW-101"_s}, told::noResponse);
+    EXPECT_EQ(records(u"TW-102"_s), QStringList());
+    EXPECT_EQ(heldNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
+    upload({u"TW-102"_s, u"TW-103"_s}, told::noData({u"TW-101"_s}));
+    expectWhole(tools);
+}
+
+TEST_F(HalfWay, AFailureInTheFirstSelectionOfAToolLeavesItOpen) {
+    bringBack();
+    switchOn({u"no-reply@T1C+5*1"_s}); // five selections of the first tool
+    upload({u"TW-101"_s}, told::timeOut);
+    EXPECT_EQ(heldNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
+    upload({u"TW-102"_s, u"TW-103"_s}, told::noData({u"TW-101"_s}));
+    expectWhole(tools);
+}
+
+TEST_F(HalfWay, ASelectionBeforeAResultThatFailsIsNotLookedAt) {
+    bringBack();
+    switchOn({u"no-frame-ack@T1C+2*1"_s, u"no-reply@T1C+7*1"_s});
+    upload(tools);
+    expectWhole(tools);
+}
+
+// The record is there, its characteristic stays: with the registry cleared, nobody asks for it any more.
+TEST_F(HalfWay, ADeletionThatFailsIsPassedOverAndTheToolStaysOnTheCalibratorUntilItIsLoadedAgain) {
+    bringBack();
+    switchOn({u"no-frame-ack@T1J+1*1"_s});
+    upload(tools);
+    expectWhole(tools);
+    EXPECT_EQ(heldNames(), QStringList{u"TW-102"_s});
+    EXPECT_EQ(registered(), QStringList());
+    upload({});
+    expectWhole(tools);
+    download();
+    EXPECT_EQ(heldNames(), tools);
+    upload({}, told::noData(tools));
+}
+
+// The last message of an upload is not looked at: the round of tools that are gone stays.
+TEST_F(HalfWay, ARoundThatCantBeErasedStaysAndTheNextDownloadErasesIt) {
+    bringBack();
+    switchOn({u"bad-checksum@T2E*1"_s, u"no-frame-ack@T2E*1"_s});
+    upload(tools);
+    expectWhole(tools);
+    EXPECT_EQ(held().rounds.size(), 1U);
+    download();
+    EXPECT_EQ(held().rounds.size(), 1U);
+    EXPECT_EQ(heldNames(), tools);
+}
+
+TEST_F(HalfWay, NoOrAnotherAnswerToTheLinkTestEndsEverythingBeforeItBegins) {
+    switchOn({u"reply:743042@T0A*2"_s, u"no-reply@T0A+2*2"_s});
+    const auto failed = u"Communications with calibrator failed!"_s;
+    download(failed);
+    upload({}, failed);
+    download(told::timeOut);
+    upload({}, told::timeOut);
+    EXPECT_EQ(heard(), QStringList(4, u"T0A"_s));
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+TEST_F(HalfWay, AnUploadFromACalibratorThatDoesNotTellItsNumberEndsThere) {
+    bringBack();
+    switchOn({u"no-reply@T0D*1"_s});
+    upload({}, told::timeOut);
+    EXPECT_EQ(registered(), tools);
+    upload(tools);
+    expectWhole(tools);
+}
+
+TEST_F(HalfWay, AnUploadFromAnUnknownCalibratorChangesNothing) {
+    bringBack();
+    execute(u"update mt.inventory set i4206 = '1' where i4201 = 'TS-0001'"_s);
+    upload({}, told::unknownCalibrator + u"\r\n"_s);
+    EXPECT_EQ(registered(), tools);
+    EXPECT_EQ(heldNames(), tools);
+    execute(u"update mt.inventory set i4206 = '48213' where i4201 = 'TS-0001'"_s);
+    upload(tools);
+    expectWhole(tools);
+}
+
+// The download does not look at how that message went: it loads the tools for a calibrator of number 0, which
+// nobody knows, and an upload finds nothing in use.
+TEST_F(HalfWay, ADownloadToACalibratorThatDoesNotTellItsNumberIsRegisteredUnderZero) {
+    switchOn({u"no-reply@T0D*1"_s});
+    ui.expectBox(told::unknownCalibrator, downloadTitle, box::warning);
+    download();
+    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(rows(u"select mtag from mt.hvm_kv_task_inuse where serial_number = '0' order by mtag"_s),
+              (QStringList{u"1301"_s, u"1302"_s, u"1303"_s}));
+    EXPECT_EQ(standardsInUse(u"TW-101"_s), QStringList{u"TT-0300F"_s});
+    EXPECT_EQ(rows(u"select count(*) from mt.hvm_kv_task_standards_inuse where standard_mtag = ''"_s),
+              QStringList{u"3"_s});
+    carryOut(tools);
+    upload({});
+    EXPECT_EQ(heldNames(), tools) << "the readings stay on the calibrator";
+}
+
+TEST_F(HalfWay, WhatTheCalibratorRefusesIsToldInItsOwnWords) {
+    const struct {
+        QString fault;
+        QString words;
+        QStringList registered;
+    } refusals[] = {
+        {u"error-code:1@T2B*1"_s, u"Round Already Exists!"_s, {}},
+        {u"error-code:4@T2B*1"_s, u"Invalid Number of Characteristics!"_s, {}},
+        {u"error-code:27@T1A*1"_s, u"TW-101 - Insufficient Room in TorqueStar Database!"_s, {}},
+        {u"error-code:28@T1A+1*1"_s, u"TW-102 - Transduver Span Is Out Of Range!"_s, {u"TW-101"_s}},
+        // A code that it does not define leaves the text of the failure before: there was none.
+        {u"error-code:99@T1A+1*1"_s, u"TW-102 - "_s, {u"TW-101"_s}},
+        {u"reply:74314101@T1A+1*1"_s, u"TW-102 - Characteristic Already Exists!"_s, {u"TW-101"_s}},
+        {u"reply:74324300@T2C*1"_s, u"Round \"KVTASK\" NOT Stored!"_s, tools},
+        {u"no-reply@T2C*1"_s, told::timeOut, tools},
+    };
+    for (const auto& one : refusals) {
+        SCOPED_TRACE(one.fault.toStdString());
+        switchOn({one.fault});
+        download(one.words);
+        EXPECT_EQ(registered(), one.registered);
+    }
+    switchOn();
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+// The answer of four characters ends the download with the words of the code, and there are none for this
+// one.
+TEST_F(HalfWay, ARoundRefusedWithAnUnknownCodeIsTakenForASuccess) {
+    switchOn({u"error-code:9@T2B*1"_s});
+    download();
+    EXPECT_EQ(heldNames(), QStringList());
+    EXPECT_EQ(registered(), QStringList());
+    upload({});
+}
+
+// Neither the search for a round nor the selection and deletion of a tool that is there is looked at.
+TEST_F(HalfWay, MessagesThatPrepareADownloadMayFail) {
+    switchOn({u"no-reply@T2F*1"_s, u"no-frame-ack@T1C*1"_s, u"bad-checksum@T1C*1"_s});
+    download();
+    EXPECT_EQ(registered(), tools);
+    EXPECT_EQ(heldNames(), tools);
+}
+
+// Without the search for it, a round of the download before is in the way.
+TEST_F(HalfWay, ARoundThatWasNotFoundIsInTheWayOfTheNextOne) {
+    download();
+    switchOn({u"no-reply@T2F*1"_s});
+    download(u"Round Already Exists!"_s);
+    EXPECT_EQ(registered(), QStringList()) << "the earlier registry is gone";
+    EXPECT_EQ(heldNames(), tools);
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+TEST_F(HalfWay, AToolThatWasNotDeletedIsInTheWayOfItself) {
+    download();
+    switchOn({u"no-frame-ack@T1J*1"_s});
+    download(u"TW-101 - Characteristic Already Exists!"_s);
+    EXPECT_EQ(registered(), QStringList());
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+TEST_F(HalfWay, APortThatIsNotThereIsTold) {
+    switchOff();
+    download(told::noPort);
+    upload({}, told::noPort);
+    EXPECT_EQ(registered(), QStringList());
+    switchOn();
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+TEST_F(HalfWay, APortThatAnotherProgramHoldsIsTold) {
+    QtSerialPort other(workplace.settings);
+    other.setPortOpen(true);
+    download(told::noPort);
+    other.setPortOpen(false);
+    download();
+    EXPECT_EQ(registered(), tools);
+}
+
+TEST_F(HalfWay, AResultWithoutMomentAndReadingsIsReportedAndItsToolStaysForTheNextUpload) {
+    bringBack();
+    switchOn({u"reply:743144@T1D*1"_s});
+    expectChoice();
+    ui.expectReport(5, u"ModuleTSInterface,Conv2Date"_s);
+    ui.expectReport(5, u"ModuleTSInterface,Conv2Time"_s);
+    for (const auto& asset : tools.sliced(1))
+        expectRecord(asset);
+    pressUpload();
+    EXPECT_EQ(records(u"TW-101"_s), QStringList());
+    expectWhole(tools.sliced(1));
+    EXPECT_EQ(heldNames(), tools.first(1));
+    EXPECT_EQ(held().rounds.size(), 1U);
+    EXPECT_EQ(registered(), tools);
+    EXPECT_EQ(withoutRecord(), tools.first(1));
+    upload(tools.first(1), told::noData(tools.sliced(1)));
+    expectWhole(tools);
+    // The calibrator gave other replies that time: nothing says that these are the same results.
+    EXPECT_EQ(withoutRecord(), tools.first(1));
+    EXPECT_EQ(held(), simulators::Memory());
+}
+
+} // namespace kelvane::testing

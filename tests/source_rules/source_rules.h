@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QDir>
+#include <QStringList>
+
+namespace kelvane::testing {
+
+/// The rules that the tree of sources under `root` has to keep, a line for each fault; no line when all is
+/// well.
+///
+/// Includes: a module includes only from layers below its own, a driver nothing of another driver, a core
+/// module no header of the window libraries; what stands beside the layers (simulators, testkit, then demo
+/// and benchmarks, then tests) nothing that comes after it; between folders they are written from the root;
+/// no file includes itself, be it by way of others.
+QStringList includeFaults(const QDir& root);
+
+/// Sources of the modules that no test names: no file under tests/ includes their header or is called after
+/// them, and they are no part of a tested file either, which would use them from the same module. A source's
+/// header is the one of its own name, else the first one that it includes; "main.cpp" has none.
+QStringList sourcesWithoutTest(const QDir& root);
+
+/// Places in the modules where a text is named by its number.
+QStringList numberedTexts(const QDir& root);
+
+} // namespace kelvane::testing
