@@ -128,7 +128,7 @@ TEST_F(FormTestMessOnDatabase, ANewMessageCanBeChosenAtOnceInTheOpenParameterEdi
         EXPECT_EQ(rowsOf(control<QListWidget>(*parameters, list)).last(), u"WEAR GLOVES"_s);
     // It is no change of the instrument.
     parameters->close();
-    isWindowOpen(EXPECT_FALSE(session, u"FormCalParam"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormCalParam"));
 }
 
 TEST_F(FormTestMessOnDatabase, WhatAnotherWorkstationWroteIsOverwrittenByTheLaterSave) {
