@@ -7,10 +7,10 @@
 
 namespace kelvane {
 
-void fillFields(Session& session, std::span<const FieldValue> values) {
-    const int rows = ModuleGlobals::calFieldCount(session);
+void fillFields(CalRecord& record, std::span<const FieldValue> values) {
+    const int rows = ModuleGlobals::calFieldCount(record);
     for (int row = 0; row < rows; ++row) {
-        auto& field = session.CalFieldTable[row];
+        auto& field = record.CalFieldTable[row];
         for (const auto& one : values) {
             if (one.value && field.column.compare(one.column, Qt::CaseInsensitive) == 0)
                 field.value = *one.value;
@@ -27,10 +27,10 @@ int standardsInUse(Session& session, const QString& asset) {
     return count;
 }
 
-int takeStandardsInUse(Session& session, const QString& asset, int row) {
+int takeStandardsInUse(Session& session, CalRecord& record, const QString& asset, int row) {
     const int count = standardsInUse(session, asset);
     for (int i = 0; i < count; ++i)
-        session.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
+        record.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
     return count;
 }
 

@@ -88,11 +88,11 @@ QString calibratorUpload(Calibrators& calibrators, const QString& calibrator) {
     return {};
 }
 
-QString judgeAgain(Session& session, JournalEntry& entry) {
+QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     if (entry.driver == fluke702Driver)
-        return Fluke702_judge_again(session, entry);
+        return Fluke702_judge_again(session, entry, record);
     if (entry.driver == torqueStarDriver)
-        return TorqueStar_judge_again(session, entry);
+        return TorqueStar_judge_again(session, entry, record);
     return text(TextId::driverNotInVersion);
 }
 

@@ -29,9 +29,9 @@ bool calibratorRequiresStandard(Calibrators& calibrators, const QString& calibra
 QString calibratorDownload(Calibrators& calibrators, const QString& calibrator, const QString& tag);
 /// Empty on success, else the failure.
 QString calibratorUpload(Calibrators& calibrators, const QString& calibrator);
-/// Judges an entry of the journal again by the instrument's present parameters: lines, fields and standards
-/// of its record stand in the session's lists then. Empty, or the reason why it can't be judged.
-QString judgeAgain(Session& session, JournalEntry& entry);
+/// Judges an entry of the journal again by the instrument's present parameters,
+/// into `record`. Empty, or the reason why it can't be judged.
+QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record);
 
 namespace ModuleGlobals {
 

@@ -97,7 +97,7 @@ void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QLis
     }
 }
 
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const RunResults& run, const QString& serial) {
     // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
     const bool isUnnamed = lowerCased(run.tag.technician) == upperCased(serial);
@@ -111,19 +111,20 @@ void fillFields(Session& session, const CalParamRecord& instrument, const PointC
         {u"C2307", isUnnamed ? run.inUseTech : run.tag.technician},
         {u"C2350", plainText(counts.marginals)},
     };
-    kelvane::fillFields(session, values);
+    kelvane::fillFields(record, values);
 }
 
-RunStandards::RunStandards(Session& session, const QString& calibratorSerial) : session_(session) {
-    session.RecordStandards.erase();
-    session.RecordStandards[0] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
+RunStandards::RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial)
+    : session_(session), record_(record) {
+    record.RecordStandards.erase();
+    record.RecordStandards[0] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
 }
 
 int RunStandards::add(const QString& pressureModule, const QString& asset) {
     int row = 1;
     if (!pressureModule.isEmpty())
-        session_.RecordStandards[row++] = ModuleGlobals::AssetfromSerial(session_, pressureModule);
-    return takeStandardsInUse(session_, asset, row);
+        record_.RecordStandards[row++] = ModuleGlobals::AssetfromSerial(session_, pressureModule);
+    return takeStandardsInUse(session_, record_, asset, row);
 }
 
 } // namespace kelvane::Module702Interface

@@ -43,7 +43,7 @@ QStringList readingsOf(const RunResults& run);
 void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries);
 
 /// Puts what the run says into the fields of the new record. `serial` is the calibrator's serial number.
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const RunResults& run, const QString& serial);
 
 /// Puts the standards of a run into the list of the new record: the calibrator, its pressure module, and what
@@ -51,11 +51,12 @@ void fillFields(Session& session, const CalParamRecord& instrument, const PointC
 /// leaves its row empty, which ends the list.
 class RunStandards {
   public:
-    RunStandards(Session& session, const QString& calibratorSerial);
+    RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial);
     int add(const QString& pressureModule, const QString& asset);
 
   private:
     Session& session_;
+    CalRecord& record_;
 };
 
 } // namespace kelvane::Module702Interface

@@ -107,8 +107,8 @@ void readMoment(Session& session, const ToolResults& results, QString& date, QSt
     }
 }
 
-Findings findingsOf(Session& session, const CalParamRecord& instrument, const QList<double>& fractions,
-                    const ToolResults& results) {
+Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                    const QList<double>& fractions, const ToolResults& results) {
     Findings findings;
     for (int i = 0; i < results.points.size(); ++i) {
         const auto& reply = results.points[i];
@@ -116,14 +116,14 @@ Findings findingsOf(Session& session, const CalParamRecord& instrument, const QL
         findings.time = Conv2Time(session, timeField(reply));
         const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
         const double applied = nominalInput(instrument, fractions.value(i));
-        takePoint(session, findings.counts, judged(session, instrument, applied, reading, i + 1), i + 1);
+        takePoint(record, findings.counts, judged(session, instrument, applied, reading, i + 1), i + 1);
     }
     findings.comment = commentOf(results.comment);
     return findings;
 }
 
-void fillFields(Session& session, const CalParamRecord& instrument, const Findings& findings,
-                const QString& tech) {
+void fillFields(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                const Findings& findings, const QString& tech) {
     using Value = std::optional<QString>;
     const bool passed = findings.counts.passed();
     const bool remarked = session.CommandLineFlag;
@@ -142,7 +142,7 @@ void fillFields(Session& session, const CalParamRecord& instrument, const Findin
         {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()},
         {u"C2307", tech},
     };
-    kelvane::fillFields(session, values);
+    kelvane::fillFields(record, values);
 }
 
 QList<double> fractionsOf(const Session& session, int count) {
