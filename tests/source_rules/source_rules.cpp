@@ -214,7 +214,7 @@ QStringList includeFaults(const QDir& root) {
 QStringList sourcesWithoutTest(const QDir& root) {
     QStringList tested;
     QSet<QString> called;
-    for (const auto& path : filesIn(root, u"tests")) {
+    for (const auto& path : filesIn(root, u"tests") + filesIn(root, u"testkit")) {
         tested << includesOf(root, path).own;
         called << QFileInfo(path).baseName();
     }
