@@ -90,7 +90,7 @@ struct Decimal {
 };
 
 /// Takes apart what `std::to_chars` wrote in its scientific form, such as "-1.25e-07".
-Decimal takenApart(const char* at, const char* end) {
+Decimal parseScientific(const char* at, const char* end) {
     Decimal decimal;
     decimal.negative = *at == '-';
     bool behindPoint = false;
@@ -116,7 +116,7 @@ Decimal digitsOf(Float value, Precision... precision) {
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
                                    std::chars_format::scientific, precision...)
                          .ptr;
-    return takenApart(text.data(), end);
+    return parseScientific(text.data(), end);
 }
 
 /// A value of such a size is multiplied by a power of the table to get its digits.
@@ -163,7 +163,7 @@ void round(Decimal& decimal, int decimals) {
 constexpr int maxCharacters = std::numeric_limits<double>::max_exponent10 + 3 + significantDigits;
 
 /// Writes without an exponent, `decimals` digits behind the point, with room for `spare` more characters.
-QString written(const Decimal& decimal, int decimals, qsizetype spare = 0) {
+QString writeFixed(const Decimal& decimal, int decimals, qsizetype spare = 0) {
     std::array<char16_t, maxCharacters> characters;
     auto* const end = characters.data() + characters.size();
     auto* begin = end;
@@ -184,7 +184,7 @@ QString written(const Decimal& decimal, int decimals, qsizetype spare = 0) {
     return text;
 }
 
-QString withExponent(const Decimal& decimal) {
+QString writeScientific(const Decimal& decimal) {
     std::array<char, 32> text;
     auto* out = text.data();
     if (decimal.negative)
@@ -217,8 +217,8 @@ QString plainTextOf(Float value) {
     const auto decimal = digitsOf(value);
     const auto size = std::abs(static_cast<double>(value));
     if (size != 0 && (size < 1E-15 || size >= 1E15))
-        return withExponent(decimal);
-    return written(decimal, std::max(decimal.scale, 0));
+        return writeScientific(decimal);
+    return writeFixed(decimal, std::max(decimal.scale, 0));
 }
 
 template <class Whole>
@@ -354,7 +354,7 @@ QString fixedDecimals(double value, int decimals, qsizetype spare) {
         return notFinite(value);
     auto decimal = fifteenDigits(value);
     round(decimal, decimals);
-    return written(decimal, decimals, spare);
+    return writeFixed(decimal, decimals, spare);
 }
 
 qint16 roundedToShort(double value) {
