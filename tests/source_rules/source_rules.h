@@ -20,6 +20,10 @@ QStringList includeFaults(const QDir& root);
 /// none.
 QStringList sourcesWithoutTest(const QDir& root);
 
+/// Includes of headers that only POSIX has, outside the sources called after it ("..._posix.cpp"). Tests and
+/// what is made for them may use these everywhere.
+QStringList posixFaults(const QDir& root);
+
 /// Places in the modules where a text is named by its number.
 QStringList numberedTexts(const QDir& root);
 
