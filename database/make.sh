@@ -74,6 +74,7 @@ trap 'exit 1' HUP INT TERM
 cd -- "$new"
 "$here/upgrade.sh" --new .
 [ -z "$demo" ] || demonstration
+sync -- *.db
 cd / # the folder may move now
 
 if [ -d "$folder" ]; then

@@ -80,6 +80,7 @@ locked() {
     done
     for name in main $owners sys; do
         echo "pragma $name.journal_mode = delete;"
+        [ -z "$new" ] || echo "pragma $name.synchronous = off;" # nobody has a new one before it is whole
     done
     echo 'begin exclusive; commit;'
     echo '.output stdout'
@@ -112,6 +113,7 @@ upgrade() {
         locked | engine kelvane.db ||
             fail "$folder is in use, or can't be written; log out everywhere and try again; nothing was changed"
         copy=$folder.version-$present-$(date +%Y%m%d-%H%M%S)
+        [ ! -e "$copy" ] || copy=$copy-$$
         "$here/backup.sh" "$folder" "$copy" || fail "without a copy nothing was changed"
     fi
     if {

@@ -40,54 +40,61 @@ Outcome runScript(const QString& script, const QStringList& arguments, const Scr
     return outcomeOf(process, script, arguments);
 }
 
-QString sqlite(const QString& file, const QString& statement) {
+Outcome runSqlite(const QString& file, const QString& statement) {
     QProcess process;
-    const auto outcome =
-        outcomeOf(process, u"sqlite3"_s, {u"-batch"_s, u"-bail"_s, u"-init"_s, u"/dev/null"_s, file},
-                  statement + u"\n;\n"_s);
+    return outcomeOf(process, u"sqlite3"_s, {u"-batch"_s, u"-bail"_s, u"-init"_s, u"/dev/null"_s, file},
+                     statement + u"\n;\n"_s);
+}
+
+QString sqlite(const QString& file, const QString& statement) {
+    const auto outcome = runSqlite(file, statement);
     EXPECT_EQ(outcome.code, 0) << statement.toStdString() << "\n" << outcome.output.toStdString();
     return outcome.output.trimmed();
 }
 
-QString contentOf(const QString& database) {
-    QString all;
+QString sqliteForEach(const QString& database, const QString& statement) {
+    QString script;
     for (const auto& file : databaseFiles)
-        all += sqlite(database + u'/' + file, u".dump\n"_s);
-    return all;
+        script += u".open \"%1/%2\"\n.print %2\n%3\n;\n"_s.arg(database, file, statement);
+    return sqlite(u":memory:"_s, script);
+}
+
+QString contentOf(const QString& database) {
+    return sqliteForEach(database, u".dump"_s);
 }
 
 QStringList definitionsIn(const QString& database) {
     static const QRegularExpression comment(u"--[^\n]*"_s);
     static const QRegularExpression blanks(u"\\s+"_s);
     static const QRegularExpression blankAtSign(u" ?([(),]) ?"_s);
+    const auto found =
+        sqliteForEach(database, u"select ';;' || sql || ';;' from sqlite_schema where sql is not null "
+                                "and name not like 'sqlite!_%' escape '!' and name <> 'kelvane_upgrades'"_s);
+    QString file;
     QStringList definitions;
-    for (const auto& file : databaseFiles) {
-        const auto found =
-            sqlite(database + u'/' + file,
-                   u"select sql || ';;' from sqlite_schema where sql is not null "
-                   "and name not like 'sqlite!_%' escape '!' and name <> 'kelvane_upgrades'"_s);
-        for (auto definition : found.split(u";;"_s, Qt::SkipEmptyParts)) {
-            definition.remove(comment).replace(blanks, u" "_s).replace(blankAtSign, u"\\1"_s);
-            definitions << file + u": "_s + definition.trimmed();
-        }
+    for (auto part : found.split(u";;"_s)) {
+        part.remove(comment).replace(blanks, u" "_s).replace(blankAtSign, u"\\1"_s);
+        part = part.trimmed();
+        if (part.endsWith(u".db"_s))
+            file = part;
+        else if (!part.isEmpty())
+            definitions << file + u": "_s + part;
     }
     definitions.sort();
     return definitions;
 }
 
 QString rowsIn(const QString& database, const QString& columnsFrom) {
-    QString rows;
-    for (const auto& file : databaseFiles) {
-        const auto queries =
-            sqlite(columnsFrom + u'/' + file,
-                   u"select 'select ''' || t.name || ''', ' || group_concat('quote(' || c.name || ')') || "
-                   "' from ' || t.name || ' order by rowid;' "
-                   "from sqlite_schema as t, pragma_table_info(t.name) as c "
-                   "where t.type = 'table' and t.name not like 'sqlite!_%' escape '!' "
-                   "and t.name <> 'kelvane_upgrades' group by t.name"_s);
-        rows += file + u'\n' + sqlite(database + u'/' + file, queries) + u'\n';
-    }
-    return rows;
+    const auto queries = sqliteForEach(
+        columnsFrom, u"select 'select ''' || t.name || ''', ' || group_concat('quote(' || c.name || ')') || "
+                     "' from ' || t.name || ' order by rowid;' "
+                     "from sqlite_schema as t, pragma_table_info(t.name) as c "
+                     "where t.type = 'table' and t.name not like 'sqlite!_%' escape '!' "
+                     "and t.name <> 'kelvane_upgrades' group by t.name"_s);
+    QString script;
+    for (const auto& line : queries.split(u'\n'))
+        script += line.endsWith(u".db"_s) ? u".open \"%1/%2\"\n"_s.arg(database, line) : line + u'\n';
+    return sqlite(u":memory:"_s, script);
 }
 
 } // namespace kelvane::testing

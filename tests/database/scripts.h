@@ -28,8 +28,13 @@ struct ScriptEnvironment {
 Outcome runScript(const QString& script, const QStringList& arguments,
                   const ScriptEnvironment& environment = {});
 
-/// What the sqlite3 program answers for a file. A statement that fails is a failure of the test.
+/// Runs the sqlite3 program on a file, up to a statement that fails.
+Outcome runSqlite(const QString& file, const QString& statement);
+/// What it answers. A statement that fails is a failure of the test.
 QString sqlite(const QString& file, const QString& statement);
+
+/// What it answers for each file of a database, behind the file's name.
+QString sqliteForEach(const QString& database, const QString& statement);
 
 /// All definitions and rows of a database, as text.
 QString contentOf(const QString& database);

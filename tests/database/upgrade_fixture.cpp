@@ -3,6 +3,7 @@
 #include "tests/database/databases.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,11 @@ QString firstScript(const QString& name) {
 }
 
 } // namespace
+
+QString folderInMemory() {
+    return QFileInfo(u"/dev/shm"_s).isWritable() ? u"/dev/shm/kelvane-XXXXXX"_s
+                                                 : QDir::temp().filePath(u"kelvane-XXXXXX"_s);
+}
 
 QStringList upgradeSteps() {
     return QDir(sourceFile(u"database/embedded"_s)).entryList({u"*.sql"_s}, QDir::Files, QDir::Name);
@@ -85,15 +91,12 @@ QStringList Upgrade::copies() const {
 }
 
 QString Upgrade::inventoryColumns() const {
-    QStringList all;
-    for (const auto& owner : {u"mt.db"_s, u"std.db"_s, u"abc.db"_s})
-        all << sqlite(siteFile(owner), u"select group_concat(name) from pragma_table_info('inventory')"_s);
-    return all.join(u'\n');
+    return sqliteForEach(site(), u"select group_concat(name) from pragma_table_info('inventory')"_s);
 }
 
 void Upgrade::expectSound() const {
-    for (const auto& file : databaseFiles)
-        EXPECT_EQ(sqlite(siteFile(file), u"pragma integrity_check"_s), u"ok"_s) << file.toStdString();
+    EXPECT_EQ(sqliteForEach(site(), u"pragma integrity_check"_s),
+              u"abc.db\nok\nkelvane.db\nok\nmt.db\nok\nstd.db\nok\nsys.db\nok"_s);
 }
 
 } // namespace kelvane::testing

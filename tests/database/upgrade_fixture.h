@@ -8,6 +8,10 @@
 
 namespace kelvane::testing {
 
+/// The pattern of a temporary folder, in memory where it can be: an upgrade waits for the disk most of its
+/// time.
+QString folderInMemory();
+
 /// The steps of an upgrade, by their file names in order.
 QStringList upgradeSteps();
 
@@ -37,11 +41,11 @@ class Upgrade : public ::testing::Test {
     void forgetVersion() const;
     /// The folders of copies beside the database.
     QStringList copies() const;
-    /// The columns of the inventory of each owner that there are, without their kinds.
+    /// The columns of each owner's inventory.
     QString inventoryColumns() const;
     void expectSound() const;
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{folderInMemory()};
 };
 
 } // namespace kelvane::testing
