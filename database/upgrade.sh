@@ -126,7 +126,7 @@ upgrade() {
         return
     fi
     # An engine that was killed has left something to roll back.
-    locked | engine kelvane.db || fail "$folder can't be read any more; it is in $copy as it was"
+    locked | engine kelvane.db || fail "$folder is not upgraded, and is in use or damaged now; as it was before, it is in $copy"
     reached=$(version)
     [ "$reached" != "$present" ] || [ -z "$copy" ] || rm -r -- "$copy"
     fail "embedded/$(steps_above "$reached" | head -n 1) failed; $folder is of version $reached, as it was before that step"

@@ -231,7 +231,7 @@ TEST_F(UpgradeFailure, ByARowWithoutKeyKeepsTheRowsAndNamesTheColumn) {
     EXPECT_EQ(version(), newest);
 }
 
-TEST_F(UpgradeFailure, IsNamedForEachKeyOfTheOwnTables) {
+TEST_F(UpgradeFailure, ByARowWithoutKeyNamesEachColumnOfAKey) {
     QFile file(sourceFile(u"database/embedded/"_s + upgradeSteps().value(6)));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto step = QString::fromUtf8(file.readAll());

@@ -112,7 +112,7 @@ TEST_F(Upgrade, ACopyOfTheDatabaseAsItWasIsMadeFirst) {
     EXPECT_EQ(version(), 0);
 }
 
-TEST_F(Upgrade, MakeAndTheWorkstationsOwnDriverTakeADatabaseThatWasUpgraded) {
+TEST_F(Upgrade, MakeUpgradesADatabaseThatExists) {
     makeFirstVersion();
     EXPECT_EQ(runScript(sourceFile(u"database/make.sh"_s), {site()}).code, 0);
     EXPECT_EQ(version(), newest);
