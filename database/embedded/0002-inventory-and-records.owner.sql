@@ -1,9 +1,9 @@
--- The tables that every owner has for itself; this script is run against each owner's file.
+-- The tables that every owner has for itself.
 -- Dates are 'YYYY-MM-DD', times 'HH:MM:SS'. `mtag` is text, since statements put it in quotes and may leave it empty.
 
-create table if not exists inventory (
+create table if not exists OWNER.inventory (
     mtag  text primary key,
-    i4201 text not null unique collate nocase,                      -- asset number; case doesn't count
+    i4201 text not null unique,                                     -- asset number
     i4202 text,                                                     -- manufacturer
     i4203 text,                                                     -- model
     i4204 text,                                                     -- description
@@ -18,12 +18,12 @@ create table if not exists inventory (
     i4240 text                                                      -- owner group
 ) strict;
 
-create index if not exists inventory_model on inventory (i4203);
-create index if not exists inventory_description on inventory (i4204);
-create index if not exists inventory_serial on inventory (i4206);
-create index if not exists inventory_group on inventory (i4240);
+create index if not exists OWNER.inventory_model on inventory (i4203);
+create index if not exists OWNER.inventory_description on inventory (i4204);
+create index if not exists OWNER.inventory_serial on inventory (i4206);
+create index if not exists OWNER.inventory_group on inventory (i4240);
 
-create table if not exists calibration (
+create table if not exists OWNER.calibration (
     ctag  integer primary key autoincrement,
     mtag  text not null,
     cdsrc text,                                                     -- what wrote the record
@@ -60,50 +60,50 @@ create table if not exists calibration (
     c2391 text                                                      -- entered by
 ) strict;
 
-create unique index if not exists calibration_current on calibration (mtag) where c2339 = '1';
-create index if not exists calibration_mark on calibration (mtag, c2339);
-create index if not exists calibration_moment on calibration (mtag, c2301, c2333);
+create unique index if not exists OWNER.calibration_current on calibration (mtag) where c2339 = '1';
+create index if not exists OWNER.calibration_mark on calibration (mtag, c2339);
+create index if not exists OWNER.calibration_moment on calibration (mtag, c2301, c2333);
 
 -- A new calibration is the asset's current one. The mark leaves the earlier one first, so that a record that brings
 -- its own mark doesn't meet it.
-create trigger if not exists calibration_unmarks_earlier before insert on calibration
+create trigger if not exists OWNER.calibration_unmarks_earlier before insert on calibration
 begin
     update calibration set c2339 = null where mtag = new.mtag and c2339 = '1';
 end;
 
-create trigger if not exists calibration_marks_new after insert on calibration
+create trigger if not exists OWNER.calibration_marks_new after insert on calibration
 begin
     update calibration set c2339 = '1' where ctag = new.ctag;
 end;
 
 -- The shared tables of standards and results know a calibration by its ctag alone: each owner counts in a range of
 -- its own.
-insert into sqlite_sequence (name, seq)
-select 'calibration', :first_ctag - 1
-where not exists (select 1 from sqlite_sequence where name = 'calibration');
+insert into OWNER.sqlite_sequence (name, seq)
+select 'calibration', case 'OWNER' when 'mt' then 1000000 when 'std' then 2000000 else 3000000 end
+where not exists (select 1 from OWNER.sqlite_sequence where name = 'calibration');
 
-create table if not exists location (
+create table if not exists OWNER.location (
     mtag  text not null,
     l2801 text,                                                     -- place
     l2802 text check (l2802 is date(l2802, '+0 days')),             -- there since
     l2815 text                                                      -- '1' marks the current place
 ) strict;
 
-create index if not exists location_mark on location (mtag, l2815);
+create index if not exists OWNER.location_mark on location (mtag, l2815);
 
-create table if not exists repair (
+create table if not exists OWNER.repair (
     mtag  text not null,
     r3201 text check (r3201 is date(r3201, '+0 days')),             -- date
     r3202 text,                                                     -- what was done
     r3246 text                                                      -- '1' marks the latest repair
 ) strict;
 
-create index if not exists repair_mark on repair (mtag, r3246);
+create index if not exists OWNER.repair_mark on repair (mtag, r3246);
 
-create table if not exists customers (
+create table if not exists OWNER.customers (
     mtag  text not null,
     k4601 text,                                                     -- name
     k4602 text                                                      -- telephone
 ) strict;
 
-create index if not exists customers_asset on customers (mtag);
+create index if not exists OWNER.customers_asset on customers (mtag);

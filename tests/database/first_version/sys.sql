@@ -1,17 +1,16 @@
--- sys.db: the catalogue that tells what kind of value a column holds. The engine knows text, whole numbers and reals
--- only, so the kinds are written down here, column by column; a name means the same in every table that has it.
+-- sys.db as the first scripts made it.
 
-create table if not exists sysdomain (
+create table sysdomain (
     domain_id   integer primary key,
     domain_name text not null unique
 ) strict;
 
-create table if not exists syscolumn (
+create table syscolumn (
     domain_id   integer not null,
     column_name text primary key collate nocase
 ) strict;
 
-insert or ignore into sysdomain (domain_id, domain_name) values
+insert into sysdomain (domain_id, domain_name) values
     (1, 'SMALLINT'),
     (2, 'INTEGER'),
     (3, 'NUMERIC'),
@@ -27,7 +26,7 @@ insert or ignore into sysdomain (domain_id, domain_name) values
     (13, 'TIME'),
     (14, 'TINYINT');
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values
     ('b_cal_4224'), ('b_cal_4225'), ('b_cal_p'), ('c2302'), ('c2350'), ('c2352'), ('c2502'), ('datalen'),
@@ -35,17 +34,17 @@ from sysdomain, (values
     ('temp_sens_wires_in'), ('temp_sens_wires_out'), ('test_point_seq'), ('trace_delta'), ('version'))
 where domain_name = 'SMALLINT';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values ('ctag'))
 where domain_name = 'INTEGER';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values ('c2311'), ('c2312'), ('c2313'))
 where domain_name = 'FLOAT';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values
     ('cj_ref_temp_in'), ('cj_ref_temp_out'), ('click_dip_torque_out'), ('freq_ptpamp_in'), ('freq_ptpamp_out'),
@@ -55,24 +54,24 @@ from sysdomain, (values
     ('threshold_torque_out'))
 where domain_name = 'DOUBLE';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values
     ('c2301'), ('c2303'), ('c2355'), ('c2390'), ('holiday'), ('i4225'), ('i4230'), ('i4231'), ('l2802'),
     ('r3201'))
 where domain_name = 'DATE';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values ('c2333'), ('c2334'))
 where domain_name = 'TIME';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values ('created_on'), ('entered_date'))
 where domain_name = 'TIMESTAMP';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values
     ('allow_ooc_stds'), ('allow_poor_trace_stds'), ('c2323'), ('c2339'), ('i4209'), ('input_indicated'),
@@ -80,7 +79,7 @@ from sysdomain, (values
     ('tp_definition'))
 where domain_name = 'CHAR';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values
     ('baud_rate_out'), ('c2306'), ('c2307'), ('c2308'), ('c2309'), ('c2315'), ('c2316'), ('c2317'), ('c2318'),
@@ -95,7 +94,7 @@ from sysdomain, (values
     ('tp_name'), ('tptag'), ('tptype'), ('tracecodes'), ('transducer_type_out'), ('val'), ('validation'))
 where domain_name = 'VARCHAR';
 
-insert or ignore into syscolumn (domain_id, column_name)
+insert into syscolumn (domain_id, column_name)
 select domain_id, column1
 from sysdomain, (values ('c2326'), ('c2329'), ('notes'), ('prompt'), ('task_sql'), ('tooltip'))
 where domain_name = 'LONG VARCHAR';

@@ -1,19 +1,18 @@
 -- mt.db: the workstation's own tables. They are read as text throughout; numbers stand in numeric columns all the
--- same, so that they sort and compare as numbers and a slip is refused. A key is never null: a row of an instrument
--- that is not there would belong to nobody. Timestamps are 'YYYY-MM-DD HH:MM:SS'.
+-- same, so that they sort and compare as numbers and a slip is refused. Timestamps are 'YYYY-MM-DD HH:MM:SS'.
 
 -- Test strategies, one row for each point. A renamed strategy may join another one: no key over the sequence.
-create table if not exists hvm_kv_proc_points (
+create table if not exists mt.hvm_kv_proc_points (
     tp_name        text not null,
     test_point_seq integer not null,
     test_point_pct real not null                      -- percent of the input range
 ) strict;
 
-create index if not exists hvm_kv_proc_points_order on hvm_kv_proc_points (tp_name, test_point_seq);
+create index if not exists mt.hvm_kv_proc_points_order on hvm_kv_proc_points (tp_name, test_point_seq);
 
 -- Calibration parameters, one row for each instrument.
-create table if not exists hvm_kv_tag_config (
-    mtag                      text not null unique,
+create table if not exists mt.hvm_kv_tag_config (
+    mtag                      text unique,
     resolution                real,
     input_type                text,
     output_type               text,
@@ -61,27 +60,27 @@ create table if not exists hvm_kv_tag_config (
     output_indicated          text
 ) strict;
 
-create index if not exists hvm_kv_tag_config_strategy on hvm_kv_tag_config (tp_name);
+create index if not exists mt.hvm_kv_tag_config_strategy on hvm_kv_tag_config (tp_name);
 
 -- Test messages, and which instrument shows which.
-create table if not exists hvm_kv_prompts (
-    pname  text not null primary key,
+create table if not exists mt.hvm_kv_prompts (
+    pname  text primary key,
     prompt text
 ) strict;
 
-create table if not exists hvm_kv_proc_prompts (
-    mtag        text not null,
-    prompt_type text not null,                        -- PRE before the test, PST after it
-    prompt_seq  integer not null,
-    pname       text not null
+create table if not exists mt.hvm_kv_proc_prompts (
+    mtag        text,
+    prompt_type text,                                 -- PRE before the test, PST after it
+    prompt_seq  integer,
+    pname       text
 ) strict;
 
-create index if not exists hvm_kv_proc_prompts_asset on hvm_kv_proc_prompts (mtag, prompt_type, prompt_seq);
-create index if not exists hvm_kv_proc_prompts_name on hvm_kv_proc_prompts (pname);
+create index if not exists mt.hvm_kv_proc_prompts_asset on hvm_kv_proc_prompts (mtag, prompt_type, prompt_seq);
+create index if not exists mt.hvm_kv_proc_prompts_name on hvm_kv_proc_prompts (pname);
 
 -- Task packages: by definition (PDEF) or made for one print or download (WSHT).
-create table if not exists hvm_kv_task_packages (
-    taskname      text not null,
+create table if not exists mt.hvm_kv_task_packages (
+    taskname      text,
     tptype        text,
     mtuser        text,
     created_on    text check (created_on is datetime(created_on, '+0 days')),
@@ -94,50 +93,50 @@ create table if not exists hvm_kv_task_packages (
     description   text
 ) strict;
 
-create index if not exists hvm_kv_task_packages_name on hvm_kv_task_packages (taskname);
+create index if not exists mt.hvm_kv_task_packages_name on hvm_kv_task_packages (taskname);
 
-create table if not exists hvm_kv_task_assets (
-    tptag text not null,
-    mtag  text not null
+create table if not exists mt.hvm_kv_task_assets (
+    tptag text,
+    mtag  text
 ) strict;
 
-create index if not exists hvm_kv_task_assets_package on hvm_kv_task_assets (tptag, mtag);
+create index if not exists mt.hvm_kv_task_assets_package on hvm_kv_task_assets (tptag, mtag);
 
 -- What is out on a calibrator, with which standards, and the standards last named.
-create table if not exists hvm_kv_task_inuse (
+create table if not exists mt.hvm_kv_task_inuse (
     serial_number text,                               -- of the calibrator
     entered_date  text check (entered_date is datetime(entered_date, '+0 days')),
     mtag          text,
     tech          text
 ) strict;
 
-create index if not exists hvm_kv_task_inuse_calibrator on hvm_kv_task_inuse (serial_number, mtag);
+create index if not exists mt.hvm_kv_task_inuse_calibrator on hvm_kv_task_inuse (serial_number, mtag);
 
-create table if not exists hvm_kv_task_standards_inuse (
+create table if not exists mt.hvm_kv_task_standards_inuse (
     standard_mtag text,
     entered_date  text check (entered_date is datetime(entered_date, '+0 days')),
     mtag          text
 ) strict;
 
-create index if not exists hvm_kv_task_standards_inuse_standard on hvm_kv_task_standards_inuse (standard_mtag, mtag);
-create index if not exists hvm_kv_task_standards_inuse_asset on hvm_kv_task_standards_inuse (mtag);
+create index if not exists mt.hvm_kv_task_standards_inuse_standard on hvm_kv_task_standards_inuse (standard_mtag, mtag);
+create index if not exists mt.hvm_kv_task_standards_inuse_asset on hvm_kv_task_standards_inuse (mtag);
 
-create table if not exists hvm_kv_last_standards_used (
+create table if not exists mt.hvm_kv_last_standards_used (
     standard_mtag text,
     entered_date  text check (entered_date is datetime(entered_date, '+0 days')),
     mtag          text
 ) strict;
 
-create index if not exists hvm_kv_last_standards_used_asset on hvm_kv_last_standards_used (mtag);
+create index if not exists mt.hvm_kv_last_standards_used_asset on hvm_kv_last_standards_used (mtag);
 
 -- Fields that the making of a calibration record asks for.
-create table if not exists hvm_kv_worksheetfields (
-    fldnum   text not null,
-    sequence integer not null
+create table if not exists mt.hvm_kv_worksheetfields (
+    fldnum   text,
+    sequence integer
 ) strict;
 
 -- One row of switches, Y or N: may an overdue standard, or one of too low a trace level, be used all the same?
-create table if not exists hvm_kv_sysconfig (
+create table if not exists mt.hvm_kv_sysconfig (
     allow_ooc_stds        text,
     allow_poor_trace_stds text
 ) strict;
