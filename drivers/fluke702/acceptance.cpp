@@ -1,7 +1,7 @@
 #include "data/parameters/cal_params.h"
 #include "data/routine.h"
 #include "drivers/download_note.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke_combinations.h"
 #include "drivers/fluke_limits.h"
 #include "drivers/fluke_quantity.h"

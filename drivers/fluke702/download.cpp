@@ -6,7 +6,7 @@
 #include "drivers/asset_entries.h"
 #include "drivers/fluke702/download_item.h"
 #include "drivers/fluke702/download_prompts.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/fluke702/setup_state.h"
 #include "drivers/fluke702/task_values.h"

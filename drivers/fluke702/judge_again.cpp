@@ -2,7 +2,7 @@
 
 #include "data/assets/in_use.h"
 #include "data/routine.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/run_results.h"
 
 using namespace Qt::StringLiterals;

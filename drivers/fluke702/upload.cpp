@@ -3,7 +3,7 @@
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/fluke702/run_results.h"
 #include "drivers/instrument_work.h"
@@ -106,8 +106,8 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     work.attempt([&] { goesOn = prepare(record, run, work, judged); });
     if (!goesOn)
         return false;
-    work.entry = {.driver = fluke702Driver.toString(),
-                  .calibrator = text(TextId::calibratorFluke702),
+    work.entry = {.driver = identity.journalWord.toString(),
+                  .calibrator = text(identity.caption),
                   .serial = driver_.Calibrator702Serial,
                   .asset = tag_,
                   .mtag = judged.instrument.mtag,

@@ -6,9 +6,9 @@
 #include "drivers/new_record.h"
 #include "drivers/torquestar/characteristic.h"
 #include "drivers/torquestar/codes.h"
+#include "drivers/torquestar/driver.h"
 #include "drivers/torquestar/messages.h"
 #include "drivers/torquestar/protocol.h"
-#include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
