@@ -117,13 +117,13 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
     work.attempt([&] { goesOn = prepare(entry, results, work); });
     if (!goesOn)
         return fail(driver_.TSError);
-    work.entry.driver = identity.journalWord.toString();
-    work.entry.calibrator = text(identity.caption);
-    work.entry.serial = serial_;
-    work.entry.asset = entry.asset;
-    work.entry.mtag = entry.mtag;
-    work.entry.raw = toJson(results);
-    work.entry.readings = readingsOf(session_, results);
+    work.entry = {.driver = identity.journalWord.toString(),
+                  .calibrator = text(identity.caption),
+                  .serial = serial_,
+                  .asset = entry.asset,
+                  .mtag = entry.mtag,
+                  .raw = toJson(results),
+                  .readings = readingsOf(session_, results)};
     readMoment(session_, results, work.entry.date, work.entry.time);
     const auto outcome = work.finish();
     if (!outcome.failure.isEmpty())
