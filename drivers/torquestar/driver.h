@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/journal/journal.h"
+#include "drivers/calibrator_identity.h"
 #include "drivers/torquestar/serial_port.h"
 
 namespace kelvane {
@@ -18,8 +19,8 @@ struct TorqueStar {
 
 namespace ModuleTSInterface {
 
-/// Who has read a journal's entry.
-inline constexpr QStringView torqueStarDriver = u"torquestar";
+inline constexpr CalibratorIdentity identity{
+    .name = u"Crane TorqueStar IVc", .caption = TextId::calibratorTorqueStar, .journalWord = u"torquestar"};
 
 /// Whether an instrument can be calibrated with a TorqueStar: empty, or the reason why not.
 QString TorqueStar_acceptable(TorqueStar& driver, const QString& asset);

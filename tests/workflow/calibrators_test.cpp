@@ -2,7 +2,9 @@
 #include "resources/text_id.h"
 #include "testkit/fluke_fixture.h"
 #include "testkit/torque_fixture.h"
-#include "workflow/driver.h"
+#include "workflow/calibrators.h"
+
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -26,13 +28,13 @@ TEST_F(Drivers, AreChosenByTheCalibratorsName) {
     indicated.input_indicated = true;
     addInstrument(u"W-2"_s, u"KW-2"_s, indicated);
     const auto torqueStar = u"Crane TorqueStar IVc"_s;
-    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-1"_s), QString());
-    EXPECT_EQ(calibratorAcceptable(calibrators, torqueStar, u"W-2"_s),
+    EXPECT_EQ(calibratorNamed(torqueStar).acceptable(calibrators, u"W-1"_s), QString());
+    EXPECT_EQ(calibratorNamed(torqueStar).acceptable(calibrators, u"W-2"_s),
               text(TextId::indicatedInputUnsupported));
-    EXPECT_TRUE(calibratorRequiresStandard(calibrators, torqueStar, u"W-1"_s));
-    EXPECT_EQ(calibratorDownload(calibrators, torqueStar, u"TAG"_s), QString());
+    EXPECT_TRUE(calibratorNamed(torqueStar).requiresStandard(calibrators, u"W-1"_s));
+    EXPECT_EQ(calibratorNamed(torqueStar).download(calibrators, u"TAG"_s), QString());
     EXPECT_EQ(conversation().last(), u"T1A W-1"_s);
-    EXPECT_EQ(calibratorUpload(calibrators, torqueStar), QString());
+    EXPECT_EQ(calibratorNamed(torqueStar).upload(calibrators), QString());
     EXPECT_EQ(conversation().last(), u"T2E KVTASK"_s);
 }
 
@@ -55,15 +57,16 @@ TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
     indicated.input_indicated = true;
     addInstrument(u"PT-2"_s, indicated);
     addInstrument(u"PT-3"_s, instrument(u"psi"_s, 0, 100, u"lumen"_s, 0, 1));
-    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-1"_s), QString());
-    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-2"_s), text(TextId::indicatedInputUnsupported));
-    EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"PT-1"_s));
-    EXPECT_TRUE(calibratorRequiresStandard(calibrators, name, u"PT-3"_s));
+    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"PT-1"_s), QString());
+    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"PT-2"_s),
+              text(TextId::indicatedInputUnsupported));
+    EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"PT-1"_s));
+    EXPECT_TRUE(calibratorNamed(name).requiresStandard(calibrators, u"PT-3"_s));
     EXPECT_EQ(link.calls, QStringList()) << "the calibrator is not needed yet";
-    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), QString());
+    EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), QString());
     EXPECT_EQ(link.callsOf(u"MEMstartTask"_s), QStringList{u"MEMstartTask(\"PT-1\")"_s});
     EXPECT_EQ(link.callsOf(u"DPCdnlStart"_s).size(), 1);
-    EXPECT_EQ(calibratorUpload(calibrators, name), QString());
+    EXPECT_EQ(calibratorNamed(name).upload(calibrators), QString());
     EXPECT_EQ(link.callsOf(u"DPCuplStart"_s).size(), 1);
     EXPECT_EQ(link.calls.last(), u"MEMstats()"_s);
     EXPECT_EQ(calibrators.fluke702.Calibrator702Asset, u"F-702"_s);
@@ -72,20 +75,20 @@ TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
 
 TEST_F(FlukeDriver, WithoutItsLibrarySaysSoAndTouchesNothing) {
     link.whyMissing = u"no library"_s;
-    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), u"no library"_s);
-    EXPECT_EQ(calibratorUpload(calibrators, name), u"no library"_s);
+    EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), u"no library"_s);
+    EXPECT_EQ(calibratorNamed(name).upload(calibrators), u"no library"_s);
     EXPECT_EQ(link.calls, QStringList());
     EXPECT_EQ(script.statements, QStringList());
-    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"PT-1"_s), QString())
+    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"PT-1"_s), QString())
         << "a list may be made all the same";
 }
 
 TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
     const auto name = u"Fluke 743/744"_s;
-    EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), later);
-    EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
-    EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), later);
-    EXPECT_EQ(calibratorUpload(calibrators, name), later);
+    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"W-1"_s), later);
+    EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"W-1"_s));
+    EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), later);
+    EXPECT_EQ(calibratorNamed(name).upload(calibrators), later);
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(port.log, QStringList());
     EXPECT_EQ(link.calls, QStringList());
@@ -94,10 +97,10 @@ TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
 TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {
     for (const auto& name :
          {QString(), u"crane torquestar ivc"_s, u"Crane TorqueStar IVc "_s, u"Fluke 743"_s}) {
-        EXPECT_EQ(calibratorAcceptable(calibrators, name, u"W-1"_s), QString());
-        EXPECT_FALSE(calibratorRequiresStandard(calibrators, name, u"W-1"_s));
-        EXPECT_EQ(calibratorDownload(calibrators, name, u"TAG"_s), QString());
-        EXPECT_EQ(calibratorUpload(calibrators, name), QString());
+        EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"W-1"_s), QString());
+        EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"W-1"_s));
+        EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), QString());
+        EXPECT_EQ(calibratorNamed(name).upload(calibrators), QString());
     }
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(port.log, QStringList());
@@ -140,6 +143,23 @@ TEST_F(Drivers, AreChosenByCaptionsAndRememberedByTheirNames) {
     EXPECT_EQ(calibratorCaption(u"Other"_s), u"Other"_s);
     folder.write(u"texts.txt"_s, "351\tCrane TorqueStar IVc\n");
     EXPECT_TRUE(overlayStrings(folder.path() + u"/texts.txt"_s));
+}
+
+TEST(CalibratorList, NamesEachCalibratorOnceInEveryWay) {
+    QSet<QString> names;
+    QSet<QString> captions;
+    QSet<QString> journalWords;
+    for (const auto& calibrator : allCalibrators()) {
+        const auto name = calibrator.identity.name.toString();
+        names << name;
+        captions << calibratorCaption(name);
+        journalWords << calibrator.identity.journalWord.toString();
+        EXPECT_EQ(&calibratorNamed(name), &calibrator) << name.toStdString();
+    }
+    const auto count = static_cast<qsizetype>(allCalibrators().size());
+    EXPECT_EQ(names.size(), count);
+    EXPECT_EQ(captions.size(), count);
+    EXPECT_EQ(journalWords.size(), count);
 }
 
 } // namespace kelvane::testing

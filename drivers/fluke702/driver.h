@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/journal/journal.h"
+#include "drivers/calibrator_identity.h"
 #include "drivers/fluke702/dpclnk.h"
 
 namespace kelvane {
@@ -21,8 +22,8 @@ struct Fluke702 {
 
 namespace Module702Interface {
 
-/// Who has read a journal's entry.
-inline constexpr QStringView fluke702Driver = u"fluke702";
+inline constexpr CalibratorIdentity identity{
+    .name = u"Fluke 702", .caption = TextId::calibratorFluke702, .journalWord = u"fluke702"};
 
 /// Whether an instrument can be calibrated with a Fluke 702: empty, or the reason why not. What the
 /// calibrator can't read by itself is told in a box and is no reason.

@@ -1,4 +1,4 @@
-#include "drivers/fluke702/run_results.h"
+#include "drivers/fluke_run.h"
 
 #include "testkit/fixtures.h"
 
@@ -9,8 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
-
-using namespace Module702Interface;
 
 TEST(RunResults, ComeBackFromTheJournalToTheBit) {
     RunResults run{.kind = 2,
