@@ -6,7 +6,7 @@
 #include "editors/form_work_config.h"
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 #include "editors/predefined_tasks/task_package.h"
-#include "editors/statement_parts.h"
+#include "procedures/statement_parts.h"
 #include "editors/strategies/form_strategies.h"
 #include "testkit/screen_operator.h"
 #include "tests/editors/cal_param/cal_param_fixture.h"
