@@ -82,41 +82,44 @@ bool InstrumentWork::hasLostConnection() const {
 RecordOutcome InstrumentWork::record() {
     using End = RecordOutcome::End;
     const ReportWatch making(session_);
-    const auto refusal = createRecord(session_, entry);
+    const auto created = createRecord(session_, entry);
     RecordOutcome outcome{End::made, {}};
     if (making.sawReport()) {
-        outcome.end = End::unfinished;
-        changeJournal(session_, [this](Journal& journal) {
-            journal.explain(entry.id, text(TextId::recordMayBeIncomplete));
-        });
-    } else if (!refusal.isEmpty()) {
+        outcome.end = created.isGivenUp ? End::unprepared : End::unfinished;
+        const auto why = text(created.isGivenUp ? TextId::recordNotBegun : TextId::recordMayBeIncomplete);
+        changeJournal(session_, [&](Journal& journal) { journal.explain(entry.id, why); });
+    } else if (!created.refusal.isEmpty()) {
         changeJournal(session_,
-                      [&](Journal& journal) { journal.end(entry.id, JournalEnd::refused, refusal); });
+                      [&](Journal& journal) { journal.end(entry.id, JournalEnd::refused, created.refusal); });
     } else {
         endAsDone(session_, entry);
     }
-    if (!refusal.isEmpty()) {
+    if (!created.refusal.isEmpty()) {
         outcome.end = End::refused;
-        session_.ui.messageBox(refusal, text(TextId::recordCreation), box::stop);
+        session_.ui.messageBox(created.refusal, text(TextId::recordCreation), box::stop);
     }
     if (making.sawReport() && kelvane::hasLostConnection(session_))
         outcome.failure = text(TextId::connectionLostAdvice);
     return outcome;
 }
 
-QString createRecord(Session& session, const JournalEntry& entry) {
+CreatedRecord createRecord(Session& session, const JournalEntry& entry) {
     // What was asked of the database and not answered, as the key or the due date, must not become a part of
     // a record.
     const ReportWatch asking(session);
-    return ModuleGlobals::CreateCalRecord(session, entry.asset,
-                                          {.mayAsk = [&] { return !asking.sawReport(); },
-                                           .mayWrite =
-                                               [&] {
-                                                   if (asking.sawReport())
-                                                       return false;
-                                                   noteDate(session, entry);
-                                                   return true;
-                                               }});
+    CreatedRecord created;
+    const auto mayGoOn = [&] {
+        created.isGivenUp = asking.sawReport();
+        return !created.isGivenUp;
+    };
+    created.refusal =
+        ModuleGlobals::CreateCalRecord(session, entry.asset, {.mayAsk = mayGoOn, .mayWrite = [&] {
+                                                                  if (!mayGoOn())
+                                                                      return false;
+                                                                  noteDate(session, entry);
+                                                                  return true;
+                                                              }});
+    return created;
 }
 
 void endAsDone(Session& session, const JournalEntry& entry) {

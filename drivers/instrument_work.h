@@ -15,7 +15,7 @@ struct RecordOutcome {
         refused,
         /// There is an entry in the journal, and no record or a part of one.
         unfinished,
-        /// The same; an error came before the record was begun, so that the calibrator must keep the results.
+        /// The same; an error came before the record was begun, so that the calibrator keeps the results.
         unprepared,
     };
     End end = End::unprepared;
@@ -56,10 +56,18 @@ class InstrumentWork {
     ReportWatch preparation_;
 };
 
+/// How `CreateCalRecord` ended.
+struct CreatedRecord {
+    /// The reason why there is no record; empty when it was made, or after a reported error.
+    QString refusal = {};
+    /// An error came before anything was written, and so nothing was.
+    bool isGivenUp = false;
+};
+
 /// Has the record of an entry made, whose lines, fields and standards stand in the session's lists: the way
-/// of `CreateCalRecord`, as long as no error is reported on it. Before it writes, the journal learns the date
-/// that the operator has given.
-QString createRecord(Session& session, const JournalEntry& entry);
+/// of `CreateCalRecord`, given up when an error is reported before it writes. Before it writes, the journal
+/// learns the date that the operator has given.
+CreatedRecord createRecord(Session& session, const JournalEntry& entry);
 
 /// Ends an entry of which there is a whole record, and the older ones of the same results.
 void endAsDone(Session& session, const JournalEntry& entry);

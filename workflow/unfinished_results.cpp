@@ -166,7 +166,7 @@ QString RecordMaking::createNew() {
     entry_.prepared = true;
     entry_.why = text(TextId::resultsInterrupted);
     Journal(session_).replace(entry_);
-    const auto refusal = createRecord(session_, entry_);
+    const auto refusal = createRecord(session_, entry_).refusal;
     entry_.date = askedMoment(dateColumn, FieldKind::date, entry_.date);
     entry_.time = askedMoment(timeColumn, FieldKind::time, entry_.time);
     if (isMade())

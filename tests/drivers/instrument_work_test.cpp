@@ -159,7 +159,7 @@ TEST_F(WorkOnAnInstrument, AReportInTheLookUpsOfTheRecordMeansNoRecordAndNobodyI
     script.failures[key] = failed();
     script.answers.insert(worksheetQuery, {{u"2307"_s}});
     ui.expectReport(-158, u"ModuleGlobals,CheckAsset"_s);
-    EXPECT_EQ(work().end, End::unfinished);
+    EXPECT_EQ(work().end, End::unprepared) << "the calibrator keeps it";
     EXPECT_FALSE(hasRecord()) << "it would be a record of nobody";
     EXPECT_EQ(unfinished().size(), 1);
 }
@@ -169,7 +169,7 @@ TEST_F(WorkOnAnInstrument, AReportWhileTheOperatorIsAskedMeansNoRecord) {
     script.answers.insert(worksheetQuery, {{u"2307"_s}});
     script.failures[u"select val from mt.valfield where fldnum = '2307' order by val asc"_s] = failed();
     ui.expectReport(-158, u"ModuleGlobals,PromptUser"_s);
-    EXPECT_EQ(work().end, End::unfinished);
+    EXPECT_EQ(work().end, End::unprepared);
     EXPECT_FALSE(hasRecord());
 }
 
