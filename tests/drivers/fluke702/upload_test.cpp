@@ -1,3 +1,4 @@
+#include "drivers/fluke_run.h"
 #include "testkit/fluke_fixture.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
@@ -511,9 +512,11 @@ TEST_F(FlukeUploadStandards, EndAtAModuleThatTheInventoryDoesNotKnow) {
 
 TEST_F(FlukeUploadStandards, StandInTheRecordAsTheyCame) {
     CalRecord record;
-    RunStandards(session, record, u"6841207"_s).add({}, u"PT-101"_s);
+    RunStandards(session, record, u"6841207"_s).addInUse(u"PT-101"_s);
     EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"F702-01"_s, u"F702-01"_s, u"DMM-87V"_s}));
-    RunStandards(session, record, u"6841207"_s).add(u"99999"_s, u"PT-101"_s);
+    RunStandards withModule(session, record, u"6841207"_s);
+    withModule.addModule(u"99999"_s);
+    withModule.addInUse(u"PT-101"_s);
     EXPECT_EQ(std::as_const(record.RecordStandards)[1], QString());
     EXPECT_EQ(std::as_const(record.RecordStandards)[3], u"DMM-87V"_s);
 }
