@@ -229,7 +229,7 @@ TEST_F(DemoSite, ARecordAsksForTwoFieldsOfWhichOneIsRequired) {
     EXPECT_EQ(temperature.field_type, 2);
     QStringList missing;
     for (const auto& column : fieldColumns(record)) {
-        const auto field = fieldOf(session, column);
+        const auto field = fieldOf(record, column);
         if (field.required == u"Y" && field.default_text.isEmpty())
             missing << column;
     }
