@@ -4,6 +4,7 @@
 #include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane {
 

@@ -5,6 +5,7 @@
 #include "drivers/fluke_combinations.h"
 #include "drivers/fluke_quantity.h"
 #include "resources/strings.h"
+#include "resources/text_id.h"
 
 namespace kelvane {
 
