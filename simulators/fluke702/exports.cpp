@@ -8,21 +8,11 @@
 
 namespace {
 
-using kelvane::simulators::fluke702::Environment;
 using kelvane::simulators::fluke702::Library;
-
-Environment environment() {
-    Environment around;
-    if (const QString memory = qEnvironmentVariable("KELVANE_FLUKE702_MEMORY"); !memory.isEmpty())
-        around.memory = memory;
-    around.faults = qEnvironmentVariable("KELVANE_FLUKE702_FAULTS");
-    around.record = qEnvironmentVariable("KELVANE_FLUKE702_RECORD");
-    return around;
-}
 
 Library& library() {
     static Library only;
-    only.surround(environment());
+    only.surround(kelvane::simulators::environmentOf("KELVANE_FLUKE702", QStringLiteral("fluke702.json")));
     return only;
 }
 

@@ -1,10 +1,7 @@
 #include "simulators/fluke702/library.h"
 
-#include "simulators/fluke702/c_text.h"
+#include "simulators/common/c_text.h"
 #include "simulators/fluke702/settings.h"
-
-#include <cstdio>
-#include <exception>
 
 namespace kelvane::simulators::fluke702 {
 
@@ -16,15 +13,9 @@ constexpr qsizetype serialWidth = 10;
 constexpr qsizetype textWidth = 40;
 constexpr qsizetype tagWidth = 33;
 
-constexpr qint16 firstError = 2000;
-
 template <class... Pointers>
 bool anyNull(const Pointers*... pointers) {
     return (... || (pointers == nullptr));
-}
-
-void say(const QString& words) {
-    std::fprintf(stderr, "dpclnk: %s\n", words.toLocal8Bit().constData());
 }
 
 /// Gives the texts to the work, or refuses when one is missing.
@@ -40,44 +31,8 @@ std::vector<float> pointsIn(qint16 count, const float* points) {
 
 } // namespace
 
-void Library::surround(const Environment& environment) {
-    if (environment == environment_)
-        return;
-    environment_ = environment;
-    trouble_.clear();
-    faults_ = {};
-    try {
-        record_.open(environment.record);
-        faults_ = Faults(environment.faults);
-    } catch (const Failure& failure) {
-        trouble_ = failure.text();
-    }
-}
-
-/// `values` are what goes into the operation, for the record.
-template <class Work, class... Values>
-Library::Status Library::call(const char* operation, Code unreachable, Work work, const Values&... values) {
-    const std::optional<qint16> asked = faults_.take(operation);
-    Status status = Done;
-    if (!asked || (*asked >= 0 && *asked < firstError)) {
-        try {
-            status = work();
-        } catch (const Failure& failure) {
-            say(failure.text());
-            status = unreachable;
-        } catch (const std::exception& exception) {
-            say(QString::fromLocal8Bit(exception.what()));
-            status = OutOfStep;
-        }
-    }
-    status = asked.value_or(status);
-    record_.add(operation, status, values...);
-    return status;
-}
-
-template <class Work, class... Values>
-Library::Status Library::call(const char* operation, Work work, const Values&... values) {
-    return call(operation, OutOfStep, work, values...);
+Library::Library(const Environment& environment) : LinkCalls("dpclnk", operationNames(), OutOfStep) {
+    surround(environment);
 }
 
 // ---- the link
@@ -88,9 +43,7 @@ Library::Status Library::DPCopen(qint32 baudRate, const char* port, qint32 timin
         [&] {
             if (baudRate <= 0 || port == nullptr || *port == '\0')
                 return BadArgument;
-            if (!trouble_.isEmpty())
-                throw Failure(trouble_);
-            return transfer_.open(environment_.memory);
+            return transfer_.open(memory());
         },
         baudRate, port, timing, tries);
 }

@@ -1,35 +1,16 @@
 #pragma once
 
-#include "simulators/fluke702/call_record.h"
-#include "simulators/fluke702/faults.h"
+#include "simulators/common/link_calls.h"
+#include "simulators/fluke702/operations.h"
 #include "simulators/fluke702/transfer.h"
 
 namespace kelvane::simulators::fluke702 {
 
-/// Where a library's calibrator lies and how it misbehaves.
-struct Environment {
-    QString memory = QStringLiteral("fluke702.json"); ///< the file of the calibrator's memory
-    QString faults = {};                              ///< see `Faults`
-    QString record = {};                              ///< the file of the heard calls; empty: none
-
-    bool operator==(const Environment&) const = default;
-};
-
 /// The link library of the calibrator: its operations as a workstation calls them. Nothing that is passed
 /// does any harm: a null pointer, a text without end or a number that is none is refused.
-///
-/// A fault with a status from 2000 on, or below 0, comes in the place of the operation; any other one is the
-/// operation's status after it was carried out.
-class Library {
+class Library : public LinkCalls {
   public:
-    explicit Library(const Environment& environment = {}) { surround(environment); }
-
-    /// Other environment from now on: the file with the next opening of the link, faults and record at
-    /// once; the faults begin anew. What can't be understood is told on standard error, and no link can be
-    /// opened.
-    void surround(const Environment& environment);
-
-    using Status = qint16;
+    explicit Library(const Environment& environment = {});
 
     Status DPCopen(qint32 baudRate, const char* port, qint32 timing, quint8 tries);
     Status DPCclose();
@@ -76,16 +57,16 @@ class Library {
 
   private:
     template <class Work, class... Values>
-    Status call(const char* operation, Code unreachable, Work work, const Values&... values);
+    Status call(const char* operation, Code unreachable, Work work, const Values&... values) {
+        return carryOut(operation, unreachable, work, values...);
+    }
     template <class Work, class... Values>
-    Status call(const char* operation, Work work, const Values&... values);
+    Status call(const char* operation, Work work, const Values&... values) {
+        return carryOut(operation, OutOfStep, work, values...);
+    }
     /// A setting of the current state that is one word.
     Status setWord(const char* operation, const char* word, Code (*set)(State&, const QString&));
 
-    Environment environment_;
-    Faults faults_;
-    CallRecord record_;
-    QString trouble_;
     Image image_;
     Transfer transfer_{image_};
 };

@@ -1,6 +1,6 @@
 #include "simulators/fluke702/listing.h"
 
-#include "simulators/fluke702/c_text.h"
+#include "simulators/common/c_text.h"
 #include "simulators/fluke702/plan.h"
 
 #include <QHash>

@@ -1,7 +1,7 @@
 #include "simulators/fluke702/memory.h"
 
+#include "simulators/common/c_text.h"
 #include "simulators/common/json_place.h"
-#include "simulators/fluke702/c_text.h"
 
 #include <QDate>
 #include <QJsonArray>

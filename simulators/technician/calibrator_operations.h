@@ -8,7 +8,9 @@ namespace kelvane::simulators {
 /// What the technician can do with one kind of calibrator. Each gives lines to print, and throws `Failure`.
 struct CalibratorOperations {
     const char* calibrator;
-    QStringList options; ///< those that only this calibrator takes
+    QString memoryFormat;              ///< the mark of its memory's file
+    QList<QCommandLineOption> options; ///< those that not every calibrator takes
+    QString (*planHelp)();
     QStringList (*list)(const QString& memory);
     QStringList (*carryOut)(const QString& memory, const QCommandLineParser& parser);
     QStringList (*erase)(const QString& memory);

@@ -1,5 +1,6 @@
 #include "simulators/fluke702/field_work.h"
 #include "simulators/fluke702/listing.h"
+#include "simulators/fluke702/plan.h"
 #include "simulators/technician/calibrator_operations.h"
 #include "simulators/technician/options.h"
 
@@ -53,7 +54,17 @@ QStringList erase(Memory& memory) {
 const CalibratorOperations& fluke702Operations() {
     static const CalibratorOperations operations{
         "Fluke 702",
-        {u"round"_s, u"technician"_s, u"module"_s, u"shown"_s},
+        fluke702::memoryFormat(),
+        {{u"round"_s, u"Fluke 702: as-found or as-left. Default: as-found."_s, u"ROUND"_s},
+         {u"technician"_s, u"Fluke 702: who does the work. Default: the calibrator's serial number."_s,
+          u"NAME"_s},
+         {u"module"_s, u"Fluke 702: the serial number of the pressure module."_s, u"SERIAL"_s},
+         {u"shown"_s,
+          u"Fluke 702: the error that the calibrator itself shows, in percent of span: one for all or one "
+          u"for "
+          "each point. Default: the deviation."_s,
+          u"PERCENT,..."_s}},
+        fluke702::planHelp,
         [](const QString& path) { return onMemory<fluke702::MemoryFile>(path, fluke702::listing); },
         [](const QString& path, const QCommandLineParser& parser) {
             return onMemory<fluke702::MemoryFile>(

@@ -1,14 +1,13 @@
 #include "simulators/common/failure.h"
-#include "simulators/fluke702/memory.h"
-#include "simulators/fluke702/plan.h"
 #include "simulators/technician/calibrator_operations.h"
-#include "simulators/torquestar/plan.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +20,15 @@ void say(FILE* stream, const QString& text) {
     std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
 }
 
+/// The first is taken for a memory that no other one knows.
+std::array<const CalibratorOperations*, 2> calibrators() {
+    return {&torqueStarOperations(), &fluke702Operations()};
+}
+
 void describe(QCommandLineParser& parser) {
+    QStringList planHelps;
+    for (const auto* calibrator : calibrators())
+        planHelps << calibrator->planHelp();
     parser.setApplicationDescription(
         u"The person in the plant, for a simulated torque calibrator or Fluke 702: lists what was downloaded "
         "to it, and\n"
@@ -37,7 +44,7 @@ void describe(QCommandLineParser& parser) {
         "Doe\"\n"
         "  kelvane-technician --memory FILE carry-out --plan PLAN\n"
         "  kelvane-technician --memory FILE erase\n\n"_s +
-        planHelp() + u'\n' + fluke702::planHelp());
+        planHelps.join(u'\n'));
     parser.addHelpOption();
     parser.addOptions({
         {u"memory"_s, u"The calibrator's memory."_s, u"FILE"_s},
@@ -51,41 +58,41 @@ void describe(QCommandLineParser& parser) {
         {u"interval"_s, u"Seconds from one result, or run of a task, to the next. Default: 60."_s,
          u"SECONDS"_s, u"60"_s},
         {u"plan"_s, u"The plan file, instead of what it says."_s, u"PLAN"_s},
-        {u"points"_s, u"TorqueStar: test points in percent of the range."_s, u"PERCENT,..."_s},
-        {u"low"_s, u"TorqueStar: the low end of the range. Default: 0."_s, u"TORQUE"_s, u"0"_s},
-        {u"high"_s, u"TorqueStar: the high end of the range."_s, u"TORQUE"_s},
-        {u"comment"_s, u"TorqueStar: what the technician notes."_s, u"TEXT"_s},
-        {u"takes"_s,
-         u"TorqueStar: how often each point is taken. Default: as often as the characteristic has samples."_s,
-         u"N"_s},
-        {u"round"_s, u"Fluke 702: as-found or as-left. Default: as-found."_s, u"ROUND"_s},
-        {u"technician"_s, u"Fluke 702: who does the work. Default: the calibrator's serial number."_s,
-         u"NAME"_s},
-        {u"module"_s, u"Fluke 702: the serial number of the pressure module."_s, u"SERIAL"_s},
-        {u"shown"_s,
-         u"Fluke 702: the error that the calibrator itself shows, in percent of span: one for all or one for "
-         "each point. Default: the deviation."_s,
-         u"PERCENT,..."_s},
     });
+    for (const auto* calibrator : calibrators())
+        parser.addOptions(calibrator->options);
     parser.addPositionalArgument(u"command"_s, u"list, carry-out or erase"_s);
 }
 
-/// Which calibrator's memory it is, by its mark. A damaged file may still bear it.
-bool isOfFluke702(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray text = file.readAll();
+/// Whether it is the memory of that format, by its mark. A damaged file may still bear it.
+bool isOfFormat(const QByteArray& text, const QString& format) {
     const QJsonDocument document = QJsonDocument::fromJson(text);
-    return document.isNull() ? text.contains(fluke702::memoryFormat().toUtf8())
-                             : document[u"format"_s].toString() == fluke702::memoryFormat();
+    return document.isNull() ? text.contains(format.toUtf8()) : document[u"format"_s].toString() == format;
 }
 
-void refuseOptions(const QCommandLineParser& parser, const CalibratorOperations& other) {
-    for (const QString& name : other.options)
-        if (parser.isSet(name))
-            throw Failure(u"--%1 is for a %2, and this is the memory of another calibrator."_s.arg(
-                name, QString::fromLatin1(other.calibrator)));
+const CalibratorOperations& calibratorOf(const QString& path) {
+    QFile file(path);
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto all = calibrators();
+    const auto* found = std::ranges::find_if(
+        all, [&](const auto* calibrator) { return isOfFormat(text, calibrator->memoryFormat); });
+    return found == all.end() ? *all.front() : **found;
+}
+
+QStringList optionNames(const CalibratorOperations& calibrator) {
+    QStringList names;
+    for (const QCommandLineOption& option : calibrator.options)
+        names += option.names();
+    return names;
+}
+
+/// Refuses what only other calibrators take.
+void refuseOptions(const QCommandLineParser& parser, const CalibratorOperations& chosen) {
+    for (const auto* other : calibrators())
+        for (const QString& name : optionNames(*other))
+            if (parser.isSet(name) && !optionNames(chosen).contains(name))
+                throw Failure(u"--%1 is for a %2, and this is the memory of another calibrator."_s.arg(
+                    name, QString::fromLatin1(other->calibrator)));
 }
 
 void run(const QCoreApplication& application) {
@@ -98,9 +105,8 @@ void run(const QCoreApplication& application) {
     if (!parser.isSet(u"memory"_s))
         throw Failure(u"--memory is needed; see --help."_s);
     const QString memory = parser.value(u"memory"_s);
-    const bool process = isOfFluke702(memory);
-    const CalibratorOperations& operations = process ? fluke702Operations() : torqueStarOperations();
-    refuseOptions(parser, process ? torqueStarOperations() : fluke702Operations());
+    const CalibratorOperations& operations = calibratorOf(memory);
+    refuseOptions(parser, operations);
     const QStringList lines = command == u"list"_s    ? operations.list(memory)
                               : command == u"erase"_s ? operations.erase(memory)
                                                       : operations.carryOut(memory, parser);

@@ -3,6 +3,7 @@
 #include "simulators/torquestar/field_work.h"
 #include "simulators/torquestar/listing.h"
 #include "simulators/torquestar/memory_file.h"
+#include "simulators/torquestar/plan.h"
 
 using namespace Qt::StringLiterals;
 
@@ -62,7 +63,15 @@ QStringList erase(Memory& memory) {
 const CalibratorOperations& torqueStarOperations() {
     static const CalibratorOperations operations{
         "TorqueStar",
-        {u"points"_s, u"low"_s, u"high"_s, u"comment"_s, u"takes"_s},
+        memoryFormat(),
+        {{u"points"_s, u"TorqueStar: test points in percent of the range."_s, u"PERCENT,..."_s},
+         {u"low"_s, u"TorqueStar: the low end of the range. Default: 0."_s, u"TORQUE"_s, u"0"_s},
+         {u"high"_s, u"TorqueStar: the high end of the range."_s, u"TORQUE"_s},
+         {u"comment"_s, u"TorqueStar: what the technician notes."_s, u"TEXT"_s},
+         {u"takes"_s,
+          u"TorqueStar: how often each point is taken. Default: as often as the characteristic has samples."_s,
+          u"N"_s}},
+        planHelp,
         [](const QString& path) { return onMemory<MemoryFile>(path, listing); },
         [](const QString& path, const QCommandLineParser& parser) {
             return onMemory<MemoryFile>(path, [&](Memory& memory) { return carryOutWith(parser, memory); });

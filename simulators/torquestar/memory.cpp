@@ -18,8 +18,6 @@ namespace kelvane::simulators {
 
 namespace {
 
-const QString formatName = u"kelvane-torquestar memory 1"_s;
-
 template <typename List>
 auto* findNamed(List& list, const QString& name) {
     const auto place =
@@ -161,6 +159,10 @@ void Memory::remove(const QString& name) {
         std::erase(round.characteristics, name);
 }
 
+QString memoryFormat() {
+    return u"kelvane-torquestar memory 1"_s;
+}
+
 QByteArray textOf(const Memory& memory) {
     QJsonArray rounds;
     for (const Round& round : memory.rounds)
@@ -169,12 +171,12 @@ QByteArray textOf(const Memory& memory) {
     for (const Characteristic& characteristic : memory.characteristics)
         characteristics += jsonOf(characteristic);
     const QJsonObject whole{
-        {u"format"_s, formatName}, {u"rounds"_s, rounds}, {u"characteristics"_s, characteristics}};
+        {u"format"_s, memoryFormat()}, {u"rounds"_s, rounds}, {u"characteristics"_s, characteristics}};
     return QJsonDocument(whole).toJson();
 }
 
 Memory memoryFrom(const QByteArray& text) {
-    const Place whole = wholeFrom(text, formatName);
+    const Place whole = wholeFrom(text, memoryFormat());
     refuseOtherKeys(whole, {u"format"_s, u"rounds"_s, u"characteristics"_s});
 
     Memory memory;

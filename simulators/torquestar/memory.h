@@ -51,6 +51,8 @@ struct Memory {
     bool operator==(const Memory&) const = default;
 };
 
+/// The mark of the file.
+QString memoryFormat();
 /// The memory as readable JSON, and back. `memoryFrom` throws `Failure` with the reason when the text is not
 /// such a memory: it never repairs and never drops anything.
 QByteArray textOf(const Memory& memory);

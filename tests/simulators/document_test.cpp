@@ -1,6 +1,7 @@
+#include "simulators/common/call_faults.h"
 #include "simulators/fluke702/codes.h"
-#include "simulators/fluke702/faults.h"
 #include "simulators/fluke702/memory.h"
+#include "simulators/fluke702/operations.h"
 #include "simulators/torquestar/memory_file.h"
 #include "tests/simulators/message_bytes.h"
 #include "tests/simulators/programs.h"
@@ -111,7 +112,7 @@ TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke702DoWhatTheySay) {
 
 TEST(SimulatorsPage, ItsFaultsOfTheFluke702AreTaken) {
     const QString example = examples(fluke702Chapter).filter(u"KELVANE_FLUKE702_FAULTS="_s).value(0);
-    fluke702::Faults faults(example.section(u'"', 1, 1));
+    CallFaults faults(example.section(u'"', 1, 1), fluke702::operationNames());
     for (const int status : {-1, -1, 2012, -1})
         EXPECT_EQ(faults.take("MEMtemplate").value_or(-1), status);
     EXPECT_EQ(faults.take("DPCdnlStep"), 100);

@@ -9,7 +9,7 @@ namespace {
 /// The reason for which the text is refused; empty when it is taken.
 QString refusal(const QString& text) {
     try {
-        Faults{text};
+        CallFaults(text, operationNames());
     } catch (const Failure& failure) {
         return failure.text();
     }

@@ -7,19 +7,17 @@
 #include <span>
 #include <vector>
 
-namespace kelvane::simulators::fluke702 {
-
-/// The names of the link library's operations.
-std::span<const char* const> operationNames();
+namespace kelvane::simulators {
 
 /// The statuses that operations are to give, whatever they would say themselves: faults with semicolons
 /// between, OPERATION[+AFTER][*TIMES]=STATUS, such as "MEMtemplate+2*1=2012;DPCdnlStep=100". The first one
 /// spares two calls and comes once.
-class Faults {
+class CallFaults {
   public:
-    Faults() = default;
-    /// Throws `Failure` on anything that it doesn't understand.
-    explicit Faults(const QString& text);
+    CallFaults() = default;
+    /// `operations` are the names of the library's operations. Throws `Failure` on anything that it doesn't
+    /// understand.
+    CallFaults(const QString& text, std::span<const char* const> operations);
 
     /// The status of this call, if one is asked for; counts the call.
     std::optional<qint16> take(const char* operation);
@@ -32,9 +30,9 @@ class Faults {
         qint16 status = 0;
     };
 
-    static Fault faultOf(const QString& text);
+    static Fault faultOf(const QString& text, std::span<const char* const> operations);
 
     std::vector<Fault> faults_;
 };
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace kelvane::simulators::fluke702 {
+namespace kelvane::simulators {
 
 /// The calls that the library heard, as lines of text: `DPCopen(9600, "COM1", 1000, 5) = 0`, each with what
 /// went in and its status. Without a path it keeps nothing.
@@ -32,4 +32,4 @@ class CallRecord {
     QFile file_;
 };
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators

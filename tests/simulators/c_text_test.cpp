@@ -1,4 +1,4 @@
-#include "simulators/fluke702/c_text.h"
+#include "simulators/common/c_text.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace kelvane::simulators::fluke702 {
+namespace kelvane::simulators {
 
 /// A text that came in, in the calibrator's alphabet; nothing for none. It is read no further than the first
 /// 1024 bytes, which is more than any operation takes.
@@ -17,4 +17,4 @@ void putText(char* buffer, qsizetype width, const QString& text);
 /// The shortest digits that give the number back, such as "0.1"; "nan", "inf" or "-inf" for what is none.
 QString digitsOf(float number);
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators

@@ -1,38 +1,16 @@
-#include "simulators/fluke702/faults.h"
+#include "simulators/common/call_faults.h"
 
 #include "simulators/common/failure.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
-namespace kelvane::simulators::fluke702 {
+namespace kelvane::simulators {
 
 namespace {
-
-constexpr std::array operations = {
-    "DPCopen",          "DPCclose",
-    "DPCget70x",        "DPCdnlStart",
-    "DPCdnlStep",       "DPCuplStart",
-    "DPCuplStep",       "MEMclear",
-    "MEMstrategyDefn",  "MEMpromptDefn",
-    "MEMstartTask",     "MEMprompt",
-    "MEMtemplate",      "MEMendTask",
-    "STAinit",          "STAsetTempUnits",
-    "STAsetTref",       "STAsetTempStd",
-    "STAsetPresUnits",  "STAsetOutput",
-    "STAsetInput",      "STAsetInputRange",
-    "STAsetLoopPower",  "STAsetOutputScale",
-    "STAsetInputScale", "STAsetTestTolerance",
-    "STAsave",          "MEMstats",
-    "MEMrDir",          "MEMasflInfo",
-    "MEMbaseState",     "MEMtagidInfo",
-    "MEMcalResult",     "MEMcalResultEntry",
-    "STAgetPressure",
-};
 
 /// A count from 1; 0 when the digits are none or too many.
 int countOf(const QString& digits) {
@@ -43,11 +21,7 @@ int countOf(const QString& digits) {
 
 } // namespace
 
-std::span<const char* const> operationNames() {
-    return operations;
-}
-
-Faults::Fault Faults::faultOf(const QString& text) {
+CallFaults::Fault CallFaults::faultOf(const QString& text, std::span<const char* const> operations) {
     static const QRegularExpression form(u"^([A-Za-z0-9]+)(?:\\+([0-9]+))?(?:\\*([0-9]+))?=(-?[0-9]+)$"_s);
     const QRegularExpressionMatch parts = form.match(text);
     if (!parts.hasMatch())
@@ -68,13 +42,13 @@ Faults::Fault Faults::faultOf(const QString& text) {
     return fault;
 }
 
-Faults::Faults(const QString& text) {
+CallFaults::CallFaults(const QString& text, std::span<const char* const> operations) {
     for (const QString& part : text.split(u';'))
         if (!part.trimmed().isEmpty())
-            faults_.push_back(faultOf(part.trimmed()));
+            faults_.push_back(faultOf(part.trimmed(), operations));
 }
 
-std::optional<qint16> Faults::take(const char* operation) {
+std::optional<qint16> CallFaults::take(const char* operation) {
     for (Fault& fault : faults_) {
         if (fault.left == 0 || fault.operation != operation)
             continue;
@@ -89,4 +63,4 @@ std::optional<qint16> Faults::take(const char* operation) {
     return {};
 }
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators

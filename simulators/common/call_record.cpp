@@ -1,11 +1,11 @@
-#include "simulators/fluke702/call_record.h"
+#include "simulators/common/call_record.h"
 
+#include "simulators/common/c_text.h"
 #include "simulators/common/failure.h"
-#include "simulators/fluke702/c_text.h"
 
 using namespace Qt::StringLiterals;
 
-namespace kelvane::simulators::fluke702 {
+namespace kelvane::simulators {
 
 void CallRecord::open(const QString& path) {
     file_.close();
@@ -39,4 +39,4 @@ void CallRecord::write(const char* operation, const QStringList& values, qint16 
         u"%1(%2) = %3\n"_s.arg(QLatin1StringView(operation), values.join(u", "_s)).arg(status).toUtf8());
 }
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators

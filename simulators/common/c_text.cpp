@@ -1,4 +1,4 @@
-#include "simulators/fluke702/c_text.h"
+#include "simulators/common/c_text.h"
 
 #include "simulators/common/text_bytes.h"
 
@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cstring>
 
-namespace kelvane::simulators::fluke702 {
+namespace kelvane::simulators {
 
 std::optional<QString> textIn(const char* text) {
     if (text == nullptr)
@@ -28,4 +28,4 @@ QString digitsOf(float number) {
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 
-} // namespace kelvane::simulators::fluke702
+} // namespace kelvane::simulators
