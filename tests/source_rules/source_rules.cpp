@@ -316,11 +316,17 @@ QStringList numberedTexts(const QDir& root) {
 QStringList statementsInScreens(const QDir& root) {
     const auto graph = readTree(root);
     QStringList faults;
-    for (const auto& source : screenSources(root)) {
+    const auto sources = screenSources(root);
+    const auto isOfCore = [&](const QString& header) {
+        const QString source = header.chopped(2) + u".cpp"_s;
+        return graph.contains(source) && !sources.contains(source);
+    };
+    for (const auto& source : sources) {
         if (const auto way = includeWay(graph, source, u"platform/database/sql.h"_s); !way.isEmpty())
             faults << way.join(u" > "_s);
         auto own = graph.value(source).own;
-        own.removeIf([&](const QString& header) { return folderOf(header) != folderOf(source); });
+        own.removeIf(
+            [&](const QString& header) { return folderOf(header) != folderOf(source) || isOfCore(header); });
         for (const auto& file : QStringList{source} + own) {
             for (const auto& statement : statementsIn(contentOf(root, file)))
                 faults << file + u": "_s + statement;
