@@ -40,7 +40,8 @@ void FormCalParam::SaveData() {
         showInstrument();
         saveCheckSum();
     };
-    runSave(routine, save, [this](const Error& error) { refuse(error); });
+    if (const auto error = routine.failureOf(save))
+        refuse(*error);
 }
 
 void FormCalParam::refuse(const Error& error) {
