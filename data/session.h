@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/tolerances/result_template.h"
 #include "platform/database/connection.h"
 #include "platform/values/fixed_list.h"
 #include "platform/workstation.h"
@@ -29,24 +30,6 @@ struct PromptEntry {
     QString prompt;
     /// "PRE" before the test, "PST" after it.
     QString prompt_type;
-};
-
-/// A row of the calibration record that is being made. A row with an empty `column` ends the table.
-struct CalField {
-    QString column;
-    QString title;
-    /// "Y", "N", or empty when the dictionary says nothing.
-    QString required;
-    bool has_list = false;
-    QString default_text;
-    /// 0 text, 1 date, 2 number, 3 time.
-    qint16 field_type = 0;
-    QString copy_from;
-    QString copy_to;
-    qint16 max_length = 0;
-    QString tooltip;
-    bool on_worksheet = false;
-    QString value;
 };
 
 /// The session values and the module-level lists: one set for the whole program, handed to every routine.
@@ -82,18 +65,13 @@ struct Session : Workstation {
     QString WinDir;
     FixedList<SubstRow, 500> SubstTable;
     /// The body line of the result template, upper-cased; empty: results can't be laid out in this session.
-    QString ResultTemplateLine;
+    ResultTemplate ResultTemplateLine;
 
     FixedList<AssetEntry, 500> AssetList;
     FixedList<float, 200> TestPointList;
     FixedList<PromptEntry, 250> PromptList;
     /// Asset numbers of the standards in use with an instrument.
     FixedList<QString, 50> StandardsInUse;
-    /// Asset numbers of the standards of a new record; the first empty entry ends it.
-    FixedList<QString, 100> RecordStandards;
-    /// Result lines of a new record; the first empty entry ends it.
-    FixedList<QString, 2000> RecordResults;
-    FixedList<CalField, 100> CalFieldTable;
     /// The choices of the one-field dialog, from 1; the first empty entry ends it.
     FixedList<QString, 2500, 1> SharedValueList;
 };

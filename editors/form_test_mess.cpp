@@ -2,9 +2,9 @@
 
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "editors/column_values.h"
 #include "editors/new_name.h"
 #include "editors/refusal.h"
+#include "procedures/column_values.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"

@@ -3,10 +3,10 @@
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/link.h"
-#include "drivers/fluke702/run_results.h"
-#include "drivers/instrument_work.h"
+#include "drivers/fluke702/stored_run.h"
+#include "drivers/link_status.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -40,7 +40,7 @@ class Upload {
     bool prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged);
     bool readEntries(qint32 record, int points, int stored, RunResults& run);
     bool comesAgainAfter(qint32 record);
-    bool fillStandards(RunResults& run);
+    bool fillStandards(RunResults& run, CalRecord& record);
 
     Fluke702& driver_;
     Session& session_;
@@ -77,11 +77,7 @@ bool Upload::takeRun(qint32 record) {
         return true;
     InstrumentWork work(session_, routineName);
     RunResults run{.kind = header.kind};
-    work.attempt([&] {
-        const auto moment = momentOf(header);
-        run.date = formatMoment(moment, ModuleGlobals::statementForm.date);
-        run.time = formatMoment(moment, ModuleGlobals::statementForm.time);
-    });
+    work.attempt([&] { setMoment(run, momentOf(header)); });
     if (header.kind != firstRun && header.kind != asLeftRun)
         return true;
 
@@ -106,44 +102,32 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     work.attempt([&] { goesOn = prepare(record, run, work, judged); });
     if (!goesOn)
         return false;
-    work.entry = {.driver = fluke702Driver.toString(),
-                  .calibrator = text(TextId::calibratorFluke702),
-                  .serial = driver_.Calibrator702Serial,
-                  .asset = tag_,
-                  .mtag = judged.instrument.mtag,
-                  .date = run.date,
-                  .time = run.time,
-                  .raw = toJson(run),
-                  .readings = readingsOf(run)};
-    const auto outcome = work.finish();
-    using End = RecordOutcome::End;
-    if (outcome.end == End::made || outcome.end == End::unfinished)
-        judged.judgement->tellDisagreements(tag_);
+    work.entry = entryOf(identity, driver_.Calibrator702Serial, tag_, judged.instrument.mtag, run);
+    const auto outcome = finishRun(work, judged.judgement);
     failure_ = outcome.failure;
     return failure_.isEmpty();
 }
 
 bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged) {
-    ModuleGlobals::SetCalDataFields(session_, tag_);
-    session_.RecordResults.erase();
+    ModuleGlobals::SetCalDataFields(session_, work.record, tag_);
     judged.instrument = ModuleGlobals::GetCalParams(session_, tag_);
     qint16 stored = 0;
     if (link_.MEMcalResult(record, stored) != 0)
         return false;
     const int points = ModuleGlobals::GetTestPointList(session_, tag_);
-    judged.judgement.emplace(session_, judged.instrument,
+    judged.judgement.emplace(session_, work.record, judged.instrument,
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
     if (work.isPrepared())
-        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries); });
+        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries, readingOf); });
 
     const auto& serial = driver_.Calibrator702Serial;
     run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
     run.comesAgain = run.kind == firstRun && comesAgainAfter(record);
-    fillFields(session_, judged.instrument, judged.judgement->counts(), run, serial);
-    counter_ = session_.CalFieldTable.last + 1;
-    return fillStandards(run);
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, serial);
+    counter_ = work.record.CalFieldTable.last + 1;
+    return fillStandards(run, work.record);
 }
 
 /// As many readings as the instrument has points. Where these could not be found out, what the run holds is
@@ -174,15 +158,16 @@ bool Upload::comesAgainAfter(qint32 record) {
     return false;
 }
 
-bool Upload::fillStandards(RunResults& run) {
-    RunStandards standards(session_, driver_.Calibrator702Serial);
+bool Upload::fillStandards(RunResults& run, CalRecord& record) {
+    RunStandards standards(session_, record, driver_.Calibrator702Serial);
     QString model(16, u' ');
     QString serial(10, u' ');
     Dpclnk::Open unused = 0;
     if (link_.STAgetPressure(model, serial, unused) != 0)
         return false;
     run.pressureModule = ModuleGlobals::CleanDLLString(serial);
-    counter_ = static_cast<qint16>(standards.add(run.pressureModule, tag_));
+    standards.addModule(run.pressureModule);
+    counter_ = static_cast<qint16>(standards.addInUse(tag_));
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/cal_param/cal_param_controls.h"
+#include "editors/cal_param/cal_param_fields.h"
 #include "editors/open_cal_param.h"
 #include "ui/editor_window.h"
 
@@ -35,8 +36,6 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     /// Reads an instrument and shows it as the current one. When anything of it can't be read the screen
     /// keeps all that it shows; then the result is false.
     bool LoadControls(const QString& instrument);
-    /// The rows of the four lists of messages, in the order of `promptQueries`.
-    QList<QStringList> LoadPrompts(const QString& instrument);
     void ShowUnitTabs();
     double Form_CheckSum() override;
     bool isChanged() override;
@@ -50,9 +49,12 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void CommandClone();
     /// What follows a save that failed.
     void refuse(const Error& error);
+    /// The control whose value kept the parameters from being saved; null when it can't be told.
+    CalParamControl* refusedControl(const Error& error) const;
     /// The title with the current instrument.
     void showInstrument();
 
+    CalParamFields fields_;
     CalParamControls controls_;
     /// The current instrument, by its number as it was entered.
     QString instrument_;

@@ -1,6 +1,6 @@
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 
-#include "editors/column_values.h"
+#include "procedures/column_values.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"

@@ -2,7 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/small_routines.h"
-#include "editors/statement_parts.h"
+#include "procedures/statement_parts.h"
 #include "resources/text_id.h"
 
 using kelvane::ModuleGlobals::SQLSafe;

@@ -119,7 +119,7 @@ TEST_F(FormConnectTest, AGoodLoginClosesTheScreenAndOpensTheMenu) {
     typeLogin(u"jdoe"_s, u"secret"_s);
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(findChild(u"FormConnect"_s), nullptr);
-    isWindowOpen(EXPECT_FALSE(session, u"FormConnect"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormConnect"));
     EXPECT_FALSE(QApplication::overrideCursor());
     EXPECT_TRUE(action(u"mnuDownload"_s)->isEnabled());
     EXPECT_EQ(settings.values.value(u"Defaults/Username"_s), u"jdoe"_s);
@@ -314,7 +314,7 @@ TEST_F(FormConnectTest, EachLaterFailureEndsInTheSameMessage) {
         person.expectBox(failed, title, box::stop);
         typeLogin(u"jdoe"_s, u"secret"_s);
         expectReadyForAnotherTry();
-        isWindowOpen(EXPECT_TRUE(session, u"FormConnect"));
+        EXPECT_TRUE(isWindowOpen(session, u"FormConnect"));
     }
 }
 

@@ -82,7 +82,7 @@ TEST_F(MainWindow, OpensWithTitleIconSizeAndTheLoginScreen) {
     EXPECT_FALSE(program.window.windowIcon().pixmap(32, 32).isNull());
     EXPECT_EQ(program.window.size(), QSize(665, 551));
     EXPECT_EQ(openChildren(), QStringList{u"FormConnect"_s});
-    isWindowOpen(EXPECT_TRUE(session, u"FormConnect"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormConnect"));
     EXPECT_EQ(session.ResultTemplateLine, u"FN NM AP"_s);
 }
 
@@ -175,7 +175,7 @@ TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
     expectUnwritable();
     expectUnwritable();
     other.start();
-    isWindowOpen(EXPECT_TRUE(other.session, u"FormConnect"));
+    EXPECT_TRUE(isWindowOpen(other.session, u"FormConnect"));
     EXPECT_TRUE(other.window.findChild<QWidget*>(u"FormConnect"_s)->isVisible());
 }
 

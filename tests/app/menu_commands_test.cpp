@@ -86,7 +86,7 @@ TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
     choose(u"mnuStrategies"_s);
     EXPECT_EQ(&child(u"FormStrategies"_s), before);
     EXPECT_EQ(program.window.area().activeSubWindow(), before);
-    isWindowOpen(EXPECT_TRUE(session, u"FormStrategies"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormStrategies"));
 }
 
 TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
@@ -98,7 +98,7 @@ TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
     choose(u"mnuWorkEntry"_s);
     EXPECT_EQ(&child(u"FormWorkConfig"_s), before);
     EXPECT_EQ(program.window.area().activeSubWindow(), before);
-    isWindowOpen(EXPECT_TRUE(session, u"FormWorkConfig"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormWorkConfig"));
 }
 
 TEST_F(MenuCommands, AboutHasNoCommand) {
@@ -265,7 +265,7 @@ TEST_F(MenuCommands, DownloadWithoutACalibratorClosesItsScreen) {
     });
     choose(u"mnuDownload"_s);
     EXPECT_TRUE(openChildren().isEmpty());
-    isWindowOpen(EXPECT_FALSE(session, u"FormDockingDown"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
 }
 
 TEST_F(MenuCommands, DownloadWithItsScreenOpenAsksAgainAndKeepsTheRows) {

@@ -120,15 +120,14 @@ TEST_F(FormTestMessOnDatabase, ANewMessageCanBeChosenAtOnceInTheOpenParameterEdi
     parameters->showIn(area());
     ui.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-101"_s);
     parameters->chooseFirst();
-    auto* made = new FormTestMess(session, [&] { return parameters; });
     form().unload();
-    show(made);
+    open(session, [&] { return parameters; });
     create(u"WEAR GLOVES"_s);
     for (const auto& list : {u"ListPreAvail"_s, u"ListPostAvail"_s})
         EXPECT_EQ(rowsOf(control<QListWidget>(*parameters, list)).last(), u"WEAR GLOVES"_s);
     // It is no change of the instrument.
     parameters->close();
-    isWindowOpen(EXPECT_FALSE(session, u"FormCalParam"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormCalParam"));
 }
 
 TEST_F(FormTestMessOnDatabase, WhatAnotherWorkstationWroteIsOverwrittenByTheLaterSave) {

@@ -42,7 +42,7 @@ TEST_F(FormTestMessTest, HasItsSizePlaceTextsAndFocus) {
         EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
     }
     EXPECT_TRUE(names().hasFocus());
-    isWindowOpen(EXPECT_TRUE(session, u"FormTestMess"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormTestMess"));
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 
@@ -327,10 +327,10 @@ TEST_F(FormTestMessTest, ClosingWithUnsavedTextAsksAndNoKeepsItOpen) {
     type(u"x"_s);
     expectDiscard(BoxAnswer::no);
     form().close();
-    isWindowOpen(EXPECT_TRUE(session, u"FormTestMess"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormTestMess"));
     expectDiscard(BoxAnswer::yes);
     form().close();
-    isWindowOpen(EXPECT_FALSE(session, u"FormTestMess"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormTestMess"));
     EXPECT_TRUE(settings.writes.contains(u"Left/FormTestMess=105"_s));
     EXPECT_TRUE(settings.writes.contains(u"Top/FormTestMess=75"_s));
     EXPECT_TRUE(script.statements.isEmpty());

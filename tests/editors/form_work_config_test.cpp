@@ -125,7 +125,7 @@ TEST_F(WorkConfigTest, ShowsWhatIsStored) {
     EXPECT_TRUE(screen.overdue().isChecked());
     EXPECT_FALSE(screen.poorTrace().isChecked());
     EXPECT_TRUE(screen.available().hasFocus());
-    isWindowOpen(EXPECT_TRUE(session, u"FormWorkConfig"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormWorkConfig"));
     EXPECT_FALSE(ui.busy);
     // The hourglass shows while it loads, and while the sum is taken at the end of that.
     EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
@@ -374,7 +374,7 @@ TEST_F(WorkConfigTest, ClosingWithChangesAsksAndNoKeepsItOpen) {
     ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     screen.close();
     EXPECT_FALSE(screen.isOpen());
-    isWindowOpen(EXPECT_FALSE(session, u"FormWorkConfig"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormWorkConfig"));
     EXPECT_TRUE(statements().isEmpty());
 }
 

@@ -185,7 +185,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
 
     void expectKept(ChildWindow& form, const QStringList& entered) {
         EXPECT_EQ(EditorFixture::contents(form), entered);
-        isWindowOpen(EXPECT_FALSE(place_->session, u"FormCustomDialog"));
+        EXPECT_FALSE(isWindowOpen(place_->session, u"FormCustomDialog"));
         if (!GetParam().isTyped)
             return;
         place_->person.boxes.clear();

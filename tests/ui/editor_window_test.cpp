@@ -95,7 +95,7 @@ TEST_F(EditorWindowTest, ClosesWithoutAWordWhenNothingIsChanged) {
     auto& editor = open<SomeEditor>();
     editor.close();
     EXPECT_FALSE(editor.isOpen());
-    isWindowOpen(EXPECT_FALSE(session, u"SomeEditor"));
+    EXPECT_FALSE(isWindowOpen(session, u"SomeEditor"));
 }
 
 TEST_F(EditorWindowTest, AsksBeforeChangesGoAndStaysOnNo) {

@@ -341,7 +341,7 @@ TEST_F(CustomDialogTest, CancellingNeedsASecondConfirmation) {
             cancel();
         });
         EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s) << way;
-        isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog")) << way;
+        EXPECT_FALSE(isWindowOpen(session, u"FormCustomDialog")) << way;
     }
 }
 
@@ -372,12 +372,12 @@ TEST_F(CustomDialogTest, ASecondQuestionWhileOneIsOpenIsCancelledAtOnce) {
 
 TEST_F(CustomDialogTest, KeepsItsFlagWhileItIsOpenAndItsPosition) {
     meet([this](FormCustomDialog& dialog, Controls) {
-        isWindowOpen(EXPECT_TRUE(session, u"FormCustomDialog"));
+        EXPECT_TRUE(isWindowOpen(session, u"FormCustomDialog"));
         dialog.move(40, 60);
         answerDialog(dialog, u"x"_s);
     });
     ask(textQuestion());
-    isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormCustomDialog"));
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCustomDialog=600"_s, u"Top/FormCustomDialog=900"_s}));
     meet([](FormCustomDialog& dialog, Controls) {
         EXPECT_EQ(dialog.pos(), QPoint(40, 60));
@@ -429,7 +429,7 @@ TEST_F(CustomDialogTest, AnEventLoopThatEndsCancelsIt) {
         &program.window, [&] { answer = ask(textQuestion()); }, Qt::QueuedConnection);
     QCoreApplication::exec();
     EXPECT_EQ(answer, u"*CANCEL*"_s);
-    isWindowOpen(EXPECT_FALSE(session, u"FormCustomDialog"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormCustomDialog"));
 }
 
 TEST_F(CustomDialogTest, TextsAreShownAsTheyStand) {

@@ -36,9 +36,9 @@ TEST_F(ProgressTest, ShowsCaptionActionAndPercentage) {
     EXPECT_EQ(progress.toolTip(), u"Status of action being performed"_s);
     EXPECT_EQ(progress.minimum(), 0);
     EXPECT_EQ(progress.maximum(), 100);
-    isWindowOpen(EXPECT_TRUE(session, u"FormStatusBar"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormStatusBar"));
     program.ui.hideProgress();
-    isWindowOpen(EXPECT_FALSE(session, u"FormStatusBar"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormStatusBar"));
 }
 
 TEST_F(ProgressTest, PercentagesOutsideAreCut) {

@@ -194,7 +194,7 @@ TEST_F(FormCalConfigTest, ClosingStoresOnlyThePosition) {
     open();
     child(u"FormCalConfig"_s).close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCalConfig=105"_s, u"Top/FormCalConfig=75"_s}));
-    isWindowOpen(EXPECT_FALSE(session, u"FormCalConfig"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormCalConfig"));
 }
 
 /// A translation of what the screen shows.

@@ -288,7 +288,7 @@ TEST_F(FormDockingDownTest, AGoodDownloadSaysSoStoresTheCalibratorAndCloses) {
     person.expectBox(u"Download Successful"_s, title, box::information);
     click(button(u"CommandDownload"_s));
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-    isWindowOpen(EXPECT_FALSE(session, u"FormDockingDown"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
     EXPECT_EQ(settings.values.value(u"Defaults/LastDownloadCalibrator"_s), u"Any"_s);
     EXPECT_EQ(settings.values.value(u"Left/FormDockingDown"_s), u"105"_s);
 }

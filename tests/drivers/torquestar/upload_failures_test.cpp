@@ -141,8 +141,6 @@ TEST_F(TorqueUpload, ResultsAndStandardsOfTheInstrumentBeforeAreForgotten) {
     addUsed(2, {u"50"_s, u"100"_s});
     addPoints(u"W-2"_s, {u"100"_s}, 1);
     addStandards(u"W-2"_s, {u"X-2"_s});
-    session.RecordResults[0] = u"left over"_s;
-    session.RecordStandards[7] = u"left over"_s;
     holdResults({{50}, {100}});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
@@ -289,6 +287,31 @@ TEST_F(TorqueUpload, AToolWhosePreparationFailsStaysOnTheCalibratorAndTheNextIsR
         ASSERT_FALSE(left.isEmpty());
         EXPECT_EQ(left.last().asset, u"W-1"_s);
         EXPECT_EQ(left.last().readings.size(), read.readings);
+    }
+}
+
+TEST_F(TorqueUpload, AToolWhoseKeyOrDueDateCantBeReadStaysOnTheCalibrator) {
+    const Error refused{208, u"Invalid object"_s, u"42S02"_s};
+    const struct {
+        QString statement;
+        QString routine;
+    } reads[] = {{selectMtag(u"W-1"_s), u"CheckAsset"_s},
+                 {u"select dayofweek from mt.nonworkdays"_s, u"calcDueDate"_s}};
+    for (const auto& read : reads) {
+        SCOPED_TRACE(read.statement.toStdString());
+        peer.heard.clear();
+        script.statements.clear();
+        addUsed(1, {u"100"_s});
+        holdResults({{100}});
+        replies["T1C"].removeLast(); // it is not selected for its removal
+        script.failures = {{read.statement, refused}};
+        ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_TRUE(ui.allCame());
+        EXPECT_EQ(recordedAssets(), QStringList());
+        EXPECT_FALSE(conversation().contains(u"T1J"_s));
+        EXPECT_FALSE(isCleared());
+        EXPECT_FALSE(Journal(session).unfinished().isEmpty());
     }
 }
 

@@ -49,7 +49,7 @@ TEST_F(FormPredefinedTasksTest, HasItsSizePlaceTextsAndFocus) {
     EXPECT_EQ(the<QGroupBox>(u"SSPanelIdentification"_s).title(), u"Task Package Identification"_s);
     EXPECT_EQ(the<QGroupBox>(u"SSPanelDefinition"_s).title(), u"Task Package Definition"_s);
     EXPECT_TRUE(names().hasFocus());
-    isWindowOpen(EXPECT_TRUE(session, u"FormPredefinedTasks"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormPredefinedTasks"));
 }
 
 TEST_F(FormPredefinedTasksTest, OpensOnTheFirstPackageInTheOrderOfTheDatabase) {
@@ -313,10 +313,10 @@ TEST_F(FormPredefinedTasksTest, ClosingAsksOnlyWithAChangeAndKeepsThePosition) {
     QTest::keyClicks(&notes(), u"x"_s);
     person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
     form().close();
-    isWindowOpen(EXPECT_TRUE(session, u"FormPredefinedTasks"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormPredefinedTasks"));
     QTest::keyClick(&notes(), Qt::Key_Backspace);
     form().close();
-    isWindowOpen(EXPECT_FALSE(session, u"FormPredefinedTasks"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormPredefinedTasks"));
     EXPECT_TRUE(settings.writes.contains(u"Left/FormPredefinedTasks=105"_s));
     EXPECT_TRUE(settings.writes.contains(u"Top/FormPredefinedTasks=75"_s));
 }

@@ -63,7 +63,7 @@ TEST_F(StrategiesTest, OpensWithTheFirstStrategyItsPointsInTheirOrderAndNothingT
     EXPECT_EQ(screen.points(), (QStringList{u"0"_s, u"25"_s, u"50"_s, u"75"_s, u"100"_s}));
     EXPECT_EQ(screen.enabled(), idle);
     EXPECT_TRUE(screen.names().hasFocus());
-    isWindowOpen(EXPECT_TRUE(session, u"FormStrategies"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormStrategies"));
     EXPECT_FALSE(ui.busy);
     // The hourglass shows while it loads, and while the sum is taken at the end of that.
     EXPECT_EQ(ui.events,
@@ -254,7 +254,7 @@ TEST_F(StrategiesTest, ClosingWithoutChangesAsksNothingAndKeepsThePosition) {
     screen.form().move(30, 40);
     screen.close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormStrategies=450"_s, u"Top/FormStrategies=600"_s}));
-    isWindowOpen(EXPECT_FALSE(session, u"FormStrategies"));
+    EXPECT_FALSE(isWindowOpen(session, u"FormStrategies"));
     EXPECT_TRUE(statements().isEmpty());
 }
 
@@ -264,7 +264,7 @@ TEST_F(StrategiesTest, ClosingWithChangesAsksAndNoKeepsItOpen) {
     ui.expectBox(discard, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
     screen.close();
     EXPECT_TRUE(screen.isOpen());
-    isWindowOpen(EXPECT_TRUE(session, u"FormStrategies"));
+    EXPECT_TRUE(isWindowOpen(session, u"FormStrategies"));
     EXPECT_EQ(screen.points().last(), u"110"_s);
     ui.expectBox(discard, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     screen.close();
