@@ -311,7 +311,7 @@ TEST_F(StartUp, ABinaryTemplateIsReadWithoutHarm) {
         noise += static_cast<char>((i * 7919) >> 3);
     noise.replace('#', '-').replace('\n', ' ');
     startWith(noise + '\n');
-    EXPECT_EQ(session.ResultTemplateLine.size(), 65536);
+    EXPECT_EQ(QString(session.ResultTemplateLine).size(), 65536);
 }
 
 TEST_F(StartUp, ReadingStopsAtTheBodyLineOfAHugeTemplate) {

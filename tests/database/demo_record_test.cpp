@@ -62,11 +62,11 @@ TEST_F(DemoRecord, IsWrittenWithStandardsAndResultsAndBecomesTheCurrentOne) {
             15),
         QStringList{
             u"2026-03-18|09:30:00|2027-03-18|12|M|jdoe|FOUND-LEFT|KP-TORQUE-02|21.5|IN PLACE|MT|Y|jdoe|jdoe|KVN"_s});
-    const auto record = value(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
-    EXPECT_EQ(rows(u"select c2430 from mt.standards where ctag = "_s + record + u" order by c2430"_s),
+    const auto ctag = value(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
+    EXPECT_EQ(rows(u"select c2430 from mt.standards where ctag = "_s + ctag + u" order by c2430"_s),
               (QStringList{u"1001"_s, u"1101"_s}));
     EXPECT_EQ(
-        rows(u"select c2502,c2501 from mt.calresults where ctag = "_s + record + u" order by c2502"_s, 2),
+        rows(u"select c2502,c2501 from mt.calresults where ctag = "_s + ctag + u" order by c2502"_s, 2),
         (QStringList{u"0|  1  50.0ft/lb"_s, u"1|  2  150.0ft/lb"_s}));
 }
 
