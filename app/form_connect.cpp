@@ -1,7 +1,7 @@
 #include "app/form_connect.h"
 
 #include "app/login.h"
-#include "data/routine.h"
+#include "platform/error_report.h"
 #include "platform/reason_log.h"
 #include "platform/values/numbers.h"
 #include "resources/text_id.h"

@@ -4,14 +4,13 @@
 #include "app/form_odbc.h"
 #include "app/login.h"
 #include "app/menu_options.h"
-#include "data/routine.h"
 #include "data/start_up.h"
 #include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 #include "editors/strategies/form_strategies.h"
-#include "platform/values/numbers.h"
+#include "procedures/strategies.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/guarded.h"
@@ -286,15 +285,7 @@ void MDIFormMain::mnuCalParameters() {
     const bool openBefore = openScreen<FormCalParam>() != nullptr;
     if (!openBefore && session_.ui.bringQuestionForward())
         return;
-    Routine routine(session_, u"MDIFormMain,mnuCalParameters.Click"_s);
-    const bool counted = routine.run([&] {
-        const auto rows = routine.select(u"select count(tp_name) from mt.hvm_kv_proc_points", Rows::first);
-        rows->next();
-        if (numericValue(notNull(rows->value(0))) == 0)
-            session_.ui.messageBox(text(TextId::noTestStrategiesDefined), text(TextId::calibrationParameters),
-                                   box::warning);
-    });
-    if (!counted)
+    if (!warnWithoutStrategies(session_))
         return;
     // The warning does not keep the screen from opening.
     auto* form = showScreen<FormCalParam>();

@@ -3,12 +3,12 @@
 namespace kelvane {
 
 const QString& Routine::take(const Sql& statement) {
-    statement_ = statement.text();
+    keepStatement(statement.text());
     return sendable(statement);
 }
 
 std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
-    return sharedConnection(session_).select(take(statement), rows);
+    return sharedConnection(session()).select(take(statement), rows);
 }
 
 std::optional<QString> Routine::selectValue(const Sql& statement) {
@@ -23,7 +23,7 @@ bool Routine::hasRow(const Sql& statement) {
 }
 
 qint64 Routine::execute(const Sql& statement) {
-    return sharedConnection(session_).execute(take(statement));
+    return sharedConnection(session()).execute(take(statement));
 }
 
 Transaction::Transaction(Session& session) : connection_(sharedConnection(session)) {
@@ -43,13 +43,6 @@ Transaction::~Transaction() {
 void Transaction::commit() {
     connection_.commitTransaction();
     open_ = false;
-}
-
-void Routine::report(const Error& error) {
-    ++session_.reportCount;
-    if (error.connectionLost)
-        session_.SessionConnected = false;
-    ModuleGlobals::ReportInternalError(session_, error.number, error.description, name_, statement_);
 }
 
 QString notNull(const std::optional<QString>& value) {

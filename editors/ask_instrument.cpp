@@ -2,7 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/custom_dialog.h"
-#include "editors/statement_parts.h"
+#include "procedures/statement_parts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 

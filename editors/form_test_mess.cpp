@@ -1,10 +1,8 @@
 #include "editors/form_test_mess.h"
 
-#include "data/routine.h"
-#include "data/small_routines.h"
-#include "editors/column_values.h"
-#include "editors/new_name.h"
+#include "editors/asking.h"
 #include "editors/refusal.h"
+#include "procedures/test_messages.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -15,23 +13,8 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-using kelvane::ModuleGlobals::SQLSafe;
 
 namespace kelvane {
-
-namespace {
-
-Sql messageOf(const QString& name) {
-    return u"select pname from mt.hvm_kv_prompts where pname = " + sqlText(SQLSafe(name));
-}
-
-constexpr NewName newMessage{.title = TextId::addMessage,
-                             .prompt = TextId::newMessageNamePrompt,
-                             .taken = TextId::messageAlreadyExists,
-                             .maxLength = 0,
-                             .recordOf = messageOf};
-
-} // namespace
 
 FormTestMess::FormTestMess(Session& session, FindCalParam findCalParam)
     : EditorWindow(session, u"FormTestMess"_s, {.width = 4800, .height = 5580}),
@@ -90,34 +73,22 @@ void FormTestMess::connectCommands() {
 }
 
 double FormTestMess::Form_CheckSum() {
-    double sum = 0;
-    Routine routine(session_, u"FormTestMess,Form_CheckSum"_s);
-    routine.run([&] { sum = ModuleGlobals::CheckSum(session_, currentName_ + TextMessage->text()); });
-    return sum;
+    return checkSum(u"FormTestMess,Form_CheckSum"_s, currentName_ + TextMessage->text());
 }
 
 bool FormTestMess::LoadPrompts(const QString& name) {
-    // Everything is read before anything is shown: half of it would be saved as if it were all.
-    Routine routine(session_, u"FormTestMess,LoadPrompts"_s);
-    return routine.run([&] {
-        const auto names = columnValues(routine, u"select pname from mt.hvm_kv_prompts");
-        const auto shown = !name.isEmpty() && names.contains(name) ? name : names.value(0);
-        QString prompt;
-        if (!shown.isEmpty())
-            prompt = routine
-                         .selectValue(u"select prompt from mt.hvm_kv_prompts where pname = " +
-                                      sqlText(SQLSafe(shown)))
-                         .value_or(QString());
-        fill(names, shown, prompt);
-    });
+    const auto messages = loadMessages(session_, name);
+    if (messages)
+        fill(*messages);
+    return messages.has_value();
 }
 
-void FormTestMess::fill(const QStringList& names, const QString& shown, const QString& prompt) {
+void FormTestMess::fill(const MessageList& messages) {
     const Loading loading(*this);
     ComboMessageName->clear();
-    ComboMessageName->addItems(names);
-    ComboMessageName->setCurrentIndex(static_cast<int>(names.indexOf(shown)));
-    TextMessage->setText(prompt);
+    ComboMessageName->addItems(messages.names);
+    ComboMessageName->setCurrentIndex(static_cast<int>(messages.names.indexOf(messages.shown.name)));
+    TextMessage->setText(messages.shown.prompt);
     SetButtons();
     CommandCancel->setEnabled(false);
     currentName_ = ComboMessageName->currentText();
@@ -149,15 +120,9 @@ void FormTestMess::TextMessage_GotFocus() {
 void FormTestMess::CommandCreate_Click() {
     if (!mayDiscard(closeQuestion()))
         return;
-    Routine routine(session_, u"FormTestMess,CommandCreate"_s);
-    routine.run([&] {
-        const auto name = askNewName(session_, routine, *widget(), newMessage);
-        if (!name)
-            return;
-        routine.execute(u"insert into mt.hvm_kv_prompts (pname) values (" + sqlText(SQLSafe(*name)) +
-                        u");commit");
+    const auto name = askOutOfReach(*widget(), session_, askMessageName);
+    if (name && *name != cancelled && createMessage(session_, *name))
         showNew(*name);
-    });
 }
 
 void FormTestMess::showNew(const QString& name) {
@@ -176,30 +141,27 @@ void FormTestMess::showNew(const QString& name) {
 }
 
 void FormTestMess::CommandSave_Click() {
-    bool exists = true;
-    Routine routine(session_, u"FormTestMess,CommandSave"_s);
-    const auto save = [&] {
-        const BusyPointer busy(session_.ui);
-        const auto prompt = TextMessage->text();
-        Transaction saving(session_);
-        // The name goes in as it stands.
-        exists =
-            routine.execute(u"update mt.hvm_kv_prompts set prompt = " +
-                            (prompt.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(prompt))) +
-                            u" where pname = " + sqlText(ComboMessageName->currentText()) + u";commit") != 0;
-        if (!exists)
-            return;
-        saving.commit();
+    const auto failure = save();
+    if (failure && failure->vanished)
+        keepVanished();
+    else if (failure)
+        refuse(failure->error);
+}
+
+std::optional<SaveFailure> FormTestMess::save() {
+    markUnsaved();
+    const BusyPointer busy(session_.ui);
+    auto failure = saveMessage(session_, {ComboMessageName->currentText(), TextMessage->text()});
+    if (!failure) {
         saveCheckSum();
         CommandCancel->setEnabled(false);
-    };
-    if (runSave(routine, save, [this](const Error& error) { refuse(error); }) && !exists)
-        keepVanished();
+    }
+    return failure;
 }
 
 void FormTestMess::refuse(const Error& error) {
     auto* field = refusedField(error, {{"prompt"_L1, TextMessage}, {"pname"_L1, ComboMessageName}});
-    if (!sqlText(ComboMessageName->currentText()).isIntact())
+    if (!isConfined(ComboMessageName->currentText()))
         field = ComboMessageName;
     if (!field)
         return;
@@ -209,7 +171,6 @@ void FormTestMess::refuse(const Error& error) {
 }
 
 void FormTestMess::keepVanished() {
-    markUnsaved();
     CommandCancel->setEnabled(true);
     session_.ui.messageBox(text(TextId::messageNoLongerExists), text(TextId::editTestMessages), box::warning);
 }
@@ -220,18 +181,8 @@ bool FormTestMess::mayDelete() {
 }
 
 void FormTestMess::CommandDelete_Click() {
-    if (!mayDelete())
-        return;
-    Routine routine(session_, u"FormTestMess,CommandDelete"_s);
-    routine.run([&] {
-        const auto name = sqlText(SQLSafe(ComboMessageName->currentText()));
-        if (routine.hasRow(u"select mtag from mt.hvm_kv_proc_prompts where pname = " + name) &&
-            !confirms({TextId::confirmUsedMessageDeletion, box::warningYesNo, TextId::editTestMessages}))
-            return;
-        routine.execute(u"delete from mt.hvm_kv_proc_prompts where pname = " + name +
-                        u";delete from mt.hvm_kv_prompts where pname = " + name + u";commit");
+    if (mayDelete() && deleteMessage(session_, ComboMessageName->currentText()))
         LoadPrompts({});
-    });
 }
 
 void FormTestMess::CommandCancel_Click() {

@@ -8,6 +8,8 @@ class QComboBox;
 namespace kelvane {
 
 class TextBox;
+struct MessageList;
+struct SaveFailure;
 
 /// The editor of the test messages: named texts that the operator sees before or after a test. Instruments
 /// refer to them by name.
@@ -24,7 +26,7 @@ class FormTestMess final : public EditorWindow {
     /// Shows the message of that name, the first one for an empty or a vanished name. False when the database
     /// failed; the screen then stays as it was.
     bool LoadPrompts(const QString& name);
-    void fill(const QStringList& names, const QString& shown, const QString& prompt);
+    void fill(const MessageList& messages);
     void SetButtons();
 
     void ComboMessageName_Click();
@@ -35,6 +37,8 @@ class FormTestMess final : public EditorWindow {
     void CommandCancel_Click();
     void showNew(const QString& name);
     bool mayDelete();
+    /// Stores the text; gives the failure, nothing when it is stored.
+    std::optional<SaveFailure> save();
     /// Goes to the field that kept a save from being stored, where the error tells it.
     void refuse(const Error& error);
     /// Says that the message on the screen does not exist any more; its text stays.

@@ -1,10 +1,7 @@
 #include "editors/form_work_config.h"
 
-#include "data/routine.h"
-#include "data/small_routines.h"
 #include "editors/refusal.h"
-#include "platform/values/numbers.h"
-#include "platform/values/texts.h"
+#include "procedures/record_config.h"
 #include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
@@ -24,12 +21,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
-
-/// The fields of a calibration record that an operator can be asked for.
-const Sql fromDictionary =
-    u"select fldnum,title from mt.customiz where fldnum not like '%90' and fldnum not like '%91' and fldnum "
-    u"not like '%92' and fldnum not like '%93' and fldnum <> '2340' and fldnum not like '%94' and fldnum not "
-    u"like '%95' and fldnum like '23%' and suppressed <> 'Y'";
 
 // What a list shows at least.
 constexpr int shownLetters = 25;
@@ -57,25 +48,6 @@ QLabel* wrapped(QLabel* label) {
     policy.setHorizontalPolicy(QSizePolicy::Ignored);
     label->setSizePolicy(policy);
     return label;
-}
-
-/// The rows of a query for number and title; a field that has left the dictionary has no title.
-QStringList fieldRows(Routine& routine, const Sql& query) {
-    QStringList rows;
-    for (const auto fields = routine.select(query); fields->next();) {
-        const auto number = notNull(fields->value(0));
-        rows << u'C' + number + u" : "_s + fields->value(1).value_or(QString());
-    }
-    return rows;
-}
-
-/// The number that a row begins with, as it is stored.
-Sql fieldNumber(const QString& row) {
-    return sqlText(row.mid(1, 4));
-}
-
-bool isYes(const std::optional<QString>& value) {
-    return upperCased(value.value_or(QString())) == u"Y"_s;
 }
 
 } // namespace
@@ -167,43 +139,17 @@ void FormWorkConfig::connectCommands() {
 }
 
 void FormWorkConfig::LoadLists() {
-    Routine routine(session_, u"FormWorkConfig,LoadLists"_s);
-    routine.run([&] {
-        const BusyPointer busy(session_.ui);
-        QStringList available;
-        QStringList requested;
-        const auto count =
-            routine.select(u"select count(fldnum) from mt.hvm_kv_worksheetfields", Rows::first);
-        count->next();
-        if (numericValue(notNull(count->value(0))) > 0) {
-            available = fieldRows(routine, fromDictionary + u" and fldnum not in (select fldnum from "
-                                                            "mt.hvm_kv_worksheetfields) order by fldnum asc");
-            requested = fieldRows(routine,
-                                  u"select fldnum,(select title from mt.customiz where mt.customiz.fldnum = "
-                                  "mt.hvm_kv_worksheetfields.fldnum) from mt.hvm_kv_worksheetfields order by "
-                                  "sequence asc");
-        } else {
-            // The first configuration is proposed: the required fields.
-            requested =
-                fieldRows(routine, fromDictionary + u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc");
-            available =
-                fieldRows(routine, fromDictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc");
-        }
-        const auto standards = routine.select(
-            u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig", Rows::first);
-        // Without a row nothing is allowed; the first save makes one.
-        const bool stored = standards->next();
-        const bool overdue = stored && isYes(standards->value(0));
-        const bool poorTrace = stored && isYes(standards->value(1));
-
-        refill(*ListAvail, available);
-        refill(*ListRequest, requested);
-        widenLists();
-        CheckOOC->setChecked(overdue);
-        CheckTrace->setChecked(poorTrace);
-        saveCheckSum();
-        CommandSave->setEnabled(true);
-    });
+    const BusyPointer busy(session_.ui);
+    const auto config = loadRecordConfig(session_);
+    if (!config)
+        return;
+    refill(*ListAvail, config->available);
+    refill(*ListRequest, config->requested);
+    widenLists();
+    CheckOOC->setChecked(config->allowsOverdueStandards);
+    CheckTrace->setChecked(config->allowsPoorTrace);
+    saveCheckSum();
+    CommandSave->setEnabled(true);
 }
 
 void FormWorkConfig::widenLists() {
@@ -216,42 +162,28 @@ void FormWorkConfig::widenLists() {
 }
 
 void FormWorkConfig::CommandSave_Click() {
-    const auto requested = rowsOf(*ListRequest);
-    int sequence = 0;
-    Routine routine(session_, u"FormWorkConfig,CommandSave"_s);
-    const auto save = [&] {
-        const BusyPointer busy(session_.ui);
-        Transaction saving(session_);
-        routine.execute(u"delete from mt.hvm_kv_worksheetfields;commit");
-        for (; sequence < requested.size(); ++sequence)
-            routine.execute(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values (" +
-                            fieldNumber(requested[sequence]) + u"," + sqlText(plainText(sequence)) +
-                            u");commit");
-        if (!routine.hasRow(u"select allow_ooc_stds from mt.hvm_kv_sysconfig"))
-            routine.execute(u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values "
-                            "('N','N');commit");
-        const auto store = [&](const Sql& column, const QCheckBox* allowed) {
-            routine.execute(u"update mt.hvm_kv_sysconfig set " + column + u" = " +
-                            (allowed->isChecked() ? Sql(u"'Y'") : Sql(u"'N'")) + u";commit");
-        };
-        store(u"allow_ooc_stds", CheckOOC);
-        store(u"allow_poor_trace_stds", CheckTrace);
-        saving.commit();
+    markUnsaved();
+    const BusyPointer busy(session_.ui);
+    const auto failure = saveRecordConfig(session_, {.requested = rowsOf(*ListRequest),
+                                                     .allowsOverdueStandards = CheckOOC->isChecked(),
+                                                     .allowsPoorTrace = CheckTrace->isChecked()});
+    if (failure)
+        refuse(*failure);
+    else
         saveCheckSum();
-    };
-    runSave(routine, save, [&](const Error& error) { refuse(error, sequence); });
 }
 
-void FormWorkConfig::refuse(const Error& error, int row) {
-    const auto* field = ListRequest->item(row);
-    const bool isField = field && (namesColumn(error, "fldnum"_L1) || !fieldNumber(field->text()).isIntact());
+void FormWorkConfig::refuse(const SaveFailure& failure) {
+    const auto* field = ListRequest->item(failure.row);
+    const bool isField =
+        field && (namesColumn(failure.error, "fldnum"_L1) || !isConfined(fieldNumber(field->text())));
     if (isField) {
-        ListRequest->setCurrentRow(row);
+        ListRequest->setCurrentRow(failure.row);
         ListRequest->setFocus();
         return;
     }
-    if (auto* box =
-            refusedField(error, {{"allow_ooc_stds"_L1, CheckOOC}, {"allow_poor_trace_stds"_L1, CheckTrace}}))
+    if (auto* box = refusedField(failure.error,
+                                 {{"allow_ooc_stds"_L1, CheckOOC}, {"allow_poor_trace_stds"_L1, CheckTrace}}))
         box->setFocus();
 }
 
@@ -261,16 +193,11 @@ void FormWorkConfig::CommandCancel_Click() {
 }
 
 double FormWorkConfig::Form_CheckSum() {
-    double sum = 0;
+    auto shown = rowsOf(*ListRequest).join(QString());
+    for (const auto* allowed : {CheckOOC, CheckTrace})
+        shown += allowed->isChecked() ? u"Y"_s : QString();
     // The report of this sum carries the name of the other editor's.
-    Routine routine(session_, u"FormStrategies,Form_CheckSum"_s);
-    routine.run([&] {
-        auto shown = rowsOf(*ListRequest).join(QString());
-        for (const auto* allowed : {CheckOOC, CheckTrace})
-            shown += allowed->isChecked() ? u"Y"_s : QString();
-        sum = ModuleGlobals::CheckSum(session_, shown);
-    });
-    return sum;
+    return checkSum(u"FormStrategies,Form_CheckSum"_s, shown);
 }
 
 } // namespace kelvane

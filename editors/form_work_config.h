@@ -8,6 +8,8 @@ class QPushButton;
 
 namespace kelvane {
 
+struct SaveFailure;
+
 /// The configuration of calibration records: which fields the operator is asked for, and in which order; and
 /// whether overdue standards and those of too low a trace level may be used.
 class FormWorkConfig final : public EditorWindow {
@@ -26,9 +28,8 @@ class FormWorkConfig final : public EditorWindow {
     void widenLists();
     /// The counterpart of `LoadLists`: replaces what is stored.
     void CommandSave_Click();
-    /// Goes to the field that kept a save from being stored, where the error tells it; `row` is the requested
-    /// field that was being stored.
-    void refuse(const Error& error, int row);
+    /// Goes to the field that kept a save from being stored, where the failure tells it.
+    void refuse(const SaveFailure& failure);
     void CommandCancel_Click();
     double Form_CheckSum() override;
 

@@ -89,4 +89,30 @@ class UserInterface {
     virtual void repaint() = 0;
 };
 
+/// The hourglass for the time of a block; the normal pointer comes back on every way out.
+class BusyPointer {
+  public:
+    explicit BusyPointer(UserInterface& ui) : ui_(ui) { ui_.setBusyPointer(); }
+    ~BusyPointer() { ui_.setNormalPointer(); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+  private:
+    UserInterface& ui_;
+};
+
+/// The progress window for the time of a block; it goes away on every way out.
+class ProgressWindow {
+  public:
+    ProgressWindow(UserInterface& ui, const QString& caption) : ui_(ui) { ui_.showProgress(caption); }
+    ~ProgressWindow() { ui_.hideProgress(); }
+    ProgressWindow(const ProgressWindow&) = delete;
+    ProgressWindow& operator=(const ProgressWindow&) = delete;
+    /// Percentage, 0 to 100.
+    void reach(int percent) { ui_.setProgressValue(percent); }
+
+  private:
+    UserInterface& ui_;
+};
+
 } // namespace kelvane

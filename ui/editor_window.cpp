@@ -1,5 +1,6 @@
 #include "ui/editor_window.h"
 
+#include "data/small_routines.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -12,26 +13,15 @@ bool EditorWindow::confirms(const Question& question) {
            BoxAnswer::yes;
 }
 
+double EditorWindow::checkSum(const QString& routine, const QString& text) {
+    double sum = 0;
+    Guard(session_, routine).run([&] { sum = ModuleGlobals::CheckSum(session_, text); });
+    return sum;
+}
+
 void EditorWindow::saveCheckSum() {
     savedCheckSum_ = Form_CheckSum();
     unsaved_ = false;
-}
-
-bool EditorWindow::runSave(Routine& routine, const std::function<void()>& save,
-                           const std::function<void(const Error&)>& refused) {
-    std::optional<Error> failure;
-    const bool saved = routine.run([&] {
-        try {
-            save();
-        } catch (const Error& error) {
-            failure = error;
-            markUnsaved();
-            throw;
-        }
-    });
-    if (failure)
-        refused(*failure);
-    return saved;
 }
 
 void EditorWindow::run(const std::function<void()>& command) {

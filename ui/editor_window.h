@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/routine.h"
+#include "data/guard.h"
 #include "resources/strings.h"
 #include "ui/child_window.h"
 #include "ui/guarded.h"
@@ -41,11 +41,14 @@ class EditorWindow : public ChildWindow {
 
     /// The sum of what stands on the screen.
     virtual double Form_CheckSum() = 0;
+    /// The checksum of a text, reported under that name.
+    double checkSum(const QString& routine, const QString& text);
     /// Takes what stands on the screen as saved.
     void saveCheckSum();
     double savedCheckSum() const { return savedCheckSum_; }
     virtual bool isChanged() { return unsaved_ || Form_CheckSum() != savedCheckSum_; }
-    /// From now on the screen counts as changed, whatever its sum, until the next `saveCheckSum`.
+    /// From now on the screen counts as changed, whatever its sum, until the next `saveCheckSum`. A save
+    /// begins with it: whatever stops the save, the screen stays changed.
     void markUnsaved() { unsaved_ = true; }
     bool isLoading() const { return loading_; }
 
@@ -62,10 +65,6 @@ class EditorWindow : public ChildWindow {
     void onCommand(Sender* sender, Signal signal, const std::function<void()>& command) {
         onSignal(sender, signal, this, session_.ui, [this, command] { run(command); });
     }
-    /// Runs a save under the guard of its routine; false when it failed. The screen counts as changed then,
-    /// and `refused` learns of the error once it has been reported.
-    bool runSave(Routine& routine, const std::function<void()>& save,
-                 const std::function<void(const Error&)>& refused);
     void onClick(QPushButton* button, const std::function<void()>& command);
 
     /// What is asked when the window is closed with unsaved changes.

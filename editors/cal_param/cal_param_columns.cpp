@@ -2,7 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "editors/cal_param/cal_param_options.h"
-#include "editors/statement_parts.h"
+#include "procedures/statement_parts.h"
 #include "ui/list_rows.h"
 
 #include <QCheckBox>

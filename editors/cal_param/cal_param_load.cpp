@@ -2,9 +2,9 @@
 
 #include "data/assets/assets.h"
 #include "editors/cal_param/cal_param_options.h"
-#include "editors/statement_parts.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
+#include "procedures/statement_parts.h"
 #include "ui/list_rows.h"
 
 #include <QCheckBox>

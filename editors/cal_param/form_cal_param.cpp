@@ -6,7 +6,7 @@
 #include "editors/ask_instrument.h"
 #include "editors/cal_param/cal_param_load.h"
 #include "editors/cal_param/cal_param_pages.h"
-#include "editors/column_values.h"
+#include "procedures/column_values.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/guarded.h"

@@ -8,8 +8,8 @@
 #include "editors/cal_param/cal_param_refusal.h"
 #include "editors/cal_param/prompt_lists.h"
 #include "editors/refusal.h"
-#include "editors/statement_parts.h"
 #include "platform/values/numbers.h"
+#include "procedures/statement_parts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -59,6 +59,7 @@ void FormCalParam::SaveData() {
             showFault(*fault);
             return;
         }
+        markUnsaved();
         makeAlternatingScalesPositive(controls_);
         const BusyPointer busy(session_.ui);
         Transaction saving(session_);
@@ -68,7 +69,8 @@ void FormCalParam::SaveData() {
         showInstrument();
         saveCheckSum();
     };
-    runSave(routine, save, [this](const Error& error) { refuse(error); });
+    if (const auto error = routine.failureOf(save))
+        refuse(*error);
 }
 
 void FormCalParam::refuse(const Error& error) {

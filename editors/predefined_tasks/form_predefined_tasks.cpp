@@ -1,6 +1,6 @@
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 
-#include "editors/column_values.h"
+#include "procedures/task_packages.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -26,6 +26,27 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
+
+/// How a way to name instruments looks on the screen.
+struct DefinitionOption {
+    QStringView name;
+    TextId caption;
+    TextId toolTip;
+    /// What `LabelDefinition` says.
+    TextId entry;
+};
+
+/// In the order of `Definition`.
+constexpr std::array<DefinitionOption, definitionCount> definitionOptions{{
+    {u"OptionAssetList", TextId::packageAssetList, TextId::packageAssetListTip,
+     TextId::packageInstrumentEntry},
+    {u"OptionSQL", TextId::packageSql, TextId::packageSqlTip, TextId::packageSqlEntry},
+    {u"OptionSegregate", TextId::packageSegregate, TextId::packageSegregateTip,
+     TextId::packageSegregateEntry},
+    {u"OptionDescription", TextId::packageDescription, TextId::packageDescriptionTip,
+     TextId::packageDescriptionEntry},
+    {u"OptionModel", TextId::packageModel, TextId::packageModelTip, TextId::packageModelEntry},
+}};
 
 /// The controls of a panel, one below the other.
 QVBoxLayout* columnIn(QGroupBox* made) {
@@ -143,12 +164,11 @@ QGroupBox* FormPredefinedTasks::definition() {
 QLayout* FormPredefinedTasks::options() {
     constexpr int inARow = 3;
     auto* rows = new QGridLayout;
-    int cell = 0;
-    for (const auto& kind : definitionKinds()) {
-        auto* option = named(new RadioButton(text(kind.caption)), kind.option.toString(), text(kind.caption),
-                             kind.toolTip);
+    for (int cell = 0; auto& option : options_) {
+        const auto& looks = definitionOptions[static_cast<std::size_t>(cell)];
+        option = named(new RadioButton(text(looks.caption)), looks.name.toString(), text(looks.caption),
+                       looks.toolTip);
         rows->addWidget(option, cell / inARow, cell % inARow);
-        options_[static_cast<std::size_t>(kind.definition)] = option;
         ++cell;
     }
     options_.front()->setChecked(true);
@@ -163,9 +183,9 @@ void FormPredefinedTasks::connectCommands() {
     onClick(CommandSave, [this] { CommandSave_Click(); });
     onClick(CommandCancel, [this] { CommandCancel_Click(); });
     onCommand(ComboTPName, &QComboBox::activated, [this] { ComboTPName_Click(); });
-    for (const auto& kind : definitionKinds())
-        onCommand(options_[static_cast<std::size_t>(kind.definition)], &QRadioButton::clicked,
-                  [this, definition = kind.definition] { Option_Click(definition); });
+    for (std::size_t place = 0; place < definitionCount; ++place)
+        onCommand(options_[place], &QRadioButton::clicked,
+                  [this, definition = static_cast<Definition>(place)] { Option_Click(definition); });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListAssets);
     deleting->setContext(Qt::WidgetShortcut);
     onSignal(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
@@ -193,13 +213,12 @@ void FormPredefinedTasks::enableSaving() {
     CommandCancel->setEnabled(true);
 }
 
-bool FormPredefinedTasks::routine(QStringView name, const std::function<void(Routine&)>& body) {
-    Routine guard(session_, u"FormPredefinedTasks,"_s + name.toString());
-    return guard.run([&] { body(guard); });
+void FormPredefinedTasks::routine(QStringView name, const std::function<void()>& body) {
+    Guard(session_, u"FormPredefinedTasks,"_s + name.toString()).run(body);
 }
 
 void FormPredefinedTasks::ClearAll() {
-    routine(u"ClearAll", [this](Routine&) {
+    routine(u"ClearAll", [this] {
         ListAssets->clear();
         ComboSelectList->clear();
         ComboSelectList->clearEditText();
@@ -211,21 +230,22 @@ void FormPredefinedTasks::ClearAll() {
 
 Definition FormPredefinedTasks::chosen() const {
     const auto* on = std::ranges::find_if(options_, &QRadioButton::isChecked);
-    return definitionKinds()[static_cast<std::size_t>(on - options_.begin())].definition;
+    return static_cast<Definition>(on - options_.begin());
 }
 
 void FormPredefinedTasks::DisplayEdit() {
-    routine(u"DisplayEdit", [this](Routine&) {
-        const auto& kind = kindOf(chosen());
-        const bool list = kind.definition == Definition::assetList;
-        TextSQL->setVisible(kind.definition == Definition::sql);
-        ComboSelectList->setVisible(kind.choices != nullptr);
-        for (auto* one :
+    routine(u"DisplayEdit", [this] {
+        const auto definition = chosen();
+        const bool isList = definition == Definition::assetList;
+        TextSQL->setVisible(definition == Definition::sql);
+        ComboSelectList->setVisible(hasValues(definition));
+        for (auto* control :
              std::initializer_list<QWidget*>{TextListEnter, CommandAdd, CommandRemove, ListAssets, Label3})
-            one->setVisible(list);
-        LabelDefinition->setText(text(kind.entry));
-        for (auto* one : std::initializer_list<QWidget*>{LabelDefinition, ComboSelectList})
-            one->setAccessibleName(text(kind.entry));
+            control->setVisible(isList);
+        const auto entry = text(definitionOptions[static_cast<std::size_t>(definition)].entry);
+        LabelDefinition->setText(entry);
+        for (auto* control : std::initializer_list<QWidget*>{LabelDefinition, ComboSelectList})
+            control->setAccessibleName(entry);
     });
 }
 
@@ -239,11 +259,11 @@ void FormPredefinedTasks::keyPressEvent(QKeyEvent* event) {
 }
 
 void FormPredefinedTasks::EnableControls() {
-    routine(u"EnableControls", [this](Routine&) { enableDefinition(true); });
+    routine(u"EnableControls", [this] { enableDefinition(true); });
 }
 
 void FormPredefinedTasks::DisableControls() {
-    routine(u"DisableControls", [this](Routine&) { enableDefinition(false); });
+    routine(u"DisableControls", [this] { enableDefinition(false); });
 }
 
 void FormPredefinedTasks::enableDefinition(bool enabled) {
@@ -256,7 +276,7 @@ void FormPredefinedTasks::enableDefinition(bool enabled) {
 }
 
 void FormPredefinedTasks::SetButtons(Editing state) {
-    routine(u"SetButtons", [this, state](Routine&) {
+    routine(u"SetButtons", [this, state] {
         const bool idle = state == Editing::idle;
         const bool named = !ComboTPName->currentText().isEmpty();
         const bool editable = !idle || (named && !unread_);
@@ -275,9 +295,8 @@ void FormPredefinedTasks::SetButtons(Editing state) {
 }
 
 void FormPredefinedTasks::Option_Click(Definition definition) {
-    const auto& kind = kindOf(definition);
-    if (kind.choices) {
-        routine(kind.click, [&](Routine& guard) { showChoices(guard, kind); });
+    if (hasValues(definition)) {
+        showChoices(definition);
         return;
     }
     DisplayEdit();
@@ -285,20 +304,22 @@ void FormPredefinedTasks::Option_Click(Definition definition) {
         (definition == Definition::sql ? static_cast<QWidget*>(TextSQL) : TextListEnter)->setFocus();
 }
 
-void FormPredefinedTasks::showChoices(Routine& guard, const DefinitionKind& kind) {
+void FormPredefinedTasks::showChoices(Definition definition) {
     DisplayEdit();
     const BusyPointer busy(session_.ui);
     // A value that was loaded belongs to the kind that was loaded with it.
-    const auto shown = isLoading() ? kind.definition : lastKind_;
+    const auto shown = isLoading() ? definition : lastKind_;
     lastValues_[static_cast<std::size_t>(shown)] = ComboSelectList->currentText();
-    lastKind_ = kind.definition;
-    const auto& value = lastValues_[static_cast<std::size_t>(kind.definition)];
+    lastKind_ = definition;
+    const auto& value = lastValues_[static_cast<std::size_t>(definition)];
 
     const Loading loading(*this);
     ComboSelectList->clear();
     setSelectList(value);
-    ComboSelectList->addItems(columnValuesNotNull(guard, kind.choices(session_)));
-    setSelectList(value);
+    if (const auto choices = packageValues(session_, definition)) {
+        ComboSelectList->addItems(*choices);
+        setSelectList(value);
+    }
 }
 
 void FormPredefinedTasks::setSelectList(const QString& value) {

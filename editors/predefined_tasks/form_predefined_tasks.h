@@ -1,7 +1,6 @@
 #pragma once
 
-#include "data/routine.h"
-#include "editors/predefined_tasks/task_package.h"
+#include "procedures/task_package.h"
 #include "resources/strings.h"
 #include "ui/editor_window.h"
 
@@ -17,6 +16,8 @@ class QRadioButton;
 namespace kelvane {
 
 class TextBox;
+struct SaveFailure;
+struct StoredPackage;
 
 /// The editor of the predefined task packages: named sets of instruments, given by a list, a statement or a
 /// value of the inventory, and expanded only when they are used. The screen itself stands in
@@ -51,7 +52,7 @@ class FormPredefinedTasks final : public EditorWindow {
     void connectCommands();
     void connectChanges();
     /// Runs the body of a routine of this screen under its name.
-    bool routine(QStringView name, const std::function<void(Routine&)>& body);
+    void routine(QStringView name, const std::function<void()>& body);
 
     void ClearAll();
     void DisplayEdit();
@@ -64,7 +65,7 @@ class FormPredefinedTasks final : public EditorWindow {
     Definition chosen() const;
     /// A click on an option, or its being turned on by a load.
     void Option_Click(Definition definition);
-    void showChoices(Routine& routine, const DefinitionKind& kind);
+    void showChoices(Definition definition);
     void setSelectList(const QString& value);
 
     double Form_CheckSum() override;
@@ -74,14 +75,14 @@ class FormPredefinedTasks final : public EditorWindow {
 
     void LoadTasks();
     void LoadPackage(const QString& name);
-    void showPackage(Routine& routine, const QString& name);
+    void showPackage(const StoredPackage& package);
     /// What stands on the screen.
     TaskPackage package() const;
     QString value() const;
-    void removeRows(Routine& routine);
-    /// Goes to the field that kept a save from being stored, where the error tells it; `row` is the
-    /// instrument of the list that was being stored, -1 for none.
-    void goToRefused(const Error& error, int row);
+    /// Stores what stands on the screen; gives the failure, nothing when it is stored.
+    std::optional<SaveFailure> save();
+    /// Goes to the field that kept a save from being stored, where the failure tells it.
+    void goToRefused(const SaveFailure& failure);
 
     void ComboTPName_Click();
     void CommandAddTP_Click();
@@ -94,8 +95,6 @@ class FormPredefinedTasks final : public EditorWindow {
     /// Undoes a `ClearAll`.
     void putBack(const Entered& before);
     void showNew(const QString& name);
-    /// What is wrong with an instrument for the list, by id; 0 when nothing is.
-    std::optional<TextId> faultOfInstrument(const QString& asset);
 
     /// The package that the screen shows.
     QString currentName_;

@@ -1,13 +1,9 @@
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 
-#include "data/assets/assets.h"
 #include "data/assets/in_use.h"
-#include "data/parameters/cal_params.h"
-#include "data/small_routines.h"
-#include "editors/column_values.h"
-#include "editors/new_name.h"
+#include "editors/asking.h"
 #include "editors/refusal.h"
-#include "platform/values/texts.h"
+#include "procedures/task_packages.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/list_rows.h"
@@ -26,32 +22,11 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-namespace {
-
-constexpr qint16 tagLength = 30;
-
-Sql packageOf(const QString& name) {
-    return u"select taskname from mt.hvm_kv_task_packages where taskname = " +
-           sqlText(ModuleGlobals::SQLSafe(name));
-}
-
-constexpr NewName newPackage{.title = TextId::newPackageTitle,
-                             .prompt = TextId::newStrategyNamePrompt,
-                             .taken = TextId::packageAlreadyExists,
-                             .maxLength = 30,
-                             .recordOf = packageOf};
-
-} // namespace
-
 double FormPredefinedTasks::Form_CheckSum() {
-    double sum = 0;
-    routine(u"Form_CheckSum", [&](Routine&) {
-        const BusyPointer busy(session_.ui);
-        sum = ModuleGlobals::CheckSum(session_, currentName_ + TextNotes->text() +
-                                                    kindOf(chosen()).letter.toString() + value() +
-                                                    package().assets.join(QString()));
-    });
-    return sum;
+    const BusyPointer busy(session_.ui);
+    return checkSum(u"FormPredefinedTasks,Form_CheckSum"_s, currentName_ + TextNotes->text() +
+                                                                kindOf(chosen()).letter.toString() + value() +
+                                                                package().assets.join(QString()));
 }
 
 EditorWindow::Question FormPredefinedTasks::closeQuestion() const {
@@ -59,10 +34,9 @@ EditorWindow::Question FormPredefinedTasks::closeQuestion() const {
 }
 
 QString FormPredefinedTasks::value() const {
-    const auto& kind = kindOf(chosen());
-    if (kind.choices)
+    if (hasValues(chosen()))
         return ComboSelectList->currentText();
-    return kind.definition == Definition::sql ? TextSQL->text() : QString();
+    return chosen() == Definition::sql ? TextSQL->text() : QString();
 }
 
 TaskPackage FormPredefinedTasks::package() const {
@@ -74,20 +48,19 @@ TaskPackage FormPredefinedTasks::package() const {
 }
 
 void FormPredefinedTasks::LoadTasks() {
-    routine(u"LoadTasks", [this](Routine& guard) {
+    {
         const BusyPointer busy(session_.ui);
         const Loading loading(*this);
         const QScopedValueRollback tasks(loadingTasks_, true);
         ComboTPName->clear();
         ClearAll();
-        const auto names =
-            columnValues(guard, u"select taskname from mt.hvm_kv_task_packages where tptype = 'PDEF'");
+        const auto names = packageNames(session_).value_or(QStringList());
         ComboTPName->addItems(names);
         if (!names.value(0).isEmpty()) {
             ComboTPName->setCurrentIndex(0);
             LoadPackage(names.first());
         }
-    });
+    }
     SetButtons(Editing::idle);
     DisplayEdit();
     currentName_ = ComboTPName->currentText();
@@ -96,56 +69,38 @@ void FormPredefinedTasks::LoadTasks() {
 
 void FormPredefinedTasks::LoadPackage(const QString& name) {
     unread_ = false;
-    const bool read = routine(u"LoadPackage", [&](Routine& guard) {
+    {
         const BusyPointer busy(session_.ui);
         const Loading loading(*this);
         ClearAll();
-        showPackage(guard, name);
-    });
-    if (!read)
-        unread_ = true;
+        const auto stored = loadPackage(session_, name);
+        showPackage(stored);
+        if (!stored.isComplete)
+            unread_ = true;
+    }
     // The sum is taken under the name that the screen now shows: a package is not changed by being chosen.
     currentName_ = ComboTPName->currentText();
     saveCheckSum();
     SetButtons(Editing::idle);
 }
 
-void FormPredefinedTasks::showPackage(Routine& guard, const QString& name) {
-    // The name goes in as it stands.
-    const auto row =
-        guard.select(u"select tptag,tptype,notes,task_sql,tp_definition,segregate,model,description from "
-                     "mt.hvm_kv_task_packages where taskname = " +
-                         sqlText(name),
-                     Rows::first);
-    if (!row->next()) {
+void FormPredefinedTasks::showPackage(const StoredPackage& stored) {
+    if (stored.isComplete && !stored.exists) {
         // A name that is listed and not found would otherwise be listed again without end.
         if (!loadingTasks_)
             LoadTasks();
         return;
     }
-    const auto tptag = row->value(0).value_or(QString());
-    TextNotes->setText(row->value(2).value_or(QString()));
-    TextSQL->setText(row->value(3).value_or(QString()));
-    const auto letter = row->value(4).value_or(QString());
-    const auto segregate = row->value(5);
-    const auto model = row->value(6);
-    const auto description = row->value(7);
-
-    const auto* kind = std::ranges::find(definitionKinds(), letter, &DefinitionKind::letter);
-    if (kind != definitionKinds().end()) {
-        if (kind->definition == Definition::assetList)
-            ListAssets->addItems(columnValues(
-                guard,
-                u"select i4201 from " + sqlName(session_.SessionOwner) +
-                    u".inventory where mtag in (select mtag from mt.hvm_kv_task_assets where tptag = " +
-                    sqlText(tptag) + u")"));
-        if (kind->choices)
-            setSelectList((kind->definition == Definition::segregate ? segregate
-                           : kind->definition == Definition::model   ? model
-                                                                     : description)
-                              .value_or(QString()));
-        options_[static_cast<std::size_t>(kind->definition)]->setChecked(true);
-        Option_Click(kind->definition);
+    TextNotes->setText(stored.notes);
+    TextSQL->setText(stored.sql);
+    if (!stored.isComplete)
+        return;
+    if (stored.definition) {
+        ListAssets->addItems(stored.assets);
+        if (hasValues(*stored.definition))
+            setSelectList(stored.value);
+        options_[static_cast<std::size_t>(*stored.definition)]->setChecked(true);
+        Option_Click(*stored.definition);
     }
     DisplayEdit();
 }
@@ -165,18 +120,16 @@ void FormPredefinedTasks::CommandAddTP_Click() {
     const auto before = entered();
     ComboTPName->setEnabled(false);
     ClearAll();
-    for (auto* one : {CommandAddTP, CommandRemoveTP, CommandAdd, CommandRemove, CommandSave, CommandCancel})
-        one->setEnabled(false);
-    std::optional<QString> name;
-    // The name that this command has from the screen of the strategies.
-    Routine guard(session_, u"FormStrategies,CommandAdd"_s);
-    const bool answered = guard.run([&] { name = askNewName(session_, guard, *widget(), newPackage); });
-    if (name) {
+    for (auto* button :
+         {CommandAddTP, CommandRemoveTP, CommandAdd, CommandRemove, CommandSave, CommandCancel})
+        button->setEnabled(false);
+    const auto name = askOutOfReach(*widget(), session_, askPackageName);
+    if (name && *name != cancelled) {
         showNew(*name);
         return;
     }
     ComboTPName->setEnabled(true);
-    if (answered) {
+    if (name) {
         LoadPackage(ComboTPName->currentText());
         SetButtons(Editing::idle);
     } else {
@@ -225,24 +178,12 @@ void FormPredefinedTasks::showNew(const QString& name) {
     TextNotes->setFocus();
 }
 
-std::optional<TextId> FormPredefinedTasks::faultOfInstrument(const QString& asset) {
-    const auto listed = rowsOf(*ListAssets);
-    const bool twice = std::ranges::any_of(
-        listed, [wanted = upperCased(asset)](const QString& row) { return upperCased(row) == wanted; });
-    if (twice)
-        return TextId::instrumentAlreadyListed;
-    if (ModuleGlobals::CheckAsset(session_, asset).isEmpty())
-        return TextId::instrumentNumberInvalid;
-    return ModuleGlobals::HasConfigData(session_, asset) ? std::nullopt
-                                                         : std::optional(TextId::configurationDataIncomplete);
-}
-
 void FormPredefinedTasks::CommandAdd_Click() {
-    routine(u"CommandAdd", [this](Routine&) {
+    routine(u"CommandAdd", [this] {
         const auto asset = TextListEnter->text();
         if (asset.isEmpty())
             return;
-        if (const auto fault = faultOfInstrument(asset)) {
+        if (const auto fault = faultOfInstrument(session_, rowsOf(*ListAssets), asset)) {
             session_.ui.messageBox(text(*fault), text(TextId::predefinedTaskPackages), box::warning);
         } else {
             ListAssets->addItem(asset);
@@ -269,64 +210,52 @@ bool FormPredefinedTasks::refuse(TextId message, QWidget* entry) {
 
 bool FormPredefinedTasks::VerifyEntries() {
     bool good = false;
-    routine(u"VerifyEntries", [&](Routine&) {
-        const auto shown = package();
-        if (shown.definition == Definition::assetList)
-            good = !shown.assets.isEmpty() || refuse(TextId::instrumentNumberInvalid, TextListEnter);
-        else if (shown.definition == Definition::sql)
-            good = !shown.value.isEmpty() || refuse(TextId::sqlStatementRequired, TextSQL);
-        else
-            good = !shown.value.isEmpty() || refuse(TextId::fieldRequired, ComboSelectList);
+    routine(u"VerifyEntries", [&] {
+        const auto fault = faultOfPackage(package());
+        good = !fault || refuse(*fault, chosen() == Definition::assetList ? TextListEnter
+                                        : chosen() == Definition::sql     ? static_cast<QWidget*>(TextSQL)
+                                                                          : ComboSelectList);
     });
     return good;
-}
-
-void FormPredefinedTasks::removeRows(Routine& guard) {
-    for (const auto& statement : packageDeletes(ComboTPName->currentText()))
-        guard.execute(statement);
 }
 
 void FormPredefinedTasks::CommandSave_Click() {
     if (!VerifyEntries())
         return;
-    int row = -1;
-    Routine guard(session_, u"FormPredefinedTasks,CommandSave"_s);
-    const auto save = [&] {
-        ModuleGlobals::ClearSystemTables(session_);
-        const BusyPointer busy(session_.ui);
-        const auto saved = package();
-        Transaction saving(session_);
-        removeRows(guard);
-        const auto tptag = ModuleGlobals::RandomString(session_, tagLength);
-        guard.execute(packageInsert(session_, saved, tptag));
-        for (const auto& asset : saved.assets) {
-            ++row;
-            guard.execute(assetInsert(session_, tptag, asset));
-        }
-        saving.commit();
-        saveCheckSum();
-        SetButtons(Editing::idle);
-    };
-    runSave(guard, save, [&](const Error& error) { goToRefused(error, row); });
+    markUnsaved();
+    ModuleGlobals::ClearSystemTables(session_);
+    const auto failure = save();
+    if (failure)
+        goToRefused(*failure);
 }
 
-void FormPredefinedTasks::goToRefused(const Error& error, int row) {
-    if (const auto* asset = ListAssets->item(row)) {
-        const bool missing = saysMissing(error, "mtag"_L1);
+std::optional<SaveFailure> FormPredefinedTasks::save() {
+    const BusyPointer busy(session_.ui);
+    auto failure = savePackage(session_, package());
+    if (!failure) {
+        saveCheckSum();
+        SetButtons(Editing::idle);
+    }
+    return failure;
+}
+
+void FormPredefinedTasks::goToRefused(const SaveFailure& failure) {
+    if (const auto* asset = ListAssets->item(failure.row)) {
+        const bool missing = saysMissing(failure.error, "mtag"_L1);
         if (missing)
             session_.ui.messageBox(text(TextId::instrumentNoLongerKnown).arg(asset->text()),
                                    text(TextId::predefinedTaskPackages), box::warning);
-        if (missing || !sqlText(asset->text()).isIntact()) {
-            ListAssets->setCurrentRow(row);
+        if (missing || !isConfined(asset->text())) {
+            ListAssets->setCurrentRow(failure.row);
             ListAssets->setFocus();
         }
         return;
     }
-    if (auto* field = refusedField(error, {{"notes"_L1, TextNotes},
-                                           {"task_sql"_L1, TextSQL},
-                                           {"segregate"_L1, ComboSelectList},
-                                           {"model"_L1, ComboSelectList},
-                                           {"description"_L1, ComboSelectList}}))
+    if (auto* field = refusedField(failure.error, {{"notes"_L1, TextNotes},
+                                                   {"task_sql"_L1, TextSQL},
+                                                   {"segregate"_L1, ComboSelectList},
+                                                   {"model"_L1, ComboSelectList},
+                                                   {"description"_L1, ComboSelectList}}))
         field->setFocus();
 }
 
@@ -339,15 +268,8 @@ void FormPredefinedTasks::CommandRemoveTP_Click() {
                 ? Question{TextId::confirmDiscardSinceSave, box::warningYesNo, TextId::applicationName}
                 : Question{TextId::confirmPackageDeletion, box::question, TextId::predefinedTaskPackages}))
         return;
-    routine(u"CommandRemoveTP", [this](Routine& guard) {
-        {
-            const BusyPointer busy(session_.ui);
-            Transaction removing(session_);
-            removeRows(guard);
-            removing.commit();
-        }
+    if (removePackage(session_, ComboTPName->currentText()))
         LoadTasks();
-    });
 }
 
 void FormPredefinedTasks::CommandCancel_Click() {

@@ -1,8 +1,7 @@
 #include "editors/strategies/form_strategies.h"
 
-#include "data/routine.h"
-#include "data/small_routines.h"
-#include "editors/strategies/predefined_points.h"
+#include "procedures/predefined_points.h"
+#include "procedures/strategies.h"
 #include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
@@ -17,8 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
-
-using ModuleGlobals::SQLSafe;
 
 FormStrategies::FormStrategies(Session& session, FindCalParam findCalParam)
     : EditorWindow(session, u"FormStrategies"_s, {.width = 4590, .height = 6960}),
@@ -134,37 +131,20 @@ void FormStrategies::openStrategy(const QString& name) {
     SetButtons(State::idle);
 }
 
-Sql FormStrategies::recordOf(const QString& name) {
-    return u"select tp_name from mt.hvm_kv_proc_points where tp_name = " + sqlText(SQLSafe(name));
-}
-
 bool FormStrategies::LoadStrategyList(const QString& name) {
-    Routine routine(session_, u"FormStrategies,LoadStrategyList"_s);
-    const bool loaded = routine.run([&] {
-        const BusyPointer busy(session_.ui);
-        QStringList names;
-        auto rows =
-            routine.select(u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
-        while (rows->next())
-            names << notNull(rows->value(0));
-        const bool good = routine.hasRow(recordOf(name));
-        const auto shown = good && !name.isEmpty() ? name : names.value(0);
-        QStringList points;
-        rows = routine.select(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = " +
-                              sqlText(SQLSafe(shown)) + u" order by test_point_seq asc");
-        while (rows->next())
-            points << notNull(rows->value(0));
-
-        ComboTSNames->clear();
-        ComboTSNames->addItems(names);
-        showStrategy(static_cast<int>(names.indexOf(shown)));
-        refill(*ListPoints, points);
-        ComboPreDef->setCurrentIndex(0);
-        saveCheckSum();
-    });
-    if (!loaded)
+    const BusyPointer busy(session_.ui);
+    const auto list = loadStrategies(session_, name);
+    if (!list) {
         ComboTSNames->setCurrentIndex(shownRow_);
-    return loaded;
+        return false;
+    }
+    ComboTSNames->clear();
+    ComboTSNames->addItems(list->names);
+    showStrategy(static_cast<int>(list->names.indexOf(list->shown.name)));
+    refill(*ListPoints, list->shown.points);
+    ComboPreDef->setCurrentIndex(0);
+    saveCheckSum();
+    return true;
 }
 
 void FormStrategies::showStrategy(int row) {
@@ -212,14 +192,9 @@ void FormStrategies::enableSaving() {
 }
 
 double FormStrategies::Form_CheckSum() {
-    double sum = 0;
-    Routine routine(session_, u"FormStrategies,Form_CheckSum"_s);
-    routine.run([&] {
-        const BusyPointer busy(session_.ui);
-        sum = ModuleGlobals::CheckSum(session_,
-                                      rowsOf(*ListPoints).join(QString()) + ComboTSNames->currentText());
-    });
-    return sum;
+    const BusyPointer busy(session_.ui);
+    return checkSum(u"FormStrategies,Form_CheckSum"_s,
+                    rowsOf(*ListPoints).join(QString()) + ComboTSNames->currentText());
 }
 
 } // namespace kelvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "editors/open_cal_param.h"
-#include "platform/database/sql.h"
 #include "resources/strings.h"
 #include "ui/editor_window.h"
 
@@ -12,6 +11,8 @@ class QListWidget;
 class QPushButton;
 
 namespace kelvane {
+
+struct SaveFailure;
 
 /// The editor of test strategies: named, ordered lists of test points, each a percentage of the instrument's
 /// range. The lists on the screen are the only working copy. The screen and its loading stand in
@@ -48,15 +49,14 @@ class FormStrategies final : public EditorWindow {
     void CommandDeletePoint_Click();
     void movePoint(int direction);
 
-    /// The query for a strategy.
-    static Sql recordOf(const QString& name);
-
     /// Asks for a required entry; title and prompt by id.
     QString ask(TextId title, TextId prompt, qint16 maxLength, FieldKind kind, const QString& proposed);
     /// Ends a command during which nothing could be used.
     void comeBackTo(QPushButton* button);
     /// A point as it was typed, unless the user cancels.
     std::optional<QString> askPoint(TextId prompt, const QString& proposed);
+    /// Renames a strategy here, in the database and in the open parameter editor.
+    std::optional<SaveFailure> rename(const QString& from, const QString& to);
     /// Says that the strategy on the screen is not stored any more, and lets it be saved again.
     void keepVanished();
     /// Puts a strategy that is not stored yet on the screen.

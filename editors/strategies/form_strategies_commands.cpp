@@ -1,12 +1,10 @@
 #include "editors/strategies/form_strategies.h"
 
 #include "data/custom_dialog.h"
-#include "data/routine.h"
-#include "data/small_routines.h"
-#include "editors/new_name.h"
+#include "editors/asking.h"
 #include "editors/refusal.h"
-#include "editors/statement_parts.h"
 #include "platform/values/numbers.h"
+#include "procedures/strategies.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/list_rows.h"
@@ -19,8 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
-
-using ModuleGlobals::SQLSafe;
 
 namespace {
 
@@ -56,23 +52,16 @@ void FormStrategies::CommandAdd_Click() {
     });
     ComboTSNames->setEnabled(false);
     ListPoints->clear();
-    Routine routine(session_, u"FormStrategies,CommandAdd"_s);
-    routine.run([&] {
-        const NewName newStrategy{.title = TextId::addStrategy,
-                                  .prompt = TextId::newStrategyNamePrompt,
-                                  .taken = TextId::strategyAlreadyExists,
-                                  .maxLength = longestName,
-                                  .recordOf = recordOf};
-        if (const auto name = askNewName(session_, routine, *widget(), newStrategy)) {
-            takeNew(*name);
-            undo.dismiss();
-            return;
-        }
-        if (LoadStrategyList(ComboTSNames->currentText())) {
-            SetButtons(State::idle);
-            undo.dismiss();
-        }
-    });
+    const auto name = askOutOfReach(*widget(), session_, askStrategyName);
+    if (!name)
+        return;
+    if (*name != cancelled)
+        takeNew(*name);
+    else if (LoadStrategyList(ComboTSNames->currentText()))
+        SetButtons(State::idle);
+    else
+        return;
+    undo.dismiss();
 }
 
 void FormStrategies::takeNew(const QString& name) {
@@ -87,31 +76,24 @@ void FormStrategies::takeNew(const QString& name) {
 void FormStrategies::CommandRename_Click() {
     SetButtons(State::renaming);
     const auto idle = qScopeGuard([this] { comeBackTo(CommandRename); });
-    const auto name = ComboTSNames->currentText();
-    bool exists = true;
-    Routine routine(session_, u"FormStrategies,CommandRename"_s);
-    routine.run([&] {
-        const auto newName =
-            ask(TextId::renameStrategy, TextId::renameStrategyPrompt, longestName, FieldKind::free, {});
-        if (newName == cancelled)
-            return;
-        const BusyPointer busy(session_.ui);
-        const auto rename = [&](const Sql& table) {
-            return routine.execute(u"update " + table + u" set tp_name = " + sqlText(SQLSafe(newName)) +
-                                   u" where tp_name = " + sqlText(SQLSafe(name)) + u";commit");
-        };
-        Transaction renaming(session_);
-        exists = rename(u"mt.hvm_kv_proc_points") != 0;
-        rename(u"mt.hvm_kv_tag_config");
-        if (!exists)
-            return;
-        renaming.commit();
-        if (auto* calParam = findCalParam_())
-            calParam->renameStrategy(name, newName);
-        LoadStrategyList(newName);
-    });
-    if (!exists)
+    const auto newName =
+        ask(TextId::renameStrategy, TextId::renameStrategyPrompt, longestName, FieldKind::free, {});
+    if (newName == cancelled)
+        return;
+    const auto failure = rename(ComboTSNames->currentText(), newName);
+    if (failure && failure->vanished)
         keepVanished();
+}
+
+std::optional<SaveFailure> FormStrategies::rename(const QString& from, const QString& to) {
+    const BusyPointer busy(session_.ui);
+    auto failure = renameStrategy(session_, from, to);
+    if (!failure) {
+        if (auto* calParam = findCalParam_())
+            calParam->renameStrategy(from, to);
+        LoadStrategyList(to);
+    }
+    return failure;
 }
 
 void FormStrategies::keepVanished() {
@@ -126,52 +108,22 @@ void FormStrategies::CommandDeleteTS_Click() {
         return;
     SetButtons(State::deleting);
     const auto idle = qScopeGuard([this] { comeBackTo(CommandDeleteTS); });
-    Routine routine(session_, u"FormStrategies,CommandDeleteTS"_s);
-    routine.run([&] {
-        const auto uses = routine.select(u"select count(tp_name) from mt.hvm_kv_tag_config where tp_name = " +
-                                             sqlText(SQLSafe(name)),
-                                         Rows::first);
-        uses->next();
-        if (numericValue(notNull(uses->value(0))) > 0) {
-            session_.ui.messageBox(text(TextId::strategyStillUsed), text(TextId::applicationName),
-                                   box::warning);
-            return;
-        }
-        if (!confirms({TextId::confirmStrategyDeletion, box::question, TextId::applicationName}))
-            return;
-        routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = " + sqlText(SQLSafe(name)) +
-                        u";commit");
+    if (deleteStrategy(session_, name))
         LoadStrategyList({});
-    });
 }
 
 void FormStrategies::CommandSave_Click() {
-    const auto name = ComboTSNames->currentText();
-    const auto points = rowsOf(*ListPoints);
-    int sequence = 0;
-    Routine routine(session_, u"FormStrategies,CommandSave"_s);
-    const auto save = [&] {
-        // The name goes into the statements as it stands: one with a quote fails and is reported.
-        const auto stored = sqlText(name);
-        Transaction saving(session_);
-        if (routine.hasRow(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = " + stored))
-            routine.execute(u"delete from mt.hvm_kv_proc_points where tp_name = " + stored + u";commit");
-        for (; sequence < points.size(); ++sequence)
-            routine.execute(
-                u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values (" +
-                commaJoined({stored, sqlText(plainText(sequence)), sqlText(points[sequence])}) + u");commit");
-        saving.commit();
-    };
-    const auto refused = [&](const Error& error) {
-        if (!namesColumn(error, "test_point_pct"_L1))
-            return;
-        ListPoints->setCurrentRow(sequence);
-        ListPoints->setFocus();
-    };
-    if (!runSave(routine, save, refused))
+    const Strategy strategy{ComboTSNames->currentText(), rowsOf(*ListPoints)};
+    markUnsaved();
+    if (const auto failure = saveStrategy(session_, strategy)) {
+        if (namesColumn(failure->error, "test_point_pct"_L1)) {
+            ListPoints->setCurrentRow(failure->row);
+            ListPoints->setFocus();
+        }
         return;
+    }
     // What is stored stands on the screen, even when it can't be read back.
-    if (!LoadStrategyList(name))
+    if (!LoadStrategyList(strategy.name))
         saveCheckSum();
     SetButtons(State::idle);
     CommandCancel->setEnabled(false);

@@ -39,6 +39,23 @@ TEST_F(RoutineGuard, ReportsNumberDescriptionNameAndNoStatement) {
                                        u"ModuleGlobals,x"_s, u""_s}));
 }
 
+TEST_F(RoutineGuard, GivesTheErrorThatItReported) {
+    Guard guard(session, u"ModuleGlobals,x"_s);
+    EXPECT_FALSE(guard.failureOf([] {}));
+    ui.expectReport(5, u"ModuleGlobals,x"_s);
+    const auto failure = guard.failureOf([] { throw makeError(ErrorNumber::invalidArgument); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->number, 5);
+}
+
+TEST_F(RoutineGuard, GivesTheResultOfItsBodyOrNothingAfterAnError) {
+    Guard guard(session, u"ModuleGlobals,x"_s);
+    EXPECT_EQ(guard.resultOf([] { return u"result"_s; }), u"result"_s);
+    ui.expectReport(5, u"ModuleGlobals,x"_s);
+    EXPECT_EQ(guard.resultOf([]() -> QString { throw makeError(ErrorNumber::invalidArgument); }),
+              std::nullopt);
+}
+
 TEST_F(RoutineGuard, ReportsTheDriversOwnNumberAndTheStatementInHand) {
     script.failures.insert(u"bad"_s, Error{-141, u"Table 'x' not found"_s, u"42S02"_s});
     ui.expectReport(-141, u"ModuleGlobals,x"_s);

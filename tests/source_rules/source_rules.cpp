@@ -188,6 +188,56 @@ QString headerOf(const QDir& root, const QString& source) {
     return root.exists(own) ? own : includesOf(root, source).own.value(0);
 }
 
+/// The sources that the build gives to the library with windows, as paths from the root.
+QStringList screenSources(const QDir& root) {
+    static const QRegularExpression list(u"\\(\\s*kelvane_screens\\s([^)]*)\\)"_s);
+    QStringList sources;
+    for (const auto& module : modules) {
+        const auto lists = contentOf(root, module.name.toString() + u"/CMakeLists.txt"_s);
+        for (const auto& match : list.globalMatch(lists)) {
+            for (const auto& file : match.captured(1).simplified().split(u' ')) {
+                if (file.endsWith(".cpp"_L1))
+                    sources << module.name.toString() + u'/' + file;
+            }
+        }
+    }
+    return sources;
+}
+
+/// The shortest way along the includes from a file to a header, both included; empty when there is none.
+QStringList includeWay(const IncludeGraph& graph, const QString& from, const QString& to) {
+    QList<QStringList> ways{{from}};
+    QSet<QString> seen{from};
+    while (!ways.isEmpty()) {
+        const auto way = ways.takeFirst();
+        if (way.last() == to)
+            return way;
+        for (const auto& header : graph.value(way.last()).own) {
+            if (!seen.contains(header))
+                ways << (way + QStringList{header});
+            seen << header;
+        }
+    }
+    return {};
+}
+
+/// The SQL and the uses of the connection that stand in the text of a file.
+QStringList statementsIn(const QString& content) {
+    static const QRegularExpression literal(uR"re("(?:[^"\\\n]|\\.)*")re"_s);
+    static const QRegularExpression words(
+        u"\\b(select|insert into|update|delete from|order by)\\s|\\bfrom mt\\b|\\bwhere\\b|;commit\\b"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression connection(u"\\b[sS]haredConnection\\b"_s);
+    QStringList found;
+    for (const auto& match : literal.globalMatch(content)) {
+        if (words.match(match.captured()).hasMatch())
+            found << match.captured();
+    }
+    for (const auto& match : connection.globalMatch(content))
+        found << match.captured();
+    return found;
+}
+
 } // namespace
 
 QStringList includeFaults(const QDir& root) {
@@ -260,6 +310,29 @@ QStringList numberedTexts(const QDir& root) {
                 faults << path + u": "_s + match.captured();
         }
     }
+    return faults;
+}
+
+QStringList statementsInScreens(const QDir& root) {
+    const auto graph = readTree(root);
+    QStringList faults;
+    const auto sources = screenSources(root);
+    const auto isOfCore = [&](const QString& header) {
+        const QString source = header.chopped(2) + u".cpp"_s;
+        return graph.contains(source) && !sources.contains(source);
+    };
+    for (const auto& source : sources) {
+        if (const auto way = includeWay(graph, source, u"platform/database/sql.h"_s); !way.isEmpty())
+            faults << way.join(u" > "_s);
+        auto own = graph.value(source).own;
+        own.removeIf(
+            [&](const QString& header) { return folderOf(header) != folderOf(source) || isOfCore(header); });
+        for (const auto& file : QStringList{source} + own) {
+            for (const auto& statement : statementsIn(contentOf(root, file)))
+                faults << file + u": "_s + statement;
+        }
+    }
+    faults.removeDuplicates();
     return faults;
 }
 

@@ -22,4 +22,9 @@ QStringList sourcesWithoutTest(const QDir& root);
 /// Places in the modules where a text is named by its number.
 QStringList numberedTexts(const QDir& root);
 
+/// Statements in the sources with windows, those that a CMakeLists.txt gives to `kelvane_screens`: SQL words
+/// in a literal, and uses of the shared connection, in a source or in a header of these that it includes from
+/// its own folder; and every way along the includes to the header without which no statement can be made.
+QStringList statementsInScreens(const QDir& root);
+
 } // namespace kelvane::testing

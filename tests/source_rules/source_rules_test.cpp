@@ -10,6 +10,7 @@ namespace kelvane {
 using testing::includeFaults;
 using testing::numberedTexts;
 using testing::sourcesWithoutTest;
+using testing::statementsInScreens;
 
 namespace {
 
@@ -53,6 +54,15 @@ TEST(SourceRules, EachSourceHasATest) {
 TEST(SourceRules, TextsAreNamedAndNotNumbered) {
     const auto numbered = numberedTexts(sources());
     EXPECT_TRUE(numbered.isEmpty()) << lines(numbered);
+}
+
+TEST(SourceRules, NoStatementStandsInTheScreens) {
+    auto faults = statementsInScreens(sources());
+    // The one exception: the calibration parameter editor has no procedures yet.
+    faults.removeIf([](const QString& fault) {
+        return fault.startsWith("editors/cal_param/"_L1) || fault.startsWith("editors/ask_instrument.cpp"_L1);
+    });
+    EXPECT_TRUE(faults.isEmpty()) << lines(faults);
 }
 
 TEST_F(SourceTree, InOrderHasNoFault) {
@@ -201,6 +211,32 @@ TEST_F(SourceTree, ReportsTextsByTheirNumber) {
     put(u"data/a.cpp"_s, "text(TextId::fileMenu) + text(TextId{103}) + text(static_cast<TextId>(number))");
     EXPECT_EQ(numberedTexts(QDir(folder.path())),
               (QStringList{u"data/a.cpp: TextId{103"_s, u"data/a.cpp: static_cast<TextId>"_s}));
+}
+
+TEST_F(SourceTree, ReportsStatementsInScreens) {
+    put(u"editors/CMakeLists.txt"_s,
+        "kelvane_sources(\n    kelvane_screens\n    form.cpp\n    list/form.cpp)\n");
+    put(u"workflow/CMakeLists.txt"_s, "kelvane_sources(kelvane_core list.cpp)\n"
+                                      "kelvane_sources(kelvane_screens form.cpp form.h)\n");
+    put(u"platform/database/sql.h"_s);
+    put(u"data/routine.h"_s, "#include \"platform/database/sql.h\"\n");
+    put(u"data/session.h"_s);
+    put(u"editors/form.h"_s, "#include \"data/session.h\"\n");
+    put(u"editors/form.cpp"_s, "#include \"editors/form.h\"\n#include \"data/routine.h\"\n");
+    put(u"editors/list/form.cpp"_s, "#include \"data/session.h\"\n"
+                                    "session.SharedConnection->execute(u\"delete from mt.x;commit\"_s);\n"
+                                    "button(u\"CommandSelect\"_s, text); // select one\n");
+    put(u"workflow/list.h"_s, "Connection& sharedConnection(Session& session);\n");
+    put(u"workflow/list.cpp"_s, "#include \"data/routine.h\"\nselect(u\"select a from mt.b\");\n");
+    put(u"workflow/form.h"_s, "const auto query = \"Update mt.b set a = 1\";\n");
+    put(u"workflow/form.cpp"_s, "#include \"workflow/form.h\"\n#include \"workflow/list.h\"\n");
+    EXPECT_EQ(statementsInScreens(QDir(folder.path())),
+              (QStringList{
+                  u"workflow/form.h: \"Update mt.b set a = 1\""_s,
+                  u"editors/form.cpp > data/routine.h > platform/database/sql.h"_s,
+                  u"editors/list/form.cpp: \"delete from mt.x;commit\""_s,
+                  u"editors/list/form.cpp: SharedConnection"_s,
+              }));
 }
 
 } // namespace kelvane

@@ -1,4 +1,4 @@
-#include "editors/statement_parts.h"
+#include "procedures/statement_parts.h"
 
 namespace kelvane {
 

@@ -1,4 +1,4 @@
-#include "editors/strategies/predefined_points.h"
+#include "procedures/predefined_points.h"
 
 #include "resources/strings.h"
 #include "resources/text_id.h"

@@ -1,6 +1,6 @@
-#include "editors/predefined_tasks/task_package.h"
+#include "procedures/task_package.h"
 
-#include "resources/strings.h"
+#include "platform/database/sql.h"
 #include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -19,48 +19,28 @@ class TaskPackageTest : public RecordedSession {
     }
 };
 
-TEST_F(TaskPackageTest, EachDefinitionHasItsLetterColumnQueryAndTexts) {
+TEST_F(TaskPackageTest, EachDefinitionHasItsLetterColumnAndQuery) {
     session.SessionOwner = u"ABC"_s;
     const struct {
         Definition definition;
         QString letter;
         QString column;
         QString choices;
-        QString option;
-        QString caption;
-        QString entry;
     } kinds[] = {
-        {Definition::assetList,
-         u"A"_s,
-         u""_s,
-         {},
-         u"OptionAssetList"_s,
-         u"Asset List"_s,
-         u"Instrument (UUT) To Add To List:"_s},
-        {Definition::sql,
-         u"S"_s,
-         u"task_sql"_s,
-         {},
-         u"OptionSQL"_s,
-         u"SQL"_s,
-         u"SQL Statement To Execute:"_s},
-        {Definition::segregate, u"G"_s, u"segregate"_s, u"select distinct(i4240) from mt.segregate"_s,
-         u"OptionSegregate"_s, u"Segregate"_s, u"Segregate To Use:"_s},
-        {Definition::description, u"D"_s, u"description"_s, u"select distinct(i4204) from ABC.inventory"_s,
-         u"OptionDescription"_s, u"Description"_s, u"Description To Use:"_s},
-        {Definition::model, u"M"_s, u"model"_s, u"select distinct(i4203) from ABC.inventory"_s,
-         u"OptionModel"_s, u"Model"_s, u"Model To Use:"_s},
+        {Definition::assetList, u"A"_s, u""_s, {}},
+        {Definition::sql, u"S"_s, u"task_sql"_s, {}},
+        {Definition::segregate, u"G"_s, u"segregate"_s, u"select distinct(i4240) from mt.segregate"_s},
+        {Definition::description, u"D"_s, u"description"_s, u"select distinct(i4204) from ABC.inventory"_s},
+        {Definition::model, u"M"_s, u"model"_s, u"select distinct(i4203) from ABC.inventory"_s},
     };
     ASSERT_EQ(std::size(kinds), definitionKinds().size());
-    for (const auto& one : kinds) {
-        const auto& kind = kindOf(one.definition);
-        EXPECT_EQ(kind.definition, one.definition);
-        EXPECT_EQ(kind.letter, one.letter);
-        EXPECT_EQ(kind.column, one.column);
-        EXPECT_EQ(kind.choices ? kind.choices(session).text() : QString(), one.choices);
-        EXPECT_EQ(kind.option, one.option);
-        EXPECT_EQ(text(kind.caption), one.caption);
-        EXPECT_EQ(text(kind.entry), one.entry);
+    for (const auto& expected : kinds) {
+        const auto& kind = kindOf(expected.definition);
+        EXPECT_EQ(kind.definition, expected.definition);
+        EXPECT_EQ(kind.letter, expected.letter);
+        EXPECT_EQ(kind.column, expected.column);
+        EXPECT_EQ(kind.choices ? kind.choices(session).text() : QString(), expected.choices);
+        EXPECT_EQ(hasValues(expected.definition), !expected.choices.isEmpty());
     }
 }
 

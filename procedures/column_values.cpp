@@ -1,4 +1,4 @@
-#include "editors/column_values.h"
+#include "procedures/column_values.h"
 
 namespace kelvane {
 

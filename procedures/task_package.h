@@ -1,18 +1,19 @@
 #pragma once
 
-#include "data/session.h"
-#include "platform/database/sql.h"
-#include "resources/strings.h"
+#include <QStringList>
 
 #include <array>
 
 namespace kelvane {
 
+class Sql;
+struct Session;
+
 /// The ways in which a predefined task package names its instruments.
 enum class Definition { assetList, sql, segregate, description, model };
 inline constexpr std::size_t definitionCount = 5;
 
-/// One way: how it is stored, and how it looks on the screen. Texts are given by id.
+/// How a way is stored.
 struct DefinitionKind {
     Definition definition;
     /// `tp_definition`.
@@ -21,11 +22,6 @@ struct DefinitionKind {
     QStringView column;
     /// The query for the values to choose from; null where nothing is chosen.
     Sql (*choices)(const Session& session);
-    QStringView option;
-    TextId caption;
-    TextId toolTip;
-    /// What `LabelDefinition` says.
-    TextId entry;
     /// The name under which a click on the option reports; empty where it reads nothing.
     QStringView click;
 };
@@ -33,6 +29,10 @@ struct DefinitionKind {
 /// All ways, in the order of `Definition`.
 const std::array<DefinitionKind, definitionCount>& definitionKinds();
 const DefinitionKind& kindOf(Definition definition);
+/// True when its value is chosen from values of the database.
+inline bool hasValues(Definition definition) {
+    return kindOf(definition).choices != nullptr;
+}
 
 /// A predefined task package as it is saved.
 struct TaskPackage {

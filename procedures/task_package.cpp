@@ -1,9 +1,9 @@
-#include "editors/predefined_tasks/task_package.h"
+#include "procedures/task_package.h"
 
 #include "data/assets/assets.h"
 #include "data/small_routines.h"
-#include "editors/statement_parts.h"
-#include "resources/text_id.h"
+#include "platform/database/sql.h"
+#include "procedures/statement_parts.h"
 
 using kelvane::ModuleGlobals::SQLSafe;
 
@@ -23,21 +23,14 @@ Sql models(const Session& session) {
     return u"select distinct(i4203) from " + sqlName(session.SessionOwner) + u".inventory";
 }
 
-// clang-format off
 constexpr std::array<DefinitionKind, definitionCount> kinds{{
-    {Definition::assetList, u"A", u"", nullptr,
-     u"OptionAssetList", TextId::packageAssetList, TextId::packageAssetListTip, TextId::packageInstrumentEntry, u""},
-    {Definition::sql, u"S", u"task_sql", nullptr,
-     u"OptionSQL", TextId::packageSql, TextId::packageSqlTip, TextId::packageSqlEntry, u""},
-    {Definition::segregate, u"G", u"segregate", segregates,
-     u"OptionSegregate", TextId::packageSegregate, TextId::packageSegregateTip, TextId::packageSegregateEntry, u"OptionSegregate-Click"},
+    {Definition::assetList, u"A", u"", nullptr, u""},
+    {Definition::sql, u"S", u"task_sql", nullptr, u""},
+    {Definition::segregate, u"G", u"segregate", segregates, u"OptionSegregate-Click"},
     // Reports under the name of its neighbour.
-    {Definition::description, u"D", u"description", descriptions,
-     u"OptionDescription", TextId::packageDescription, TextId::packageDescriptionTip, TextId::packageDescriptionEntry, u"OptionModel-Click"},
-    {Definition::model, u"M", u"model", models,
-     u"OptionModel", TextId::packageModel, TextId::packageModelTip, TextId::packageModelEntry, u"OptionModel-Click"},
+    {Definition::description, u"D", u"description", descriptions, u"OptionModel-Click"},
+    {Definition::model, u"M", u"model", models, u"OptionModel-Click"},
 }};
-// clang-format on
 
 Sql safeOrNull(const QString& value) {
     return value.isEmpty() ? Sql(u"NULL") : sqlText(SQLSafe(value));

@@ -1,0 +1,38 @@
+#include "editors/asking.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace kelvane {
+
+namespace {
+
+/// Keeps controls out of reach, and gives the focus back to the one that had it.
+class OutOfReach {
+  public:
+    explicit OutOfReach(QWidget& controls) : controls_(&controls), focused_(controls.focusWidget()) {
+        controls.setEnabled(false);
+    }
+    ~OutOfReach() {
+        if (controls_)
+            controls_->setEnabled(true);
+        if (focused_)
+            focused_->setFocus(Qt::ActiveWindowFocusReason);
+    }
+    OutOfReach(const OutOfReach&) = delete;
+    OutOfReach& operator=(const OutOfReach&) = delete;
+
+  private:
+    QPointer<QWidget> controls_;
+    QPointer<QWidget> focused_;
+};
+
+} // namespace
+
+std::optional<QString> askOutOfReach(QWidget& screen, Session& session,
+                                     std::optional<QString> (*ask)(Session& session)) {
+    const OutOfReach whileAsked(screen);
+    return ask(session);
+}
+
+} // namespace kelvane
