@@ -19,6 +19,7 @@
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
 #include "workflow/form_unfinished_results.h"
+#include "workflow/upload.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -2,7 +2,7 @@
 
 #include "app/menu.h"
 #include "app/window_place.h"
-#include "workflow/driver.h"
+#include "workflow/calibrators.h"
 
 #include <QMainWindow>
 #include <QStringList>

@@ -6,7 +6,7 @@
 #include "benchmarks/plain_odbc.h"
 #include "data/session.h"
 #include "drivers/fluke702/dpclnk_library.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/embedded_database.h"
 #include "testkit/fixtures.h"

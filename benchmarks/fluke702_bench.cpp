@@ -4,7 +4,7 @@
 
 #include "benchmarks/quick_link.h"
 #include "benchmarks/site.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 
 #include <QCoreApplication>
 
@@ -24,8 +24,8 @@ using namespace Module702Interface;
 
 constexpr int few = 50;
 constexpr int many = 500;
-/// So often the few are downloaded and uploaded before the many are, and again after them: as many instruments in all, and
-/// a machine that grows slower or quicker meets both.
+/// So often the few are downloaded and uploaded before the many are, and again after them: as many
+/// instruments in all, and a machine that grows slower or quicker meets both.
 constexpr int roadsOfFew = many / few / 2;
 
 constexpr int pointsEach = 21;

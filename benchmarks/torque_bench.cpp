@@ -4,9 +4,8 @@
 #include "benchmarks/torque_site.h"
 #include "benchmarks/watched.h"
 #include "data/assets/assets.h"
-#include "drivers/fluke702/dpclnk_library.h"
+#include "drivers/torquestar/driver.h"
 #include "drivers/torquestar/qt_serial_port.h"
-#include "workflow/driver.h"
 
 #include <QCoreApplication>
 
@@ -39,10 +38,9 @@ Figures measure(TorqueSite& site, int tools, Command command) {
     auto& log = site.log;
     log = {};
     WatchedPort port(site.port);
-    DpclnkLibrary link;
-    Calibrators calibrators{site.session, {site.session, port}, {site.session, link}};
+    TorqueStar driver{site.session, port};
     const auto start = Clock::now();
-    const QString failure = command(calibrators);
+    const QString failure = command(driver);
     const Seconds whole = Clock::now() - start;
     port.endExchange();
     site.port.setPortOpen(false);
@@ -64,15 +62,13 @@ void print(const char* command, const Figures& f) {
 
 Figures download(TorqueSite& site, int tools) {
     const auto tag = site.packageOf(tools);
-    return measure(site, tools, [&](Calibrators& calibrators) {
-        return calibratorDownload(calibrators, site.calibrator, tag);
-    });
+    return measure(site, tools,
+                   [&](TorqueStar& driver) { return ModuleTSInterface::TorqueStar_download(driver, tag); });
 }
 
 Figures upload(TorqueSite& site, int tools) {
     site.carryOut(tools);
-    return measure(site, tools,
-                   [&](Calibrators& calibrators) { return calibratorUpload(calibrators, site.calibrator); });
+    return measure(site, tools, ModuleTSInterface::TorqueStar_upload);
 }
 
 void onPacedLine(const TorqueSite::Programs& programs) {

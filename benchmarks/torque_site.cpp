@@ -24,10 +24,7 @@ QStringList toolNames(int tools) {
 } // namespace
 
 TorqueSite::TorqueSite(const Programs& programs, const QStringList& line)
-    : Site(programs.database),
-      calibrator(text(TextId::calibratorTorqueStar)),
-      port(settings),
-      programs_(programs) {
+    : Site(programs.database), port(settings), programs_(programs) {
     const auto link = folder.filePath(u"COM1"_s);
     settings.setValue(u"Ports"_s, u"COM1"_s, link);
     simulator_.setProcessChannelMode(QProcess::ForwardedErrorChannel);

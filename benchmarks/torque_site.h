@@ -26,7 +26,6 @@ class TorqueSite : public Site {
     /// The technician takes each tool's readings.
     void carryOut(int tools);
 
-    QString calibrator;
     QtSerialPort port;
 
   private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/tolerances/result_template.h"
 #include "platform/database/connection.h"
 #include "platform/values/fixed_list.h"
 #include "platform/workstation.h"
@@ -82,7 +83,7 @@ struct Session : Workstation {
     QString WinDir;
     FixedList<SubstRow, 500> SubstTable;
     /// The body line of the result template, upper-cased; empty: results can't be laid out in this session.
-    QString ResultTemplateLine;
+    ResultTemplate ResultTemplateLine;
 
     FixedList<AssetEntry, 500> AssetList;
     FixedList<float, 200> TestPointList;

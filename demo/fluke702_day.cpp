@@ -1,6 +1,7 @@
 #include "demo/fluke702_day.h"
 
 #include "demo/technician.h"
+#include "drivers/fluke702/driver.h"
 #include "testkit/field_runs.h"
 
 using namespace Qt::StringLiterals;
@@ -9,7 +10,7 @@ namespace kelvane::demo {
 
 namespace {
 
-const QString fluke702 = u"Fluke 702"_s;
+const QString fluke702 = Module702Interface::identity.name.toString();
 
 void listMeasured(DemoWorkstation& station) {
     station.openDownloadList(fluke702);

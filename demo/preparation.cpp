@@ -1,6 +1,7 @@
 #include "demo/preparation.h"
 
 #include "demo/technician.h"
+#include "drivers/fluke702/driver.h"
 #include "testkit/field_runs.h"
 
 #include <QComboBox>
@@ -20,7 +21,7 @@ namespace kelvane::demo {
 
 namespace {
 
-const QString fluke702 = u"Fluke 702"_s;
+const QString fluke702 = Module702Interface::identity.name.toString();
 const QString strategy = u"GAUGE 0-50-75-100"_s;
 const QString message = u"VENT FIRST"_s;
 const QString package = u"NEW TRANSMITTERS"_s;

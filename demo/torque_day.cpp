@@ -1,6 +1,7 @@
 #include "demo/torque_day.h"
 
 #include "demo/technician.h"
+#include "drivers/torquestar/driver.h"
 #include "simulators/torquestar/pitfalls.h"
 #include "testkit/tools.h"
 
@@ -13,7 +14,7 @@ namespace kelvane::demo {
 
 namespace {
 
-const QString torqueStar = u"Crane TorqueStar IVc"_s;
+const QString torqueStar = ModuleTSInterface::identity.name.toString();
 
 /// The latest day before today whose date comes over the line unharmed.
 QDate latestWorkDay() {

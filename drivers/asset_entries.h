@@ -4,17 +4,17 @@
 
 #include <QList>
 
-#include <utility>
-
 namespace kelvane {
 
 /// The first `count` entries of the asset list, taken out of it: while a long routine asks the operator
 /// something, another screen may fill the list anew.
-inline QList<AssetEntry> assetEntries(const Session& session, int count) {
-    QList<AssetEntry> entries;
-    for (int i = 0; i < count; ++i)
-        entries << session.AssetList[i];
-    return entries;
-}
+QList<AssetEntry> assetEntries(const Session& session, int count);
+
+/// Reads the members of a task package, by its tag. Empty, or the failure: it has members, and all of them
+/// are unknown. Errors of the reading are reported.
+QString readPackage(Session& session, const QString& tag, QList<AssetEntry>& entries);
+
+/// Makes the instruments those that are in use with a calibrator, by its serial number, and no others.
+void registerInUse(Session& session, const QString& serial, const QList<AssetEntry>& entries);
 
 } // namespace kelvane

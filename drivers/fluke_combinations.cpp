@@ -6,7 +6,7 @@
 
 namespace kelvane {
 
-bool FlukeCombination::isThatOf(const CalParamRecord& instrument) const {
+bool FlukeCombination::matches(const CalParamRecord& instrument) const {
     const auto begins = [](QStringView sensor, QStringView with) { return sensor.left(with.size()) == with; };
     return UnitClass(instrument.input_type) == inputClass &&
            UnitClass(instrument.output_type) == outputClass &&
@@ -16,7 +16,7 @@ bool FlukeCombination::isThatOf(const CalParamRecord& instrument) const {
 
 bool flukeCannotCombine(const CalParamRecord& instrument) {
     return std::any_of(std::begin(flukeCombinations), std::end(flukeCombinations),
-                       [&](const FlukeCombination& one) { return one.isThatOf(instrument); });
+                       [&](const FlukeCombination& combination) { return combination.matches(instrument); });
 }
 
 } // namespace kelvane

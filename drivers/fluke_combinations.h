@@ -13,7 +13,7 @@ struct FlukeCombination {
     QStringView inputSensor = {};
     QStringView outputSensor = {};
 
-    bool isThatOf(const CalParamRecord& instrument) const;
+    bool matches(const CalParamRecord& instrument) const;
 };
 
 inline constexpr FlukeCombination flukeCombinations[] = {

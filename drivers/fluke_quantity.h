@@ -11,5 +11,9 @@ enum class FlukeQuantity { temperature, pressure, current, dcVoltage, acVoltage,
 
 /// The quantity of a unit text, compared exactly; nothing for a unit that no Fluke knows.
 std::optional<FlukeQuantity> flukeQuantity(QStringView unit);
+/// True for a unit that Fluke calibrators know.
+inline bool isFlukeUnit(QStringView unit) {
+    return flukeQuantity(unit).has_value();
+}
 
 } // namespace kelvane

@@ -2,8 +2,11 @@
 
 #include "data/assets/in_use.h"
 #include "data/records/field_dictionary.h"
+#include "platform/values/numbers.h"
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
@@ -11,11 +14,26 @@ void fillFields(Session& session, std::span<const FieldValue> values) {
     const int rows = ModuleGlobals::calFieldCount(session);
     for (int row = 0; row < rows; ++row) {
         auto& field = session.CalFieldTable[row];
-        for (const auto& one : values) {
-            if (one.value && field.column.compare(one.column, Qt::CaseInsensitive) == 0)
-                field.value = *one.value;
+        for (const auto& found : values) {
+            if (found.value && field.column.compare(found.column, Qt::CaseInsensitive) == 0)
+                field.value = *found.value;
         }
     }
+}
+
+void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+                const CalibrationValues& values) {
+    const FieldValue found[] = {
+        {u"C2301", values.date},
+        {u"C2333", values.time},
+        {u"C2323", counts.passed() ? u"Y"_s : u"N"_s},
+        {u"C2352", plainText(counts.failures)},
+        {u"C2350", plainText(counts.marginals)},
+        {u"C2320", instrument.tp_name},
+        {u"C2308", values.round},
+        {u"C2307", values.technician},
+    };
+    fillFields(session, found);
 }
 
 int standardsInUse(Session& session, const QString& asset) {

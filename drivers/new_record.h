@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/session.h"
+#include "drivers/judgement.h"
 
 #include <optional>
 #include <span>
@@ -15,6 +15,20 @@ struct FieldValue {
 
 /// Puts the values into the rows of `CalFieldTable` that the site's dictionary has for their columns.
 void fillFields(Session& session, std::span<const FieldValue> values);
+
+/// What every upload says of a calibration, besides its points.
+struct CalibrationValues {
+    /// "YYYY-MM-DD" and "HH:NN:SS".
+    QString date;
+    QString time;
+    /// Which calibration of the instrument it is, such as "AS-FOUND".
+    QString round;
+    QString technician;
+};
+
+/// Puts these, the verdict and the counts of the points into the fields of the new record.
+void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+                const CalibrationValues& values);
 
 /// Reads the standards in use with the instrument into `StandardsInUse`; gives their number. More than the
 /// list takes are reported and count as none, and that one report spoils no preparation.

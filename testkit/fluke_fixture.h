@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "testkit/lab.h"
 #include "testkit/recorded_link.h"
 

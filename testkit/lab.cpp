@@ -9,58 +9,10 @@ namespace kelvane::testing {
 namespace {
 
 Row row(const CalParamRecord& record) {
-    const auto number = [](float value) -> std::optional<QString> {
-        return QString::number(double{value}, 'g', 9);
-    };
-    const auto flag = [](bool value) -> std::optional<QString> { return value ? u"Y"_s : u"N"_s; };
-    return {QString::number(record.repetitions),
-            QString::number(record.test_point_count),
-            number(record.resolution),
-            record.input_type,
-            record.output_type,
-            number(record.input_high),
-            number(record.input_low),
-            number(record.output_high),
-            number(record.output_low),
-            number(record.neg_fs_range_pct),
-            number(record.pos_fs_range_pct),
-            number(record.neg_span_pct),
-            number(record.pos_span_pct),
-            number(record.neg_reading_pct),
-            number(record.pos_reading_pct),
-            number(record.neg_lsd_counts),
-            number(record.pos_lsd_counts),
-            number(record.neg_units),
-            number(record.pos_units),
-            record.mtag,
-            record.baud_rate_out,
-            number(record.cj_ref_temp_in),
-            number(record.cj_ref_temp_out),
-            record.cj_ref_type_in,
-            record.cj_ref_type_out,
-            number(record.click_dip_torque_out),
-            record.cycle_end_time_out,
-            record.data_bits_out,
-            record.data_parity_out,
-            record.frequency_response_out,
-            record.measurement_direction_out,
-            record.measurement_mode_out,
-            record.stop_bits_out,
-            record.temp_scale_in,
-            record.temp_scale_out,
-            record.temp_sens_type_in,
-            record.temp_sens_type_out,
-            QString::number(record.temp_sens_wires_in),
-            QString::number(record.temp_sens_wires_out),
-            number(record.threshold_torque_out),
-            record.tp_name,
-            record.transducer_type_out,
-            number(record.max_test_point_pct),
-            record.loop_pwr,
-            number(record.freq_ptpamp_in),
-            number(record.freq_ptpamp_out),
-            flag(record.input_indicated),
-            flag(record.output_indicated)};
+    Row values;
+    for (const auto* column : selectedCalParams())
+        values << calParamText(record, column->member);
+    return values;
 }
 
 QList<Row> oneColumn(const QStringList& values) {

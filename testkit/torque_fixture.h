@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/torquestar/driver.h"
 #include "testkit/lab.h"
 #include "testkit/line_peer.h"
 

@@ -7,7 +7,6 @@
 #include "data/routine.h"
 #include "data/small_routines.h"
 #include "drivers/asset_entries.h"
-#include "drivers/calibrator_names.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -20,15 +19,8 @@ namespace kelvane {
 
 namespace {
 
-/// A list for the TorqueStar stays below so many rows.
-constexpr qsizetype torqueStarListEnd = 48;
-
 bool same(QStringView left, QStringView right) {
     return upperCased(left) == upperCased(right);
-}
-
-bool isTorqueStar(const DownloadListScreen& screen) {
-    return screen.calibrator() == calibratorName::torqueStar;
 }
 
 bool isListed(const DownloadListScreen& screen, const QString& asset) {
@@ -45,6 +37,7 @@ class Addition {
     void add(const QString& entry);
 
   private:
+    const Calibrator& calibrator() const { return calibratorNamed(screen_.calibrator()); }
     void addInstrument(const QString& asset, bool alone);
     bool nameStandards(const QString& asset);
     bool refused(const QString& standard, const QString& asset);
@@ -79,12 +72,12 @@ void Addition::add(const QString& entry) {
         count = 1;
     }
     const auto entries = assetEntries(session_, count);
-    if (isTorqueStar(screen_) && screen_.rows().size() + count >= torqueStarListEnd) {
+    if (screen_.rows().size() + count >= calibrator().listEnd) {
         warn(text(TextId::instrumentListFull));
         return endEntry();
     }
-    for (const auto& one : entries)
-        addInstrument(one.asset, count == 1);
+    for (const auto& instrument : entries)
+        addInstrument(instrument.asset, count == 1);
     endEntry();
 }
 
@@ -103,12 +96,12 @@ void Addition::addInstrument(const QString& asset, bool alone) {
             warn(text(TextId::configurationDataIncomplete));
         return;
     }
-    const auto calibrator = screen_.calibrator();
-    if (const auto reason = calibratorAcceptable(calibrators_, calibrator, asset); !reason.isEmpty())
+    const auto& chosen = calibrator();
+    if (const auto reason = chosen.acceptable(calibrators_, asset); !reason.isEmpty())
         return warn(asset + u": "_s + reason);
     routine_.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " +
                      ModuleGlobals::mtagOf(session_, asset) + u";commit");
-    if (!calibratorRequiresStandard(calibrators_, calibrator, asset) || nameStandards(asset))
+    if (!chosen.requiresStandard(calibrators_, asset) || nameStandards(asset))
         screen_.addRow(asset);
 }
 
@@ -136,7 +129,7 @@ bool Addition::refused(const QString& standard, const QString& asset) {
         warn(asset + u": "_s + text(TextId::assetCannotCalibrateItself));
         return true;
     }
-    if (isTorqueStar(screen_) && !ModuleGlobals::HasConfigData(session_, standard)) {
+    if (calibrator().standardNeedsParameters && !ModuleGlobals::HasConfigData(session_, standard)) {
         warn(asset + u": "_s + text(TextId::configurationDataIncomplete));
         return true;
     }
@@ -228,7 +221,7 @@ void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
     routine.run([&] {
         const auto calibrator = screen.calibrator();
         const auto tag = makePackage(session, routine, rows);
-        const auto failure = calibratorDownload(calibrators, calibrator, tag);
+        const auto failure = calibratorNamed(calibrator).download(calibrators, tag);
         if (!failure.isEmpty()) {
             session.ui.messageBox(failure, text(TextId::downloadProcedures), box::warning);
             return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workflow/driver.h"
+#include "workflow/calibrators.h"
 
 #include <QStringList>
 

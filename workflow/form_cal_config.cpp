@@ -1,16 +1,18 @@
 #include "workflow/form_cal_config.h"
 
-#include "drivers/calibrator_names.h"
+#include "drivers/line_settings.h"
 #include "platform/error_report.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
-#include "workflow/driver.h"
+#include "workflow/calibrators.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -54,12 +56,11 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     setFirstFocus(ComboCalibrator);
 
     ComboBaudRate->setCurrentText(u"9600"_s);
-    for (const auto& name : {calibratorName::fluke74x, calibratorName::fluke702, calibratorName::torqueStar})
-        ComboCalibrator->addItem(calibratorCaption(name), name);
-    ComboParity->addItem(text(TextId::parityEven), parityWord::even);
-    ComboParity->addItem(text(TextId::parityOdd), parityWord::odd);
-    ComboParity->addItem(text(TextId::parityNone), parityWord::none);
-    select(*ComboParity, parityWord::none);
+    for (const auto& each : std::views::reverse(allCalibrators()))
+        ComboCalibrator->addItem(text(each.identity.caption), each.identity.name.toString());
+    for (const auto& parity : parities)
+        ComboParity->addItem(text(parity.caption), parity.word.toString());
+    select(*ComboParity, u"None"_s);
     select(*ComboCalibrator, calibrator);
     showStored();
 
@@ -70,11 +71,11 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
 }
 
 std::array<FormCalConfig::Setting, 5> FormCalConfig::settings() const {
-    return {{{u"BaudRate", ComboBaudRate},
-             {u"Parity", ComboParity},
-             {u"StopBits", ComboStopBits},
-             {u"DataBits", ComboDataBits},
-             {u"Port", ComboPort}}};
+    return {{{lineKey::baudRate, ComboBaudRate},
+             {lineKey::parity, ComboParity},
+             {lineKey::stopBits, ComboStopBits},
+             {lineKey::dataBits, ComboDataBits},
+             {lineKey::port, ComboPort}}};
 }
 
 void FormCalConfig::layOut() {
@@ -96,9 +97,9 @@ void FormCalConfig::layOut() {
                        {ComboDataBits, u"Label3"_s, TextId::dataBits},
                        {ComboStopBits, u"Label4"_s, TextId::stopBits}};
     int cell = 0;
-    for (const auto& one : cells) {
-        grid->addWidget(labelFor(one.list, one.name, one.caption), cell / 2, cell % 2 * 2);
-        grid->addWidget(one.list, cell / 2, cell % 2 * 2 + 1);
+    for (const auto& setting : cells) {
+        grid->addWidget(labelFor(setting.list, setting.name, setting.caption), cell / 2, cell % 2 * 2);
+        grid->addWidget(setting.list, cell / 2, cell % 2 * 2 + 1);
         ++cell;
     }
     grid->setColumnStretch(1, 1);
@@ -118,9 +119,9 @@ void FormCalConfig::layOut() {
 
 void FormCalConfig::showStored() {
     const auto calibrator = storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
-    const bool wholeLine = calibrator == calibratorName::torqueStar;
+    const bool hasLineFormat = calibratorNamed(calibrator).hasLineFormat;
     for (auto* list : {ComboParity, ComboStopBits, ComboDataBits})
-        list->setEnabled(wholeLine);
+        list->setEnabled(hasLineFormat);
     for (const auto& setting : settings()) {
         select(*setting.list, ModuleGlobals::GetRegSetting(session_, calibrator, setting.key.toString()));
     }

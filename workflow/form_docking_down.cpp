@@ -32,9 +32,8 @@ FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
     SSPanelCalibrator->setTextFormat(Qt::PlainText);
     SSPanelCalibrator->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     // Whichever name comes later, the window has its place from the start.
-    for (const auto name :
-         {TextId::calibratorFluke702, TextId::calibratorTorqueStar, TextId::calibratorFluke74x}) {
-        SSPanelCalibrator->setText(text(name));
+    for (const auto& calibrator : allCalibrators()) {
+        SSPanelCalibrator->setText(text(calibrator.identity.caption));
         SSPanelCalibrator->setMinimumWidth(
             qMax(SSPanelCalibrator->minimumWidth(), SSPanelCalibrator->sizeHint().width()));
     }

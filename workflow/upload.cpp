@@ -1,7 +1,8 @@
+#include "workflow/upload.h"
+
 #include "data/routine.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
-#include "workflow/driver.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,7 @@ void UploadFromCalibrator(Calibrators& calibrators) {
         const auto calibrator = chooseCalibrator(session, text(TextId::uploadTestResults), remembered);
         if (calibrator.isEmpty())
             return;
-        const auto failure = calibratorUpload(calibrators, calibrator);
+        const auto failure = calibratorNamed(calibrator).upload(calibrators);
         session.ui.setNormalPointer();
         if (failure.isEmpty())
             session.ui.messageBox(text(TextId::uploadSuccessful), text(TextId::uploadTestResults),

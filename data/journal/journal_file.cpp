@@ -1,6 +1,7 @@
 #include "data/journal/journal_file.h"
 
 #include "platform/error.h"
+#include "platform/system.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,13 +9,6 @@
 #include <QLockFile>
 
 #include <filesystem>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -30,30 +24,6 @@ Error failure(const QString& path, const QString& reason) {
     auto error = makeError(ErrorNumber::pathFileAccess);
     error.description += u": \""_s + path + u"\" ("_s + reason + u')';
     return error;
-}
-
-/// Returns when what was written to the file is on the disk.
-bool flushToDisk(QFile& file) {
-    if (!file.flush())
-        return false;
-#ifdef Q_OS_WIN
-    return _commit(file.handle()) == 0;
-#else
-    return ::fsync(file.handle()) == 0;
-#endif
-}
-
-/// The same for the names in a folder: a new file's name would otherwise not survive a power failure.
-void flushFolder(const QString& path) {
-#ifndef Q_OS_WIN
-    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    ::fsync(folder);
-    ::close(folder);
-#else
-    Q_UNUSED(path);
-#endif
 }
 
 /// The right to write, for the time of a block.

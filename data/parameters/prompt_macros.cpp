@@ -1,6 +1,6 @@
 #include "data/parameters/prompt_macros.h"
 
-#include "data/parameters/cal_params.h"
+#include "data/parameters/cal_param_columns.h"
 #include "data/records/due_date.h"
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
@@ -38,38 +38,13 @@ struct Macro {
     QString (*value)(const Context& context);
 };
 
-QString written(const QString& text) {
-    return text;
-}
-QString written(float number) {
-    return plainText(number);
-}
-QString written(qint16 number) {
-    return plainText(int{number});
-}
-
-template <auto Field>
-QString field(const Context& context) {
-    return written(context.params.*Field);
-}
-
-template <auto Field>
-QString percent(const Context& context) {
-    return written(context.params.*Field) + u'%';
-}
-
-template <auto Field>
-QString yesOrNo(const Context& context) {
-    return text(context.params.*Field ? TextId::yes : TextId::no);
-}
-
 /// The cold junction of one side, with the temperature when its reference is outside.
 template <auto Type, auto Temperature, auto Units>
 QString coldJunction(const Context& context) {
     const auto& params = context.params;
     if (params.*Type != u"EXT")
         return text(TextId::referenceInternal);
-    return text(TextId::referenceExternal) + u' ' + written(params.*Temperature) + params.*Units;
+    return text(TextId::referenceExternal) + u' ' + plainText(params.*Temperature) + params.*Units;
 }
 
 /// The next month's number with this year: in December that is January of the year that ends.
@@ -105,43 +80,8 @@ constexpr Macro generalMacros[] = {
 using R = CalParamRecord;
 
 constexpr Macro assetMacros[] = {
-    {u"STRATEGYNAME", field<&R::tp_name>},
-    {u"INPUTLOW", field<&R::input_low>},
-    {u"INPUTHIGH", field<&R::input_high>},
-    {u"INPUTUNITS", field<&R::input_type>},
-    {u"OUTPUTLOW", field<&R::output_low>},
-    {u"OUTPUTHIGH", field<&R::output_high>},
-    {u"OUTPUTUNITS", field<&R::output_type>},
-    {u"RESOLUTION", field<&R::resolution>},
-    {u"REPETITIONS", field<&R::repetitions>},
-    {u"STRATEGYPOINTS", field<&R::test_point_count>},
-    {u"INPUTINDICATED", yesOrNo<&R::input_indicated>},
-    {u"OUTPUTINDICATED", yesOrNo<&R::output_indicated>},
-    {u"FSPOS", percent<&R::pos_fs_range_pct>},
-    {u"FSNEG", percent<&R::neg_fs_range_pct>},
-    {u"SPANPOS", percent<&R::pos_span_pct>},
-    {u"SPANNEG", percent<&R::neg_span_pct>},
-    {u"READINGPOS", percent<&R::pos_reading_pct>},
-    {u"READINGNEG", percent<&R::neg_reading_pct>},
-    {u"LSDPOS", field<&R::pos_lsd_counts>},
-    {u"LSDNEG", field<&R::neg_lsd_counts>},
-    {u"UNITSPOS", field<&R::pos_units>},
-    {u"UNITSNEG", field<&R::neg_units>},
-    {u"INPUTTEMPSCALE", field<&R::temp_scale_in>},
-    {u"OUTPUTTEMPSCALE", field<&R::temp_scale_out>},
     {u"INPUTCJ", coldJunction<&R::cj_ref_type_in, &R::cj_ref_temp_in, &R::input_type>},
     {u"OUTPUTCJ", coldJunction<&R::cj_ref_type_out, &R::cj_ref_temp_out, &R::output_type>},
-    {u"INPUTTEMPSENS", field<&R::temp_sens_type_in>},
-    {u"OUTPUTTEMPSENS", field<&R::temp_sens_type_out>},
-    {u"INPUTTEMPWIRES", field<&R::temp_sens_wires_in>},
-    {u"OUTPUTTEMPWIRES", field<&R::temp_sens_wires_out>},
-    {u"OUTPUTLOOPPWR", field<&R::loop_pwr>},
-    {u"OUTPUTTRANSDUCER", field<&R::transducer_type_out>},
-    {u"OUTPUTTHRESTORQ", field<&R::threshold_torque_out>},
-    {u"OUTPUTTORQMEASMODE", field<&R::measurement_mode_out>},
-    {u"OUTPUTTORQCYCEND", field<&R::cycle_end_time_out>},
-    {u"OUTPUTTORQDIRECTION", field<&R::measurement_direction_out>},
-    {u"OUTPUTTORQFREQ", field<&R::frequency_response_out>},
     {u"TRANSLATEDFSTOL",
      [](const Context& c) { return plainText(TranslateFSTestTolSingle(c.session, c.asset)) + u'%'; }},
     {u"TRANSLATEDSPANTOL",
@@ -156,6 +96,20 @@ std::optional<QString> valueFrom(std::span<const Macro> macros, QStringView name
     return {};
 }
 
+/// The value of the parameter that a macro stands for.
+std::optional<QString> parameterValue(QStringView name, const CalParamRecord& params) {
+    if (name.isEmpty())
+        return {};
+    for (const auto& column : calParamColumns()) {
+        if (column.rules.macro != name)
+            continue;
+        if (const auto* flag = std::get_if<bool R::*>(&column.member))
+            return text(params.**flag ? TextId::yes : TextId::no);
+        return calParamText(params, column.member).append(column.rules.unit);
+    }
+    return {};
+}
+
 /// The value of a macro; nothing for one that isn't known, or needs an asset and has none.
 std::optional<QString> valueOf(const QString& macro, const Context& context) {
     const auto name = upperCased(macro);
@@ -163,6 +117,8 @@ std::optional<QString> valueOf(const QString& macro, const Context& context) {
         return value;
     if (context.asset.isEmpty())
         return {};
+    if (const auto value = parameterValue(name, context.params))
+        return value;
     if (const auto value = valueFrom(assetMacros, name, context))
         return value;
     if (name.startsWith(u"CHR:")) {

@@ -3,7 +3,9 @@
 #include "data/routine.h"
 #include "platform/values/texts.h"
 
+#include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -11,39 +13,23 @@ namespace kelvane::ModuleGlobals {
 
 namespace {
 
-enum class Preparation {
-    none,
-    /// Blanks in front up to a length of 3.
-    threeWide,
-    /// A blank in front unless the value holds a "-", so that the digits stand in one column.
-    signColumn,
-};
-
-/// A tag of the template, the substitution code of its values, and how these are prepared.
-struct Tag {
-    QStringView tag;
-    QStringView code;
-    Preparation preparation;
-};
-
-/// In the order of the routine's arguments, which is the order in which the line is filled.
-constexpr Tag tags[] = {
-    {u"TN$", u"TN", Preparation::threeWide},    {u"FN$", u"FN", Preparation::signColumn},
-    {u"FVA$", u"FVA", Preparation::signColumn}, {u"FRE$", u"FRE", Preparation::signColumn},
-    {u"TT$", u"TT", Preparation::none},         {u"DE$", u"DE", Preparation::none},
-    {u"ET$", u"ET", Preparation::threeWide},    {u"TU$", u"TU", Preparation::none},
-    {u"CO$", u"CO", Preparation::none},         {u"FLL$", u"FLL", Preparation::signColumn},
-    {u"FUL$", u"FUL", Preparation::signColumn}, {u"TR$", u"TR", Preparation::none},
-};
-
 constexpr int lineLength = 120;
 constexpr int narrowWidth = 3;
 
+/// Puts `count` blanks in front, without another allocation where the text has room for them.
+void padLeft(QString& text, qsizetype count) {
+    const auto size = text.size();
+    text.resize(size + count);
+    auto* const begin = text.data();
+    std::copy_backward(begin, begin + size, begin + size + count);
+    std::fill_n(begin, count, u' ');
+}
+
 void prepare(QString& value, Preparation preparation) {
-    if (preparation == Preparation::threeWide && characterCount(value) < narrowWidth)
-        value.prepend(QString(narrowWidth - characterCount(value), u' '));
+    if (preparation == Preparation::threeWide)
+        padLeft(value, std::max<qsizetype>(narrowWidth - characterCount(value), 0));
     else if (preparation == Preparation::signColumn && !value.contains(u'-'))
-        value.prepend(u' ');
+        padLeft(value, 1);
 }
 
 /// A text without its last `count` characters.
@@ -51,50 +37,76 @@ QString withoutLast(const QString& text, qsizetype count) {
     return text.left(unitsOfCharacters(text, characterCount(text) - count));
 }
 
-/// The value with its end replaced by the last row that fits: each row starts again from the value.
-QString substituted(const Session& session, const QString& value, QStringView code) {
-    QString text = value;
-    for (int row = session.SubstTable.first; row <= session.SubstTable.last; ++row) {
-        const auto& subst = session.SubstTable[row];
-        if (subst.code.isEmpty())
+/// The last substitution that fits the value of a field; null when none does.
+const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value) {
+    const SubstRow* fitting = nullptr;
+    for (int index = session.SubstTable.first; index <= session.SubstTable.last; ++index) {
+        const auto& row = session.SubstTable[index];
+        if (row.code.isEmpty())
             break;
-        if (subst.code == code && value.contains(subst.from))
-            text = withoutLast(value, characterCount(subst.from)) + subst.to;
+        if (row.code == code && value.contains(row.from))
+            fitting = &row;
     }
-    return text;
+    return fitting;
 }
 
-/// Writes `text` at a column of the line in the place of `length` characters, or behind a shorter line.
-void write(QString& line, qsizetype column, qsizetype length, const QString& text) {
-    const auto begin = unitsOfCharacters(line, column);
-    const auto end = unitsOfCharacters(line, column + length);
-    line.replace(begin, end - begin, text);
-}
+/// A line whose columns count characters.
+class Line {
+  public:
+    Line() : text(lineLength, Qt::Uninitialized) { std::fill(text.begin(), text.end(), u' '); }
+
+    /// Writes a value of so many characters at a column in the place of `length` characters, or behind a
+    /// shorter line.
+    void write(qsizetype column, qsizetype length, QStringView value, qsizetype characters) {
+        hasPairs_ = hasPairs_ || characters != value.size();
+        const auto begin = unitsBefore(column);
+        const auto end = unitsBefore(column + length);
+        if (value.size() == end - begin)
+            std::copy(value.cbegin(), value.cend(), text.begin() + begin);
+        else
+            text.replace(begin, end - begin, value.data(), value.size());
+    }
+
+    QString text;
+
+  private:
+    qsizetype unitsBefore(qsizetype column) const {
+        return hasPairs_ ? unitsOfCharacters(text, column) : std::min(column, text.size());
+    }
+
+    /// True once a character of two units stands in the line.
+    bool hasPairs_ = false;
+};
 
 } // namespace
 
 QString ResultLine(Session& session, QString& number, QString& nominal, QString& applied, QString& reading,
                    QString& tolerance, QString& deviation, QString& percent, QString& units, QString& comment,
                    QString& lowLimit, QString& highLimit, QString& verdict) {
-    QString line(lineLength, u' ');
+    Line line;
     Routine routine(session, u"ModuleGlobals,ResultLine"_s);
     routine.run([&] {
         QString* const values[] = {&number,  &nominal, &applied, &reading,  &tolerance, &deviation,
                                    &percent, &units,   &comment, &lowLimit, &highLimit, &verdict};
-        static_assert(std::size(values) == std::size(tags));
-        for (std::size_t i = 0; i < std::size(tags); ++i) {
-            const auto place = session.ResultTemplateLine.indexOf(tags[i].tag);
-            if (place < 0)
+        static_assert(std::size(values) == resultFields.size());
+        for (std::size_t field = 0; field < resultFields.size(); ++field) {
+            const auto column = session.ResultTemplateLine.columnOf(field);
+            if (column < 0)
                 continue;
-            auto& value = *values[i];
-            prepare(value, tags[i].preparation);
+            auto& value = *values[field];
+            prepare(value, resultFields[field].preparation);
             // The tail is cut by the length of the value before its substitution: a longer or shorter text
             // moves the rest of the line.
-            const auto column = characterCount(QStringView(session.ResultTemplateLine).left(place));
-            write(line, column, characterCount(value), substituted(session, value, tags[i].code));
+            const auto length = characterCount(value);
+            if (const auto* row = substitutionOf(session, resultFields[field].code, value)) {
+                const auto text = withoutLast(value, characterCount(row->from)) += row->to;
+                line.write(column, length, text, characterCount(text));
+            } else {
+                line.write(column, length, value, length);
+            }
         }
     });
-    return line;
+    return std::move(line.text);
 }
 
 } // namespace kelvane::ModuleGlobals

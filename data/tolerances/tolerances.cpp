@@ -6,6 +6,8 @@
 #include "platform/values/numbers.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -14,13 +16,13 @@ namespace kelvane::ModuleGlobals {
 namespace {
 
 /// How a number is shown at a resolution: so many decimals, or rounded to a step of 10, 100, ….
-struct Picture {
+struct NumberFormat {
     QStringView digits;
     int decimals;
     int step;
 };
 
-constexpr Picture pictures[] = {
+constexpr NumberFormat numberFormats[] = {
     {u"0.1", 1, 1},         {u"0.01", 2, 1},      {u"0.001", 3, 1},       {u"0.0001", 4, 1},
     {u"0.00001", 5, 1},     {u"0.000001", 6, 1},  {u"0.0000001", 7, 1},   {u"0.00000001", 8, 1},
     {u"0.000000001", 9, 1}, {u"1", 0, 1},         {u"10", 0, 10},         {u"100", 0, 100},
@@ -61,8 +63,9 @@ double limitOf(double nominal, double side, const Terms& terms, const OutputRang
                   side * terms.units);
 }
 
-float roundedValue(const QString& shown) {
-    return toReal(numericValue(shown));
+/// The number that `text` shows in front of its unit.
+float roundedValue(QStringView text, QStringView unit = {}) {
+    return toReal(numericValue(text.chopped(unit.size())));
 }
 
 double toleranceAt(const ErrorResult& result, double output) {
@@ -70,6 +73,9 @@ double toleranceAt(const ErrorResult& result, double output) {
     const double below = finite(result.upper_limit - output);
     return finite(above <= below ? result.nominal - result.lower_limit : result.upper_limit - result.nominal);
 }
+
+/// The most characters that the report line puts in front of a text.
+constexpr qsizetype maxPadding = 2;
 
 constexpr double firstPercentNotShown = 501;
 
@@ -91,15 +97,15 @@ void judgePercent(ErrorResult& result, double output) {
         result.percent_text = u"0"_s;
         return;
     }
-    double shown = 0;
+    double percent = 0;
     if (result.nominal_rounded == limit_rounded) {
-        shown = finite(divided(result.error, half_width) * 100);
+        percent = finite(divided(result.error, half_width) * 100);
     } else {
         const float width_rounded =
             finite(low ? result.nominal_rounded - limit_rounded : limit_rounded - result.nominal_rounded);
-        shown = finite(divided(result.error_rounded, width_rounded) * 100.0F);
+        percent = finite(divided(result.error_rounded, width_rounded) * 100.0F);
     }
-    result.percent_text = fixedDecimals(low ? std::abs(shown) : shown, 0);
+    result.percent_text = fixedDecimals(low ? std::abs(percent) : percent, 0, maxPadding);
 }
 
 /// Looks at the signed percentage: a reading below the nominal never gets an advice.
@@ -109,21 +115,33 @@ QString adviceFor(double percent) {
     return percent >= 70 ? u"MARGINAL"_s : QString();
 }
 
+/// The format that the exact text of `digits` picks; null for any other text.
+const NumberFormat* formatOf(QStringView digits) {
+    const auto* end = std::end(numberFormats);
+    const auto* found = std::find_if(std::begin(numberFormats), end,
+                                     [&](const NumberFormat& format) { return format.digits == digits; });
+    return found == end ? nullptr : found;
+}
+
+/// `value` in a format, with `unit` behind it; without a format the unit alone.
+QString formatValue(Session& session, double value, const NumberFormat* format, QStringView unit = {}) {
+    QString text;
+    Routine routine(session, u"ModuleGlobals,DecimalFormat"_s);
+    routine.run([&] {
+        if (!format)
+            return;
+        const double stepped =
+            format->step == 1 ? value : roundedHalfEven(value / format->step) * format->step;
+        text = fixedDecimals(finite(stepped), format->decimals, unit.size() + maxPadding);
+    });
+    text += unit;
+    return text;
+}
+
 } // namespace
 
 QString DecimalFormat(Session& session, double value, const QString& digits) {
-    QString result;
-    Routine routine(session, u"ModuleGlobals,DecimalFormat"_s);
-    routine.run([&] {
-        const auto* picture = std::find_if(std::begin(pictures), std::end(pictures),
-                                           [&](const Picture& one) { return one.digits == digits; });
-        if (picture == std::end(pictures))
-            return;
-        const double shown =
-            picture->step == 1 ? value : roundedHalfEven(value / picture->step) * picture->step;
-        result = fixedDecimals(finite(shown), picture->decimals);
-    });
-    return result;
+    return formatValue(session, value, formatOf(digits));
 }
 
 ErrorResult ErrorCalculation(Session& session, double input, double output, float input_low, float input_high,
@@ -134,15 +152,16 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
                              float resolution, qint16 line) {
     ErrorResult result;
     Routine routine(session, u"ModuleGlobals,ErrorCalculation"_s);
-    const auto format = [&](double value) { return DecimalFormat(session, value, digits); };
+    const auto format = [&, numberFormat = formatOf(digits)](double value, QStringView unit = {}) {
+        return formatValue(session, value, numberFormat, unit);
+    };
     routine.run([&] {
         OutputRange range{output_high, output_low, 0};
         result.nominal = nominalOf(input, input_low, input_high, range);
-        const auto nominal_shown = format(result.nominal);
-        result.nominal_text = nominal_shown + output_units;
-        result.nominal_rounded = roundedValue(nominal_shown);
-        result.output_text = format(finite(output)) + output_units;
-        result.input_text = format(finite(input)) + input_units;
+        result.nominal_text = format(result.nominal, output_units);
+        result.nominal_rounded = roundedValue(result.nominal_text, output_units);
+        result.output_text = format(finite(output), output_units);
+        result.input_text = format(finite(input), input_units);
 
         range.resolution = viaText(resolution);
         result.upper_limit =
@@ -155,10 +174,10 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
         result.lower_rounded = roundedValue(result.lower_text);
 
         result.error = finite(output - result.nominal);
-        const auto error_shown = format(result.error);
-        result.error_rounded = roundedValue(error_shown);
-        result.error_text = error_shown + output_units;
-        result.tolerance_text = format(toleranceAt(result, output)) + output_units;
+        auto error_text = format(result.error, output_units);
+        result.error_rounded = roundedValue(error_text, output_units);
+        result.error_text = std::move(error_text);
+        result.tolerance_text = format(toleranceAt(result, output), output_units);
 
         judgePercent(result, output);
         const bool within = output <= result.upper_limit && output >= result.lower_limit;

@@ -1,14 +1,7 @@
-#include "data/parameters/cal_params.h"
-#include "data/routine.h"
-#include "drivers/download_note.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
+#include "drivers/fluke_acceptance.h"
 #include "drivers/fluke_combinations.h"
-#include "drivers/fluke_limits.h"
 #include "drivers/fluke_quantity.h"
-#include "resources/strings.h"
-#include "resources/text_id.h"
-
-using namespace Qt::StringLiterals;
 
 namespace kelvane::Module702Interface {
 
@@ -57,47 +50,22 @@ constexpr FlukeLimits::Sensor sensors[] = {
     {u"TC U", {-200, 600}, {-328, 1112}},
 };
 
-constexpr FlukeLimits limits{units, sensors};
-
-bool isKnown(const QString& unit) {
-    return flukeQuantity(unit).has_value();
-}
+constexpr FlukeAcceptance acceptance{.routine = u"Module702Interface,Fluke702_acceptable",
+                                     .limits = {units, sensors},
+                                     .refusesIndicatedInput = true,
+                                     .unknownInput = TextId::cannotSourceUnits,
+                                     .refusesUnknownInput = true};
 
 } // namespace
 
 QString Fluke702_acceptable(Fluke702& driver, const QString& asset) {
-    auto& session = driver.session;
-    QString result;
-    Routine routine(session, u"Module702Interface,Fluke702_acceptable"_s);
-    routine.run([&] {
-        const auto instrument = ModuleGlobals::GetCalParams(session, asset);
-        if (instrument.input_indicated) {
-            result = text(TextId::indicatedInputUnsupported);
-            return;
-        }
-        if (!isKnown(instrument.output_type))
-            tellDownloadNote(session.ui, asset, text(TextId::outputNotMeasurable));
-        auto refusal = flukeCannotMeasure(limits, instrument);
-        if (!refusal)
-            refusal = flukeCannotSource(limits, instrument);
-        if (refusal) {
-            result = text(*refusal);
-            return;
-        }
-        if (!isKnown(instrument.input_type))
-            result = text(TextId::cannotSourceUnits);
-        for (const auto& combination : flukeCombinations) {
-            if (combination.isThatOf(instrument))
-                tellDownloadNote(session.ui, asset, text(TextId::outputNotMeasurable));
-        }
-    });
-    return result;
+    return flukeAcceptable(driver.session, acceptance, asset);
 }
 
 bool Fluke702_requires_standard(Fluke702& driver, const QString& asset) {
     const auto instrument = ModuleGlobals::GetCalParams(driver.session, asset);
     return !instrument.output_indicated &&
-           (!isKnown(instrument.output_type) || flukeCannotCombine(instrument));
+           (!isFlukeUnit(instrument.output_type) || flukeCannotCombine(instrument));
 }
 
 } // namespace kelvane::Module702Interface

@@ -1,14 +1,21 @@
 #pragma once
 
-#include <QString>
+#include "drivers/fluke_base_units.h"
 
 namespace kelvane::Module702Interface {
 
-/// A value of a unit in the calibrator's base unit (V, A, Ohms, bar, Hz), in 32 bits. Values of a unit that
-/// is a base unit, or that the calibrator takes as it is, stay. Error 6 for one that 32 bits can't hold.
-float toBaseUnit(float value, const QString& unit);
-
-/// The way back, for results. Values in "KHz", "MHz" and "mbar" stay in the base unit. Error 6 as above.
-float fromBaseUnit(float value, const QString& unit);
+/// Results in "KHz", "MHz" and "mbar" stay in the base unit.
+inline constexpr BaseUnit baseUnits[] = {
+    {u"mA", 1, 1'000},
+    {u"uA", 1, 1'000'000},
+    {u"mV", 1, 1'000},
+    {u"uV", 1, 1'000'000},
+    {u"mVAC", 1, 1'000},
+    {u"KOhms", 1'000, 1},
+    {u"Mohms", 1'000'000, 1},
+    {u"mbar", 1, 1'000, BaseUnit::Scaled::downloadOnly},
+    {u"KHz", 1'000, 1, BaseUnit::Scaled::downloadOnly},
+    {u"MHz", 1'000'000, 1, BaseUnit::Scaled::downloadOnly},
+};
 
 } // namespace kelvane::Module702Interface

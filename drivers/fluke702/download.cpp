@@ -1,12 +1,10 @@
-#include "data/assets/assets.h"
-#include "data/assets/in_use.h"
 #include "data/parameters/cal_params.h"
 #include "data/routine.h"
 #include "data/tolerances/tolerances.h"
 #include "drivers/asset_entries.h"
 #include "drivers/fluke702/download_item.h"
 #include "drivers/fluke702/download_prompts.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/fluke702/setup_state.h"
 #include "drivers/fluke702/task_values.h"
@@ -32,20 +30,20 @@ bool defineStrategy(Fluke702& driver, StatusRule& rule, Download702Item& item, q
                                                    &std::as_const(driver.session.TestPointList)[0]));
 }
 
-bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const DownloadPrompts& prompts,
+bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const FlukePrompts& prompts,
                bool manual) {
     const auto tag = item.asset.left(29);
     const auto serial = item.serial.isEmpty() ? text(TextId::serialNumberNone) : item.serial;
-    return rule.passes(link.MEMstartTask(tag)) && prompts.placeBefore(link, rule) &&
+    return rule.passes(link.MEMstartTask(tag)) && placeBefore(link, rule, prompts) &&
            rule.passes(link.MEMtemplate(item.strategyId, manual ? 1 : 0, tag, serial, item.stateId)) &&
-           prompts.placeAfter(link, rule) && rule.passes(link.MEMendTask());
+           placeAfter(link, rule, prompts) && rule.passes(link.MEMendTask());
 }
 
 /// Writes one instrument into the image. False when a status ended it.
 bool loadInstrument(Fluke702& driver, StatusRule& rule, Download702Item& item, CarriedValues& carried) {
     auto& session = driver.session;
-    DownloadPrompts prompts;
-    if (!prompts.define(driver, rule, item.asset))
+    FlukePrompts prompts;
+    if (!definePrompts(session, driver.link, rule, item.asset, prompts))
         return false;
     item.tolerance = ModuleGlobals::TranslateSpanTestTolSingle(session, item.asset);
     const auto points = ModuleGlobals::GetTestPointList(session, item.asset);
@@ -59,9 +57,9 @@ QString download(Fluke702& driver, const QString& task) {
     FixedList<Download702Item, 500> items;
     int count = 0;
     const ReportWatch reading(session);
-    const auto entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, task));
-    if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, task))
-        return text(TextId::downloadInstrumentsUnknown);
+    QList<AssetEntry> entries;
+    if (const auto failure = readPackage(session, task, entries); !failure.isEmpty())
+        return failure;
     for (const auto& entry : entries)
         items[count++] = gatherItem(session, entry);
     if (reading.sawReport())
@@ -71,7 +69,7 @@ QString download(Fluke702& driver, const QString& task) {
     driver.link.DPCclose();
     CarriedValues carried;
     for (int i = 0; i < count; ++i) {
-        StatusRule rule(session, items[i].asset);
+        StatusRule rule(session, DPCStatusText, items[i].asset);
         if (!loadInstrument(driver, rule, items[i], carried))
             return rule.failure();
         // The calibrator is still as it was: only the image in the library has been written to.
@@ -80,11 +78,8 @@ QString download(Fluke702& driver, const QString& task) {
     }
 
     const auto failure = Communicate702(driver, modeDownload);
-    if (failure.isEmpty()) {
-        ModuleGlobals::ClearInUse(session, driver.Calibrator702Serial);
-        for (int i = 0; i < count; ++i)
-            ModuleGlobals::AddInUse(session, driver.Calibrator702Serial, items[i].mtag, session.SessionUser);
-    }
+    if (failure.isEmpty())
+        registerInUse(session, driver.Calibrator702Serial, entries);
     session.ui.setNormalPointer();
     return failure;
 }

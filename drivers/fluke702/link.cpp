@@ -3,9 +3,8 @@
 #include "data/assets/assets.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "drivers/calibrator_names.h"
+#include "drivers/line_settings.h"
 #include "platform/error_report.h"
-#include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -18,8 +17,6 @@ namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr qint32 usualBaudRate = 9600;
-const QString usualPort = u"COM1"_s;
 constexpr int full = 100;
 
 /// What a direction of transfer calls and shows.
@@ -70,9 +67,6 @@ class Contact {
     /// True for a status of 0; the words of any other are the result.
     bool done(Dpclnk::Status status);
     void advance();
-    QString setting(const QString& key) const {
-        return ModuleGlobals::GetRegSetting(session_, calibratorName::fluke702, key);
-    }
 
     Fluke702& driver_;
     Session& session_;
@@ -100,11 +94,7 @@ void Contact::carryOut() {
 }
 
 bool Contact::open() {
-    const auto stored = roundedToLong(numericValue(setting(u"BaudRate"_s)));
-    const auto baudRate = stored == 0 ? usualBaudRate : stored;
-    const auto chosen = setting(u"Port"_s);
-    const auto port = chosen.isEmpty() ? usualPort : chosen;
-
+    const auto line = linkLine(session_, identity);
     ui_.setBusyPointer();
     ui_.setProgressText(text(TextId::fluke702OpeningLink));
     ui_.processEvents();
@@ -113,7 +103,7 @@ bool Contact::open() {
         ui_.setNormalPointer();
         return false;
     }
-    if (!done(link_.DPCopen(baudRate, port, 1000, 5))) {
+    if (!done(link_.DPCopen(line.baudRate, line.port, 1000, 5))) {
         link_.DPCclose();
         ui_.setNormalPointer();
         return false;
@@ -128,8 +118,8 @@ bool Contact::identify() {
         link_.DPCget70x(driver_.Calibrator702Model, driver_.Calibrator702Serial, driver_.Calibrator702Text,
                         driver_.Calibrator702Number, unused1, unused2);
     // A warning ends this contact in success: the caller then uses the serial number.
-    for (auto* one : {&driver_.Calibrator702Model, &driver_.Calibrator702Serial, &driver_.Calibrator702Text})
-        *one = ModuleGlobals::CleanDLLString(*one);
+    for (auto* text : {&driver_.Calibrator702Model, &driver_.Calibrator702Serial, &driver_.Calibrator702Text})
+        *text = ModuleGlobals::CleanDLLString(*text);
     if (!done(status))
         return false;
     driver_.Calibrator702Asset = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);

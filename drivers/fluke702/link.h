@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 
 namespace kelvane::Module702Interface {
 
@@ -11,17 +11,12 @@ inline constexpr qint16 modeUpload = 2;
 /// Opens the link, identifies the calibrator, moves the whole image and closes the link, with the progress
 /// window. Empty on success, else the words of the failure. A warning at any call ends it there, is shown and
 /// counts as success, so the image may then be incomplete. An upload from a calibrator that the database
-/// doesn't know is a failure. The hourglass may stay behind a failure or a
-/// warning: the caller sets the normal pointer.
+/// doesn't know is a failure. The hourglass may stay behind a failure or a warning: the caller sets the
+/// normal pointer.
 QString Communicate702(Fluke702& driver, qint16 mode);
 
 /// The words for a status. Below 2001 they are shown in a box, with `name` (an asset number or nothing)
 /// before them, and the result is empty; from 2001 on they are the result.
 QString DPCStatusText(Session& session, qint16 code, const QString& name);
-
-/// The errors: an operation that gives one of these, 2000 included, ends the transfer in hand.
-constexpr bool isFatal(Dpclnk::Status status) {
-    return status >= 2000;
-}
 
 } // namespace kelvane::Module702Interface

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "drivers/fluke702/download_item.h"
-#include "drivers/fluke702/status_rule.h"
+#include "drivers/fluke702/dpclnk.h"
 #include "drivers/fluke702/task_values.h"
+#include "drivers/link_status.h"
 
 namespace kelvane::Module702Interface {
 

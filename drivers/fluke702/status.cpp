@@ -1,14 +1,13 @@
-#include "drivers/download_note.h"
 #include "drivers/fluke702/link.h"
 #include "drivers/link_status.h"
-#include "resources/strings.h"
-#include "resources/text_id.h"
+
+#include <limits>
 
 namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr LinkStatus statuses[] = {
+constexpr LinkStatus table[] = {
     {0, TextId::statusNoError, u"DPCERR_NONE"},
     {100, TextId::statusLoopPowerOff, u"DPCWARN_BAD_LOOP"},
     {101, TextId::statusMeasuringVdc, u"DPCWARN_BAD_INPUT"},
@@ -45,18 +44,16 @@ constexpr LinkStatus statuses[] = {
     {2026, TextId::statusNoTagSaved, u"DPCERR_NOTAG"},
 };
 
-/// From here on a status is told to the caller; below, to the operator. So 2000 is only shown, although it
-/// is an error.
-constexpr qint16 firstTold = 2001;
+/// From 2001 on a status is for the caller. So 2000 is only shown, although it is an error.
+constexpr LinkStatuses statuses{.table = table,
+                                .unknown = TextId::statusUnknownError,
+                                .firstShown = std::numeric_limits<qint16>::min(),
+                                .lastShown = 2000};
 
 } // namespace
 
 QString DPCStatusText(Session& session, qint16 code, const QString& name) {
-    const auto words = linkStatusText(statuses, code).value_or(text(TextId::statusUnknownError));
-    if (code >= firstTold)
-        return words;
-    tellDownloadNote(session.ui, name, words);
-    return {};
+    return reportStatus(session, statuses, code, name);
 }
 
 } // namespace kelvane::Module702Interface

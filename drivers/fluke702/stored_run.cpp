@@ -1,8 +1,8 @@
 #include "drivers/fluke702/stored_run.h"
 
+#include "data/assets/assets.h"
 #include "data/small_routines.h"
 #include "drivers/fluke702/base_units.h"
-#include "platform/error.h"
 
 namespace kelvane::Module702Interface {
 
@@ -14,8 +14,9 @@ using HeaderValue = qint16 RunHeader::*;
 constexpr HeaderValue dateValues[] = {&RunHeader::kind, &RunHeader::month, &RunHeader::day, &RunHeader::year};
 constexpr HeaderValue timeValues[] = {&RunHeader::hour, &RunHeader::minute, &RunHeader::second};
 
-constexpr int lastYear = 9999;
 constexpr int tagLength = 33;
+/// A tag of this length may be the beginning of a longer asset number.
+constexpr int longestTag = 29;
 constexpr int entryValues = 7;
 
 Status fetch(Dpclnk& link, qint32 record, RunHeader& header) {
@@ -41,12 +42,8 @@ Status fetchTag(Dpclnk& link, qint32 record, RunTag& tag) {
 } // namespace
 
 Moment momentOf(const RunHeader& header) {
-    const int year = header.year < 100 ? fullYear(header.year) : header.year;
-    const QDate date(year, header.month, header.day);
-    const QTime time(header.hour, header.minute, header.second);
-    if (year > lastYear || !date.isValid() || !time.isValid())
-        throw makeError(ErrorNumber::typeMismatch);
-    return {date, time};
+    return momentOfRun(header.year, header.month, header.day,
+                       QTime(header.hour, header.minute, header.second));
 }
 
 Status readHeader(Dpclnk& link, qint32 record, RunHeader& header) {
@@ -99,10 +96,16 @@ Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values) {
     return 0;
 }
 
-RunEntry inUnitsOf(const CalParamRecord& instrument, RunEntry entry) {
-    entry.applied = fromBaseUnit(entry.applied, instrument.input_type);
-    entry.reading = fromBaseUnit(entry.reading, instrument.output_type);
-    return entry;
+QString assetOf(Session& session, const RunTag& tag) {
+    if (tag.tag.size() != longestTag)
+        return tag.tag;
+    return ModuleGlobals::AssetfromSerial(session, tag.serial, tag.tag);
+}
+
+RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry) {
+    return {.applied = double{fromBaseUnit(baseUnits, entry.applied, instrument.input_type)},
+            .reading = double{fromBaseUnit(baseUnits, entry.reading, instrument.output_type)},
+            .calibratorError = 100 * double{entry.calibratorError}};
 }
 
 } // namespace kelvane::Module702Interface

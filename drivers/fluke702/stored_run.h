@@ -1,8 +1,7 @@
 #pragma once
 
-#include "data/parameters/cal_params.h"
 #include "drivers/fluke702/dpclnk.h"
-#include "platform/values/moments.h"
+#include "drivers/fluke_run.h"
 
 namespace kelvane::Module702Interface {
 
@@ -23,21 +22,6 @@ struct RunHeader {
 /// When the run was stored; error 13 for a date or a time that does not exist.
 Moment momentOf(const RunHeader& header);
 
-/// What was calibrated, and by whom; cleaned.
-struct RunTag {
-    QString tag;
-    QString serial;
-    QString technician;
-};
-
-/// One reading: `applied` to the instrument's input, `reading` at its output, and the error that the
-/// calibrator found, as a fraction of span.
-struct RunEntry {
-    float reading = 0;
-    float applied = 0;
-    float calibratorError = 0;
-};
-
 // Reading the image in the library. Each gives the first status that isn't 0; what was asked for is then
 // incomplete.
 
@@ -47,10 +31,14 @@ Dpclnk::Status readHeader(Dpclnk& link, qint32 record, RunHeader& header);
 Dpclnk::Status readTag(Dpclnk& link, qint32 record, RunTag& tag);
 /// The tag alone, whatever the status.
 QString tagOf(Dpclnk& link, qint32 record);
-/// In the calibrator's base units. Each of the seven values of an entry is fetched by a call of its own.
+/// In the calibrator's base units, the error as a fraction of span. Each of the seven values of an entry is
+/// fetched by a call of its own.
 Dpclnk::Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values);
 
-/// The entry in the instrument's own units. Error 6 for a value that becomes too large.
-RunEntry inUnitsOf(const CalParamRecord& instrument, RunEntry entry);
+/// The asset that a tag stands for; empty for one that was renamed since it was cut.
+QString assetOf(Session& session, const RunTag& tag);
+
+/// The entry in the instrument's own units, computed in 32 bits. Error 6 for a value that becomes too large.
+RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry);
 
 } // namespace kelvane::Module702Interface

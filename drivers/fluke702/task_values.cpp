@@ -50,7 +50,7 @@ void scaleOutput(Item& item) {
     for (auto* end : {&item.outputLow, &item.outputHigh}) {
         if (item.outputMode == u"acv")
             *end = std::abs(*end);
-        *end = toBaseUnit(*end, item.outputType);
+        *end = toBaseUnit(baseUnits, *end, item.outputType);
     }
 }
 
@@ -58,7 +58,7 @@ void scaleInput(Item& item) {
     if (item.inputMode == u"acv")
         return;
     for (auto* end : {&item.inputLow, &item.inputHigh})
-        *end = toBaseUnit(*end, item.inputType);
+        *end = toBaseUnit(baseUnits, *end, item.inputType);
 }
 
 } // namespace
@@ -83,7 +83,7 @@ void prepareTaskValues(Download702Item& item, CarriedValues& carried) {
     scaleInput(item);
     if (item.inputClass == 5) {
         // The number of the output's top, taken as one in the input's unit.
-        carried.sourceValue = toBaseUnit(outputTop, item.inputType);
+        carried.sourceValue = toBaseUnit(baseUnits, outputTop, item.inputType);
         carried.sourceAmplitude = item.amplitude / 1000;
     }
     if (item.outputMode == u"freq" && (item.outputLow < 20 || item.outputHigh < 20))

@@ -3,10 +3,10 @@
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "drivers/fluke702/link.h"
-#include "drivers/fluke702/run_results.h"
-#include "drivers/instrument_work.h"
+#include "drivers/fluke702/stored_run.h"
+#include "drivers/link_status.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -77,11 +77,7 @@ bool Upload::takeRun(qint32 record) {
         return true;
     InstrumentWork work(session_, routineName);
     RunResults run{.kind = header.kind};
-    work.attempt([&] {
-        const auto moment = momentOf(header);
-        run.date = formatMoment(moment, ModuleGlobals::statementForm.date);
-        run.time = formatMoment(moment, ModuleGlobals::statementForm.time);
-    });
+    work.attempt([&] { setMoment(run, momentOf(header)); });
     if (header.kind != firstRun && header.kind != asLeftRun)
         return true;
 
@@ -106,19 +102,8 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     work.attempt([&] { goesOn = prepare(record, run, work, judged); });
     if (!goesOn)
         return false;
-    work.entry = {.driver = fluke702Driver.toString(),
-                  .calibrator = text(TextId::calibratorFluke702),
-                  .serial = driver_.Calibrator702Serial,
-                  .asset = tag_,
-                  .mtag = judged.instrument.mtag,
-                  .date = run.date,
-                  .time = run.time,
-                  .raw = toJson(run),
-                  .readings = readingsOf(run)};
-    const auto outcome = work.finish();
-    using End = RecordOutcome::End;
-    if (outcome.end == End::made || outcome.end == End::unfinished)
-        judged.judgement->tellDisagreements(tag_);
+    work.entry = entryOf(identity, driver_.Calibrator702Serial, tag_, judged.instrument.mtag, run);
+    const auto outcome = finishRun(work, judged.judgement);
     failure_ = outcome.failure;
     return failure_.isEmpty();
 }
@@ -136,7 +121,7 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
     if (work.isPrepared())
-        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries); });
+        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries, readingOf); });
 
     const auto& serial = driver_.Calibrator702Serial;
     run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
@@ -182,7 +167,8 @@ bool Upload::fillStandards(RunResults& run) {
     if (link_.STAgetPressure(model, serial, unused) != 0)
         return false;
     run.pressureModule = ModuleGlobals::CleanDLLString(serial);
-    counter_ = static_cast<qint16>(standards.add(run.pressureModule, tag_));
+    standards.addModule(run.pressureModule);
+    counter_ = static_cast<qint16>(standards.addInUse(tag_));
     return true;
 }
 

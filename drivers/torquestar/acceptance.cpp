@@ -1,7 +1,7 @@
 #include "data/parameters/cal_params.h"
 #include "data/routine.h"
 #include "drivers/torquestar/codes.h"
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/torquestar/driver.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 

@@ -6,9 +6,9 @@
 #include "drivers/new_record.h"
 #include "drivers/torquestar/characteristic.h"
 #include "drivers/torquestar/codes.h"
+#include "drivers/torquestar/driver.h"
 #include "drivers/torquestar/messages.h"
 #include "drivers/torquestar/protocol.h"
-#include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -88,9 +88,7 @@ QString listInstruments(Session& session, const QString& serial, const QString& 
         ModuleGlobals::ClearInUse(session, serial);
         if (reading.sawReport())
             return; // nothing more is asked while others wait for the lock
-        entries = assetEntries(session, ModuleGlobals::GetAssetsInTaskPackage(session, tag));
-        if (entries.isEmpty() && !reading.sawReport() && ModuleGlobals::PackageHasMembers(session, tag))
-            failure = text(TextId::downloadInstrumentsUnknown);
+        failure = readPackage(session, tag, entries);
         if (failure.isEmpty() && !reading.sawReport())
             transaction.commit();
     });

@@ -3,8 +3,8 @@
 #include "data/assets/in_use.h"
 #include "data/routine.h"
 #include "drivers/new_record.h"
+#include "drivers/torquestar/driver.h"
 #include "drivers/torquestar/tool_results.h"
-#include "drivers/torquestar/torquestar.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,13 +1,15 @@
 #include "drivers/torquestar/protocol.h"
 
 #include "data/routine.h"
-#include "drivers/calibrator_names.h"
+#include "drivers/line_settings.h"
 #include "drivers/torquestar/control_characters.h"
 #include "platform/error_report.h"
 #include "platform/reason_log.h"
 #include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -108,29 +110,22 @@ Exchange::Step Exchange::take(Step step) {
 }
 
 QString parityLetter(const QString& word) {
-    if (word == parityWord::even)
-        return u"E"_s;
-    if (word == parityWord::odd)
-        return u"O"_s;
-    if (word == parityWord::none)
-        return u"N"_s;
-    return {};
+    const auto* found = std::ranges::find(parities, word, &Parity::word);
+    return found == std::end(parities) ? QString() : QString(found->letter);
 }
 
 void Exchange::configure() {
-    const auto setting = [this](const QString& key) {
-        return ModuleGlobals::GetRegSetting(driver_.session, calibratorName::torqueStar, key);
-    };
-    const auto baud = setting(u"BaudRate"_s);
+    const auto setting = [this](QStringView key) { return lineSetting(driver_.session, identity, key); };
+    const auto baud = setting(lineKey::baudRate);
     if (baud.isEmpty()) {
         port_.setCommPort(1);
         port_.setSettings(u"9600,N,8,1"_s);
         return;
     }
-    port_.setCommPort(static_cast<int>(numericValue(setting(u"Port"_s).right(1))));
-    port_.setSettings(
-        QStringList{baud, parityLetter(setting(u"Parity"_s)), setting(u"DataBits"_s), setting(u"StopBits"_s)}
-            .join(u','));
+    port_.setCommPort(static_cast<int>(numericValue(setting(lineKey::port).right(1))));
+    port_.setSettings(QStringList{baud, parityLetter(setting(lineKey::parity)), setting(lineKey::dataBits),
+                                  setting(lineKey::stopBits)}
+                          .join(u','));
 }
 
 bool Exchange::open() {

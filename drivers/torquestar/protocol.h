@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/torquestar/driver.h"
 
 namespace kelvane::ModuleTSInterface {
 

@@ -1,6 +1,7 @@
 #include "drivers/torquestar/qt_serial_port.h"
 
 #include "platform/error.h"
+#include "platform/system.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -9,10 +10,6 @@
 #include <QSerialPortInfo>
 #include <QStringList>
 #include <QThread>
-
-#ifdef Q_OS_UNIX
-#include <termios.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -49,15 +46,6 @@ bool isPseudoTerminal(const QString& device) {
 /// Error 75 of a port, with what stood in the way.
 Error refusal(const QString& reason) {
     return {static_cast<double>(ErrorNumber::pathFileAccess), reason};
-}
-
-/// Closing puts the device's former settings back at once, so what was sent has to be gone by then.
-void drain(const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-    ::tcdrain(static_cast<int>(port.handle()));
-#else
-    Q_UNUSED(port)
-#endif
 }
 
 } // namespace
@@ -165,7 +153,8 @@ void QtSerialPort::open() {
 void QtSerialPort::close() {
     if (!port_->isOpen())
         return;
-    drain(*port_);
+    // Closing puts the device's former settings back at once, so what was sent has to be gone by then.
+    drainSerialPort(qintptr(port_->handle())); // a number or a pointer
     port_->close();
     lastCount_ = 0;
 }

@@ -130,19 +130,12 @@ void fillFields(Session& session, const CalParamRecord& instrument, const Findin
     const auto remark = !remarked                    ? Value(findings.comment)
                         : findings.comment.isEmpty() ? Value(text(TextId::unitPassesVerification))
                                                      : Value();
-    const FieldValue values[] = {
-        {u"C2301", findings.date},
-        {u"C2333", findings.time},
+    kelvane::fillFields(session, instrument, findings.counts,
+                        {findings.date, findings.time, passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s, tech});
+    const FieldValue remarks[] = {
         {u"C2326", remark},
-        {u"C2323", passed ? u"Y"_s : u"N"_s},
-        {u"C2352", plainText(findings.counts.failures)},
-        {u"C2350", plainText(findings.counts.marginals)},
-        {u"C2320", instrument.tp_name},
-        {u"C2308", passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s},
-        {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()},
-        {u"C2307", tech},
-    };
-    kelvane::fillFields(session, values);
+        {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()}};
+    kelvane::fillFields(session, remarks);
 }
 
 QList<double> fractionsOf(const Session& session, int count) {

@@ -8,10 +8,10 @@
 #include "drivers/instrument_work.h"
 #include "drivers/new_record.h"
 #include "drivers/torquestar/control_characters.h"
+#include "drivers/torquestar/driver.h"
 #include "drivers/torquestar/messages.h"
 #include "drivers/torquestar/protocol.h"
 #include "drivers/torquestar/tool_results.h"
-#include "drivers/torquestar/torquestar.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -117,13 +117,13 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
     work.attempt([&] { goesOn = prepare(entry, results, work); });
     if (!goesOn)
         return fail(driver_.TSError);
-    work.entry.driver = torqueStarDriver.toString();
-    work.entry.calibrator = text(TextId::calibratorTorqueStar);
-    work.entry.serial = serial_;
-    work.entry.asset = entry.asset;
-    work.entry.mtag = entry.mtag;
-    work.entry.raw = toJson(results);
-    work.entry.readings = readingsOf(session_, results);
+    work.entry = {.driver = identity.journalWord.toString(),
+                  .calibrator = text(identity.caption),
+                  .serial = serial_,
+                  .asset = entry.asset,
+                  .mtag = entry.mtag,
+                  .raw = toJson(results),
+                  .readings = readingsOf(session_, results)};
     readMoment(session_, results, work.entry.date, work.entry.time);
     const auto outcome = work.finish();
     if (!outcome.failure.isEmpty())

@@ -1,37 +1,54 @@
 #pragma once
 
-#include "editors/cal_param/cal_param_controls.h"
-#include "resources/strings.h"
+#include "editors/cal_param/cal_param_control.h"
+#include "editors/cal_param/cal_param_field_table.h"
+#include "procedures/cal_param_entries.h"
 
-#include <QHash>
-#include <QString>
+#include <vector>
 
-#include <optional>
-
-class QGridLayout;
-class QWidget;
+class QComboBox;
+class QLabel;
 
 namespace kelvane {
 
-/// The fields of the calibration parameter editor, made with their names, labels, tool-tips, rows and what
-/// they start as, for the pages to lay out.
+/// Adds rows to a list; what is selected stays so, be it nothing.
+void addRows(QComboBox& list, const QStringList& rows);
+
+/// The fields of the calibration parameter editor, one for each parameter that it shows. The pages lay them
+/// out; then their controls belong to the window.
 class CalParamFields {
   public:
-    explicit CalParamFields(CalParamControls& controls);
-
-    /// Puts a field into a row of a grid, with its label left of it and its unit, by id (0: none), right of
-    /// it. A row has room for two such fields side by side, 0 and 1.
-    void put(QGridLayout& grid, int row, int side, QWidget* field, std::optional<TextId> unit = {}) const;
     /// The columns that a row of two fields takes.
     static constexpr int columns = 7;
 
-  private:
-    void makeTextBoxes(CalParamControls& controls);
-    void makeLists(CalParamControls& controls);
-    void makeOptions(CalParamControls& controls);
-    void addLabel(QWidget* field, TextId caption);
+    CalParamFields();
 
-    QHash<const QWidget*, QLabel*> labels_;
+    /// Puts the fields of a panel into its grid, each with its label left of it and its unit right of it.
+    void fill(QGridLayout& grid, CalParamPanel panel) const;
+
+    /// Shows what a record says.
+    void show(const CalParamRecord& record) const;
+    /// What stands in each field.
+    CalParamEntries entries() const;
+    /// What the fields add to the checksum.
+    QString summedText() const;
+
+    /// The control of a parameter; null for one that is not shown.
+    CalParamControl* control(CalParamMember parameter) const;
+    /// The drop-down of a parameter that has one.
+    QComboBox* list(CalParamMember parameter) const;
+    /// The label beside a field; null without one.
+    QLabel* label(CalParamMember parameter) const;
+
+  private:
+    struct Field {
+        const CalParamField& given;
+        std::unique_ptr<CalParamControl> control;
+        QLabel* label;
+    };
+    const Field* find(CalParamMember parameter) const;
+
+    std::vector<Field> fields_;
 };
 
 } // namespace kelvane

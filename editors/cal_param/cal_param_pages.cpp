@@ -5,12 +5,11 @@
 #include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
+#include "ui/list_rows.h"
 #include "ui/panels.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QTabWidget>
 
@@ -21,6 +20,7 @@ namespace kelvane {
 namespace {
 
 using C = CalParamControls;
+using Panel = CalParamPanel;
 
 constexpr int margin = 6;
 constexpr int spacing = 4;
@@ -57,16 +57,15 @@ constexpr PromptPanel postPanel{
 struct TolerancePanel {
     QStringView name;
     TextId caption;
-    QLineEdit* C::*positive;
-    QLineEdit* C::*negative;
+    Panel fields;
 };
 
 constexpr TolerancePanel tolerancePanels[] = {
-    {u"SSPanel5", TextId::fullScaleTolerance, &C::TextFSPos, &C::TextFSNeg},
-    {u"SSPanel8", TextId::spanTolerance, &C::TextSpanPos, &C::TextSpanNeg},
-    {u"SSPanel6", TextId::readingTolerance, &C::TextReadPos, &C::TextReadNeg},
-    {u"SSPanel7", TextId::lsdTolerance, &C::TextLSDPos, &C::TextLSDNeg},
-    {u"SSPanel9", TextId::unitsTolerance, &C::TextUnitsPos, &C::TextUnitsNeg},
+    {u"SSPanel5", TextId::fullScaleTolerance, Panel::fullScaleTolerance},
+    {u"SSPanel8", TextId::spanTolerance, Panel::spanTolerance},
+    {u"SSPanel6", TextId::readingTolerance, Panel::readingTolerance},
+    {u"SSPanel7", TextId::lsdTolerance, Panel::lsdTolerance},
+    {u"SSPanel9", TextId::unitsTolerance, Panel::unitsTolerance},
 };
 
 QListWidget* promptList(QStringView name, TextId panel, TextId caption, TextId toolTip) {
@@ -117,7 +116,9 @@ QWidget* makeGeneralPage(C& c, const CalParamFields& fields) {
     auto* parameters = panel(u"SSPanel1"_s, TextId::testParametersPanel);
     auto* strategy = compact(new QGridLayout(parameters));
     strategy->setHorizontalSpacing(8);
-    fields.put(*strategy, 0, 0, c.ComboTSName);
+    fields.fill(*strategy, Panel::strategy);
+    // However long the names of the strategies are, the screen keeps its width.
+    keepWidth(fields.list(&CalParamRecord::tp_name));
     strategy->setColumnStretch(1, 1);
 
     auto* prompts = new QHBoxLayout;
@@ -161,28 +162,22 @@ QWidget* sidePage(QGroupBox* scale, QGroupBox* configuration) {
 
 QWidget* makeInputPage(C& c, const CalParamFields& fields) {
     const auto scale = makeScalePanel(u"SSPanel2"_s, TextId::inputScalePanel);
-    fields.put(*scale.left, 0, 0, c.TextInputLow);
-    fields.put(*scale.left, 1, 0, c.TextInputHigh);
-    fields.put(*scale.left, 2, 0, c.ComboInputUnits);
-    scale.left->addWidget(c.CheckIndicatedInput, 3, 0, 1, 2);
-    scale.left->setRowStretch(4, 1);
-    fields.put(*scale.right, 0, 0, c.ComboMeasRes);
+    fields.fill(*scale.left, Panel::inputLimits);
+    scale.left->setRowStretch(scale.left->rowCount(), 1);
+    fields.fill(*scale.right, Panel::inputMeasurement);
     scale.right->addWidget(note(u"NoteMeasRes"_s, TextId::measurementResolutionNote), 1, 0, 1, 2);
-    fields.put(*scale.right, 2, 0, c.TextRepetitions);
-    scale.right->setRowStretch(3, 1);
+    scale.right->setRowStretch(scale.right->rowCount(), 1);
     return sidePage(scale.frame, makeInputConfiguration(c, fields));
 }
 
 QWidget* makeOutputPage(C& c, const CalParamFields& fields) {
     const auto scale = makeScalePanel(u"SSPanel3"_s, TextId::outputScalePanel);
-    fields.put(*scale.left, 0, 0, c.TextOutputLow);
-    fields.put(*scale.left, 1, 0, c.TextOutputHigh);
-    fields.put(*scale.right, 0, 0, c.ComboOutputUnits);
-    scale.right->addWidget(c.CheckIndicatedOutput, 1, 0, 1, 2);
+    fields.fill(*scale.left, Panel::outputLimits);
+    fields.fill(*scale.right, Panel::outputUnits);
     return sidePage(scale.frame, makeOutputConfiguration(c, fields));
 }
 
-QWidget* makeTolerancePage(C& c, const CalParamFields& fields) {
+QWidget* makeTolerancePage(const CalParamFields& fields) {
     constexpr int perRow = 3;
     auto* tolerances = panel(u"SSPanel4"_s, TextId::tolerancesPanel);
     auto* column = compact(new QVBoxLayout(tolerances));
@@ -193,8 +188,7 @@ QWidget* makeTolerancePage(C& c, const CalParamFields& fields) {
         auto* grid = compact(new QGridLayout(frame));
         grid->setHorizontalSpacing(8);
         grid->setColumnStretch(1, 1);
-        fields.put(*grid, 0, 0, c.*kind.positive);
-        fields.put(*grid, 1, 0, c.*kind.negative);
+        fields.fill(*grid, kind.fields);
         panels->addWidget(frame, place / perRow, place % perRow);
         panels->setColumnStretch(place % perRow, 1);
         ++place;
@@ -211,8 +205,7 @@ QWidget* makeTolerancePage(C& c, const CalParamFields& fields) {
 
 } // namespace
 
-QWidget* makeCalParamPages(CalParamControls& c) {
-    const CalParamFields fields(c);
+QWidget* makeCalParamPages(CalParamControls& c, const CalParamFields& fields) {
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
     column->setContentsMargins(8, 8, 8, 8);
@@ -221,17 +214,22 @@ QWidget* makeCalParamPages(CalParamControls& c) {
     c.SSTab1->addTab(makeGeneralPage(c, fields), text(TextId::generalParametersPage));
     c.SSTab1->addTab(makeInputPage(c, fields), text(TextId::inputConfiguration));
     c.SSTab1->addTab(makeOutputPage(c, fields), text(TextId::outputConfiguration));
-    c.SSTab1->addTab(makeTolerancePage(c, fields), text(TextId::tolerancesPage));
+    c.SSTab1->addTab(makeTolerancePage(fields), text(TextId::tolerancesPage));
 
     c.CommandSave = button(u"CommandSave"_s, TextId::saveCommand, TextId::saveTip);
     c.CommandSelect = button(u"CommandSelect"_s, TextId::selectInstrument, TextId::selectInstrumentTip);
     c.CommandClone = button(u"CommandClone"_s, TextId::cloneConfiguration, TextId::cloneConfigurationTip);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    for (auto* one : {c.CommandSave, c.CommandSelect, c.CommandClone})
-        buttons->addWidget(one);
+    for (auto* button : {c.CommandSave, c.CommandSelect, c.CommandClone})
+        buttons->addWidget(button);
     column->addLayout(buttons);
     return body;
+}
+
+QString summedText(const CalParamFields& fields, const CalParamControls& controls) {
+    return fields.summedText() + rowsOf(*controls.ListPostDisplay).join(QString()) +
+           rowsOf(*controls.ListPreDisplay).join(QString());
 }
 
 } // namespace kelvane

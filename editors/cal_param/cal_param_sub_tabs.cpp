@@ -7,8 +7,6 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -18,57 +16,43 @@ namespace kelvane {
 namespace {
 
 using C = CalParamControls;
+using Panel = CalParamPanel;
 
-/// The temperature settings of one side.
-struct Temperature {
-    QTabWidget* C::*subTabs;
-    QStringView name;
+/// The sub-tabs of one side for a temperature and for a frequency.
+struct Side {
     /// "In" or "Out", as names end.
-    QStringView side;
-    TextId panel;
-    QComboBox* C::*scale;
-    QRadioButton* C::*internal;
-    QRadioButton* C::*external;
-    QLineEdit* C::*reference;
-    QComboBox* C::*sensor;
-    std::array<QRadioButton * C::*, 3> wires;
-};
-
-constexpr Temperature temperatureIn{&C::SSTabInTemp,
-                                    u"SSTabInTemp",
-                                    u"In",
-                                    TextId::inputConfiguration,
-                                    &C::ComboTempScaleIn,
-                                    &C::OptionCJRefIntIn,
-                                    &C::OptionCJRefExtIn,
-                                    &C::TextCJRefTempIn,
-                                    &C::ComboSensTypeIn,
-                                    {&C::OptionSensWires2In, &C::OptionSensWires3In, &C::OptionSensWires4In}};
-constexpr Temperature temperatureOut{
-    &C::SSTabOutTemp,
-    u"SSTabOutTemp",
-    u"Out",
-    TextId::outputConfiguration,
-    &C::ComboTempScaleOut,
-    &C::OptionCJRefIntOut,
-    &C::OptionCJRefExtOut,
-    &C::TextCJRefTempOut,
-    &C::ComboSensTypeOut,
-    {&C::OptionSensWires2Out, &C::OptionSensWires3Out, &C::OptionSensWires4Out}};
-
-/// The peak-to-peak amplitude of one side.
-struct Amplitude {
-    QTabWidget* C::*subTabs;
     QStringView name;
-    QStringView side;
     TextId panel;
-    QLineEdit* C::*amplitude;
+    QTabWidget* C::*temperature;
+    QStringView temperatureName;
+    Panel scale;
+    Panel reference;
+    Panel sensor;
+    QTabWidget* C::*frequency;
+    QStringView frequencyName;
+    Panel amplitude;
 };
 
-constexpr Amplitude amplitudeIn{&C::SSTabInAmplitude, u"SSTabInAmplitude", u"In", TextId::inputConfiguration,
-                                &C::TextPTPAmplitudeIn};
-constexpr Amplitude amplitudeOut{&C::SSTabOutAmplitude, u"SSTabOutAmplitude", u"Out",
-                                 TextId::outputConfiguration, &C::TextPTPAmplitudeOut};
+constexpr Side input{u"In",
+                     TextId::inputConfiguration,
+                     &C::SSTabInTemp,
+                     u"SSTabInTemp",
+                     Panel::temperatureScaleIn,
+                     Panel::coldJunctionIn,
+                     Panel::sensorIn,
+                     &C::SSTabInAmplitude,
+                     u"SSTabInAmplitude",
+                     Panel::amplitudeIn};
+constexpr Side output{u"Out",
+                      TextId::outputConfiguration,
+                      &C::SSTabOutTemp,
+                      u"SSTabOutTemp",
+                      Panel::temperatureScaleOut,
+                      Panel::coldJunctionOut,
+                      Panel::sensorOut,
+                      &C::SSTabOutAmplitude,
+                      u"SSTabOutAmplitude",
+                      Panel::amplitudeOut};
 
 /// A page of sub-tabs, whose grid stands at its top; the last column takes the width that is left.
 QGridLayout* addPage(QTabWidget& subTabs, TextId caption) {
@@ -85,75 +69,50 @@ QGridLayout* addPage(QTabWidget& subTabs, TextId caption) {
 }
 
 /// A note below the fields of a page, over its whole width.
-void addNote(QGridLayout& page, int row, const QString& name, TextId text) {
+void addNote(QGridLayout& page, const QString& name, TextId text) {
+    const int row = page.rowCount();
     page.setRowMinimumHeight(row, 2);
     page.addWidget(note(name, text), row + 1, 0, 1, CalParamFields::columns + 1);
 }
 
-QTabWidget* makeTemperature(C& c, const CalParamFields& fields, const Temperature& side) {
-    auto* subTabs = tabControl(side.name.toString(), side.panel);
-    auto* scale = addPage(*subTabs, TextId::temperatureScale);
-    scale->addWidget(c.*side.scale, 0, 0);
-
-    auto* reference = addPage(*subTabs, TextId::coldJunctionReference);
-    reference->addWidget(c.*side.internal, 0, 0, 1, 2);
-    reference->addWidget(c.*side.external, 1, 0, 1, 2);
-    fields.put(*reference, 2, 0, c.*side.reference);
-
-    auto* sensor = addPage(*subTabs, TextId::sensorTypePage);
-    fields.put(*sensor, 0, 0, c.*side.sensor);
-    sensor->addWidget(label(u"LabelSensWires"_s + side.side.toString(), TextId::rtdWires), 1, 0);
-    auto* wires = new QHBoxLayout;
-    for (const auto option : side.wires)
-        wires->addWidget(c.*option);
-    wires->addStretch();
-    sensor->addLayout(wires, 1, 1);
-    c.*side.subTabs = subTabs;
-    return subTabs;
+QTabWidget* makeTemperature(C& c, const CalParamFields& fields, const Side& side) {
+    auto* subTabs = tabControl(side.temperatureName.toString(), side.panel);
+    fields.fill(*addPage(*subTabs, TextId::temperatureScale), side.scale);
+    fields.fill(*addPage(*subTabs, TextId::coldJunctionReference), side.reference);
+    fields.fill(*addPage(*subTabs, TextId::sensorTypePage), side.sensor);
+    return c.*side.temperature = subTabs;
 }
 
-QTabWidget* makeAmplitude(C& c, const CalParamFields& fields, const Amplitude& side) {
-    auto* subTabs = tabControl(side.name.toString(), side.panel);
+QTabWidget* makeAmplitude(C& c, const CalParamFields& fields, const Side& side) {
+    auto* subTabs = tabControl(side.frequencyName.toString(), side.panel);
     auto* grid = addPage(*subTabs, TextId::waveformPage);
-    auto* amplitude = panel(u"PanelPTPAmplitude"_s + side.side.toString(), TextId::peakToPeakAmplitude);
-    fields.put(*new QGridLayout(amplitude), 0, 0, c.*side.amplitude, TextId::unitMillivolts);
+    auto* amplitude = panel(u"PanelPTPAmplitude"_s + side.name.toString(), TextId::peakToPeakAmplitude);
+    fields.fill(*new QGridLayout(amplitude), side.amplitude);
     grid->addWidget(amplitude, 0, 0);
-    c.*side.subTabs = subTabs;
-    return subTabs;
+    return c.*side.frequency = subTabs;
 }
 
 QTabWidget* makeTorque(C& c, const CalParamFields& fields) {
     auto* subTabs = tabControl(u"SSTabTorqueOut"_s, TextId::outputConfiguration);
     auto* general = addPage(*subTabs, TextId::torqueGeneralPage);
-    fields.put(*general, 0, 0, c.ComboTransTypeOut);
-    fields.put(*general, 1, 0, c.ComboMeasurementModeOut);
-    fields.put(*general, 0, 1, c.TextThresholdOut);
-    fields.put(*general, 1, 1, c.TextDipOut);
-    addNote(*general, 2, u"NoteTorqueUnits"_s, TextId::torqueUnitsNote);
+    fields.fill(*general, Panel::torqueGeneral);
+    addNote(*general, u"NoteTorqueUnits"_s, TextId::torqueUnitsNote);
 
     auto* analog = addPage(*subTabs, TextId::analogTransducerPage);
-    fields.put(*analog, 0, 0, c.ComboCycleEndTimeOut, TextId::unitSeconds);
-    fields.put(*analog, 1, 0, c.ComboFreqRespOut, TextId::unitHertz);
-    fields.put(*analog, 0, 1, c.ComboMeasDirOut);
-    addNote(*analog, 2, u"NoteAnalog"_s, TextId::analogTransducerNote);
+    fields.fill(*analog, Panel::torqueAnalog);
+    addNote(*analog, u"NoteAnalog"_s, TextId::analogTransducerNote);
 
     auto* digital = addPage(*subTabs, TextId::digitalTransducerPage);
-    fields.put(*digital, 0, 0, c.ComboBaudRateOut);
-    fields.put(*digital, 1, 0, c.ComboDataBitsOut);
-    fields.put(*digital, 0, 1, c.ComboStopBitsOut);
-    fields.put(*digital, 1, 1, c.ComboParityOut);
-    addNote(*digital, 2, u"NoteDigital"_s, TextId::digitalTransducerNote);
+    fields.fill(*digital, Panel::torqueDigital);
+    addNote(*digital, u"NoteDigital"_s, TextId::digitalTransducerNote);
     return c.SSTabTorqueOut = subTabs;
 }
 
-QTabWidget* makeCurrent(C& c) {
+QTabWidget* makeCurrent(C& c, const CalParamFields& fields) {
     auto* subTabs = tabControl(u"SSTabCurrentOut"_s, TextId::outputConfiguration);
     auto* grid = addPage(*subTabs, TextId::loopPowerPage);
     auto* source = panel(u"PanelLoopPower"_s, TextId::loopPowerPanel);
-    auto* line = new QHBoxLayout(source);
-    line->addWidget(label(u"LabelCalLoopPWROut"_s, TextId::loopPower));
-    for (auto* option : {c.OptionCalLoopPWROutOff, c.OptionCalLoopPWROut24VDC, c.OptionCalLoopPWROut28VDC})
-        line->addWidget(option);
+    fields.fill(*new QGridLayout(source), Panel::loopPower);
     grid->addWidget(source, 0, 0);
     return c.SSTabCurrentOut = subTabs;
 }
@@ -175,15 +134,14 @@ QGroupBox* stack(const QString& name, TextId caption, std::initializer_list<QTab
 } // namespace
 
 QGroupBox* makeInputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
-    return stack(
-        u"SSPanel10"_s, TextId::inputConfiguration,
-        {makeTemperature(controls, fields, temperatureIn), makeAmplitude(controls, fields, amplitudeIn)});
+    return stack(u"SSPanel10"_s, TextId::inputConfiguration,
+                 {makeTemperature(controls, fields, input), makeAmplitude(controls, fields, input)});
 }
 
 QGroupBox* makeOutputConfiguration(CalParamControls& controls, const CalParamFields& fields) {
     return stack(u"SSPanel11"_s, TextId::outputConfiguration,
-                 {makeTemperature(controls, fields, temperatureOut), makeTorque(controls, fields),
-                  makeCurrent(controls), makeAmplitude(controls, fields, amplitudeOut)});
+                 {makeTemperature(controls, fields, output), makeTorque(controls, fields),
+                  makeCurrent(controls, fields), makeAmplitude(controls, fields, output)});
 }
 
 } // namespace kelvane

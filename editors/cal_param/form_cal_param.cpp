@@ -1,12 +1,9 @@
 #include "editors/cal_param/form_cal_param.h"
 
-#include "data/routine.h"
 #include "data/small_routines.h"
 #include "data/tolerances/unit_class.h"
-#include "editors/ask_instrument.h"
-#include "editors/cal_param/cal_param_load.h"
 #include "editors/cal_param/cal_param_pages.h"
-#include "procedures/column_values.h"
+#include "procedures/cal_param_reading.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/guarded.h"
@@ -15,7 +12,6 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
@@ -26,18 +22,18 @@ namespace kelvane {
 
 namespace {
 
+using C = CalParamControls;
+using R = CalParamRecord;
+
 /// The sub-tabs that a unit calls for on either side, by its class.
 constexpr struct {
     qint16 unitClass;
-    QTabWidget* CalParamControls::*subTabs;
-    QComboBox* CalParamControls::*units;
+    QTabWidget* C::*subTabs;
+    QString R::*units;
 } unitTabs[] = {
-    {1, &CalParamControls::SSTabInTemp, &CalParamControls::ComboInputUnits},
-    {5, &CalParamControls::SSTabInAmplitude, &CalParamControls::ComboInputUnits},
-    {1, &CalParamControls::SSTabOutTemp, &CalParamControls::ComboOutputUnits},
-    {3, &CalParamControls::SSTabCurrentOut, &CalParamControls::ComboOutputUnits},
-    {5, &CalParamControls::SSTabOutAmplitude, &CalParamControls::ComboOutputUnits},
-    {10, &CalParamControls::SSTabTorqueOut, &CalParamControls::ComboOutputUnits},
+    {1, &C::SSTabInTemp, &R::input_type},        {5, &C::SSTabInAmplitude, &R::input_type},
+    {1, &C::SSTabOutTemp, &R::output_type},      {3, &C::SSTabCurrentOut, &R::output_type},
+    {5, &C::SSTabOutAmplitude, &R::output_type}, {10, &C::SSTabTorqueOut, &R::output_type},
 };
 
 constexpr int analogPage = 1;
@@ -50,12 +46,13 @@ FormCalParam::FormCalParam(Session& session)
     // The others may take it for open only once it has an instrument.
     setCountsAsOpen(false);
     setWindowTitle(text(TextId::calibrationParameters));
-    setBody(makeCalParamPages(controls_));
+    setBody(makeCalParamPages(controls_, fields_));
     setDefaultButton(controls_.CommandSave);
-    setFirstFocus(controls_.ComboTSName);
-    for (auto* list : {controls_.ComboInputUnits, controls_.ComboOutputUnits, controls_.ComboTransTypeOut,
-                       controls_.ComboMeasurementModeOut})
-        onSignal(list, &QComboBox::activated, this, session_.ui, [this] { ShowUnitTabs(); });
+    setFirstFocus(fields_.list(&R::tp_name));
+    for (const auto parameter :
+         {&R::input_type, &R::output_type, &R::transducer_type_out, &R::measurement_mode_out})
+        onSignal(fields_.list(parameter), &QComboBox::activated, this, session_.ui,
+                 [this] { ShowUnitTabs(); });
     onClick(controls_.CommandSelect, [this] { CommandSelect(); });
     connectSaving();
 }
@@ -64,7 +61,7 @@ void FormCalParam::chooseFirst() {
     bool loaded = false;
     run([&] {
         session_.ui.processEvents();
-        const auto asset = GetAsset();
+        const auto asset = askForInstrument(session_);
         loaded = asset && LoadControls(*asset);
     });
     if (loaded)
@@ -73,74 +70,45 @@ void FormCalParam::chooseFirst() {
         unload();
 }
 
-std::optional<QString> FormCalParam::GetAsset() {
-    std::optional<QString> asset;
-    Routine routine(session_, u"MDIFormMain,GetAsset"_s);
-    routine.run([&] { asset = askInstrument(session_, routine); });
-    return asset;
-}
-
 void FormCalParam::showInstrument() {
     setWindowTitle(text(TextId::calibrationParameters) + u" ("_s + instrument_ + u')');
 }
 
 bool FormCalParam::LoadControls(const QString& instrument) {
-    bool loaded = false;
-    const ReportWatch reports(session_);
-    Routine routine(session_, u"FormCalParam,LoadControls"_s);
-    routine.run([&] {
-        const auto strategies = columnValues(
-            routine, u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
-        const auto record = ModuleGlobals::GetCalParams(session_, instrument);
-        const auto prompts = LoadPrompts(instrument);
-        // Half an instrument on the screen would be saved as if it were all of it.
-        if (reports.sawReport())
-            return;
-
+    return loadCalParams(session_, instrument, [&](const StoredCalParams& stored) {
         instrument_ = instrument;
         showInstrument();
-        controls_.ComboTSName->clear();
-        addRows(*controls_.ComboTSName, strategies);
+        auto& strategies = *fields_.list(&R::tp_name);
+        strategies.clear();
+        addRows(strategies, stored.strategies);
         // An instrument without parameters starts from what the screen shows.
-        if (!record.mtag.isEmpty())
-            showRecord(record, controls_);
+        if (!stored.record.mtag.isEmpty())
+            fields_.show(stored.record);
         ShowUnitTabs();
-        const auto queries = promptQueries(session_, controls_, instrument);
-        for (qsizetype i = 0; i < queries.size(); ++i)
-            refill(*queries[i].list, prompts[i]);
+        refill(*controls_.ListPreAvail, stored.available.pre);
+        refill(*controls_.ListPostAvail, stored.available.post);
+        refill(*controls_.ListPreDisplay, stored.displayed.pre);
+        refill(*controls_.ListPostDisplay, stored.displayed.post);
         saveCheckSum();
-        loaded = true;
     });
-    return loaded;
-}
-
-QList<QStringList> FormCalParam::LoadPrompts(const QString& instrument) {
-    QList<QStringList> rows;
-    Routine routine(session_, u"FormCalParam,LoadPrompts"_s);
-    routine.run([&] {
-        for (const auto& query : promptQueries(session_, controls_, instrument))
-            rows << columnValues(routine, query.statement);
-    });
-    return rows;
 }
 
 void FormCalParam::ShowUnitTabs() {
     for (const auto& [unitClass, subTabs, units] : unitTabs)
-        (controls_.*subTabs)->setVisible(UnitClass((controls_.*units)->currentText()) == unitClass);
-    const bool serial = controls_.ComboTransTypeOut->currentText() == u"Serial"_s;
+        (controls_.*subTabs)->setVisible(UnitClass(fields_.control(units)->entry()) == unitClass);
+    const bool serial = fields_.control(&R::transducer_type_out)->entry() == u"Serial"_s;
     controls_.SSTabTorqueOut->setTabEnabled(analogPage, !serial);
     controls_.SSTabTorqueOut->setTabEnabled(digitalPage, serial);
-    const bool clickDip = controls_.ComboMeasurementModeOut->currentText() == u"Click Dip"_s;
-    controls_.TextDipOut->setEnabled(clickDip);
-    controls_.LabelDipOut->setEnabled(clickDip);
+    const bool clickDip = fields_.control(&R::measurement_mode_out)->entry() == u"Click Dip"_s;
+    fields_.control(&R::click_dip_torque_out)->widget()->setEnabled(clickDip);
+    fields_.label(&R::click_dip_torque_out)->setEnabled(clickDip);
 }
 
 double FormCalParam::Form_CheckSum() {
     double sum = 0;
-    Routine routine(session_, u"FormCalParam,Form_CheckSum"_s);
-    routine.run([&] {
+    Guard(session_, u"FormCalParam,Form_CheckSum"_s).run([&] {
         const BusyPointer busy(session_.ui);
-        sum = ModuleGlobals::CheckSum(session_, summedText(controls_));
+        sum = ModuleGlobals::CheckSum(session_, summedText(fields_, controls_));
     });
     return sum;
 }
@@ -154,19 +122,19 @@ void FormCalParam::CommandSelect() {
     if (!mayDiscard(closeQuestion()))
         return;
     // Without an answer the current instrument is loaded again.
-    LoadControls(GetAsset().value_or(instrument_));
+    LoadControls(askForInstrument(session_).value_or(instrument_));
 }
 
 QString FormCalParam::strategy() const {
-    return controls_.ComboTSName->currentText();
+    return fields_.list(&R::tp_name)->currentText();
 }
 
 void FormCalParam::addStrategy(const QString& name) {
-    addRows(*controls_.ComboTSName, {name});
+    addRows(*fields_.list(&R::tp_name), {name});
 }
 
 void FormCalParam::renameStrategy(const QString& from, const QString& to) {
-    auto& list = *controls_.ComboTSName;
+    auto& list = *fields_.list(&R::tp_name);
     const int row = list.findText(from);
     if (row < 0)
         return;

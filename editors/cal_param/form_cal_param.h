@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editors/cal_param/cal_param_controls.h"
+#include "editors/cal_param/cal_param_fields.h"
 #include "editors/open_cal_param.h"
 #include "ui/editor_window.h"
 
@@ -30,13 +31,9 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    /// Asks for an instrument; nothing without an answer or when the database fails.
-    std::optional<QString> GetAsset();
     /// Reads an instrument and shows it as the current one. When anything of it can't be read the screen
     /// keeps all that it shows; then the result is false.
     bool LoadControls(const QString& instrument);
-    /// The rows of the four lists of messages, in the order of `promptQueries`.
-    QList<QStringList> LoadPrompts(const QString& instrument);
     void ShowUnitTabs();
     double Form_CheckSum() override;
     bool isChanged() override;
@@ -45,14 +42,19 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void connectSaving();
     /// Checks the screen and stops at the first fault, or replaces what is stored for the current instrument.
     void SaveData();
+    /// Stores what stands on the screen; gives the error, nothing when it is stored.
+    std::optional<Error> store(const CalParamEntries& entries);
     void showFault(const CalParamFault& fault);
     void CommandSelect();
     void CommandClone();
     /// What follows a save that failed.
     void refuse(const Error& error);
+    /// The control whose value kept the parameters from being saved; null when it can't be told.
+    CalParamControl* refusedControl(const Error& error) const;
     /// The title with the current instrument.
     void showInstrument();
 
+    CalParamFields fields_;
     CalParamControls controls_;
     /// The current instrument, by its number as it was entered.
     QString instrument_;

@@ -1,11 +1,6 @@
 #include "platform/database/accounts.h"
 
-#if __has_include(<crypt.h>)
-#include <crypt.h>
-#define KELVANE_HAS_CRYPT 1
-#endif
-
-#include <memory>
+#include "platform/system.h"
 
 namespace kelvane {
 
@@ -23,21 +18,11 @@ bool sameBytes(QByteArrayView one, QByteArrayView other) {
 
 } // namespace
 
-#ifdef KELVANE_HAS_CRYPT
 bool passwordMatches(const QString& password, const QByteArray& hash) {
     const auto phrase = password.toUtf8();
-    auto work = std::make_unique<crypt_data>(); // 32 KB, too large for comfort on the stack
-    const char* computed = crypt_r(phrase.constData(), hash.constData(), work.get());
-    // A failure is told by a text that begins with "*", which no hash does.
-    const bool valid = computed && computed[0] != '*' && !hash.isEmpty() && hash[0] != '*';
-    return valid && sameBytes(computed, hash) && !phrase.contains('\0');
+    const auto computed = hashOf(phrase, hash);
+    return !computed.isEmpty() && sameBytes(computed, hash) && !phrase.contains('\0');
 }
-#else
-// Without the library there is no way to check a password, so none is right.
-bool passwordMatches(const QString&, const QByteArray&) {
-    return false;
-}
-#endif
 
 QByteArray nobodysHash() {
     return "$y$j9T$nobodynobodynobodynob.$............................................";

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/system.h"
+
 #include <QList>
 #include <QString>
 
@@ -19,8 +21,7 @@ class DatabaseFiles {
         QString path;
         /// The path as the system takes it.
         QByteArray native;
-        quint64 device = 0;
-        quint64 number = 0;
+        std::optional<FileIdentity> identity;
     };
     QList<File> files_;
 };

@@ -58,7 +58,7 @@ constexpr QLatin1StringView endsOfTables[] = {
 /// The schemas beside those of the owners.
 constexpr QLatin1StringView refusedSchemas[] = {"main"_L1, "temp"_L1};
 /// What stands in `main`, and what the engine answers to without a schema.
-constexpr QLatin1StringView refusedTables[] = {"accounts"_L1, "dbstat"_L1};
+constexpr QLatin1StringView refusedTables[] = {"accounts"_L1, "dbstat"_L1, "kelvane_upgrades"_L1};
 /// How the engine's own tables begin.
 constexpr QLatin1StringView refusedTableBeginnings[] = {"pragma_"_L1, "sqlite_"_L1};
 

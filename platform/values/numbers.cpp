@@ -8,6 +8,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace kelvane {
@@ -73,110 +74,130 @@ class Reader {
     qsizetype at_ = 0;
 };
 
-/// A decimal number d.ddd times ten to the power of `exponent`.
+/// The powers of ten that a double holds exactly.
+constexpr double powersOfTen[] = {1E0,  1E1,  1E2,  1E3,  1E4,  1E5,  1E6,  1E7,  1E8,  1E9,  1E10, 1E11,
+                                  1E12, 1E13, 1E14, 1E15, 1E16, 1E17, 1E18, 1E19, 1E20, 1E21, 1E22};
+constexpr int lastPower = std::size(powersOfTen) - 1;
+
+/// So many digits of a number count. A double holds each whole number of so many exactly.
+constexpr int significantDigits = 15;
+
+/// A decimal number: `digits` divided by ten to the power of `scale`.
 struct Decimal {
     bool negative = false;
-    int exponent = 0;
-    int count = 0;
-    std::array<char, 20> digits{};
-
-    char digit(int place) const { return place >= 0 && place < count ? digits[std::size_t(place)] : '0'; }
+    quint64 digits = 0;
+    int scale = 0;
 };
 
 /// Takes apart what `std::to_chars` wrote in its scientific form, such as "-1.25e-07".
-Decimal takenApart(const char* at, const char* end) {
+Decimal parseScientific(const char* at, const char* end) {
     Decimal decimal;
-    if (*at == '-') {
-        decimal.negative = true;
-        ++at;
+    decimal.negative = *at == '-';
+    bool behindPoint = false;
+    for (at += decimal.negative; *at != 'e'; ++at) {
+        if (*at == '.') {
+            behindPoint = true;
+            continue;
+        }
+        decimal.digits = decimal.digits * 10 + static_cast<quint64>(*at - '0');
+        decimal.scale += behindPoint;
     }
-    for (; *at != 'e'; ++at) {
-        if (*at != '.')
-            decimal.digits[std::size_t(decimal.count++)] = *at;
-    }
-    ++at;
-    if (*at == '+')
-        ++at;
-    std::from_chars(at, end, decimal.exponent);
+    int exponent = 0;
+    std::from_chars(at + (at[1] == '+' ? 2 : 1), end, exponent);
+    decimal.scale -= exponent;
     return decimal;
 }
 
-template <class Float>
-Decimal shortestDigits(Float value) {
-    std::array<char, 32> written;
-    const auto end =
-        std::to_chars(written.data(), written.data() + written.size(), value, std::chars_format::scientific)
-            .ptr;
-    return takenApart(written.data(), end);
-}
-
-constexpr int significantDigits = 15;
-
-Decimal fifteenDigits(double value) {
-    std::array<char, 32> written;
-    const auto end = std::to_chars(written.data(), written.data() + written.size(), value,
-                                   std::chars_format::scientific, significantDigits - 1)
+/// The digits of `value`: so many behind the first as `precision` says, otherwise the fewest that read back
+/// to it.
+template <class Float, class... Precision>
+Decimal digitsOf(Float value, Precision... precision) {
+    std::array<char, 32> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, precision...)
                          .ptr;
-    return takenApart(written.data(), end);
+    return parseScientific(text.data(), end);
 }
 
-/// Rounds half away from zero to the first `kept` digits.
-void round(Decimal& decimal, int kept) {
-    if (kept >= decimal.count)
+/// A value of such a size is multiplied by a power of the table to get its digits.
+bool isOfOrdinarySize(double size) {
+    return size >= 1E-8 && size < 1E15;
+}
+
+/// The first fifteen digits; a half behind the last goes to the even neighbour.
+Decimal fifteenDigits(double value) {
+    const double size = std::abs(value);
+    if (size == 0)
+        return {};
+    if (!isOfOrdinarySize(size))
+        return digitsOf(value, significantDigits - 1);
+    int scale = size < 1 ? lastPower : significantDigits - 1;
+    while (size * powersOfTen[scale] >= 1E15)
+        --scale;
+    // The exact product is `product` + `rest`. The rest decides only where the product ends in exactly a
+    // half.
+    const double product = size * powersOfTen[scale];
+    const double rest = std::fma(size, powersOfTen[scale], -product);
+    auto digits = static_cast<qint64>(product);
+    const double aboveHalf = product - static_cast<double>(digits) - 0.5 + rest;
+    if (aboveHalf > 0 || (aboveHalf == 0 && digits % 2 != 0))
+        ++digits;
+    return {value < 0, static_cast<quint64>(digits), scale};
+}
+
+/// Rounds half away from zero to `decimals` digits behind the point.
+void round(Decimal& decimal, int decimals) {
+    const int dropped = decimal.scale - decimals;
+    if (dropped <= 0)
         return;
-    const bool up = decimal.digit(kept) >= '5';
-    decimal.count = std::max(kept, 0);
-    if (!up)
-        return;
-    int place = decimal.count - 1;
-    while (place >= 0 && decimal.digit(place) == '9')
-        --place;
-    if (place < 0) {
-        decimal.digits[0] = '1';
-        decimal.count = 1;
-        ++decimal.exponent;
+    if (dropped > significantDigits) {
+        decimal.digits = 0;
     } else {
-        ++decimal.digits[std::size_t(place)];
-        decimal.count = place + 1;
+        const auto unit = static_cast<quint64>(powersOfTen[dropped]);
+        decimal.digits = (decimal.digits + unit / 2) / unit;
     }
+    decimal.scale = decimals;
 }
 
-bool isZero(const Decimal& decimal) {
-    return std::all_of(decimal.digits.cbegin(), decimal.digits.cbegin() + decimal.count,
-                       [](char digit) { return digit == '0'; });
+/// Room for a sign, the digits of the largest double, a point and the decimals.
+constexpr int maxCharacters = std::numeric_limits<double>::max_exponent10 + 3 + significantDigits;
+
+/// Writes without an exponent, `decimals` digits behind the point, with room for `spare` more characters.
+QString writeFixed(const Decimal& decimal, int decimals, qsizetype spare = 0) {
+    std::array<char16_t, maxCharacters> characters;
+    auto* const end = characters.data() + characters.size();
+    auto* begin = end;
+    auto left = decimal.digits;
+    // From the last place to the first, with zeros where the number has no digits.
+    for (int place = -decimals; left != 0 || place <= 0; ++place) {
+        if (place == 0 && decimals > 0)
+            *--begin = u'.';
+        const bool hasDigit = place >= -decimal.scale;
+        *--begin = static_cast<char16_t>(u'0' + (hasDigit ? left % 10 : 0));
+        left = hasDigit ? left / 10 : left;
+    }
+    if (decimal.negative && decimal.digits != 0)
+        *--begin = u'-';
+    QString text(end - begin + spare, Qt::Uninitialized);
+    text.resize(end - begin);
+    std::copy(begin, end, reinterpret_cast<char16_t*>(text.data()));
+    return text;
 }
 
-/// Writes without an exponent, `decimals` digits behind the point.
-QString written(const Decimal& decimal, int decimals) {
-    const bool negative = decimal.negative && !isZero(decimal);
-    const int whole = std::max(decimal.exponent, 0) + 1;
-    QString result(negative + whole + (decimals > 0 ? decimals + 1 : 0), Qt::Uninitialized);
-    auto* out = reinterpret_cast<char16_t*>(result.data());
-    if (negative)
-        *out++ = u'-';
-    int place = std::min(decimal.exponent, 0);
-    for (int i = 0; i < whole; ++i)
-        *out++ = static_cast<char16_t>(decimal.digit(place++));
-    if (decimals > 0)
-        *out++ = u'.';
-    for (int i = 0; i < decimals; ++i)
-        *out++ = static_cast<char16_t>(decimal.digit(place++));
-    return result;
-}
-
-QString withExponent(const Decimal& decimal) {
+QString writeScientific(const Decimal& decimal) {
     std::array<char, 32> text;
     auto* out = text.data();
     if (decimal.negative)
         *out++ = '-';
-    *out++ = decimal.digit(0);
-    if (decimal.count > 1)
-        *out++ = '.';
-    for (int place = 1; place < decimal.count; ++place)
-        *out++ = decimal.digit(place);
+    // The first digit moves to the front, and leaves its place to the point.
+    const auto end = std::to_chars(out + 1, text.data() + text.size(), decimal.digits).ptr;
+    const auto exponent = end - out - 2 - decimal.scale;
+    out[0] = out[1];
+    out[1] = '.';
+    out = end - out == 2 ? out + 1 : end;
     *out++ = 'E';
-    *out++ = decimal.exponent < 0 ? '-' : '+';
-    const int size = std::abs(decimal.exponent);
+    *out++ = exponent < 0 ? '-' : '+';
+    const auto size = std::abs(exponent);
     if (size < 10)
         *out++ = '0';
     out = std::to_chars(out, text.data() + text.size(), size).ptr;
@@ -193,11 +214,11 @@ template <class Float>
 QString plainTextOf(Float value) {
     if (!std::isfinite(value))
         return notFinite(static_cast<double>(value));
-    const auto decimal = shortestDigits(value);
+    const auto decimal = digitsOf(value);
     const auto size = std::abs(static_cast<double>(value));
     if (size != 0 && (size < 1E-15 || size >= 1E15))
-        return withExponent(decimal);
-    return written(decimal, isZero(decimal) ? 0 : std::max(decimal.count - 1 - decimal.exponent, 0));
+        return writeScientific(decimal);
+    return writeFixed(decimal, std::max(decimal.scale, 0));
 }
 
 template <class Whole>
@@ -209,9 +230,32 @@ Whole roundedTo(double value) {
     return static_cast<Whole>(rounded);
 }
 
+/// The value of an ordinary number: a "-" at most, digits and a point, so few that their quotient by a power
+/// of ten is exact but for its one rounding. Nothing for any other text.
+std::optional<double> ordinaryNumber(QStringView text) {
+    const bool negative = text.startsWith(u'-');
+    if (text.size() > significantDigits || text.size() == negative)
+        return {};
+    qint64 digits = 0;
+    qsizetype point = -1;
+    for (qsizetype at = negative; at < text.size(); ++at) {
+        if (isDigit(text[at]))
+            digits = digits * 10 + (text[at].unicode() - u'0');
+        else if (text[at] == u'.' && point < 0 && text.size() > negative + 1)
+            point = at;
+        else
+            return {};
+    }
+    const auto decimals = point < 0 ? 0 : text.size() - 1 - point;
+    const double size = static_cast<double>(digits) / powersOfTen[decimals];
+    return negative ? -size : size;
+}
+
 } // namespace
 
 double numericValue(QStringView text) {
+    if (const auto value = ordinaryNumber(text))
+        return *value;
     Reader reader(text);
     Collected number;
     if (reader.peek() == u'-')
@@ -304,12 +348,13 @@ QString plainText(int value) {
     return QString::number(value);
 }
 
-QString fixedDecimals(double value, int decimals) {
+QString fixedDecimals(double value, int decimals, qsizetype spare) {
+    Q_ASSERT(decimals <= significantDigits);
     if (!std::isfinite(value))
         return notFinite(value);
     auto decimal = fifteenDigits(value);
-    round(decimal, decimal.exponent + 1 + decimals);
-    return written(decimal, decimals);
+    round(decimal, decimals);
+    return writeFixed(decimal, decimals, spare);
 }
 
 qint16 roundedToShort(double value) {

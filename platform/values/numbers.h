@@ -27,8 +27,8 @@ QString plainText(int value);
 
 /// The patterns "0", "0.0" … : `decimals` digits behind the point (0 to 15), at least one before it. The
 /// value is first taken to 15 significant digits, that decimal is rounded half away from zero. No minus on a
-/// zero result.
-QString fixedDecimals(double value, int decimals);
+/// zero result. The text can grow by `spare` characters where it is.
+QString fixedDecimals(double value, int decimals, qsizetype spare = 0);
 
 /// The nearest whole number, halves to the even neighbour. Error 6 outside the type.
 qint16 roundedToShort(double value);

@@ -112,9 +112,9 @@ QString characterOf(qint32 code) {
 }
 
 qsizetype characterCount(QStringView text) {
-    qsizetype count = 0;
-    for (qsizetype at = 0; at < text.size(); at += unitsAt(text, at))
-        ++count;
+    auto count = text.size();
+    for (qsizetype at = 1; at < text.size(); ++at)
+        count -= text[at - 1].isHighSurrogate() && text[at].isLowSurrogate();
     return count;
 }
 

@@ -1,7 +1,9 @@
 #include "platform/database/odbc_link.h"
 #include "tests/database/databases.h"
+#include "tests/database/scripts.h"
 
-#include <QProcess>
+#include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -13,12 +15,7 @@ namespace {
 class AssetNumbers : public ::testing::Test {
   protected:
     QString sqlite(const QString& file, const QString& statement) const {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(u"sqlite3"_s, {u"-bail"_s, database.file(file), statement});
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitCode(), 0) << statement.toStdString();
-        return QString::fromUtf8(process.readAll()).trimmed();
+        return testing::sqlite(database.file(file), statement);
     }
     /// An older inventory of that owner, with what a site has added to it.
     void makeOld(const QString& file) {
@@ -26,6 +23,7 @@ class AssetNumbers : public ::testing::Test {
         ASSERT_TRUE(table.contains(u"unique collate nocase,"_s));
         auto old = u"create table old_inventory "_s + table.mid(table.indexOf(u'('));
         old.replace(u"unique collate nocase,"_s, u"unique,"_s);
+        sqlite(u"kelvane.db"_s, u"drop table if exists kelvane_upgrades"_s); // there were no versions yet
         sqlite(file, old + u"; insert into old_inventory select * from inventory; drop table inventory; "
                            "alter table old_inventory rename to inventory; "
                            "alter table inventory add column i4299 text; "
@@ -35,13 +33,15 @@ class AssetNumbers : public ::testing::Test {
                            "update inventory set i4299 = 'site'"_s);
     }
     QString makeAgain(int wanted) {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(sourceFile(u"database/make.sh"_s), {database.path()});
-        EXPECT_TRUE(process.waitForFinished(60000));
-        const auto output = QString::fromUtf8(process.readAll());
-        EXPECT_EQ(process.exitCode() == 0 ? 0 : 1, wanted) << output.toStdString();
-        return output;
+        const auto outcome = runScript(sourceFile(u"database/make.sh"_s), {database.path()});
+        EXPECT_EQ(outcome.code == 0 ? 0 : 1, wanted) << outcome.output.toStdString();
+        return outcome.output;
+    }
+    /// The copies that an upgrade makes first.
+    void TearDown() override {
+        const QFileInfo info(database.path());
+        for (const auto& copy : info.dir().entryList({info.fileName() + u".version-*"_s}, QDir::Dirs))
+            QDir(info.dir().filePath(copy)).removeRecursively();
     }
     QString keyOf(const QString& owner, const QString& asset) {
         const auto connection = database.connect();

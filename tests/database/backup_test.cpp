@@ -1,5 +1,6 @@
 #include "platform/database/odbc_link.h"
 #include "tests/database/databases.h"
+#include "tests/database/scripts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,20 +14,11 @@ namespace kelvane::testing {
 
 namespace {
 
-struct Outcome {
-    int code;
-    QString output;
-};
-
 /// The demonstration database, copied and put back by the scripts.
 class Backup : public ::testing::Test {
   protected:
     static Outcome run(const QString& script, const QStringList& arguments) {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(sourceFile(u"database/"_s + script), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
-        return {process.exitCode(), QString::fromUtf8(process.readAll())};
+        return runScript(sourceFile(u"database/"_s + script), arguments);
     }
     Outcome backUp() const { return run(u"backup.sh"_s, {database.path(), copy()}); }
     Outcome restore() const { return run(u"restore.sh"_s, {copy(), database.path()}); }

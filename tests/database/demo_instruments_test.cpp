@@ -5,7 +5,7 @@
 #include "data/start_up.h"
 #include "data/tolerances/tolerances.h"
 #include "data/tolerances/unit_class.h"
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/torquestar/driver.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
 #include "testkit/database_session.h"

@@ -307,7 +307,7 @@ TEST_F(DemoSite, EarlierRecordsHoldTogether) {
 
 TEST_F(DemoSite, TheResultTemplateHasEveryTagAndItsSubstitutions) {
     const auto expectTemplate = [&] {
-        const auto& line = session.ResultTemplateLine;
+        const QString& line = session.ResultTemplateLine;
         const QList<std::pair<QString, int>> columns{{u"TN$"_s, 1},   {u"FN$"_s, 5},    {u"FVA$"_s, 19},
                                                      {u"FRE$"_s, 33}, {u"TT$"_s, 47},   {u"DE$"_s, 59},
                                                      {u"ET$"_s, 72},  {u"TU$"_s, 77},   {u"CO$"_s, 81},

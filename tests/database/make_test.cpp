@@ -1,4 +1,5 @@
 #include "tests/database/databases.h"
+#include "tests/database/scripts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -12,45 +13,15 @@ namespace kelvane::testing {
 
 namespace {
 
-const QStringList databaseFiles{u"abc.db"_s, u"kelvane.db"_s, u"mt.db"_s, u"std.db"_s, u"sys.db"_s};
-
-struct Outcome {
-    int code;
-    QString output;
-};
-
 /// A folder in which databases are made by the script, or by a copy of it that has been tampered with.
 class MakeScript : public ::testing::Test {
   protected:
     Outcome run(const QStringList& arguments,
                 const QString& script = sourceFile(u"database/make.sh"_s)) const {
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(workingFolder);
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(script, arguments);
-        EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
-        return {process.exitCode(), QString::fromUtf8(process.readAll())};
+        return runScript(script, arguments, environment);
     }
 
     QString path(const QString& name) const { return folder.filePath(name); }
-
-    /// What the sqlite3 program answers for one of the database's files.
-    QString sqlite(const QString& database, const QString& file, const QString& statement) const {
-        QProcess process;
-        process.start(u"sqlite3"_s, {database + u'/' + file, statement});
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-        return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-    }
-
-    /// Everything that a database holds, as text.
-    QString content(const QString& database) const {
-        QString all;
-        for (const auto& file : databaseFiles)
-            all += sqlite(database, file, u".dump"_s);
-        return all;
-    }
 
     QStringList entries(const QString& name = u"."_s) const {
         return QDir(path(name)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
@@ -67,8 +38,7 @@ class MakeScript : public ::testing::Test {
     }
 
     QTemporaryDir folder;
-    QString workingFolder = folder.path();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    ScriptEnvironment environment{QProcessEnvironment::systemEnvironment(), folder.path()};
 };
 
 QStringList lines(const QString& text) {
@@ -103,25 +73,25 @@ TEST_F(MakeScript, FilesAreReadableByTheirOwnerAlone) {
 TEST_F(MakeScript, EveryFileKeepsAWriteAheadLog) {
     ASSERT_EQ(run({path(u"new"_s)}).code, 0);
     for (const auto& file : databaseFiles)
-        EXPECT_EQ(sqlite(path(u"new"_s), file, u"pragma journal_mode"_s), u"wal"_s) << file.toStdString();
+        EXPECT_EQ(sqlite(path(u"new/"_s + file), u"pragma journal_mode"_s), u"wal"_s) << file.toStdString();
 }
 
 TEST_F(MakeScript, WithoutDataThereAreOnlyTheSettings) {
     ASSERT_EQ(run({path(u"new"_s)}).code, 0);
     const auto made = path(u"new"_s);
-    EXPECT_EQ(sqlite(made, u"kelvane.db"_s, u"select count(*) from accounts"_s), u"0"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select count(*) from inventory"_s), u"0"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select * from dbconfig"_s), u"0|6|0|0|0|4|ABCDE|1"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select * from hvm_kv_sysconfig"_s), u"N|N"_s);
+    EXPECT_EQ(sqlite(made + u"/kelvane.db"_s, u"select count(*) from accounts"_s), u"0"_s);
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select count(*) from inventory"_s), u"0"_s);
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select * from dbconfig"_s), u"0|6|0|0|0|4|ABCDE|1"_s);
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select * from hvm_kv_sysconfig"_s), u"N|N"_s);
 }
 
 TEST_F(MakeScript, ASecondRunChangesNothing) {
     for (const auto& options : {QStringList{}, QStringList{u"--demo"_s}}) {
         const auto made = path(u"made"_s + options.join(QString()));
         ASSERT_EQ(run(QStringList{made} + options).code, 0);
-        const auto before = content(made);
+        const auto before = contentOf(made);
         EXPECT_EQ(run(QStringList{made} + options).code, 0);
-        EXPECT_EQ(content(made), before);
+        EXPECT_EQ(contentOf(made), before);
         EXPECT_EQ(entries(QFileInfo(made).fileName()), databaseFiles);
     }
 }
@@ -129,33 +99,33 @@ TEST_F(MakeScript, ASecondRunChangesNothing) {
 TEST_F(MakeScript, ASecondRunKeepsWhatWasChangedSince) {
     const auto made = path(u"made"_s);
     ASSERT_EQ(run({made, u"--demo"_s}).code, 0);
-    sqlite(made, u"mt.db"_s,
+    sqlite(made + u"/mt.db"_s,
            u"delete from inventory where i4201 = 'TW-101'; update dbconfig set procedit = 5"_s);
-    const auto before = content(made);
+    const auto before = contentOf(made);
     const auto outcome = run({made, u"--demo"_s});
     EXPECT_EQ(outcome.code, 0);
     EXPECT_TRUE(outcome.output.contains(u"its data is left as it is"_s)) << outcome.output.toStdString();
-    EXPECT_EQ(content(made), before);
+    EXPECT_EQ(contentOf(made), before);
 }
 
 TEST_F(MakeScript, AFurtherRunAddsTablesThatAreMissing) {
     const auto made = path(u"made"_s);
     ASSERT_EQ(run({made, u"--demo"_s}).code, 0);
-    const auto before = content(made);
-    sqlite(made, u"mt.db"_s, u"drop index inventory_serial; drop trigger calibration_marks_new"_s);
-    ASSERT_NE(content(made), before);
+    const auto before = contentOf(made);
+    sqlite(made + u"/mt.db"_s, u"drop index inventory_serial; drop trigger calibration_marks_new"_s);
+    ASSERT_NE(contentOf(made), before);
     EXPECT_EQ(run({made}).code, 0);
     // A dump tells things in the order in which they were made.
-    EXPECT_EQ(lines(content(made)), lines(before));
+    EXPECT_EQ(lines(contentOf(made)), lines(before));
 }
 
 TEST_F(MakeScript, RunsFromAnyFolderAndTakesAnyFolderName) {
     for (const auto& name : {u"plain"_s, u"with blank"_s, u"with 'quote'"_s, u"with \"quotes\""_s,
                              u"prüfen; $HOME"_s, u"deep/er/still"_s, u"slash/"_s}) {
-        workingFolder = folder.path();
+        environment.workingFolder = folder.path();
         EXPECT_EQ(run({name, u"--demo"_s}).code, 0) << name.toStdString();
         EXPECT_EQ(entries(name), databaseFiles) << name.toStdString();
-        workingFolder = u"/"_s;
+        environment.workingFolder = u"/"_s;
         EXPECT_EQ(run({u"--demo"_s, path(name)}).code, 0) << name.toStdString();
     }
 }
@@ -171,18 +141,18 @@ TEST_F(MakeScript, AnEmptyFolderIsFilled) {
 TEST_F(MakeScript, AFolderWithSomeOfTheFilesIsLeftAlone) {
     ASSERT_EQ(run({path(u"made"_s), u"--demo"_s}).code, 0);
     QFile::remove(path(u"made/kelvane.db"_s));
-    const auto before = sqlite(path(u"made"_s), u"mt.db"_s, u".dump"_s);
+    const auto before = sqlite(path(u"made"_s) + u"/mt.db"_s, u".dump"_s);
     const auto outcome = run({path(u"made"_s), u"--demo"_s});
     EXPECT_NE(outcome.code, 0);
     EXPECT_TRUE(outcome.output.contains(u"nothing was changed"_s)) << outcome.output.toStdString();
-    EXPECT_EQ(sqlite(path(u"made"_s), u"mt.db"_s, u".dump"_s), before);
+    EXPECT_EQ(sqlite(path(u"made"_s) + u"/mt.db"_s, u".dump"_s), before);
     EXPECT_FALSE(QFile::exists(path(u"made/kelvane.db"_s)));
 }
 
 TEST_F(MakeScript, AFaultInAnyScriptLeavesNoNewDatabase) {
     for (const auto& script :
-         {u"embedded/10_accounts.sql"_s, u"embedded/20_owner.sql"_s, u"embedded/60_catalogue.sql"_s,
-          u"demo/10_accounts.sql"_s, u"demo/90_packages.sql"_s}) {
+         {u"embedded/0001-accounts.sql"_s, u"embedded/0002-inventory-and-records.owner.sql"_s,
+          u"embedded/0006-catalogue.sql"_s, u"demo/10_accounts.sql"_s, u"demo/90_packages.sql"_s}) {
         const auto outcome = run({path(u"new"_s), u"--demo"_s}, faultyCopy(script));
         EXPECT_NE(outcome.code, 0) << script.toStdString();
         EXPECT_TRUE(outcome.output.contains(script)) << outcome.output.toStdString();
@@ -195,10 +165,10 @@ TEST_F(MakeScript, AFaultInAnyScriptLeavesNoNewDatabase) {
 TEST_F(MakeScript, AFaultLeavesAnExistingDatabaseAsItWas) {
     const auto made = path(u"made"_s);
     ASSERT_EQ(run({made, u"--demo"_s}).code, 0);
-    sqlite(made, u"mt.db"_s, u"drop table hvm_kv_sysconfig"_s);
-    const auto before = content(made);
-    EXPECT_NE(run({made}, faultyCopy(u"embedded/40_kelvane.sql"_s)).code, 0);
-    EXPECT_EQ(content(made), before) << "the table that the script made before its fault is gone again";
+    sqlite(made + u"/mt.db"_s, u"drop table hvm_kv_sysconfig"_s);
+    const auto before = contentOf(made);
+    EXPECT_NE(run({made}, faultyCopy(u"embedded/0004-kelvane.sql"_s)).code, 0);
+    EXPECT_EQ(contentOf(made), before) << "the table that the script made before its fault is gone again";
 }
 
 TEST_F(MakeScript, ADamagedFileIsNamed) {
@@ -213,7 +183,7 @@ TEST_F(MakeScript, ADamagedFileIsNamed) {
 }
 
 TEST_F(MakeScript, AMissingEngineProgramIsAClearMessage) {
-    environment.insert(u"PATH"_s, path(u"nowhere"_s));
+    environment.variables.insert(u"PATH"_s, path(u"nowhere"_s));
     const auto outcome = run({path(u"new"_s)});
     EXPECT_NE(outcome.code, 0);
     EXPECT_EQ(outcome.output, u"make.sh: the program sqlite3 is missing (Debian package \"sqlite3\")\n"_s);
@@ -225,10 +195,10 @@ TEST_F(MakeScript, UserSettingsOfTheEngineProgramDoNotCount) {
     ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
     settings.write("create table stray (a);\n.bail off\n");
     settings.close();
-    environment.insert(u"HOME"_s, folder.path());
+    environment.variables.insert(u"HOME"_s, folder.path());
     ASSERT_EQ(run({path(u"new"_s)}).code, 0);
     EXPECT_EQ(
-        sqlite(path(u"new"_s), u"mt.db"_s, u"select count(*) from sqlite_master where name = 'stray'"_s),
+        sqlite(path(u"new"_s) + u"/mt.db"_s, u"select count(*) from sqlite_master where name = 'stray'"_s),
         u"0"_s);
 }
 
@@ -246,13 +216,13 @@ TEST_F(MakeScript, TheDaysOfTheDataAreCountedFromTheGivenDay) {
     const auto made = path(u"made"_s);
     const auto outcome = run({made, u"--demo"_s, u"--day=2028-02-29"_s});
     ASSERT_EQ(outcome.code, 0) << outcome.output.toStdString();
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select min(holiday), max(holiday) from holidays"_s),
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select min(holiday), max(holiday) from holidays"_s),
               u"2028-01-01|2038-12-26"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select distinct date(entered_date) from hvm_kv_task_inuse"_s),
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select distinct date(entered_date) from hvm_kv_task_inuse"_s),
               u"2028-02-27"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select distinct i4225 from inventory where i4225 is not null"_s),
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select distinct i4225 from inventory where i4225 is not null"_s),
               u"2028-02-26"_s);
-    EXPECT_EQ(sqlite(made, u"mt.db"_s, u"select max(c2303) from calibration where cdsrc = 'KVN'"_s),
+    EXPECT_EQ(sqlite(made + u"/mt.db"_s, u"select max(c2303) from calibration where cdsrc = 'KVN'"_s),
               u"2028-03-20"_s);
 }
 
@@ -280,7 +250,7 @@ TEST_F(MakeScript, TwoRunsAtOnceGiveOneWholeDatabase) {
     EXPECT_TRUE(both[0].exitCode() == 0 || both[1].exitCode() == 0);
     EXPECT_EQ(entries(), QStringList{u"new"_s});
     EXPECT_EQ(entries(u"new"_s), databaseFiles);
-    EXPECT_EQ(sqlite(path(u"new"_s), u"kelvane.db"_s, u"select count(*) from accounts"_s), u"10"_s);
+    EXPECT_EQ(sqlite(path(u"new"_s) + u"/kelvane.db"_s, u"select count(*) from accounts"_s), u"10"_s);
 }
 
 } // namespace kelvane::testing

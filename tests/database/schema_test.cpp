@@ -1,3 +1,4 @@
+#include "testkit/given_params.h"
 #include "tests/database/databases.h"
 
 #include <QSet>
@@ -16,17 +17,7 @@ struct Table {
 /// The tables that the system reads and writes, with the columns that it names.
 const QList<Table> sharedTables{
     {u"mt.hvm_kv_proc_points"_s, u"tp_name test_point_seq test_point_pct"_s},
-    {u"mt.hvm_kv_tag_config"_s,
-     u"mtag resolution input_type output_type input_low input_high output_low output_high temp_scale_in "
-     u"temp_scale_out "
-     "cj_ref_type_in cj_ref_type_out cj_ref_temp_in cj_ref_temp_out temp_sens_type_in temp_sens_type_out "
-     "temp_sens_wires_in temp_sens_wires_out neg_fs_range_pct pos_fs_range_pct neg_span_pct pos_span_pct "
-     "neg_reading_pct "
-     "pos_reading_pct neg_lsd_counts pos_lsd_counts neg_units pos_units tp_name repetitions baud_rate_out "
-     "click_dip_torque_out cycle_end_time_out data_bits_out data_parity_out frequency_response_out "
-     "measurement_direction_out measurement_mode_out stop_bits_out threshold_torque_out transducer_type_out "
-     "loop_pwr "
-     "freq_ptpamp_in freq_ptpamp_out input_indicated output_indicated"_s},
+    {u"mt.hvm_kv_tag_config"_s, givenSavedColumns.toString().replace(u',', u' ')},
     {u"mt.hvm_kv_prompts"_s, u"pname prompt"_s},
     {u"mt.hvm_kv_proc_prompts"_s, u"mtag prompt_type prompt_seq pname"_s},
     {u"mt.hvm_kv_task_packages"_s,

@@ -1,4 +1,7 @@
+#include "testkit/scripted_params.h"
 #include "tests/database/databases.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,25 +20,19 @@ struct Statements {
 
 const QString mtag = u"(select mtag from %O.inventory where i4201 = '%A')"_s;
 
-const QString parameters =
-    u"select repetitions,(select count(test_point_pct) from mt.hvm_kv_proc_points where "
-    u"mt.hvm_kv_proc_points.tp_name = "
-    "mt.hvm_kv_tag_config.tp_name),resolution,input_type,output_type,input_high,input_low,output_high,output_"
-    "low,"
-    "neg_fs_range_pct,pos_fs_range_pct,neg_span_pct,pos_span_pct,neg_reading_pct,pos_reading_pct,neg_lsd_"
-    "counts,"
-    "pos_lsd_counts,neg_units,pos_units,mt.hvm_kv_tag_config.mtag,baud_rate_out,cj_ref_temp_in,cj_ref_temp_"
-    "out,"
-    "cj_ref_type_in,cj_ref_type_out,click_dip_torque_out,cycle_end_time_out,data_bits_out,data_parity_out,"
-    "frequency_response_out,measurement_direction_out,measurement_mode_out,stop_bits_out,temp_scale_in,temp_"
-    "scale_out,"
-    "temp_sens_type_in,temp_sens_type_out,temp_sens_wires_in,temp_sens_wires_out,threshold_torque_out,"
-    "mt.hvm_kv_tag_config.tp_name,transducer_type_out,(select max(test_point_pct) from mt.hvm_kv_proc_points "
-    "where "
-    "mt.hvm_kv_proc_points.tp_name = mt.hvm_kv_tag_config.tp_name),loop_pwr,freq_ptpamp_in,freq_ptpamp_out,"
-    "input_indicated,output_indicated  from mt.hvm_kv_tag_config,mt.hvm_kv_proc_points,%O.inventory where "
-    "i4201='%A' and "
-    "%O.inventory.mtag=mt.hvm_kv_tag_config.mtag"_s;
+/// An instrument's row of all parameters. Every other one that may be left empty is null, and a number may
+/// have an exponent.
+QString insertParameters() {
+    QStringList values{u"(select mtag from mt.inventory where i4201 = 'UC-901')"_s};
+    for (const auto column : givenSavedColumns.mid(5).tokenize(u',')) {
+        const auto& param = *std::ranges::find(givenParams, column, &GivenParam::column);
+        const auto value = column == u"pos_units" ? QStringView(u"1e-3") : param.shown;
+        const bool null = param.isNullWhenEmpty && values.size() % 2 == 0;
+        values << (null ? u"NULL"_s : u'\'' + value.toString() + u'\'');
+    }
+    return u"insert into mt.hvm_kv_tag_config (%1) values (%2);commit"_s.arg(givenSavedColumns,
+                                                                             values.join(u','));
+}
 
 const QString dictionaryFilter = u"(suppressed <> 'Y' or fldnum = '2331' or fldnum = '2302' or fldnum = "
                                  u"'2308' or fldnum = '2303' or fldnum = '2301' or "
@@ -101,7 +98,7 @@ const QList<Statements> all{
       u"delete from mt.hvm_kv_task_packages where created_on < now(*) - 90;commit"_s,
       u"delete from mt.hvm_kv_task_assets where tptag not in (select tptag from mt.hvm_kv_task_packages)"_s}},
     {"calibration parameters",
-     {parameters, u"select mtag from mt.hvm_kv_tag_config where mtag = "_s + mtag,
+     {calParamsStatement(u"%O"_s, u"%A"_s), u"select mtag from mt.hvm_kv_tag_config where mtag = "_s + mtag,
       u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = (select tp_name from "
       u"mt.hvm_kv_tag_config where "
       "mtag = "_s +
@@ -194,24 +191,7 @@ const QList<Statements> all{
           u" order by prompt_seq asc"_s},
      {u"delete from mt.hvm_kv_tag_config where mtag = "_s + mtag +
           u";delete from mt.hvm_kv_proc_prompts where mtag = "_s + mtag + u";commit"_s,
-      u"insert into mt.hvm_kv_tag_config "
-      u"(mtag,resolution,input_type,output_type,input_low,input_high,output_low,output_high,"
-      "temp_scale_in,temp_scale_out,cj_ref_type_in,cj_ref_type_out,cj_ref_temp_in,cj_ref_temp_out,temp_sens_"
-      "type_in,"
-      "temp_sens_type_out,temp_sens_wires_in,temp_sens_wires_out,neg_fs_range_pct,pos_fs_range_pct,neg_span_"
-      "pct,pos_span_pct,"
-      "neg_reading_pct,pos_reading_pct,neg_lsd_counts,pos_lsd_counts,neg_units,pos_units,baud_rate_out,data_"
-      "bits_out,"
-      "cycle_end_time_out,stop_bits_out,measurement_mode_out,data_parity_out,frequency_response_out,"
-      "measurement_direction_out,transducer_type_out,threshold_torque_out,click_dip_torque_out,repetitions,"
-      "loop_pwr,tp_name,"
-      "freq_ptpamp_in,freq_ptpamp_out,input_indicated,output_indicated) values ((select mtag from "
-      "mt.inventory where i4201 = "
-      "'UC-901'),'0.1','psig','mA',NULL,'100.0','4','20','ITS-90','ITS-90','INT','EXT','0.0',NULL,'RTD PT100 "
-      "3926','TC K','4',"
-      "'2','0.0','0.0','0.25','0.25',NULL,NULL,'0','0','1e-3','0.001','9600','8','1.0','1','Peak','None','"
-      "1676','Right','UTA',"
-      "'0.0','0.0','1','24V','5 POINT UP','100.0','100.0','N','Y');commit"_s,
+      insertParameters(),
       u"insert into mt.hvm_kv_proc_prompts (mtag,prompt_type,prompt_seq,pname) values ("_s + mtag +
           u",'PRE','0','PERMIT');commit"_s}},
     {"test messages",

@@ -1,7 +1,5 @@
 // No value that the editors put into a statement makes another statement of it.
 #include "data/assets/assets.h"
-#include "editors/cal_param/cal_param_columns.h"
-#include "editors/cal_param/cal_param_load.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
 #include "editors/predefined_tasks/form_predefined_tasks.h"

@@ -60,13 +60,10 @@ TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {
     auto& form = openParameters(u"PT-101"_s);
     const auto before = place.stored();
     // Each is a number to the screen, or is not examined by it, and none to the engine.
-    for (const auto& name :
-         {u"TextInputLow"_s,       u"TextInputHigh"_s,    u"TextRepetitions"_s,  u"TextOutputLow"_s,
-          u"TextOutputHigh"_s,     u"TextCJRefTempIn"_s,  u"TextCJRefTempOut"_s, u"TextFSPos"_s,
-          u"TextFSNeg"_s,          u"TextSpanPos"_s,      u"TextSpanNeg"_s,      u"TextReadPos"_s,
-          u"TextReadNeg"_s,        u"TextLSDPos"_s,       u"TextLSDNeg"_s,       u"TextUnitsPos"_s,
-          u"TextUnitsNeg"_s,       u"TextThresholdOut"_s, u"TextDipOut"_s,       u"TextPTPAmplitudeIn"_s,
-          u"TextPTPAmplitudeOut"_s}) {
+    for (const auto& given : givenControls()) {
+        if (!given.name.startsWith(u"Text"))
+            continue;
+        const auto name = given.name.toString();
         SCOPED_TRACE(name.toStdString());
         const auto value = shownBy(form, name);
         testing::show(form, name, u"1,000"_s);

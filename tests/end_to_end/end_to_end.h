@@ -9,6 +9,7 @@
 #include "tests/simulators/programs.h"
 #include "tests/workflow/scripted_screen.h"
 #include "workflow/unfinished_results.h"
+#include "workflow/upload.h"
 
 #include <functional>
 
@@ -32,8 +33,8 @@ inline const QString connectionLost =
 inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
 inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
 
-/// A calibration from end to end with one of the calibrators: the demonstration's database, the real drivers and commands,
-/// and a scripted operator. jdoe is logged in, nothing is listed.
+/// A calibration from end to end with one of the calibrators: the demonstration's database, the real drivers
+/// and commands, and a scripted operator. jdoe is logged in, nothing is listed.
 class EndToEndTest : public ::testing::Test {
   protected:
     /// The calibrator's name and serial number.

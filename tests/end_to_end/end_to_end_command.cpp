@@ -10,6 +10,7 @@
 #include "testkit/quiet_operator.h"
 #include "tests/end_to_end/connected_workstation.h"
 #include "tests/workflow/scripted_screen.h"
+#include "workflow/upload.h"
 
 #include <QCoreApplication>
 

@@ -170,7 +170,7 @@ TEST_F(OddNames, WithAQuoteEndADownloadAsToolsThatCantBeRead) {
     useStandard(u"9001"_s);
     ui.expectReport(badStatement, u"ModuleGlobals,GetCalParams"_s);
     ui.expectReport(badStatement, u"ModuleGlobals,GetInUseData"_s);
-    EXPECT_EQ(calibratorDownload(calibrators, torqueStarName, package),
+    EXPECT_EQ(calibratorNamed(torqueStarName).download(calibrators, package),
               u"TW-1'1: The calibration parameters, test messages or tolerance could not be read from the "
               "database. The download ended there."_s);
     EXPECT_EQ(registered(), QStringList{u"TW-101"_s}) << "what came before it is loaded";

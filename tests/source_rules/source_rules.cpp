@@ -151,6 +151,14 @@ bool isCoreHeader(const QString& header) {
     });
 }
 
+bool isPosixHeader(const QString& header) {
+    static const QRegularExpression posix(
+        u"^((sys|net|netinet|arpa)/.+|csignal|"
+        "(crypt|dirent|dlfcn|fcntl|fnmatch|ftw|glob|grp|langinfo|netdb|poll|pthread|pty|pwd|regex|sched|"
+        "semaphore|signal|spawn|strings|syslog|termios|unistd|utime)\\.h)$"_s);
+    return posix.match(header).hasMatch();
+}
+
 /// Walks along the includes of a file; each loop is reported once, from the file on where it was entered.
 class LoopSearch {
   public:
@@ -261,10 +269,26 @@ QStringList includeFaults(const QDir& root) {
     return faults + LoopSearch(graph).faults();
 }
 
+QStringList posixFaults(const QDir& root) {
+    QStringList faults;
+    const auto graph = readTree(root);
+    for (auto it = graph.cbegin(); it != graph.cend(); ++it) {
+        const auto& file = it.key();
+        const auto folder = QStringView(file).left(file.indexOf(u'/'));
+        if (folder == u"tests" || folder == u"testkit" || file.endsWith("_posix.cpp"_L1))
+            continue;
+        for (const auto& header : it->system) {
+            if (isPosixHeader(header))
+                faults << file + u": includes what only POSIX has: "_s + header;
+        }
+    }
+    return faults;
+}
+
 QStringList sourcesWithoutTest(const QDir& root) {
     QStringList tested;
     QSet<QString> called;
-    for (const auto& path : filesIn(root, u"tests")) {
+    for (const auto& path : filesIn(root, u"tests") + filesIn(root, u"testkit")) {
         tested << includesOf(root, path).own;
         called << QFileInfo(path).baseName();
     }

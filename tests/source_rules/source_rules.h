@@ -14,10 +14,15 @@ namespace kelvane::testing {
 /// no file includes itself, be it by way of others.
 QStringList includeFaults(const QDir& root);
 
-/// Sources of the modules that no test names: no file under tests/ includes their header or is called after
-/// them, and they are no part of a tested file either, which would use them from the same module. A source's
-/// header is the one of its own name, else the first one that it includes; "main.cpp" has none.
+/// Sources of the modules that no test names: no file under tests/ or testkit/ includes their header or is
+/// called after them, and they are no part of a tested file either, which would use them from the same
+/// module. A source's header is the one of its own name, else the first one that it includes; "main.cpp" has
+/// none.
 QStringList sourcesWithoutTest(const QDir& root);
+
+/// Includes of headers that only POSIX has, outside the sources called after it ("..._posix.cpp"). Tests and
+/// what is made for them may use these everywhere.
+QStringList posixFaults(const QDir& root);
 
 /// Places in the modules where a text is named by its number.
 QStringList numberedTexts(const QDir& root);

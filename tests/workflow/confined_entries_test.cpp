@@ -1,12 +1,12 @@
 #include "app/login.h"
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/torquestar/driver.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/engines.h"
 #include "testkit/recorded_link.h"
 #include "testkit/scripted_serial_port.h"
 #include "tests/workflow/scripted_screen.h"
-#include "workflow/driver.h"
+#include "workflow/calibrators.h"
 
 using namespace Qt::StringLiterals;
 

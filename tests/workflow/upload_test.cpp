@@ -2,7 +2,7 @@
 #include "resources/text_id.h"
 #include "testkit/recorded_link.h"
 #include "testkit/torque_fixture.h"
-#include "workflow/driver.h"
+#include "workflow/upload.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,8 +2,8 @@
 
 #include "data/assets/in_use.h"
 #include "data/parameters/cal_params.h"
-#include "drivers/fluke702/fluke702.h"
-#include "drivers/torquestar/torquestar.h"
+#include "drivers/fluke702/driver.h"
+#include "drivers/torquestar/driver.h"
 #include "testkit/torque_fixture.h"
 
 #include <cmath>

@@ -13,6 +13,10 @@ namespace {
 
 const auto statement = calParamsStatement(u"MT"_s, u"PT-1"_s);
 
+std::string name(const GivenParam& param) {
+    return param.column.toString().toStdString();
+}
+
 class CalParams : public RecordedSession {
   protected:
     CalParamRecord read(const Row& row) {
@@ -39,52 +43,10 @@ TEST_F(CalParams, AreReadByOneStatementOfWhichOneRowIsWanted) {
 
 TEST_F(CalParams, EveryValueGoesIntoItsOwnField) {
     const auto record = read(calParamsRow());
-    EXPECT_EQ(record.repetitions, 2);
-    EXPECT_EQ(record.test_point_count, 3);
-    EXPECT_EQ(record.resolution, 0.01F);
-    EXPECT_EQ(record.input_type, u"psi"_s);
-    EXPECT_EQ(record.output_type, u"mA"_s);
-    EXPECT_EQ(record.input_high, 100.0F);
-    EXPECT_EQ(record.input_low, -15.5F);
-    EXPECT_EQ(record.output_high, 20.0F);
-    EXPECT_EQ(record.output_low, 4.0F);
-    EXPECT_EQ(record.neg_fs_range_pct, 0.1F);
-    EXPECT_EQ(record.pos_fs_range_pct, 0.2F);
-    EXPECT_EQ(record.neg_span_pct, 0.3F);
-    EXPECT_EQ(record.pos_span_pct, 0.4F);
-    EXPECT_EQ(record.neg_reading_pct, 0.5F);
-    EXPECT_EQ(record.pos_reading_pct, 0.6F);
-    EXPECT_EQ(record.neg_lsd_counts, 7.0F);
-    EXPECT_EQ(record.pos_lsd_counts, 8.0F);
-    EXPECT_EQ(record.neg_units, 0.9F);
-    EXPECT_EQ(record.pos_units, 1.1F);
-    EXPECT_EQ(record.mtag, u"4711"_s);
-    EXPECT_EQ(record.baud_rate_out, u"9600"_s);
-    EXPECT_EQ(record.cj_ref_temp_in, 21.5F);
-    EXPECT_EQ(record.cj_ref_temp_out, 22.5F);
-    EXPECT_EQ(record.cj_ref_type_in, u"INT"_s);
-    EXPECT_EQ(record.cj_ref_type_out, u"EXT"_s);
-    EXPECT_EQ(record.click_dip_torque_out, 1.25F);
-    EXPECT_EQ(record.cycle_end_time_out, u"0.5 s"_s);
-    EXPECT_EQ(record.data_bits_out, u"8 bits"_s);
-    EXPECT_EQ(record.data_parity_out, u"Even"_s);
-    EXPECT_EQ(record.frequency_response_out, u"1676"_s);
-    EXPECT_EQ(record.measurement_direction_out, u"Right"_s);
-    EXPECT_EQ(record.measurement_mode_out, u"Peak"_s);
-    EXPECT_EQ(record.stop_bits_out, u"1 bit"_s);
-    EXPECT_EQ(record.temp_scale_in, u"ITS-90"_s);
-    EXPECT_EQ(record.temp_scale_out, u"IPTS-68"_s);
-    EXPECT_EQ(record.temp_sens_type_in, u"K"_s);
-    EXPECT_EQ(record.temp_sens_type_out, u"PT100"_s);
-    EXPECT_EQ(record.temp_sens_wires_in, 12);
-    EXPECT_EQ(record.temp_sens_wires_out, 14);
-    EXPECT_EQ(record.threshold_torque_out, 2.75F);
-    EXPECT_EQ(record.tp_name, u"Three up"_s);
-    EXPECT_EQ(record.transducer_type_out, u"Serial"_s);
-    EXPECT_EQ(record.max_test_point_pct, 110.0F);
-    EXPECT_EQ(record.loop_pwr, u"24V"_s);
-    EXPECT_EQ(record.freq_ptpamp_in, 5.5F);
-    EXPECT_EQ(record.freq_ptpamp_out, 6.5F);
+    const auto expected = givenRecord(&GivenParam::stored);
+    for (const auto& param : givenParams)
+        std::visit([&](auto member) { EXPECT_EQ(record.*member, expected.*member) << name(param); },
+                   param.member);
 }
 
 TEST_F(CalParams, TheIndicatedFlagsAreNotSwapped) {
@@ -130,25 +92,14 @@ TEST_F(CalParams, OfAnInstrumentWithoutAnyAreTheZeroedRecordAndNoError) {
 }
 
 TEST_F(CalParams, NullsReadAsZeroWhereTheRecordProvidesForThem) {
-    using Field = float CalParamRecord::*;
-    const struct {
-        int position;
-        Field field;
-    } cases[] = {
-        {6, &CalParamRecord::input_low},           {8, &CalParamRecord::output_low},
-        {9, &CalParamRecord::neg_fs_range_pct},    {10, &CalParamRecord::pos_fs_range_pct},
-        {11, &CalParamRecord::neg_span_pct},       {12, &CalParamRecord::pos_span_pct},
-        {13, &CalParamRecord::neg_reading_pct},    {14, &CalParamRecord::pos_reading_pct},
-        {15, &CalParamRecord::neg_lsd_counts},     {16, &CalParamRecord::pos_lsd_counts},
-        {17, &CalParamRecord::neg_units},          {18, &CalParamRecord::pos_units},
-        {21, &CalParamRecord::cj_ref_temp_in},     {22, &CalParamRecord::cj_ref_temp_out},
-        {42, &CalParamRecord::max_test_point_pct}, {44, &CalParamRecord::freq_ptpamp_in},
-        {45, &CalParamRecord::freq_ptpamp_out},
-    };
-    for (const auto& one : cases) {
-        const auto record = readWith(one.position, std::nullopt);
-        EXPECT_EQ(record.*one.field, 0.0F) << one.position;
-        EXPECT_TRUE(record.input_indicated) << "the last columns are read too: " << one.position;
+    int position = -1;
+    for (const auto& param : givenParams) {
+        ++position;
+        if (param.null != u'0')
+            continue;
+        const auto record = readWith(position, std::nullopt);
+        EXPECT_EQ(record.*std::get<float CalParamRecord::*>(param.member), 0.0F) << name(param);
+        EXPECT_TRUE(record.input_indicated) << "the last columns are read too: " << name(param);
     }
 }
 
@@ -157,14 +108,15 @@ TEST_F(CalParams, ANullLoopPowerReadsAsOff) {
 }
 
 TEST_F(CalParams, ANullInAnyOtherColumnIsReportedAndEndsTheReadingThere) {
-    const QSet<int> providedFor{6, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 21, 22, 42, 43, 44, 45, 46, 47};
-    for (int position = 0; position < 48; ++position) {
-        if (providedFor.contains(position))
+    int position = -1;
+    for (const auto& param : givenParams) {
+        ++position;
+        if (!param.null.isEmpty())
             continue;
         ui.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
         const auto record = readWith(position, std::nullopt);
-        EXPECT_FALSE(record.input_indicated) << "read on behind column " << position;
-        EXPECT_TRUE(ui.allCame()) << "no report for column " << position;
+        EXPECT_FALSE(record.input_indicated) << "read on behind " << name(param);
+        EXPECT_TRUE(ui.allCame()) << "no report for " << name(param);
     }
 }
 

@@ -127,6 +127,31 @@ TEST_F(ResultLine, OnlyTheFirstOfTwoEqualTagsCounts) {
     EXPECT_EQ(line({}), u"PASS"_s);
 }
 
+TEST_F(ResultLine, IncompleteTagIsNone) {
+    for (const auto& line : {u"TN FN TR"_s, u"$"_s, u"T$ N$ $TR"_s, u"T N$"_s, u"tr$"_s, u"TRX$"_s}) {
+        session.ResultTemplateLine = line;
+        Texts texts;
+        EXPECT_EQ(lineOf(session, texts), QString(120, u' ')) << line.toStdString();
+        EXPECT_EQ(texts.number, u"7"_s);
+    }
+}
+
+TEST_F(ResultLine, TagInsideAnotherWordCounts) {
+    session.ResultTemplateLine = u"..STR$"_s;
+    EXPECT_EQ(line({}), u"   PASS"_s);
+}
+
+TEST_F(ResultLine, EachTemplateIsReadAnew) {
+    session.ResultTemplateLine = u"TR$"_s;
+    EXPECT_EQ(line({}), u"PASS"_s);
+    session.ResultTemplateLine = u"..TR$"_s;
+    EXPECT_EQ(line({}), u"  PASS"_s);
+    session.ResultTemplateLine = u"TT$"_s;
+    EXPECT_EQ(line({}), u"0.10 mA"_s);
+    session.ResultTemplateLine.clear();
+    EXPECT_EQ(line({}), QString());
+}
+
 TEST_F(ResultLine, ValueAtTheEndMakesTheLineLonger) {
     session.ResultTemplateLine = QString(118, u'.') + u"CO$"_s;
     EXPECT_EQ(line({}, 126), QString(118, u' ') + u"MARGINAL"_s);

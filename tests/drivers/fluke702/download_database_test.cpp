@@ -1,4 +1,4 @@
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "testkit/database_session.h"
 #include "testkit/recorded_link.h"
 

@@ -1,3 +1,4 @@
+#include "drivers/fluke702/link.h"
 #include "drivers/fluke702/setup_state.h"
 #include "tests/drivers/fluke702/download_fixture.h"
 
@@ -13,7 +14,7 @@ class FlukeSetupState : public FlukeDownload {
         link.calls.clear();
         return Module702Interface::saveSetupState(link, rule, item, {.manual = manual});
     }
-    Module702Interface::StatusRule rule{session, u"I-1"_s};
+    StatusRule rule{session, Module702Interface::DPCStatusText, u"I-1"_s};
 };
 
 } // namespace

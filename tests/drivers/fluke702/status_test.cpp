@@ -1,4 +1,5 @@
 #include "drivers/fluke702/link.h"
+#include "drivers/link_status.h"
 #include "testkit/fixtures.h"
 #include "tests/drivers/fluke702/status_words.h"
 
@@ -40,8 +41,8 @@ TEST_F(DpcStatus, Below2001ShowsTheOperatorAndTellsTheCallerNothing) {
 TEST_F(DpcStatus, Of2000IsShownAsAWarningAlthoughCallersTakeItForFatal) {
     ui.expectBox(u"X: Open Thermocouple (DPCERR_OPEN_TC)"_s, title, box::information);
     EXPECT_EQ(DPCStatusText(session, 2000, u"X"_s), QString());
-    EXPECT_TRUE(Module702Interface::isFatal(2000));
-    EXPECT_FALSE(Module702Interface::isFatal(1999));
+    EXPECT_TRUE(isFatal(2000));
+    EXPECT_FALSE(isFatal(1999));
 }
 
 TEST_F(DpcStatus, WithoutANameShowsTheColonAllTheSame) {

@@ -281,12 +281,12 @@ TEST_F(ImageOfRuns, ValuesComeBackInTheInstrumentsUnits) {
         CalParamRecord instrument;
         instrument.input_type = QString::fromUtf16(row.unit);
         instrument.output_type = u"V"_s;
-        auto entry = inUnitsOf(instrument, {3, row.value, 0.5F});
+        auto entry = readingOf(instrument, {3, row.value, 0.5F});
         EXPECT_EQ(entry.applied, row.scaled) << instrument.input_type.toStdString();
         EXPECT_EQ(entry.reading, 3) << "the input's unit is not the output's";
-        EXPECT_EQ(entry.calibratorError, 0.5F);
+        EXPECT_EQ(entry.calibratorError, 50) << "in percent";
         std::swap(instrument.input_type, instrument.output_type);
-        entry = inUnitsOf(instrument, {row.value, 3, 0.5F});
+        entry = readingOf(instrument, {row.value, 3, 0.5F});
         EXPECT_EQ(entry.reading, row.scaled) << instrument.output_type.toStdString();
         EXPECT_EQ(entry.applied, 3);
     }
@@ -296,7 +296,7 @@ TEST_F(ImageOfRuns, ScalingIsDoneInThirtyTwoBits) {
     CalParamRecord instrument;
     instrument.input_type = u"mA"_s;
     instrument.output_type = u"KOhms"_s;
-    const auto entry = inUnitsOf(instrument, {1234.567F, 0.0123F, 0});
+    const auto entry = readingOf(instrument, {1234.567F, 0.0123F, 0});
     EXPECT_EQ(entry.applied, 0.0123F * 1000.0F);
     EXPECT_EQ(entry.reading, 1234.567F / 1000.0F);
 }
@@ -305,10 +305,10 @@ TEST_F(ImageOfRuns, AValueThatCantBeScaledIsAnOverflowAndAnUnscaledOneStays) {
     CalParamRecord instrument;
     instrument.input_type = u"mV"_s;
     instrument.output_type = u"V"_s;
-    EXPECT_THROW(inUnitsOf(instrument, {0, 1E38F, 0}), Error);
-    EXPECT_EQ(inUnitsOf(instrument, {1E38F, 0, 0}).reading, 1E38F);
-    EXPECT_THROW(inUnitsOf(instrument, {0, std::nanf(""), 0}), Error);
-    EXPECT_TRUE(std::isnan(inUnitsOf(instrument, {std::nanf(""), 0, 0}).reading));
+    EXPECT_THROW(readingOf(instrument, {0, 1E38F, 0}), Error);
+    EXPECT_EQ(readingOf(instrument, {1E38F, 0, 0}).reading, 1E38F);
+    EXPECT_THROW(readingOf(instrument, {0, std::nanf(""), 0}), Error);
+    EXPECT_TRUE(std::isnan(readingOf(instrument, {std::nanf(""), 0, 0}).reading));
 }
 
 } // namespace kelvane::testing

@@ -382,7 +382,7 @@ TEST_F(FlukeTaskValues, AValueThat32BitsCannotHoldIsReportedAndTheDownloadEnds) 
 }
 
 TEST(FlukeBaseUnit, IsReachedInOneStepOf32Bits) {
-    using Module702Interface::toBaseUnit;
+    using Module702Interface::baseUnits;
     const struct {
         QString unit;
         float value;
@@ -404,8 +404,8 @@ TEST(FlukeBaseUnit, IsReachedInOneStepOf32Bits) {
         {u""_s, 20.1F, 20.1F},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(toBaseUnit(row.value, row.unit), row.base) << row.unit.toStdString();
-    EXPECT_THROW(toBaseUnit(std::numeric_limits<float>::max(), u"KHz"_s), Error);
+        EXPECT_EQ(toBaseUnit(baseUnits, row.value, row.unit), row.base) << row.unit.toStdString();
+    EXPECT_THROW(toBaseUnit(baseUnits, std::numeric_limits<float>::max(), u"KHz"_s), Error);
 }
 
 } // namespace kelvane::testing

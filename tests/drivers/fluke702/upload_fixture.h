@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/assets/in_use.h"
-#include "drivers/fluke702/fluke702.h"
+#include "drivers/fluke702/driver.h"
 #include "testkit/database_session.h"
 #include "testkit/forwarding_connection.h"
 #include "testkit/recorded_link.h"

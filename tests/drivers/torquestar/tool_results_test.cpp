@@ -61,7 +61,7 @@ TEST_F(ResultsOfATool, JudgedAgainTakeTheEntrysMomentAndTechnician) {
     addHistory(u"W-1"_s);
     addPoints(u"W-1"_s, {u"50"_s, u"100"_s}, 1);
     addDictionary({u"C2301"_s, u"C2333"_s, u"C2307"_s, u"C2326"_s, u"C2323"_s});
-    JournalEntry entry{.driver = torqueStarDriver.toString(),
+    JournalEntry entry{.driver = ModuleTSInterface::identity.journalWord.toString(),
                        .serial = u"12345678"_s,
                        .asset = u"W-1"_s,
                        .date = u"2026-03-20"_s,

@@ -18,51 +18,18 @@ namespace {
 const QString title = u"Calibration Parameters"_s;
 const QString enterInstrument = u"Enter instrument number:"_s;
 
-/// What the screen has to show of a record, by the values that the drivers read.
-QHash<QString, QString> expectedOf(const CalParamRecord& record) {
-    const auto number = [](float value) { return plainText(value); };
-    const auto onIf = [](bool on) { return on ? u"on"_s : u"off"_s; };
-    return {
-        {u"ComboInputUnits"_s, record.input_type},
-        {u"ComboOutputUnits"_s, record.output_type},
-        {u"TextInputLow"_s, number(record.input_low)},
-        {u"TextInputHigh"_s, number(record.input_high)},
-        {u"TextOutputLow"_s, number(record.output_low)},
-        {u"TextOutputHigh"_s, number(record.output_high)},
-        {u"ComboMeasRes"_s, number(record.resolution)},
-        {u"ComboTempScaleIn"_s, record.temp_scale_in},
-        {u"ComboTempScaleOut"_s, record.temp_scale_out},
-        {u"OptionCJRefIntIn"_s, onIf(record.cj_ref_type_in == u"INT"_s)},
-        {u"OptionCJRefExtIn"_s, onIf(record.cj_ref_type_in == u"EXT"_s)},
-        {u"OptionCJRefIntOut"_s, onIf(record.cj_ref_type_out == u"INT"_s)},
-        {u"TextCJRefTempIn"_s, number(record.cj_ref_temp_in)},
-        {u"ComboSensTypeIn"_s, record.temp_sens_type_in},
-        {u"ComboSensTypeOut"_s, record.temp_sens_type_out},
-        {u"OptionSensWires2In"_s, onIf(record.temp_sens_wires_in == 2)},
-        {u"OptionSensWires3In"_s, onIf(record.temp_sens_wires_in == 3)},
-        {u"OptionSensWires4In"_s, onIf(record.temp_sens_wires_in == 4)},
-        {u"TextFSPos"_s, number(record.pos_fs_range_pct)},
-        {u"TextSpanNeg"_s, number(record.neg_span_pct)},
-        {u"TextReadPos"_s, number(record.pos_reading_pct)},
-        {u"TextLSDPos"_s, number(record.pos_lsd_counts)},
-        {u"TextUnitsPos"_s, number(record.pos_units)},
-        {u"TextUnitsNeg"_s, number(record.neg_units)},
-        {u"ComboTSName"_s, record.tp_name},
-        {u"ComboTransTypeOut"_s, record.transducer_type_out},
-        {u"ComboMeasurementModeOut"_s, record.measurement_mode_out},
-        {u"ComboMeasDirOut"_s, record.measurement_direction_out},
-        {u"ComboCycleEndTimeOut"_s, record.cycle_end_time_out},
-        {u"ComboFreqRespOut"_s, record.frequency_response_out},
-        {u"TextThresholdOut"_s, number(record.threshold_torque_out)},
-        {u"TextDipOut"_s, number(record.click_dip_torque_out)},
-        {u"TextRepetitions"_s, QString::number(record.repetitions)},
-        {u"OptionCalLoopPWROutOff"_s, onIf(record.loop_pwr == u"OFF"_s)},
-        {u"OptionCalLoopPWROut24VDC"_s, onIf(record.loop_pwr == u"24V"_s)},
-        {u"OptionCalLoopPWROut28VDC"_s, onIf(record.loop_pwr == u"28V"_s)},
-        {u"TextPTPAmplitudeIn"_s, number(record.freq_ptpamp_in)},
-        {u"CheckIndicatedInput"_s, onIf(record.input_indicated)},
-        {u"CheckIndicatedOutput"_s, onIf(record.output_indicated)},
-    };
+/// The value that the drivers read, as the screen has to show it.
+QString written(float value) {
+    return plainText(value);
+}
+QString written(qint16 value) {
+    return QString::number(value);
+}
+QString written(const QString& value) {
+    return value;
+}
+QString written(bool value) {
+    return value ? u"Y"_s : u"N"_s;
 }
 
 } // namespace
@@ -86,9 +53,12 @@ class CalParamDemo : public DatabaseSession {
         control<QPushButton>(*form, u"CommandSelect"_s).click();
     }
     void expectShown(const CalParamRecord& record) {
-        const auto expected = expectedOf(record);
-        for (auto one = expected.cbegin(); one != expected.cend(); ++one)
-            EXPECT_EQ(shownBy(*form, one.key()), one.value()) << one.key().toStdString();
+        for (const auto& given : givenControls()) {
+            const auto& param = *std::ranges::find(givenParams, given.column, &GivenParam::column);
+            const auto value = std::visit([&](auto member) { return written(record.*member); }, param.member);
+            EXPECT_EQ(shownBy(*form, given.name.toString()), shownFor(given, value))
+                << given.name.toString().toStdString();
+        }
     }
     static QString ofAsset(const QString& asset) {
         return u" where mtag = (select mtag from MT.inventory where i4201 = '"_s + asset + u"')"_s;

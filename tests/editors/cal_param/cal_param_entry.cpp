@@ -41,6 +41,14 @@ void show(const QWidget& screen, const QString& name, const QString& value) {
     EXPECT_EQ(shownBy(screen, name).toStdString(), value.toStdString()) << name.toStdString();
 }
 
+QString shownFor(const GivenControl& control, QStringView value) {
+    if (!control.stored.isEmpty())
+        return control.stored == value ? u"on"_s : u"off"_s;
+    if (control.name.startsWith(u"Check"))
+        return value == u'Y' ? u"on"_s : u"off"_s;
+    return value.toString();
+}
+
 QStringList valueControls(const QWidget& screen) {
     QStringList names;
     for (const auto* one : screen.findChildren<QWidget*>()) {

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "editors/cal_param/cal_param_fields.h"
 #include "editors/cal_param/cal_param_pages.h"
+
+#include "testkit/given_params.h"
 
 #include <memory>
 
@@ -22,14 +25,18 @@ void show(const QWidget& screen, const QString& name, const QString& value);
 /// Brings up the pages on which a control stands.
 void bringUp(QWidget& control);
 
+/// What a control shows of a value of its parameter.
+QString shownFor(const GivenControl& control, QStringView value);
+
 /// The names of all controls that hold a value.
 QStringList valueControls(const QWidget& screen);
 
 /// The pages of the parameter editor by themselves, as they stand before any record is shown.
 class CalParamPages : public ::testing::Test {
   protected:
+    CalParamFields fields;
     CalParamControls c;
-    std::unique_ptr<QWidget> body{makeCalParamPages(c)};
+    std::unique_ptr<QWidget> body{makeCalParamPages(c, fields)};
 };
 
 } // namespace kelvane::testing

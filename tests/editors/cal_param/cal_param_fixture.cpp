@@ -4,9 +4,40 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
+namespace {
+
+/// Pressure in, current out: what the screen does not start with.
+const QPair<QString, QString> readyEntries[] = {
+    {u"ComboTSName"_s, u"FIVE"_s},    {u"ComboInputUnits"_s, u"psi"_s}, {u"TextOutputLow"_s, u"4"_s},
+    {u"ComboOutputUnits"_s, u"mA"_s}, {u"TextOutputHigh"_s, u"20"_s},
+};
+
+/// What a screen that is only made ready stores in a column.
+QString readyValue(QStringView column) {
+    QString value = u"N"_s; // a check box that is off
+    for (const auto& control : givenControls()) {
+        if (control.column != column || control.starts == u"off")
+            continue;
+        value = (control.stored.isEmpty() ? control.starts : control.stored).toString();
+        for (const auto& [name, entry] : readyEntries) {
+            if (name == control.name)
+                value = entry;
+        }
+    }
+    return value;
+}
+
+} // namespace
+
 QStringList toleranceBoxes() {
-    return {u"TextFSPos"_s,   u"TextFSNeg"_s,  u"TextSpanPos"_s, u"TextSpanNeg"_s,  u"TextReadPos"_s,
-            u"TextReadNeg"_s, u"TextLSDPos"_s, u"TextLSDNeg"_s,  u"TextUnitsPos"_s, u"TextUnitsNeg"_s};
+    QStringList names;
+    for (const auto& panel : givenPanels()) {
+        if (!panel.captions.startsWith(u"Test Tolerances"))
+            continue;
+        for (const auto& box : panel.controls)
+            names << box.name.toString();
+    }
+    return names;
 }
 
 CalParamFixture::CalParamFixture() {
@@ -19,33 +50,21 @@ CalParamFixture::CalParamFixture() {
 }
 
 void CalParamFixture::makeReady() {
-    const QPair<QString, QString> ready[] = {
-        {u"ComboTSName"_s, u"FIVE"_s},
-        {u"TextInputLow"_s, u"0.0"_s},
-        {u"TextInputHigh"_s, u"100.0"_s},
-        {u"ComboInputUnits"_s, u"psi"_s},
-        {u"TextRepetitions"_s, u"1"_s},
-        {u"TextOutputLow"_s, u"4"_s},
-        {u"TextOutputHigh"_s, u"20"_s},
-        {u"ComboOutputUnits"_s, u"mA"_s},
-        {u"ComboTempScaleIn"_s, u"ITS-90"_s},
-        {u"ComboTempScaleOut"_s, u"ITS-90"_s},
-        {u"ComboSensTypeIn"_s, u"RTD PT100 3926"_s},
-        {u"ComboSensTypeOut"_s, u"RTD PT100 3926"_s},
-        {u"OptionCJRefIntIn"_s, u"on"_s},
-        {u"OptionCJRefIntOut"_s, u"on"_s},
-        {u"TextCJRefTempIn"_s, u"0.0"_s},
-        {u"TextCJRefTempOut"_s, u"0.0"_s},
-        {u"ComboMeasurementModeOut"_s, u"Peak"_s},
-        {u"TextThresholdOut"_s, u"0.0"_s},
-        {u"TextDipOut"_s, u"0.0"_s},
-        {u"TextPTPAmplitudeIn"_s, u"100.0"_s},
-        {u"TextPTPAmplitudeOut"_s, u"100.0"_s},
-    };
-    for (const auto& [name, value] : ready)
+    for (const auto& control : givenControls()) {
+        if (control.starts != u"off")
+            screen.set(control.name.toString(), control.starts.toString());
+    }
+    for (const auto& [name, value] : readyEntries)
         screen.set(name, value);
-    for (const auto& box : toleranceBoxes())
-        screen.set(box, u"0.0"_s);
+}
+
+QStringList CalParamFixture::readyValues(const QString& instrument) {
+    QStringList values;
+    for (const auto column : givenSavedColumns.tokenize(u','))
+        values << (column == u"mtag"
+                       ? u"(select mtag from mt.inventory where i4201 = '"_s + instrument + u"')"_s
+                       : u'\'' + readyValue(column) + u'\'');
+    return values;
 }
 
 QStringList CalParamFixture::writes() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "testkit/fixtures.h"
+#include "testkit/given_params.h"
 #include "tests/editors/cal_param/cal_param_screen.h"
 
 namespace kelvane::testing {
@@ -15,6 +16,8 @@ class CalParamFixture : public RecordedSession {
     CalParamFixture();
     /// Makes the screen ready to be saved: pressure in, current out, everything else as it starts.
     void makeReady();
+    /// What such a screen stores, column by column in their order.
+    static QStringList readyValues(const QString& instrument);
     /// The statements that change something.
     QStringList writes() const;
     /// The key of an instrument as statements name it.

@@ -54,216 +54,67 @@ QString wayTo(const QWidget& screen, const QString& name) {
     return way.join(u" > "_s);
 }
 
-const QStringList units{u"C"_s,     u"F"_s,      u"V"_s,     u"mV"_s,    u"mA"_s,   u"Hz"_s,   u"KHz"_s,
-                        u"MHz"_s,   u"Ohms"_s,   u"KOhms"_s, u"psi"_s,   u"psig"_s, u"inHg"_s, u"inH2O"_s,
-                        u"mmHg"_s,  u"kPa"_s,    u"bar"_s,   u"mbar"_s,  u"uV"_s,   u"uA"_s,   u"A"_s,
-                        u"Mohms"_s, u"in/oz"_s,  u"in/lb"_s, u"ft/lb"_s, u"N/cm"_s, u"N/m"_s,  u"Kg/cm"_s,
-                        u"Kg/m"_s,  u"Klb/ft"_s, u"KN/m"_s,  u"VAC"_s,   u"mVAC"_s, u"%"_s};
-const QStringList sensors{u"RTD PT100 385"_s,  u"RTD PT200 385"_s,  u"RTD PT500 385"_s, u"RTD PT1000 385"_s,
-                          u"RTD PT100 3916"_s, u"RTD PT100 3926"_s, u"RTD NI120 672"_s, u"RTD CU10 427"_s,
-                          u"TC E"_s,           u"TC N"_s,           u"TC J"_s,          u"TC K"_s,
-                          u"TC T"_s,           u"TC B"_s,           u"TC R"_s,          u"TC S"_s,
-                          u"TC C"_s,           u"TC L"_s,           u"TC U"_s};
-const QString wires = u"Number of wires connected to the RTD"_s;
-const QString amplitude = u"Peak-To-Peak amplitude of the waveform in millivolts"_s;
-const QString reference = u"Reference Temperature (In units specified above)"_s;
-const QString presetReference =
-    u"If the calibrator supports preset reference temperature, then use this value"_s;
-const QString sensor = u"Type of temperature sensor and output \"curve\""_s;
+/// The given controls of a kind, as their names begin.
+QList<GivenControl> givenOf(QStringView kind) {
+    auto controls = givenControls();
+    controls.removeIf([&](const GivenControl& control) { return !control.name.startsWith(kind); });
+    return controls;
+}
+
+template <class Control>
+void expectNoOther(const QWidget& screen, const QList<GivenControl>& given) {
+    EXPECT_EQ(screen.findChildren<Control*>().size(), given.size());
+}
 
 } // namespace
 
 TEST_F(CalParamPages, TextBoxesHaveTheirLabelsStartingTextsAndToolTips) {
-    const struct {
-        QString name;
-        QString label;
-        QString starts;
-        QString toolTip;
-    } boxes[] = {
-        {u"TextInputLow"_s, u"Input Low"_s, u"0.0"_s, u"Lowest value measured by the instrument"_s},
-        {u"TextInputHigh"_s, u"Input High"_s, u"100.0"_s, u"Highest value measured by the instrument"_s},
-        {u"TextRepetitions"_s, u"Test Point Repetitions"_s, u"1"_s,
-         u"Number of times to repeat each test point for averaging/statistics/etc."_s},
-        {u"TextOutputLow"_s, u"Output Low"_s, u"0.0"_s, u"Lowest value output by the instrument"_s},
-        {u"TextOutputHigh"_s, u"Output High"_s, u"100.0"_s, u"Highest value output by the instrument"_s},
-        {u"TextFSPos"_s, u"Positive"_s, u"0.0"_s, u"Percent of Full Scale tolerance"_s},
-        {u"TextFSNeg"_s, u"Negative"_s, u"0.0"_s, u"Percent of Full Scale tolerance"_s},
-        {u"TextSpanPos"_s, u"Positive"_s, u"0.0"_s, u"Percent of measurement span"_s},
-        {u"TextSpanNeg"_s, u"Negative"_s, u"0.0"_s, u"Percent of measurement span"_s},
-        {u"TextReadPos"_s, u"Positive"_s, u"0.0"_s, u"Percent of measurement (reading)"_s},
-        {u"TextReadNeg"_s, u"Negative"_s, u"0.0"_s, u"Percent of measurement (reading)"_s},
-        {u"TextLSDPos"_s, u"Positive"_s, u"0.0"_s, u"Units of least significant digits (resolution)"_s},
-        {u"TextLSDNeg"_s, u"Negative"_s, u"0.0"_s, u"Units of least significant digits (resolution)"_s},
-        {u"TextUnitsPos"_s, u"Positive"_s, u"0.0"_s, u"Units of measure (input units)"_s},
-        {u"TextUnitsNeg"_s, u"Negative"_s, u"0.0"_s, u"Units of measure (input units)"_s},
-        {u"TextCJRefTempIn"_s, reference, u"0.0"_s, presetReference},
-        {u"TextCJRefTempOut"_s, reference, u"0.0"_s, presetReference},
-        {u"TextThresholdOut"_s, u"Threshold Torque"_s, u"0.0"_s, u"Point above which readings are taken"_s},
-        {u"TextDipOut"_s, u"Click Dip Torque"_s, u"0.0"_s,
-         u"Point at which reading must drop before measurement is taken"_s},
-        {u"TextPTPAmplitudeIn"_s, {}, u"100.0"_s, amplitude},
-        {u"TextPTPAmplitudeOut"_s, {}, u"100.0"_s, amplitude},
-    };
-    for (const auto& one : boxes) {
-        SCOPED_TRACE(one.name.toStdString());
-        EXPECT_EQ(labelOf(*body, one.name), one.label);
-        EXPECT_EQ(control<QLineEdit>(*body, one.name).text(), one.starts);
-        EXPECT_EQ(control<QLineEdit>(*body, one.name).toolTip(), one.toolTip);
+    const auto given = givenOf(u"Text");
+    for (const auto& box : given) {
+        const auto name = box.name.toString();
+        SCOPED_TRACE(name.toStdString());
+        EXPECT_EQ(labelOf(*body, name), box.label);
+        EXPECT_EQ(control<QLineEdit>(*body, name).text(), box.starts);
+        EXPECT_EQ(control<QLineEdit>(*body, name).toolTip(), box.toolTip);
     }
-    EXPECT_EQ(std::size(boxes), static_cast<std::size_t>(body->findChildren<QLineEdit*>().size()));
+    expectNoOther<QLineEdit>(*body, given);
 }
 
 TEST_F(CalParamPages, ListsHaveTheirLabelsRowsStartingRowsAndToolTips) {
-    const struct {
-        QString name;
-        QString label;
-        QString starts;
-        QString toolTip;
-        QStringList rows;
-    } lists[] = {
-        {u"ComboTSName"_s,
-         u"Test strategy name"_s,
-         {},
-         u"Select a test strategy to calibrate this instrument"_s,
-         {}},
-        {u"ComboInputUnits"_s,
-         u"Input Units of Measure"_s,
-         {},
-         u"Units of measure for the input section of the instrument"_s,
-         units},
-        {u"ComboOutputUnits"_s,
-         u"Output Units of Measure"_s,
-         {},
-         u"Units of measure for the output section of the instrument"_s,
-         units},
-        {u"ComboMeasRes"_s,
-         u"Measurement Resolution"_s,
-         u"0.1"_s,
-         u"Measurement resolution of the input section of the instrument"_s,
-         {u"100000"_s, u"10000"_s, u"1000"_s, u"100"_s, u"10"_s, u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s,
-          u"0.0001"_s, u"0.00001"_s, u"0.000001"_s, u"0.0000001"_s, u"0.00000001"_s, u"0.000000001"_s}},
-        {u"ComboTempScaleIn"_s,
-         {},
-         u"ITS-90"_s,
-         u"Temperature scale used by the instrument"_s,
-         {u"ITS-90"_s, u"IPTS-68"_s}},
-        {u"ComboTempScaleOut"_s,
-         {},
-         u"ITS-90"_s,
-         u"Temperature scale used by the instrument"_s,
-         {u"ITS-90"_s, u"IPTS-68"_s}},
-        {u"ComboSensTypeIn"_s, u"Sensor Type/Curve"_s, u"RTD PT100 3926"_s, sensor, sensors},
-        {u"ComboSensTypeOut"_s, u"Sensor Type/Curve"_s, u"RTD PT100 3926"_s, sensor, sensors},
-        {u"ComboTransTypeOut"_s,
-         u"Transducer Type"_s,
-         u"UTA"_s,
-         u"The general type of transducer"_s,
-         {u"High Output"_s, u"Industry Standard"_s, u"Serial"_s, u"UTA"_s}},
-        {u"ComboMeasurementModeOut"_s,
-         u"Measurement Mode"_s,
-         u"Peak"_s,
-         u"Which mode measurements are taken"_s,
-         {u"Click Dip"_s, u"Peak"_s, u"Impulse"_s}},
-        {u"ComboCycleEndTimeOut"_s,
-         u"Cycle End Time"_s,
-         u"1.0"_s,
-         u"Measurement stabilisation period"_s,
-         {u"0.1"_s, u"0.2"_s, u"0.5"_s, u"1.0"_s, u"2.0"_s, u"5.0"_s, u"10.0"_s}},
-        {u"ComboFreqRespOut"_s,
-         u"Frequency Response"_s,
-         u"1676"_s,
-         u"Frequency response of instrument"_s,
-         {u"6144"_s, u"3686"_s, u"2304"_s, u"1676"_s, u"1317"_s, u"1024"_s, u"996"_s, u"737"_s, u"527"_s,
-          u"376"_s, u"302"_s, u"252"_s, u"200"_s, u"150"_s, u"100"_s, u"75"_s, u"72"_s}},
-        {u"ComboMeasDirOut"_s,
-         u"Measurement Direction"_s,
-         u"Right"_s,
-         u"Direction of applied stimulus"_s,
-         {u"Right"_s, u"Left"_s}},
-        {u"ComboBaudRateOut"_s,
-         u"Baud Rate"_s,
-         u"9600"_s,
-         u"Baud rate used in communications"_s,
-         {u"300"_s, u"600"_s, u"1200"_s, u"2400"_s, u"4800"_s, u"9600"_s, u"19200"_s}},
-        {u"ComboDataBitsOut"_s,
-         u"Data Bits"_s,
-         u"8"_s,
-         u"Number of data bits used in communications"_s,
-         {u"8"_s, u"7"_s}},
-        {u"ComboStopBitsOut"_s,
-         u"Stop Bits"_s,
-         u"1"_s,
-         u"Number of stop bits used in communications"_s,
-         {u"1"_s, u"2"_s}},
-        {u"ComboParityOut"_s,
-         u"Parity"_s,
-         u"None"_s,
-         u"Parity used in communications"_s,
-         {u"Even"_s, u"Odd"_s, u"None"_s}},
-    };
-    for (const auto& one : lists) {
-        SCOPED_TRACE(one.name.toStdString());
-        const auto& list = control<QComboBox>(*body, one.name);
-        EXPECT_EQ(labelOf(*body, one.name), one.label);
-        EXPECT_EQ(list.currentText(), one.starts);
-        EXPECT_EQ(list.toolTip(), one.toolTip);
-        QStringList rows;
+    const auto given = givenOf(u"Combo");
+    for (const auto& expected : given) {
+        const auto name = expected.name.toString();
+        SCOPED_TRACE(name.toStdString());
+        const auto& list = control<QComboBox>(*body, name);
+        EXPECT_EQ(labelOf(*body, name), expected.label);
+        EXPECT_EQ(list.currentText(), expected.starts);
+        EXPECT_EQ(list.toolTip(), expected.toolTip);
+        ASSERT_EQ(list.count(), expected.rows.size());
         for (int row = 0; row < list.count(); ++row)
-            rows << list.itemText(row);
-        EXPECT_EQ(rows, one.rows);
+            EXPECT_EQ(list.itemText(row), expected.rows[row]);
         EXPECT_FALSE(list.isEditable());
     }
-    EXPECT_EQ(std::size(lists), static_cast<std::size_t>(body->findChildren<QComboBox*>().size()));
+    expectNoOther<QComboBox>(*body, given);
 }
 
 TEST_F(CalParamPages, OptionsAndCheckBoxesHaveTheirCaptionsStatesAndToolTips) {
-    const auto internal = u"Cold-junction reference is automatically determined by the calibrator"_s;
-    const auto external = u"Cold-junction reference is manually set by the operator"_s;
-    const struct {
-        QString name;
-        QString caption;
-        QString starts;
-        QString toolTip;
-    } options[] = {
-        {u"OptionCJRefIntIn"_s, u"Internal (Automatic)"_s, u"on"_s, internal},
-        {u"OptionCJRefExtIn"_s, u"External (Manually Specified)"_s, u"off"_s, external},
-        {u"OptionCJRefIntOut"_s, u"Internal (Automatic)"_s, u"on"_s, internal},
-        {u"OptionCJRefExtOut"_s, u"External (Manually Specified)"_s, u"off"_s, external},
-        {u"OptionSensWires2In"_s, u"2"_s, u"off"_s, wires},
-        {u"OptionSensWires3In"_s, u"3"_s, u"off"_s, wires},
-        {u"OptionSensWires4In"_s, u"4"_s, u"on"_s, wires},
-        {u"OptionSensWires2Out"_s, u"2"_s, u"off"_s, wires},
-        {u"OptionSensWires3Out"_s, u"3"_s, u"off"_s, wires},
-        {u"OptionSensWires4Out"_s, u"4"_s, u"on"_s, wires},
-        {u"OptionCalLoopPWROutOff"_s, u"OFF"_s, u"on"_s,
-         u"Disables device under test power from calibrator"_s},
-        {u"OptionCalLoopPWROut24VDC"_s, u"24VDC"_s, u"off"_s,
-         u"Power device under test with 24VDC from calibrator"_s},
-        {u"OptionCalLoopPWROut28VDC"_s, u"28VDC"_s, u"off"_s,
-         u"Power device under test with 28VDC from calibrator"_s},
-        {u"CheckIndicatedInput"_s, u"Indicated Input"_s, u"off"_s,
-         u"Instrument is supplied a value, rather than measuring a quantity from the calibrator."_s},
-        {u"CheckIndicatedOutput"_s, u"Indicated Output"_s, u"off"_s,
-         u"Instrument \"displays\" it's output, rather than supplying a quantity measured by a calibrator."_s},
-    };
-    for (const auto& one : options) {
-        SCOPED_TRACE(one.name.toStdString());
-        EXPECT_EQ(control<QAbstractButton>(*body, one.name).text(), one.caption);
-        EXPECT_EQ(shownBy(*body, one.name), one.starts);
-        EXPECT_EQ(control<QAbstractButton>(*body, one.name).toolTip(), one.toolTip);
+    const auto options = givenOf(u"Option");
+    const auto checkBoxes = givenOf(u"Check");
+    for (const auto& given : options + checkBoxes) {
+        const auto name = given.name.toString();
+        SCOPED_TRACE(name.toStdString());
+        EXPECT_EQ(control<QAbstractButton>(*body, name).text(), given.label);
+        EXPECT_EQ(shownBy(*body, name), given.starts);
+        EXPECT_EQ(control<QAbstractButton>(*body, name).toolTip(), given.toolTip);
     }
-    EXPECT_EQ(std::size(options), static_cast<std::size_t>(body->findChildren<QRadioButton*>().size() +
-                                                           body->findChildren<QCheckBox*>().size()));
+    expectNoOther<QRadioButton>(*body, options);
+    expectNoOther<QCheckBox>(*body, checkBoxes);
 }
 
 TEST_F(CalParamPages, OneOptionOfAGroupGoesOffWhenAnotherGoesOnAndNoOtherGroupFollows) {
-    const QStringList groups[] = {
-        {u"OptionCJRefIntIn"_s, u"OptionCJRefExtIn"_s},
-        {u"OptionCJRefIntOut"_s, u"OptionCJRefExtOut"_s},
-        {u"OptionSensWires2In"_s, u"OptionSensWires3In"_s, u"OptionSensWires4In"_s},
-        {u"OptionSensWires2Out"_s, u"OptionSensWires3Out"_s, u"OptionSensWires4Out"_s},
-        {u"OptionCalLoopPWROutOff"_s, u"OptionCalLoopPWROut24VDC"_s, u"OptionCalLoopPWROut28VDC"_s},
-    };
+    QMap<QStringView, QStringList> groups;
+    for (const auto& option : givenOf(u"Option"))
+        groups[option.column] << option.name.toString();
     for (const auto& group : groups) {
         for (const auto& name : group) {
             const auto before = allShown(*body);
@@ -306,57 +157,18 @@ TEST_F(CalParamPages, PagesAndSubTabsHaveTheirCaptions) {
 }
 
 TEST_F(CalParamPages, EachControlStandsOnItsPageAndPanel) {
-    const auto general = u"General Test Parameters > "_s;
-    const auto input = u"Input Configuration > "_s;
-    const auto output = u"Output Configuration > "_s;
-    const auto tolerance = u"Test Tolerances/Error Calculation > Test Tolerance Specification > "_s;
-    const auto torque = output + output;
-    const struct {
-        QString way;
-        QStringList names;
-    } places[] = {
-        {general + u"Test Parameters"_s, {u"ComboTSName"_s}},
-        {general + u"Pre-Test Prompts"_s,
-         {u"ListPreDisplay"_s, u"ListPreAvail"_s, u"CommandPreUp"_s, u"CommandPreDown"_s}},
-        {general + u"Post-Test Prompts"_s,
-         {u"ListPostDisplay"_s, u"ListPostAvail"_s, u"CommandPostUp"_s, u"CommandPostDown"_s}},
-        {input + u"Input Scale/Units"_s,
-         {u"TextInputLow"_s, u"TextInputHigh"_s, u"ComboInputUnits"_s, u"ComboMeasRes"_s,
-          u"TextRepetitions"_s, u"CheckIndicatedInput"_s}},
-        {input + input + u"Temperature Scale"_s, {u"ComboTempScaleIn"_s}},
-        {input + input + u"Cold-Junction Reference"_s,
-         {u"OptionCJRefIntIn"_s, u"OptionCJRefExtIn"_s, u"TextCJRefTempIn"_s}},
-        {input + input + u"Sensor Type"_s,
-         {u"ComboSensTypeIn"_s, u"OptionSensWires2In"_s, u"OptionSensWires3In"_s, u"OptionSensWires4In"_s}},
-        {input + input + u"Waveform > Peak-To-Peak Amplitude"_s, {u"TextPTPAmplitudeIn"_s}},
-        {output + u"Output Scale/Units"_s,
-         {u"TextOutputLow"_s, u"TextOutputHigh"_s, u"ComboOutputUnits"_s, u"CheckIndicatedOutput"_s}},
-        {output + output + u"Temperature Scale"_s, {u"ComboTempScaleOut"_s}},
-        {output + output + u"Cold-Junction Reference"_s,
-         {u"OptionCJRefIntOut"_s, u"OptionCJRefExtOut"_s, u"TextCJRefTempOut"_s}},
-        {output + output + u"Sensor Type"_s,
-         {u"ComboSensTypeOut"_s, u"OptionSensWires2Out"_s, u"OptionSensWires3Out"_s,
-          u"OptionSensWires4Out"_s}},
-        {output + output + u"Waveform > Peak-To-Peak Amplitude"_s, {u"TextPTPAmplitudeOut"_s}},
-        {torque + u"General Configuration"_s,
-         {u"ComboTransTypeOut"_s, u"ComboMeasurementModeOut"_s, u"TextThresholdOut"_s, u"TextDipOut"_s}},
-        {torque + u"Analog Transducer Configuration"_s,
-         {u"ComboCycleEndTimeOut"_s, u"ComboFreqRespOut"_s, u"ComboMeasDirOut"_s}},
-        {torque + u"Digital (Serial) Transducer Configuration"_s,
-         {u"ComboBaudRateOut"_s, u"ComboDataBitsOut"_s, u"ComboStopBitsOut"_s, u"ComboParityOut"_s}},
-        {output + output + u"Loop Power > Calibrator As Power Source"_s,
-         {u"OptionCalLoopPWROutOff"_s, u"OptionCalLoopPWROut24VDC"_s, u"OptionCalLoopPWROut28VDC"_s}},
-        {tolerance + u"Percent of Full Scale/Range"_s, {u"TextFSPos"_s, u"TextFSNeg"_s}},
-        {tolerance + u"Percent of Span"_s, {u"TextSpanPos"_s, u"TextSpanNeg"_s}},
-        {tolerance + u"Percent of Reading"_s, {u"TextReadPos"_s, u"TextReadNeg"_s}},
-        {tolerance + u"LSD Tolerance"_s, {u"TextLSDPos"_s, u"TextLSDNeg"_s}},
-        {tolerance + u"Units of Measure"_s, {u"TextUnitsPos"_s, u"TextUnitsNeg"_s}},
-    };
     QStringList placed;
-    for (const auto& place : places) {
-        for (const auto& name : place.names)
-            EXPECT_EQ(wayTo(*body, name), place.way) << name.toStdString();
-        placed << place.names;
+    const auto expectPlace = [&](const QString& name, QStringView captions) {
+        EXPECT_EQ(wayTo(*body, name), captions) << name.toStdString();
+        placed << name;
+    };
+    for (const auto& kind : {u"Pre"_s, u"Post"_s}) {
+        for (const auto& name : {u"List%1Display"_s, u"List%1Avail"_s, u"Command%1Up"_s, u"Command%1Down"_s})
+            expectPlace(name.arg(kind), u"General Test Parameters > %1-Test Prompts"_s.arg(kind));
+    }
+    for (const auto& panel : givenPanels()) {
+        for (const auto& given : panel.controls)
+            expectPlace(given.name.toString(), panel.captions);
     }
     for (const auto& name : valueControls(*body))
         EXPECT_TRUE(placed.contains(name)) << name.toStdString();
@@ -461,12 +273,16 @@ TEST_F(CalParamPages, NotesAndUnitsStandThereToTheLetter) {
 }
 
 TEST_F(CalParamPages, AScreenReaderTellsFieldsOfTheSameLabelApart) {
-    EXPECT_EQ(c.TextSpanNeg->accessibleName(), u"Percent of Span Negative"_s);
-    EXPECT_EQ(c.TextUnitsPos->accessibleName(), u"Units of Measure Positive"_s);
-    EXPECT_EQ(c.ComboTempScaleIn->accessibleName(), u"Temperature Scale"_s);
-    EXPECT_EQ(c.TextPTPAmplitudeIn->accessibleName(), u"Peak-To-Peak Amplitude"_s);
-    EXPECT_EQ(c.OptionSensWires3Out->accessibleName(), u"Number of Wires (RTD only) 3"_s);
-    EXPECT_EQ(c.ListPostAvail->accessibleName(), u"Post-Test Prompts Available Prompts"_s);
+    const QPair<QString, QString> spoken[] = {
+        {u"TextSpanNeg"_s, u"Percent of Span Negative"_s},
+        {u"TextUnitsPos"_s, u"Units of Measure Positive"_s},
+        {u"ComboTempScaleIn"_s, u"Temperature Scale"_s},
+        {u"TextPTPAmplitudeIn"_s, u"Peak-To-Peak Amplitude"_s},
+        {u"OptionSensWires3Out"_s, u"Number of Wires (RTD only) 3"_s},
+        {u"ListPostAvail"_s, u"Post-Test Prompts Available Prompts"_s},
+    };
+    for (const auto& [name, words] : spoken)
+        EXPECT_EQ(control<QWidget>(*body, name).accessibleName(), words);
 }
 
 TEST_F(CalParamPages, AllControlsAreHandedOver) {

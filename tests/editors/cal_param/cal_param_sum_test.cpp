@@ -1,10 +1,11 @@
 #include "data/small_routines.h"
-#include "editors/cal_param/cal_param_load.h"
 #include "testkit/fixtures.h"
 #include "tests/editors/cal_param/cal_param_entry.h"
 
 #include <QComboBox>
 #include <QTabWidget>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -14,59 +15,44 @@ namespace kelvane::testing {
 class CalParamSum : public CalParamPages {
   protected:
     CalParamSum() {
-        addRows(*c.ComboTSName, {u"FIVE"_s, u"THREE"_s});
-        const QPair<QString, QString> values[] = {
-            {u"ComboMeasRes"_s, u"0.001"_s},
-            {u"ComboInputUnits"_s, u"psi"_s},
-            {u"ComboOutputUnits"_s, u"mA"_s},
-            {u"TextInputLow"_s, u"<il>"_s},
-            {u"TextInputHigh"_s, u"<ih>"_s},
-            {u"TextOutputLow"_s, u"<ol>"_s},
-            {u"TextOutputHigh"_s, u"<oh>"_s},
-            {u"ComboTempScaleIn"_s, u"ITS-90"_s},
-            {u"ComboTempScaleOut"_s, u"IPTS-68"_s},
-            {u"OptionCJRefExtIn"_s, u"on"_s},
-            {u"OptionCJRefIntOut"_s, u"on"_s},
-            {u"TextCJRefTempIn"_s, u"<ri>"_s},
-            {u"TextCJRefTempOut"_s, u"<ro>"_s},
-            {u"ComboSensTypeIn"_s, u"TC K"_s},
-            {u"ComboSensTypeOut"_s, u"TC S"_s},
-            {u"OptionSensWires2In"_s, u"on"_s},
-            {u"OptionSensWires3Out"_s, u"on"_s},
-            {u"TextFSNeg"_s, u"<f->"_s},
-            {u"TextFSPos"_s, u"<f+>"_s},
-            {u"TextSpanNeg"_s, u"<s->"_s},
-            {u"TextSpanPos"_s, u"<s+>"_s},
-            {u"TextReadNeg"_s, u"<r->"_s},
-            {u"TextReadPos"_s, u"<r+>"_s},
-            {u"TextLSDNeg"_s, u"<l->"_s},
-            {u"TextLSDPos"_s, u"<l+>"_s},
-            {u"TextUnitsNeg"_s, u"<u->"_s},
-            {u"TextUnitsPos"_s, u"<u+>"_s},
-            {u"ComboTSName"_s, u"FIVE"_s},
-            {u"ComboTransTypeOut"_s, u"UTA"_s},
-            {u"TextThresholdOut"_s, u"<t>"_s},
-            {u"TextDipOut"_s, u"<d>"_s},
-            {u"ComboCycleEndTimeOut"_s, u"2.0"_s},
-            {u"ComboFreqRespOut"_s, u"302"_s},
-            {u"ComboMeasurementModeOut"_s, u"Peak"_s},
-            {u"ComboMeasDirOut"_s, u"Left"_s},
-            {u"ComboBaudRateOut"_s, u"1200"_s},
-            {u"ComboDataBitsOut"_s, u"7"_s},
-            {u"ComboStopBitsOut"_s, u"2"_s},
-            {u"ComboParityOut"_s, u"Odd"_s},
-            {u"TextRepetitions"_s, u"<n>"_s},
-            {u"OptionCalLoopPWROut24VDC"_s, u"on"_s},
-            {u"TextPTPAmplitudeIn"_s, u"<pi>"_s},
-            {u"TextPTPAmplitudeOut"_s, u"<po>"_s},
-            {u"CheckIndicatedOutput"_s, u"on"_s},
-            {u"ListPostDisplay"_s, u"AFTER 1,AFTER 2"_s},
-            {u"ListPreDisplay"_s, u"BEFORE 1,BEFORE 2"_s},
-        };
-        for (const auto& [name, value] : values)
-            show(*body, name, value);
+        addRows(*fields.list(&CalParamRecord::tp_name), {u"FIVE"_s, u"THREE"_s});
+        for (const auto& control : givenControls()) {
+            const auto& param = *std::ranges::find(givenParams, control.column, &GivenParam::column);
+            if (control.name.startsWith(u"Text"))
+                put(control, u'<' + control.column.toString() + u'>');
+            else if (const auto value = shownFor(control, param.shown); value != u"off")
+                put(control, value);
+        }
+        show(*body, u"ListPostDisplay"_s, u"AFTER 1,AFTER 2"_s);
+        show(*body, u"ListPreDisplay"_s, u"BEFORE 1,BEFORE 2"_s);
     }
-    double sum() { return ModuleGlobals::CheckSum(session(), summedText(c)); }
+    /// Lets a control show a value, and keeps what the sum has to say of it.
+    void put(const GivenControl& control, const QString& value) {
+        show(*body, control.name.toString(), value);
+        parts[control.column] = control.name.startsWith(u"Option")  ? control.summed.toString()
+                                : control.name.startsWith(u"Check") ? (value == u"on" ? u"Y"_s : u"N"_s)
+                                                                    : value;
+    }
+    /// What the sum is to be taken of.
+    QString expected() const {
+        QString text;
+        for (const auto column : givenSummedColumns.tokenize(u','))
+            text += parts.value(column, u"N"_s); // a check box that is off
+        return text + u"AFTER 1AFTER 2BEFORE 1BEFORE 2"_s;
+    }
+    /// The option that is on in the group of another.
+    QString onBeside(const QString& name) const {
+        const auto controls = givenControls();
+        const auto other = std::ranges::find(controls, name, &GivenControl::name);
+        for (const auto& control : controls) {
+            if (control.column == other->column && shownBy(*body, control.name.toString()) == u"on")
+                return control.name.toString();
+        }
+        return {};
+    }
+    double sum() { return ModuleGlobals::CheckSum(session(), summedText(fields, c)); }
+
+    QHash<QStringView, QString> parts;
 
   private:
     struct Host : RecordedSession {
@@ -78,77 +64,18 @@ class CalParamSum : public CalParamPages {
 };
 
 TEST_F(CalParamSum, IsTakenOfAllPartsInTheirOrder) {
-    EXPECT_EQ(summedText(c), u"0.001"
-                             "psi"
-                             "mA"
-                             "<il>"
-                             "<ih>"
-                             "<ol>"
-                             "<oh>"
-                             "ITS-90"
-                             "IPTS-68"
-                             "E"
-                             "I"
-                             "<ri>"
-                             "<ro>"
-                             "TC K"
-                             "TC S"
-                             "2"
-                             "3"
-                             "<f->"
-                             "<f+>"
-                             "<s->"
-                             "<s+>"
-                             "<r->"
-                             "<r+>"
-                             "<l->"
-                             "<l+>"
-                             "<u->"
-                             "<u+>"
-                             "FIVE"
-                             "UTA"
-                             "<t>"
-                             "<d>"
-                             "2.0"
-                             "302"
-                             "Peak"
-                             "Left"
-                             "1200"
-                             "7"
-                             "2"
-                             "Odd"
-                             "<n>"
-                             "24"
-                             "<pi>"
-                             "<po>"
-                             "Y"
-                             "N"
-                             "AFTER 1"
-                             "AFTER 2"
-                             "BEFORE 1"
-                             "BEFORE 2"_s);
+    EXPECT_EQ(summedText(fields, c), expected());
 }
 
 TEST_F(CalParamSum, OfTheOtherOptions) {
-    const auto before = summedText(c);
-    show(*body, u"OptionCJRefIntIn"_s, u"on"_s);
-    show(*body, u"OptionCJRefExtOut"_s, u"on"_s);
-    show(*body, u"OptionSensWires4In"_s, u"on"_s);
-    show(*body, u"OptionSensWires2Out"_s, u"on"_s);
-    show(*body, u"OptionCalLoopPWROut28VDC"_s, u"on"_s);
-    show(*body, u"CheckIndicatedOutput"_s, u"off"_s);
-    show(*body, u"CheckIndicatedInput"_s, u"on"_s);
-    auto expected = before;
-    expected.replace(u"IPTS-68EI<ri>"_s, u"IPTS-68IE<ri>"_s)
-        .replace(u"TC S23<f->"_s, u"TC S42<f->"_s)
-        .replace(u"<n>24<pi>"_s, u"<n>28<pi>"_s)
-        .replace(u"<po>YNAFTER"_s, u"<po>NYAFTER"_s);
-    EXPECT_EQ(summedText(c), expected);
-    show(*body, u"OptionSensWires3In"_s, u"on"_s);
-    show(*body, u"OptionSensWires4Out"_s, u"on"_s);
-    show(*body, u"OptionCalLoopPWROutOff"_s, u"on"_s);
-    expected.replace(u"TC S42<f->"_s, u"TC S34<f->"_s).replace(u"<n>28<pi>"_s, u"<n>O<pi>"_s);
-    EXPECT_EQ(summedText(c), expected);
+    for (const auto& control : givenControls()) {
+        SCOPED_TRACE(control.name.toString().toStdString());
+        if (control.name.startsWith(u"Option"))
+            put(control, u"on"_s);
+        else if (control.name.startsWith(u"Check"))
+            put(control, shownBy(*body, control.name.toString()) == u"on" ? u"off"_s : u"on"_s);
+        EXPECT_EQ(summedText(fields, c), expected());
+    }
 }
 
 TEST_F(CalParamSum, ChangesWithEachControlAndComesBackWithItsValue) {
@@ -161,17 +88,7 @@ TEST_F(CalParamSum, ChangesWithEachControlAndComesBackWithItsValue) {
             // Its group has another one on then.
             if (value == u"on")
                 continue;
-            const auto wasOn = [&] {
-                for (const auto& [group, on] : {std::pair{u"CJRef.*In$"_s, u"OptionCJRefExtIn"_s},
-                                                {u"CJRef.*Out$"_s, u"OptionCJRefIntOut"_s},
-                                                {u"Wires.In$"_s, u"OptionSensWires2In"_s},
-                                                {u"Wires.Out$"_s, u"OptionSensWires3Out"_s},
-                                                {u"LoopPWR"_s, u"OptionCalLoopPWROut24VDC"_s}}) {
-                    if (name.contains(QRegularExpression(group)))
-                        return on;
-                }
-                return QString();
-            }();
+            const auto wasOn = onBeside(name);
             show(*body, name, u"on"_s);
             EXPECT_NE(sum(), before);
             show(*body, wasOn, u"on"_s);
@@ -201,8 +118,8 @@ TEST_F(CalParamSum, DoesNotSeeTheOrderOfMessages) {
 
 TEST_F(CalParamSum, DoesNotSeeValuesThatChangePlaces) {
     const double before = sum();
-    show(*body, u"TextFSPos"_s, u"<f->"_s);
-    show(*body, u"TextFSNeg"_s, u"<f+>"_s);
+    show(*body, u"TextFSPos"_s, u"<neg_fs_range_pct>"_s);
+    show(*body, u"TextFSNeg"_s, u"<pos_fs_range_pct>"_s);
     EXPECT_EQ(sum(), before);
 }
 
@@ -212,7 +129,7 @@ TEST_F(CalParamSum, SeesHiddenControlsAndNotWhatIsShown) {
     c.SSTabTorqueOut->show();
     c.SSTabTorqueOut->setTabEnabled(1, false);
     EXPECT_EQ(sum(), before);
-    show(*body, u"TextPTPAmplitudeOut"_s, u"<po>!"_s);
+    show(*body, u"TextPTPAmplitudeOut"_s, u"<freq_ptpamp_out>!"_s);
     EXPECT_NE(sum(), before);
 }
 

@@ -144,8 +144,9 @@ TEST_F(FormCalParamTest, ShowsWhatIsStored) {
 }
 
 TEST_F(FormCalParamTest, AnInstrumentWithoutParametersStartsFromTheDefaults) {
+    const CalParamFields fields;
     CalParamControls start;
-    const std::unique_ptr<QWidget> untouched(makeCalParamPages(start));
+    const std::unique_ptr<QWidget> untouched(makeCalParamPages(start, fields));
     open(u"PT-2"_s);
     EXPECT_EQ(allShown(form()), allShown(*untouched));
     EXPECT_TRUE(shownSubTabs().isEmpty());

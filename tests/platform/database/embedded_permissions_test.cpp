@@ -72,6 +72,7 @@ const Refusal refusals[] = {
     {u"select * from mt.pragma_table_info('a')"_s, TextId::tableNotAllowed, u"mt.pragma_table_info"_s},
     {u"select * from json_each('[1]')"_s, TextId::tableNotAllowed, u"json_each"_s},
     {u"select name from dbstat"_s, TextId::tableNotAllowed, u"dbstat"_s},
+    {u"delete from kelvane_upgrades"_s, TextId::tableNotAllowed, u"kelvane_upgrades"_s},
     // kinds of statements
     {u"attach 'x.db' as x"_s, TextId::statementNotAllowed, u"attach"_s},
     {u"ATTACH DATABASE 'x.db' AS x"_s, TextId::statementNotAllowed, u"ATTACH"_s},

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "resources/text_id.h"
+
+#include <QStringView>
+
+namespace kelvane {
+
+/// By what a calibrator is known.
+struct CalibratorIdentity {
+    /// What it is called where that is stored or compared: in the settings, and between screens and drivers.
+    QStringView name;
+    /// What a user reads.
+    TextId caption;
+    /// Who has read a journal's entry.
+    QStringView journalWord;
+};
+
+} // namespace kelvane

@@ -1,0 +1,175 @@
+#include "drivers/fluke_run.h"
+
+#include "data/assets/assets.h"
+#include "data/assets/in_use.h"
+#include "data/records/field_dictionary.h"
+#include "data/tolerances/tolerances.h"
+#include "drivers/judge_again.h"
+#include "drivers/new_record.h"
+#include "platform/error.h"
+#include "platform/values/numbers.h"
+#include "platform/values/texts.h"
+#include "resources/strings.h"
+
+#include <QJsonArray>
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int lastYear = 9999;
+
+/// Every 32-bit number, infinite ones and those that are none included.
+QString written(float value) {
+    return QString::number(double{value}, 'g', QLocale::FloatingPointShortest);
+}
+
+/// For the operator: as short as it can be.
+QString shown(float value) {
+    return std::isfinite(value) ? plainText(value) : written(value);
+}
+
+float readFloat(const QJsonValue& value) {
+    return static_cast<float>(value.toString().toDouble());
+}
+
+/// A first run that passes is also the last; one that fails waits for its as-left run.
+QString roundOf(const RunResults& run, bool passed) {
+    if (run.kind != firstRun)
+        return u"AS-LEFT"_s;
+    return run.comesAgain || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
+}
+
+} // namespace
+
+Moment momentOfRun(int year, int month, int day, const QTime& time) {
+    const int whole = year < 100 ? fullYear(year) : year;
+    const QDate date(whole, month, day);
+    if (whole > lastYear || !date.isValid() || !time.isValid())
+        throw makeError(ErrorNumber::typeMismatch);
+    return {date, time};
+}
+
+void setMoment(RunResults& run, const Moment& moment) {
+    run.date = formatMoment(moment, ModuleGlobals::statementForm.date);
+    run.time = formatMoment(moment, ModuleGlobals::statementForm.time);
+}
+
+QJsonObject toJson(const RunResults& run) {
+    QJsonArray entries;
+    for (const auto& entry : run.entries)
+        entries << QJsonArray{written(entry.applied), written(entry.reading), written(entry.calibratorError)};
+    return {{"kind"_L1, run.kind},
+            {"date"_L1, run.date},
+            {"time"_L1, run.time},
+            {"tag"_L1, run.tag.tag},
+            {"serial"_L1, run.tag.serial},
+            {"technician"_L1, run.tag.technician},
+            {"comesAgain"_L1, run.comesAgain},
+            {"pressureModule"_L1, run.pressureModule},
+            {"inUseTech"_L1, run.inUseTech},
+            {"entries"_L1, entries}};
+}
+
+RunResults runOf(const QJsonObject& json) {
+    RunResults run;
+    run.kind = static_cast<qint16>(json["kind"_L1].toInt());
+    run.date = json["date"_L1].toString();
+    run.time = json["time"_L1].toString();
+    run.tag = {json["tag"_L1].toString(), json["serial"_L1].toString(), json["technician"_L1].toString()};
+    run.comesAgain = json["comesAgain"_L1].toBool();
+    run.pressureModule = json["pressureModule"_L1].toString();
+    run.inUseTech = json["inUseTech"_L1].toString();
+    const auto entries = json["entries"_L1].toArray();
+    for (const auto& entry : entries)
+        run.entries << RunEntry{readFloat(entry[1]), readFloat(entry[0]), readFloat(entry[2])};
+    return run;
+}
+
+QStringList readingsOf(const RunResults& run) {
+    QStringList readings;
+    for (const auto& entry : run.entries)
+        readings << text(TextId::appliedAndRead)
+                        .arg(QString::number(readings.size() + 1), shown(entry.applied),
+                             shown(entry.reading));
+    return readings;
+}
+
+JournalEntry entryOf(const CalibratorIdentity& calibrator, const QString& serial, const QString& asset,
+                     const QString& mtag, const RunResults& run) {
+    return {.driver = calibrator.journalWord.toString(),
+            .calibrator = text(calibrator.caption),
+            .serial = serial,
+            .asset = asset,
+            .mtag = mtag,
+            .date = run.date,
+            .time = run.time,
+            .raw = toJson(run),
+            .readings = readingsOf(run)};
+}
+
+void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
+           ReadingOf readingOf) {
+    for (int i = 0; i < entries.size(); ++i) {
+        const auto reading = readingOf(instrument, entries[i]);
+        judgement.take(i, reading.applied, reading.reading, reading.calibratorError);
+    }
+}
+
+void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const QString& serial) {
+    // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
+    const bool isUnnamed = lowerCased(run.tag.technician) == upperCased(serial);
+    fillFields(
+        session, instrument, counts,
+        {run.date, run.time, roundOf(run, counts.passed()), isUnnamed ? run.inUseTech : run.tag.technician});
+}
+
+RunStandards::RunStandards(Session& session, const QString& calibratorSerial) : session_(session) {
+    session.RecordStandards.erase();
+    session.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
+}
+
+void RunStandards::addModule(const QString& serial) {
+    if (!serial.isEmpty())
+        session_.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session_, serial);
+}
+
+int RunStandards::addInUse(const QString& asset) {
+    return takeStandardsInUse(session_, asset, row_);
+}
+
+RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement) {
+    using End = RecordOutcome::End;
+    auto outcome = work.finish();
+    if (outcome.end == End::made || outcome.end == End::unfinished)
+        judgement->tellDisagreements(work.entry.asset);
+    return outcome;
+}
+
+QString judgeRunAgain(Session& session, const JournalEntry& entry, RunResults run, ReadingOf readingOf) {
+    run.date = entry.date;
+    run.time = entry.time;
+    const auto [instrument, points] = beginJudgingAgain(session, entry.asset);
+    if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
+        return reason;
+    RunJudgement judgement(session, instrument,
+                           ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
+    judge(judgement, instrument, run.entries, readingOf);
+    if (!entry.prepared) {
+        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, instrument.mtag).tech;
+        RunStandards standards(session, entry.serial);
+        standards.addModule(run.pressureModule);
+        standards.addInUse(entry.asset);
+    }
+    fillFields(session, instrument, judgement.counts(), run, entry.serial);
+    takeStandardsOf(session, entry);
+    return {};
+}
+
+} // namespace kelvane

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "data/journal/journal.h"
+#include "drivers/calibrator_identity.h"
+#include "drivers/fluke_judgement.h"
+#include "drivers/instrument_work.h"
+#include "platform/values/moments.h"
+
+#include <QJsonObject>
+#include <QStringList>
+
+namespace kelvane {
+
+/// The kinds of runs of which records are made: the first one of an instrument, which an as-left run may
+/// follow, and that as-left run.
+inline constexpr qint16 firstRun = 1;
+inline constexpr qint16 asLeftRun = 2;
+
+/// What was calibrated, and by whom; cleaned.
+struct RunTag {
+    QString tag;
+    QString serial;
+    QString technician;
+};
+
+/// One reading: `applied` to the instrument's input, `reading` at its output, and the error that the
+/// calibrator found, all as the link library gives them.
+struct RunEntry {
+    float reading = 0;
+    float applied = 0;
+    float calibratorError = 0;
+};
+
+/// A run of a task on a Fluke calibrator as it was read, with all that its record is made of besides the
+/// instrument's parameters.
+struct RunResults {
+    qint16 kind = 0;
+    /// "YYYY-MM-DD" and "HH:NN:SS"; empty for a moment that does not exist.
+    QString date = {};
+    QString time = {};
+    RunTag tag = {};
+    /// A later run of the same instrument lies on the calibrator.
+    bool comesAgain = false;
+    /// The serial number of the pressure module; empty without one.
+    QString pressureModule = {};
+    /// Who has downloaded the instrument.
+    QString inUseTech = {};
+    QList<RunEntry> entries = {};
+};
+
+/// When a run was stored; a year below 100 has two digits. Error 13 for a date or a time that does not exist.
+Moment momentOfRun(int year, int month, int day, const QTime& time);
+/// Puts the moment into the run, as statements have it.
+void setMoment(RunResults& run, const Moment& moment);
+
+/// The form in which a run stands in the journal.
+QJsonObject toJson(const RunResults& run);
+RunResults runOf(const QJsonObject& json);
+/// Its readings for the operator, a line each.
+QStringList readingsOf(const RunResults& run);
+/// The journal's entry of a run. `serial` is the calibrator's serial number.
+JournalEntry entryOf(const CalibratorIdentity& calibrator, const QString& serial, const QString& asset,
+                     const QString& mtag, const RunResults& run);
+
+/// What was applied and read in the instrument's own units, and the calibrator's error in percent of span.
+struct RunReading {
+    double applied;
+    double reading;
+    double calibratorError;
+};
+/// The reading of an entry. Error 6 for a value that becomes too large.
+using ReadingOf = RunReading (*)(const CalParamRecord& instrument, const RunEntry& entry);
+
+/// Judges all readings; the lines go into the results of the new record. Error 6 for a reading that is no
+/// number.
+void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
+           ReadingOf readingOf);
+
+/// Puts what the run says into the fields of the new record. `serial` is the calibrator's serial number.
+void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const QString& serial);
+
+/// Puts the standards of a run into the list of the new record: the calibrator, its pressure modules, and
+/// what is in use with the instrument. A module that the inventory doesn't know leaves its row empty, which
+/// ends the list.
+class RunStandards {
+  public:
+    RunStandards(Session& session, const QString& calibratorSerial);
+    /// Without a serial number there is no module.
+    void addModule(const QString& serial);
+    /// Gives the number of standards in use.
+    int addInUse(const QString& asset);
+
+  private:
+    Session& session_;
+    int row_ = 0;
+};
+
+/// Has the record of a prepared run made, and tells the operator where workstation and calibrator have
+/// disagreed. An unprepared run needs no judgement.
+RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement);
+
+/// Judges a run out of the journal again by the instrument's present parameters: lines, fields and standards
+/// stand in the session's lists then. The entry's own date and time count. Empty, or the reason why it can't
+/// be judged.
+QString judgeRunAgain(Session& session, const JournalEntry& entry, RunResults run, ReadingOf readingOf);
+
+} // namespace kelvane

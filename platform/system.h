@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QFile;
+
+namespace kelvane {
+
+// What each operating system does in its own way. Only these routines' sources, one for each system, use its
+// headers and libraries.
+
+/// Device and number of a file: together they are it, whatever it is called.
+struct FileIdentity {
+    quint64 device = 0;
+    quint64 number = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+/// The identity of the file at a path as the system takes it; nothing when there is none. Where a file that
+/// is open can't be removed, every path has the same one.
+std::optional<FileIdentity> identify(const QByteArray& path);
+
+/// Returns when what was written to the file is on the disk; false when that failed.
+bool flushToDisk(QFile& file);
+/// The same for the names in a folder: a new file's name would otherwise not survive a power failure.
+void flushFolder(const QString& path);
+
+/// Waits until a serial port, by its handle, has sent everything. Does nothing where closing waits for that.
+void drainSerialPort(qintptr handle);
+
+/// The hash of a phrase under a setting ("$y$j9T$..."), the setting in front. Empty when it is none, and
+/// where there is no library that computes it.
+QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting);
+
+} // namespace kelvane

@@ -1,0 +1,45 @@
+#include "platform/system.h"
+
+#include <QFile>
+
+#include <memory>
+
+#include <crypt.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace kelvane {
+
+std::optional<FileIdentity> identify(const QByteArray& path) {
+    struct stat found {};
+    if (::stat(path.constData(), &found) != 0)
+        return {};
+    return FileIdentity{found.st_dev, found.st_ino};
+}
+
+bool flushToDisk(QFile& file) {
+    return file.flush() && ::fsync(file.handle()) == 0;
+}
+
+void flushFolder(const QString& path) {
+    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    ::fsync(folder);
+    ::close(folder);
+}
+
+void drainSerialPort(qintptr handle) {
+    ::tcdrain(static_cast<int>(handle));
+}
+
+QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting) {
+    auto work = std::make_unique<crypt_data>(); // 32 KB, too large for comfort on the stack
+    const QByteArray hash = crypt_r(phrase.constData(), setting.constData(), work.get());
+    // A failure is told by a text that begins with "*", which no hash does.
+    return hash.startsWith('*') ? QByteArray() : hash;
+}
+
+} // namespace kelvane

@@ -1,0 +1,71 @@
+#include "drivers/fluke_run.h"
+
+#include "testkit/fixtures.h"
+
+#include <QJsonDocument>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+TEST(RunResults, ComeBackFromTheJournalToTheBit) {
+    RunResults run{.kind = 2,
+                   .date = u"2026-03-18"_s,
+                   .time = u"08:15:30"_s,
+                   .tag = {u"PT-101"_s, u"V88101"_s, u"Joe \"Ω\" Doe"_s},
+                   .comesAgain = true,
+                   .pressureModule = u"71204"_s,
+                   .inUseTech = u"asmith"_s};
+    const float values[] = {0,        -0.0F,  0.1F, 1.0F / 3,  3.4E38F,      1.4E-45F, std::nanf(""),
+                            INFINITY, -1E-7F, 100,  -INFINITY, 0.0123456789F};
+    for (const float value : values)
+        run.entries << RunEntry{value, -value, value / 3};
+    const auto line = QJsonDocument(toJson(run)).toJson(QJsonDocument::Compact);
+    const auto back = runOf(QJsonDocument::fromJson(line).object());
+    EXPECT_EQ(back.kind, run.kind);
+    EXPECT_EQ(back.date + back.time, run.date + run.time);
+    EXPECT_EQ(back.tag.tag + back.tag.serial + back.tag.technician,
+              run.tag.tag + run.tag.serial + run.tag.technician);
+    EXPECT_TRUE(back.comesAgain);
+    EXPECT_EQ(back.pressureModule + back.inUseTech, run.pressureModule + run.inUseTech);
+    ASSERT_EQ(back.entries.size(), run.entries.size());
+    const auto same = [](float left, float right) {
+        return left == right || (std::isnan(left) && std::isnan(right));
+    };
+    for (qsizetype i = 0; i < run.entries.size(); ++i) {
+        EXPECT_TRUE(same(run.entries[i].reading, back.entries[i].reading)) << i;
+        EXPECT_TRUE(same(run.entries[i].applied, back.entries[i].applied)) << i;
+        EXPECT_TRUE(same(run.entries[i].calibratorError, back.entries[i].calibratorError)) << i;
+    }
+}
+
+TEST(RunResults, AreShownToTheOperatorAPointALine) {
+    RunResults run;
+    EXPECT_EQ(readingsOf(run), QStringList());
+    run.entries = {{0.004F, 0, 0}, {0.012F, 50, 0}};
+    EXPECT_EQ(readingsOf(run), (QStringList{u"1: applied 0, read 0.004 (in the calibrator's units)"_s,
+                                            u"2: applied 50, read 0.012 (in the calibrator's units)"_s}));
+}
+
+class RunFields : public RecordedSession {
+  protected:
+    QString roundOf(qint16 kind, bool comesAgain, int failures) {
+        session.CalFieldTable[0] = {};
+        session.CalFieldTable[0].column = u"C2308"_s;
+        fillFields(session, {}, PointCounts{failures, 0}, {.kind = kind, .comesAgain = comesAgain},
+                   u"6841207"_s);
+        return session.CalFieldTable[0].value;
+    }
+};
+
+TEST_F(RunFields, TheRoundFollowsFromKindVerdictAndLaterRuns) {
+    EXPECT_EQ(roundOf(2, false, 0), u"AS-LEFT"_s);
+    EXPECT_EQ(roundOf(2, true, 1), u"AS-LEFT"_s);
+    EXPECT_EQ(roundOf(1, true, 0), u"AS-FOUND"_s);
+    EXPECT_EQ(roundOf(1, false, 1), u"AS-FOUND"_s);
+    EXPECT_EQ(roundOf(1, false, 0), u"FOUND-LEFT"_s);
+}
+
+} // namespace kelvane::testing

@@ -1,0 +1,99 @@
+#include "workflow/calibrators.h"
+
+#include "data/custom_dialog.h"
+#include "platform/error_report.h"
+#include "resources/strings.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+using namespace Module702Interface;
+using namespace ModuleTSInterface;
+
+namespace {
+
+/// An operation of a driver, called with that driver's own state.
+template <auto state, auto operation>
+constexpr auto call = [](Calibrators& calibrators, const auto&... arguments) {
+    return operation(calibrators.*state, arguments...);
+};
+
+/// The operations of a calibrator whose driver is still to come.
+template <class... Arguments>
+QString notInVersion(Arguments...) {
+    return text(TextId::driverNotInVersion);
+}
+
+constexpr Calibrator calibrators[] = {
+    {.identity = ModuleTSInterface::identity,
+     .hasLineFormat = true,
+     .listEnd = 48,
+     .standardNeedsParameters = true,
+     .acceptable = call<&Calibrators::torqueStar, TorqueStar_acceptable>,
+     .requiresStandard = call<&Calibrators::torqueStar, TorqueStar_requires_standard>,
+     .download = call<&Calibrators::torqueStar, TorqueStar_download>,
+     .upload = call<&Calibrators::torqueStar, TorqueStar_upload>,
+     .judgeAgain = TorqueStar_judge_again},
+    {.identity = Module702Interface::identity,
+     .acceptable = call<&Calibrators::fluke702, Fluke702_acceptable>,
+     .requiresStandard = call<&Calibrators::fluke702, Fluke702_requires_standard>,
+     .download = call<&Calibrators::fluke702, Fluke702_download>,
+     .upload = call<&Calibrators::fluke702, Fluke702_upload>,
+     .judgeAgain = Fluke702_judge_again},
+    {.identity = {u"Fluke 743/744", TextId::calibratorFluke74x, u"fluke74x"},
+     .acceptable = notInVersion,
+     .download = notInVersion,
+     .upload = notInVersion,
+     .judgeAgain = notInVersion},
+};
+
+constexpr Calibrator noCalibrator{};
+
+const Calibrator* find(QStringView name) {
+    const auto* found = std::ranges::find(
+        calibrators, name, [](const Calibrator& calibrator) { return calibrator.identity.name; });
+    return found == std::end(calibrators) ? nullptr : found;
+}
+
+} // namespace
+
+std::span<const Calibrator> allCalibrators() {
+    return calibrators;
+}
+
+const Calibrator& calibratorNamed(const QString& name) {
+    const auto* found = find(name);
+    return found ? *found : noCalibrator;
+}
+
+QString calibratorCaption(const QString& name) {
+    const auto* found = find(name);
+    return found ? text(found->identity.caption) : name;
+}
+
+QString chooseCalibrator(Session& session, const QString& title, const QString& remembered) {
+    session.SharedValueList.erase();
+    int row = 1;
+    for (const auto& calibrator : calibrators)
+        session.SharedValueList[row++] = text(calibrator.identity.caption);
+    const auto proposed = ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered);
+    const auto answer = ModuleGlobals::CustomDialog(session, title, text(TextId::selectCalibratorToUse), true,
+                                                    1, 30, 0, calibratorCaption(proposed));
+    if (answer == cancelled)
+        return {};
+    const auto* chosen = std::ranges::find(
+        calibrators, answer, [](const Calibrator& calibrator) { return text(calibrator.identity.caption); });
+    return chosen == std::end(calibrators) ? answer : chosen->identity.name.toString();
+}
+
+QString judgeAgain(Session& session, JournalEntry& entry) {
+    const auto* found = std::ranges::find_if(calibrators, [&](const Calibrator& calibrator) {
+        return calibrator.identity.journalWord == entry.driver;
+    });
+    return found == std::end(calibrators) ? notInVersion<>() : found->judgeAgain(session, entry);
+}
+
+} // namespace kelvane
