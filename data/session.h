@@ -32,24 +32,6 @@ struct PromptEntry {
     QString prompt_type;
 };
 
-/// A row of the calibration record that is being made. A row with an empty `column` ends the table.
-struct CalField {
-    QString column;
-    QString title;
-    /// "Y", "N", or empty when the dictionary says nothing.
-    QString required;
-    bool has_list = false;
-    QString default_text;
-    /// 0 text, 1 date, 2 number, 3 time.
-    qint16 field_type = 0;
-    QString copy_from;
-    QString copy_to;
-    qint16 max_length = 0;
-    QString tooltip;
-    bool on_worksheet = false;
-    QString value;
-};
-
 /// The session values and the module-level lists: one set for the whole program, handed to every routine.
 /// Values stay after log out and are overwritten by the next login; the lists hold only the last answer.
 struct Session : Workstation {
@@ -90,11 +72,6 @@ struct Session : Workstation {
     FixedList<PromptEntry, 250> PromptList;
     /// Asset numbers of the standards in use with an instrument.
     FixedList<QString, 50> StandardsInUse;
-    /// Asset numbers of the standards of a new record; the first empty entry ends it.
-    FixedList<QString, 100> RecordStandards;
-    /// Result lines of a new record; the first empty entry ends it.
-    FixedList<QString, 2000> RecordResults;
-    FixedList<CalField, 100> CalFieldTable;
     /// The choices of the one-field dialog, from 1; the first empty entry ends it.
     FixedList<QString, 2500, 1> SharedValueList;
 };

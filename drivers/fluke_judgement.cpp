@@ -51,7 +51,7 @@ void RunJudgement::closePoint(int entry) {
     const double applied = divided(appliedSum_, repetitions);
     const double reading = divided(readingSum_, repetitions);
     const int point = (entry + 1) / instrument_.repetitions;
-    takePoint(session_, counts_, judged(session_, instrument_, applied, reading, point), point);
+    takePoint(record_, counts_, judged(session_, instrument_, applied, reading, point), point);
     taken_ = 0;
     appliedSum_ = 0;
     readingSum_ = 0;

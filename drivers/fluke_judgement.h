@@ -10,9 +10,10 @@ namespace kelvane {
 /// told.
 class RunJudgement {
   public:
-    /// `tolerance` is the one that the calibrator knows, in percent of span.
-    RunJudgement(Session& session, const CalParamRecord& instrument, double tolerance)
-        : session_(session), instrument_(instrument), tolerance_(tolerance) {}
+    /// The lines of the points go into `record`. `tolerance` is the one that the calibrator knows, in percent
+    /// of span.
+    RunJudgement(Session& session, CalRecord& record, const CalParamRecord& instrument, double tolerance)
+        : session_(session), record_(record), instrument_(instrument), tolerance_(tolerance) {}
 
     /// Takes the reading of the next entry, whose index counts from 0: what was applied and what was read, in
     /// the instrument's units, and the calibrator's error in percent of span. Error 6 for values that are no
@@ -29,6 +30,7 @@ class RunJudgement {
     void closePoint(int entry);
 
     Session& session_;
+    CalRecord& record_;
     const CalParamRecord& instrument_;
     double tolerance_;
     PointCounts counts_;

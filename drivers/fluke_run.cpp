@@ -121,27 +121,28 @@ void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QLis
     }
 }
 
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const RunResults& run, const QString& serial) {
     // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
     const bool isUnnamed = lowerCased(run.tag.technician) == upperCased(serial);
     fillFields(
-        session, instrument, counts,
+        record, instrument, counts,
         {run.date, run.time, roundOf(run, counts.passed()), isUnnamed ? run.inUseTech : run.tag.technician});
 }
 
-RunStandards::RunStandards(Session& session, const QString& calibratorSerial) : session_(session) {
-    session.RecordStandards.erase();
-    session.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
+RunStandards::RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial)
+    : session_(session), record_(record) {
+    record.RecordStandards.erase();
+    record.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
 }
 
 void RunStandards::addModule(const QString& serial) {
     if (!serial.isEmpty())
-        session_.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session_, serial);
+        record_.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session_, serial);
 }
 
 int RunStandards::addInUse(const QString& asset) {
-    return takeStandardsInUse(session_, asset, row_);
+    return takeStandardsInUse(session_, record_, asset, row_);
 }
 
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement) {
@@ -152,23 +153,24 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
     return outcome;
 }
 
-QString judgeRunAgain(Session& session, const JournalEntry& entry, RunResults run, ReadingOf readingOf) {
+QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
+                      ReadingOf readingOf) {
     run.date = entry.date;
     run.time = entry.time;
-    const auto [instrument, points] = beginJudgingAgain(session, entry.asset);
+    const auto [instrument, points] = beginJudgingAgain(session, record, entry.asset);
     if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
         return reason;
-    RunJudgement judgement(session, instrument,
+    RunJudgement judgement(session, record, instrument,
                            ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
     judge(judgement, instrument, run.entries, readingOf);
     if (!entry.prepared) {
         run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, instrument.mtag).tech;
-        RunStandards standards(session, entry.serial);
+        RunStandards standards(session, record, entry.serial);
         standards.addModule(run.pressureModule);
         standards.addInUse(entry.asset);
     }
-    fillFields(session, instrument, judgement.counts(), run, entry.serial);
-    takeStandardsOf(session, entry);
+    fillFields(record, instrument, judgement.counts(), run, entry.serial);
+    takeStandardsOf(record, entry);
     return {};
 }
 

@@ -71,21 +71,21 @@ struct RunReading {
 /// The reading of an entry. Error 6 for a value that becomes too large.
 using ReadingOf = RunReading (*)(const CalParamRecord& instrument, const RunEntry& entry);
 
-/// Judges all readings; the lines go into the results of the new record. Error 6 for a reading that is no
+/// Judges all readings; the lines go into the results of the record. Error 6 for a reading that is no
 /// number.
 void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
            ReadingOf readingOf);
 
-/// Puts what the run says into the fields of the new record. `serial` is the calibrator's serial number.
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+/// Puts what the run says into the fields of the record. `serial` is the calibrator's serial number.
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const RunResults& run, const QString& serial);
 
-/// Puts the standards of a run into the list of the new record: the calibrator, its pressure modules, and
+/// Puts the standards of a run into its record: the calibrator, its pressure modules, and
 /// what is in use with the instrument. A module that the inventory doesn't know leaves its row empty, which
 /// ends the list.
 class RunStandards {
   public:
-    RunStandards(Session& session, const QString& calibratorSerial);
+    RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial);
     /// Without a serial number there is no module.
     void addModule(const QString& serial);
     /// Gives the number of standards in use.
@@ -93,6 +93,7 @@ class RunStandards {
 
   private:
     Session& session_;
+    CalRecord& record_;
     int row_ = 0;
 };
 
@@ -100,9 +101,9 @@ class RunStandards {
 /// disagreed. An unprepared run needs no judgement.
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement);
 
-/// Judges a run out of the journal again by the instrument's present parameters: lines, fields and standards
-/// stand in the session's lists then. The entry's own date and time count. Empty, or the reason why it can't
-/// be judged.
-QString judgeRunAgain(Session& session, const JournalEntry& entry, RunResults run, ReadingOf readingOf);
+/// Judges a run out of the journal again by the instrument's present parameters, into `record`. The entry's
+/// own date and time count. Empty, or the reason why it can't be judged.
+QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
+                      ReadingOf readingOf);
 
 } // namespace kelvane

@@ -14,9 +14,9 @@ namespace kelvane {
 namespace {
 
 /// The value of a column of the new record; nothing when the site's dictionary does not have it.
-std::optional<QString> fieldValue(const Session& session, QStringView column) {
-    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
-        const auto& field = session.CalFieldTable[row];
+std::optional<QString> fieldValue(const CalRecord& record, QStringView column) {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
+        const auto& field = record.CalFieldTable[row];
         if (field.column.compare(column, Qt::CaseInsensitive) == 0)
             return field.value;
     }
@@ -25,9 +25,9 @@ std::optional<QString> fieldValue(const Session& session, QStringView column) {
 
 /// The operator may have given another date or time than the calibrator: under these the record is found
 /// again.
-void noteDate(Session& session, const JournalEntry& entry) {
-    const auto date = fieldValue(session, u"C2301").value_or(entry.date);
-    const auto time = fieldValue(session, u"C2333").value_or(entry.time);
+void noteDate(Session& session, const JournalEntry& entry, const CalRecord& record) {
+    const auto date = fieldValue(record, u"C2301").value_or(entry.date);
+    const auto time = fieldValue(record, u"C2333").value_or(entry.time);
     if (date != entry.date || time != entry.time)
         Journal(session).setDate(entry.id, date, time);
 }
@@ -48,13 +48,10 @@ bool sameResults(const JournalEntry& left, const JournalEntry& right) {
 } // namespace
 
 InstrumentWork::InstrumentWork(Session& session, QString routine)
-    : session_(session), routine_(std::move(routine)), preparation_(session) {
-    session.RecordStandards.erase();
-    session.RecordResults.erase();
-}
+    : session_(session), routine_(std::move(routine)), preparation_(session) {}
 
 RecordOutcome InstrumentWork::finish() {
-    takeRecordLists(session_, entry);
+    copyRecord(record, entry);
     entry.prepared = isPrepared();
     entry.why = text(entry.prepared ? TextId::resultsInterrupted : TextId::recordNotBegun);
     if (!entry.prepared) { // then these are worth nothing; the raw readings are
@@ -72,17 +69,17 @@ RecordOutcome InstrumentWork::finish() {
         return {RecordOutcome::End::unprepared, text(TextId::connectionLostAdvice)};
     if (!isPrepared())
         return {};
-    return record();
+    return makeRecord();
 }
 
 bool InstrumentWork::hasLostConnection() const {
     return preparation_.sawReport() && kelvane::hasLostConnection(session_);
 }
 
-RecordOutcome InstrumentWork::record() {
+RecordOutcome InstrumentWork::makeRecord() {
     using End = RecordOutcome::End;
     const ReportWatch making(session_);
-    const auto created = createRecord(session_, entry);
+    const auto created = createRecord(session_, entry, record);
     RecordOutcome outcome{End::made, {}};
     if (making.sawReport()) {
         outcome.end = created.isGivenUp ? End::unprepared : End::unfinished;
@@ -103,7 +100,7 @@ RecordOutcome InstrumentWork::record() {
     return outcome;
 }
 
-CreatedRecord createRecord(Session& session, const JournalEntry& entry) {
+CreatedRecord createRecord(Session& session, const JournalEntry& entry, CalRecord& record) {
     // What was asked of the database and not answered, as the key or the due date, must not become a part of
     // a record.
     const ReportWatch asking(session);
@@ -113,12 +110,12 @@ CreatedRecord createRecord(Session& session, const JournalEntry& entry) {
         return !created.isGivenUp;
     };
     created.refusal =
-        ModuleGlobals::CreateCalRecord(session, entry.asset, {.mayAsk = mayGoOn, .mayWrite = [&] {
-                                                                  if (!mayGoOn())
-                                                                      return false;
-                                                                  noteDate(session, entry);
-                                                                  return true;
-                                                              }});
+        ModuleGlobals::CreateCalRecord(session, record, entry.asset, {.mayAsk = mayGoOn, .mayWrite = [&] {
+                                                                          if (!mayGoOn())
+                                                                              return false;
+                                                                          noteDate(session, entry, record);
+                                                                          return true;
+                                                                      }});
     return created;
 }
 
@@ -141,12 +138,12 @@ bool changeJournal(Session& session, const std::function<void(Journal&)>& change
     });
 }
 
-void takeRecordLists(const Session& session, JournalEntry& entry) {
-    entry.lines = entriesOf(session.RecordResults);
-    entry.standards = entriesOf(session.RecordStandards);
+void copyRecord(const CalRecord& record, JournalEntry& entry) {
+    entry.lines = entriesOf(record.RecordResults);
+    entry.standards = entriesOf(record.RecordStandards);
     entry.fields.clear();
-    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
-        const auto& field = session.CalFieldTable[row];
+    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
+        const auto& field = record.CalFieldTable[row];
         entry.fields << std::pair(field.column, field.value);
     }
 }

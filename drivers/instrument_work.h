@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/journal/journal.h"
+#include "data/records/cal_record.h"
 #include "data/routine.h"
 
 #include <functional>
@@ -41,15 +42,16 @@ class InstrumentWork {
     /// False once an error has been reported.
     bool isPrepared() const { return !preparation_.sawReport(); }
 
-    /// Takes fields, lines and standards out of the session's lists, writes the entry into the journal and
-    /// has the record made. A refusal is shown in a box.
+    /// Writes the entry into the journal, with what stands in `record`, and has the record made. A refusal is
+    /// shown in a box.
     RecordOutcome finish();
 
     JournalEntry entry;
+    CalRecord record;
 
   private:
     bool hasLostConnection() const;
-    RecordOutcome record();
+    RecordOutcome makeRecord();
 
     Session& session_;
     QString routine_;
@@ -64,10 +66,9 @@ struct CreatedRecord {
     bool isGivenUp = false;
 };
 
-/// Has the record of an entry made, whose lines, fields and standards stand in the session's lists: the way
-/// of `CreateCalRecord`, given up when an error is reported before it writes. Before it writes, the journal
-/// learns the date that the operator has given.
-CreatedRecord createRecord(Session& session, const JournalEntry& entry);
+/// Has the record of an entry made, as `CreateCalRecord` does it, given up when an error is reported before
+/// it writes. Before it writes, the journal learns the date that the operator has given.
+CreatedRecord createRecord(Session& session, const JournalEntry& entry, CalRecord& record);
 
 /// Ends an entry of which there is a whole record, and the older ones of the same results.
 void endAsDone(Session& session, const JournalEntry& entry);
@@ -75,8 +76,8 @@ void endAsDone(Session& session, const JournalEntry& entry);
 /// Changes the journal. False after an error, which is reported.
 bool changeJournal(Session& session, const std::function<void(Journal&)>& change);
 
-/// Takes lines, fields and standards of the new record out of the session's lists.
-void takeRecordLists(const Session& session, JournalEntry& entry);
+/// Copies lines, fields and standards of a record into its entry.
+void copyRecord(const CalRecord& record, JournalEntry& entry);
 
 /// True when the database is out of reach, after a report that may have said so.
 bool hasLostConnection(const Session& session);

@@ -6,10 +6,10 @@
 
 namespace kelvane {
 
-JudgingAgain beginJudgingAgain(Session& session, const QString& asset) {
-    ModuleGlobals::SetCalDataFields(session, asset);
-    session.RecordResults.erase();
-    session.RecordStandards.erase();
+JudgingAgain beginJudgingAgain(Session& session, CalRecord& record, const QString& asset) {
+    ModuleGlobals::SetCalDataFields(session, record, asset);
+    record.RecordResults.erase();
+    record.RecordStandards.erase();
     JudgingAgain judging;
     judging.instrument = ModuleGlobals::GetCalParams(session, asset);
     judging.points = ModuleGlobals::GetTestPointList(session, asset);
@@ -22,13 +22,13 @@ QString countMismatch(const QString& asset, qsizetype readings, int points) {
     return text(TextId::readingCountMismatch).arg(asset, QString::number(readings), QString::number(points));
 }
 
-void takeStandardsOf(Session& session, const JournalEntry& entry) {
+void takeStandardsOf(CalRecord& record, const JournalEntry& entry) {
     auto standards = entry.standards;
     if (!entry.prepared)
-        standards += entriesOf(session.RecordStandards);
-    session.RecordStandards.erase();
+        standards += entriesOf(record.RecordStandards);
+    record.RecordStandards.erase();
     for (int row = 0; row < standards.size(); ++row)
-        session.RecordStandards[row] = standards[row];
+        record.RecordStandards[row] = standards[row];
 }
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "data/journal/journal.h"
 #include "data/parameters/cal_params.h"
+#include "data/records/cal_record.h"
 
 namespace kelvane {
 
@@ -11,13 +12,13 @@ struct JudgingAgain {
     CalParamRecord instrument = {};
     int points = 0;
 };
-JudgingAgain beginJudgingAgain(Session& session, const QString& asset);
+JudgingAgain beginJudgingAgain(Session& session, CalRecord& record, const QString& asset);
 
 /// Empty when there is a reading for each point; otherwise why they can't be judged.
 QString countMismatch(const QString& asset, qsizetype readings, int points);
 
-/// Puts the standards of an entry into the list of the new record: those that were found then, and behind
-/// them what stands in the list now, which counts for an entry whose preparation failed alone.
-void takeStandardsOf(Session& session, const JournalEntry& entry);
+/// Puts the standards of an entry into the new record: those that were found then, and behind them what
+/// stands in the record now, which counts for an entry whose preparation failed alone.
+void takeStandardsOf(CalRecord& record, const JournalEntry& entry);
 
 } // namespace kelvane

@@ -15,12 +15,12 @@ ErrorResult judged(Session& session, const CalParamRecord& instrument, double ap
         instrument.neg_lsd_counts, instrument.neg_units, instrument.resolution, static_cast<qint16>(point));
 }
 
-void takePoint(Session& session, PointCounts& counts, const ErrorResult& result, int point) {
+void takePoint(CalRecord& record, PointCounts& counts, const ErrorResult& result, int point) {
     if (result.verdict == u"FAIL")
         ++counts.failures;
     if (result.advice == u"MARGINAL")
         ++counts.marginals;
-    session.RecordResults[point - 1] = result.result_line;
+    record.RecordResults[point - 1] = result.result_line;
 }
 
 } // namespace kelvane

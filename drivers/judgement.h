@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/parameters/cal_params.h"
+#include "data/records/cal_record.h"
 #include "data/tolerances/tolerances.h"
 
 namespace kelvane {
@@ -20,6 +21,6 @@ struct PointCounts {
 
 /// Counts a judged point and stores its line among the results of the new record. Error 9 when the results
 /// are full.
-void takePoint(Session& session, PointCounts& counts, const ErrorResult& result, int point);
+void takePoint(CalRecord& record, PointCounts& counts, const ErrorResult& result, int point);
 
 } // namespace kelvane

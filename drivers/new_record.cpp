@@ -10,10 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-void fillFields(Session& session, std::span<const FieldValue> values) {
-    const int rows = ModuleGlobals::calFieldCount(session);
+void fillFields(CalRecord& record, std::span<const FieldValue> values) {
+    const int rows = ModuleGlobals::calFieldCount(record);
     for (int row = 0; row < rows; ++row) {
-        auto& field = session.CalFieldTable[row];
+        auto& field = record.CalFieldTable[row];
         for (const auto& found : values) {
             if (found.value && field.column.compare(found.column, Qt::CaseInsensitive) == 0)
                 field.value = *found.value;
@@ -21,7 +21,7 @@ void fillFields(Session& session, std::span<const FieldValue> values) {
     }
 }
 
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const CalibrationValues& values) {
     const FieldValue found[] = {
         {u"C2301", values.date},
@@ -33,7 +33,7 @@ void fillFields(Session& session, const CalParamRecord& instrument, const PointC
         {u"C2308", values.round},
         {u"C2307", values.technician},
     };
-    fillFields(session, found);
+    fillFields(record, found);
 }
 
 int standardsInUse(Session& session, const QString& asset) {
@@ -45,10 +45,10 @@ int standardsInUse(Session& session, const QString& asset) {
     return count;
 }
 
-int takeStandardsInUse(Session& session, const QString& asset, int row) {
+int takeStandardsInUse(Session& session, CalRecord& record, const QString& asset, int row) {
     const int count = standardsInUse(session, asset);
     for (int i = 0; i < count; ++i)
-        session.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
+        record.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
     return count;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/records/cal_record.h"
 #include "drivers/judgement.h"
 
 #include <optional>
@@ -14,7 +15,7 @@ struct FieldValue {
 };
 
 /// Puts the values into the rows of `CalFieldTable` that the site's dictionary has for their columns.
-void fillFields(Session& session, std::span<const FieldValue> values);
+void fillFields(CalRecord& record, std::span<const FieldValue> values);
 
 /// What every upload says of a calibration, besides its points.
 struct CalibrationValues {
@@ -26,16 +27,16 @@ struct CalibrationValues {
     QString technician;
 };
 
-/// Puts these, the verdict and the counts of the points into the fields of the new record.
-void fillFields(Session& session, const CalParamRecord& instrument, const PointCounts& counts,
+/// Puts these, the verdict and the counts of the points into the fields of the record.
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const CalibrationValues& values);
 
 /// Reads the standards in use with the instrument into `StandardsInUse`; gives their number. More than the
 /// list takes are reported and count as none, and that one report spoils no preparation.
 int standardsInUse(Session& session, const QString& asset);
 
-/// Puts the standards in use with the instrument into the list of the new record, from `row` on; gives their
+/// Puts the standards in use with the instrument into the record, from `row` on; gives their
 /// number.
-int takeStandardsInUse(Session& session, const QString& asset, int row);
+int takeStandardsInUse(Session& session, CalRecord& record, const QString& asset, int row);
 
 } // namespace kelvane

@@ -89,11 +89,11 @@ QString chooseCalibrator(Session& session, const QString& title, const QString& 
     return chosen == std::end(calibrators) ? answer : chosen->identity.name.toString();
 }
 
-QString judgeAgain(Session& session, JournalEntry& entry) {
+QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     const auto* found = std::ranges::find_if(calibrators, [&](const Calibrator& calibrator) {
         return calibrator.identity.journalWord == entry.driver;
     });
-    return found == std::end(calibrators) ? notInVersion<>() : found->judgeAgain(session, entry);
+    return found == std::end(calibrators) ? notInVersion<>() : found->judgeAgain(session, entry, record);
 }
 
 } // namespace kelvane

@@ -41,10 +41,9 @@ struct Calibrator {
     };
     /// Empty on success, else the failure.
     QString (*upload)(Calibrators&) = [](Calibrators&) { return QString(); };
-    /// Judges an entry of the journal again by the instrument's present parameters: lines, fields and
-    /// standards of its record stand in the session's lists then. Empty, or the reason why it can't be
-    /// judged.
-    QString (*judgeAgain)(Session&, JournalEntry&) = nullptr;
+    /// Judges an entry of the journal again by the instrument's present parameters, into the record. Empty,
+    /// or the reason why it can't be judged.
+    QString (*judgeAgain)(Session&, JournalEntry&, CalRecord&) = nullptr;
 };
 
 /// All calibrators, in the order in which they are offered.
@@ -61,6 +60,6 @@ QString calibratorCaption(const QString& name);
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered);
 
 /// Has an entry of the journal judged again by the driver that has read it.
-QString judgeAgain(Session& session, JournalEntry& entry);
+QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record);
 
 } // namespace kelvane

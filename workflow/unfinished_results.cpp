@@ -65,6 +65,7 @@ class RecordMaking {
     Routine& routine_;
     ReportWatch watch_;
     JournalEntry entry_;
+    CalRecord record_;
 };
 
 QString RecordMaking::make() {
@@ -87,11 +88,11 @@ QString RecordMaking::make() {
 }
 
 QString RecordMaking::judge() {
-    auto reason = judgeAgain(session_, entry_);
+    auto reason = judgeAgain(session_, entry_, record_);
     if (reason.isEmpty() && watch_.sawReport())
         reason = text(TextId::recordNotComplete).arg(entry_.asset);
     if (reason.isEmpty())
-        takeRecordLists(session_, entry_);
+        copyRecord(record_, entry_);
     return reason;
 }
 
@@ -166,7 +167,7 @@ QString RecordMaking::createNew() {
     entry_.prepared = true;
     entry_.why = text(TextId::resultsInterrupted);
     Journal(session_).replace(entry_);
-    const auto refusal = createRecord(session_, entry_).refusal;
+    const auto refusal = createRecord(session_, entry_, record_).refusal;
     entry_.date = askedMoment(dateColumn, FieldKind::date, entry_.date);
     entry_.time = askedMoment(timeColumn, FieldKind::time, entry_.time);
     if (isMade())
@@ -176,7 +177,7 @@ QString RecordMaking::createNew() {
 
 QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
     JournalEntry asked;
-    takeRecordLists(session_, asked);
+    copyRecord(record_, asked);
     const auto value = valueOf(asked, column);
     if (value && value->isEmpty() && kind == FieldKind::time)
         return {};

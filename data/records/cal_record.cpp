@@ -30,8 +30,10 @@ bool isColumn(const QString& name, QStringView column) {
 /// error stays.
 class NewRecord {
   public:
-    NewRecord(Session& session, Routine& routine, const QString& asset, const RecordConsent& consent)
+    NewRecord(Session& session, CalRecord& record, Routine& routine, const QString& asset,
+              const RecordConsent& consent)
         : session_(session),
+          record_(record),
           routine_(routine),
           consent_(consent),
           asset_(asset),
@@ -68,11 +70,12 @@ class NewRecord {
     void writeDatesForStatement();
     void insertRecord();
 
-    const CalField& field(int row) const { return std::as_const(session_.CalFieldTable)[row]; }
+    const CalField& field(int row) const { return std::as_const(record_.CalFieldTable)[row]; }
     QString value(int row) const { return field(row).value; }
-    void setValue(int row, const QString& value) { session_.CalFieldTable[row].value = value; }
+    void setValue(int row, const QString& value) { record_.CalFieldTable[row].value = value; }
     QString valueOrSource(int row, const QString& source);
     Session& session_;
+    CalRecord& record_;
     Routine& routine_;
     const RecordConsent& consent_;
     QString asset_;
@@ -133,11 +136,11 @@ QString NewRecord::make() {
     progress.reach(70);
     // By now the server has marked the new record as the current one.
     const RecordParts parts(session_, routine_, mtag_, RecordParts::currentRecord(session_, mtag_));
-    for (const auto& name : distinctNames(entriesOf(session_.RecordStandards)))
+    for (const auto& name : distinctNames(entriesOf(record_.RecordStandards)))
         parts.insertStandard(name);
     progress.reach(88);
     int number = 0;
-    for (const auto& line : entriesOf(session_.RecordResults))
+    for (const auto& line : entriesOf(record_.RecordResults))
         parts.insertResult(line, number++);
     emptyInventoryFields(session_, asset_, passed_);
     progress.reach(100);
@@ -145,7 +148,7 @@ QString NewRecord::make() {
 }
 
 void NewRecord::pass(std::span<const ColumnStep> steps) {
-    for (int row = 0; row < calFieldCount(session_); ++row) {
+    for (int row = 0; row < calFieldCount(record_); ++row) {
         for (const auto& one : steps) {
             if (isColumn(field(row).column, one.column))
                 (this->*one.step)(row);
@@ -173,7 +176,7 @@ void NewRecord::settleDueDate() {
 bool NewRecord::askOperator() {
     const auto numbers = routine_.select(worksheetFieldsQuery);
     while (numbers->next()) {
-        const auto row = calFieldRow(session_, notNull(numbers->value(0)));
+        const auto row = calFieldRow(record_, notNull(numbers->value(0)));
         if (row && !askFor(*row))
             return false;
     }
@@ -181,7 +184,7 @@ bool NewRecord::askOperator() {
 }
 
 bool NewRecord::askFor(int row) {
-    while (!PromptUser(session_, static_cast<qint16>(row), asset_)) {
+    while (!PromptUser(session_, record_, static_cast<qint16>(row), asset_)) {
         if (field(row).required != "Y"_L1)
             return true;
         if (session_.ui.messageBox(text(TextId::requiredDataRetryAdvised), text(TextId::recordCreation),
@@ -199,14 +202,14 @@ bool NewRecord::existsAlready() {
 }
 
 void NewRecord::writeDatesForStatement() {
-    for (int row = 0; row < calFieldCount(session_); ++row)
+    for (int row = 0; row < calFieldCount(record_); ++row)
         setValue(row, fieldText(session_, value(row), field(row).field_type, statementForm));
 }
 
 void NewRecord::insertRecord() {
     Sql columns = u"";
     Sql values = u"";
-    for (int row = 0; row < calFieldCount(session_); ++row) {
+    for (int row = 0; row < calFieldCount(record_); ++row) {
         if (isColumn(field(row).column, excludedColumn))
             continue;
         columns += sqlName(field(row).column) + u",";
@@ -218,10 +221,11 @@ void NewRecord::insertRecord() {
 
 } // namespace
 
-QString CreateCalRecord(Session& session, const QString& asset, const RecordConsent& consent) {
+QString CreateCalRecord(Session& session, CalRecord& record, const QString& asset,
+                        const RecordConsent& consent) {
     QString reason;
     Routine routine(session, u"ModuleGlobals,CreateCalRecord"_s);
-    routine.run([&] { reason = NewRecord(session, routine, asset, consent).make(); });
+    routine.run([&] { reason = NewRecord(session, record, routine, asset, consent).make(); });
     return reason;
 }
 

@@ -4,7 +4,36 @@
 
 #include <functional>
 
-namespace kelvane::ModuleGlobals {
+namespace kelvane {
+
+/// A row of the calibration record that is being made. A row with an empty `column` ends the table.
+struct CalField {
+    QString column;
+    QString title;
+    /// "Y", "N", or empty when the dictionary says nothing.
+    QString required;
+    bool has_list = false;
+    QString default_text;
+    /// 0 text, 1 date, 2 number, 3 time.
+    qint16 field_type = 0;
+    QString copy_from;
+    QString copy_to;
+    qint16 max_length = 0;
+    QString tooltip;
+    bool on_worksheet = false;
+    QString value;
+};
+
+/// A calibration record on its way, from the first look at the results until it is written.
+struct CalRecord {
+    FixedList<CalField, 100> CalFieldTable;
+    /// Asset numbers of its standards; the first empty entry ends the list.
+    FixedList<QString, 100> RecordStandards;
+    /// Its result lines; the first empty entry ends the list.
+    FixedList<QString, 2000> RecordResults;
+};
+
+namespace ModuleGlobals {
 
 /// What a caller has to say on the way to a record.
 struct RecordConsent {
@@ -15,12 +44,13 @@ struct RecordConsent {
     std::function<bool()> mayWrite = {};
 };
 
-/// Writes a calibration record of the asset from `CalFieldTable`, `RecordStandards` and `RecordResults`,
-/// asking the operator for what is missing. Empty when the record was made (or after a reported error, or
-/// given up by the caller), otherwise the reason.
-QString CreateCalRecord(Session& session, const QString& asset, const RecordConsent& consent = {});
+/// Writes a calibration record of the asset, asking the operator for fields that are missing. Empty when the
+/// record was made (or after a reported error, or given up by the caller), otherwise the reason.
+QString CreateCalRecord(Session& session, CalRecord& record, const QString& asset,
+                        const RecordConsent& consent = {});
 
 /// Asks for the field in row `index` of `CalFieldTable`; true when the operator gave a value.
-bool PromptUser(Session& session, qint16 index, const QString& asset);
+bool PromptUser(Session& session, CalRecord& record, qint16 index, const QString& asset);
 
-} // namespace kelvane::ModuleGlobals
+} // namespace ModuleGlobals
+} // namespace kelvane

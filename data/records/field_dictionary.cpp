@@ -95,12 +95,12 @@ void fillField(CalField& field, const DictionaryRow& entry, bool extended, bool 
     field.tooltip = entry[tooltipColumn].value_or(QString());
 }
 
-void readDictionary(Session& session, Routine& routine, bool first) {
+void readDictionary(Session& session, CalRecord& record, Routine& routine, bool first) {
     constexpr qint16 lengthOfDate = 10;
     const bool extended = isExtended(session);
     const auto rows = routine.select(dictionaryQuery(extended));
     for (int row = 0; rows->next(); ++row) {
-        auto& field = session.CalFieldTable[row];
+        auto& field = record.CalFieldTable[row];
         fillField(field, readRow(*rows, extended), extended, first);
         field.field_type = FieldType(session, field.column);
         if (FieldKind{field.field_type} == FieldKind::date)
@@ -131,57 +131,57 @@ QString valueOfDefault(const Session& session, const QString& default_text) {
     return default_text;
 }
 
-void fillValues(Session& session, const QString& asset) {
-    const int count = calFieldCount(session);
+void fillValues(Session& session, CalRecord& record, const QString& asset) {
+    const int count = calFieldCount(record);
     for (int row = 0; row < count; ++row) {
-        auto& field = session.CalFieldTable[row];
+        auto& field = record.CalFieldTable[row];
         if (!field.default_text.isEmpty())
             field.value = valueOfDefault(session, field.default_text);
     }
     for (int row = 0; row < count; ++row) {
-        const auto source = session.CalFieldTable[row].copy_from;
+        const auto source = record.CalFieldTable[row].copy_from;
         if (source.isEmpty())
             continue;
         const auto value = SourceColumn(session, source, asset);
         if (!value.isEmpty())
-            session.CalFieldTable[row].value = value;
+            record.CalFieldTable[row].value = value;
     }
 }
 
-void markWorksheetFields(Session& session, Routine& routine) {
+void markWorksheetFields(CalRecord& record, Routine& routine) {
     const auto numbers = routine.select(worksheetFieldsQuery);
     while (numbers->next()) {
-        if (const auto row = calFieldRow(session, notNull(numbers->value(0))))
-            session.CalFieldTable[*row].on_worksheet = true;
+        if (const auto row = calFieldRow(record, notNull(numbers->value(0))))
+            record.CalFieldTable[*row].on_worksheet = true;
     }
 }
 
 } // namespace
 
-int calFieldCount(const Session& session) {
-    const auto& table = session.CalFieldTable;
+int calFieldCount(const CalRecord& record) {
+    const auto& table = record.CalFieldTable;
     int count = 0;
     while (count <= table.last && !table[count].column.isEmpty())
         ++count;
     return count;
 }
 
-std::optional<int> calFieldRow(const Session& session, const QString& number) {
-    const int count = calFieldCount(session);
+std::optional<int> calFieldRow(const CalRecord& record, const QString& number) {
+    const int count = calFieldCount(record);
     for (int row = 0; row < count && !number.isEmpty(); ++row) {
-        if (session.CalFieldTable[row].column.endsWith(number, Qt::CaseInsensitive))
+        if (record.CalFieldTable[row].column.endsWith(number, Qt::CaseInsensitive))
             return row;
     }
     return {};
 }
 
-void SetCalDataFields(Session& session, const QString& asset) {
+void SetCalDataFields(Session& session, CalRecord& record, const QString& asset) {
     Routine routine(session, u"ModuleGlobals,SetCalDataFields"_s);
     routine.run([&] {
-        session.CalFieldTable.erase();
-        readDictionary(session, routine, FirstCal(session, asset));
-        fillValues(session, asset);
-        markWorksheetFields(session, routine);
+        record.CalFieldTable.erase();
+        readDictionary(session, record, routine, FirstCal(session, asset));
+        fillValues(session, record, asset);
+        markWorksheetFields(record, routine);
     });
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "data/session.h"
+#include "data/records/cal_record.h"
 #include "platform/database/sql.h"
 
 namespace kelvane::ModuleGlobals {
 
 /// Fills `CalFieldTable` from the site's field dictionary, with defaults and values carried forward for the
 /// asset.
-void SetCalDataFields(Session& session, const QString& asset);
+void SetCalDataFields(Session& session, CalRecord& record, const QString& asset);
 
 /// 0 text, 1 date, 2 number, 3 time.
 qint16 FieldType(Session& session, const QString& column);
@@ -24,9 +24,9 @@ void DestColumn(Session& session, const QString& column, const QString& asset, c
 bool FirstCal(Session& session, const QString& asset);
 
 /// The rows of `CalFieldTable` in use: those before the first empty `column`.
-int calFieldCount(const Session& session);
+int calFieldCount(const CalRecord& record);
 /// The first row of `CalFieldTable` whose `column` ends in this field number.
-std::optional<int> calFieldRow(const Session& session, const QString& number);
+std::optional<int> calFieldRow(const CalRecord& record, const QString& number);
 /// The field numbers that a worksheet asks for, in their order.
 inline constexpr SqlWords worksheetFieldsQuery =
     u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc";

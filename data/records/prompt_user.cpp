@@ -34,12 +34,12 @@ void fillChoices(Session& session, Routine& routine, const CalField& field) {
 
 } // namespace
 
-bool PromptUser(Session& session, qint16 index, const QString& asset) {
+bool PromptUser(Session& session, CalRecord& record, qint16 index, const QString& asset) {
     bool answered = false;
     Routine routine(session, u"ModuleGlobals,PromptUser"_s);
     routine.run([&] {
         // A copy: while the dialog is open the rest of the program can be reached.
-        const auto field = std::as_const(session).CalFieldTable[index];
+        const auto field = std::as_const(record).CalFieldTable[index];
         fillChoices(session, routine, field);
         const bool required = field.required == "Y"_L1;
         const auto mode = field.has_list ? modeList : modeText;
@@ -51,7 +51,7 @@ bool PromptUser(Session& session, qint16 index, const QString& asset) {
                                              field.field_type, start);
             // A dialog that was cancelled asks once more in these words too, required or not.
             if (answer != cancelled && !(answer.isEmpty() && required)) {
-                session.CalFieldTable[index].value =
+                record.CalFieldTable[index].value =
                     fieldText(session, answer, field.field_type, screenForm(session));
                 answered = true;
             }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/journal/journal.h"
+#include "data/records/cal_record.h"
 #include "drivers/calibrator_identity.h"
 #include "drivers/fluke702/dpclnk.h"
 
@@ -35,10 +36,10 @@ bool Fluke702_requires_standard(Fluke702& driver, const QString& asset);
 QString Fluke702_download(Fluke702& driver, const QString& task);
 /// Reads all results and writes the calibration records: empty on success, else the failure.
 QString Fluke702_upload(Fluke702& driver);
-/// Judges a run out of the journal again by the instrument's present parameters: lines, fields and standards
-/// stand in the session's lists then. The entry's own date and time count; its asset is found again for a tag
-/// that was cut. Empty, or the reason why it can't be judged. Errors are reported.
-QString Fluke702_judge_again(Session& session, JournalEntry& entry);
+/// Judges a run out of the journal again by the instrument's present parameters, into `record`. The entry's
+/// own date and time count; its asset is found again for a tag that was cut. Empty, or the reason why it
+/// can't be judged. Errors are reported.
+QString Fluke702_judge_again(Session& session, JournalEntry& entry, CalRecord& record);
 
 } // namespace Module702Interface
 } // namespace kelvane

@@ -6,14 +6,14 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::Module702Interface {
 
-QString Fluke702_judge_again(Session& session, JournalEntry& entry) {
+QString Fluke702_judge_again(Session& session, JournalEntry& entry, CalRecord& record) {
     QString reason;
     Routine routine(session, u"Module702Interface,Fluke702_judge_again"_s);
     routine.run([&] {
         const auto run = runOf(entry.raw);
         if (entry.asset == run.tag.tag)
             entry.asset = assetOf(session, run.tag);
-        reason = judgeRunAgain(session, entry, run, readingOf);
+        reason = judgeRunAgain(session, record, entry, run, readingOf);
     });
     return reason;
 }

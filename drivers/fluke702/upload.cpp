@@ -40,7 +40,7 @@ class Upload {
     bool prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged);
     bool readEntries(qint32 record, int points, int stored, RunResults& run);
     bool comesAgainAfter(qint32 record);
-    bool fillStandards(RunResults& run);
+    bool fillStandards(RunResults& run, CalRecord& record);
 
     Fluke702& driver_;
     Session& session_;
@@ -109,14 +109,13 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
 }
 
 bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged) {
-    ModuleGlobals::SetCalDataFields(session_, tag_);
-    session_.RecordResults.erase();
+    ModuleGlobals::SetCalDataFields(session_, work.record, tag_);
     judged.instrument = ModuleGlobals::GetCalParams(session_, tag_);
     qint16 stored = 0;
     if (link_.MEMcalResult(record, stored) != 0)
         return false;
     const int points = ModuleGlobals::GetTestPointList(session_, tag_);
-    judged.judgement.emplace(session_, judged.instrument,
+    judged.judgement.emplace(session_, work.record, judged.instrument,
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
@@ -126,9 +125,9 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
     const auto& serial = driver_.Calibrator702Serial;
     run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
     run.comesAgain = run.kind == firstRun && comesAgainAfter(record);
-    fillFields(session_, judged.instrument, judged.judgement->counts(), run, serial);
-    counter_ = session_.CalFieldTable.last + 1;
-    return fillStandards(run);
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, serial);
+    counter_ = work.record.CalFieldTable.last + 1;
+    return fillStandards(run, work.record);
 }
 
 /// As many readings as the instrument has points. Where these could not be found out, what the run holds is
@@ -159,8 +158,8 @@ bool Upload::comesAgainAfter(qint32 record) {
     return false;
 }
 
-bool Upload::fillStandards(RunResults& run) {
-    RunStandards standards(session_, driver_.Calibrator702Serial);
+bool Upload::fillStandards(RunResults& run, CalRecord& record) {
+    RunStandards standards(session_, record, driver_.Calibrator702Serial);
     QString model(16, u' ');
     QString serial(10, u' ');
     Dpclnk::Open unused = 0;

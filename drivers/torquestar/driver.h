@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/journal/journal.h"
+#include "data/records/cal_record.h"
 #include "drivers/calibrator_identity.h"
 #include "drivers/torquestar/serial_port.h"
 
@@ -32,10 +33,10 @@ QString TorqueStar_download(TorqueStar& driver, const QString& tag);
 /// Reads all results, writes the calibration records and clears the calibrator: empty on success, else the
 /// failure.
 QString TorqueStar_upload(TorqueStar& driver);
-/// Judges the results of a tool out of the journal again by the instrument's present parameters: lines,
-/// fields and standards stand in the session's lists then. The entry's own date and time count. Empty, or the
+/// Judges the results of a tool out of the journal again by the instrument's present parameters, into
+/// `record`. The entry's own date and time count. Empty, or the
 /// reason why they can't be judged. Errors are reported.
-QString TorqueStar_judge_again(Session& session, JournalEntry& entry);
+QString TorqueStar_judge_again(Session& session, JournalEntry& entry, CalRecord& record);
 
 } // namespace ModuleTSInterface
 } // namespace kelvane

@@ -12,29 +12,29 @@ namespace kelvane::ModuleTSInterface {
 
 namespace {
 
-QString judgeAgain(Session& session, JournalEntry& entry) {
+QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     auto results = resultsOf(entry.raw);
-    const auto [instrument, points] = beginJudgingAgain(session, entry.asset);
+    const auto [instrument, points] = beginJudgingAgain(session, record, entry.asset);
     if (auto reason = countMismatch(entry.asset, results.points.size(), points); !reason.isEmpty())
         return reason;
-    auto findings = findingsOf(session, instrument, fractionsOf(session, points), results);
+    auto findings = findingsOf(session, record, instrument, fractionsOf(session, points), results);
     findings.date = entry.date;
     findings.time = entry.time;
     if (!entry.prepared) {
         results.tech = ModuleGlobals::GetInUseData(session, entry.serial, instrument.mtag).tech;
-        takeStandardsInUse(session, entry.asset, 0);
+        takeStandardsInUse(session, record, entry.asset, 0);
     }
-    fillFields(session, instrument, findings, results.tech);
-    takeStandardsOf(session, entry);
+    fillFields(session, record, instrument, findings, results.tech);
+    takeStandardsOf(record, entry);
     return {};
 }
 
 } // namespace
 
-QString TorqueStar_judge_again(Session& session, JournalEntry& entry) {
+QString TorqueStar_judge_again(Session& session, JournalEntry& entry, CalRecord& record) {
     QString reason;
     Routine routine(session, u"ModuleTSInterface,TorqueStar_judge_again"_s);
-    routine.run([&] { reason = judgeAgain(session, entry); });
+    routine.run([&] { reason = judgeAgain(session, entry, record); });
     return reason;
 }
 

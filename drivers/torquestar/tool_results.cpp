@@ -107,8 +107,8 @@ void readMoment(Session& session, const ToolResults& results, QString& date, QSt
     }
 }
 
-Findings findingsOf(Session& session, const CalParamRecord& instrument, const QList<double>& fractions,
-                    const ToolResults& results) {
+Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                    const QList<double>& fractions, const ToolResults& results) {
     Findings findings;
     for (int i = 0; i < results.points.size(); ++i) {
         const auto& reply = results.points[i];
@@ -116,26 +116,26 @@ Findings findingsOf(Session& session, const CalParamRecord& instrument, const QL
         findings.time = Conv2Time(session, timeField(reply));
         const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
         const double applied = nominalInput(instrument, fractions.value(i));
-        takePoint(session, findings.counts, judged(session, instrument, applied, reading, i + 1), i + 1);
+        takePoint(record, findings.counts, judged(session, instrument, applied, reading, i + 1), i + 1);
     }
     findings.comment = commentOf(results.comment);
     return findings;
 }
 
-void fillFields(Session& session, const CalParamRecord& instrument, const Findings& findings,
-                const QString& tech) {
+void fillFields(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                const Findings& findings, const QString& tech) {
     using Value = std::optional<QString>;
     const bool passed = findings.counts.passed();
     const bool remarked = session.CommandLineFlag;
     const auto remark = !remarked                    ? Value(findings.comment)
                         : findings.comment.isEmpty() ? Value(text(TextId::unitPassesVerification))
                                                      : Value();
-    kelvane::fillFields(session, instrument, findings.counts,
+    kelvane::fillFields(record, instrument, findings.counts,
                         {findings.date, findings.time, passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s, tech});
     const FieldValue remarks[] = {
         {u"C2326", remark},
         {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()}};
-    kelvane::fillFields(session, remarks);
+    kelvane::fillFields(record, remarks);
 }
 
 QList<double> fractionsOf(const Session& session, int count) {

@@ -35,14 +35,14 @@ struct Findings {
 /// Date and time of the last reply that has them; nothing is reported.
 void readMoment(Session& session, const ToolResults& results, QString& date, QString& time);
 
-/// Reads and judges the replies at these fractions of the range; the lines go into the results of the new
+/// Reads and judges the replies at these fractions of the range; the lines go into the results of the
 /// record. A reply that can't be read is reported, or thrown as error 5.
-Findings findingsOf(Session& session, const CalParamRecord& instrument, const QList<double>& fractions,
-                    const ToolResults& results);
+Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                    const QList<double>& fractions, const ToolResults& results);
 
 /// Puts what was found into the fields of the new record, as far as the site's dictionary has them.
-void fillFields(Session& session, const CalParamRecord& instrument, const Findings& findings,
-                const QString& tech);
+void fillFields(Session& session, CalRecord& record, const CalParamRecord& instrument,
+                const Findings& findings, const QString& tech);
 
 /// The first test points of the shared list, as fractions of the range.
 QList<double> fractionsOf(const Session& session, int count);

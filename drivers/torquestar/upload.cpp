@@ -142,16 +142,16 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
 /// False when the link failed.
 bool Upload::prepare(const AssetEntry& entry, ToolResults& results, InstrumentWork& work) {
     const auto instrument = ModuleGlobals::GetCalParams(session_, entry.asset);
-    ModuleGlobals::SetCalDataFields(session_, entry.asset);
+    ModuleGlobals::SetCalDataFields(session_, work.record, entry.asset);
     const auto fractions = fractionsOf(session_, ModuleGlobals::GetTestPointList(session_, entry.asset));
     if (!readResults(nameField(characteristicName(entry.asset)), fractions.size(), results))
         return false;
     Findings findings;
     if (work.isPrepared())
-        work.attempt([&] { findings = findingsOf(session_, instrument, fractions, results); });
+        work.attempt([&] { findings = findingsOf(session_, work.record, instrument, fractions, results); });
     results.tech = ModuleGlobals::GetInUseData(session_, serial_, entry.mtag).tech;
-    fillFields(session_, instrument, findings, results.tech);
-    takeStandardsInUse(session_, entry.asset, 0);
+    fillFields(session_, work.record, instrument, findings, results.tech);
+    takeStandardsInUse(session_, work.record, entry.asset, 0);
     return true;
 }
 

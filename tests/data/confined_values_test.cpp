@@ -16,6 +16,7 @@ namespace {
 
 class ConfinedValues : public EngineSession, public ::testing::WithParamInterface<Engine> {
   protected:
+    CalRecord record;
     ConfinedValues() { standOn(GetParam()); }
     /// Changes the demonstration data, where the session stands on them; "%1" is the value for between
     /// quotes.
@@ -24,7 +25,7 @@ class ConfinedValues : public EngineSession, public ::testing::WithParamInterfac
             execute(statement.arg(QString(value).replace(u"'"_s, u"''"_s)) + u";commit"_s);
     }
     CalField& put(int row, const QString& column, const QString& value = {}, qint16 type = 0) {
-        auto& field = session.CalFieldTable[row];
+        auto& field = record.CalFieldTable[row];
         field = {};
         field.column = column;
         field.value = value;
@@ -33,9 +34,9 @@ class ConfinedValues : public EngineSession, public ::testing::WithParamInterfac
     }
     /// A record of PT-101 that only waits to be written.
     void fillRecord() {
-        session.CalFieldTable.erase();
-        session.RecordStandards.erase();
-        session.RecordResults.erase();
+        record.CalFieldTable.erase();
+        record.RecordStandards.erase();
+        record.RecordResults.erase();
         put(0, u"C2301"_s, u"03/18/2026"_s, 1);
         put(1, u"C2333"_s, u"09:30"_s, 3);
     }
@@ -247,7 +248,7 @@ TEST_P(ConfinedValues, AFieldNumberIsTheSyntaxErrorOfItsQuestion) {
     for (const auto& value : {u"x'--"_s, u"1'or"_s, u"';--"_s}) {
         put(0, u"C"_s + value).has_list = true;
         expectRefusal(value, {name("PromptUser")},
-                      [&] { EXPECT_FALSE(PromptUser(session, 0, u"PT-101"_s)); });
+                      [&] { EXPECT_FALSE(PromptUser(session, record, 0, u"PT-101"_s)); });
     }
 }
 
@@ -257,7 +258,8 @@ TEST_P(ConfinedValues, AColumnOfTheDictionaryIsTheSyntaxErrorOfTheRecordAndNothi
           u"C2326,(select hash from accounts)"_s, u"C23'26"_s}) {
         fillRecord();
         put(2, column);
-        expectRefusal(column, {name("CreateCalRecord")}, [&] { CreateCalRecord(session, u"PT-101"_s); });
+        expectRefusal(column, {name("CreateCalRecord")},
+                      [&] { CreateCalRecord(session, record, u"PT-101"_s); });
     }
 }
 
@@ -266,7 +268,7 @@ TEST_P(ConfinedValues, AFieldToCopyIsTheSyntaxErrorOfItsColumn) {
     if (!isEmbedded())
         GTEST_SKIP() << "the dictionary stands in the database";
     prepare(u"update mt.customiz set scopy = '%1' where fldnum = '2302'"_s, source);
-    expectRefusal(source, {name("SourceColumn")}, [&] { SetCalDataFields(session, u"PT-101"_s); });
+    expectRefusal(source, {name("SourceColumn")}, [&] { SetCalDataFields(session, record, u"PT-101"_s); });
 }
 
 TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlreadyWritten) {
@@ -274,11 +276,11 @@ TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlread
         SCOPED_TRACE(value.toStdString());
         for (auto* list : {"standard", "line"}) {
             fillRecord();
-            session.CalFieldTable[0].value = clock.now().addDays(-sent.size()).toString(u"MM/dd/yyyy"_s);
-            (list == std::string("line") ? session.RecordResults[0] : session.RecordStandards[0]) = value;
+            record.CalFieldTable[0].value = clock.now().addDays(-sent.size()).toString(u"MM/dd/yyyy"_s);
+            (list == std::string("line") ? record.RecordResults[0] : record.RecordStandards[0]) = value;
             sent.clear();
             ui.expectReport(1, name("CreateCalRecord"));
-            CreateCalRecord(session, u"PT-101"_s);
+            CreateCalRecord(session, record, u"PT-101"_s);
             EXPECT_TRUE(ui.allCame());
             ASSERT_FALSE(sent.isEmpty());
             EXPECT_TRUE(sent.join(u'\n').contains(u"insert into MT.calibration"_s))
@@ -295,9 +297,9 @@ TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlread
 
 TEST_P(ConfinedValues, AResultLineWithQuotesInPairsIsStoredAsOneLine) {
     fillRecord();
-    session.RecordResults[0] = u"x'',0,0,0); delete from mt.standards; --''"_s;
+    record.RecordResults[0] = u"x'',0,0,0); delete from mt.standards; --''"_s;
     const auto standards = isEmbedded() ? value(u"select count(*) from mt.standards"_s) : QString();
-    CreateCalRecord(session, u"PT-101"_s);
+    CreateCalRecord(session, record, u"PT-101"_s);
     EXPECT_TRUE(sent.join(u'\n').contains(u"values ('x'',0,0,0); delete from mt.standards; --'''"_s));
     if (isEmbedded()) {
         EXPECT_EQ(value(u"select count(*) from mt.standards"_s), standards);

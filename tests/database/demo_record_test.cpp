@@ -14,24 +14,25 @@ namespace {
 /// Makes calibration records as an upload does, on the demonstration database.
 class DemoRecord : public DatabaseSession {
   protected:
+    CalRecord record;
     void set(const QString& column, const QString& text) {
-        for (int row = 0; !std::as_const(session).CalFieldTable[row].column.isEmpty(); ++row) {
-            if (std::as_const(session).CalFieldTable[row].column == column)
-                session.CalFieldTable[row].value = text;
+        for (int row = 0; !std::as_const(record).CalFieldTable[row].column.isEmpty(); ++row) {
+            if (std::as_const(record).CalFieldTable[row].column == column)
+                record.CalFieldTable[row].value = text;
         }
     }
 
     QString makeRecord(const QString& asset, const QString& passed, const QString& time) {
-        SetCalDataFields(session, asset);
+        SetCalDataFields(session, record, asset);
         set(u"C2301"_s, u"03/18/2026"_s);
         set(u"C2333"_s, time);
         set(u"C2323"_s, passed);
-        session.RecordStandards.erase();
-        session.RecordStandards[0] = u"TT-0300F"_s;
-        session.RecordStandards[1] = u"TS-0001"_s;
-        session.RecordResults.erase();
-        session.RecordResults[0] = u"  1  50.0ft/lb"_s;
-        session.RecordResults[1] = u"  2  150.0ft/lb"_s;
+        record.RecordStandards.erase();
+        record.RecordStandards[0] = u"TT-0300F"_s;
+        record.RecordStandards[1] = u"TS-0001"_s;
+        record.RecordResults.erase();
+        record.RecordResults[0] = u"  1  50.0ft/lb"_s;
+        record.RecordResults[1] = u"  2  150.0ft/lb"_s;
         const QString caption = u"Calibration Record Data ("_s + asset + u')';
         ui.expectDialog(caption, u"Please enter information for: Place of Calibration"_s, u"IN PLACE"_s,
                         [](const DialogQuestion& question) {
@@ -44,7 +45,7 @@ class DemoRecord : public DatabaseSession {
                             EXPECT_TRUE(question.required);
                             EXPECT_EQ(question.fieldType, 2);
                         });
-        return CreateCalRecord(session, asset);
+        return CreateCalRecord(session, record, asset);
     }
 };
 

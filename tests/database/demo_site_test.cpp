@@ -18,19 +18,22 @@ using namespace ModuleGlobals;
 
 namespace {
 
-using DemoSite = DatabaseSession;
+class DemoSite : public DatabaseSession {
+  protected:
+    CalRecord record;
+};
 
-QStringList fieldColumns(const Session& session) {
+QStringList fieldColumns(const CalRecord& record) {
     QStringList columns;
-    for (int row = 0; !session.CalFieldTable[row].column.isEmpty(); ++row)
-        columns << session.CalFieldTable[row].column;
+    for (int row = 0; !record.CalFieldTable[row].column.isEmpty(); ++row)
+        columns << record.CalFieldTable[row].column;
     return columns;
 }
 
-CalField fieldOf(const Session& session, const QString& column) {
-    const auto row = fieldColumns(session).indexOf(column);
+CalField fieldOf(const CalRecord& record, const QString& column) {
+    const auto row = fieldColumns(record).indexOf(column);
     EXPECT_GE(row, 0) << column.toStdString();
-    return session.CalFieldTable[static_cast<int>(row)];
+    return record.CalFieldTable[static_cast<int>(row)];
 }
 
 QString joined(QStringList names) {
@@ -176,8 +179,8 @@ TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {
     }
     for (const qint16 version : {qint16{5}, qint16{6}}) {
         session.SessionDbVersion = version;
-        SetCalDataFields(session, u"TW-101"_s);
-        const auto columns = fieldColumns(session);
+        SetCalDataFields(session, record, u"TW-101"_s);
+        const auto columns = fieldColumns(record);
         EXPECT_GT(columns.size(), 25);
         for (const auto& column : columns)
             EXPECT_EQ(real.contains(column), column != u"C2340") << column.toStdString();
@@ -185,8 +188,8 @@ TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {
 }
 
 TEST_F(DemoSite, SuppressedFieldsAreLeftOutButForTheInterval) {
-    SetCalDataFields(session, u"TW-101"_s);
-    const auto columns = fieldColumns(session);
+    SetCalDataFields(session, record, u"TW-101"_s);
+    const auto columns = fieldColumns(record);
     EXPECT_TRUE(columns.contains(u"C2302"_s));
     EXPECT_TRUE(columns.contains(u"C2331"_s));
     EXPECT_FALSE(columns.contains(u"C2324"_s));
@@ -195,38 +198,38 @@ TEST_F(DemoSite, SuppressedFieldsAreLeftOutButForTheInterval) {
 
 TEST_F(DemoSite, DefaultsTokensAndCopiesFillARecord) {
     clock.set(QDateTime(QDate(2026, 3, 18), QTime(9, 30)));
-    SetCalDataFields(session, u"TW-101"_s);
-    EXPECT_EQ(fieldOf(session, u"C2301"_s).value, u"03/18/2026"_s);
-    EXPECT_EQ(fieldOf(session, u"C2301"_s).copy_to, u"I4230"_s);
-    EXPECT_EQ(fieldOf(session, u"C2333"_s).value, u"09:30"_s);
-    EXPECT_EQ(fieldOf(session, u"C2307"_s).value, u"jdoe"_s);
-    EXPECT_EQ(fieldOf(session, u"C2317"_s).value, u"MT"_s);
-    EXPECT_EQ(fieldOf(session, u"C2318"_s).value, QString());
-    EXPECT_EQ(fieldOf(session, u"C2319"_s).value, QString());
-    EXPECT_EQ(fieldOf(session, u"C2302"_s).value, u"12"_s);
-    EXPECT_EQ(fieldOf(session, u"C2331"_s).value, u"M"_s);
-    EXPECT_EQ(fieldOf(session, u"C2308"_s).value, u"FOUND-LEFT"_s);
-    EXPECT_EQ(fieldOf(session, u"C2309"_s).value, u"KP-TORQUE-02"_s)
+    SetCalDataFields(session, record, u"TW-101"_s);
+    EXPECT_EQ(fieldOf(record, u"C2301"_s).value, u"03/18/2026"_s);
+    EXPECT_EQ(fieldOf(record, u"C2301"_s).copy_to, u"I4230"_s);
+    EXPECT_EQ(fieldOf(record, u"C2333"_s).value, u"09:30"_s);
+    EXPECT_EQ(fieldOf(record, u"C2307"_s).value, u"jdoe"_s);
+    EXPECT_EQ(fieldOf(record, u"C2317"_s).value, u"MT"_s);
+    EXPECT_EQ(fieldOf(record, u"C2318"_s).value, QString());
+    EXPECT_EQ(fieldOf(record, u"C2319"_s).value, QString());
+    EXPECT_EQ(fieldOf(record, u"C2302"_s).value, u"12"_s);
+    EXPECT_EQ(fieldOf(record, u"C2331"_s).value, u"M"_s);
+    EXPECT_EQ(fieldOf(record, u"C2308"_s).value, u"FOUND-LEFT"_s);
+    EXPECT_EQ(fieldOf(record, u"C2309"_s).value, u"KP-TORQUE-02"_s)
         << "carried forward from the earlier record";
-    EXPECT_EQ(fieldOf(session, u"C2355"_s).max_length, 10) << "a date has room for ten characters";
-    SetCalDataFields(session, u"TW-103"_s);
-    EXPECT_EQ(fieldOf(session, u"C2308"_s).value, u"AS-FOUND"_s) << "a first calibration";
-    EXPECT_EQ(fieldOf(session, u"C2309"_s).value, u"KP-GEN"_s);
+    EXPECT_EQ(fieldOf(record, u"C2355"_s).max_length, 10) << "a date has room for ten characters";
+    SetCalDataFields(session, record, u"TW-103"_s);
+    EXPECT_EQ(fieldOf(record, u"C2308"_s).value, u"AS-FOUND"_s) << "a first calibration";
+    EXPECT_EQ(fieldOf(record, u"C2309"_s).value, u"KP-GEN"_s);
 }
 
 TEST_F(DemoSite, ARecordAsksForTwoFieldsOfWhichOneIsRequired) {
-    SetCalDataFields(session, u"TW-101"_s);
+    SetCalDataFields(session, record, u"TW-101"_s);
     EXPECT_EQ(rows(u"select fldnum from mt.hvm_kv_worksheetfields order by sequence asc"_s),
               (QStringList{u"2315"_s, u"2312"_s}));
-    const auto place = fieldOf(session, u"C2315"_s);
+    const auto place = fieldOf(record, u"C2315"_s);
     EXPECT_TRUE(place.has_list && place.on_worksheet);
     EXPECT_EQ(place.value, u"LAB"_s);
-    const auto temperature = fieldOf(session, u"C2312"_s);
+    const auto temperature = fieldOf(record, u"C2312"_s);
     EXPECT_EQ(temperature.required, u"Y"_s);
     EXPECT_EQ(temperature.field_type, 2);
     QStringList missing;
-    for (const auto& column : fieldColumns(session)) {
-        const auto field = fieldOf(session, column);
+    for (const auto& column : fieldColumns(record)) {
+        const auto field = fieldOf(record, column);
         if (field.required == u"Y" && field.default_text.isEmpty())
             missing << column;
     }

@@ -152,12 +152,13 @@ TEST_F(FlukeParts, StandardsOfARunAreTheCalibratorItsModulesAndThoseInUse) {
     addEquipment(u"PM-1"_s, u"901"_s, u"11"_s);
     addEquipment(u"PM-2"_s, u"902"_s, u"22"_s);
     addStandards(u"A-1"_s, {u"S-1"_s});
-    RunStandards standards(session, u"1234567"_s);
+    CalRecord record;
+    RunStandards standards(session, record, u"1234567"_s);
     standards.addModule(u"11"_s);
     standards.addModule({});
     standards.addModule(u"22"_s);
     EXPECT_EQ(standards.addInUse(u"A-1"_s), 1);
-    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"F-1"_s, u"PM-1"_s, u"PM-2"_s, u"S-1"_s}));
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"F-1"_s, u"PM-1"_s, u"PM-2"_s, u"S-1"_s}));
 }
 
 TEST_F(FlukeParts, ALinkLineHasItsUsualSettingsWhereNoneAreStored) {

@@ -51,12 +51,13 @@ TEST(RunResults, AreShownToTheOperatorAPointALine) {
 
 class RunFields : public RecordedSession {
   protected:
+    CalRecord record;
     QString roundOf(qint16 kind, bool comesAgain, int failures) {
-        session.CalFieldTable[0] = {};
-        session.CalFieldTable[0].column = u"C2308"_s;
-        fillFields(session, {}, PointCounts{failures, 0}, {.kind = kind, .comesAgain = comesAgain},
+        record.CalFieldTable[0] = {};
+        record.CalFieldTable[0].column = u"C2308"_s;
+        fillFields(record, {}, PointCounts{failures, 0}, {.kind = kind, .comesAgain = comesAgain},
                    u"6841207"_s);
-        return session.CalFieldTable[0].value;
+        return record.CalFieldTable[0].value;
     }
 };
 

@@ -35,8 +35,9 @@ class WorkOnAnInstrument : public RecordedSession {
     /// Prepares the instrument and has its record made; `step` is a step of the driver.
     RecordOutcome work(const std::function<void()>& step = [] {}) {
         InstrumentWork one(session, routine);
-        session.RecordResults[0] = u"line"_s;
-        session.RecordStandards[0] = u"F702-01"_s;
+        one.record = record;
+        one.record.RecordResults[0] = u"line"_s;
+        one.record.RecordStandards[0] = u"F702-01"_s;
         one.attempt(step);
         one.entry.driver = u"fluke702"_s;
         one.entry.serial = u"6841207"_s;
@@ -66,10 +67,11 @@ class WorkOnAnInstrument : public RecordedSession {
 
     using End = RecordOutcome::End;
     QStringList readings{u"1: 50"_s};
+    CalRecord record;
 
   private:
     void addField(const QString& column, const QString& value, qint16 type = 0) {
-        auto& field = session.CalFieldTable[fields_++];
+        auto& field = record.CalFieldTable[fields_++];
         field.column = column;
         field.value = value;
         field.field_type = type;
@@ -165,7 +167,7 @@ TEST_F(WorkOnAnInstrument, AReportInTheLookUpsOfTheRecordMeansNoRecordAndNobodyI
 }
 
 TEST_F(WorkOnAnInstrument, AReportWhileTheOperatorIsAskedMeansNoRecord) {
-    session.CalFieldTable[3].has_list = true;
+    record.CalFieldTable[3].has_list = true;
     script.answers.insert(worksheetQuery, {{u"2307"_s}});
     script.failures[u"select val from mt.valfield where fldnum = '2307' order by val asc"_s] = failed();
     ui.expectReport(-158, u"ModuleGlobals,PromptUser"_s);
@@ -182,7 +184,7 @@ TEST_F(WorkOnAnInstrument, ARefusalIsShownAndEndsTheEntry) {
 }
 
 TEST_F(WorkOnAnInstrument, ARecordThatTheOperatorGivesUpIsRefused) {
-    session.CalFieldTable[3].required = u"Y"_s;
+    record.CalFieldTable[3].required = u"Y"_s;
     askFor(u"2307"_s, cancelled);
     ui.expectBox(text(TextId::fieldEntryRequired), u"Calibration Record Data"_s, box::warningOkCancel,
                  BoxAnswer::cancel);
@@ -197,7 +199,7 @@ TEST_F(WorkOnAnInstrument, TheOperatorsOwnDateIsInTheJournalBeforeTheRecordIsWri
     askFor(u"2301"_s, u"03/20/2026"_s);
     work();
     script.failures[insert()] = failed();
-    session.CalFieldTable[0].value = u"2026-03-18"_s;
+    record.CalFieldTable[0].value = u"2026-03-18"_s;
     askFor(u"2301"_s, u"03/20/2026"_s);
     ui.expectReport(-158, u"ModuleGlobals,CreateCalRecord"_s);
     work();
@@ -254,14 +256,6 @@ TEST_F(WorkOnAnInstrument, AnEndThatTheJournalDoesNotTakeIsReportedAndTheEntrySt
     ASSERT_TRUE(QDir().rmdir(path));
     ASSERT_TRUE(QFile::rename(u"aside"_s, path));
     EXPECT_EQ(unfinished().size(), 1);
-}
-
-TEST_F(WorkOnAnInstrument, WhatAnEarlierInstrumentLeftInTheListsIsForgotten) {
-    session.RecordStandards[0] = u"other"_s;
-    session.RecordResults[0] = u"other"_s;
-    const InstrumentWork one(session, routine);
-    EXPECT_EQ(entriesOf(session.RecordStandards), QStringList());
-    EXPECT_EQ(entriesOf(session.RecordResults), QStringList());
 }
 
 } // namespace kelvane::testing

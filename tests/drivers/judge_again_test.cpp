@@ -6,7 +6,10 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-class JudgedAgain : public RecordedSession {};
+class JudgedAgain : public RecordedSession {
+  protected:
+    CalRecord record;
+};
 
 TEST_F(JudgedAgain, ReadingsMustBeAsManyAsThePoints) {
     EXPECT_EQ(countMismatch(u"PT-1"_s, 3, 3), QString());
@@ -21,26 +24,26 @@ TEST_F(JudgedAgain, TheStandardsOfThenCountAndThoseOfNowForAFailedPreparationAlo
     JournalEntry entry;
     entry.standards = QStringList{u"F702-01"_s};
     entry.prepared = true;
-    session.RecordStandards[0] = u"X-1"_s;
-    takeStandardsOf(session, entry);
-    EXPECT_EQ(entriesOf(session.RecordStandards), QStringList{u"F702-01"_s});
+    record.RecordStandards[0] = u"X-1"_s;
+    takeStandardsOf(record, entry);
+    EXPECT_EQ(entriesOf(record.RecordStandards), QStringList{u"F702-01"_s});
     entry.prepared = false;
-    session.RecordStandards[0] = u"X-1"_s;
-    session.RecordStandards[1] = u"X-2"_s;
-    takeStandardsOf(session, entry);
-    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"F702-01"_s, u"X-1"_s, u"X-2"_s}));
+    record.RecordStandards[0] = u"X-1"_s;
+    record.RecordStandards[1] = u"X-2"_s;
+    takeStandardsOf(record, entry);
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"F702-01"_s, u"X-1"_s, u"X-2"_s}));
 }
 
 TEST_F(JudgedAgain, BeginsWithEmptyListsAndAsksForWhatTheInstrumentIsNow) {
-    session.RecordResults[0] = u"left over"_s;
-    session.RecordStandards[0] = u"left over"_s;
+    record.RecordResults[0] = u"left over"_s;
+    record.RecordStandards[0] = u"left over"_s;
     script.answers.insert(
         u"select count(ctag) from MT.calibration where mtag = (select mtag from MT.inventory where i4201 = 'PT-1')"_s,
         {{u"0"_s}});
-    const auto begun = beginJudgingAgain(session, u"PT-1"_s);
+    const auto begun = beginJudgingAgain(session, record, u"PT-1"_s);
     EXPECT_EQ(begun.points, 0);
     EXPECT_EQ(begun.instrument.mtag, QString());
-    EXPECT_EQ(entriesOf(session.RecordResults) + entriesOf(session.RecordStandards), QStringList());
+    EXPECT_EQ(entriesOf(record.RecordResults) + entriesOf(record.RecordStandards), QStringList());
     EXPECT_FALSE(script.statements.filter(u"from mt.customiz"_s).isEmpty());
     EXPECT_FALSE(script.statements.filter(u"mt.hvm_kv_tag_config"_s).isEmpty());
 }

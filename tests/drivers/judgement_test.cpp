@@ -12,6 +12,7 @@ namespace kelvane::testing {
 /// An instrument of 0 to 100 V in and out with 3.125 V to either side, and a calibrator that knows 3.125 %.
 class JudgedRun : public RecordedSession {
   protected:
+    CalRecord record;
     JudgedRun() {
         session.ResultTemplateLine = u"TN$ FVA$           FRE$           TR$"_s;
         instrument.input_type = instrument.output_type = u"V"_s;
@@ -23,7 +24,7 @@ class JudgedRun : public RecordedSession {
 
     QStringList lines() const {
         QStringList found;
-        for (const auto& one : entriesOf(session.RecordResults))
+        for (const auto& one : entriesOf(record.RecordResults))
             found << one.simplified();
         return found;
     }
@@ -43,7 +44,7 @@ class JudgedRun : public RecordedSession {
     }
     /// The boxes after one reading.
     void expectBoxes(double reading, double calibratorError, bool failed, bool passed) {
-        RunJudgement run(session, instrument, 3.125);
+        RunJudgement run(session, record, instrument, 3.125);
         run.take(0, 50, reading, calibratorError);
         if (failed)
             expectBox(false);
@@ -80,7 +81,7 @@ TEST_F(JudgedRun, APointWithItsRangesAndTermsInTheirPlaces) {
 }
 
 TEST_F(JudgedRun, FailuresAndMarginalPointsAreCountedAndLinesStored) {
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 50, 0);
     EXPECT_TRUE(run.counts().passed());
     run.take(1, 50, 53.125, 0); // on the limit: passes, and is marginal
@@ -97,7 +98,7 @@ TEST_F(JudgedRun, FailuresAndMarginalPointsAreCountedAndLinesStored) {
 
 TEST_F(JudgedRun, EachPointIsJudgedOnTheMeansOfItsRepetitions) {
     instrument.repetitions = 3;
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     const double readings[] = {49, 50, 51, 60, 60, 60, 43, 50, 57};
     for (int entry = 0; entry < 9; ++entry)
         run.take(entry, 50 + entry % 3, readings[entry], 100);
@@ -108,7 +109,7 @@ TEST_F(JudgedRun, EachPointIsJudgedOnTheMeansOfItsRepetitions) {
 
 TEST_F(JudgedRun, APointWithoutAllItsRepetitionsIsNotClosed) {
     instrument.repetitions = 3;
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     for (int entry = 0; entry < 5; ++entry)
         run.take(entry, 50, 90, 100);
     EXPECT_EQ(lines(), QStringList{u"1 50.000V 90.000V FAIL"_s});
@@ -118,7 +119,7 @@ TEST_F(JudgedRun, APointWithoutAllItsRepetitionsIsNotClosed) {
 TEST_F(JudgedRun, MeansAreWorkedOutInSixtyFourBits) {
     instrument.repetitions = 2;
     instrument.input_high = instrument.output_high = 16777216;
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 16777216, 16777216, 0);
     run.take(1, 16777215, 16777215, 0); // the mean is no 32-bit number
     EXPECT_EQ(lines(), QStringList{u"1 16777215.500V 16777215.500V PASS"_s});
@@ -126,7 +127,7 @@ TEST_F(JudgedRun, MeansAreWorkedOutInSixtyFourBits) {
 
 TEST_F(JudgedRun, WithoutRepetitionsAReadingIsADivisionByZero) {
     instrument.repetitions = 0;
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     try {
         run.take(0, 50, 50, 0);
         ADD_FAILURE();
@@ -170,7 +171,7 @@ TEST_F(JudgedRun, AnErrorThatIsNoNumberIsNoDisagreement) {
 }
 
 TEST_F(JudgedRun, BothDisagreementsOfARunAreToldTheFailureFirst) {
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 50, 5);
     run.take(1, 50, 60, 0);
     run.take(2, 50, 50, 0);
@@ -181,7 +182,7 @@ TEST_F(JudgedRun, BothDisagreementsOfARunAreToldTheFailureFirst) {
 
 TEST_F(JudgedRun, DisagreementLooksAtEachReadingAndNotAtTheMeans) {
     instrument.repetitions = 3;
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 60, 0);
     run.take(1, 50, 45, 5);
     run.take(2, 50, 45, 5);
@@ -195,7 +196,7 @@ TEST_F(JudgedRun, AValueThatIsNoNumberCantBeJudgedAndNeverPasses) {
                              -std::numeric_limits<double>::infinity()};
     for (const double value : values) {
         for (const bool isReading : {false, true}) {
-            RunJudgement run(session, instrument, 3.125);
+            RunJudgement run(session, record, instrument, 3.125);
             try {
                 run.take(0, isReading ? 50 : value, isReading ? value : 50, 0);
                 ADD_FAILURE() << value;
@@ -208,7 +209,7 @@ TEST_F(JudgedRun, AValueThatIsNoNumberCantBeJudgedAndNeverPasses) {
 }
 
 TEST_F(JudgedRun, AHugeReadingFails) {
-    RunJudgement run(session, instrument, 3.125);
+    RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, double{1E38F}, 100);
     EXPECT_EQ(run.counts().failures, 1);
 }

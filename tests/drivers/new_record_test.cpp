@@ -8,15 +8,16 @@ namespace kelvane::testing {
 
 class PreparedRecord : public RecordedSession {
   protected:
+    CalRecord record;
     void addField(const QString& column, const QString& value) {
-        auto& field = session.CalFieldTable[fields_++];
+        auto& field = record.CalFieldTable[fields_++];
         field.column = column;
         field.value = value;
     }
     QStringList values() const {
         QStringList found;
         for (int row = 0; row < fields_; ++row)
-            found << std::as_const(session.CalFieldTable)[row].value;
+            found << std::as_const(record.CalFieldTable)[row].value;
         return found;
     }
 
@@ -35,7 +36,7 @@ TEST_F(PreparedRecord, ValuesGoIntoTheirColumnsWhereverTheseStandAndIgnoringCase
         {u"C2301", u"2026-03-18"_s}, {u"C2307", u"Joe"_s},     {u"C2308", QString()},
         {u"C2350", std::nullopt},    {u"C2399", u"nowhere"_s},
     };
-    fillFields(session, found);
+    fillFields(record, found);
     EXPECT_EQ(values(),
               (QStringList{u"kept"_s, u"Joe"_s, u"2026-03-18"_s, QString(), u"left"_s, u"2026-03-18"_s}));
 }
@@ -45,7 +46,7 @@ TEST_F(PreparedRecord, AFullTableIsFilledToItsLastRow) {
         addField(u"X%1"_s.arg(row), {});
     addField(u"C2301"_s, {});
     const FieldValue found[] = {{u"C2301", u"2026-03-18"_s}};
-    fillFields(session, found);
+    fillFields(record, found);
     EXPECT_EQ(values().last(), u"2026-03-18"_s);
 }
 
@@ -54,10 +55,10 @@ TEST_F(PreparedRecord, StandardsInUseFollowFromTheRowThatIsGiven) {
         u"select i4201 from MT.inventory where mtag in (select standard_mtag from "
         "mt.hvm_kv_task_standards_inuse where mtag = (select mtag from MT.inventory where i4201 = 'PT-1'))"_s,
         {{u"S-1"_s}, {u"S-2"_s}});
-    session.RecordStandards[0] = u"first"_s;
-    EXPECT_EQ(takeStandardsInUse(session, u"PT-1"_s, 1), 2);
-    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"first"_s, u"S-1"_s, u"S-2"_s}));
-    EXPECT_EQ(takeStandardsInUse(session, u"other"_s, 0), 0);
+    record.RecordStandards[0] = u"first"_s;
+    EXPECT_EQ(takeStandardsInUse(session, record, u"PT-1"_s, 1), 2);
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"first"_s, u"S-1"_s, u"S-2"_s}));
+    EXPECT_EQ(takeStandardsInUse(session, record, u"other"_s, 0), 0);
 }
 
 } // namespace kelvane::testing

@@ -14,13 +14,14 @@ using namespace ModuleGlobals;
 /// them.
 class RecordOnDatabase : public DatabaseSession {
   protected:
+    CalRecord record;
     QString one(const QString& query, int columns = 1) { return rows(query, columns).value(0); }
     int count(const QString& table) { return one(u"select count(*) from "_s + table).toInt(); }
 
     void set(const QString& column, const QString& value) {
-        for (int row = 0; row < calFieldCount(session); ++row) {
-            if (session.CalFieldTable[row].column == column) {
-                session.CalFieldTable[row].value = value;
+        for (int row = 0; row < calFieldCount(record); ++row) {
+            if (record.CalFieldTable[row].column == column) {
+                record.CalFieldTable[row].value = value;
                 return;
             }
         }
@@ -28,9 +29,9 @@ class RecordOnDatabase : public DatabaseSession {
     }
     /// What an upload leaves before it has the record made.
     void prepare(const QString& asset, const QString& passed = u"Y"_s) {
-        SetCalDataFields(session, asset);
-        session.RecordStandards.erase();
-        session.RecordResults.erase();
+        SetCalDataFields(session, record, asset);
+        record.RecordStandards.erase();
+        record.RecordResults.erase();
         set(u"C2301"_s, u"2026-03-18"_s);
         set(u"C2333"_s, u"08:05:30"_s);
         set(u"C2323"_s, passed);
@@ -51,7 +52,7 @@ class RecordOnDatabase : public DatabaseSession {
                         });
     }
     QString create(const QString& asset) {
-        const auto reason = CreateCalRecord(session, asset);
+        const auto reason = CreateCalRecord(session, record, asset);
         EXPECT_TRUE(ui.allCame());
         EXPECT_FALSE(ui.progressShown);
         return reason;
@@ -62,11 +63,11 @@ TEST_F(RecordOnDatabase, WholeRecordWithItsStandardsAndResults) {
     const auto earlier = one(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
     const auto before = count(u"mt.calibration"_s);
     prepare(u"TW-101"_s);
-    session.RecordStandards[0] = u"TT-0300F"_s;
-    session.RecordStandards[1] = u"TS-0001"_s;
-    session.RecordStandards[2] = u"tt-0300f"_s;
-    session.RecordResults[0] = u"  1  50.0 ft/lb"_s;
-    session.RecordResults[1] = u"  2 150.0 ft/lb"_s;
+    record.RecordStandards[0] = u"TT-0300F"_s;
+    record.RecordStandards[1] = u"TS-0001"_s;
+    record.RecordStandards[2] = u"tt-0300f"_s;
+    record.RecordResults[0] = u"  1  50.0 ft/lb"_s;
+    record.RecordResults[1] = u"  2 150.0 ft/lb"_s;
     answerFields(u"TW-101"_s);
 
     EXPECT_EQ(create(u"TW-101"_s), QString());
@@ -130,8 +131,8 @@ TEST_F(RecordOnDatabase, SameMomentTwiceIsRefusedAndWritesNothing) {
     EXPECT_EQ(create(u"TW-101"_s), QString());
     const auto before = count(u"mt.calibration"_s);
     prepare(u"TW-101"_s);
-    session.RecordStandards[0] = u"TT-0300F"_s;
-    session.RecordResults[0] = u"line"_s;
+    record.RecordStandards[0] = u"TT-0300F"_s;
+    record.RecordResults[0] = u"line"_s;
     const auto standards = count(u"mt.standards"_s);
     answerFields(u"TW-101"_s);
     EXPECT_EQ(create(u"TW-101"_s), text(TextId::recordAlreadyExists));
@@ -159,10 +160,10 @@ TEST_F(RecordOnDatabase, ValueWithQuotesAndOtherAlphabetsGoesInSafely) {
 TEST_F(RecordOnDatabase, ResultLineWithAQuoteEndsInTheReportWithTheRecordAlreadyWritten) {
     const auto before = count(u"mt.calibration"_s);
     prepare(u"TW-101"_s);
-    session.RecordStandards[0] = u"TT-0300F"_s;
-    session.RecordResults[0] = u"first"_s;
-    session.RecordResults[1] = u"5' tape"_s;
-    session.RecordResults[2] = u"third"_s;
+    record.RecordStandards[0] = u"TT-0300F"_s;
+    record.RecordResults[0] = u"first"_s;
+    record.RecordResults[1] = u"5' tape"_s;
+    record.RecordResults[2] = u"third"_s;
     answerFields(u"TW-101"_s);
     ui.expectReport(1, u"ModuleGlobals,CreateCalRecord"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
@@ -177,7 +178,7 @@ TEST_F(RecordOnDatabase, CopyToAnotherTableEndsInAReportAndChangesNothing) {
     execute(u"update mt.customiz set dcopy = 'L2801' where fldnum = '2315'"_s);
     const auto places = rows(u"select l2801,l2815 from mt.location order by rowid"_s, 2);
     prepare(u"TW-101"_s);
-    session.RecordResults[0] = u"line"_s;
+    record.RecordResults[0] = u"line"_s;
     answerFields(u"TW-101"_s);
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
@@ -191,7 +192,7 @@ TEST_F(RecordOnDatabase, EachCopyWithinTheRecordEndsInAReportAndTheRecordGoesOn)
     execute(u"update mt.customiz set scopy = '2329' where fldnum = '2326'"_s);
     execute(u"update mt.customiz set scopy = '2316' where fldnum = '2309'"_s);
     prepare(u"TW-101"_s);
-    session.RecordResults[0] = u"line"_s;
+    record.RecordResults[0] = u"line"_s;
     answerFields(u"TW-101"_s);
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
@@ -217,7 +218,7 @@ TEST_F(RecordOnDatabase, QuestionsAreAskedWhileTheirListIsStillBeingRead) {
 TEST_F(RecordOnDatabase, TextInANumericColumnIsRefusedAndNothingIsWritten) {
     const auto before = count(u"mt.calibration"_s);
     prepare(u"TW-101"_s);
-    session.RecordStandards[0] = u"TT-0300F"_s;
+    record.RecordStandards[0] = u"TT-0300F"_s;
     const auto standards = count(u"mt.standards"_s);
     set(u"C2350"_s, u"many"_s);
     answerFields(u"TW-101"_s);
@@ -233,7 +234,7 @@ TEST_F(RecordOnDatabase, RecordOfAnotherOwnerGoesIntoItsOwnTables) {
     become(u"gpetrov"_s, u"ABC"_s);
     const auto before = count(u"mt.calibration"_s);
     prepare(u"ABC-TW-1"_s);
-    session.RecordStandards[0] = u"STD-TT-0150F"_s;
+    record.RecordStandards[0] = u"STD-TT-0150F"_s;
     answerFields(u"ABC-TW-1"_s);
     EXPECT_EQ(create(u"ABC-TW-1"_s), QString());
     EXPECT_EQ(count(u"mt.calibration"_s), before);
@@ -251,7 +252,7 @@ TEST_F(RecordOnDatabase, AssetWithAQuoteInItsNumberEndsInReports) {
     ui.expectReport(1, u"ModuleGlobals,SourceColumn"_s);
     ui.expectReport(1, u"ModuleGlobals,SourceColumn"_s);
     ui.expectReport(1, u"ModuleGlobals,SourceColumn"_s);
-    SetCalDataFields(session, u"LT-10'COL"_s);
+    SetCalDataFields(session, record, u"LT-10'COL"_s);
     EXPECT_TRUE(ui.allCame());
     EXPECT_EQ(count(u"mt.calibration"_s), before);
 }

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 /// Each ends in one report and an empty result, which the caller can't tell from success.
-class CalRecordErrors : public CalRecord {
+class CalRecordErrors : public RecordCreation {
   protected:
     void failing(int number) {
         ui.expectReport(number, u"ModuleGlobals,CreateCalRecord"_s);
@@ -45,7 +45,7 @@ TEST_F(CalRecordErrors, IntervalTooLargeFor32Bits) {
 }
 
 TEST_F(CalRecordErrors, RefusedRecordWritesNothingElse) {
-    session.RecordResults[0] = u"line"_s;
+    record.RecordResults[0] = u"line"_s;
     create();
     const auto statement = insert();
     script.statements.clear();
@@ -58,9 +58,9 @@ TEST_F(CalRecordErrors, RefusedRecordWritesNothingElse) {
 }
 
 TEST_F(CalRecordErrors, RefusedResultLineEndsTheRunWithTheRecordAlreadyWritten) {
-    session.RecordResults[0] = u"first"_s;
-    session.RecordResults[1] = u"5' tape"_s;
-    session.RecordResults[2] = u"third"_s;
+    record.RecordResults[0] = u"first"_s;
+    record.RecordResults[1] = u"5' tape"_s;
+    record.RecordResults[2] = u"third"_s;
     failing(1);
     EXPECT_NE(insert(), QString());
     EXPECT_EQ(script.statements.last(), resultInsert(u"first"_s, 0));
@@ -96,7 +96,7 @@ TEST_F(CalRecordErrors, CallerIsAskedBeforeTheOperatorIsAndBeforeTheFirstStateme
         set(u"C2301"_s, u"03/16/2026"_s);
         set(u"C2303"_s, {});
         return ModuleGlobals::CreateCalRecord(
-            session, u"A-1"_s,
+            session, record, u"A-1"_s,
             {.mayAsk = answer(u"ask"_s, mayAsk), .mayWrite = answer(u"write"_s, mayWrite)});
     };
     EXPECT_EQ(create(false, true), QString());
@@ -112,8 +112,9 @@ TEST_F(CalRecordErrors, CallerIsAskedBeforeTheOperatorIsAndBeforeTheFirstStateme
 
 TEST_F(CalRecordErrors, WhatTheCallersConsentThrowsIsReportedAndNothingIsWritten) {
     ui.expectReport(75, u"ModuleGlobals,CreateCalRecord"_s);
-    ModuleGlobals::CreateCalRecord(
-        session, u"A-1"_s, {.mayWrite = []() -> bool { throw makeError(ErrorNumber::pathFileAccess); }});
+    ModuleGlobals::CreateCalRecord(session, record, u"A-1"_s, {.mayWrite = []() -> bool {
+                                       throw makeError(ErrorNumber::pathFileAccess);
+                                   }});
     EXPECT_EQ(insert(), QString());
 }
 

@@ -10,15 +10,18 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-const QString CalRecord::copiesWithinQuery =
+const QString RecordCreation::copiesWithinQuery =
     u"select scopy,fldnum from mt.customiz where scopy like '23%' and scopy <> '2340'"_s;
-const QString CalRecord::copiesBackQuery = u"select fldnum,dcopy from mt.customiz where dcopy is not null "
-                                           u"and dcopy <> 'OFF' and fldnum like '23%' and "
-                                           "fldnum <> '2340'"_s;
-const QString CalRecord::emptied4224 = u"update MT.inventory set I4224 = NULL where i4201 = 'A-1';commit"_s;
-const QString CalRecord::emptied4225 = u"update MT.inventory set I4225 = NULL where i4201 = 'A-1';commit"_s;
+const QString RecordCreation::copiesBackQuery =
+    u"select fldnum,dcopy from mt.customiz where dcopy is not null "
+    u"and dcopy <> 'OFF' and fldnum like '23%' and "
+    "fldnum <> '2340'"_s;
+const QString RecordCreation::emptied4224 =
+    u"update MT.inventory set I4224 = NULL where i4201 = 'A-1';commit"_s;
+const QString RecordCreation::emptied4225 =
+    u"update MT.inventory set I4225 = NULL where i4201 = 'A-1';commit"_s;
 
-CalRecord::CalRecord() {
+RecordCreation::RecordCreation() {
     ModuleGlobals::CheckAsset(session, u"A-1"_s);
     keyQuery = script.statements.value(0);
     script.statements.clear();
@@ -32,8 +35,8 @@ CalRecord::CalRecord() {
     put(u"C2303"_s, {}, 1);
 }
 
-CalField& CalRecord::put(const QString& column, const QString& value, qint16 type) {
-    auto& field = session.CalFieldTable[ModuleGlobals::calFieldCount(session)];
+CalField& RecordCreation::put(const QString& column, const QString& value, qint16 type) {
+    auto& field = record.CalFieldTable[ModuleGlobals::calFieldCount(record)];
     field.column = column;
     field.value = value;
     field.field_type = type;
@@ -41,30 +44,30 @@ CalField& CalRecord::put(const QString& column, const QString& value, qint16 typ
     return field;
 }
 
-void CalRecord::set(const QString& column, const QString& value) {
-    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
-        if (session.CalFieldTable[row].column == column)
-            session.CalFieldTable[row].value = value;
+void RecordCreation::set(const QString& column, const QString& value) {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
+        if (record.CalFieldTable[row].column == column)
+            record.CalFieldTable[row].value = value;
     }
 }
 
-QString CalRecord::valueOf(const QString& column) const {
-    for (int row = 0; row < ModuleGlobals::calFieldCount(session); ++row) {
-        if (session.CalFieldTable[row].column == column)
-            return session.CalFieldTable[row].value;
+QString RecordCreation::valueOf(const QString& column) const {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
+        if (record.CalFieldTable[row].column == column)
+            return record.CalFieldTable[row].value;
     }
     return u"no such field"_s;
 }
 
-QString CalRecord::create() {
-    const auto reason = ModuleGlobals::CreateCalRecord(session, u"A-1"_s);
+QString RecordCreation::create() {
+    const auto reason = ModuleGlobals::CreateCalRecord(session, record, u"A-1"_s);
     EXPECT_TRUE(ui.allCame());
     EXPECT_FALSE(ui.progressShown) << "the progress window is gone on every way out";
     EXPECT_FALSE(ui.busy);
     return reason;
 }
 
-QString CalRecord::insert() const {
+QString RecordCreation::insert() const {
     for (const auto& statement : script.statements) {
         if (statement.startsWith(u"insert into MT.calibration"_s))
             return statement;
@@ -72,7 +75,7 @@ QString CalRecord::insert() const {
     return {};
 }
 
-QStringList CalRecord::progress() const {
+QStringList RecordCreation::progress() const {
     QStringList values;
     for (const auto& event : ui.events) {
         if (event.startsWith(u"value "_s) || event == u"hide"_s || event.startsWith(u"progress "_s))
@@ -81,27 +84,27 @@ QStringList CalRecord::progress() const {
     return values;
 }
 
-void CalRecord::dialog(const QString& title, const QString& answer) {
+void RecordCreation::dialog(const QString& title, const QString& answer) {
     ui.expectDialog(u"Calibration Record Data (A-1)"_s, u"Please enter information for: "_s + title, answer);
 }
 
-void CalRecord::cancelDialog(const QString& title) {
+void RecordCreation::cancelDialog(const QString& title) {
     dialog(title, cancelled);
     ui.expectBox(text(TextId::fieldEntryRequired), u"Calibration Record Data"_s, box::warningOkCancel,
                  BoxAnswer::cancel);
 }
 
-QString CalRecord::duplicateQuery(const QString& date, const QString& time) {
+QString RecordCreation::duplicateQuery(const QString& date, const QString& time) {
     return u"select c2301 from MT.calibration where c2301 = '"_s + date + u"' and c2333 = '"_s + time +
            u"' and mtag = '1301'"_s;
 }
 
-QString CalRecord::standardInsert(const QString& name) {
+QString RecordCreation::standardInsert(const QString& name) {
     return u"insert into mt.standards (c2430,mtag,ctag) values ((select mtag from MT.inventory where i4201 = '"_s +
            name + u"'),'1301',(select ctag from MT.calibration where mtag = '1301' and c2339 = 1));commit"_s;
 }
 
-QString CalRecord::resultInsert(const QString& line, int number) {
+QString RecordCreation::resultInsert(const QString& line, int number) {
     return u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('"_s + line + u"','"_s +
            QString::number(number) +
            u"','1301',(select ctag from MT.calibration where mtag = '1301' and c2339 = 1));commit"_s;

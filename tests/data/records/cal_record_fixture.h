@@ -1,14 +1,15 @@
 #pragma once
 
+#include "data/records/cal_record.h"
 #include "testkit/fixtures.h"
 
 namespace kelvane::testing {
 
 /// Makes the record of the instrument A-1, whose key is 1301, from a field table as the dictionary would have
 /// left it: a pass on a Monday morning, due after 12 months.
-class CalRecord : public RecordedSession {
+class RecordCreation : public RecordedSession {
   protected:
-    CalRecord();
+    RecordCreation();
     /// A further row of the field table.
     CalField& put(const QString& column, const QString& value, qint16 type = 0);
     /// A value that a caller puts into a row that is there already.
@@ -33,6 +34,7 @@ class CalRecord : public RecordedSession {
     static const QString copiesBackQuery;
     static const QString emptied4224;
     static const QString emptied4225;
+    CalRecord record;
     /// What finds the instrument's key.
     QString keyQuery;
 };

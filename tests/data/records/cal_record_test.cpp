@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-TEST_F(CalRecord, WholeRunInItsOrder) {
+TEST_F(RecordCreation, WholeRunInItsOrder) {
     put(u"C2334"_s, {}, 3);
     put(u"C2336"_s, u"somebody"_s);
     put(u"C2338"_s, {});
@@ -26,10 +26,10 @@ TEST_F(CalRecord, WholeRunInItsOrder) {
     script.answers[current(u"C2326"_s)] = {{u"fine"_s}};
     script.answers[current(u"C2301"_s)] = {{u"2026-03-16"_s}};
     script.answers[current(u"C2303"_s)] = {{u"2027-03-16"_s}};
-    session.RecordStandards[0] = u"TT-1"_s;
-    session.RecordStandards[1] = u"TT-2"_s;
-    session.RecordResults[0] = u"  1 first"_s;
-    session.RecordResults[1] = u"  2 second"_s;
+    record.RecordStandards[0] = u"TT-1"_s;
+    record.RecordStandards[1] = u"TT-2"_s;
+    record.RecordResults[0] = u"  1 first"_s;
+    record.RecordResults[1] = u"  2 second"_s;
     dialog(u"C2312"_s, u"21.5"_s);
     dialog(u"C2326"_s, u"it's good"_s);
 
@@ -76,7 +76,7 @@ TEST_F(CalRecord, WholeRunInItsOrder) {
                                        u"value 88"_s, u"value 100"_s, u"hide"_s}));
 }
 
-TEST_F(CalRecord, BeforeVersionSixOnlyTheCopiesWithinTheRecordAreRead) {
+TEST_F(RecordCreation, BeforeVersionSixOnlyTheCopiesWithinTheRecordAreRead) {
     session.SessionDbVersion = 5;
     EXPECT_EQ(create(), QString());
     EXPECT_TRUE(script.statements.contains(copiesWithinQuery));
@@ -84,10 +84,10 @@ TEST_F(CalRecord, BeforeVersionSixOnlyTheCopiesWithinTheRecordAreRead) {
     EXPECT_FALSE(script.statements.contains(daysOffQuery));
 }
 
-TEST_F(CalRecord, LaterCopiesOfAStandardAreDroppedInAnyCase) {
+TEST_F(RecordCreation, LaterCopiesOfAStandardAreDroppedInAnyCase) {
     for (int index = 0;
          const auto& name : {u"TT-1"_s, u"tt-1"_s, u"TT-2"_s, u"TT-1"_s, u"Tt-2"_s, QString(), u"TT-3"_s})
-        session.RecordStandards[index++] = name;
+        record.RecordStandards[index++] = name;
     create();
     QStringList inserted;
     for (const auto& statement : std::as_const(script.statements)) {
@@ -98,40 +98,40 @@ TEST_F(CalRecord, LaterCopiesOfAStandardAreDroppedInAnyCase) {
         << "and the first empty entry ends the list";
 }
 
-TEST_F(CalRecord, FullListsAreWrittenToTheirLastEntry) {
+TEST_F(RecordCreation, FullListsAreWrittenToTheirLastEntry) {
     for (int index = 0; index <= 100; ++index)
-        session.RecordStandards[index] = u"S-%1"_s.arg(index);
+        record.RecordStandards[index] = u"S-%1"_s.arg(index);
     for (int index = 0; index <= 2000; ++index)
-        session.RecordResults[index] = u"L-%1"_s.arg(index);
+        record.RecordResults[index] = u"L-%1"_s.arg(index);
     EXPECT_EQ(create(), QString());
     EXPECT_TRUE(script.statements.contains(standardInsert(u"S-100"_s)));
     EXPECT_TRUE(script.statements.contains(resultInsert(u"L-2000"_s, 2000)));
 }
 
-TEST_F(CalRecord, BlankLinesOfASessionWithoutTemplateAreWrittenAllTheSame) {
+TEST_F(RecordCreation, BlankLinesOfASessionWithoutTemplateAreWrittenAllTheSame) {
     const QString blank(120, u' ');
-    session.RecordResults[0] = blank;
-    session.RecordResults[1] = blank;
+    record.RecordResults[0] = blank;
+    record.RecordResults[1] = blank;
     create();
     EXPECT_TRUE(script.statements.contains(resultInsert(blank, 0)));
     EXPECT_TRUE(script.statements.contains(resultInsert(blank, 1)));
 }
 
-TEST_F(CalRecord, WithoutStandardsAndResultsNoneAreWritten) {
+TEST_F(RecordCreation, WithoutStandardsAndResultsNoneAreWritten) {
     create();
     for (const auto& statement : std::as_const(script.statements))
         EXPECT_FALSE(statement.startsWith(u"insert into mt."_s)) << statement.toStdString();
 }
 
-TEST_F(CalRecord, ResultLineAndStandardAreNotMadeSafe) {
-    session.RecordStandards[0] = u"O''Neill"_s;
-    session.RecordResults[0] = u"5'' tape"_s;
+TEST_F(RecordCreation, ResultLineAndStandardAreNotMadeSafe) {
+    record.RecordStandards[0] = u"O''Neill"_s;
+    record.RecordResults[0] = u"5'' tape"_s;
     create();
     EXPECT_TRUE(script.statements.contains(standardInsert(u"O''Neill"_s)));
     EXPECT_TRUE(script.statements.contains(resultInsert(u"5'' tape"_s, 0)));
 }
 
-TEST_F(CalRecord, InventoryFieldsAreEmptiedByTheFlags) {
+TEST_F(RecordCreation, InventoryFieldsAreEmptiedByTheFlags) {
     const struct {
         bool keep4224;
         bool keep4225;
@@ -164,7 +164,7 @@ TEST_F(CalRecord, InventoryFieldsAreEmptiedByTheFlags) {
     }
 }
 
-TEST_F(CalRecord, FailedCopyWithinTheRecordIsReportedForEachRowAndTheRecordGoesOn) {
+TEST_F(RecordCreation, FailedCopyWithinTheRecordIsReportedForEachRowAndTheRecordGoesOn) {
     script.answers[copiesWithinQuery] = {{u"2329"_s, u"2326"_s}, {u"2306"_s, u"4206"_s}};
     const auto refused = [](const QString& column) {
         return u"update MT.calibration set "_s + column +
@@ -173,7 +173,7 @@ TEST_F(CalRecord, FailedCopyWithinTheRecordIsReportedForEachRowAndTheRecordGoesO
     };
     script.failures[refused(u"C2329"_s)] = Error{-131, u"Syntax error"_s};
     script.failures[refused(u"C2306"_s)] = Error{-131, u"Syntax error"_s};
-    session.RecordResults[0] = u"line"_s;
+    record.RecordResults[0] = u"line"_s;
     ui.expectReport(-131, u"ModuleGlobals,DestColumn"_s);
     ui.expectReport(-131, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(create(), QString());

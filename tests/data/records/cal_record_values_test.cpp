@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-TEST_F(CalRecord, DueDateDependsOnThePassMarkAndOnWhetherOneWasGiven) {
+TEST_F(RecordCreation, DueDateDependsOnThePassMarkAndOnWhetherOneWasGiven) {
     const struct {
         const char* name;
         QString passed;
@@ -36,14 +36,14 @@ TEST_F(CalRecord, DueDateDependsOnThePassMarkAndOnWhetherOneWasGiven) {
     }
 }
 
-TEST_F(CalRecord, DueDateMovesOffADayOff) {
+TEST_F(RecordCreation, DueDateMovesOffADayOff) {
     set(u"C2301"_s, u"03/21/2026"_s);
     script.answers[daysOffQuery] = {{u"Sunday"_s}, {u"Saturday"_s}};
     create();
     EXPECT_EQ(valueOf(u"C2303"_s), u"2027-03-19"_s);
 }
 
-TEST_F(CalRecord, EmptyIntervalAndUnitComeFromTheInventory) {
+TEST_F(RecordCreation, EmptyIntervalAndUnitComeFromTheInventory) {
     const auto interval = u"select I4229 from MT.inventory where i4201 = 'A-1'"_s;
     const auto unit = u"select I4228 from MT.inventory where i4201 = 'A-1'"_s;
     set(u"C2302"_s, {});
@@ -58,14 +58,14 @@ TEST_F(CalRecord, EmptyIntervalAndUnitComeFromTheInventory) {
     EXPECT_EQ(valueOf(u"C2303"_s), u"2026-09-16"_s);
 }
 
-TEST_F(CalRecord, FailedDueDateIsReportedAndTheRecordIsMadeWithoutOne) {
+TEST_F(RecordCreation, FailedDueDateIsReportedAndTheRecordIsMadeWithoutOne) {
     set(u"C2331"_s, u"fortnights"_s);
     ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s);
     EXPECT_EQ(create(), QString());
     EXPECT_TRUE(insert().contains(u"'fortnights','Y',NULL,'1301'"_s)) << insert().toStdString();
 }
 
-TEST_F(CalRecord, DueDateIsNotComputedAgainAfterTheOperatorHasChangedTheDate) {
+TEST_F(RecordCreation, DueDateIsNotComputedAgainAfterTheOperatorHasChangedTheDate) {
     script.answers[worksheetQuery] = {{u"2301"_s}, {u"2333"_s}};
     dialog(u"C2301"_s, u"4/1/2026"_s);
     dialog(u"C2333"_s, u"11:45"_s);
@@ -75,7 +75,7 @@ TEST_F(CalRecord, DueDateIsNotComputedAgainAfterTheOperatorHasChangedTheDate) {
     EXPECT_EQ(valueOf(u"C2303"_s), u"2027-03-16"_s);
 }
 
-TEST_F(CalRecord, PassMarkIsThatFromBeforeTheQuestions) {
+TEST_F(RecordCreation, PassMarkIsThatFromBeforeTheQuestions) {
     session.BCalP = true;
     script.answers[worksheetQuery] = {{u"2323"_s}};
     dialog(u"C2323"_s, u"N"_s);
@@ -84,13 +84,13 @@ TEST_F(CalRecord, PassMarkIsThatFromBeforeTheQuestions) {
     EXPECT_TRUE(script.statements.contains(emptied4224)) << "counts as a pass";
 }
 
-TEST_F(CalRecord, DueTimeIsFilledOnlyWhenItIsEmpty) {
+TEST_F(RecordCreation, DueTimeIsFilledOnlyWhenItIsEmpty) {
     put(u"C2334"_s, u"23:59"_s, 3);
     create();
     EXPECT_EQ(valueOf(u"C2334"_s), u"23:59:00"_s);
 }
 
-TEST_F(CalRecord, DatesAreReadInTheSessionsOrderAndWrittenForTheStatement) {
+TEST_F(RecordCreation, DatesAreReadInTheSessionsOrderAndWrittenForTheStatement) {
     session.SessionDateFormat = u"DD/MM/YYYY"_s;
     set(u"C2301"_s, u"02/03/2026"_s);
     put(u"C2355"_s, u"05/06/2026"_s, 1);
@@ -102,7 +102,7 @@ TEST_F(CalRecord, DatesAreReadInTheSessionsOrderAndWrittenForTheStatement) {
     EXPECT_EQ(valueOf(u"C2303"_s), u"2027-03-02"_s);
 }
 
-TEST_F(CalRecord, DateOfACalibratorIsReadInAnyFormat) {
+TEST_F(RecordCreation, DateOfACalibratorIsReadInAnyFormat) {
     for (const auto& format : {u"MM/DD/YYYY"_s, u"DD/MM/YYYY"_s, u"YYYY/MM/DD"_s, QString()}) {
         session.SessionDateFormat = format;
         set(u"C2301"_s, u"2026-03-02"_s);
@@ -113,8 +113,8 @@ TEST_F(CalRecord, DateOfACalibratorIsReadInAnyFormat) {
     }
 }
 
-TEST_F(CalRecord, ColumnNamesOfTheDictionaryCountInAnyCase) {
-    session.CalFieldTable.erase();
+TEST_F(RecordCreation, ColumnNamesOfTheDictionaryCountInAnyCase) {
+    record.CalFieldTable.erase();
     put(u"c2301"_s, u"03/16/2026"_s, 1);
     put(u"c2333"_s, u"08:05"_s, 3);
     put(u"c2336"_s, {});
@@ -124,14 +124,14 @@ TEST_F(CalRecord, ColumnNamesOfTheDictionaryCountInAnyCase) {
                         "('2026-03-16','08:05:00','jdoe','1301','KVN');commit"_s);
 }
 
-TEST_F(CalRecord, WithoutATimeFieldTheTimeOfTheDuplicateQuestionIsEmpty) {
-    session.CalFieldTable.erase();
+TEST_F(RecordCreation, WithoutATimeFieldTheTimeOfTheDuplicateQuestionIsEmpty) {
+    record.CalFieldTable.erase();
     put(u"C2301"_s, u"03/16/2026"_s, 1);
     EXPECT_EQ(create(), QString());
     EXPECT_TRUE(script.statements.contains(duplicateQuery(u"2026-03-16"_s, {})));
 }
 
-TEST_F(CalRecord, DuplicateIsRefusedAndNothingIsWritten) {
+TEST_F(RecordCreation, DuplicateIsRefusedAndNothingIsWritten) {
     script.answers[duplicateQuery(u"2026-03-16"_s, u"08:05:00"_s)] = {{u"2026-03-16"_s}};
     EXPECT_EQ(create(), u"A calibration record for this UUT with the same calibration date and time already "
                         "exists! Aborting calibration record creation for this UUT."_s);
@@ -139,13 +139,13 @@ TEST_F(CalRecord, DuplicateIsRefusedAndNothingIsWritten) {
     EXPECT_EQ(progress().mid(3), (QStringList{u"value 42"_s, u"value 100"_s, u"hide"_s}));
 }
 
-TEST_F(CalRecord, WorksheetFieldThatIsNotInTheTableIsSkipped) {
+TEST_F(RecordCreation, WorksheetFieldThatIsNotInTheTableIsSkipped) {
     script.answers[worksheetQuery] = {{u"2312"_s}};
     EXPECT_EQ(create(), QString());
     EXPECT_NE(insert(), QString());
 }
 
-TEST_F(CalRecord, OptionalFieldWithoutAnAnswerGoesOn) {
+TEST_F(RecordCreation, OptionalFieldWithoutAnAnswerGoesOn) {
     auto& field = put(u"C2312"_s, u"old"_s);
     script.answers[worksheetQuery] = {{u"2312"_s}};
     for (const auto& mark : {u"N"_s, QString(), u"y"_s}) {
@@ -158,7 +158,7 @@ TEST_F(CalRecord, OptionalFieldWithoutAnAnswerGoesOn) {
     }
 }
 
-TEST_F(CalRecord, RequiredFieldWithoutAnAnswerIsAskedAgainOrGivesTheRecordUp) {
+TEST_F(RecordCreation, RequiredFieldWithoutAnAnswerIsAskedAgainOrGivesTheRecordUp) {
     const auto warning =
         u"Warning: Failure to provide required data during calibration record creation will abort the "
         u"creation "
@@ -179,7 +179,7 @@ TEST_F(CalRecord, RequiredFieldWithoutAnAnswerIsAskedAgainOrGivesTheRecordUp) {
     EXPECT_EQ(progress().mid(3), (QStringList{u"value 42"_s, u"value 100"_s, u"hide"_s}));
 }
 
-TEST_F(CalRecord, RetryOfARequiredFieldTakesTheAnswer) {
+TEST_F(RecordCreation, RetryOfARequiredFieldTakesTheAnswer) {
     put(u"C2312"_s, {}).required = u"Y"_s;
     script.answers[worksheetQuery] = {{u"2312"_s}};
     cancelDialog(u"C2312"_s);

@@ -51,6 +51,7 @@ Row rowOf(const Entry& entry) {
 
 class FieldDictionary : public RecordedSession {
   protected:
+    CalRecord record;
     FieldDictionary() { calibrations(1); }
     void calibrations(int count) { script.answers[firstCalQuery] = {{QString::number(count)}}; }
     /// The rows of the table that come out of these dictionary rows.
@@ -60,10 +61,10 @@ class FieldDictionary : public RecordedSession {
         rows.clear();
         for (const auto& entry : entries)
             rows << (older ? rowOf(entry).mid(0, 10) : rowOf(entry));
-        SetCalDataFields(session, u"A-1"_s);
+        SetCalDataFields(session, record, u"A-1"_s);
         QList<CalField> result;
-        for (int row = 0; row < calFieldCount(session); ++row)
-            result << session.CalFieldTable[row];
+        for (int row = 0; row < calFieldCount(record); ++row)
+            result << record.CalFieldTable[row];
         return result;
     }
     CalField field(const Entry& entry) { return fields({entry}).value(0); }
@@ -304,7 +305,7 @@ TEST_F(FieldDictionary, EachCallErasesWhatTheLastOneLeft) {
     const auto all = fields({{.name = u"C2329"_s}});
     ASSERT_EQ(all.size(), 1);
     EXPECT_EQ(all[0].value, QString());
-    EXPECT_EQ(session.CalFieldTable[1].column, QString());
+    EXPECT_EQ(record.CalFieldTable[1].column, QString());
 }
 
 TEST_F(FieldDictionary, HundredAndOneRowsFillTheTableAndOneMoreIsReported) {
@@ -312,7 +313,7 @@ TEST_F(FieldDictionary, HundredAndOneRowsFillTheTableAndOneMoreIsReported) {
     for (int number = 0; number < 101; ++number)
         entries << Entry{.name = u"C23%1"_s.arg(number), .sdefault = u"x"_s};
     EXPECT_EQ(fields(entries).size(), 101);
-    EXPECT_EQ(session.CalFieldTable[100].value, u"x"_s);
+    EXPECT_EQ(record.CalFieldTable[100].value, u"x"_s);
 
     entries << Entry{.name = u"C2399"_s};
     ui.expectReport(9, u"ModuleGlobals,SetCalDataFields"_s);
@@ -347,8 +348,8 @@ TEST_F(FieldDictionary, LostDatabaseIsReportedOnceForEachRoutine) {
     script.lost = true;
     ui.expectReport(10054, u"ModuleGlobals,FirstCal"_s);
     ui.expectReport(10054, u"ModuleGlobals,SetCalDataFields"_s);
-    SetCalDataFields(session, u"A-1"_s);
-    EXPECT_EQ(calFieldCount(session), 0);
+    SetCalDataFields(session, record, u"A-1"_s);
+    EXPECT_EQ(calFieldCount(record), 0);
     EXPECT_FALSE(session.SessionConnected);
 }
 

@@ -14,18 +14,19 @@ const auto valuesQuery = u"select val from mt.valfield where fldnum = '2315' ord
 
 class PromptUser : public RecordedSession {
   protected:
+    CalRecord record;
     PromptUser() {
         field.column = u"C2315"_s;
         field.title = u"Place of Calibration"_s;
         field.max_length = 20;
     }
     bool ask() {
-        session.CalFieldTable[3] = field;
-        const bool answered = ModuleGlobals::PromptUser(session, 3, u"A-1"_s);
+        record.CalFieldTable[3] = field;
+        const bool answered = ModuleGlobals::PromptUser(session, record, 3, u"A-1"_s);
         EXPECT_TRUE(ui.allCame());
         return answered;
     }
-    QString value() const { return std::as_const(session).CalFieldTable[3].value; }
+    QString value() const { return std::as_const(record).CalFieldTable[3].value; }
     void answer(const QString& entry, std::function<void(const DialogQuestion&)> check = {}) {
         ui.expectDialog(u"Calibration Record Data (A-1)"_s,
                         u"Please enter information for: Place of Calibration"_s, entry, std::move(check));
@@ -206,7 +207,7 @@ TEST_F(PromptUser, FailuresAreReportedAndCountAsNoAnswer) {
     EXPECT_FALSE(ask());
 
     ui.expectReport(9, u"ModuleGlobals,PromptUser"_s);
-    EXPECT_FALSE(ModuleGlobals::PromptUser(session, 101, u"A-1"_s));
+    EXPECT_FALSE(ModuleGlobals::PromptUser(session, record, 101, u"A-1"_s));
 }
 
 } // namespace kelvane::testing

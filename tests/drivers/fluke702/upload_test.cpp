@@ -1,3 +1,4 @@
+#include "drivers/fluke_run.h"
 #include "testkit/fluke_fixture.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
@@ -302,7 +303,6 @@ TEST_F(FlukeUpload, TheDateOfARunWithoutAKindIsNotLookedAt) {
 TEST_F(FlukeUpload, LinesOfARunWithMorePointsAreForgottenInTheNext) {
     addStrategy(u"ONE"_s, {50});
     configure(u"1402"_s, u"tp_name = 'ONE'"_s);
-    session.RecordResults[3] = u"left over"_s;
     storeGood();
     store(u"PT-102"_s, {at(50, 50)});
     EXPECT_EQ(upload(), QString());
@@ -483,7 +483,6 @@ TEST_F(FlukeUploadStandards, FollowTheCalibratorWithoutAModule) {
     storeGood();
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1209"_s})) << "the calibrator once";
-    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"F702-01"_s, u"F702-01"_s, u"DMM-87V"_s}));
 }
 
 TEST_F(FlukeUploadStandards, FollowTheModuleThatTheRunNames) {
@@ -509,8 +508,17 @@ TEST_F(FlukeUploadStandards, EndAtAModuleThatTheInventoryDoesNotKnow) {
     storeGood().pressureModule = u"99999"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), QStringList{u"1102"_s});
-    EXPECT_EQ(std::as_const(session.RecordStandards)[1], QString());
-    EXPECT_EQ(std::as_const(session.RecordStandards)[3], u"DMM-87V"_s);
+}
+
+TEST_F(FlukeUploadStandards, StandInTheRecordAsTheyCame) {
+    CalRecord record;
+    RunStandards(session, record, u"6841207"_s).addInUse(u"PT-101"_s);
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"F702-01"_s, u"F702-01"_s, u"DMM-87V"_s}));
+    RunStandards withModule(session, record, u"6841207"_s);
+    withModule.addModule(u"99999"_s);
+    withModule.addInUse(u"PT-101"_s);
+    EXPECT_EQ(std::as_const(record.RecordStandards)[1], QString());
+    EXPECT_EQ(std::as_const(record.RecordStandards)[3], u"DMM-87V"_s);
 }
 
 TEST_F(FlukeUploadStandards, OfOneRecordAreForgottenInTheNext) {

@@ -13,6 +13,7 @@ using namespace ModuleTSInterface;
 
 class ResultsOfATool : public TorqueFixture {
   protected:
+    CalRecord record;
     ToolResults results{.points = {result(20260318, 93005, {50, 50.5}), result(20260318, 93105, {100})},
                         .comment = "t1FWorn\xB0.",
                         .tech = u"asmith"_s};
@@ -44,14 +45,14 @@ TEST_F(ResultsOfATool, HaveTheMomentOfTheLastReplyThatHasOne) {
 TEST_F(ResultsOfATool, AreJudgedPointByPointWithTheirComment) {
     auto tool = wrench();
     tool.repetitions = 1;
-    const auto findings = findingsOf(session, tool, {0.5, 1}, results);
+    const auto findings = findingsOf(session, record, tool, {0.5, 1}, results);
     EXPECT_EQ(findings.date + u' ' + findings.time, u"2026-03-18 09:31:05"_s);
     EXPECT_EQ(findings.comment, u"Worn\u00b0"_s);
     EXPECT_EQ(findings.counts.failures, 0);
     results.comment.clear();
-    EXPECT_EQ(errorOf([&] { findingsOf(session, tool, {0.5, 1}, results); }), 5);
+    EXPECT_EQ(errorOf([&] { findingsOf(session, record, tool, {0.5, 1}, results); }), 5);
     tool.repetitions = 0;
-    EXPECT_EQ(errorOf([&] { findingsOf(session, tool, {0.5, 1}, results); }), 11);
+    EXPECT_EQ(errorOf([&] { findingsOf(session, record, tool, {0.5, 1}, results); }), 11);
 }
 
 TEST_F(ResultsOfATool, JudgedAgainTakeTheEntrysMomentAndTechnician) {
@@ -69,26 +70,26 @@ TEST_F(ResultsOfATool, JudgedAgainTakeTheEntrysMomentAndTechnician) {
                        .raw = toJson(results),
                        .prepared = true,
                        .standards = {u"X-1"_s}};
-    EXPECT_EQ(TorqueStar_judge_again(session, entry), QString());
+    EXPECT_EQ(TorqueStar_judge_again(session, entry, record), QString());
     QStringList values;
     for (int row = 0; row < 5; ++row)
-        values << std::as_const(session.CalFieldTable)[row].value;
+        values << std::as_const(record.CalFieldTable)[row].value;
     EXPECT_EQ(values, (QStringList{u"2026-03-20"_s, u"10:00:00"_s, u"asmith"_s, u"Worn\u00b0"_s, u"Y"_s}));
-    EXPECT_EQ(entriesOf(session.RecordResults).size(), 2);
-    EXPECT_EQ(entriesOf(session.RecordStandards), QStringList{u"X-1"_s});
+    EXPECT_EQ(entriesOf(record.RecordResults).size(), 2);
+    EXPECT_EQ(entriesOf(record.RecordStandards), QStringList{u"X-1"_s});
 
     // Of a failed preparation, technician and standards are looked up again.
     entry.prepared = false;
     entry.standards.clear();
     addInUseData(u"12345678"_s, u"W-1"_s, u"mjones"_s);
     addStandards(u"W-1"_s, {u"X-2"_s, u"TS-01"_s});
-    EXPECT_EQ(TorqueStar_judge_again(session, entry), QString());
-    EXPECT_EQ(std::as_const(session.CalFieldTable)[2].value, u"mjones"_s);
-    EXPECT_EQ(entriesOf(session.RecordStandards), (QStringList{u"X-2"_s, u"TS-01"_s}));
+    EXPECT_EQ(TorqueStar_judge_again(session, entry, record), QString());
+    EXPECT_EQ(std::as_const(record.CalFieldTable)[2].value, u"mjones"_s);
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"X-2"_s, u"TS-01"_s}));
 
     addPoints(u"W-1"_s, {u"100"_s}, 1);
-    EXPECT_TRUE(
-        TorqueStar_judge_again(session, entry).startsWith(u"The test strategy or the repetitions of W-1"_s));
+    EXPECT_TRUE(TorqueStar_judge_again(session, entry, record)
+                    .startsWith(u"The test strategy or the repetitions of W-1"_s));
     EXPECT_TRUE(ui.allCame());
 }
 

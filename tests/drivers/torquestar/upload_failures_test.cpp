@@ -141,8 +141,6 @@ TEST_F(TorqueUpload, ResultsAndStandardsOfTheInstrumentBeforeAreForgotten) {
     addUsed(2, {u"50"_s, u"100"_s});
     addPoints(u"W-2"_s, {u"100"_s}, 1);
     addStandards(u"W-2"_s, {u"X-2"_s});
-    session.RecordResults[0] = u"left over"_s;
-    session.RecordStandards[7] = u"left over"_s;
     holdResults({{50}, {100}});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
