@@ -1,8 +1,8 @@
 #include "procedures/cal_param_reading.h"
 
 #include "data/assets/assets.h"
+#include "data/custom_dialog.h"
 #include "data/routine.h"
-#include "procedures/ask_instrument.h"
 #include "procedures/column_values.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -41,6 +41,22 @@ std::optional<StoredCalParams> readCalParams(Session& session, Routine& routine,
     if (reports.sawReport())
         return {};
     return stored;
+}
+
+/// Asks for an instrument number until the inventory knows it; nothing when the user gives up.
+std::optional<QString> askInstrument(Session& session, Routine& routine) {
+    for (;;) {
+        const auto entry =
+            ModuleGlobals::CustomDialog(session, text(TextId::calibrationParameters),
+                                        text(TextId::instrumentNumberPrompt), true, 0, 0, 0, QString());
+        if (entry == cancelled)
+            return {};
+        if (routine.hasRow(ModuleGlobals::mtagQuery(session, entry)))
+            return entry;
+        if (session.ui.messageBox(text(TextId::instrumentNumberInvalid), text(TextId::calibrationParameters),
+                                  box::warningRetryCancel) != BoxAnswer::retry)
+            return {};
+    }
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "data/assets/assets.h"
 #include "data/routine.h"
 #include "procedures/refusal.h"
-#include "procedures/save_failure.h"
 #include "procedures/statement_parts.h"
 
 #include <algorithm>
