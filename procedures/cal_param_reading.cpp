@@ -4,6 +4,7 @@
 #include "data/custom_dialog.h"
 #include "data/routine.h"
 #include "procedures/column_values.h"
+#include "procedures/strategies.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -34,8 +35,7 @@ void readMessages(Session& session, const QString& instrument, StoredCalParams& 
 std::optional<StoredCalParams> readCalParams(Session& session, Routine& routine, const QString& instrument) {
     const ReportWatch reports(session);
     StoredCalParams stored;
-    stored.strategies =
-        columnValues(routine, u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
+    stored.strategies = strategyNames(routine);
     stored.record = ModuleGlobals::GetCalParams(session, instrument);
     readMessages(session, instrument, stored);
     if (reports.sawReport())
