@@ -1,8 +1,10 @@
 #pragma once
 
 #include "data/parameters/cal_params.h"
-#include "data/routine.h"
 
+#include <QStringList>
+
+#include <functional>
 #include <optional>
 
 namespace kelvane {
@@ -24,12 +26,18 @@ struct StoredCalParams {
     MessageLists available;
 };
 
-/// Reads all of it, as part of the routine that calls it; the messages are reported as
-/// "FormCalParam,LoadPrompts". Nothing when a report came: half an instrument on the screen would be saved as
-/// if it were all of it.
-std::optional<StoredCalParams> readCalParams(Session& session, Routine& routine, const QString& instrument);
+/// Asks for an instrument number until the inventory knows it; nothing when the user gives up or the database
+/// failed. Reported as "MDIFormMain,GetAsset".
+std::optional<QString> askForInstrument(Session& session);
 
-/// True when an instrument has stored parameters.
-bool hasStoredCalParams(const Session& session, Routine& routine, const QString& instrument);
+/// Asks for the instrument that gets the parameters of another one, and whether it may lose its own; nothing
+/// when the user gives up or the database failed. Reported as "FormCalParam,CommandClone".
+std::optional<QString> askForCloneTarget(Session& session);
+
+/// Reads all of it and hands it to `show`. False when a report came, be it that of `show`; when it came while
+/// all was read, nothing is shown: half an instrument on the screen would be saved as if it were all of it.
+/// Reported as "FormCalParam,LoadControls", the messages as "FormCalParam,LoadPrompts".
+bool loadCalParams(Session& session, const QString& instrument,
+                   const std::function<void(const StoredCalParams&)>& show);
 
 } // namespace kelvane

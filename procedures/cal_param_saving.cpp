@@ -1,10 +1,13 @@
 #include "procedures/cal_param_saving.h"
 
 #include "data/assets/assets.h"
+#include "data/routine.h"
 #include "procedures/refusal.h"
 #include "procedures/statement_parts.h"
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
@@ -55,12 +58,15 @@ QList<Sql> savingStatements(const Session& session, const QString& instrument, c
 
 } // namespace
 
-void storeCalParams(Session& session, Routine& routine, const QString& instrument,
-                    const CalParamEntries& entries, const MessageLists& displayed) {
-    Transaction saving(session);
-    for (const auto& statement : savingStatements(session, instrument, entries, displayed))
-        routine.execute(statement);
-    saving.commit();
+std::optional<Error> storeCalParams(Session& session, const QString& instrument,
+                                    const CalParamEntries& entries, const MessageLists& displayed) {
+    Routine routine(session, u"FormCalParam,SaveData"_s);
+    return routine.failureOf([&] {
+        Transaction saving(session);
+        for (const auto& statement : savingStatements(session, instrument, entries, displayed))
+            routine.execute(statement);
+        saving.commit();
+    });
 }
 
 std::optional<CalParamMember> refusedParameter(const QString& instrument, const CalParamEntries& entries,
@@ -78,8 +84,7 @@ std::optional<CalParamMember> refusedParameter(const QString& instrument, const 
 }
 
 qsizetype refusedMessage(const QStringList& messages) {
-    const auto refused = std::ranges::find_if_not(
-        messages, [](const QString& message) { return sqlText(message).isIntact(); });
+    const auto refused = std::ranges::find_if_not(messages, isConfined);
     return refused == messages.end() ? -1 : refused - messages.begin();
 }
 

@@ -7,9 +7,10 @@
 namespace kelvane {
 
 /// Replaces what is stored for an instrument, all of it or nothing: its parameters, then the messages that it
-/// displays. Texts are quoted as they stand. Part of the routine that calls it.
-void storeCalParams(Session& session, Routine& routine, const QString& instrument,
-                    const CalParamEntries& entries, const MessageLists& displayed);
+/// displays. Texts are quoted as they stand. Gives the error, nothing when all is stored. Reported as
+/// "FormCalParam,SaveData".
+std::optional<Error> storeCalParams(Session& session, const QString& instrument,
+                                    const CalParamEntries& entries, const MessageLists& displayed);
 
 /// The parameter that kept an instrument from being saved: one whose value has left its place in the
 /// statement, or the one whose column the error names. Nothing when neither can be told.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/session.h"
-#include "procedures/save_failure.h"
+#include "procedures/refusal.h"
 
 #include <QStringList>
 

@@ -1,10 +1,16 @@
 #include "procedures/refusal.h"
 
+#include "platform/database/sql.h"
+
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
+
+bool isConfined(const QString& value) {
+    return sqlText(value).isIntact();
+}
 
 bool namesColumn(const Error& error, QLatin1StringView column) {
     const QRegularExpression word(u"\\b%1\\b"_s.arg(column));

@@ -30,12 +30,15 @@ double countOf(Routine& routine, const Sql& query) {
 
 } // namespace
 
+QStringList strategyNames(Routine& routine) {
+    return columnValues(routine, u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
+}
+
 std::optional<StrategyList> loadStrategies(Session& session, const QString& name) {
     Routine routine(session, u"FormStrategies,LoadStrategyList"_s);
     return routine.resultOf([&] {
         StrategyList list;
-        list.names = columnValues(
-            routine, u"select distinct(tp_name) from mt.hvm_kv_proc_points order by tp_name asc");
+        list.names = strategyNames(routine);
         const bool exists = routine.hasRow(recordOf(name));
         list.shown.name = exists && !name.isEmpty() ? name : list.names.value(0);
         list.shown.points =

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "data/session.h"
-#include "procedures/save_failure.h"
+#include "procedures/refusal.h"
 
 #include <QStringList>
 
 #include <optional>
 
 namespace kelvane {
+
+class Routine;
 
 /// A test strategy: a named, ordered list of test points.
 struct Strategy {
@@ -22,6 +24,9 @@ struct StrategyList {
     QStringList names;
     Strategy shown;
 };
+
+/// The names of all strategies, in their order. Part of the routine that calls it.
+QStringList strategyNames(Routine& routine);
 
 /// Reads all names, and the strategy `name`, or the first one when that is empty or does not exist. Nothing
 /// when the database failed, which is reported as "FormStrategies,LoadStrategyList".

@@ -4,7 +4,6 @@
 #include "data/small_routines.h"
 #include "platform/database/sql.h"
 #include "procedures/statement_parts.h"
-#include "resources/text_id.h"
 
 using kelvane::ModuleGlobals::SQLSafe;
 

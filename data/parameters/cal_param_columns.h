@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/parameters/cal_params.h"
-#include "platform/database/sql.h"
+#include "platform/database/sql_words.h"
 
 #include <span>
 #include <variant>

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "data/session.h"
-#include "platform/database/sql.h"
 
 namespace kelvane {
+
+class Sql;
 
 /// All calibration parameters of one instrument: a row of `mt.hvm_kv_tag_config` and a few derived values.
 /// The zeroed record is that of an instrument without configuration.

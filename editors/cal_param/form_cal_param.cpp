@@ -1,9 +1,7 @@
 #include "editors/cal_param/form_cal_param.h"
 
-#include "data/routine.h"
 #include "data/small_routines.h"
 #include "data/tolerances/unit_class.h"
-#include "editors/ask_instrument.h"
 #include "editors/cal_param/cal_param_pages.h"
 #include "procedures/cal_param_reading.h"
 #include "resources/strings.h"
@@ -63,7 +61,7 @@ void FormCalParam::chooseFirst() {
     bool loaded = false;
     run([&] {
         session_.ui.processEvents();
-        const auto asset = GetAsset();
+        const auto asset = askForInstrument(session_);
         loaded = asset && LoadControls(*asset);
     });
     if (loaded)
@@ -72,41 +70,27 @@ void FormCalParam::chooseFirst() {
         unload();
 }
 
-std::optional<QString> FormCalParam::GetAsset() {
-    std::optional<QString> asset;
-    Routine routine(session_, u"MDIFormMain,GetAsset"_s);
-    routine.run([&] { asset = askInstrument(session_, routine); });
-    return asset;
-}
-
 void FormCalParam::showInstrument() {
     setWindowTitle(text(TextId::calibrationParameters) + u" ("_s + instrument_ + u')');
 }
 
 bool FormCalParam::LoadControls(const QString& instrument) {
-    bool loaded = false;
-    Routine routine(session_, u"FormCalParam,LoadControls"_s);
-    routine.run([&] {
-        const auto stored = readCalParams(session_, routine, instrument);
-        if (!stored)
-            return;
+    return loadCalParams(session_, instrument, [&](const StoredCalParams& stored) {
         instrument_ = instrument;
         showInstrument();
         auto& strategies = *fields_.list(&R::tp_name);
         strategies.clear();
-        addRows(strategies, stored->strategies);
+        addRows(strategies, stored.strategies);
         // An instrument without parameters starts from what the screen shows.
-        if (!stored->record.mtag.isEmpty())
-            fields_.show(stored->record);
+        if (!stored.record.mtag.isEmpty())
+            fields_.show(stored.record);
         ShowUnitTabs();
-        refill(*controls_.ListPreAvail, stored->available.pre);
-        refill(*controls_.ListPostAvail, stored->available.post);
-        refill(*controls_.ListPreDisplay, stored->displayed.pre);
-        refill(*controls_.ListPostDisplay, stored->displayed.post);
+        refill(*controls_.ListPreAvail, stored.available.pre);
+        refill(*controls_.ListPostAvail, stored.available.post);
+        refill(*controls_.ListPreDisplay, stored.displayed.pre);
+        refill(*controls_.ListPostDisplay, stored.displayed.post);
         saveCheckSum();
-        loaded = true;
     });
-    return loaded;
 }
 
 void FormCalParam::ShowUnitTabs() {
@@ -122,8 +106,7 @@ void FormCalParam::ShowUnitTabs() {
 
 double FormCalParam::Form_CheckSum() {
     double sum = 0;
-    Routine routine(session_, u"FormCalParam,Form_CheckSum"_s);
-    routine.run([&] {
+    Guard(session_, u"FormCalParam,Form_CheckSum"_s).run([&] {
         const BusyPointer busy(session_.ui);
         sum = ModuleGlobals::CheckSum(session_, summedText(fields_, controls_));
     });
@@ -139,7 +122,7 @@ void FormCalParam::CommandSelect() {
     if (!mayDiscard(closeQuestion()))
         return;
     // Without an answer the current instrument is loaded again.
-    LoadControls(GetAsset().value_or(instrument_));
+    LoadControls(askForInstrument(session_).value_or(instrument_));
 }
 
 QString FormCalParam::strategy() const {

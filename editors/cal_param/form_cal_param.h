@@ -31,8 +31,6 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    /// Asks for an instrument; nothing without an answer or when the database fails.
-    std::optional<QString> GetAsset();
     /// Reads an instrument and shows it as the current one. When anything of it can't be read the screen
     /// keeps all that it shows; then the result is false.
     bool LoadControls(const QString& instrument);
@@ -44,6 +42,8 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void connectSaving();
     /// Checks the screen and stops at the first fault, or replaces what is stored for the current instrument.
     void SaveData();
+    /// Stores what stands on the screen; gives the error, nothing when it is stored.
+    std::optional<Error> store(const CalParamEntries& entries);
     void showFault(const CalParamFault& fault);
     void CommandSelect();
     void CommandClone();

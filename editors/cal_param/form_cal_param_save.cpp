@@ -1,10 +1,9 @@
 #include "editors/cal_param/form_cal_param.h"
 
-#include "data/routine.h"
-#include "editors/ask_instrument.h"
 #include "editors/cal_param/cal_param_focus.h"
 #include "editors/cal_param/prompt_lists.h"
 #include "procedures/cal_param_checks.h"
+#include "procedures/cal_param_reading.h"
 #include "procedures/cal_param_saving.h"
 #include "procedures/refusal.h"
 #include "resources/strings.h"
@@ -25,23 +24,27 @@ void FormCalParam::connectSaving() {
 }
 
 void FormCalParam::SaveData() {
-    Routine routine(session_, u"FormCalParam,SaveData"_s);
-    const auto save = [&] {
-        auto entries = fields_.entries();
-        if (const auto fault = firstFault(entries)) {
-            showFault(*fault);
-            return;
-        }
-        for (const auto limit : makeAlternatingScalesPositive(entries))
-            fields_.control(limit)->show(entries[limit]);
-        const BusyPointer busy(session_.ui);
-        storeCalParams(session_, routine, instrument_, entries,
-                       {rowsOf(*controls_.ListPreDisplay), rowsOf(*controls_.ListPostDisplay)});
+    auto entries = fields_.entries();
+    if (const auto fault = firstFault(entries)) {
+        showFault(*fault);
+        return;
+    }
+    for (const auto limit : makeAlternatingScalesPositive(entries))
+        fields_.control(limit)->show(entries[limit]);
+    if (const auto error = store(entries))
+        refuse(*error);
+}
+
+std::optional<Error> FormCalParam::store(const CalParamEntries& entries) {
+    markUnsaved();
+    const BusyPointer busy(session_.ui);
+    auto error = storeCalParams(session_, instrument_, entries,
+                                {rowsOf(*controls_.ListPreDisplay), rowsOf(*controls_.ListPostDisplay)});
+    if (!error) {
         showInstrument();
         saveCheckSum();
-    };
-    if (const auto error = routine.failureOf(save))
-        refuse(*error);
+    }
+    return error;
 }
 
 void FormCalParam::refuse(const Error& error) {
@@ -70,18 +73,11 @@ void FormCalParam::showFault(const CalParamFault& fault) {
 }
 
 void FormCalParam::CommandClone() {
-    Routine routine(session_, u"FormCalParam,CommandClone"_s);
-    routine.run([&] {
-        const auto target = askInstrument(session_, routine);
-        if (!target)
-            return;
-        if (hasStoredCalParams(session_, routine, *target) &&
-            session_.ui.messageBox(text(TextId::confirmConfigurationOverwrite),
-                                   text(TextId::calibrationParameters), box::warningYesNo) != BoxAnswer::yes)
-            return;
-        instrument_ = *target;
-        SaveData();
-    });
+    const auto target = askForCloneTarget(session_);
+    if (!target)
+        return;
+    instrument_ = *target;
+    SaveData();
 }
 
 } // namespace kelvane

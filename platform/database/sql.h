@@ -1,21 +1,10 @@
 #pragma once
 
+#include "platform/database/sql_words.h"
+
 #include <QString>
 
 namespace kelvane {
-
-/// Words of the program's own source, for tables of them. The compiler refuses what is known only at run
-/// time.
-class SqlWords {
-  public:
-    template <std::size_t length>
-    consteval SqlWords(const char16_t (&words)[length]) // NOLINT(*-explicit-*)
-        : words_(words, length - 1) {}
-    constexpr QStringView view() const { return words_; }
-
-  private:
-    QStringView words_;
-};
 
 /// A statement under construction. The program's own words are literals of its source; what is known only at
 /// run time goes in through `sqlText`, `sqlName`, `sqlNumber` or `sqlCondition`, each of which has its place

@@ -32,8 +32,7 @@ class CalParamProcedures : public RecordedSession {
     }
     std::optional<StoredCalParams> read() {
         std::optional<StoredCalParams> stored;
-        Routine routine(session, u"FormCalParam,LoadControls"_s);
-        routine.run([&] { stored = readCalParams(session, routine, u"PT-1"_s); });
+        loadCalParams(session, u"PT-1"_s, [&](const StoredCalParams& read) { stored = read; });
         return stored;
     }
     CalParamEntries entries{givenRecord(&GivenParam::shown)};
@@ -99,13 +98,10 @@ TEST_F(CalParamProcedures, AlternatingVoltageLosesTheSignsOfItsSideOnly) {
 }
 
 TEST_F(CalParamProcedures, StoreReplacesAllOrNothing) {
-    Routine routine(session, u"FormCalParam,SaveData"_s);
     const auto store = [&](const QString& message) {
-        return routine.run([&] {
-            storeCalParams(session, routine, u"PT-1"_s, entries, {{message}, {u"VENT"_s}});
-        });
+        return storeCalParams(session, u"PT-1"_s, entries, {{message}, {u"VENT"_s}});
     };
-    EXPECT_TRUE(store(u"WAIT"_s));
+    EXPECT_FALSE(store(u"WAIT"_s));
     ASSERT_EQ(script.statements.size(), 4);
     EXPECT_EQ(script.statements[0], u"delete from mt.hvm_kv_tag_config where mtag = "_s + key +
                                         u";delete from mt.hvm_kv_proc_prompts where mtag = "_s + key +
@@ -115,7 +111,7 @@ TEST_F(CalParamProcedures, StoreReplacesAllOrNothing) {
     EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"commit"_s}));
     script.transactions.clear();
     ui.expectReport(1, u"FormCalParam,SaveData"_s);
-    EXPECT_FALSE(store(u"O'BRIEN"_s));
+    EXPECT_TRUE(store(u"O'BRIEN"_s));
     EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"roll back"_s}));
 }
 
