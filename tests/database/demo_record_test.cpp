@@ -65,9 +65,8 @@ TEST_F(DemoRecord, IsWrittenWithStandardsAndResultsAndBecomesTheCurrentOne) {
     const auto ctag = value(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
     EXPECT_EQ(rows(u"select c2430 from mt.standards where ctag = "_s + ctag + u" order by c2430"_s),
               (QStringList{u"1001"_s, u"1101"_s}));
-    EXPECT_EQ(
-        rows(u"select c2502,c2501 from mt.calresults where ctag = "_s + ctag + u" order by c2502"_s, 2),
-        (QStringList{u"0|  1  50.0ft/lb"_s, u"1|  2  150.0ft/lb"_s}));
+    EXPECT_EQ(rows(u"select c2502,c2501 from mt.calresults where ctag = "_s + ctag + u" order by c2502"_s, 2),
+              (QStringList{u"0|  1  50.0ft/lb"_s, u"1|  2  150.0ft/lb"_s}));
 }
 
 TEST_F(DemoRecord, OfAPassEndsTheRecallAndCopiesItsDatesBack) {

@@ -6,8 +6,8 @@
 
 namespace kelvane::testing {
 
-/// A calibration from end to end with the simulated Fluke 702 behind the real link library. The calibrator (F702-01, serial number
-/// 6841207) is empty.
+/// A calibration from end to end with the simulated Fluke 702 behind the real link library. The calibrator
+/// (F702-01, serial number 6841207) is empty.
 class Fluke702EndToEnd : public EndToEndTest {
   protected:
     Fluke702EndToEnd();

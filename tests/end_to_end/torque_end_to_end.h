@@ -24,8 +24,8 @@ QString noData(const QStringList& names);
 
 inline const QString torqueStarName = QStringLiteral("Crane TorqueStar IVc");
 
-/// A calibration from end to end with the simulated torque calibrator, in a process of its own on a pseudo terminal. The
-/// calibrator (TS-0001, serial number 48213) is on and empty.
+/// A calibration from end to end with the simulated torque calibrator, in a process of its own on a pseudo
+/// terminal. The calibrator (TS-0001, serial number 48213) is on and empty.
 class TorqueEndToEnd : public EndToEndTest {
   protected:
     TorqueEndToEnd();
