@@ -32,15 +32,17 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
     : ChildWindow(session, u"FormConnect"_s, {.width = 8235, .height = 1575}),
       menu_(menu),
       exitQuestion_(std::move(exitQuestion)),
-      TextUsername(named(new QLineEdit, u"TextUsername"_s, text(TextId::userName), TextId::userNameTip)),
-      TextPassword(named(new QLineEdit, u"TextPassword"_s, text(TextId::password), TextId::passwordTip)),
+      TextUsername(
+          nameControl(new QLineEdit, u"TextUsername"_s, text(TextId::userName), TextId::userNameTip)),
+      TextPassword(
+          nameControl(new QLineEdit, u"TextPassword"_s, text(TextId::password), TextId::passwordTip)),
       CommandConnect(button(u"CommandConnect"_s, TextId::connectCommand, TextId::connectTip)),
       CommandCancel(button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)) {
     setWindowTitle(text(TextId::loginTitle));
     TextPassword->setEchoMode(QLineEdit::Password);
     // A plain star for each character, whatever the style would draw.
     TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
-    guarded(session.ui, [&] {
+    runGuarded(session.ui, [&] {
         TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
     });
     TextUsername->selectAll();
@@ -49,8 +51,9 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
     setDefaultButton(CommandConnect);
     setCancelButton(CommandCancel);
     setFirstFocus(TextUsername);
-    onSignal(CommandConnect, &QPushButton::clicked, this, session_.ui, [this] { CommandConnect_Click(); });
-    onSignal(CommandCancel, &QPushButton::clicked, this, session_.ui, [this] { exitQuestion_(); });
+    connectGuarded(CommandConnect, &QPushButton::clicked, this, session_.ui,
+                   [this] { CommandConnect_Click(); });
+    connectGuarded(CommandCancel, &QPushButton::clicked, this, session_.ui, [this] { exitQuestion_(); });
 }
 
 void FormConnect::layOut() {
@@ -114,7 +117,7 @@ void FormConnect::waitAfterRefusal() {
         return;
     const int seconds = std::min(1 << std::min(refusals_ - 2, mostDoublings), longestWait);
     const auto end = session_.clock.now().addSecs(seconds);
-    // Counted as well: the wait ends when somebody sets the clock back meanwhile.
+    // Counted as well: the wait ends even when the clock is set back meanwhile.
     for (int look = 0; look < seconds * looksPerSecond && session_.clock.now() < end; ++look) {
         QThread::msleep(1000 / looksPerSecond);
         session_.ui.processEvents();
@@ -122,7 +125,7 @@ void FormConnect::waitAfterRefusal() {
 }
 
 bool FormConnect::mayClose() {
-    // While the login runs its buttons are disabled, and so is this way out.
+    // While the login runs its buttons are disabled, and so is closing the screen.
     if (CommandCancel->isEnabled())
         exitQuestion_();
     return false;

@@ -26,8 +26,8 @@ class FormConnect final : public ChildWindow {
     void layOut();
     void CommandConnect_Click();
     bool connectUser();
-    /// Each further opening in a row that is refused waits longer, 1 second, then 2, 4 and so on, before it
-    /// says so.
+    /// Each further opening in a row that is refused waits longer, 1 second, then 2, 4 and so on, before its
+    /// message appears.
     void waitAfterRefusal();
     void setButtonsEnabled(bool enabled);
     bool mayClose() override;

@@ -26,7 +26,7 @@ FormODBC::FormODBC(Session& session, const QStringList& dataSources)
     setFirstFocus(ComboDatasource);
 
     selectStored();
-    onSignal(ComboDatasource, &QComboBox::activated, this, session_.ui, [this] { store(); });
+    connectGuarded(ComboDatasource, &QComboBox::activated, this, session_.ui, [this] { store(); });
 }
 
 void FormODBC::selectStored() {

@@ -22,15 +22,15 @@ void readUser(Session& session, const QString& name) {
     const auto user = sqlText(name);
     const auto query = u"select (select i4240 from mt.userlist where mtuser = " + user +
                        u"),(select mtlevel  from mt.userlist where mtuser = " + user + u")";
-    const auto rows = sharedConnection(session).select(sendable(query), Rows::first);
-    if (upperCased(name) == u"MT") {
+    const auto rows = sharedConnection(session).select(requireIntact(query), Rows::first);
+    if (toUpperCase(name) == u"MT") {
         session.SessionOwner = u"MT"_s;
         session.SessionLevel = 6;
         return;
     }
     rows->next();
     session.SessionOwner = notNull(rows->value(0));
-    session.SessionLevel = roundedToShort(numericValue(notNull(rows->value(1))));
+    session.SessionLevel = roundToShort(numericValue(notNull(rows->value(1))));
 }
 
 /// The date form of a code; a code that is not known leaves it as it was.
@@ -61,7 +61,7 @@ void readSite(Session& session) {
     takeFlag(session.BCal4225, number(2));
     takeFlag(session.BCal4224, number(3));
     takeFlag(session.BCalP, number(4));
-    session.SessionDbVersion = roundedToShort(number(1));
+    session.SessionDbVersion = roundToShort(number(1));
 }
 
 } // namespace

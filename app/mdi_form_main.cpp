@@ -69,7 +69,7 @@ QIcon programIcon() {
 
 } // namespace
 
-/// What an entry does. Most commands need the connection; null is a screen that comes later.
+/// What an entry does. Most commands need the connection; null is a screen of a later version.
 struct MDIFormMain::Command {
     MenuEntry entry;
     bool needsConnection;
@@ -113,7 +113,7 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Environment
     buildMenu();
     menu_.changed = [this] { applyMenu(); };
     auto* entering = new QShortcut(QKeySequence(Qt::Key_F10), this);
-    onSignal(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
+    connectGuarded(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
 }
 
 void MDIFormMain::buildMenu() {
@@ -130,8 +130,8 @@ void MDIFormMain::buildMenu() {
             actions_[place]->setShortcut(QKeySequence(row.shortcut.toString()));
         }
         actions_[place]->setObjectName(row.name.toString());
-        onSignal(actions_[place], &QAction::triggered, this, session_.ui,
-                 [this, entry = row.entry] { carryOut(entry); });
+        connectGuarded(actions_[place], &QAction::triggered, this, session_.ui,
+                       [this, entry = row.entry] { carryOut(entry); });
     }
     applyMenu();
 }
@@ -160,14 +160,14 @@ void MDIFormMain::applyMenu() {
 }
 
 void MDIFormMain::load() {
-    guarded(session_.ui, [this] {
+    runGuarded(session_.ui, [this] {
         setWindowTitle(text(TextId::applicationName));
         // For the child windows too.
         QApplication::setWindowIcon(programIcon());
         setCaptions();
         statusLine_->refresh();
         resize(pixels(widthInTwips), pixels(heightInTwips));
-        guarded(session_.ui, [this] { restorePlace(session_, *this); });
+        runGuarded(session_.ui, [this] { restorePlace(session_, *this); });
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
         show();
         placeAtStart_ = placeOf(*this);
@@ -176,10 +176,10 @@ void MDIFormMain::load() {
 }
 
 void MDIFormMain::startUp() {
-    // Whatever fails before it, without the login screen nobody could go on.
-    guarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, environment_.commandLine); });
+    // Whatever fails before it, without the login screen the program is of no use.
+    runGuarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, environment_.commandLine); });
     auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
-    onSignal(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
+    connectGuarded(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
 }
 
 void MDIFormMain::offerUnfinishedResults() {
@@ -207,12 +207,12 @@ void MDIFormMain::carryOut(MenuEntry entry) {
     if (command->run)
         (this->*command->run)();
     else
-        comesLater(entry);
+        showNotAvailableYet(entry);
 }
 
 void MDIFormMain::closeEvent(QCloseEvent* event) {
     event->ignore();
-    guarded(session_.ui, [this] { mnuExit(); });
+    runGuarded(session_.ui, [this] { mnuExit(); });
 }
 
 void MDIFormMain::changeEvent(QEvent* event) {
@@ -226,11 +226,12 @@ void MDIFormMain::mnuExit() {
     if (session_.ui.messageBox(text(TextId::confirmExit), text(TextId::applicationName), box::question) !=
         BoxAnswer::yes)
         return;
-    guarded(session_.ui, [this] {
+    runGuarded(session_.ui, [this] {
         if (const auto place = placeOf(*this); place != placeAtStart_)
             storePlace(session_, place);
     });
-    // The end unwinds nothing, and an engine of ours then leaves its last records beside its files.
+    // Ending the process runs no destructors, and the embedded engine then leaves its last records beside its
+    // files.
     closeConnection(session_);
     environment_.endProcess();
 }
@@ -241,7 +242,7 @@ void MDIFormMain::mnuLogout() {
                                box::warning);
         return;
     }
-    guarded(session_.ui, [this] { disconnectSession(session_); });
+    runGuarded(session_.ui, [this] { disconnectSession(session_); });
     resetMenuForLogout(menu_);
     startUp();
 }
@@ -269,7 +270,7 @@ void MDIFormMain::mnuDownload() {
 
 void MDIFormMain::mnuUpload() {
     const auto before = unfinishedResults(session_);
-    guarded(session_.ui, [this] { ModuleGlobals::UploadFromCalibrator(calibrators_); });
+    runGuarded(session_.ui, [this] { ModuleGlobals::UploadFromCalibrator(calibrators_); });
     const auto after = unfinishedResults(session_);
     const auto isNew = [&](const UnfinishedResult& result) {
         return std::ranges::find(before, result.id, &UnfinishedResult::id) == before.cend();
@@ -322,7 +323,7 @@ void MDIFormMain::mnuPredefined() {
     showScreen<FormPredefinedTasks>();
 }
 
-void MDIFormMain::comesLater(MenuEntry entry) {
+void MDIFormMain::showNotAvailableYet(MenuEntry entry) {
     const auto& row = menuTree()[static_cast<std::size_t>(entry)];
     session_.ui.messageBox(text(TextId::screenNotInVersion), text(row.caption), box::information);
 }

@@ -19,7 +19,7 @@ namespace kelvane {
 class OpenCalParam;
 class StatusLine;
 
-/// What the main window has to do with the world outside the session.
+/// What the main window does beyond the session.
 struct Environment {
     /// The data sources that the driver manager knows.
     std::function<QStringList()> dataSources;
@@ -71,7 +71,7 @@ class MDIFormMain final : public QMainWindow {
     void mnuWorkEntry();
     void mnuPrompts();
     void mnuPredefined();
-    void comesLater(MenuEntry entry);
+    void showNotAvailableYet(MenuEntry entry);
 
     /// The parameter editor, once it has an instrument; null otherwise.
     OpenCalParam* openCalParam() const;

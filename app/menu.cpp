@@ -40,7 +40,7 @@ Menu::Menu() {
         states_[static_cast<std::size_t>(row.entry)] = {row.shown, row.enabled};
 }
 
-bool Menu::canBeReached(MenuEntry entry) const {
+bool Menu::isReachable(MenuEntry entry) const {
     for (; entry != MenuEntry::none; entry = menuTree()[static_cast<std::size_t>(entry)].parent) {
         if (!isShown(entry) || !isEnabled(entry))
             return false;

@@ -62,7 +62,7 @@ class Menu {
 
     bool isShown(MenuEntry entry) const { return state(entry).shown; }
     bool isEnabled(MenuEntry entry) const { return state(entry).enabled; }
-    bool canBeReached(MenuEntry entry) const;
+    bool isReachable(MenuEntry entry) const;
 
     void show(Entries entries);
     void hide(Entries entries);

@@ -19,7 +19,7 @@ const QString section = u"MainWindow"_s;
 // Beyond any screen; keeps a spoilt setting inside the whole numbers.
 constexpr double farAway = 1e6;
 
-std::optional<int> stored(const Workstation& workstation, const QString& key) {
+std::optional<int> readStored(const Workstation& workstation, const QString& key) {
     const auto number = numberOf(ModuleGlobals::GetRegSetting(workstation, section, key));
     if (!number)
         return {};
@@ -41,18 +41,18 @@ WindowPlace placeOf(const QWidget& window) {
 }
 
 void restorePlace(const Workstation& workstation, QWidget& window) {
-    const auto width = stored(workstation, u"Width"_s);
-    const auto height = stored(workstation, u"Height"_s);
+    const auto width = readStored(workstation, u"Width"_s);
+    const auto height = readStored(workstation, u"Height"_s);
     if (!width || !height || *width <= 0 || *height <= 0)
         return;
     window.resize(QSize(*width, *height)
                       .boundedTo(window.screen()->availableSize())
                       .expandedTo(window.minimumSizeHint()));
-    const auto left = stored(workstation, u"Left"_s);
-    const auto top = stored(workstation, u"Top"_s);
+    const auto left = readStored(workstation, u"Left"_s);
+    const auto top = readStored(workstation, u"Top"_s);
     if (left && top && isOnAScreen(QRect(QPoint(*left, *top), window.size())))
         window.move(*left, *top);
-    if (stored(workstation, u"Maximized"_s) == 1)
+    if (readStored(workstation, u"Maximized"_s) == 1)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 

@@ -18,7 +18,7 @@ struct WindowPlace {
 
 WindowPlace placeOf(const QWidget& window);
 /// Puts a window, before it is shown, where it was left the last time. What is not stored, or is no size that
-/// its screen can show, stays as it is; a place outside all screens is left to the window manager.
+/// its screen can show, stays as it is; a position beyond all screens is left to the window manager.
 void restorePlace(const Workstation& workstation, QWidget& window);
 void storePlace(const Workstation& workstation, const WindowPlace& place);
 

@@ -5,8 +5,8 @@
 
 namespace kelvane {
 
-/// The whole workstation, put together over the outside things that it is given. A `QApplication` has to be
-/// there first.
+/// The whole workstation, composed over the environment that it is given. A `QApplication` has to be there
+/// first.
 class WorkstationProgram {
   public:
     WorkstationProgram(const Clock& clock, SettingsStore& settings, ConnectionFactory connections,

@@ -2,7 +2,7 @@
 // that reads the same row of parameters: the limits themselves are to cost nothing beside it. Usage:
 // bench_acceptance [COUNT]
 
-#include "benchmarks/in_turns.h"
+#include "benchmarks/alternating_runs.h"
 #include "benchmarks/plain_odbc.h"
 #include "data/session.h"
 #include "drivers/fluke702/dpclnk_library.h"
@@ -60,10 +60,10 @@ void run(int count) {
     require(!assets.isEmpty(), "the database has no instruments");
 
     int refused = 0;
-    const auto took = inTurns(
+    const auto took = runInTurns(
         count, [&](int i) { refused += !Fluke702_acceptable(driver, assets[i % assets.size()]).isEmpty(); },
         [&](int i) { require(plain.run(statements[i % statements.size()], 1) == 1, "not one row"); });
-    require(ui.complaints.isEmpty(), "a check has failed");
+    require(ui.reportedErrors.isEmpty(), "a check has failed");
     require(refused > 0 && refused < count, "all instruments are alike");
     std::printf("acceptance: %.2f times plain ODBC reading the parameters (aim 1.3 or less)\n", took.ratio());
     std::printf("acceptance: %.0f checks a second, %.2f us each; plain ODBC %.2f us\n", 1E6 / took.ours,

@@ -12,7 +12,7 @@ class QWidget;
 
 namespace kelvane::bench {
 
-/// A query of an editor and the rows of it that it wants.
+/// A query of an editor and the rows that it reads.
 struct Query {
     QString statement;
     Rows rows;

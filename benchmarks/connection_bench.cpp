@@ -1,7 +1,7 @@
 // The connection against plain ODBC calls that do the same, both in one run, in turns. Usage:
 // bench_connection [COUNT]
 
-#include "benchmarks/in_turns.h"
+#include "benchmarks/alternating_runs.h"
 #include "benchmarks/plain_odbc.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/embedded_database.h"
@@ -18,7 +18,7 @@ namespace {
 
 void compare(const char* what, int count, const std::function<void(int)>& ours,
              const std::function<void(int)>& plain) {
-    const auto took = inTurns(count, ours, plain);
+    const auto took = runInTurns(count, ours, plain);
     std::printf("%-24s %8.2f us, plain ODBC %8.2f us, ratio %.2f\n", what, took.ours, took.plain,
                 took.ratio());
 }

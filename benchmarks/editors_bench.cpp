@@ -2,9 +2,9 @@
 // whose lists are filled in one go with what plain ODBC reads with the same queries. Usage: bench_editors
 // [TURNS]
 
+#include "benchmarks/alternating_runs.h"
 #include "benchmarks/bare_screen.h"
 #include "benchmarks/editor_site.h"
-#include "benchmarks/in_turns.h"
 #include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
@@ -95,12 +95,12 @@ class Comparison {
         site_.ui.instrument = EditorSite::instruments[0];
     }
 
-    void opening(bool everything) {
+    void measureOpening(bool everything) {
         auto* screen = open();
         const auto outline = outlineOf(*screen, queries(), site_.plain, everything);
         delete screen;
         require(!editor_.choose || rowsRead(outline) >= rows_, "the bare window does not read the rows");
-        const auto took = inTimedTurns(
+        const auto took = runTimedTurns(
             turns_,
             [&](int) {
                 const auto time = microsecondsOf([&] { screen = open(); });
@@ -126,7 +126,7 @@ class Comparison {
             outlines[record] = outlineOf(*screen, queries(), site_.plain, false);
         }
         bare_.open(outlines[0]);
-        const auto took = inTimedTurns(
+        const auto took = runTimedTurns(
             turns_, [&](int turn) { return microsecondsOf([&] { choose(*screen, (turn + 1) % 2); }); },
             [&](int turn) { return microsecondsOf([&] { bare_.show(outlines[(turn + 1) % 2]); }); });
         bare_.close();
@@ -154,7 +154,7 @@ class Comparison {
         return rows;
     }
     void print(const char* what, const Turns& took) const {
-        require(site_.ui.complaints.isEmpty(), "an editor has complained");
+        require(site_.ui.reportedErrors.isEmpty(), "an editor has complained");
         std::printf("%-22s %6d rows, %-22s %8.2f ms, bare %8.2f ms, ratio %.2f\n", editor_.name, rows_, what,
                     took.ours / 1000, took.plain / 1000, took.ratio());
         std::fflush(stdout);
@@ -174,8 +174,8 @@ void run(int turns, const QString& only) {
             if (!only.isEmpty() && QString::fromLatin1(editor.name) != only)
                 continue;
             Comparison comparison(site, editor, rows, turns);
-            comparison.opening(false);
-            comparison.opening(true);
+            comparison.measureOpening(false);
+            comparison.measureOpening(true);
             comparison.switching();
         }
     }

@@ -116,7 +116,7 @@ InStep::Half InStep::run(const std::function<QString()>& half) {
     half_.ours = (time - pause_).count();
     catchUp();
     require(failure.isEmpty(), failure);
-    site_.requireNoComplaint();
+    site_.requireNoErrors();
     return half_;
 }
 

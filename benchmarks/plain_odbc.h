@@ -12,7 +12,7 @@
 
 namespace kelvane::bench {
 
-/// ODBC with nothing around it: what every figure of the database is held against.
+/// Plain ODBC, with which every figure of the database is compared.
 class PlainOdbc {
   public:
     /// Ends the program when the data source can't be opened.

@@ -82,10 +82,10 @@ Dpclnk::Status QuickLink::MEMcalResult(qint32 record, qint16& entries) {
 
 Dpclnk::Status QuickLink::MEMcalResultEntry(qint32 record, qint16 entry, float& reading, qint16&, float&,
                                             float& applied, qint16&, float&, float& error) {
-    const auto& one = task(record);
-    const float fraction = one.points[static_cast<std::size_t>(entry)];
-    reading = one.read.at(fraction);
-    applied = one.applied.at(fraction);
+    const auto& stored = task(record);
+    const float fraction = stored.points[static_cast<std::size_t>(entry)];
+    reading = stored.read.at(fraction);
+    applied = stored.applied.at(fraction);
     error = 0;
     return 0;
 }

@@ -17,10 +17,10 @@ class QuickLink final : public Dpclnk {
     Status DPCopen(qint32, const QString&, qint32, quint8) override { return 0; }
     Status DPCclose() override { return 0; }
     Status DPCget70x(QString& model, QString& serial, QString& text, qint32&, qint32&, qint32&) override;
-    Status DPCdnlStart(qint32& count) override { return none(count); }
-    Status DPCdnlStep(qint32& count) override { return none(count); }
-    Status DPCuplStart(qint32& count) override { return none(count); }
-    Status DPCuplStep(qint32& count) override { return none(count); }
+    Status DPCdnlStart(qint32& count) override { return countNone(count); }
+    Status DPCdnlStep(qint32& count) override { return countNone(count); }
+    Status DPCuplStart(qint32& count) override { return countNone(count); }
+    Status DPCuplStep(qint32& count) override { return countNone(count); }
 
     Status MEMclear() override { return 0; }
     Status MEMstrategyDefn(qint32& strategyId, const QString& name, qint16 count,
@@ -70,7 +70,7 @@ class QuickLink final : public Dpclnk {
         Scale applied;
         Scale read;
     };
-    static Status none(qint32& count) { return static_cast<Status>(count = 0); }
+    static Status countNone(qint32& count) { return static_cast<Status>(count = 0); }
     const Task& task(qint32 record) const { return tasks_[static_cast<std::size_t>(record)]; }
 
     std::vector<Task> tasks_;

@@ -93,8 +93,8 @@ QString Site::makePackage(const QStringList& names) {
     return tag;
 }
 
-void Site::requireNoComplaint() const {
-    require(ui.complaints.isEmpty(), ui.complaints.join(u'\n'));
+void Site::requireNoErrors() const {
+    require(ui.reportedErrors.isEmpty(), ui.reportedErrors.join(u'\n'));
 }
 
 Replay::Replay(const testing::EmbeddedDatabase& database) : plain_(database.connectionString()) {
@@ -116,8 +116,8 @@ double Replay::run(const WatchedConnection::Log& log) {
     Seconds time{};
     {
         const Timed timed(time);
-        for (const auto& one : std::as_const(catcher.texts))
-            plain_.run(one.statement, one.rows == Rows::first ? 1 : std::numeric_limits<int>::max());
+        for (const auto& text : std::as_const(catcher.texts))
+            plain_.run(text.statement, text.rows == Rows::first ? 1 : std::numeric_limits<int>::max());
     }
     return time.count();
 }

@@ -25,8 +25,8 @@ class Site {
     void copyInstrument(const QString& like, const QStringList& names);
     /// Makes a task package of the instruments and gives its tag.
     QString makePackage(const QStringList& names);
-    /// Ends the program when the operator was told of a failure.
-    void requireNoComplaint() const;
+    /// Ends the program when a failure was shown to the operator.
+    void requireNoErrors() const;
 
     QTemporaryDir folder;
     testing::QuietOperator ui;

@@ -72,7 +72,7 @@ class Points {
     QString outputUnits_ = u" mA"_s;
 };
 
-void withPrintf(const Numbers& numbers) {
+void formatWithPrintf(const Numbers& numbers) {
     std::array<char, 64> text;
     for (const double value : numbers.values)
         produced +=
@@ -81,7 +81,7 @@ void withPrintf(const Numbers& numbers) {
     produced += static_cast<std::size_t>(std::snprintf(text.data(), text.size(), "%d", numbers.line));
 }
 
-void withToChars(const Numbers& numbers) {
+void formatWithToChars(const Numbers& numbers) {
     std::array<char, 64> text;
     char* const end = text.data() + text.size();
     for (const double value : numbers.values)
@@ -118,8 +118,10 @@ int run() {
         judged = std::min(judged, seconds([&](int reading) {
                               produced += static_cast<std::size_t>(points.judge(reading).result_line.size());
                           }));
-        printed = std::min(printed, seconds([&](int reading) { withPrintf(numbers[std::size_t(reading)]); }));
-        copied = std::min(copied, seconds([&](int reading) { withToChars(numbers[std::size_t(reading)]); }));
+        printed =
+            std::min(printed, seconds([&](int reading) { formatWithPrintf(numbers[std::size_t(reading)]); }));
+        copied =
+            std::min(copied, seconds([&](int reading) { formatWithToChars(numbers[std::size_t(reading)]); }));
     }
     std::printf(
         "tolerance: %.2f times nine numbers with snprintf (aim 0.8 or less), %.2f times with to_chars\n",

@@ -45,7 +45,7 @@ Figures measure(TorqueSite& site, int tools, Command command) {
     port.endExchange();
     site.port.setPortOpen(false);
     require(failure.isEmpty(), failure);
-    site.requireNoComplaint();
+    site.requireNoErrors();
     return {tools,
             static_cast<int>(log.statements.size()),
             whole.count(),
@@ -71,14 +71,14 @@ Figures upload(TorqueSite& site, int tools) {
     return measure(site, tools, ModuleTSInterface::TorqueStar_upload);
 }
 
-void onPacedLine(const TorqueSite::Programs& programs) {
+void measurePacedLine(const TorqueSite::Programs& programs) {
     TorqueSite site(programs, {u"--baud"_s, QString::number(baud)});
     const auto loaded = download(site, mostTools);
     std::printf("exchange at %d baud / its bytes on the line: %.3f   (%d messages, %.2f s against %.2f s)\n",
                 baud, loaded.exchanges / loaded.line, loaded.messages, loaded.exchanges, loaded.line);
 }
 
-void onFastLine(const TorqueSite::Programs& programs) {
+void measureFastLine(const TorqueSite::Programs& programs) {
     TorqueSite site(programs, {u"--no-pace"_s});
     for (const int tools : {1, 12, mostTools}) {
         const auto down = download(site, tools);
@@ -107,7 +107,7 @@ int main(int argc, char** argv) {
         kelvane::bench::giveUp(u"usage: bench_torque SIMULATOR TECHNICIAN DATABASE"_s);
     const kelvane::bench::TorqueSite::Programs programs{
         QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3])};
-    kelvane::bench::onFastLine(programs);
-    kelvane::bench::onPacedLine(programs);
+    kelvane::bench::measureFastLine(programs);
+    kelvane::bench::measurePacedLine(programs);
     return 0;
 }

@@ -1,4 +1,4 @@
-# A library whose sources the rooms add with kelvane_sources.
+# A library whose sources the modules add with kelvane_sources.
 function(kelvane_library name)
     add_library(${name} STATIC)
     target_link_libraries(${name} PUBLIC kelvane_options ${ARGN})

@@ -57,7 +57,7 @@ class Guard {
     QString statement_;
 };
 
-/// Sees whether a report came during a block: what was prepared in it may then be incomplete.
+/// Notices error reports during a block: what was prepared in it may then be incomplete.
 class ReportWatch {
   public:
     explicit ReportWatch(const Session& session) : session_(session), before_(session.reportCount) {}

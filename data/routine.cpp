@@ -4,7 +4,7 @@ namespace kelvane {
 
 const QString& Routine::take(const Sql& statement) {
     keepStatement(statement.text());
-    return sendable(statement);
+    return requireIntact(statement);
 }
 
 std::unique_ptr<RecordSet> Routine::select(const Sql& statement, Rows rows) {
@@ -36,7 +36,7 @@ Transaction::~Transaction() {
     try {
         connection_.rollBackTransaction();
     } catch (const Error&) {
-        // The connection counts as lost then, and the next statement says so.
+        // The connection counts as lost then, and the next statement fails.
     }
 }
 

@@ -9,7 +9,7 @@
 
 namespace kelvane {
 
-/// The guard of a routine that works with the database: a report of it shows the statement in hand, too.
+/// The guard of a routine that works with the database: a report of it shows the current statement, too.
 ///
 ///     QString result;
 ///     Routine routine(session, u"ModuleGlobals,CheckAsset"_s);
@@ -29,7 +29,7 @@ class Routine : public Guard {
     /// True when the query has a row.
     bool hasRow(const Sql& statement);
     /// Runs a writing statement through the shared connection; gives the number of rows that it has changed,
-    /// -1 where the engine does not tell.
+    /// -1 where the engine does not report it.
     qint64 execute(const Sql& statement);
 
   private:
@@ -37,8 +37,8 @@ class Routine : public Guard {
     const QString& take(const Sql& statement);
 };
 
-/// All statements of a block or none, on the engines that can (`Connection::beginTransaction`). Without
-/// `commit` the end of the block rolls back.
+/// Carries out all statements of a block or none, on engines with transactions
+/// (`Connection::beginTransaction`). Without `commit` the end of the block rolls back.
 class Transaction {
   public:
     explicit Transaction(Session& session);
@@ -55,8 +55,8 @@ class Transaction {
 /// The value of a column that must not be null: error 94 otherwise.
 QString notNull(const std::optional<QString>& value);
 
-/// The date, the time or both that a column holds, as servers write them: the year first, a fraction of a
-/// second, which is passed over, behind the time. Error 13 when the text is none of them.
+/// The date, the time or both that a column holds, as servers write them: the year first, an optional
+/// fraction of a second, which is ignored, behind the time. Error 13 when the text is none of them.
 Moment storedMoment(QStringView text);
 
 } // namespace kelvane

@@ -32,7 +32,7 @@ struct PromptEntry {
     QString prompt_type;
 };
 
-/// The session values and the module-level lists: one set for the whole program, handed to every routine.
+/// The session values and the module-level lists: one set for the whole program, passed to every routine.
 /// Values stay after log out and are overwritten by the next login; the lists hold only the last answer.
 struct Session : Workstation {
     Session(const Workstation& workstation, ConnectionFactory connections)

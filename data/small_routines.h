@@ -13,8 +13,8 @@ QString DPCsafePrompt(const QString& text);
 /// `length` random digits and capital letters, the tag of a task package. The generator is seeded from the
 /// machine's clock in its finest step, so that two tags of one second differ.
 QString RandomString(Session& session, qint16 length);
-/// The sum of all code points and their positions, from 1. Order is not seen: an editor notices changes of
-/// content.
+/// The sum of all code points and their positions, from 1. It does not depend on the order of the characters:
+/// an editor notices changes of content.
 double CheckSum(Session& session, const QString& text);
 
 } // namespace kelvane::ModuleGlobals

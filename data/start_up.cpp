@@ -52,7 +52,7 @@ class TextFile {
 QString configuredTemplate(const QString& iniPath) {
     TextFile ini(iniPath);
     while (const auto line = ini.nextLine()) {
-        if (!lowerCased(*line).contains(u"rslt_template"))
+        if (!toLowerCase(*line).contains(u"rslt_template"))
             continue;
         const auto sign = line->indexOf(u'=');
         return sign < 0 ? QString() : trimBlanks(QStringView(*line).mid(sign + 1));
@@ -70,7 +70,7 @@ QString templatePath(const Session& session) {
 /// Whether a line of the template is the one that results are laid out by: the first that is neither comment
 /// nor directive nor next to nothing.
 bool isBody(const QString& line) {
-    const auto small = lowerCased(line);
+    const auto small = toLowerCase(line);
     for (const QStringView mark : {u"#", u"subst$", u"split$", u"rslt", u"rm$"}) {
         if (small.contains(mark))
             return false;
@@ -86,7 +86,7 @@ SubstRow substRow(QStringView line) {
     const auto length = line.size() - 2 - third;
     if (closing < 0 || length < 0)
         throw makeError(ErrorNumber::invalidArgument);
-    return {upperCased(line.mid(7, 2)), line.mid(opening + 1, closing - opening - 1).toString(),
+    return {toUpperCase(line.mid(7, 2)), line.mid(opening + 1, closing - opening - 1).toString(),
             line.mid(third, length).toString()};
 }
 
@@ -96,7 +96,7 @@ void readTemplate(Session& session, const QString& path) {
     int row = 0;
     while (const auto line = file.nextLine()) {
         if (isBody(*line)) {
-            session.ResultTemplateLine = upperCased(*line);
+            session.ResultTemplateLine = toUpperCase(*line);
             return;
         }
         if (line->contains(u"subst$"))
@@ -130,12 +130,12 @@ void StartupFunctions(Session& session, const QString& commandLine) {
         bool found = false;
         {
             const BusyPointer busy(session.ui);
-            session.CommandLineFlag = upperCased(commandLine).contains(u"KFDJ");
+            session.CommandLineFlag = toUpperCase(commandLine).contains(u"KFDJ");
             session.SubstTable.erase();
             session.WinDir = qEnvironmentVariable("windir");
             found = findAndReadTemplate(session);
         }
-        // A missing file is told here and again as the missing body line.
+        // A missing file is reported here, and again as the missing body line.
         if (!found)
             warnOfTemplate(session);
         if (session.ResultTemplateLine.isEmpty())

@@ -4,10 +4,10 @@
 
 namespace kelvane::ModuleGlobals {
 
-/// Fills the session values that have to do with the command line and the result template: `CommandLineFlag`,
+/// Fills the session values that depend on the command line and the result template: `CommandLineFlag`,
 /// `WinDir`, `SubstTable`, `ResultTemplateLine` (which is not cleared first). Called at the start and again
 /// by log out. The template is "rslt_db.frm" in the current directory, or what `rslt_template` of metcal.ini
-/// in `WinDir` names; both are read as UTF-8, a line that is none as Windows-1252.
+/// in `WinDir` names; both are read as UTF-8, a line that is not UTF-8 as Windows-1252.
 void StartupFunctions(Session& session, const QString& commandLine);
 
 } // namespace kelvane::ModuleGlobals

@@ -17,10 +17,10 @@ namespace kelvane::demo {
 
 DemoWorkstation::DemoWorkstation(WorkstationProgram& workstation, const QString& pictures)
     : program(workstation),
-      person([this](const QString& told) { complaints_ << told; }),
+      simulatedOperator([this](const QString& description) { reportedErrors_ << description; }),
       pictures_(pictures) {
     QDir().mkpath(pictures_);
-    person.onShown = [this](QWidget& widget) {
+    simulatedOperator.onShown = [this](QWidget& widget) {
         if (qobject_cast<QMessageBox*>(&widget))
             picture(widget, u"box"_s);
         else
@@ -31,23 +31,23 @@ DemoWorkstation::DemoWorkstation(WorkstationProgram& workstation, const QString&
 void DemoWorkstation::picture(QWidget& widget, const QString& name) {
     const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 3, 10, QChar(u'0')).arg(name);
     if (!widget.grab().save(file))
-        complaints_ << u"the picture %1 could not be written"_s.arg(file);
+        reportedErrors_ << u"the picture %1 could not be written"_s.arg(file);
 }
 
-void DemoWorkstation::step(const QString& told, const std::function<void()>& act) {
-    std::printf("- %s\n", qPrintable(told));
+void DemoWorkstation::step(const QString& description, const std::function<void()>& act) {
+    std::printf("- %s\n", qPrintable(description));
     std::fflush(stdout);
     act();
     QCoreApplication::processEvents();
-    person.missOthers();
-    if (!complaints_.isEmpty())
-        throw Difference(told + u": "_s + complaints_.join(u"; "_s));
+    simulatedOperator.reportMissing();
+    if (!reportedErrors_.isEmpty())
+        throw Difference(description + u": "_s + reportedErrors_.join(u"; "_s));
 }
 
 QWidget& DemoWorkstation::child(const QString& name) {
-    for (auto* one : program.window.area().subWindowList()) {
-        if (one->objectName() == name)
-            return *one;
+    for (auto* subWindow : program.window.area().subWindowList()) {
+        if (subWindow->objectName() == name)
+            return *subWindow;
     }
     throw Difference(u"the screen %1 is not open"_s.arg(name));
 }
@@ -61,18 +61,20 @@ void DemoWorkstation::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 void DemoWorkstation::expectChoice(const QString& title, const QString& calibrator) {
-    person.expectDialog(title, u"Select Calibrator To Use:"_s, calibrator);
+    simulatedOperator.expectDialog(title, u"Select Calibrator To Use:"_s, calibrator);
 }
 
 void DemoWorkstation::expectStandard(const QString& asset, const QString& standard) {
-    person.expectDialog(asset + u": External Standard Required"_s,
-                        u"Standard to be used for this calibration:"_s, standard);
+    simulatedOperator.expectDialog(asset + u": External Standard Required"_s,
+                                   u"Standard to be used for this calibration:"_s, standard);
 }
 
 void DemoWorkstation::expectRecord(const QString& asset) {
     const auto caption = u"Calibration Record Data (%1)"_s.arg(asset);
-    person.expectDialog(caption, u"Please enter information for: Place of Calibration"_s, u"IN PLACE"_s);
-    person.expectDialog(caption, u"Please enter information for: Ambient Temperature (C)"_s, u"21.5"_s);
+    simulatedOperator.expectDialog(caption, u"Please enter information for: Place of Calibration"_s,
+                                   u"IN PLACE"_s);
+    simulatedOperator.expectDialog(caption, u"Please enter information for: Ambient Temperature (C)"_s,
+                                   u"21.5"_s);
 }
 
 void DemoWorkstation::openDownloadList(const QString& calibrator) {
@@ -80,8 +82,8 @@ void DemoWorkstation::openDownloadList(const QString& calibrator) {
     step(u"choose the calibrator %1"_s.arg(calibrator), [this] { press(Qt::Key_F1); });
 }
 
-void DemoWorkstation::add(const QString& told, const QString& entry) {
-    step(told, [&] {
+void DemoWorkstation::add(const QString& description, const QString& entry) {
+    step(description, [&] {
         auto& form = child(u"FormDockingDown"_s);
         QTest::keyClicks(&control<QLineEdit>(form, u"TextAdd"_s), entry);
         click(control<QPushButton>(form, u"CommandAdd"_s));
@@ -89,7 +91,7 @@ void DemoWorkstation::add(const QString& told, const QString& entry) {
 }
 
 void DemoWorkstation::expectList(const QStringList& rows) {
-    look(u"FormDockingDown"_s);
+    takePicture(u"FormDockingDown"_s);
     const auto& list = control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s);
     QStringList found;
     for (int row = 0; row < list.count(); ++row)
@@ -99,14 +101,14 @@ void DemoWorkstation::expectList(const QStringList& rows) {
 }
 
 void DemoWorkstation::download() {
-    person.expectBox(u"Download Successful"_s, downloadTitle, box::information);
+    simulatedOperator.expectBox(u"Download Successful"_s, downloadTitle, box::information);
     step(u"download"_s,
          [this] { click(control<QPushButton>(child(u"FormDockingDown"_s), u"CommandDownload"_s)); });
 }
 
-void DemoWorkstation::upload(const QString& told) {
-    person.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
-    step(told, [this] { press(Qt::Key_F2); });
+void DemoWorkstation::upload(const QString& description) {
+    simulatedOperator.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
+    step(description, [this] { press(Qt::Key_F2); });
 }
 
 } // namespace kelvane::demo

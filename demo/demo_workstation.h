@@ -2,7 +2,7 @@
 
 #include "app/workstation_program.h"
 #include "testkit/controls.h"
-#include "testkit/person.h"
+#include "testkit/simulated_operator.h"
 
 namespace kelvane::demo {
 
@@ -10,18 +10,18 @@ inline const QString downloadTitle = QStringLiteral("Download Procedures To Cali
 inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
 inline const QString recordTitle = QStringLiteral("Calibration Record Creation");
 
-/// The workstation and the person who sits before it, and what they do with every calibrator.
+/// The workstation and its simulated operator, and the steps that are the same for every calibrator.
 class DemoWorkstation {
   public:
     /// A picture of every window that comes up goes into the folder.
     DemoWorkstation(WorkstationProgram& workstation, const QString& pictures);
 
-    /// Carries out one step, in which comes up what the person expects. Throws `Difference` when something
-    /// else came up in it, or something did not.
-    void step(const QString& told, const std::function<void()>& act);
+    /// Carries out one step, in which the expected boxes appear. Throws `Difference` when another box
+    /// appeared, or one was missing.
+    void step(const QString& description, const std::function<void()>& act);
 
     /// Takes a picture of the whole window as it is now.
-    void look(const QString& name) { picture(program.window, name); }
+    void takePicture(const QString& name) { picture(program.window, name); }
 
     /// The open screen of that name. Throws `Difference` when there is none.
     QWidget& child(const QString& name);
@@ -32,7 +32,7 @@ class DemoWorkstation {
     /// The question for a standard of an instrument, and the answer.
     void expectStandard(const QString& asset, const QString& standard);
     /// A step: types an entry into the download list's field and presses the button beside it.
-    void add(const QString& told, const QString& entry);
+    void add(const QString& description, const QString& entry);
     /// Throws `Difference` when the download list holds other rows.
     void expectList(const QStringList& rows);
     void download();
@@ -41,17 +41,17 @@ class DemoWorkstation {
     /// The questions for the record of an instrument.
     void expectRecord(const QString& asset);
     /// The step of the upload command; what comes between the choice and the success is expected already.
-    void upload(const QString& told);
+    void upload(const QString& description);
 
     WorkstationProgram& program;
-    Person person;
+    SimulatedOperator simulatedOperator;
 
   private:
     void picture(QWidget& widget, const QString& name);
 
     QString pictures_;
     int taken_ = 0;
-    QStringList complaints_;
+    QStringList reportedErrors_;
 };
 
 } // namespace kelvane::demo

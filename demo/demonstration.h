@@ -11,13 +11,13 @@ struct CalibratorMemories {
 };
 
 /// An instrument that is prepared from nothing, and calibrations from end to end with each calibrator: log
-/// in, list instruments, name their standards, download, carry out, upload, and look at the records.
+/// in, list instruments, name their standards, download, carry out, upload, and check the records.
 class Demonstration {
   public:
     Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& pictures)
         : station_(program, pictures), memories_(memories) {}
 
-    /// Throws `Difference` as soon as something is not as it has to be.
+    /// Throws `Difference` on the first deviation.
     void run();
 
   private:

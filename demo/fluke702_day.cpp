@@ -17,31 +17,32 @@ void listMeasured(DemoWorkstation& station) {
     const auto assets = assetsOf(measuredRuns());
     for (const auto& asset : assets)
         station.add(u"add "_s + asset, asset);
-    station.person.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle, box::warning);
+    station.simulatedOperator.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle,
+                                        box::warning);
     station.add(u"add AC-604: a Fluke 702 can't take it"_s, u"AC-604"_s);
     station.expectList(assets);
 }
 
 /// The isolator's output is a thermocouple like its input: someone reads it with a standard.
-void listByEye(DemoWorkstation& station) {
+void listManualRuns(DemoWorkstation& station) {
     const auto isolator = u"TCS-802"_s;
     station.openDownloadList(fluke702);
     station.add(u"add LI-402, whose scale is read"_s, u"LI-402"_s);
-    station.person.expectBox(
+    station.simulatedOperator.expectBox(
         u"TCS-802: Output of device cannot be measured by the calibrator. The calibrator will prompt you for a reading that may not be in the same units of measure as the device under test. Please ignore the calibrator units of measure; the proper units and range will be used during the upload process."_s,
         downloadTitle, box::information);
     station.expectStandard(isolator, u"PM-030"_s);
-    station.person.expectBox(u"Standard is overdue for calibration!"_s, u"External Standard Required"_s,
-                             box::warning);
+    station.simulatedOperator.expectBox(u"Standard is overdue for calibration!"_s,
+                                        u"External Standard Required"_s, box::warning);
     station.expectStandard(isolator, u"DMM-87V"_s);
     station.expectStandard(isolator, {});
     station.add(u"add TCS-802 with a standard for its output; the first one is overdue and refused"_s,
                 isolator);
-    station.expectList(assetsOf(runsByEye()));
+    station.expectList(assetsOf(manualRuns()));
 }
 
-void workInPlant(DemoWorkstation& station, const QString& memory, const QList<FieldRun>& runs,
-                 const QDate& day) {
+void calibrateInPlant(DemoWorkstation& station, const QString& memory, const QList<FieldRun>& runs,
+                      const QDate& day) {
     station.step(u"carry out in the plant"_s, [&] {
         QByteArray plan;
         for (const auto& run : runs)
@@ -50,22 +51,22 @@ void workInPlant(DemoWorkstation& station, const QString& memory, const QList<Fi
     });
 }
 
-/// The operator is told where the calibrator has judged otherwise.
-void uploadRuns(DemoWorkstation& station, const QString& told, const QList<FieldRun>& runs) {
+/// The operator sees where the calibrator has judged otherwise.
+void uploadRuns(DemoWorkstation& station, const QString& description, const QList<FieldRun>& runs) {
     station.expectChoice(uploadTitle, fluke702);
     for (const auto& run : runs) {
         station.expectRecord(run.record.asset);
         if (run.disagreement != Disagreement::none)
-            station.person.expectBox(disagreementText(run), disagreementTitle(run), box::warning);
+            station.simulatedOperator.expectBox(disagreementText(run), disagreementTitle(run), box::warning);
     }
-    station.upload(told);
+    station.upload(description);
 }
 
 void uploadAgain(DemoWorkstation& station, const QList<FieldRun>& runs) {
     station.expectChoice(uploadTitle, fluke702);
     for (const auto& run : runs) {
         station.expectRecord(run.record.asset);
-        station.person.expectBox(
+        station.simulatedOperator.expectBox(
             u"A calibration record for this UUT with the same calibration date and time already exists! Aborting calibration record creation for this UUT."_s,
             recordTitle, box::stop);
     }
@@ -78,17 +79,17 @@ void runFluke702Day(DemoWorkstation& station, const QString& memory, const QDate
     auto& connection = *station.program.session.SharedConnection;
     listMeasured(station);
     station.download();
-    workInPlant(station, memory, measuredRuns(), day);
+    calibrateInPlant(station, memory, measuredRuns(), day);
     uploadRuns(station, u"upload; of one record the calibrator thinks worse"_s, measuredRuns());
-    checkRecords(connection, day, afterRuns(measuredRuns()));
+    checkRecords(connection, day, recordsAfterRuns(measuredRuns()));
     uploadAgain(station, measuredRuns());
-    checkRecords(connection, day, afterRuns(measuredRuns()));
+    checkRecords(connection, day, recordsAfterRuns(measuredRuns()));
 
-    listByEye(station);
+    listManualRuns(station);
     station.download();
-    workInPlant(station, memory, runsByEye(), day);
-    uploadRuns(station, u"upload; of one record the calibrator thinks better"_s, runsByEye());
-    checkRecords(connection, day, afterRuns(runsByEye(), measuredRuns()));
+    calibrateInPlant(station, memory, manualRuns(), day);
+    uploadRuns(station, u"upload; of one record the calibrator thinks better"_s, manualRuns());
+    checkRecords(connection, day, recordsAfterRuns(manualRuns(), measuredRuns()));
 }
 
 } // namespace kelvane::demo

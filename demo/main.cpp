@@ -18,8 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the offscreen platform says of windows that nobody sees is left out.
-void tell(QtMsgType, const QMessageLogContext&, const QString& message) {
+/// Messages of the offscreen platform about invisible windows are left out.
+void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
     if (!message.startsWith(u"This plugin does not support"))
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     using namespace kelvane;
 
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(tell);
+    qInstallMessageHandler(writeMessage);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
 
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     int outcome = 1;
     try {
         const demo::TorqueStar torqueStar(folder);
-        // The link library of the Fluke 702 stands beside this program and is told where its memory is.
+        // The link library of the Fluke 702 stands beside this program and gets the path of its memory.
         const auto fluke702 = QDir(folder).filePath(u"fluke702.json"_s);
         qputenv("KELVANE_FLUKE702_MEMORY", QFile::encodeName(fluke702));
         qputenv("KELVANE_FLUKE702_RECORD", QFile::encodeName(QDir(folder).filePath(u"fluke702.log"_s)));

@@ -49,24 +49,24 @@ const FieldRun& preparedRun() {
 
 const QString asset = preparedRun().record.asset;
 
-/// One of the editors, and what a hand does on it.
+/// One of the editors, and what a user does in it.
 class Screen {
   public:
     /// Opens it by the shortcut of its menu entry, Ctrl and that key.
-    Screen(DemoWorkstation& station, const QString& name, Qt::Key key, const QString& told)
+    Screen(DemoWorkstation& station, const QString& name, Qt::Key key, const QString& description)
         : station_(station), name_(name) {
-        station_.step(told, [&] { station_.press(key, Qt::ControlModifier); });
+        station_.step(description, [&] { station_.press(key, Qt::ControlModifier); });
     }
     /// Closes it: everything is saved, so nothing is asked.
     void close() {
-        station_.look(name_);
+        station_.takePicture(name_);
         station_.step(u"close it"_s, [this] { window().close(); });
     }
 
     void press(const QString& button) { click(control<QPushButton>(window(), button)); }
     /// A step: presses a button.
-    void press(const QString& told, const QString& button) {
-        station_.step(told, [&] { press(button); });
+    void press(const QString& description, const QString& button) {
+        station_.step(description, [&] { press(button); });
     }
     void type(const QString& box, const QString& entry) {
         auto& field = control<QLineEdit>(window(), box);
@@ -120,10 +120,10 @@ const QString newName = u"Enter a name for the new test strategy (30 chars max!)
 
 void makeStrategy(DemoWorkstation& station) {
     Screen screen(station, u"FormStrategies"_s, Qt::Key_S, u"open the test strategies"_s);
-    station.person.expectDialog(u"Add new test strategy"_s, newName, strategy);
+    station.simulatedOperator.expectDialog(u"Add new test strategy"_s, newName, strategy);
     screen.press(u"name a new one "_s + strategy, u"CommandAdd"_s);
     screen.pick(u"ComboPreDef"_s, u"3 Points Up (0-50-100%)"_s);
-    station.person.expectDialog(u"Kelvane"_s, u"Enter the test point to add: (%)"_s, u"75"_s);
+    station.simulatedOperator.expectDialog(u"Kelvane"_s, u"Enter the test point to add: (%)"_s, u"75"_s);
     screen.press(u"three points up, and one more"_s, u"CommandAddTP"_s);
     screen.clickRow(u"ListPoints"_s, u"75"_s);
     screen.press(u"CommandMoveUp"_s);
@@ -134,8 +134,8 @@ void makeStrategy(DemoWorkstation& station) {
 
 void writeMessage(DemoWorkstation& station) {
     Screen screen(station, u"FormTestMess"_s, Qt::Key_M, u"open the test messages"_s);
-    station.person.expectDialog(u"Add Test Message"_s,
-                                u"Enter a name for the new test message: (30 characters max)"_s, message);
+    station.simulatedOperator.expectDialog(
+        u"Add Test Message"_s, u"Enter a name for the new test message: (30 characters max)"_s, message);
     screen.press(u"name a new one "_s + message, u"CommandCreate"_s);
     screen.write(u"TextMessage"_s, u"Vent $DB:I4201$ before you connect the module."_s);
     screen.press(u"write its text and save it"_s, u"CommandSave"_s);
@@ -143,7 +143,7 @@ void writeMessage(DemoWorkstation& station) {
 }
 
 void setParameters(DemoWorkstation& station) {
-    station.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, asset);
+    station.simulatedOperator.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, asset);
     Screen screen(station, u"FormCalParam"_s, Qt::Key_P,
                   u"open the calibration parameters of %1, which has none"_s.arg(asset));
     screen.pick(u"ComboTSName"_s, strategy);
@@ -158,7 +158,7 @@ void setParameters(DemoWorkstation& station) {
     screen.type(u"TextOutputHigh"_s, u"20"_s);
     screen.pick(u"ComboOutputUnits"_s, u"mA"_s);
     screen.turnOn(u"OptionCalLoopPWROut24VDC"_s);
-    station.look(u"FormCalParam"_s);
+    station.takePicture(u"FormCalParam"_s);
     screen.showPage(3);
     screen.type(u"TextSpanPos"_s, u"0.25"_s);
     screen.type(u"TextSpanNeg"_s, u"0.25"_s);
@@ -168,7 +168,7 @@ void setParameters(DemoWorkstation& station) {
 
 void makePackage(DemoWorkstation& station) {
     Screen screen(station, u"FormPredefinedTasks"_s, Qt::Key_T, u"open the task packages"_s);
-    station.person.expectDialog(u"Add New Task Package"_s, newName, package);
+    station.simulatedOperator.expectDialog(u"Add New Task Package"_s, newName, package);
     screen.press(u"name a new one "_s + package, u"CommandAddTP"_s);
     screen.type(u"TextListEnter"_s, asset);
     screen.press(u"put %1 into it"_s.arg(asset), u"CommandAdd"_s);
@@ -206,7 +206,7 @@ void calibratePrepared(DemoWorkstation& station, const QString& memory, const QD
     station.expectChoice(uploadTitle, fluke702);
     station.expectRecord(asset);
     station.upload(u"upload the first calibration of "_s + asset);
-    checkRecords(*station.program.session.SharedConnection, day, afterRuns(runs));
+    checkRecords(*station.program.session.SharedConnection, day, recordsAfterRuns(runs));
 }
 
 } // namespace kelvane::demo

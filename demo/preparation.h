@@ -4,8 +4,8 @@
 
 namespace kelvane::demo {
 
-/// Who prepares procedures, and what he makes: a strategy, a test message, the calibration parameters of a
-/// transmitter that has none, and a task package that names it. Every screen is closed again.
+/// Prepares procedures: a strategy, a test message, the calibration parameters of a transmitter that has
+/// none, and a task package that names it. Every screen is closed again.
 inline const QString procedureWriter = QStringLiteral("cnguyen");
 void prepareTransmitter(DemoWorkstation& station);
 

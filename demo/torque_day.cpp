@@ -47,19 +47,19 @@ void expectStandardOf(DemoWorkstation& station, const Tool& tool) {
 }
 
 void listTools(DemoWorkstation& station) {
-    auto& person = station.person;
+    auto& simulatedOperator = station.simulatedOperator;
     station.openDownloadList(torqueStar);
     expectStandardOf(station, tools()[0]);
     station.add(u"add TW-101 with its transducer"_s, u"TW-101"_s);
 
     station.expectStandard(u"TW-102"_s, u"TT-0200F"_s);
-    person.expectBox(u"Standard is overdue for calibration!"_s, u"External Standard Required"_s,
-                     box::warning);
+    simulatedOperator.expectBox(u"Standard is overdue for calibration!"_s, u"External Standard Required"_s,
+                                box::warning);
     expectStandardOf(station, tools()[1]);
     station.add(u"add TW-102; its first standard is overdue and refused"_s, u"TW-102"_s);
 
-    person.expectBox(u"HW-701: TorqueStar cannot accept selected input units!"_s, downloadTitle,
-                     box::warning);
+    simulatedOperator.expectBox(u"HW-701: TorqueStar cannot accept selected input units!"_s, downloadTitle,
+                                box::warning);
     station.add(u"add HW-701: a torque calibrator can't take it"_s, u"HW-701"_s);
 
     for (const auto& tool : tools().mid(2))
@@ -71,7 +71,7 @@ void listTools(DemoWorkstation& station) {
     station.expectList(assets);
 }
 
-void workInPlant(DemoWorkstation& station, const QString& memory, const QDate& day) {
+void calibrateInPlant(DemoWorkstation& station, const QString& memory, const QDate& day) {
     station.step(u"carry out in the plant"_s, [&] {
         QByteArray plan;
         for (const auto& tool : tools())
@@ -89,12 +89,12 @@ QDate runTorqueDay(DemoWorkstation& station, const QString& memory) {
     configureCalibrator(station);
     listTools(station);
     station.download();
-    workInPlant(station, memory, day);
+    calibrateInPlant(station, memory, day);
     station.expectChoice(uploadTitle, torqueStar);
     for (const auto& tool : tools())
         station.expectRecord(tool.asset);
     station.upload(u"upload and complete the records"_s);
-    checkRecords(*station.program.session.SharedConnection, day, afterTools());
+    checkRecords(*station.program.session.SharedConnection, day, recordsAfterTools());
     return day;
 }
 

@@ -6,8 +6,8 @@
 
 namespace kelvane::demo {
 
-/// The torque tools, from the list to the records. `memory` is the calibrator's. Throws `Difference` as soon
-/// as something is not as it has to be. Gives the day on which the technician was in the plant.
+/// The torque tools, from the list to the records. `memory` is the calibrator's. Throws `Difference` on the
+/// first deviation. Gives the day on which the technician was in the plant.
 QDate runTorqueDay(DemoWorkstation& station, const QString& memory);
 
 } // namespace kelvane::demo

@@ -4,7 +4,8 @@
 
 namespace kelvane {
 
-/// What a long command without a window of its own is doing, in the status line for the time of a block.
+/// Shows in the status line, for the time of a block, what a long command without a window of its own is
+/// doing.
 class Activity {
   public:
     explicit Activity(UserInterface& ui) : ui_(ui) {}

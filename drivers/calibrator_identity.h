@@ -12,7 +12,7 @@ struct CalibratorIdentity {
     QStringView name;
     /// What a user reads.
     TextId caption;
-    /// Who has read a journal's entry.
+    /// The driver's name in entries of the journal.
     QStringView journalWord;
 };
 

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-void tellDownloadNote(UserInterface& ui, const QString& asset, const QString& note) {
+void showDownloadNote(UserInterface& ui, const QString& asset, const QString& note) {
     ui.messageBox(asset + u": "_s + note, text(TextId::downloadProcedures), box::information);
 }
 

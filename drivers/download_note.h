@@ -6,8 +6,8 @@
 
 namespace kelvane {
 
-/// Tells the operator a note while procedures are made ready for a calibrator: behind the asset number of the
-/// instrument that it concerns, which may be empty.
-void tellDownloadNote(UserInterface& ui, const QString& asset, const QString& note);
+/// Shows the operator a note while procedures are prepared for a calibrator. The asset number of the
+/// instrument concerned stands before it and may be empty.
+void showDownloadNote(UserInterface& ui, const QString& asset, const QString& note);
 
 } // namespace kelvane

@@ -14,7 +14,7 @@ namespace {
 /// `result` holds what has been found when an error comes.
 void accept(Session& session, const FlukeAcceptance& acceptance, const QString& asset, QString& result) {
     const auto instrument = ModuleGlobals::GetCalParams(session, asset);
-    const auto note = [&](TextId words) { tellDownloadNote(session.ui, asset, text(words)); };
+    const auto note = [&](TextId words) { showDownloadNote(session.ui, asset, text(words)); };
     if (instrument.input_indicated && acceptance.refusesIndicatedInput) {
         result = text(TextId::indicatedInputUnsupported);
         return;

@@ -17,7 +17,7 @@ struct FlukeAcceptance {
 };
 
 /// Whether the calibrator can take the instrument: empty, or the reason why not. What it can't read by itself
-/// is told in a box and is no reason.
+/// is shown in a box and is no reason.
 QString flukeAcceptable(Session& session, const FlukeAcceptance& acceptance, const QString& asset);
 
 } // namespace kelvane

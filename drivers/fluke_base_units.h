@@ -21,7 +21,7 @@ struct BaseUnit {
     Scaled scaled = Scaled::bothWays;
 };
 
-/// The row of a unit that is scaled on the way in hand; null for one whose values stay as they are.
+/// The row of a unit that is scaled in this direction; null for one whose values stay as they are.
 inline const BaseUnit* scaledUnit(std::span<const BaseUnit> units, QStringView unit,
                                   BaseUnit::Scaled otherWay) {
     const auto found = std::ranges::find(units, unit, &BaseUnit::unit);
@@ -36,7 +36,7 @@ Float toBaseUnit(std::span<const BaseUnit> units, Float value, QStringView unit)
     return row ? finite(value * Float{row->times} / Float{row->over}) : value;
 }
 
-/// The way back, for results. Error 6 as above.
+/// The reverse conversion, for results. Error 6 as above.
 template <class Float>
 Float fromBaseUnit(std::span<const BaseUnit> units, Float value, QStringView unit) {
     const auto* row = scaledUnit(units, unit, BaseUnit::Scaled::downloadOnly);

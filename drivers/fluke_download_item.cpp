@@ -55,9 +55,9 @@ void setColdJunction(FlukeDownloadItem& item, const FlukeTaskWords& words, const
 }
 
 void setConditions(FlukeDownloadItem& item, const FlukeTaskWords& words, const CalParamRecord& record) {
-    const bool isOldScale = upperCased(record.*words.temperatureScale) == u"IPTS-68";
+    const bool isOldScale = toUpperCase(record.*words.temperatureScale) == u"IPTS-68";
     item.tempStd = (isOldScale ? words.ipts68 : words.its90).toString();
-    item.loopPower = item.outputClass == 3 ? wordFor(words.loops, upperCased(record.loop_pwr), words.loopOff)
+    item.loopPower = item.outputClass == 3 ? wordFor(words.loops, toUpperCase(record.loop_pwr), words.loopOff)
                                            : words.loopOff.toString();
     if (item.outputClass == 2 || item.inputClass == 2)
         item.pressureUnits =
@@ -73,7 +73,7 @@ FlukeDownloadItem flukeDownloadItem(const FlukeTaskWords& words, const AssetEntr
     item.mtag = entry.mtag;
     item.serial = entry.serial;
     item.tp_name = record.tp_name;
-    item.strategyName = upperCased(record.tp_name.left(words.strategyNameLength));
+    item.strategyName = toUpperCase(record.tp_name.left(words.strategyNameLength));
     setSides(item, words, record);
     setColdJunction(item, words, record);
     setConditions(item, words, record);

@@ -31,7 +31,7 @@ struct FlukeTaskWords {
     QStringView loopOff;
 };
 
-/// One instrument of a download in the calibrator's words. "Input" and "output" are the instrument's own: the
+/// One instrument of a download in the calibrator's terms. "Input" and "output" are the instrument's own: the
 /// calibrator sources the one and measures the other.
 struct FlukeDownloadItem {
     QString asset;

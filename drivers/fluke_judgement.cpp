@@ -19,7 +19,7 @@ struct DisagreementText {
 constexpr DisagreementText instrumentFailed{TextId::instrumentFailed, TextId::calibratorReportedPass};
 constexpr DisagreementText instrumentPassed{TextId::instrumentPassed, TextId::calibratorReportedFail};
 
-void tell(Session& session, const QString& asset, const DisagreementText& disagreement) {
+void showDisagreement(Session& session, const QString& asset, const DisagreementText& disagreement) {
     session.ui.messageBox(text(TextId::judgedInstrument) + u' ' + asset + u"\r\n\r\n"_s +
                               text(disagreement.words),
                           text(disagreement.title), box::warning);
@@ -31,7 +31,7 @@ void RunJudgement::take(int entry, double applied, double reading, double calibr
     // A reading that is no number can't be judged, and what has no verdict must not pass.
     readingSum_ = finite(readingSum_ + reading);
     appliedSum_ = finite(appliedSum_ + applied);
-    compare(judged(session_, instrument_, applied, reading, entry + 1), reading, calibratorError);
+    compare(judgePoint(session_, instrument_, applied, reading, entry + 1), reading, calibratorError);
     ++taken_;
     if (taken_ >= instrument_.repetitions)
         closePoint(entry);
@@ -48,20 +48,20 @@ void RunJudgement::compare(const ErrorResult& result, double reading, double cal
 
 void RunJudgement::closePoint(int entry) {
     const double repetitions = instrument_.repetitions;
-    const double applied = divided(appliedSum_, repetitions);
-    const double reading = divided(readingSum_, repetitions);
+    const double applied = divide(appliedSum_, repetitions);
+    const double reading = divide(readingSum_, repetitions);
     const int point = (entry + 1) / instrument_.repetitions;
-    takePoint(record_, counts_, judged(session_, instrument_, applied, reading, point), point);
+    takePoint(record_, counts_, judgePoint(session_, instrument_, applied, reading, point), point);
     taken_ = 0;
     appliedSum_ = 0;
     readingSum_ = 0;
 }
 
-void RunJudgement::tellDisagreements(const QString& asset) const {
+void RunJudgement::showDisagreements(const QString& asset) const {
     if (calibratorSaysPass_)
-        tell(session_, asset, instrumentFailed);
+        showDisagreement(session_, asset, instrumentFailed);
     if (calibratorSaysFail_)
-        tell(session_, asset, instrumentPassed);
+        showDisagreement(session_, asset, instrumentPassed);
 }
 
 } // namespace kelvane

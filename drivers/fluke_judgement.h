@@ -6,8 +6,8 @@ namespace kelvane {
 
 /// Judges a run that a documenting calibrator has stored, reading by reading. Each test point stands in it as
 /// often as the instrument has repetitions and is judged on the means of its readings. The calibrator has
-/// judged each reading too, with one tolerance for the whole range; where the two disagree the operator is
-/// told.
+/// judged each reading too, with one tolerance for the whole range; where the two disagree the operator sees
+/// a message.
 class RunJudgement {
   public:
     /// The lines of the points go into `record`. `tolerance` is the one that the calibrator knows, in percent
@@ -23,7 +23,7 @@ class RunJudgement {
     const PointCounts& counts() const { return counts_; }
 
     /// A box for each direction in which workstation and calibrator have disagreed.
-    void tellDisagreements(const QString& asset) const;
+    void showDisagreements(const QString& asset) const;
 
   private:
     void compare(const ErrorResult& result, double reading, double calibratorError);

@@ -58,7 +58,7 @@ struct Side {
 
 template <class Rows>
 auto rowOf(const Rows& rows, QStringView name) {
-    return std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return one.name == name; });
+    return std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.name == name; });
 }
 
 /// What the calibrator takes of a side; nothing when there is no limit.
@@ -98,8 +98,9 @@ std::optional<TextId> fault(const FlukeLimits& limits, const Side& side,
     if (!span)
         return {};
     const auto quantity = flukeQuantity(side.unit);
-    const auto* row = std::find_if(std::begin(quantities), std::end(quantities),
-                                   [&](const QuantityRow& one) { return one.quantity == quantity; });
+    const auto* row =
+        std::find_if(std::begin(quantities), std::end(quantities),
+                     [&](const QuantityRow& candidate) { return candidate.quantity == quantity; });
     return row == std::end(quantities) ? std::nullopt : fault(*span, side, row->*messages);
 }
 

@@ -9,14 +9,14 @@
 
 namespace kelvane {
 
-/// From `low` to `high`, both included. One whose low lies above its high takes nothing at all.
+/// From `low` to `high`, both included. One whose low exceeds its high is empty.
 struct FlukeSpan {
     float low;
     float high;
 };
 
-/// What one calibrator can measure and source. Each figure holds as it stands for the instrument's own unit;
-/// units of pressure and sensors without a row have no limits.
+/// What one calibrator can measure and source. Each limit applies to the instrument's own unit; units of
+/// pressure and sensors without a row have no limits.
 struct FlukeLimits {
     static constexpr float unlimited = std::numeric_limits<float>::infinity();
     static constexpr FlukeSpan never{unlimited, -unlimited};

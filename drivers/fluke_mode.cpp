@@ -6,9 +6,10 @@ namespace kelvane {
 
 FlukeMode flukeMode(const FlukeWords& words, const QString& units, const QString& sensor, qint16 wires) {
     FlukeMode mode;
-    const auto word = std::find_if(words.modes.begin(), words.modes.end(), [&](const FlukeWords::Mode& one) {
-        return one.quantity == flukeQuantity(units);
-    });
+    const auto word =
+        std::find_if(words.modes.begin(), words.modes.end(), [&](const FlukeWords::Mode& candidate) {
+            return candidate.quantity == flukeQuantity(units);
+        });
     if (word == words.modes.end())
         return mode;
     if (word->quantity != FlukeQuantity::temperature) {
@@ -16,8 +17,9 @@ FlukeMode flukeMode(const FlukeWords& words, const QString& units, const QString
         return mode;
     }
     mode.TempUnits = (units == u"C" ? words.celsius : words.fahrenheit).toString();
-    const auto row = std::find_if(words.sensors.begin(), words.sensors.end(),
-                                  [&](const FlukeWords::Sensor& one) { return one.name == sensor; });
+    const auto row =
+        std::find_if(words.sensors.begin(), words.sensors.end(),
+                     [&](const FlukeWords::Sensor& candidate) { return candidate.name == sensor; });
     if (row == words.sensors.end())
         return mode;
     mode.Sensor = row->word.toString();

@@ -30,7 +30,7 @@ QString written(float value) {
 }
 
 /// For the operator: as short as it can be.
-QString shown(float value) {
+QString displayText(float value) {
     return std::isfinite(value) ? plainText(value) : written(value);
 }
 
@@ -42,7 +42,7 @@ float readFloat(const QJsonValue& value) {
 QString roundOf(const RunResults& run, bool passed) {
     if (run.kind != firstRun)
         return u"AS-LEFT"_s;
-    return run.comesAgain || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
+    return run.hasLaterRun || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
 }
 
 } // namespace
@@ -70,7 +70,7 @@ QJsonObject toJson(const RunResults& run) {
             {"tag"_L1, run.tag.tag},
             {"serial"_L1, run.tag.serial},
             {"technician"_L1, run.tag.technician},
-            {"comesAgain"_L1, run.comesAgain},
+            {"comesAgain"_L1, run.hasLaterRun},
             {"pressureModule"_L1, run.pressureModule},
             {"inUseTech"_L1, run.inUseTech},
             {"entries"_L1, entries}};
@@ -82,7 +82,7 @@ RunResults runOf(const QJsonObject& json) {
     run.date = json["date"_L1].toString();
     run.time = json["time"_L1].toString();
     run.tag = {json["tag"_L1].toString(), json["serial"_L1].toString(), json["technician"_L1].toString()};
-    run.comesAgain = json["comesAgain"_L1].toBool();
+    run.hasLaterRun = json["comesAgain"_L1].toBool();
     run.pressureModule = json["pressureModule"_L1].toString();
     run.inUseTech = json["inUseTech"_L1].toString();
     const auto entries = json["entries"_L1].toArray();
@@ -95,8 +95,8 @@ QStringList readingsOf(const RunResults& run) {
     QStringList readings;
     for (const auto& entry : run.entries)
         readings << text(TextId::appliedAndRead)
-                        .arg(QString::number(readings.size() + 1), shown(entry.applied),
-                             shown(entry.reading));
+                        .arg(QString::number(readings.size() + 1), displayText(entry.applied),
+                             displayText(entry.reading));
     return readings;
 }
 
@@ -124,10 +124,10 @@ void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QLis
 void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const RunResults& run, const QString& serial) {
     // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
-    const bool isUnnamed = lowerCased(run.tag.technician) == upperCased(serial);
-    fillFields(
-        record, instrument, counts,
-        {run.date, run.time, roundOf(run, counts.passed()), isUnnamed ? run.inUseTech : run.tag.technician});
+    const bool isUnnamed = toLowerCase(run.tag.technician) == toUpperCase(serial);
+    fillFields(record, instrument, counts,
+               {run.date, run.time, roundOf(run, counts.hasPassed()),
+                isUnnamed ? run.inUseTech : run.tag.technician});
 }
 
 RunStandards::RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial)
@@ -149,7 +149,7 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
     using End = RecordOutcome::End;
     auto outcome = work.finish();
     if (outcome.end == End::made || outcome.end == End::unfinished)
-        judgement->tellDisagreements(work.entry.asset);
+        judgement->showDisagreements(work.entry.asset);
     return outcome;
 }
 
@@ -157,7 +157,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
                       ReadingOf readingOf) {
     run.date = entry.date;
     run.time = entry.time;
-    const auto [instrument, points] = beginJudgingAgain(session, record, entry.asset);
+    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
     if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
         return reason;
     RunJudgement judgement(session, record, instrument,

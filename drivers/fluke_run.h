@@ -39,8 +39,8 @@ struct RunResults {
     QString date = {};
     QString time = {};
     RunTag tag = {};
-    /// A later run of the same instrument lies on the calibrator.
-    bool comesAgain = false;
+    /// The calibrator holds a later run of the same instrument.
+    bool hasLaterRun = false;
     /// The serial number of the pressure module; empty without one.
     QString pressureModule = {};
     /// Who has downloaded the instrument.
@@ -97,7 +97,7 @@ class RunStandards {
     int row_ = 0;
 };
 
-/// Has the record of a prepared run made, and tells the operator where workstation and calibrator have
+/// Has the record of a prepared run made, and shows the operator where workstation and calibrator have
 /// disagreed. An unprepared run needs no judgement.
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement);
 

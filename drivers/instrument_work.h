@@ -12,7 +12,7 @@ namespace kelvane {
 struct RecordOutcome {
     enum class End {
         made,
-        /// The operator or a rule of the record refused it, and was told.
+        /// The operator or a rule of the record refused it, and the operator has seen the reason.
         refused,
         /// There is an entry in the journal, and no record or a part of one.
         unfinished,
@@ -24,8 +24,8 @@ struct RecordOutcome {
     QString failure = {};
 };
 
-/// The work on the results of one instrument, from the first look at them on: what is gathered goes into
-/// `entry`, which is in the journal before the record is begun. A report during the work means no record.
+/// The work on the results of one instrument, from its first reading on: what is gathered goes into `entry`,
+/// which is in the journal before the record is begun. A report during the work means no record.
 class InstrumentWork {
   public:
     /// `routine` is the name under which errors of the driver's own steps are reported.
@@ -67,7 +67,7 @@ struct CreatedRecord {
 };
 
 /// Has the record of an entry made, as `CreateCalRecord` does it, given up when an error is reported before
-/// it writes. Before it writes, the journal learns the date that the operator has given.
+/// it writes. Before it writes, the date that the operator has given goes into the journal.
 CreatedRecord createRecord(Session& session, const JournalEntry& entry, CalRecord& record);
 
 /// Ends an entry of which there is a whole record, and the older ones of the same results.

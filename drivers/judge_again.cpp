@@ -6,11 +6,11 @@
 
 namespace kelvane {
 
-JudgingAgain beginJudgingAgain(Session& session, CalRecord& record, const QString& asset) {
+Rejudgement beginRejudgement(Session& session, CalRecord& record, const QString& asset) {
     ModuleGlobals::SetCalDataFields(session, record, asset);
     record.RecordResults.erase();
     record.RecordStandards.erase();
-    JudgingAgain judging;
+    Rejudgement judging;
     judging.instrument = ModuleGlobals::GetCalParams(session, asset);
     judging.points = ModuleGlobals::GetTestPointList(session, asset);
     return judging;

@@ -8,11 +8,11 @@ namespace kelvane {
 
 /// What judging an entry of the journal again starts with: the fields of the new record from the site's
 /// dictionary, the instrument's parameters as they are now, and its test points.
-struct JudgingAgain {
+struct Rejudgement {
     CalParamRecord instrument = {};
     int points = 0;
 };
-JudgingAgain beginJudgingAgain(Session& session, CalRecord& record, const QString& asset);
+Rejudgement beginRejudgement(Session& session, CalRecord& record, const QString& asset);
 
 /// Empty when there is a reading for each point; otherwise why they can't be judged.
 QString countMismatch(const QString& asset, qsizetype readings, int points);

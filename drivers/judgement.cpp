@@ -4,8 +4,8 @@
 
 namespace kelvane {
 
-ErrorResult judged(Session& session, const CalParamRecord& instrument, double applied, double reading,
-                   int point) {
+ErrorResult judgePoint(Session& session, const CalParamRecord& instrument, double applied, double reading,
+                       int point) {
     return ModuleGlobals::ErrorCalculation(
         session, applied, reading, instrument.input_low, instrument.input_high, instrument.output_high,
         instrument.output_low, plainText(instrument.resolution), instrument.input_type,

@@ -11,7 +11,7 @@ QString lineSetting(const Session& session, const CalibratorIdentity& calibrator
 
 LinkLine linkLine(const Session& session, const CalibratorIdentity& calibrator) {
     LinkLine line;
-    const auto baudRate = roundedToLong(numericValue(lineSetting(session, calibrator, lineKey::baudRate)));
+    const auto baudRate = roundToLong(numericValue(lineSetting(session, calibrator, lineKey::baudRate)));
     if (baudRate != 0)
         line.baudRate = baudRate;
     const auto port = lineSetting(session, calibrator, lineKey::port);

@@ -14,7 +14,7 @@ namespace kelvane {
 
 namespace {
 
-/// Room behind a text for a library that doesn't keep to the length.
+/// Spare space behind a text for a library that ignores the length.
 constexpr qsizetype slack = 256;
 
 } // namespace
@@ -36,13 +36,13 @@ QString LinkLibrary::missing() {
         if (!library.load())
             return text(TextId::linkLibraryNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
     }
-    for (auto& one : operations_) {
-        one.function = library.resolve(one.name);
-        if (!one.function) {
+    for (auto& operation : operations_) {
+        operation.function = library.resolve(operation.name);
+        if (!operation.function) {
             const auto file = QDir::toNativeSeparators(library.fileName());
             // Let go, so that a better one can take its place while the program runs.
             library.unload();
-            return text(TextId::linkLibraryLacksOperation).arg(file, QString::fromLatin1(one.name));
+            return text(TextId::linkLibraryLacksOperation).arg(file, QString::fromLatin1(operation.name));
         }
     }
     loaded_ = true;

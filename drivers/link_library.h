@@ -13,7 +13,7 @@ class LinkLibrary {
   public:
     LinkLibrary(QString name, QString folder);
 
-    /// Notes an operation that the library has to have; gives its number.
+    /// Registers an operation that the library must have; returns its number.
     qsizetype need(const char* operation);
 
     /// Empty when the library is loaded with all its operations, otherwise what is missing, for the operator.
@@ -50,7 +50,7 @@ class LinkOperation {
     qsizetype number_;
 };
 
-/// A text on its way into a library, in the calibrator's alphabet; it lives for the call.
+/// A text argument of a library's operation, in the calibrator's alphabet; it lives for the call.
 class TextIn {
   public:
     explicit TextIn(const QString& text);

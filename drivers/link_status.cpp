@@ -21,7 +21,7 @@ QString reportStatus(Session& session, const LinkStatuses& statuses, qint16 code
     const auto words = linkStatusText(statuses.table, code).value_or(unknown);
     if (code < statuses.firstShown || code > statuses.lastShown)
         return words;
-    tellDownloadNote(session.ui, name, words);
+    showDownloadNote(session.ui, name, words);
     return {};
 }
 

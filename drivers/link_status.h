@@ -30,11 +30,11 @@ struct LinkStatuses {
 /// code that is not in the table.
 std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint16 code);
 
-/// The words for a status. Those for the operator are shown in a box, with `name` (an asset number or
-/// nothing) before them, and the result is empty; the others are the result.
+/// The text for a status. Those for the operator are shown in a box, with `name` (an asset number or nothing)
+/// before them, and the result is empty; the others are the result.
 QString reportStatus(Session& session, const LinkStatuses& statuses, qint16 code, const QString& name);
 
-/// The errors: an operation that gives one of these ends the work in hand.
+/// The errors: an operation that gives one of these ends the current work.
 constexpr bool isFatal(qint16 status) {
     return status >= 2000;
 }
@@ -49,9 +49,9 @@ class StatusRule {
     StatusRule(Session& session, Report report, QString asset)
         : session_(session), report_(report), asset_(std::move(asset)) {}
 
-    /// True when the work goes on after this status.
+    /// True when the work continues after this status.
     bool passes(qint16 status);
-    /// The words of the error, which may be none.
+    /// The text of the error, which may be empty.
     const QString& failure() const { return failure_; }
 
   private:

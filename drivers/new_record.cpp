@@ -26,7 +26,7 @@ void fillFields(CalRecord& record, const CalParamRecord& instrument, const Point
     const FieldValue found[] = {
         {u"C2301", values.date},
         {u"C2333", values.time},
-        {u"C2323", counts.passed() ? u"Y"_s : u"N"_s},
+        {u"C2323", counts.hasPassed() ? u"Y"_s : u"N"_s},
         {u"C2352", plainText(counts.failures)},
         {u"C2350", plainText(counts.marginals)},
         {u"C2320", instrument.tp_name},

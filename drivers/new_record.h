@@ -8,7 +8,7 @@
 
 namespace kelvane {
 
-/// What an upload has found for a column of the new record; nothing leaves the column as it is.
+/// A value for a column of the new record; without one the column stays unchanged.
 struct FieldValue {
     QStringView column;
     std::optional<QString> value;
@@ -32,7 +32,7 @@ void fillFields(CalRecord& record, const CalParamRecord& instrument, const Point
                 const CalibrationValues& values);
 
 /// Reads the standards in use with the instrument into `StandardsInUse`; gives their number. More than the
-/// list takes are reported and count as none, and that one report spoils no preparation.
+/// list takes are reported and count as none, and that report does not count as a failed preparation.
 int standardsInUse(Session& session, const QString& asset);
 
 /// Puts the standards in use with the instrument into the record, from `row` on; gives their

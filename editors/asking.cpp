@@ -8,19 +8,19 @@ namespace kelvane {
 namespace {
 
 /// Keeps controls out of reach, and gives the focus back to the one that had it.
-class OutOfReach {
+class DisabledScreen {
   public:
-    explicit OutOfReach(QWidget& controls) : controls_(&controls), focused_(controls.focusWidget()) {
+    explicit DisabledScreen(QWidget& controls) : controls_(&controls), focused_(controls.focusWidget()) {
         controls.setEnabled(false);
     }
-    ~OutOfReach() {
+    ~DisabledScreen() {
         if (controls_)
             controls_->setEnabled(true);
         if (focused_)
             focused_->setFocus(Qt::ActiveWindowFocusReason);
     }
-    OutOfReach(const OutOfReach&) = delete;
-    OutOfReach& operator=(const OutOfReach&) = delete;
+    DisabledScreen(const DisabledScreen&) = delete;
+    DisabledScreen& operator=(const DisabledScreen&) = delete;
 
   private:
     QPointer<QWidget> controls_;
@@ -31,7 +31,7 @@ class OutOfReach {
 
 std::optional<QString> askOutOfReach(QWidget& screen, Session& session,
                                      std::optional<QString> (*ask)(Session& session)) {
-    const OutOfReach whileAsked(screen);
+    const DisabledScreen whileAsked(screen);
     return ask(session);
 }
 

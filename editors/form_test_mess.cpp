@@ -20,7 +20,8 @@ FormTestMess::FormTestMess(Session& session, FindCalParam findCalParam)
     : EditorWindow(session, u"FormTestMess"_s, {.width = 4800, .height = 5580}),
       findCalParam_(std::move(findCalParam)),
       ComboMessageName(dropDown(u"ComboMessageName"_s, text(TextId::testMessages), TextId::testMessagesTip)),
-      TextMessage(named(new TextBox, u"TextMessage"_s, text(TextId::messageText), TextId::messageTextTip)),
+      TextMessage(
+          nameControl(new TextBox, u"TextMessage"_s, text(TextId::messageText), TextId::messageTextTip)),
       CommandCreate(button(u"CommandCreate"_s, TextId::addMessage, TextId::addMessageTip)),
       CommandSave(button(u"CommandSave"_s, TextId::saveCommand, TextId::saveMessageTip)),
       CommandDelete(button(u"CommandDelete"_s, TextId::removeMessage, TextId::removeMessageTip)),
@@ -62,9 +63,9 @@ void FormTestMess::connectCommands() {
     onClick(CommandDelete, [this] { CommandDelete_Click(); });
     onClick(CommandCancel, [this] { CommandCancel_Click(); });
     onCommand(ComboMessageName, &QComboBox::activated, [this] { ComboMessageName_Click(); });
-    onSignal(TextMessage, &TextBox::textChanged, this, session_.ui,
-             [this] { CommandCancel->setEnabled(true); });
-    onSignal(TextMessage, &TextBox::entered, this, session_.ui, [this] {
+    connectGuarded(TextMessage, &TextBox::textChanged, this, session_.ui,
+                   [this] { CommandCancel->setEnabled(true); });
+    connectGuarded(TextMessage, &TextBox::entered, this, session_.ui, [this] {
         // Asked once the click or key that brought the focus has been dealt with; what is typed from now on
         // is no unsaved text that was left behind.
         if (!isLoading() && isChanged())

@@ -39,7 +39,7 @@ class FormTestMess final : public EditorWindow {
     bool mayDelete();
     /// Stores the text; gives the failure, nothing when it is stored.
     std::optional<SaveFailure> save();
-    /// Goes to the field that kept a save from being stored, where the error tells it.
+    /// Goes to the field that kept a save from being stored, where the error names it.
     void refuse(const Error& error);
     /// Says that the message on the screen does not exist any more; its text stays.
     void keepVanished();

@@ -29,20 +29,20 @@ constexpr int shownRows = 8;
 constexpr int greatestListWidth = 300;
 
 QCheckBox* checkBox(const QString& name, TextId caption, TextId toolTip) {
-    auto* made = named(new CheckBox, name, text(caption), toolTip);
+    auto* made = nameControl(new CheckBox, name, text(caption), toolTip);
     made->setText(text(caption));
     return made;
 }
 
-/// A list that takes what room the frame around it has.
+/// A list that fills the frame around it.
 QListWidget* fieldList(const QString& name, TextId caption, TextId toolTip) {
-    auto* made = named(new QListWidget, name, text(caption), toolTip);
+    auto* made = nameControl(new QListWidget, name, text(caption), toolTip);
     made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return made;
 }
 
 /// A text whose lines are as long as the place that it gets.
-QLabel* wrapped(QLabel* label) {
+QLabel* wrapLabel(QLabel* label) {
     label->setWordWrap(true);
     auto policy = label->sizePolicy();
     policy.setHorizontalPolicy(QSizePolicy::Ignored);
@@ -100,15 +100,15 @@ QWidget* FormWorkConfig::fieldsFrame() {
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(8, 6, 8, 6);
     grid->setVerticalSpacing(3);
-    grid->addWidget(wrapped(labelFor(ListAvail, u"Label1"_s, TextId::fieldsNotRequested)), 0, 0);
+    grid->addWidget(wrapLabel(labelFor(ListAvail, u"Label1"_s, TextId::fieldsNotRequested)), 0, 0);
     grid->addWidget(ListAvail, 1, 0, 2, 1);
-    grid->addWidget(wrapped(note(u"Label2"_s, TextId::addFieldNote)), 3, 0);
-    grid->addWidget(wrapped(labelFor(ListRequest, u"Label3"_s, TextId::fieldsRequested)), 0, 1);
+    grid->addWidget(wrapLabel(note(u"Label2"_s, TextId::addFieldNote)), 3, 0);
+    grid->addWidget(wrapLabel(labelFor(ListRequest, u"Label3"_s, TextId::fieldsRequested)), 0, 1);
     grid->addWidget(ListRequest, 1, 1);
     grid->addLayout(moving, 2, 1);
-    grid->addWidget(wrapped(note(u"Label4"_s, TextId::removeFieldNote)), 3, 1);
+    grid->addWidget(wrapLabel(note(u"Label4"_s, TextId::removeFieldNote)), 3, 1);
     grid->setRowMinimumHeight(4, 4);
-    grid->addWidget(wrapped(note(u"Label5"_s, TextId::requestedFieldsNote)), 5, 0, 1, 2);
+    grid->addWidget(wrapLabel(note(u"Label5"_s, TextId::requestedFieldsNote)), 5, 0, 1, 2);
     const auto letters = frame->fontMetrics();
     for (int side = 0; side < 2; ++side) {
         grid->setColumnMinimumWidth(side, shownLetters * letters.averageCharWidth());
@@ -134,8 +134,8 @@ void FormWorkConfig::connectCommands() {
     onClick(CommandMoveDown, [this] { moveSelectedRow(*ListRequest, 1); });
     onClick(CommandSave, [this] { CommandSave_Click(); });
     onClick(CommandCancel, [this] { CommandCancel_Click(); });
-    onRowChosen(ListAvail, session_.ui, [this](int row) { handOver(*ListAvail, row, *ListRequest); });
-    onRowChosen(ListRequest, session_.ui, [this](int row) { handOver(*ListRequest, row, *ListAvail); });
+    onRowChosen(ListAvail, session_.ui, [this](int row) { moveRow(*ListAvail, row, *ListRequest); });
+    onRowChosen(ListRequest, session_.ui, [this](int row) { moveRow(*ListRequest, row, *ListAvail); });
 }
 
 void FormWorkConfig::LoadLists() {

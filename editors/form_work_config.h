@@ -28,7 +28,7 @@ class FormWorkConfig final : public EditorWindow {
     void widenLists();
     /// The counterpart of `LoadLists`: replaces what is stored.
     void CommandSave_Click();
-    /// Goes to the field that kept a save from being stored, where the failure tells it.
+    /// Goes to the field that kept a save from being stored, where the failure names it.
     void refuse(const SaveFailure& failure);
     void CommandCancel_Click();
     double Form_CheckSum() override;

@@ -11,7 +11,7 @@ struct Error {
     QString description;
     /// The five-character SQLSTATE of a database error; empty for others.
     QString sqlState = {};
-    /// True when the database connection has gone with this error.
+    /// True when this error means that the database connection is lost.
     bool connectionLost = false;
 };
 

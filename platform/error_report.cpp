@@ -15,7 +15,7 @@ namespace {
 const auto lineEnd = u"\r\n"_s;
 
 /// Runs `body` on the settings store. What it throws is reported in the name of `routine`; the log also gets
-/// the file and what was wrong with it, which the report does not tell.
+/// the file and its fault, which the report does not name.
 template <class Body>
 void reportingErrors(const Workstation& workstation, const QString& routine, Body&& body) {
     try {

@@ -17,8 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
-// QSettings would do, but for three things: it takes a file that was cut short by a full disk for written,
-// it waits without limit for its lock, and it drops the comments of a person who wrote into the file.
+// QSettings would do, but for three things: it takes a file that was cut short by a full disk for written, it
+// waits without limit for its lock, and it drops the comments of a user who wrote into the file.
 
 namespace kelvane {
 
@@ -26,7 +26,7 @@ namespace {
 
 constexpr int lockMilliseconds = 2000;
 
-QStringView trimmed(QStringView text) {
+QStringView trim(QStringView text) {
     const auto isSpace = [](QChar c) { return c == u' ' || c == u'\t' || c == u'\r'; };
     while (!text.isEmpty() && isSpace(text.front()))
         text = text.mid(1);
@@ -37,7 +37,7 @@ QStringView trimmed(QStringView text) {
 
 /// Writes what would not come back from a line of the file as "%" and two hexadecimal digits: control
 /// characters, the blanks at both ends, the "%" itself, and the characters of `special`.
-QString encoded(QStringView text, QStringView special) {
+QString encode(QStringView text, QStringView special) {
     QString result;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const auto c = text[i];
@@ -50,7 +50,7 @@ QString encoded(QStringView text, QStringView special) {
     return result;
 }
 
-QString decoded(QStringView text) {
+QString toNumber(QStringView text) {
     QString result;
     for (qsizetype i = 0; i < text.size(); ++i) {
         bool isCode = false;
@@ -63,8 +63,8 @@ QString decoded(QStringView text) {
     return result;
 }
 
-QString encodedName(QStringView name) {
-    return encoded(name, u"=[];#");
+QString encodeName(QStringView name) {
+    return encode(name, u"=[];#");
 }
 
 enum class LineKind { other, section, setting, damaged };
@@ -76,18 +76,18 @@ struct Line {
 };
 
 Line readLine(QStringView raw) {
-    const auto line = trimmed(raw);
+    const auto line = trim(raw);
     if (line.contains(QChar(0)))
         return {LineKind::damaged};
     if (line.isEmpty() || line.startsWith(u';') || line.startsWith(u'#'))
         return {};
     if (line.startsWith(u'['))
-        return line.endsWith(u']') ? Line{LineKind::section, decoded(trimmed(line.mid(1).chopped(1)))}
+        return line.endsWith(u']') ? Line{LineKind::section, toNumber(trim(line.mid(1).chopped(1)))}
                                    : Line{LineKind::damaged};
     const auto equals = line.indexOf(u'=');
     if (equals < 0)
         return {LineKind::damaged};
-    return {LineKind::setting, decoded(trimmed(line.left(equals))), trimmed(line.mid(equals + 1))};
+    return {LineKind::setting, toNumber(trim(line.left(equals))), trim(line.mid(equals + 1))};
 }
 
 /// The lines of the file, none when there is no file; nothing when one of them is none that a settings file
@@ -161,7 +161,7 @@ QString IniSettingsStore::value(const QString& section, const QString& key) cons
     if (!lines)
         return {};
     const auto place = placeOf(*lines, section, key);
-    return place.found ? decoded(readLine(lines->at(place.at)).value) : QString();
+    return place.found ? toNumber(readLine(lines->at(place.at)).value) : QString();
 }
 
 void IniSettingsStore::setValue(const QString& section, const QString& key, const QString& value) {
@@ -178,7 +178,7 @@ void IniSettingsStore::setValue(const QString& section, const QString& key, cons
     if (!stored)
         putAside(path_);
     auto lines = stored.value_or(QStringList());
-    const QString setting = encodedName(key) + u'=' + encoded(value, {});
+    const QString setting = encodeName(key) + u'=' + encode(value, {});
     if (const auto place = placeOf(lines, section, key); place.found) {
         lines[place.at] = setting;
     } else if (place.at >= 0) {
@@ -186,7 +186,7 @@ void IniSettingsStore::setValue(const QString& section, const QString& key, cons
     } else {
         if (!lines.isEmpty())
             lines << QString();
-        lines << u'[' + encodedName(section) + u']' << setting;
+        lines << u'[' + encodeName(section) + u']' << setting;
     }
     writeFile(path_, lines);
 }

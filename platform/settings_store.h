@@ -15,10 +15,10 @@ class SettingsStore {
 };
 
 /// The store in an INI file, the same on every platform: "[section]", "key=value", comment lines behind ";"
-/// or "#", UTF-8; control characters, "%" and blanks at the ends stand as "%20". A person may write into it:
-/// comments and order stay. Each call reads the file anew, so that stores of several programs agree, and a
-/// stored value is on the disk when `setValue` returns. A file that is damaged counts as empty and is kept
-/// beside as "<name>.damaged" when the next value is written.
+/// or "#", UTF-8; control characters, "%" and blanks at the ends stand as "%20". A user may edit it: comments
+/// and order stay. Each call reads the file anew, so that stores of several programs agree, and a stored
+/// value is on the disk when `setValue` returns. A damaged file counts as empty and is kept as
+/// "<name>.damaged" when the next value is written.
 class IniSettingsStore final : public SettingsStore {
   public:
     explicit IniSettingsStore(QString path);

@@ -38,7 +38,7 @@ void drainSerialPort(qintptr handle) {
 QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting) {
     auto work = std::make_unique<crypt_data>(); // 32 KB, too large for comfort on the stack
     const QByteArray hash = crypt_r(phrase.constData(), setting.constData(), work.get());
-    // A failure is told by a text that begins with "*", which no hash does.
+    // A failure returns a text that begins with "*", which no hash does.
     return hash.startsWith('*') ? QByteArray() : hash;
 }
 

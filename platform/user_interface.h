@@ -40,7 +40,7 @@ struct DialogQuestion {
     /// True: one of `choices` is picked. False: a text is typed.
     bool fromList = false;
     QStringList choices = {};
-    /// Greatest length of a typed text, 0 for no limit.
+    /// Maximum length of a typed text, 0 for no limit.
     qint16 maxLength = 0;
     /// The `FieldKind` as a number, as it is carried through the tables.
     qint16 fieldType = 0;
@@ -51,8 +51,8 @@ struct DialogQuestion {
 /// The answer of a cancelled dialog.
 inline const QString cancelled = QStringLiteral("*CANCEL*");
 
-/// The operator, as routines without windows see him: boxes, the one-field dialog, the progress window, the
-/// pointer. Everything in the core that has to be said or asked goes through here.
+/// The operator interface for routines without windows: boxes, the one-field dialog, the progress window, the
+/// pointer. Every message and question of the core goes through it.
 class UserInterface {
   public:
     virtual ~UserInterface() = default;
@@ -85,11 +85,11 @@ class UserInterface {
     virtual void processEvents() = 0;
 
     /// Lets the windows paint what has to be painted. No key, click or request to close is handled meanwhile:
-    /// long work that no command may enter calls this while it waits.
+    /// long work that no command may interrupt calls this while it waits.
     virtual void repaint() = 0;
 };
 
-/// The hourglass for the time of a block; the normal pointer comes back on every way out.
+/// The hourglass for the time of a block; the normal pointer comes back however the block ends.
 class BusyPointer {
   public:
     explicit BusyPointer(UserInterface& ui) : ui_(ui) { ui_.setBusyPointer(); }
@@ -101,7 +101,7 @@ class BusyPointer {
     UserInterface& ui_;
 };
 
-/// The progress window for the time of a block; it goes away on every way out.
+/// The progress window for the time of a block; it closes however the block ends.
 class ProgressWindow {
   public:
     ProgressWindow(UserInterface& ui, const QString& caption) : ui_(ui) { ui_.showProgress(caption); }

@@ -6,7 +6,7 @@
 
 namespace kelvane {
 
-/// The outside things that every routine may need. They are owned by the program's `main` (or by a test).
+/// The environment that every routine may need. The program's `main` (or a test) owns its parts.
 struct Workstation {
     UserInterface& ui;
     const Clock& clock;

@@ -24,7 +24,7 @@ bool isNumber(const QString& entry) {
 }
 
 /// Neither empty nor a number.
-bool isFilledWrongly(const QString& entry) {
+bool hasInvalidText(const QString& entry) {
     return !entry.isEmpty() && !isNumber(entry);
 }
 
@@ -48,8 +48,8 @@ std::optional<Fault> scaleFault(const Entries& e) {
         {e[&R::tp_name].isEmpty(), {Fault::general, TextId::strategyRequired, &R::tp_name}},
         {!isNumber(e[&R::input_high]), {Fault::input, TextId::inputHighInvalid, &R::input_high}},
         {!isNumber(e[&R::output_high]), {Fault::output, TextId::outputHighInvalid, &R::output_high}},
-        {isFilledWrongly(e[&R::input_low]), {Fault::input, TextId::inputLowInvalid, &R::input_low}},
-        {isFilledWrongly(e[&R::output_low]), {Fault::output, TextId::outputLowInvalid, &R::output_low}},
+        {hasInvalidText(e[&R::input_low]), {Fault::input, TextId::inputLowInvalid, &R::input_low}},
+        {hasInvalidText(e[&R::output_low]), {Fault::output, TextId::outputLowInvalid, &R::output_low}},
         {sameInput, {Fault::input, TextId::highAndLowEqual, &R::input_low}},
         {sameOutput, {Fault::output, TextId::highAndLowEqual, &R::output_low}},
         {!isNumber(e[&R::repetitions]), {Fault::input, TextId::repetitionsNotNumeric, &R::repetitions}},
@@ -66,7 +66,7 @@ std::optional<Fault> toleranceFault(const Entries& e) {
     if (std::ranges::all_of(tolerances, [&](auto tolerance) { return e[tolerance].isEmpty(); }))
         return Fault{Fault::tolerance, TextId::toleranceRequired};
     const auto wrong =
-        std::ranges::find_if(tolerances, [&](auto tolerance) { return isFilledWrongly(e[tolerance]); });
+        std::ranges::find_if(tolerances, [&](auto tolerance) { return hasInvalidText(e[tolerance]); });
     if (wrong != tolerances.end())
         return Fault{Fault::tolerance, TextId::toleranceNotNumeric, *wrong};
     return {};

@@ -29,8 +29,8 @@ Sql insertStatement(const QString& instrument, const CalParamEntries& entries) {
         names << sqlName(column->name);
         values << savedValue(*column, instrument, entries);
     }
-    return u"insert into mt.hvm_kv_tag_config (" + commaJoined(names) + u") values (" + commaJoined(values) +
-           u");commit";
+    return u"insert into mt.hvm_kv_tag_config (" + joinWithCommas(names) + u") values (" +
+           joinWithCommas(values) + u");commit";
 }
 
 /// The messages of one kind, from the first on.
@@ -38,13 +38,13 @@ QList<Sql> messageStatements(const Sql& mtag, const Sql& type, const QStringList
     QList<Sql> statements;
     for (qsizetype i = 0; i < messages.size(); ++i)
         statements << u"insert into mt.hvm_kv_proc_prompts (mtag,prompt_type,prompt_seq,pname) values (" +
-                          commaJoined({mtag, type, sqlText(QString::number(i)), sqlText(messages[i])}) +
+                          joinWithCommas({mtag, type, sqlText(QString::number(i)), sqlText(messages[i])}) +
                           u");commit";
     return statements;
 }
 
-QList<Sql> savingStatements(const Session& session, const QString& instrument, const CalParamEntries& entries,
-                            const MessageLists& displayed) {
+QList<Sql> saveStatements(const Session& session, const QString& instrument, const CalParamEntries& entries,
+                          const MessageLists& displayed) {
     const auto mtag = ModuleGlobals::mtagOf(session, instrument);
     QList<Sql> statements{
         u"delete from mt.hvm_kv_tag_config where mtag = " + mtag +
@@ -63,7 +63,7 @@ std::optional<Error> storeCalParams(Session& session, const QString& instrument,
     Routine routine(session, u"FormCalParam,SaveData"_s);
     return routine.failureOf([&] {
         Transaction saving(session);
-        for (const auto& statement : savingStatements(session, instrument, entries, displayed))
+        for (const auto& statement : saveStatements(session, instrument, entries, displayed))
             routine.execute(statement);
         saving.commit();
     });

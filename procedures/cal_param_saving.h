@@ -13,7 +13,7 @@ std::optional<Error> storeCalParams(Session& session, const QString& instrument,
                                     const CalParamEntries& entries, const MessageLists& displayed);
 
 /// The parameter that kept an instrument from being saved: one whose value has left its place in the
-/// statement, or the one whose column the error names. Nothing when neither can be told.
+/// statement, or the one whose column the error names. Nothing when neither is known.
 std::optional<CalParamMember> refusedParameter(const QString& instrument, const CalParamEntries& entries,
                                                const Error& error);
 /// The first message whose name would end its own quotes; -1 without one.

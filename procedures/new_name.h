@@ -16,7 +16,7 @@ struct NewName {
     TextId prompt;
     /// The warning that the name is in use.
     TextId taken;
-    /// Greatest length, 0 for no limit.
+    /// Maximum length, 0 for no limit.
     qint16 maxLength;
     /// The query for a record of a name, whose quotes it doubles.
     Sql (*recordOf)(const QString& name);

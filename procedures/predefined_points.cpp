@@ -36,8 +36,8 @@ constexpr PredefinedRow table[] = {
 
 QStringList predefinedRows() {
     QStringList rows;
-    for (const auto& one : table)
-        rows << text(one.text);
+    for (const auto& row : table)
+        rows << text(row.text);
     return rows;
 }
 

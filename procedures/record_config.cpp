@@ -51,7 +51,7 @@ void readFields(Routine& routine, RecordConfig& config) {
 }
 
 bool isYes(const std::optional<QString>& value) {
-    return upperCased(value.value_or(QString())) == u"Y"_s;
+    return toUpperCase(value.value_or(QString())) == u"Y"_s;
 }
 
 void readPermissions(Routine& routine, RecordConfig& config) {

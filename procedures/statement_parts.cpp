@@ -2,7 +2,7 @@
 
 namespace kelvane {
 
-Sql commaJoined(const QList<Sql>& parts) {
+Sql joinWithCommas(const QList<Sql>& parts) {
     Sql joined = u"";
     for (qsizetype i = 0; i < parts.size(); ++i) {
         if (i > 0)

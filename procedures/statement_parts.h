@@ -7,6 +7,6 @@
 namespace kelvane {
 
 /// The parts with a comma between, without blanks.
-Sql commaJoined(const QList<Sql>& parts);
+Sql joinWithCommas(const QList<Sql>& parts);
 
 } // namespace kelvane

@@ -108,7 +108,7 @@ std::optional<SaveFailure> saveStrategy(Session& session, const Strategy& strate
         for (; sequence < strategy.points.size(); ++sequence)
             routine.execute(
                 u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values (" +
-                commaJoined({name, sqlText(plainText(sequence)), sqlText(strategy.points[sequence])}) +
+                joinWithCommas({name, sqlText(plainText(sequence)), sqlText(strategy.points[sequence])}) +
                 u");commit");
         saving.commit();
     });

@@ -61,11 +61,11 @@ Sql packageInsert(const Session& session, const TaskPackage& package, const QStr
     return u"insert into mt.hvm_kv_task_packages "
            u"(taskname,tptag,tptype,tp_definition,task_sql,segregate,model,"
            "description,mtuser,created_on,notes) values (" +
-           commaJoined({sqlText(SQLSafe(package.name)), sqlText(tptag), u"'PDEF'",
-                        sqlText(kindOf(package.definition).letter.toString()), valueIn(package, u"task_sql"),
-                        valueIn(package, u"segregate"), valueIn(package, u"model"),
-                        valueIn(package, u"description"), sqlText(session.SessionUser), u"now(*)",
-                        safeOrNull(package.notes)}) +
+           joinWithCommas({sqlText(SQLSafe(package.name)), sqlText(tptag), u"'PDEF'",
+                           sqlText(kindOf(package.definition).letter.toString()),
+                           valueIn(package, u"task_sql"), valueIn(package, u"segregate"),
+                           valueIn(package, u"model"), valueIn(package, u"description"),
+                           sqlText(session.SessionUser), u"now(*)", safeOrNull(package.notes)}) +
            u");commit";
 }
 

@@ -95,7 +95,7 @@ std::optional<QString> askPackageName(Session& session) {
 
 std::optional<TextId> faultOfInstrument(Session& session, const QStringList& listed, const QString& asset) {
     const bool isListed = std::ranges::any_of(
-        listed, [wanted = upperCased(asset)](const QString& row) { return upperCased(row) == wanted; });
+        listed, [wanted = toUpperCase(asset)](const QString& row) { return toUpperCase(row) == wanted; });
     if (isListed)
         return TextId::instrumentAlreadyListed;
     if (ModuleGlobals::CheckAsset(session, asset).isEmpty())

@@ -11,7 +11,7 @@ namespace {
 
 using Table = QHash<int, QString>;
 
-QString unescaped(QStringView raw) {
+QString unescape(QStringView raw) {
     QString plain;
     for (qsizetype i = 0; i < raw.size(); ++i) {
         if (raw[i] == u'\\' && i + 1 < raw.size()) {
@@ -41,7 +41,7 @@ bool readInto(Table& table, const QString& path, Columns columns) {
         if (!isNumber)
             continue;
         const auto textFrom = columns == Columns::numberAndText ? tab + 1 : line.indexOf(u'\t', tab + 1) + 1;
-        table.insert(id, unescaped(line.mid(textFrom)));
+        table.insert(id, unescape(line.mid(textFrom)));
     }
     return true;
 }

@@ -12,8 +12,7 @@ class FormCustomDialog;
 
 namespace demo {
 
-// What a person does with controls, by real key and mouse events. All throw `Difference` when it can't be
-// done.
+// What a user does with controls, by real key and mouse events. All throw `Difference` when it can't be done.
 
 /// The names of the controls below `parent`.
 QString namesBelow(const QWidget& parent);

@@ -29,7 +29,7 @@ void DatabaseSession::logIn(const QString& user) {
     }
 }
 
-void DatabaseSession::become(const QString& user, const QString& owner) {
+void DatabaseSession::useOwner(const QString& user, const QString& owner) {
     session.SessionUser = user;
     session.SessionOwner = owner;
 }

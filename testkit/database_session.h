@@ -24,7 +24,7 @@ class DatabaseSession : public ::testing::Test {
     /// Opens the connection anew as a user, whose owner and level then count.
     void logIn(const QString& user = QStringLiteral("jdoe"));
     /// Works on the tables of another owner from now on.
-    void become(const QString& user, const QString& owner);
+    void useOwner(const QString& user, const QString& owner);
     /// Runs a writing statement, past the routines.
     void execute(const QString& statement);
     /// The rows of a query, columns joined with "|".

@@ -6,10 +6,10 @@
 
 namespace kelvane::demo {
 
-/// What the demonstration met instead of what has to be.
+/// What the demonstration found instead of the expected.
 class Difference : public std::runtime_error {
   public:
-    explicit Difference(const QString& told) : std::runtime_error(told.toStdString()) {}
+    explicit Difference(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
 
 } // namespace kelvane::demo

@@ -65,8 +65,8 @@ EmbeddedDatabase::EmbeddedDatabase(const QString& filesFrom, const QHash<QString
                                 {u"Timeout"_s, u"5000"_s},    {u"NoCreat"_s, u"1"_s}};
     all.insert(settings);
     auto section = u"[%1]\n"_s.arg(dsn_);
-    for (auto one = all.cbegin(); one != all.cend(); ++one)
-        section += one.key() + u" = "_s + one.value() + u'\n';
+    for (auto setting = all.cbegin(); setting != all.cend(); ++setting)
+        section += setting.key() + u" = "_s + setting.value() + u'\n';
     addDataSource(section);
 }
 

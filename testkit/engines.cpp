@@ -56,7 +56,7 @@ class AdaptedConnection final : public Connection {
 
 } // namespace
 
-void EngineSession::standOn(Engine engine) {
+void EngineSession::useEngine(Engine engine) {
     engine_ = engine;
     auto connection = isEmbedded()
                           ? std::move(session.SharedConnection)
@@ -86,7 +86,7 @@ void EngineSession::expectRefusal(const QString& value, const QStringList& routi
     for (const auto& routine : routines)
         ui.expectReport(static_cast<int>(syntaxError().number), routine);
     action();
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     for (const auto& statement : std::as_const(sent))
         EXPECT_FALSE(statement.contains(value)) << statement.toStdString();
     const auto log = folder.read(u"errors.log"_s);

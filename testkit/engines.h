@@ -8,7 +8,7 @@
 
 namespace kelvane::testing {
 
-/// The engines that a session may stand on.
+/// The engines that a session may use.
 enum class Engine { embedded, verbatim };
 
 /// A connection that keeps the texts that it is given, whether they fail or not.
@@ -33,7 +33,7 @@ class WatchedConnection final : public ForwardingConnection {
 /// query with `answer`, or no row when that is empty. `sent` holds what has reached the connection.
 class EngineSession : public DatabaseSession {
   protected:
-    void standOn(Engine engine);
+    void useEngine(Engine engine);
     bool isEmbedded() const { return engine_ == Engine::embedded; }
 
     /// Runs `action`, which has to end in the syntax error of these routines, to send no text that holds

@@ -142,8 +142,8 @@ const QList<FieldRun>& measuredRuns() {
 }
 
 // The indicator's tolerance is the same in units of its output, not in percent of its input; the calibrator
-// is told the latter.
-const QList<FieldRun>& runsByEye() {
+// sees the latter.
+const QList<FieldRun>& manualRuns() {
     static const QList<FieldRun> runs{
         {.deviations = u"0.066667, -0.266667, 0.466667, -0.333333, 0.1"_s,
          .disagreement = Disagreement::calibratorPassedIt,
@@ -199,12 +199,12 @@ QString disagreementTitle(const FieldRun& run) {
 }
 
 QString disagreementText(const FieldRun& run) {
-    const auto told =
+    const auto verdict =
         run.disagreement == Disagreement::calibratorPassedIt
             ? u"The above listed instrument failed calibration, but the calibrator reported that the instrument was not out of tolerance."_s
             : u"the above listed instrument passed calibration, but the calibrator reported that the instrument was out of tolerance."_s;
     return u"Instrument: %1\r\n\r\n%2 This condition is caused by the inability of the calibrator to handle complex error calculations."_s
-        .arg(run.record.asset, told);
+        .arg(run.record.asset, verdict);
 }
 
 QStringList assetsOf(const QList<FieldRun>& runs) {
@@ -216,8 +216,8 @@ QStringList assetsOf(const QList<FieldRun>& runs) {
     return assets;
 }
 
-Aftermath afterRuns(const QList<FieldRun>& runs, const QList<FieldRun>& earlier) {
-    Aftermath after{.records = {}, .serial = u"6841207"_s, .registered = assetsOf(runs)};
+ExpectedRecords recordsAfterRuns(const QList<FieldRun>& runs, const QList<FieldRun>& earlier) {
+    ExpectedRecords after{.records = {}, .serial = u"6841207"_s, .registered = assetsOf(runs)};
     for (const auto& run : earlier + runs)
         after.records << run.record;
     after.registered.sort();

@@ -18,15 +18,15 @@ struct FieldRun {
     Record record;
 };
 
-/// The runs that the calibrator measures, and those that are read by eye. The two don't go into one download:
-/// whatever follows an instrument that is read by eye counts as read by eye too.
+/// The runs that the calibrator measures, and those that are read manually. The two don't go into one
+/// download: whatever follows an instrument that is read manually counts as read manually too.
 const QList<FieldRun>& measuredRuns();
-const QList<FieldRun>& runsByEye();
+const QList<FieldRun>& manualRuns();
 
 /// The line of the technician's plan for a run.
 QString planLine(const FieldRun& run, const QDate& day);
 
-/// The box in which the operator is told of a disagreement.
+/// The box that shows a disagreement to the operator.
 QString disagreementTitle(const FieldRun& run);
 QString disagreementText(const FieldRun& run);
 
@@ -34,6 +34,6 @@ QString disagreementText(const FieldRun& run);
 QStringList assetsOf(const QList<FieldRun>& runs);
 
 /// When `runs`, the only ones of the day besides `earlier`, were carried out and uploaded.
-Aftermath afterRuns(const QList<FieldRun>& runs, const QList<FieldRun>& earlier = {});
+ExpectedRecords recordsAfterRuns(const QList<FieldRun>& runs, const QList<FieldRun>& earlier = {});
 
 } // namespace kelvane::demo

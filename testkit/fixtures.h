@@ -17,7 +17,7 @@ QT_END_NAMESPACE
 
 namespace kelvane::testing {
 
-/// A clock that stands where it is put; `tick` seconds pass with each look at it.
+/// A clock that stands still at a set moment; `tick` seconds pass with each reading.
 class SetClock final : public Clock {
   public:
     QDateTime now() const override {

@@ -4,7 +4,7 @@
 
 namespace kelvane::testing {
 
-/// A connection that passes everything on to another one, for those that look at a part of it.
+/// A connection that passes everything on to another one, for those that observe a part of it.
 class ForwardingConnection : public Connection {
   public:
     explicit ForwardingConnection(std::unique_ptr<Connection> real) : real_(std::move(real)) {}

@@ -8,7 +8,7 @@
 
 namespace kelvane::testing {
 
-// What is given of the calibration parameters, to the letter and apart from the program's own tables. A new
+// What is given of the calibration parameters, exactly and apart from the program's own tables. A new
 // parameter gets its row, its place in the three orders and its control here, and the tests know it.
 
 struct GivenParam {

@@ -1,6 +1,6 @@
-// Leaks are looked for when a program ends, and are told apart by the library that they come from: none may
-// be gone by then. This takes the place of the system's function in the whole process. The link library of a
-// calibrator is ours, and tests exchange it: it goes.
+// Leaks are looked for when a program ends, and are distinguished by the library that they come from: none
+// may be gone by then. This takes the place of the system's function in the whole process. The link library
+// of a calibrator is the program's own, and tests exchange it: it is unloaded.
 
 #ifdef __linux__
 

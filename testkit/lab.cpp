@@ -17,8 +17,8 @@ Row row(const CalParamRecord& record) {
 
 QList<Row> oneColumn(const QStringList& values) {
     QList<Row> rows;
-    for (const auto& one : values)
-        rows << Row{one};
+    for (const auto& value : values)
+        rows << Row{value};
     return rows;
 }
 
@@ -57,18 +57,18 @@ void Lab::addStandards(const QString& asset, const QStringList& standards) {
 void Lab::addPackage(const QString& tag, const QStringList& assets) {
     script.answers.insert(selectPackage(tag), {{u"WSHT"_s, {}, {}, {}, {}, {}}});
     QList<Row> rows;
-    for (const auto& one : assets) {
-        rows << Row{one, u'K' + one, {}};
-        if (serials.contains(one))
-            rows.last().last() = serials.value(one);
+    for (const auto& asset : assets) {
+        rows << Row{asset, u'K' + asset, {}};
+        if (serials.contains(asset))
+            rows.last().last() = serials.value(asset);
     }
     script.answers.insert(selectMembers(tag), rows);
 }
 
 void Lab::addInUseWith(const QString& serial, const QStringList& assets) {
     QList<Row> rows;
-    for (const auto& one : assets)
-        rows << Row{one, u'K' + one, u"S-1"_s};
+    for (const auto& asset : assets)
+        rows << Row{asset, u'K' + asset, u"S-1"_s};
     script.answers.insert(selectInUse(serial), rows);
 }
 
@@ -79,8 +79,8 @@ void Lab::addInUseData(const QString& serial, const QString& asset, const QStrin
 
 void Lab::addDictionary(const QStringList& columns) {
     QList<Row> rows;
-    for (const auto& one : columns)
-        rows << Row{one, u"Title"_s, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+    for (const auto& column : columns)
+        rows << Row{column, u"Title"_s, {}, {}, {}, {}, {}, {}, {}, {}, {}};
     script.answers.insert(
         u"select datacol,title,idefault,ireq,sreq,sdefault,scopy,dcopy,validation,datalen,tooltip "
         u"from mt.customiz where fldnum like '23%' and (suppressed <> 'Y' or fldnum = '2331' or "
@@ -170,19 +170,20 @@ QString Lab::selectInUseData(const QString& serial, const QString& mtag) {
 
 QStringList Lab::writes() const {
     QStringList list;
-    for (const auto& one : script.statements) {
-        if (!one.startsWith(u"select"_s))
-            list << one;
+    for (const auto& statement : script.statements) {
+        if (!statement.startsWith(u"select"_s))
+            list << statement;
     }
     return list;
 }
 
-QString Lab::recorded(const QString& column, const QString& asset) const {
-    for (const auto& one : writes()) {
-        if (!one.startsWith(u"insert into MT.calibration "_s) || !one.contains(u"'K"_s + asset + u"',"_s))
+QString Lab::recordedValue(const QString& column, const QString& asset) const {
+    for (const auto& statement : writes()) {
+        if (!statement.startsWith(u"insert into MT.calibration "_s) ||
+            !statement.contains(u"'K"_s + asset + u"',"_s))
             continue;
-        const auto columns = one.section(u'(', 1, 1).section(u')', 0, 0).split(u',');
-        const auto values = one.section(u"values ("_s, 1).split(u',');
+        const auto columns = statement.section(u'(', 1, 1).section(u')', 0, 0).split(u',');
+        const auto values = statement.section(u"values ("_s, 1).split(u',');
         return values.value(columns.indexOf(column));
     }
     return u"no record"_s;
@@ -190,18 +191,18 @@ QString Lab::recorded(const QString& column, const QString& asset) const {
 
 QStringList Lab::recordedAssets() const {
     QStringList assets;
-    for (const auto& one : writes()) {
-        if (one.startsWith(u"insert into MT.calibration "_s))
-            assets << one.section(u"'K"_s, 1).section(u'\'', 0, 0);
+    for (const auto& statement : writes()) {
+        if (statement.startsWith(u"insert into MT.calibration "_s))
+            assets << statement.section(u"'K"_s, 1).section(u'\'', 0, 0);
     }
     return assets;
 }
 
 QStringList Lab::resultLines() const {
     QStringList lines;
-    for (const auto& one : writes()) {
-        if (one.startsWith(u"insert into mt.calresults "_s))
-            lines << one.section(u'\'', 1, 1).simplified();
+    for (const auto& statement : writes()) {
+        if (statement.startsWith(u"insert into mt.calresults "_s))
+            lines << statement.section(u'\'', 1, 1).simplified();
     }
     return lines;
 }

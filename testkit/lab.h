@@ -52,7 +52,7 @@ class Lab : public RecordedSession {
     QStringList writes() const;
     /// The value that the record of an instrument got in a column, out of the insert; "no record" when there
     /// was none.
-    QString recorded(const QString& column, const QString& asset) const;
+    QString recordedValue(const QString& column, const QString& asset) const;
     /// The instruments that have got a record, in order.
     QStringList recordedAssets() const;
     QStringList resultLines() const;

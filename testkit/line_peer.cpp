@@ -24,7 +24,7 @@ QByteArray hex(const char* digits) {
     return QByteArray::fromHex(digits);
 }
 
-QByteArray framed(const QByteArray& body) {
+QByteArray makeFrame(const QByteArray& body) {
     QByteArray frame = body;
     frame.replace(QByteArray(1, dle), QByteArray(2, dle));
     frame += "\x10\x03";
@@ -41,8 +41,8 @@ QByteArray framed(const QByteArray& body) {
 QByteArray LinePeer::take(const QByteArray& bytes) {
     received_ += bytes;
     QByteArray answer;
-    while (const auto one = takeOne())
-        answer += *one;
+    while (const auto frame = takeOne())
+        answer += *frame;
     return answer;
 }
 
@@ -69,11 +69,11 @@ QByteArray LinePeer::takeFrame(qsizetype end) {
     auto body = received_.first(end).chopped(4);
     received_.remove(0, end);
     body.replace(QByteArray(2, dle), QByteArray(1, dle));
-    heard << body;
+    received << body;
     const auto answer = reply ? reply(body) : std::nullopt;
     if (!answer)
         return {};
-    pending_ = fault ? fault(framed(*answer)) : framed(*answer);
+    pending_ = fault ? fault(makeFrame(*answer)) : makeFrame(*answer);
     return QByteArray(1, acknowledge) + '\x02';
 }
 

@@ -11,10 +11,10 @@ namespace kelvane::testing {
 QByteArray hex(const char* digits);
 
 /// The frame of a body as a calibrator sends it: DLE doubled, DLE ETX, the inverted sum of its words.
-QByteArray framed(const QByteArray& body);
+QByteArray makeFrame(const QByteArray& body);
 
-/// The far end of the line: takes the bytes that come and gives those that go back. It follows the
-/// conversation (link start, frame, acknowledge) and leaves what is said to `reply`.
+/// The far end of the line: takes received bytes and returns the answer's. It follows the protocol (link
+/// start, frame, acknowledge) and leaves the contents to `reply`.
 class LinePeer {
   public:
     /// The reply to a body; nothing: the frame is not even acknowledged.
@@ -22,13 +22,13 @@ class LinePeer {
     /// Makes the bytes of a reply on the line out of its frame: the place for faults.
     std::function<QByteArray(const QByteArray&)> fault;
     /// The bodies that came, in order.
-    QList<QByteArray> heard;
+    QList<QByteArray> received;
     char acknowledge = 0x06;
 
     /// Fed with bytes as they come, in any portions.
     QByteArray take(const QByteArray& bytes);
 
-    /// Answers at a scripted port, each portion with one look.
+    /// Answers at a scripted port, each portion with one poll.
     void attachTo(ScriptedSerialPort& port) {
         port.answer = [this](const QByteArray& bytes) -> ScriptedSerialPort::Chunks { return {take(bytes)}; };
     }

@@ -96,10 +96,10 @@ ChildWindow* ProgramTest::findChild(const QString& name) {
 ChildWindow& ProgramTest::child(const QString& name) {
     if (auto* found = findChild(name))
         return *found;
-    const auto told =
+    const auto message =
         "no window " + name.toStdString() + " among: " + openChildren().join(u' ').toStdString();
-    ADD_FAILURE() << told;
-    throw std::runtime_error(told);
+    ADD_FAILURE() << message;
+    throw std::runtime_error(message);
 }
 
 QStringList ProgramTest::openChildren() {

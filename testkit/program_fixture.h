@@ -61,7 +61,7 @@ class ProgramTest : public ::testing::Test {
     int processEnded = 0;
     /// What happens when the program ends its process.
     std::function<void()> atEnd = [this] { ++processEnded; };
-    ScreenOperator person;
+    ScreenOperator simulatedOperator;
     WorkstationProgram program;
     Session& session = program.session;
 };

@@ -4,13 +4,13 @@
 
 namespace kelvane::testing {
 
-/// An operator who answers at once and shows nothing: the proposed choice or the first one, the proposed
-/// text, or a number. What goes wrong he keeps, since a figure taken from work that failed is none.
+/// An operator interface that answers at once and shows nothing: the proposed choice or the first one, the
+/// proposed text, or a number. It keeps errors, since the time of work that failed is no measurement.
 class QuietOperator : public UserInterface {
   public:
     BoxAnswer messageBox(const QString& text, const QString&, BoxStyle style) override {
         if (style.icon != BoxIcon::information)
-            complaints << text;
+            reportedErrors << text;
         return style.buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::cancel;
     }
     QString askOneField(const DialogQuestion& question) override {
@@ -30,7 +30,7 @@ class QuietOperator : public UserInterface {
     void processEvents() override {}
     void repaint() override {}
 
-    QStringList complaints;
+    QStringList reportedErrors;
 };
 
 } // namespace kelvane::testing

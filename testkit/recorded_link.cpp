@@ -12,16 +12,16 @@ namespace kelvane::testing {
 
 namespace {
 
-QString shown(const QString& value) {
+QString displayText(const QString& value) {
     return u'"' + value + u'"';
 }
 
-QString shown(float value) {
+QString displayText(float value) {
     return plainText(value);
 }
 
 template <class Integer>
-QString shown(Integer value) {
+QString displayText(Integer value) {
     return QString::number(value);
 }
 
@@ -37,11 +37,11 @@ void RecordedLink::answer(const QString& operation, Status status, int occasion)
 
 RecordedLink::Status RecordedLink::statusOf(const QString& operation) {
     Status status = 0;
-    for (auto& one : answers_[operation]) {
-        if (one.occasion == 0 || one.occasion == 1)
-            status = one.status;
-        if (one.occasion > 0 && --one.occasion == 0)
-            one.occasion = -1;
+    for (auto& answer : answers_[operation]) {
+        if (answer.occasion == 0 || answer.occasion == 1)
+            status = answer.status;
+        if (answer.occasion > 0 && --answer.occasion == 0)
+            answer.occasion = -1;
     }
     return status;
 }
@@ -49,7 +49,7 @@ RecordedLink::Status RecordedLink::statusOf(const QString& operation) {
 template <class... Values>
 RecordedLink::Status RecordedLink::record(const char* operation, const Values&... values) {
     const auto name = QString::fromLatin1(operation);
-    calls << name + u'(' + QStringList{shown(values)...}.join(u", "_s) + u')';
+    calls << name + u'(' + QStringList{displayText(values)...}.join(u", "_s) + u')';
     if (onCall)
         onCall(name);
     return statusOf(name);
@@ -72,7 +72,7 @@ const StoredRun* RecordedLink::run(qint32 index) const {
 QString RecordedLink::missing() {
     if (onQuestion)
         onQuestion();
-    return whyMissing;
+    return reasonMissing;
 }
 
 RecordedLink::Status RecordedLink::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
@@ -124,7 +124,7 @@ RecordedLink::Status RecordedLink::MEMclear() {
 RecordedLink::Status RecordedLink::MEMstrategyDefn(qint32& strategyId, const QString& name, qint16 count,
                                                    const float* points) {
     QStringList fractions;
-    std::for_each(points, points + count, [&](float point) { fractions << shown(point); });
+    std::for_each(points, points + count, [&](float point) { fractions << displayText(point); });
     strategyId = ++strategies_;
     return record("MEMstrategyDefn", name, count, fractions.join(u' '));
 }
@@ -212,14 +212,14 @@ RecordedLink::Status RecordedLink::MEMstats(qint32& unused, qint32& count) {
 
 RecordedLink::Status RecordedLink::MEMrDir(qint32 recordIndex, qint16& kind, qint16& month, qint16& day,
                                            qint16& year, qint16& hour, qint16& minute, qint16& second) {
-    if (const auto* one = run(recordIndex)) {
-        kind = one->kind;
-        month = one->month;
-        day = one->day;
-        year = one->year;
-        hour = one->hour;
-        minute = one->minute;
-        second = one->second;
+    if (const auto* stored = run(recordIndex)) {
+        kind = stored->kind;
+        month = stored->month;
+        day = stored->day;
+        year = stored->year;
+        hour = stored->hour;
+        minute = stored->minute;
+        second = stored->second;
     }
     return record("MEMrDir", recordIndex);
 }
@@ -237,27 +237,27 @@ RecordedLink::Status RecordedLink::MEMbaseState(qint32 recordIndex) {
 
 RecordedLink::Status RecordedLink::MEMtagidInfo(qint32 recordIndex, QString& tag, QString& serialNumber,
                                                 QString& technician) {
-    if (const auto* one = run(recordIndex)) {
-        put(tag, one->tag);
-        put(serialNumber, one->serial);
-        put(technician, one->technician);
+    if (const auto* stored = run(recordIndex)) {
+        put(tag, stored->tag);
+        put(serialNumber, stored->serial);
+        put(technician, stored->technician);
     }
     return record("MEMtagidInfo", recordIndex);
 }
 
 RecordedLink::Status RecordedLink::MEMcalResult(qint32 recordIndex, qint16& entries) {
-    if (const auto* one = run(recordIndex))
-        entries = static_cast<qint16>(one->entries.size());
+    if (const auto* stored = run(recordIndex))
+        entries = static_cast<qint16>(stored->entries.size());
     return record("MEMcalResult", recordIndex);
 }
 
 RecordedLink::Status RecordedLink::MEMcalResultEntry(qint32 recordIndex, qint16 entry, float& reading,
                                                      qint16& unused2, float& unused3, float& applied,
                                                      qint16& unused5, float& unused6, float& error) {
-    if (const auto* one = run(recordIndex); one && entry >= 0 && entry < one->entries.size()) {
-        reading = one->entries[entry].reading;
-        applied = one->entries[entry].applied;
-        error = one->entries[entry].error;
+    if (const auto* stored = run(recordIndex); stored && entry >= 0 && entry < stored->entries.size()) {
+        reading = stored->entries[entry].reading;
+        applied = stored->entries[entry].applied;
+        error = stored->entries[entry].error;
         unused2 = unused5 = 9;
         unused3 = unused6 = 9;
     }

@@ -34,8 +34,8 @@ struct StoredRun {
     QList<ResultEntry> entries = {};
 };
 
-/// A link library under the test's control. It records each call, plays back the runs it is given, hands
-/// out ids that count from 1, and gives status 0 unless told otherwise.
+/// A link library under the test's control. It records each call, plays back the runs it is given, gives out
+/// ids from 1 on, and returns status 0 unless set otherwise.
 class RecordedLink final : public Dpclnk {
   public:
     /// Each call as a line: the operation and its in arguments, such as `DPCopen(9600, "COM1", 1000, 5)`.
@@ -48,7 +48,7 @@ class RecordedLink final : public Dpclnk {
     /// Runs at each call, before it gives its status, with the operation's name.
     std::function<void(const QString&)> onCall;
 
-    QString whyMissing;
+    QString reasonMissing;
     /// Runs when it is asked what is missing, before anything else of a driver.
     std::function<void()> onQuestion;
     QString model = QStringLiteral("702");

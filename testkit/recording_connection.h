@@ -12,9 +12,8 @@ using Row = QList<std::optional<QString>>;
 
 /// A scripted connection. Controls: `answer` (rows for a query), `fail` (an error for a statement), `lose`
 /// (from now on every statement fails with a lost connection). A query without an answer has no rows; a
-/// writing statement tells the number of rows in `changedRows`, or nothing.
-/// `statements` holds everything that came in, to the letter and in order; `firstRowOnly` those that asked
-/// for one row only.
+/// writing statement returns the number of rows in `changedRows`, or nothing. `statements` holds every text
+/// that came in, exactly and in order; `firstRowOnly` those that asked for one row only.
 class RecordingConnection final : public Connection {
   public:
     struct Script {

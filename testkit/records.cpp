@@ -24,7 +24,7 @@ QList<QStringList> rowsOf(Connection& connection, const QString& query, int colu
     return rows;
 }
 
-void same(const QString& what, const QString& found, const QString& expected) {
+void checkSame(const QString& what, const QString& found, const QString& expected) {
     if (found != expected)
         throw Difference(u"%1 is \"%2\" and not \"%3\""_s.arg(what, found, expected));
 }
@@ -48,18 +48,19 @@ void checkStandards(Connection& connection, const Record& expected, const QStrin
     QStringList names;
     for (const auto& row : rows)
         names << row[0];
-    same(expected.asset + u", standards"_s, names.join(u' '), expected.standards.join(u' '));
+    checkSame(expected.asset + u", standards"_s, names.join(u' '), expected.standards.join(u' '));
 }
 
 void checkLines(Connection& connection, const Record& expected, const QString& ctag) {
     const auto rows =
         rowsOf(connection,
                u"select c2501,c2502 from mt.calresults where ctag = "_s + ctag + u" order by c2502"_s, 2);
-    same(expected.asset + u", number of result lines"_s, QString::number(rows.size()),
-         QString::number(expected.lines.size()));
+    checkSame(expected.asset + u", number of result lines"_s, QString::number(rows.size()),
+              QString::number(expected.lines.size()));
     for (qsizetype i = 0; i < rows.size(); ++i) {
-        same(u"%1, number of line %2"_s.arg(expected.asset).arg(i), rows[i][1], QString::number(i));
-        same(u"%1, line %2"_s.arg(expected.asset).arg(i), rows[i][0], expected.lines[i].leftJustified(120));
+        checkSame(u"%1, number of line %2"_s.arg(expected.asset).arg(i), rows[i][1], QString::number(i));
+        checkSame(u"%1, line %2"_s.arg(expected.asset).arg(i), rows[i][0],
+                  expected.lines[i].leftJustified(120));
     }
 }
 
@@ -103,8 +104,9 @@ void checkRecord(Connection& connection, const Record& expected, const QStringLi
         {u"source", 15, u"KVN"_s},
         {u"current", 16, current ? u"1"_s : u"(null)"_s},
     };
-    for (const auto& one : expectations)
-        same(u"%1, %2"_s.arg(expected.asset, QString::fromUtf16(one.what)), row[one.column], one.expected);
+    for (const auto& expectation : expectations)
+        checkSame(u"%1, %2"_s.arg(expected.asset, QString::fromUtf16(expectation.what)),
+                  row[expectation.column], expectation.expected);
     checkStandards(connection, expected, row[6]);
     checkLines(connection, expected, row[6]);
 }
@@ -113,23 +115,24 @@ void checkRecord(Connection& connection, const Record& expected, const QStringLi
 void checkRecordsOf(Connection& connection, const QString& asset, const QDate& calibrated,
                     const QList<Record>& all) {
     QList<Record> expected;
-    for (const auto& one : all) {
-        if (one.asset == asset)
-            expected << one;
+    for (const auto& candidate : all) {
+        if (candidate.asset == asset)
+            expected << candidate;
     }
     const auto rows = recordsOf(connection, asset, calibrated);
-    same(asset + u", number of records"_s, QString::number(rows.size()), QString::number(expected.size()));
+    checkSame(asset + u", number of records"_s, QString::number(rows.size()),
+              QString::number(expected.size()));
     for (qsizetype i = 0; i < rows.size(); ++i)
         checkRecord(connection, expected[i], rows[i], calibrated, i == rows.size() - 1);
 }
 
-void checkNothingElse(Connection& connection, const QDate& calibrated, const Aftermath& expected) {
+void checkNothingElse(Connection& connection, const QDate& calibrated, const ExpectedRecords& expected) {
     const auto count = [&](const QString& from) {
         return rowsOf(connection, u"select count(*) from "_s + from, 1)[0][0];
     };
-    same(u"number of records of the day"_s,
-         count(u"mt.calibration where c2301 = '%1' and cdsrc = 'KVN'"_s.arg(calibrated.toString(day))),
-         QString::number(expected.records.size()));
+    checkSame(u"number of records of the day"_s,
+              count(u"mt.calibration where c2301 = '%1' and cdsrc = 'KVN'"_s.arg(calibrated.toString(day))),
+              QString::number(expected.records.size()));
     QStringList registered;
     for (const auto& row :
          rowsOf(connection,
@@ -138,22 +141,22 @@ void checkNothingElse(Connection& connection, const QDate& calibrated, const Aft
                     expected.serial + u"' order by i4201"_s,
                 1))
         registered << row[0];
-    same(u"instruments that are registered with the calibrator"_s, registered.join(u' '),
-         expected.registered.join(u' '));
+    checkSame(u"instruments that are registered with the calibrator"_s, registered.join(u' '),
+              expected.registered.join(u' '));
     // The lab has one worksheet package of its own; that of the download must be gone.
-    same(u"number of worksheet packages"_s, count(u"mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
-         u"1"_s);
+    checkSame(u"number of worksheet packages"_s, count(u"mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
+              u"1"_s);
 }
 
 } // namespace
 
-void checkRecords(Connection& connection, const QDate& calibrated, const Aftermath& expected) {
+void checkRecords(Connection& connection, const QDate& calibrated, const ExpectedRecords& expected) {
     std::printf("\n  %-8s %-10s %-8s %-10s %-6s %-10s %6s %8s\n", "asset", "date", "time", "state", "result",
                 "due", "failed", "marginal");
     QStringList assets;
-    for (const auto& one : expected.records) {
-        if (!assets.contains(one.asset))
-            assets << one.asset;
+    for (const auto& record : expected.records) {
+        if (!assets.contains(record.asset))
+            assets << record.asset;
     }
     for (const auto& asset : std::as_const(assets))
         checkRecordsOf(connection, asset, calibrated, expected.records);

@@ -28,7 +28,7 @@ struct Record {
 };
 
 /// What the upload of one calibrator has to leave in the database.
-struct Aftermath {
+struct ExpectedRecords {
     /// All records of the day; of several of one asset the last one is current.
     QList<Record> records;
     QString serial;
@@ -38,6 +38,6 @@ struct Aftermath {
 
 /// Reads the calibration records of the day back from the database, prints them as a table, and compares them
 /// with what has to be there. Throws `Difference` on the first one that differs.
-void checkRecords(Connection& connection, const QDate& day, const Aftermath& expected);
+void checkRecords(Connection& connection, const QDate& day, const ExpectedRecords& expected);
 
 } // namespace kelvane::demo

@@ -4,10 +4,11 @@
 
 namespace kelvane::testing {
 
-ScreenOperator::ScreenOperator() : Person([](const QString& told) { ADD_FAILURE() << told.toStdString(); }) {}
+ScreenOperator::ScreenOperator()
+    : SimulatedOperator([](const QString& message) { ADD_FAILURE() << message.toStdString(); }) {}
 
 ScreenOperator::~ScreenOperator() {
-    missOthers();
+    reportMissing();
 }
 
 } // namespace kelvane::testing

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "testkit/controls.h"
-#include "testkit/person.h"
+#include "testkit/simulated_operator.h"
 
 namespace kelvane::testing {
 
@@ -11,9 +11,9 @@ using demo::control;
 using demo::namesBelow;
 using demo::pick;
 
-/// The person in front of a test's windows: what he complains about fails the test, and so does what never
+/// The simulated operator of a test: a difference that he reports fails the test, and so does what never
 /// came.
-class ScreenOperator final : public demo::Person {
+class ScreenOperator final : public demo::SimulatedOperator {
   public:
     ScreenOperator();
     ~ScreenOperator() override;

@@ -67,7 +67,7 @@ void ScreenWindow::show(std::unique_ptr<ChildWindow> screen) {
 QStringList ScreenWindow::enabledOf(const QStringList& names) {
     QStringList usable;
     for (const auto& name : names) {
-        if (the<QWidget>(name).isEnabled())
+        if (controlNamed<QWidget>(name).isEnabled())
             usable << name;
     }
     return usable;

@@ -24,10 +24,10 @@ class ScreenWindow {
     void close() { screen_->close(); }
 
     template <class Control>
-    Control& the(const QString& name) {
+    Control& controlNamed(const QString& name) {
         return control<Control>(screen(), name);
     }
-    QPushButton& button(const QString& name) { return the<QPushButton>(name); }
+    QPushButton& button(const QString& name) { return controlNamed<QPushButton>(name); }
     void press(const QString& name) { click(button(name)); }
     /// Chooses a row out of the list that drops down, with the mouse and the keyboard.
     static void choose(QComboBox& list, const QString& row);

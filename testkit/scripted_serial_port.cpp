@@ -35,13 +35,13 @@ void ScriptedSerialPort::setSettings(const QString& settings) {
 }
 
 int ScriptedSerialPort::inBufferCount() {
-    look();
+    poll();
     return static_cast<int>(waiting_.size());
 }
 
 QByteArray ScriptedSerialPort::input() {
     if (waiting_.isEmpty())
-        look();
+        poll();
     if (loseAtReading > 0 && --loseAtReading >= 0)
         waiting_.clear();
     return std::exchange(waiting_, {});
@@ -57,8 +57,8 @@ void ScriptedSerialPort::output(const QByteArray& bytes) {
         coming_ << answer(bytes);
 }
 
-void ScriptedSerialPort::look() {
-    if (++looks > endless)
+void ScriptedSerialPort::poll() {
+    if (++polls > endless)
         throw std::runtime_error("the port is looked at endlessly");
     if (vanished_ || !open_)
         return;
@@ -67,13 +67,13 @@ void ScriptedSerialPort::look() {
 
 ScriptedSerialPort::Chunks byteByByte(const QByteArray& bytes) {
     ScriptedSerialPort::Chunks chunks;
-    for (const char one : bytes)
-        chunks << QByteArray(1, one);
+    for (const char byte : bytes)
+        chunks << QByteArray(1, byte);
     return chunks;
 }
 
-ScriptedSerialPort::Chunks afterLooks(int looks, const QByteArray& bytes) {
-    return ScriptedSerialPort::Chunks(looks) << bytes;
+ScriptedSerialPort::Chunks afterPolls(int polls, const QByteArray& bytes) {
+    return ScriptedSerialPort::Chunks(polls) << bytes;
 }
 
 } // namespace kelvane::testing

@@ -10,18 +10,18 @@
 namespace kelvane::testing {
 
 /// A scripted serial port. Controls:
-/// - `feed`: chunks that arrive one by one, each with a look that finds nothing else waiting; an empty chunk
-/// is a look at a silent line;
+/// - `feed`: chunks that arrive one by one, each with a poll that finds nothing else waiting; an empty chunk
+/// is a poll of a silent line;
 /// - `answer`: called with all that is sent; the chunks that it gives arrive like fed ones, after what is on
 /// its way;
 /// - `refuseOpening`: opening throws;
 /// - `failSending`: sending throws;
-/// - `noise`: arrives again and again when nothing else is on its way;
-/// - `vanish`: the line is cut: nothing arrives any more and what is sent goes nowhere;
-/// - `loseAtReading`: so many readings from now on find nothing, although bytes were counted.
-/// `log` tells in order what was done with the port ("port 1", "settings 9600,N,8,1", "open", "close", bytes
-/// sent in hexadecimal); `sent` holds the bytes of each sending; `looks` counts the looks at the line. A port
-/// that is looked at endlessly fails the test.
+/// - `noise`: arrives again and again when no other bytes are due;
+/// - `vanish`: the line is cut: nothing arrives any more and what is sent is lost;
+/// - `loseAtReading`: so many readings from now on find nothing, although bytes were counted. `log` lists in
+/// order what was done with the port ("port 1", "settings 9600,N,8,1", "open", "close", bytes sent in
+/// hexadecimal); `sent` holds the bytes of each sending; `polls` counts the polls. A port that is polled
+/// endlessly fails the test.
 class ScriptedSerialPort final : public SerialPort {
   public:
     using Chunks = QList<QByteArray>;
@@ -37,7 +37,7 @@ class ScriptedSerialPort final : public SerialPort {
 
     QStringList log;
     QList<QByteArray> sent;
-    int looks = 0;
+    int polls = 0;
 
     bool portOpen() const override { return open_; }
     void setPortOpen(bool open) override;
@@ -48,7 +48,7 @@ class ScriptedSerialPort final : public SerialPort {
     void output(const QByteArray& bytes) override;
 
   private:
-    void look();
+    void poll();
 
     bool open_ = false;
     bool vanished_ = false;
@@ -58,7 +58,7 @@ class ScriptedSerialPort final : public SerialPort {
 
 /// Each byte a chunk of its own.
 ScriptedSerialPort::Chunks byteByByte(const QByteArray& bytes);
-/// So many looks at a silent line, then the bytes.
-ScriptedSerialPort::Chunks afterLooks(int looks, const QByteArray& bytes);
+/// So many polls of a silent line, then the bytes.
+ScriptedSerialPort::Chunks afterPolls(int polls, const QByteArray& bytes);
 
 } // namespace kelvane::testing

@@ -5,8 +5,8 @@
 namespace kelvane::testing {
 
 ScriptedUserInterface::~ScriptedUserInterface() {
-    for (const auto& one : expected_)
-        ADD_FAILURE() << "never came: " << one.title.toStdString() << " / " << one.text.toStdString();
+    for (const auto& box : expected_)
+        ADD_FAILURE() << "never came: " << box.title.toStdString() << " / " << box.text.toStdString();
 }
 
 void ScriptedUserInterface::expectBox(const QString& text, const QString& title, BoxStyle style,
@@ -47,17 +47,17 @@ BoxAnswer ScriptedUserInterface::messageBox(const QString& text, const QString& 
         ADD_FAILURE() << "unexpected box: " << title.toStdString() << " / " << text.toStdString();
         return BoxAnswer::cancel;
     }
-    const auto one = expected_.takeFirst();
-    EXPECT_EQ(one.title.toStdString(), title.toStdString());
-    EXPECT_TRUE(one.style == style) << "style of the box: " << text.toStdString();
-    if (one.report) {
-        EXPECT_TRUE(text.contains(QStringLiteral(" %1 ").arg(one.number)) &&
-                    text.contains(QStringLiteral("FUNCTION/SUB:%1\r\n").arg(one.text)))
+    const auto next = expected_.takeFirst();
+    EXPECT_EQ(next.title.toStdString(), title.toStdString());
+    EXPECT_TRUE(next.style == style) << "style of the box: " << text.toStdString();
+    if (next.report) {
+        EXPECT_TRUE(text.contains(QStringLiteral(" %1 ").arg(next.number)) &&
+                    text.contains(QStringLiteral("FUNCTION/SUB:%1\r\n").arg(next.text)))
             << text.toStdString();
     } else {
-        EXPECT_EQ(one.text.toStdString(), text.toStdString());
+        EXPECT_EQ(next.text.toStdString(), text.toStdString());
     }
-    return one.answer;
+    return next.answer;
 }
 
 QString ScriptedUserInterface::askOneField(const DialogQuestion& question) {
@@ -66,12 +66,12 @@ QString ScriptedUserInterface::askOneField(const DialogQuestion& question) {
                       << question.prompt.toStdString();
         return cancelled;
     }
-    const auto one = expected_.takeFirst();
-    EXPECT_EQ(one.title.toStdString(), question.caption.toStdString());
-    EXPECT_EQ(one.text.toStdString(), question.prompt.toStdString());
-    if (one.check)
-        one.check(question);
-    return one.entry;
+    const auto next = expected_.takeFirst();
+    EXPECT_EQ(next.title.toStdString(), question.caption.toStdString());
+    EXPECT_EQ(next.text.toStdString(), question.prompt.toStdString());
+    if (next.check)
+        next.check(question);
+    return next.entry;
 }
 
 bool ScriptedUserInterface::bringQuestionForward() {

@@ -17,13 +17,13 @@ class ScriptedUserInterface final : public UserInterface {
 
     void expectBox(const QString& text, const QString& title, BoxStyle style,
                    BoxAnswer answer = BoxAnswer::ok);
-    /// The dialog's question is compared in caption and prompt; `check` may look at the rest.
+    /// The dialog's question is compared in caption and prompt; `check` may compare the rest.
     void expectDialog(const QString& caption, const QString& prompt, const QString& answer,
                       std::function<void(const DialogQuestion&)> check = {});
     /// An error report: a stop box, titled "Kelvane", that names this number and routine.
     void expectReport(int number, const QString& routine);
     /// Nothing that was expected is still open.
-    bool allCame() const { return expected_.isEmpty(); }
+    bool hasMetAll() const { return expected_.isEmpty(); }
 
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
     QString askOneField(const DialogQuestion& question) override;
@@ -39,7 +39,7 @@ class ScriptedUserInterface final : public UserInterface {
     void repaint() override;
 
     QStringList events;
-    /// What the status line was told, apart from `events`.
+    /// What the status line showed, apart from `events`.
     QStringList activities;
     /// How often the windows were let paint; not part of `events`.
     int repaints = 0;

@@ -12,7 +12,7 @@
 
 namespace {
 
-timespec trueTime(clockid_t clock) {
+timespec realTime(clockid_t clock) {
     timespec time{};
     syscall(SYS_clock_gettime, clock, &time);
     return time;
@@ -25,7 +25,7 @@ time_t secondsAhead() {
     int dayOfMonth = 0;
     if (!day || std::sscanf(day, "%d-%d-%d", &year, &month, &dayOfMonth) != 3)
         return 0;
-    const auto present = trueTime(CLOCK_REALTIME).tv_sec;
+    const auto present = realTime(CLOCK_REALTIME).tv_sec;
     tm local{};
     localtime_r(&present, &local);
     local.tm_year = year - 1900;
@@ -37,7 +37,7 @@ time_t secondsAhead() {
 
 timespec shownTime(clockid_t clock) {
     static const time_t ahead = secondsAhead();
-    auto time = trueTime(clock);
+    auto time = realTime(clock);
     if (clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE)
         time.tv_sec += ahead;
     return time;

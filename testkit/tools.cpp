@@ -102,8 +102,8 @@ const QList<Tool>& tools() {
     return all;
 }
 
-Aftermath afterTools() {
-    Aftermath after{.records = {}, .serial = u"48213"_s};
+ExpectedRecords recordsAfterTools() {
+    ExpectedRecords after{.records = {}, .serial = u"48213"_s};
     for (const auto& tool : tools())
         // The calibrator itself counts as a standard.
         after.records << Record{.asset = tool.asset,

@@ -24,6 +24,6 @@ struct Tool {
 const QList<Tool>& tools();
 
 /// When all tools were carried out and uploaded.
-Aftermath afterTools();
+ExpectedRecords recordsAfterTools();
 
 } // namespace kelvane::demo

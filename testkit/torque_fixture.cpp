@@ -88,12 +88,12 @@ CalParamRecord TorqueFixture::serialTransducer() {
 
 QStringList TorqueFixture::conversation() const {
     QStringList list;
-    for (const auto& body : peer.heard) {
+    for (const auto& body : peer.received) {
         const auto end = body.indexOf("=PC\xFF");
-        auto one = QString::fromLatin1(body.first(3));
+        auto exchange = QString::fromLatin1(body.first(3));
         if (end > 3)
-            one += u' ' + QString::fromLatin1(body.sliced(3, end - 3));
-        list << one;
+            exchange += u' ' + QString::fromLatin1(body.sliced(3, end - 3));
+        list << exchange;
     }
     return list;
 }
@@ -111,8 +111,8 @@ QByteArray identity(qint32 serial) {
 
 QByteArray result(qint32 date, qint32 time, const QList<double>& samples) {
     auto reply = "t1D" + integer32(date) + integer32(time);
-    for (const double one : samples)
-        reply += integer32(static_cast<qint32>(std::lround(one * 10000)));
+    for (const double sample : samples)
+        reply += integer32(static_cast<qint32>(std::lround(sample * 10000)));
     return reply;
 }
 

@@ -28,7 +28,7 @@ void ArrowButton::paintEvent(QPaintEvent* event) {
 }
 
 ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, TextId toolTip) {
-    return named(new ArrowButton(way), name, text(toolTip), toolTip);
+    return nameControl(new ArrowButton(way), name, text(toolTip), toolTip);
 }
 
 } // namespace kelvane

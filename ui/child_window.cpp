@@ -29,7 +29,7 @@ namespace kelvane {
 namespace {
 
 constexpr int twipsPerPixel = 15;
-// What styles leave free beside a caption in its room.
+// What styles leave free beside a caption.
 constexpr int besideCaption = 15;
 // Beyond any screen; keeps a spoilt setting inside the whole numbers.
 constexpr double farAway = 1e6;
@@ -44,14 +44,14 @@ int pixelsOf(const QString& twips) {
     return pixels(static_cast<int>(std::clamp(numericValue(twips), -farAway, farAway)));
 }
 
-/// The position nearest to `wanted` at which a window of `size` lies inside `room`; a window that is larger
+/// The position nearest to `wanted` at which a window of `size` lies inside `space`; a window that is larger
 /// than that keeps its title in view.
-QPoint inView(const QPoint& wanted, const QSize& size, const QSize& room) {
-    const QSize free = (room - size).expandedTo({0, 0});
+QPoint inView(const QPoint& wanted, const QSize& size, const QSize& space) {
+    const QSize free = (space - size).expandedTo({0, 0});
     return {std::clamp(wanted.x(), 0, free.width()), std::clamp(wanted.y(), 0, free.height())};
 }
 
-/// Makes the main window larger, as far as its screen goes, so that `needed` has room in the area.
+/// Makes the main window larger, as far as its screen goes, so that `needed` fits into the area.
 void makeRoom(const QMdiArea& area, const QSize& needed) {
     auto* main = area.window();
     const auto missing = (needed - area.viewport()->size()).expandedTo({0, 0});
@@ -68,11 +68,11 @@ ChildWindow::ChildWindow(Session& session, const QString& name, const Place& pla
     setObjectName(name);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    // The toolkit's own menu would bring texts and shortcuts that are not ours.
+    // The toolkit's own menu would bring texts and shortcuts of its own.
     setSystemMenu(nullptr);
     auto* closing = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4), this);
     closing->setContext(Qt::WidgetWithChildrenShortcut);
-    onSignal(closing, &QShortcut::activated, this, session_.ui, [this] { close(); });
+    connectGuarded(closing, &QShortcut::activated, this, session_.ui, [this] { close(); });
 }
 
 void ChildWindow::setBody(QWidget* body) {
@@ -86,8 +86,8 @@ void ChildWindow::bindPageKeys() {
     for (const auto& [key, step] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
         auto* pressed = new QShortcut(QKeySequence(Qt::CTRL | key), this);
         pressed->setContext(Qt::WidgetWithChildrenShortcut);
-        onSignal(pressed, &QShortcut::activated, this, session_.ui,
-                 [this, step = step] { changePageAtFocus(step); });
+        connectGuarded(pressed, &QShortcut::activated, this, session_.ui,
+                       [this, step = step] { changePageAtFocus(step); });
     }
 }
 
@@ -113,7 +113,7 @@ QPoint ChildWindow::position() const {
 /// What the controls need, with the frame around them; texts that wrap need it at the given width.
 QSize ChildWindow::neededSize() const {
     auto needed = layout()->totalMinimumSize();
-    needed.setWidth(qMax(needed.width(), qMin(neededForTitle(), mdiArea()->viewport()->width())));
+    needed.setWidth(qMax(needed.width(), qMin(titleWidth(), mdiArea()->viewport()->width())));
     if (layout()->hasHeightForWidth()) {
         const int width = qMax(needed.width(), pixels(place_.width));
         needed.setHeight(qMax(needed.height(), layout()->totalMinimumHeightForWidth(width)));
@@ -122,16 +122,16 @@ QSize ChildWindow::neededSize() const {
 }
 
 /// The width at which the title bar shows the whole caption.
-int ChildWindow::neededForTitle() const {
+int ChildWindow::titleWidth() const {
     QStyleOptionTitleBar bar;
     bar.initFrom(this);
     bar.titleBarFlags = windowFlags();
     const int width = pixels(place_.width);
     bar.rect = QRect(0, 0, width, contentsMargins().top());
-    const int room =
+    const int space =
         style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, this).width();
     const QFontMetrics letters(QApplication::font("QMdiSubWindowTitleBar"));
-    return width - room + letters.horizontalAdvance(windowTitle()) + besideCaption;
+    return width - space + letters.horizontalAdvance(windowTitle()) + besideCaption;
 }
 
 void ChildWindow::showIn(QMdiArea& area) {
@@ -141,7 +141,7 @@ void ChildWindow::showIn(QMdiArea& area) {
         return;
     }
     QPoint stored(pixels(place_.left), pixels(place_.top));
-    guarded(session_.ui, [&] {
+    runGuarded(session_.ui, [&] {
         stored = {pixelsOf(storedEdge(session_, u"Left"_s, objectName(), place_.left)),
                   pixelsOf(storedEdge(session_, u"Top"_s, objectName(), place_.top))};
     });
@@ -150,7 +150,7 @@ void ChildWindow::showIn(QMdiArea& area) {
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
     setFixedSize(given.expandedTo(neededSize()));
-    // The given sizes have room in the given main window; larger letters need a larger one.
+    // The given sizes fit into the given main window; larger letters need a larger one.
     if (size() != given)
         makeRoom(area, size());
     move(inView(stored, size(), area.viewport()->size()));
@@ -168,12 +168,12 @@ void ChildWindow::unload() {
 
 void ChildWindow::closeEvent(QCloseEvent* event) {
     bool closing = unloading_;
-    guarded(session_.ui, [&] { closing = closing || mayClose(); });
+    runGuarded(session_.ui, [&] { closing = closing || mayClose(); });
     if (!closing) {
         event->ignore();
         return;
     }
-    guarded(session_.ui, [this] { storePosition(); });
+    runGuarded(session_.ui, [this] { storePosition(); });
     open_ = false;
     QMdiSubWindow::closeEvent(event);
 }

@@ -15,9 +15,9 @@ constexpr int pixels(int twips) {
 }
 
 /// The base of every screen: a child window of the main window with a fixed size, whose position is kept in
-/// the settings store (section "Left" or "Top", key the window's name, in twips) and whose open flag stands
-/// in the session from its making until it has closed. Control with PageUp or PageDown changes the page of
-/// the tab control that has the focus.
+/// the settings store (section "Left" or "Top", key the window's name, in twips) and whose open flag is set
+/// in the session from its construction until it has closed. Control with PageUp or PageDown changes the page
+/// of the tab control that has the focus.
 class ChildWindow : public QMdiSubWindow {
     Q_OBJECT
   public:
@@ -33,13 +33,13 @@ class ChildWindow : public QMdiSubWindow {
     /// position.
     ChildWindow(Session& session, const QString& name, const Place& place);
 
-    /// Shows the window inside `area` at its stored position, moved into view where that lies outside; or
-    /// brings it forward when it is shown already. The size grows where caption and controls, in the user's
-    /// font, would be cut off otherwise, and the main window grows with it.
+    /// Shows the window inside `area` at its stored position, moved into view where that position is not
+    /// visible; or brings it forward when it is shown already. The size grows where caption and controls, in
+    /// the user's font, would be cut off otherwise, and the main window grows with it.
     void showIn(QMdiArea& area);
     /// Closes without asking `mayClose`.
     void unload();
-    /// False once it has closed, even while its memory still stands.
+    /// False once it has closed, even while the object still exists.
     bool isOpen() const { return open_; }
     /// True while it counts among the open windows of a session.
     bool countsAsOpenIn(const Session& session) const {
@@ -47,7 +47,7 @@ class ChildWindow : public QMdiSubWindow {
     }
 
   protected:
-    /// False refuses a request to close the window. It must not close the window itself.
+    /// False rejects a request to close the window. It must not close the window itself.
     virtual bool mayClose() { return true; }
 
     /// The controls of the screen.
@@ -69,7 +69,7 @@ class ChildWindow : public QMdiSubWindow {
 
   private:
     QSize neededSize() const;
-    int neededForTitle() const;
+    int titleWidth() const;
     void bindPageKeys();
     void changePageAtFocus(int step);
     QPoint position() const;
@@ -80,7 +80,7 @@ class ChildWindow : public QMdiSubWindow {
     QPushButton* defaultButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
     QWidget* firstFocus_ = nullptr;
-    /// Where the window was put when it was shown; until the user moves it, its setting stays what it is.
+    /// The position at which the window was shown; until the user moves it, its setting stays unchanged.
     QPoint shownAt_;
     bool open_ = true;
     bool countsAsOpen_ = true;

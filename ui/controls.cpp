@@ -20,8 +20,8 @@ QString plainCaption(TextId id) {
 }
 
 /// A list to choose from that the wheel turns only while it has the focus: one that turns under the pointer
-/// by chance would choose another record, and drop what was entered. What has no room in it ends in "…" and
-/// stands whole in its tool tip; what drops down is as wide as its rows.
+/// by chance would choose another record, and drop what was entered. What does not fit ends in "…" and stands
+/// whole in its tool tip; what drops down is as wide as its rows.
 class DropDown final : public QComboBox {
   public:
     DropDown();
@@ -33,7 +33,7 @@ class DropDown final : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    int roomForText() const;
+    int textWidth() const;
 };
 
 DropDown::DropDown() {
@@ -50,7 +50,7 @@ void DropDown::showPopup() {
     QComboBox::showPopup();
 }
 
-int DropDown::roomForText() const {
+int DropDown::textWidth() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width() -
@@ -58,7 +58,7 @@ int DropDown::roomForText() const {
 }
 
 bool DropDown::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && fontMetrics().horizontalAdvance(currentText()) > roomForText()) {
+    if (event->type() == QEvent::ToolTip && fontMetrics().horizontalAdvance(currentText()) > textWidth()) {
         showWholeText(static_cast<QHelpEvent*>(event)->globalPos(), currentText(), *this);
         return true;
     }
@@ -70,7 +70,7 @@ void DropDown::paintEvent(QPaintEvent*) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, roomForText());
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, textWidth());
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
@@ -84,7 +84,7 @@ void DropDown::wheelEvent(QWheelEvent* event) {
 } // namespace
 
 QLabel* label(const QString& name, TextId caption) {
-    auto* made = named(new QLabel, name, text(caption));
+    auto* made = nameControl(new QLabel, name, text(caption));
     made->setTextFormat(Qt::PlainText);
     made->setText(text(caption));
     return made;
@@ -98,14 +98,14 @@ QLabel* labelFor(QWidget* control, const QString& name, TextId caption) {
 }
 
 QPushButton* button(const QString& name, TextId caption, TextId toolTip) {
-    auto* made = named(new QPushButton, name, text(caption), toolTip);
+    auto* made = nameControl(new QPushButton, name, text(caption), toolTip);
     made->setText(plainCaption(caption));
     return made;
 }
 
 QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,
                     const QStringList& rows) {
-    auto* made = named(static_cast<QComboBox*>(new DropDown), name, accessibleName, toolTip);
+    auto* made = nameControl(static_cast<QComboBox*>(new DropDown), name, accessibleName, toolTip);
     made->addItems(rows);
     return made;
 }

@@ -11,10 +11,10 @@
 
 namespace kelvane {
 
-/// Gives a control its name, the name that a screen reader says, and its tool-tip by id (0: none).
+/// Sets a control's name, its accessible name, and its tool-tip by id (0: none).
 template <class Control>
-Control* named(Control* control, const QString& name, const QString& accessibleName,
-               std::optional<TextId> toolTip = {}) {
+Control* nameControl(Control* control, const QString& name, const QString& accessibleName,
+                     std::optional<TextId> toolTip = {}) {
     control->setObjectName(name);
     control->setAccessibleName(accessibleName);
     if (toolTip)
@@ -28,7 +28,7 @@ QLabel* label(const QString& name, TextId caption);
 QLabel* labelFor(QWidget* control, const QString& name, TextId caption);
 /// A push button with its caption and tool-tip, by id.
 QPushButton* button(const QString& name, TextId caption, TextId toolTip);
-/// A list to choose from, filled, with its first row selected.
+/// A drop-down list with its rows, the first one selected.
 QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,
                     const QStringList& rows = {});
 /// Lets the drop-down keep its width whatever its rows are: a long row makes the list that drops down wider,

@@ -28,7 +28,7 @@ void EditorWindow::run(const std::function<void()>& command) {
     if (running_)
         return;
     running_ = true;
-    guarded(session_.ui, command);
+    runGuarded(session_.ui, command);
     running_ = false;
 }
 

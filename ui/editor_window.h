@@ -10,21 +10,22 @@
 namespace kelvane {
 
 /// The base of the editors: a screen whose contents have a checksum. It counts as changed when the sum
-/// differs from the one that was taken after the last load or save; before changes go, the user is asked.
+/// differs from the one that was taken after the last load or save; before changes are lost, the user is
+/// asked.
 class EditorWindow : public ChildWindow {
     Q_OBJECT
   public:
     using ChildWindow::ChildWindow;
 
   protected:
-    /// What is asked before unsaved changes go: text and title by id, and the look of the box.
+    /// The question before unsaved changes are lost: text and title by id, and the style of the box.
     struct Question {
         TextId text;
         BoxStyle style;
         TextId title;
     };
 
-    /// While one stands, the handlers of changes made by the program itself do nothing.
+    /// While one exists, the handlers of changes made by the program itself do nothing.
     class Loading {
       public:
         explicit Loading(EditorWindow& editor) : editor_(editor), before_(editor.loading_) {
@@ -39,11 +40,11 @@ class EditorWindow : public ChildWindow {
         bool before_;
     };
 
-    /// The sum of what stands on the screen.
+    /// The checksum of the screen's contents.
     virtual double Form_CheckSum() = 0;
     /// The checksum of a text, reported under that name.
     double checkSum(const QString& routine, const QString& text);
-    /// Takes what stands on the screen as saved.
+    /// Marks the screen's contents as saved.
     void saveCheckSum();
     double savedCheckSum() const { return savedCheckSum_; }
     virtual bool isChanged() { return unsaved_ || Form_CheckSum() != savedCheckSum_; }
@@ -57,13 +58,13 @@ class EditorWindow : public ChildWindow {
     /// True when nothing is changed, or when the answer is Yes.
     bool mayDiscard(const Question& question) { return !isChanged() || confirms(question); }
 
-    /// Runs a command of the screen. While one runs, with whatever question it has on the screen, another
-    /// one does nothing and the window stays open.
+    /// Runs a command of the screen. While one runs, any open question included, another one does nothing and
+    /// the window stays open.
     void run(const std::function<void()>& command);
-    /// Runs `command` in this way whenever `sender` gives `signal`.
+    /// Runs `command` in this way whenever `sender` emits `signal`.
     template <class Sender, class Signal>
     void onCommand(Sender* sender, Signal signal, const std::function<void()>& command) {
-        onSignal(sender, signal, this, session_.ui, [this, command] { run(command); });
+        connectGuarded(sender, signal, this, session_.ui, [this, command] { run(command); });
     }
     void onClick(QPushButton* button, const std::function<void()>& command);
 

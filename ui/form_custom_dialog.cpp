@@ -34,9 +34,9 @@ std::optional<TextId> faultOfEntry(const QString& entry, int dataFormat, const Q
 }
 
 int rowOfDefault(const QStringList& rows, const QString& defaultText) {
-    const auto wanted = upperCased(defaultText);
+    const auto wanted = toUpperCase(defaultText);
     for (int row = 0; row < rows.size(); ++row) {
-        if (upperCased(rows[row].left(defaultText.size())) == wanted)
+        if (toUpperCase(rows[row].left(defaultText.size())) == wanted)
             return row;
     }
     return -1;
@@ -44,14 +44,14 @@ int rowOfDefault(const QStringList& rows, const QString& defaultText) {
 
 FormCustomDialog::FormCustomDialog(Session& session, const DialogQuestion& question, Answered answered)
     : ChildWindow(session, u"FormCustomDialog"_s, {.left = 1995, .top = 2505, .width = 4020, .height = 2355}),
-      LabelCustomDialog(named(new QLabel, u"LabelCustomDialog"_s, question.prompt)),
-      TextCustomDialog(named(new QLineEdit, u"TextCustomDialog"_s, question.prompt, TextId::entryTip)),
+      LabelCustomDialog(nameControl(new QLabel, u"LabelCustomDialog"_s, question.prompt)),
+      TextCustomDialog(nameControl(new QLineEdit, u"TextCustomDialog"_s, question.prompt, TextId::entryTip)),
       ComboCustomDialog(dropDown(u"ComboCustomDialog"_s, question.prompt, TextId::entryTip)),
       CommandCustomDialogOK(button(u"CommandCustomDialogOK"_s, TextId::ok, TextId::acceptEntryTip)),
       CommandCustomDialogCancel(
           button(u"CommandCustomDialogCancel"_s, TextId::cancel, TextId::cancelEntryTip)),
-      LabelAlways(named(new QLabel, u"LabelAlways"_s, {})),
-      LabelDataFormat(named(new QLabel, u"LabelDataFormat"_s, {})),
+      LabelAlways(nameControl(new QLabel, u"LabelAlways"_s, {})),
+      LabelDataFormat(nameControl(new QLabel, u"LabelDataFormat"_s, {})),
       answered_(std::move(answered)) {
     setWindowTitle(question.caption);
     LabelCustomDialog->setTextFormat(Qt::PlainText);
@@ -72,10 +72,10 @@ FormCustomDialog::FormCustomDialog(Session& session, const DialogQuestion& quest
     setDefaultButton(CommandCustomDialogOK);
     setCancelButton(CommandCustomDialogCancel);
     setFirstFocus(entryControl());
-    onSignal(CommandCustomDialogOK, &QPushButton::clicked, this, session_.ui,
-             [this] { CommandCustomDialogOK_Click(); });
-    onSignal(CommandCustomDialogCancel, &QPushButton::clicked, this, session_.ui,
-             [this] { CommandCustomDialogCancel_Click(); });
+    connectGuarded(CommandCustomDialogOK, &QPushButton::clicked, this, session_.ui,
+                   [this] { CommandCustomDialogOK_Click(); });
+    connectGuarded(CommandCustomDialogCancel, &QPushButton::clicked, this, session_.ui,
+                   [this] { CommandCustomDialogCancel_Click(); });
 }
 
 void FormCustomDialog::layOut() {
@@ -117,7 +117,7 @@ QWidget* FormCustomDialog::entryControl() const {
     return TextCustomDialog;
 }
 
-void FormCustomDialog::stay(TextId message) {
+void FormCustomDialog::stayOpen(TextId message) {
     session_.ui.messageBox(text(message), text(TextId::applicationName), box::warning);
     entryControl()->setFocus();
 }
@@ -132,20 +132,20 @@ void FormCustomDialog::CommandCustomDialogOK_Click() {
     const auto typed = TextCustomDialog->text();
     const auto chosen = ComboCustomDialog->currentText();
     if (required && typed.isEmpty() && chosen.isEmpty()) {
-        stay(TextId::fieldRequired);
+        stayOpen(TextId::fieldRequired);
         return;
     }
     const auto entry = trimBlanks(typed.isEmpty() ? chosen : typed);
     const auto format = static_cast<int>(numericValue(LabelDataFormat->text()));
     if (const auto fault = faultOfEntry(entry, format, session_.SessionDateFormat)) {
-        stay(*fault);
+        stayOpen(*fault);
         return;
     }
     answer(entry);
     unload();
 }
 
-bool FormCustomDialog::cancelConfirmed() {
+bool FormCustomDialog::askToCancel() {
     if (session_.ui.messageBox(text(TextId::confirmCancel), text(TextId::applicationName),
                                box::warningYesNo) != BoxAnswer::yes) {
         entryControl()->setFocus();
@@ -156,7 +156,7 @@ bool FormCustomDialog::cancelConfirmed() {
 }
 
 void FormCustomDialog::CommandCustomDialogCancel_Click() {
-    if (cancelConfirmed())
+    if (askToCancel())
         unload();
 }
 

@@ -13,8 +13,8 @@ class QPushButton;
 
 namespace kelvane {
 
-/// The one-field question. It gives its answer once, through the function it is made with, and unloads.
-/// Closing its frame is its Cancel.
+/// The one-field question. It returns its answer once, through the function that its constructor takes, and
+/// unloads. Closing its frame cancels.
 class FormCustomDialog final : public ChildWindow {
     Q_OBJECT
   public:
@@ -28,10 +28,10 @@ class FormCustomDialog final : public ChildWindow {
     void takeList(const DialogQuestion& question);
     void CommandCustomDialogOK_Click();
     void CommandCustomDialogCancel_Click();
-    bool cancelConfirmed();
-    bool mayClose() override { return cancelConfirmed(); }
+    bool askToCancel();
+    bool mayClose() override { return askToCancel(); }
     QWidget* entryControl() const;
-    void stay(TextId message);
+    void stayOpen(TextId message);
     void answer(const QString& result);
 
     QLabel* LabelCustomDialog;

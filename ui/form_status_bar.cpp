@@ -13,10 +13,10 @@ namespace kelvane {
 
 FormStatusBar::FormStatusBar(Session& session)
     : ChildWindow(session, u"FormStatusBar"_s, {.width = 6000, .height = 1350}),
-      LabelStatus(
-          named(new ElidedLabel, u"LabelStatus"_s, text(TextId::statusBarAction), TextId::statusBarAction)),
-      ProgressBar(named(new QProgressBar, u"ProgressBar"_s, text(TextId::statusBarProgress),
-                        TextId::statusBarProgress)) {
+      LabelStatus(nameControl(new ElidedLabel, u"LabelStatus"_s, text(TextId::statusBarAction),
+                              TextId::statusBarAction)),
+      ProgressBar(nameControl(new QProgressBar, u"ProgressBar"_s, text(TextId::statusBarProgress),
+                              TextId::statusBarProgress)) {
     // Without the hint of a system menu too: styles draw a button that closes for it.
     setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     ProgressBar->setRange(0, 100);

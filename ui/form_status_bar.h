@@ -15,7 +15,7 @@ class FormStatusBar final : public ChildWindow {
     explicit FormStatusBar(Session& session);
 
     void setStatus(const QString& text);
-    /// Percentage; values outside 0 to 100 are cut.
+    /// Percentage; values beyond 0 to 100 are cut.
     void setValue(int percent);
 
   private:

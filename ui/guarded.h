@@ -9,13 +9,13 @@
 
 namespace kelvane {
 
-/// Says that the error report itself could not be written.
+/// Shows that the error report itself could not be written.
 void showUnwritableReport(UserInterface& ui);
 
 /// The last guard of a window's handler: nothing may be thrown through the event loop. The one error that
 /// gets here is that of a report whose file can't be written.
 template <class Body>
-void guarded(UserInterface& ui, Body&& body) {
+void runGuarded(UserInterface& ui, Body&& body) {
     try {
         std::forward<Body>(body)();
     } catch (const Error&) {
@@ -25,8 +25,8 @@ void guarded(UserInterface& ui, Body&& body) {
 
 /// Connects a signal, whatever its arguments, to a guarded handler; the connection ends with `context`.
 template <class Sender, class Signal, class Body>
-void onSignal(Sender* sender, Signal signal, QObject* context, UserInterface& ui, Body body) {
-    QObject::connect(sender, signal, context, [&ui, body] { guarded(ui, body); });
+void connectGuarded(Sender* sender, Signal signal, QObject* context, UserInterface& ui, Body body) {
+    QObject::connect(sender, signal, context, [&ui, body] { runGuarded(ui, body); });
 }
 
 } // namespace kelvane

@@ -20,7 +20,7 @@ QColor outlineColor(const QPalette& palette) {
                   (ground.blue() + letters.blue()) / 2);
 }
 
-/// Styles make the outline of an indicator darker than what lies under it, which nobody sees on a dark
+/// Styles make the outline of an indicator darker than what lies under it, which is invisible on a dark
 /// ground.
 void outline(QAbstractButton& button, QStyle::SubElement indicator) {
     if (!isDark(button.palette()))

@@ -46,13 +46,13 @@ QString takeRow(QListWidget& list, int row) {
     return taken->text();
 }
 
-void handOver(QListWidget& from, int row, QListWidget& to) {
+void moveRow(QListWidget& from, int row, QListWidget& to) {
     if (row >= 0 && row < from.count())
         to.addItem(takeRow(from, row));
 }
 
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
-    onSignal(list, &QListWidget::itemDoubleClicked, list, ui, [list, chosen] {
+    connectGuarded(list, &QListWidget::itemDoubleClicked, list, ui, [list, chosen] {
         if (const int row = selectedRow(*list); row >= 0)
             chosen(row);
     });
@@ -60,7 +60,7 @@ void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(
         auto* pressed = new QShortcut(QKeySequence(key), list);
         pressed->setContext(Qt::WidgetShortcut);
         // The row with the frame of the focus, selected or not: so one after the other can be chosen.
-        onSignal(pressed, &QShortcut::activated, list, ui, [list, chosen] {
+        connectGuarded(pressed, &QShortcut::activated, list, ui, [list, chosen] {
             if (const int row = list->currentRow(); row >= 0)
                 chosen(row);
         });

@@ -12,7 +12,7 @@ class UserInterface;
 
 /// The texts of all rows, in order.
 QStringList rowsOf(const QListWidget& list);
-/// Puts these rows in place of all others; none is selected.
+/// Replaces all rows by these; none is selected.
 void refill(QListWidget& list, const QStringList& rows);
 /// The selected row, -1 without one.
 int selectedRow(const QListWidget& list);
@@ -23,7 +23,7 @@ bool moveSelectedRow(QListWidget& list, int direction);
 /// but the keyboard stands on the row that follows.
 QString takeRow(QListWidget& list, int row);
 /// Takes a row out of one list and puts its text at the end of another.
-void handOver(QListWidget& from, int row, QListWidget& to);
+void moveRow(QListWidget& from, int row, QListWidget& to);
 /// Calls `chosen` with the row that the user double-clicks, or stands on when Return is pressed.
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
 

@@ -67,21 +67,21 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// Whether a box that wraps this text has room for it. The width is the least at which boxes wrap.
-bool fits(QLabel& label, const QSize& room) {
+/// Whether this text fits into a box that wraps it. The width is the least at which boxes wrap.
+bool fits(QLabel& label, const QSize& space) {
     constexpr int wrapped = 400;
     // A longer text is not even measured: a word without an end would take minutes.
     constexpr qsizetype longest = 2000;
     if (label.text().size() > longest)
         return false;
     label.setWordWrap(true);
-    return label.heightForWidth(wrapped) <= room.height() / 2 &&
-           label.minimumSizeHint().width() <= room.width() / 2;
+    return label.heightForWidth(wrapped) <= space.height() / 2 &&
+           label.minimumSizeHint().width() <= space.width() / 2;
 }
 
 /// A text that wraps and scrolls downwards only. It begins with its first line, can be copied, and leaves
 /// Return and Escape to its box.
-QPlainTextEdit* scrollingText(const QString& text, const QSize& room) {
+QPlainTextEdit* scrollingText(const QString& text, const QSize& space) {
     auto* made = new QPlainTextEdit;
     made->setObjectName(u"TextMessage"_s);
     made->setAccessibleName(text.left(1000));
@@ -93,19 +93,19 @@ QPlainTextEdit* scrollingText(const QString& text, const QSize& room) {
     made->setTabChangesFocus(true);
     made->setWordWrapMode(wrapModeFor(text));
     made->setPlainText(text);
-    made->setMinimumSize(qMin(room.width(), 560), qMin(room.height() / 2, 320));
+    made->setMinimumSize(qMin(space.width(), 560), qMin(space.height() / 2, 320));
     return made;
 }
 
 /// A report may carry a statement of any length: a text that would push the buttons off the screen scrolls.
 void keepOnScreen(QMessageBox& box) {
-    const auto room = box.screen()->availableSize() * 8 / 10;
+    const auto space = box.screen()->availableSize() * 8 / 10;
     auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
-    if (!label || !grid || fits(*label, room))
+    if (!label || !grid || fits(*label, space))
         return;
     // The label is not laid out any more, but the box still knows its text by it.
-    delete grid->replaceWidget(label, scrollingText(label->text(), room));
+    delete grid->replaceWidget(label, scrollingText(label->text(), space));
     label->hide();
 }
 

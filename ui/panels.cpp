@@ -15,8 +15,8 @@ namespace kelvane {
 
 namespace {
 
-/// A row of tabs with little room beside their captions, so that long ones stand in a row. It measures and
-/// places the captions itself: styles count on more room, and each on another.
+/// A row of tabs with little space beside their captions, so that long ones stand in a row. It measures and
+/// places the captions itself: each style reserves another amount of space.
 class CaptionBar final : public QTabBar {
   public:
     // The name that a tab control gives its row of tabs.
@@ -90,13 +90,13 @@ class Note final : public QLabel {
 } // namespace
 
 QGroupBox* panel(const QString& name, TextId caption) {
-    auto* made = named(new QGroupBox, name, text(caption));
+    auto* made = nameControl(new QGroupBox, name, text(caption));
     made->setTitle(text(caption));
     return made;
 }
 
 QLabel* note(const QString& name, TextId caption) {
-    auto* made = named(new Note, name, text(caption));
+    auto* made = nameControl(new Note, name, text(caption));
     made->setTextFormat(Qt::PlainText);
     made->setText(text(caption));
     made->setWordWrap(true);
@@ -114,7 +114,7 @@ void changePage(QTabWidget& tabs, int step) {
 }
 
 QTabWidget* tabControl(const QString& name, TextId accessibleName) {
-    auto* made = named(static_cast<QTabWidget*>(new Tabs), name, text(accessibleName));
+    auto* made = nameControl(static_cast<QTabWidget*>(new Tabs), name, text(accessibleName));
     made->setFocusPolicy(Qt::NoFocus);
     made->tabBar()->setFocusPolicy(Qt::TabFocus);
     made->tabBar()->setAccessibleName(text(accessibleName));

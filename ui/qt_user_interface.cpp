@@ -56,7 +56,7 @@ QString QtUserInterface::askOneField(const DialogQuestion& question) {
         loop.quit();
     });
     made->showIn(*area_);
-    // From here on the area owns it; with the area gone there is nobody left to answer.
+    // From here on the area owns it; without the area the question has no answer.
     const QPointer form = made.release();
     question_ = form;
     QObject::connect(form, &QObject::destroyed, &loop, &QEventLoop::quit);
@@ -76,7 +76,7 @@ bool QtUserInterface::bringQuestionForward() {
     return true;
 }
 
-/// Draws what lay under a box or a question at once: long work may begin before the next event is looked at.
+/// Draws what lay under a box or a question at once: long work may begin before the next event is handled.
 void QtUserInterface::redraw() {
     repaint();
     if (window_)

@@ -22,8 +22,8 @@ class QtUserInterface final : public UserInterface {
     QtUserInterface();
     ~QtUserInterface() override;
 
-    /// The session and the main window with its area of child windows and its status line. They must not be
-    /// used through here any more once the window is gone.
+    /// The session and the main window with its area of child windows and its status line. This object must
+    /// not use them any more once the window is gone.
     void attach(Session& session, QMainWindow& window, QMdiArea& area, StatusLine& statusLine);
 
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;

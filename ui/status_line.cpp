@@ -21,9 +21,10 @@ void put(ElidedLabel& label, const QString& shown) {
 
 StatusLine::StatusLine(const Session& session)
     : session_(session),
-      LabelActivity(named(new ElidedLabel, u"LabelActivity"_s, {}, TextId::statusBarActionTip)),
-      LabelUser(named(new ElidedLabel, u"LabelUser"_s, {}, TextId::statusBarUserTip)),
-      LabelDataSource(named(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)) {
+      LabelActivity(nameControl(new ElidedLabel, u"LabelActivity"_s, {}, TextId::statusBarActionTip)),
+      LabelUser(nameControl(new ElidedLabel, u"LabelUser"_s, {}, TextId::statusBarUserTip)),
+      LabelDataSource(
+          nameControl(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)) {
     setObjectName(u"StatusLine"_s);
     addWidget(LabelActivity, 1);
     addPermanentWidget(LabelUser);

@@ -11,7 +11,7 @@ namespace kelvane {
 namespace {
 
 /// True when the focus only comes back to where it was, from a box, a menu or another program.
-bool isComingBack(Qt::FocusReason reason) {
+bool isReturning(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
            reason == Qt::MenuBarFocusReason;
 }
@@ -56,7 +56,7 @@ void TextBox::setLines(int lines) {
 
 void TextBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
-    if (!isComingBack(event->reason()))
+    if (!isReturning(event->reason()))
         Q_EMIT entered();
 }
 

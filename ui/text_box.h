@@ -5,8 +5,8 @@
 
 namespace kelvane {
 
-/// The way in which a text has to wrap. A word without an end wraps anywhere: to look for the best place in
-/// it again for each line would cost the square of its length.
+/// How a text has to wrap. A word without an end wraps anywhere: to look for the best place in it again for
+/// each line would cost the square of its length.
 QTextOption::WrapMode wrapModeFor(const QString& text);
 
 /// A box for a text of several lines. Its line ends are CR LF, every other character stays what it is; Tab

@@ -97,12 +97,12 @@ QSize ElidedLabel::minimumSizeHint() const {
     return hint;
 }
 
-bool ElidedLabel::isCut() const {
+bool ElidedLabel::isElided() const {
     return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
 
 bool ElidedLabel::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && isCut()) {
+    if (event->type() == QEvent::ToolTip && isElided()) {
         showWholeText(static_cast<QHelpEvent*>(event)->globalPos(), text(), *this);
         return true;
     }

@@ -17,8 +17,8 @@ void showWholeText(const QPoint& place, const QString& whole, QWidget& widget);
 /// tool tip of a row that is cut off has its whole text.
 void showWholeRows(QListView& list);
 
-/// A text of one line. Where it has less room than it needs it ends in "…", and its tool tip has the whole
-/// text above its own.
+/// A text of one line. Where it is wider than its place it ends in "…", and its tool tip has the whole text
+/// above its own.
 class ElidedLabel final : public QLabel {
   public:
     ElidedLabel();
@@ -29,7 +29,7 @@ class ElidedLabel final : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool isCut() const;
+    bool isElided() const;
 };
 
 } // namespace kelvane

@@ -19,13 +19,13 @@ namespace kelvane {
 
 namespace {
 
-bool same(QStringView left, QStringView right) {
-    return upperCased(left) == upperCased(right);
+bool isSame(QStringView left, QStringView right) {
+    return toUpperCase(left) == toUpperCase(right);
 }
 
 bool isListed(const DownloadListScreen& screen, const QString& asset) {
     const auto rows = screen.rows();
-    return std::any_of(rows.cbegin(), rows.cend(), [&](const QString& row) { return same(row, asset); });
+    return std::any_of(rows.cbegin(), rows.cend(), [&](const QString& row) { return isSame(row, asset); });
 }
 
 /// One press of the Add button.
@@ -40,7 +40,7 @@ class Addition {
     const Calibrator& calibrator() const { return calibratorNamed(screen_.calibrator()); }
     void addInstrument(const QString& asset, bool alone);
     bool nameStandards(const QString& asset);
-    bool refused(const QString& standard, const QString& asset);
+    bool refuse(const QString& standard, const QString& asset);
     void registerStandard(const QString& standard, const QString& asset);
     QString lastStandard(const QString& asset);
     void forgetLastStandard(const QString& asset);
@@ -48,7 +48,7 @@ class Addition {
         session_.ui.messageBox(message, text(title), box::warning);
     }
     void endEntry() {
-        screen_.emptyEntry();
+        screen_.clearEntry();
         screen_.focusEntry();
     }
 
@@ -119,13 +119,13 @@ bool Addition::nameStandards(const QString& asset) {
             return false;
         if (answer.isEmpty())
             return true;
-        if (!refused(answer, asset))
+        if (!refuse(answer, asset))
             registerStandard(answer, asset);
     }
 }
 
-bool Addition::refused(const QString& standard, const QString& asset) {
-    if (same(standard, asset)) {
+bool Addition::refuse(const QString& standard, const QString& asset) {
+    if (isSame(standard, asset)) {
         warn(asset + u": "_s + text(TextId::assetCannotCalibrateItself));
         return true;
     }
@@ -188,8 +188,8 @@ void addToDownloadList(Calibrators& calibrators, DownloadListScreen& screen, con
     auto& session = calibrators.session;
     Routine routine(session, u"FormDockingDown,CommandAdd"_s);
     routine.run([&] {
-        if (same(entry, text(TextId::downloadCommand))) {
-            screen.emptyEntry();
+        if (isSame(entry, text(TextId::downloadCommand))) {
+            screen.clearEntry();
             session.ui.processEvents();
             downloadList(calibrators, screen);
         } else if (!entry.isEmpty()) {

@@ -17,7 +17,7 @@ class DownloadListScreen {
     virtual void addRow(const QString& asset) = 0;
     virtual void removeRow(int row) = 0;
     /// Empties `TextAdd` without moving the focus.
-    virtual void emptyEntry() = 0;
+    virtual void clearEntry() = 0;
     /// Puts the focus into `TextAdd`.
     virtual void focusEntry() = 0;
     virtual void closeScreen() = 0;
@@ -29,7 +29,7 @@ class DownloadListScreen {
 void addToDownloadList(Calibrators& calibrators, DownloadListScreen& screen, const QString& entry);
 /// `CommandRemove`: takes a row (from 0; -1 for none selected) off the list.
 void removeFromDownloadList(Calibrators& calibrators, DownloadListScreen& screen, int row);
-/// Hands the list to the calibrator's driver as a temporary task package.
+/// Passes the list to the calibrator's driver as a temporary task package.
 void downloadList(Calibrators& calibrators, DownloadListScreen& screen);
 
 } // namespace kelvane

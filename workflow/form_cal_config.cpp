@@ -65,9 +65,9 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     showStored();
 
     // What the program itself selects is no change of the user's and stores nothing.
-    onSignal(ComboCalibrator, &QComboBox::activated, this, session_.ui, [this] { showStored(); });
+    connectGuarded(ComboCalibrator, &QComboBox::activated, this, session_.ui, [this] { showStored(); });
     for (const auto& setting : settings())
-        onSignal(setting.list, &QComboBox::activated, this, session_.ui, [this] { save(); });
+        connectGuarded(setting.list, &QComboBox::activated, this, session_.ui, [this] { save(); });
 }
 
 std::array<FormCalConfig::Setting, 5> FormCalConfig::settings() const {
@@ -79,13 +79,13 @@ std::array<FormCalConfig::Setting, 5> FormCalConfig::settings() const {
 }
 
 void FormCalConfig::layOut() {
-    auto* communication = named(new QGroupBox, u"Frame1"_s, text(TextId::lineCommunication));
+    auto* communication = nameControl(new QGroupBox, u"Frame1"_s, text(TextId::lineCommunication));
     communication->setTitle(text(TextId::lineCommunication));
     auto* line = new QHBoxLayout(communication);
     line->addWidget(labelFor(ComboPort, u"Label6"_s, TextId::serialPort));
     line->addWidget(ComboPort, 1);
 
-    auto* configuration = named(new QGroupBox, u"Frame2"_s, text(TextId::lineConfiguration));
+    auto* configuration = nameControl(new QGroupBox, u"Frame2"_s, text(TextId::lineConfiguration));
     configuration->setTitle(text(TextId::lineConfiguration));
     auto* grid = new QGridLayout(configuration);
     struct {

@@ -19,13 +19,13 @@ namespace kelvane {
 FormDockingDown::FormDockingDown(Session& session, Calibrators& calibrators)
     : ChildWindow(session, u"FormDockingDown"_s, {.width = 6060, .height = 2865}),
       calibrators_(calibrators),
-      SSPanelCalibrator(named(new QLabel, u"SSPanelCalibrator"_s, text(TextId::calibratorLabel),
-                              TextId::calibratorLabelTip)),
-      TextAdd(named(new QLineEdit, u"TextAdd"_s, text(TextId::instrumentOrPackageToAdd),
-                    TextId::instrumentToCalibrateTip)),
+      SSPanelCalibrator(nameControl(new QLabel, u"SSPanelCalibrator"_s, text(TextId::calibratorLabel),
+                                    TextId::calibratorLabelTip)),
+      TextAdd(nameControl(new QLineEdit, u"TextAdd"_s, text(TextId::instrumentOrPackageToAdd),
+                          TextId::instrumentToCalibrateTip)),
       CommandAdd(button(u"CommandAdd"_s, TextId::addCommand, TextId::addInstrumentTip)),
-      ListCal(named(new QListWidget, u"ListCal"_s, text(TextId::instrumentsToCalibrate),
-                    TextId::instrumentsToCalibrateTip)),
+      ListCal(nameControl(new QListWidget, u"ListCal"_s, text(TextId::instrumentsToCalibrate),
+                          TextId::instrumentsToCalibrateTip)),
       CommandRemove(button(u"CommandRemove"_s, TextId::removeInstrument, TextId::removeInstrumentTip)),
       CommandDownload(button(u"CommandDownload"_s, TextId::downloadCommand, TextId::downloadListTip)) {
     setWindowTitle(text(TextId::downloadCommand));
@@ -84,17 +84,17 @@ void FormDockingDown::connectCommands() {
             removeFromDownloadList(calibrators_, *this, selected.isEmpty() ? -1 : selected.first().row());
         });
     };
-    onSignal(CommandAdd, &QPushButton::clicked, this, session_.ui, [this] {
+    connectGuarded(CommandAdd, &QPushButton::clicked, this, session_.ui, [this] {
         // It may have to ask for a standard; what it does before that must not be done for nothing.
         if (!session_.ui.bringQuestionForward())
             run([this] { addToDownloadList(calibrators_, *this, TextAdd->text()); });
     });
-    onSignal(CommandRemove, &QPushButton::clicked, this, session_.ui, removeSelected);
-    onSignal(CommandDownload, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { downloadList(calibrators_, *this); }); });
+    connectGuarded(CommandRemove, &QPushButton::clicked, this, session_.ui, removeSelected);
+    connectGuarded(CommandDownload, &QPushButton::clicked, this, session_.ui,
+                   [this] { run([this] { downloadList(calibrators_, *this); }); });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListCal);
     deleting->setContext(Qt::WidgetShortcut);
-    onSignal(deleting, &QShortcut::activated, this, session_.ui, removeSelected);
+    connectGuarded(deleting, &QShortcut::activated, this, session_.ui, removeSelected);
 }
 
 void FormDockingDown::run(const std::function<void()>& command) {
@@ -102,14 +102,14 @@ void FormDockingDown::run(const std::function<void()>& command) {
         return;
     running_ = true;
     setButtonsEnabled(false);
-    guarded(session_.ui, command);
+    runGuarded(session_.ui, command);
     setButtonsEnabled(true);
     running_ = false;
 }
 
 void FormDockingDown::setButtonsEnabled(bool enabled) {
-    for (auto* one : {CommandAdd, CommandRemove, CommandDownload})
-        one->setEnabled(enabled);
+    for (auto* button : {CommandAdd, CommandRemove, CommandDownload})
+        button->setEnabled(enabled);
 }
 
 bool FormDockingDown::mayClose() {
@@ -143,7 +143,7 @@ void FormDockingDown::removeRow(int row) {
     ListCal->setCurrentRow(-1);
 }
 
-void FormDockingDown::emptyEntry() {
+void FormDockingDown::clearEntry() {
     TextAdd->clear();
 }
 

@@ -37,7 +37,7 @@ class FormDockingDown final : public ChildWindow, private DownloadListScreen {
     QStringList rows() const override;
     void addRow(const QString& asset) override;
     void removeRow(int row) override;
-    void emptyEntry() override;
+    void clearEntry() override;
     void focusEntry() override;
     void closeScreen() override { unload(); }
 

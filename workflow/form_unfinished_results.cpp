@@ -33,10 +33,10 @@ QTreeWidgetItem* rowOf(const UnfinishedResult& result) {
 
 FormUnfinishedResults::FormUnfinishedResults(Session& session)
     : ChildWindow(session, u"FormUnfinishedResults"_s, {.width = 9000, .height = 5700}),
-      ListResults(named(new QTreeWidget, u"ListResults"_s, text(TextId::unfinishedResults),
-                        TextId::unfinishedResultsTip)),
-      ListReadings(
-          named(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings), TextId::resultReadingsTip)),
+      ListResults(nameControl(new QTreeWidget, u"ListResults"_s, text(TextId::unfinishedResults),
+                              TextId::unfinishedResultsTip)),
+      ListReadings(nameControl(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings),
+                               TextId::resultReadingsTip)),
       CommandMakeRecord(button(u"CommandMakeRecord"_s, TextId::makeRecord, TextId::makeRecordTip)),
       CommandDiscard(button(u"CommandDiscard"_s, TextId::discardResult, TextId::discardResultTip)),
       CommandClose(button(u"CommandClose"_s, TextId::closeCommand, TextId::closeResultsTip)) {
@@ -74,19 +74,20 @@ void FormUnfinishedResults::layOut() {
 }
 
 void FormUnfinishedResults::connectCommands() {
-    onSignal(ListResults, &QTreeWidget::currentItemChanged, this, session_.ui, [this] { showReadings(); });
-    onSignal(CommandMakeRecord, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { makeRecord(); }); });
-    onSignal(CommandDiscard, &QPushButton::clicked, this, session_.ui,
-             [this] { run([this] { discard(); }); });
-    onSignal(CommandClose, &QPushButton::clicked, this, session_.ui, [this] { close(); });
+    connectGuarded(ListResults, &QTreeWidget::currentItemChanged, this, session_.ui,
+                   [this] { showReadings(); });
+    connectGuarded(CommandMakeRecord, &QPushButton::clicked, this, session_.ui,
+                   [this] { run([this] { makeRecord(); }); });
+    connectGuarded(CommandDiscard, &QPushButton::clicked, this, session_.ui,
+                   [this] { run([this] { discard(); }); });
+    connectGuarded(CommandClose, &QPushButton::clicked, this, session_.ui, [this] { close(); });
 }
 
 void FormUnfinishedResults::run(const std::function<void()>& command) {
     if (running_)
         return;
     running_ = true;
-    guarded(session_.ui, command);
+    runGuarded(session_.ui, command);
     running_ = false;
     if (results_.isEmpty())
         unload();

@@ -11,8 +11,8 @@ class QTreeWidget;
 namespace kelvane {
 
 /// The results that uploads have read and no calibration record has been made of: a list of them, the
-/// readings of the chosen one, and what can be done with it. It is in no menu: it comes after an upload that
-/// left such results, and after a login while there are some.
+/// readings of the chosen one, and what can be done with it. No menu opens it: it appears after an upload
+/// that left such results, and after a login while there are some.
 class FormUnfinishedResults final : public ChildWindow {
     Q_OBJECT
   public:
@@ -24,8 +24,8 @@ class FormUnfinishedResults final : public ChildWindow {
   private:
     void layOut();
     void connectCommands();
-    /// Runs a command. While one runs, with whatever question it has on the screen, another one does nothing
-    /// and the window stays open.
+    /// Runs a command. While one runs, any open question included, another one does nothing and the window
+    /// stays open.
     void run(const std::function<void()>& command);
     bool mayClose() override { return !running_; }
 

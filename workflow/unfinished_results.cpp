@@ -47,7 +47,7 @@ class RecordMaking {
     RecordMaking(Session& session, Routine& routine, const JournalEntry& entry)
         : session_(session), routine_(routine), watch_(session), entry_(entry) {}
 
-    /// What to tell the operator; empty when the record is whole.
+    /// The message for the operator; empty when the record is complete.
     QString make();
 
   private:
@@ -55,10 +55,10 @@ class RecordMaking {
     QString checkInstrument() const;
     bool settleMoment();
     bool ask(TextId prompt, FieldKind kind, QString& value);
-    std::optional<QString> completeBegun();
+    std::optional<QString> completeBegunRecord();
     QString createNew();
-    QString askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
-    bool isMade() const;
+    QString askMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
+    bool isRecordMade() const;
     RecordContents contents() const;
 
     Session& session_;
@@ -82,7 +82,7 @@ QString RecordMaking::make() {
     }
     if (auto reason = checkInstrument(); !reason.isEmpty())
         return reason;
-    if (const auto reason = completeBegun())
+    if (const auto reason = completeBegunRecord())
         return *reason;
     return createNew();
 }
@@ -142,21 +142,21 @@ RecordContents RecordMaking::contents() const {
 }
 
 /// Completes what had been begun of the record; nothing when nothing had been.
-std::optional<QString> RecordMaking::completeBegun() {
+std::optional<QString> RecordMaking::completeBegunRecord() {
     const auto wanted = contents();
     const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
     for (const auto& record : records) {
         if (!ModuleGlobals::mayBecome(record, wanted))
             continue;
         ModuleGlobals::complete(session_, routine_, record, wanted);
-        return isMade() ? QString() : text(TextId::recordNotComplete).arg(entry_.asset);
+        return isRecordMade() ? QString() : text(TextId::recordNotComplete).arg(entry_.asset);
     }
     if (records.isEmpty())
         return {};
     return text(TextId::otherRecordExists).arg(entry_.asset);
 }
 
-/// The way of a new record. What the operator settles on its way decides where it is looked for.
+/// Making a new record. What the operator settles meanwhile decides where it is searched for.
 QString RecordMaking::createNew() {
     if (entry_.readings.isEmpty())
         return text(TextId::readingsNotKept).arg(entry_.asset);
@@ -168,14 +168,14 @@ QString RecordMaking::createNew() {
     entry_.why = text(TextId::resultsInterrupted);
     Journal(session_).replace(entry_);
     const auto refusal = createRecord(session_, entry_, record_).refusal;
-    entry_.date = askedMoment(dateColumn, FieldKind::date, entry_.date);
-    entry_.time = askedMoment(timeColumn, FieldKind::time, entry_.time);
-    if (isMade())
+    entry_.date = askMoment(dateColumn, FieldKind::date, entry_.date);
+    entry_.time = askMoment(timeColumn, FieldKind::time, entry_.time);
+    if (isRecordMade())
         return {};
     return refusal.isEmpty() ? text(TextId::recordNotComplete).arg(entry_.asset) : refusal;
 }
 
-QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
+QString RecordMaking::askMoment(QStringView column, FieldKind kind, const QString& otherwise) const {
     JournalEntry asked;
     copyRecord(record_, asked);
     const auto value = valueOf(asked, column);
@@ -186,7 +186,7 @@ QString RecordMaking::askedMoment(QStringView column, FieldKind kind, const QStr
                     : otherwise;
 }
 
-bool RecordMaking::isMade() const {
+bool RecordMaking::isRecordMade() const {
     const auto wanted = contents();
     const ReportWatch reading(session_);
     const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
@@ -208,7 +208,7 @@ QList<JournalEntry> readJournal(Session& session) {
         try {
             Routine(session, u"Journal,Unfinished"_s).run([&] { throw error; });
         } catch (const Error&) {
-            // Without a log there is no report, and nobody to throw this to.
+            // Without a log there is no report, and nothing that could catch an error.
         }
         return {};
     }

@@ -38,9 +38,9 @@ struct MakeRecordOutcome {
 QList<UnfinishedResult> unfinishedResults(Session& session);
 
 /// Makes the record of one of them: completes what had been begun of it, or else judges the raw readings
-/// again with the instrument's present parameters and goes the way of a new record, with its questions. It
-/// asks for a date where the entry has none. Nothing is deleted and nothing is written twice. Its errors are
-/// reported as everywhere; the outcome's message then says that the result is kept.
+/// again with the instrument's present parameters and follows the steps of a new record, with its questions.
+/// It asks for a date where the entry has none. Nothing is deleted and nothing is written twice. Its errors
+/// are reported as everywhere; the outcome's message then says that the result is kept.
 MakeRecordOutcome makeRecordOf(Session& session, const QString& id);
 
 /// Ends an entry by the operator's wish; the readings stay in the journal file. False when that could not be

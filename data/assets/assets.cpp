@@ -63,8 +63,8 @@ std::optional<Package> findPackage(Routine& routine, const QString& task) {
     if (!rows->next())
         return {};
     Package package{.task = task, .kind = u"WSHT"_s};
-    if (upperCased(rows->value(0).value_or(QString())) == u"PDEF") {
-        package.kind = upperCased(notNull(rows->value(1)));
+    if (toUpperCase(rows->value(0).value_or(QString())) == u"PDEF") {
+        package.kind = toUpperCase(notNull(rows->value(1)));
         package.task_sql = rows->value(2).value_or(QString());
         package.segregate = rows->value(3).value_or(QString());
         package.model = rows->value(4).value_or(QString());
@@ -123,9 +123,9 @@ qint16 GetAssetsInTaskPackage(Session& session, const QString& task) {
         const auto package = findPackage(routine, task);
         if (!package)
             return;
-        for (const auto& one : packageKinds) {
-            if (one.kind == package->kind)
-                count = fillAssetList(session, routine, one.condition(session, *package));
+        for (const auto& kind : packageKinds) {
+            if (kind.kind == package->kind)
+                count = fillAssetList(session, routine, kind.condition(session, *package));
         }
     });
     return count;

@@ -22,13 +22,13 @@ qint16 GetAssetsInTaskPackage(Session& session, const QString& task);
 bool PackageHasMembers(Session& session, const QString& tag);
 
 /// Fills `AssetList` with the instruments in use with the standard (a calibrator) of that serial number;
-/// gives the number of entries. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like its sister.
+/// gives the number of entries. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like the routine above.
 qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial);
 
-/// "select mtag from OWNER.inventory where i4201 = 'ASSET'". The number goes in as it is.
+/// "select mtag from OWNER.inventory where i4201 = 'ASSET'". The number is inserted unchanged.
 Sql mtagQuery(const Session& session, const QString& asset);
 /// "(select mtag from OWNER.inventory where i4201 = 'ASSET')", the way in which every statement finds an
-/// instrument's key; the asset goes in as it is.
+/// instrument's key; the asset number is inserted unchanged.
 Sql mtagOf(const Session& session, const QString& asset);
 
 } // namespace kelvane::ModuleGlobals

@@ -116,7 +116,7 @@ class Entries {
         return QJsonDocument::fromJson(line).object()[idKey].toString();
     }
     const QStringList& ids() const { return order_; }
-    const EntryLines& of(const QString& id) const { return entries_.at(id); }
+    const EntryLines& linesOf(const QString& id) const { return entries_.at(id); }
 
   private:
     void take(const QByteArray& line) {
@@ -142,19 +142,19 @@ class Entries {
 };
 
 /// The lines without the oldest entries that have ended, until they take half of `size`. A line of no entry
-/// stays: what it says may still be read by somebody.
-QList<QByteArray> withoutOldEnded(const QList<QByteArray>& lines, qint64 size) {
+/// stays: its contents may still be needed.
+QList<QByteArray> dropOldEnded(const QList<QByteArray>& lines, qint64 size) {
     const Entries entries(lines);
     qint64 ended = 0;
     for (const auto& id : entries.ids())
-        ended += entries.of(id).hasEnded ? entries.of(id).size : 0;
+        ended += entries.linesOf(id).hasEnded ? entries.linesOf(id).size : 0;
     QStringList dropped;
     for (const auto& id : entries.ids()) {
         if (ended <= size / 2)
             break;
-        if (!entries.of(id).hasEnded)
+        if (!entries.linesOf(id).hasEnded)
             continue;
-        ended -= entries.of(id).size;
+        ended -= entries.linesOf(id).size;
         dropped << id;
     }
     QList<QByteArray> kept;
@@ -215,16 +215,15 @@ void Journal::end(const QString& id, JournalEnd end, const QString& why) {
                {"endReason"_L1, why},
                {"ended"_L1, stamp(session_)},
                {"endedBy"_L1, session_.SessionUser}});
-    file_.rewriteAbove(rotationSize, [this](const QList<QByteArray>& lines) {
-        return withoutOldEnded(lines, rotationSize);
-    });
+    file_.rewriteAbove(rotationSize,
+                       [this](const QList<QByteArray>& lines) { return dropOldEnded(lines, rotationSize); });
 }
 
 QList<JournalEntry> Journal::unfinished() const {
     const Entries entries(file_.lines());
     QList<JournalEntry> unfinished;
     for (const auto& id : entries.ids()) {
-        const auto& entry = entries.of(id);
+        const auto& entry = entries.linesOf(id);
         if (entry.isWhole && !entry.hasEnded)
             unfinished << entryOf(id, entry.content);
     }

@@ -15,7 +15,7 @@ struct JournalEntry {
     QString moment = {};
     QString user = {};
     QString owner = {};
-    /// Who can judge it again: the driver's own word, never a text for the user.
+    /// The driver that can judge it again, by its own identifier, never by a text for the user.
     QString driver = {};
     /// The calibrator's name, for the user, and its serial number.
     QString calibrator = {};
@@ -23,14 +23,14 @@ struct JournalEntry {
     QString asset = {};
     /// The instrument's key; empty when it had not been read.
     QString mtag = {};
-    /// Date ("YYYY-MM-DD") and time ("HH:NN:SS") of the calibration; whatever came where it is none.
+    /// Date ("YYYY-MM-DD") and time ("HH:NN:SS") of the calibration; as received where it is none.
     QString date = {};
     QString time = {};
-    /// What the calibrator has said, in the driver's own form.
+    /// The calibrator's replies, in the driver's own form.
     QJsonObject raw = {};
     /// The same for the user, a line for each point.
     QStringList readings = {};
-    /// True when nothing went wrong until the record was to be made: lines and fields are whole.
+    /// True when the preparation of the record had no error: lines and fields are complete.
     bool prepared = false;
     QStringList lines = {};
     /// Columns and values of the record's fields, in their order.
@@ -46,13 +46,13 @@ enum class JournalEnd {
     done,
     /// The operator or a rule of the record refused it.
     refused,
-    /// The operator gave the result up.
+    /// The operator discarded the result.
     discarded,
 };
 
 /// The results that have been gathered from calibrators, on the disk before a record is made of them: a file
 /// for each data source in the working folder. An entry that has not ended is unfinished: there may be no
-/// record of it, or a part of one. Everything that writes throws error 75 when the disk did not take it.
+/// record of it, or a part of one. Everything that writes throws error 75 when the disk did not store it.
 class Journal {
   public:
     /// The journal of the session's data source.

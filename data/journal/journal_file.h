@@ -8,7 +8,7 @@
 
 namespace kelvane {
 
-/// A file of lines that only grows, readable by its owner alone. A line is on the disk when `append` returns.
+/// An append-only file of lines, readable by its owner alone. A line is on the disk when `append` returns.
 /// Several processes may append: each takes a lock for it.
 class JournalFile {
   public:
@@ -21,8 +21,8 @@ class JournalFile {
     /// file is then as before.
     void append(const QByteArray& line) const;
 
-    /// The lines, without their ends; none when there is no file. What stands behind the last line end is a
-    /// line too: it may be a torn one. Error 75 for a file that can't be read.
+    /// The lines, without their ends; none when there is no file. The text behind the last line end is a line
+    /// too; a killed process may have left it incomplete. Error 75 for a file that can't be read.
     QList<QByteArray> lines() const;
 
     /// Replaces the lines by `kept(lines)`, in one step: at any moment there is either the old file or the

@@ -33,13 +33,13 @@ void store(float& field, const QString& text) {
     field = toReal(numericValue(text));
 }
 void store(qint16& field, const QString& text) {
-    field = roundedToShort(numericValue(text));
+    field = roundToShort(numericValue(text));
 }
 void store(QString& field, const QString& text) {
     field = text;
 }
 void store(bool& field, const QString& text) {
-    field = upperCased(text) == u"Y";
+    field = toUpperCase(text) == u"Y";
 }
 
 /// The text that stands for a value of the database, nulls by their parameter's rule.
@@ -116,7 +116,7 @@ qint16 GetTestPointList(Session& session, const QString& asset) {
                                                mtagOf(session, asset),
                                            Rows::first);
         if (config->next())
-            repetitions = roundedToShort(numericValue(notNull(config->value(0))));
+            repetitions = roundToShort(numericValue(notNull(config->value(0))));
         const auto points =
             routine.select(selectTestPointPct(session, asset) + u" order by test_point_seq asc");
         while (points->next()) {

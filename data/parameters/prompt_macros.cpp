@@ -38,7 +38,7 @@ struct Macro {
     QString (*value)(const Context& context);
 };
 
-/// The cold junction of one side, with the temperature when its reference is outside.
+/// The cold junction of one side, with the temperature when its reference is external.
 template <auto Type, auto Temperature, auto Units>
 QString coldJunction(const Context& context) {
     const auto& params = context.params;
@@ -112,7 +112,7 @@ std::optional<QString> parameterValue(QStringView name, const CalParamRecord& pa
 
 /// The value of a macro; nothing for one that isn't known, or needs an asset and has none.
 std::optional<QString> valueOf(const QString& macro, const Context& context) {
-    const auto name = upperCased(macro);
+    const auto name = toUpperCase(macro);
     if (const auto value = valueFrom(generalMacros, name, context))
         return value;
     if (context.asset.isEmpty())
@@ -123,14 +123,14 @@ std::optional<QString> valueOf(const QString& macro, const Context& context) {
         return value;
     if (name.startsWith(u"CHR:")) {
         if (const auto code = numberOf(QStringView(name).mid(4)))
-            return characterOf(roundedToLong(*code));
+            return characterOf(roundToLong(*code));
     }
     if (name.startsWith(u"DB:"))
         return SourceColumn(context.session, macro.right(5), context.asset);
     return {};
 }
 
-QString expanded(const QString& text, const Context& context) {
+QString expand(const QString& text, const Context& context) {
     QString result;
     qsizetype at = 0;
     while (true) {
@@ -154,7 +154,7 @@ QString UUTPromptTextPrepare(Session& session, const QString& text, const QStrin
     Routine routine(session, u"ModuleGlobals,UUTPromptTextPrepare"_s);
     routine.run([&] {
         const auto params = asset.isEmpty() ? CalParamRecord{} : GetCalParams(session, asset);
-        result = expanded(text, {session, asset, params, session.clock.moment()});
+        result = expand(text, {session, asset, params, session.clock.moment()});
     });
     return result;
 }

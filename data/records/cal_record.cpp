@@ -26,8 +26,8 @@ bool isColumn(const QString& name, QStringView column) {
     return name.compare(column, Qt::CaseInsensitive) == 0;
 }
 
-/// One record on its way into the database. Each statement commits by itself: what was written before an
-/// error stays.
+/// Writes one record into the database. Each statement commits by itself: what was written before an error
+/// stays.
 class NewRecord {
   public:
     NewRecord(Session& session, CalRecord& record, Routine& routine, const QString& asset,
@@ -51,7 +51,7 @@ class NewRecord {
     static const ColumnStep gathering[];
     static const ColumnStep completing[];
     static const ColumnStep gatheringAgain[];
-    void pass(std::span<const ColumnStep> steps);
+    void runSteps(std::span<const ColumnStep> steps);
 
     void keepDate(int row) { date_ = requireDate(session_, value(row)); }
     void keepTime(int row) { time_ = value(row); }
@@ -110,11 +110,11 @@ const NewRecord::ColumnStep NewRecord::gatheringAgain[] = {
 
 QString NewRecord::make() {
     ProgressWindow progress(session_.ui, text(TextId::recordCreation));
-    pass(gathering);
+    runSteps(gathering);
     progress.reach(14);
     settleDueDate();
     progress.reach(28);
-    pass(completing);
+    runSteps(completing);
     if (consent_.mayAsk && !consent_.mayAsk())
         return {};
     progress.reach(42);
@@ -122,7 +122,7 @@ QString NewRecord::make() {
         progress.reach(100);
         return text(TextId::requiredDataNotProvided);
     }
-    pass(gatheringAgain);
+    runSteps(gatheringAgain);
     if (existsAlready()) {
         progress.reach(100);
         return text(TextId::recordAlreadyExists);
@@ -142,16 +142,16 @@ QString NewRecord::make() {
     int number = 0;
     for (const auto& line : entriesOf(record_.RecordResults))
         parts.insertResult(line, number++);
-    emptyInventoryFields(session_, asset_, passed_);
+    clearInventoryFields(session_, asset_, passed_);
     progress.reach(100);
     return {};
 }
 
-void NewRecord::pass(std::span<const ColumnStep> steps) {
+void NewRecord::runSteps(std::span<const ColumnStep> steps) {
     for (int row = 0; row < calFieldCount(record_); ++row) {
-        for (const auto& one : steps) {
-            if (isColumn(field(row).column, one.column))
-                (this->*one.step)(row);
+        for (const auto& step : steps) {
+            if (isColumn(field(row).column, step.column))
+                (this->*step.step)(row);
         }
     }
 }

@@ -24,7 +24,7 @@ struct CalField {
     QString value;
 };
 
-/// A calibration record on its way, from the first look at the results until it is written.
+/// A calibration record in the making, from the first reading of the results until it is written.
 struct CalRecord {
     FixedList<CalField, 100> CalFieldTable;
     /// Asset numbers of its standards; the first empty entry ends the list.
@@ -35,12 +35,12 @@ struct CalRecord {
 
 namespace ModuleGlobals {
 
-/// What a caller has to say on the way to a record.
+/// A caller's decisions while a record is made.
 struct RecordConsent {
-    /// Asked before the operator is asked for anything: false gives the record up.
+    /// Asked before the operator is asked for anything: false abandons the record.
     std::function<bool()> mayAsk = {};
     /// Asked before the first statement that writes, when date and time are settled in `CalFieldTable`: false
-    /// gives the record up. What it throws is reported like any error, and then nothing is written.
+    /// abandons the record. What it throws is reported like any error, and then nothing is written.
     std::function<bool()> mayWrite = {};
 };
 

@@ -68,7 +68,7 @@ void copyFields(Session& session, Routine& routine, const QString& asset) {
     copyToOtherTables(session, routine, asset);
 }
 
-void emptyInventoryFields(Session& session, const QString& asset, bool passed) {
+void clearInventoryFields(Session& session, const QString& asset, bool passed) {
     if (!passed && session.BCalP)
         return;
     if (!session.BCal4224)

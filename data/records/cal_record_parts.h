@@ -18,7 +18,7 @@ class RecordParts {
 
     /// Writes a standard by its asset number; one that the inventory doesn't know becomes a null.
     void insertStandard(const QString& name) const;
-    /// Writes the result line of that number, from 0. The line goes in as it stands.
+    /// Writes the result line of that number, from 0. The line is inserted unchanged.
     void insertResult(const QString& line, int number) const;
 
   private:
@@ -35,7 +35,7 @@ QStringList distinctNames(const QStringList& names);
 /// other tables from database version 6 on.
 void copyFields(Session& session, Routine& routine, const QString& asset);
 
-/// Empties the fields of the inventory that a calibration ends, as far as the site wants that.
-void emptyInventoryFields(Session& session, const QString& asset, bool passed);
+/// Empties the fields of the inventory that a calibration ends, as far as the site has configured that.
+void clearInventoryFields(Session& session, const QString& asset, bool passed);
 
 } // namespace kelvane::ModuleGlobals

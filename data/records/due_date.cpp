@@ -24,7 +24,7 @@ void moveBack(Routine& routine, Moment& due) {
     const auto daysOff = routine.select(u"select dayofweek from mt.nonworkdays");
     while (daysOff->next()) {
         const auto day = notNull(daysOff->value(0));
-        if (lowerCased(formatMoment(due, u"dddd")) == lowerCased(day))
+        if (toLowerCase(formatMoment(due, u"dddd")) == toLowerCase(day))
             takeOneDay(due);
     }
     const auto holidays = routine.select(u"select holiday from mt.holidays");

@@ -91,7 +91,7 @@ void fillField(CalField& field, const DictionaryRow& entry, bool extended, bool 
     fillCopies(field, entry, extended);
     field.has_list = reads(entry[validationColumn], u"SIMPLE") || reads(entry[validationColumn], u"LINKED");
     if (entry[datalenColumn])
-        field.max_length = roundedToShort(numericValue(*entry[datalenColumn]));
+        field.max_length = roundToShort(numericValue(*entry[datalenColumn]));
     field.tooltip = entry[tooltipColumn].value_or(QString());
 }
 

@@ -38,7 +38,7 @@ struct FieldForm {
 };
 /// As in statements.
 inline constexpr FieldForm statementForm{u"YYYY-MM-DD", u"HH:NN:SS"};
-/// As on screens; it looks into the session, which must outlive it.
+/// As on screens; it reads the session, which must outlive it.
 FieldForm screenForm(const Session& session);
 /// The value of a date field; error 13 when it is no date, as a time alone is none.
 Moment requireDate(const Session& session, const QString& value);

@@ -19,7 +19,7 @@ Sql belongsTo(const StoredRecord& record, const QString& mtag) {
 void readLines(Routine& routine, StoredRecord& record, const QString& mtag) {
     const auto rows = routine.select(u"select c2502,c2501 from mt.calresults" + belongsTo(record, mtag));
     while (rows->next()) {
-        const int number = roundedToLong(numericValue(notNull(rows->value(0))));
+        const int number = roundToLong(numericValue(notNull(rows->value(0))));
         record.lines.insert(number, rows->value(1).value_or(QString()));
     }
 }
@@ -49,7 +49,7 @@ QStringList missingStandards(Session& session, const StoredRecord& record, const
     return missing;
 }
 
-QString withoutBlanksAtEnd(QString text) {
+QString trimBlanksAtEnd(QString text) {
     while (text.endsWith(u' '))
         text.chop(1);
     return text;
@@ -57,9 +57,9 @@ QString withoutBlanksAtEnd(QString text) {
 
 /// Servers give a line without the blanks at its end, or fill it up with them. A line goes into its statement
 /// as it stands: two quotes in it are stored as one.
-bool same(const QString& stored, const QString& line) {
-    const auto found = withoutBlanksAtEnd(stored);
-    const auto wanted = withoutBlanksAtEnd(line);
+bool isSame(const QString& stored, const QString& line) {
+    const auto found = trimBlanksAtEnd(stored);
+    const auto wanted = trimBlanksAtEnd(line);
     return found == wanted || found == QString(wanted).replace(u"''"_s, u"'"_s);
 }
 
@@ -88,7 +88,7 @@ QList<StoredRecord> recordsOf(Session& session, Routine& routine, const RecordCo
 bool mayBecome(const StoredRecord& record, const RecordContents& contents) {
     for (auto line = record.lines.begin(); line != record.lines.end(); ++line) {
         if (line.key() < 0 || line.key() >= contents.lines.size() ||
-            !same(line.value(), contents.lines[line.key()]))
+            !isSame(line.value(), contents.lines[line.key()]))
             return false;
     }
     return true;
@@ -111,7 +111,7 @@ void complete(Session& session, Routine& routine, const StoredRecord& record,
             parts.insertResult(SQLSafe(contents.lines[number]), number);
     }
     if (record.isCurrent)
-        emptyInventoryFields(session, contents.asset, record.passed);
+        clearInventoryFields(session, contents.asset, record.passed);
 }
 
 bool isWhole(Session& session, const StoredRecord& record, const RecordContents& contents) {

@@ -29,9 +29,9 @@ constexpr Domain domains[] = {
 };
 
 FieldKind kindOfDomain(const QString& name) {
-    const auto upper = upperCased(name);
+    const auto upper = toUpperCase(name);
     const auto* domain = std::find_if(std::begin(domains), std::end(domains),
-                                      [&](const Domain& one) { return one.name == upper; });
+                                      [&](const Domain& candidate) { return candidate.name == upper; });
     return domain == std::end(domains) ? FieldKind::free : domain->kind;
 }
 
@@ -68,9 +68,10 @@ constexpr Place places[] = {
 };
 
 const Place* placeOf(const QString& column) {
-    const auto beginning = upperCased(column.left(2));
-    const auto* place = std::find_if(std::begin(places), std::end(places),
-                                     [&](const Place& one) { return one.beginning == beginning; });
+    const auto beginning = toUpperCase(column.left(2));
+    const auto* place = std::find_if(std::begin(places), std::end(places), [&](const Place& candidate) {
+        return candidate.beginning == beginning;
+    });
     return place == std::end(places) ? nullptr : place;
 }
 
@@ -88,8 +89,8 @@ struct Separator {
     SqlWords words;
 };
 
-/// An asset number that stands outside quotes. Names with single signs between them can't change what is
-/// around them.
+/// An asset number that stands unquoted. Names with single signs between them can't change what is around
+/// them.
 Sql unquotedAsset(const QString& asset) {
     static constexpr Separator separators[] = {{u'-', u"-"}, {u' ', u" "}, {u'.', u"."}, {u'/', u"/"}};
     Sql whole = u"";
@@ -107,7 +108,7 @@ Sql unquotedAsset(const QString& asset) {
 
 /// A table other than `inventory` gets a quote in front of the inner select, and without a marker no commit:
 /// the server refuses the statement and nothing is changed. That quote ends where the asset's own would
-/// begin, so the asset stands outside of quotes.
+/// begin, so the asset stands unquoted.
 Sql updateColumn(const Session& session, const Place& place, const QString& name, const QString& asset,
                  const Sql& value) {
     const auto owner = sqlName(session.SessionOwner);
@@ -132,7 +133,7 @@ bool isDateOrTime(const QString& value, qint16 field_type) {
 /// The moment of a date or a time field in that form.
 QString momentText(const Moment& moment, qint16 field_type, const FieldForm& form) {
     if (FieldKind{field_type} == FieldKind::date)
-        return formatMoment(dated(moment), form.date);
+        return formatMoment(requireDatePart(moment), form.date);
     // The day plays no part in the time that is written.
     return formatMoment({QDate(2000, 1, 1), moment.time}, form.time);
 }
@@ -144,7 +145,7 @@ FieldForm screenForm(const Session& session) {
 }
 
 Moment requireDate(const Session& session, const QString& value) {
-    return dated(requireMoment(value, session.SessionDateFormat));
+    return requireDatePart(requireMoment(value, session.SessionDateFormat));
 }
 
 QString fieldText(const Session& session, const QString& value, qint16 field_type, const FieldForm& form) {
@@ -154,8 +155,8 @@ QString fieldText(const Session& session, const QString& value, qint16 field_typ
 }
 
 qint16 FieldType(Session& session, const QString& column) {
-    const bool isTime = std::any_of(std::begin(timeColumns), std::end(timeColumns), [&](QStringView one) {
-        return column.compare(one, Qt::CaseInsensitive) == 0;
+    const bool isTime = std::any_of(std::begin(timeColumns), std::end(timeColumns), [&](QStringView text) {
+        return column.compare(text, Qt::CaseInsensitive) == 0;
     });
     auto kind = isTime ? FieldKind::time : FieldKind::free;
     Routine routine(session, u"ModuleGlobals,FieldType"_s);

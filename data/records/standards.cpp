@@ -44,7 +44,8 @@ Sql traceDistance(const Pair& pair) {
 
 /// Whether the due moment has come. Without a due time a standard expires at noon.
 bool isDue(const Session& session, const QString& date, const std::optional<QString>& time) {
-    const Moment due{dated(storedMoment(date)).date, storedMoment(time.value_or(u"12:00:00"_s)).time};
+    const Moment due{requireDatePart(storedMoment(date)).date,
+                     storedMoment(time.value_or(u"12:00:00"_s)).time};
     return minutesBetween(session.clock.moment(), due) <= 0;
 }
 
@@ -57,8 +58,8 @@ StandardVerdict verdictOf(const Session& session, Routine& routine, const Pair& 
     if (!rows->value(3))
         return instrumentWithoutTrace;
     // The switches differ: overdue standards are refused by an explicit "N" only, low ranks by a null too.
-    const auto allowOverdue = upperCased(rows->value(4).value_or(u"Y"_s));
-    const auto allowLowRank = upperCased(rows->value(5).value_or(u"N"_s));
+    const auto allowOverdue = toUpperCase(rows->value(4).value_or(u"Y"_s));
+    const auto allowLowRank = toUpperCase(rows->value(5).value_or(u"N"_s));
     if (allowOverdue == u"N" && dueDate && isDue(session, *dueDate, dueTime))
         return standardOverdue;
     if (allowLowRank == u"N") {
@@ -79,7 +80,7 @@ qint16 CheckStandard(Session& session, const QString& standard, const QString& i
     routine.run([&] {
         const BusyPointer busy(session.ui);
         const auto& owner = session.SessionOwner;
-        const auto standardOwner = upperCased(owner) == u"MT" ? owner : u"STD"_s;
+        const auto standardOwner = toUpperCase(owner) == u"MT" ? owner : u"STD"_s;
         code = verdictOf(session, routine, {standard, instrument, standardOwner, owner});
     });
     return code;

@@ -16,7 +16,7 @@ Float finite(Float value) {
 
 /// The quotient in the operands' own width. A divisor of 0 is error 11, under a dividend of 0 too.
 template <class Float>
-Float divided(Float dividend, Float divisor) {
+Float divide(Float dividend, Float divisor) {
     if (divisor == 0)
         throw makeError(ErrorNumber::divisionByZero);
     return finite(dividend / divisor);

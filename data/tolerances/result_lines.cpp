@@ -33,7 +33,7 @@ void prepare(QString& value, Preparation preparation) {
 }
 
 /// A text without its last `count` characters.
-QString withoutLast(const QString& text, qsizetype count) {
+QString dropLast(const QString& text, qsizetype count) {
     return text.left(unitsOfCharacters(text, characterCount(text) - count));
 }
 
@@ -99,7 +99,7 @@ QString ResultLine(Session& session, QString& number, QString& nominal, QString&
             // moves the rest of the line.
             const auto length = characterCount(value);
             if (const auto* row = substitutionOf(session, resultFields[field].code, value)) {
-                const auto text = withoutLast(value, characterCount(row->from)) += row->to;
+                const auto text = dropLast(value, characterCount(row->from)) += row->to;
                 line.write(column, length, text, characterCount(text));
             } else {
                 line.write(column, length, value, length);

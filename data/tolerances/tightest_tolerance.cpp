@@ -17,7 +17,7 @@ struct Instrument {
     explicit Instrument(const CalParamRecord& record)
         : high(record.input_high),
           low(record.input_low),
-          resolution(viaText(record.resolution)),
+          resolution(widenThroughText(record.resolution)),
           negative{record.neg_fs_range_pct, record.neg_span_pct, record.neg_reading_pct,
                    record.neg_lsd_counts * resolution + record.neg_units},
           positive{record.pos_fs_range_pct, record.pos_span_pct, record.pos_reading_pct,
@@ -48,24 +48,24 @@ struct Tolerances {
 
 /// The negative side refers its span, units and counts to the top of the range, where the positive side
 /// refers them to full scale. The two differ for a range that reaches further below zero than above it.
-Tolerances ofFullScale(const Instrument& instrument, double percent) {
+Tolerances fullScaleTolerances(const Instrument& instrument, double percent) {
     const double high = instrument.high;
     const double full_scale = std::abs(high) > std::abs(instrument.low) ? high : instrument.low;
     const double point = instrument.pointAt(percent);
     const auto side = [&](const Instrument::Terms& terms, double reference) {
-        return finite(terms.fs / 100 + divided(terms.span * (high - instrument.low) / 100, reference) +
-                      divided(terms.reading / 100 * point, full_scale) + divided(terms.fixed, reference));
+        return finite(terms.fs / 100 + divide(terms.span * (high - instrument.low) / 100, reference) +
+                      divide(terms.reading / 100 * point, full_scale) + divide(terms.fixed, reference));
     };
     return {side(instrument.negative, high), side(instrument.positive, full_scale)};
 }
 
-Tolerances ofSpan(const Instrument& instrument, double percent) {
+Tolerances spanTolerances(const Instrument& instrument, double percent) {
     const double high = instrument.high;
     const double span = high == instrument.low ? high : high - instrument.low;
     const double point = instrument.pointAt(percent);
     const auto side = [&](const Instrument::Terms& terms) {
-        return finite(terms.span / 100 + divided(terms.fs / 100 * high, span) +
-                      divided(terms.reading / 100 * point, span) + divided(terms.fixed, span));
+        return finite(terms.span / 100 + divide(terms.fs / 100 * high, span) +
+                      divide(terms.reading / 100 * point, span) + divide(terms.fixed, span));
     };
     return {side(instrument.negative), side(instrument.positive)};
 }
@@ -96,11 +96,11 @@ double tightest(Session& session, const QString& name, const QString& asset,
 } // namespace
 
 double TranslateFSTestTolSingle(Session& session, const QString& asset) {
-    return tightest(session, u"ModuleGlobals,TranslateFSTestTolSingle"_s, asset, ofFullScale);
+    return tightest(session, u"ModuleGlobals,TranslateFSTestTolSingle"_s, asset, fullScaleTolerances);
 }
 
 double TranslateSpanTestTolSingle(Session& session, const QString& asset) {
-    return tightest(session, u"ModuleGlobals,TranslateSpanTestTolSingle"_s, asset, ofSpan);
+    return tightest(session, u"ModuleGlobals,TranslateSpanTestTolSingle"_s, asset, spanTolerances);
 }
 
 } // namespace kelvane::ModuleGlobals

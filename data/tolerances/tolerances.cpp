@@ -99,16 +99,16 @@ void judgePercent(ErrorResult& result, double output) {
     }
     double percent = 0;
     if (result.nominal_rounded == limit_rounded) {
-        percent = finite(divided(result.error, half_width) * 100);
+        percent = finite(divide(result.error, half_width) * 100);
     } else {
         const float width_rounded =
             finite(low ? result.nominal_rounded - limit_rounded : limit_rounded - result.nominal_rounded);
-        percent = finite(divided(result.error_rounded, width_rounded) * 100.0F);
+        percent = finite(divide(result.error_rounded, width_rounded) * 100.0F);
     }
     result.percent_text = fixedDecimals(low ? std::abs(percent) : percent, 0, maxPadding);
 }
 
-/// Looks at the signed percentage: a reading below the nominal never gets an advice.
+/// Uses the signed percentage: a reading below the nominal never gets an advice.
 QString adviceFor(double percent) {
     if (percent > 100)
         return u"NOTIFY USER"_s;
@@ -130,8 +130,7 @@ QString formatValue(Session& session, double value, const NumberFormat* format, 
     routine.run([&] {
         if (!format)
             return;
-        const double stepped =
-            format->step == 1 ? value : roundedHalfEven(value / format->step) * format->step;
+        const double stepped = format->step == 1 ? value : roundHalfEven(value / format->step) * format->step;
         text = fixedDecimals(finite(stepped), format->decimals, unit.size() + maxPadding);
     });
     text += unit;
@@ -163,7 +162,7 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
         result.output_text = format(finite(output), output_units);
         result.input_text = format(finite(input), input_units);
 
-        range.resolution = viaText(resolution);
+        range.resolution = widenThroughText(resolution);
         result.upper_limit =
             limitOf(result.nominal, upperSide, {pos_fs, pos_span, pos_reading, pos_lsd, pos_units}, range);
         result.upper_text = format(result.upper_limit);

@@ -27,8 +27,8 @@ const UnitRow unitRows[] = {
 
 qint16 UnitClass(const QString& unit) {
     for (const auto& row : unitRows) {
-        for (const auto& one : row.units) {
-            if (one == unit)
+        for (const auto& name : row.units) {
+            if (name == unit)
                 return row.code;
         }
     }

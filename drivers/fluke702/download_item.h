@@ -12,7 +12,7 @@ struct Download702Item : FlukeDownloadItem {
     qint32 stateId = 0;
 };
 
-/// Reads an instrument's parameters and puts them into the calibrator's words. What the library gives and the
+/// Reads an instrument's parameters and puts them into the calibrator's terms. What the library gives and the
 /// tolerance stay empty.
 Download702Item gatherItem(Session& session, const AssetEntry& entry);
 

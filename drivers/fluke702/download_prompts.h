@@ -10,9 +10,9 @@ namespace kelvane::Module702Interface {
 /// ended it. Error 9 at the 52nd message.
 bool definePrompts(Session& session, Dpclnk& link, StatusRule& rule, const QString& asset,
                    FlukePrompts& prompts);
-/// Puts every message for before the test into the task in hand.
+/// Puts every message for before the test into the current task.
 bool placeBefore(Dpclnk& link, StatusRule& rule, const FlukePrompts& prompts);
-/// Puts the first message for after the test into the task in hand; no task refers to a second one.
+/// Puts the first message for after the test into the current task; no task refers to a second one.
 bool placeAfter(Dpclnk& link, StatusRule& rule, const FlukePrompts& prompts);
 
 } // namespace kelvane::Module702Interface

@@ -10,7 +10,7 @@ namespace kelvane {
 /// Every operation gives a status: 0 done, 100 to 105 a warning, 2000 to 2026 an error.
 ///
 /// Texts go in as they are and reach the library in the calibrator's alphabet. A text that comes out is
-/// handed in filled with blanks, as many as the library may write, and comes back as the whole buffer, the
+/// passed in filled with blanks, as many as the library may write, and comes back as the whole buffer, the
 /// library's terminating zero and what stands behind it included: `CleanDLLString` makes a text of it.
 ///
 /// Out values are left as they are by a library that does not write them.
@@ -23,7 +23,7 @@ class Dpclnk {
     virtual ~Dpclnk() = default;
 
     /// Empty when the library is there with all its operations, otherwise what is missing, for the operator.
-    /// To be asked before anything else: without a library no operation may be called.
+    /// Call this before anything else: without a library no operation may be called.
     virtual QString missing() = 0;
 
     // The link.
@@ -47,7 +47,7 @@ class Dpclnk {
     virtual Status MEMpromptDefn(const QString& key, const QString& prompt) = 0;
     virtual Status MEMstartTask(const QString& tag) = 0;
     virtual Status MEMprompt(const QString& key) = 0;
-    /// `readByHand`: 1 when the output is read by hand, 0 when the calibrator measures it.
+    /// `readByHand`: 1 when the user reads the output, 0 when the calibrator measures it.
     virtual Status MEMtemplate(qint32 strategyId, qint16 readByHand, const QString& tag,
                                const QString& serial, qint32 stateId) = 0;
     virtual Status MEMendTask() = 0;

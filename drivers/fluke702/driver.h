@@ -26,8 +26,8 @@ namespace Module702Interface {
 inline constexpr CalibratorIdentity identity{
     .name = u"Fluke 702", .caption = TextId::calibratorFluke702, .journalWord = u"fluke702"};
 
-/// Whether an instrument can be calibrated with a Fluke 702: empty, or the reason why not. What the
-/// calibrator can't read by itself is told in a box and is no reason.
+/// Whether an instrument can be calibrated with a Fluke 702: empty, or the reason why not. A box shows what
+/// the calibrator can't read by itself; that is no reason.
 QString Fluke702_acceptable(Fluke702& driver, const QString& asset);
 /// True when an external standard has to supply the reading of the output.
 bool Fluke702_requires_standard(Fluke702& driver, const QString& asset);

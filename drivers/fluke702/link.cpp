@@ -65,7 +65,7 @@ class Contact {
     void judgeUnknownCalibrator();
 
     /// True for a status of 0; the words of any other are the result.
-    bool done(Dpclnk::Status status);
+    bool isSuccess(Dpclnk::Status status);
     void advance();
 
     Fluke702& driver_;
@@ -99,11 +99,11 @@ bool Contact::open() {
     ui_.setProgressText(text(TextId::fluke702OpeningLink));
     ui_.processEvents();
     // An earlier failure may have left it open.
-    if (!done(link_.DPCclose())) {
+    if (!isSuccess(link_.DPCclose())) {
         ui_.setNormalPointer();
         return false;
     }
-    if (!done(link_.DPCopen(line.baudRate, line.port, 1000, 5))) {
+    if (!isSuccess(link_.DPCopen(line.baudRate, line.port, 1000, 5))) {
         link_.DPCclose();
         ui_.setNormalPointer();
         return false;
@@ -120,7 +120,7 @@ bool Contact::identify() {
     // A warning ends this contact in success: the caller then uses the serial number.
     for (auto* text : {&driver_.Calibrator702Model, &driver_.Calibrator702Serial, &driver_.Calibrator702Text})
         *text = ModuleGlobals::CleanDLLString(*text);
-    if (!done(status))
+    if (!isSuccess(status))
         return false;
     driver_.Calibrator702Asset = ModuleGlobals::AssetfromSerial(session_, driver_.Calibrator702Serial);
     ui_.setNormalPointer();
@@ -130,7 +130,7 @@ bool Contact::identify() {
 
 bool Contact::moveImage() {
     qint32 count = 0;
-    if (!done((link_.*direction_.start)(count)))
+    if (!isSuccess((link_.*direction_.start)(count)))
         return false;
     ui_.setNormalPointer();
     ui_.setProgressText(text(direction_.label));
@@ -140,7 +140,7 @@ bool Contact::moveImage() {
     ui_.setBusyPointer();
     // It is the library that counts: a step that doesn't lower the count is followed by another one.
     while (count > 0) {
-        if (!done((link_.*direction_.step)(count)))
+        if (!isSuccess((link_.*direction_.step)(count)))
             return false;
         advance();
         ui_.processEvents();
@@ -151,7 +151,7 @@ bool Contact::moveImage() {
 bool Contact::close() {
     advance();
     ui_.setProgressText(text(TextId::fluke702ClosingLink));
-    if (!done(link_.DPCclose()))
+    if (!isSuccess(link_.DPCclose()))
         return false;
     ui_.setProgressValue(full);
     ui_.setNormalPointer();
@@ -168,7 +168,7 @@ void Contact::judgeUnknownCalibrator() {
         result_ = text(TextId::calibratorAssetNotFound);
 }
 
-bool Contact::done(Dpclnk::Status status) {
+bool Contact::isSuccess(Dpclnk::Status status) {
     if (status == 0)
         return true;
     result_ = DPCStatusText(session_, status, {});

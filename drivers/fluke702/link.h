@@ -9,14 +9,14 @@ inline constexpr qint16 modeDownload = 1;
 inline constexpr qint16 modeUpload = 2;
 
 /// Opens the link, identifies the calibrator, moves the whole image and closes the link, with the progress
-/// window. Empty on success, else the words of the failure. A warning at any call ends it there, is shown and
+/// window. Empty on success, else the text of the failure. A warning at any call ends it there, is shown and
 /// counts as success, so the image may then be incomplete. An upload from a calibrator that the database
-/// doesn't know is a failure. The hourglass may stay behind a failure or a warning: the caller sets the
+/// doesn't know is a failure. The hourglass may remain after a failure or a warning: the caller sets the
 /// normal pointer.
 QString Communicate702(Fluke702& driver, qint16 mode);
 
-/// The words for a status. Below 2001 they are shown in a box, with `name` (an asset number or nothing)
-/// before them, and the result is empty; from 2001 on they are the result.
+/// The text for a status. Below 2001 they are shown in a box, with `name` (an asset number or nothing) before
+/// them, and the result is empty; from 2001 on they are the result.
 QString DPCStatusText(Session& session, qint16 code, const QString& name);
 
 } // namespace kelvane::Module702Interface

@@ -4,9 +4,9 @@
 
 namespace kelvane::Module702Interface {
 
-/// What an instrument of a download hands on to those behind it.
+/// What an instrument of a download passes on to those behind it.
 struct CarriedValues {
-    /// The calibrator can't read the output, so that it is read by hand. Once an instrument has set it, it
+    /// The calibrator can't read the output, so that the user reads it. Once an instrument has set it, it
     /// stays for the rest of the list.
     bool manual = false;
     /// The signal of the frequency that was sourced last, in Hz and V.

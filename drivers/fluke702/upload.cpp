@@ -22,12 +22,13 @@ constexpr Dpclnk::Status noTagSaved = 2026;
 const QString routineName = u"Module702Interface,Fluke702_upload"_s;
 
 /// An instrument's parameters and the judgement by them.
-struct Judged {
+struct JudgedReading {
     CalParamRecord instrument = {};
     std::optional<RunJudgement> judgement = {};
 };
 
-/// One upload. Steps give false when the upload ends: the library has failed, or there is a failure to tell.
+/// One upload. Steps give false when the upload ends: the library has failed, or there is a failure to
+/// report.
 class Upload {
   public:
     explicit Upload(Fluke702& driver) : driver_(driver), session_(driver.session), link_(driver.link) {}
@@ -37,9 +38,9 @@ class Upload {
   private:
     bool takeRun(qint32 record);
     bool recordRun(qint32 record, RunResults& run, InstrumentWork& work);
-    bool prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged);
+    bool prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedReading& judged);
     bool readEntries(qint32 record, int points, int stored, RunResults& run);
-    bool comesAgainAfter(qint32 record);
+    bool hasLaterRun(qint32 record);
     bool fillStandards(RunResults& run, CalRecord& record);
 
     Fluke702& driver_;
@@ -49,7 +50,7 @@ class Upload {
     /// The tag read last.
     QString tag_;
     /// Serves the points, the rows of the field table and the standards in turn. What it holds when a call
-    /// fails is what the operator is told instead of the status.
+    /// fails is shown to the operator instead of the status.
     qint16 counter_ = 0;
     QString failure_;
 };
@@ -90,7 +91,7 @@ bool Upload::takeRun(qint32 record) {
     if (status != 0 && status != noTagSaved)
         return false;
     tag_ = assetOf(session_, run.tag);
-    // A tag that could not be looked up must not make the run one of nobody.
+    // A tag that could not be looked up must not leave the run without an instrument.
     if (tag_.isEmpty() && !work.isPrepared())
         tag_ = run.tag.tag;
     return trimBlanks(tag_).isEmpty() || recordRun(record, run, work);
@@ -98,7 +99,7 @@ bool Upload::takeRun(qint32 record) {
 
 bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     bool goesOn = true;
-    Judged judged;
+    JudgedReading judged;
     work.attempt([&] { goesOn = prepare(record, run, work, judged); });
     if (!goesOn)
         return false;
@@ -108,7 +109,7 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     return failure_.isEmpty();
 }
 
-bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judged& judged) {
+bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedReading& judged) {
     ModuleGlobals::SetCalDataFields(session_, work.record, tag_);
     judged.instrument = ModuleGlobals::GetCalParams(session_, tag_);
     qint16 stored = 0;
@@ -124,14 +125,14 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
 
     const auto& serial = driver_.Calibrator702Serial;
     run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
-    run.comesAgain = run.kind == firstRun && comesAgainAfter(record);
+    run.hasLaterRun = run.kind == firstRun && hasLaterRun(record);
     fillFields(work.record, judged.instrument, judged.judgement->counts(), run, serial);
     counter_ = work.record.CalFieldTable.last + 1;
     return fillStandards(run, work.record);
 }
 
 /// As many readings as the instrument has points. Where these could not be found out, what the run holds is
-/// read all the same, up to `stored`.
+/// still read, up to `stored`.
 bool Upload::readEntries(qint32 record, int points, int stored, RunResults& run) {
     for (counter_ = 0; counter_ < points; ++counter_) {
         RunEntry entry;
@@ -149,10 +150,10 @@ bool Upload::readEntries(qint32 record, int points, int stored, RunResults& run)
 }
 
 /// Asks for every later run, and so costs most in an upload of many: it reads nothing but their tags.
-bool Upload::comesAgainAfter(qint32 record) {
-    const auto own = lowerCased(tag_);
+bool Upload::hasLaterRun(qint32 record) {
+    const auto own = toLowerCase(tag_);
     for (qint32 later = record + 1; later < count_; ++later) {
-        if (lowerCased(tagOf(link_, later)) == own)
+        if (toLowerCase(tagOf(link_, later)) == own)
             return true;
     }
     return false;

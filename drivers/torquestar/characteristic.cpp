@@ -38,7 +38,7 @@ Field field(std::optional<quint8> code) {
 }
 
 template <quint8 code>
-Field always(const Tool&) {
+Field constantField(const Tool&) {
     return field(code);
 }
 
@@ -107,18 +107,18 @@ constexpr struct {
     std::optional<TextId> refusal = {};
 } sources[] = {
     {samples, samples},
-    {always<1>, always<1>},   // number of subgroups
-    {always<30>, notWritten}, // transducer number
-    {transducerType, always<3>},
+    {constantField<1>, constantField<1>}, // number of subgroups
+    {constantField<30>, notWritten},      // transducer number
+    {transducerType, constantField<3>},
     {transducerSpan, notWritten},
-    {always<0>, serialFormat},
+    {constantField<0>, serialFormat},
     {spanUnits, notWritten, TextId::inputUnitsNotAccepted},
-    {always<0>, baudRate},
+    {constantField<0>, baudRate},
     {cycleEndTime, dataBits},
     {measurementMode, stopBits},
     {frequencyResponse, parity},
     {displayUnits, notWritten, TextId::outputUnitsNotAccepted},
-    {direction, always<0>},
+    {direction, constantField<0>},
     {maximumTorque, maximumTorque},
     {minimumTorque, minimumTorque},
     {thresholdTorque, thresholdTorque},
@@ -131,7 +131,7 @@ TorqueLimits torqueLimits(const CalParamRecord& instrument) {
     const double high = instrument.input_high;
     const double low = instrument.input_low;
     const double span = high - low;
-    const double res = viaText(instrument.resolution);
+    const double res = widenThroughText(instrument.resolution);
     const double mid = span * (instrument.max_test_point_pct / 100.0) + low;
     return {.maximum = span * instrument.pos_span_pct / 100.0 +
                        (instrument.pos_fs_range_pct / 100.0 * high + mid) +
@@ -171,10 +171,10 @@ QString CharacteristicFields::fill(Session& session, const CalParamRecord& instr
     return {};
 }
 
-QByteArray CharacteristicFields::joined() const {
+QByteArray CharacteristicFields::join() const {
     QByteArray message;
-    for (const auto& one : fields_)
-        message += one;
+    for (const auto& field : fields_)
+        message += field;
     return message;
 }
 

@@ -6,7 +6,7 @@
 
 namespace kelvane::ModuleTSInterface {
 
-/// The tolerance band of an instrument's highest test point, which is all that the calibrator is told of it.
+/// The tolerance band of an instrument's highest test point; the calibrator gets no other tolerance.
 struct TorqueLimits {
     double maximum = 0;
     double minimum = 0;
@@ -14,8 +14,8 @@ struct TorqueLimits {
 
 TorqueLimits torqueLimits(const CalParamRecord& instrument);
 
-/// The fields of the message that adds a characteristic, joined as they stand. One set lives through a whole
-/// download: what an instrument does not write keeps what the one before it left there.
+/// The fields of the message that adds a characteristic, joined as they stand. One set is used for a whole
+/// download: a field that an instrument does not write keeps the value of the instrument before.
 class CharacteristicFields {
   public:
     /// Fills the fields that are the same for all instruments.
@@ -25,7 +25,7 @@ class CharacteristicFields {
     /// why the calibrator can't take it. Error 5 for a count that is no byte.
     QString fill(Session& session, const CalParamRecord& instrument, const CalParamRecord& transducer);
 
-    QByteArray joined() const;
+    QByteArray join() const;
 
   private:
     std::array<QByteArray, 25> fields_;

@@ -53,17 +53,17 @@ constexpr TextId characteristicErrors[] = {TextId::torqueUnknownError,
 } // namespace
 
 std::optional<quint8> codeOf(std::span<const Code> table, QStringView word) {
-    for (const auto& one : table) {
-        if (one.word == word)
-            return one.code;
+    for (const auto& row : table) {
+        if (row.word == word)
+            return row.code;
     }
     return {};
 }
 
 std::optional<quint8> serialFormatOf(float resolution) {
-    for (const auto& one : serialFormats) {
-        if (one.resolution == resolution)
-            return one.code;
+    for (const auto& serialFormat : serialFormats) {
+        if (serialFormat.resolution == resolution)
+            return serialFormat.code;
     }
     return {};
 }

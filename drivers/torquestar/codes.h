@@ -7,7 +7,7 @@
 
 namespace kelvane::ModuleTSInterface {
 
-/// The byte by which a TorqueStar message says a word of the calibration parameters.
+/// The byte in a TorqueStar message for a word of the calibration parameters.
 struct Code {
     QStringView word;
     quint8 code;
@@ -17,7 +17,7 @@ inline constexpr Code unitCodes[] = {
     {u"in/oz", 1}, {u"in/lb", 2}, {u"ft/lb", 3},  {u"N/cm", 4}, {u"N/m", 5},
     {u"Kg/cm", 6}, {u"Kg/m", 7},  {u"Klb/ft", 8}, {u"KN/m", 9},
 };
-/// A Serial transducer is told apart before this table is asked.
+/// A Serial transducer is handled before this table is searched.
 inline constexpr Code transducerTypes[] = {{u"High Output", 1}, {u"Industry Standard", 2}, {u"UTA", 4}};
 inline constexpr Code baudRates[] = {
     {u"300", 1}, {u"600", 2}, {u"1200", 3}, {u"2400", 4}, {u"4800", 5}, {u"9600", 6}, {u"19200", 7},
@@ -45,8 +45,8 @@ inline constexpr struct {
 std::optional<quint8> codeOf(std::span<const Code> table, QStringView word);
 std::optional<quint8> serialFormatOf(float resolution);
 
-/// What the calibrator means by an error code of its answer to a new round, or to a new characteristic;
-/// nothing for a code that it doesn't define.
+/// The text of an error code in the calibrator's answer to a new round, or to a new characteristic; nothing
+/// for a code that it doesn't define.
 std::optional<QString> roundError(quint8 code);
 std::optional<QString> characteristicError(quint8 code);
 

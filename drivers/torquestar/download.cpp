@@ -72,7 +72,7 @@ QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, Characterist
 
     if (ProcessMessageProtocol(driver, "T1C" + nameField(name)).startsWith("t1C"))
         ProcessMessageProtocol(driver, "T1J");
-    driver.TSMessage = "T1A" + nameField(name) + fields.joined();
+    driver.TSMessage = "T1A" + nameField(name) + fields.join();
     return refusalOf(driver, name, ProcessMessageProtocol(driver, driver.TSMessage));
 }
 

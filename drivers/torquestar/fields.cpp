@@ -22,11 +22,11 @@ QByteArray bigEndian(quint32 number, int width) {
 }
 
 quint32 digitsOf(double value) {
-    return static_cast<quint32>(roundedToLong(value));
+    return static_cast<quint32>(roundToLong(value));
 }
 
 /// `scaled` is the value times 10000, in the width of the caller's number.
-QByteArray encoded(Session& session, double value, double scaled, int kind) {
+QByteArray encode(Session& session, double value, double scaled, int kind) {
     QByteArray field;
     Routine routine(session, u"ModuleTSInterface,Conv2Hex"_s);
     routine.run([&] {
@@ -46,7 +46,7 @@ QByteArray encoded(Session& session, double value, double scaled, int kind) {
 
 /// The number in a field's first four bytes, read over their hexadecimal digits: 10 to 15 give one digit, all
 /// others two, so that those bytes move what stands before them by four bits only.
-qint32 decoded(const QByteArray& field) {
+qint32 toNumber(const QByteArray& field) {
     if (field.size() < 4)
         throw makeError(ErrorNumber::invalidArgument);
     quint32 number = 0;
@@ -57,7 +57,7 @@ qint32 decoded(const QByteArray& field) {
     return static_cast<qint32>(number);
 }
 
-QString joined(int first, int second, int third, QChar separator) {
+QString joinNumbers(int first, int second, int third, QChar separator) {
     return QStringList{plainText(first), plainText(second), plainText(third)}.join(separator);
 }
 
@@ -66,7 +66,7 @@ QString dateText(qint32 number) {
     const int month = number / 100 - year * 100;
     const int day = number - year * 10000 - month * 100;
     if (year < 100 || year > 9999 || !QDate::isValid(year, month, day))
-        return joined(year, month, day, u'-');
+        return joinNumbers(year, month, day, u'-');
     return formatMoment({QDate(year, month, day), QTime(0, 0)}, u"YYYY-MM-DD");
 }
 
@@ -75,7 +75,7 @@ QString timeText(qint32 number) {
     const int minute = std::min(number / 100 - hour * 100, 59);
     const int second = std::min(number - hour * 10000 - minute * 100, 59);
     const QTime time(hour, minute, second);
-    return time.isValid() ? time.toString(u"HH:mm:ss"_s) : joined(hour, minute, second, u':');
+    return time.isValid() ? time.toString(u"HH:mm:ss"_s) : joinNumbers(hour, minute, second, u':');
 }
 
 /// Runs a decoder under its own name; a field that is too short is reported and gives the default result.
@@ -83,19 +83,19 @@ template <class Read>
 auto decode(Session& session, const QString& routineName, const QByteArray& field, Read read) {
     decltype(read(0)) result{};
     Routine routine(session, routineName);
-    routine.run([&] { result = read(decoded(field)); });
+    routine.run([&] { result = read(toNumber(field)); });
     return result;
 }
 
 } // namespace
 
 QByteArray Conv2Hex(Session& session, double value, int kind) {
-    return encoded(session, value, value * double{scale}, kind);
+    return encode(session, value, value * double{scale}, kind);
 }
 
 QByteArray Conv2Hex(Session& session, float value, int kind) {
     const float scaled = value * float{scale};
-    return encoded(session, double{value}, double{scaled}, kind);
+    return encode(session, double{value}, double{scaled}, kind);
 }
 
 QByteArray Conv2Hex(Session& session, qint32 value, int kind) {
@@ -103,7 +103,7 @@ QByteArray Conv2Hex(Session& session, qint32 value, int kind) {
 }
 
 qint32 Conv2Real(Session&, const QByteArray& field) {
-    return field.size() == 4 ? decoded(field) : 0;
+    return field.size() == 4 ? toNumber(field) : 0;
 }
 
 double Conv2Double(Session& session, const QByteArray& field) {

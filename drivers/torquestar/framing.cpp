@@ -13,8 +13,8 @@ QByteArray invertedSum(const QByteArray& data) {
         throw makeError(ErrorNumber::overflow);
     qint32 sum = 0;
     bool high = true;
-    for (const char one : data) {
-        const qint32 byte = static_cast<quint8>(one);
+    for (const char character : data) {
+        const qint32 byte = static_cast<quint8>(character);
         sum += high ? byte * 256 : byte;
         high = !high;
     }
@@ -29,7 +29,7 @@ QByteArray invertedSum(const QByteArray& data) {
 
 /// Doubles each DLE. When the last one stands next to the end of the body, the body's last character is not
 /// carried over: calibrators have always been spoken to in this way.
-QByteArray stuffed(const QByteArray& body) {
+QByteArray doubleDles(const QByteArray& body) {
     if (!body.contains(DLE))
         return body;
     QByteArray result;
@@ -47,7 +47,7 @@ QByteArray stuffed(const QByteArray& body) {
 } // namespace
 
 QByteArray PreProcessMessage(const QByteArray& body) {
-    const auto frame = stuffed(body) + frameEnd;
+    const auto frame = doubleDles(body) + frameEnd;
     return frame + TXChecksum(frame);
 }
 

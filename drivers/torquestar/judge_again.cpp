@@ -14,7 +14,7 @@ namespace {
 
 QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     auto results = resultsOf(entry.raw);
-    const auto [instrument, points] = beginJudgingAgain(session, record, entry.asset);
+    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
     if (auto reason = countMismatch(entry.asset, results.points.size(), points); !reason.isEmpty())
         return reason;
     auto findings = findingsOf(session, record, instrument, fractionsOf(session, points), results);

@@ -22,7 +22,7 @@ QByteArray part(const QByteArray& message, qsizetype position, qsizetype count) 
 }
 
 QByteArray byteField(double value) {
-    const double rounded = roundedHalfEven(value);
+    const double rounded = roundHalfEven(value);
     if (!(rounded >= 0 && rounded <= 255))
         throw makeError(ErrorNumber::invalidArgument);
     return QByteArray(1, static_cast<char>(static_cast<quint8>(rounded)));

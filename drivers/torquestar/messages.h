@@ -13,12 +13,12 @@ QString characteristicName(const QString& asset);
 QByteArray nameField(const QString& name);
 /// `count` characters of a message from `position`, counted from 1; fewer where the message ends.
 QByteArray part(const QByteArray& message, qsizetype position, qsizetype count);
-/// A byte field. Error 5 outside 0 to 255.
+/// A byte field. Error 5 beyond 0 to 255.
 QByteArray byteField(double value);
 
 /// Tests the link: empty when the calibrator answers, otherwise the failure.
 QString testLink(TorqueStar& driver);
-/// Asks the calibrator for its serial number, as decimal text; "0" when it did not tell.
+/// Asks the calibrator for its serial number, as decimal text; "0" when it gave none.
 QString askSerialNumber(TorqueStar& driver);
 
 } // namespace kelvane::ModuleTSInterface

@@ -19,7 +19,7 @@ namespace {
 
 /// Both the link start and the announcement of a reply are tried so often.
 constexpr int greatestAttempts = 3;
-/// A link start that nobody answered is followed by the next one after so many milliseconds.
+/// A link start without an answer is followed by the next one after so many milliseconds.
 constexpr int linkAnswerTime = 2500;
 constexpr int acknowledgeTime = 5000;
 constexpr int replyTime = 10000;
@@ -53,8 +53,8 @@ class Exchange {
     Step reply();
     Step check();
     Step fail(const QString& reason);
-    bool announced() const;
-    bool replyEnded() const;
+    bool isAnnounced() const;
+    bool hasReplyEnded() const;
     QByteArray replyBody() const;
 
     QDateTime deadlineIn(int milliseconds) const { return now().addMSecs(milliseconds); }
@@ -179,7 +179,7 @@ Exchange::Step Exchange::command() {
     return Step::announcement;
 }
 
-/// What is in the receive buffer is looked at again and again; only an empty one is filled from the line.
+/// The contents of the receive buffer are examined repeatedly; only an empty one is filled from the line.
 Exchange::Step Exchange::announcement() {
     if (++attempts_ > greatestAttempts)
         return fail(text(TextId::lineCommunicationFailed) + lineBreak + text(TextId::lineNoResponse));
@@ -188,10 +188,10 @@ Exchange::Step Exchange::announcement() {
             return Step::announcement;
         received_ = port_.input();
     }
-    return announced() ? Step::reply : Step::announcement;
+    return isAnnounced() ? Step::reply : Step::announcement;
 }
 
-bool Exchange::announced() const {
+bool Exchange::isAnnounced() const {
     return received_.endsWith(STX) || (received_.endsWith(acknowledge_) && received_.startsWith(STX));
 }
 
@@ -201,7 +201,7 @@ Exchange::Step Exchange::reply() {
     if (!wait(shortestReply, deadline))
         return fail(text(TextId::lineAcknowledgementTimeout));
     reply_ = port_.input();
-    while (!replyEnded()) {
+    while (!hasReplyEnded()) {
         reply_ += port_.input();
         // Endless noise must not fill the memory; what is cut here stays too long for a checksum.
         if (reply_.size() > 2 * tooLongReply)
@@ -214,7 +214,7 @@ Exchange::Step Exchange::reply() {
 }
 
 /// The frame end, with two characters behind it or with three.
-bool Exchange::replyEnded() const {
+bool Exchange::hasReplyEnded() const {
     const auto endsBefore = [this](qsizetype rest) {
         const auto at = reply_.size() - rest - frameEnd.size();
         return at >= 0 && reply_.indexOf(frameEnd, at) == at;

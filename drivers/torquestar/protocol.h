@@ -5,7 +5,7 @@
 namespace kelvane::ModuleTSInterface {
 
 /// One complete exchange on the line. Returns the reply body without stuffing, or an empty one on failure:
-/// `TSError` alone tells the two apart. The port stays open after a good exchange.
+/// only `TSError` distinguishes the two. The port stays open after a good exchange.
 QByteArray ProcessMessageProtocol(TorqueStar& driver, const QByteArray& body);
 
 /// The frame of a body: DLE doubled, DLE ETX, checksum.

@@ -20,8 +20,7 @@ namespace {
 constexpr int greatestPort = 4;
 /// How long a look waits for the line, in milliseconds.
 constexpr int lookTime = 20;
-/// So much may wait for a reader between two exchanges; a device that talks on and on must not fill the
-/// memory.
+/// So much may wait for a reader between two exchanges; a device that keeps sending must not fill the memory.
 constexpr qint64 mostWaiting = 1 << 20;
 /// How long sending waits for a line that takes nothing, in milliseconds.
 constexpr int sendTime = 2000;
@@ -33,7 +32,7 @@ QSerialPort::Parity parityOf(char letter) {
 }
 
 /// The device itself where a link names it, so that its lock is the same under every name.
-QString followed(const QString& device) {
+QString followLinks(const QString& device) {
     const auto target = QFileInfo(device).canonicalFilePath();
     return target.isEmpty() ? device : target;
 }
@@ -43,7 +42,7 @@ bool isPseudoTerminal(const QString& device) {
     return device.startsWith(u"/dev/pts/");
 }
 
-/// Error 75 of a port, with what stood in the way.
+/// Error 75 of a port, with the reason.
 Error refusal(const QString& reason) {
     return {static_cast<double>(ErrorNumber::pathFileAccess), reason};
 }
@@ -52,9 +51,9 @@ Error refusal(const QString& reason) {
 
 QtSerialPort::QtSerialPort(const SettingsStore& settings)
     : settings_(settings), port_(std::make_unique<QSerialPort>()) {
-    // Between two exchanges the port stays open, and nobody looks at it but the event loop.
+    // Between two exchanges the port stays open, and only the event loop reads it.
     QObject::connect(
-        port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { closeWhenFailed(); },
+        port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { closeOnFailure(); },
         Qt::QueuedConnection);
     QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] {
         if (port_->bytesAvailable() > mostWaiting)
@@ -116,7 +115,7 @@ void QtSerialPort::output(const QByteArray& bytes) {
     port_->flush();
     while (port_->bytesToWrite() > 0 && port_->waitForBytesWritten(sendTime)) {
     }
-    closeWhenFailed();
+    closeOnFailure();
 }
 
 /// The device behind the port's name; empty when there is none.
@@ -131,7 +130,7 @@ QString QtSerialPort::device() const {
 void QtSerialPort::open() {
     if (port_->isOpen())
         throw makeError(ErrorNumber::pathFileAccess);
-    const auto name = followed(device());
+    const auto name = followLinks(device());
     const bool plain = isPseudoTerminal(name);
     port_->setPortName(name);
     port_->setBaudRate(line_.baud);
@@ -168,11 +167,11 @@ void QtSerialPort::listen(int milliseconds) {
     }
     port_->clearError();
     if (!port_->waitForReadyRead(milliseconds))
-        closeWhenFailed();
+        closeOnFailure();
 }
 
 /// A device that has failed would signal its error without end.
-void QtSerialPort::closeWhenFailed() {
+void QtSerialPort::closeOnFailure() {
     const auto error = port_->error();
     if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError) {
         port_->close();

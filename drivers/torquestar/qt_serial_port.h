@@ -12,9 +12,9 @@ namespace kelvane {
 /// The real port. COM1 to COM4 are the devices that section "Ports" of the settings store names, otherwise
 /// the platform's first four serial devices.
 ///
-/// A look at the line waits for up to 20 ms when there is nothing new to see, and returns at once when there
-/// is. When the device fails in mid-work the port closes: from then on nothing comes, what is sent goes
-/// nowhere, and the exchange ends by its time-outs like one with a line that is cut.
+/// A poll waits for up to 20 ms when there is nothing new, and returns at once when there is. When the device
+/// fails during work the port closes: from then on nothing comes, what is sent is lost, and the exchange ends
+/// by its time-outs like one with a line that is cut.
 class QtSerialPort final : public SerialPort {
   public:
     explicit QtSerialPort(const SettingsStore& settings);
@@ -39,7 +39,7 @@ class QtSerialPort final : public SerialPort {
     void open();
     void close();
     void listen(int milliseconds);
-    void closeWhenFailed();
+    void closeOnFailure();
 
     const SettingsStore& settings_;
     std::unique_ptr<QSerialPort> port_;

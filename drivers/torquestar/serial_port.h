@@ -6,7 +6,7 @@
 namespace kelvane {
 
 /// The serial port object: the six operations that the line protocol needs. A closed port whose line can't be
-/// opened throws `Error` with the reason; so does a line setting that makes no sense (error 5).
+/// opened throws `Error` with the reason; so does an invalid line setting (error 5).
 class SerialPort {
   public:
     virtual ~SerialPort() = default;
@@ -18,9 +18,9 @@ class SerialPort {
     /// Such as "9600,N,8,1".
     virtual void setSettings(const QString& settings) = 0;
     /// Bytes waiting. A real port may first wait a moment for the line when nothing new has come since the
-    /// last look, so that polling does not burn a core.
+    /// last poll, so that polling does not use up a core.
     virtual int inBufferCount() = 0;
-    /// All bytes waiting; the buffer is then empty. The same moment may pass as with `inBufferCount`.
+    /// All bytes waiting; the buffer is then empty. It may wait like `inBufferCount`.
     virtual QByteArray input() = 0;
     virtual void output(const QByteArray& bytes) = 0;
 };

@@ -42,7 +42,7 @@ Samples samplesOf(Session& session, const QByteArray& reply) {
     return samples;
 }
 
-/// The mean of the first samples, as many as the instrument wants; samples that did not come count as 0.
+/// The mean of the first samples, as many as the instrument requires; samples that did not come count as 0.
 double meanOf(const Samples& samples, int count) {
     if (count == 0)
         throw makeError(ErrorNumber::divisionByZero);
@@ -116,7 +116,7 @@ Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& i
         findings.time = Conv2Time(session, timeField(reply));
         const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
         const double applied = nominalInput(instrument, fractions.value(i));
-        takePoint(record, findings.counts, judged(session, instrument, applied, reading, i + 1), i + 1);
+        takePoint(record, findings.counts, judgePoint(session, instrument, applied, reading, i + 1), i + 1);
     }
     findings.comment = commentOf(results.comment);
     return findings;
@@ -125,7 +125,7 @@ Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& i
 void fillFields(Session& session, CalRecord& record, const CalParamRecord& instrument,
                 const Findings& findings, const QString& tech) {
     using Value = std::optional<QString>;
-    const bool passed = findings.counts.passed();
+    const bool passed = findings.counts.hasPassed();
     const bool remarked = session.CommandLineFlag;
     const auto remark = !remarked                    ? Value(findings.comment)
                         : findings.comment.isEmpty() ? Value(text(TextId::unitPassesVerification))

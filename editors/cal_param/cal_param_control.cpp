@@ -18,15 +18,15 @@ namespace kelvane {
 namespace {
 
 /// The caption of a field with the subject that it belongs to.
-QString spoken(std::optional<TextId> subject, TextId caption) {
+QString accessibleText(std::optional<TextId> subject, TextId caption) {
     return subject ? text(*subject) + u' ' + text(caption) : text(caption);
 }
 
 class TextBox final : public CalParamControl {
   public:
     TextBox(const CalParamField& field, const CalParamTextBox& given)
-        : box_(named(new EntryBox, field.name.toString(), spoken(field.subject, field.caption),
-                     field.toolTip)) {
+        : box_(nameControl(new EntryBox, field.name.toString(), accessibleText(field.subject, field.caption),
+                           field.toolTip)) {
         box_->setText(given.starts.toString());
     }
     void show(const QString& value) override { box_->setText(value); }
@@ -70,7 +70,7 @@ class List final : public CalParamControl {
 class TickBox final : public CalParamControl {
   public:
     TickBox(const CalParamField& field, const CalParamCheckBox& /*given*/)
-        : box_(named(new CheckBox, field.name.toString(), text(field.caption), field.toolTip)) {
+        : box_(nameControl(new CheckBox, field.name.toString(), text(field.caption), field.toolTip)) {
         box_->setText(text(field.caption));
     }
     void show(const QString& value) override { box_->setChecked(value == u"Y"); }
@@ -89,15 +89,15 @@ class OptionGroup final : public CalParamControl {
     OptionGroup(const CalParamField& field, const CalParamOptions& given)
         : given_(given), stacked_(field.label == CalParamLabel::no) {
         for (const auto& option : given.options) {
-            auto* button = named(new RadioButton, field.name.toString().arg(option.name),
-                                 spoken(field.caption, option.caption), option.toolTip);
+            auto* button = nameControl(new RadioButton, field.name.toString().arg(option.name),
+                                       accessibleText(field.caption, option.caption), option.toolTip);
             button->setText(text(option.caption));
             button->setChecked(option.stored == given.starts);
             buttons_ << button;
         }
     }
     void show(const QString& value) override {
-        const auto stored = given_.anyCase ? upperCased(value) : value;
+        const auto stored = given_.anyCase ? toUpperCase(value) : value;
         for (qsizetype i = 0; i < buttons_.size(); ++i) {
             if (given_.options[i].stored == stored)
                 buttons_[i]->setChecked(true);

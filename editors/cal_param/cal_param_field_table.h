@@ -74,7 +74,7 @@ struct CalParamOptions {
     bool anyCase = false;
 };
 
-/// Whether the caption stands beside the field; without, a screen reader says it all the same.
+/// Whether the caption stands beside the field; without, it is the accessible name only.
 enum class CalParamLabel { yes, no };
 
 /// How a parameter is shown.

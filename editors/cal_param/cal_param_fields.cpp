@@ -13,7 +13,7 @@ namespace kelvane {
 namespace {
 
 /// The name of what stands beside a field: that of the field with another kind, and without its options.
-QString besideName(const QString& kind, const CalParamField& field) {
+QString nameBeside(const QString& kind, const CalParamField& field) {
     const auto subject =
         std::find_if(field.name.begin() + 1, field.name.end(), [](QChar letter) { return letter.isUpper(); });
     return kind + QString(subject, field.name.end() - subject).remove(u"%1"_s);
@@ -23,7 +23,7 @@ QString besideName(const QString& kind, const CalParamField& field) {
 QLabel* makeLabel(const CalParamField& field, QWidget* control) {
     if (field.label == CalParamLabel::no)
         return nullptr;
-    const auto name = besideName(u"Label"_s, field);
+    const auto name = nameBeside(u"Label"_s, field);
     return std::holds_alternative<CalParamOptions>(field.control) ? label(name, field.caption)
                                                                   : labelFor(control, name, field.caption);
 }
@@ -55,7 +55,7 @@ void CalParamFields::fill(QGridLayout& grid, CalParamPanel panel) const {
             grid.addWidget(field.label, place.row, column);
         field.control->put(grid, place.row, column);
         if (place.unit)
-            grid.addWidget(kelvane::label(besideName(u"Unit"_s, field.given), *place.unit), place.row,
+            grid.addWidget(kelvane::label(nameBeside(u"Unit"_s, field.given), *place.unit), place.row,
                            column + 2);
         if (place.side == 1)
             grid.setColumnMinimumWidth(betweenSides, 12);
@@ -74,7 +74,7 @@ CalParamEntries CalParamFields::entries() const {
     return entries;
 }
 
-QString CalParamFields::summedText() const {
+QString CalParamFields::checkSumText() const {
     QString sum;
     for (const auto* column : summedCalParams())
         sum += control(column->member)->summed();

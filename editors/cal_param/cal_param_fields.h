@@ -31,7 +31,7 @@ class CalParamFields {
     /// What stands in each field.
     CalParamEntries entries() const;
     /// What the fields add to the checksum.
-    QString summedText() const;
+    QString checkSumText() const;
 
     /// The control of a parameter; null for one that is not shown.
     CalParamControl* control(CalParamMember parameter) const;

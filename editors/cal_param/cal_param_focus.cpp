@@ -40,7 +40,7 @@ void showSubPage(QWidget& field, const QTabWidget& pages) {
     }
 }
 
-bool goToMessage(QListWidget& list) {
+bool focusMessageList(QListWidget& list) {
     const auto row = refusedMessage(rowsOf(list));
     if (row < 0)
         return false;

@@ -12,6 +12,6 @@ void goTo(QWidget& field);
 /// Turns the sub-tabs around a field to its page; those of the screen itself stay as they are.
 void showSubPage(QWidget& field, const QTabWidget& pages);
 /// Goes to the first message whose name would end its own quotes; false without one.
-bool goToMessage(QListWidget& list);
+bool focusMessageList(QListWidget& list);
 
 } // namespace kelvane

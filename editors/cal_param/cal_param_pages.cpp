@@ -69,9 +69,9 @@ constexpr TolerancePanel tolerancePanels[] = {
 };
 
 QListWidget* promptList(QStringView name, TextId panel, TextId caption, TextId toolTip) {
-    auto* list = named(new QListWidget, name.toString(), text(panel) + u' ' + text(caption), toolTip);
+    auto* list = nameControl(new QListWidget, name.toString(), text(panel) + u' ' + text(caption), toolTip);
     list->setUniformItemSizes(true);
-    // It takes the room that the page has left.
+    // It takes the space that the page leaves free.
     list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     list->setMinimumHeight(4 * list->fontMetrics().lineSpacing());
     return list;
@@ -227,8 +227,8 @@ QWidget* makeCalParamPages(CalParamControls& c, const CalParamFields& fields) {
     return body;
 }
 
-QString summedText(const CalParamFields& fields, const CalParamControls& controls) {
-    return fields.summedText() + rowsOf(*controls.ListPostDisplay).join(QString()) +
+QString checkSumText(const CalParamFields& fields, const CalParamControls& controls) {
+    return fields.checkSumText() + rowsOf(*controls.ListPostDisplay).join(QString()) +
            rowsOf(*controls.ListPreDisplay).join(QString());
 }
 

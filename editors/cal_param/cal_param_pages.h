@@ -15,6 +15,6 @@ class CalParamFields;
 QWidget* makeCalParamPages(CalParamControls& controls, const CalParamFields& fields);
 
 /// Everything whose change counts as a change of the screen, in one text.
-QString summedText(const CalParamFields& fields, const CalParamControls& controls);
+QString checkSumText(const CalParamFields& fields, const CalParamControls& controls);
 
 } // namespace kelvane

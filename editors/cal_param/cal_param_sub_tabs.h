@@ -9,7 +9,7 @@ namespace kelvane {
 class CalParamFields;
 
 /// The panels "Input Configuration" and "Output Configuration" with the sub-tabs of each side, all of them
-/// hidden; there is room for the largest.
+/// hidden; the frame is as large as the largest one.
 QGroupBox* makeInputConfiguration(CalParamControls& controls, const CalParamFields& fields);
 QGroupBox* makeOutputConfiguration(CalParamControls& controls, const CalParamFields& fields);
 

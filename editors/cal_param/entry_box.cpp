@@ -10,7 +10,7 @@ namespace kelvane {
 namespace {
 
 /// A menu of the box or another window has the focus for a while; what is selected stays so meanwhile.
-bool isForAWhile(Qt::FocusReason reason) {
+bool isTemporary(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
@@ -31,7 +31,7 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     // A box may also get the focus for the first time when its window becomes active, after a message.
     const bool wasAway = std::exchange(away_, false);
-    if (wasAway && isForAWhile(event->reason()))
+    if (wasAway && isTemporary(event->reason()))
         return;
     entered_ = event->reason() == Qt::MouseFocusReason;
     selectValue();
@@ -39,7 +39,7 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
 
 void EntryBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    away_ = isForAWhile(event->reason());
+    away_ = isTemporary(event->reason());
 }
 
 void EntryBox::mousePressEvent(QMouseEvent* event) {

@@ -51,8 +51,8 @@ FormCalParam::FormCalParam(Session& session)
     setFirstFocus(fields_.list(&R::tp_name));
     for (const auto parameter :
          {&R::input_type, &R::output_type, &R::transducer_type_out, &R::measurement_mode_out})
-        onSignal(fields_.list(parameter), &QComboBox::activated, this, session_.ui,
-                 [this] { ShowUnitTabs(); });
+        connectGuarded(fields_.list(parameter), &QComboBox::activated, this, session_.ui,
+                       [this] { ShowUnitTabs(); });
     onClick(controls_.CommandSelect, [this] { CommandSelect(); });
     connectSaving();
 }
@@ -108,7 +108,7 @@ double FormCalParam::Form_CheckSum() {
     double sum = 0;
     Guard(session_, u"FormCalParam,Form_CheckSum"_s).run([&] {
         const BusyPointer busy(session_.ui);
-        sum = ModuleGlobals::CheckSum(session_, summedText(fields_, controls_));
+        sum = ModuleGlobals::CheckSum(session_, checkSumText(fields_, controls_));
     });
     return sum;
 }

@@ -49,7 +49,7 @@ class FormCalParam final : public EditorWindow, public OpenCalParam {
     void CommandClone();
     /// What follows a save that failed.
     void refuse(const Error& error);
-    /// The control whose value kept the parameters from being saved; null when it can't be told.
+    /// The control whose value kept the parameters from being saved; null when it is unknown.
     CalParamControl* refusedControl(const Error& error) const;
     /// The title with the current instrument.
     void showInstrument();

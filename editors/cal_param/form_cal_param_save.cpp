@@ -53,8 +53,8 @@ void FormCalParam::refuse(const Error& error) {
                                text(TextId::calibrationParameters), box::warning);
     else if (auto* control = refusedControl(error))
         goTo(*control->widget());
-    else if (!goToMessage(*controls_.ListPreDisplay))
-        goToMessage(*controls_.ListPostDisplay);
+    else if (!focusMessageList(*controls_.ListPreDisplay))
+        focusMessageList(*controls_.ListPostDisplay);
 }
 
 CalParamControl* FormCalParam::refusedControl(const Error& error) const {

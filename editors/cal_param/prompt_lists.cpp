@@ -11,16 +11,18 @@ namespace kelvane {
 
 namespace {
 
-void connectHandOver(QListWidget* from, QListWidget* to, UserInterface& ui) {
-    onRowChosen(from, ui, [from, to](int row) { handOver(*from, row, *to); });
+void connectMoveRow(QListWidget* from, QListWidget* to, UserInterface& ui) {
+    onRowChosen(from, ui, [from, to](int row) { moveRow(*from, row, *to); });
 }
 
 void connectPair(QListWidget* available, QListWidget* displayed, QPushButton* up, QPushButton* down,
                  UserInterface& ui) {
-    connectHandOver(available, displayed, ui);
-    connectHandOver(displayed, available, ui);
-    onSignal(up, &QPushButton::clicked, displayed, ui, [displayed] { moveSelectedRow(*displayed, -1); });
-    onSignal(down, &QPushButton::clicked, displayed, ui, [displayed] { moveSelectedRow(*displayed, 1); });
+    connectMoveRow(available, displayed, ui);
+    connectMoveRow(displayed, available, ui);
+    connectGuarded(up, &QPushButton::clicked, displayed, ui,
+                   [displayed] { moveSelectedRow(*displayed, -1); });
+    connectGuarded(down, &QPushButton::clicked, displayed, ui,
+                   [displayed] { moveSelectedRow(*displayed, 1); });
 }
 
 } // namespace

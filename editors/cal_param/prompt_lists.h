@@ -6,8 +6,8 @@ namespace kelvane {
 
 struct Workstation;
 
-/// Lets the four lists of test messages work: a double-click, or Return, hands a row over to the other list
-/// of its pair; the buttons move the selected row of a list of displayed messages. Nothing is stored.
+/// Lets the four lists of test messages work: a double-click, or Return, moves a row to the other list of its
+/// pair; the buttons move the selected row of a list of displayed messages. Nothing is stored.
 void connectPromptLists(const CalParamControls& controls, Workstation& workstation);
 
 } // namespace kelvane

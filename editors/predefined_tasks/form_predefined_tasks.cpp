@@ -61,18 +61,20 @@ QVBoxLayout* columnIn(QGroupBox* made) {
 FormPredefinedTasks::FormPredefinedTasks(Session& session)
     : EditorWindow(session, u"FormPredefinedTasks"_s, {.width = 4935, .height = 7245}),
       ComboTPName(dropDown(u"ComboTPName"_s, text(TextId::packageName), TextId::packageNameTip)),
-      TextNotes(named(new TextBox, u"TextNotes"_s, text(TextId::packageNotes), TextId::packageNotesTip)),
+      TextNotes(
+          nameControl(new TextBox, u"TextNotes"_s, text(TextId::packageNotes), TextId::packageNotesTip)),
       CommandAddTP(button(u"CommandAddTP"_s, TextId::addPackage, TextId::addPackageTip)),
       CommandRemoveTP(button(u"CommandRemoveTP"_s, TextId::removePackage, TextId::removePackageTip)),
       LabelDefinition(label(u"LabelDefinition"_s, TextId::packageInstrumentEntry)),
-      TextListEnter(named(new QLineEdit, u"TextListEnter"_s, text(TextId::packageInstrumentEntry),
-                          TextId::packageInstrumentEntryTip)),
+      TextListEnter(nameControl(new QLineEdit, u"TextListEnter"_s, text(TextId::packageInstrumentEntry),
+                                TextId::packageInstrumentEntryTip)),
       CommandAdd(button(u"CommandAdd"_s, TextId::addCommand, TextId::addPackageInstrumentTip)),
-      ListAssets(named(new QListWidget, u"ListAssets"_s, text(TextId::instrumentsToCalibrate),
-                       TextId::packageInstrumentsTip)),
+      ListAssets(nameControl(new QListWidget, u"ListAssets"_s, text(TextId::instrumentsToCalibrate),
+                             TextId::packageInstrumentsTip)),
       Label3(labelFor(ListAssets, u"Label3"_s, TextId::instrumentsToCalibrate)),
       CommandRemove(button(u"CommandRemove"_s, TextId::removeInstrument, TextId::removePackageInstrumentTip)),
-      TextSQL(named(new TextBox, u"TextSQL"_s, text(TextId::packageSqlEntry), TextId::packageSqlEntryTip)),
+      TextSQL(
+          nameControl(new TextBox, u"TextSQL"_s, text(TextId::packageSqlEntry), TextId::packageSqlEntryTip)),
       ComboSelectList(
           dropDown(u"ComboSelectList"_s, text(TextId::packageSegregateEntry), TextId::packageValueEntryTip)),
       CommandSave(button(u"CommandSave"_s, TextId::saveCommand, TextId::savePackageTip)),
@@ -165,9 +167,9 @@ QLayout* FormPredefinedTasks::options() {
     constexpr int inARow = 3;
     auto* rows = new QGridLayout;
     for (int cell = 0; auto& option : options_) {
-        const auto& looks = definitionOptions[static_cast<std::size_t>(cell)];
-        option = named(new RadioButton(text(looks.caption)), looks.name.toString(), text(looks.caption),
-                       looks.toolTip);
+        const auto& polls = definitionOptions[static_cast<std::size_t>(cell)];
+        option = nameControl(new RadioButton(text(polls.caption)), polls.name.toString(), text(polls.caption),
+                             polls.toolTip);
         rows->addWidget(option, cell / inARow, cell % inARow);
         ++cell;
     }
@@ -188,7 +190,7 @@ void FormPredefinedTasks::connectCommands() {
                   [this, definition = static_cast<Definition>(place)] { Option_Click(definition); });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListAssets);
     deleting->setContext(Qt::WidgetShortcut);
-    onSignal(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
+    connectGuarded(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
 }
 
 void FormPredefinedTasks::connectChanges() {
@@ -196,16 +198,16 @@ void FormPredefinedTasks::connectChanges() {
         if (!isLoading())
             enableSaving();
     };
-    onSignal(TextListEnter, &QLineEdit::textChanged, this, session_.ui, typed);
-    onSignal(TextNotes, &TextBox::textChanged, this, session_.ui, typed);
-    onSignal(TextSQL, &TextBox::textChanged, this, session_.ui, typed);
+    connectGuarded(TextListEnter, &QLineEdit::textChanged, this, session_.ui, typed);
+    connectGuarded(TextNotes, &TextBox::textChanged, this, session_.ui, typed);
+    connectGuarded(TextSQL, &TextBox::textChanged, this, session_.ui, typed);
     // The value enables nothing but saving.
     const auto valueChosen = [this] {
         if (!isLoading())
             CommandSave->setEnabled(true);
     };
-    onSignal(ComboSelectList, &QComboBox::editTextChanged, this, session_.ui, valueChosen);
-    onSignal(ComboSelectList, &QComboBox::activated, this, session_.ui, valueChosen);
+    connectGuarded(ComboSelectList, &QComboBox::editTextChanged, this, session_.ui, valueChosen);
+    connectGuarded(ComboSelectList, &QComboBox::activated, this, session_.ui, valueChosen);
 }
 
 void FormPredefinedTasks::enableSaving() {
@@ -228,14 +230,14 @@ void FormPredefinedTasks::ClearAll() {
     });
 }
 
-Definition FormPredefinedTasks::chosen() const {
+Definition FormPredefinedTasks::chosenDefinition() const {
     const auto* on = std::ranges::find_if(options_, &QRadioButton::isChecked);
     return static_cast<Definition>(on - options_.begin());
 }
 
 void FormPredefinedTasks::DisplayEdit() {
     routine(u"DisplayEdit", [this] {
-        const auto definition = chosen();
+        const auto definition = chosenDefinition();
         const bool isList = definition == Definition::assetList;
         TextSQL->setVisible(definition == Definition::sql);
         ComboSelectList->setVisible(hasValues(definition));
@@ -267,12 +269,12 @@ void FormPredefinedTasks::DisableControls() {
 }
 
 void FormPredefinedTasks::enableDefinition(bool enabled) {
-    for (auto* one : options_)
-        one->setEnabled(enabled);
-    for (auto* one :
+    for (auto* option : options_)
+        option->setEnabled(enabled);
+    for (auto* widget :
          std::initializer_list<QWidget*>{TextNotes, TextListEnter, ListAssets, TextSQL, ComboSelectList,
                                          CommandAdd, CommandRemove, LabelDefinition, Label3})
-        one->setEnabled(enabled);
+        widget->setEnabled(enabled);
 }
 
 void FormPredefinedTasks::SetButtons(Editing state) {

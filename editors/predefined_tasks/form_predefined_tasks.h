@@ -62,7 +62,7 @@ class FormPredefinedTasks final : public EditorWindow {
     void enableSaving();
     void SetButtons(Editing state);
 
-    Definition chosen() const;
+    Definition chosenDefinition() const;
     /// A click on an option, or its being turned on by a load.
     void Option_Click(Definition definition);
     void showChoices(Definition definition);
@@ -81,8 +81,8 @@ class FormPredefinedTasks final : public EditorWindow {
     QString value() const;
     /// Stores what stands on the screen; gives the failure, nothing when it is stored.
     std::optional<SaveFailure> save();
-    /// Goes to the field that kept a save from being stored, where the failure tells it.
-    void goToRefused(const SaveFailure& failure);
+    /// Goes to the field that kept a save from being stored, where the failure names it.
+    void focusRefusedField(const SaveFailure& failure);
 
     void ComboTPName_Click();
     void CommandAddTP_Click();
@@ -91,7 +91,7 @@ class FormPredefinedTasks final : public EditorWindow {
     void CommandRemove_Click();
     void CommandSave_Click();
     void CommandCancel_Click();
-    Entered entered() const;
+    Entered currentEntries() const;
     /// Undoes a `ClearAll`.
     void putBack(const Entered& before);
     void showNew(const QString& name);

@@ -25,8 +25,8 @@ namespace kelvane {
 double FormPredefinedTasks::Form_CheckSum() {
     const BusyPointer busy(session_.ui);
     return checkSum(u"FormPredefinedTasks,Form_CheckSum"_s, currentName_ + TextNotes->text() +
-                                                                kindOf(chosen()).letter.toString() + value() +
-                                                                package().assets.join(QString()));
+                                                                kindOf(chosenDefinition()).letter.toString() +
+                                                                value() + package().assets.join(QString()));
 }
 
 EditorWindow::Question FormPredefinedTasks::closeQuestion() const {
@@ -34,17 +34,17 @@ EditorWindow::Question FormPredefinedTasks::closeQuestion() const {
 }
 
 QString FormPredefinedTasks::value() const {
-    if (hasValues(chosen()))
+    if (hasValues(chosenDefinition()))
         return ComboSelectList->currentText();
-    return chosen() == Definition::sql ? TextSQL->text() : QString();
+    return chosenDefinition() == Definition::sql ? TextSQL->text() : QString();
 }
 
 TaskPackage FormPredefinedTasks::package() const {
     return {.name = ComboTPName->currentText(),
-            .definition = chosen(),
+            .definition = chosenDefinition(),
             .value = value(),
             .notes = TextNotes->text(),
-            .assets = chosen() == Definition::assetList ? rowsOf(*ListAssets) : QStringList()};
+            .assets = chosenDefinition() == Definition::assetList ? rowsOf(*ListAssets) : QStringList()};
 }
 
 void FormPredefinedTasks::LoadTasks() {
@@ -117,7 +117,7 @@ void FormPredefinedTasks::ComboTPName_Click() {
 }
 
 void FormPredefinedTasks::CommandAddTP_Click() {
-    const auto before = entered();
+    const auto before = currentEntries();
     ComboTPName->setEnabled(false);
     ClearAll();
     for (auto* button :
@@ -138,7 +138,7 @@ void FormPredefinedTasks::CommandAddTP_Click() {
     CommandAddTP->setFocus();
 }
 
-FormPredefinedTasks::Entered FormPredefinedTasks::entered() const {
+FormPredefinedTasks::Entered FormPredefinedTasks::currentEntries() const {
     QStringList choices;
     for (int row = 0; row < ComboSelectList->count(); ++row)
         choices << ComboSelectList->itemText(row);
@@ -212,9 +212,10 @@ bool FormPredefinedTasks::VerifyEntries() {
     bool good = false;
     routine(u"VerifyEntries", [&] {
         const auto fault = faultOfPackage(package());
-        good = !fault || refuse(*fault, chosen() == Definition::assetList ? TextListEnter
-                                        : chosen() == Definition::sql     ? static_cast<QWidget*>(TextSQL)
-                                                                          : ComboSelectList);
+        good =
+            !fault || refuse(*fault, chosenDefinition() == Definition::assetList ? TextListEnter
+                                     : chosenDefinition() == Definition::sql ? static_cast<QWidget*>(TextSQL)
+                                                                             : ComboSelectList);
     });
     return good;
 }
@@ -226,7 +227,7 @@ void FormPredefinedTasks::CommandSave_Click() {
     ModuleGlobals::ClearSystemTables(session_);
     const auto failure = save();
     if (failure)
-        goToRefused(*failure);
+        focusRefusedField(*failure);
 }
 
 std::optional<SaveFailure> FormPredefinedTasks::save() {
@@ -239,7 +240,7 @@ std::optional<SaveFailure> FormPredefinedTasks::save() {
     return failure;
 }
 
-void FormPredefinedTasks::goToRefused(const SaveFailure& failure) {
+void FormPredefinedTasks::focusRefusedField(const SaveFailure& failure) {
     if (const auto* asset = ListAssets->item(failure.row)) {
         const bool missing = saysMissing(failure.error, "mtag"_L1);
         if (missing)

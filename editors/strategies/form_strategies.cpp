@@ -27,7 +27,8 @@ FormStrategies::FormStrategies(Session& session, FindCalParam findCalParam)
       CommandSave(button(u"CommandSave"_s, TextId::saveStrategy, TextId::saveStrategyTip)),
       ComboPreDef(dropDown(u"ComboPreDef"_s, text(TextId::predefinedStrategies),
                            TextId::predefinedStrategiesTip, predefinedRows())),
-      ListPoints(named(new QListWidget, u"ListPoints"_s, text(TextId::testPoints), TextId::testPointsTip)),
+      ListPoints(
+          nameControl(new QListWidget, u"ListPoints"_s, text(TextId::testPoints), TextId::testPointsTip)),
       CommandAddTP(button(u"CommandAddTP"_s, TextId::addTestPoint, TextId::addTestPointTip)),
       CommandModify(button(u"CommandModify"_s, TextId::modifyTestPoint, TextId::modifyTestPointTip)),
       CommandDeletePoint(
@@ -67,8 +68,8 @@ void FormStrategies::layOut() {
     moving->addWidget(CommandMoveDown);
     moving->addStretch();
     auto* buttons = new QVBoxLayout;
-    for (auto* one : {CommandAddTP, CommandModify, CommandDeletePoint})
-        buttons->addWidget(one);
+    for (auto* button : {CommandAddTP, CommandModify, CommandDeletePoint})
+        buttons->addWidget(button);
     buttons->addLayout(moving);
     buttons->addStretch();
     buttons->addWidget(CommandCancel);
@@ -116,7 +117,8 @@ void FormStrategies::connectCommands() {
     });
     auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListPoints);
     deleting->setContext(Qt::WidgetShortcut);
-    onSignal(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandDeletePoint->click(); });
+    connectGuarded(deleting, &QShortcut::activated, this, session_.ui,
+                   [this] { CommandDeletePoint->click(); });
 }
 
 void FormStrategies::load() {
@@ -174,10 +176,10 @@ void FormStrategies::SetButtons(State state) {
         {CommandCancel, keep, keep, off},
     };
     const bool isNamed = !ComboTSNames->currentText().isEmpty();
-    for (const auto& one : rules) {
-        const auto rule = state == State::idle ? one.idle : state == State::added ? one.added : one.busy;
+    for (const auto& row : rules) {
+        const auto rule = state == State::idle ? row.idle : state == State::added ? row.added : row.busy;
         if (rule != keep)
-            one.control->setEnabled(rule == on || (rule == whenNamed && isNamed));
+            row.control->setEnabled(rule == on || (rule == whenNamed && isNamed));
     }
 }
 

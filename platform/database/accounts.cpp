@@ -7,12 +7,12 @@ namespace kelvane {
 namespace {
 
 /// Compares without stopping at the first difference.
-bool sameBytes(QByteArrayView one, QByteArrayView other) {
-    if (one.size() != other.size())
+bool sameBytes(QByteArrayView left, QByteArrayView right) {
+    if (left.size() != right.size())
         return false;
     int difference = 0;
-    for (qsizetype at = 0; at < one.size(); ++at)
-        difference |= one[at] ^ other[at];
+    for (qsizetype at = 0; at < left.size(); ++at)
+        difference |= left[at] ^ right[at];
     return difference == 0;
 }
 
@@ -24,7 +24,7 @@ bool passwordMatches(const QString& password, const QByteArray& hash) {
     return !computed.isEmpty() && sameBytes(computed, hash) && !phrase.contains('\0');
 }
 
-QByteArray nobodysHash() {
+QByteArray dummyHash() {
     return "$y$j9T$nobodynobodynobodynob.$............................................";
 }
 

@@ -10,7 +10,7 @@
 
 namespace kelvane {
 
-/// How much of a record set its reader wants.
+/// How much of a record set its reader needs.
 enum class Rows {
     all,
     /// Only the first row: the engine is then asked for no more than that one.
@@ -42,13 +42,13 @@ class Connection {
     /// True once a statement has failed because the connection is gone.
     virtual bool isLost() const = 0;
     /// Gives the number of rows that the text has inserted, changed and deleted; -1 where the engine does not
-    /// tell.
+    /// report it.
     virtual qint64 execute(const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows = Rows::all) = 0;
 
     /// From here to `commitTransaction` or `rollBackTransaction` the statements take effect together or not
-    /// at all; what "commit" in their texts asks for waits for the end. Transactions do not nest. An engine
-    /// that is not ours keeps the commits of the texts: there these three do nothing.
+    /// at all; what "commit" in their texts asks for waits for the end. Transactions do not nest. A site's
+    /// own engine keeps the commits of the texts: there these three do nothing.
     virtual void beginTransaction() = 0;
     virtual void commitTransaction() = 0;
     virtual void rollBackTransaction() = 0;

@@ -44,11 +44,11 @@ bool isBusy(const Error& error) {
     return primaryCode(error) == busy && !error.sqlState.isEmpty();
 }
 
-QString quoted(const QString& text) {
+QString quote(const QString& text) {
     return u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
 }
 
-QString quotedName(const QString& name) {
+QString quoteName(const QString& name) {
     return u'"' + QString(name).replace(u"\""_s, u"\"\""_s) + u'"';
 }
 
@@ -63,10 +63,10 @@ std::optional<QString> firstValue(DriverLink& link, const QString& query, int co
     throw error;
 }
 
-/// Proves that `file`, opened as `schema`, is a database that can be written, and makes its commits safe. An
-/// open alone proves nothing: the driver "opens" any file.
-void prove(DriverLink& link, const QString& schema, const QString& file) {
-    const auto name = quotedName(schema);
+/// Checks that `file`, opened as `schema`, is a database that can be written, and makes its commits safe.
+/// Opening alone proves nothing: the driver "opens" any file.
+void verifyWritable(DriverLink& link, const QString& schema, const QString& file) {
+    const auto name = quoteName(schema);
     try {
         firstValue(link, u"select count(*) from "_s + name + u".sqlite_master"_s);
         if (!QFileInfo(file).isWritable())
@@ -81,8 +81,8 @@ void prove(DriverLink& link, const QString& schema, const QString& file) {
 
 /// Refuses a name without account and a wrong password in one and the same way.
 void checkLogin(DriverLink& link, const QString& user, const QString& password) {
-    const auto hash = firstValue(link, u"select hash from main.accounts where name = "_s + quoted(user));
-    const bool matches = passwordMatches(password, hash ? hash->toUtf8() : nobodysHash());
+    const auto hash = firstValue(link, u"select hash from main.accounts where name = "_s + quote(user));
+    const bool matches = passwordMatches(password, hash ? hash->toUtf8() : dummyHash());
     if (!hash || !matches)
         throw Error{-103, text(TextId::loginOrPasswordInvalid), u"28000"_s};
 }
@@ -98,7 +98,7 @@ bool rollBack(DriverLink& link) {
     }
 }
 
-/// The rows of two statements; -1 where the driver did not tell those of one.
+/// The rows of two statements; -1 where the driver did not report those of one.
 qint64 sumOfRows(qint64 first, qint64 second) {
     return first < 0 || second < 0 ? -1 : first + second;
 }
@@ -115,7 +115,7 @@ void EmbeddedAdapter::limitWait() {
 }
 
 template <class Statement>
-auto EmbeddedAdapter::whenFree(Statement statement) const {
+auto EmbeddedAdapter::retryWhileBusy(Statement statement) const {
     while (true) {
         try {
             return statement();
@@ -134,18 +134,18 @@ void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
     const auto address = QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u"?mode=rw"_s;
     const auto schema = QFileInfo(file).completeBaseName();
     try {
-        whenFree([&] { link.execute(u"attach "_s + quoted(address) + u" as "_s + quotedName(schema)); });
+        retryWhileBusy([&] { link.execute(u"attach "_s + quote(address) + u" as "_s + quoteName(schema)); });
     } catch (const Error& error) {
         unusable(file, error);
     }
-    whenFree([&] { prove(link, schema, file); });
+    retryWhileBusy([&] { verifyWritable(link, schema, file); });
     files_.add(file);
 }
 
 /// All of `statements` or none. They take the write lock at the start, so that two workstations can't wait
 /// for each other.
 qint64 EmbeddedAdapter::executeTogether(DriverLink& link, const QStringList& statements) const {
-    whenFree([&] { link.execute(u"begin immediate"_s); });
+    retryWhileBusy([&] { link.execute(u"begin immediate"_s); });
     try {
         qint64 rows = 0;
         for (const auto& statement : statements)
@@ -168,10 +168,10 @@ void EmbeddedAdapter::requireFiles(DriverLink& link) {
                 u"08S01"_s, true};
 }
 
-void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QString& password) {
+void EmbeddedAdapter::prepareSession(DriverLink& link, const QString& user, const QString& password) {
     limitWait();
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
-    whenFree([&] { prove(link, u"main"_s, main.filePath()); });
+    retryWhileBusy([&] { verifyWritable(link, u"main"_s, main.filePath()); });
     files_.add(main.filePath());
     if (!firstValue(link, u"select name from main.sqlite_master where name = 'accounts'"_s))
         throw Error{notADatabase,
@@ -193,7 +193,7 @@ void EmbeddedAdapter::opened(DriverLink& link, const QString& user, const QStrin
 qint64 EmbeddedAdapter::executeEach(DriverLink& link, const QStringList& statements) const {
     qint64 rows = 0;
     for (const auto& statement : statements)
-        rows = sumOfRows(rows, whenFree([&] { return link.execute(statement); }));
+        rows = sumOfRows(rows, retryWhileBusy([&] { return link.execute(statement); }));
     return rows;
 }
 
@@ -215,7 +215,7 @@ std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QStri
     limitWait();
     const auto query = embeddedQuery(statement, rows);
     std::unique_ptr<RecordSet> found;
-    whenFree([&] { found = link.select(query, Rows::all); });
+    retryWhileBusy([&] { found = link.select(query, Rows::all); });
     return found;
 }
 
@@ -223,7 +223,7 @@ std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QStri
 void EmbeddedAdapter::beginTransaction(DriverLink& link) {
     requireFiles(link);
     limitWait();
-    whenFree([&] { link.execute(u"begin immediate"_s); });
+    retryWhileBusy([&] { link.execute(u"begin immediate"_s); });
     inTransaction_ = true;
 }
 
@@ -242,7 +242,7 @@ void EmbeddedAdapter::rollBackTransaction(DriverLink& link) {
     }
 }
 
-bool EmbeddedAdapter::meansLost(const Error& error) const {
+bool EmbeddedAdapter::isConnectionLoss(const Error& error) const {
     // Disk or share gone, file replaced or damaged: nothing that this connection does is worth anything now.
     const auto code = primaryCode(error);
     return code == inputOutput || code == damaged || code == cannotOpen || code == notADatabase;

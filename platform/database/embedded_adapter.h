@@ -11,29 +11,30 @@ namespace kelvane {
 /// in its folder is an owner of that name and is attached when the connection opens.
 ///
 /// Statements come from routines and stored conditions: what they have no reason to do is refused
-/// (`platform/database/embedded_permissions.h`). A lock of another workstation is waited for, up to five
-/// seconds for each login, statement or batch. A file that was removed or replaced while it is in use ends
-/// the connection with the next statement.
+/// (`platform/database/embedded_permissions.h`). A login, statement or batch waits for a lock of another
+/// workstation, up to five seconds. A file that was removed or replaced while it is in use ends the
+/// connection with the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
     explicit EmbeddedAdapter(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
 
     QString driverSettings() const override;
-    /// Proves every file to be a database that can be written, checks the login, sets what the session needs.
-    void opened(DriverLink& link, const QString& user, const QString& password) override;
+    /// Checks that every file is a database that can be written, checks the login, sets what the session
+    /// needs.
+    void prepareSession(DriverLink& link, const QString& user, const QString& password) override;
     qint64 execute(DriverLink& link, const QString& statement) override;
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override;
     void beginTransaction(DriverLink& link) override;
     void commitTransaction(DriverLink& link) override;
     void rollBackTransaction(DriverLink& link) override;
-    bool meansLost(const Error& error) const override;
+    bool isConnectionLoss(const Error& error) const override;
 
   private:
-    /// Locks are waited for from now on, five seconds in all.
+    /// From now on statements wait for locks, five seconds in all.
     void limitWait();
     /// Runs `statement`, which has done nothing as long as another workstation holds its lock.
     template <class Statement>
-    auto whenFree(Statement statement) const;
+    auto retryWhileBusy(Statement statement) const;
     void attach(DriverLink& link, const QString& file);
     qint64 executeTogether(DriverLink& link, const QStringList& statements) const;
     qint64 executeEach(DriverLink& link, const QStringList& statements) const;

@@ -15,7 +15,7 @@ namespace kelvane {
 
 namespace {
 
-QStringView between(const Token& first, const Token& last) {
+QStringView textFrom(const Token& first, const Token& last) {
     return {first.text.begin(), last.text.end()};
 }
 
@@ -69,7 +69,7 @@ class Functions {
             call += u",'%1%2 days'"_s.arg(tokens_[end].text, tokens_[end + 1].text);
             end += 2;
         }
-        edits_.replace(between(tokens_[first], tokens_[end - 1]), call + u')');
+        edits_.replace(textFrom(tokens_[first], tokens_[end - 1]), call + u')');
         return end - 1;
     }
 
@@ -80,8 +80,9 @@ class Functions {
         if (at + 1 >= tokens_.size() || tokens_[at + 1].kind != TokenKind::number)
             return false;
         const auto number = tokens_[at + 1].text;
-        const bool plain = std::all_of(number.begin(), number.end(),
-                                       [](QChar one) { return one == u'.' || (one >= u'0' && one <= u'9'); });
+        const bool plain = std::all_of(number.begin(), number.end(), [](QChar character) {
+            return character == u'.' || (character >= u'0' && character <= u'9');
+        });
         return plain && !symbolAt(at + 2, u'*') && !symbolAt(at + 2, u'/') && !symbolAt(at + 2, u'%') &&
                !symbolAt(at + 2, u'|');
     }
@@ -106,18 +107,18 @@ bool takesLimit(TokenSpan part) {
     return depth == 0;
 }
 
-QString rewritten(const QString& batch, TokenSpan part, const SqlTokens& sql, Rows rows) {
+QString rewritePart(const QString& batch, TokenSpan part, const SqlTokens& sql, Rows rows) {
     TextEdits edits;
     Functions(part, edits).rewrite();
     resolveOwners(part, edits);
     // The driver counts the parameter markers of comments, and takes a trailing one for a statement.
     for (const auto comment : sql.comments)
         edits.replace(comment, u" "_s);
-    const auto piece = between(part.front(), part.back());
+    const auto piece = textFrom(part.front(), part.back());
     if (rows == Rows::first && takesLimit(part))
         edits.replace(QStringView(piece.end(), piece.end()), u" limit 1"_s);
     if (!edits.isEmpty())
-        return edits.appliedTo(piece);
+        return edits.applyTo(piece);
     return piece.size() == batch.size() ? batch : piece.toString();
 }
 
@@ -155,7 +156,7 @@ QList<BatchStep> embeddedBatch(const QString& batch) {
             steps << std::exchange(step, {});
         } else {
             requirePermitted(part);
-            step.statements << rewritten(batch, part, sql, Rows::all);
+            step.statements << rewritePart(batch, part, sql, Rows::all);
         }
     }
     if (!step.statements.isEmpty())
@@ -172,7 +173,7 @@ QString embeddedQuery(const QString& query, Rows rows) {
     if (!sql.complete)
         return query;
     requireStatement(!parts.isEmpty());
-    return parts.size() == 1 ? rewritten(query, parts.front(), sql, rows) : query;
+    return parts.size() == 1 ? rewritePart(query, parts.front(), sql, rows) : query;
 }
 
 } // namespace kelvane

@@ -7,7 +7,7 @@
 namespace kelvane {
 
 // The dialect of the statements in the words of the embedded engine. What isn't understood stays as it is, so
-// that the engine says what it makes of it.
+// that the engine reports any error in it.
 
 /// Statements of a batch that belong together.
 struct BatchStep {
@@ -21,8 +21,8 @@ struct BatchStep {
 /// (`requirePermitted`).
 QList<BatchStep> embeddedBatch(const QString& batch);
 
-/// A query; with `Rows::first` the engine is asked for one row only. Several statements in one text are left
-/// alone. The same errors.
+/// A query; with `Rows::first` the engine is asked for one row only. Several statements in one text stay
+/// unchanged. It throws the same errors.
 QString embeddedQuery(const QString& query, Rows rows);
 
 } // namespace kelvane

@@ -7,11 +7,11 @@
 
 namespace kelvane {
 
-/// The files of a database that is open. An engine goes on with a file that somebody has removed or put
-/// another one in place of, and everything that it writes is then lost with the file.
+/// The files of a database that is open. An engine goes on with a file that was removed or replaced, and
+/// everything that it writes is then lost with the file.
 class DatabaseFiles {
   public:
-    /// Keeps watch over `path` as it is now.
+    /// Watches `path` in its present state.
     void add(const QString& path);
     /// The first file that is no longer the one that was added; empty when all are.
     QString firstMissing() const;

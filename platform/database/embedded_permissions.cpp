@@ -63,7 +63,7 @@ constexpr QLatin1StringView refusedTables[] = {"accounts"_L1, "dbstat"_L1, "kelv
 constexpr QLatin1StringView refusedTableBeginnings[] = {"pragma_"_L1, "sqlite_"_L1};
 
 template <std::size_t length>
-bool holds(const QLatin1StringView (&words)[length], QStringView word) {
+bool contains(const QLatin1StringView (&words)[length], QStringView word) {
     return std::any_of(std::begin(words), std::end(words), [&](QLatin1StringView entry) {
         return word.size() == entry.size() && word.compare(entry, Qt::CaseInsensitive) == 0;
     });
@@ -78,7 +78,7 @@ class Permissions {
     explicit Permissions(TokenSpan tokens) : tokens_(tokens), levels_(1) {}
 
     void require() {
-        if (tokens_.front().kind == TokenKind::word && holds(refusedBeginnings, tokens_.front().text))
+        if (tokens_.front().kind == TokenKind::word && contains(refusedBeginnings, tokens_.front().text))
             refuse(TextId::statementNotAllowed, tokens_.front().text.toString());
         for (at_ = 0; at_ < tokens_.size(); ++at_)
             step(tokens_[at_]);
@@ -137,7 +137,7 @@ class Permissions {
             ++at_; // "update or replace": what to do about a conflict
         else if (token.is("on"_L1))
             level.tableExpected = false;
-        else if (holds(endsOfTables, token.text))
+        else if (contains(endsOfTables, token.text))
             level = {};
         else
             return false;
@@ -150,8 +150,8 @@ class Permissions {
             level.tableExpected = false;
             table();
         } else if (symbolAt(at_ + 1, u'(')) {
-            called(token);
-        } else if (symbolAt(at_ + 1, u'.') && holds(refusedSchemas, token.name())) {
+            checkCall(token);
+        } else if (symbolAt(at_ + 1, u'.') && contains(refusedSchemas, token.name())) {
             refuse(TextId::tableNotAllowed, token.name());
         }
     }
@@ -167,18 +167,18 @@ class Permissions {
             std::begin(refusedTableBeginnings), std::end(refusedTableBeginnings),
             [&](QLatin1StringView beginning) { return table.startsWith(beginning, Qt::CaseInsensitive); });
         const bool called = symbolAt(at_ + 1, u'(') && !levels_.back().columnsMayFollow;
-        if (holds(refusedSchemas, schema) || holds(refusedTables, table) || engines || called ||
+        if (contains(refusedSchemas, schema) || contains(refusedTables, table) || engines || called ||
             last.kind == TokenKind::text)
             refuse(TextId::tableNotAllowed, owned ? schema + u'.' + table : table);
     }
 
-    void called(const Token& token) const {
-        if (token.kind == TokenKind::word && holds(wordsBeforeParenthesis, token.text))
+    void checkCall(const Token& token) const {
+        if (token.kind == TokenKind::word && contains(wordsBeforeParenthesis, token.text))
             return;
         // A method of nothing, a type behind "as", or the columns of a query that gets a name.
         if (at_ > 0 && (symbolAt(at_ - 1, u'.') || wordAt(at_ - 1, "as"_L1)))
             return;
-        if (!holds(functions, token.name()) && !namesQuery(at_ + 1))
+        if (!contains(functions, token.name()) && !namesQuery(at_ + 1))
             refuse(TextId::loadExtensionNotAllowed, token.name());
     }
 

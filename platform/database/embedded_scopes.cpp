@@ -46,10 +46,10 @@ bool isOneOf(const Token& token, std::initializer_list<QLatin1StringView> words)
            std::any_of(words.begin(), words.end(), [&](QLatin1StringView word) { return token.is(word); });
 }
 
-bool sameName(const Token& one, const Token& other) {
-    if (one.kind == TokenKind::word && other.kind == TokenKind::word)
-        return one.text.compare(other.text, Qt::CaseInsensitive) == 0;
-    return one.name().compare(other.name(), Qt::CaseInsensitive) == 0;
+bool sameName(const Token& left, const Token& right) {
+    if (left.kind == TokenKind::word && right.kind == TokenKind::word)
+        return left.text.compare(right.text, Qt::CaseInsensitive) == 0;
+    return left.name().compare(right.name(), Qt::CaseInsensitive) == 0;
 }
 
 class ScopeReader {
@@ -64,7 +64,7 @@ class ScopeReader {
 
     void resolve(TextEdits& edits) const {
         for (const auto& column : columns_) {
-            if (const auto* owner = meantOwner(column))
+            if (const auto* owner = ownerOf(column))
                 edits.replace(column.owner->text, owner->text.toString());
         }
     }
@@ -148,19 +148,19 @@ class ScopeReader {
                          "set"_L1,   "indexed"_L1, "not"_L1,     "window"_L1});
     }
 
-    const Token* meantOwner(const OwnedColumn& column) const {
+    const Token* ownerOf(const OwnedColumn& column) const {
         const Token* meant = nullptr;
         for (auto scope = column.scope; scope != none; scope = scopes_[scope].parent) {
-            for (const auto& one : scopes_[scope].tables) {
-                if (!sameName(*one.table, *column.table))
+            for (const auto& table : scopes_[scope].tables) {
+                if (!sameName(*table.table, *column.table))
                     continue;
-                if (sameName(*one.owner, *column.owner))
+                if (sameName(*table.owner, *column.owner))
                     return nullptr;
-                if (one.aliased)
+                if (table.aliased)
                     continue;
-                if (meant && !sameName(*meant, *one.owner))
+                if (meant && !sameName(*meant, *table.owner))
                     return nullptr;
-                meant = one.owner;
+                meant = table.owner;
             }
         }
         return meant;

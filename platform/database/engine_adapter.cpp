@@ -11,7 +11,7 @@ namespace {
 /// A site's own server: it takes the dialect as it stands, and the login was its own.
 class VerbatimAdapter final : public EngineAdapter {
   public:
-    void opened(DriverLink&, const QString&, const QString&) override {}
+    void prepareSession(DriverLink&, const QString&, const QString&) override {}
     qint64 execute(DriverLink& link, const QString& statement) override {
         link.execute(statement);
         // Which statement of a batch a driver counts the rows of is its own affair.
@@ -20,7 +20,7 @@ class VerbatimAdapter final : public EngineAdapter {
     std::unique_ptr<RecordSet> select(DriverLink& link, const QString& statement, Rows rows) override {
         return link.select(statement, rows);
     }
-    bool meansLost(const Error& error) const override {
+    bool isConnectionLoss(const Error& error) const override {
         // The server was shut down, crashed, or can't take connections now.
         return error.sqlState == "57P01"_L1 || error.sqlState == "57P02"_L1 || error.sqlState == "57P03"_L1;
     }

@@ -10,7 +10,7 @@ namespace kelvane {
 class DriverLink {
   public:
     virtual ~DriverLink() = default;
-    /// Gives the number of rows that the statement has changed; -1 where the driver does not tell.
+    /// Gives the number of rows that the statement has changed; -1 where the driver does not report it.
     virtual qint64 execute(const QString& statement) = 0;
     virtual std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) = 0;
 };
@@ -20,13 +20,12 @@ class DriverLink {
 class EngineAdapter {
   public:
     virtual ~EngineAdapter() = default;
-    /// What the engine's driver has to be told beyond the data source, as the end of a connection string such
-    /// as
-    /// ";Timeout=50"; empty for an engine that is not ours.
+    /// Settings of the engine's driver beyond those of the data source, as the end of a connection string
+    /// such as ";Timeout=50"; empty for any other engine.
     virtual QString driverSettings() const { return {}; }
     /// Called once the driver has connected: settings of the session, and the login where the engine has no
     /// accounts.
-    virtual void opened(DriverLink& link, const QString& user, const QString& password) = 0;
+    virtual void prepareSession(DriverLink& link, const QString& user, const QString& password) = 0;
     /// An error that leaves the connection unusable is thrown with `connectionLost`.
     /// Gives the number of rows as `Connection::execute` does.
     virtual qint64 execute(DriverLink& link, const QString& statement) = 0;
@@ -37,11 +36,11 @@ class EngineAdapter {
     virtual void commitTransaction(DriverLink&) {}
     virtual void rollBackTransaction(DriverLink&) {}
     /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.
-    virtual bool meansLost(const Error& error) const = 0;
+    virtual bool isConnectionLoss(const Error& error) const = 0;
 };
 
-/// What is done again and again while a statement waits for another workstation, such as repainting the
-/// window. It must not run a statement.
+/// What runs repeatedly while a statement waits for another workstation, such as repainting the window. It
+/// must not run a statement.
 using WhileWaiting = std::function<void()>;
 
 /// The adapter for a driver that calls its engine `dbmsName`: "SQLite" gets the embedded one, any other the

@@ -29,8 +29,8 @@ void OdbcConnection::open(const QString& connectionString, const QString& user, 
         link.reset();
         link = std::make_unique<OdbcLink>(connectionString, user, password, settings);
     }
-    adapter->opened(*link, user, password);
-    link->lostWhen([&meaning = *adapter](const Error& error) { return meaning.meansLost(error); });
+    adapter->prepareSession(*link, user, password);
+    link->setLossTest([&meaning = *adapter](const Error& error) { return meaning.isConnectionLoss(error); });
     adapter_ = std::move(adapter);
     link_ = std::move(link);
 }

@@ -44,24 +44,24 @@ class OdbcSession {
     void close();
     QString dbmsName() const;
 
-    /// Runs a text and hands out the statement that holds its rows.
+    /// Runs a text and returns the statement that holds its rows.
     SQLHSTMT run(const QString& statement, Rows rows);
     /// The number of columns of what ran; 0 when it gives no rows.
     SQLSMALLINT columnsOf(SQLHSTMT statement, Rows rows);
-    void giveBack(SQLHSTMT statement, Rows rows);
+    void release(SQLHSTMT statement, Rows rows);
     void add(OdbcRows* rows) { open_.push_back(rows); }
     void remove(OdbcRows* rows) { std::erase(open_, rows); }
 
     /// The error of the last call on `statement`; marks the connection as lost when it means that.
     Error failure(SQLHSTMT statement);
 
-    std::function<bool(const Error&)> meansLost;
+    std::function<bool(const Error&)> isConnectionLoss;
     bool lost = false;
     DriverText textKind = DriverText::wide;
 
   private:
     SQLHSTMT takeStatement();
-    bool driverCallsItDead() const;
+    bool isReportedDead() const;
 
     SQLHENV environment_ = nullptr;
     SQLHDBC connection_ = nullptr;
@@ -86,7 +86,7 @@ class OdbcRows final : public RecordSet {
 
     bool next() override;
     std::optional<QString> value(int column) override;
-    /// Gives the statement back: the connection is about to close, or nobody reads on.
+    /// Gives the statement back: the connection is about to close, or its rows are no longer read.
     void end();
 
   private:
@@ -96,7 +96,7 @@ class OdbcRows final : public RecordSet {
     Rows rows_;
     bool onRow_ = false;
     bool behindLast_ = false;
-    /// A driver hands out a value once; whoever asks for the same column again gets the same.
+    /// A driver returns a value once; a second request for the same column returns the same.
     int lastColumn_ = -1;
     std::optional<QString> lastValue_;
 };
@@ -165,7 +165,7 @@ SQLHSTMT OdbcSession::run(const QString& statement, Rows rows) {
     if (outcome == SQL_NEED_DATA)
         SQLCancel(handle);
     const auto error = failure(handle);
-    giveBack(handle, rows);
+    release(handle, rows);
     throw error;
 }
 
@@ -174,11 +174,11 @@ SQLSMALLINT OdbcSession::columnsOf(SQLHSTMT statement, Rows rows) {
     if (SQL_SUCCEEDED(SQLNumResultCols(statement, &columns)))
         return columns;
     const auto error = failure(statement);
-    giveBack(statement, rows);
+    release(statement, rows);
     throw error;
 }
 
-void OdbcSession::giveBack(SQLHSTMT statement, Rows rows) {
+void OdbcSession::release(SQLHSTMT statement, Rows rows) {
     const bool reusable = idle_ == nullptr && rows == Rows::all && !lost;
     if (reusable && SQL_SUCCEEDED(SQLFreeStmt(statement, SQL_CLOSE)))
         idle_ = statement;
@@ -186,7 +186,7 @@ void OdbcSession::giveBack(SQLHSTMT statement, Rows rows) {
         SQLFreeHandle(SQL_HANDLE_STMT, statement);
 }
 
-bool OdbcSession::driverCallsItDead() const {
+bool OdbcSession::isReportedDead() const {
     SQLUINTEGER dead = SQL_CD_FALSE;
     return SQL_SUCCEEDED(SQLGetConnectAttrW(connection_, SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr)) &&
            dead == SQL_CD_TRUE;
@@ -194,15 +194,15 @@ bool OdbcSession::driverCallsItDead() const {
 
 Error OdbcSession::failure(SQLHSTMT statement) {
     auto error = lastError(SQL_HANDLE_STMT, statement, textKind);
-    error.connectionLost =
-        error.sqlState.startsWith("08"_L1) || (meansLost && meansLost(error)) || driverCallsItDead();
+    error.connectionLost = error.sqlState.startsWith("08"_L1) ||
+                           (isConnectionLoss && isConnectionLoss(error)) || isReportedDead();
     lost = lost || error.connectionLost;
     return error;
 }
 
 void OdbcRows::end() {
     if (statement_ != nullptr)
-        session_->giveBack(std::exchange(statement_, nullptr), rows_);
+        session_->release(std::exchange(statement_, nullptr), rows_);
     onRow_ = false;
 }
 
@@ -268,8 +268,8 @@ QString OdbcLink::dbmsName() const {
     return session_->dbmsName();
 }
 
-void OdbcLink::lostWhen(std::function<bool(const Error&)> meansLost) {
-    session_->meansLost = std::move(meansLost);
+void OdbcLink::setLossTest(std::function<bool(const Error&)> isConnectionLoss) {
+    session_->isConnectionLoss = std::move(isConnectionLoss);
 }
 
 bool OdbcLink::isLost() const {
@@ -285,7 +285,7 @@ qint64 OdbcLink::execute(const QString& statement) {
     SQLLEN rows = -1;
     if (!SQL_SUCCEEDED(SQLRowCount(handle, &rows)))
         rows = -1;
-    session_->giveBack(handle, Rows::all);
+    session_->release(handle, Rows::all);
     return rows;
 }
 

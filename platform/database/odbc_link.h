@@ -15,16 +15,16 @@ class OdbcLink final : public DriverLink {
     /// behind both `settings` of the driver, which count more than those of the data source.
     OdbcLink(const QString& connectionString, const QString& user, const QString& password,
              const QString& settings = {});
-    /// Ends what is still open and disconnects.
+    /// Closes open record sets and disconnects.
     ~OdbcLink() override;
     OdbcLink(const OdbcLink&) = delete;
     OdbcLink& operator=(const OdbcLink&) = delete;
 
     /// What the driver calls its engine, such as "SQLite".
     QString dbmsName() const;
-    /// Tells which errors mean that the connection is gone, beyond SQLSTATE class 08 and what the driver
-    /// itself calls dead.
-    void lostWhen(std::function<bool(const Error&)> meansLost);
+    /// Sets the test for errors that mean that the connection is gone, beyond SQLSTATE class 08 and the
+    /// driver's own report.
+    void setLossTest(std::function<bool(const Error&)> isConnectionLoss);
     /// True once a statement or record set has failed because the connection is gone; from then on every
     /// statement fails.
     bool isLost() const;
@@ -38,11 +38,11 @@ class OdbcLink final : public DriverLink {
     std::shared_ptr<OdbcSession> session_;
 };
 
-/// A value as a connection string takes it: in braces, a closing brace doubled.
+/// A value in the notation of a connection string: in braces, a closing brace doubled.
 QString bracedValue(const QString& value);
-/// A user name as a connection string takes it: bare, since some drivers take braces for a part of the name.
-/// In braces only where a character needs them, and when it is empty: the data source's own user would count
-/// then.
+/// A user name in the notation of a connection string: bare, since some drivers take braces for a part of the
+/// name. In braces only where a character needs them, and when it is empty: the data source's own user would
+/// count then.
 QString userValue(const QString& user);
 
 } // namespace kelvane

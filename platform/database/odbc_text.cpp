@@ -27,18 +27,18 @@ QString textOf(const char* text, qsizetype length) {
 template <class Unit>
 constexpr SQLSMALLINT cType = sizeof(Unit) == 1 ? SQL_C_CHAR : SQL_C_WCHAR;
 
-/// Appends the next piece of a long text, up to `room` units; `more` says whether there is another one.
+/// Appends the next piece of a long text, up to `space` units; `more` says whether there is another one.
 template <class Unit>
-SQLRETURN readPiece(SQLHSTMT statement, SQLUSMALLINT column, std::basic_string<Unit>& whole, std::size_t room,
-                    bool& more) {
+SQLRETURN readPiece(SQLHSTMT statement, SQLUSMALLINT column, std::basic_string<Unit>& whole,
+                    std::size_t space, bool& more) {
     const auto have = whole.size();
-    whole.resize(have + room + 1); // the driver adds a terminator
+    whole.resize(have + space + 1); // the driver adds a terminator
     SQLLEN bytes = 0;
     const auto outcome = SQLGetData(statement, column, cType<Unit>, whole.data() + have,
-                                    static_cast<SQLLEN>((room + 1) * sizeof(Unit)), &bytes);
-    const auto units = bytes == SQL_NO_TOTAL ? room + 1 : static_cast<std::size_t>(bytes) / sizeof(Unit);
-    more = SQL_SUCCEEDED(outcome) && units > room;
-    whole.resize(have + (SQL_SUCCEEDED(outcome) ? std::min(units, room) : 0));
+                                    static_cast<SQLLEN>((space + 1) * sizeof(Unit)), &bytes);
+    const auto units = bytes == SQL_NO_TOTAL ? space + 1 : static_cast<std::size_t>(bytes) / sizeof(Unit);
+    more = SQL_SUCCEEDED(outcome) && units > space;
+    whole.resize(have + (SQL_SUCCEEDED(outcome) ? std::min(units, space) : 0));
     return outcome == SQL_NO_DATA ? SQL_SUCCESS : outcome;
 }
 
@@ -46,7 +46,7 @@ template <class Unit>
 SQLRETURN read(SQLHSTMT statement, SQLUSMALLINT column, std::optional<QString>& value) {
     // Nearly every value fits here, and then one call and one conversion are all.
     Unit start[512];
-    constexpr auto room = std::size(start) - 1;
+    constexpr auto space = std::size(start) - 1;
     SQLLEN bytes = 0;
     const auto outcome = SQLGetData(statement, column, cType<Unit>, start, sizeof(start), &bytes);
     value.reset();
@@ -54,13 +54,13 @@ SQLRETURN read(SQLHSTMT statement, SQLUSMALLINT column, std::optional<QString>& 
         return outcome;
     const bool known = bytes != SQL_NO_TOTAL;
     const auto units = static_cast<std::size_t>(known ? bytes : 0) / sizeof(Unit);
-    if (known && units <= room) {
+    if (known && units <= space) {
         value = textOf(start, static_cast<qsizetype>(units));
         return outcome;
     }
-    std::basic_string<Unit> whole(start, room);
+    std::basic_string<Unit> whole(start, space);
     bool more = true;
-    for (auto missing = known ? units - room : room; more; missing = whole.size()) {
+    for (auto missing = known ? units - space : space; more; missing = whole.size()) {
         const auto next = readPiece(statement, column, whole, missing, more);
         if (!SQL_SUCCEEDED(next))
             return next;
@@ -70,20 +70,20 @@ SQLRETURN read(SQLHSTMT statement, SQLUSMALLINT column, std::optional<QString>& 
 }
 
 SQLRETURN diagnose(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT record, SQLCHAR* state,
-                   SQLINTEGER& native, SQLCHAR* text, SQLSMALLINT room) {
-    return SQLGetDiagRec(handleType, handle, record, state, &native, text, room, nullptr);
+                   SQLINTEGER& native, SQLCHAR* text, SQLSMALLINT space) {
+    return SQLGetDiagRec(handleType, handle, record, state, &native, text, space, nullptr);
 }
 
 SQLRETURN diagnose(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLINT record, SQLWCHAR* state,
-                   SQLINTEGER& native, SQLWCHAR* text, SQLSMALLINT room) {
-    return SQLGetDiagRecW(handleType, handle, record, state, &native, text, room, nullptr);
+                   SQLINTEGER& native, SQLWCHAR* text, SQLSMALLINT space) {
+    return SQLGetDiagRecW(handleType, handle, record, state, &native, text, space, nullptr);
 }
 
-QString terminated(const SQLCHAR* text) {
+QString fromTerminated(const SQLCHAR* text) {
     return QString::fromUtf8(reinterpret_cast<const char*>(text));
 }
 
-QString terminated(const SQLWCHAR* text) {
+QString fromTerminated(const SQLWCHAR* text) {
     return QString(reinterpret_cast<const QChar*>(text));
 }
 
@@ -96,7 +96,7 @@ std::optional<Error> message(SQLSMALLINT handleType, SQLHANDLE handle, SQLSMALLI
     if (!SQL_SUCCEEDED(diagnose(handleType, handle, record, state.data(), native, text.data(),
                                 static_cast<SQLSMALLINT>(text.size()))))
         return {};
-    return Error{static_cast<double>(native), terminated(text.data()), terminated(state.data())};
+    return Error{static_cast<double>(native), fromTerminated(text.data()), fromTerminated(state.data())};
 }
 
 } // namespace
@@ -112,7 +112,7 @@ SQLRETURN connectText(SQLHDBC connection, const QString& dataSource, const QStri
 #ifndef Q_OS_WIN
     // This driver manager finds a data source by the bytes of its name, and cuts the characters of a wide one
     // to their low bytes.
-    if (std::any_of(dataSource.begin(), dataSource.end(), [](QChar one) { return one > u'~'; })) {
+    if (std::any_of(dataSource.begin(), dataSource.end(), [](QChar character) { return character > u'~'; })) {
         auto bytes = whole.toLocal8Bit();
         return SQLDriverConnect(connection, nullptr, reinterpret_cast<SQLCHAR*>(bytes.data()),
                                 static_cast<SQLSMALLINT>(bytes.size()), nullptr, 0, nullptr,
@@ -127,18 +127,18 @@ DriverText driverTextOf(SQLHDBC connection) {
     // An accented letter, one beyond Latin and one beyond 16 bits: only wide functions bring all three back.
     static constexpr QStringView probe = u"'\u00e9\u6e29\U0001F527'";
     // The driver manager may give a narrow driver a buffer of four bytes for each unit that goes in, whatever
-    // room it tells the driver: more room is written past its end, and too little for the text in UTF-8
-    // leaves that without an end.
-    constexpr auto room = 3 * probe.size() + 1;
-    static_assert(room <= 4 * probe.size());
-    std::array<SQLWCHAR, static_cast<std::size_t>(room)> back{};
+    // space it reports to the driver: with more the driver writes past its end, and too little for the text
+    // in UTF-8 leaves that without an end.
+    constexpr auto space = 3 * probe.size() + 1;
+    static_assert(space <= 4 * probe.size());
+    std::array<SQLWCHAR, static_cast<std::size_t>(space)> back{};
     const auto question = probe.toString();
     SQLINTEGER length = 0;
     if (!SQL_SUCCEEDED(SQLNativeSqlW(connection, wideText(question), static_cast<SQLINTEGER>(question.size()),
                                      back.data(), static_cast<SQLINTEGER>(back.size()), &length)))
         throw lastError(SQL_HANDLE_DBC, connection, DriverText::wide);
     back.back() = 0;
-    return terminated(back.data()) == probe ? DriverText::wide : DriverText::utf8;
+    return fromTerminated(back.data()) == probe ? DriverText::wide : DriverText::utf8;
 }
 
 SQLRETURN executeText(SQLHSTMT statement, const QString& sql, DriverText kind) {
@@ -157,12 +157,12 @@ SQLRETURN readText(SQLHSTMT statement, SQLUSMALLINT column, DriverText kind, std
 Error lastError(SQLSMALLINT handleType, SQLHANDLE handle, DriverText kind) {
     Error found{0, text(TextId::driverGaveNoReason), u"HY000"_s};
     for (SQLSMALLINT record = 1;; ++record) {
-        const auto one = kind == DriverText::wide ? message<SQLWCHAR>(handleType, handle, record)
-                                                  : message<SQLCHAR>(handleType, handle, record);
-        const bool remark = one && one->sqlState.startsWith("01"_L1);
-        if (one && (record == 1 || !remark))
-            found = *one;
-        if (!one || !remark)
+        const auto diagnostic = kind == DriverText::wide ? message<SQLWCHAR>(handleType, handle, record)
+                                                         : message<SQLCHAR>(handleType, handle, record);
+        const bool remark = diagnostic && diagnostic->sqlState.startsWith("01"_L1);
+        if (diagnostic && (record == 1 || !remark))
+            found = *diagnostic;
+        if (!diagnostic || !remark)
             return found;
     }
 }

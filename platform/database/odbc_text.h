@@ -12,13 +12,13 @@
 
 namespace kelvane {
 
-/// How texts go to a driver and come back.
+/// The encoding of texts to and from a driver.
 enum class DriverText {
     /// In UTF-16, by the wide functions.
     wide,
     /// In UTF-8, by the narrow functions: for a driver that has no wide ones. The driver manager's own
-    /// conversion
-    /// depends on the process's locale and cuts what it can't convert to its low byte, which may be a quote.
+    /// conversion depends on the process's locale and cuts what it can't convert to its low byte, which may
+    /// be a quote.
     utf8,
 };
 
@@ -34,8 +34,8 @@ SQLRETURN executeText(SQLHSTMT statement, const QString& sql, DriverText kind);
 /// Reads a column of the present row, counted from 1, whatever its length. `value` is nothing for a null.
 SQLRETURN readText(SQLHSTMT statement, SQLUSMALLINT column, DriverText kind, std::optional<QString>& value);
 
-/// What the last call on a handle complained of: the first message that is more than a remark, or a remark
-/// when there is nothing else.
+/// The error of the last call on a handle: the first message that is more than a remark, or a remark when
+/// there is nothing else.
 Error lastError(SQLSMALLINT handleType, SQLHANDLE handle, DriverText kind);
 
 /// A text as the wide functions take it. They don't write to it.

@@ -106,7 +106,7 @@ Sql sqlCondition(const QString& condition) {
     return {condition, !hasNul(condition) && staysInParentheses(condition)};
 }
 
-const QString& sendable(const Sql& statement) {
+const QString& requireIntact(const Sql& statement) {
     if (!statement.isIntact())
         throw syntaxError();
     return statement.text();

@@ -10,8 +10,8 @@ namespace kelvane {
 /// run time goes in through `sqlText`, `sqlName`, `sqlNumber` or `sqlCondition`, each of which has its place
 /// in the statement and must not leave it: a text that ends its own quotes, a name that is more than a name
 /// or a condition that closes its own parenthesis would make another statement of it. Such a statement is not
-/// sent (`isIntact`). So an intact one holds as many statements as its routine's own words have: one, one and
-/// "commit", or the batch that stands in the source.
+/// sent (`isIntact`). An intact one therefore holds as many statements as its routine's own words have: one,
+/// one and "commit", or the batch that stands in the source.
 class Sql {
   public:
     /// The program's own words.
@@ -67,6 +67,6 @@ Sql sqlNumber(const QString& number);
 Sql sqlCondition(const QString& condition);
 
 /// The text of a statement that may be sent; throws `syntaxError` when a value has left its place.
-const QString& sendable(const Sql& statement);
+const QString& requireIntact(const Sql& statement);
 
 } // namespace kelvane

@@ -36,7 +36,7 @@ class Tokenizer {
     }
 
   private:
-    QChar ahead(qsizetype distance) const {
+    QChar peek(qsizetype distance) const {
         return at_ + distance < text_.size() ? text_[at_ + distance] : QChar();
     }
 
@@ -54,9 +54,9 @@ class Tokenizer {
             takeQuoted(TokenKind::quotedName, character);
         else if (character == u'[')
             takeUpTo(u']');
-        else if (character == u'-' && ahead(1) == u'-')
+        else if (character == u'-' && peek(1) == u'-')
             lineComment();
-        else if (character == u'/' && ahead(1) == u'*')
+        else if (character == u'/' && peek(1) == u'*')
             blockComment();
         else
             append(TokenKind::symbol, at_ + 1);
@@ -143,10 +143,10 @@ QVarLengthArray<TokenSpan, 4> batchParts(const SqlTokens& sql) {
     return parts;
 }
 
-QString TextEdits::appliedTo(QStringView text) const {
+QString TextEdits::applyTo(QStringView text) const {
     auto edits = edits_;
     std::sort(edits.begin(), edits.end(),
-              [](const Edit& one, const Edit& other) { return one.piece.data() < other.piece.data(); });
+              [](const Edit& left, const Edit& right) { return left.piece.data() < right.piece.data(); });
     QString result;
     result.reserve(text.size() + 64);
     auto from = text.begin();

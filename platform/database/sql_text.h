@@ -40,7 +40,7 @@ using TokenSpan = std::span<const Token>;
 struct SqlTokens {
     QVarLengthArray<Token, 192> tokens;
     QVarLengthArray<QStringView, 2> comments;
-    /// False when a quote or a comment is never closed: nobody can tell what such a text means.
+    /// False when a quote or a comment is never closed: the meaning of such a text is unknown.
     bool complete = true;
 };
 
@@ -56,7 +56,7 @@ class TextEdits {
     void replace(QStringView piece, const QString& by) { edits_.append({piece, by}); }
     bool isEmpty() const { return edits_.isEmpty(); }
     /// `text` with all the pieces that lie in it replaced. Pieces must not overlap.
-    QString appliedTo(QStringView text) const;
+    QString applyTo(QStringView text) const;
 
   private:
     struct Edit {

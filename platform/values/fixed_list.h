@@ -8,7 +8,7 @@
 
 namespace kelvane {
 
-/// A list of fixed size with the index range First to Last. Using an index outside it is error 9, "Subscript
+/// A list of fixed size with the index range First to Last. Using an index beyond it is error 9, "Subscript
 /// out of range"; the list then keeps what it had. Entries that were never written are default values, so
 /// that a reader ends at the first empty entry.
 template <class T, int Last, int First = 0>
@@ -19,7 +19,7 @@ class FixedList {
 
     /// The entry to write to.
     T& operator[](int index) {
-        const auto place = checked(index);
+        const auto place = checkIndex(index);
         if (place >= entries_.size())
             entries_.resize(place + 1);
         return entries_[place];
@@ -27,14 +27,14 @@ class FixedList {
     /// The entry to read.
     const T& operator[](int index) const {
         static const T empty{};
-        const auto place = checked(index);
+        const auto place = checkIndex(index);
         return place < entries_.size() ? entries_[place] : empty;
     }
     /// Makes every entry empty.
     void erase() { entries_.clear(); }
 
   private:
-    static std::size_t checked(int index) {
+    static std::size_t checkIndex(int index) {
         if (index < First || index > Last)
             throw makeError(ErrorNumber::subscriptOutOfRange);
         return static_cast<std::size_t>(index - First);

@@ -103,7 +103,7 @@ int monthOf(QStringView name) {
 }
 
 /// "21 Nov 2026", "21-Nov-2026", "Nov 21, 2026", "November 21 2026"
-QDate namedDate(Pieces& pieces) {
+QDate dateWithMonthName(Pieces& pieces) {
     const auto leading = pieces.digits();
     if (!leading.isEmpty()) {
         const auto between = pieces.takeOneOf(u" -");
@@ -164,7 +164,7 @@ std::optional<Moment> momentOf(QStringView text, QStringView sessionDateFormat) 
     auto date = numericDate(pieces, sessionDateFormat);
     if (!date.isValid()) {
         pieces.rest = text;
-        date = namedDate(pieces);
+        date = dateWithMonthName(pieces);
     }
     if (!date.isValid())
         return {};
@@ -185,7 +185,7 @@ Moment requireMoment(QStringView text, QStringView sessionDateFormat) {
     return *moment;
 }
 
-Moment dated(const Moment& moment) {
+Moment requireDatePart(const Moment& moment) {
     if (!moment.date.isValid())
         throw makeError(ErrorNumber::typeMismatch);
     return moment;

@@ -21,7 +21,7 @@ constexpr qint64 secondsOfDay = 24 * secondsOfHour;
 constexpr QStringView dayNames[] = {u"Monday", u"Tuesday",  u"Wednesday", u"Thursday",
                                     u"Friday", u"Saturday", u"Sunday"};
 
-QString padded(int value, int digits) {
+QString pad(int value, int digits) {
     return QString::number(value).rightJustified(digits, u'0');
 }
 
@@ -31,12 +31,12 @@ struct FormatCode {
 };
 
 constexpr FormatCode formatCodes[] = {
-    {u"YYYY", [](const QDate& date, const QTime&) { return padded(date.year(), 4); }},
-    {u"MM", [](const QDate& date, const QTime&) { return padded(date.month(), 2); }},
-    {u"DD", [](const QDate& date, const QTime&) { return padded(date.day(), 2); }},
-    {u"HH", [](const QDate&, const QTime& time) { return padded(time.hour(), 2); }},
-    {u"NN", [](const QDate&, const QTime& time) { return padded(time.minute(), 2); }},
-    {u"SS", [](const QDate&, const QTime& time) { return padded(time.second(), 2); }},
+    {u"YYYY", [](const QDate& date, const QTime&) { return pad(date.year(), 4); }},
+    {u"MM", [](const QDate& date, const QTime&) { return pad(date.month(), 2); }},
+    {u"DD", [](const QDate& date, const QTime&) { return pad(date.day(), 2); }},
+    {u"HH", [](const QDate&, const QTime& time) { return pad(time.hour(), 2); }},
+    {u"NN", [](const QDate&, const QTime& time) { return pad(time.minute(), 2); }},
+    {u"SS", [](const QDate&, const QTime& time) { return pad(time.second(), 2); }},
     {u"dddd", [](const QDate& date, const QTime&) { return dayNames[date.dayOfWeek() - 1].toString(); }},
 };
 
@@ -52,8 +52,9 @@ QString formatMoment(const Moment& moment, QStringView format) {
     const auto time = orMidnight(moment.time);
     QString result;
     while (!format.isEmpty()) {
-        const auto* found = std::find_if(std::begin(formatCodes), std::end(formatCodes),
-                                         [&](const FormatCode& one) { return format.startsWith(one.code); });
+        const auto* found =
+            std::find_if(std::begin(formatCodes), std::end(formatCodes),
+                         [&](const FormatCode& candidate) { return format.startsWith(candidate.code); });
         if (found == std::end(formatCodes)) {
             result += format.front();
             format = format.mid(1);
@@ -91,11 +92,11 @@ constexpr Interval intervals[] = {
     {"s"_L1, 0, 1},
 };
 
-qint64 floored(qint64 value, qint64 by) {
+qint64 floorTo(qint64 value, qint64 by) {
     return value / by - (value % by < 0 ? 1 : 0);
 }
 
-/// Nothing valid when the result lies outside the calendar.
+/// Invalid when the result lies beyond the calendar.
 QDate addMonths(const QDate& date, qint64 count) {
     const qint64 months = qint64{date.year()} * 12 + date.month() - 1 + count;
     if (months < firstYear * 12 || months >= (lastYear + 1) * 12)
@@ -108,9 +109,10 @@ QDate addMonths(const QDate& date, qint64 count) {
 } // namespace
 
 Moment addInterval(const QString& unit, double count, const Moment& moment) {
-    const auto* interval = std::find_if(std::begin(intervals), std::end(intervals), [&](const Interval& one) {
-        return unit.compare(one.code, Qt::CaseInsensitive) == 0;
-    });
+    const auto* interval =
+        std::find_if(std::begin(intervals), std::end(intervals), [&](const Interval& candidate) {
+            return unit.compare(candidate.code, Qt::CaseInsensitive) == 0;
+        });
     if (interval == std::end(intervals) || !moment.date.isValid())
         throw makeError(ErrorNumber::invalidArgument);
     const auto whole = std::trunc(count);
@@ -121,7 +123,7 @@ Moment addInterval(const QString& unit, double count, const Moment& moment) {
 
     const auto time = orMidnight(moment.time);
     const auto seconds = time.msecsSinceStartOfDay() / 1000 + steps * interval->seconds;
-    const auto days = floored(seconds, secondsOfDay);
+    const auto days = floorTo(seconds, secondsOfDay);
     const auto date = addMonths(moment.date, steps * interval->months).addDays(days);
     if (!date.isValid() || date.year() < firstYear || date.year() > lastYear)
         throw makeError(ErrorNumber::overflow);

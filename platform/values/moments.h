@@ -32,9 +32,9 @@ std::optional<Moment> momentOf(QStringView text, QStringView sessionDateFormat);
 Moment requireMoment(QStringView text, QStringView sessionDateFormat);
 
 /// `moment`, when it has a date; error 13 for a time alone and for an empty moment.
-Moment dated(const Moment& moment);
+Moment requireDatePart(const Moment& moment);
 
-/// The year that one of two digits means: 2000 to 2029, 1930 to 1999.
+/// The full year of a two-digit one: 2000 to 2029, 1930 to 1999.
 int fullYear(int twoDigits);
 
 /// The short date form of the workstation: `sessionDateFormat`, or "MM/DD/YYYY" when that is empty, so that
@@ -43,8 +43,8 @@ QString shortDate(const QDate& date, QStringView sessionDateFormat);
 
 /// `moment` plus `count` (cut to a whole number) units: "yyyy", "q", "m", "y"/"d"/"w" days, "ww", "h", "n",
 /// "s", in any case. Years, quarters and months keep the day of the month or take the last day of a shorter
-/// one. Any other unit and a moment without a date are error 5; a result outside the calendar and a count
-/// that no date can take are error 6.
+/// one. Any other unit and a moment without a date are error 5; a result beyond the calendar and a count that
+/// no date can take are error 6.
 Moment addInterval(const QString& unit, double count, const Moment& moment);
 
 /// Whole minutes from `from` to `to`, seconds left out on both sides (the change of the minute counts).

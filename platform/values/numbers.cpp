@@ -26,7 +26,7 @@ void append(Collected& number, QChar c) {
     number.append(static_cast<char>(c.unicode()));
 }
 
-/// Of a number outside the range of a double: true when it lies above it, false when it is too close to 0.
+/// Of a number beyond the range of a double: true when it lies above it, false when it is too close to 0.
 bool isTooLarge(const Collected& number) {
     const auto end = number.cend();
     const auto exponent = std::find(number.cbegin(), end, 'e');
@@ -159,10 +159,10 @@ void round(Decimal& decimal, int decimals) {
     decimal.scale = decimals;
 }
 
-/// Room for a sign, the digits of the largest double, a point and the decimals.
+/// Space for a sign, the digits of the largest double, a point and the decimals.
 constexpr int maxCharacters = std::numeric_limits<double>::max_exponent10 + 3 + significantDigits;
 
-/// Writes without an exponent, `decimals` digits behind the point, with room for `spare` more characters.
+/// Writes without an exponent, `decimals` digits behind the point, with space for `spare` more characters.
 QString writeFixed(const Decimal& decimal, int decimals, qsizetype spare = 0) {
     std::array<char16_t, maxCharacters> characters;
     auto* const end = characters.data() + characters.size();
@@ -204,7 +204,7 @@ QString writeScientific(const Decimal& decimal) {
     return QString::fromLatin1(text.data(), out - text.data());
 }
 
-QString notFinite(double value) {
+QString nonFiniteText(double value) {
     return std::isnan(value) ? QStringLiteral("nan")
            : value < 0       ? QStringLiteral("-inf")
                              : QStringLiteral("inf");
@@ -213,7 +213,7 @@ QString notFinite(double value) {
 template <class Float>
 QString plainTextOf(Float value) {
     if (!std::isfinite(value))
-        return notFinite(static_cast<double>(value));
+        return nonFiniteText(static_cast<double>(value));
     const auto decimal = digitsOf(value);
     const auto size = std::abs(static_cast<double>(value));
     if (size != 0 && (size < 1E-15 || size >= 1E15))
@@ -222,8 +222,8 @@ QString plainTextOf(Float value) {
 }
 
 template <class Whole>
-Whole roundedTo(double value) {
-    const auto rounded = roundedHalfEven(value);
+Whole roundTo(double value) {
+    const auto rounded = roundHalfEven(value);
     if (!(rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
           rounded <= static_cast<double>(std::numeric_limits<Whole>::max())))
         throw makeError(ErrorNumber::overflow);
@@ -351,21 +351,21 @@ QString plainText(int value) {
 QString fixedDecimals(double value, int decimals, qsizetype spare) {
     Q_ASSERT(decimals <= significantDigits);
     if (!std::isfinite(value))
-        return notFinite(value);
+        return nonFiniteText(value);
     auto decimal = fifteenDigits(value);
     round(decimal, decimals);
     return writeFixed(decimal, decimals, spare);
 }
 
-qint16 roundedToShort(double value) {
-    return roundedTo<qint16>(value);
+qint16 roundToShort(double value) {
+    return roundTo<qint16>(value);
 }
 
-qint32 roundedToLong(double value) {
-    return roundedTo<qint32>(value);
+qint32 roundToLong(double value) {
+    return roundTo<qint32>(value);
 }
 
-double roundedHalfEven(double value) {
+double roundHalfEven(double value) {
     return std::nearbyint(value);
 }
 
@@ -376,7 +376,7 @@ float toReal(double value) {
     return real;
 }
 
-double viaText(float value) {
+double widenThroughText(float value) {
     if (!std::isfinite(value))
         return static_cast<double>(value);
     std::array<char, 32> text;

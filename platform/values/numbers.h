@@ -30,17 +30,17 @@ QString plainText(int value);
 /// zero result. The text can grow by `spare` characters where it is.
 QString fixedDecimals(double value, int decimals, qsizetype spare = 0);
 
-/// The nearest whole number, halves to the even neighbour. Error 6 outside the type.
-qint16 roundedToShort(double value);
-qint32 roundedToLong(double value);
+/// The nearest whole number, halves to the even neighbour. Error 6 beyond the type.
+qint16 roundToShort(double value);
+qint32 roundToLong(double value);
 
 /// `value` rounded to the nearest whole number, halves to the even neighbour, as a double.
-double roundedHalfEven(double value);
+double roundHalfEven(double value);
 
 /// `value` stored into a 32-bit float. Error 6 when a finite value is too large for it.
 float toReal(double value);
 
 /// The 64-bit value of the plain text of a 32-bit number: 0.1F gives exactly the double nearest to 0.1.
-double viaText(float value);
+double widenThroughText(float value);
 
 } // namespace kelvane

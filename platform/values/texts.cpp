@@ -53,7 +53,7 @@ char32_t simpleLower(char32_t character) {
 }
 
 template <class Mapping>
-QString mapped(QStringView text, Mapping mapping) {
+QString mapCharacters(QStringView text, Mapping mapping) {
     QString result;
     result.reserve(text.size());
     for (const char32_t character : text.toUcs4())
@@ -63,12 +63,12 @@ QString mapped(QStringView text, Mapping mapping) {
 
 } // namespace
 
-QString upperCased(QStringView text) {
-    return mapped(text, [](char32_t character) { return simpleUpper(character); });
+QString toUpperCase(QStringView text) {
+    return mapCharacters(text, [](char32_t character) { return simpleUpper(character); });
 }
 
-QString lowerCased(QStringView text) {
-    return mapped(text, [](char32_t character) { return simpleLower(character); });
+QString toLowerCase(QStringView text) {
+    return mapCharacters(text, [](char32_t character) { return simpleLower(character); });
 }
 
 QString trimBlanks(QStringView text) {

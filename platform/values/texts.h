@@ -6,8 +6,8 @@
 namespace kelvane {
 
 /// Unicode simple case mapping, character by character, so that positions stay ("ß" has no simple capital).
-QString upperCased(QStringView text);
-QString lowerCased(QStringView text);
+QString toUpperCase(QStringView text);
+QString toLowerCase(QStringView text);
 
 /// Blanks (and only blanks) cut at both ends.
 QString trimBlanks(QStringView text);

@@ -14,7 +14,7 @@ void CallRecord::open(const QString& path) {
         throw Failure(u"The record %1 can't be written: %2"_s.arg(path, file_.errorString()));
 }
 
-QString CallRecord::shown(const char* text) {
+QString CallRecord::displayText(const char* text) {
     const std::optional<QString> given = textIn(text);
     if (!given)
         return u"null"_s;
@@ -23,11 +23,11 @@ QString CallRecord::shown(const char* text) {
     return u'"' + line + u'"';
 }
 
-QString CallRecord::shown(float number) {
+QString CallRecord::displayText(float number) {
     return digitsOf(number);
 }
 
-QString CallRecord::shown(const std::vector<float>& numbers) {
+QString CallRecord::displayText(const std::vector<float>& numbers) {
     QStringList words;
     for (const float number : numbers)
         words += digitsOf(number);

@@ -8,8 +8,8 @@
 
 namespace kelvane::simulators {
 
-/// The calls that the library heard, as lines of text: `DPCopen(9600, "COM1", 1000, 5) = 0`, each with what
-/// went in and its status. Without a path it keeps nothing.
+/// The calls that the library received, as lines of text: `DPCopen(9600, "COM1", 1000, 5) = 0`, each with
+/// what went in and its status. Without a path it keeps nothing.
 class CallRecord {
   public:
     /// Throws `Failure` when the file can't be appended to.
@@ -18,14 +18,14 @@ class CallRecord {
     template <class... Values>
     void add(const char* operation, qint16 status, const Values&... values) {
         if (file_.isOpen())
-            write(operation, QStringList{shown(values)...}, status);
+            write(operation, QStringList{displayText(values)...}, status);
     }
 
   private:
-    static QString shown(const char* text);
-    static QString shown(float number);
-    static QString shown(qint32 number) { return QString::number(number); }
-    static QString shown(const std::vector<float>& numbers);
+    static QString displayText(const char* text);
+    static QString displayText(float number);
+    static QString displayText(qint32 number) { return QString::number(number); }
+    static QString displayText(const std::vector<float>& numbers);
 
     void write(const char* operation, const QStringList& values, qint16 status);
 

@@ -6,7 +6,8 @@
 
 namespace kelvane::simulators {
 
-/// Something outside the simulator that it can't go on without; the text is for the person who started it.
+/// A failure of the environment that the simulator can't continue after; the text is for the user who started
+/// it.
 class Failure : public std::runtime_error {
   public:
     explicit Failure(const QString& text) : std::runtime_error(text.toStdString()) {}

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::simulators {
 
-void complain(const QString& where, const QString& what) {
+void throwInvalid(const QString& where, const QString& what) {
     throw Failure(where + u": "_s + what);
 }
 
@@ -29,8 +29,8 @@ Place wholeFrom(const QByteArray& text, const QString& format) {
 QJsonValue valueOf(const Place& place, const QString& key, QJsonValue::Type type) {
     QJsonValue value = place.object[key];
     if (value.type() != type)
-        complain(place.words, value.isUndefined() ? u"\"%1\" is missing"_s.arg(key)
-                                                  : u"\"%1\" is of the wrong kind"_s.arg(key));
+        throwInvalid(place.words, value.isUndefined() ? u"\"%1\" is missing"_s.arg(key)
+                                                      : u"\"%1\" is of the wrong kind"_s.arg(key));
     return value;
 }
 
@@ -41,9 +41,9 @@ QString textAt(const Place& place, const QString& key) {
 qint32 numberFrom(const QJsonValue& value, double factor, qint32 low, qint32 high, const QString& where) {
     const double number = std::round(value.toDouble() * factor);
     if (!value.isDouble() || !(number >= low && number <= high))
-        complain(where, u"not a number that the calibrator can keep"_s);
+        throwInvalid(where, u"not a number that the calibrator can keep"_s);
     if (factor == 1.0 && number != value.toDouble())
-        complain(where, u"not a whole number"_s);
+        throwInvalid(where, u"not a whole number"_s);
     return static_cast<qint32>(number);
 }
 
@@ -52,7 +52,7 @@ std::vector<Place> objectsAt(const Place& place, const QString& key) {
     for (const QJsonValue entry : valueOf(place, key, QJsonValue::Array).toArray()) {
         const QString words = u"%1, entry %2 of \"%3\""_s.arg(place.words).arg(places.size() + 1).arg(key);
         if (!entry.isObject())
-            complain(words, u"of the wrong kind"_s);
+            throwInvalid(words, u"of the wrong kind"_s);
         places.push_back({entry.toObject(), words});
     }
     return places;
@@ -61,7 +61,7 @@ std::vector<Place> objectsAt(const Place& place, const QString& key) {
 void refuseOtherKeys(const Place& place, const QStringList& known) {
     for (const QString& key : place.object.keys())
         if (!known.contains(key))
-            complain(place.words, u"\"%1\" is unknown"_s.arg(key));
+            throwInvalid(place.words, u"\"%1\" is unknown"_s.arg(key));
 }
 
 } // namespace kelvane::simulators

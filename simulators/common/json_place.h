@@ -9,14 +9,14 @@
 
 namespace kelvane::simulators {
 
-/// An object of a memory file with the words that tell where it stands, so that a complaint names the place.
-/// Whatever is not as it should be throws `Failure`.
+/// An object of a memory file with its path in the file, so that an error names the place. Whatever is not as
+/// it should be throws `Failure`.
 struct Place {
     QJsonObject object;
     QString words;
 };
 
-[[noreturn]] void complain(const QString& where, const QString& what);
+[[noreturn]] void throwInvalid(const QString& where, const QString& what);
 
 /// The whole file, which bears its `format` as a mark.
 Place wholeFrom(const QByteArray& text, const QString& format);

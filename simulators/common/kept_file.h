@@ -16,16 +16,16 @@ class KeptFile {
     explicit KeptFile(QString path);
 
     const QString& path() const { return path_; }
-    /// Runs `work` while nobody else reads or writes the file; the others below are for its use.
+    /// Runs `work` under the lock of the file; the others below are for its use.
     void hold(const std::function<void()>& work) const;
     /// Whether the file is another one than it was at the last `read` or `replace`.
-    bool changed() const;
+    bool hasChanged() const;
     /// What it holds; nothing when there is no file.
     std::optional<QByteArray> read();
     void replace(const QByteArray& content);
 
   private:
-    /// Device, inode, size and moment: what tells one version of the file from another.
+    /// Device, inode, size and moment: what distinguishes one version of the file from another.
     using Version = std::tuple<quint64, quint64, qint64, qint64, qint64>;
 
     Version version() const;

@@ -65,7 +65,7 @@ KeptFile::Version KeptFile::version() const {
     return {state.st_dev, state.st_ino, state.st_size, state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
 }
 
-bool KeptFile::changed() const {
+bool KeptFile::hasChanged() const {
     return known_ != version();
 }
 

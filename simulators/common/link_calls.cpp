@@ -14,7 +14,7 @@ Environment environmentOf(const QByteArray& prefix, const QString& memory) {
             .record = variable("_RECORD")};
 }
 
-void LinkCalls::surround(const Environment& environment) {
+void LinkCalls::setEnvironment(const Environment& environment) {
     if (environment == environment_)
         return;
     environment_ = environment;

@@ -12,7 +12,7 @@ namespace kelvane::simulators {
 struct Environment {
     QString memory = {}; ///< the file of the calibrator's memory
     QString faults = {}; ///< see `CallFaults`
-    QString record = {}; ///< the file of the heard calls; empty: none
+    QString record = {}; ///< the file of the received calls; empty: none
 
     bool operator==(const Environment&) const = default;
 };
@@ -30,9 +30,9 @@ class LinkCalls {
     using Status = qint16;
 
     /// Another environment from now on: the file with the next opening of the link, faults and record at
-    /// once; the faults begin anew. What can't be understood is told on standard error, and no link can be
-    /// opened.
-    void surround(const Environment& environment);
+    /// once; the faults begin anew. What can't be understood is reported on standard error, and no link can
+    /// be opened.
+    void setEnvironment(const Environment& environment);
 
   protected:
     /// `library` and `operations` are the names of the library and of its operations, `outOfStep` is the

@@ -15,11 +15,11 @@ class MemoryFileOf {
   public:
     explicit MemoryFileOf(const QString& path) : file_(path) {}
 
-    /// Runs `work` on the memory while nobody else reads or writes it. The file is read again when somebody
-    /// else has changed it since, and written as a whole, in one step, when `work` returns true.
+    /// Runs `work` on the memory under its lock. The file is read again when another process else has changed
+    /// it since, and written as a whole, in one step, when `work` returns true.
     void use(const std::function<bool(Memory&)>& work) {
         file_.hold([&] {
-            if (file_.changed() || !good_)
+            if (file_.hasChanged() || !good_)
                 read();
             if (work(memory_))
                 file_.replace(textOf(memory_));

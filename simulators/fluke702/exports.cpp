@@ -3,8 +3,8 @@
 #include <cstdint>
 
 // The link library as a workstation loads it: plain C functions over one image, which lives as long as the
-// process. The environment is looked at with each call, so that a program may change its calibrator's
-// environment while it runs.
+// process. The environment is read with each call, so that a program may change its calibrator's environment
+// while it runs.
 
 namespace {
 
@@ -12,7 +12,8 @@ using kelvane::simulators::fluke702::Library;
 
 Library& library() {
     static Library only;
-    only.surround(kelvane::simulators::environmentOf("KELVANE_FLUKE702", QStringLiteral("fluke702.json")));
+    only.setEnvironment(
+        kelvane::simulators::environmentOf("KELVANE_FLUKE702", QStringLiteral("fluke702.json")));
     return only;
 }
 

@@ -9,7 +9,7 @@ namespace kelvane::simulators::fluke702 {
 
 namespace {
 
-float kept(double value, const QString& tag) {
+float requireFloat(double value, const QString& tag) {
     if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
         throw Failure(u"%1: %2 is more than the calibrator can keep"_s.arg(tag).arg(value));
     return static_cast<float>(value);
@@ -26,16 +26,17 @@ void checkLength(const QString& text, qsizetype longest, const QString& what) {
             QString::number(longest), what, text));
 }
 
-std::vector<Entry> entriesOf(const Errand& errand, const Strategy& strategy, const State& state) {
+std::vector<Entry> entriesOf(const Job& job, const Strategy& strategy, const State& state) {
     const std::size_t points = strategy.points.size();
-    const std::vector<double> deviations = deviationsFor(points, errand.deviations);
-    const std::vector<double> shown = errand.shown.empty() ? deviations : deviationsFor(points, errand.shown);
+    const std::vector<double> deviations = deviationsFor(points, job.deviations);
+    const std::vector<double> shown = job.shown.empty() ? deviations : deviationsFor(points, job.shown);
     std::vector<Entry> entries;
     for (std::size_t point = 0; point < points; ++point) {
         const double fraction = static_cast<double>(strategy.points[point]);
         const double reading = onScale(state.measured, fraction + deviations[point] / 100);
-        entries.push_back({kept(reading, errand.tag), kept(onScale(state.source, fraction), errand.tag),
-                           kept(shown[point] / 100, errand.tag)});
+        entries.push_back({requireFloat(reading, job.tag),
+                           requireFloat(onScale(state.source, fraction), job.tag),
+                           requireFloat(shown[point] / 100, job.tag)});
     }
     return entries;
 }
@@ -51,42 +52,42 @@ void setMoment(Run& run, const QDateTime& moment) {
     run.second = static_cast<qint16>(time.second());
 }
 
-Run runOf(const Errand& errand, const Task& task, const Memory& memory) {
-    checkLength(errand.technician, longestTechnician, u"technician's name"_s);
-    checkLength(errand.module, longestModule, u"pressure module's serial number"_s);
+Run runOf(const Job& job, const Task& task, const Memory& memory) {
+    checkLength(job.technician, longestTechnician, u"technician's name"_s);
+    checkLength(job.module, longestModule, u"pressure module's serial number"_s);
     Run run;
-    run.kind = errand.kind;
+    run.kind = job.kind;
     run.tag = task.instrument;
     run.serial = task.serial;
-    run.technician = errand.technician.isEmpty() ? memory.identity.serial : errand.technician;
-    run.module = errand.module;
+    run.technician = job.technician.isEmpty() ? memory.identity.serial : job.technician;
+    run.module = job.module;
     run.state = task.state;
     const Contents& contents = memory.contents;
     run.entries =
-        entriesOf(errand, *byId(contents.strategies, task.strategy), *byId(contents.states, task.state));
+        entriesOf(job, *byId(contents.strategies, task.strategy), *byId(contents.states, task.state));
     return run;
 }
 
 } // namespace
 
-QStringList carryOut(Memory& memory, const std::vector<Errand>& errands, const FieldWork& work) {
+QStringList carryOut(Memory& memory, const std::vector<Job>& jobs, const FieldWork& work) {
     std::vector<Run> runs;
     QStringList lines;
     QDateTime next = work.now;
-    for (const Errand& errand : errands) {
+    for (const Job& job : jobs) {
         const std::size_t before = runs.size();
         for (const Task& task : memory.contents.tasks) {
-            if (task.tag != errand.tag)
+            if (task.tag != job.tag)
                 continue;
-            const QDateTime moment = runs.size() == before ? errand.moment.value_or(next) : next;
-            runs.push_back(runOf(errand, task, memory));
+            const QDateTime moment = runs.size() == before ? job.moment.value_or(next) : next;
+            runs.push_back(runOf(job, task, memory));
             setMoment(runs.back(), moment);
             next = moment.addSecs(work.seconds);
-            lines += u"%1: %2, %3 points taken"_s.arg(errand.tag, wordOf(errand.kind))
-                         .arg(runs.back().entries.size());
+            lines +=
+                u"%1: %2, %3 points taken"_s.arg(job.tag, wordOf(job.kind)).arg(runs.back().entries.size());
         }
         if (runs.size() == before)
-            throw Failure(u"The calibrator holds no task \"%1\"."_s.arg(errand.tag));
+            throw Failure(u"The calibrator holds no task \"%1\"."_s.arg(job.tag));
     }
     memory.contents.runs.insert(memory.contents.runs.end(), runs.begin(), runs.end());
     return lines;

@@ -9,7 +9,7 @@ namespace kelvane::simulators::fluke702 {
 
 namespace {
 
-// Test points are fractions of the range; some lie outside it.
+// Test points are fractions of the range; some lie beyond it.
 constexpr float lowestPoint = -1;
 constexpr float highestPoint = 2;
 
@@ -105,7 +105,7 @@ void Image::newState() {
 }
 
 Code Image::saveState(qint32& id) {
-    const Code code = checkTogether(state_);
+    const Code code = checkCombination(state_);
     if (code != Done)
         return code;
     contents_.states.push_back(state_);
@@ -118,7 +118,7 @@ const Run* Image::run(qint32 record) const {
     return isThere ? byId(contents_.runs, record + 1) : nullptr;
 }
 
-Code Image::takeStateOf(qint32 record) {
+Code Image::selectStateOf(qint32 record) {
     const Run* const stored = run(record);
     if (stored == nullptr)
         return UnknownId;

@@ -25,7 +25,7 @@ class Image {
     Code placeTemplate(qint32 strategy, qint16 byHand, const QString& tag, const QString& serial,
                        qint32 state);
     Code endTask();
-    bool taskStarted() const { return started_.has_value(); }
+    bool isTaskStarted() const { return started_.has_value(); }
 
     /// The current setup state.
     State& state() { return state_; }
@@ -34,7 +34,7 @@ class Image {
     void newState();
     Code saveState(qint32& id);
     /// Makes the state of a stored run the current one.
-    Code takeStateOf(qint32 record);
+    Code selectStateOf(qint32 record);
 
     /// The run at a place that counts from 0; null when there is none.
     const Run* run(qint32 record) const;

@@ -32,7 +32,7 @@ std::vector<float> pointsIn(qint16 count, const float* points) {
 } // namespace
 
 Library::Library(const Environment& environment) : LinkCalls("dpclnk", operationNames(), OutOfStep) {
-    surround(environment);
+    setEnvironment(environment);
 }
 
 // ---- the link
@@ -125,7 +125,7 @@ Library::Status Library::MEMpromptDefn(const char* key, const char* prompt) {
         "MEMpromptDefn",
         [&] {
             return withTexts(
-                [&](const QString& one, const QString& other) { return image_.definePrompt(one, other); },
+                [&](const QString& name, const QString& text) { return image_.definePrompt(name, text); },
                 key, prompt);
         },
         key, prompt);
@@ -302,9 +302,9 @@ Library::Status Library::MEMasflInfo(qint32 record, qint32* found, qint32* left,
             *left = -1;
             *runs = 0;
             qint32 place = 0;
-            for (const Run& one : image_.contents().runs) {
-                if (one.tag == run->tag && one.serial == run->serial) {
-                    (one.kind == AsFound ? *found : *left) = place;
+            for (const Run& other : image_.contents().runs) {
+                if (other.tag == run->tag && other.serial == run->serial) {
+                    (other.kind == AsFound ? *found : *left) = place;
                     ++*runs;
                 }
                 ++place;
@@ -316,7 +316,7 @@ Library::Status Library::MEMasflInfo(qint32 record, qint32* found, qint32* left,
 
 Library::Status Library::MEMbaseState(qint32 record) {
     return call(
-        "MEMbaseState", [&] { return image_.takeStateOf(record); }, record);
+        "MEMbaseState", [&] { return image_.selectStateOf(record); }, record);
 }
 
 Library::Status Library::MEMtagidInfo(qint32 record, char* tag, char* serial, char* technician) {

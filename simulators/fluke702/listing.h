@@ -6,7 +6,7 @@
 
 namespace kelvane::simulators::fluke702 {
 
-/// What the calibrator holds, for a person to read: each task with the prompts that it shows, and its runs.
+/// What the calibrator holds, for a user to read: each task with the prompts that it shows, and its runs.
 QStringList listing(const Memory& memory);
 
 } // namespace kelvane::simulators::fluke702

@@ -115,7 +115,7 @@ QJsonObject jsonOf(const Task& task) {
             {u"serial"_s, task.serial}};
 }
 
-QString padded(qint16 number, int width) {
+QString pad(qint16 number, int width) {
     return QString::number(number).rightJustified(width, u'0');
 }
 
@@ -124,8 +124,8 @@ QJsonObject jsonOf(const Run& run) {
     for (const Entry& entry : run.entries)
         entries += numbersOf({entry.applied, entry.reading, entry.error});
     return {{u"kind"_s, run.kind},
-            {u"date"_s, padded(run.year, 4) + u'-' + padded(run.month, 2) + u'-' + padded(run.day, 2)},
-            {u"time"_s, padded(run.hour, 2) + u':' + padded(run.minute, 2) + u':' + padded(run.second, 2)},
+            {u"date"_s, pad(run.year, 4) + u'-' + pad(run.month, 2) + u'-' + pad(run.day, 2)},
+            {u"time"_s, pad(run.hour, 2) + u':' + pad(run.minute, 2) + u':' + pad(run.second, 2)},
             {u"tag"_s, run.tag},
             {u"serial"_s, run.serial},
             {u"technician"_s, run.technician},
@@ -154,7 +154,7 @@ QJsonArray objectsOf(const std::vector<Kept>& list) {
 QString shortTextAt(const Place& place, const QString& key, qsizetype longest) {
     QString text = textAt(place, key);
     if (text.size() > longest)
-        complain(place.words, u"\"%1\" has more than %2 characters"_s.arg(key).arg(longest));
+        throwInvalid(place.words, u"\"%1\" has more than %2 characters"_s.arg(key).arg(longest));
     return text;
 }
 
@@ -169,7 +169,7 @@ bool flagAt(const Place& place, const QString& key) {
 float floatFrom(const QJsonValue& value, const QString& where) {
     const double number = value.toDouble();
     if (!value.isDouble() || std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
-        complain(where, u"not a number that the calibrator can keep"_s);
+        throwInvalid(where, u"not a number that the calibrator can keep"_s);
     return static_cast<float>(number);
 }
 
@@ -202,7 +202,7 @@ Strategy strategyFrom(const Place& place) {
     refuseOtherKeys(place, {u"name"_s, u"points"_s});
     Strategy strategy{shortTextAt(place, u"name"_s, longestStrategyName), floatsAt(place, u"points"_s)};
     if (strategy.points.empty() || strategy.points.size() > mostPoints)
-        complain(place.words, u"a strategy has 1 to %1 points"_s.arg(mostPoints));
+        throwInvalid(place.words, u"a strategy has 1 to %1 points"_s.arg(mostPoints));
     return strategy;
 }
 
@@ -238,7 +238,7 @@ std::vector<QString> keysAt(const Place& place, const QString& key, const QSet<Q
     std::vector<QString> keys;
     for (const QJsonValue value : valueOf(place, key, QJsonValue::Array).toArray()) {
         if (!value.isString() || !prompts.contains(value.toString()))
-            complain(place.words, u"\"%1\" names a prompt that is not there"_s.arg(key));
+            throwInvalid(place.words, u"\"%1\" names a prompt that is not there"_s.arg(key));
         keys.push_back(value.toString());
     }
     return keys;
@@ -266,7 +266,7 @@ void readMoment(Run& run, const Place& place) {
     run.day = parts.captured(3).toShort();
     const bool notSet = run.year == 0 && run.month == 0 && run.day == 0;
     if (!parts.hasMatch() || !time.isValid() || !(notSet || QDate::isValid(run.year, run.month, run.day)))
-        complain(place.words, u"not a date and time (\"2026-11-21\", \"09:30:00\")"_s);
+        throwInvalid(place.words, u"not a date and time (\"2026-11-21\", \"09:30:00\")"_s);
     run.hour = static_cast<qint16>(time.hour());
     run.minute = static_cast<qint16>(time.minute());
     run.second = static_cast<qint16>(time.second());
@@ -288,12 +288,12 @@ Run runFrom(const Place& place, const Contents& contents) {
     for (const QJsonValue value : valueOf(place, entries, QJsonValue::Array).toArray()) {
         const QJsonArray entry = value.toArray();
         if (entry.size() != 3)
-            complain(where, u"an entry has three numbers"_s);
+            throwInvalid(where, u"an entry has three numbers"_s);
         run.entries.push_back(
             {resultFrom(entry[1], where), resultFrom(entry[0], where), resultFrom(entry[2], where)});
     }
     if (run.entries.size() > static_cast<std::size_t>(std::numeric_limits<qint16>::max()))
-        complain(where, u"more entries than the calibrator can keep"_s);
+        throwInvalid(where, u"more entries than the calibrator can keep"_s);
     return run;
 }
 
@@ -336,7 +336,7 @@ Memory memoryFrom(const QByteArray& text) {
         contents.prompts.push_back(promptFrom(place));
         const QString& key = contents.prompts.back().key;
         if (keys.contains(key))
-            complain(place.words, u"the key \"%1\" stands twice"_s.arg(key));
+            throwInvalid(place.words, u"the key \"%1\" stands twice"_s.arg(key));
         keys += key;
     }
     for (const Place& place : objectsAt(whole, u"states"_s))

@@ -71,7 +71,7 @@ struct Task {
     std::vector<QString> after;
     qint32 strategy = 0;
     qint32 state = 0;
-    bool byHand = false; ///< the output is read by a person
+    bool byHand = false; ///< the output is read by the user
     QString instrument;  ///< the tag that its results bear
     QString serial;
 

@@ -8,7 +8,7 @@ namespace kelvane::simulators::fluke702 {
 
 namespace {
 
-Errand errandOf(const QString& line) {
+Job jobOf(const QString& line) {
     const QStringList parts = line.split(u';');
     if (parts.size() > 7)
         throw Failure(u"a line is TAG; ROUND; DEVIATIONS; TECHNICIAN; PRESSURE MODULE; DATE TIME; SHOWN, all "
@@ -17,18 +17,18 @@ Errand errandOf(const QString& line) {
     const auto numbers = [&](qsizetype place, const QString& what) {
         return part(place).isEmpty() ? std::vector<double>{} : numbersOf(part(place), what);
     };
-    Errand errand;
-    errand.tag = part(0).left(longestTag);
-    if (errand.tag.isEmpty())
+    Job job;
+    job.tag = part(0).left(longestTag);
+    if (job.tag.isEmpty())
         throw Failure(u"the tag is missing"_s);
-    errand.kind = kindOf(part(1));
-    errand.deviations = numbers(2, u"deviations"_s);
-    errand.technician = part(3);
-    errand.module = part(4);
+    job.kind = kindOf(part(1));
+    job.deviations = numbers(2, u"deviations"_s);
+    job.technician = part(3);
+    job.module = part(4);
     if (!part(5).isEmpty())
-        errand.moment = momentOf(part(5));
-    errand.shown = numbers(6, u"shown"_s);
-    return errand;
+        job.moment = momentOf(part(5));
+    job.shown = numbers(6, u"shown"_s);
+    return job;
 }
 
 } // namespace
@@ -55,10 +55,10 @@ QString wordOf(qint16 kind) {
     return kind == AsFound ? u"as found"_s : kind == AsLeft ? u"as left"_s : u"kind %1"_s.arg(kind);
 }
 
-std::vector<Errand> errandsOf(const QString& plan) {
-    std::vector<Errand> errands;
-    readPlan(plan, [&](const QString& line) { errands.push_back(errandOf(line)); });
-    return errands;
+std::vector<Job> jobsOf(const QString& plan) {
+    std::vector<Job> jobs;
+    readPlan(plan, [&](const QString& line) { jobs.push_back(jobOf(line)); });
+    return jobs;
 }
 
 } // namespace kelvane::simulators::fluke702

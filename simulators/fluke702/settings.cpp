@@ -53,7 +53,7 @@ constexpr struct {
 };
 
 template <class Table>
-auto* named(const Table& table, QStringView name) {
+auto* findNamed(const Table& table, QStringView name) {
     const auto* const place = std::find_if(std::begin(table), std::end(table),
                                            [&](const auto& entry) { return entry.name == name; });
     return place == std::end(table) ? nullptr : place;
@@ -73,10 +73,10 @@ Code setWord(QString& setting, const QString& word, std::initializer_list<QStrin
 template <class Table, class OtherTable>
 Code checkMode(const Table& table, const OtherTable& other, const QString& modeName,
                const QString& sensorName) {
-    const Mode* const mode = named(table, modeName);
+    const Mode* const mode = findNamed(table, modeName);
     if (mode == nullptr)
-        return named(other, modeName) == nullptr ? BadArgument : BadCombination;
-    const auto* const sensor = named(sensors, sensorName);
+        return findNamed(other, modeName) == nullptr ? BadArgument : BadCombination;
+    const auto* const sensor = findNamed(sensors, sensorName);
     if (sensor == nullptr && !sensorName.isEmpty())
         return BadArgument;
     if (mode->sensor != Sensor::None && (sensor == nullptr || sensor->kind != mode->sensor))
@@ -146,7 +146,7 @@ Code setLoopPower(State& state, const QString& power) {
 Code setSourceScale(State& state, float high, float low) {
     if (!isNumber({high, low}))
         return BadArgument;
-    const Mode* const mode = named(sources, state.sourceMode);
+    const Mode* const mode = findNamed(sources, state.sourceMode);
     const double most = mode == nullptr ? 0 : mode->most * 1.01;
     if (most > 0 && (std::abs(high) > most || std::abs(low) > most))
         return SourceOutOfRange;
@@ -168,7 +168,7 @@ Code setTolerance(State& state, float percent) {
     return Done;
 }
 
-Code checkTogether(const State& state) {
+Code checkCombination(const State& state) {
     const bool parted = std::any_of(std::begin(apart), std::end(apart), [&](const auto& pair) {
         return pair.source == state.sourceMode && pair.measure == state.measureMode;
     });

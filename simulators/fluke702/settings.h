@@ -11,7 +11,7 @@ Code setTemperatureUnits(State& state, const QString& units);
 Code setColdJunction(State& state, const QString& mode, float temperature);
 Code setTemperatureStandard(State& state, const QString& standard);
 Code setPressureUnits(State& state, const QString& units);
-/// A sensor is looked at only in a mode that needs one, a value only in a frequency.
+/// A sensor is read only in a mode that needs one, a value only in a frequency.
 Code setSource(State& state, const QString& mode, const QString& sensor, float value, float amplitude);
 Code setMeasure(State& state, const QString& mode, const QString& sensor);
 /// A range beyond the widest is the widest.
@@ -23,6 +23,6 @@ Code setMeasureScale(State& state, float high, float low);
 Code setTolerance(State& state, float percent);
 
 /// Whether the calibrator can source and measure this at the same time.
-Code checkTogether(const State& state);
+Code checkCombination(const State& state);
 
 } // namespace kelvane::simulators::fluke702

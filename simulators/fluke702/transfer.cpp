@@ -57,7 +57,7 @@ Code Transfer::checkStep(Way way, qint32 count) const {
     return way_ == way && left_ > 0 && count == left_ ? Done : OutOfStep;
 }
 
-void Transfer::stepped(qint32& count) {
+void Transfer::countStep(qint32& count) {
     count = --left_;
     if (left_ > 0)
         return;
@@ -68,7 +68,7 @@ void Transfer::stepped(qint32& count) {
 Code Transfer::startDownload(qint32& count) {
     if (!file_)
         return NotOpen;
-    if (image_.taskStarted())
+    if (image_.isTaskStarted())
         return OutOfStep;
     if (image_.contents().tasks.size() > static_cast<std::size_t>(read().identity.room))
         return NoRoom;
@@ -86,14 +86,14 @@ Code Transfer::stepDownload(qint32& count) {
         write(moved_);
     else if (left_ == steps_)
         write({});
-    stepped(count);
+    countStep(count);
     return Done;
 }
 
 Code Transfer::startUpload(qint32& count) {
     if (!file_)
         return NotOpen;
-    if (image_.taskStarted())
+    if (image_.isTaskStarted())
         return OutOfStep;
     moved_ = read().contents;
     start(Way::Up, 1 + static_cast<qint32>(moved_.tasks.size() + moved_.runs.size()), count);
@@ -111,7 +111,7 @@ Code Transfer::stepUpload(qint32& count) {
         image_.add(moved_.tasks[done - 1]);
     else
         image_.add(moved_.runs[done - 1 - moved_.tasks.size()]);
-    stepped(count);
+    countStep(count);
     return Done;
 }
 

@@ -7,7 +7,7 @@
 namespace kelvane::simulators::fluke702 {
 
 /// The link to the calibrator, and the transfers over it: one step for the definitions, one for each task
-/// and, on the way back, one for each run. A download's first step erases the calibrator, its last one makes
+/// and, for an upload, one for each run. A download's first step erases the calibrator, its last one makes
 /// all that came valid: broken off in between, it leaves the calibrator empty. An upload that breaks off
 /// leaves in the image what has come. A memory that can't be read or written throws `Failure`.
 class Transfer {
@@ -32,7 +32,7 @@ class Transfer {
     void write(const Contents& contents);
     void start(Way way, qint32 steps, qint32& count);
     Code checkStep(Way way, qint32 count) const;
-    void stepped(qint32& count);
+    void countStep(qint32& count);
 
     Image& image_;
     std::optional<MemoryFile> file_;

@@ -18,7 +18,7 @@ struct CalibratorOperations {
 
 /// Does the work on the memory of that file, and keeps what it changed.
 template <class File, class Work>
-QStringList onMemory(const QString& path, const Work& work) {
+QStringList workOnMemory(const QString& path, const Work& work) {
     QStringList lines;
     File(path).use([&](auto& memory) {
         const auto before = memory;

@@ -14,31 +14,31 @@ namespace fluke702 {
 
 namespace {
 
-/// The same errand for each task.
-std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory& memory) {
-    Errand common;
+/// The same job for each task.
+std::vector<Job> commonJobs(const QCommandLineParser& parser, const Memory& memory) {
+    Job common;
     common.kind = kindOf(parser.value(u"round"_s));
     common.deviations = numbersOf(parser.value(u"deviation"_s), u"--deviation"_s);
     common.technician = parser.value(u"technician"_s);
     common.module = parser.value(u"module"_s);
     if (parser.isSet(u"shown"_s))
         common.shown = numbersOf(parser.value(u"shown"_s), u"--shown"_s);
-    std::vector<Errand> errands;
+    std::vector<Job> jobs;
     for (const Task& task : memory.contents.tasks) {
         common.tag = task.tag;
-        // One errand takes all tasks of a tag.
-        if (std::find(errands.begin(), errands.end(), common) == errands.end())
-            errands.push_back(common);
+        // One job takes all tasks of a tag.
+        if (std::find(jobs.begin(), jobs.end(), common) == jobs.end())
+            jobs.push_back(common);
     }
-    return errands;
+    return jobs;
 }
 
 QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
     refuseBesidePlan(parser, {u"deviation"_s, u"round"_s, u"technician"_s, u"module"_s, u"shown"_s});
-    std::vector<Errand> errands =
-        parser.isSet(u"plan"_s) ? errandsOf(planAt(parser.value(u"plan"_s))) : commonErrands(parser, memory);
-    narrow(errands, &Errand::tag, parser.values(u"only"_s), longestTag);
-    return carryOut(memory, errands, {momentFrom(parser), intervalFrom(parser)});
+    std::vector<Job> jobs =
+        parser.isSet(u"plan"_s) ? jobsOf(planAt(parser.value(u"plan"_s))) : commonJobs(parser, memory);
+    narrow(jobs, &Job::tag, parser.values(u"only"_s), longestTag);
+    return carryOut(memory, jobs, {momentFrom(parser), intervalFrom(parser)});
 }
 
 QStringList erase(Memory& memory) {
@@ -65,12 +65,12 @@ const CalibratorOperations& fluke702Operations() {
           "each point. Default: the deviation."_s,
           u"PERCENT,..."_s}},
         fluke702::planHelp,
-        [](const QString& path) { return onMemory<fluke702::MemoryFile>(path, fluke702::listing); },
+        [](const QString& path) { return workOnMemory<fluke702::MemoryFile>(path, fluke702::listing); },
         [](const QString& path, const QCommandLineParser& parser) {
-            return onMemory<fluke702::MemoryFile>(
+            return workOnMemory<fluke702::MemoryFile>(
                 path, [&](fluke702::Memory& memory) { return fluke702::carryOutWith(parser, memory); });
         },
-        [](const QString& path) { return onMemory<fluke702::MemoryFile>(path, fluke702::erase); },
+        [](const QString& path) { return workOnMemory<fluke702::MemoryFile>(path, fluke702::erase); },
     };
     return operations;
 }

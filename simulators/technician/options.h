@@ -20,19 +20,19 @@ int intervalFrom(const QCommandLineParser& parser);
 /// Refuses options that a plan says itself.
 void refuseBesidePlan(const QCommandLineParser& parser, const QStringList& names);
 
-/// Leaves the errands whose name is one of `--only`, cut to what the calibrator keeps of a name.
-template <class Errand>
-void narrow(std::vector<Errand>& errands, QString Errand::*name, QStringList only, qsizetype longest) {
-    for (QString& one : only)
-        one = one.left(longest);
+/// Leaves the jobs whose name is one of `--only`, cut to what the calibrator keeps of a name.
+template <class Job>
+void narrow(std::vector<Job>& jobs, QString Job::*name, QStringList only, qsizetype longest) {
+    for (QString& name : only)
+        name = name.left(longest);
     QStringList missing = only;
-    for (const Errand& errand : errands)
-        missing.removeAll(errand.*name);
+    for (const Job& job : jobs)
+        missing.removeAll(job.*name);
     if (!missing.isEmpty())
         throw Failure(QStringLiteral("There is nothing to do for \"%1\".").arg(missing.constFirst()));
     if (!only.isEmpty())
-        std::erase_if(errands, [&](const Errand& errand) { return !only.contains(errand.*name); });
-    if (errands.empty())
+        std::erase_if(jobs, [&](const Job& job) { return !only.contains(job.*name); });
+    if (jobs.empty())
         throw Failure(QStringLiteral("There is nothing to carry out."));
 }
 

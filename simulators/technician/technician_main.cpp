@@ -16,7 +16,7 @@ namespace kelvane::simulators {
 
 namespace {
 
-void say(FILE* stream, const QString& text) {
+void print(FILE* stream, const QString& text) {
     std::fprintf(stream, "%s\n", text.toLocal8Bit().constData());
 }
 
@@ -111,7 +111,7 @@ void run(const QCoreApplication& application) {
                               : command == u"erase"_s ? operations.erase(memory)
                                                       : operations.carryOut(memory, parser);
     for (const QString& line : lines)
-        say(stdout, line);
+        print(stdout, line);
 }
 
 } // namespace
@@ -124,7 +124,7 @@ int main(int argc, char** argv) {
     try {
         kelvane::simulators::run(application);
     } catch (const kelvane::simulators::Failure& failure) {
-        kelvane::simulators::say(stderr, u"kelvane-technician: "_s + failure.text());
+        kelvane::simulators::print(stderr, u"kelvane-technician: "_s + failure.text());
         return 1;
     }
     return 0;

@@ -11,7 +11,7 @@ namespace kelvane::simulators {
 
 namespace {
 
-FieldWork workFrom(const QCommandLineParser& parser) {
+FieldWork fieldWorkFrom(const QCommandLineParser& parser) {
     FieldWork work;
     work.now = momentFrom(parser);
     work.seconds = intervalFrom(parser);
@@ -20,11 +20,11 @@ FieldWork workFrom(const QCommandLineParser& parser) {
     return work;
 }
 
-/// The same errand for each characteristic: points of one range.
-std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory& memory) {
+/// The same job for each characteristic: points of one range.
+std::vector<Job> commonJobs(const QCommandLineParser& parser, const Memory& memory) {
     if (!parser.isSet(u"points"_s) || !parser.isSet(u"high"_s))
         throw Failure(u"carry-out needs --points and --high, or --plan; see --help."_s);
-    Errand common;
+    Job common;
     const double low = numbersOf(parser.value(u"low"_s), u"--low"_s).front();
     const double high = numbersOf(parser.value(u"high"_s), u"--high"_s).front();
     for (const double percent : numbersOf(parser.value(u"points"_s), u"--points"_s))
@@ -32,20 +32,20 @@ std::vector<Errand> commonErrands(const QCommandLineParser& parser, const Memory
     common.deviations =
         deviationsFor(common.nominals.size(), numbersOf(parser.value(u"deviation"_s), u"--deviation"_s));
     common.comment = parser.value(u"comment"_s);
-    std::vector<Errand> errands;
+    std::vector<Job> jobs;
     for (const Characteristic& characteristic : memory.characteristics) {
-        errands.push_back(common);
-        errands.back().name = characteristic.name;
+        jobs.push_back(common);
+        jobs.back().name = characteristic.name;
     }
-    return errands;
+    return jobs;
 }
 
 QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
     refuseBesidePlan(parser, {u"points"_s, u"low"_s, u"high"_s, u"deviation"_s, u"comment"_s});
-    std::vector<Errand> errands =
-        parser.isSet(u"plan"_s) ? errandsOf(planAt(parser.value(u"plan"_s))) : commonErrands(parser, memory);
-    narrow(errands, &Errand::name, parser.values(u"only"_s), longestName);
-    return carryOut(memory, errands, workFrom(parser));
+    std::vector<Job> jobs =
+        parser.isSet(u"plan"_s) ? jobsOf(planAt(parser.value(u"plan"_s))) : commonJobs(parser, memory);
+    narrow(jobs, &Job::name, parser.values(u"only"_s), longestName);
+    return carryOut(memory, jobs, fieldWorkFrom(parser));
 }
 
 QStringList erase(Memory& memory) {
@@ -72,11 +72,12 @@ const CalibratorOperations& torqueStarOperations() {
           u"TorqueStar: how often each point is taken. Default: as often as the characteristic has samples."_s,
           u"N"_s}},
         planHelp,
-        [](const QString& path) { return onMemory<MemoryFile>(path, listing); },
+        [](const QString& path) { return workOnMemory<MemoryFile>(path, listing); },
         [](const QString& path, const QCommandLineParser& parser) {
-            return onMemory<MemoryFile>(path, [&](Memory& memory) { return carryOutWith(parser, memory); });
+            return workOnMemory<MemoryFile>(path,
+                                            [&](Memory& memory) { return carryOutWith(parser, memory); });
         },
-        [](const QString& path) { return onMemory<MemoryFile>(path, erase); },
+        [](const QString& path) { return workOnMemory<MemoryFile>(path, erase); },
     };
     return operations;
 }

@@ -23,17 +23,17 @@ Conversation::Conversation(char acknowledge, Faults& faults, Record& record, Vir
                            Messages& messages)
     : acknowledge_(acknowledge), faults_(faults), record_(record), line_(line), messages_(messages) {}
 
-void Conversation::hear(char byte, const QByteArray& following) {
+void Conversation::receive(char byte, const QByteArray& following) {
     if (step_ == Step::Message) {
-        hearMessage(byte);
+        receiveMessage(byte);
         return;
     }
-    lastHeard_ = lastHeard_.right(2) + byte;
-    if (lastHeard_ == linkStart()) {
+    lastReceived_ = lastReceived_.right(2) + byte;
+    if (lastReceived_ == linkStart()) {
         startLink();
         return;
     }
-    // The first byte of a link start may be the acknowledge character: the two behind it tell.
+    // The first byte of a link start may be the acknowledge character: the two bytes after it decide.
     if (byte == Dle && following.startsWith(linkStart().sliced(1)))
         return;
     if (step_ == Step::Announced && byte == acknowledge_)
@@ -47,7 +47,7 @@ void Conversation::hear(char byte, const QByteArray& following) {
 void Conversation::startLink() {
     line_.drop();
     reader_.restart();
-    lastHeard_.clear();
+    lastReceived_.clear();
     message_.clear();
     step_ = Step::Idle;
     if (fault(FaultKind::Silent))
@@ -62,19 +62,19 @@ void Conversation::startLink() {
     }
 }
 
-void Conversation::hearMessage(char byte) {
+void Conversation::receiveMessage(char byte) {
     switch (reader_.take(byte)) {
-    case FrameReader::Heard::More:
+    case FrameReader::Received::More:
         return;
-    case FrameReader::Heard::LinkStart:
+    case FrameReader::Received::LinkStart:
         startLink();
         return;
-    case FrameReader::Heard::Refused:
-        record_.refused(reader_.heard());
+    case FrameReader::Received::Refused:
+        record_.recordRefused(reader_.receivedFrame());
         line_.send(byteOf(Nak));
         step_ = Step::Idle;
         return;
-    case FrameReader::Heard::Message:
+    case FrameReader::Received::Message:
         takeMessage(reader_.message());
         return;
     }
@@ -85,7 +85,7 @@ void Conversation::takeMessage(const QByteArray& message) {
     reply_.reset();
     transmissions_ = 0;
     step_ = Step::Idle;
-    record_.heard(message);
+    record_.recordReceived(message);
     if (fault(FaultKind::NoFrameAck))
         return;
     if (const std::optional<Fault> wrong = fault(FaultKind::WrongAck)) {
@@ -113,7 +113,7 @@ void Conversation::announce() {
 void Conversation::reply() {
     if (!reply_) {
         reply_ = replyBody();
-        record_.sent(*reply_);
+        record_.recordSent(*reply_);
     }
     transmit();
 }

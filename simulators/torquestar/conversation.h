@@ -9,8 +9,8 @@
 namespace kelvane::simulators {
 
 /// The calibrator's part in an exchange: it answers a link start, acknowledges a message, announces its
-/// reply, sends it when the workstation has acknowledged that, and hears whether it came over well. A link
-/// start begins anew at any time. A message takes effect when its announcement is acknowledged, so that a
+/// reply, sends it when the workstation has acknowledged that, and receives its acknowledge. A link start
+/// begins anew at any time. A message takes effect when its announcement is acknowledged, so that a
 /// workstation that has to repeat it before that does not find it carried out twice.
 class Conversation {
   public:
@@ -18,13 +18,13 @@ class Conversation {
     Conversation(char acknowledge, Faults& faults, Record& record, VirtualLine& line, Messages& messages);
 
     /// One byte of the workstation; `following` are those already seen behind it.
-    void hear(char byte, const QByteArray& following);
+    void receive(char byte, const QByteArray& following);
 
   private:
     enum class Step { Idle, Message, Announced, Replied };
 
     void startLink();
-    void hearMessage(char byte);
+    void receiveMessage(char byte);
     void takeMessage(const QByteArray& message);
     void announce();
     void reply();
@@ -41,7 +41,7 @@ class Conversation {
     Messages& messages_;
 
     Step step_ = Step::Idle;
-    QByteArray lastHeard_;
+    QByteArray lastReceived_;
     FrameReader reader_;
     QByteArray message_;
     std::optional<QByteArray> reply_;

@@ -38,13 +38,13 @@ void dateResult(Result& result, QDateTime& moment) {
     }
 }
 
-std::vector<Result> resultsOf(const Errand& errand, const Fields& fields, const FieldWork& work) {
+std::vector<Result> resultsOf(const Job& job, const Fields& fields, const FieldWork& work) {
     const int samples = fields[Samples].value_or(1);
     const int takes = work.takes.value_or(samples);
     std::vector<Result> results;
-    QDateTime moment = errand.from.value_or(work.now);
-    for (std::size_t point = 0; point < errand.nominals.size(); ++point) {
-        const qint32 reading = readingOf(errand.nominals[point], errand.deviations.at(point), errand.name);
+    QDateTime moment = job.from.value_or(work.now);
+    for (std::size_t point = 0; point < job.nominals.size(); ++point) {
+        const qint32 reading = readingOf(job.nominals[point], job.deviations.at(point), job.name);
         for (int take = 0; take < takes; ++take) {
             Result result{0, 0, std::vector<qint32>(static_cast<std::size_t>(samples), reading)};
             dateResult(result, moment);
@@ -55,7 +55,7 @@ std::vector<Result> resultsOf(const Errand& errand, const Fields& fields, const 
     return results;
 }
 
-QStringList accountOf(const Characteristic& characteristic, std::size_t replaced) {
+QStringList summaryOf(const Characteristic& characteristic, std::size_t replaced) {
     QStringList lines{u"%1: %2 results taken"_s.arg(characteristic.name).arg(characteristic.results.size())};
     if (replaced > 0)
         lines.last() += u", in the place of %1"_s.arg(replaced);
@@ -70,17 +70,17 @@ QStringList accountOf(const Characteristic& characteristic, std::size_t replaced
 
 } // namespace
 
-QStringList carryOut(Memory& memory, const std::vector<Errand>& errands, const FieldWork& work) {
+QStringList carryOut(Memory& memory, const std::vector<Job>& jobs, const FieldWork& work) {
     Memory changed = memory;
     QStringList lines;
-    for (const Errand& errand : errands) {
-        Characteristic* const characteristic = changed.find(errand.name);
+    for (const Job& job : jobs) {
+        Characteristic* const characteristic = changed.find(job.name);
         if (characteristic == nullptr)
-            throw Failure(u"The calibrator holds no characteristic \"%1\"."_s.arg(errand.name));
+            throw Failure(u"The calibrator holds no characteristic \"%1\"."_s.arg(job.name));
         const std::size_t replaced = characteristic->results.size();
-        characteristic->results = resultsOf(errand, characteristic->fields, work);
-        characteristic->comment = errand.comment;
-        lines += accountOf(*characteristic, replaced);
+        characteristic->results = resultsOf(job, characteristic->fields, work);
+        characteristic->comment = job.comment;
+        lines += summaryOf(*characteristic, replaced);
     }
     memory = changed;
     return lines;

@@ -49,7 +49,7 @@ void FrameReader::restart() {
     *this = FrameReader();
 }
 
-FrameReader::Heard FrameReader::take(char byte) {
+FrameReader::Received FrameReader::take(char byte) {
     switch (place_) {
     case Place::Text:
         return takeText(byte);
@@ -63,7 +63,7 @@ FrameReader::Heard FrameReader::take(char byte) {
     return takeCheck(byte);
 }
 
-FrameReader::Heard FrameReader::takeText(char byte) {
+FrameReader::Received FrameReader::takeText(char byte) {
     if (checked_.size() >= longestFrame)
         sound_ = false;
     else
@@ -72,10 +72,10 @@ FrameReader::Heard FrameReader::takeText(char byte) {
         place_ = Place::AfterDle;
     else if (sound_)
         message_ += byte;
-    return Heard::More;
+    return Received::More;
 }
 
-FrameReader::Heard FrameReader::takeAfterDle(char byte) {
+FrameReader::Received FrameReader::takeAfterDle(char byte) {
     checked_ += byte;
     place_ = Place::Text;
     if (byte == Dle)
@@ -86,24 +86,24 @@ FrameReader::Heard FrameReader::takeAfterDle(char byte) {
         place_ = Place::AfterDleEot;
     else
         sound_ = false;
-    return Heard::More;
+    return Received::More;
 }
 
-FrameReader::Heard FrameReader::takeAfterDleEot(char byte) {
+FrameReader::Received FrameReader::takeAfterDleEot(char byte) {
     if (byte == Stx) {
         restart();
-        return Heard::LinkStart;
+        return Received::LinkStart;
     }
     sound_ = false;
     place_ = Place::Text;
     return takeText(byte);
 }
 
-FrameReader::Heard FrameReader::takeCheck(char byte) {
+FrameReader::Received FrameReader::takeCheck(char byte) {
     check_ += byte;
     if (check_.size() < 2)
-        return Heard::More;
-    return sound_ && check_ == checkBytes(checked_) ? Heard::Message : Heard::Refused;
+        return Received::More;
+    return sound_ && check_ == checkBytes(checked_) ? Received::Message : Received::Refused;
 }
 
 } // namespace kelvane::simulators

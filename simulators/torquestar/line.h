@@ -27,26 +27,26 @@ QByteArray longBytes(qint32 number);
 /// Takes the bytes that follow an answered link start, one at a time, until a message is whole.
 class FrameReader {
   public:
-    enum class Heard {
+    enum class Received {
         More,      ///< the frame goes on
         Message,   ///< `message()` is whole and its check bytes are right
         Refused,   ///< the frame ended, but its check bytes or its doubled DLEs are wrong
         LinkStart, ///< the workstation began again in the middle of the frame
     };
 
-    Heard take(char byte);
+    Received take(char byte);
     void restart();
     const QByteArray& message() const { return message_; }
-    /// The frame as it was heard.
-    QByteArray heard() const { return checked_ + check_; }
+    /// The frame as it was received.
+    QByteArray receivedFrame() const { return checked_ + check_; }
 
   private:
     enum class Place { Text, AfterDle, AfterDleEot, Check };
 
-    Heard takeText(char byte);
-    Heard takeAfterDle(char byte);
-    Heard takeAfterDleEot(char byte);
-    Heard takeCheck(char byte);
+    Received takeText(char byte);
+    Received takeAfterDle(char byte);
+    Received takeAfterDleEot(char byte);
+    Received takeCheck(char byte);
 
     Place place_ = Place::Text;
     bool sound_ = true;

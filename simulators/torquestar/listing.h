@@ -6,7 +6,7 @@
 
 namespace kelvane::simulators {
 
-/// What the calibrator holds, for a person to read.
+/// What the calibrator holds, for a user to read.
 QStringList listing(const Memory& memory);
 
 } // namespace kelvane::simulators

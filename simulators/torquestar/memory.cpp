@@ -96,7 +96,7 @@ Result resultFrom(const Place& place) {
     const QDate date = QDate::fromString(textAt(place, u"date"_s), Qt::ISODate);
     const QTime time = QTime::fromString(textAt(place, u"time"_s), u"HH:mm:ss"_s);
     if (!date.isValid() || !time.isValid())
-        complain(place.words, u"not a date and time (\"2026-11-21\", \"09:30:00\")"_s);
+        throwInvalid(place.words, u"not a date and time (\"2026-11-21\", \"09:30:00\")"_s);
     Result result{date.year() * 10000 + date.month() * 100 + date.day(),
                   time.hour() * 10000 + time.minute() * 100 + time.second(),
                   {}};
@@ -110,9 +110,9 @@ Result resultFrom(const Place& place) {
 QString nameAt(const Place& place, QSet<QString>& taken) {
     QString name = textAt(place, u"name"_s);
     if (name.isEmpty() || name.size() > longestName)
-        complain(place.words, u"a name has 1 to %1 characters"_s.arg(longestName));
+        throwInvalid(place.words, u"a name has 1 to %1 characters"_s.arg(longestName));
     if (taken.contains(name))
-        complain(place.words, u"the name \"%1\" stands twice"_s.arg(name));
+        throwInvalid(place.words, u"the name \"%1\" stands twice"_s.arg(name));
     taken += name;
     return name;
 }
@@ -137,7 +137,7 @@ Round roundFrom(const Place& place, QSet<QString>& taken) {
         numberFrom(place.object[u"sample mode"_s], 1.0, 0, 255, place.words + u", \"sample mode\""_s);
     for (const QJsonValue name : valueOf(place, u"characteristics"_s, QJsonValue::Array).toArray()) {
         if (!name.isString())
-            complain(place.words, u"\"characteristics\" holds names"_s);
+            throwInvalid(place.words, u"\"characteristics\" holds names"_s);
         round.characteristics.push_back(name.toString());
     }
     return round;

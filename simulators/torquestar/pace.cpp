@@ -22,7 +22,7 @@ std::chrono::nanoseconds byteTimeAt(std::optional<int> baud) {
 
 VirtualLine::VirtualLine(std::optional<int> baud) : byteTime_(byteTimeAt(baud)) {}
 
-void VirtualLine::arrived(QByteArrayView bytes, Moment read) {
+void VirtualLine::addReceived(QByteArrayView bytes, Moment read) {
     for (const char byte : bytes) {
         inFree_ = std::max(inFree_, read) + byteTime_;
         in_.push_back({inFree_, byte});

@@ -12,24 +12,24 @@ namespace kelvane::simulators {
 
 namespace {
 
-Errand errandOf(const QString& line) {
+Job jobOf(const QString& line) {
     const QStringList parts = line.split(u';');
     if (parts.size() < 2 || parts.size() > 5)
         throw Failure(
             u"a line is NAME; NOMINALS; DEVIATIONS; COMMENT; DATE TIME, the last three may be missing"_s);
     const auto part = [&](qsizetype place) { return parts.value(place).trimmed(); };
-    Errand errand;
-    errand.name = part(0).left(longestName);
-    if (errand.name.isEmpty())
+    Job job;
+    job.name = part(0).left(longestName);
+    if (job.name.isEmpty())
         throw Failure(u"the name is missing"_s);
-    errand.nominals = numbersOf(part(1), u"nominals"_s);
+    job.nominals = numbersOf(part(1), u"nominals"_s);
     const std::vector<double> deviations =
         part(2).isEmpty() ? std::vector<double>{} : numbersOf(part(2), u"deviations"_s);
-    errand.deviations = deviationsFor(errand.nominals.size(), deviations);
-    errand.comment = part(3);
+    job.deviations = deviationsFor(job.nominals.size(), deviations);
+    job.comment = part(3);
     if (!part(4).isEmpty())
-        errand.from = momentOf(part(4));
-    return errand;
+        job.from = momentOf(part(4));
+    return job;
 }
 
 } // namespace
@@ -43,16 +43,16 @@ QString planHelp() {
            "that begin with # are passed over. A name may be the whole asset number: its first 11 characters count.\n"_s;
 }
 
-std::vector<Errand> errandsOf(const QString& plan) {
-    std::vector<Errand> errands;
+std::vector<Job> jobsOf(const QString& plan) {
+    std::vector<Job> jobs;
     QSet<QString> names;
     readPlan(plan, [&](const QString& line) {
-        errands.push_back(errandOf(line));
-        if (names.contains(errands.back().name))
-            throw Failure(u"%1 stands twice"_s.arg(errands.back().name));
-        names += errands.back().name;
+        jobs.push_back(jobOf(line));
+        if (names.contains(jobs.back().name))
+            throw Failure(u"%1 stands twice"_s.arg(jobs.back().name));
+        names += jobs.back().name;
     });
-    return errands;
+    return jobs;
 }
 
 } // namespace kelvane::simulators

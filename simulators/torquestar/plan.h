@@ -8,7 +8,7 @@
 namespace kelvane::simulators {
 
 /// What the technician is to measure on one instrument.
-struct Errand {
+struct Job {
     QString name;                   ///< of the characteristic
     std::vector<double> nominals;   ///< one for each test point
     std::vector<double> deviations; ///< of the readings, in percent; one for each nominal
@@ -19,7 +19,7 @@ struct Errand {
 /// What a plan file looks like, for the help.
 QString planHelp();
 
-/// The errands of a plan file's text. Throws `Failure` with the number of the line that is wrong.
-std::vector<Errand> errandsOf(const QString& plan);
+/// The jobs of a plan file's text. Throws `Failure` with the number of the line that is wrong.
+std::vector<Job> jobsOf(const QString& plan);
 
 } // namespace kelvane::simulators

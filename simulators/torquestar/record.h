@@ -12,9 +12,9 @@ class Record {
     /// Throws `Failure` when the file can't be appended to.
     explicit Record(const QString& path);
 
-    void heard(const QByteArray& message) { line("heard", message); }
-    void sent(const QByteArray& reply) { line("sent", reply); }
-    void refused(const QByteArray& frame) { line("refused", frame); }
+    void recordReceived(const QByteArray& message) { line("heard", message); }
+    void recordSent(const QByteArray& reply) { line("sent", reply); }
+    void recordRefused(const QByteArray& frame) { line("refused", frame); }
 
   private:
     void line(const char* what, const QByteArray& bytes);

@@ -22,7 +22,7 @@ class Terminal {
     void wait(std::optional<Moment> until) const;
     /// All that has come; empty when nothing has.
     QByteArray read() const;
-    /// What does not fit because nobody reads is lost, as on a line.
+    /// What does not fit because it is not read is lost, as on a line.
     void write(const QByteArray& bytes) const;
 
   private:
@@ -35,8 +35,8 @@ class Terminal {
 };
 
 /// From now on the signals that end a program only come through while `Terminal::wait` waits.
-void holdEndSignals();
+void blockEndSignals();
 /// True once such a signal came.
-bool endAsked();
+bool isEndRequested();
 
 } // namespace kelvane::simulators

@@ -112,7 +112,7 @@ void Terminal::write(const QByteArray& bytes) const {
         ::write(ours_, bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-void holdEndSignals() {
+void blockEndSignals() {
     sigset_t held;
     ::sigemptyset(&held);
     for (const int number : endSignals) {
@@ -126,7 +126,7 @@ void holdEndSignals() {
     ::prctl(PR_SET_TIMERSLACK, 1UL);
 }
 
-bool endAsked() {
+bool isEndRequested() {
     return endSignal != 0;
 }
 

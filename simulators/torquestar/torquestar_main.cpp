@@ -87,13 +87,14 @@ Options readOptions(const QCoreApplication& application) {
 }
 
 void run(const Options& options) {
-    holdEndSignals();
+    blockEndSignals();
     Faults faults;
     for (const QString& fault : options.faults)
         faults.add(fault);
     Record record(options.record);
     MemoryFile memory(options.memory);
-    // A damaged memory, or one that can't be reached, is told before anybody talks to the calibrator.
+    // A damaged memory, or one that can't be reached, is reported before the link to the calibrator is
+    // opened.
     memory.use([](const Memory&) { return false; });
     Messages messages(memory, options.serial, options.room);
     VirtualLine line(options.baud);
@@ -103,12 +104,12 @@ void run(const Options& options) {
         say(stderr, u"note: "_s + note);
     say(stdout, terminal.device());
 
-    while (!endAsked() && !line.vanished()) {
+    while (!isEndRequested() && !line.hasVanished()) {
         terminal.wait(line.next());
-        line.arrived(terminal.read(), std::chrono::steady_clock::now());
+        line.addReceived(terminal.read(), std::chrono::steady_clock::now());
         while (const std::optional<VirtualLine::Event> event = line.take(std::chrono::steady_clock::now())) {
             if (event->inbound)
-                conversation.hear(event->bytes.front(), line.following());
+                conversation.receive(event->bytes.front(), line.following());
             else
                 terminal.write(event->bytes);
         }

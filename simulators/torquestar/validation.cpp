@@ -19,13 +19,13 @@ bool serial(const Fields& fields) {
     return fields[TransducerType] == serialTransducer;
 }
 
-bool outside(const Fields& fields, Field field, qint32 low, qint32 high) {
+bool isOutside(const Fields& fields, Field field, qint32 low, qint32 high) {
     const std::optional<qint32>& value = fields.at(field);
     return value && (*value < low || *value > high);
 }
 
 bool differs(const Fields& fields, Field field, qint32 fixed) {
-    return outside(fields, field, fixed, fixed);
+    return isOutside(fields, field, fixed, fixed);
 }
 
 /// A field that means one thing for a Serial transducer and another for the rest.
@@ -34,8 +34,8 @@ struct Range {
     qint32 high;
 };
 
-bool outsideWhen(bool serialMeant, const Fields& fields, Field field, Range range) {
-    return serial(fields) == serialMeant && outside(fields, field, range.low, range.high);
+bool isOutsideIfSerial(bool serialMeant, const Fields& fields, Field field, Range range) {
+    return serial(fields) == serialMeant && isOutside(fields, field, range.low, range.high);
 }
 
 /// How many display units one unit of span makes; empty when either did not come.
@@ -63,8 +63,8 @@ bool minimumOutOfRange(const Fields& fields) {
     return minimum < 0 || minimum > maximum || minimum * rangeOfTorque + roundingOfRange < maximum;
 }
 
-bool aboveMaximum(const Fields& fields, Field field) {
-    return outside(fields, field, 0, fields[MaximumTorque].value_or(0));
+bool isAboveMaximum(const Fields& fields, Field field) {
+    return isOutside(fields, field, 0, fields[MaximumTorque].value_or(0));
 }
 
 struct Rule {
@@ -76,72 +76,72 @@ using F = const Fields&;
 
 // In the order of the fields; a rule may rely on those before it.
 constexpr Rule rules[] = {
-    {2, [](F f) { return outside(f, Samples, 1, 200); }},
-    {3, [](F f) { return outside(f, Subgroups, 1, 99); }},
-    {4, [](F f) { return outside(f, TransducerNumber, 1, 99); }},
-    {5, [](F f) { return outside(f, TransducerType, 1, 4); }},
-    {28, [](F f) { return outside(f, Span, 1, 2'000'000'000); }},
+    {2, [](F f) { return isOutside(f, Samples, 1, 200); }},
+    {3, [](F f) { return isOutside(f, Subgroups, 1, 99); }},
+    {4, [](F f) { return isOutside(f, TransducerNumber, 1, 99); }},
+    {5, [](F f) { return isOutside(f, TransducerType, 1, 4); }},
+    {28, [](F f) { return isOutside(f, Span, 1, 2'000'000'000); }},
     {6,
      [](F f) {
-         return outsideWhen(true, f, SerialFormat, {1, 4});
+         return isOutsideIfSerial(true, f, SerialFormat, {1, 4});
      }},
     {6,
      [](F f) {
-         return outsideWhen(false, f, SerialFormat, {0, 0});
+         return isOutsideIfSerial(false, f, SerialFormat, {0, 0});
      }},
-    {8, [](F f) { return outside(f, UnitsOfSpan, 1, 9); }},
+    {8, [](F f) { return isOutside(f, UnitsOfSpan, 1, 9); }},
     {7,
      [](F f) {
-         return outsideWhen(true, f, BaudRate, {1, 7});
+         return isOutsideIfSerial(true, f, BaudRate, {1, 7});
      }},
     {7,
      [](F f) {
-         return outsideWhen(false, f, BaudRate, {0, 0});
+         return isOutsideIfSerial(false, f, BaudRate, {0, 0});
      }},
     {9,
      [](F f) {
-         return outsideWhen(true, f, CycleEnd, {7, 8});
+         return isOutsideIfSerial(true, f, CycleEnd, {7, 8});
      }},
     {10,
      [](F f) {
-         return outsideWhen(false, f, CycleEnd, {1, 7});
+         return isOutsideIfSerial(false, f, CycleEnd, {1, 7});
      }},
     {11,
      [](F f) {
-         return outsideWhen(true, f, MeasureMode, {1, 2});
+         return isOutsideIfSerial(true, f, MeasureMode, {1, 2});
      }},
     {12,
      [](F f) {
-         return outsideWhen(false, f, MeasureMode, {0, 2});
+         return isOutsideIfSerial(false, f, MeasureMode, {0, 2});
      }},
     {13,
      [](F f) {
-         return outsideWhen(true, f, FrequencyResponse, {1, 3});
+         return isOutsideIfSerial(true, f, FrequencyResponse, {1, 3});
      }},
     {14,
      [](F f) {
-         return outsideWhen(false, f, FrequencyResponse, {0, 16});
+         return isOutsideIfSerial(false, f, FrequencyResponse, {0, 16});
      }},
-    {15, [](F f) { return outside(f, UnitsOfDisplay, 1, 9); }},
+    {15, [](F f) { return isOutside(f, UnitsOfDisplay, 1, 9); }},
     {16, unitsIncompatible},
     {17,
      [](F f) {
-         return outsideWhen(true, f, Direction, {0, 0});
+         return isOutsideIfSerial(true, f, Direction, {0, 0});
      }},
     {17,
      [](F f) {
-         return outsideWhen(false, f, Direction, {1, 2});
+         return isOutsideIfSerial(false, f, Direction, {1, 2});
      }},
     {18, maximumOutOfRange},
     {19, minimumOutOfRange},
-    {20, [](F f) { return aboveMaximum(f, ThresholdTorque); }},
-    {21, [](F f) { return aboveMaximum(f, ClickDipThreshold); }},
-    {commentOutOfRange, [](F f) { return outside(f, CommentCharacter, ' ', 0xFE); }},
+    {20, [](F f) { return isAboveMaximum(f, ThresholdTorque); }},
+    {21, [](F f) { return isAboveMaximum(f, ClickDipThreshold); }},
+    {commentOutOfRange, [](F f) { return isOutside(f, CommentCharacter, ' ', 0xFE); }},
     {23, [](F f) { return differs(f, Secondary, 0); }},
     {24, [](F f) { return differs(f, MaximumSecondary, 0); }},
     {25, [](F f) { return differs(f, MinimumSecondary, 0); }},
     {unknownError, [](F f) { return differs(f, FixedWord, 0); }},
-    {26, [](F f) { return outside(f, MillivoltsPerVolt, 1, 100'000); }},
+    {26, [](F f) { return isOutside(f, MillivoltsPerVolt, 1, 100'000); }},
     {unknownError, [](F f) { return differs(f, BridgeResistance, 350); }},
     {unknownError, [](F f) { return differs(f, FixedNumber, 12345); }},
 };

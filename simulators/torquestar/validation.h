@@ -12,7 +12,7 @@ inline constexpr int commentOutOfRange = 22;
 inline constexpr int noRoom = 27;
 
 /// The error code of the first field that the calibrator can't work with; nothing when all are right. Fields
-/// that did not come are not looked at.
+/// that did not come are not checked.
 std::optional<int> firstFault(const Fields& fields);
 
 } // namespace kelvane::simulators

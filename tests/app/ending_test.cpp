@@ -16,11 +16,12 @@ TEST_F(RealEnd, WhileAQuestionIsOpenTheProcessEndsAtOnce) {
         {
             atEnd = [] { std::_Exit(EXIT_SUCCESS); };
             startLoggedIn(4);
-            person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, [this](FormCustomDialog&) {
-                person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
-                                 BoxAnswer::yes);
-                program.window.close();
-            });
+            simulatedOperator.expectDialog(
+                u"Download"_s, u"Select Calibrator To Use:"_s, [this](FormCustomDialog&) {
+                    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s,
+                                                box::question, BoxAnswer::yes);
+                    program.window.close();
+                });
             choose(u"mnuDownload"_s);
             std::_Exit(17);
         },

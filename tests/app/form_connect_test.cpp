@@ -85,7 +85,7 @@ TEST_F(FormConnectTest, NameAndPasswordAreNeeded) {
     } rows[] = {{u""_s, u""_s, true}, {u""_s, u"x"_s, true}, {u"x"_s, u""_s, false}};
     for (const auto& row : rows) {
         fill(row.user, row.password);
-        person.expectBox(bothNeeded, title, box::warning);
+        simulatedOperator.expectBox(bothNeeded, title, box::warning);
         click(connectButton());
         EXPECT_EQ(name().hasFocus(), row.nameFocused);
         EXPECT_EQ(secret().hasFocus(), !row.nameFocused);
@@ -108,7 +108,7 @@ TEST_F(FormConnectTest, AQuoteInTheNameBreaksTheStatementAndEndsInTheSameMessage
                            "mtlevel  from mt.userlist where mtuser = 'o'brien')"_s,
                            Error{1, u"near \"brien\": syntax error"_s});
     start();
-    person.expectBox(failed, title, box::stop);
+    simulatedOperator.expectBox(failed, title, box::stop);
     typeLogin(u"o'brien"_s, u"secret"_s);
     expectReadyForAnotherTry();
 }
@@ -145,11 +145,11 @@ TEST_F(FormConnectTest, WhileItRunsThePointerIsBusyAndTheButtonsAreDisabled) {
     EXPECT_TRUE(session.SessionConnected);
 }
 
-TEST_F(FormConnectTest, AWrongLoginIsToldAndCanBeTriedAgain) {
+TEST_F(FormConnectTest, AWrongLoginIsReportedAndCanBeRepeated) {
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     script.failures.insert(u"DSN=Calibration Data"_s, Error{28000, u"wrong"_s});
     start();
-    person.expectBox(failed, title, box::stop);
+    simulatedOperator.expectBox(failed, title, box::stop);
     typeLogin(u"jdoe"_s, u"wrong"_s);
     expectReadyForAnotherTry();
     EXPECT_EQ(name().text(), u"jdoe"_s);
@@ -165,7 +165,7 @@ TEST_F(FormConnectTest, ARefusedLoginLeavesItsReasonInTheLog) {
     script.failures.insert(u"DSN=Calibration Data"_s,
                            Error{-103, u"Login or password\r\nis not valid."_s, u"28000"_s});
     start();
-    person.expectBox(failed, title, box::stop);
+    simulatedOperator.expectBox(failed, title, box::stop);
     typeLogin(u"jdoe"_s, u"secret"_s);
     EXPECT_EQ(folder.read(u"errors.log"_s),
               u"[2026-03-18 09:30:00] The login failed: -103 Login or password is not valid.\r\n"_s);
@@ -173,7 +173,7 @@ TEST_F(FormConnectTest, ARefusedLoginLeavesItsReasonInTheLog) {
     // A log that can't be written takes nothing away from the box.
     QFile::remove(u"errors.log"_s);
     QDir().mkdir(u"errors.log"_s);
-    person.expectBox(failed, title, box::stop);
+    simulatedOperator.expectBox(failed, title, box::stop);
     typeLogin(u"jdoe"_s, u"secret"_s);
     expectReadyForAnotherTry();
 }
@@ -181,14 +181,14 @@ TEST_F(FormConnectTest, ARefusedLoginLeavesItsReasonInTheLog) {
 class RefusedLogins : public FormConnectTest {
   protected:
     std::function<void()> atBox = [] {};
-    /// The seconds that pass, by the clock, until a login is refused. The clock goes on with each look at it.
+    /// The seconds that pass, by the clock, until a login is refused. The clock advances with each reading.
     qint64 secondsOfRefusal() {
         script.failures.insert(u"DSN=Calibration Data"_s, Error{-103, u"wrong"_s, u"28000"_s});
         clock.tick = 0;
         const auto before = clock.now();
         clock.tick = 1;
         qint64 seconds = -1;
-        person.expectBox(failed, title, box::stop, [&](QMessageBox& box) {
+        simulatedOperator.expectBox(failed, title, box::stop, [&](QMessageBox& box) {
             atBox();
             clock.tick = 0;
             seconds = before.secsTo(clock.now());
@@ -203,7 +203,7 @@ class RefusedLogins : public FormConnectTest {
 TEST_F(RefusedLogins, InARowWaitLongerEachTime) {
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     start();
-    // Looks at the clock beside the wait: one for the log, one for its start.
+    // Readings of the clock beside the wait: one for the log, one for its start.
     EXPECT_EQ(secondsOfRefusal(), 1) << "the first one waits for nothing";
     EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 1);
     EXPECT_EQ(secondsOfRefusal(), 1 + 1 + 2);
@@ -220,7 +220,7 @@ TEST_F(RefusedLogins, NeverWaitLongerThanAMinute) {
         script.failures.insert(u"DSN=Calibration Data"_s, Error{-103, u"wrong"_s, u"28000"_s});
         // A whole minute passes with a look: the wait is over at once.
         clock.tick = 60;
-        person.expectBox(failed, title, box::stop);
+        simulatedOperator.expectBox(failed, title, box::stop);
         typeLogin(u"jdoe"_s, u"guess"_s);
     }
     seconds = secondsOfRefusal();
@@ -273,7 +273,7 @@ TEST_F(RefusedLogins, DoNotCountWhenTheConnectionWasOpened) {
     for (int attempt = 0; attempt < 3; ++attempt) {
         clock.tick = 0;
         const auto before = clock.now();
-        person.expectBox(failed, title, box::stop);
+        simulatedOperator.expectBox(failed, title, box::stop);
         clock.tick = 1;
         typeLogin(u"nobody"_s, u"secret"_s);
         clock.tick = 0;
@@ -311,7 +311,7 @@ TEST_F(FormConnectTest, EachLaterFailureEndsInTheSameMessage) {
         script.failures.clear();
         answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
         row.spoil();
-        person.expectBox(failed, title, box::stop);
+        simulatedOperator.expectBox(failed, title, box::stop);
         typeLogin(u"jdoe"_s, u"secret"_s);
         expectReadyForAnotherTry();
         EXPECT_TRUE(isWindowOpen(session, u"FormConnect"));
@@ -322,19 +322,20 @@ TEST_F(FormConnectTest, AUserWithoutARowLeavesTheConnectionOpenSoThatTheNextTryF
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     start();
     for (int attempt = 0; attempt < 2; ++attempt) {
-        person.expectBox(failed, title, box::stop);
+        simulatedOperator.expectBox(failed, title, box::stop);
         typeLogin(attempt == 0 ? u"nobody"_s : u"jdoe"_s, u"secret"_s);
     }
     EXPECT_TRUE(script.open);
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_TRUE(action(u"mnuLogout"_s)->isEnabled());
     // Log out is of no help: the login screen itself is open.
-    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s,
-                     title, box::warning);
+    simulatedOperator.expectBox(
+        u"One or more windows are still open! Please close open windows before logging out..."_s, title,
+        box::warning);
     choose(u"mnuLogout"_s);
 }
 
-TEST_F(FormConnectTest, EveryWayOutAsksWhetherToExit) {
+TEST_F(FormConnectTest, EveryExitAsksForConfirmation) {
     start();
     const std::function<void()> ways[] = {
         [&] { click(exitButton()); },
@@ -343,14 +344,14 @@ TEST_F(FormConnectTest, EveryWayOutAsksWhetherToExit) {
         [&] { QTest::keyClick(&name(), Qt::Key_F4, Qt::ControlModifier); },
     };
     for (const auto& leave : ways) {
-        person.expectBox(exitQuestion, title, box::question, BoxAnswer::no);
+        simulatedOperator.expectBox(exitQuestion, title, box::question, BoxAnswer::no);
         leave();
         EXPECT_EQ(processEnded, 0);
         EXPECT_TRUE(form().isVisible());
     }
     int ended = 0;
     for (const auto& leave : ways) {
-        person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+        simulatedOperator.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
         leave();
         EXPECT_EQ(processEnded, ++ended);
     }

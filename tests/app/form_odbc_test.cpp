@@ -16,7 +16,7 @@ class FormODBCTest : public ProgramTest {
         return list();
     }
     QComboBox& list() { return control<QComboBox>(child(u"FormODBC"_s), u"ComboDatasource"_s); }
-    QString stored() { return settings.values.value(u"Workstation/ODBC"_s); }
+    QString storedSource() { return settings.values.value(u"Workstation/ODBC"_s); }
 };
 
 TEST_F(FormODBCTest, ListsTheDataSourcesInTheOrderOfTheDriverManager) {
@@ -34,32 +34,32 @@ TEST_F(FormODBCTest, ListsTheDataSourcesInTheOrderOfTheDriverManager) {
 
 TEST_F(FormODBCTest, WithoutASettingTheCalibrationDataIsSelectedAndStored) {
     EXPECT_EQ(open().currentText(), u"Calibration Data"_s);
-    EXPECT_EQ(stored(), u"Calibration Data"_s);
+    EXPECT_EQ(storedSource(), u"Calibration Data"_s);
 }
 
 TEST_F(FormODBCTest, TheSettingIsFoundInAnyCaseAndTakesTheSpellingOfTheDriverManager) {
     dataSources = {u"Other"_s, u"Site B"_s, u"SITE B"_s};
     settings.values.insert(u"Workstation/ODBC"_s, u"site b"_s);
     EXPECT_EQ(open().currentIndex(), 1);
-    EXPECT_EQ(stored(), u"Site B"_s);
+    EXPECT_EQ(storedSource(), u"Site B"_s);
 }
 
 TEST_F(FormODBCTest, ASettingThatMatchesNoneStaysAndNothingIsSelected) {
     settings.values.insert(u"Workstation/ODBC"_s, u"Gone"_s);
     EXPECT_EQ(open().currentIndex(), -1);
-    EXPECT_EQ(stored(), u"Gone"_s);
+    EXPECT_EQ(storedSource(), u"Gone"_s);
 }
 
 TEST_F(FormODBCTest, WithoutADriverManagerTheListStaysEmpty) {
     dataSources.clear();
     EXPECT_EQ(open().count(), 0);
-    EXPECT_EQ(stored(), QString());
+    EXPECT_EQ(storedSource(), QString());
 }
 
 TEST_F(FormODBCTest, AChoiceIsStoredAtOnceAndClosingStoresOnlyThePosition) {
     auto& sources = open();
     QTest::keyClick(&sources, Qt::Key_Down);
-    EXPECT_EQ(stored(), u"Site B"_s);
+    EXPECT_EQ(storedSource(), u"Site B"_s);
     settings.writes.clear();
     child(u"FormODBC"_s).close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormODBC=105"_s, u"Top/FormODBC=75"_s}));

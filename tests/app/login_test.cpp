@@ -18,7 +18,7 @@ QString selectUser(const QString& name) {
 
 } // namespace
 
-/// A session that nobody has logged in to yet.
+/// A session before its first login.
 class LogIn : public RecordedSession {
   protected:
     LogIn() {
@@ -75,7 +75,7 @@ TEST_F(LogIn, FillsTheSessionAndRunsItsStatementsInOrder) {
     EXPECT_EQ(script.statements[3],
               u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 90;commit"_s);
     EXPECT_EQ(script.firstRowOnly, script.statements.mid(0, 3));
-    EXPECT_TRUE(menu.canBeReached(MenuEntry::mnuPredefined));
+    EXPECT_TRUE(menu.isReachable(MenuEntry::mnuPredefined));
 }
 
 TEST_F(LogIn, TheChosenDataSourceIsUsed) {
@@ -146,7 +146,7 @@ TEST_F(LogIn, AUserWithoutARowFailsAndLeavesConnectionAndMenuOpen) {
     EXPECT_TRUE(script.open);
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_TRUE(menu.isEnabled(MenuEntry::mnuDownload));
-    EXPECT_TRUE(menu.canBeReached(MenuEntry::mnuLogout));
+    EXPECT_TRUE(menu.isReachable(MenuEntry::mnuLogout));
     EXPECT_FALSE(script.statements.contains(selectSite));
 }
 

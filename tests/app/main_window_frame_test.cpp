@@ -17,7 +17,7 @@ namespace kelvane::testing {
 /// What stands around the area of the main window: its place, its menu bar by keyboard, its status line.
 class MainWindowFrame : public ProgramTest {
   protected:
-    QString shown(const QString& label) {
+    QString displayText(const QString& label) {
         const auto& found = control<QLabel>(program.window, label);
         return found.isVisible() ? found.text() : QString();
     }
@@ -32,7 +32,8 @@ class MainWindowFrame : public ProgramTest {
             .dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}};
     }
     void leave(MDIFormMain& window) {
-        person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                    BoxAnswer::yes);
         window.close();
     }
 
@@ -42,24 +43,24 @@ class MainWindowFrame : public ProgramTest {
 
 TEST_F(MainWindowFrame, SaysWhoIsLoggedInAndWhere) {
     start();
-    EXPECT_EQ(shown(u"LabelUser"_s), u"Not connected"_s);
-    EXPECT_EQ(shown(u"LabelDataSource"_s), QString());
+    EXPECT_EQ(displayText(u"LabelUser"_s), u"Not connected"_s);
+    EXPECT_EQ(displayText(u"LabelDataSource"_s), QString());
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     typeLogin(u"jdoe"_s, u"secret"_s);
-    EXPECT_EQ(shown(u"LabelUser"_s), u"User: jdoe"_s);
-    EXPECT_EQ(shown(u"LabelDataSource"_s), u"Data source: Calibration Data"_s);
+    EXPECT_EQ(displayText(u"LabelUser"_s), u"User: jdoe"_s);
+    EXPECT_EQ(displayText(u"LabelDataSource"_s), u"Data source: Calibration Data"_s);
     EXPECT_EQ(program.window.windowTitle(), u"Kelvane"_s);
     choose(u"mnuLogout"_s);
-    EXPECT_EQ(shown(u"LabelUser"_s), u"Not connected"_s);
-    EXPECT_EQ(shown(u"LabelDataSource"_s), QString());
+    EXPECT_EQ(displayText(u"LabelUser"_s), u"Not connected"_s);
+    EXPECT_EQ(displayText(u"LabelDataSource"_s), QString());
 }
 
 TEST_F(MainWindowFrame, SaysThatTheConnectionIsLost) {
     startLoggedIn(4);
     script.lost = true;
-    person.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
+    simulatedOperator.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
     choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(shown(u"LabelUser"_s), u"Not connected"_s);
+    EXPECT_EQ(displayText(u"LabelUser"_s), u"Not connected"_s);
 }
 
 TEST_F(MainWindowFrame, ALongNameDoesNotWidenTheWindow) {
@@ -87,9 +88,10 @@ TEST_F(MainWindowFrame, AltWithALetterOpensItsMenuFromInsideAField) {
 TEST_F(MainWindowFrame, TheLettersOfAMenusEntriesChooseThem) {
     startLoggedIn(4);
     ASSERT_TRUE(opens(u"mnuFile"_s, Qt::Key_F, Qt::AltModifier));
-    person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                BoxAnswer::no);
     QTest::keyClick(&menu(u"mnuFile"_s), Qt::Key_E);
-    EXPECT_TRUE(person.allCame());
+    EXPECT_TRUE(simulatedOperator.hasMetAll());
 }
 
 TEST_F(MainWindowFrame, NoLetterStandsTwiceInAMenu) {
@@ -157,7 +159,7 @@ TEST_F(MainWindowFrame, WhatIsNotChangedIsNotStored) {
     EXPECT_EQ(settings.writes, QStringList());
 }
 
-TEST_F(MainWindowFrame, ASpoiltPlaceIsTheGivenOneAndAnImpossibleOneComesOntoTheScreen) {
+TEST_F(MainWindowFrame, ADamagedPositionIsReplacedAndAnImpossibleOneMovesOntoTheScreen) {
     const auto screen = program.window.screen()->availableSize();
     const struct {
         QString left;

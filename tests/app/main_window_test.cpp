@@ -61,16 +61,16 @@ class MainWindow : public ProgramTest {
     QStringList liveShortcuts() {
         QStringList fired;
         QList<QMetaObject::Connection> watching;
-        for (const auto& one : shortcuts()) {
+        for (const auto& shortcut : shortcuts()) {
             // Only whether it fires is of interest here, not what it does.
-            action(one.entry)->disconnect(&program.window);
-            watching << QObject::connect(action(one.entry), &QAction::triggered, &program.window,
-                                         [&fired, name = one.entry] { fired << name; });
+            action(shortcut.entry)->disconnect(&program.window);
+            watching << QObject::connect(action(shortcut.entry), &QAction::triggered, &program.window,
+                                         [&fired, name = shortcut.entry] { fired << name; });
         }
-        for (const auto& one : shortcuts())
-            press(one.keys);
-        for (const auto& one : watching)
-            QObject::disconnect(one);
+        for (const auto& shortcut : shortcuts())
+            press(shortcut.keys);
+        for (const auto& spy : watching)
+            QObject::disconnect(spy);
         return fired;
     }
 };
@@ -110,7 +110,7 @@ TEST_F(MainWindow, AMissingTemplateIsWarnedOfTwiceOverTheEmptyFrame) {
     qputenv("windir", folder.path().toLocal8Bit());
     folder.write(u"metcal.ini"_s, "[Startup]\n");
     for (int i = 0; i < 2; ++i) {
-        person.expectBox(noTemplate, title, box::warning, [this](QMessageBox& box) {
+        simulatedOperator.expectBox(noTemplate, title, box::warning, [this](QMessageBox& box) {
             EXPECT_TRUE(program.window.isVisible());
             EXPECT_TRUE(openChildren().isEmpty());
             click(*box.buttons().first());
@@ -126,7 +126,9 @@ class UnwritableReport : public MainWindow {
   protected:
     UnwritableReport() { QDir().mkdir(u"errors.log"_s); }
     ~UnwritableReport() override { qunsetenv("windir"); }
-    void expectUnwritable() { person.expectBox(text(TextId::errorReportNotWritten), title, box::stop); }
+    void expectUnwritable() {
+        simulatedOperator.expectBox(text(TextId::errorReportNotWritten), title, box::stop);
+    }
     void loseTheTemplate() {
         QFile::remove(u"rslt_db.frm"_s);
         qputenv("windir", QFile::encodeName(folder.path() + u"/nowhere"_s));
@@ -197,11 +199,11 @@ TEST_F(MainWindow, BeforeALoginOnlyExitAndDatabaseConnectionHaveAShortcut) {
 
 class MainWindowAtLevel : public MainWindow, public ::testing::WithParamInterface<int> {};
 
-TEST_P(MainWindowAtLevel, ShortcutsOfHiddenOrDisabledEntriesAreDead) {
+TEST_P(MainWindowAtLevel, ShortcutsOfHiddenOrDisabledEntriesDoNothing) {
     startLoggedIn(GetParam());
     QStringList expected;
     for (const auto& row : menuTree()) {
-        if (!row.shortcut.isEmpty() && program.window.menu().canBeReached(row.entry))
+        if (!row.shortcut.isEmpty() && program.window.menu().isReachable(row.entry))
             expected << row.name.toString();
     }
     EXPECT_TRUE(expected.contains(u"mnuLogout"_s));
@@ -221,10 +223,10 @@ TEST_P(MainWindowAtLevel, TheMenuShowsWhatTheLevelMayReach) {
 
 INSTANTIATE_TEST_SUITE_P(Levels, MainWindowAtLevel, ::testing::Values(0, 1, 2, 3, 4, 5, 6, 7));
 
-TEST_F(MainWindow, AfterALoginThatBrokeOffTheHiddenEntriesStayDead) {
+TEST_F(MainWindow, AfterAnAbortedLoginTheHiddenEntriesStayDisabled) {
     answerLogin(u"jdoe"_s, u"MT"_s, u"4"_s);
     start();
-    person.expectBox(
+    simulatedOperator.expectBox(
         u"Database connection Failed! Check username/password and network connection and try again..."_s,
         title, box::stop);
     typeLogin(u"nobody"_s, u"secret"_s);
@@ -234,7 +236,7 @@ TEST_F(MainWindow, AfterALoginThatBrokeOffTheHiddenEntriesStayDead) {
 
 TEST_F(MainWindow, ShortcutsWorkFromInsideATextField) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
+    simulatedOperator.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
     choose(u"mnuDownload"_s);
     ASSERT_EQ(qApp->focusWidget()->objectName(), u"TextAdd"_s);
     EXPECT_EQ(liveShortcuts(), (QStringList{u"mnuLogout"_s, u"mnuExit"_s, u"mnuDownload"_s, u"mnuUpload"_s,
@@ -246,7 +248,7 @@ TEST_F(MainWindow, LogOutRefusesWhileAnyWindowIsOpen) {
     startLoggedIn(4);
     for (const auto& name : childWindows) {
         const ChildWindow open(session, name.toString(), {.width = 3000, .height = 3000});
-        person.expectBox(stillOpen, title, box::warning);
+        simulatedOperator.expectBox(stillOpen, title, box::warning);
         choose(u"mnuLogout"_s);
         EXPECT_TRUE(session.SessionConnected);
         EXPECT_TRUE(script.open);
@@ -298,12 +300,12 @@ TEST_F(MainWindow, EachWayToExitAsksWithNoAsTheDefault) {
     };
     int ended = 0;
     for (const auto& leave : ways) {
-        person.expectBox(exitQuestion, title, box::question,
-                         [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        simulatedOperator.expectBox(exitQuestion, title, box::question,
+                                    [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
         leave();
         EXPECT_EQ(processEnded, ended);
         EXPECT_TRUE(program.window.isVisible());
-        person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+        simulatedOperator.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
         leave();
         EXPECT_EQ(processEnded, ++ended);
     }
@@ -313,7 +315,7 @@ TEST_F(MainWindow, OnYesTheProcessEndsWithTheWindowsStillOpen) {
     startLoggedIn(4);
     choose(u"mnuConfiguration"_s);
     settings.writes.clear();
-    person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
     program.window.close();
     EXPECT_EQ(processEnded, 1);
     EXPECT_TRUE(child(u"FormCalConfig"_s).isVisible());
@@ -324,7 +326,7 @@ TEST_F(MainWindow, OnYesTheConnectionIsClosedBeforeTheProcessEnds) {
     startLoggedIn(4);
     bool openAtEnd = true;
     atEnd = [&] { openAtEnd = script.open; };
-    person.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(exitQuestion, title, box::question, BoxAnswer::yes);
     program.window.close();
     EXPECT_FALSE(openAtEnd);
 }

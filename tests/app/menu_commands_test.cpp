@@ -16,7 +16,7 @@ namespace kelvane::testing {
 
 namespace {
 
-const QString comesLater = u"This screen is not part of this version yet."_s;
+const QString notAvailableYet = u"This screen is not part of this version yet."_s;
 const QString connectionLost = u"This workstation is no longer connected to the database. Please select "
                                u"FILE,LOG OUT from the menu, or CTRL-L "
                                "to log out and reconnect."_s;
@@ -32,13 +32,13 @@ const QString noStrategies =
 class MenuCommands : public ProgramTest {
   protected:
     void chooseDownload(const QString& calibrator) {
-        person.expectDialog(u"Download"_s, chooseCalibrator, calibrator);
+        simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, calibrator);
         choose(u"mnuDownload"_s);
     }
     /// Opens the calibration parameters of the instrument A-1.
     void chooseInstrument() {
         script.answers.insert(u"select mtag from MT.inventory where i4201 = 'A-1'"_s, {Row{u"17"_s}});
-        person.expectDialog(u"Calibration Parameters"_s, enterInstrument, u"A-1"_s);
+        simulatedOperator.expectDialog(u"Calibration Parameters"_s, enterInstrument, u"A-1"_s);
         choose(u"mnuCalParameters"_s);
     }
     QString shownCalibrator() {
@@ -53,28 +53,28 @@ TEST_F(MenuCommands, WithoutTheConnectionAllButThreeOnlySayThatItIsLost) {
                               u"mnuStrategies"_s, u"mnuCalParameters"_s, u"mnuPrompts"_s,
                               u"mnuConfiguration"_s, u"mnuWorkEntry"_s, u"mnuPredefined"_s}) {
         SCOPED_TRACE(entry.toStdString());
-        person.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
+        simulatedOperator.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
         action(entry)->setEnabled(true);
         choose(entry);
         EXPECT_TRUE(openChildren().isEmpty());
-        EXPECT_TRUE(person.allCame());
+        EXPECT_TRUE(simulatedOperator.hasMetAll());
     }
     EXPECT_TRUE(script.statements.isEmpty());
     choose(u"mnuODBC"_s);
     EXPECT_EQ(openChildren(), QStringList{u"FormODBC"_s});
 }
 
-TEST_F(MenuCommands, ScreensThatComeLaterSaySo) {
+TEST_F(MenuCommands, ScreensOfLaterVersionsShowAMessage) {
     startLoggedIn(4);
     const QHash<QString, QString> titles{
         {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
         {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
     };
-    for (auto one = titles.cbegin(); one != titles.cend(); ++one) {
-        person.expectBox(comesLater, one.value(), box::information);
-        action(one.key())->setEnabled(true);
-        choose(one.key());
-        EXPECT_TRUE(person.allCame()) << one.key().toStdString();
+    for (auto expectation = titles.cbegin(); expectation != titles.cend(); ++expectation) {
+        simulatedOperator.expectBox(notAvailableYet, expectation.value(), box::information);
+        action(expectation.key())->setEnabled(true);
+        choose(expectation.key());
+        EXPECT_TRUE(simulatedOperator.hasMetAll()) << expectation.key().toStdString();
     }
 }
 
@@ -108,7 +108,7 @@ TEST_F(MenuCommands, AboutHasNoCommand) {
     EXPECT_TRUE(openChildren().isEmpty());
 }
 
-TEST_F(MenuCommands, CalibrationParametersOpensWithoutAWordWhenThereAreStrategies) {
+TEST_F(MenuCommands, CalibrationParametersOpensWithoutAMessageWhenThereAreStrategies) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"12"_s}});
     chooseInstrument();
@@ -116,10 +116,10 @@ TEST_F(MenuCommands, CalibrationParametersOpensWithoutAWordWhenThereAreStrategie
     EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
 }
 
-TEST_F(MenuCommands, CalibrationParametersWarnsWithoutStrategiesAndOpensAllTheSame) {
+TEST_F(MenuCommands, CalibrationParametersWarnsWithoutStrategiesAndStillOpens) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"0"_s}});
-    person.expectBox(noStrategies, u"Calibration Parameters"_s, box::warning);
+    simulatedOperator.expectBox(noStrategies, u"Calibration Parameters"_s, box::warning);
     chooseInstrument();
     EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
 }
@@ -127,11 +127,13 @@ TEST_F(MenuCommands, CalibrationParametersWarnsWithoutStrategiesAndOpensAllTheSa
 TEST_F(MenuCommands, CalibrationParametersWithoutAnInstrumentClosesItsScreen) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"12"_s}});
-    person.expectDialog(u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
-        EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters"_s);
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(
+        u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
+            EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters"_s);
+            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                        BoxAnswer::yes);
+            dialog.close();
+        });
     choose(u"mnuCalParameters"_s);
     EXPECT_TRUE(openChildren().isEmpty());
 }
@@ -151,13 +153,14 @@ TEST_F(MenuCommands, CalibrationParametersWhileItsQuestionIsOpenChangesNothing) 
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"12"_s}});
     script.answers.insert(u"select mtag from MT.inventory where i4201 = 'A-1'"_s, {Row{u"17"_s}});
-    person.expectDialog(u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
-        choose(u"mnuCalParameters"_s);
-        child(u"FormCalParam"_s).close();
-        EXPECT_NE(findChild(u"FormCalParam"_s), nullptr);
-        EXPECT_TRUE(dialog.isOpen());
-        answerDialog(dialog, u"A-1"_s);
-    });
+    simulatedOperator.expectDialog(u"Calibration Parameters"_s, enterInstrument,
+                                   [this](FormCustomDialog& dialog) {
+                                       choose(u"mnuCalParameters"_s);
+                                       child(u"FormCalParam"_s).close();
+                                       EXPECT_NE(findChild(u"FormCalParam"_s), nullptr);
+                                       EXPECT_TRUE(dialog.isOpen());
+                                       answerDialog(dialog, u"A-1"_s);
+                                   });
     choose(u"mnuCalParameters"_s);
     EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters (A-1)"_s);
 }
@@ -165,10 +168,11 @@ TEST_F(MenuCommands, CalibrationParametersWhileItsQuestionIsOpenChangesNothing) 
 TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScreenWithoutAnInstrument) {
     startLoggedIn(4);
     script.answers.insert(countPoints, {Row{u"12"_s}});
-    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuCalParameters"_s);
         EXPECT_EQ(findChild(u"FormCalParam"_s), nullptr);
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuUpload"_s);
@@ -176,7 +180,7 @@ TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScre
 
 TEST_F(MenuCommands, AQuestionThatIsOpenComesToTheFrontAndNoOtherCommandWithOneBegins) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         for (const auto& entry : {u"mnuDownload"_s, u"mnuUpload"_s, u"mnuCalParameters"_s}) {
             choose(u"mnuConfiguration"_s);
             EXPECT_NE(program.window.area().activeSubWindow(), &dialog);
@@ -187,25 +191,25 @@ TEST_F(MenuCommands, AQuestionThatIsOpenComesToTheFrontAndNoOtherCommandWithOneB
         EXPECT_TRUE(script.statements.isEmpty());
         answerDialog(dialog, u"Fluke 743/744"_s);
     });
-    person.expectBox(u"The driver for this calibrator is not part of this version yet."_s, uploadTitle,
-                     box::warning);
+    simulatedOperator.expectBox(u"The driver for this calibrator is not part of this version yet."_s,
+                                uploadTitle, box::warning);
     choose(u"mnuUpload"_s);
 }
 
 TEST_F(MenuCommands, CalibrationParametersReportsAnErrorUnderItsSuffixedName) {
     startLoggedIn(4);
     script.failures.insert(countPoints, Error{208, u"no such table"_s});
-    person.expectReport(208, u"MDIFormMain,mnuCalParameters.Click"_s);
+    simulatedOperator.expectReport(208, u"MDIFormMain,mnuCalParameters.Click"_s);
     choose(u"mnuCalParameters"_s);
 }
 
-TEST_F(MenuCommands, ACommandThatMeetsALostConnectionSaysSoAndTheNextOneSaysWhatToDo) {
+TEST_F(MenuCommands, ACommandThatMeetsALostConnectionReportsItAndTheNextOneSaysWhatToDo) {
     startLoggedIn(4);
     script.lost = true;
-    person.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
+    simulatedOperator.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_FALSE(session.SessionConnected);
-    person.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
+    simulatedOperator.expectBox(connectionLost, u"Connection To Database Lost!"_s, box::warning);
     choose(u"mnuCalParameters"_s);
     // Log out and a new login bring it back.
     choose(u"mnuLogout"_s);
@@ -213,11 +217,11 @@ TEST_F(MenuCommands, ACommandThatMeetsALostConnectionSaysSoAndTheNextOneSaysWhat
     EXPECT_TRUE(session.SessionConnected);
 }
 
-TEST_F(MenuCommands, AReportThatCantBeWrittenIsSaidAndTheProgramGoesOn) {
+TEST_F(MenuCommands, AReportThatCantBeWrittenIsShownAndTheProgramGoesOn) {
     startLoggedIn(4);
     QDir().mkdir(u"errors.log"_s);
     script.failures.insert(countPoints, Error{208, u"no such table"_s});
-    person.expectBox(
+    simulatedOperator.expectBox(
         u"The error report could not be written to \"errors.log\" in the working folder. Please check "
         "that the folder can be written to and that the disk is not full."_s,
         u"Kelvane"_s, box::stop);
@@ -230,7 +234,7 @@ TEST_F(MenuCommands, AReportThatCantBeWrittenIsSaidAndTheProgramGoesOn) {
 
 TEST_F(MenuCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
         EXPECT_EQ(shownCalibrator(), QString());
         const auto& list = control<QComboBox>(dialog, u"ComboCustomDialog"_s);
         QStringList rows;
@@ -249,7 +253,7 @@ TEST_F(MenuCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
 TEST_F(MenuCommands, DownloadProposesTheCalibratorOfLastTime) {
     startLoggedIn(4);
     settings.values.insert(u"Defaults/LastDownloadCalibrator"_s, u"Fluke 702"_s);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [](FormCustomDialog& dialog) {
         EXPECT_EQ(control<QComboBox>(dialog, u"ComboCustomDialog"_s).currentText(), u"Fluke 702"_s);
         QTest::keyClick(&control<QComboBox>(dialog, u"ComboCustomDialog"_s), Qt::Key_Return);
     });
@@ -259,8 +263,9 @@ TEST_F(MenuCommands, DownloadProposesTheCalibratorOfLastTime) {
 
 TEST_F(MenuCommands, DownloadWithoutACalibratorClosesItsScreen) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuDownload"_s);
@@ -280,7 +285,7 @@ TEST_F(MenuCommands, DownloadWithItsScreenOpenAsksAgainAndKeepsTheRows) {
 
 TEST_F(MenuCommands, DownloadWhileItsQuestionIsOpenChangesNothing) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuDownload"_s);
         EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
         EXPECT_TRUE(dialog.isOpen());
@@ -292,7 +297,7 @@ TEST_F(MenuCommands, DownloadWhileItsQuestionIsOpenChangesNothing) {
 
 TEST_F(MenuCommands, NothingIsAddedOrDownloadedBeforeTheCalibratorIsChosen) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
         auto& form = child(u"FormDockingDown"_s);
         for (const auto& name : {u"CommandAdd"_s, u"CommandRemove"_s, u"CommandDownload"_s})
             EXPECT_FALSE(control<QWidget>(form, name).isEnabled());
@@ -308,10 +313,11 @@ TEST_F(MenuCommands, NothingIsAddedOrDownloadedBeforeTheCalibratorIsChosen) {
 
 TEST_F(MenuCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWithoutACalibrator) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuDownload"_s);
         EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuUpload"_s);
@@ -320,8 +326,9 @@ TEST_F(MenuCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWithoutACal
 TEST_F(MenuCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
     startLoggedIn(4);
     chooseDownload(u"Fluke 702"_s);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuDownload"_s);
@@ -330,7 +337,7 @@ TEST_F(MenuCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
 
 TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
     startLoggedIn(4);
-    person.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
         child(u"FormDockingDown"_s).close();
         EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
         answerDialog(dialog, u"Fluke 702"_s);
@@ -342,9 +349,9 @@ TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
 
 TEST_F(MenuCommands, UploadRunsTheUploadCommand) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 743/744"_s);
-    person.expectBox(u"The driver for this calibrator is not part of this version yet."_s, uploadTitle,
-                     box::warning);
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 743/744"_s);
+    simulatedOperator.expectBox(u"The driver for this calibrator is not part of this version yet."_s,
+                                uploadTitle, box::warning);
     press(u"F2"_s);
     EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 743/744"_s);
 }
@@ -353,14 +360,14 @@ TEST_F(MenuCommands, AFluke702ShowsItsWarningOverTheProgressWindow) {
     startLoggedIn(4);
     link.steps = 5;
     link.answer(u"DPCuplStep"_s, 103, 2);
-    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
-    person.expectBox(u": Don't forget that you have high voltage applied! (DPCWARN_DANGER_VOLTAGE)"_s,
-                     u"Download Procedures To Calibrator"_s, box::information, [this](QMessageBox& box) {
-                         EXPECT_EQ(child(u"FormStatusBar"_s).windowTitle(),
-                                   u"Upload Task Package from Fluke 702"_s);
-                         click(*box.buttons().first());
-                     });
-    person.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    simulatedOperator.expectBox(
+        u": Don't forget that you have high voltage applied! (DPCWARN_DANGER_VOLTAGE)"_s,
+        u"Download Procedures To Calibrator"_s, box::information, [this](QMessageBox& box) {
+            EXPECT_EQ(child(u"FormStatusBar"_s).windowTitle(), u"Upload Task Package from Fluke 702"_s);
+            click(*box.buttons().first());
+        });
+    simulatedOperator.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
     press(u"F2"_s);
     EXPECT_EQ(openChildren(), QStringList());
 }
@@ -379,9 +386,10 @@ TEST_F(MenuCommands, AFluke702WhoseLibraryNeverComesToAnEndCanBeLeftByTheMainWin
         ++processEnded;
         endless = false; // a real end leaves here
     };
-    person.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
-    person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::yes);
-    person.expectBox(
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
+    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                BoxAnswer::yes);
+    simulatedOperator.expectBox(
         u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s,
         uploadTitle, box::warning);
     press(u"F2"_s);
@@ -391,10 +399,11 @@ TEST_F(MenuCommands, AFluke702WhoseLibraryNeverComesToAnEndCanBeLeftByTheMainWin
 
 TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuUpload"_s);
         EXPECT_TRUE(dialog.isOpen());
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuUpload"_s);
@@ -403,11 +412,12 @@ TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {
 
 TEST_F(MenuCommands, TheRestOfTheProgramStaysReachableWhileAQuestionIsOpen) {
     startLoggedIn(4);
-    person.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuConfiguration"_s);
         EXPECT_TRUE(child(u"FormCalConfig"_s).isEnabled());
         child(u"FormCalConfig"_s).close();
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
     choose(u"mnuUpload"_s);

@@ -21,7 +21,7 @@ QStringList reachable(const Menu& menu) {
     for (const auto& row : menuTree()) {
         const bool isMenu =
             std::ranges::any_of(menuTree(), [&](const MenuRow& other) { return other.parent == row.entry; });
-        if (!isMenu && menu.canBeReached(row.entry))
+        if (!isMenu && menu.isReachable(row.entry))
             names << row.name.toString();
     }
     return names;
@@ -95,20 +95,20 @@ TEST(Menu, BeforeALoginOnlyExitAndDatabaseConnectionCanBeReached) {
 TEST(Menu, AnEntryInAHiddenOrDisabledMenuCantBeReached) {
     Menu menu;
     menu.enable({mnuDownload});
-    EXPECT_FALSE(menu.canBeReached(mnuDownload));
+    EXPECT_FALSE(menu.isReachable(mnuDownload));
     menu.show({mnuCalibration});
-    EXPECT_TRUE(menu.canBeReached(mnuDownload));
+    EXPECT_TRUE(menu.isReachable(mnuDownload));
     menu.disable({mnuCalibration});
-    EXPECT_FALSE(menu.canBeReached(mnuDownload));
+    EXPECT_FALSE(menu.isReachable(mnuDownload));
 }
 
-TEST(Menu, EachChangeIsTold) {
+TEST(Menu, EachChangeIsSignalled) {
     Menu menu;
-    int told = 0;
-    menu.changed = [&] { ++told; };
+    int count = 0;
+    menu.changed = [&] { ++count; };
     menu.show({mnuHelp});
     menu.hide({mnuHelp, mnuAbout});
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(count, 2);
 }
 
 TEST(Menu, ALoginEnablesTheNineEntriesWhateverTheLevel) {
@@ -193,7 +193,7 @@ TEST_F(SetMenuOptions, LevelSixHasNoCalibrationMenu) {
 
 TEST_F(SetMenuOptions, EditorsHaveTheRecordConfigurationHiddenAndDisabled) {
     logInWith(4);
-    EXPECT_TRUE(menu.canBeReached(mnuPredefined));
+    EXPECT_TRUE(menu.isReachable(mnuPredefined));
     EXPECT_FALSE(menu.isShown(mnuWorkEntry));
     EXPECT_FALSE(menu.isEnabled(mnuWorkEntry));
 }
@@ -212,8 +212,8 @@ TEST_F(SetMenuOptions, AnErrorIsReportedAndLeavesWhatWasSetBefore) {
     script.failures.insert(select, Error{208, u"no such table"_s});
     ui.expectReport(208, u"ModuleGlobals,SetMenuOptions"_s);
     logInWith(4);
-    EXPECT_TRUE(menu.canBeReached(mnuDownload));
-    EXPECT_FALSE(menu.canBeReached(mnuStrategies));
+    EXPECT_TRUE(menu.isReachable(mnuDownload));
+    EXPECT_FALSE(menu.isReachable(mnuStrategies));
 }
 
 TEST_F(SetMenuOptions, ANullOrMissingEditorsLevelIsReported) {

@@ -44,14 +44,14 @@ class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen>
     // What the table of screens below needs of the fixture.
     using ProgramTest::child;
     using ProgramTest::choose;
-    using ProgramTest::person;
     using ProgramTest::program;
     using ProgramTest::script;
+    using ProgramTest::simulatedOperator;
     using ProgramTest::start;
     using ProgramTest::startLoggedIn;
 
   protected:
-    /// Brings the screen up, looks at it and sends it away.
+    /// Opens the screen, checks it and closes it.
     void lookAt(const std::function<void(ChildWindow&)>& look) {
         const auto name = QString::fromLatin1(GetParam().name).section(u'_', 0, 0);
         bool looked = false;
@@ -66,10 +66,10 @@ class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen>
 
 void showDialog(Screens& test, const DialogQuestion& question, const std::function<void()>& look) {
     test.startLoggedIn(4);
-    test.person.expectDialog(question.caption, question.prompt, [&](FormCustomDialog& dialog) {
+    test.simulatedOperator.expectDialog(question.caption, question.prompt, [&](FormCustomDialog& dialog) {
         look();
-        test.person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                              BoxAnswer::yes);
+        test.simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                         BoxAnswer::yes);
         dialog.close();
     });
     test.program.ui.askOneField(question);
@@ -97,7 +97,8 @@ void showCalParam(Screens& test, const std::function<void()>& look,
                                        u" order by prompt_seq asc"_s,
                                    {Row{u"CLOSE THE VALVE"_s}, Row{u"REMOVE THE COVER"_s}});
     }
-    test.person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
+    test.simulatedOperator.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s,
+                                        u"PT-1001"_s);
     test.choose(u"mnuCalParameters"_s);
     auto& form = test.child(u"FormCalParam"_s);
     pick(control<QComboBox>(form, u"ComboTSName"_s), u"FIVE POINTS UP"_s);
@@ -164,7 +165,7 @@ const Screen screens[] = {
     {"FormDockingDown",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
-         test.person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
+         test.simulatedOperator.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
          test.choose(u"mnuDownload"_s);
          control<QListWidget>(test.child(u"FormDockingDown"_s), u"ListCal"_s)
              .addItems({u"TW-1001"_s, u"TW-1002"_s, u"TW-1003"_s, u"TW-1004"_s, u"TW-1005"_s, u"TW-1006"_s});
@@ -247,7 +248,7 @@ const Screen screens[] = {
          QTest::keyClick(&predefined, Qt::Key_Up);
          EXPECT_EQ(predefined.currentText(), u"11 Points Up (0-10-20-30-40-50-60...100%)"_s);
          look();
-         test.person.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+         test.simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
                                u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
          test.child(u"FormStrategies"_s).close();
      }},
@@ -336,9 +337,10 @@ const Screen screens[] = {
 /// Everything that can be read or used inside a screen.
 QList<QWidget*> visibleControls(const ChildWindow& screen) {
     QList<QWidget*> controls;
-    for (auto* one : screen.widget()->findChildren<QWidget*>()) {
-        if (one->isVisible() && !one->objectName().isEmpty() && !one->objectName().startsWith(u"qt_"))
-            controls << one;
+    for (auto* widget : screen.widget()->findChildren<QWidget*>()) {
+        if (widget->isVisible() && !widget->objectName().isEmpty() &&
+            !widget->objectName().startsWith(u"qt_"))
+            controls << widget;
     }
     return controls;
 }
@@ -383,12 +385,12 @@ QPalette darkPalette() {
 }
 
 /// Puts a palette on for a while.
-class Dressed {
+class StyledScreen {
   public:
-    explicit Dressed(const QPalette& palette) : before_(QApplication::palette()) {
+    explicit StyledScreen(const QPalette& palette) : before_(QApplication::palette()) {
         QApplication::setPalette(palette);
     }
-    ~Dressed() { QApplication::setPalette(before_); }
+    ~StyledScreen() { QApplication::setPalette(before_); }
 
   private:
     QPalette before_;
@@ -416,13 +418,13 @@ TEST_P(Screens, TabGoesThroughTheControlsAsTheyAreRead) {
     lookAt([](ChildWindow& screen) {
         QList<QWidget*> order;
         auto* const first = screen.focusWidget();
-        auto* one = first;
+        auto* widget = first;
         do {
-            if (one && screen.widget()->isAncestorOf(one) && one->isVisible() && takesFocus(one) &&
-                !one->objectName().startsWith(u"qt_"))
-                order << one;
-            one = one ? one->nextInFocusChain() : nullptr;
-        } while (one && one != first);
+            if (widget && screen.widget()->isAncestorOf(widget) && widget->isVisible() &&
+                takesFocus(widget) && !widget->objectName().startsWith(u"qt_"))
+                order << widget;
+            widget = widget ? widget->nextInFocusChain() : nullptr;
+        } while (widget && widget != first);
         // Columns are read from left to right, and each from top to bottom.
         for (qsizetype i = 1; i < order.size(); ++i) {
             const auto before = placeIn(screen, order[i - 1]);
@@ -437,13 +439,13 @@ TEST_P(Screens, TabGoesThroughTheControlsAsTheyAreRead) {
 TEST_P(Screens, EveryControlHasItsNames) {
     lookAt([](ChildWindow& screen) {
         QStringList names;
-        for (const auto* one : visibleControls(screen)) {
-            EXPECT_FALSE(names.contains(one->objectName()))
-                << one->objectName().toStdString() << " stands twice";
-            names << one->objectName();
-            EXPECT_FALSE(one->accessibleName().isEmpty()) << one->objectName().toStdString();
-            if (takesFocus(one)) {
-                EXPECT_FALSE(one->toolTip().isEmpty()) << one->objectName().toStdString();
+        for (const auto* control : visibleControls(screen)) {
+            EXPECT_FALSE(names.contains(control->objectName()))
+                << control->objectName().toStdString() << " stands twice";
+            names << control->objectName();
+            EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
+            if (takesFocus(control)) {
+                EXPECT_FALSE(control->toolTip().isEmpty()) << control->objectName().toStdString();
             }
         }
         EXPECT_FALSE(names.isEmpty());
@@ -460,23 +462,24 @@ TEST_P(Screens, TheFocusIsInsideFromTheStart) {
 
 TEST_P(Screens, NothingIsCutOff) {
     lookAt([this](ChildWindow& screen) {
-        for (const auto* one : visibleControls(screen)) {
-            EXPECT_FALSE(isCutOff(one))
-                << one->objectName().toStdString() << " has " << one->width() << " x " << one->height()
-                << ", needs " << one->sizeHint().width() << " x " << one->sizeHint().height();
-            EXPECT_TRUE(screen.widget()->rect().contains(QRect(placeIn(screen, one), one->size())))
-                << one->objectName().toStdString();
+        for (const auto* control : visibleControls(screen)) {
+            EXPECT_FALSE(isCutOff(control))
+                << control->objectName().toStdString() << " has " << control->width() << " x "
+                << control->height() << ", needs " << control->sizeHint().width() << " x "
+                << control->sizeHint().height();
+            EXPECT_TRUE(screen.widget()->rect().contains(QRect(placeIn(screen, control), control->size())))
+                << control->objectName().toStdString();
         }
         EXPECT_TRUE(program.window.area().viewport()->rect().contains(screen.geometry()));
     });
 }
 
-TEST_P(Screens, NoTextLooksLikeAMissingOne) {
+TEST_P(Screens, NoTextIsShownAsAMissingOne) {
     lookAt([](ChildWindow& screen) {
         EXPECT_FALSE(screen.windowTitle().isEmpty());
-        for (const auto* one : visibleControls(screen)) {
+        for (const auto* control : visibleControls(screen)) {
             for (const auto& shown :
-                 {one->toolTip(), one->property("text").toString(), one->accessibleName()})
+                 {control->toolTip(), control->property("text").toString(), control->accessibleName()})
                 EXPECT_FALSE(shown.startsWith(u'#')) << shown.toStdString();
         }
     });
@@ -487,12 +490,12 @@ TEST_P(Screens, FollowsLightAndDarkPalettesAndLeavesItsPicture) {
     const auto name = QString::fromLatin1(GetParam().name);
     lookAt([&](ChildWindow& screen) {
         {
-            const Dressed light(QPalette(QColor(239, 239, 239), QColor(239, 239, 239)));
+            const StyledScreen light(QPalette(QColor(239, 239, 239), QColor(239, 239, 239)));
             QCoreApplication::processEvents();
             EXPECT_GT(shareOfLight(screen.widget()->grab().toImage()), 0.8);
             savePicture(program.window.grab(), name);
         }
-        const Dressed dark(darkPalette());
+        const StyledScreen dark(darkPalette());
         QCoreApplication::processEvents();
         EXPECT_LT(shareOfLight(screen.widget()->grab().toImage()), 0.2);
         savePicture(program.window.grab(), name + u"-dark"_s);
@@ -522,7 +525,7 @@ TEST_P(Screens, EveryListAndDropDownShowsItsRowsWhole) {
     });
 }
 
-TEST_P(Screens, FitsTheMainWindowWithTheLettersOfUsualDesktops) {
+TEST_P(Screens, FitsTheMainWindowWithTheFontsOfUsualDesktops) {
     const auto before = QApplication::font();
     const auto after = qScopeGuard([&] { QApplication::setFont(before); });
     // A window is made with the letters of its desktop.
@@ -535,7 +538,7 @@ TEST_P(Screens, FitsTheMainWindowWithTheLettersOfUsualDesktops) {
             << screen.width() << " x " << screen.height() << " in " << program.window.area().width() << " x "
             << program.window.area().height();
         for (const auto* control : visibleControls(screen)) {
-            // An empty panel may have less room than it likes.
+            // An empty panel may have less space than its size hint.
             if (!qobject_cast<const QGroupBox*>(control)) {
                 EXPECT_FALSE(isCutOff(control)) << control->objectName().toStdString();
             }
@@ -545,7 +548,7 @@ TEST_P(Screens, FitsTheMainWindowWithTheLettersOfUsualDesktops) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(screens),
-                         [](const auto& one) { return std::string(one.param.name); });
+                         [](const auto& info) { return std::string(info.param.name); });
 
 class PicturesOfTheRest : public ProgramTest {};
 
@@ -558,14 +561,14 @@ TEST_F(PicturesOfTheRest, MenuAndBoxes) {
         savePicture(menu->grab(), name);
         menu->close();
     }
-    person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
-                     [](QMessageBox& shown) {
-                         savePicture(shown.grab(), u"box-question"_s);
-                         QTest::keyClick(&shown, Qt::Key_Escape);
-                     });
+    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                [](QMessageBox& shown) {
+                                    savePicture(shown.grab(), u"box-question"_s);
+                                    QTest::keyClick(&shown, Qt::Key_Escape);
+                                });
     program.window.close();
     const auto report = u"a statement "_s.repeated(3000);
-    person.expectBox(report, u"Kelvane"_s, box::stop, [](QMessageBox& shown) {
+    simulatedOperator.expectBox(report, u"Kelvane"_s, box::stop, [](QMessageBox& shown) {
         savePicture(shown.grab(), u"box-long"_s);
         QTest::keyClick(&shown, Qt::Key_Return);
     });

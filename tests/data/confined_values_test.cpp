@@ -17,7 +17,7 @@ namespace {
 class ConfinedValues : public EngineSession, public ::testing::WithParamInterface<Engine> {
   protected:
     CalRecord record;
-    ConfinedValues() { standOn(GetParam()); }
+    ConfinedValues() { useEngine(GetParam()); }
     /// Changes the demonstration data, where the session stands on them; "%1" is the value for between
     /// quotes.
     void prepare(const QString& statement, const QString& value) {
@@ -195,8 +195,8 @@ TEST_P(ConfinedValues, AColumnThatIsMoreThanANameIsTheSyntaxErrorOfItsRoutine) {
     }
 }
 
-TEST_P(ConfinedValues, AnAssetOutsideQuotesIsSentOnlyWhereItChangesNothing) {
-    // The statement's own stray quote leaves the asset number outside of quotes.
+TEST_P(ConfinedValues, AnUnquotedAssetIsSentOnlyWhereItChangesNothing) {
+    // The statement's own stray quote leaves the asset number unquoted.
     for (const auto& asset : {u"or 1=1 --"_s, u"or 1=1; delete from mt.standards --"_s, u"or 1=1 //"_s,
                               u"a/*"_s, u"x) or (1"_s, u"a--b"_s})
         expectRefusal(asset, {name("DestColumn")}, [&] { DestColumn(session, u"C2326"_s, asset, {}); });
@@ -281,7 +281,7 @@ TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlread
             sent.clear();
             ui.expectReport(1, name("CreateCalRecord"));
             CreateCalRecord(session, record, u"PT-101"_s);
-            EXPECT_TRUE(ui.allCame());
+            EXPECT_TRUE(ui.hasMetAll());
             ASSERT_FALSE(sent.isEmpty());
             EXPECT_TRUE(sent.join(u'\n').contains(u"insert into MT.calibration"_s))
                 << "the record goes before its children";

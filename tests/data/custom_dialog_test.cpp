@@ -16,7 +16,7 @@ class OneFieldDialog : public RecordedSession {
     DialogQuestion question(qint16 mode) {
         DialogQuestion asked;
         ui.expectDialog(u"Strategies"_s, u"Name:"_s, u"S5"_s,
-                        [&](const DialogQuestion& one) { asked = one; });
+                        [&](const DialogQuestion& question) { asked = question; });
         EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, mode, 30, 2, u"S"_s), u"S5"_s);
         return asked;
     }
@@ -65,7 +65,7 @@ TEST_F(OneFieldDialog, AnOptionalFieldIsAskedAsSuch) {
     EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, false, 0, 0, 0, {}), QString());
 }
 
-TEST_F(OneFieldDialog, HandsACancellationOn) {
+TEST_F(OneFieldDialog, ReturnsACancellation) {
     ui.expectDialog(u"Strategies"_s, u"Name:"_s, cancelled);
     EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, 0, 30, 0, {}), u"*CANCEL*"_s);
 }

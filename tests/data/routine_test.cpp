@@ -56,7 +56,7 @@ TEST_F(RoutineGuard, GivesTheResultOfItsBodyOrNothingAfterAnError) {
               std::nullopt);
 }
 
-TEST_F(RoutineGuard, ReportsTheDriversOwnNumberAndTheStatementInHand) {
+TEST_F(RoutineGuard, ReportsTheDriversOwnNumberAndTheCurrentStatement) {
     script.failures.insert(u"bad"_s, Error{-141, u"Table 'x' not found"_s, u"42S02"_s});
     ui.expectReport(-141, u"ModuleGlobals,x"_s);
     Routine routine(session, u"ModuleGlobals,x"_s);

@@ -30,8 +30,8 @@ TEST_F(SmallRoutines, SingleQuotesAreDoubledAndNothingElse) {
         {u"\"a\" \\ 50% _"_s, u"\"a\" \\ 50% _"_s},
         {u"’溫度'ß"_s, u"’溫度''ß"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(SQLSafe(one.text), one.result);
+    for (const auto& testCase : cases)
+        EXPECT_EQ(SQLSafe(testCase.text), testCase.result);
 }
 
 TEST_F(SmallRoutines, ALibraryTextEndsAtItsFirstZeroAndLosesItsBlanks) {
@@ -44,8 +44,8 @@ TEST_F(SmallRoutines, ALibraryTextEndsAtItsFirstZeroAndLosesItsBlanks) {
         {u"a b"_s, u"a b"_s},
         {u"\t743B\r\n"_s, u"\t743B\r\n"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(CleanDLLString(one.text), one.result);
+    for (const auto& testCase : cases)
+        EXPECT_EQ(CleanDLLString(testCase.text), testCase.result);
 }
 
 TEST_F(SmallRoutines, APromptGoesToACalibratorUnchanged) {
@@ -92,8 +92,8 @@ TEST_F(SmallRoutines, TheCheckSumAddsCodesAndPositions) {
         {u"\U0001F527x"_s, 0x1F527 + 1 + 'x' + 2},
         {QString(100000, u'A'), 65.0 * 100000 + 100000.0 * 100001 / 2},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(CheckSum(session, one.text), one.sum) << one.text.left(20).toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(CheckSum(session, testCase.text), testCase.sum) << testCase.text.left(20).toStdString();
 }
 
 TEST_F(SmallRoutines, TheCheckSumDoesNotSeeTheOrderOfCharacters) {

@@ -36,7 +36,7 @@ class StartUp : public RecordedSession {
     void start(const QString& commandLine = {}) {
         StartupFunctions(session, commandLine);
         EXPECT_FALSE(ui.busy);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
     }
     /// Starts with this template in the current directory.
     void startWith(const QByteArray& content) {
@@ -64,9 +64,9 @@ TEST_F(StartUp, TheCommandLineFlagIsSetByItsWordAnywhereInAnyCase) {
                  {u"kelvane -style fusion xkfDjx"_s, true},
                  {u"K F D J"_s, false},
                  {QString(), false}};
-    for (const auto& one : cases) {
-        start(one.commandLine);
-        EXPECT_EQ(session.CommandLineFlag, one.flag) << one.commandLine.toStdString();
+    for (const auto& testCase : cases) {
+        start(testCase.commandLine);
+        EXPECT_EQ(session.CommandLineFlag, testCase.flag) << testCase.commandLine.toStdString();
     }
 }
 

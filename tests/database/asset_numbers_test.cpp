@@ -32,7 +32,7 @@ class AssetNumbers : public ::testing::Test {
                            "create trigger site_trigger after update on inventory begin select 1; end; "
                            "update inventory set i4299 = 'site'"_s);
     }
-    QString makeAgain(int wanted) {
+    QString remake(int wanted) {
         const auto outcome = runScript(sourceFile(u"database/make.sh"_s), {database.path()});
         EXPECT_EQ(outcome.code == 0 ? 0 : 1, wanted) << outcome.output.toStdString();
         return outcome.output;
@@ -77,7 +77,7 @@ TEST_F(AssetNumbers, OfAnOlderDatabaseCompareWithoutCaseOnceItIsBroughtUpToDate)
         makeOld(file);
     ASSERT_EQ(keyOf(u"mt"_s, u"tw-101"_s), QString());
     const auto before = sqlite(u"mt.db"_s, u"select * from inventory order by mtag"_s);
-    makeAgain(0);
+    remake(0);
     EXPECT_EQ(keyOf(u"mt"_s, u"tw-101"_s), u"1301"_s);
     EXPECT_EQ(keyOf(u"abc"_s, u"abc-pt-1"_s), u"3401"_s);
     EXPECT_EQ(sqlite(u"mt.db"_s, u"select * from inventory order by mtag"_s), before);
@@ -88,7 +88,7 @@ TEST_F(AssetNumbers, OfAnOlderDatabaseCompareWithoutCaseOnceItIsBroughtUpToDate)
         "site_trigger"_s);
     EXPECT_EQ(sqlite(u"mt.db"_s, u"pragma integrity_check"_s), u"ok"_s);
     const auto made = sqlite(u"mt.db"_s, u".dump"_s);
-    makeAgain(0);
+    remake(0);
     EXPECT_EQ(sqlite(u"mt.db"_s, u".dump"_s), made) << "a second run changes nothing";
 }
 
@@ -97,17 +97,17 @@ TEST_F(AssetNumbers, ThatDifferInCaseOnlyAreNamedAndNothingIsChanged) {
     sqlite(u"mt.db"_s, u"insert into inventory (mtag,i4201) values ('twin','tw-101')"_s);
     const auto content = u"select sql from sqlite_master where name = 'inventory'; select * from inventory"_s;
     const auto before = sqlite(u"mt.db"_s, content);
-    const auto output = makeAgain(1);
+    const auto output = remake(1);
     EXPECT_TRUE(output.contains(u"TW-101 tw-101"_s) || output.contains(u"tw-101 TW-101"_s))
         << output.toStdString();
     EXPECT_EQ(sqlite(u"mt.db"_s, content), before);
 }
 
-TEST_F(AssetNumbers, OfAnInventoryThatIsNotOursAreLeftAsTheyAreWithAWord) {
+TEST_F(AssetNumbers, OfAForeignInventoryStayUnchangedWithAMessage) {
     sqlite(u"std.db"_s,
            u"drop table inventory; create table inventory (mtag text, i4201 text, i4203 text, i4204 text, "
            "i4206 text, i4209 text, i4240 text)"_s);
-    const auto output = makeAgain(0);
+    const auto output = remake(0);
     EXPECT_TRUE(output.contains(u"std.db"_s)) << output.toStdString();
 }
 

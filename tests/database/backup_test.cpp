@@ -14,7 +14,7 @@ namespace kelvane::testing {
 
 namespace {
 
-/// The demonstration database, copied and put back by the scripts.
+/// The demonstration database, copied and restored by the scripts.
 class Backup : public ::testing::Test {
   protected:
     static Outcome run(const QString& script, const QStringList& arguments) {
@@ -24,7 +24,7 @@ class Backup : public ::testing::Test {
     Outcome restore() const { return run(u"restore.sh"_s, {copy(), database.path()}); }
 
     QString copy() const { return folder.filePath(u"it's a copy"_s); }
-    /// One value out of a file of a database that nobody uses.
+    /// One value out of a file of a database that is not in use.
     static QString valueIn(const QString& path, const QString& query) {
         OdbcLink link(u"Driver=SQLite3;Database="_s + path, {}, {});
         const auto rows = link.select(query, Rows::all);
@@ -34,12 +34,12 @@ class Backup : public ::testing::Test {
         return valueIn(database.file(u"mt.db"_s), u"select count(*) from hvm_kv_task_packages"_s);
     }
     /// What the folder of the database held before it was restored.
-    QStringList keptFolders() const {
+    QStringList backupFolders() const {
         const QFileInfo info(database.path());
         return info.dir().entryList({info.fileName() + u".before-*"_s}, QDir::Dirs);
     }
     void TearDown() override {
-        for (const auto& kept : keptFolders())
+        for (const auto& kept : backupFolders())
             QDir(QFileInfo(database.path()).dir().filePath(kept)).removeRecursively();
     }
 
@@ -99,7 +99,7 @@ TEST_F(Backup, ADamagedFileMakesNoCopy) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
-TEST_F(Backup, ACopyIsPutBackAndWhatStoodThereIsKept) {
+TEST_F(Backup, ACopyIsRestoredAndThePreviousFilesAreKept) {
     const auto before = packages();
     ASSERT_EQ(backUp().code, 0);
     database.connect()->execute(u"delete from mt.hvm_kv_task_packages;commit"_s);
@@ -108,14 +108,14 @@ TEST_F(Backup, ACopyIsPutBackAndWhatStoodThereIsKept) {
     EXPECT_EQ(outcome.code, 0) << outcome.output.toStdString();
     EXPECT_EQ(packages(), before);
     EXPECT_TRUE(database.connect()->isOpen());
-    ASSERT_EQ(keptFolders().size(), 1);
-    EXPECT_EQ(valueIn(QFileInfo(database.path()).dir().filePath(keptFolders().first()) + u"/mt.db"_s,
+    ASSERT_EQ(backupFolders().size(), 1);
+    EXPECT_EQ(valueIn(QFileInfo(database.path()).dir().filePath(backupFolders().first()) + u"/mt.db"_s,
                       u"select count(*) from hvm_kv_task_packages"_s),
               u"0"_s);
     EXPECT_EQ(QDir(copy()).entryList(QDir::Files).size(), 5) << "the copy stays";
 }
 
-TEST_F(Backup, NothingIsPutBackWhileAWorkstationIsLoggedIn) {
+TEST_F(Backup, NothingIsRestoredWhileAWorkstationIsLoggedIn) {
     ASSERT_EQ(backUp().code, 0);
     {
         const auto workstation = database.connect();
@@ -125,7 +125,7 @@ TEST_F(Backup, NothingIsPutBackWhileAWorkstationIsLoggedIn) {
         EXPECT_TRUE(outcome.output.contains(u"is in use"_s)) << outcome.output.toStdString();
         EXPECT_EQ(queryRows(*workstation, u"select count(*) from mt.hvm_kv_task_packages"_s),
                   QStringList{u"0"_s});
-        EXPECT_TRUE(keptFolders().isEmpty());
+        EXPECT_TRUE(backupFolders().isEmpty());
     }
     EXPECT_EQ(QDir(database.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 5);
     EXPECT_EQ(restore().code, 0) << "once it has logged out";
@@ -165,7 +165,7 @@ TEST_F(Backup, ACopyThatIsNotWholeOrDamagedChangesNothing) {
     EXPECT_NE(outcome.code, 0);
     EXPECT_TRUE(outcome.output.contains(u"abc.db"_s)) << outcome.output.toStdString();
     EXPECT_EQ(packages(), before);
-    EXPECT_TRUE(keptFolders().isEmpty());
+    EXPECT_TRUE(backupFolders().isEmpty());
     EXPECT_EQ(QDir(database.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 5);
 }
 

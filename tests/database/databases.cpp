@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-QString madeDatabase(const QString& name) {
+QString makeDatabase(const QString& name) {
     return QStringLiteral(KELVANE_DATABASES "/") + name;
 }
 

@@ -8,7 +8,7 @@
 namespace kelvane::testing {
 
 /// The folder of a database that the build has made: "demo" or "empty".
-QString madeDatabase(const QString& name);
+QString makeDatabase(const QString& name);
 /// A file of the source tree, by its path from the root.
 QString sourceFile(const QString& path);
 

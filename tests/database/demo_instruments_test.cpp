@@ -48,7 +48,7 @@ const QStringList responses{u"6144"_s, u"3686"_s, u"2304"_s, u"1676"_s, u"1317"_
                             u"996"_s,  u"737"_s,  u"527"_s,  u"376"_s,  u"302"_s,  u"252"_s,
                             u"200"_s,  u"150"_s,  u"100"_s,  u"75"_s,   u"72"_s};
 
-ErrorResult judged(Session& session, const CalParamRecord& p, double input, double output) {
+ErrorResult judgePoint(Session& session, const CalParamRecord& p, double input, double output) {
     return ErrorCalculation(session, input, output, p.input_low, p.input_high, p.output_high, p.output_low,
                             plainText(p.resolution), p.input_type, p.output_type, p.pos_fs_range_pct,
                             p.pos_span_pct, p.pos_reading_pct, p.pos_lsd_counts, p.pos_units,
@@ -154,11 +154,11 @@ TEST_F(DemoInstruments, PassAtTheirNominalValuesAndFailWellOutsideTheirTolerance
             const double fraction = std::as_const(session).TestPointList[point];
             const double input = p.input_low + fraction * (double{p.input_high} - p.input_low);
             const double nominal = p.output_low + fraction * (double{p.output_high} - p.output_low);
-            const auto good = judged(session, p, input, nominal);
+            const auto good = judgePoint(session, p, input, nominal);
             EXPECT_EQ(good.verdict, u"PASS"_s);
             EXPECT_EQ(good.advice, QString());
             EXPECT_EQ(good.result_line.size(), 120);
-            const auto bad = judged(session, p, input, good.upper_limit + (good.upper_limit - nominal));
+            const auto bad = judgePoint(session, p, input, good.upper_limit + (good.upper_limit - nominal));
             EXPECT_EQ(bad.verdict, u"FAIL"_s);
             EXPECT_TRUE(bad.result_line.endsWith(u"FAIL"_s)) << bad.result_line.toStdString();
             EXPECT_EQ(bad.result_line.size(), 120);
@@ -184,13 +184,13 @@ TEST_F(DemoInstruments, WithTorqueAreAcceptedByTheTorqueCalibratorButForThree) {
         if (refused.contains(asset))
             continue;
         const auto p = GetCalParams(session, asset);
-        const auto band = judged(session, p, double{p.input_high} * p.max_test_point_pct / 100,
-                                 double{p.output_high} * p.max_test_point_pct / 100);
+        const auto band = judgePoint(session, p, double{p.input_high} * p.max_test_point_pct / 100,
+                                     double{p.output_high} * p.max_test_point_pct / 100);
         EXPECT_GE(band.lower_limit, 0.2 * band.upper_limit);
     }
 }
 
-TEST_F(DemoInstruments, OfWhichOneSpeaksForItself) {
+TEST_F(DemoInstruments, WithItsOwnPrefixIsKept) {
     EXPECT_EQ(GetCalParams(session, u"TW-107"_s).transducer_type_out, u"Serial"_s);
     const auto transducer = GetCalParams(session, u"TT-S150"_s);
     EXPECT_EQ(transducer.transducer_type_out, u"Serial"_s);
@@ -208,7 +208,7 @@ TEST_F(DemoInstruments, TorqueToolsOfTheDemonstrationHaveTheirBands) {
                              Tool{u"TW-103"_s, 48, 52, 9}, Tool{u"TW-104"_s, 188, 212, 3},
                              Tool{u"TW-105"_s, 115.2, 124.8, 3}, Tool{u"TW-106"_s, 336.5, 343.5, 3}}) {
         const auto p = GetCalParams(session, tool.asset);
-        const auto band = judged(session, p, p.input_high, p.output_high);
+        const auto band = judgePoint(session, p, p.input_high, p.output_high);
         EXPECT_NEAR(band.lower_limit, tool.low, 1e-9) << tool.asset.toStdString();
         EXPECT_NEAR(band.upper_limit, tool.high, 1e-9) << tool.asset.toStdString();
         EXPECT_EQ(GetTestPointList(session, tool.asset), tool.entries) << tool.asset.toStdString();

@@ -26,7 +26,7 @@ QStringList namesIn(const QString& text) {
 
 } // namespace
 
-/// docs/demonstration-data.md, held against the data that it describes.
+/// docs/demonstration-data.md, compared with the data that it describes.
 class DemoPage : public DatabaseSession {
   protected:
     void SetUp() override {
@@ -51,7 +51,7 @@ class DemoPage : public DatabaseSession {
     QString page;
 };
 
-TEST_F(DemoPage, TellsTheLevelOfEachUser) {
+TEST_F(DemoPage, NamesTheLevelOfEachUser) {
     int users = 0;
     for (const auto& row : tableRows()) {
         if (row.size() != 3 || row[1].isEmpty())
@@ -68,7 +68,7 @@ TEST_F(DemoPage, TellsTheLevelOfEachUser) {
     EXPECT_EQ(users, 9);
 }
 
-TEST_F(DemoPage, TellsTheRangeAndATransducerOfEachTool) {
+TEST_F(DemoPage, NamesTheRangeAndATransducerOfEachTool) {
     int tools = 0;
     for (const auto& row : tableRows()) {
         if (row.size() != 4)
@@ -86,7 +86,7 @@ TEST_F(DemoPage, TellsTheRangeAndATransducerOfEachTool) {
     EXPECT_GE(tools, 7);
 }
 
-TEST_F(DemoPage, TellsTheRangesAndAStandardOfEachProcessInstrument) {
+TEST_F(DemoPage, NamesTheRangesAndAStandardOfEachProcessInstrument) {
     const auto range = [](float low, float high, const QString& unit) {
         return plainText(low) + u" to "_s + plainText(high) + u' ' + unit;
     };
@@ -103,7 +103,7 @@ TEST_F(DemoPage, TellsTheRangesAndAStandardOfEachProcessInstrument) {
             << asset.toStdString();
         EXPECT_EQ(params.repetitions, row[1].contains(u"3 readings a point"_s) ? 3 : 1)
             << asset.toStdString();
-        EXPECT_EQ(params.output_indicated, row[1].contains(u"read by eye"_s)) << asset.toStdString();
+        EXPECT_EQ(params.output_indicated, row[1].contains(u"read manually"_s)) << asset.toStdString();
         for (const auto& standard : namesIn(row[4]))
             EXPECT_EQ(CheckStandard(session, standard, asset), standardUsable) << asset.toStdString();
     }
@@ -113,7 +113,7 @@ TEST_F(DemoPage, TellsTheRangesAndAStandardOfEachProcessInstrument) {
     EXPECT_EQ(CheckStandard(session, u"PM-030"_s, u"TCS-802"_s), standardOverdue);
 }
 
-TEST_F(DemoPage, TellsOfAnInstrumentThatHasNothingYet) {
+TEST_F(DemoPage, NamesAnInstrumentWithoutParameters) {
     const auto asset = u"UC-901"_s;
     EXPECT_TRUE(page.contains(u"`UC-901`, a pressure transmitter, is not configured."_s));
     EXPECT_EQ(value(u"select i4204 from mt.inventory where i4201 = 'UC-901'"_s), u"PRESSURE TRANSMITTER"_s);
@@ -141,7 +141,7 @@ TEST_F(DemoPage, NamesOnlyInstrumentsAndPackagesThatExist) {
     EXPECT_GE(packages, 6);
 }
 
-TEST_F(DemoPage, TellsWhichStandardsAreRefused) {
+TEST_F(DemoPage, NamesTheRefusedStandards) {
     EXPECT_TRUE(page.contains(u"`TT-0200F` is overdue, `TT-TRAIN` ranks too low and `TT-NEW` has no"_s));
     EXPECT_EQ(CheckStandard(session, u"TT-0200F"_s, u"TW-101"_s), standardOverdue);
     EXPECT_EQ(CheckStandard(session, u"TT-TRAIN"_s, u"TW-101"_s), standardRankTooLow);

@@ -53,7 +53,7 @@ class DemoRecord : public DatabaseSession {
 
 TEST_F(DemoRecord, IsWrittenWithStandardsAndResultsAndBecomesTheCurrentOne) {
     EXPECT_EQ(makeRecord(u"TW-101"_s, u"Y"_s, u"09:30:00"_s), QString());
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(
         rows(
             u"select "

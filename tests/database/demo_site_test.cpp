@@ -36,7 +36,7 @@ CalField fieldOf(const CalRecord& record, const QString& column) {
     return record.CalFieldTable[static_cast<int>(row)];
 }
 
-QString joined(QStringList names) {
+QString joinNames(QStringList names) {
     names.sort();
     return names.join(u' ');
 }
@@ -86,10 +86,10 @@ TEST_F(DemoSite, SettingsAreThoseOfASiteAtVersionSix) {
         QStringList{u"0|6|0|0|1|4|ABCDE|1"_s});
     EXPECT_EQ(rows(u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s, 2),
               QStringList{u"N|N"_s});
-    EXPECT_EQ(joined(rows(u"select dayofweek from mt.nonworkdays"_s)), u"Saturday Sunday"_s);
+    EXPECT_EQ(joinNames(rows(u"select dayofweek from mt.nonworkdays"_s)), u"Saturday Sunday"_s);
     EXPECT_EQ(value(u"select count(*) from mt.holidays"_s), u"44"_s);
     const auto year = QDate::currentDate().toString(u"yyyy"_s);
-    EXPECT_EQ(joined(rows(u"select holiday from mt.holidays where holiday like '"_s + year + u"-%'"_s)),
+    EXPECT_EQ(joinNames(rows(u"select holiday from mt.holidays where holiday like '"_s + year + u"-%'"_s)),
               u"%1-01-01 %1-05-01 %1-12-25 %1-12-26"_s.arg(year));
 }
 
@@ -99,29 +99,29 @@ TEST_F(DemoSite, StandardsAreJudgedByDateAndRank) {
         QString instrument;
         qint16 verdict;
     };
-    for (const auto& one : {Case{u"TT-0300F"_s, u"TW-101"_s, standardUsable},
-                            Case{u"TT-0150F"_s, u"TW-102"_s, standardUsable},
-                            Case{u"TT-0075F"_s, u"TW-103"_s, standardUsable},
-                            Case{u"TT-0300I"_s, u"TW-104"_s, standardUsable},
-                            Case{u"TT-0500N"_s, u"TW-105"_s, standardUsable},
-                            Case{u"TT-0500N"_s, u"TW-106"_s, standardUsable},
-                            Case{u"TT-S150"_s, u"TW-107"_s, standardUsable},
-                            Case{u"TT-0050I"_s, u"TD-109"_s, standardUsable},
-                            Case{u"TT-0010N"_s, u"TD-110"_s, standardUsable},
-                            Case{u"TT-NEW"_s, u"TW-101"_s, standardUsable},
-                            Case{u"F702-01"_s, u"PT-101"_s, standardUsable},
-                            Case{u"PM-300"_s, u"PT-102"_s, standardUsable},
-                            Case{u"TRQ-CAL"_s, u"TT-0300F"_s, standardUsable},
-                            Case{u"DWT-01"_s, u"PM-100"_s, standardUsable},
-                            Case{u"TT-0200F"_s, u"TW-101"_s, standardOverdue},
-                            Case{u"PM-030"_s, u"PT-101"_s, standardOverdue},
-                            Case{u"TT-TRAIN"_s, u"TW-101"_s, standardRankTooLow},
-                            Case{u"TT-0300F"_s, u"TT-0150F"_s, standardRankTooLow},
-                            Case{u"DMM-87V"_s, u"F702-01"_s, standardRankTooLow},
-                            Case{u"TT-NONE"_s, u"TW-101"_s, standardUnknown},
-                            Case{u"PM-100"_s, u"UC-903"_s, instrumentWithoutTrace}})
-        EXPECT_EQ(CheckStandard(session, one.standard, one.instrument), one.verdict)
-            << one.standard.toStdString() << " for " << one.instrument.toStdString();
+    for (const auto& testCase : {Case{u"TT-0300F"_s, u"TW-101"_s, standardUsable},
+                                 Case{u"TT-0150F"_s, u"TW-102"_s, standardUsable},
+                                 Case{u"TT-0075F"_s, u"TW-103"_s, standardUsable},
+                                 Case{u"TT-0300I"_s, u"TW-104"_s, standardUsable},
+                                 Case{u"TT-0500N"_s, u"TW-105"_s, standardUsable},
+                                 Case{u"TT-0500N"_s, u"TW-106"_s, standardUsable},
+                                 Case{u"TT-S150"_s, u"TW-107"_s, standardUsable},
+                                 Case{u"TT-0050I"_s, u"TD-109"_s, standardUsable},
+                                 Case{u"TT-0010N"_s, u"TD-110"_s, standardUsable},
+                                 Case{u"TT-NEW"_s, u"TW-101"_s, standardUsable},
+                                 Case{u"F702-01"_s, u"PT-101"_s, standardUsable},
+                                 Case{u"PM-300"_s, u"PT-102"_s, standardUsable},
+                                 Case{u"TRQ-CAL"_s, u"TT-0300F"_s, standardUsable},
+                                 Case{u"DWT-01"_s, u"PM-100"_s, standardUsable},
+                                 Case{u"TT-0200F"_s, u"TW-101"_s, standardOverdue},
+                                 Case{u"PM-030"_s, u"PT-101"_s, standardOverdue},
+                                 Case{u"TT-TRAIN"_s, u"TW-101"_s, standardRankTooLow},
+                                 Case{u"TT-0300F"_s, u"TT-0150F"_s, standardRankTooLow},
+                                 Case{u"DMM-87V"_s, u"F702-01"_s, standardRankTooLow},
+                                 Case{u"TT-NONE"_s, u"TW-101"_s, standardUnknown},
+                                 Case{u"PM-100"_s, u"UC-903"_s, instrumentWithoutTrace}})
+        EXPECT_EQ(CheckStandard(session, testCase.standard, testCase.instrument), testCase.verdict)
+            << testCase.standard.toStdString() << " for " << testCase.instrument.toStdString();
 }
 
 TEST_F(DemoSite, AnotherOwnersStandardsAreThoseOfTheirOwnSchema) {
@@ -144,13 +144,13 @@ TEST_F(DemoSite, EveryPackageExpands) {
         {u"CLICK 250F WRENCHES"_s, u"TW-101 TW-111"_s},
         {u"TORQUE SCREWDRIVERS"_s, u"TD-109 TD-110"_s},
         {u"WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G"_s, u"PT-101 PT-103"_s}};
-    EXPECT_EQ(joined(rows(u"select taskname from mt.hvm_kv_task_packages"_s)), joined(members.keys()));
+    EXPECT_EQ(joinNames(rows(u"select taskname from mt.hvm_kv_task_packages"_s)), joinNames(members.keys()));
     for (auto package = members.cbegin(); package != members.cend(); ++package) {
         const auto count = GetAssetsInTaskPackage(session, package.key());
         QStringList found;
         for (qint16 entry = 0; entry < count; ++entry)
             found << std::as_const(session).AssetList[entry].asset;
-        EXPECT_EQ(joined(found), package.value()) << package.key().toStdString();
+        EXPECT_EQ(joinNames(found), package.value()) << package.key().toStdString();
     }
 }
 

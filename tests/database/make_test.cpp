@@ -115,7 +115,7 @@ TEST_F(MakeScript, AFurtherRunAddsTablesThatAreMissing) {
     sqlite(made + u"/mt.db"_s, u"drop index inventory_serial; drop trigger calibration_marks_new"_s);
     ASSERT_NE(contentOf(made), before);
     EXPECT_EQ(run({made}).code, 0);
-    // A dump tells things in the order in which they were made.
+    // A dump lists things in the order in which they were made.
     EXPECT_EQ(lines(contentOf(made)), lines(before));
 }
 
@@ -202,7 +202,7 @@ TEST_F(MakeScript, UserSettingsOfTheEngineProgramDoNotCount) {
         u"0"_s);
 }
 
-TEST_F(MakeScript, WrongArgumentsAreToldAndChangeNothing) {
+TEST_F(MakeScript, WrongArgumentsAreReportedAndChangeNothing) {
     for (const auto& arguments : {QStringList{}, QStringList{u"--demo"_s}, QStringList{u"one"_s, u"two"_s},
                                   QStringList{u"one"_s, u"--other"_s}}) {
         const auto outcome = run(arguments);

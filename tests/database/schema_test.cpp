@@ -181,8 +181,8 @@ TEST_F(Schema, DatesAndTimesPassInTheWrittenFormOnly) {
             valueOf(*connection, u"select domain_name from sys.sysdomain natural join sys.syscolumn where "
                                  "column_name = '"_s +
                                      column.name + u'\'');
-        const auto kind =
-            std::find_if(kinds.begin(), kinds.end(), [&](const Kind& one) { return one.domain == domain; });
+        const auto kind = std::find_if(kinds.begin(), kinds.end(),
+                                       [&](const Kind& candidate) { return candidate.domain == domain; });
         const auto table = column.qualifiedTable();
         if (kind == kinds.end() || valueOf(*connection, u"select count(*) from "_s + table) == u"0"_s)
             continue;
@@ -223,7 +223,7 @@ TEST_F(Schema, TheNamesOfUsersAndAssetsCountInAnyLetterCase) {
               QStringList{u"1301"_s});
 }
 
-TEST_F(Schema, LookupsOfARowGoThroughAnIndex) {
+TEST_F(Schema, QueriesOfARowUseAnIndex) {
     for (
         const auto& query : {
             u"select mtag from mt.inventory where i4201 = 'TW-101'"_s,
@@ -274,7 +274,7 @@ TEST_F(Calibrations, ANewRecordGetsItsNumberAndIsTheCurrentOne) {
               QStringList{u"(null)"_s});
 }
 
-TEST_F(Calibrations, AnEarlierDateTakesTheMarkAllTheSame) {
+TEST_F(Calibrations, AnEarlierDateStillTakesTheMark) {
     const auto late = newRecord(u"MT"_s, u"1303"_s, u"C2301,"_s, u"'2026-03-18',"_s);
     const auto early = newRecord(u"MT"_s, u"1303"_s, u"C2301,"_s, u"'2020-03-18',"_s);
     EXPECT_EQ(current(u"mt"_s, u"1303"_s), QStringList{early});
@@ -308,7 +308,7 @@ TEST_F(Calibrations, TwoCurrentRecordsOfAnAssetAreImpossible) {
     EXPECT_TRUE(refusal(u"update mt.calibration set c2339 = '1' where mtag = '1301'"_s));
 }
 
-TEST_F(Calibrations, NumbersOfDifferentOwnersNeverMeetAndAreNotUsedAgain) {
+TEST_F(Calibrations, NumbersOfDifferentOwnersNeverCollideAndAreNotUsedAgain) {
     const auto mt = newRecord(u"MT"_s, u"1301"_s).toInt();
     const auto standard = newRecord(u"STD"_s, u"2001"_s).toInt();
     const auto abc = newRecord(u"ABC"_s, u"3301"_s).toInt();
@@ -319,7 +319,7 @@ TEST_F(Calibrations, NumbersOfDifferentOwnersNeverMeetAndAreNotUsedAgain) {
     EXPECT_EQ(newRecord(u"MT"_s, u"1301"_s).toInt(), mt + 1);
 }
 
-TEST_F(Calibrations, KeysOfDifferentOwnersNeverMeet) {
+TEST_F(Calibrations, KeysOfDifferentOwnersNeverCollide) {
     EXPECT_EQ(
         queryRows(
             *connection,

@@ -32,7 +32,7 @@ Outcome runScript(const QString& script, const QStringList& arguments, const Scr
     QProcess process;
     process.setProcessEnvironment(environment.variables);
     process.setWorkingDirectory(environment.workingFolder);
-    if (environment.asNobody)
+    if (environment.withoutPrivileges)
         process.setChildProcessModifier([] {
             if (::getuid() == 0 && ::setuid(nobody) != 0)
                 ::_exit(100);

@@ -21,7 +21,7 @@ struct ScriptEnvironment {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     QString workingFolder;
     /// Run by a user who may write only what everybody may.
-    bool asNobody = false;
+    bool withoutPrivileges = false;
 };
 
 /// Runs a script by its path, to its end.

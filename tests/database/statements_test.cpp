@@ -10,8 +10,7 @@ namespace kelvane::testing {
 namespace {
 
 /// Statements as the routines send them; "%O" stands for the session's owner, "%S" for the owner of the
-/// standards,
-/// "%A" for an instrument of that owner.
+/// standards, "%A" for an instrument of that owner.
 struct Statements {
     const char* of;
     QStringList queries;

@@ -150,7 +150,7 @@ TEST_F(UpgradeFailure, ByAFileThatIsReadOnlyChangesNothing) {
         QFile::setPermissions(siteFile(file), QFile::Permissions(0x6666));
     QFile::setPermissions(siteFile(u"std.db"_s), QFile::Permissions(0x4444));
     ScriptEnvironment environment;
-    environment.asNobody = true;
+    environment.withoutPrivileges = true;
     expectFailure(upgrade(scripts, environment), u"site/std.db can't be written; nothing was changed"_s);
     expectUnchanged();
 

@@ -37,7 +37,7 @@ class Upgrade : public ::testing::Test {
 
     /// The number of the last step entered in the database; 0 without a history.
     int version() const;
-    /// Takes the history away: nothing told the version before there were upgrades.
+    /// Takes the history away: no table held the version before there were upgrades.
     void forgetVersion() const;
     /// The folders of copies beside the database.
     QStringList copies() const;

@@ -9,10 +9,10 @@ namespace kelvane::testing {
 TEST(DownloadNotes, StandBehindTheAssetThatTheyConcern) {
     ScriptedUserInterface ui;
     ui.expectBox(u"PT-1: words"_s, u"Download Procedures To Calibrator"_s, box::information);
-    tellDownloadNote(ui, u"PT-1"_s, u"words"_s);
+    showDownloadNote(ui, u"PT-1"_s, u"words"_s);
     ui.expectBox(u": "_s, u"Download Procedures To Calibrator"_s, box::information);
-    tellDownloadNote(ui, {}, {});
-    EXPECT_TRUE(ui.allCame());
+    showDownloadNote(ui, {}, {});
+    EXPECT_TRUE(ui.hasMetAll());
 }
 
 } // namespace kelvane::testing

@@ -13,7 +13,8 @@ namespace kelvane::testing {
 
 namespace {
 
-// What a driver hands in, of a calibrator that nobody has: it differs from the Fluke 702 wherever it can.
+// The parts that a driver supplies, of a calibrator that does not exist: it differs from the Fluke 702
+// wherever it can.
 constexpr FlukeLimits::Unit units[] = {{u"V", {-5, 5}, {-5, 5}}};
 constexpr kelvane::FlukeAcceptance acceptance{.routine = u"Module,Acceptable",
                                               .limits = {units, {}},
@@ -75,16 +76,16 @@ TEST_F(FlukeParts, AcceptanceTakesAnIndicatedInputWhereTheCalibratorDoes) {
 TEST_F(FlukeParts, AcceptanceNotesAnUnknownInputWhereTheCalibratorDoesNotRefuseIt) {
     expectNote(TextId::inputNotSourceable);
     EXPECT_EQ(answer(instrument(u"%"_s, u"V"_s)), QString());
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     expectNote(TextId::outputNotMeasurable);
     expectNote(TextId::inputNotSourceable);
     EXPECT_EQ(answer(instrument(u"%"_s, u"%"_s)), QString());
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     expectNote(TextId::outputNotMeasurable);
     EXPECT_EQ(answer(instrument(u"psi"_s, u"psi"_s)), QString());
 }
 
-TEST(FlukeBaseUnits, AreScaledOnTheWaysOfTheirRow) {
+TEST(FlukeBaseUnits, AreScaledInTheDirectionsOfTheirRow) {
     EXPECT_EQ(toBaseUnit(baseUnits, 20.1F, u"mA"), 20.1F / 1000);
     EXPECT_EQ(fromBaseUnit(baseUnits, 20.1F, u"mA"), 20.1F * 1000);
     EXPECT_EQ(toBaseUnit(baseUnits, 2.0F, u"KHz"), 2000.0F);
@@ -101,7 +102,7 @@ TEST(FlukeBaseUnits, AreComputedInTheWidthOfTheValue) {
     EXPECT_THROW(fromBaseUnit(baseUnits, 1e307, u"mA"), Error);
 }
 
-TEST(FlukeDownloadWords, AreThoseThatTheDriverHandsIn) {
+TEST(FlukeDownloadWords, AreThoseThatTheDriverSupplies) {
     auto record = instrument(u"C"_s, u"mA"_s);
     record.tp_name = u"linearity five point up"_s;
     record.temp_sens_type_in = u"TC K"_s;
@@ -162,15 +163,15 @@ TEST_F(FlukeParts, StandardsOfARunAreTheCalibratorItsModulesAndThoseInUse) {
 }
 
 TEST_F(FlukeParts, ALinkLineHasItsUsualSettingsWhereNoneAreStored) {
-    constexpr CalibratorIdentity nobody{u"No calibrator", TextId::calibratorFluke74x, u"none"};
-    EXPECT_EQ(linkLine(session, nobody).baudRate, 9600);
-    EXPECT_EQ(linkLine(session, nobody).port, u"COM1"_s);
+    constexpr CalibratorIdentity unknown{u"No calibrator", TextId::calibratorFluke74x, u"none"};
+    EXPECT_EQ(linkLine(session, unknown).baudRate, 9600);
+    EXPECT_EQ(linkLine(session, unknown).port, u"COM1"_s);
     settings.values.insert(u"No calibrator/BaudRate"_s, u"abc"_s);
-    EXPECT_EQ(linkLine(session, nobody).baudRate, 9600);
+    EXPECT_EQ(linkLine(session, unknown).baudRate, 9600);
     settings.values.insert(u"No calibrator/BaudRate"_s, u"19200"_s);
     settings.values.insert(u"No calibrator/Port"_s, u"COM3"_s);
-    EXPECT_EQ(linkLine(session, nobody).baudRate, 19200);
-    EXPECT_EQ(linkLine(session, nobody).port, u"COM3"_s);
+    EXPECT_EQ(linkLine(session, unknown).baudRate, 19200);
+    EXPECT_EQ(linkLine(session, unknown).port, u"COM3"_s);
 }
 
 } // namespace kelvane::testing

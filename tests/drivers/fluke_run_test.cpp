@@ -15,7 +15,7 @@ TEST(RunResults, ComeBackFromTheJournalToTheBit) {
                    .date = u"2026-03-18"_s,
                    .time = u"08:15:30"_s,
                    .tag = {u"PT-101"_s, u"V88101"_s, u"Joe \"Ω\" Doe"_s},
-                   .comesAgain = true,
+                   .hasLaterRun = true,
                    .pressureModule = u"71204"_s,
                    .inUseTech = u"asmith"_s};
     const float values[] = {0,        -0.0F,  0.1F, 1.0F / 3,  3.4E38F,      1.4E-45F, std::nanf(""),
@@ -28,7 +28,7 @@ TEST(RunResults, ComeBackFromTheJournalToTheBit) {
     EXPECT_EQ(back.date + back.time, run.date + run.time);
     EXPECT_EQ(back.tag.tag + back.tag.serial + back.tag.technician,
               run.tag.tag + run.tag.serial + run.tag.technician);
-    EXPECT_TRUE(back.comesAgain);
+    EXPECT_TRUE(back.hasLaterRun);
     EXPECT_EQ(back.pressureModule + back.inUseTech, run.pressureModule + run.inUseTech);
     ASSERT_EQ(back.entries.size(), run.entries.size());
     const auto same = [](float left, float right) {
@@ -52,10 +52,10 @@ TEST(RunResults, AreShownToTheOperatorAPointALine) {
 class RunFields : public RecordedSession {
   protected:
     CalRecord record;
-    QString roundOf(qint16 kind, bool comesAgain, int failures) {
+    QString roundOf(qint16 kind, bool hasLaterRun, int failures) {
         record.CalFieldTable[0] = {};
         record.CalFieldTable[0].column = u"C2308"_s;
-        fillFields(record, {}, PointCounts{failures, 0}, {.kind = kind, .comesAgain = comesAgain},
+        fillFields(record, {}, PointCounts{failures, 0}, {.kind = kind, .hasLaterRun = hasLaterRun},
                    u"6841207"_s);
         return record.CalFieldTable[0].value;
     }

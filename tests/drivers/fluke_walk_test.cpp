@@ -14,7 +14,7 @@ namespace {
 constexpr auto infinity = std::numeric_limits<float>::infinity();
 constexpr auto notANumber = std::numeric_limits<float>::quiet_NaN();
 
-// The figures and words of a calibrator that nobody has.
+// The limits and words of a calibrator that does not exist.
 constexpr FlukeLimits::Unit units[] = {
     {u"V", {-5, 5}, {0, 1}},
     {u"Hz", {10, 20}, {10, 20}},
@@ -133,12 +133,13 @@ TEST(FlukeWalk, KnowsTheQuantityOfEachUnit) {
 
 TEST(FlukeWalk, HasFiveCombinationsOfWhichNoTwoMeet) {
     EXPECT_EQ(std::size(flukeCombinations), 5U);
-    for (const auto& one : flukeCombinations) {
-        const auto alike = std::count_if(
-            std::begin(flukeCombinations), std::end(flukeCombinations), [&](const FlukeCombination& other) {
-                return other.inputClass == one.inputClass && other.outputClass == one.outputClass;
-            });
-        EXPECT_EQ(alike, 1) << one.inputClass << " and " << one.outputClass;
+    for (const auto& combination : flukeCombinations) {
+        const auto alike = std::count_if(std::begin(flukeCombinations), std::end(flukeCombinations),
+                                         [&](const FlukeCombination& other) {
+                                             return other.inputClass == combination.inputClass &&
+                                                    other.outputClass == combination.outputClass;
+                                         });
+        EXPECT_EQ(alike, 1) << combination.inputClass << " and " << combination.outputClass;
     }
 }
 

@@ -21,7 +21,7 @@ const QString recordExists =
 
 } // namespace
 
-/// PT-1 (key 7) on its way into a record that asks the operator for the field C2307.
+/// PT-1 (key 7) during the making of a record that asks the operator for the field C2307.
 class WorkOnAnInstrument : public RecordedSession {
   protected:
     WorkOnAnInstrument() {
@@ -34,21 +34,21 @@ class WorkOnAnInstrument : public RecordedSession {
 
     /// Prepares the instrument and has its record made; `step` is a step of the driver.
     RecordOutcome work(const std::function<void()>& step = [] {}) {
-        InstrumentWork one(session, routine);
-        one.record = record;
-        one.record.RecordResults[0] = u"line"_s;
-        one.record.RecordStandards[0] = u"F702-01"_s;
-        one.attempt(step);
-        one.entry.driver = u"fluke702"_s;
-        one.entry.serial = u"6841207"_s;
-        one.entry.asset = u"PT-1"_s;
-        one.entry.mtag = u"7"_s;
-        one.entry.date = u"2026-03-18"_s;
-        one.entry.time = u"08:15:30"_s;
-        one.entry.raw = {{"points"_L1, u"50"_s}};
-        one.entry.readings = readings;
-        const auto outcome = one.finish();
-        EXPECT_TRUE(ui.allCame());
+        InstrumentWork work(session, routine);
+        work.record = record;
+        work.record.RecordResults[0] = u"line"_s;
+        work.record.RecordStandards[0] = u"F702-01"_s;
+        work.attempt(step);
+        work.entry.driver = u"fluke702"_s;
+        work.entry.serial = u"6841207"_s;
+        work.entry.asset = u"PT-1"_s;
+        work.entry.mtag = u"7"_s;
+        work.entry.date = u"2026-03-18"_s;
+        work.entry.time = u"08:15:30"_s;
+        work.entry.raw = {{"points"_L1, u"50"_s}};
+        work.entry.readings = readings;
+        const auto outcome = work.finish();
+        EXPECT_TRUE(ui.hasMetAll());
         return outcome;
     }
     /// The operator is asked for a field, and this happens meanwhile.
@@ -62,7 +62,7 @@ class WorkOnAnInstrument : public RecordedSession {
     }
     QList<JournalEntry> unfinished() const { return Journal(session).unfinished(); }
     bool hasRecord() const { return !script.statements.filter(u"insert into MT.calibration"_s).isEmpty(); }
-    static Error failed() { return {-158, u"Value out of range"_s}; }
+    static Error serverError() { return {-158, u"Value out of range"_s}; }
     QString insert() const { return script.statements.filter(u"insert into MT.calibration"_s).value(0); }
 
     using End = RecordOutcome::End;
@@ -146,7 +146,7 @@ TEST_F(WorkOnAnInstrument, ALostConnectionEndsTheUploadWithTheEntryUnfinished) {
 TEST_F(WorkOnAnInstrument, AReportWhileTheRecordIsMadeLeavesItUnfinishedAndTheUploadGoesOn) {
     work();
     const auto statement = insert();
-    script.failures[statement] = failed();
+    script.failures[statement] = serverError();
     ui.expectReport(-158, u"ModuleGlobals,CreateCalRecord"_s);
     const auto outcome = work();
     EXPECT_EQ(outcome.end, End::unfinished);
@@ -156,9 +156,9 @@ TEST_F(WorkOnAnInstrument, AReportWhileTheRecordIsMadeLeavesItUnfinishedAndTheUp
               u"An error was reported while the record was being made. It may be incomplete."_s);
 }
 
-TEST_F(WorkOnAnInstrument, AReportInTheLookUpsOfTheRecordMeansNoRecordAndNobodyIsAskedInVain) {
+TEST_F(WorkOnAnInstrument, AReportInTheQueriesOfTheRecordMeansNoRecordAndNoQuestions) {
     const auto key = u"select mtag from MT.inventory where i4201 = 'PT-1'"_s;
-    script.failures[key] = failed();
+    script.failures[key] = serverError();
     script.answers.insert(worksheetQuery, {{u"2307"_s}});
     ui.expectReport(-158, u"ModuleGlobals,CheckAsset"_s);
     EXPECT_EQ(work().end, End::unprepared) << "the calibrator keeps it";
@@ -169,7 +169,7 @@ TEST_F(WorkOnAnInstrument, AReportInTheLookUpsOfTheRecordMeansNoRecordAndNobodyI
 TEST_F(WorkOnAnInstrument, AReportWhileTheOperatorIsAskedMeansNoRecord) {
     record.CalFieldTable[3].has_list = true;
     script.answers.insert(worksheetQuery, {{u"2307"_s}});
-    script.failures[u"select val from mt.valfield where fldnum = '2307' order by val asc"_s] = failed();
+    script.failures[u"select val from mt.valfield where fldnum = '2307' order by val asc"_s] = serverError();
     ui.expectReport(-158, u"ModuleGlobals,PromptUser"_s);
     EXPECT_EQ(work().end, End::unprepared);
     EXPECT_FALSE(hasRecord());
@@ -198,7 +198,7 @@ TEST_F(WorkOnAnInstrument, ARecordThatTheOperatorGivesUpIsRefused) {
 TEST_F(WorkOnAnInstrument, TheOperatorsOwnDateIsInTheJournalBeforeTheRecordIsWritten) {
     askFor(u"2301"_s, u"03/20/2026"_s);
     work();
-    script.failures[insert()] = failed();
+    script.failures[insert()] = serverError();
     record.CalFieldTable[0].value = u"2026-03-18"_s;
     askFor(u"2301"_s, u"03/20/2026"_s);
     ui.expectReport(-158, u"ModuleGlobals,CreateCalRecord"_s);

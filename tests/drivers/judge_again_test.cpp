@@ -13,11 +13,11 @@ class JudgedAgain : public RecordedSession {
 
 TEST_F(JudgedAgain, ReadingsMustBeAsManyAsThePoints) {
     EXPECT_EQ(countMismatch(u"PT-1"_s, 3, 3), QString());
-    const auto told =
+    const auto format =
         u"The test strategy or the repetitions of PT-1 have been changed: there are %1 readings, "
         "and %2 are asked for now. The results are kept."_s;
-    EXPECT_EQ(countMismatch(u"PT-1"_s, 3, 2), told.arg(3).arg(2));
-    EXPECT_EQ(countMismatch(u"PT-1"_s, 0, 1), told.arg(0).arg(1));
+    EXPECT_EQ(countMismatch(u"PT-1"_s, 3, 2), format.arg(3).arg(2));
+    EXPECT_EQ(countMismatch(u"PT-1"_s, 0, 1), format.arg(0).arg(1));
 }
 
 TEST_F(JudgedAgain, TheStandardsOfThenCountAndThoseOfNowForAFailedPreparationAlone) {
@@ -40,7 +40,7 @@ TEST_F(JudgedAgain, BeginsWithEmptyListsAndAsksForWhatTheInstrumentIsNow) {
     script.answers.insert(
         u"select count(ctag) from MT.calibration where mtag = (select mtag from MT.inventory where i4201 = 'PT-1')"_s,
         {{u"0"_s}});
-    const auto begun = beginJudgingAgain(session, record, u"PT-1"_s);
+    const auto begun = beginRejudgement(session, record, u"PT-1"_s);
     EXPECT_EQ(begun.points, 0);
     EXPECT_EQ(begun.instrument.mtag, QString());
     EXPECT_EQ(entriesOf(record.RecordResults) + entriesOf(record.RecordStandards), QStringList());

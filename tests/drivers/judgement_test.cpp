@@ -24,8 +24,8 @@ class JudgedRun : public RecordedSession {
 
     QStringList lines() const {
         QStringList found;
-        for (const auto& one : entriesOf(record.RecordResults))
-            found << one.simplified();
+        for (const auto& entry : entriesOf(record.RecordResults))
+            found << entry.simplified();
         return found;
     }
     void expectBox(bool passed) {
@@ -50,8 +50,8 @@ class JudgedRun : public RecordedSession {
             expectBox(false);
         if (passed)
             expectBox(true);
-        run.tellDisagreements(u"X-1"_s);
-        EXPECT_TRUE(ui.allCame()) << reading << ", " << calibratorError;
+        run.showDisagreements(u"X-1"_s);
+        EXPECT_TRUE(ui.hasMetAll()) << reading << ", " << calibratorError;
     }
 
     CalParamRecord instrument;
@@ -72,7 +72,7 @@ TEST_F(JudgedRun, APointWithItsRangesAndTermsInTheirPlaces) {
     instrument.neg_lsd_counts = 2000;
     instrument.pos_units = 7;
     instrument.neg_units = 8;
-    const auto result = judged(session, instrument, 120, 310, 12);
+    const auto result = judgePoint(session, instrument, 120, 310, 12);
     EXPECT_DOUBLE_EQ(result.nominal, 300);
     EXPECT_DOUBLE_EQ(result.upper_limit, 300 + 5 + 12 + 15 + 1 + 7);
     EXPECT_DOUBLE_EQ(result.lower_limit, 300 - 10 - 16 - 18 - 2 - 8);
@@ -83,14 +83,14 @@ TEST_F(JudgedRun, APointWithItsRangesAndTermsInTheirPlaces) {
 TEST_F(JudgedRun, FailuresAndMarginalPointsAreCountedAndLinesStored) {
     RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 50, 0);
-    EXPECT_TRUE(run.counts().passed());
+    EXPECT_TRUE(run.counts().hasPassed());
     run.take(1, 50, 53.125, 0); // on the limit: passes, and is marginal
     run.take(2, 50, 53.126, 3);
     run.take(3, 50, 46, 3);
     run.take(4, 50, 53, 0);
     EXPECT_EQ(run.counts().failures, 2);
     EXPECT_EQ(run.counts().marginals, 2);
-    EXPECT_FALSE(run.counts().passed());
+    EXPECT_FALSE(run.counts().hasPassed());
     EXPECT_EQ(lines(), (QStringList{u"1 50.000V 50.000V PASS"_s, u"2 50.000V 53.125V PASS"_s,
                                     u"3 50.000V 53.126V FAIL"_s, u"4 50.000V 46.000V FAIL"_s,
                                     u"5 50.000V 53.000V PASS"_s}));
@@ -136,7 +136,7 @@ TEST_F(JudgedRun, WithoutRepetitionsAReadingIsADivisionByZero) {
     }
 }
 
-TEST_F(JudgedRun, DisagreementIsToldOnExactLimits) {
+TEST_F(JudgedRun, DisagreementIsShownOnExactLimits) {
     const double above = std::nextafter(53.125, 100);
     const double below = std::nextafter(46.875, 0);
     const double more = std::nextafter(3.125, 100);
@@ -170,25 +170,25 @@ TEST_F(JudgedRun, AnErrorThatIsNoNumberIsNoDisagreement) {
     expectBoxes(50, std::numeric_limits<double>::infinity(), false, true);
 }
 
-TEST_F(JudgedRun, BothDisagreementsOfARunAreToldTheFailureFirst) {
+TEST_F(JudgedRun, BothDisagreementsOfARunAreShownTheFailureFirst) {
     RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 50, 5);
     run.take(1, 50, 60, 0);
     run.take(2, 50, 50, 0);
     expectBox(false);
     expectBox(true);
-    run.tellDisagreements(u"X-1"_s);
+    run.showDisagreements(u"X-1"_s);
 }
 
-TEST_F(JudgedRun, DisagreementLooksAtEachReadingAndNotAtTheMeans) {
+TEST_F(JudgedRun, DisagreementUsesEachReadingAndNotTheMeans) {
     instrument.repetitions = 3;
     RunJudgement run(session, record, instrument, 3.125);
     run.take(0, 50, 60, 0);
     run.take(1, 50, 45, 5);
     run.take(2, 50, 45, 5);
-    EXPECT_TRUE(run.counts().passed());
+    EXPECT_TRUE(run.counts().hasPassed());
     expectBox(false);
-    run.tellDisagreements(u"X-1"_s);
+    run.showDisagreements(u"X-1"_s);
 }
 
 TEST_F(JudgedRun, AValueThatIsNoNumberCantBeJudgedAndNeverPasses) {

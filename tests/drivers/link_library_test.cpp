@@ -47,8 +47,8 @@ TEST_F(FoundLibrary, OfAnyNameIsAMessageWhenItIsNotThere) {
 
 TEST(LinkOperations, WithoutTheirLibraryAreErrors) {
     LinkLibrary library(u"none"_s, u"/"_s);
-    const LinkOperation<int> one(library, "one");
-    EXPECT_THROW(one(1), Error);
+    const LinkOperation<int> operation(library, "one");
+    EXPECT_THROW(operation(1), Error);
 }
 
 TEST(TextsIn, AreBytesOfTheCalibratorsAlphabetWithAZeroBehindThem) {

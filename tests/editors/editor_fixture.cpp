@@ -15,7 +15,7 @@ namespace kelvane::testing {
 EditorFixture::EditorFixture()
     : database(demoDatabase()),
       observer(database.connect()),
-      session({person, clock, settings},
+      session({simulatedOperator, clock, settings},
               [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
       area(new QMdiArea(&window)) {
     session.SessionDataSource = database.dsn();

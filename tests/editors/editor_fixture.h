@@ -18,7 +18,7 @@ struct PlannedFault {
     enum class Kind {
         /// The step is refused.
         refused,
-        /// The step is carried out, and fails all the same.
+        /// The step is carried out, and still fails.
         answerLost,
         /// The connection is gone with the step.
         connectionLost,
@@ -114,7 +114,7 @@ class EditorFixture {
     OwnFolder folder;
     SessionClock clock;
     MemorySettings settings;
-    AnsweringOperator person;
+    AnsweringOperator simulatedOperator;
     EmbeddedDatabase database;
     std::unique_ptr<Connection> observer;
     PlannedFault fault;

@@ -62,7 +62,7 @@ TEST_F(MessageCommands, ANewMessageIsInTheDatabaseBeforeItsTextIs) {
     EXPECT_EQ(findChild(u"FormTestMess"_s), nullptr);
 }
 
-TEST_F(MessageCommands, ANewMessageLightsCancelWhereItTakesATextAway) {
+TEST_F(MessageCommands, ANewMessageEnablesCancelWhereItClearsAText) {
     open();
     expectName(u"NEW"_s);
     click(u"CommandCreate"_s);
@@ -81,7 +81,7 @@ TEST_F(MessageCommands, ANewMessageIsTheOneThatARefusedChoiceComesBackTo) {
     type(u"x"_s);
     expectDiscard(BoxAnswer::no);
     QTest::keyClick(&names(), Qt::Key_Up);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     EXPECT_EQ(message().text(), u"x"_s);
 }
@@ -100,21 +100,21 @@ TEST_F(MessageCommands, TheFirstMessageOfAllMakesSavingPossible) {
 TEST_F(MessageCommands, TheNameOfANewMessageHasNoLimitInSpiteOfThePrompt) {
     open();
     const auto name = u"N"_s.repeated(31);
-    person.expectDialog(u"Add Test Message"_s,
-                        u"Enter a name for the new test message: (30 characters max)"_s,
-                        [&](FormCustomDialog& dialog) {
-                            EXPECT_GT(control<QLineEdit>(dialog, u"TextCustomDialog"_s).maxLength(), 1000000);
-                            answerDialog(dialog, name);
-                        });
+    simulatedOperator.expectDialog(
+        u"Add Test Message"_s, u"Enter a name for the new test message: (30 characters max)"_s,
+        [&](FormCustomDialog& dialog) {
+            EXPECT_GT(control<QLineEdit>(dialog, u"TextCustomDialog"_s).maxLength(), 1000000);
+            answerDialog(dialog, name);
+        });
     click(u"CommandCreate"_s);
     EXPECT_EQ(names().currentText(), name);
 }
 
-TEST_F(MessageCommands, ANameThatIsTakenIsToldAndAskedAgain) {
+TEST_F(MessageCommands, AnExistingNameIsReportedAndAskedForAgain) {
     open();
     script.answers.insert(selectTaken(u"LABEL"_s), {Row{u"LABEL"_s}});
     expectName(u"LABEL"_s);
-    person.expectBox(u"Test Message already exists!"_s, u"Add Test Message"_s, box::warning);
+    simulatedOperator.expectBox(u"Test Message already exists!"_s, u"Add Test Message"_s, box::warning);
     expectName(u"LABEL 2"_s);
     click(u"CommandCreate"_s);
     EXPECT_EQ(script.statements,
@@ -148,21 +148,21 @@ TEST_F(MessageCommands, CreatingWithUnsavedTextAsksFirst) {
     EXPECT_TRUE(message().text().isEmpty());
 }
 
-TEST_F(MessageCommands, WhileTheNameIsAskedTheScreenIsOutOfReachAndStaysOpen) {
+TEST_F(MessageCommands, WhileTheNameIsAskedTheScreenIsDisabledAndStaysOpen) {
     open();
-    person.expectDialog(u"Add Test Message"_s,
-                        u"Enter a name for the new test message: (30 characters max)"_s,
-                        [this](FormCustomDialog& dialog) {
-                            EXPECT_FALSE(message().isEnabled());
-                            EXPECT_FALSE(names().isEnabled());
-                            form().close();
-                            choose(u"mnuPrompts"_s);
-                            EXPECT_EQ(openChildren().count(u"FormTestMess"_s), 1);
-                            // The rest of the program stays reachable.
-                            choose(u"mnuConfiguration"_s);
-                            child(u"FormCalConfig"_s).close();
-                            answerDialog(dialog, u"NEW"_s);
-                        });
+    simulatedOperator.expectDialog(u"Add Test Message"_s,
+                                   u"Enter a name for the new test message: (30 characters max)"_s,
+                                   [this](FormCustomDialog& dialog) {
+                                       EXPECT_FALSE(message().isEnabled());
+                                       EXPECT_FALSE(names().isEnabled());
+                                       form().close();
+                                       choose(u"mnuPrompts"_s);
+                                       EXPECT_EQ(openChildren().count(u"FormTestMess"_s), 1);
+                                       // The rest of the program stays reachable.
+                                       choose(u"mnuConfiguration"_s);
+                                       child(u"FormCalConfig"_s).close();
+                                       answerDialog(dialog, u"NEW"_s);
+                                   });
     click(u"CommandCreate"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     EXPECT_TRUE(message().hasFocus());
@@ -173,7 +173,7 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfANewMessageLeavesTheScreen) {
     for (const auto& statement : {selectTaken(u"NEW"_s), insertMessage(u"NEW"_s)}) {
         script.failures = {{statement, noTable}};
         expectName(u"NEW"_s);
-        person.expectReport(208, u"FormTestMess,CommandCreate"_s);
+        simulatedOperator.expectReport(208, u"FormTestMess,CommandCreate"_s);
         click(u"CommandCreate"_s);
         EXPECT_EQ(rows().size(), 2);
         EXPECT_EQ(message().text(), u"Get a permit."_s);
@@ -191,7 +191,7 @@ class OpenParameters final : public OpenCalParam {
     QStringList added;
 };
 
-TEST_F(MessageCommands, TheOpenParameterEditorIsToldOfEachNewMessage) {
+TEST_F(MessageCommands, TheOpenParameterEditorIsNotifiedOfEachNewMessage) {
     OpenParameters parameters;
     bool isOpen = true;
     auto* made = new FormTestMess(session, [&] { return isOpen ? &parameters : nullptr; });
@@ -207,7 +207,7 @@ TEST_F(MessageCommands, TheOpenParameterEditorIsToldOfEachNewMessage) {
     isOpen = true;
     script.failures.insert(insertMessage(u"THIRD"_s), noTable);
     expectName(u"THIRD"_s);
-    person.expectReport(208, u"FormTestMess,CommandCreate"_s);
+    simulatedOperator.expectReport(208, u"FormTestMess,CommandCreate"_s);
     click(u"CommandCreate"_s);
     EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
     made->unload();
@@ -216,7 +216,7 @@ TEST_F(MessageCommands, TheOpenParameterEditorIsToldOfEachNewMessage) {
 TEST_F(MessageCommands, FromTheMenuBothEditorsFollowEachOther) {
     script.answers.insert(u"select count(tp_name) from mt.hvm_kv_proc_points"_s, {Row{u"1"_s}});
     script.answers.insert(u"select mtag from MT.inventory where i4201 = 'PT-1001'"_s, {Row{u"17"_s}});
-    person.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
+    simulatedOperator.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-1001"_s);
     choose(u"mnuCalParameters"_s);
     open();
     expectName(u"NEW"_s);
@@ -285,7 +285,7 @@ TEST_F(MessageCommands, ANameWithAQuotePassesAddAndDeleteAndFailsAtSave) {
     EXPECT_EQ(message().text(), u"Text"_s);
     type(u"x"_s);
     script.statements.clear();
-    person.expectReport(1, u"FormTestMess,CommandSave"_s);
+    simulatedOperator.expectReport(1, u"FormTestMess,CommandSave"_s);
     click(u"CommandSave"_s);
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_TRUE(names().hasFocus());
@@ -302,7 +302,7 @@ TEST_F(MessageCommands, AfterALostConnectionTheTextIsStillThere) {
     open();
     type(u"x"_s);
     script.lost = true;
-    person.expectReport(10054, u"FormTestMess,CommandSave"_s);
+    simulatedOperator.expectReport(10054, u"FormTestMess,CommandSave"_s);
     click(u"CommandSave"_s);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
@@ -318,11 +318,11 @@ TEST_F(MessageCommands, DeletingAsksAndShowsTheFirstMessage) {
     open();
     pick(names(), u"LABEL"_s);
     script.statements.clear();
-    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::no);
     click(u"CommandDelete"_s);
     EXPECT_TRUE(script.statements.isEmpty());
 
-    person.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
+    simulatedOperator.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
         setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
         testing::click(*shown.buttons().first());
     });
@@ -336,7 +336,7 @@ TEST_F(MessageCommands, DeletingAsksAndShowsTheFirstMessage) {
 TEST_F(MessageCommands, DeletingTheLastMessageDisablesAllButAdding) {
     setMessages({{u"LABEL"_s, u"x"_s}});
     open();
-    person.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
+    simulatedOperator.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
         setMessages({});
         testing::click(*shown.buttons().first());
     });
@@ -364,14 +364,14 @@ TEST_F(MessageCommands, UnsavedTextReplacesTheQuestionAboutDeletion) {
 TEST_F(MessageCommands, AMessageInUseIsDeletedAfterOneMoreQuestion) {
     open();
     script.answers.insert(selectUse(u"PERMIT"_s), {Row{u"17"_s}});
-    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
-    person.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::no);
+    simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::no);
     click(u"CommandDelete"_s);
     EXPECT_EQ(script.statements, QStringList{selectUse(u"PERMIT"_s)});
     EXPECT_TRUE(script.firstRowOnly.contains(selectUse(u"PERMIT"_s)));
 
-    person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
-    person.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::yes);
     click(u"CommandDelete"_s);
     EXPECT_EQ(script.statements.value(2), deleteMessage(u"PERMIT"_s));
 }
@@ -380,8 +380,8 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfADeletionLeavesTheScreen) {
     open();
     for (const auto& statement : {selectUse(u"PERMIT"_s), deleteMessage(u"PERMIT"_s)}) {
         script.failures = {{statement, noTable}};
-        person.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
-        person.expectReport(208, u"FormTestMess,CommandDelete"_s);
+        simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
+        simulatedOperator.expectReport(208, u"FormTestMess,CommandDelete"_s);
         click(u"CommandDelete"_s);
         EXPECT_EQ(rows().size(), 2);
         EXPECT_EQ(message().text(), u"Get a permit."_s);

@@ -31,8 +31,8 @@ class FormTestMessOnDatabase : public ScreenOnDatabase<FormTestMess> {
     FormTestMessOnDatabase() {
         open(session, [] { return static_cast<OpenCalParam*>(nullptr); });
     }
-    QComboBox& names() { return the<QComboBox>(u"ComboMessageName"_s); }
-    TextBox& message() { return the<TextBox>(u"TextMessage"_s); }
+    QComboBox& names() { return controlNamed<QComboBox>(u"ComboMessageName"_s); }
+    TextBox& message() { return controlNamed<TextBox>(u"TextMessage"_s); }
     QStringList promptOf(const QString& name) {
         return values(u"select prompt from mt.hvm_kv_prompts where pname = '"_s + name + u'\'');
     }
@@ -138,7 +138,7 @@ TEST_F(FormTestMessOnDatabase, WhatAnotherWorkstationWroteIsOverwrittenByTheLate
     EXPECT_EQ(promptOf(u"PERMIT"_s), QStringList{u"Ours"_s});
 }
 
-TEST_F(FormTestMessOnDatabase, AMessageDeletedByAnotherWorkstationIsNotBroughtBackByASave) {
+TEST_F(FormTestMessOnDatabase, AMessageDeletedByAnotherWorkstationIsNotRestoredByASave) {
     pick(names(), u"NOT WRITTEN YET"_s);
     execute(u"delete from mt.hvm_kv_prompts where pname = 'NOT WRITTEN YET';commit"_s);
     message().setPlainText(u"Written"_s);
@@ -155,7 +155,7 @@ TEST_F(FormTestMessOnDatabase, AMessageDeletedByAnotherWorkstationIsNotBroughtBa
     discard(BoxAnswer::no);
     form().close();
     EXPECT_TRUE(form().isOpen());
-    // The next look at the list shows that it has gone.
+    // The next query of the list shows that it has gone.
     discard(BoxAnswer::yes);
     pick(names(), names().itemText(0));
     EXPECT_EQ(names().findText(u"NOT WRITTEN YET"_s), -1);

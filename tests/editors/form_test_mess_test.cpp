@@ -36,10 +36,10 @@ TEST_F(FormTestMessTest, HasItsSizePlaceTextsAndFocus) {
         {u"CommandDelete"_s, u"Remove Message"_s, u"Delete this test message"_s},
         {u"CommandCancel"_s, u"Cancel"_s, u"Discard changes made to this test message"_s},
     };
-    for (const auto& one : texts) {
-        auto& shown = control<QWidget>(form(), one.name);
-        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
-        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    for (const auto& text : texts) {
+        auto& shown = control<QWidget>(form(), text.name);
+        EXPECT_EQ(shown.property("text").toString(), text.text) << text.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), text.toolTip) << text.name.toStdString();
     }
     EXPECT_TRUE(names().hasFocus());
     EXPECT_TRUE(isWindowOpen(session, u"FormTestMess"));
@@ -74,7 +74,7 @@ TEST_F(FormTestMessTest, ChoosingAMessageShowsItsTextAndNullAsNone) {
     EXPECT_EQ(message().text(), u"Get a permit."_s);
 }
 
-TEST_F(FormTestMessTest, AChangedTextLightsCancel) {
+TEST_F(FormTestMessTest, AChangedTextEnablesCancel) {
     open();
     type(u"x"_s);
     EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s, u"Cancel"_s}));
@@ -86,14 +86,14 @@ TEST_F(FormTestMessTest, ChoosingWithUnsavedTextAsksAndNoStays) {
     type(u" Now."_s);
     expectDiscard(BoxAnswer::no);
     QTest::keyClick(&names(), Qt::Key_Down);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"PERMIT"_s);
     EXPECT_EQ(message().text(), u"Get a permit. Now."_s);
     EXPECT_TRUE(script.statements.isEmpty());
 
     expectDiscard(BoxAnswer::yes);
     QTest::keyClick(&names(), Qt::Key_Down);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"LABEL"_s);
     EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"LABEL"_s)}));
     EXPECT_TRUE(message().text().isEmpty());
@@ -145,7 +145,7 @@ TEST_F(FormTestMessTest, ComingBackByTabAsksToo) {
     EXPECT_TRUE(names().hasFocus());
     expectDiscard(BoxAnswer::no);
     QTest::keyClick(&names(), Qt::Key_Tab);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_TRUE(message().hasFocus());
 }
 
@@ -157,7 +157,7 @@ TEST_F(FormTestMessTest, ComingBackTwiceAtOnceIsAskedOnceWhenTheMessageIsReloade
         message().setFocus();
     }
     expectDiscard(BoxAnswer::yes);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     QCoreApplication::processEvents();
     EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
 }
@@ -185,7 +185,7 @@ TEST_F(FormTestMessTest, ABoxOrAnotherProgramInBetweenIsNoComingBack) {
     for (auto* event : {&left, &back, &left, &popup})
         QApplication::sendEvent(&message(), event);
     QCoreApplication::processEvents();
-    EXPECT_TRUE(person.allCame());
+    EXPECT_TRUE(simulatedOperator.hasMetAll());
 }
 
 TEST_F(FormTestMessTest, ComingBackFromAnotherWindowAsksToo) {
@@ -197,7 +197,7 @@ TEST_F(FormTestMessTest, ComingBackFromAnotherWindowAsksToo) {
     EXPECT_FALSE(message().hasFocus());
     expectDiscard(BoxAnswer::no);
     choose(u"mnuPrompts"_s);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_TRUE(message().hasFocus());
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
 }
@@ -206,19 +206,20 @@ TEST_F(FormTestMessTest, WhileTheQuestionIsOpenNothingElseIsAsked) {
     open();
     type(u"x"_s);
     names().setFocus();
-    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, [this](QMessageBox& shown) {
-        form().close();
-        names().setFocus();
-        message().setFocus();
-        button(u"CommandCancel"_s).click();
-        button(u"CommandDelete"_s).click();
-        QCoreApplication::processEvents();
-        EXPECT_NE(findChild(u"FormTestMess"_s), nullptr);
-        QTest::keyClick(&shown, Qt::Key_Escape);
-    });
+    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo,
+                                [this](QMessageBox& shown) {
+                                    form().close();
+                                    names().setFocus();
+                                    message().setFocus();
+                                    button(u"CommandCancel"_s).click();
+                                    button(u"CommandDelete"_s).click();
+                                    QCoreApplication::processEvents();
+                                    EXPECT_NE(findChild(u"FormTestMess"_s), nullptr);
+                                    QTest::keyClick(&shown, Qt::Key_Escape);
+                                });
     enterMessage();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(person.allCame());
+    EXPECT_TRUE(simulatedOperator.hasMetAll());
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
 }
 
@@ -226,7 +227,7 @@ TEST_F(FormTestMessTest, WhileTheQuestionIsOpenNothingElseIsAsked) {
 
 TEST_F(FormTestMessTest, AFailureWhileOpeningOpensAnEmptyScreen) {
     script.failures.insert(selectNames, noTable);
-    person.expectReport(208, u"FormTestMess,LoadPrompts"_s);
+    simulatedOperator.expectReport(208, u"FormTestMess,LoadPrompts"_s);
     open();
     EXPECT_EQ(enabled(), QStringList{u"Create"_s});
 }
@@ -235,9 +236,9 @@ TEST_F(FormTestMessTest, AFailureWhileChoosingStaysWithTheMessageThatIsShown) {
     open();
     for (const auto& statement : {selectNames, selectPrompt(u"LABEL"_s)}) {
         script.failures = {{statement, noTable}};
-        person.expectReport(208, u"FormTestMess,LoadPrompts"_s);
+        simulatedOperator.expectReport(208, u"FormTestMess,LoadPrompts"_s);
         QTest::keyClick(&names(), Qt::Key_Down);
-        person.waitUntilAllCame();
+        simulatedOperator.waitUntilAllCame();
         EXPECT_EQ(names().currentText(), u"PERMIT"_s);
         EXPECT_EQ(message().text(), u"Get a permit."_s);
         EXPECT_EQ(rows().size(), 2);
@@ -246,7 +247,7 @@ TEST_F(FormTestMessTest, AFailureWhileChoosingStaysWithTheMessageThatIsShown) {
 
 TEST_F(FormTestMessTest, AMessageWithoutANameIsReported) {
     script.answers.insert(selectNames, {Row{std::nullopt}});
-    person.expectReport(94, u"FormTestMess,LoadPrompts"_s);
+    simulatedOperator.expectReport(94, u"FormTestMess,LoadPrompts"_s);
     open();
     EXPECT_EQ(enabled(), QStringList{u"Create"_s});
 }
@@ -266,7 +267,7 @@ TEST_F(FormTestMessTest, AMessageThatHasVanishedGivesWayToTheFirst) {
     pick(names(), u"LABEL"_s);
     type(u"x"_s);
     setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
-    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandCancel"_s);
     EXPECT_EQ(names().currentText(), u"PERMIT"_s);
     EXPECT_EQ(message().text(), u"Get a permit."_s);
@@ -277,16 +278,16 @@ TEST_F(FormTestMessTest, AMessageThatHasVanishedGivesWayToTheFirst) {
 TEST_F(FormTestMessTest, CancelAsksAndReloads) {
     open();
     type(u"x"_s);
-    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::no);
     click(u"CommandCancel"_s);
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
-    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
     QTest::keyClick(&names(), Qt::Key_Escape);
     EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"PERMIT"_s)}));
     EXPECT_EQ(message().text(), u"Get a permit."_s);
     EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
     QCoreApplication::processEvents();
-    EXPECT_TRUE(person.allCame());
+    EXPECT_TRUE(simulatedOperator.hasMetAll());
 }
 
 TEST_F(FormTestMessTest, CancelWithoutAChangeDoesNothing) {
@@ -304,14 +305,14 @@ TEST_F(FormTestMessTest, CancellingANewMessageLeavesItWithoutAText) {
     type(u"Not yet"_s);
     setMessages({{u"PERMIT"_s, {}}, {u"NEW"_s, {}}});
     script.statements.clear();
-    person.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"NEW"_s)}));
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     EXPECT_TRUE(message().text().isEmpty());
 }
 
-TEST_F(FormTestMessTest, ReturnSavesOutsideTheTextAndBreaksTheLineInIt) {
+TEST_F(FormTestMessTest, ReturnSavesExceptInTheTextWhereItBreaksTheLine) {
     open();
     type(u"x"_s);
     QTest::keyClick(&message(), Qt::Key_Return);

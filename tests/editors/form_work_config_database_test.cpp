@@ -23,7 +23,7 @@ class WorkConfigInTheDatabase : public DatabaseSession {
     }
     void forgetFields() { execute(u"delete from mt.hvm_kv_worksheetfields;commit"_s); }
     /// Another workstation runs a statement.
-    void elsewhere(const QString& statement) {
+    void executeElsewhere(const QString& statement) {
         database.connect(u"jdoe"_s, u"kelvane"_s)->execute(statement);
     }
 
@@ -59,7 +59,7 @@ TEST_F(WorkConfigInTheDatabase, FieldsOf90To95And2340AndSuppressedOnesNeverAppea
     EXPECT_EQ(all, expected);
 }
 
-TEST_F(WorkConfigInTheDatabase, AFieldWithoutWordOnWhetherItIsRequiredStandsInNeitherListOfTheProposal) {
+TEST_F(WorkConfigInTheDatabase, AFieldThatIsNeitherRequiredNorOptionalStandsInNeitherListOfTheProposal) {
     execute(
         u"insert into mt.customiz (fldnum,title,ireq,sreq,suppressed) values "
         "('2361','both',null,null,'N'),('2362','first',null,'Y','N'),('2363','second','N',null,'N');commit"_s);
@@ -121,8 +121,8 @@ TEST_F(WorkConfigInTheDatabase, AnEmptyTableOfSwitchesReadsAsNoAndIsFilledByTheF
 TEST_F(WorkConfigInTheDatabase, WhatAnotherWorkstationStoredMeanwhileIsReplaced) {
     forgetFields();
     screen.open(session);
-    elsewhere(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('2326','0');commit"_s);
-    elsewhere(u"delete from mt.hvm_kv_sysconfig;commit"_s);
+    executeElsewhere(u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('2326','0');commit"_s);
+    executeElsewhere(u"delete from mt.hvm_kv_sysconfig;commit"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored().size(), requested().size());
     EXPECT_FALSE(stored().contains(u"00:2326"_s));

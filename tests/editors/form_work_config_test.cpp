@@ -106,10 +106,10 @@ TEST_F(WorkConfigTest, HasItsPlaceTextsAndToolTips) {
         {u"CommandSave"_s, u"Save"_s, u"Save changes made"_s},
         {u"CommandCancel"_s, u"Cancel"_s, u"Cancel changes made"_s},
     };
-    for (const auto& one : texts) {
-        const auto& shown = control<QWidget>(screen.form(), one.name);
-        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
-        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    for (const auto& text : texts) {
+        const auto& shown = control<QWidget>(screen.form(), text.name);
+        EXPECT_EQ(shown.property("text").toString(), text.text) << text.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), text.toolTip) << text.name.toStdString();
     }
     EXPECT_EQ(control<QGroupBox>(screen.form(), u"Frame1"_s).title(),
               u"Requested fields during calibration data entry"_s);
@@ -184,7 +184,7 @@ TEST_F(WorkConfigTest, AFieldThatLeftTheDictionaryHasNoTitle) {
     EXPECT_EQ(requested().last(), u"C2399 : "_s);
 }
 
-TEST_F(WorkConfigTest, ADoubleClickHandsAFieldToTheEndOfTheOtherList) {
+TEST_F(WorkConfigTest, ADoubleClickMovesAFieldToTheEndOfTheOtherList) {
     open();
     screen.doubleClick(screen.available(), procedure);
     EXPECT_EQ(available(), QStringList{workOrder});
@@ -197,7 +197,7 @@ TEST_F(WorkConfigTest, ADoubleClickHandsAFieldToTheEndOfTheOtherList) {
     EXPECT_TRUE(statements().isEmpty());
 }
 
-TEST_F(WorkConfigTest, ReturnHandsTheSelectedFieldOver) {
+TEST_F(WorkConfigTest, ReturnMovesTheSelectedField) {
     open();
     QTest::keyClick(&screen.available(), Qt::Key_Down);
     QTest::keyClick(&screen.available(), Qt::Key_Return);
@@ -300,7 +300,7 @@ TEST_F(WorkConfigTest, AFailureOfEachStatementOfASaveEndsItThereAndTheScreenKeep
         script.failures = {{whole[failing], refused}};
         ui.expectReport(547, saving);
         screen.press(u"CommandSave"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(statements(), whole.mid(0, failing + 1));
         EXPECT_EQ(requested(), (QStringList{time, date, workOrder}));
         EXPECT_TRUE(screen.poorTrace().isChecked());
@@ -352,7 +352,7 @@ TEST_F(WorkConfigTest, CancelAsksAndYesBringsBackWhatIsStored) {
     EXPECT_FALSE(screen.isOpen());
 }
 
-TEST_F(WorkConfigTest, EscapeIsCancelAndReturnOutsideTheListsIsSave) {
+TEST_F(WorkConfigTest, EscapeCancelsAndReturnSavesExceptInTheLists) {
     open();
     screen.toggle(screen.overdue());
     ui.expectBox(discardToCancel, title, box::question, BoxAnswer::no);
@@ -418,7 +418,7 @@ TEST_F(WorkConfigTest, EachQueryThatFailsWhileReloadingIsReportedAndLeavesTheScr
         ui.expectBox(discardToCancel, title, box::question, BoxAnswer::yes);
         ui.expectReport(547, loading);
         screen.press(u"CommandCancel"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(requested(), QStringList{date});
         EXPECT_EQ(available(), (QStringList{procedure, workOrder, time}));
         EXPECT_TRUE(folder.read(u"errors.log"_s).contains(query));
@@ -444,7 +444,7 @@ TEST_F(WorkConfigTest, ANullFieldNumberOrCountIsReported) {
         script.answers[query] = {Row{std::nullopt, u"Nobody"_s}};
         ui.expectReport(94, loading);
         screen.open(session);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         script.answers[query] = whole;
         screen.close();
     }

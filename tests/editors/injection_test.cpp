@@ -45,7 +45,7 @@ class Injection : public RecordedSession {
                        const QString& value) {
         ui.expectReport(1, routine);
         control<QPushButton>(form, button).click();
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_TRUE(script.statements.filter(value).isEmpty()) << value.toStdString();
         EXPECT_FALSE(script.transactions.contains(u"commit"_s));
         script.statements.clear();
@@ -156,7 +156,7 @@ class ParameterInjection : public CalParamFixture {
         script.transactions.clear();
         ui.expectReport(1, u"FormCalParam,SaveData"_s);
         screen.press(u"CommandSave"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_TRUE(script.statements.filter(value).isEmpty());
         EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"roll back"_s}));
     }

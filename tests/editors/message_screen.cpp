@@ -53,7 +53,7 @@ void MessageScreen::enterMessage() {
     QTest::mouseClick(message().viewport(), Qt::LeftButton);
     EXPECT_TRUE(message().hasFocus());
     QCoreApplication::processEvents();
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
 }
 
 QStringList MessageScreen::rows() {
@@ -73,16 +73,17 @@ QStringList MessageScreen::enabled() {
 }
 
 void MessageScreen::expectDiscard(BoxAnswer answer) {
-    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, answer);
+    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, answer);
 }
 
 void MessageScreen::expectName(const QString& name) {
-    person.expectDialog(createTitle, createPrompt, name);
+    simulatedOperator.expectDialog(createTitle, createPrompt, name);
 }
 
 void MessageScreen::cancelDialog() {
-    person.expectDialog(createTitle, createPrompt, [this](FormCustomDialog& dialog) {
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectDialog(createTitle, createPrompt, [this](FormCustomDialog& dialog) {
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
 }

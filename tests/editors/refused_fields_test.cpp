@@ -33,25 +33,25 @@ class RefusedFields : public ::testing::Test {
   protected:
     FormCalParam& openParameters(const QString& asset) {
         auto& form = place.show(new FormCalParam(place.session));
-        place.person.entries = {asset};
+        place.simulatedOperator.entries = {asset};
         form.chooseFirst();
-        place.person.boxes.clear();
+        place.simulatedOperator.boxes.clear();
         return form;
     }
     void save(const QWidget& form) {
-        place.person.boxes.clear();
+        place.simulatedOperator.boxes.clear();
         place.press(form, u"CommandSave"_s);
     }
     /// Closing asks, and the window stays.
     void expectUnsaved(ChildWindow& form) {
-        place.person.boxes.clear();
-        place.person.answer = BoxAnswer::no;
+        place.simulatedOperator.boxes.clear();
+        place.simulatedOperator.answer = BoxAnswer::no;
         form.close();
         EXPECT_TRUE(form.isOpen());
-        EXPECT_EQ(place.person.boxes, QStringList{discard});
-        place.person.answer = BoxAnswer::yes;
+        EXPECT_EQ(place.simulatedOperator.boxes, QStringList{discard});
+        place.simulatedOperator.answer = BoxAnswer::yes;
     }
-    void elsewhere(const QString& statement) { place.observer->execute(statement); }
+    void executeElsewhere(const QString& statement) { place.observer->execute(statement); }
 
     EditorFixture place;
 };
@@ -68,7 +68,7 @@ TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {
         const auto value = shownBy(form, name);
         testing::show(form, name, u"1,000"_s);
         save(form);
-        EXPECT_EQ(place.person.boxes.size(), 1);
+        EXPECT_EQ(place.simulatedOperator.boxes.size(), 1);
         auto& field = control<QWidget>(form, name);
         EXPECT_TRUE(field.isVisible());
         EXPECT_TRUE(field.hasFocus());
@@ -78,7 +78,7 @@ TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {
         testing::show(form, name, value);
     }
     save(form);
-    EXPECT_EQ(place.person.boxes, QStringList());
+    EXPECT_EQ(place.simulatedOperator.boxes, QStringList());
     form.close();
 }
 
@@ -95,19 +95,19 @@ TEST_F(RefusedFields, OfTheParametersCanBeAMessageWhoseNameHoldsAQuote) {
 
 TEST_F(RefusedFields, AnInstrumentThatWasRenumberedMeanwhileIsNamedAndNothingIsStored) {
     auto& form = openParameters(u"PT-101"_s);
-    elsewhere(u"update mt.inventory set i4201 = 'PT-101A' where i4201 = 'PT-101';commit"_s);
+    executeElsewhere(u"update mt.inventory set i4201 = 'PT-101A' where i4201 = 'PT-101';commit"_s);
     testing::show(form, u"TextInputHigh"_s, u"251"_s);
     const auto before = place.stored();
     save(form);
-    EXPECT_EQ(place.person.boxes.size(), 2) << "the report, then what it means";
-    EXPECT_EQ(place.person.boxes.last(), unknownNow(u"PT-101"_s));
+    EXPECT_EQ(place.simulatedOperator.boxes.size(), 2) << "the report, then what it means";
+    EXPECT_EQ(place.simulatedOperator.boxes.last(), unknownNow(u"PT-101"_s));
     EXPECT_EQ(place.stored(), before);
     EXPECT_EQ(shownBy(form, u"TextInputHigh"_s), u"251"_s);
     expectUnsaved(form);
     // Under its number again it is saved.
-    elsewhere(u"update mt.inventory set i4201 = 'PT-101' where i4201 = 'PT-101A';commit"_s);
+    executeElsewhere(u"update mt.inventory set i4201 = 'PT-101' where i4201 = 'PT-101A';commit"_s);
     save(form);
-    EXPECT_EQ(place.person.boxes, QStringList());
+    EXPECT_EQ(place.simulatedOperator.boxes, QStringList());
     EXPECT_NE(place.stored(), before);
 }
 
@@ -121,7 +121,7 @@ TEST_F(RefusedFields, AnInstrumentOfAnotherOwnerIsNamedAndNothingIsStored) {
         testing::show(form, name, value);
     const auto before = place.stored();
     save(form);
-    EXPECT_EQ(place.person.boxes.value(1), unknownNow(u"ABC-PT-1"_s));
+    EXPECT_EQ(place.simulatedOperator.boxes.value(1), unknownNow(u"ABC-PT-1"_s));
     EXPECT_EQ(place.stored(), before);
     expectUnsaved(form);
 }
@@ -131,11 +131,11 @@ TEST_F(RefusedFields, OfAPackageIsTheInstrumentThatWasRenumbered) {
     auto& list = control<QListWidget>(form, u"ListAssets"_s);
     ASSERT_GT(list.count(), 2);
     const auto asset = list.item(1)->text();
-    elsewhere(u"update mt.inventory set i4201 = 'RENUMBERED' where i4201 = '%1';commit"_s.arg(asset));
+    executeElsewhere(u"update mt.inventory set i4201 = 'RENUMBERED' where i4201 = '%1';commit"_s.arg(asset));
     control<TextBox>(form, u"TextNotes"_s).setText(u"New"_s);
     const auto before = place.stored();
     save(form);
-    EXPECT_EQ(place.person.boxes.value(1), unknownNow(asset));
+    EXPECT_EQ(place.simulatedOperator.boxes.value(1), unknownNow(asset));
     EXPECT_EQ(place.stored(), before);
     EXPECT_EQ(list.currentRow(), 1);
     EXPECT_TRUE(list.hasFocus());
@@ -149,12 +149,12 @@ TEST_F(RefusedFields, AStrategyThatWasDeletedMeanwhileIsNotRenamedAndCanBeSavedA
     const auto points = rowsOf(control<QListWidget>(form, u"ListPoints"_s));
     ASSERT_FALSE(points.isEmpty());
     const auto whole = place.stored();
-    elsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '%1';commit"_s.arg(name));
+    executeElsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '%1';commit"_s.arg(name));
     const auto before = place.stored();
-    place.person.entries = {u"RENAMED"_s};
+    place.simulatedOperator.entries = {u"RENAMED"_s};
     place.press(form, u"CommandRename"_s);
     EXPECT_EQ(
-        place.person.boxes,
+        place.simulatedOperator.boxes,
         QStringList{u"This test strategy does not exist any more: it may have been deleted or renamed on "
                     "another workstation. Nothing was renamed; its test points are still on the screen."_s});
     EXPECT_EQ(place.stored(), before) << "no instrument was carried along to a name without points";
@@ -164,7 +164,7 @@ TEST_F(RefusedFields, AStrategyThatWasDeletedMeanwhileIsNotRenamedAndCanBeSavedA
     EXPECT_EQ(place.stored(), whole);
 }
 
-TEST(Refusal, IsToldByTheColumnThatTheErrorNames) {
+TEST(Refusal, FollowsFromTheColumnThatTheErrorNames) {
     const Error type{19, u"cannot store TEXT value in REAL column hvm_kv_tag_config.input_low"_s};
     const Error null{19, u"NOT NULL constraint failed: hvm_kv_tag_config.mtag (19)"_s};
     const Error quoted{1, u"null value in column \"mtag\" of relation \"t\" violates not-null constraint"_s};

@@ -21,21 +21,21 @@ namespace kelvane::testing {
 
 namespace {
 
-OpenCalParam* noneOpen() {
+OpenCalParam* openNone() {
     return nullptr;
 }
 
 ChildWindow& openStrategies(EditorFixture& place) {
-    return place.show(new FormStrategies(place.session, noneOpen));
+    return place.show(new FormStrategies(place.session, openNone));
 }
 
 ChildWindow& openMessages(EditorFixture& place) {
-    return place.show(new FormTestMess(place.session, noneOpen));
+    return place.show(new FormTestMess(place.session, openNone));
 }
 
 ChildWindow& openParameters(EditorFixture& place) {
     auto& form = place.show(new FormCalParam(place.session));
-    place.person.entries = {u"PT-101"_s};
+    place.simulatedOperator.entries = {u"PT-101"_s};
     form.chooseFirst();
     show(form, u"TextInputHigh"_s, u"251"_s);
     show(form, u"ListPreDisplay"_s, u"LABEL,PERMIT"_s);
@@ -62,7 +62,7 @@ const EditorSave saves[] = {
     {"Strategy",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
-         place.person.entries = {u"33"_s};
+         place.simulatedOperator.entries = {u"33"_s};
          place.press(form, u"CommandAddTP"_s);
          return form;
      },
@@ -70,7 +70,7 @@ const EditorSave saves[] = {
     {"NewStrategy",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
-         place.person.entries = {u"NEW"_s, u"10"_s, u"20"_s};
+         place.simulatedOperator.entries = {u"NEW"_s, u"10"_s, u"20"_s};
          for (const auto& button : {u"CommandAdd"_s, u"CommandAddTP"_s, u"CommandAddTP"_s})
              place.press(form, button);
          return form;
@@ -79,7 +79,7 @@ const EditorSave saves[] = {
     {"RenamedStrategy",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
-         place.person.entries = {u"RENAMED"_s};
+         place.simulatedOperator.entries = {u"RENAMED"_s};
          return form;
      },
      u"CommandRename", true, false},
@@ -95,7 +95,7 @@ const EditorSave saves[] = {
     {"ClonedParameters",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openParameters(place);
-         place.person.entries = {u"PT-102"_s};
+         place.simulatedOperator.entries = {u"PT-102"_s};
          return form;
      },
      u"CommandClone"},
@@ -109,7 +109,7 @@ const EditorSave saves[] = {
     {"NewMessage",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openMessages(place);
-         place.person.entries = {u"NEW"_s};
+         place.simulatedOperator.entries = {u"NEW"_s};
          return form;
      },
      u"CommandCreate", false, false},
@@ -124,7 +124,7 @@ const EditorSave saves[] = {
     {"NewPackage",
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openPackages(place);
-         place.person.entries = {u"NEW"_s};
+         place.simulatedOperator.entries = {u"NEW"_s};
          place.press(form, u"CommandAddTP"_s);
          show(form, u"ListAssets"_s, u"PT-101,TW-101"_s);
          return form;
@@ -147,11 +147,11 @@ const EditorSave saves[] = {
 class SaveFaults : public ::testing::TestWithParam<EditorSave> {
   protected:
     /// What the database holds after a save that nothing disturbs.
-    static QStringList storedBySave() {
+    static QStringList statementsOfSave() {
         EditorFixture place;
         auto& form = GetParam().prepare(place);
         place.press(form, GetParam().button.toString());
-        EXPECT_EQ(place.person.reports, 0);
+        EXPECT_EQ(place.simulatedOperator.reports, 0);
         return place.stored();
     }
 
@@ -161,13 +161,13 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         const auto before = place_->stored();
         EXPECT_NE(before, after_);
         const auto entered = EditorFixture::contents(form);
-        place_->person.reports = 0;
+        place_->simulatedOperator.reports = 0;
         place_->fault = {.kind = kind, .failAt = failing};
         place_->press(form, GetParam().button.toString());
         const auto fault = place_->fault;
         place_->fault.failAt = -1;
         if (fault.reached) {
-            EXPECT_GT(place_->person.reports, 0);
+            EXPECT_GT(place_->simulatedOperator.reports, 0);
             const auto now = place_->stored();
             EXPECT_TRUE(now == before || now == after_);
             if (GetParam().isTransaction) {
@@ -188,16 +188,17 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         EXPECT_FALSE(isWindowOpen(place_->session, u"FormCustomDialog"));
         if (!GetParam().isTyped)
             return;
-        place_->person.boxes.clear();
-        place_->person.answer = BoxAnswer::no;
+        place_->simulatedOperator.boxes.clear();
+        place_->simulatedOperator.answer = BoxAnswer::no;
         form.close();
-        place_->person.answer = BoxAnswer::yes;
+        place_->simulatedOperator.answer = BoxAnswer::yes;
         EXPECT_TRUE(form.isOpen());
-        EXPECT_TRUE(place_->person.boxes.value(0).startsWith(u"Are you sure you want to discard"_s))
-            << place_->person.boxes.join(u'/').toStdString();
+        EXPECT_TRUE(
+            place_->simulatedOperator.boxes.value(0).startsWith(u"Are you sure you want to discard"_s))
+            << place_->simulatedOperator.boxes.join(u'/').toStdString();
     }
 
-    const QStringList after_ = storedBySave();
+    const QStringList after_ = statementsOfSave();
     std::unique_ptr<EditorFixture> place_ = std::make_unique<EditorFixture>();
 };
 

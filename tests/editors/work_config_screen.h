@@ -10,10 +10,10 @@ namespace kelvane::testing {
 /// The configuration of calibration records in a window of its own.
 class WorkConfigScreen : public EditorScreen<FormWorkConfig> {
   public:
-    QListWidget& available() { return the<QListWidget>(QStringLiteral("ListAvail")); }
-    QListWidget& requested() { return the<QListWidget>(QStringLiteral("ListRequest")); }
-    QCheckBox& overdue() { return the<QCheckBox>(QStringLiteral("CheckOOC")); }
-    QCheckBox& poorTrace() { return the<QCheckBox>(QStringLiteral("CheckTrace")); }
+    QListWidget& available() { return controlNamed<QListWidget>(QStringLiteral("ListAvail")); }
+    QListWidget& requested() { return controlNamed<QListWidget>(QStringLiteral("ListRequest")); }
+    QCheckBox& overdue() { return controlNamed<QCheckBox>(QStringLiteral("CheckOOC")); }
+    QCheckBox& poorTrace() { return controlNamed<QCheckBox>(QStringLiteral("CheckTrace")); }
 };
 
 } // namespace kelvane::testing

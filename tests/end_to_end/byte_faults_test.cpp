@@ -15,7 +15,7 @@ struct Damage {
     const char* ofNewCharacteristic;
     const char* ofResult;
 
-    friend void PrintTo(const Damage& one, std::ostream* out) { *out << one.kind; }
+    friend void PrintTo(const Damage& damage, std::ostream* out) { *out << damage.kind; }
 };
 
 // The frame of a reply ends in DLE ETX and two check bytes. A reply whose end is not found, or that is
@@ -27,7 +27,7 @@ const Damage damages[] = {
 };
 
 QString wordsOf(char outcome) {
-    return outcome == 't' ? told::timeOut : told::noResponse;
+    return outcome == 't' ? messages::timeOut : messages::noResponse;
 }
 
 /// One fault a place, each struck once, in the order of the places.
@@ -58,11 +58,11 @@ TEST_P(EndToEndWithADamagedByte, InTheAnswerToANewCharacteristicEndsTheDownloadA
         SCOPED_TRACE(place - outcomes + 1);
         download(wordsOf(*place));
         EXPECT_EQ(registered(), QStringList());
-        EXPECT_EQ(heldNames(), QStringList{u"TW-101"_s}) << "the calibrator has taken it all the same";
+        EXPECT_EQ(storedNames(), QStringList{u"TW-101"_s}) << "the calibrator has taken it all the same";
     }
     download();
     EXPECT_EQ(registered(), QStringList{u"TW-101"_s});
-    EXPECT_EQ(heldNames(), QStringList{u"TW-101"_s});
+    EXPECT_EQ(storedNames(), QStringList{u"TW-101"_s});
     carryOut({u"TW-101"_s});
     upload({u"TW-101"_s});
     expectWhole({u"TW-101"_s});
@@ -88,9 +88,10 @@ TEST_P(EndToEndWithADamagedByte, InAResultEndsTheUploadAtEachPlaceAndLosesNothin
     EXPECT_EQ(held(), simulators::Memory());
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, EndToEndWithADamagedByte, ::testing::ValuesIn(damages), [](const auto& one) {
-    const auto kind = QByteArray(one.param.kind);
-    return kind == "drop-byte" ? "Lost" : kind == "add-byte" ? "Added" : "Flipped";
-});
+INSTANTIATE_TEST_SUITE_P(Each, EndToEndWithADamagedByte, ::testing::ValuesIn(damages),
+                         [](const auto& candidate) {
+                             const auto kind = QByteArray(candidate.param.kind);
+                             return kind == "drop-byte" ? "Lost" : kind == "add-byte" ? "Added" : "Flipped";
+                         });
 
 } // namespace kelvane::testing

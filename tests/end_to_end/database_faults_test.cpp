@@ -18,23 +18,23 @@ class EndToEndWithADatabaseFault : public TorqueEndToEnd {
     }
 
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
-    WreckableFile mt{database.file(u"mt.db"_s)};
+    CorruptibleFile mt{database.file(u"mt.db"_s)};
 };
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
     for (const auto& asset : both)
         list(asset);
-    mt.wreck();
+    mt.corrupt();
     ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(heard(), QStringList());
+    EXPECT_EQ(receivedMessages(), QStringList());
     EXPECT_EQ(screen.list, both);
-    // Whatever is tried now says so.
+    // Every further command reports the lost connection.
     ui.expectReport(connectionClosed, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
 
     logInAgain(mt);
     download();
@@ -43,7 +43,7 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAnd
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndTheToolNotListed) {
     ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
-                    u"TT-0300F"_s, [&](const DialogQuestion&) { mt.wreck(); });
+                    u"TT-0300F"_s, [&](const DialogQuestion&) { mt.corrupt(); });
     ui.expectReport(notADatabase, u"ModuleGlobals,HasConfigData"_s);
     ui.expectBox(
         u"TW-101: This instrument does not have complete configuration data! Either the calibration parameters for this instrument have not yet been set, or the test strategy has not been set or has been removed."_s,
@@ -51,26 +51,26 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAn
     ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
                     cancelled);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(screen.list, QStringList());
     logInAgain(mt);
     list(u"TW-101"_s);
 }
 
-TEST_F(EndToEndWithADatabaseFault, AConnectionLostInMidUploadEndsItBeforeTheNextToolIsTakenOff) {
+TEST_F(EndToEndWithADatabaseFault, AConnectionLostDuringAnUploadEndsItBeforeTheNextToolIsTakenOff) {
     bringBack();
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { mt.wreck(); });
+    expectRecord(u"TW-101"_s, [&] { mt.corrupt(); });
     ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
-    pressUpload(told::connectionLost);
+    pressUpload(messages::connectionLost);
     EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(heldNames(), both);
+    EXPECT_EQ(storedNames(), both);
     EXPECT_EQ(withoutRecord(), QStringList{u"TW-101"_s});
-    // The next command says so, and changes nothing.
+    // The next command reports it, and changes nothing.
     expectChoice();
     ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
-    pressUpload(told::connectionLost);
+    pressUpload(messages::connectionLost);
 
     logInAgain(mt);
     EXPECT_EQ(registered(), both) << "the registry stays whole";
@@ -90,13 +90,13 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsEr
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { mt.wreck(); });
+    expectRecord(u"TW-101"_s, [&] { mt.corrupt(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
-    EXPECT_TRUE(ui.allCame()) << "no box";
+    EXPECT_TRUE(ui.hasMetAll()) << "no box";
     EXPECT_FALSE(ui.busy);
     EXPECT_FALSE(ui.progressShown);
     EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(heldNames(), both);
+    EXPECT_EQ(storedNames(), both);
 
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
     logInAgain(mt);
@@ -109,7 +109,7 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
     for (const auto& asset : both)
         list(asset);
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
-    mt.wreck();
+    mt.corrupt();
     EXPECT_EQ(errorOf([&] { downloadList(calibrators, screen); }), 75);
     EXPECT_EQ(errorOf([&] { addToDownloadList(calibrators, screen, u"TW-103"_s); }), 75);
     EXPECT_EQ(errorOf([&] { removeFromDownloadList(calibrators, screen, 0); }), 75);
@@ -132,7 +132,7 @@ TEST_F(EndToEndWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAn
                     u"TT-0300F"_s, [&](const DialogQuestion&) { other.lock(); });
     ui.expectReport(busy, u"FormDockingDown,CommandAdd"_s);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_TRUE(session.SessionConnected) << "a lock is no lost connection";
     EXPECT_EQ(screen.list, QStringList());
     EXPECT_EQ(standardsInUse(u"TW-101"_s), QStringList());
@@ -145,15 +145,15 @@ TEST_F(EndToEndWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingTo
     other.lock();
     ui.expectReport(busy, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
-    EXPECT_EQ(heard(), QStringList());
+    EXPECT_TRUE(ui.hasMetAll());
+    EXPECT_EQ(receivedMessages(), QStringList());
     other.unlock();
     EXPECT_EQ(rows(u"select count(*) from mt.hvm_kv_task_packages where tptype = 'WSHT'"_s),
               QStringList{u"1"_s});
     download();
 }
 
-// Its results are taken off the calibrator all the same; the journal has them.
+// Its results are still removed from the calibrator; the journal has them.
 TEST_F(EndToEndWithALockedDatabase, ARecordThatCantBeWrittenIsMadeOutOfTheJournal) {
     bringBack();
     expectChoice();
@@ -177,8 +177,8 @@ TEST_F(EndToEndWithALockedDatabase, WithoutALogARecordThatCantBeWrittenEndsTheUp
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { other.lock(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
-    EXPECT_TRUE(ui.allCame());
-    EXPECT_EQ(heldNames(), both);
+    EXPECT_TRUE(ui.hasMetAll());
+    EXPECT_EQ(storedNames(), both);
     other.unlock();
     EXPECT_EQ(registered(), both);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));

@@ -17,12 +17,12 @@ inline constexpr int full = 13;
 inline constexpr int notADatabase = 26;
 inline constexpr int connectionClosed = 3709;
 
-/// A database file that is destroyed in use, with what the engine keeps beside it, and put back again.
-class WreckableFile {
+/// A database file that is destroyed in use, with the engine's other files, and restored.
+class CorruptibleFile {
   public:
-    explicit WreckableFile(QString path) : path_(std::move(path)) {}
+    explicit CorruptibleFile(QString path) : path_(std::move(path)) {}
 
-    void wreck() {
+    void corrupt() {
         for (const QString& side : {QString(), QStringLiteral("-wal"), QStringLiteral("-shm")}) {
             QFile file(path_ + side);
             ASSERT_TRUE(file.open(QIODevice::ReadWrite)) << file.fileName().toStdString();

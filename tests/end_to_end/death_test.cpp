@@ -7,7 +7,7 @@ namespace kelvane::testing {
 /// A workstation that dies in the middle of an upload, and the one that comes after it.
 class DyingWorkstation : public TorqueEndToEnd {
   protected:
-    void bringBack(const QStringList& assets) {
+    void restart(const QStringList& assets) {
         for (const auto& asset : assets)
             list(asset);
         download();
@@ -18,7 +18,7 @@ class DyingWorkstation : public TorqueEndToEnd {
     /// What there is of a tool: its records, and where it is held, registered and in use with the calibrator.
     QString stateOf(const QString& asset) {
         QStringList state = records(asset);
-        if (heldNames().contains(asset))
+        if (storedNames().contains(asset))
             state << u"held"_s;
         if (registered().contains(asset))
             state << u"registered"_s;
@@ -49,7 +49,7 @@ class DyingWorkstation : public TorqueEndToEnd {
             if (!begun.isEmpty())
                 expectRefusal();
         }
-        pressUpload(withoutData.isEmpty() ? told::uploaded : told::noData(withoutData));
+        pressUpload(withoutData.isEmpty() ? messages::uploaded : messages::noData(withoutData));
         for (const auto& asset : assets)
             EXPECT_EQ(stateOf(asset), complete.value(asset).join(u' ')) << asset.toStdString();
         EXPECT_EQ(held(), simulators::Memory());
@@ -65,7 +65,7 @@ struct Death {
     const char* left;
     int changed;
 
-    friend void PrintTo(const Death& one, std::ostream* out) { *out << one.before; }
+    friend void PrintTo(const Death& death, std::ostream* out) { *out << death.before; }
 };
 
 const char* const untouched = "held registered in use";
@@ -103,7 +103,7 @@ const Death deaths[] = {
 
 class DyingAtAMoment : public DyingWorkstation, public ::testing::WithParamInterface<int> {
   protected:
-    DyingAtAMoment() { bringBack({u"TW-101"_s}); }
+    DyingAtAMoment() { restart({u"TW-101"_s}); }
 
     QString inventory() {
         return rows(u"select (i4230 is '2021-06-16') + (i4231 is '2022-06-16') + (i4224 is null) + (i4225 is "
@@ -144,7 +144,7 @@ TEST_P(DyingAtAMoment, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
 INSTANTIATE_TEST_SUITE_P(Before, DyingAtAMoment, ::testing::Range(0, static_cast<int>(std::size(deaths))));
 
 TEST_F(DyingWorkstation, AnUploadHasNoOtherMoments) {
-    bringBack({u"TW-101"_s});
+    restart({u"TW-101"_s});
     const auto child = startCommand(static_cast<int>(std::size(deaths)) + 1);
     const auto outcome = simulators::outcomeOf(*child);
     EXPECT_EQ(outcome.code, 0) << outcome.errors.toStdString();
@@ -153,12 +153,12 @@ TEST_F(DyingWorkstation, AnUploadHasNoOtherMoments) {
     upload({});
 }
 
-/// Killed from outside, wherever it is just then, as soon as it has told so many lines.
+/// Killed by another process at an arbitrary place, as soon as it has written so many lines.
 class KilledWorkstation : public DyingWorkstation, public ::testing::WithParamInterface<int> {};
 
 TEST_P(KilledWorkstation, LosesNothingAndDoublesNothing) {
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
-    bringBack(both);
+    restart(both);
     const auto child = startCommand(0);
     for (int line = 0; line < GetParam(); ++line) {
         while (!child->canReadLine())

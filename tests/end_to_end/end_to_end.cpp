@@ -26,14 +26,14 @@ void EndToEndTest::list(const QString& asset, const QString& standard) {
         ui.expectDialog(caption, question, {});
     }
     addToDownloadList(calibrators, screen, asset);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_TRUE(screen.list.contains(asset)) << asset.toStdString();
 }
 
 void EndToEndTest::download(const QString& message) {
-    ui.expectBox(message, downloadTitle, message == told::downloaded ? box::information : box::warning);
+    ui.expectBox(message, downloadTitle, message == messages::downloaded ? box::information : box::warning);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(ui.busy);
 }
 
@@ -53,13 +53,13 @@ void EndToEndTest::expectRecord(const QString& asset, std::function<void()> mean
 }
 
 void EndToEndTest::expectRefusal() {
-    ui.expectBox(told::recordExists, u"Calibration Record Creation"_s, box::stop);
+    ui.expectBox(messages::recordExists, u"Calibration Record Creation"_s, box::stop);
 }
 
 void EndToEndTest::pressUpload(const QString& message) {
-    ui.expectBox(message, uploadTitle, message == told::uploaded ? box::information : box::warning);
+    ui.expectBox(message, uploadTitle, message == messages::uploaded ? box::information : box::warning);
     ModuleGlobals::UploadFromCalibrator(calibrators);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(ui.busy);
     EXPECT_FALSE(ui.progressShown);
 }
@@ -80,7 +80,7 @@ void EndToEndTest::makeRecords() {
         if (begun.isEmpty())
             expectRecord(result.asset);
         const auto outcome = makeRecordOf(session, result.id);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(outcome.end, MakeRecordOutcome::End::made) << outcome.message.toStdString();
     }
     EXPECT_EQ(withoutRecord(), QStringList());
@@ -119,7 +119,7 @@ void EndToEndTest::expectSoundDatabase() {
             << owner.toStdString();
 }
 
-void EndToEndTest::logInAgain(WreckableFile& destroyed) {
+void EndToEndTest::logInAgain(CorruptibleFile& destroyed) {
     EXPECT_NE(errorOf([&] { workplace.logIn(); }), 0);
     EXPECT_FALSE(session.SessionConnected);
     destroyed.repair();

@@ -15,8 +15,8 @@
 
 namespace kelvane::testing {
 
-/// What the operator is told whatever the calibrator, to the letter.
-namespace told {
+/// The exact messages that are the same for every calibrator.
+namespace messages {
 inline const QString downloaded = QStringLiteral("Download Successful");
 inline const QString uploaded = QStringLiteral("Upload Successful");
 inline const QString unknownCalibrator = QStringLiteral(
@@ -28,7 +28,7 @@ inline const QString recordExists = QStringLiteral(
 inline const QString connectionLost =
     QStringLiteral("This workstation is no longer connected to the database. Please select FILE,LOG OUT "
                    "from the menu, or CTRL-L to log out and reconnect.");
-} // namespace told
+} // namespace messages
 
 inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
 inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
@@ -40,8 +40,8 @@ class EndToEndTest : public ::testing::Test {
     /// The calibrator's name and serial number.
     EndToEndTest(const QString& calibrator, QString serial);
 
-    /// The operator presses Download, and is told this.
-    void download(const QString& message = told::downloaded);
+    /// The operator presses Download, and sees this message.
+    void download(const QString& message = messages::downloaded);
 
     // The upload step by step: what he meets comes in this order.
     void expectChoice();
@@ -49,14 +49,15 @@ class EndToEndTest : public ::testing::Test {
     void expectRecord(const QString& asset, std::function<void()> meanwhile = {});
     /// The box of a record that is there already.
     void expectRefusal();
-    void pressUpload(const QString& message = told::uploaded);
+    void pressUpload(const QString& message = messages::uploaded);
 
     /// The instruments whose results have no record yet.
     QStringList withoutRecord();
     /// He presses Make Record for each of them; those of which no record was begun ask him for theirs.
     void makeRecords();
 
-    /// He adds an instrument, names a standard and no second one; without a standard nobody asks for one.
+    /// He adds an instrument, names a standard and no second one; without a standard no further one is asked
+    /// for.
     void list(const QString& asset, const QString& standard);
 
     /// The rows of a query, columns joined with "|".
@@ -72,7 +73,7 @@ class EndToEndTest : public ::testing::Test {
     void expectSoundDatabase();
 
     /// The login is refused as long as the file is destroyed, and works once it is back.
-    void logInAgain(WreckableFile& destroyed);
+    void logInAgain(CorruptibleFile& destroyed);
 
     /// Starts the same command on another workstation, an upload or (with instruments) a download; it kills
     /// itself before the moment of that number, 0 for none.

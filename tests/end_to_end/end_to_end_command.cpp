@@ -24,9 +24,9 @@ namespace kelvane::testing {
 namespace {
 
 /// Counts what is about to happen, and ends the process before the one of that number.
-class Doom {
+class EndAtMoment {
   public:
-    explicit Doom(int moment) : moment_(moment) {}
+    explicit EndAtMoment(int moment) : moment_(moment) {}
     void before(const QString& what) {
         std::printf("%s\n", qPrintable(what));
         std::fflush(stdout);
@@ -41,11 +41,11 @@ class Doom {
 
 class MortalConnection final : public ForwardingConnection {
   public:
-    MortalConnection(std::unique_ptr<Connection> real, Doom& doom)
-        : ForwardingConnection(std::move(real)), doom_(doom) {}
+    MortalConnection(std::unique_ptr<Connection> real, EndAtMoment& doom)
+        : ForwardingConnection(std::move(real)), endAtMoment_(doom) {}
     qint64 execute(const QString& statement) override {
         if (awake)
-            doom_.before(statement);
+            endAtMoment_.before(statement);
         return ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
@@ -56,12 +56,12 @@ class MortalConnection final : public ForwardingConnection {
     static inline bool awake = false;
 
   private:
-    Doom& doom_;
+    EndAtMoment& endAtMoment_;
 };
 
 class MortalPort final : public SerialPort {
   public:
-    MortalPort(SerialPort& real, Doom& doom) : real_(real), doom_(doom) {}
+    MortalPort(SerialPort& real, EndAtMoment& doom) : real_(real), endAtMoment_(doom) {}
     bool portOpen() const override { return real_.portOpen(); }
     void setPortOpen(bool open) override { real_.setPortOpen(open); }
     void setCommPort(int number) override { real_.setCommPort(number); }
@@ -71,29 +71,29 @@ class MortalPort final : public SerialPort {
     void output(const QByteArray& bytes) override {
         // All that is longer than a link start is a message.
         if (bytes.size() > 3)
-            doom_.before(QString::fromLatin1(bytes.left(3)));
+            endAtMoment_.before(QString::fromLatin1(bytes.left(3)));
         real_.output(bytes);
     }
 
   private:
     SerialPort& real_;
-    Doom& doom_;
+    EndAtMoment& endAtMoment_;
 };
 
 class MortalLink final : public DpclnkLibrary {
   public:
-    explicit MortalLink(Doom& doom) : doom_(doom) {}
+    explicit MortalLink(EndAtMoment& doom) : endAtMoment_(doom) {}
     Status DPCdnlStep(qint32& count) override {
-        doom_.before(u"DPCdnlStep"_s);
+        endAtMoment_.before(u"DPCdnlStep"_s);
         return DpclnkLibrary::DPCdnlStep(count);
     }
     Status DPCuplStep(qint32& count) override {
-        doom_.before(u"DPCuplStep"_s);
+        endAtMoment_.before(u"DPCuplStep"_s);
         return DpclnkLibrary::DPCuplStep(count);
     }
 
   private:
-    Doom& doom_;
+    EndAtMoment& endAtMoment_;
 };
 
 /// What the command is carried out with.
@@ -106,7 +106,7 @@ struct Arguments {
 };
 
 int carryOut(const Arguments& arguments) {
-    Doom doom(arguments.moment);
+    EndAtMoment doom(arguments.moment);
     QuietOperator ui;
     const SystemClock clock;
     ConnectedWorkstation workplace(ui, clock, arguments.source, arguments.device, [&doom] {
@@ -126,9 +126,9 @@ int carryOut(const Arguments& arguments) {
         screen.list = arguments.instruments;
         downloadList(calibrators, screen);
     }
-    for (const auto& complaint : std::as_const(ui.complaints))
+    for (const auto& complaint : std::as_const(ui.reportedErrors))
         std::fprintf(stderr, "%s\n", qPrintable(complaint));
-    return ui.complaints.isEmpty() ? 0 : 1;
+    return ui.reportedErrors.isEmpty() ? 0 : 1;
 }
 
 } // namespace

@@ -23,11 +23,11 @@ struct Call {
     }
 };
 
-QList<Call> numbered(const QStringList& operations) {
+QList<Call> numberCalls(const QStringList& operations) {
     QList<Call> calls;
     QHash<QString, int> count;
-    for (const auto& one : operations)
-        calls << Call{one, count[one]++};
+    for (const auto& operation : operations)
+        calls << Call{operation, count[operation]++};
     return calls;
 }
 
@@ -46,20 +46,20 @@ class EachCallOfAFluke702 : public Fluke702EndToEnd {
 
     /// Loads the calibrator and gives the calls of it.
     QList<Call> callsOfADownload() {
-        screen.list = oneInstrument();
+        screen.list = singleInstrument();
         download();
-        return numbered(takeHeard());
+        return numberCalls(takeHeard());
     }
     const QStringList before{u"PT-103"_s, u"PT-104"_s};
 };
 
 TEST_F(EachCallOfAFluke702, ThatFailsEndsTheDownloadInItsWordsAndLeavesTheRegistry) {
-    screen.list = oneInstrument();
+    screen.list = singleInstrument();
     takeHeard();
     const auto registeredBefore = registered();
     ASSERT_EQ(registeredBefore, before);
 
-    // Find out the calls in a database that is then put back.
+    // Record the calls in a database that is then restored.
     execute(u"create temp table kept as select * from mt.hvm_kv_task_inuse"_s);
     const auto calls = callsOfADownload();
     execute(u"delete from mt.hvm_kv_task_inuse"_s);
@@ -68,31 +68,31 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheDownloadInItsWordsAndLeavesTheRegist
 
     for (const auto& call : calls) {
         SCOPED_TRACE(call.fault(fatal).toStdString());
-        // What is called to tidy up beforehand, and the start of a state, are not looked at.
+        // What is called to tidy up beforehand, and the start of a state, are ignored.
         const bool passedOver =
             call.operation == u"MEMclear" || call.operation == u"STAinit" || call.fault(0) == u"DPCclose*1=0";
         clearFault();
-        screen.list = oneInstrument();
+        screen.list = singleInstrument();
         fault(call.fault(fatal));
-        download(passedOver ? told::downloaded : fatalWords);
+        download(passedOver ? messages::downloaded : fatalWords);
         if (!passedOver) {
             EXPECT_EQ(registered(), before);
             continue;
         }
-        EXPECT_EQ(registered(), oneInstrument());
+        EXPECT_EQ(registered(), singleInstrument());
         execute(u"delete from mt.hvm_kv_task_inuse"_s);
         execute(u"insert into mt.hvm_kv_task_inuse select * from kept"_s);
     }
     clearFault();
     download();
-    EXPECT_EQ(registered(), oneInstrument());
-    EXPECT_EQ(heldTags(), oneInstrument());
-    carryOut(oneRun());
-    upload(oneRun());
+    EXPECT_EQ(registered(), singleInstrument());
+    EXPECT_EQ(storedTags(), singleInstrument());
+    carryOut(singleRun());
+    upload(singleRun());
     EXPECT_EQ(records(u"PT-101"_s), QStringList{u"N|2|5"_s});
 }
 
-TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsToldAndTheDownloadGoesOn) {
+TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsShownAndTheDownloadGoesOn) {
     const auto calls = callsOfADownload();
     for (const auto& call : calls) {
         SCOPED_TRACE(call.fault(warning).toStdString());
@@ -104,11 +104,11 @@ TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsToldAndTheDownloadGoes
         if (call.operation != u"MEMclear" && call.operation != u"STAinit")
             expectInformation(u"PT-101"_s + warningWords);
         download();
-        EXPECT_EQ(heldTags(), oneInstrument());
+        EXPECT_EQ(storedTags(), singleInstrument());
     }
 }
 
-// The words of a warning are told and are no failure: the work counts as downloaded, whatever came over.
+// The words of a warning are shown and are no failure: the work counts as downloaded, whatever came over.
 TEST_F(EachCallOfAFluke702, ThatWarnsDuringTheTransferEndsItAndTheDownloadCountsAsSuccessful) {
     screen.list = {u"FT-501"_s};
     download();
@@ -133,18 +133,18 @@ TEST_F(EachCallOfAFluke702, ThatWarnsDuringTheTransferEndsItAndTheDownloadCounts
     fault(u"DPCdnlStep*1=100"_s);
     expectInformation(warningWords);
     download();
-    EXPECT_EQ(heldTags(), QStringList());
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(storedTags(), QStringList());
+    EXPECT_EQ(registered(), singleInstrument());
     upload({});
 }
 
 TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNothing) {
-    list(oneInstrument());
+    list(singleInstrument());
     download();
-    carryOut(oneRun());
+    carryOut(singleRun());
     takeHeard();
-    upload(oneRun());
-    const auto calls = numbered(takeHeard());
+    upload(singleRun());
+    const auto calls = numberCalls(takeHeard());
     ASSERT_GT(calls.size(), 45);
     const auto forget = [&] {
         execute(u"delete from mt.calibration where c2301 = '%1';delete from mt.calresults where ctag not in "
@@ -158,13 +158,13 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         clearFault();
         fault(call.fault(fatal));
         expectChoice();
-        QString message = told::uploaded;
+        QString message = messages::uploaded;
         if (call.operation.startsWith(u"DPC"_s)) {
             message = fatalWords;
         } else if (call.operation == u"MEMclear") {
-            expectRuns(oneRun());
+            expectRuns(singleRun());
         } else if (call.operation == u"STAgetPressure") {
-            // What the operator is told is no status but a counter, which stands behind the last field now.
+            // The operator sees a counter instead of a status; it stands behind the last field now.
             expectInformation(u"PT-101: Setting measure function to VDC (DPCWARN_BAD_INPUT)"_s);
         } else if (call.operation == u"MEMcalResultEntry") {
             // Here it is the point, and there are seven calls for each.
@@ -177,30 +177,30 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         pressUpload(message);
         EXPECT_EQ(records(u"PT-101"_s),
                   call.operation == u"MEMclear" ? QStringList{u"N|2|5"_s} : QStringList());
-        EXPECT_EQ(registered(), oneInstrument());
+        EXPECT_EQ(registered(), singleInstrument());
     }
     EXPECT_EQ(entries, 35);
     forget();
     clearFault();
-    upload(oneRun());
-    expectRecords(oneRun());
+    upload(singleRun());
+    expectRecords(singleRun());
 }
 
 // Records that were made before the failure stay; the next upload makes the rest.
 TEST_F(EachCallOfAFluke702, ThatFailsInTheSecondRunLeavesTheRecordOfTheFirst) {
-    list(oneInstrument());
+    list(singleInstrument());
     download();
     carryOut(twoRuns());
     fault(u"MEMbaseState+1*1=2012"_s);
     expectChoice();
-    expectRuns(oneRun());
+    expectRuns(singleRun());
     // The counter is that of the standards in use, behind which the last loop ended.
     expectInformation(u"PT-101: Unknown Error"_s);
     pressUpload();
     EXPECT_EQ(records(u"PT-101"_s), QStringList{u"N|2|5"_s});
     clearFault();
     expectChoice();
-    expectRefusedRuns(oneRun());
+    expectRefusedRuns(singleRun());
     expectRuns(twoRuns().last(1));
     pressUpload();
     expectRecords(twoRuns());

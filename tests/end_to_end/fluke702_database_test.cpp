@@ -11,44 +11,44 @@ namespace kelvane::testing {
 class Fluke702EndToEndWithADatabaseFault : public Fluke702EndToEnd {
   protected:
     void bringBack() {
-        list(oneInstrument());
+        list(singleInstrument());
         download();
         carryOut(twoRuns());
     }
 
-    WreckableFile mt{database.file(u"mt.db"_s)};
+    CorruptibleFile mt{database.file(u"mt.db"_s)};
     OtherWriter other{database.file(u"mt.db"_s)};
 };
 
 TEST_F(Fluke702EndToEndWithADatabaseFault,
        AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
-    list(oneInstrument());
-    mt.wreck();
+    list(singleInstrument());
+    mt.corrupt();
     ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(takeHeard(), QStringList());
-    EXPECT_EQ(screen.list, oneInstrument());
+    EXPECT_EQ(screen.list, singleInstrument());
     logInAgain(mt);
     download();
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
 }
 
 // The calibrator keeps its results, so that nothing is lost with the connection.
 TEST_F(Fluke702EndToEndWithADatabaseFault,
-       AConnectionLostInMidUploadIsReportedAndTheNextUploadMakesTheRecords) {
+       AConnectionLostDuringAnUploadIsReportedAndTheNextUploadMakesTheRecords) {
     bringBack();
     const auto onCalibrator = held();
     expectChoice();
-    expectRecord(u"PT-101"_s, [&] { mt.wreck(); });
+    expectRecord(u"PT-101"_s, [&] { mt.corrupt(); });
     ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
-    pressUpload(told::connectionLost);
+    pressUpload(messages::connectionLost);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(held(), onCalibrator);
 
     logInAgain(mt);
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
     EXPECT_EQ(records(u"PT-101"_s), QStringList());
     upload(twoRuns());
     expectRecords(twoRuns());
@@ -59,9 +59,9 @@ TEST_F(Fluke702EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUp
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
-    expectRecord(u"PT-101"_s, [&] { mt.wreck(); });
+    expectRecord(u"PT-101"_s, [&] { mt.corrupt(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
-    EXPECT_TRUE(ui.allCame()) << "no box";
+    EXPECT_TRUE(ui.hasMetAll()) << "no box";
     EXPECT_FALSE(ui.busy);
     EXPECT_FALSE(ui.progressShown);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
@@ -71,15 +71,15 @@ TEST_F(Fluke702EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUp
 }
 
 TEST_F(Fluke702EndToEndWithADatabaseFault, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
-    list(oneInstrument());
+    list(singleInstrument());
     other.lock();
     ui.expectReport(busy, u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(takeHeard(), QStringList());
     other.unlock();
     download();
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
 }
 
 // The run is still there for the next upload, and in the journal.
@@ -93,8 +93,8 @@ TEST_F(Fluke702EndToEndWithADatabaseFault, ARecordThatCantBeWrittenIsReportedAnd
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(records(u"PT-101"_s), QStringList{u"Y|2|5"_s}) << "the as-left run alone";
     expectChoice();
-    expectRuns(oneRun());
-    EXPECT_EQ(withoutRecord(), oneInstrument());
+    expectRuns(singleRun());
+    EXPECT_EQ(withoutRecord(), singleInstrument());
     expectRefusedRuns(twoRuns().last(1));
     pressUpload();
     EXPECT_EQ(records(u"PT-101"_s), (QStringList{u"Y|2|5"_s, u"N|2|5"_s}));

@@ -8,9 +8,9 @@ namespace kelvane::testing {
 class DyingFluke702Workstation : public Fluke702EndToEnd {
   protected:
     void bringBack() {
-        list(oneInstrument());
+        list(singleInstrument());
         download();
-        carryOut(oneRun());
+        carryOut(singleRun());
     }
     /// Expects another workstation to die before this, at its moment of that number.
     void expectDeath(int moment, const char* before, const QStringList& downloaded = {}) {
@@ -37,7 +37,7 @@ struct Death {
     const char* before;
     const char* left;
 
-    friend void PrintTo(const Death& one, std::ostream* out) { *out << one.before; }
+    friend void PrintTo(const Death& death, std::ostream* out) { *out << death.before; }
 };
 
 // Everything that an upload of one run does, and that stays, in its order: the records of PT-101, and how
@@ -96,17 +96,17 @@ TEST_P(DyingInAFluke702Upload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     expectDeath(GetParam() + 1, death.before);
     EXPECT_EQ(begun() + u' ' + copied(), QLatin1StringView(death.left));
     EXPECT_EQ(held(), onCalibrator);
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
 
     // A record that was begun is refused; what it lacks it gets out of the journal.
     const auto whole = begun();
     if (whole.isEmpty()) {
-        upload(oneRun());
-        expectRecords(oneRun());
+        upload(singleRun());
+        expectRecords(singleRun());
         return;
     }
     expectChoice();
-    expectRefusedRuns(oneRun());
+    expectRefusedRuns(singleRun());
     pressUpload();
     EXPECT_EQ(begun(), whole);
     makeRecords();
@@ -122,9 +122,9 @@ TEST_P(DyingInAFluke702Upload, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
     EXPECT_EQ(begun(), isRead ? u"N|2|5"_s : QString());
     expectChoice();
     if (isRead)
-        expectRefusedRuns(oneRun());
+        expectRefusedRuns(singleRun());
     else
-        expectRuns(oneRun());
+        expectRuns(singleRun());
     pressUpload();
     EXPECT_EQ(begun() + u' ' + copied(), u"N|2|5 2"_s);
     EXPECT_EQ(withoutRecord(), QStringList());
@@ -136,7 +136,7 @@ TEST_F(DyingFluke702Workstation, AnUploadHasNoOtherMoments) {
     bringBack();
     expectMoments(std::size(uploadDeaths));
     expectChoice();
-    expectRefusedRuns(oneRun());
+    expectRefusedRuns(singleRun());
     pressUpload();
     EXPECT_EQ(begun(), u"N|2|5"_s);
 }
@@ -146,12 +146,12 @@ class DyingInAFluke702Download : public DyingFluke702Workstation, public ::testi
     DyingInAFluke702Download() {
         list({u"FT-501"_s});
         download();
-        screen.list = oneInstrument();
+        screen.list = singleInstrument();
         packages_ = count(u"mt.hvm_kv_task_packages"_s);
         members_ = count(u"mt.hvm_kv_task_assets"_s);
     }
     QString left() {
-        return u"%1 / %2 / %3 %4"_s.arg(heldTags().join(u' '), registered().join(u' '))
+        return u"%1 / %2 / %3 %4"_s.arg(storedTags().join(u' '), registered().join(u' '))
             .arg(count(u"mt.hvm_kv_task_packages"_s) - packages_)
             .arg(count(u"mt.hvm_kv_task_assets"_s) - members_);
     }
@@ -164,7 +164,7 @@ class DyingInAFluke702Download : public DyingFluke702Workstation, public ::testi
 
 TEST_P(DyingInAFluke702Download, LeavesCalibratorAndRegistryAsFarAsItCameAndTheNextDownloadIsWhole) {
     const auto& death = downloadDeaths[GetParam()];
-    expectDeath(GetParam() + 1, death.before, oneInstrument());
+    expectDeath(GetParam() + 1, death.before, singleInstrument());
     EXPECT_EQ(left(), QLatin1StringView(death.left));
     const auto leftPackages = QString::fromLatin1(death.left).section(u'/', 2);
 
@@ -179,17 +179,17 @@ TEST_P(DyingInAFluke702Download, LeavesCalibratorAndRegistryAsFarAsItCameAndTheN
 INSTANTIATE_TEST_SUITE_P(Before, DyingInAFluke702Download, momentsOf(downloadDeaths));
 
 TEST_F(DyingFluke702Workstation, ADownloadHasNoOtherMoments) {
-    expectMoments(std::size(downloadDeaths), oneInstrument());
-    EXPECT_EQ(heldTags(), oneInstrument());
-    EXPECT_EQ(registered(), oneInstrument());
+    expectMoments(std::size(downloadDeaths), singleInstrument());
+    EXPECT_EQ(storedTags(), singleInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
 }
 
-/// Killed from outside, wherever it is just then, as soon as it has told so many lines.
+/// Killed by another process at an arbitrary place, as soon as it has written so many lines.
 class KilledFluke702Workstation : public DyingFluke702Workstation,
                                   public ::testing::WithParamInterface<int> {};
 
 TEST_P(KilledFluke702Workstation, LosesNothingAndDoublesNothing) {
-    list(oneInstrument());
+    list(singleInstrument());
     download();
     carryOut(twoRuns());
     const auto child = startCommand(0);

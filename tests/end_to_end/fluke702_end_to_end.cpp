@@ -34,7 +34,7 @@ void Fluke702EndToEnd::expectCantMeasure(const QString& asset) {
         downloadTitle, box::information);
 }
 
-void Fluke702EndToEnd::listByEye() {
+void Fluke702EndToEnd::listManualRuns() {
     list({u"LI-402"_s});
     expectCantMeasure(u"TCS-802"_s);
     EndToEndTest::list(u"TCS-802"_s, u"DMM-87V"_s);
@@ -49,7 +49,7 @@ void Fluke702EndToEnd::carryOut(const QList<demo::FieldRun>& runs) {
 
 void Fluke702EndToEnd::carryOutPlan(const QString& plan) {
     simulated::MemoryFile(simulatorFolder.memory()).use([&](simulated::Memory& memory) {
-        simulated::carryOut(memory, simulated::errandsOf(plan), {});
+        simulated::carryOut(memory, simulated::jobsOf(plan), {});
         return true;
     });
 }
@@ -76,14 +76,15 @@ void Fluke702EndToEnd::upload(const QList<demo::FieldRun>& runs, const QString& 
 }
 
 void Fluke702EndToEnd::expectRecords(const QList<demo::FieldRun>& runs) {
-    auto aftermath = demo::afterRuns(runs);
-    aftermath.registered = registered();
-    expectAftermath(aftermath);
+    auto expectedRecords = demo::recordsAfterRuns(runs);
+    expectedRecords.registered = registered();
+    expectRecordsAfter(expectedRecords);
 }
 
-void Fluke702EndToEnd::expectAftermath(const demo::Aftermath& aftermath) {
+void Fluke702EndToEnd::expectRecordsAfter(const demo::ExpectedRecords& expectedRecords) {
     try {
-        demo::checkRecords(*session.SharedConnection, QDate::fromString(workDay(), Qt::ISODate), aftermath);
+        demo::checkRecords(*session.SharedConnection, QDate::fromString(workDay(), Qt::ISODate),
+                           expectedRecords);
     } catch (const demo::Difference& difference) {
         ADD_FAILURE() << difference.what();
     }
@@ -102,7 +103,7 @@ simulated::Memory Fluke702EndToEnd::held() const {
     return copy;
 }
 
-QStringList Fluke702EndToEnd::heldTags() const {
+QStringList Fluke702EndToEnd::storedTags() const {
     QStringList tags;
     for (const auto& task : held().contents.tasks)
         tags << task.tag;
@@ -119,9 +120,9 @@ QStringList Fluke702EndToEnd::takeHeard() {
     return operations;
 }
 
-const QStringList& Fluke702EndToEnd::oneInstrument() {
-    static const QStringList one{u"PT-101"_s};
-    return one;
+const QStringList& Fluke702EndToEnd::singleInstrument() {
+    static const QStringList assets{u"PT-101"_s};
+    return assets;
 }
 
 } // namespace kelvane::testing

@@ -4,8 +4,8 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
+using demo::manualRuns;
 using demo::measuredRuns;
-using demo::runsByEye;
 
 class WholeFluke702EndToEnd : public Fluke702EndToEnd {
   protected:
@@ -20,7 +20,7 @@ class WholeFluke702EndToEnd : public Fluke702EndToEnd {
 TEST_F(WholeFluke702EndToEnd, TheListRefusesWhatTheCalibratorCantTakeAndAsksForAStandardWhereItCantRead) {
     ui.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle, box::warning);
     addToDownloadList(calibrators, screen, u"AC-604"_s);
-    listByEye();
+    listManualRuns();
     EXPECT_EQ(screen.list, (QStringList{u"LI-402"_s, u"TCS-802"_s}));
     EXPECT_EQ(standardsInUse(u"TCS-802"_s), QStringList{u"DMM-87V"_s});
     EXPECT_EQ(standardsInUse(u"LI-402"_s), QStringList());
@@ -36,7 +36,7 @@ TEST_F(WholeFluke702EndToEnd, TheDownloadLoadsTheCalibratorAndRegistersItInPlace
     auto sorted = assets;
     sorted.sort();
     EXPECT_EQ(registered(), sorted);
-    auto tags = heldTags();
+    auto tags = storedTags();
     tags.sort();
     EXPECT_EQ(tags, sorted);
     for (const auto& asset : assets)
@@ -54,7 +54,7 @@ TEST_F(WholeFluke702EndToEnd, TheUploadWritesEveryRecordAndLeavesCalibratorAndRe
     bringBack(measuredRuns());
     const auto before = held();
     upload(measuredRuns());
-    expectAftermath(demo::afterRuns(measuredRuns()));
+    expectRecordsAfter(demo::recordsAfterRuns(measuredRuns()));
     EXPECT_EQ(held(), before);
     EXPECT_EQ(workplace.settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 702"_s);
 }
@@ -65,25 +65,25 @@ TEST_F(WholeFluke702EndToEnd, ASecondUploadFindsEverythingAgainAndDoublesNothing
     expectChoice();
     expectRefusedRuns(measuredRuns());
     pressUpload();
-    expectAftermath(demo::afterRuns(measuredRuns()));
+    expectRecordsAfter(demo::recordsAfterRuns(measuredRuns()));
 }
 
-TEST_F(WholeFluke702EndToEnd, WhatIsReadByEyeGoesItInADownloadOfItsOwn) {
-    listByEye();
+TEST_F(WholeFluke702EndToEnd, ManuallyReadInstrumentsGoIntoADownloadOfTheirOwn) {
+    listManualRuns();
     download();
     for (const auto& task : held().contents.tasks)
         EXPECT_TRUE(task.byHand) << task.tag.toStdString();
-    carryOut(runsByEye());
-    upload(runsByEye());
-    expectAftermath(demo::afterRuns(runsByEye()));
+    carryOut(manualRuns());
+    upload(manualRuns());
+    expectRecordsAfter(demo::recordsAfterRuns(manualRuns()));
 }
 
-TEST_F(WholeFluke702EndToEnd, WhatFollowsAnInstrumentReadByEyeCountsAsReadByEyeAndFailsWhenItWasNot) {
+TEST_F(WholeFluke702EndToEnd, AnInstrumentAfterAManuallyReadOneCountsAsManuallyReadAndFailsWhenItWasNot) {
     list({u"LI-402"_s, u"FT-501"_s});
     download();
-    ASSERT_EQ(heldTags(), (QStringList{u"LI-402"_s, u"FT-501"_s}));
+    ASSERT_EQ(storedTags(), (QStringList{u"LI-402"_s, u"FT-501"_s}));
     EXPECT_TRUE(held().contents.tasks[1].byHand);
-    // The reading by eye is in mA and is taken for one in A.
+    // The manual reading is in mA and is taken for one in A.
     carryOutPlan(u"FT-501; as-found; 0; ; ; %1 11:10\n"_s.arg(workDay()));
     expectChoice();
     expectRecord(u"FT-501"_s);
@@ -95,23 +95,23 @@ TEST_F(WholeFluke702EndToEnd, WhatFollowsAnInstrumentReadByEyeCountsAsReadByEyeA
 }
 
 TEST_F(WholeFluke702EndToEnd, AnUploadBeforeTheWorkFindsNothingAndForgetsNothing) {
-    list(oneInstrument());
+    list(singleInstrument());
     download();
     upload({});
-    EXPECT_EQ(registered(), oneInstrument());
-    carryOut(oneRun());
-    upload(oneRun());
-    expectRecords(oneRun());
+    EXPECT_EQ(registered(), singleInstrument());
+    carryOut(singleRun());
+    upload(singleRun());
+    expectRecords(singleRun());
 }
 
 TEST_F(WholeFluke702EndToEnd, TheAdjustmentMayComeWithALaterUpload) {
-    list(oneInstrument());
+    list(singleInstrument());
     download();
-    carryOut(oneRun());
-    upload(oneRun());
+    carryOut(singleRun());
+    upload(singleRun());
     carryOut(twoRuns().last(1));
     expectChoice();
-    expectRefusedRuns(oneRun());
+    expectRefusedRuns(singleRun());
     expectRuns(twoRuns().last(1));
     pressUpload();
     expectRecords(twoRuns());
@@ -122,7 +122,7 @@ TEST_F(WholeFluke702EndToEnd, ASecondDownloadReplacesTasksResultsAndRegistryWith
     screen.list.clear();
     list({u"FT-501"_s});
     download();
-    EXPECT_EQ(heldTags(), QStringList{u"FT-501"_s});
+    EXPECT_EQ(storedTags(), QStringList{u"FT-501"_s});
     EXPECT_EQ(held().contents.runs.size(), 0U);
     EXPECT_EQ(registered(), QStringList{u"FT-501"_s});
     upload({});
@@ -131,21 +131,21 @@ TEST_F(WholeFluke702EndToEnd, ASecondDownloadReplacesTasksResultsAndRegistryWith
 
 TEST_F(WholeFluke702EndToEnd, ACalibratorThatTheDatabaseDoesNotKnowTakesWorkAndGivesNone) {
     execute(u"update mt.inventory set i4206 = '1' where i4201 = 'F702-01'"_s);
-    list(oneInstrument());
-    ui.expectBox(told::unknownCalibrator, u"Download Task Package to Fluke 702"_s, box::warning);
+    list(singleInstrument());
+    ui.expectBox(messages::unknownCalibrator, u"Download Task Package to Fluke 702"_s, box::warning);
     download();
-    EXPECT_EQ(registered(), oneInstrument());
+    EXPECT_EQ(registered(), singleInstrument());
     EXPECT_EQ(standardsInUse(u"PT-101"_s), QStringList());
-    carryOut(oneRun());
-    upload({}, told::unknownCalibrator);
+    carryOut(singleRun());
+    upload({}, messages::unknownCalibrator);
     EXPECT_EQ(records(u"PT-101"_s), QStringList());
     execute(u"update mt.inventory set i4206 = '6841207' where i4201 = 'F702-01'"_s);
-    upload(oneRun());
-    expectRecords(oneRun());
+    upload(singleRun());
+    expectRecords(singleRun());
 }
 
 TEST_F(WholeFluke702EndToEnd, APressureModuleThatTheDatabaseDoesNotKnowEndsTheStandards) {
-    listByEye();
+    listManualRuns();
     download();
     carryOutPlan(u"TCS-802; as-found; 0; ; 99999; %1 13:40\n"_s.arg(workDay()));
     expectChoice();
@@ -156,7 +156,7 @@ TEST_F(WholeFluke702EndToEnd, APressureModuleThatTheDatabaseDoesNotKnowEndsTheSt
 
 TEST_F(WholeFluke702EndToEnd, ADamagedMemoryIsACalibratorThatDoesNotAnswer) {
     simulatorFolder.put(u"memory.json"_s, "{");
-    list(oneInstrument());
+    list(singleInstrument());
     const auto words = u"Communications with calibrator failed! (DPCERR_COMM_NOT_CONNECTED)"_s;
     download(words);
     upload({}, words);
@@ -173,12 +173,12 @@ TEST_F(WholeFluke702EndToEnd, TheCalibratorTakesEachInstrumentOfThePlantThatTheP
     for (const auto& asset : accepted) {
         screen.list = {asset};
         download();
-        EXPECT_EQ(heldTags(), QStringList{asset});
+        EXPECT_EQ(storedTags(), QStringList{asset});
         EXPECT_EQ(registered(), QStringList{asset});
     }
     screen.list = accepted;
     download();
-    EXPECT_EQ(heldTags().size(), accepted.size()) << "and all of them, the later ones as if read by hand";
+    EXPECT_EQ(storedTags().size(), accepted.size()) << "and all of them, the later ones as if read by hand";
 }
 
 } // namespace kelvane::testing

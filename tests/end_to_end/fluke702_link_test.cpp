@@ -68,7 +68,7 @@ TEST_F(RealLinkToFluke702, AnImageGoesDownAndItsRunsComeUp) {
     simulated::MemoryFile(folder.path() + u"/fluke702.json"_s).use([](simulated::Memory& memory) {
         EXPECT_EQ(memory.contents.prompts.at(0).text, u"Prüfen – 5 €"_s);
         simulated::carryOut(
-            memory, simulated::errandsOf(u"TÜ-205; as-left; 0.5; J. Öz; 71204; 2026-11-20 09:15:30"_s), {});
+            memory, simulated::jobsOf(u"TÜ-205; as-left; 0.5; J. Öz; 71204; 2026-11-20 09:15:30"_s), {});
         return true;
     });
 

@@ -29,10 +29,10 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
     expectChoice();
     expectRecord(u"TW-101"_s);
     expectRecord(u"TW-102"_s);
-    pressUpload(told::timeOut);
+    pressUpload(messages::timeOut);
     expectWhole({u"TW-101"_s, u"TW-102"_s});
     EXPECT_EQ(records(u"TW-103"_s), QStringList());
-    EXPECT_EQ(heldNames(), QStringList{u"TW-103"_s});
+    EXPECT_EQ(storedNames(), QStringList{u"TW-103"_s});
     EXPECT_EQ(held().characteristics[0], before.characteristics[2]);
     EXPECT_EQ(held().rounds.size(), 1U);
     EXPECT_EQ(registered(), tools);
@@ -40,11 +40,11 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
         EXPECT_EQ(standardsInUse(asset), (QStringList{u"TS-0001"_s, tool(asset).standard}));
 
     // The line is gone with it: there is no port until it is on again.
-    upload({}, told::noPort);
+    upload({}, messages::noPort);
     EXPECT_EQ(registered(), tools);
 
     switchOn();
-    upload({u"TW-103"_s}, told::noData({u"TW-101"_s, u"TW-102"_s}));
+    upload({u"TW-103"_s}, messages::noData({u"TW-101"_s, u"TW-102"_s}));
     expectWhole(tools);
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
@@ -52,7 +52,7 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
 
 TEST_F(HalfWay, AVanishingAtTheDownloadOfTheLastToolLeavesTheTwoBeforeItRegistered) {
     switchOn({u"vanish-after:0@T1A+2*1"_s});
-    download(told::timeOut);
+    download(messages::timeOut);
     EXPECT_EQ(registered(), (QStringList{u"TW-101"_s, u"TW-102"_s}));
     EXPECT_EQ(held().rounds.size(), 0U) << "the round is not stored";
     switchOn();
@@ -65,9 +65,9 @@ TEST_F(HalfWay, AVanishingAtTheDownloadOfTheLastToolLeavesTheTwoBeforeItRegister
 
 TEST_F(HalfWay, WhatWasLoadedBeforeAFailureCanBeCarriedOutAndUploaded) {
     switchOn({u"no-frame-ack@T1A+2*1"_s});
-    download(told::timeOut);
+    download(messages::timeOut);
     const QStringList two{u"TW-101"_s, u"TW-102"_s};
-    EXPECT_EQ(heldNames(), two);
+    EXPECT_EQ(storedNames(), two);
     carryOut(two);
     upload(two);
     expectWhole(two);
@@ -89,12 +89,12 @@ TEST_F(HalfWay, AnOperatorWhoTriesAgainGoesOnWhereTheLinkFailed) {
     EXPECT_EQ(registered(), QStringList());
 }
 
-TEST_F(HalfWay, AnOperatorWhoIgnoresADeadLinkEndsTheUploadToo) {
+TEST_F(HalfWay, IgnoringASilentLinkEndsTheUploadToo) {
     bringBack();
     switchOn({u"silent*4"_s});
     expectChoice();
     expectNoLink(BoxAnswer::ignore);
-    pressUpload(told::noLink);
+    pressUpload(messages::noLink);
     EXPECT_EQ(registered(), tools);
     upload(tools);
     expectWhole(tools);
@@ -103,45 +103,45 @@ TEST_F(HalfWay, AnOperatorWhoIgnoresADeadLinkEndsTheUploadToo) {
 TEST_F(HalfWay, AFailureInTheCommentLeavesTheToolOpen) {
     bringBack();
     switchOn({u"bad-checksum@T1F+1*1"_s});
-    upload({u"TW-101"_s}, told::noResponse);
+    upload({u"TW-101"_s}, messages::noResponse);
     EXPECT_EQ(records(u"TW-102"_s), QStringList());
-    EXPECT_EQ(heldNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
-    upload({u"TW-102"_s, u"TW-103"_s}, told::noData({u"TW-101"_s}));
+    EXPECT_EQ(storedNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
+    upload({u"TW-102"_s, u"TW-103"_s}, messages::noData({u"TW-101"_s}));
     expectWhole(tools);
 }
 
 TEST_F(HalfWay, AFailureInTheFirstSelectionOfAToolLeavesItOpen) {
     bringBack();
     switchOn({u"no-reply@T1C+5*1"_s}); // five selections of the first tool
-    upload({u"TW-101"_s}, told::timeOut);
-    EXPECT_EQ(heldNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
-    upload({u"TW-102"_s, u"TW-103"_s}, told::noData({u"TW-101"_s}));
+    upload({u"TW-101"_s}, messages::timeOut);
+    EXPECT_EQ(storedNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
+    upload({u"TW-102"_s, u"TW-103"_s}, messages::noData({u"TW-101"_s}));
     expectWhole(tools);
 }
 
-TEST_F(HalfWay, ASelectionBeforeAResultThatFailsIsNotLookedAt) {
+TEST_F(HalfWay, AFailedSelectionBeforeAResultIsIgnored) {
     bringBack();
     switchOn({u"no-frame-ack@T1C+2*1"_s, u"no-reply@T1C+7*1"_s});
     upload(tools);
     expectWhole(tools);
 }
 
-// The record is there, its characteristic stays: with the registry cleared, nobody asks for it any more.
+// The record is there, its characteristic stays: with the registry cleared, no upload asks for it any more.
 TEST_F(HalfWay, ADeletionThatFailsIsPassedOverAndTheToolStaysOnTheCalibratorUntilItIsLoadedAgain) {
     bringBack();
     switchOn({u"no-frame-ack@T1J+1*1"_s});
     upload(tools);
     expectWhole(tools);
-    EXPECT_EQ(heldNames(), QStringList{u"TW-102"_s});
+    EXPECT_EQ(storedNames(), QStringList{u"TW-102"_s});
     EXPECT_EQ(registered(), QStringList());
     upload({});
     expectWhole(tools);
     download();
-    EXPECT_EQ(heldNames(), tools);
-    upload({}, told::noData(tools));
+    EXPECT_EQ(storedNames(), tools);
+    upload({}, messages::noData(tools));
 }
 
-// The last message of an upload is not looked at: the round of tools that are gone stays.
+// The reply to the last message of an upload is ignored: the round of tools that are gone stays.
 TEST_F(HalfWay, ARoundThatCantBeErasedStaysAndTheNextDownloadErasesIt) {
     bringBack();
     switchOn({u"bad-checksum@T2E*1"_s, u"no-frame-ack@T2E*1"_s});
@@ -150,7 +150,7 @@ TEST_F(HalfWay, ARoundThatCantBeErasedStaysAndTheNextDownloadErasesIt) {
     EXPECT_EQ(held().rounds.size(), 1U);
     download();
     EXPECT_EQ(held().rounds.size(), 1U);
-    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(storedNames(), tools);
 }
 
 TEST_F(HalfWay, NoOrAnotherAnswerToTheLinkTestEndsEverythingBeforeItBegins) {
@@ -158,17 +158,17 @@ TEST_F(HalfWay, NoOrAnotherAnswerToTheLinkTestEndsEverythingBeforeItBegins) {
     const auto failed = u"Communications with calibrator failed!"_s;
     download(failed);
     upload({}, failed);
-    download(told::timeOut);
-    upload({}, told::timeOut);
-    EXPECT_EQ(heard(), QStringList(4, u"T0A"_s));
+    download(messages::timeOut);
+    upload({}, messages::timeOut);
+    EXPECT_EQ(receivedMessages(), QStringList(4, u"T0A"_s));
     download();
     EXPECT_EQ(registered(), tools);
 }
 
-TEST_F(HalfWay, AnUploadFromACalibratorThatDoesNotTellItsNumberEndsThere) {
+TEST_F(HalfWay, AnUploadFromACalibratorWithoutASerialNumberEndsThere) {
     bringBack();
     switchOn({u"no-reply@T0D*1"_s});
-    upload({}, told::timeOut);
+    upload({}, messages::timeOut);
     EXPECT_EQ(registered(), tools);
     upload(tools);
     expectWhole(tools);
@@ -177,21 +177,21 @@ TEST_F(HalfWay, AnUploadFromACalibratorThatDoesNotTellItsNumberEndsThere) {
 TEST_F(HalfWay, AnUploadFromAnUnknownCalibratorChangesNothing) {
     bringBack();
     execute(u"update mt.inventory set i4206 = '1' where i4201 = 'TS-0001'"_s);
-    upload({}, told::unknownCalibrator + u"\r\n"_s);
+    upload({}, messages::unknownCalibrator + u"\r\n"_s);
     EXPECT_EQ(registered(), tools);
-    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(storedNames(), tools);
     execute(u"update mt.inventory set i4206 = '48213' where i4201 = 'TS-0001'"_s);
     upload(tools);
     expectWhole(tools);
 }
 
-// The download does not look at how that message went: it loads the tools for a calibrator of number 0, which
-// nobody knows, and an upload finds nothing in use.
-TEST_F(HalfWay, ADownloadToACalibratorThatDoesNotTellItsNumberIsRegisteredUnderZero) {
+// The download ignores the result of that message: it loads the tools for a calibrator of number 0, which no
+// program knows, and an upload finds nothing in use.
+TEST_F(HalfWay, ADownloadToACalibratorWithoutASerialNumberIsRegisteredUnderZero) {
     switchOn({u"no-reply@T0D*1"_s});
-    ui.expectBox(told::unknownCalibrator, downloadTitle, box::warning);
+    ui.expectBox(messages::unknownCalibrator, downloadTitle, box::warning);
     download();
-    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(storedNames(), tools);
     EXPECT_EQ(registered(), QStringList());
     EXPECT_EQ(rows(u"select mtag from mt.hvm_kv_task_inuse where serial_number = '0' order by mtag"_s),
               (QStringList{u"1301"_s, u"1302"_s, u"1303"_s}));
@@ -200,10 +200,10 @@ TEST_F(HalfWay, ADownloadToACalibratorThatDoesNotTellItsNumberIsRegisteredUnderZ
               QStringList{u"3"_s});
     carryOut(tools);
     upload({});
-    EXPECT_EQ(heldNames(), tools) << "the readings stay on the calibrator";
+    EXPECT_EQ(storedNames(), tools) << "the readings stay on the calibrator";
 }
 
-TEST_F(HalfWay, WhatTheCalibratorRefusesIsToldInItsOwnWords) {
+TEST_F(HalfWay, ARefusalOfTheCalibratorIsShownInItsOwnWords) {
     const struct {
         QString fault;
         QString words;
@@ -217,13 +217,13 @@ TEST_F(HalfWay, WhatTheCalibratorRefusesIsToldInItsOwnWords) {
         {u"error-code:99@T1A+1*1"_s, u"TW-102 - "_s, {u"TW-101"_s}},
         {u"reply:74314101@T1A+1*1"_s, u"TW-102 - Characteristic Already Exists!"_s, {u"TW-101"_s}},
         {u"reply:74324300@T2C*1"_s, u"Round \"KVTASK\" NOT Stored!"_s, tools},
-        {u"no-reply@T2C*1"_s, told::timeOut, tools},
+        {u"no-reply@T2C*1"_s, messages::timeOut, tools},
     };
-    for (const auto& one : refusals) {
-        SCOPED_TRACE(one.fault.toStdString());
-        switchOn({one.fault});
-        download(one.words);
-        EXPECT_EQ(registered(), one.registered);
+    for (const auto& refusal : refusals) {
+        SCOPED_TRACE(refusal.fault.toStdString());
+        switchOn({refusal.fault});
+        download(refusal.words);
+        EXPECT_EQ(registered(), refusal.registered);
     }
     switchOn();
     download();
@@ -235,31 +235,31 @@ TEST_F(HalfWay, WhatTheCalibratorRefusesIsToldInItsOwnWords) {
 TEST_F(HalfWay, ARoundRefusedWithAnUnknownCodeIsTakenForASuccess) {
     switchOn({u"error-code:9@T2B*1"_s});
     download();
-    EXPECT_EQ(heldNames(), QStringList());
+    EXPECT_EQ(storedNames(), QStringList());
     EXPECT_EQ(registered(), QStringList());
     upload({});
 }
 
-// Neither the search for a round nor the selection and deletion of a tool that is there is looked at.
+// Neither the search for a round nor the selection and deletion of a tool that is there is checked.
 TEST_F(HalfWay, MessagesThatPrepareADownloadMayFail) {
     switchOn({u"no-reply@T2F*1"_s, u"no-frame-ack@T1C*1"_s, u"bad-checksum@T1C*1"_s});
     download();
     EXPECT_EQ(registered(), tools);
-    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(storedNames(), tools);
 }
 
-// Without the search for it, a round of the download before is in the way.
-TEST_F(HalfWay, ARoundThatWasNotFoundIsInTheWayOfTheNextOne) {
+// Without the search for it, a round of the download before blocks the new one.
+TEST_F(HalfWay, ARoundThatWasNotFoundBlocksTheNextOne) {
     download();
     switchOn({u"no-reply@T2F*1"_s});
     download(u"Round Already Exists!"_s);
     EXPECT_EQ(registered(), QStringList()) << "the earlier registry is gone";
-    EXPECT_EQ(heldNames(), tools);
+    EXPECT_EQ(storedNames(), tools);
     download();
     EXPECT_EQ(registered(), tools);
 }
 
-TEST_F(HalfWay, AToolThatWasNotDeletedIsInTheWayOfItself) {
+TEST_F(HalfWay, AToolThatWasNotDeletedBlocksItself) {
     download();
     switchOn({u"no-frame-ack@T1J*1"_s});
     download(u"TW-101 - Characteristic Already Exists!"_s);
@@ -268,20 +268,20 @@ TEST_F(HalfWay, AToolThatWasNotDeletedIsInTheWayOfItself) {
     EXPECT_EQ(registered(), tools);
 }
 
-TEST_F(HalfWay, APortThatIsNotThereIsTold) {
+TEST_F(HalfWay, AMissingPortIsReported) {
     switchOff();
-    download(told::noPort);
-    upload({}, told::noPort);
+    download(messages::noPort);
+    upload({}, messages::noPort);
     EXPECT_EQ(registered(), QStringList());
     switchOn();
     download();
     EXPECT_EQ(registered(), tools);
 }
 
-TEST_F(HalfWay, APortThatAnotherProgramHoldsIsTold) {
+TEST_F(HalfWay, APortThatAnotherProgramHoldsIsReported) {
     QtSerialPort other(workplace.settings);
     other.setPortOpen(true);
-    download(told::noPort);
+    download(messages::noPort);
     other.setPortOpen(false);
     download();
     EXPECT_EQ(registered(), tools);
@@ -298,11 +298,11 @@ TEST_F(HalfWay, AResultWithoutMomentAndReadingsIsReportedAndItsToolStaysForTheNe
     pressUpload();
     EXPECT_EQ(records(u"TW-101"_s), QStringList());
     expectWhole(tools.sliced(1));
-    EXPECT_EQ(heldNames(), tools.first(1));
+    EXPECT_EQ(storedNames(), tools.first(1));
     EXPECT_EQ(held().rounds.size(), 1U);
     EXPECT_EQ(registered(), tools);
     EXPECT_EQ(withoutRecord(), tools.first(1));
-    upload(tools.first(1), told::noData(tools.sliced(1)));
+    upload(tools.first(1), messages::noData(tools.sliced(1)));
     expectWhole(tools);
     // The calibrator gave other replies that time: nothing says that these are the same results.
     EXPECT_EQ(withoutRecord(), tools.first(1));

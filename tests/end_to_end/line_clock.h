@@ -21,7 +21,7 @@ class LineClock final : public Clock {
         return start_.addSecs(passed_ / 1000);
     }
     /// Something has come or gone on the line.
-    void heard() const {
+    void noteTraffic() const {
         now();
         silent_ = 0;
     }
@@ -46,26 +46,26 @@ class HeardPort final : public SerialPort {
     bool portOpen() const override { return real_.portOpen(); }
     void setPortOpen(bool open) override {
         real_.setPortOpen(open);
-        clock_.heard();
+        clock_.noteTraffic();
     }
     void setCommPort(int number) override { real_.setCommPort(number); }
     void setSettings(const QString& settings) override { real_.setSettings(settings); }
     int inBufferCount() override {
         const int count = real_.inBufferCount();
         if (count != lastCount_)
-            clock_.heard();
+            clock_.noteTraffic();
         return lastCount_ = count;
     }
     QByteArray input() override {
         const auto bytes = real_.input();
         if (!bytes.isEmpty())
-            clock_.heard();
+            clock_.noteTraffic();
         lastCount_ = 0;
         return bytes;
     }
     void output(const QByteArray& bytes) override {
         real_.output(bytes);
-        clock_.heard();
+        clock_.noteTraffic();
     }
 
   private:

@@ -23,7 +23,7 @@ struct Misbehaviour {
     End download;
     End upload;
 
-    friend void PrintTo(const Misbehaviour& one, std::ostream* out) { *out << one.fault; }
+    friend void PrintTo(const Misbehaviour& misbehaviour, std::ostream* out) { *out << misbehaviour.fault; }
 };
 
 // A fault before the message is known strikes at a link start, any other at the message. Four link starts go
@@ -78,7 +78,7 @@ class EndToEndWithAFault : public TorqueEndToEnd, public ::testing::WithParamInt
     };
 
     /// Switches the calibrator on with the fault in that place.
-    void misbehaveAt(const Place& place) {
+    void injectFaultAt(const Place& place) {
         auto fault = QString::fromLatin1(GetParam().fault);
         const bool linkStart = fault.startsWith(u"silent"_s) || fault.contains(u"link"_s);
         const auto where = linkStart ? u"+%1"_s.arg(place.exchange - 1)
@@ -100,11 +100,11 @@ class EndToEndWithAFault : public TorqueEndToEnd, public ::testing::WithParamInt
     static QString wordsOf(End end, const QString& success) {
         switch (end) {
         case End::noLink:
-            return told::noLink;
+            return messages::noLink;
         case End::timeOut:
-            return told::timeOut;
+            return messages::timeOut;
         case End::noResponse:
-            return told::noResponse;
+            return messages::noResponse;
         case End::well:
             break;
         }
@@ -116,13 +116,13 @@ class EndToEndWithAFault : public TorqueEndToEnd, public ::testing::WithParamInt
     const QStringList second{u"TW-102"_s};
 };
 
-TEST_P(EndToEndWithAFault, DownloadTellsItRegistersWhatWasTakenAndSucceedsTheNextTime) {
+TEST_P(EndToEndWithAFault, DownloadReportsItRegistersWhatWasTakenAndSucceedsTheNextTime) {
     const auto end = GetParam().download;
     // T0A T0D T2F T2B, and T1C T1A for each tool.
-    misbehaveAt({.exchange = 8, .message = u"T1A"_s, .ofItsKind = 2});
+    injectFaultAt({.exchange = 8, .message = u"T1A"_s, .ofItsKind = 2});
     if (end == End::noLink)
         expectNoLink();
-    download(wordsOf(end, told::downloaded));
+    download(wordsOf(end, messages::downloaded));
     const bool done = end == End::well;
     EXPECT_EQ(registered(), done ? both : first);
     EXPECT_EQ(standardsInUse(u"TW-102"_s),
@@ -137,20 +137,20 @@ TEST_P(EndToEndWithAFault, DownloadTellsItRegistersWhatWasTakenAndSucceedsTheNex
     behave();
     download();
     EXPECT_EQ(registered(), both);
-    EXPECT_EQ(heldNames(), both);
+    EXPECT_EQ(storedNames(), both);
     carryOut(both);
     upload(both);
     expectWhole(both);
     EXPECT_EQ(held(), simulators::Memory());
 }
 
-TEST_P(EndToEndWithAFault, UploadTellsItKeepsWhatIsOpenAndCompletesTheNextTime) {
+TEST_P(EndToEndWithAFault, UploadReportsItKeepsWhatIsOpenAndCompletesTheNextTime) {
     const auto end = GetParam().upload;
     download();
     carryOut(both);
     const auto before = held();
     // T0A T0D; for the first tool T1C, three times T1C T1D, T1F, T1C T1J; for the second one T1C T1C T1D.
-    misbehaveAt({.exchange = 15, .message = u"T1D"_s, .ofItsKind = 4});
+    injectFaultAt({.exchange = 15, .message = u"T1D"_s, .ofItsKind = 4});
     const bool done = end == End::well;
     expectChoice();
     expectRecord(u"TW-101"_s);
@@ -158,18 +158,18 @@ TEST_P(EndToEndWithAFault, UploadTellsItKeepsWhatIsOpenAndCompletesTheNextTime) 
         expectRecord(u"TW-102"_s);
     if (end == End::noLink)
         expectNoLink();
-    pressUpload(wordsOf(end, told::uploaded));
+    pressUpload(wordsOf(end, messages::uploaded));
     expectWhole(done ? both : first);
     if (!done) {
         EXPECT_EQ(records(u"TW-102"_s), QStringList());
-        EXPECT_EQ(heldNames(), second);
+        EXPECT_EQ(storedNames(), second);
         EXPECT_EQ(held().characteristics[0], before.characteristics[1]) << "its data is kept";
         EXPECT_EQ(held().rounds.size(), 1U);
         EXPECT_EQ(registered(), both) << "the registry stays whole";
     }
 
     behave();
-    upload(done ? QStringList() : second, done ? told::uploaded : told::noData(first));
+    upload(done ? QStringList() : second, done ? messages::uploaded : messages::noData(first));
     expectWhole(both);
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
@@ -177,12 +177,12 @@ TEST_P(EndToEndWithAFault, UploadTellsItKeepsWhatIsOpenAndCompletesTheNextTime) 
     expectWhole(both);
 }
 
-TEST(RoadFaults, EachKindThatTheSimulatorKnowsIsTried) {
+TEST(LinkFaults, EachKindThatTheSimulatorKnowsIsTested) {
     // What a new characteristic or a round is refused with, and a reply of other words, are tried for
     // themselves.
     QStringList tried{u"error-code"_s, u"reply"_s};
-    for (const auto& one : misbehaviours)
-        tried << QString::fromLatin1(one.fault).section(u'%', 0, 0).section(u':', 0, 0);
+    for (const auto& misbehaviour : misbehaviours)
+        tried << QString::fromLatin1(misbehaviour.fault).section(u'%', 0, 0).section(u':', 0, 0);
     for (const auto& line : simulators::faultHelp().split(u'\n', Qt::SkipEmptyParts)) {
         const auto kind = line.trimmed().section(u' ', 0, 0).section(u':', 0, 0).section(u'[', 0, 0);
         EXPECT_TRUE(tried.contains(kind)) << kind.toStdString();
@@ -190,6 +190,6 @@ TEST(RoadFaults, EachKindThatTheSimulatorKnowsIsTried) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, EndToEndWithAFault, ::testing::ValuesIn(misbehaviours),
-                         [](const auto& one) { return one.param.name; });
+                         [](const auto& info) { return info.param.name; });
 
 } // namespace kelvane::testing

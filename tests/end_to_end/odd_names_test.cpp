@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-/// Wrenches like TW-101 under numbers that nobody expects.
+/// Wrenches like TW-101 under unusual asset numbers.
 class OddNames : public TorqueEndToEnd {
   protected:
     OddNames() {
@@ -14,13 +14,13 @@ class OddNames : public TorqueEndToEnd {
             u"create temp table parameters as select * from mt.hvm_kv_tag_config where mtag = (select mtag from tool)"_s);
     }
 
-    static QString quoted(const QString& text) {
+    static QString quote(const QString& text) {
         return u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
     }
 
     void addTool(const QString& asset) {
         const auto mtag = QString::number(9000 + ++tools_);
-        execute(u"update tool set mtag = '%1', i4201 = %2, i4206 = 'odd %1'"_s.arg(mtag, quoted(asset)));
+        execute(u"update tool set mtag = '%1', i4201 = %2, i4206 = 'odd %1'"_s.arg(mtag, quote(asset)));
         execute(u"insert into mt.inventory select * from tool"_s);
         execute(u"update parameters set mtag = '%1'"_s.arg(mtag));
         execute(u"insert into mt.hvm_kv_tag_config select * from parameters"_s);
@@ -35,7 +35,7 @@ class OddNames : public TorqueEndToEnd {
     }
 
     /// A task package of the first odd tool and TW-101.
-    void packWithTw101() {
+    void addPackageWithTw101() {
         execute(
             u"insert into mt.hvm_kv_task_packages (taskname,tptype,mtuser,created_on,tptag) values ('%1','WSHT','jdoe',now(*),'%1')"_s
                 .arg(package));
@@ -79,21 +79,21 @@ TEST_F(OddNames, RunEndToEndByTheirFirstElevenCharactersInTheCalibratorsAlphabet
         {u"%_-- : \"\\ x 9"_s, u"%_-- : \"\\ x"_s},
     };
     QStringList names;
-    for (const auto& one : tools) {
-        SCOPED_TRACE(one.asset.toStdString());
-        addTool(one.asset);
-        list(one.asset, transducer);
-        names << one.name;
+    for (const auto& tool : tools) {
+        SCOPED_TRACE(tool.asset.toStdString());
+        addTool(tool.asset);
+        list(tool.asset, transducer);
+        names << tool.name;
     }
     download();
-    EXPECT_EQ(heldNames(), names);
+    EXPECT_EQ(storedNames(), names);
     carryOutNames(names);
     expectChoice();
-    for (const auto& one : tools)
-        expectRecord(one.asset);
+    for (const auto& tool : tools)
+        expectRecord(tool.asset);
     pressUpload();
-    for (const auto& one : tools)
-        EXPECT_EQ(records(one.asset), whole) << one.asset.toStdString();
+    for (const auto& tool : tools)
+        EXPECT_EQ(records(tool.asset), whole) << tool.asset.toStdString();
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
 }
@@ -109,20 +109,20 @@ TEST_F(OddNames, ThatAreTheSameOnTheCalibratorShareOneCharacteristic) {
         {u"LONG-ASSET-NUMBER-1"_s, u"LONG-ASSET-NUMBER-2"_s, u"LONG-ASSET-"_s},
         {u"Ключ 9"_s, u"ΡΟΠΗ 9"_s, u"???? 9"_s},
     };
-    for (const auto& one : pairs) {
-        SCOPED_TRACE(one.second.toStdString());
+    for (const auto& pair : pairs) {
+        SCOPED_TRACE(pair.second.toStdString());
         screen.list.clear();
-        for (const auto& asset : {one.first, one.second}) {
+        for (const auto& asset : {pair.first, pair.second}) {
             addTool(asset);
             list(asset, transducer);
         }
         download();
         EXPECT_EQ(registered().size(), 2);
-        EXPECT_EQ(heldNames(), QStringList{one.name});
-        carryOutNames({one.name});
-        upload({one.first}, told::noData({one.second.left(11)}));
-        EXPECT_EQ(records(one.first), whole);
-        EXPECT_EQ(records(one.second), QStringList());
+        EXPECT_EQ(storedNames(), QStringList{pair.name});
+        carryOutNames({pair.name});
+        upload({pair.first}, messages::noData({pair.second.left(11)}));
+        EXPECT_EQ(records(pair.first), whole);
+        EXPECT_EQ(records(pair.second), QStringList());
     }
 }
 
@@ -132,18 +132,18 @@ TEST_F(OddNames, WithAQuoteAreReportedAndRefusedAtTheList) {
     ui.expectReport(badStatement, u"ModuleGlobals,CheckAsset"_s);
     ui.expectBox(u"Must enter a valid instrument number!"_s, downloadTitle, box::warning);
     addToDownloadList(calibrators, screen, odd);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(screen.list, QStringList());
 }
 
 TEST_F(OddNames, WithAQuoteAreReportedAndPassedOverInATaskPackage) {
     addTool(u"TW-1'1"_s);
-    packWithTw101();
+    addPackageWithTw101();
     expectQuestion(transducer);
     expectQuestion({});
     ui.expectReport(badStatement, u"ModuleGlobals,CheckAsset"_s);
     addToDownloadList(calibrators, screen, package);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(screen.list, QStringList{u"TW-101"_s});
 }
 
@@ -158,14 +158,14 @@ TEST_F(OddNames, WithAQuoteEndTheAdditionWhenTheyAreNamedAsStandards) {
     ui.expectReport(badStatement, u"ModuleGlobals,CheckStandard"_s);
     ui.expectReport(badStatement, u"FormDockingDown,CommandAdd"_s);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(screen.list, QStringList());
     EXPECT_EQ(standardsInUse(u"TW-101"_s), QStringList());
 }
 
 TEST_F(OddNames, WithAQuoteEndADownloadAsToolsThatCantBeRead) {
     addTool(u"TW-1'1"_s);
-    packWithTw101();
+    addPackageWithTw101();
     useStandard(u"1301"_s);
     useStandard(u"9001"_s);
     ui.expectReport(badStatement, u"ModuleGlobals,GetCalParams"_s);
@@ -195,7 +195,7 @@ TEST_F(OddNames, WithAQuoteThatAreOnTheCalibratorAreReportedByEachRoutineAndStay
         ui.expectReport(badStatement, u"ModuleGlobals,"_s + routine);
     pressUpload();
     EXPECT_EQ(rows(u"select count(*) from mt.calibration where mtag = '9001'"_s), QStringList{u"0"_s});
-    EXPECT_EQ(heldNames(), QStringList{u"TW-1'1"_s});
+    EXPECT_EQ(storedNames(), QStringList{u"TW-1'1"_s});
     EXPECT_EQ(withoutRecord(), QStringList{u"TW-1'1"_s});
 }
 

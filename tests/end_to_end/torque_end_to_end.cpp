@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-QString told::noData(const QStringList& names) {
+QString messages::noData(const QStringList& names) {
     return u"The Following Assets Contained NO DATA:\r\n, "_s + names.join(u", "_s);
 }
 
@@ -31,8 +31,8 @@ void TorqueEndToEnd::list(const QString& asset, const QString& standard) {
 }
 
 QString TorqueEndToEnd::planFor(const QString& asset) {
-    const auto& one = tool(asset);
-    return u"%1; %2; %3; %4 08:00\n"_s.arg(asset, one.plan, one.comment, workDay());
+    const auto& expected = tool(asset);
+    return u"%1; %2; %3; %4 08:00\n"_s.arg(asset, expected.plan, expected.comment, workDay());
 }
 
 void TorqueEndToEnd::carryOut(const QStringList& assets) {
@@ -44,7 +44,7 @@ void TorqueEndToEnd::carryOut(const QStringList& assets) {
 
 void TorqueEndToEnd::carryOutPlan(const QString& plan) {
     simulators::MemoryFile(simulatorFolder.memory()).use([&](simulators::Memory& memory) {
-        simulators::carryOut(memory, simulators::errandsOf(plan), {});
+        simulators::carryOut(memory, simulators::jobsOf(plan), {});
         return true;
     });
 }
@@ -58,13 +58,14 @@ void TorqueEndToEnd::upload(const QStringList& recorded, const QString& message)
 
 void TorqueEndToEnd::expectNoLink(BoxAnswer answer) {
     // The title is the same during an upload.
-    ui.expectBox(told::noLink, downloadTitle, {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, answer);
+    ui.expectBox(messages::noLink, downloadTitle, {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
+                 answer);
 }
 
 QStringList TorqueEndToEnd::wholeRecord(const QString& asset) {
-    const auto& one = tool(asset);
+    const auto& expected = tool(asset);
     // The calibrator itself counts as a standard.
-    return {u"%1|2|%2"_s.arg(one.passes ? u"Y"_s : u"N"_s).arg(one.lines.size())};
+    return {u"%1|2|%2"_s.arg(expected.passes ? u"Y"_s : u"N"_s).arg(expected.lines.size())};
 }
 
 void TorqueEndToEnd::expectWhole(const QStringList& assets) {
@@ -81,14 +82,14 @@ simulators::Memory TorqueEndToEnd::held() const {
     return copy;
 }
 
-QStringList TorqueEndToEnd::heldNames() const {
+QStringList TorqueEndToEnd::storedNames() const {
     QStringList names;
-    for (const auto& one : held().characteristics)
-        names << one.name;
+    for (const auto& characteristic : held().characteristics)
+        names << characteristic.name;
     return names;
 }
 
-QStringList TorqueEndToEnd::heard() const {
+QStringList TorqueEndToEnd::receivedMessages() const {
     QStringList identifiers;
     for (const auto& line : simulatorFolder.contentOf(u"record"_s).split('\n')) {
         if (line.startsWith("heard "))
@@ -99,8 +100,8 @@ QStringList TorqueEndToEnd::heard() const {
 
 const demo::Tool& TorqueEndToEnd::tool(const QString& asset) {
     const auto& all = demo::tools();
-    const auto place =
-        std::find_if(all.cbegin(), all.cend(), [&](const demo::Tool& one) { return one.asset == asset; });
+    const auto place = std::find_if(all.cbegin(), all.cend(),
+                                    [&](const demo::Tool& candidate) { return candidate.asset == asset; });
     EXPECT_NE(place, all.cend()) << asset.toStdString();
     return place == all.cend() ? all.first() : *place;
 }

@@ -6,7 +6,7 @@
 
 namespace kelvane::testing {
 
-namespace told {
+namespace messages {
 inline const QString noPort =
     QStringLiteral("Unable to open communications channel to calibrator! Please check "
                    "communications settings and try again.");
@@ -20,7 +20,7 @@ inline const QString noResponse =
                    "command but failed to respond.");
 /// No results for these, by their names on the calibrator.
 QString noData(const QStringList& names);
-} // namespace told
+} // namespace messages
 
 inline const QString torqueStarName = QStringLiteral("Crane TorqueStar IVc");
 
@@ -44,9 +44,9 @@ class TorqueEndToEnd : public EndToEndTest {
     void carryOutPlan(const QString& plan);
     static QString planFor(const QString& asset);
 
-    /// The operator presses Upload, answers the questions for these records, and is told this.
-    void upload(const QStringList& recorded, const QString& message = told::uploaded);
-    /// The box when nobody answers on the line.
+    /// The operator presses Upload, answers the questions for these records, and sees this message.
+    void upload(const QStringList& recorded, const QString& message = messages::uploaded);
+    /// The box when the line does not answer.
     void expectNoLink(BoxAnswer answer = BoxAnswer::abort);
 
     /// The record as it has to be, complete.
@@ -56,9 +56,9 @@ class TorqueEndToEnd : public EndToEndTest {
 
     simulators::Memory held() const;
     /// The names of what the calibrator holds.
-    QStringList heldNames() const;
-    /// Identifiers of the messages that the calibrator heard since it was switched on.
-    QStringList heard() const;
+    QStringList storedNames() const;
+    /// Identifiers of the messages that the calibrator received since it was switched on.
+    QStringList receivedMessages() const;
 
     static const demo::Tool& tool(const QString& asset);
 

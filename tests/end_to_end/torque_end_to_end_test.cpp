@@ -7,16 +7,16 @@ namespace kelvane::testing {
 
 namespace {
 
-QStringList demonstrated() {
+QStringList demonstratedTools() {
     QStringList assets;
-    for (const auto& one : demo::tools())
-        assets << one.asset;
+    for (const auto& tool : demo::tools())
+        assets << tool.asset;
     return assets;
 }
 
-/// Where a message stands among those that the calibrator heard, counted.
-int times(const QStringList& heard, const QString& identifier) {
-    return static_cast<int>(heard.count(identifier));
+/// The position of a message among those that the calibrator received.
+int times(const QStringList& received, const QString& identifier) {
+    return static_cast<int>(received.count(identifier));
 }
 
 } // namespace
@@ -24,7 +24,7 @@ int times(const QStringList& heard, const QString& identifier) {
 class WholeTorqueEndToEnd : public TorqueEndToEnd {
   protected:
     void listDemonstrated() {
-        for (const auto& asset : demonstrated())
+        for (const auto& asset : demonstratedTools())
             list(asset);
     }
     QString packages() { return rows(u"select count(*) from mt.hvm_kv_task_packages"_s).value(0); }
@@ -32,50 +32,50 @@ class WholeTorqueEndToEnd : public TorqueEndToEnd {
 
 TEST_F(WholeTorqueEndToEnd, TheListRegistersEachToolsStandard) {
     listDemonstrated();
-    EXPECT_EQ(screen.list, demonstrated());
-    for (const auto& one : demo::tools())
-        EXPECT_EQ(standardsInUse(one.asset), QStringList{one.standard});
+    EXPECT_EQ(screen.list, demonstratedTools());
+    for (const auto& tool : demo::tools())
+        EXPECT_EQ(standardsInUse(tool.asset), QStringList{tool.standard});
     EXPECT_EQ(registered(), QStringList());
-    EXPECT_EQ(heard(), QStringList()) << "nothing is said to the calibrator yet";
+    EXPECT_EQ(receivedMessages(), QStringList()) << "nothing is said to the calibrator yet";
 }
 
 TEST_F(WholeTorqueEndToEnd, TheDownloadLoadsTheCalibratorAndRegistersIt) {
     const auto before = packages();
     listDemonstrated();
     download();
-    EXPECT_EQ(heldNames(), demonstrated());
+    EXPECT_EQ(storedNames(), demonstratedTools());
     ASSERT_EQ(held().rounds.size(), 1U);
     EXPECT_EQ(held().rounds[0].name, u"KVTASK"_s);
     EXPECT_EQ(held().rounds[0].characteristics.size(), demo::tools().size());
-    EXPECT_EQ(registered(), demonstrated());
-    for (const auto& one : demo::tools())
-        EXPECT_EQ(standardsInUse(one.asset), (QStringList{u"TS-0001"_s, one.standard}));
+    EXPECT_EQ(registered(), demonstratedTools());
+    for (const auto& tool : demo::tools())
+        EXPECT_EQ(standardsInUse(tool.asset), (QStringList{u"TS-0001"_s, tool.standard}));
     EXPECT_EQ(rows(u"select distinct tech from mt.hvm_kv_task_inuse where serial_number = '48213'"_s),
               QStringList{u"jdoe"_s});
     EXPECT_EQ(packages(), before) << "the temporary package is gone";
     EXPECT_EQ(screen.events.last(), u"close"_s);
     EXPECT_EQ(workplace.settings.values.value(u"Defaults/LastDownloadCalibrator"_s), torqueStarName);
-    EXPECT_EQ(times(heard(), u"T1A"_s), demo::tools().size());
-    EXPECT_EQ(heard().first(4), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F"_s, u"T2B"_s}));
-    EXPECT_EQ(heard().last(), u"T2C"_s);
+    EXPECT_EQ(times(receivedMessages(), u"T1A"_s), demo::tools().size());
+    EXPECT_EQ(receivedMessages().first(4), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F"_s, u"T2B"_s}));
+    EXPECT_EQ(receivedMessages().last(), u"T2C"_s);
 }
 
 TEST_F(WholeTorqueEndToEnd, TheUploadWritesEveryRecordAndEmptiesCalibratorAndRegistry) {
     listDemonstrated();
     download();
-    carryOut(demonstrated());
-    upload(demonstrated());
-    expectWhole(demonstrated());
+    carryOut(demonstratedTools());
+    upload(demonstratedTools());
+    expectWhole(demonstratedTools());
     try {
         demo::checkRecords(*session.SharedConnection, QDate::fromString(workDay(), Qt::ISODate),
-                           demo::afterTools());
+                           demo::recordsAfterTools());
     } catch (const demo::Difference& difference) {
         ADD_FAILURE() << difference.what();
     }
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());
-    for (const auto& one : demo::tools())
-        EXPECT_EQ(standardsInUse(one.asset), QStringList{one.standard})
+    for (const auto& tool : demo::tools())
+        EXPECT_EQ(standardsInUse(tool.asset), QStringList{tool.standard})
             << "only the calibrator's own rows go";
     EXPECT_EQ(workplace.settings.values.value(u"Defaults/LastUploadCalibrator"_s), torqueStarName);
 }
@@ -83,28 +83,28 @@ TEST_F(WholeTorqueEndToEnd, TheUploadWritesEveryRecordAndEmptiesCalibratorAndReg
 TEST_F(WholeTorqueEndToEnd, ASecondUploadFindsNothingAndDoublesNothing) {
     listDemonstrated();
     download();
-    carryOut(demonstrated());
-    upload(demonstrated());
+    carryOut(demonstratedTools());
+    upload(demonstratedTools());
     switchOn();
     upload({});
-    EXPECT_EQ(heard(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2E"_s}));
-    expectWhole(demonstrated());
+    EXPECT_EQ(receivedMessages(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2E"_s}));
+    expectWhole(demonstratedTools());
 }
 
 TEST_F(WholeTorqueEndToEnd, AnUploadBeforeTheWorkNamesAllToolsAndForgetsThem) {
     list(u"TW-101"_s);
     list(u"TW-102"_s);
     download();
-    upload({}, told::noData({u"TW-101"_s, u"TW-102"_s}));
+    upload({}, messages::noData({u"TW-101"_s, u"TW-102"_s}));
     EXPECT_EQ(registered(), QStringList());
-    EXPECT_EQ(heldNames(), (QStringList{u"TW-101"_s, u"TW-102"_s})) << "they stay on the calibrator";
+    EXPECT_EQ(storedNames(), (QStringList{u"TW-101"_s, u"TW-102"_s})) << "they stay on the calibrator";
     upload({});
 }
 
 TEST_F(WholeTorqueEndToEnd, AOneToolListNeedsNoRound) {
     list(u"TW-103"_s);
     download();
-    EXPECT_EQ(heard(), (QStringList{u"T0A"_s, u"T0D"_s, u"T1C"_s, u"T1A"_s}));
+    EXPECT_EQ(receivedMessages(), (QStringList{u"T0A"_s, u"T0D"_s, u"T1C"_s, u"T1A"_s}));
     carryOut({u"TW-103"_s});
     upload({u"TW-103"_s});
     expectWhole({u"TW-103"_s});
@@ -117,10 +117,10 @@ TEST_F(WholeTorqueEndToEnd, ASecondDownloadReplacesWhatIsThereWithoutAQuestion) 
     carryOut({u"TW-101"_s, u"TW-102"_s});
     switchOn();
     download();
-    EXPECT_EQ(heard(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F"_s, u"T2E"_s, u"T2B"_s, u"T1C"_s, u"T1J"_s,
-                                    u"T1A"_s, u"T1C"_s, u"T1J"_s, u"T1A"_s, u"T2C"_s}));
+    EXPECT_EQ(receivedMessages(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F"_s, u"T2E"_s, u"T2B"_s, u"T1C"_s,
+                                               u"T1J"_s, u"T1A"_s, u"T1C"_s, u"T1J"_s, u"T1A"_s, u"T2C"_s}));
     EXPECT_EQ(registered(), (QStringList{u"TW-101"_s, u"TW-102"_s}));
-    upload({}, told::noData({u"TW-101"_s, u"TW-102"_s}));
+    upload({}, messages::noData({u"TW-101"_s, u"TW-102"_s}));
 }
 
 TEST_F(WholeTorqueEndToEnd, TheOtherToolsOfTheLabGoItToo) {
@@ -140,22 +140,23 @@ TEST_F(WholeTorqueEndToEnd, TheOtherToolsOfTheLabGoItToo) {
     QStringList assets;
     QString plan;
     // A Serial transducer leaves fields unwritten, and those of the tool before it stand in for them.
-    for (const auto& one : others) {
-        list(one.asset, one.standard);
-        assets << one.asset;
-        plan += one.asset + u"; "_s + one.plan + (one.plan.contains(u';') ? QString() : u"; 0"_s) +
-                u"; ; "_s + workDay() + u" 08:00\n"_s;
+    for (const auto& otherTool : others) {
+        list(otherTool.asset, otherTool.standard);
+        assets << otherTool.asset;
+        plan += otherTool.asset + u"; "_s + otherTool.plan +
+                (otherTool.plan.contains(u';') ? QString() : u"; 0"_s) + u"; ; "_s + workDay() +
+                u" 08:00\n"_s;
     }
     assets.sort();
     download();
-    EXPECT_EQ(heldNames().size(), assets.size());
+    EXPECT_EQ(storedNames().size(), assets.size());
     carryOutPlan(plan);
     expectChoice();
-    for (const auto& one : heldNames())
-        expectRecord(one);
+    for (const auto& name : storedNames())
+        expectRecord(name);
     pressUpload();
-    for (const auto& one : others)
-        EXPECT_EQ(records(one.asset), QStringList{one.record}) << one.asset.toStdString();
+    for (const auto& otherTool : others)
+        EXPECT_EQ(records(otherTool.asset), QStringList{otherTool.record}) << otherTool.asset.toStdString();
     EXPECT_EQ(held(), simulators::Memory());
 }
 
@@ -166,9 +167,9 @@ TEST_F(WholeTorqueEndToEnd, ToolsThatTheCalibratorCantTakeAreRefusedAtTheList) {
     } refused[] = {{u"TW-108"_s, u"Calibrator cannot calibrate instruments that have indicated outputs!"_s},
                    {u"HW-701"_s, u"TorqueStar cannot accept selected input units!"_s},
                    {u"TQ-702"_s, u"TorqueStar cannot accept selected output units!"_s}};
-    for (const auto& one : refused) {
-        ui.expectBox(one.asset + u": "_s + one.reason, downloadTitle, box::warning);
-        addToDownloadList(calibrators, screen, one.asset);
+    for (const auto& refusal : refused) {
+        ui.expectBox(refusal.asset + u": "_s + refusal.reason, downloadTitle, box::warning);
+        addToDownloadList(calibrators, screen, refusal.asset);
     }
     EXPECT_EQ(screen.list, QStringList());
 }

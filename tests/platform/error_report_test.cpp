@@ -146,7 +146,7 @@ TEST_F(Report, OnAFullDiskIsError75AndShowsNoBox) {
         GTEST_SKIP() << "no device that is always full here";
     ASSERT_TRUE(QFile::link(u"/dev/full"_s, u"errors.log"_s));
     EXPECT_EQ(errorOf([&] { report(6, u"Overflow"_s); }), 75);
-    // larger than any buffer on the way
+    // larger than any buffer involved
     EXPECT_EQ(errorOf([&] { report(6, u"Overflow"_s, QString(1'000'000, u'x')); }), 75);
 }
 
@@ -176,7 +176,7 @@ TEST_F(Report, ComesFromSettingsThatCanNotBeReadOrStored) {
                  box::stop);
     ModuleGlobals::SaveRegSetting(workstation, u"Left"_s, u"FormConnect"_s, u"105"_s);
     EXPECT_EQ(log().count(u" **** KELVANE ****\r\n"_s), 2);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
 }
 
 TEST_F(Report, OfSettingsThatCanNotBeWrittenEitherIsError75) {

@@ -9,16 +9,16 @@
 
 namespace kelvane::testing {
 
-/// As long as it lives no file can grow beyond `room` bytes: writing fails as it does on a full disk. Only
+/// As long as it lives no file can grow beyond `space` bytes: writing fails as it does on a full disk. Only
 /// where the system can do that (`isPossible`).
 class FullDisk {
   public:
 #ifdef Q_OS_UNIX
     static constexpr bool isPossible = true;
-    explicit FullDisk(unsigned room) {
+    explicit FullDisk(unsigned space) {
         handler_ = std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{room, before_.rlim_max};
+        const rlimit limit{space, before_.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
     ~FullDisk() {

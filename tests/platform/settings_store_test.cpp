@@ -42,12 +42,12 @@ TEST_F(IniSettings, GiveBackWhatWasStored) {
     EXPECT_EQ(store.value(u"Other"_s, u"Username"_s), u""_s);
 }
 
-TEST_F(IniSettings, AreOnTheDiskAtOnceAndReadableByAPerson) {
+TEST_F(IniSettings, AreOnTheDiskAtOnceAndReadableAsText) {
     store.setValue(u"Ports"_s, u"COM1"_s, u"/dev/ttyUSB0"_s);
     EXPECT_EQ(content().trimmed(), u"[Ports]\nCOM1=/dev/ttyUSB0"_s);
 }
 
-TEST_F(IniSettings, KeepValuesToTheLetter) {
+TEST_F(IniSettings, KeepValuesExactly) {
     static const QString values[] = {
         u""_s,
         u" "_s,
@@ -81,7 +81,7 @@ TEST_F(IniSettings, KeepValuesToTheLetter) {
     }
 }
 
-TEST_F(IniSettings, KeepNamesApartAndToTheLetter) {
+TEST_F(IniSettings, KeepNamesApartAndExact) {
     static const struct {
         QString section;
         QString key;
@@ -145,7 +145,7 @@ TEST_F(IniSettings, SeeWhatAnotherProgramWroteAndKeepIt) {
     EXPECT_EQ(store.value(u"Ports"_s, u"COM1"_s), u"/dev/ttyS4"_s);
 }
 
-TEST_F(IniSettings, ReadWhatAPersonWrote) {
+TEST_F(IniSettings, ReadAnEditedFile) {
     putContent(
         "\xEF\xBB\xBF; written by hand\r\n# and this\r\nLoose=1\r\n\r\n[ Ports ]\r\n"
         "  COM1 = /dev/ttyS0  \r\n\tCOM2\t=\t/dev/ttyS1\r\n[Workstation]\r\nODBC=Main, lab=1 50% \"x\"\r\n"
@@ -167,7 +167,7 @@ TEST_F(IniSettings, ReadWhatAPersonWrote) {
         EXPECT_EQ(store.value(row.section, row.key), row.value) << row.key.toStdString();
 }
 
-TEST_F(IniSettings, LeaveTheCommentsAndTheOrderOfAPerson) {
+TEST_F(IniSettings, KeepTheCommentsAndTheOrderOfAnEditedFile) {
     putContent(
         "# ports of the bench\n[Ports]\n; the torque calibrator\nCOM1=/dev/ttyS0\n\n[Left]\n\n[Top]\nx=1\n");
     store.setValue(u"Ports"_s, u"COM1"_s, u"/dev/ttyS4"_s);
@@ -253,7 +253,7 @@ TEST_F(IniSettings, InAFolderThatTakesNoFileAreError75) {
     EXPECT_EQ(number, 75);
 }
 
-TEST_F(IniSettings, LockedForGoodByAnotherProgramAreError75) {
+TEST_F(IniSettings, LockedPermanentlyByAnotherProgramAreError75) {
     store.setValue(u"Defaults"_s, u"Username"_s, u"jdoe"_s);
     QLockFile other(path() + u".lock"_s);
     ASSERT_TRUE(other.lock());
@@ -269,12 +269,12 @@ TEST_F(IniSettings, OnAFullDiskAreError75AndStayAsTheyWere) {
         GTEST_SKIP() << "a full disk can't be had here";
     store.setValue(u"Defaults"_s, u"Username"_s, u"jdoe"_s);
     const QString large(100'000, u'x');
-    for (const unsigned room : {0U, 4096U}) {
-        const testing::FullDisk full(room);
-        EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Username"_s, large); }), 75) << room;
-        EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Other"_s, large); }), 75) << room;
-        EXPECT_EQ(store.value(u"Defaults"_s, u"Username"_s).left(10), u"jdoe"_s) << room;
-        EXPECT_EQ(store.value(u"Defaults"_s, u"Other"_s).left(10), u""_s) << room;
+    for (const unsigned space : {0U, 4096U}) {
+        const testing::FullDisk full(space);
+        EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Username"_s, large); }), 75) << space;
+        EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Other"_s, large); }), 75) << space;
+        EXPECT_EQ(store.value(u"Defaults"_s, u"Username"_s).left(10), u"jdoe"_s) << space;
+        EXPECT_EQ(store.value(u"Defaults"_s, u"Other"_s).left(10), u""_s) << space;
     }
     EXPECT_EQ(content().left(100), u"[Defaults]\nUsername=jdoe\n"_s);
 
@@ -286,10 +286,10 @@ TEST_F(IniSettings, OnAFullDiskAreError75AndStayAsTheyWere) {
 TEST_F(IniSettings, DamagedOnAFullDiskKeepTheFile) {
     if (!testing::FullDisk::isPossible)
         GTEST_SKIP() << "a full disk can't be had here";
-    for (const unsigned room : {0U, 4096U}) {
+    for (const unsigned space : {0U, 4096U}) {
         putContent("damage");
         {
-            const testing::FullDisk full(room);
+            const testing::FullDisk full(space);
             EXPECT_EQ(errorOf([&] { store.setValue(u"Left"_s, u"x"_s, QString(100'000, u'x')); }), 75);
         }
         EXPECT_EQ(content() + folder.read(u"KELVANE.ini.damaged"_s), u"damage"_s);

@@ -35,9 +35,9 @@ TEST(PredefinedPoints, AreTheseFourteenRowsInThisOrder) {
           u"60.00"_s, u"50.00"_s, u"40.00"_s, u"30.00"_s,  u"20.00"_s, u"10.00"_s, u"0.00"_s}},
     };
     QStringList rows;
-    for (const auto& one : table) {
-        EXPECT_EQ(predefinedPoints(static_cast<int>(rows.size())), one.points) << one.row.toStdString();
-        rows << one.row;
+    for (const auto& row : table) {
+        EXPECT_EQ(predefinedPoints(static_cast<int>(rows.size())), row.points) << row.row.toStdString();
+        rows << row.row;
     }
     EXPECT_EQ(predefinedRows(), rows);
 }

@@ -77,7 +77,7 @@ TEST_F(Strategies, LoadingThatFailsAtAnyStatementGivesNothingAndIsReported) {
         script.failures = {{statement, Error{-210, u"Locked"_s}}};
         ui.expectReport(-210, u"FormStrategies,LoadStrategyList"_s);
         EXPECT_FALSE(loadStrategies(session, u"UP"_s)) << statement.toStdString();
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
     }
 }
 

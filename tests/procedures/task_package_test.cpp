@@ -58,7 +58,7 @@ TEST_F(TaskPackageTest, TheValueGoesIntoTheColumnOfItsDefinition) {
     EXPECT_EQ(valuesOf(Definition::description, u"v"_s), u"'D',NULL,NULL,NULL,'v'"_s);
 }
 
-TEST_F(TaskPackageTest, TheInsertIsWrittenToTheLetter) {
+TEST_F(TaskPackageTest, TheInsertIsExact) {
     EXPECT_EQ(
         packageInsert(session,
                       {.name = u"O'B"_s,

@@ -9,7 +9,7 @@ struct GivenText {
     QString text;
 };
 
-/// Every text with a number that is settled, to the letter: odd spellings and trailing blanks included.
+/// Every text with a fixed number, exactly: odd spellings and trailing blanks included.
 inline QList<GivenText> givenTexts() {
     using namespace Qt::StringLiterals;
     return {

@@ -57,7 +57,7 @@ class Translation : public ::testing::Test {
 
 } // namespace
 
-TEST(Strings, AreToTheLetter) {
+TEST(Strings, AreExactlyTheGivenOnes) {
     for (const auto& given : testing::givenTexts())
         EXPECT_EQ(text(TextId{given.id}), given.text) << given.id;
 }

@@ -15,7 +15,7 @@ class Exchange : public ::testing::Test {
     Peer peer_{calibrator_.device()};
 };
 
-TEST_F(Exchange, GoesByteByByteAsTheProtocolTells) {
+TEST_F(Exchange, GoesByteByByteAsTheProtocolRequires) {
     peer_.send(hex("10 04 02"));
     EXPECT_EQ(peer_.receive(1), hex("10"));
     peer_.send(hex("54 30 41 10 03 67 BF"));
@@ -32,11 +32,11 @@ TEST_F(Exchange, ALinkStartIsAnsweredEachTime) {
     EXPECT_EQ(peer_.exchange("T0A"), "t0A");
 }
 
-TEST_F(Exchange, BytesOutsideALinkAreNotHeard) {
+TEST_F(Exchange, BytesBeyondALinkAreIgnored) {
     peer_.send(hex("06 15 10 10 04 54 30 41 02 10 03 67 BF 10"));
     peer_.startLink();
     peer_.sendMessage("T0A");
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
     EXPECT_EQ(folder_.contentOf(u"record"_s), "heard T0A 543041\n");
 }
 
@@ -77,7 +77,7 @@ TEST_F(Exchange, AMessageTheCalibratorDoesNotKnowIsAcknowledgedAndNotAnswered) {
 TEST_F(Exchange, AReplyRefusedByNakIsAnnouncedAgainTwice) {
     peer_.startLink();
     peer_.sendMessage("T0A");
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
     for (int transmission = 1; transmission <= 3; ++transmission) {
         peer_.acknowledge();
         EXPECT_EQ(peer_.receive(7), hex("74 30 41 10 03 47 BF")) << transmission;
@@ -98,7 +98,7 @@ TEST_F(Exchange, AResultRefusedByNakIsSentAgainAndNotPassedOver) {
     EXPECT_EQ(peer_.exchange("T1C" + wireName("A")), "t1C");
     peer_.startLink();
     peer_.sendMessage("T1D");
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
     peer_.acknowledge();
     const QByteArray first = peer_.receiveFrame();
     peer_.send(hex("15"));
@@ -112,7 +112,7 @@ TEST_F(Exchange, AResultRefusedByNakIsSentAgainAndNotPassedOver) {
 TEST_F(Exchange, ALinkStartInPlaceOfTheAcknowledgeBeginsAnewAndCarriesNothingOut) {
     peer_.startLink();
     peer_.sendMessage(addMessage("TW-1"));
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
     EXPECT_EQ(peer_.exchange("T1C" + wireName("TW-1")), hex("74 00 02"));
     EXPECT_EQ(peer_.exchange(addMessage("TW-1")), "t1A");
 }
@@ -122,13 +122,13 @@ TEST_F(Exchange, ALinkStartInTheMiddleOfAMessageBeginsAnew) {
     peer_.send(hex("54 31"));
     peer_.startLink();
     peer_.sendMessage("T0A");
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
 }
 
 TEST_F(Exchange, TheOtherAcknowledgeCharacterIsNoAcknowledge) {
     peer_.startLink();
     peer_.sendMessage("T0A");
-    peer_.hearAnnouncement();
+    peer_.receiveAnnouncement();
     peer_.send(hex("06"));
     EXPECT_EQ(peer_.exchange("T0A"), "t0A");
     EXPECT_EQ(folder_.contentOf(u"record"_s), "heard T0A 543041\nheard T0A 543041\nsent t0A 743041\n");

@@ -28,7 +28,7 @@ class Bench {
     void askFor(const QByteArray& message) {
         peer_.startLink();
         peer_.sendMessage(message);
-        peer_.hearAnnouncement();
+        peer_.receiveAnnouncement();
         peer_.acknowledge();
     }
 
@@ -42,7 +42,7 @@ const QByteArray goodFrame = hex("74 30 41 10 03 47 BF");
 
 } // namespace
 
-TEST(Faults, ReplyFramesAreBrokenAsTold) {
+TEST(Faults, ReplyFramesAreDamagedAsConfigured) {
     const struct {
         const char* fault;
         const char* frame;
@@ -176,9 +176,9 @@ TEST(Faults, NoiseInPlaceOfTheReplyEndsWithTheNextLinkStart) {
     EXPECT_EQ(noise.size(), 300);
     EXPECT_FALSE(noise.contains(0x10));
     bench.peer().send(hex("10 04 02"));
-    QByteArray heard;
-    while (!heard.endsWith(hex("10")))
-        ASSERT_FALSE((heard = bench.peer().receive(1)).isEmpty());
+    QByteArray received;
+    while (!received.endsWith(hex("10")))
+        ASSERT_FALSE((received = bench.peer().receive(1)).isEmpty());
     EXPECT_EQ(bench.peer().exchange("T0A"), "t0A");
 }
 
@@ -229,7 +229,7 @@ TEST(Faults, AFaultComesOnlyForItsMessageAndOnlySoOften) {
     EXPECT_FALSE(faults.take(FaultKind::AddByte, "T1D"));
 }
 
-TEST(Faults, AFaultLetsTheFirstOccasionsPassWhenItIsTold) {
+TEST(Faults, AFaultSkipsItsFirstOccasionsWhenConfigured) {
     Faults faults;
     faults.add(u"drop-byte:3@T1D+2*1"_s);
     faults.add(u"silent+1"_s);

@@ -21,7 +21,7 @@ Characteristic characteristic(const QString& name, const std::vector<QByteArray>
     return made;
 }
 
-Errand errand(const QString& name, std::vector<double> nominals, std::vector<double> deviations) {
+Job job(const QString& name, std::vector<double> nominals, std::vector<double> deviations) {
     return {name, std::move(nominals), std::move(deviations), u"as found"_s, {}};
 }
 
@@ -31,7 +31,7 @@ FieldWork workAt(const QString& moment, int seconds = 60, std::optional<int> tak
 
 QString refusalOf(const QString& plan) {
     try {
-        errandsOf(plan);
+        jobsOf(plan);
     } catch (const Failure& failure) {
         return failure.text();
     }
@@ -41,29 +41,29 @@ QString refusalOf(const QString& plan) {
 } // namespace
 
 TEST(Plan, ALineIsNameNominalsDeviationsCommentAndMoment) {
-    const std::vector<Errand> errands =
-        errandsOf(u"# the week's work\r\n\n"
-                  "TW-1; 20, 60,100 ; 0.1,-0.2,0.05; found in order ; 2026-11-20 09:15:30\n"
-                  " TW-2 ;-50;;;2026-11-20 9:15\n"
-                  "TW-34567890123; 1e1\n"_s);
-    ASSERT_EQ(errands.size(), 3U);
-    EXPECT_EQ(errands[0].name, u"TW-1"_s);
-    EXPECT_EQ(errands[0].nominals, (std::vector<double>{20, 60, 100}));
-    EXPECT_EQ(errands[0].deviations, (std::vector<double>{0.1, -0.2, 0.05}));
-    EXPECT_EQ(errands[0].comment, u"found in order"_s);
-    EXPECT_EQ(errands[0].from, momentOf(u"2026-11-20 09:15:30"_s));
-    EXPECT_EQ(errands[1].deviations, std::vector<double>{0});
-    EXPECT_EQ(errands[1].from, momentOf(u"2026-11-20 09:15:00"_s));
-    EXPECT_EQ(errands[2].name, u"TW-34567890"_s);
-    EXPECT_EQ(errands[2].nominals, std::vector<double>{10});
-    EXPECT_FALSE(errands[2].from);
+    const std::vector<Job> jobs =
+        jobsOf(u"# the week's work\r\n\n"
+               "TW-1; 20, 60,100 ; 0.1,-0.2,0.05; found in order ; 2026-11-20 09:15:30\n"
+               " TW-2 ;-50;;;2026-11-20 9:15\n"
+               "TW-34567890123; 1e1\n"_s);
+    ASSERT_EQ(jobs.size(), 3U);
+    EXPECT_EQ(jobs[0].name, u"TW-1"_s);
+    EXPECT_EQ(jobs[0].nominals, (std::vector<double>{20, 60, 100}));
+    EXPECT_EQ(jobs[0].deviations, (std::vector<double>{0.1, -0.2, 0.05}));
+    EXPECT_EQ(jobs[0].comment, u"found in order"_s);
+    EXPECT_EQ(jobs[0].from, momentOf(u"2026-11-20 09:15:30"_s));
+    EXPECT_EQ(jobs[1].deviations, std::vector<double>{0});
+    EXPECT_EQ(jobs[1].from, momentOf(u"2026-11-20 09:15:00"_s));
+    EXPECT_EQ(jobs[2].name, u"TW-34567890"_s);
+    EXPECT_EQ(jobs[2].nominals, std::vector<double>{10});
+    EXPECT_FALSE(jobs[2].from);
 }
 
 TEST(Plan, OneDeviationStandsForAllReadings) {
-    EXPECT_EQ(errandsOf(u"A;1,2,3;0.5"_s).front().deviations, (std::vector<double>{0.5, 0.5, 0.5}));
+    EXPECT_EQ(jobsOf(u"A;1,2,3;0.5"_s).front().deviations, (std::vector<double>{0.5, 0.5, 0.5}));
 }
 
-TEST(Plan, AWrongLineIsToldByItsNumber) {
+TEST(Plan, AWrongLineIsReportedByItsNumber) {
     const struct {
         const char* plan;
         const char* reason;
@@ -88,7 +88,7 @@ TEST(Plan, AWrongLineIsToldByItsNumber) {
 
 TEST(FieldWorkTest, AReadingIsTheNominalWithItsDeviationRoundedToFourDecimals) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    carryOut(memory, {errand(u"A"_s, {20, 60, 100, -50, 0.33333}, {0.1, -0.2, 0, 1, 0})},
+    carryOut(memory, {job(u"A"_s, {20, 60, 100, -50, 0.33333}, {0.1, -0.2, 0, 1, 0})},
              workAt(u"2026-11-20 09:15"_s, 0, 1));
     std::vector<qint32> readings;
     for (const Result& result : memory.characteristics.front().results) {
@@ -101,7 +101,7 @@ TEST(FieldWorkTest, AReadingIsTheNominalWithItsDeviationRoundedToFourDecimals) {
 
 TEST(FieldWorkTest, EachPointIsTakenAsOftenAsItHasSamplesOneAfterTheOther) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    carryOut(memory, {errand(u"A"_s, {20, 60}, {0, 0})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory, {job(u"A"_s, {20, 60}, {0, 0})}, workAt(u"2026-11-20 09:15"_s));
     std::vector<qint32> readings;
     for (const Result& result : memory.characteristics.front().results)
         readings.push_back(result.samples.front());
@@ -111,14 +111,14 @@ TEST(FieldWorkTest, EachPointIsTakenAsOftenAsItHasSamplesOneAfterTheOther) {
 TEST(FieldWorkTest, TakesAreAMatterOfChoice) {
     Memory memory{{}, {characteristic(u"A"_s)}};
     for (const int takes : {0, 1, 5}) {
-        carryOut(memory, {errand(u"A"_s, {20, 60}, {0, 0})}, workAt(u"2026-11-20 09:15"_s, 60, takes));
+        carryOut(memory, {job(u"A"_s, {20, 60}, {0, 0})}, workAt(u"2026-11-20 09:15"_s, 60, takes));
         EXPECT_EQ(memory.characteristics.front().results.size(), static_cast<std::size_t>(2 * takes));
     }
 }
 
 TEST(FieldWorkTest, ResultsFollowEachOtherAtTheIntervalEvenPastMidnight) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    carryOut(memory, {errand(u"A"_s, {50, 60}, {0, 0})}, workAt(u"2026-12-31 23:59:30"_s, 60, 1));
+    carryOut(memory, {job(u"A"_s, {50, 60}, {0, 0})}, workAt(u"2026-12-31 23:59:30"_s, 60, 1));
     const std::vector<Result>& results = memory.characteristics.front().results;
     EXPECT_EQ(results[0].date, 20261231);
     EXPECT_EQ(results[0].time, 235930);
@@ -126,9 +126,9 @@ TEST(FieldWorkTest, ResultsFollowEachOtherAtTheIntervalEvenPastMidnight) {
     EXPECT_EQ(results[1].time, 30);
 }
 
-TEST(FieldWorkTest, AnErrandsOwnMomentHoldsOverTheCommonOne) {
+TEST(FieldWorkTest, AJobsOwnMomentOverridesTheCommonOne) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    Errand dated = errand(u"A"_s, {60}, {0});
+    Job dated = job(u"A"_s, {60}, {0});
     dated.from = momentOf(u"2026-01-02 03:04:05"_s);
     carryOut(memory, {dated}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(memory.characteristics.front().results.front().date, 20260102);
@@ -140,7 +140,7 @@ TEST(FieldWorkTest, NoResultOfADayIsTakenAtAMomentThatTheWorkstationCantRead) {
     fields[0] = hex("01");
     Memory memory{{}, {characteristic(u"A"_s, fields)}};
     const std::vector<double> nominals(1000, 60);
-    carryOut(memory, {errand(u"A"_s, nominals, std::vector<double>(1000, 0))},
+    carryOut(memory, {job(u"A"_s, nominals, std::vector<double>(1000, 0))},
              workAt(u"2026-11-20 00:00"_s, 85));
     std::set<qint32> seconds;
     for (const Result& result : memory.characteristics.front().results) {
@@ -151,9 +151,9 @@ TEST(FieldWorkTest, NoResultOfADayIsTakenAtAMomentThatTheWorkstationCantRead) {
     EXPECT_EQ(seconds.size(), 1000U);
 }
 
-TEST(FieldWorkTest, AReadingThatTheWorkstationCantReadIsToldAndStays) {
+TEST(FieldWorkTest, AReadingThatTheWorkstationCantReadIsReportedAndStays) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    const QStringList lines = carryOut(memory, {errand(u"A"_s, {20}, {0})}, workAt(u"2026-11-20 09:15"_s));
+    const QStringList lines = carryOut(memory, {job(u"A"_s, {20}, {0})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(lines,
               (QStringList{u"A: 3 results taken"_s,
                            u"  note: reading 20.0000 has a byte from 0A to 0F inside: the workstation reads "
@@ -163,27 +163,26 @@ TEST(FieldWorkTest, AReadingThatTheWorkstationCantReadIsToldAndStays) {
 
 TEST(FieldWorkTest, OldResultsAreReplaced) {
     Memory memory{{}, {characteristic(u"A"_s)}};
-    carryOut(memory, {errand(u"A"_s, {50}, {0})}, workAt(u"2026-11-20 09:15"_s));
-    const QStringList lines = carryOut(memory, {errand(u"A"_s, {60}, {0})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory, {job(u"A"_s, {50}, {0})}, workAt(u"2026-11-20 09:15"_s));
+    const QStringList lines = carryOut(memory, {job(u"A"_s, {60}, {0})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(lines.front(), u"A: 3 results taken, in the place of 3"_s);
     EXPECT_EQ(memory.characteristics.front().results.front().samples.front(), 600000);
 }
 
-TEST(FieldWorkTest, NothingIsKeptWhenOneErrandFails) {
+TEST(FieldWorkTest, NothingIsKeptWhenOneJobFails) {
     const Memory before{{}, {characteristic(u"A"_s)}};
-    for (const Errand& bad :
-         {errand(u"B"_s, {50}, {0}), errand(u"A"_s, {214748.3648}, {0}), errand(u"A"_s, {1e308}, {1e308})}) {
+    for (const Job& bad :
+         {job(u"B"_s, {50}, {0}), job(u"A"_s, {214748.3648}, {0}), job(u"A"_s, {1e308}, {1e308})}) {
         Memory memory = before;
-        EXPECT_THROW(carryOut(memory, {errand(u"A"_s, {50}, {0}), bad}, workAt(u"2026-11-20 09:15"_s)),
-                     Failure);
+        EXPECT_THROW(carryOut(memory, {job(u"A"_s, {50}, {0}), bad}, workAt(u"2026-11-20 09:15"_s)), Failure);
         EXPECT_EQ(memory, before);
     }
 }
 
-TEST(Listing, TellsTheCharacteristicsInWords) {
+TEST(Listing, DescribesTheCharacteristicsInWords) {
     Memory memory{{{u"KVTASK"_s, 3, {u"A"_s, u"S"_s}}},
                   {characteristic(u"A"_s), characteristic(u"S"_s, goodSerialFields())}};
-    carryOut(memory, {errand(u"A"_s, {60}, {0})}, workAt(u"2026-11-20 09:15"_s, 60, 1));
+    carryOut(memory, {job(u"A"_s, {60}, {0})}, workAt(u"2026-11-20 09:15"_s, 60, 1));
     EXPECT_EQ(
         listing(memory),
         (QStringList{

@@ -58,7 +58,7 @@ Library::Status Fluke702Bench::upload() {
     return transfer(&Library::DPCuplStart, &Library::DPCuplStep);
 }
 
-Memory Fluke702Bench::kept() const {
+Memory Fluke702Bench::storedMemory() const {
     Memory kept;
     keep([&](Memory& memory) { kept = memory; });
     return kept;

@@ -10,7 +10,7 @@ namespace kelvane::simulators::fluke702 {
 /// A link library with a calibrator of its own.
 class Fluke702Bench : public ::testing::Test {
   protected:
-    QString file() const { return shop_.path(QStringLiteral("fluke702.json")); }
+    QString file() const { return folder_.path(QStringLiteral("fluke702.json")); }
     Environment environment(const QString& faults = {}) const { return {file(), faults, {}}; }
 
     /// A state that sources volts and measures milliamperes; its id.
@@ -27,12 +27,12 @@ class Fluke702Bench : public ::testing::Test {
     Library::Status download();
     Library::Status upload();
 
-    Memory kept() const;
+    Memory storedMemory() const;
     void keep(const std::function<void(Memory&)>& change) const;
     /// A calibrator that holds two tasks, the first carried out twice.
     void fillCalibrator() const;
 
-    SimulatorFolder shop_;
+    SimulatorFolder folder_;
     Library library_{environment()};
 
   private:

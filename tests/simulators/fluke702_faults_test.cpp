@@ -20,7 +20,7 @@ QString refusal(const QString& text) {
 
 using Fluke702Faults = Fluke702Bench;
 
-TEST_F(Fluke702Faults, ComeAtTheCallsThatAreTold) {
+TEST_F(Fluke702Faults, ComeAtTheConfiguredCalls) {
     const struct {
         const char* text;
         std::vector<int> statuses;
@@ -37,7 +37,7 @@ TEST_F(Fluke702Faults, ComeAtTheCallsThatAreTold) {
         {"STAinit=2012", {0, 0, 0}},
     };
     for (const auto& entry : cases) {
-        library_.surround(environment(QString::fromLatin1(entry.text)));
+        library_.setEnvironment(environment(QString::fromLatin1(entry.text)));
         for (const int status : entry.statuses)
             EXPECT_EQ(library_.MEMclear(), status) << entry.text;
     }
@@ -51,7 +51,7 @@ TEST_F(Fluke702Faults, AnErrorComesInThePlaceOfTheOperationAndAWarningAfterIt) {
                  {2000, false}, {2026, false}, {3000, false}, {-1, false}};
     for (const auto& entry : cases) {
         library_.MEMclear();
-        library_.surround(environment(u"MEMpromptDefn*1=%1"_s.arg(entry.status)));
+        library_.setEnvironment(environment(u"MEMpromptDefn*1=%1"_s.arg(entry.status)));
         EXPECT_EQ(library_.MEMpromptDefn("KEY", "x"), entry.status);
         EXPECT_EQ(library_.MEMpromptDefn("KEY", "x"), entry.carriedOut ? BadArgument : Done) << entry.status;
     }
@@ -107,25 +107,25 @@ TEST_F(Fluke702Faults, EachOperationGivesAnyStatus) {
     EXPECT_EQ(calls.size(), operationNames().size());
     int status = 3000;
     for (const auto& [name, call] : calls) {
-        library_.surround(environment(QString::fromStdString(name) + u"*1=%1"_s.arg(++status)));
+        library_.setEnvironment(environment(QString::fromStdString(name) + u"*1=%1"_s.arg(++status)));
         EXPECT_EQ(call(), status) << name;
         EXPECT_NE(call(), status) << name << " a second time";
     }
 }
 
-TEST_F(Fluke702Faults, ATransferBreaksOffAtTheStepThatIsTold) {
+TEST_F(Fluke702Faults, ATransferBreaksOffAtTheConfiguredStep) {
     fillCalibrator();
     defineTask("A");
     defineTask("B");
-    library_.surround(environment(u"DPCdnlStep+2*1=2020"_s));
+    library_.setEnvironment(environment(u"DPCdnlStep+2*1=2020"_s));
     EXPECT_EQ(download(), 2020);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
     EXPECT_EQ(download(), Done);
-    library_.surround(environment(u"DPCuplStep=100"_s));
+    library_.setEnvironment(environment(u"DPCuplStep=100"_s));
     EXPECT_EQ(upload(), 100);
 }
 
-TEST_F(Fluke702Faults, WhatIsNoFaultIsToldAndNoLinkCanBeOpened) {
+TEST_F(Fluke702Faults, AnUnknownFaultIsReportedAndNoLinkCanBeOpened) {
     const struct {
         const char* text;
         const char* reason;
@@ -148,15 +148,15 @@ TEST_F(Fluke702Faults, WhatIsNoFaultIsToldAndNoLinkCanBeOpened) {
     for (const auto& entry : cases) {
         EXPECT_TRUE(refusal(QString::fromLatin1(entry.text)).contains(QString::fromLatin1(entry.reason)))
             << entry.text;
-        library_.surround(environment(QString::fromLatin1(entry.text)));
+        library_.setEnvironment(environment(QString::fromLatin1(entry.text)));
         EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer) << entry.text;
     }
-    library_.surround(environment());
+    library_.setEnvironment(environment());
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
 }
 
 TEST_F(Fluke702Faults, EachCallIsRecordedWithItsStatus) {
-    library_.surround({file(), u"MEMstartTask=2024"_s, shop_.path(u"record"_s)});
+    library_.setEnvironment({file(), u"MEMstartTask=2024"_s, folder_.path(u"record"_s)});
     const float points[] = {0, 0.1F, 1};
     qint32 id = 0;
     library_.DPCopen(9600, "COM1", 1000, 5);
@@ -168,7 +168,7 @@ TEST_F(Fluke702Faults, EachCallIsRecordedWithItsStatus) {
     library_.STAsetOutputScale(0.022F, -1e20F);
     library_.DPCdnlStart(&id);
     library_.DPCdnlStep(&id);
-    EXPECT_EQ(QString::fromUtf8(shop_.contentOf(u"record"_s)),
+    EXPECT_EQ(QString::fromUtf8(folder_.contentOf(u"record"_s)),
               u"DPCopen(9600, \"COM1\", 1000, 5) = 0\n"
               "MEMclear() = 0\n"
               "MEMstrategyDefn(\"S\", 3, [0, 0.1, 1]) = 0\n"
@@ -178,13 +178,13 @@ TEST_F(Fluke702Faults, EachCallIsRecordedWithItsStatus) {
               "STAsetOutputScale(0.022, -1e+20) = 0\n"
               "DPCdnlStart() = 0\n"
               "DPCdnlStep(1) = 0\n"_s);
-    library_.surround(environment());
+    library_.setEnvironment(environment());
     library_.MEMclear();
-    EXPECT_EQ(shop_.contentOf(u"record"_s).count('\n'), 9);
+    EXPECT_EQ(folder_.contentOf(u"record"_s).count('\n'), 9);
 }
 
-TEST_F(Fluke702Faults, ARecordThatCantBeWrittenIsTold) {
-    library_.surround({file(), {}, shop_.path(u"nowhere/record"_s)});
+TEST_F(Fluke702Faults, ARecordThatCantBeWrittenIsReported) {
+    library_.setEnvironment({file(), {}, folder_.path(u"nowhere/record"_s)});
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer);
 }
 

@@ -16,23 +16,23 @@ FieldWork workAt(const QString& moment, int seconds = 60) {
 
 QString refusalOfPlan(const QString& plan) {
     try {
-        errandsOf(plan);
+        jobsOf(plan);
     } catch (const Failure& failure) {
         return failure.text();
     }
     return {};
 }
 
-Errand errandFor(const QString& tag, std::vector<double> deviations) {
-    Errand errand;
-    errand.tag = tag;
-    errand.deviations = std::move(deviations);
-    return errand;
+Job jobFor(const QString& tag, std::vector<double> deviations) {
+    Job job;
+    job.tag = tag;
+    job.deviations = std::move(deviations);
+    return job;
 }
 
-QString refusalOf(Memory& memory, const Errand& errand) {
+QString refusalOf(Memory& memory, const Job& job) {
     try {
-        carryOut(memory, {errand}, workAt(u"2026-11-20 09:15"_s));
+        carryOut(memory, {job}, workAt(u"2026-11-20 09:15"_s));
     } catch (const Failure& failure) {
         return failure.text();
     }
@@ -42,24 +42,24 @@ QString refusalOf(Memory& memory, const Errand& errand) {
 } // namespace
 
 TEST(Fluke702Plan, ALineIsTagRoundDeviationsTechnicianModuleMomentAndShown) {
-    const std::vector<Errand> errands =
-        errandsOf(u"# the week's work\r\n\n"
-                  "PT-103; as-found; 0.1,-0.6, 0.05 ; J. Doe; 71204; 2026-11-20 9:15:30; 0,0,1\n"
-                  " PT-103 ; as-left ; 0.02\n"
-                  "A TAG THAT IS CUT AT 29 CHARACTERS;;;;;2026-11-20 9:15\n"
-                  "LI-401\n"_s);
-    ASSERT_EQ(errands.size(), 4U);
-    EXPECT_EQ(errands[0], (Errand{u"PT-103"_s,
-                                  AsFound,
-                                  {0.1, -0.6, 0.05},
-                                  u"J. Doe"_s,
-                                  u"71204"_s,
-                                  momentOf(u"2026-11-20 09:15:30"_s),
-                                  {0, 0, 1}}));
-    EXPECT_EQ(errands[1], (Errand{u"PT-103"_s, AsLeft, {0.02}, {}, {}, {}, {}}));
-    EXPECT_EQ(errands[2].tag, u"A TAG THAT IS CUT AT 29 CHARA"_s);
-    EXPECT_EQ(errands[2].moment, momentOf(u"2026-11-20 09:15:00"_s));
-    EXPECT_EQ(errands[3], (Errand{u"LI-401"_s, AsFound, {}, {}, {}, {}, {}}));
+    const std::vector<Job> jobs =
+        jobsOf(u"# the week's work\r\n\n"
+               "PT-103; as-found; 0.1,-0.6, 0.05 ; J. Doe; 71204; 2026-11-20 9:15:30; 0,0,1\n"
+               " PT-103 ; as-left ; 0.02\n"
+               "A TAG THAT IS CUT AT 29 CHARACTERS;;;;;2026-11-20 9:15\n"
+               "LI-401\n"_s);
+    ASSERT_EQ(jobs.size(), 4U);
+    EXPECT_EQ(jobs[0], (Job{u"PT-103"_s,
+                            AsFound,
+                            {0.1, -0.6, 0.05},
+                            u"J. Doe"_s,
+                            u"71204"_s,
+                            momentOf(u"2026-11-20 09:15:30"_s),
+                            {0, 0, 1}}));
+    EXPECT_EQ(jobs[1], (Job{u"PT-103"_s, AsLeft, {0.02}, {}, {}, {}, {}}));
+    EXPECT_EQ(jobs[2].tag, u"A TAG THAT IS CUT AT 29 CHARA"_s);
+    EXPECT_EQ(jobs[2].moment, momentOf(u"2026-11-20 09:15:00"_s));
+    EXPECT_EQ(jobs[3], (Job{u"LI-401"_s, AsFound, {}, {}, {}, {}, {}}));
 }
 
 TEST(Fluke702Plan, ALineThatIsWrongIsNamed) {
@@ -86,7 +86,7 @@ class Fluke702FieldWork : public Fluke702Bench {
   protected:
     Fluke702FieldWork() {
         fillCalibrator();
-        memory_ = kept();
+        memory_ = storedMemory();
         memory_.contents.runs.clear();
     }
     const std::vector<fluke702::Run>& runs() const { return memory_.contents.runs; }
@@ -96,7 +96,7 @@ class Fluke702FieldWork : public Fluke702Bench {
 
 TEST_F(Fluke702FieldWork, AppliesThePointAndReadsItWithTheDeviationOfSpan) {
     const QStringList lines =
-        carryOut(memory_, {errandFor(u"PT-103"_s, {0, 0.5, -1})}, workAt(u"2026-11-20 09:15"_s));
+        carryOut(memory_, {jobFor(u"PT-103"_s, {0, 0.5, -1})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(lines, QStringList{u"PT-103: as found, 3 points taken"_s});
     ASSERT_EQ(runs().size(), 1U);
     const fluke702::Run& run = runs().front();
@@ -115,8 +115,7 @@ TEST_F(Fluke702FieldWork, AppliesThePointAndReadsItWithTheDeviationOfSpan) {
 }
 
 TEST_F(Fluke702FieldWork, ADeviationForAllIsEachPointsAndNoneIsZero) {
-    carryOut(memory_, {errandFor(u"PT-103"_s, {0.5}), errandFor(u"PT-103"_s, {})},
-             workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {0.5}), jobFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
     for (const Entry& entry : runs()[0].entries)
         EXPECT_EQ(entry.error, 0.005F);
     for (const Entry& entry : runs()[1].entries)
@@ -124,9 +123,9 @@ TEST_F(Fluke702FieldWork, ADeviationForAllIsEachPointsAndNoneIsZero) {
 }
 
 TEST_F(Fluke702FieldWork, TheCalibratorMayShowAnotherErrorThanItRead) {
-    Errand errand = errandFor(u"PT-103"_s, {2});
-    errand.shown = {0.1, 0, -0.1};
-    carryOut(memory_, {errand}, workAt(u"2026-11-20 09:15"_s));
+    Job job = jobFor(u"PT-103"_s, {2});
+    job.shown = {0.1, 0, -0.1};
+    carryOut(memory_, {job}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_FLOAT_EQ(runs()[0].entries[0].reading, 0.00432F);
     EXPECT_EQ(runs()[0].entries[0].error, 0.001F);
     EXPECT_EQ(runs()[0].entries[2].error, -0.001F);
@@ -134,35 +133,35 @@ TEST_F(Fluke702FieldWork, TheCalibratorMayShowAnotherErrorThanItRead) {
 
 TEST_F(Fluke702FieldWork, TakesEachPointAsOftenAsTheStrategyHoldsIt) {
     memory_.contents.strategies[0].points = {0, 0, 0, 1, 1, 1};
-    carryOut(memory_, {errandFor(u"PT-103"_s, {1, 2, 3, 4, 5, 6})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {1, 2, 3, 4, 5, 6})}, workAt(u"2026-11-20 09:15"_s));
     ASSERT_EQ(runs()[0].entries.size(), 6U);
     EXPECT_EQ(runs()[0].entries[2].applied, 0);
     EXPECT_EQ(runs()[0].entries[2].error, 0.03F);
     EXPECT_EQ(runs()[0].entries[3].applied, 150);
 }
 
-TEST_F(Fluke702FieldWork, WhatIsReadByHandLiesOnTheScaleThatWasGiven) {
+TEST_F(Fluke702FieldWork, AManualReadingLiesOnTheGivenScale) {
     memory_.contents.states[1].source = {0.02F, 0.004F};
     memory_.contents.states[1].measured = {300, 0};
-    carryOut(memory_, {errandFor(u"LI-401"_s, {0.5})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"LI-401"_s, {0.5})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_FLOAT_EQ(runs()[0].entries[0].applied, 0.0056F);
     EXPECT_FLOAT_EQ(runs()[0].entries[0].reading, 31.5F);
 }
 
 TEST_F(Fluke702FieldWork, AFallingScaleFalls) {
     memory_.contents.states[0].measured = {0.004F, 0.02F};
-    carryOut(memory_, {errandFor(u"PT-103"_s, {10})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {10})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_FLOAT_EQ(runs()[0].entries[0].reading, 0.0184F);
 }
 
 TEST_F(Fluke702FieldWork, RunsAreAddedInTheirOrderEachAnIntervalLater) {
-    Errand left = errandFor(u"PT-103"_s, {});
+    Job left = jobFor(u"PT-103"_s, {});
     left.kind = AsLeft;
-    Errand dated = errandFor(u"LI-401"_s, {});
+    Job dated = jobFor(u"LI-401"_s, {});
     dated.moment = momentOf(u"2026-12-31 23:59:30"_s);
-    const std::vector<Errand> errands{errandFor(u"PT-103"_s, {}), left, dated, errandFor(u"LI-401"_s, {})};
-    carryOut(memory_, errands, workAt(u"2026-11-20 09:15:05"_s, 90));
-    carryOut(memory_, {errandFor(u"PT-103"_s, {})}, workAt(u"2027-02-03 04:05:06"_s));
+    const std::vector<Job> jobs{jobFor(u"PT-103"_s, {}), left, dated, jobFor(u"LI-401"_s, {})};
+    carryOut(memory_, jobs, workAt(u"2026-11-20 09:15:05"_s, 90));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {})}, workAt(u"2027-02-03 04:05:06"_s));
     const struct {
         int kind;
         std::vector<int> moment;
@@ -182,10 +181,10 @@ TEST_F(Fluke702FieldWork, RunsAreAddedInTheirOrderEachAnIntervalLater) {
 }
 
 TEST_F(Fluke702FieldWork, WithoutANameTheCalibratorGivesItsOwnNumber) {
-    Errand named = errandFor(u"PT-103"_s, {});
+    Job named = jobFor(u"PT-103"_s, {});
     named.technician = u"J. Öz"_s;
     named.module = u"71204"_s;
-    carryOut(memory_, {named, errandFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {named, jobFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(runs()[0].technician, u"J. Öz"_s);
     EXPECT_EQ(runs()[0].module, u"71204"_s);
     EXPECT_EQ(runs()[1].technician, u"6841207"_s);
@@ -194,7 +193,7 @@ TEST_F(Fluke702FieldWork, WithoutANameTheCalibratorGivesItsOwnNumber) {
 
 TEST_F(Fluke702FieldWork, ATagOfTwoTasksIsCarriedOutOnBoth) {
     memory_.contents.tasks[1].tag = memory_.contents.tasks[1].instrument = u"PT-103"_s;
-    carryOut(memory_, {errandFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
     ASSERT_EQ(runs().size(), 2U);
     EXPECT_EQ(runs()[0].serial, u"V88103"_s);
     EXPECT_EQ(runs()[1].serial, u"None"_s);
@@ -203,45 +202,45 @@ TEST_F(Fluke702FieldWork, ATagOfTwoTasksIsCarriedOutOnBoth) {
 
 TEST_F(Fluke702FieldWork, ATemplateWithoutATagGivesRunsWithoutOne) {
     memory_.contents.tasks[0].instrument.clear();
-    carryOut(memory_, {errandFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {})}, workAt(u"2026-11-20 09:15"_s));
     EXPECT_EQ(runs()[0].tag, QString());
 }
 
 TEST_F(Fluke702FieldWork, WhatCantBeDoneLeavesTheMemoryAsItWas) {
     const Memory before = memory_;
-    EXPECT_EQ(refusalOf(memory_, errandFor(u"PT-999"_s, {})), u"The calibrator holds no task \"PT-999\"."_s);
-    EXPECT_EQ(refusalOf(memory_, errandFor(u"PT-103"_s, {1, 2})), u"2 deviations for 3 readings"_s);
-    Errand errand = errandFor(u"PT-103"_s, {});
-    errand.shown = {1, 2, 3, 4};
-    EXPECT_EQ(refusalOf(memory_, errand), u"4 deviations for 3 readings"_s);
-    EXPECT_TRUE(refusalOf(memory_, errandFor(u"PT-103"_s, {1e300}))
-                    .endsWith(u"is more than the calibrator can keep"_s));
-    errand = errandFor(u"PT-103"_s, {});
-    errand.technician = QString(33, u'T');
-    EXPECT_TRUE(refusalOf(memory_, errand).startsWith(u"The calibrator takes at most 32 characters"_s));
-    errand.technician.clear();
-    errand.module = u"7120471204"_s;
-    EXPECT_TRUE(refusalOf(memory_, errand).startsWith(u"The calibrator takes at most 9 characters"_s));
+    EXPECT_EQ(refusalOf(memory_, jobFor(u"PT-999"_s, {})), u"The calibrator holds no task \"PT-999\"."_s);
+    EXPECT_EQ(refusalOf(memory_, jobFor(u"PT-103"_s, {1, 2})), u"2 deviations for 3 readings"_s);
+    Job job = jobFor(u"PT-103"_s, {});
+    job.shown = {1, 2, 3, 4};
+    EXPECT_EQ(refusalOf(memory_, job), u"4 deviations for 3 readings"_s);
+    EXPECT_TRUE(
+        refusalOf(memory_, jobFor(u"PT-103"_s, {1e300})).endsWith(u"is more than the calibrator can keep"_s));
+    job = jobFor(u"PT-103"_s, {});
+    job.technician = QString(33, u'T');
+    EXPECT_TRUE(refusalOf(memory_, job).startsWith(u"The calibrator takes at most 32 characters"_s));
+    job.technician.clear();
+    job.module = u"7120471204"_s;
+    EXPECT_TRUE(refusalOf(memory_, job).startsWith(u"The calibrator takes at most 9 characters"_s));
     EXPECT_EQ(memory_, before);
 }
 
 TEST_F(Fluke702FieldWork, WhatItKeepsComesBackFromTheFileAndGoesUp) {
-    carryOut(memory_, {errandFor(u"PT-103"_s, {0.123})}, workAt(u"2026-11-20 09:15"_s));
+    carryOut(memory_, {jobFor(u"PT-103"_s, {0.123})}, workAt(u"2026-11-20 09:15"_s));
     keep([&](Memory& memory) { memory = memory_; });
-    EXPECT_EQ(kept(), memory_);
+    EXPECT_EQ(storedMemory(), memory_);
     ASSERT_EQ(upload(), Done);
     qint16 entries = 0;
     EXPECT_EQ(library_.MEMcalResult(0, &entries), Done);
     EXPECT_EQ(entries, 3);
 }
 
-TEST(Fluke702Listing, AnEmptyCalibratorSaysSo) {
+TEST(Fluke702Listing, AnEmptyCalibratorReportsThatItIsEmpty) {
     EXPECT_EQ(listing({}),
               (QStringList{u"Fluke 702, serial number 6841207"_s, u"The calibrator is empty."_s}));
 }
 
 TEST_F(Fluke702FieldWork, TheListShowsTasksPromptsAndRuns) {
-    memory_ = kept();
+    memory_ = storedMemory();
     memory_.contents.prompts[0].text = u"Close the manifold.\r\nVent it."_s;
     EXPECT_EQ(
         listing(memory_),

@@ -139,7 +139,7 @@ TEST_F(Fluke702Image, TwoTasksMayBearTheSameTag) {
     defineTask("A TAG THAT WAS CUT AT 29 CHAR", "S1");
     defineTask("A TAG THAT WAS CUT AT 29 CHAR", "S2");
     EXPECT_EQ(download(), Done);
-    EXPECT_EQ(kept().contents.tasks.size(), 2U);
+    EXPECT_EQ(storedMemory().contents.tasks.size(), 2U);
 }
 
 TEST_F(Fluke702Image, ARecordIsThereOrNot) {
@@ -218,7 +218,7 @@ TEST_F(Fluke702Image, TheStateOfARecordNamesItsPressureModule) {
     EXPECT_EQ(out.second.at(0), '\0');
 }
 
-TEST_F(Fluke702Image, ARunWithoutATagSaysSo) {
+TEST_F(Fluke702Image, ARunWithoutATagIsMarkedAsSuch) {
     fillCalibrator();
     keep([](Memory& memory) { memory.contents.runs[0].tag.clear(); });
     ASSERT_EQ(upload(), Done);

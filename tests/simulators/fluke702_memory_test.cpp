@@ -25,15 +25,15 @@ using Fluke702Memory = Fluke702Bench;
 
 TEST_F(Fluke702Memory, ComesBackFromItsTextAsItWas) {
     fillCalibrator();
-    const Memory memory = kept();
+    const Memory memory = storedMemory();
     ASSERT_EQ(memory.contents.runs.size(), 2U);
     EXPECT_EQ(memoryFrom(textOf(memory)), memory);
     EXPECT_EQ(memoryFrom(textOf({})), Memory());
 }
 
-TEST_F(Fluke702Memory, NumbersStandInTheFileAsAPersonWritesThem) {
+TEST_F(Fluke702Memory, NumbersStandInTheFileInUsualNotation) {
     fillCalibrator();
-    const QByteArray text = textOf(kept());
+    const QByteArray text = textOf(storedMemory());
     EXPECT_TRUE(text.contains("\"tolerance\": 0.25"));
     EXPECT_TRUE(text.contains(" 0.1\n"));
     EXPECT_TRUE(text.contains(" 0.0041,\n"));
@@ -41,7 +41,7 @@ TEST_F(Fluke702Memory, NumbersStandInTheFileAsAPersonWritesThem) {
 
 TEST_F(Fluke702Memory, ABrokenCalibratorsResultsAreKept) {
     fillCalibrator();
-    Memory memory = kept();
+    Memory memory = storedMemory();
     constexpr float infinity = std::numeric_limits<float>::infinity();
     memory.contents.runs[1].kind = 3;
     memory.contents.runs[1].year = memory.contents.runs[1].month = memory.contents.runs[1].day = 0;
@@ -56,7 +56,7 @@ TEST_F(Fluke702Memory, ABrokenCalibratorsResultsAreKept) {
 
 TEST_F(Fluke702Memory, RefusesADamagedTextAndSaysWhy) {
     fillCalibrator();
-    const QByteArray good = textOf(kept());
+    const QByteArray good = textOf(storedMemory());
     const auto with = [&](const QByteArray& before, const QByteArray& after) {
         EXPECT_TRUE(good.contains(before)) << before.constData();
         return QByteArray(good).replace(before, after);
@@ -104,11 +104,11 @@ TEST_F(Fluke702Memory, RefusesADamagedTextAndSaysWhy) {
             << entry.reason << " / " << refusal(entry.text).toStdString();
 }
 
-TEST_F(Fluke702Memory, IsSeenByTheNextLinkAfterAPersonChangedIt) {
+TEST_F(Fluke702Memory, IsSeenByTheNextLinkAfterAUserChangedIt) {
     defineTask("A");
     ASSERT_EQ(download(), Done);
-    const QByteArray text = shop_.contentOf(u"fluke702.json"_s);
-    shop_.put(u"fluke702.json"_s, QByteArray(text).replace("\"6841207\"", "\"55\""));
+    const QByteArray text = folder_.contentOf(u"fluke702.json"_s);
+    folder_.put(u"fluke702.json"_s, QByteArray(text).replace("\"6841207\"", "\"55\""));
     OutTexts out;
     ASSERT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
     EXPECT_EQ(library_.DPCget70x(out.first.data(), out.second.data(), out.third.data(), &out.numbers[0],

@@ -55,7 +55,7 @@ TEST_F(LoadedFluke702, MovesItsImageToTheFileThatTheEnvironmentNames) {
     EXPECT_EQ(count, 1);
     EXPECT_EQ(at<Status(std::int32_t*)>("DPCdnlStep")(&count), Done);
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(kept().contents.prompts, (std::vector<Prompt>{{u"KEY"_s, u"text"_s}}));
+    EXPECT_EQ(storedMemory().contents.prompts, (std::vector<Prompt>{{u"KEY"_s, u"text"_s}}));
 }
 
 TEST_F(LoadedFluke702, GivesItsRecordsBack) {
@@ -81,10 +81,10 @@ TEST_F(LoadedFluke702, GivesItsRecordsBack) {
 
 TEST_F(LoadedFluke702, TakesFaultsAndRecordFromTheEnvironmentAsItRuns) {
     qputenv("KELVANE_FLUKE702_FAULTS", "MEMclear*1=2023");
-    qputenv("KELVANE_FLUKE702_RECORD", shop_.path(u"record"_s).toLocal8Bit());
+    qputenv("KELVANE_FLUKE702_RECORD", folder_.path(u"record"_s).toLocal8Bit());
     EXPECT_EQ(at<Status()>("MEMclear")(), 2023);
     EXPECT_EQ(at<Status()>("MEMclear")(), Done);
-    EXPECT_EQ(shop_.contentOf(u"record"_s), "MEMclear() = 2023\nMEMclear() = 0\n");
+    EXPECT_EQ(folder_.contentOf(u"record"_s), "MEMclear() = 2023\nMEMclear() = 0\n");
     qputenv("KELVANE_FLUKE702_FAULTS", "nonsense");
     EXPECT_EQ(openLink(), NoAnswer);
     qunsetenv("KELVANE_FLUKE702_FAULTS");

@@ -15,7 +15,7 @@ constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 
 using Fluke702State = Fluke702Bench;
 
-TEST_F(Fluke702State, WordsAreKnownToTheLetter) {
+TEST_F(Fluke702State, WordsAreComparedExactly) {
     const struct {
         Library::Status (Library::*set)(const char*);
         std::vector<const char*> known;
@@ -156,7 +156,7 @@ TEST_F(Fluke702State, ASavedStateHoldsWhatWasSet) {
     const State expected{
         u"fahrenheit"_s, u"user"_s,     71.5F, u"ipts68"_s, u"mm_hg"_s, u"freq"_s,  {},        1000, 0.005F,
         u"2w_rtd"_s,     u"rtd_cu10"_s, false, 0.022F,      u"28v"_s,   {1000, 10}, {400, 32}, 0.1F};
-    EXPECT_EQ(kept().contents.states, std::vector<State>{expected});
+    EXPECT_EQ(storedMemory().contents.states, std::vector<State>{expected});
 }
 
 } // namespace kelvane::simulators::fluke702

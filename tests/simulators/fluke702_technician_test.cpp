@@ -33,7 +33,7 @@ TEST_F(Fluke702Technician, CarriesOutAllTasks) {
                     u"2026-11-20"_s, u"--time"_s, u"09:15"_s, u"--interval"_s, u"120"_s});
     EXPECT_EQ(outcome.errors, QString());
     EXPECT_EQ(outcome.output, u"PT-103: as left, 3 points taken\nLI-401: as left, 1 points taken\n"_s);
-    const std::vector<fluke702::Run> runs = kept().contents.runs;
+    const std::vector<fluke702::Run> runs = storedMemory().contents.runs;
     ASSERT_EQ(runs.size(), 2U);
     EXPECT_EQ(runs[0].kind, AsLeft);
     EXPECT_EQ(runs[0].technician, u"J. Doe"_s);
@@ -47,32 +47,32 @@ TEST_F(Fluke702Technician, CarriesOutAllTasks) {
 TEST_F(Fluke702Technician, TakesOnlyWhatIsNamed) {
     EXPECT_EQ(technician({u"carry-out"_s, u"--only"_s, u"LI-401"_s}).output,
               u"LI-401: as found, 1 points taken\n"_s);
-    EXPECT_EQ(kept().contents.runs.size(), 1U);
-    EXPECT_EQ(kept().contents.runs[0].technician, u"6841207"_s);
+    EXPECT_EQ(storedMemory().contents.runs.size(), 1U);
+    EXPECT_EQ(storedMemory().contents.runs[0].technician, u"6841207"_s);
 }
 
 TEST_F(Fluke702Technician, FollowsAPlanOnceAndOnceMore) {
-    shop_.put(u"plan"_s, "PT-103; as-found; 1; J. Öz; 71204; 2026-11-20 09:15\nPT-103; as-left; 0.1\n");
+    folder_.put(u"plan"_s, "PT-103; as-found; 1; J. Öz; 71204; 2026-11-20 09:15\nPT-103; as-left; 0.1\n");
     for (const std::size_t runs : {2U, 4U}) {
-        EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, shop_.path(u"plan"_s)}).output,
+        EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, folder_.path(u"plan"_s)}).output,
                   u"PT-103: as found, 3 points taken\nPT-103: as left, 3 points taken\n"_s);
-        EXPECT_EQ(kept().contents.runs.size(), runs);
+        EXPECT_EQ(storedMemory().contents.runs.size(), runs);
     }
-    EXPECT_EQ(kept().contents.runs[0].technician, u"J. Öz"_s);
-    EXPECT_EQ(kept().contents.runs[1].minute, 16);
+    EXPECT_EQ(storedMemory().contents.runs[0].technician, u"J. Öz"_s);
+    EXPECT_EQ(storedMemory().contents.runs[1].minute, 16);
 }
 
 TEST_F(Fluke702Technician, EmptiesTheResultsAndKeepsTheTasks) {
     EXPECT_EQ(technician({u"carry-out"_s}).code, 0);
     EXPECT_EQ(technician({u"erase"_s}).output, u"2 results erased\n"_s);
-    EXPECT_TRUE(kept().contents.runs.empty());
-    EXPECT_EQ(kept().contents.tasks.size(), 2U);
+    EXPECT_TRUE(storedMemory().contents.runs.empty());
+    EXPECT_EQ(storedMemory().contents.tasks.size(), 2U);
 }
 
 TEST_F(Fluke702Technician, SaysWhatIsWrongAndChangesNothing) {
-    shop_.put(u"plan"_s, "PT-999\n");
-    const QString plan = shop_.path(u"plan"_s);
-    const Memory before = kept();
+    folder_.put(u"plan"_s, "PT-999\n");
+    const QString plan = folder_.path(u"plan"_s);
+    const Memory before = storedMemory();
     const struct {
         QStringList arguments;
         const char* words;
@@ -99,7 +99,7 @@ TEST_F(Fluke702Technician, SaysWhatIsWrongAndChangesNothing) {
             << outcome.errors.toStdString();
         EXPECT_EQ(outcome.output, QString()) << entry.words;
     }
-    EXPECT_EQ(kept(), before);
+    EXPECT_EQ(storedMemory(), before);
 }
 
 TEST_F(Fluke702Technician, HasNothingToDoOnAnEmptyCalibrator) {
@@ -110,13 +110,13 @@ TEST_F(Fluke702Technician, HasNothingToDoOnAnEmptyCalibrator) {
 }
 
 TEST_F(Fluke702Technician, RefusesADamagedMemory) {
-    const QByteArray half = shop_.contentOf(u"fluke702.json"_s).chopped(30);
-    shop_.put(u"fluke702.json"_s, half);
+    const QByteArray half = folder_.contentOf(u"fluke702.json"_s).chopped(30);
+    folder_.put(u"fluke702.json"_s, half);
     const Outcome outcome = technician({u"carry-out"_s});
     EXPECT_EQ(outcome.code, 1);
     EXPECT_TRUE(outcome.errors.contains(u"is not a calibrator's memory, or is damaged: at byte"_s))
         << outcome.errors.toStdString();
-    EXPECT_EQ(shop_.contentOf(u"fluke702.json"_s), half);
+    EXPECT_EQ(folder_.contentOf(u"fluke702.json"_s), half);
 }
 
 TEST_F(Fluke702Technician, ManyTechniciansLoseNothing) {
@@ -126,7 +126,7 @@ TEST_F(Fluke702Technician, ManyTechniciansLoseNothing) {
             u"kelvane-technician"_s, {u"--memory"_s, file(), u"carry-out"_s, u"--only"_s, u"PT-103"_s}));
     for (const std::unique_ptr<QProcess>& process : technicians)
         EXPECT_EQ(outcomeOf(*process).code, 0);
-    EXPECT_EQ(kept().contents.runs.size(), 8U);
+    EXPECT_EQ(storedMemory().contents.runs.size(), 8U);
 }
 
 } // namespace kelvane::simulators::fluke702

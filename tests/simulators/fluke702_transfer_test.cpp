@@ -88,7 +88,7 @@ TEST_F(Fluke702Transfer, ADownloadReplacesAllThatTheCalibratorHeld) {
     EXPECT_EQ(library_.MEMprompt("KLMNOPQRST"), Done);
     EXPECT_EQ(library_.MEMendTask(), Done);
     ASSERT_EQ(download(), Done);
-    const Contents now = kept().contents;
+    const Contents now = storedMemory().contents;
     EXPECT_EQ(now.strategies, (std::vector<Strategy>{{u"LINEARITY"_s, {0, 0, 0.1F}}}));
     EXPECT_EQ(now.prompts, (std::vector<Prompt>{{u"ABCDEFGHIJ"_s, u"Vent it – slowly."_s},
                                                 {u"KLMNOPQRST"_s, {}},
@@ -98,27 +98,27 @@ TEST_F(Fluke702Transfer, ADownloadReplacesAllThatTheCalibratorHeld) {
         (std::vector<Task>{
             {u"TIT-201"_s, {u"ABCDEFGHIJ"_s}, {u"KLMNOPQRST"_s}, 1, 1, true, u"TIT-201"_s, u"None"_s}}));
     EXPECT_TRUE(now.runs.empty()) << "results go with what they belonged to";
-    EXPECT_EQ(kept().identity, Identity());
+    EXPECT_EQ(storedMemory().identity, Identity());
 }
 
 TEST_F(Fluke702Transfer, AnEmptyImageEmptiesTheCalibrator) {
     fillCalibrator();
     ASSERT_EQ(download(), Done);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
 }
 
 TEST_F(Fluke702Transfer, AnUploadBringsTheImageWhatTheCalibratorHolds) {
     fillCalibrator();
-    const Memory before = kept();
+    const Memory before = storedMemory();
     defineTask("GONE");
     ASSERT_EQ(upload(), Done);
-    EXPECT_EQ(kept(), before) << "an upload changes nothing on the calibrator";
+    EXPECT_EQ(storedMemory(), before) << "an upload changes nothing on the calibrator";
     // What came up goes down again, without the results.
-    library_.surround({shop_.path(u"other.json"_s), {}, {}});
+    library_.setEnvironment({folder_.path(u"other.json"_s), {}, {}});
     ASSERT_EQ(download(), Done);
     Memory expected = before;
     expected.contents.runs.clear();
-    MemoryFile(shop_.path(u"other.json"_s)).use([&](const Memory& memory) {
+    MemoryFile(folder_.path(u"other.json"_s)).use([&](const Memory& memory) {
         EXPECT_EQ(memory, expected);
         return false;
     });
@@ -137,13 +137,13 @@ TEST_F(Fluke702Transfer, AStateThatCameUpStaysInUse) {
 
 TEST_F(Fluke702Transfer, ADownloadThatNeverBeganChangesNothing) {
     fillCalibrator();
-    const Memory before = kept();
+    const Memory before = storedMemory();
     defineTask("A");
     qint32 count = 0;
     ASSERT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
     ASSERT_EQ(library_.DPCdnlStart(&count), Done);
     library_.DPCclose();
-    EXPECT_EQ(kept(), before);
+    EXPECT_EQ(storedMemory(), before);
 }
 
 TEST_F(Fluke702Transfer, ADownloadThatBreaksOffLeavesTheCalibratorEmpty) {
@@ -154,17 +154,17 @@ TEST_F(Fluke702Transfer, ADownloadThatBreaksOffLeavesTheCalibratorEmpty) {
     ASSERT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
     ASSERT_EQ(library_.DPCdnlStart(&count), Done);
     ASSERT_EQ(library_.DPCdnlStep(&count), Done);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
     ASSERT_EQ(library_.DPCdnlStep(&count), Done);
     EXPECT_EQ(count, 1);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
     EXPECT_EQ(library_.DPCclose(), Done);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
     ASSERT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
     EXPECT_EQ(library_.DPCdnlStep(&count), OutOfStep) << "it does not go on by itself";
     library_.DPCclose();
     EXPECT_EQ(download(), Done) << "the image is still there";
-    EXPECT_EQ(kept().contents.tasks.size(), 2U);
+    EXPECT_EQ(storedMemory().contents.tasks.size(), 2U);
 }
 
 TEST_F(Fluke702Transfer, AnUploadThatBreaksOffLeavesWhatHasCome) {
@@ -210,11 +210,11 @@ TEST_F(Fluke702Transfer, AnOpenTaskIsNotTransferred) {
 TEST_F(Fluke702Transfer, MoreTasksThanItTakesAreRefusedBeforeAnythingIsErased) {
     fillCalibrator();
     keep([](Memory& memory) { memory.identity.room = 1; });
-    const Memory before = kept();
+    const Memory before = storedMemory();
     defineTask("A");
     defineTask("B");
     EXPECT_EQ(download(), NoRoom);
-    EXPECT_EQ(kept(), before);
+    EXPECT_EQ(storedMemory(), before);
     library_.MEMclear();
     defineTask("A");
     EXPECT_EQ(download(), Done);
@@ -224,16 +224,16 @@ TEST_F(Fluke702Transfer, TakesTheMostInstrumentsOfAPackage) {
     for (int number = 0; number < 501; ++number)
         defineTask(QByteArray::number(number).constData());
     ASSERT_EQ(download(), Done);
-    EXPECT_EQ(kept().contents.tasks.size(), 501U);
+    EXPECT_EQ(storedMemory().contents.tasks.size(), 501U);
     ASSERT_EQ(upload(), Done);
 }
 
 TEST_F(Fluke702Transfer, ADamagedMemoryIsNoCalibratorAndIsLeftAlone) {
-    shop_.put(u"fluke702.json"_s, "{ half a mem");
+    folder_.put(u"fluke702.json"_s, "{ half a mem");
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer);
     qint32 count = 0;
     EXPECT_EQ(library_.DPCdnlStart(&count), NotOpen);
-    EXPECT_EQ(shop_.contentOf(u"fluke702.json"_s), "{ half a mem");
+    EXPECT_EQ(folder_.contentOf(u"fluke702.json"_s), "{ half a mem");
     ASSERT_TRUE(QFile::remove(file()));
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
 }
@@ -243,17 +243,17 @@ TEST_F(Fluke702Transfer, AMemoryThatIsDamagedMeanwhileFailsTheTransfer) {
     ASSERT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), Done);
     qint32 count = 0;
     ASSERT_EQ(library_.DPCdnlStart(&count), Done);
-    shop_.put(u"fluke702.json"_s, "{ half a mem");
+    folder_.put(u"fluke702.json"_s, "{ half a mem");
     EXPECT_EQ(library_.DPCdnlStep(&count), CantWrite);
     EXPECT_EQ(library_.DPCdnlStart(&count), CantWrite);
     EXPECT_EQ(library_.DPCuplStart(&count), CantRead);
-    EXPECT_EQ(shop_.contentOf(u"fluke702.json"_s), "{ half a mem");
+    EXPECT_EQ(folder_.contentOf(u"fluke702.json"_s), "{ half a mem");
 }
 
 TEST_F(Fluke702Transfer, AMemoryThatCantBeReachedOrWrittenIsAFailure) {
-    library_.surround({shop_.path(u"nowhere/memory.json"_s), {}, {}});
+    library_.setEnvironment({folder_.path(u"nowhere/memory.json"_s), {}, {}});
     EXPECT_EQ(library_.DPCopen(9600, "COM1", 1000, 5), NoAnswer);
-    library_.surround(environment());
+    library_.setEnvironment(environment());
     ASSERT_TRUE(QDir().mkpath(file() + u".new"_s));
     EXPECT_EQ(download(), CantWrite);
 }

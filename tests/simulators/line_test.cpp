@@ -15,11 +15,11 @@ struct FrameCase {
     const char* onTheLine;
 };
 
-FrameReader::Heard feed(FrameReader& reader, const QByteArray& bytes) {
-    FrameReader::Heard heard = FrameReader::Heard::More;
+FrameReader::Received feed(FrameReader& reader, const QByteArray& bytes) {
+    FrameReader::Received received = FrameReader::Received::More;
     for (const char byte : bytes)
-        heard = reader.take(byte);
-    return heard;
+        received = reader.take(byte);
+    return received;
 }
 
 } // namespace
@@ -41,7 +41,7 @@ TEST(SimulatedLine, FramesAReplyWithDoubledDleAndCheckBytes) {
 TEST(SimulatedLine, ReadsAMessageAndTakesDoubledDleForOne) {
     for (const char* const body : {"543041", "5410", "101010", "541041", "", "5410034210"}) {
         FrameReader reader;
-        EXPECT_EQ(feed(reader, frame(hex(body))), FrameReader::Heard::Message) << body;
+        EXPECT_EQ(feed(reader, frame(hex(body))), FrameReader::Received::Message) << body;
         EXPECT_EQ(reader.message(), hex(body)) << body;
     }
 }
@@ -52,8 +52,8 @@ TEST(SimulatedLine, RefusesAFrameWithAnyOneByteChanged) {
         QByteArray bad = good;
         bad[place] = static_cast<char>(bad[place] ^ 0x20);
         FrameReader reader;
-        EXPECT_EQ(feed(reader, bad), FrameReader::Heard::Refused) << place;
-        EXPECT_EQ(reader.heard(), bad) << place;
+        EXPECT_EQ(feed(reader, bad), FrameReader::Received::Refused) << place;
+        EXPECT_EQ(reader.receivedFrame(), bad) << place;
     }
 }
 
@@ -64,7 +64,7 @@ TEST(SimulatedLine, AByteLostOrAddedAtAnyPlaceNeverMakesTheMessage) {
              {QByteArray(whole).remove(place, 1), QByteArray(whole).insert(place, 'U')}) {
             FrameReader reader;
             for (const char byte : broken + linkStart())
-                EXPECT_NE(reader.take(byte), FrameReader::Heard::Message) << place;
+                EXPECT_NE(reader.take(byte), FrameReader::Received::Message) << place;
         }
     }
 }
@@ -72,32 +72,32 @@ TEST(SimulatedLine, AByteLostOrAddedAtAnyPlaceNeverMakesTheMessage) {
 TEST(SimulatedLine, RefusesAFrameWithASingleDle) {
     FrameReader reader;
     const QByteArray checked = hex("54 10 41 10 03");
-    EXPECT_EQ(feed(reader, checked + checkBytes(checked)), FrameReader::Heard::Refused);
+    EXPECT_EQ(feed(reader, checked + checkBytes(checked)), FrameReader::Received::Refused);
 }
 
 TEST(SimulatedLine, ALinkStartInsideAFrameBeginsAnew) {
     FrameReader reader;
-    EXPECT_EQ(feed(reader, hex("54 30 10 04 02")), FrameReader::Heard::LinkStart);
-    EXPECT_EQ(feed(reader, hex("54 30 41 10 03 67 BF")), FrameReader::Heard::Message);
+    EXPECT_EQ(feed(reader, hex("54 30 10 04 02")), FrameReader::Received::LinkStart);
+    EXPECT_EQ(feed(reader, hex("54 30 41 10 03 67 BF")), FrameReader::Received::Message);
     EXPECT_EQ(reader.message(), "T0A");
 }
 
 TEST(SimulatedLine, ADoubledDleBeforeEotAndStxIsNoLinkStart) {
     FrameReader reader;
-    EXPECT_EQ(feed(reader, hex("54 10 10 04 02")), FrameReader::Heard::More);
+    EXPECT_EQ(feed(reader, hex("54 10 10 04 02")), FrameReader::Received::More);
 }
 
 TEST(SimulatedLine, DleEotWithoutStxIsNoLinkStartButSpoilsTheFrame) {
     FrameReader reader;
     const QByteArray checked = hex("54 10 04 41 10 03");
-    EXPECT_EQ(feed(reader, checked + checkBytes(checked)), FrameReader::Heard::Refused);
+    EXPECT_EQ(feed(reader, checked + checkBytes(checked)), FrameReader::Received::Refused);
 }
 
 TEST(SimulatedLine, AFrameWithoutEndIsRefusedWhenItEndsAfterAll) {
     FrameReader reader;
-    EXPECT_EQ(feed(reader, QByteArray(1'000'000, 'A')), FrameReader::Heard::More);
-    EXPECT_EQ(feed(reader, hex("10 03 00 00")), FrameReader::Heard::Refused);
-    EXPECT_LT(reader.heard().size(), 5000);
+    EXPECT_EQ(feed(reader, QByteArray(1'000'000, 'A')), FrameReader::Received::More);
+    EXPECT_EQ(feed(reader, hex("10 03 00 00")), FrameReader::Received::Refused);
+    EXPECT_LT(reader.receivedFrame().size(), 5000);
 }
 
 TEST(SimulatedLine, TextsAreWindows1252) {

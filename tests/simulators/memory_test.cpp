@@ -14,7 +14,7 @@ namespace kelvane::simulators {
 
 namespace {
 
-Characteristic filled(const QString& name) {
+Characteristic filledCharacteristic(const QString& name) {
     Characteristic made{name, {}, u"“as found” – 5 €"_s, {}};
     EXPECT_EQ(readFields(addMessage({}).sliced(7), made.fields), FieldBytes::Read);
     made.results = {{20261120, 91500, {200200, -1, 2147483647, -2147483647 - 1}}, {20240229, 0, {}}};
@@ -23,7 +23,7 @@ Characteristic filled(const QString& name) {
 
 Memory filledMemory() {
     return {{{u"KVTASK"_s, 3, {u"TW-1"_s, u"gone"_s}}, {u"other"_s, 3, {}}},
-            {filled(u"TW-1"_s), filled(u"Ä\"1;'"_s)}};
+            {filledCharacteristic(u"TW-1"_s), filledCharacteristic(u"Ä\"1;'"_s)}};
 }
 
 /// The reason for which the text is refused; empty when it is taken.
@@ -67,7 +67,7 @@ TEST(CalibratorMemory, AShortFormKeepsItsFieldsMissing) {
 }
 
 TEST(CalibratorMemory, RefusesADamagedTextAndSaysWhy) {
-    const QByteArray good = textOf({{}, {filled(u"TW-1"_s)}});
+    const QByteArray good = textOf({{}, {filledCharacteristic(u"TW-1"_s)}});
     const auto with = [&](const char* before, const char* after) {
         EXPECT_TRUE(good.contains(before)) << before;
         return QByteArray(good).replace(before, after);
@@ -97,7 +97,7 @@ TEST(CalibratorMemory, RefusesADamagedTextAndSaysWhy) {
         {with("2026-11-20", "2026-11-31"), "not a date and time"},
         {with("09:15:00", "25:00:00"), "not a date and time"},
         {with("\"comment\": ", "\"note\": "), "\"note\" is unknown"},
-        {textOf({{}, {filled(u"A"_s), filled(u"A"_s)}}), "\"A\" stands twice"},
+        {textOf({{}, {filledCharacteristic(u"A"_s), filledCharacteristic(u"A"_s)}}), "\"A\" stands twice"},
         {textOf({{{u"R"_s, 3, {}}, {u"R"_s, 3, {}}}, {}}), "\"R\" stands twice"},
         {QByteArray("{\"format\": \"kelvane-torquestar memory 1\", \"rounds\": []}"),
          "\"characteristics\" is missing"},
@@ -127,7 +127,7 @@ TEST(CalibratorMemory, ADamagedFileIsRefusedByNameAndLeftAlone) {
     EXPECT_EQ(simulatorFolder.contentOf(u"memory.json"_s), "{ half a mem");
 }
 
-TEST(CalibratorMemory, AChangeBySomebodyElseIsSeenAndKept) {
+TEST(CalibratorMemory, AChangeByAnotherProcessIsSeenAndKept) {
     const SimulatorFolder simulatorFolder;
     MemoryFile calibrator(simulatorFolder.memory());
     MemoryFile technician(simulatorFolder.memory());
@@ -165,12 +165,12 @@ TEST(CalibratorMemory, IsWrittenInOneStepAndLeavesNoDraft) {
     EXPECT_EQ(left, (QStringList{u"memory.json"_s, u"memory.json.lock"_s}));
 }
 
-TEST(CalibratorMemory, AFolderThatIsNotThereIsTold) {
+TEST(CalibratorMemory, AMissingFolderIsReported) {
     const SimulatorFolder simulatorFolder;
     EXPECT_THROW(read(simulatorFolder.path(u"nowhere/memory.json"_s)), Failure);
 }
 
-TEST(CalibratorMemory, AFileThatCantBeReplacedIsTold) {
+TEST(CalibratorMemory, AFileThatCantBeReplacedIsReported) {
     const SimulatorFolder simulatorFolder;
     ASSERT_TRUE(QDir().mkpath(simulatorFolder.path(u"memory.json.new"_s)));
     MemoryFile file(simulatorFolder.memory());

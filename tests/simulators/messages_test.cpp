@@ -20,7 +20,7 @@ class TorqueStarMessages : public ::testing::Test {
         });
     }
 
-    Memory kept() {
+    Memory storedMemory() {
         Memory kept;
         MemoryFile(folder_.memory()).use([&](Memory& memory) {
             kept = memory;
@@ -53,7 +53,7 @@ TEST_F(TorqueStarMessages, ARoundIsThereOnlyOnceStored) {
     EXPECT_EQ(answer(addMessage("TW-1")), "t1A");
     EXPECT_EQ(answer("T2C"), "t2C");
     EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 01"));
-    EXPECT_EQ(kept().rounds, (std::vector<Round>{{u"KVTASK"_s, 3, {u"TW-1"_s}}}));
+    EXPECT_EQ(storedMemory().rounds, (std::vector<Round>{{u"KVTASK"_s, 3, {u"TW-1"_s}}}));
 }
 
 TEST_F(TorqueStarMessages, ErasingARoundLeavesItsCharacteristics) {
@@ -63,7 +63,7 @@ TEST_F(TorqueStarMessages, ErasingARoundLeavesItsCharacteristics) {
     EXPECT_EQ(answer("T2E" + round_), hex("74 32 45 01"));
     EXPECT_EQ(answer("T2E" + round_), hex("74 32 45 00"));
     EXPECT_EQ(answer("T2F" + round_), hex("74 32 46 00"));
-    EXPECT_EQ(kept().characteristics.size(), 1U);
+    EXPECT_EQ(storedMemory().characteristics.size(), 1U);
 }
 
 TEST_F(TorqueStarMessages, CreatingARoundHasItsErrorCodes) {
@@ -110,7 +110,7 @@ TEST_F(TorqueStarMessages, ACharacteristicReplacedWhileTheRoundIsMadeStandsInItO
     answer("T1J");
     EXPECT_EQ(answer(addMessage("TW-1")), "t1A");
     EXPECT_EQ(answer("T2C"), "t2C");
-    EXPECT_EQ(kept().rounds.front().characteristics, std::vector<QString>{u"TW-1"_s});
+    EXPECT_EQ(storedMemory().rounds.front().characteristics, std::vector<QString>{u"TW-1"_s});
 }
 
 TEST_F(TorqueStarMessages, ANewSessionForgetsTheRoundBeingMade) {
@@ -137,10 +137,10 @@ TEST_F(TorqueStarMessages, ACharacteristicWithResultsIsSelected) {
     EXPECT_EQ(answer("T1C" + wireName("TW-1")), "t1C");
 }
 
-TEST_F(TorqueStarMessages, AnExistingCharacteristicIsToldByAFourthCharacter) {
+TEST_F(TorqueStarMessages, AFourthCharacterMarksAnExistingCharacteristic) {
     answer(addMessage("TW-1"));
     EXPECT_EQ(answer(addMessage("TW-1")).size(), 4);
-    EXPECT_EQ(kept().characteristics.size(), 1U);
+    EXPECT_EQ(storedMemory().characteristics.size(), 1U);
 }
 
 TEST_F(TorqueStarMessages, ADeletedCharacteristicDoesNotExist) {
@@ -149,7 +149,7 @@ TEST_F(TorqueStarMessages, ADeletedCharacteristicDoesNotExist) {
     EXPECT_EQ(answer("T1J"), hex("74 31 4A 01"));
     EXPECT_EQ(answer("T1J"), hex("74 31 4A 00"));
     EXPECT_EQ(answer("T1C" + wireName("TW-1")), noSuchName_);
-    EXPECT_EQ(kept(), Memory());
+    EXPECT_EQ(storedMemory(), Memory());
 }
 
 TEST_F(TorqueStarMessages, SelectingANameThatDoesNotExistLeavesNothingToDelete) {
@@ -157,7 +157,7 @@ TEST_F(TorqueStarMessages, SelectingANameThatDoesNotExistLeavesNothingToDelete) 
     answer("T1C" + wireName("TW-1"));
     answer("T1C" + wireName("TW-2"));
     EXPECT_EQ(answer("T1J"), hex("74 31 4A 00"));
-    EXPECT_EQ(kept().characteristics.size(), 1U);
+    EXPECT_EQ(storedMemory().characteristics.size(), 1U);
 }
 
 TEST_F(TorqueStarMessages, AResultIsDateTimeAndSamples) {
@@ -231,7 +231,7 @@ TEST_F(TorqueStarMessages, NamesKeepTheirBytes) {
     const QByteArray name = hex("C4 80 27 22 20 FF 3D");
     EXPECT_EQ(answer(addMessage(name)), "t1A");
     EXPECT_EQ(answer("T1C" + wireName(name)), hex("74 31 43 02"));
-    EXPECT_EQ(kept().characteristics.front().name, u"Ä€'\" ÿ="_s);
+    EXPECT_EQ(storedMemory().characteristics.front().name, u"Ä€'\" ÿ="_s);
 }
 
 TEST_F(TorqueStarMessages, MemoryOutlivesTheCalibratorButTheSelectionDoesNot) {

@@ -17,7 +17,7 @@ namespace {
 constexpr std::chrono::nanoseconds byteTime(1'041'666); // ten bits at 9600 baud
 const Moment start = Moment() + 1h;
 
-/// Lives through everything due by the moment; "<" stands before heard bytes, ">" before sent ones.
+/// Lives through everything due by the moment; "<" stands before received bytes, ">" before sent ones.
 QByteArray live(VirtualLine& line, Moment until) {
     QByteArray events;
     while (const std::optional<VirtualLine::Event> event = line.take(until))
@@ -27,9 +27,9 @@ QByteArray live(VirtualLine& line, Moment until) {
 
 } // namespace
 
-TEST(VirtualLineTest, AByteIsHeardWhenItsTenBitsAreThrough) {
+TEST(VirtualLineTest, AByteIsReceivedAfterItsTenBits) {
     VirtualLine line(9600);
-    line.arrived("abc", start);
+    line.addReceived("abc", start);
     EXPECT_EQ(line.next(), start + byteTime);
     EXPECT_EQ(live(line, start + byteTime - 1ns), "");
     EXPECT_EQ(live(line, start + byteTime), "<a");
@@ -39,15 +39,15 @@ TEST(VirtualLineTest, AByteIsHeardWhenItsTenBitsAreThrough) {
 
 TEST(VirtualLineTest, BytesPassedLaterQueueBehindThoseOnTheLine) {
     VirtualLine line(9600);
-    line.arrived("ab", start);
-    line.arrived("c", start + byteTime / 2);
+    line.addReceived("ab", start);
+    line.addReceived("c", start + byteTime / 2);
     EXPECT_EQ(live(line, start + 3 * byteTime - 1ns), "<a<b");
     EXPECT_EQ(live(line, start + 3 * byteTime), "<c");
 }
 
-TEST(VirtualLineTest, AnAnswerStartsAtTheMomentOfWhatItAnswersHoweverLateThatIsLookedAt) {
+TEST(VirtualLineTest, AnAnswerStartsAtTheMomentOfItsMessageHoweverLateThatIsRead) {
     VirtualLine line(9600);
-    line.arrived("a", start);
+    line.addReceived("a", start);
     EXPECT_EQ(live(line, start + 5 * byteTime), "<a");
     line.send("xyz");
     EXPECT_EQ(line.next(), start + 2 * byteTime);
@@ -56,7 +56,7 @@ TEST(VirtualLineTest, AnAnswerStartsAtTheMomentOfWhatItAnswersHoweverLateThatIsL
 
 TEST(VirtualLineTest, LatenessDoesNotAddUp) {
     VirtualLine line(9600);
-    line.arrived("a", start);
+    line.addReceived("a", start);
     live(line, start + byteTime);
     line.send(QByteArray(960, 'x'));
     for (int byte = 1; byte <= 960; ++byte)
@@ -65,16 +65,16 @@ TEST(VirtualLineTest, LatenessDoesNotAddUp) {
 
 TEST(VirtualLineTest, BothDirectionsRunAtOnce) {
     VirtualLine line(9600);
-    line.arrived("a", start);
+    line.addReceived("a", start);
     live(line, start + byteTime);
     line.send("x");
-    line.arrived("b", start + byteTime);
+    line.addReceived("b", start + byteTime);
     EXPECT_EQ(live(line, start + 2 * byteTime), ">x<b");
 }
 
 TEST(VirtualLineTest, WithoutPaceEverythingIsDueAtOnce) {
     VirtualLine line(std::nullopt);
-    line.arrived("ab", start);
+    line.addReceived("ab", start);
     EXPECT_EQ(live(line, start), "<a<b");
     line.send("xyz");
     EXPECT_EQ(live(line, start), ">xyz");
@@ -82,7 +82,7 @@ TEST(VirtualLineTest, WithoutPaceEverythingIsDueAtOnce) {
 
 TEST(VirtualLineTest, ADelayCountsFromTheEventBefore) {
     VirtualLine line(std::nullopt);
-    line.arrived("a", start);
+    line.addReceived("a", start);
     live(line, start);
     line.send("x", 120ms);
     EXPECT_EQ(live(line, start + 120ms - 1ns), "");
@@ -91,7 +91,7 @@ TEST(VirtualLineTest, ADelayCountsFromTheEventBefore) {
 
 TEST(VirtualLineTest, WhatIsDroppedIsNotSent) {
     VirtualLine line(9600);
-    line.arrived("a", start);
+    line.addReceived("a", start);
     live(line, start + byteTime);
     line.send("xyz");
     EXPECT_EQ(live(line, start + 2 * byteTime), ">x");
@@ -102,12 +102,12 @@ TEST(VirtualLineTest, WhatIsDroppedIsNotSent) {
 TEST(VirtualLineTest, NoiseGoesOnUntilItIsDroppedAndHoldsNoAnswer) {
     VirtualLine line(std::nullopt);
     line.noise();
-    QByteArray heard;
+    QByteArray received;
     for (int step = 0; step < 5000; ++step)
-        heard += line.take(*line.next())->bytes;
-    EXPECT_EQ(heard.size(), 5000);
+        received += line.take(*line.next())->bytes;
+    EXPECT_EQ(received.size(), 5000);
     for (const char answer : {'\x02', '\x06', '\x10'})
-        EXPECT_FALSE(heard.contains(answer));
+        EXPECT_FALSE(received.contains(answer));
     line.drop();
     EXPECT_EQ(line.next(), std::nullopt);
 }
@@ -116,14 +116,14 @@ TEST(VirtualLineTest, VanishesWhenAllIsSent) {
     VirtualLine line(9600);
     line.send("xy");
     line.vanish();
-    EXPECT_FALSE(line.vanished());
+    EXPECT_FALSE(line.hasVanished());
     live(line, Moment() + 1h);
-    EXPECT_TRUE(line.vanished());
+    EXPECT_TRUE(line.hasVanished());
 }
 
-TEST(VirtualLineTest, TellsTheTwoBytesBehindTheOneBeingHeard) {
+TEST(VirtualLineTest, GivesTheTwoBytesBehindTheOneBeingReceived) {
     VirtualLine line(std::nullopt);
-    line.arrived("abcd", start);
+    line.addReceived("abcd", start);
     line.take(start);
     EXPECT_EQ(line.following(), "bc");
 }

@@ -87,9 +87,9 @@ QByteArray Peer::receive(int count) {
     return bytes;
 }
 
-void Peer::expect(const QByteArray& heard, const QByteArray& wanted, const char* what) {
-    if (heard != wanted)
-        throw std::runtime_error(std::string(what) + ": heard \"" + heard.toHex().toStdString() + '"');
+void Peer::expect(const QByteArray& received, const QByteArray& wanted, const char* what) {
+    if (received != wanted)
+        throw std::runtime_error(std::string(what) + ": heard \"" + received.toHex().toStdString() + '"');
 }
 
 void Peer::startLink() {
@@ -101,7 +101,7 @@ void Peer::sendMessage(const QByteArray& message) {
     send(frame(message));
 }
 
-void Peer::hearAnnouncement() {
+void Peer::receiveAnnouncement() {
     expect(receive(2), QByteArray(1, acknowledge_) + '\x02', "acknowledge and announcement");
 }
 
@@ -125,7 +125,7 @@ QByteArray Peer::exchange(const QByteArray& message) {
     open();
     startLink();
     sendMessage(message);
-    hearAnnouncement();
+    receiveAnnouncement();
     acknowledge();
     const QByteArray reply = receiveFrame();
     expect(reply.last(2), checkOf(reply.chopped(2)), "check bytes");

@@ -19,9 +19,9 @@ class Peer {
     /// This many bytes, or those that came before the other end went away or fell silent.
     QByteArray receive(int count);
 
-    void startLink();                            ///< sends the link start and hears the acknowledge
+    void startLink();                            ///< sends the link start and receives the acknowledge
     void sendMessage(const QByteArray& message); ///< sends the frame alone
-    void hearAnnouncement();                     ///< hears acknowledge and announcement
+    void receiveAnnouncement();                  ///< receives acknowledge and announcement
     void acknowledge();
     QByteArray receiveFrame(); ///< up to the second check byte
     /// A whole exchange on a freshly opened port; gives the reply without its stuffing.
@@ -31,7 +31,7 @@ class Peer {
     static QByteArray frame(const QByteArray& message);
 
   private:
-    void expect(const QByteArray& heard, const QByteArray& wanted, const char* what);
+    void expect(const QByteArray& received, const QByteArray& wanted, const char* what);
 
     QByteArray device_;
     char acknowledge_;

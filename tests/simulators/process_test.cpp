@@ -67,7 +67,7 @@ TEST(CalibratorProgram, LeavesTheLinkOfALaterOne) {
     EXPECT_EQ(QFile::symLinkTarget(simulatorFolder.link()), second.device());
 }
 
-TEST(CalibratorProgram, LeavesAFileInTheWayOfTheLinkAlone) {
+TEST(CalibratorProgram, KeepsAFileThatBlocksTheLink) {
     const SimulatorFolder simulatorFolder;
     simulatorFolder.put(u"torquestar"_s, "precious");
     const Outcome outcome = runCalibrator(simulatorFolder, {u"--link"_s, simulatorFolder.link()});
@@ -76,7 +76,7 @@ TEST(CalibratorProgram, LeavesAFileInTheWayOfTheLinkAlone) {
     EXPECT_EQ(simulatorFolder.contentOf(u"torquestar"_s), "precious");
 }
 
-TEST(CalibratorProgram, RefusesADamagedMemoryBeforeAnybodyTalksToIt) {
+TEST(CalibratorProgram, RefusesADamagedMemoryBeforeTheFirstLink) {
     const SimulatorFolder simulatorFolder;
     simulatorFolder.put(u"memory.json"_s, "{");
     const Outcome outcome = runCalibrator(simulatorFolder, {});
@@ -126,7 +126,7 @@ TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
     EXPECT_EQ(runProgram(u"kelvane-torquestar"_s, {}).code, 1);
 }
 
-TEST(CalibratorProgram, TellsASerialNumberThatTheWorkstationCantRead) {
+TEST(CalibratorProgram, ReportsASerialNumberThatTheWorkstationCantRead) {
     const SimulatorFolder simulatorFolder;
     Calibrator calibrator(simulatorFolder, {u"--no-pace"_s, u"--serial"_s, QString::number(0x010A01)});
     calibrator.process().terminate();

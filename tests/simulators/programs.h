@@ -34,7 +34,7 @@ std::unique_ptr<QProcess> startProgram(const QString& program, const QStringList
 Outcome outcomeOf(QProcess& process);
 Outcome runProgram(const QString& program, const QStringList& arguments);
 
-/// A running calibrator, serial number 48213, answering without pace unless told otherwise.
+/// A running calibrator, serial number 48213, answering without pace unless set otherwise.
 class Calibrator {
   public:
     explicit Calibrator(const SimulatorFolder& simulatorFolder,

@@ -32,7 +32,7 @@ class TechnicianProgram : public ::testing::Test {
         });
     }
 
-    Memory kept() {
+    Memory storedMemory() {
         Memory kept;
         MemoryFile(folder_.memory()).use([&](Memory& memory) {
             kept = memory;
@@ -41,7 +41,7 @@ class TechnicianProgram : public ::testing::Test {
         return kept;
     }
 
-    std::size_t resultsOf(const QString& name) { return kept().find(name)->results.size(); }
+    std::size_t resultsOf(const QString& name) { return storedMemory().find(name)->results.size(); }
 
     SimulatorFolder folder_;
     const QStringList points_{u"carry-out"_s, u"--points"_s, u"50,60,100"_s, u"--high"_s, u"100"_s};
@@ -86,7 +86,7 @@ TEST_F(TechnicianProgram, FollowsAPlan) {
     download({u"TW-1"_s, u"TW-2"_s});
     folder_.put(u"plan"_s, "TW-2; 50; 0.1; Prüfer: Öz; 2026-11-20 09:15\n");
     EXPECT_EQ(technician({u"carry-out"_s, u"--plan"_s, folder_.path(u"plan"_s)}).code, 0);
-    const Memory memory = kept();
+    const Memory memory = storedMemory();
     EXPECT_TRUE(memory.characteristics[0].results.empty());
     EXPECT_EQ(memory.characteristics[1].comment, u"Prüfer: Öz"_s);
     EXPECT_EQ(memory.characteristics[1].results.front(), (Result{20261120, 91500, {500500, 500500, 500500}}));
@@ -95,7 +95,7 @@ TEST_F(TechnicianProgram, FollowsAPlan) {
 TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
     download({u"TW-1"_s});
     folder_.put(u"plan"_s, "TW-9; 50\n");
-    const Memory before = kept();
+    const Memory before = storedMemory();
     const struct {
         QStringList arguments;
         const char* words;
@@ -125,7 +125,7 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
             << outcome.errors.toStdString();
         EXPECT_EQ(outcome.output, QString()) << entry.words;
     }
-    EXPECT_EQ(kept(), before);
+    EXPECT_EQ(storedMemory(), before);
 }
 
 TEST_F(TechnicianProgram, HasNothingToDoOnAnEmptyCalibrator) {
@@ -140,7 +140,7 @@ TEST_F(TechnicianProgram, ErasesTheResultsAndKeepsTheWork) {
     download({u"TW-1"_s, u"TW-2"_s});
     EXPECT_EQ(technician(points_ + QStringList{u"--comment"_s, u"as found"_s}).code, 0);
     EXPECT_EQ(technician({u"erase"_s}).output, u"18 results erased\n"_s);
-    const Memory memory = kept();
+    const Memory memory = storedMemory();
     ASSERT_EQ(memory.characteristics.size(), 2U);
     EXPECT_TRUE(memory.characteristics[0].results.empty());
     EXPECT_EQ(memory.characteristics[0].comment, QString());
@@ -165,7 +165,7 @@ TEST_F(TechnicianProgram, RefusesADamagedMemory) {
     EXPECT_EQ(folder_.contentOf(u"memory.json"_s), "{");
 }
 
-TEST_F(TechnicianProgram, WaitsWhileSomebodyElseHoldsTheMemory) {
+TEST_F(TechnicianProgram, WaitsWhileAnotherProcessLocksTheMemory) {
     download({u"TW-1"_s});
     const int lock = ::open(QFile::encodeName(folder_.path(u"memory.json.lock"_s)), O_RDWR | O_CLOEXEC);
     ASSERT_GE(lock, 0);
@@ -194,7 +194,7 @@ TEST_F(TechnicianProgram, ManyTechniciansAndACalibratorLoseNothing) {
     }
     for (const std::unique_ptr<QProcess>& process : technicians)
         EXPECT_EQ(outcomeOf(*process).code, 0);
-    EXPECT_EQ(kept().characteristics.size(), 16U);
+    EXPECT_EQ(storedMemory().characteristics.size(), 16U);
     for (const QString& name : names)
         EXPECT_EQ(resultsOf(name), 9U) << name.toStdString();
 }

@@ -183,7 +183,7 @@ TEST(CharacteristicCheck, ANameOfElevenCharactersIsTakenAndOneOfTwelveIsTooLong)
     EXPECT_EQ(replyTo(goodFields(), ""), refusedWith(0));
 }
 
-TEST(CharacteristicCheck, AFullMemoryHasNoRoom) {
+TEST(CharacteristicCheck, AFullMemoryTakesNoMore) {
     const SimulatorFolder simulatorFolder;
     MemoryFile memory(simulatorFolder.memory());
     Messages messages(memory, 48213, 2);

@@ -13,8 +13,8 @@ QString path(const QString& program) {
     return QCoreApplication::applicationDirPath() + u'/' + program;
 }
 
-/// What the tool of the compiler's package tells of a program's file.
-QString looked(const QString& option, const QString& program) {
+/// The output of the compiler package's tool for a program's file.
+QString readOutput(const QString& option, const QString& program) {
     QProcess process;
     process.start(u"readelf"_s, {u"-W"_s, option, path(program)});
     EXPECT_TRUE(process.waitForFinished(30000)) << process.errorString().toStdString();
@@ -28,15 +28,15 @@ TEST(Hardening, ProgramsHaveNoFixedPlaceAndTheirTablesBecomeReadOnly) {
     for (const auto& program : {u"kelvane"_s, u"kelvane-torquestar"_s, u"kelvane-technician"_s,
                                 u"libdpclnk.so"_s, u"hardened_program"_s}) {
         SCOPED_TRACE(program.toStdString());
-        EXPECT_TRUE(looked(u"--file-header"_s, program).contains(u"DYN ("_s));
-        EXPECT_TRUE(looked(u"--segments"_s, program).contains(u"GNU_RELRO"_s));
-        const auto dynamic = looked(u"--dynamic"_s, program);
+        EXPECT_TRUE(readOutput(u"--file-header"_s, program).contains(u"DYN ("_s));
+        EXPECT_TRUE(readOutput(u"--segments"_s, program).contains(u"GNU_RELRO"_s));
+        const auto dynamic = readOutput(u"--dynamic"_s, program);
         EXPECT_TRUE(dynamic.contains(u"BIND_NOW"_s) || dynamic.contains(u"Flags: NOW"_s));
     }
 }
 
 TEST(Hardening, ReleasedCodeChecksItsStackAndItsCopies) {
-    const auto symbols = looked(u"--dyn-syms"_s, u"hardened_program"_s);
+    const auto symbols = readOutput(u"--dyn-syms"_s, u"hardened_program"_s);
     EXPECT_TRUE(symbols.contains(u"__stack_chk_fail"_s));
     EXPECT_TRUE(symbols.contains(u"__strcpy_chk"_s));
 }

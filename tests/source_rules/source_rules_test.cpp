@@ -37,7 +37,7 @@ class SourceTree : public ::testing::Test {
 
 } // namespace
 
-TEST(SourceRules, LookAtTheTreeOfThisBuild) {
+TEST(SourceRules, ReadTheTreeOfThisBuild) {
     EXPECT_TRUE(sources().exists(u"platform/error.h"_s)) << sources().path().toStdString();
     EXPECT_TRUE(sources().exists(u"tests/source_rules/source_rules_test.cpp"_s));
 }
@@ -158,7 +158,7 @@ TEST_F(SourceTree, ReportsIncludesThatAreNotWrittenFromTheRoot) {
                         }));
 }
 
-TEST_F(SourceTree, ReportsAModuleThatIncludesFromOutside) {
+TEST_F(SourceTree, ReportsAModuleThatIncludesFromAnotherTree) {
     put(u"drivers/torquestar/a.cpp"_s, "#include \"simulators/torquestar/frames.h\"\n");
     put(u"simulators/torquestar/frames.h"_s);
     put(u"app/main.cpp"_s, "#include \"tests/help.h\"\n");

@@ -32,15 +32,15 @@ class SomeScreen final : public ChildWindow {
         auto* body = new QWidget;
         auto* column = new QVBoxLayout(body);
         column->setContentsMargins(2, 2, 2, 2);
-        for (auto* one : {static_cast<QWidget*>(field), static_cast<QWidget*>(accept),
-                          static_cast<QWidget*>(other), static_cast<QWidget*>(cancel)})
-            column->addWidget(one);
+        for (auto* widget : {static_cast<QWidget*>(field), static_cast<QWidget*>(accept),
+                             static_cast<QWidget*>(other), static_cast<QWidget*>(cancel)})
+            column->addWidget(widget);
         setBody(body);
         setDefaultButton(accept);
         setCancelButton(cancel);
         setFirstFocus(field);
-        for (auto* one : {accept, other, cancel})
-            connect(one, &QPushButton::clicked, this, [this, one] { clicked << one->text(); });
+        for (auto* button : {accept, other, cancel})
+            connect(button, &QPushButton::clicked, this, [this, button] { clicked << button->text(); });
     }
     bool mayClose() override {
         ++askedToClose;
@@ -120,9 +120,9 @@ TEST_F(ChildWindowTest, OpensAtTheStoredPositionInTwips) {
     EXPECT_EQ(open().pos(), QPoint(100, 50));
 }
 
-TEST_F(ChildWindowTest, APositionOutsideComesBackIntoView) {
-    const QSize room = area->viewport()->size();
-    const QPoint farthest(room.width() - 300, room.height() - 150);
+TEST_F(ChildWindowTest, APositionBeyondTheAreaIsMovedIntoView) {
+    const QSize space = area->viewport()->size();
+    const QPoint farthest(space.width() - 300, space.height() - 150);
     const struct {
         QStringView left;
         QStringView top;
@@ -310,7 +310,7 @@ TEST_F(ChildWindowTest, ControlWithPageDownAndPageUpChangesThePagesAroundTheFocu
     EXPECT_EQ(screen->outer->currentIndex(), 1);
 }
 
-TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
+TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreSpace) {
     const auto before = QApplication::font();
     QApplication::setFont(QFont(before.family(), 24));
     QCoreApplication::processEvents();
@@ -320,7 +320,7 @@ TEST_F(ChildWindowTest, GrowsWhereTheFontNeedsMoreRoom) {
     QApplication::setFont(before);
 }
 
-TEST_F(ChildWindowTest, TheMainWindowGrowsWithAScreenWhoseLettersNeedMoreRoomAndNotBeyondTheScreen) {
+TEST_F(ChildWindowTest, TheMainWindowGrowsWithAScreenWhoseFontNeedsMoreSpaceButNotBeyondTheDisplay) {
     const auto before = QApplication::font();
     const auto after = qScopeGuard([&] { QApplication::setFont(before); });
     window.resize(320, 200);
@@ -328,10 +328,10 @@ TEST_F(ChildWindowTest, TheMainWindowGrowsWithAScreenWhoseLettersNeedMoreRoomAnd
         QApplication::setFont(QFont(before.family(), size));
         QCoreApplication::processEvents();
         auto& screen = open();
-        const auto room = area->viewport()->size();
+        const auto space = area->viewport()->size();
         const auto most = window.screen()->availableSize();
-        EXPECT_TRUE(room.height() >= screen.height() || window.height() == most.height()) << size;
-        EXPECT_TRUE(room.width() >= screen.width() || window.width() == most.width()) << size;
+        EXPECT_TRUE(space.height() >= screen.height() || window.height() == most.height()) << size;
+        EXPECT_TRUE(space.width() >= screen.width() || window.width() == most.width()) << size;
         EXPECT_GT(window.height(), 200);
         screen.unload();
     }

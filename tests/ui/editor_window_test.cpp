@@ -27,7 +27,7 @@ class SomeEditor : public EditorWindow {
         : EditorWindow(session, u"SomeEditor"_s, {.width = 4500, .height = 2250}), field(new QLineEdit) {
         setBody(field);
         saveCheckSum();
-        onSignal(field, &QLineEdit::textChanged, this, session_.ui, [this] {
+        connectGuarded(field, &QLineEdit::textChanged, this, session_.ui, [this] {
             if (!isLoading())
                 ++changes;
         });
@@ -91,7 +91,7 @@ TEST_F(EditorWindowTest, IsChangedWhileItsSumDiffersFromTheSavedOne) {
     EXPECT_FALSE(editor.isChanged());
 }
 
-TEST_F(EditorWindowTest, ClosesWithoutAWordWhenNothingIsChanged) {
+TEST_F(EditorWindowTest, ClosesWithoutAQuestionWhenNothingIsChanged) {
     auto& editor = open<SomeEditor>();
     editor.close();
     EXPECT_FALSE(editor.isOpen());

@@ -61,8 +61,8 @@ class CustomDialogTest : public ProgramTest {
                 .defaultText = start};
     }
     void meet(const std::function<void(FormCustomDialog&, Controls)>& act) {
-        person.expectDialog(u"A caption"_s, u"A prompt:"_s,
-                            [act](FormCustomDialog& dialog) { act(dialog, Controls(dialog)); });
+        simulatedOperator.expectDialog(u"A caption"_s, u"A prompt:"_s,
+                                       [act](FormCustomDialog& dialog) { act(dialog, Controls(dialog)); });
     }
 };
 
@@ -103,7 +103,7 @@ TEST_F(CustomDialogTest, GrowsOnlyWhereItsCaptionOrPromptWouldBeCutOff) {
         auto question = textQuestion();
         question.caption = row.caption;
         question.prompt = row.prompt;
-        person.expectDialog(row.caption, row.prompt, [&](FormCustomDialog& dialog) {
+        simulatedOperator.expectDialog(row.caption, row.prompt, [&](FormCustomDialog& dialog) {
             EXPECT_EQ(dialog.width() > 268, row.wider) << row.caption.toStdString();
             EXPECT_EQ(dialog.height() > 157, row.higher) << row.prompt.toStdString();
             EXPECT_TRUE(program.window.area().viewport()->rect().contains(dialog.geometry()));
@@ -131,9 +131,9 @@ TEST_F(CustomDialogTest, TheAnswerIsTrimmed) {
 }
 
 TEST_F(CustomDialogTest, ARequiredEntryHasToBeMade) {
-    person.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
         Controls controls(dialog);
-        person.expectBox(requiredMessage, title, box::warning);
+        simulatedOperator.expectBox(requiredMessage, title, box::warning);
         click(controls.ok);
         EXPECT_TRUE(dialog.isOpen());
         EXPECT_TRUE(controls.field.hasFocus());
@@ -162,7 +162,7 @@ TEST_F(CustomDialogTest, AnOptionalFieldOfAnyOtherKindIsRefusedEmpty) {
                 {3, u"Invalid Time or Time Format!", u"14:30"}};
     for (const auto& row : rows) {
         meet([&](FormCustomDialog& dialog, Controls controls) {
-            person.expectBox(row.message.toString(), title, box::warning);
+            simulatedOperator.expectBox(row.message.toString(), title, box::warning);
             click(controls.ok);
             EXPECT_TRUE(dialog.isOpen());
             answerDialog(dialog, row.good.toString());
@@ -171,7 +171,7 @@ TEST_F(CustomDialogTest, AnOptionalFieldOfAnyOtherKindIsRefusedEmpty) {
     }
 }
 
-TEST(FaultOfEntry, IsToldByTheFieldsKind) {
+TEST(FaultOfEntry, DependsOnTheKindOfTheField) {
     const struct {
         QStringView entry;
         int kind;
@@ -215,7 +215,7 @@ TEST_F(CustomDialogTest, TheThirtyFirstCharacterIsRefusedAsItIsTyped) {
     EXPECT_EQ(ask(question).size(), 30);
 }
 
-TEST_F(CustomDialogTest, NoGreatestLengthSetsNoLimit) {
+TEST_F(CustomDialogTest, NoMaximumLengthSetsNoLimit) {
     const auto entry = u"x"_s.repeated(40000);
     meet([&](FormCustomDialog&, Controls controls) {
         controls.field.insert(entry);
@@ -265,7 +265,7 @@ TEST_F(CustomDialogTest, LongRowsWidenTheListThatDropsDownAndNotTheDialog) {
     EXPECT_EQ(ask(listQuestion({row, u"two"_s})), row.trimmed());
 }
 
-TEST_F(CustomDialogTest, AListOfTheGreatestLengthIsOffered) {
+TEST_F(CustomDialogTest, AListOfTheMaximumLengthIsOffered) {
     QStringList choices;
     for (int i = 1; i <= 2500; ++i)
         choices << u"row %1"_s.arg(i);
@@ -288,17 +288,17 @@ TEST(RowOfDefault, IsTheFirstThatBeginsWithItInCapitals) {
                  {u"luke", -1},
                  {u"Fluke 7023", -1},
                  {u"crane torquestar ivc", 0}};
-    for (const auto& one : cases)
-        EXPECT_EQ(rowOfDefault(rows, one.start.toString()), one.expected)
-            << one.start.toString().toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(rowOfDefault(rows, testCase.start.toString()), testCase.expected)
+            << testCase.start.toString().toStdString();
     EXPECT_EQ(rowOfDefault({}, QString()), -1);
 }
 
 TEST_F(CustomDialogTest, ADefaultThatBeginsNoRowLeavesNothingChosen) {
-    person.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"A caption"_s, u"A prompt:"_s, [this](FormCustomDialog& dialog) {
         Controls controls(dialog);
         EXPECT_EQ(controls.list.currentIndex(), -1);
-        person.expectBox(requiredMessage, title, box::warning);
+        simulatedOperator.expectBox(requiredMessage, title, box::warning);
         click(controls.ok);
         EXPECT_TRUE(controls.list.hasFocus());
         answerDialog(dialog, u"one"_s);
@@ -333,11 +333,11 @@ TEST_F(CustomDialogTest, CancellingNeedsASecondConfirmation) {
                     QTest::keyClick(&controls.field, Qt::Key_F4, Qt::ControlModifier);
                 }
             };
-            person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
+            simulatedOperator.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
             cancel();
             EXPECT_TRUE(dialog.isOpen());
             EXPECT_TRUE(controls.field.hasFocus());
-            person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::yes);
+            simulatedOperator.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::yes);
             cancel();
         });
         EXPECT_EQ(ask(textQuestion()), u"*CANCEL*"_s) << way;
@@ -347,7 +347,7 @@ TEST_F(CustomDialogTest, CancellingNeedsASecondConfirmation) {
 
 TEST_F(CustomDialogTest, NoToCancellingGivesTheFocusBackToTheList) {
     meet([this](FormCustomDialog&, Controls controls) {
-        person.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
+        simulatedOperator.expectBox(cancelQuestion, title, box::warningYesNo, BoxAnswer::no);
         click(controls.cancel);
         EXPECT_TRUE(controls.list.hasFocus());
         click(controls.ok);
@@ -398,7 +398,7 @@ TEST_F(CustomDialogTest, ThePointerIsNormalWhileItWaits) {
 
 TEST_F(CustomDialogTest, LogOutRefusesWhileItIsOpen) {
     meet([this](FormCustomDialog& dialog, Controls) {
-        person.expectBox(
+        simulatedOperator.expectBox(
             u"One or more windows are still open! Please close open windows before logging out..."_s, title,
             box::warning);
         choose(u"mnuLogout"_s);
@@ -410,11 +410,12 @@ TEST_F(CustomDialogTest, LogOutRefusesWhileItIsOpen) {
 
 TEST_F(CustomDialogTest, ClosingTheMainWindowMeanwhileAsksWhetherToExit) {
     meet([this](FormCustomDialog& dialog, Controls) {
-        person.expectBox(u"Are you sure you want to exit?"_s, title, box::question, BoxAnswer::no);
+        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, title, box::question, BoxAnswer::no);
         program.window.close();
         EXPECT_TRUE(program.window.isVisible());
         EXPECT_EQ(processEnded, 0);
-        person.expectBox(u"Are you sure you want to exit?"_s, title, box::question, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, title, box::question,
+                                    BoxAnswer::yes);
         program.window.close();
         EXPECT_EQ(processEnded, 1);
         answerDialog(dialog, u"x"_s);
@@ -436,7 +437,7 @@ TEST_F(CustomDialogTest, TextsAreShownAsTheyStand) {
     auto question = textQuestion();
     question.prompt = u"<b>Fish</b> & chips:"_s;
     question.caption = u"A <i>caption</i> & more"_s;
-    person.expectDialog(question.caption, question.prompt, [](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(question.caption, question.prompt, [](FormCustomDialog& dialog) {
         EXPECT_EQ(Controls(dialog).prompt.textFormat(), Qt::PlainText);
         answerDialog(dialog, u"x"_s);
     });

@@ -30,7 +30,7 @@ double contrast(const QColor& left, const QColor& right) {
     return std::max(first / second, second / first);
 }
 
-/// The greatest contrast that the empty indicator of a button has with the ground beside it.
+/// The highest contrast that the empty indicator of a button has with the ground beside it.
 double contrastOf(QAbstractButton& button, QStyle::SubElement indicator) {
     button.resize(button.sizeHint());
     QStyleOptionButton option;
@@ -42,10 +42,10 @@ double contrastOf(QAbstractButton& button, QStyle::SubElement indicator) {
         return picture.pixelColor(static_cast<int>(x * scale), static_cast<int>(y * scale));
     };
     const auto ground = button.palette().color(QPalette::Window);
-    double greatest = 1;
+    double highest = 1;
     for (int x = rect.left(); x < rect.center().x(); ++x)
-        greatest = std::max(greatest, contrast(at(x + 0.5, rect.center().y()), ground));
-    return greatest;
+        highest = std::max(highest, contrast(at(x + 0.5, rect.center().y()), ground));
+    return highest;
 }
 
 } // namespace
@@ -82,7 +82,7 @@ TEST_F(Indicators, AnUnchosenOptionCanBeSeenOnADarkGround) {
     EXPECT_GE(contrastOf(option, QStyle::SE_RadioButtonIndicator), 3);
 }
 
-TEST_F(Indicators, ALightPaletteKeepsTheStylesOwnLook) {
+TEST_F(Indicators, ALightPaletteKeepsTheStylesOwnIndicators) {
     for (const bool ticked : {false, true}) {
         CheckBox box(u"Indicated Input"_s);
         QCheckBox plain(u"Indicated Input"_s);

@@ -88,20 +88,20 @@ TEST_F(ListRows, ATakenRowLeavesNoSelectionAndTheKeyboardOnTheNext) {
     EXPECT_EQ(takeRow(list, 0), u""_s);
 }
 
-TEST_F(ListRows, HandingOverPutsARowAtTheEndOfTheOtherList) {
-    handOver(list, 0, other);
-    handOver(list, 1, other);
+TEST_F(ListRows, MovingPutsARowAtTheEndOfTheOtherList) {
+    moveRow(list, 0, other);
+    moveRow(list, 1, other);
     EXPECT_EQ(rowsOf(list), QStringList{u"two"_s});
     EXPECT_EQ(rowsOf(other), (QStringList{u"one"_s, u"three"_s}));
     for (const int none : {-1, 1, 100})
-        handOver(list, none, other);
+        moveRow(list, none, other);
     EXPECT_EQ(list.count(), 1);
     EXPECT_EQ(other.count(), 2);
 }
 
-TEST_F(ListRows, AnEmptyRowIsHandedOverToo) {
+TEST_F(ListRows, AnEmptyRowIsMovedToo) {
     list.addItem(QString());
-    handOver(list, 3, other);
+    moveRow(list, 3, other);
     EXPECT_EQ(rowsOf(other), QStringList{u""_s});
 }
 
@@ -124,8 +124,8 @@ TEST_F(ListRows, ARowIsChosenByADoubleClickOrReturn) {
     EXPECT_EQ(chosen.size(), 3);
 }
 
-TEST_F(ListRows, ReturnAgainAndAgainHandsOverOneRowAfterTheOther) {
-    onRowChosen(&list, ui, [this](int row) { handOver(list, row, other); });
+TEST_F(ListRows, RepeatedReturnMovesOneRowAfterTheOther) {
+    onRowChosen(&list, ui, [this](int row) { moveRow(list, row, other); });
     select(0);
     for (int i = 0; i < 4; ++i)
         QTest::keyClick(&list, Qt::Key_Return);

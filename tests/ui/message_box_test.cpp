@@ -36,8 +36,9 @@ constexpr BoxStyle allStyles[] = {
 };
 
 BoxAnswer press(BoxStyle style, Qt::Key key) {
-    ScreenOperator person;
-    person.expectBox(u"Text"_s, u"Title"_s, style, [key](QMessageBox& box) { QTest::keyClick(&box, key); });
+    ScreenOperator simulatedOperator;
+    simulatedOperator.expectBox(u"Text"_s, u"Title"_s, style,
+                                [key](QMessageBox& box) { QTest::keyClick(&box, key); });
     return showMessageBox(nullptr, u"Text"_s, u"Title"_s, style);
 }
 
@@ -53,8 +54,8 @@ TEST(MessageBox, ShowsTextTitleIconAndButtonsAndGivesEachAnswer) {
     };
     for (const auto& style : allStyles) {
         for (const auto answer : answers.value(style.buttons)) {
-            ScreenOperator person;
-            person.expectBox(u"A text & <b>its</b>\r\nsecond line"_s, u"A title"_s, style, answer);
+            ScreenOperator simulatedOperator;
+            simulatedOperator.expectBox(u"A text & <b>its</b>\r\nsecond line"_s, u"A title"_s, style, answer);
             EXPECT_EQ(showMessageBox(nullptr, u"A text & <b>its</b>\r\nsecond line"_s, u"A title"_s, style),
                       answer);
         }
@@ -79,8 +80,8 @@ TEST(MessageBox, EscapeGivesNoOrCancelOrTheOnlyAnswer) {
 
 TEST(MessageBox, EscapeAndTheFrameLeaveABoxOfThreeWaysOpen) {
     const BoxStyle style{BoxIcon::warning, BoxButtons::abortRetryIgnore, 1};
-    ScreenOperator person;
-    person.expectBox(u"Text"_s, u"Title"_s, style, [](QMessageBox& box) {
+    ScreenOperator simulatedOperator;
+    simulatedOperator.expectBox(u"Text"_s, u"Title"_s, style, [](QMessageBox& box) {
         QTest::keyClick(&box, Qt::Key_Escape);
         box.close();
         EXPECT_TRUE(box.isVisible());
@@ -98,8 +99,8 @@ TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
           TextId::outputNotMeasurable, TextId::calibratorReportedPass, TextId::requiredDataRetryAdvised,
           TextId::connectionLostAdvice, TextId::errorReportNotWritten}) {
         const auto shown = text(id);
-        ScreenOperator person;
-        person.expectBox(shown, u"Kelvane"_s, box::warning, [id](QMessageBox& box) {
+        ScreenOperator simulatedOperator;
+        simulatedOperator.expectBox(shown, u"Kelvane"_s, box::warning, [id](QMessageBox& box) {
             EXPECT_TRUE(box.findChildren<QPlainTextEdit*>().isEmpty()) << static_cast<int>(id);
             const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
             EXPECT_GE(label->height(), label->heightForWidth(label->width())) << static_cast<int>(id);
@@ -114,11 +115,11 @@ TEST(MessageBox, EveryTextOfOneSentenceIsWrappedAndNotScrolled) {
 TEST(MessageBox, ALongStatementLeavesTheButtonsOnTheScreenAndScrollsDownwardsOnly) {
     const auto statement = u"insert into mt.calresults "_s;
     for (const auto& longText : {statement.repeated(4000), u"x"_s.repeated(20000), u"y"_s.repeated(1500)}) {
-        ScreenOperator person;
-        person.expectBox(longText, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
-            const auto room = box.screen()->availableGeometry();
-            EXPECT_LE(box.height(), room.height());
-            EXPECT_LE(box.width(), room.width());
+        ScreenOperator simulatedOperator;
+        simulatedOperator.expectBox(longText, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
+            const auto space = box.screen()->availableGeometry();
+            EXPECT_LE(box.height(), space.height());
+            EXPECT_LE(box.width(), space.width());
             const auto texts = box.findChildren<QPlainTextEdit*>();
             EXPECT_EQ(texts.size(), 1);
             for (const auto* text : texts) {
@@ -138,8 +139,8 @@ TEST(MessageBox, AReportWithAHugeStatementShowsTheErrorsOwnTextWholeAtItsTop) {
                      text(TextId::internalErrorAdvice) + u"\r\n\r\n"_s + text(TextId::errorReportRoutine) +
                      u"ModuleGlobals,CreateCalRecord\r\n"_s + text(TextId::errorReportSql);
     const auto report = own + u"'x'"_s.repeated(300000);
-    ScreenOperator person;
-    person.expectBox(report, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
+    ScreenOperator simulatedOperator;
+    simulatedOperator.expectBox(report, u"Kelvane"_s, box::stop, [&](QMessageBox& box) {
         auto* text = box.findChild<QPlainTextEdit*>();
         QTextCursor end(text->document());
         end.setPosition(static_cast<int>(own.size() - own.count(u'\r')));
@@ -154,8 +155,8 @@ TEST(MessageBox, AReportWithAHugeStatementShowsTheErrorsOwnTextWholeAtItsTop) {
 TEST(MessageBox, ALongTextIsScrolledAndCopiedByKeyboardAndLeavesReturnAndEscapeToItsBox) {
     const auto longText = u"a line\r\n"_s.repeated(500);
     for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
-        ScreenOperator person;
-        person.expectBox(longText, u"Kelvane"_s, box::question, [&](QMessageBox& box) {
+        ScreenOperator simulatedOperator;
+        simulatedOperator.expectBox(longText, u"Kelvane"_s, box::question, [&](QMessageBox& box) {
             auto* text = box.findChild<QPlainTextEdit*>();
             text->setFocus();
             QTest::keyClick(text, Qt::Key_PageDown);
@@ -169,10 +170,10 @@ TEST(MessageBox, ALongTextIsScrolledAndCopiedByKeyboardAndLeavesReturnAndEscapeT
     }
 }
 
-TEST(MessageBox, AWordOfAMillionLettersCostsNoMoreThanAsManyWords) {
+TEST(MessageBox, AWordOfAMillionLettersTakesNoLongerThanAsManyWords) {
     const auto timeOf = [](const QString& text) {
-        ScreenOperator person;
-        person.expectBox(text, u"Kelvane"_s, box::stop);
+        ScreenOperator simulatedOperator;
+        simulatedOperator.expectBox(text, u"Kelvane"_s, box::stop);
         QElapsedTimer timer;
         timer.start();
         showMessageBox(nullptr, text, u"Kelvane"_s, box::stop);
@@ -183,8 +184,8 @@ TEST(MessageBox, AWordOfAMillionLettersCostsNoMoreThanAsManyWords) {
 }
 
 TEST(MessageBox, HasNothingBesideItsTitleButTheButtonThatCloses) {
-    ScreenOperator person;
-    person.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
+    ScreenOperator simulatedOperator;
+    simulatedOperator.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
         const auto flags = box.windowFlags();
         EXPECT_TRUE(flags & Qt::CustomizeWindowHint);
         EXPECT_TRUE(flags & Qt::WindowTitleHint);
@@ -203,8 +204,8 @@ TEST(Pointer, IsNotCountedAndABoxShowsTheNormalOne) {
     ASSERT_TRUE(QApplication::overrideCursor());
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     {
-        ScreenOperator person;
-        person.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
+        ScreenOperator simulatedOperator;
+        simulatedOperator.expectBox(u"Text"_s, u"Title"_s, box::warning, [](QMessageBox& box) {
             EXPECT_FALSE(QApplication::overrideCursor());
             click(*box.buttons().first());
         });
@@ -216,15 +217,15 @@ TEST(Pointer, IsNotCountedAndABoxShowsTheNormalOne) {
     ui.setNormalPointer();
 }
 
-TEST(Guard, AnErrorOfTheLastResortIsSaidAndGoesNoFurther) {
+TEST(Guard, AnErrorInTheLastGuardIsShownAndNotThrownAgain) {
     QtUserInterface ui;
     ui.setBusyPointer();
-    ScreenOperator person;
-    person.expectBox(
+    ScreenOperator simulatedOperator;
+    simulatedOperator.expectBox(
         u"The error report could not be written to \"errors.log\" in the working folder. Please check "
         "that the folder can be written to and that the disk is not full."_s,
         u"Kelvane"_s, box::stop);
-    guarded(ui, [] { throw makeError(ErrorNumber::pathFileAccess); });
+    runGuarded(ui, [] { throw makeError(ErrorNumber::pathFileAccess); });
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 

@@ -32,7 +32,7 @@ TEST(Notes, Wrap) {
     EXPECT_GT(made->heightForWidth(200), made->heightForWidth(600));
 }
 
-TEST(Notes, GrowWithTheirLetters) {
+TEST(Notes, GrowWithTheirFont) {
     const std::unique_ptr<QLabel> made(note(u"Note1"_s, TextId::internalErrorAdvice));
     const int before = made->heightForWidth(200);
     EXPECT_EQ(made->heightForWidth(200), before);
@@ -67,7 +67,7 @@ TEST(TabControls, ShowTheirCaptionsWholeAndClose) {
 
 namespace {
 
-/// A style of another maker: it keeps much room free beside the captions of tabs, and remembers how much of
+/// A style of another maker: it keeps much space free beside the captions of tabs, and remembers how much of
 /// each caption had no place.
 class WideTabs final : public QProxyStyle {
   public:
@@ -102,7 +102,7 @@ TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
         made->tabBar()->grab();
         EXPECT_GE(style->drawn, 4) << size;
         EXPECT_LE(style->missing, 0) << size;
-        // The row has no more room than the captions need.
+        // The row is no wider than the captions need.
         const int caption = made->tabBar()->fontMetrics().horizontalAdvance(made->tabText(0));
         EXPECT_LE(made->tabBar()->tabRect(0).width(), caption + 16) << size;
     }

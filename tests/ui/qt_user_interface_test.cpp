@@ -41,7 +41,7 @@ TEST_F(ProgressTest, ShowsCaptionActionAndPercentage) {
     EXPECT_FALSE(isWindowOpen(session, u"FormStatusBar"));
 }
 
-TEST_F(ProgressTest, PercentagesOutsideAreCut) {
+TEST_F(ProgressTest, PercentagesBeyondTheRangeAreCut) {
     program.ui.showProgress(u"x"_s);
     auto& progress = control<QProgressBar>(bar(), u"ProgressBar"_s);
     program.ui.setProgressValue(250);
@@ -89,7 +89,7 @@ TEST_F(ProgressTest, HasNoButtonThatWouldDoNothing) {
 
 TEST_F(ProgressTest, AQuestionAskedMeanwhileCanBeAnswered) {
     program.ui.showProgress(u"x"_s);
-    person.expectDialog(u"Caption"_s, u"Prompt"_s, u"entry"_s);
+    simulatedOperator.expectDialog(u"Caption"_s, u"Prompt"_s, u"entry"_s);
     EXPECT_EQ(program.ui.askOneField({.caption = u"Caption"_s, .prompt = u"Prompt"_s}), u"entry"_s);
     EXPECT_FALSE(child(u"FormODBC"_s).isEnabled());
     program.ui.hideProgress();

@@ -49,7 +49,7 @@ class EventCount final : public QObject {
 
 } // namespace
 
-/// A main window with a field in it, and the operator in front of it, whom nobody plays.
+/// A main window with a field in it, and an operator interface without a simulated operator.
 class Repaint : public RecordedSession {
   protected:
     Repaint() {

@@ -28,10 +28,10 @@ TEST(TextBoxTest, KeepsEveryCharacterAndEndsLinesInCarriageReturnAndLineFeed) {
         {u"no\u00a0break \t tab "_s, u"no\u00a0break \t tab "_s},
         {u"Ω 校正 \U0001F527"_s, u"Ω 校正 \U0001F527"_s},
     };
-    for (const auto& one : texts) {
+    for (const auto& text : texts) {
         TextBox box;
-        box.setText(one.given);
-        EXPECT_EQ(box.text(), one.kept);
+        box.setText(text.given);
+        EXPECT_EQ(box.text(), text.kept);
     }
 }
 
@@ -83,7 +83,7 @@ TEST(TextBoxTest, AWordWithoutAnEndWrapsAnywhereAndWordsAsAWhole) {
     EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
-TEST(TextBoxTest, APastedWordOfAMillionLettersCostsNoMoreThanAsManyWords) {
+TEST(TextBoxTest, APastedWordOfAMillionLettersTakesNoLongerThanAsManyWords) {
     const auto timeOf = [](const QString& pasted) {
         TextBox box;
         box.resize(300, 200);
@@ -115,11 +115,11 @@ TEST(TextBoxTest, IsEnteredFromAnotherControlOnly) {
         {Qt::ShortcutFocusReason, 1},     {Qt::OtherFocusReason, 1},   {Qt::PopupFocusReason, 0},
         {Qt::ActiveWindowFocusReason, 0}, {Qt::MenuBarFocusReason, 0},
     };
-    for (const auto& one : reasons) {
+    for (const auto& reason : reasons) {
         entered = 0;
-        QFocusEvent event(QEvent::FocusIn, one.reason);
+        QFocusEvent event(QEvent::FocusIn, reason.reason);
         QApplication::sendEvent(&box, &event);
-        EXPECT_EQ(entered, one.times) << one.reason;
+        EXPECT_EQ(entered, reason.times) << reason.reason;
     }
 }
 

@@ -47,7 +47,7 @@ class DrawnText final : public QProxyStyle {
     mutable int width = 0;
 };
 
-/// What stands on a widget, and whether it has room there.
+/// The text of a widget, and whether it fits there.
 QString drawnOn(QWidget& widget) {
     DrawnText style;
     widget.setStyle(&style);
@@ -97,7 +97,7 @@ TEST(WholeRows, ARowThatIsCutOffHasItsWholeTextAsToolTipAboveTheListsOwn) {
     EXPECT_FALSE(over(0).contains(u"short"_s));
 }
 
-TEST(WholeRows, AllAreAsHighAsTheirLettersNeed) {
+TEST(WholeRows, AllAreAsHighAsTheFontNeeds) {
     QListWidget list;
     showWholeRows(list);
     list.addItems({u"PT-1001"_s, QString(), longRow});

@@ -73,8 +73,8 @@ TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
     EXPECT_EQ(port.log, QStringList());
 }
 
-TEST_F(FlukeDriver, WithoutItsLibrarySaysSoAndTouchesNothing) {
-    link.whyMissing = u"no library"_s;
+TEST_F(FlukeDriver, WithoutItsLibraryReportsItAndChangesNothing) {
+    link.reasonMissing = u"no library"_s;
     EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), u"no library"_s);
     EXPECT_EQ(calibratorNamed(name).upload(calibrators), u"no library"_s);
     EXPECT_EQ(link.calls, QStringList());
@@ -83,7 +83,7 @@ TEST_F(FlukeDriver, WithoutItsLibrarySaysSoAndTouchesNothing) {
         << "a list may be made all the same";
 }
 
-TEST_F(Drivers, ThatAreNotPartOfThisVersionSaySo) {
+TEST_F(Drivers, ThatAreNotPartOfThisVersionShowAMessage) {
     const auto name = u"Fluke 743/744"_s;
     EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"W-1"_s), later);
     EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"W-1"_s));

@@ -17,7 +17,7 @@ namespace {
 /// What an operator types into the download list and the login screen.
 class ConfinedEntries : public EngineSession, public ::testing::WithParamInterface<Engine> {
   protected:
-    ConfinedEntries() { standOn(GetParam()); }
+    ConfinedEntries() { useEngine(GetParam()); }
 
     ScriptedSerialPort port;
     RecordedLink link;

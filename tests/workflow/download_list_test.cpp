@@ -12,7 +12,7 @@ TEST_F(DownloadList, AnEmptyEntryDoesNothing) {
     EXPECT_EQ(screen.events, QStringList());
 }
 
-TEST_F(DownloadList, AnEntryThatIsListedIsToldInAnyCaseAlsoBehindAnArrow) {
+TEST_F(DownloadList, AListedEntryIsReportedInAnyCaseAlsoBehindAnArrow) {
     screen.list = {u"other"_s, u"Größe-1"_s, u">PACK"_s, u"ITEM"_s};
     for (const auto& entry : {u"OTHER"_s, u"GRÖßE-1"_s, u"größe-1"_s, u"pack"_s, u">pack"_s, u"ıtem"_s}) {
         expectWarning(u"Instrument already listed!"_s);
@@ -23,7 +23,7 @@ TEST_F(DownloadList, AnEntryThatIsListedIsToldInAnyCaseAlsoBehindAnArrow) {
     EXPECT_EQ(screen.list.size(), 4);
 }
 
-TEST_F(DownloadList, WhatIsWrongWithASingleInstrumentIsToldInTheOrderOfTheChecks) {
+TEST_F(DownloadList, FaultsOfASingleInstrumentAreShownInTheOrderOfTheChecks) {
     expectWarning(u"Must enter a valid instrument number!"_s);
     add(u"nobody"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"nobody"_s), selectMtag(u"nobody"_s)}));
@@ -44,7 +44,7 @@ TEST_F(DownloadList, WhatIsWrongWithASingleInstrumentIsToldInTheOrderOfTheChecks
     EXPECT_EQ(ui.events.last(), u"normal"_s);
 }
 
-TEST_F(DownloadList, APackagePassesOverUnknownAndUnconfiguredMembersInSilenceAndTellsOfUnacceptableOnes) {
+TEST_F(DownloadList, APackageSkipsUnknownAndUnconfiguredMembersAndReportsUnacceptableOnes) {
     script.answers.insert(selectMtag(u"bare"_s), {{u"5"_s}});
     auto tool = wrench();
     tool.input_type = u"psi"_s;
@@ -91,24 +91,24 @@ TEST_F(DownloadList, TheTorqueStarTakesFortySevenRowsAndRefusesAPackageAsAWhole)
         {38, u"TEN"_s, true}, {37, u"TEN"_s, false}, {46, u"W-1"_s, false},
         {47, u"W-1"_s, true}, {48, u"W-1"_s, true},
     };
-    for (const auto& one : cases) {
-        screen.list = QStringList(one.listed, u"row"_s);
-        const auto members = one.entry == u"TEN"_s ? ten : QStringList{one.entry};
-        if (one.refused) {
+    for (const auto& testCase : cases) {
+        screen.list = QStringList(testCase.listed, u"row"_s);
+        const auto members = testCase.entry == u"TEN"_s ? ten : QStringList{testCase.entry};
+        if (testCase.refused) {
             expectWarning(u"Maximum number of instruments has been reached for the selected calibrator!"_s);
         } else {
             expectQuestion(members.first(), u"X-1"_s);
             for (const auto& asset : members)
                 expectQuestion(asset, QString(), false);
         }
-        add(one.entry);
-        EXPECT_EQ(screen.list.size(), one.refused ? one.listed : 47);
+        add(testCase.entry);
+        EXPECT_EQ(screen.list.size(), testCase.refused ? testCase.listed : 47);
         EXPECT_EQ(screen.events, ended);
         EXPECT_EQ(ui.events.last(), u"normal"_s);
     }
 }
 
-TEST_F(DownloadList, TheHourglassShowsWhileAnEntryIsLookedUp) {
+TEST_F(DownloadList, TheHourglassShowsWhileAnEntryIsChecked) {
     screen.list = QStringList(47, u"row"_s);
     expectWarning(u"Maximum number of instruments has been reached for the selected calibrator!"_s);
     add(u"W-1"_s);
@@ -180,7 +180,7 @@ TEST_F(DownloadList, ARowWhoseStandardsCannotBeFreedStays) {
     EXPECT_EQ(screen.list.size(), 1);
 }
 
-/// The list on its way to the calibrator, as a temporary package.
+/// The download of the list, as a temporary package.
 class ListDownload : public DownloadList {
   protected:
     ListDownload() {
@@ -199,9 +199,9 @@ class ListDownload : public DownloadList {
     }
 
     QString tag() const {
-        for (const auto& one : script.statements) {
-            if (one.startsWith(u"insert into mt.hvm_kv_task_packages"_s))
-                return one.section(u'\'', 1, 1);
+        for (const auto& statement : script.statements) {
+            if (statement.startsWith(u"insert into mt.hvm_kv_task_packages"_s))
+                return statement.section(u'\'', 1, 1);
         }
         return {};
     }
@@ -304,7 +304,7 @@ TEST_F(ListDownload, GoesToTheFluke702OverItsLink) {
 
 TEST_F(ListDownload, WithoutALinkLibraryKeepsTheListForLater) {
     screen.name = u"Fluke 702"_s;
-    link.whyMissing = u"no library"_s;
+    link.reasonMissing = u"no library"_s;
     expectWarning(u"no library"_s);
     download();
     EXPECT_EQ(packageStatements().size(), 3);

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-TEST_F(DownloadList, AnInstrumentIsAddedWithItsStandardAndEveryStatementIsToTheLetter) {
+TEST_F(DownloadList, AnInstrumentIsAddedWithItsStandardByExactStatements) {
     expectQuestion(u"W-1"_s, u"X-1"_s);
     expectQuestion(u"W-1"_s, QString(), false);
     add(u"W-1"_s);

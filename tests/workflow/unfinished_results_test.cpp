@@ -25,7 +25,7 @@ class ResultsWithoutRecord : public FlukeUpload {
   protected:
     /// Uploads one run of PT-101, whose record is spoilt before the statement that begins like this.
     void uploadSpoilt(const QString& beginning) {
-        storeGood();
+        addGoodRun();
         spoil(beginning);
         ui.expectReport(1, u"ModuleGlobals,CreateCalRecord"_s);
         EXPECT_EQ(upload(), QString());
@@ -48,7 +48,7 @@ class ResultsWithoutRecord : public FlukeUpload {
         const auto results = unfinishedResults(session);
         EXPECT_LT(row, results.size());
         const auto outcome = makeRecordOf(session, results.value(row).id);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_FALSE(ui.busy);
         return outcome;
     }
@@ -93,7 +93,7 @@ class ResultsWithoutRecord : public FlukeUpload {
     QString beginning_;
 };
 
-TEST_F(ResultsWithoutRecord, AreListedWithAllThatTellsThemApart) {
+TEST_F(ResultsWithoutRecord, AreListedWithAllThatDistinguishesThem) {
     EXPECT_TRUE(unfinishedResults(session).isEmpty());
     uploadSpoilt(u"insert into MT.calibration"_s);
     const auto results = unfinishedResults(session);
@@ -144,7 +144,7 @@ TEST_F(ResultsWithoutRecord, WhatWasBegunIsCompletedAndNothingIsDoubledOrDeleted
 
 TEST_F(ResultsWithoutRecord, ARecordThatIsWholeAlreadyGetsNothingButItsCopies) {
     execute(u"update mt.inventory set i4224 = 'RECALLED' where mtag = '1401'"_s);
-    storeGood();
+    addGoodRun();
     spoil(u"update MT.inventory set I4224"_s);
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(upload(), QString());
@@ -159,7 +159,7 @@ TEST_F(ResultsWithoutRecord, ARecordThatIsWholeAlreadyGetsNothingButItsCopies) {
 TEST_F(ResultsWithoutRecord, ARecordThatIsNoLongerTheCurrentOneIsNotCopied) {
     uploadSpoilt(u"insert into mt.calresults"_s);
     link.runs.clear();
-    storeGood().hour = 20;
+    addGoodRun().hour = 20;
     EXPECT_EQ(upload(), QString());
     execute(u"update mt.inventory set i4224 = 'RECALLED' where mtag = '1401'"_s);
     statements.clear();
@@ -170,7 +170,7 @@ TEST_F(ResultsWithoutRecord, ARecordThatIsNoLongerTheCurrentOneIsNotCopied) {
 
 TEST_F(ResultsWithoutRecord, ADictionaryWhoseCopyTheServerRefusesDoesNotKeepTheRecordFromBeingDone) {
     execute(u"update mt.customiz set scopy = '2329' where fldnum = '2326'"_s);
-    storeGood();
+    addGoodRun();
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(upload(), QString());
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
@@ -189,7 +189,7 @@ TEST_F(ResultsWithoutRecord, ARecordOfTheSameMomentWithOtherResultsIsLeftAlone) 
 }
 
 TEST_F(ResultsWithoutRecord, AFailedPreparationIsJudgedFromItsRawReadings) {
-    storeGood();
+    addGoodRun();
     auto& bad = store(u"PT-101"_s, {at(0, 0), at(50, 50), at(100, 90, -0.1F)}, 2);
     bad.pressureModule = u"71204"_s;
     ModuleGlobals::AddInUse(session, link.serial, u"1401"_s, u"asmith"_s);
@@ -225,7 +225,7 @@ TEST_F(ResultsWithoutRecord, JudgeAgainByTheParametersOfNow) {
 }
 
 TEST_F(ResultsWithoutRecord, ADateThatIsNoneIsAskedForAndFoundAgain) {
-    auto& run = storeGood();
+    auto& run = addGoodRun();
     run.month = 2;
     run.day = 30;
     ui.expectReport(13, routine);
@@ -259,14 +259,14 @@ TEST_F(ResultsWithoutRecord, ADateThatIsNoneIsAskedForAndFoundAgain) {
 
 TEST_F(ResultsWithoutRecord, ARefusalLeavesTheEntryUnlessItsOwnRecordIsThere) {
     uploadSpoilt(u"insert into MT.calibration"_s);
-    // Somebody else's record of the same moment, which is no record of this program.
+    // Another program's record of the same moment, which is no record of this program.
     execute(
         u"insert into mt.calibration (mtag, c2301, c2333, cdsrc) values ('1401', '2026-03-18', '08:00:30', 'MTC')"_s);
     expectKept(text(TextId::recordAlreadyExists));
     EXPECT_EQ(verdicts().size(), 1);
 }
 
-TEST_F(ResultsWithoutRecord, TheOperatorsOtherDateIsWhereTheRecordIsLookedFor) {
+TEST_F(ResultsWithoutRecord, TheRecordIsSearchedUnderTheOperatorsOtherDate) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     execute(u"insert into mt.hvm_kv_worksheetfields (fldnum, sequence) values ('2301', 1)"_s);
     const auto ask = [this] {
@@ -298,7 +298,7 @@ TEST_F(ResultsWithoutRecord, ATimeThatTheOperatorHasEmptiedFindsTheRecordAgain) 
     EXPECT_EQ(records(u"c2333 is null"_s), QStringList{u"1"_s});
 }
 
-TEST_F(ResultsWithoutRecord, AChangedStrategyIsToldAndTheResultsAreKept) {
+TEST_F(ResultsWithoutRecord, AChangedStrategyIsReportedAndTheResultsAreKept) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     configure(u"1401"_s, u"repetitions = 2"_s);
     expectKept(
@@ -327,7 +327,7 @@ TEST_F(ResultsWithoutRecord, AnotherOwnersResultsAreKeptForHim) {
         u"These results belong to the owner ABC. Please log in as one of its users to make the record."_s);
 }
 
-TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsTold) {
+TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsReported) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     change(u"driver"_s, u"fluke99"_s);
     expectKept(text(TextId::driverNotInVersion));

@@ -24,7 +24,7 @@ class UploadCommand : public TorqueFixture {
     Calibrators calibrators{session, {session, port}, {session, link}};
 };
 
-TEST_F(UploadCommand, ASuccessIsToldAndTheChoiceStored) {
+TEST_F(UploadCommand, ASuccessIsReportedAndTheChoiceStored) {
     choose(u"Crane TorqueStar IVc"_s);
     ui.expectBox(u"Upload Successful"_s, title, box::information);
     upload();
@@ -35,7 +35,7 @@ TEST_F(UploadCommand, ASuccessIsToldAndTheChoiceStored) {
     upload();
 }
 
-TEST_F(UploadCommand, AFailureIsToldAndTheChoiceStoredAllTheSame) {
+TEST_F(UploadCommand, AFailureIsReportedAndTheChoiceStored) {
     choose(u"Crane TorqueStar IVc"_s);
     port.refuseOpening = true;
     ui.expectBox(
@@ -55,7 +55,7 @@ TEST_F(UploadCommand, ACancelledChoiceCallsNoDriverAndStoresNothing) {
     EXPECT_EQ(script.statements, QStringList());
 }
 
-TEST_F(UploadCommand, ACalibratorWithoutADriverIsToldAndTheChoiceStored) {
+TEST_F(UploadCommand, ACalibratorWithoutADriverIsReportedAndTheChoiceStored) {
     choose(u"Fluke 743/744"_s);
     ui.expectBox(u"The driver for this calibrator is not part of this version yet."_s, title, box::warning);
     upload();
@@ -79,8 +79,8 @@ TEST_F(UploadCommand, OfAFluke702ThatTheDatabaseDoesNotKnowIsRefused) {
     EXPECT_FALSE(ui.busy);
 }
 
-TEST_F(UploadCommand, WithoutALinkLibraryIsTold) {
-    link.whyMissing = u"no library"_s;
+TEST_F(UploadCommand, WithoutALinkLibraryReportsIt) {
+    link.reasonMissing = u"no library"_s;
     choose(u"Fluke 702"_s);
     ui.expectBox(u"no library"_s, title, box::warning);
     upload();

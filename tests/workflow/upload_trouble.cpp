@@ -18,7 +18,7 @@ const Error locked{5, u"database is locked"_s, u"HY000"_s};
 const Error lost{10054, u"connection lost"_s, u"08S01"_s, true};
 
 /// The torque calibrator's numbers don't come over the line unharmed when one of their bytes is 10 to 15.
-bool comesUnharmed(int minute) {
+bool isUnharmed(int minute) {
     for (int rest = minute / 60 * 10000 + minute % 60 * 100; rest != 0; rest /= 256) {
         if (rest % 256 >= 10 && rest % 256 <= 15)
             return false;
@@ -28,7 +28,7 @@ bool comesUnharmed(int minute) {
 
 } // namespace
 
-void TroubleMaker::before() {
+void TroubleSource::before() {
     if (isLost)
         throw lost;
     if (++count != number)
@@ -42,10 +42,10 @@ void TroubleMaker::before() {
         throw lost;
 }
 
-void TroubleMaker::after() const {
+void TroubleSource::after() const {
     if (count != number)
         return;
-    if (trouble == Trouble::isCarriedOutAndFails)
+    if (trouble == Trouble::carryOutAndFail)
         throw refused;
     if (trouble == Trouble::isCarriedOutAndLost)
         throw lost;
@@ -111,7 +111,7 @@ void UploadInTrouble::expectNothingLost(const QString& result) {
         if (isWhole(instrument) || isListed(instrument))
             continue;
         EXPECT_FALSE(result.isEmpty()) << "success over " << instrument.asset.toStdString();
-        EXPECT_TRUE(isHeld(instrument.asset)) << "lost: " << instrument.asset.toStdString();
+        EXPECT_TRUE(isStored(instrument.asset)) << "lost: " << instrument.asset.toStdString();
     }
 }
 
@@ -130,7 +130,7 @@ void UploadInTrouble::expectWholeAndOnlyRecords() {
     EXPECT_TRUE(unfinishedResults(session).isEmpty());
 }
 
-/// What the people do: they log in again, make the records that are listed, and upload what is still held.
+/// The steps of the users: they log in again, make the listed records, and upload the results that are left.
 void UploadInTrouble::recover() {
     maker = {};
     session.SessionConnected = true;
@@ -147,7 +147,7 @@ void UploadInTrouble::tryEachStatement() {
     const auto prepare = [this, &minute] {
         do {
             ++minute;
-        } while (!comesUnharmed(minute));
+        } while (!isUnharmed(minute));
         time = QTime(0, 0).addSecs(minute * 60).toString(u"HH:mm:ss"_s);
         for (const auto& instrument : std::as_const(instruments))
             execute(u"update mt.inventory set i4224 = 'RECALLED', i4225 = '2026-01-01', i4230 = null where "

@@ -18,12 +18,12 @@ enum class Trouble {
     /// The connection is gone from then on.
     isLost,
     /// It is carried out, but fails for the one who sent it.
-    isCarriedOutAndFails,
+    carryOutAndFail,
     isCarriedOutAndLost,
 };
 
 /// Brings trouble to the statement of a number, from 1.
-struct TroubleMaker {
+struct TroubleSource {
     Trouble trouble = Trouble::none;
     int number = 0;
     int count = 0;
@@ -35,7 +35,7 @@ struct TroubleMaker {
 
 class TroubledConnection final : public ForwardingConnection {
   public:
-    TroubledConnection(std::unique_ptr<Connection> real, TroubleMaker& maker)
+    TroubledConnection(std::unique_ptr<Connection> real, TroubleSource& maker)
         : ForwardingConnection(std::move(real)), maker_(maker) {}
     bool isLost() const override { return maker_.isLost || ForwardingConnection::isLost(); }
     qint64 execute(const QString& statement) override {
@@ -52,7 +52,7 @@ class TroubledConnection final : public ForwardingConnection {
     }
 
   private:
-    TroubleMaker& maker_;
+    TroubleSource& maker_;
 };
 
 /// The demonstration laboratory, in which one statement of an upload meets trouble, and an operator who
@@ -66,7 +66,7 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     virtual void calibrate(int minute) = 0;
     virtual QString upload() = 0;
     /// True while the calibrator still has an instrument's results and an upload would find them.
-    virtual bool isHeld(const QString& asset) = 0;
+    virtual bool isStored(const QString& asset) = 0;
 
     /// Brings the trouble to each statement of an upload in turn.
     void tryEachStatement();
@@ -90,7 +90,7 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     MemorySettings settings;
     QuietOperator ui;
     EmbeddedDatabase database;
-    TroubleMaker maker;
+    TroubleSource maker;
     Session session;
 
   private:

@@ -15,7 +15,7 @@ namespace kelvane::testing {
 namespace {
 
 const auto everyTrouble = ::testing::Values(Trouble::fails, Trouble::isBusy, Trouble::isLost,
-                                            Trouble::isCarriedOutAndFails, Trouble::isCarriedOutAndLost);
+                                            Trouble::carryOutAndFail, Trouble::isCarriedOutAndLost);
 
 } // namespace
 
@@ -48,7 +48,7 @@ class FlukeUploadInTrouble : public UploadInTrouble {
         }
     }
     QString upload() override { return Module702Interface::Fluke702_upload(driver); }
-    bool isHeld(const QString&) override { return true; }
+    bool isStored(const QString&) override { return true; }
 
     RecordedLink link;
     Fluke702 driver{session, link};
@@ -60,7 +60,7 @@ TEST_P(FlukeUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
 
 INSTANTIATE_TEST_SUITE_P(EachStatement, FlukeUploadInTrouble, everyTrouble);
 
-/// Two tools that have been calibrated with the torque calibrator, which forgets what it is told to.
+/// Two tools that have been calibrated with the torque calibrator, which clears what it is asked to clear.
 class TorqueUploadInTrouble : public UploadInTrouble {
   protected:
     TorqueUploadInTrouble() {
@@ -84,15 +84,15 @@ class TorqueUploadInTrouble : public UploadInTrouble {
                                                (parameters.input_high - parameters.input_low);
                 auto reply = result(20260318, minute / 60 * 10000 + minute % 60 * 100,
                                     QList<double>(parameters.repetitions, nominal));
-                // One whose checksum ends in STX counts as begun anew; a further sample is not looked at.
-                if (framed(reply).endsWith('\x02'))
+                // One whose checksum ends in STX counts as begun anew; a further sample is ignored.
+                if (makeFrame(reply).endsWith('\x02'))
                     reply += integer32(0x0101);
                 results << reply;
             }
         }
     }
     QString upload() override { return ModuleTSInterface::TorqueStar_upload(driver); }
-    bool isHeld(const QString& asset) override {
+    bool isStored(const QString& asset) override {
         return held.contains(asset) &&
                rows(u"select count(*) from mt.hvm_kv_task_standards_inuse, mt.inventory where i4201 = '%1' "
                     u"and "

@@ -44,7 +44,7 @@ class FormCalConfigTest : public ProgramTest {
             QTest::keyClick(&box, Qt::Key_Down);
         EXPECT_EQ(box.currentText(), row);
     }
-    QStringList shown() {
+    QStringList displayText() {
         QStringList texts;
         for (const auto& name : {u"BaudRate"_s, u"Parity"_s, u"StopBits"_s, u"DataBits"_s, u"Port"_s})
             texts << list(name).currentText();
@@ -98,11 +98,11 @@ TEST_F(FormCalConfigTest, HasItsPlaceTextsAndLists) {
          u"Number of stop bits used in communications"_s,
          {u"1"_s, u"2"_s}},
     };
-    for (const auto& one : lists) {
-        SCOPED_TRACE(one.name.toStdString());
-        EXPECT_EQ(control<QLabel>(form, one.label).text(), one.caption);
-        EXPECT_EQ(list(one.name).toolTip(), one.toolTip);
-        EXPECT_EQ(rowsOf(list(one.name)), one.rows);
+    for (const auto& expected : lists) {
+        SCOPED_TRACE(expected.name.toStdString());
+        EXPECT_EQ(control<QLabel>(form, expected.label).text(), expected.caption);
+        EXPECT_EQ(list(expected.name).toolTip(), expected.toolTip);
+        EXPECT_EQ(rowsOf(list(expected.name)), expected.rows);
     }
     EXPECT_EQ(control<QGroupBox>(form, u"Frame1"_s).title(), u"Communication"_s);
     EXPECT_EQ(control<QGroupBox>(form, u"Frame2"_s).title(), u"Configuration"_s);
@@ -111,7 +111,7 @@ TEST_F(FormCalConfigTest, HasItsPlaceTextsAndLists) {
 TEST_F(FormCalConfigTest, AnEmptyStoreGivesTheStartValuesAndNothingIsStored) {
     open();
     EXPECT_EQ(list(u"Calibrator"_s).currentText(), u"Fluke 743/744"_s);
-    EXPECT_EQ(shown(), (QStringList{u"9600"_s, u"None"_s, u"1"_s, u"8"_s, u"COM1"_s}));
+    EXPECT_EQ(displayText(), (QStringList{u"9600"_s, u"None"_s, u"1"_s, u"8"_s, u"COM1"_s}));
     EXPECT_TRUE(settings.writes.isEmpty());
 }
 
@@ -122,7 +122,7 @@ TEST_F(FormCalConfigTest, StoredValuesAreShownAndThoseThatAreNoRowLeaveTheSelect
     store(u"Fluke 743/744"_s, u"DataBits"_s, u"7"_s);
     store(u"Fluke 743/744"_s, u"Port"_s, u"COM9"_s);
     open();
-    EXPECT_EQ(shown(), (QStringList{u"1200"_s, u"None"_s, u"1"_s, u"7"_s, u"COM1"_s}));
+    EXPECT_EQ(displayText(), (QStringList{u"1200"_s, u"None"_s, u"1"_s, u"7"_s, u"COM1"_s}));
     EXPECT_TRUE(settings.writes.isEmpty());
 }
 

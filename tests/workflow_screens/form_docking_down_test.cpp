@@ -47,11 +47,11 @@ class FormDockingDownTest : public ProgramTest {
     }
 
     void open(const QString& calibrator) {
-        person.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, calibrator);
+        simulatedOperator.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, calibrator);
         choose(u"mnuDownload"_s);
     }
     /// Opens the screen for a calibrator without a driver, which takes everything.
-    void openForAny() {
+    void openForAnyInstrument() {
         open(u"Fluke 702"_s);
         dynamic_cast<FormDockingDown&>(form()).takeCalibrator(u"Any"_s);
     }
@@ -104,16 +104,16 @@ TEST_F(FormDockingDownTest, HasItsSizePlaceTextsAndFocus) {
         {u"CommandRemove"_s, u"Remove Instrument"_s, u"Remove an instrument from the download list"_s},
         {u"CommandDownload"_s, u"Download"_s, u"Download instrument list to calibrator"_s},
     };
-    for (const auto& one : texts) {
-        auto& shown = control<QWidget>(form(), one.name);
-        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
-        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    for (const auto& text : texts) {
+        auto& shown = control<QWidget>(form(), text.name);
+        EXPECT_EQ(shown.property("text").toString(), text.text) << text.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), text.toolTip) << text.name.toStdString();
     }
     EXPECT_TRUE(entry().hasFocus());
 }
 
 TEST_F(FormDockingDownTest, ReturnAddsAnInstrumentAndIsReadyForTheNext) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     EXPECT_TRUE(entry().text().isEmpty());
@@ -125,7 +125,7 @@ TEST_F(FormDockingDownTest, ReturnAddsAnInstrumentAndIsReadyForTheNext) {
 }
 
 TEST_F(FormDockingDownTest, TheAddButtonAddsToo) {
-    openForAny();
+    openForAnyInstrument();
     QTest::keyClicks(&entry(), u"A-1"_s);
     click(button(u"CommandAdd"_s));
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
@@ -133,7 +133,7 @@ TEST_F(FormDockingDownTest, TheAddButtonAddsToo) {
 }
 
 TEST_F(FormDockingDownTest, ReturnInTheListAddsWhatIsTyped) {
-    openForAny();
+    openForAnyInstrument();
     QTest::keyClicks(&entry(), u"A-1"_s);
     list().setFocus();
     QTest::keyClick(&list(), Qt::Key_Return);
@@ -143,77 +143,79 @@ TEST_F(FormDockingDownTest, ReturnInTheListAddsWhatIsTyped) {
 TEST_F(FormDockingDownTest, WhileAnotherQuestionIsOpenNothingIsAddedAndTheRememberedStandardStays) {
     open(torqueStar);
     QTest::keyClicks(&entry(), u"A-1"_s);
-    person.expectDialog(u"Upload Test Results From Calibrator"_s, u"Select Calibrator To Use:"_s,
-                        [this](FormCustomDialog& dialog) {
-                            for (const auto& add :
-                                 {std::function<void()>([this] { click(button(u"CommandAdd"_s)); }),
-                                  std::function<void()>([this] {
-                                      entry().setFocus();
-                                      QTest::keyClick(&entry(), Qt::Key_Return);
-                                  })}) {
-                                program.window.area().setActiveSubWindow(&form());
-                                add();
-                                EXPECT_EQ(program.window.area().activeSubWindow(), &dialog);
-                            }
-                            EXPECT_TRUE(script.statements.isEmpty());
-                            EXPECT_EQ(entry().text(), u"A-1"_s);
-                            EXPECT_TRUE(rows().isEmpty());
-                            EXPECT_TRUE(buttonsEnabled());
-                            person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s,
-                                             box::warningYesNo, BoxAnswer::yes);
-                            dialog.close();
-                        });
+    simulatedOperator.expectDialog(
+        u"Upload Test Results From Calibrator"_s, u"Select Calibrator To Use:"_s,
+        [this](FormCustomDialog& dialog) {
+            for (const auto& add : {std::function<void()>([this] { click(button(u"CommandAdd"_s)); }),
+                                    std::function<void()>([this] {
+                                        entry().setFocus();
+                                        QTest::keyClick(&entry(), Qt::Key_Return);
+                                    })}) {
+                program.window.area().setActiveSubWindow(&form());
+                add();
+                EXPECT_EQ(program.window.area().activeSubWindow(), &dialog);
+            }
+            EXPECT_TRUE(script.statements.isEmpty());
+            EXPECT_EQ(entry().text(), u"A-1"_s);
+            EXPECT_TRUE(rows().isEmpty());
+            EXPECT_TRUE(buttonsEnabled());
+            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                        BoxAnswer::yes);
+            dialog.close();
+        });
     choose(u"mnuUpload"_s);
     EXPECT_EQ(entry().text(), u"A-1"_s);
     EXPECT_TRUE(script.statements.isEmpty());
 }
 
 TEST_F(FormDockingDownTest, AnEmptyEntryDoesNothing) {
-    openForAny();
+    openForAnyInstrument();
     QTest::keyClick(&entry(), Qt::Key_Return);
     EXPECT_TRUE(rows().isEmpty());
     EXPECT_TRUE(script.statements.isEmpty());
 }
 
-TEST_F(FormDockingDownTest, AnUnknownInstrumentIsToldAndTheEntryEmptied) {
-    openForAny();
-    person.expectBox(u"Must enter a valid instrument number!"_s, title, box::warning);
+TEST_F(FormDockingDownTest, AnUnknownInstrumentIsReportedAndTheEntryCleared) {
+    openForAnyInstrument();
+    simulatedOperator.expectBox(u"Must enter a valid instrument number!"_s, title, box::warning);
     add(u"X-9"_s);
     EXPECT_TRUE(rows().isEmpty());
     EXPECT_TRUE(entry().text().isEmpty());
     EXPECT_TRUE(entry().hasFocus());
 }
 
-TEST_F(FormDockingDownTest, AnInstrumentThatIsListedIsToldWhateverItsCase) {
-    openForAny();
+TEST_F(FormDockingDownTest, AListedInstrumentIsReportedInAnyCase) {
+    openForAnyInstrument();
     add(u"A-1"_s);
-    person.expectBox(u"Instrument already listed!"_s, title, box::warning);
+    simulatedOperator.expectBox(u"Instrument already listed!"_s, title, box::warning);
     add(u"a-1"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
 }
 
 TEST_F(FormDockingDownTest, ACalibratorWithoutADriverSaysThatItComesLater) {
     open(u"Fluke 743/744"_s);
-    person.expectBox(u"A-1: "_s + noDriver, title, box::warning);
+    simulatedOperator.expectBox(u"A-1: "_s + noDriver, title, box::warning);
     add(u"A-1"_s);
     EXPECT_TRUE(rows().isEmpty());
 }
 
 TEST_F(FormDockingDownTest, WhileTheStandardIsAskedForTheButtonsAreDisabledAndTheScreenStays) {
     open(torqueStar);
-    person.expectDialog(u"A-1: "_s + externalStandard, standardPrompt, [this](FormCustomDialog& dialog) {
-        EXPECT_FALSE(anyButtonEnabled());
-        form().close();
-        EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
-        // The menu entry only brings the screen forward: its question is open.
-        choose(u"mnuDownload"_s);
-        EXPECT_TRUE(dialog.isOpen());
-        EXPECT_EQ(control<QLabel>(form(), u"SSPanelCalibrator"_s).text(), torqueStar);
-        // Nor does Return in the screen enter the running command.
-        QTest::keyClick(&entry(), Qt::Key_Return);
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(
+        u"A-1: "_s + externalStandard, standardPrompt, [this](FormCustomDialog& dialog) {
+            EXPECT_FALSE(anyButtonEnabled());
+            form().close();
+            EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
+            // The menu entry only brings the screen forward: its question is open.
+            choose(u"mnuDownload"_s);
+            EXPECT_TRUE(dialog.isOpen());
+            EXPECT_EQ(control<QLabel>(form(), u"SSPanelCalibrator"_s).text(), torqueStar);
+            // Nor does Return in the screen enter the running command.
+            QTest::keyClick(&entry(), Qt::Key_Return);
+            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                        BoxAnswer::yes);
+            dialog.close();
+        });
     add(u"A-1"_s);
     EXPECT_TRUE(rows().isEmpty());
     EXPECT_TRUE(buttonsEnabled());
@@ -225,22 +227,25 @@ TEST_F(FormDockingDownTest, WhileTheStandardIsAskedForTheButtonsAreDisabledAndTh
 
 TEST_F(FormDockingDownTest, LogOutRefusesAndExitAsksWhileTheStandardIsAskedFor) {
     open(torqueStar);
-    person.expectDialog(u"A-1: "_s + externalStandard, standardPrompt, [this](FormCustomDialog& dialog) {
-        person.expectBox(
-            u"One or more windows are still open! Please close open windows before logging out..."_s,
-            u"Kelvane"_s, box::warning);
-        choose(u"mnuLogout"_s);
-        person.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question, BoxAnswer::no);
-        program.window.close();
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(
+        u"A-1: "_s + externalStandard, standardPrompt, [this](FormCustomDialog& dialog) {
+            simulatedOperator.expectBox(
+                u"One or more windows are still open! Please close open windows before logging out..."_s,
+                u"Kelvane"_s, box::warning);
+            choose(u"mnuLogout"_s);
+            simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                        BoxAnswer::no);
+            program.window.close();
+            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                        BoxAnswer::yes);
+            dialog.close();
+        });
     add(u"A-1"_s);
     EXPECT_TRUE(session.SessionConnected);
 }
 
 TEST_F(FormDockingDownTest, RemoveTakesTheSelectedRowAndItsStandards) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     add(u"A-2"_s);
     script.statements.clear();
@@ -252,7 +257,7 @@ TEST_F(FormDockingDownTest, RemoveTakesTheSelectedRowAndItsStandards) {
 }
 
 TEST_F(FormDockingDownTest, AfterRemovingNoOtherRowIsSelected) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     add(u"A-2"_s);
     list().setCurrentRow(0);
@@ -264,7 +269,7 @@ TEST_F(FormDockingDownTest, AfterRemovingNoOtherRowIsSelected) {
 }
 
 TEST_F(FormDockingDownTest, TheDeleteKeyRemovesTheSelectedRow) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualItemRect(list().item(0)).center());
     QTest::keyClick(&list(), Qt::Key_Delete);
@@ -272,20 +277,20 @@ TEST_F(FormDockingDownTest, TheDeleteKeyRemovesTheSelectedRow) {
 }
 
 TEST_F(FormDockingDownTest, ARemovalThatFailsIsReportedAndTheRowStays) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     script.failures.insert(forgetStandards(u"A-1"_s), Error{547, u"locked"_s});
     list().setCurrentRow(0);
-    person.expectReport(547, u"FormDockingDown,CommandRemove"_s);
+    simulatedOperator.expectReport(547, u"FormDockingDown,CommandRemove"_s);
     click(button(u"CommandRemove"_s));
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     EXPECT_TRUE(buttonsEnabled());
 }
 
-TEST_F(FormDockingDownTest, AGoodDownloadSaysSoStoresTheCalibratorAndCloses) {
-    openForAny();
+TEST_F(FormDockingDownTest, AGoodDownloadReportsSuccessStoresTheCalibratorAndCloses) {
+    openForAnyInstrument();
     add(u"A-1"_s);
-    person.expectBox(u"Download Successful"_s, title, box::information);
+    simulatedOperator.expectBox(u"Download Successful"_s, title, box::information);
     click(button(u"CommandDownload"_s));
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
     EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
@@ -294,19 +299,19 @@ TEST_F(FormDockingDownTest, AGoodDownloadSaysSoStoresTheCalibratorAndCloses) {
 }
 
 TEST_F(FormDockingDownTest, TheWordDownloadStartsItInAnyCase) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
-    person.expectBox(u"Download Successful"_s, title, box::information);
+    simulatedOperator.expectBox(u"Download Successful"_s, title, box::information);
     add(u"dOWNLOAD"_s);
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
 }
 
 TEST_F(FormDockingDownTest, AFailedDownloadKeepsScreenAndListForAnotherTry) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     dynamic_cast<FormDockingDown&>(form()).takeCalibrator(u"Fluke 743/744"_s);
     for (int attempt = 0; attempt < 2; ++attempt) {
-        person.expectBox(noDriver, title, box::warning);
+        simulatedOperator.expectBox(noDriver, title, box::warning);
         click(button(u"CommandDownload"_s));
         EXPECT_EQ(rows(), QStringList{u"A-1"_s});
         EXPECT_TRUE(buttonsEnabled());
@@ -315,17 +320,17 @@ TEST_F(FormDockingDownTest, AFailedDownloadKeepsScreenAndListForAnotherTry) {
 }
 
 TEST_F(FormDockingDownTest, AnEmptyListIsNotDownloaded) {
-    openForAny();
+    openForAnyInstrument();
     click(button(u"CommandDownload"_s));
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
 }
 
 TEST_F(FormDockingDownTest, ALostConnectionIsReportedAndTheButtonsComeBack) {
-    openForAny();
+    openForAnyInstrument();
     add(u"A-1"_s);
     script.lost = true;
-    person.expectReport(10054, u"FormDockingDown,Download"_s);
+    simulatedOperator.expectReport(10054, u"FormDockingDown,Download"_s);
     click(button(u"CommandDownload"_s));
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_TRUE(buttonsEnabled());

@@ -94,7 +94,7 @@ TEST_F(FormUnfinishedResultsTest, ShowsTheReadingsOfTheChosenResult) {
 
 TEST_F(FormUnfinishedResultsTest, DiscardAsksAndKeepsTheResultOnNo) {
     startLoggedIn(4);
-    person.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::no);
     click(button(u"CommandDiscard"_s));
     EXPECT_EQ(unfinishedAssets(), (QStringList{u"TW-1001"_s, u"TW-1002"_s}));
     EXPECT_EQ(results().topLevelItemCount(), 2);
@@ -102,7 +102,7 @@ TEST_F(FormUnfinishedResultsTest, DiscardAsksAndKeepsTheResultOnNo) {
 
 TEST_F(FormUnfinishedResultsTest, DiscardEndsTheResultAndChoosesTheNextOne) {
     startLoggedIn(4);
-    person.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::yes);
     click(button(u"CommandDiscard"_s));
     EXPECT_EQ(unfinishedAssets(), QStringList{u"TW-1002"_s});
     EXPECT_EQ(readings().first(), u"TW-1002 first");
@@ -111,7 +111,7 @@ TEST_F(FormUnfinishedResultsTest, DiscardEndsTheResultAndChoosesTheNextOne) {
 TEST_F(FormUnfinishedResultsTest, ClosesWhenNothingIsLeft) {
     startLoggedIn(4);
     for (const auto& asset : {u"TW-1001"_s, u"TW-1002"_s}) {
-        person.expectBox(discardQuestion(asset), title, box::question, BoxAnswer::yes);
+        simulatedOperator.expectBox(discardQuestion(asset), title, box::question, BoxAnswer::yes);
         click(button(u"CommandDiscard"_s));
     }
     EXPECT_FALSE(isOpen());
@@ -120,11 +120,12 @@ TEST_F(FormUnfinishedResultsTest, ClosesWhenNothingIsLeft) {
 
 TEST_F(FormUnfinishedResultsTest, StaysOpenWhileItsQuestionIsOnTheScreen) {
     startLoggedIn(4);
-    person.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, [this](QMessageBox& box) {
-        form().close();
-        EXPECT_TRUE(isOpen());
-        box.reject();
-    });
+    simulatedOperator.expectBox(discardQuestion(u"TW-1001"_s), title, box::question,
+                                [this](QMessageBox& box) {
+                                    form().close();
+                                    EXPECT_TRUE(isOpen());
+                                    box.reject();
+                                });
     click(button(u"CommandDiscard"_s));
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(unfinishedAssets().size(), 2);
@@ -139,8 +140,9 @@ TEST_F(FormUnfinishedResultsTest, EscapeClosesAndKeepsTheResults) {
 
 TEST_F(FormUnfinishedResultsTest, LogOutWaitsUntilItIsClosed) {
     startLoggedIn(4);
-    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s,
-                     u"Kelvane"_s, box::warning);
+    simulatedOperator.expectBox(
+        u"One or more windows are still open! Please close open windows before logging out..."_s,
+        u"Kelvane"_s, box::warning);
     choose(u"mnuLogout"_s);
     EXPECT_TRUE(session.SessionConnected);
 }

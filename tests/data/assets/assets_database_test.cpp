@@ -13,14 +13,14 @@ namespace {
 
 class AssetsOnDatabase : public DatabaseSession {
   protected:
-    QStringList listed(qint16 count) {
+    QStringList listAssets(qint16 count) {
         QStringList assets;
         for (int i = 0; i < count; ++i)
             assets << std::as_const(session).AssetList[i].asset;
         assets.sort();
         return assets;
     }
-    QStringList membersOf(const QString& task) { return listed(GetAssetsInTaskPackage(session, task)); }
+    QStringList membersOf(const QString& task) { return listAssets(GetAssetsInTaskPackage(session, task)); }
 };
 
 } // namespace
@@ -41,8 +41,8 @@ TEST_F(AssetsOnDatabase, EachKindOfPackageGivesItsMembers) {
         {u"NO SUCH PACKAGE"_s, {}},
         {u"CREW 'B'"_s, {}},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(membersOf(one.package), one.members) << one.package.toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(membersOf(testCase.package), testCase.members) << testCase.package.toStdString();
 }
 
 TEST_F(AssetsOnDatabase, APredefinedPackageIsFoundByItsTagToo) {
@@ -94,14 +94,14 @@ TEST_F(AssetsOnDatabase, UnusualAssetNumbersAreSimplyUnknown) {
 }
 
 TEST_F(AssetsOnDatabase, ACalibratorsInstrumentsAreThoseInUseWithItAsStandard) {
-    EXPECT_EQ(listed(GetAssetsInUseWithStandard(session, u"6841207"_s)),
+    EXPECT_EQ(listAssets(GetAssetsInUseWithStandard(session, u"6841207"_s)),
               (QStringList{u"PT-103"_s, u"PT-104"_s}));
     EXPECT_EQ(GetAssetsInUseWithStandard(session, u"48213"_s), 0);
     EXPECT_EQ(GetAssetsInUseWithStandard(session, u"no such"_s), 0);
 }
 
 TEST_F(AssetsOnDatabase, AnotherOwnerHasItsOwnInventoryAndTheSharedParameters) {
-    become(u"gpetrov"_s, u"ABC"_s);
+    useOwner(u"gpetrov"_s, u"ABC"_s);
     EXPECT_EQ(AssetfromSerial(session, u"48215"_s), u"TS-0002"_s);
     EXPECT_EQ(CheckAsset(session, u"ABC-PT-1"_s), u"3401"_s);
     EXPECT_EQ(CheckAsset(session, u"PT-101"_s), QString());

@@ -21,7 +21,7 @@ const auto serverError = Error{-131, u"Syntax error near 'B'"_s, u"42000"_s};
 class Assets : public RecordedSession {
   protected:
     /// The package "P1" has these columns, in the order of its query.
-    void havePackage(const Row& columns) { script.answers[packageOf(u"P1"_s)] = {columns}; }
+    void answerPackage(const Row& columns) { script.answers[packageOf(u"P1"_s)] = {columns}; }
 };
 
 } // namespace
@@ -72,7 +72,7 @@ TEST_F(Assets, AnAssetNumberGoesIntoTheStatementAsItIs) {
     }
 }
 
-TEST_F(Assets, LookUpsThatFailAreReportedUnderTheirNamesAndGiveEmptyTexts) {
+TEST_F(Assets, FailedQueriesAreReportedUnderTheirNamesAndGiveEmptyTexts) {
     const auto bySerial = u"select i4201 from MT.inventory where i4206 = 'O-B'"_s;
     const auto byBeginning = u"select i4201 from MT.inventory where i4206 like 'O-B%' and i4201 like 'P%'"_s;
     const auto byAsset = u"select mtag from MT.inventory where i4201 = 'O-B'"_s;
@@ -110,8 +110,8 @@ struct PackageCase {
     QString condition;
 };
 
-void PrintTo(const PackageCase& one, std::ostream* out) {
-    *out << one.name;
+void PrintTo(const PackageCase& testCase, std::ostream* out) {
+    *out << testCase.name;
 }
 
 const PackageCase packageCases[] = {
@@ -160,7 +160,7 @@ class PackageKinds : public Assets, public ::testing::WithParamInterface<Package
 } // namespace
 
 TEST_P(PackageKinds, HaveTheirOwnMemberQuery) {
-    havePackage(GetParam().columns);
+    answerPackage(GetParam().columns);
     const auto members = u"select i4201,mtag,i4206 from MT.inventory where "_s + GetParam().condition;
     script.answers[members] = {{u"PT-1"_s, u"1"_s, u"S1"_s}, {u"PT-2"_s, u"2"_s, std::nullopt}};
     EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 2);
@@ -176,7 +176,7 @@ TEST_P(PackageKinds, HaveTheirOwnMemberQuery) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PackageKinds, ::testing::ValuesIn(packageCases),
-                         [](const auto& one) { return std::string(one.param.name); });
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(Assets, AnUnknownPackageEmptiesTheListAndSaysNothing) {
     session.AssetList[0].asset = u"old"_s;
@@ -187,13 +187,13 @@ TEST_F(Assets, AnUnknownPackageEmptiesTheListAndSaysNothing) {
 }
 
 TEST_F(Assets, AnUnknownKindRunsNoMemberQuery) {
-    havePackage({u"PDEF"_s, u"X"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
+    answerPackage({u"PDEF"_s, u"X"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
     EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
     EXPECT_EQ(script.statements, QStringList{packageOf(u"P1"_s)});
 }
 
 TEST_F(Assets, APredefinedPackageWithoutDefinitionIsReported) {
-    havePackage({u"PDEF"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
+    answerPackage({u"PDEF"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
     ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
     EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
 }
@@ -215,7 +215,7 @@ TEST_F(Assets, APackageNameIsSafeInItsOwnQueryAndRawInThatOfItsMembers) {
 }
 
 TEST_F(Assets, AMemberWithoutAssetNumberOrKeyIsReported) {
-    havePackage({u"PDEF"_s, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
+    answerPackage({u"PDEF"_s, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
     for (const auto& member : {Row{std::nullopt, u"1"_s, u"S1"_s}, Row{u"A-1"_s, std::nullopt, u"S1"_s}}) {
         script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s] = {member};
         ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
@@ -225,13 +225,13 @@ TEST_F(Assets, AMemberWithoutAssetNumberOrKeyIsReported) {
 }
 
 TEST_F(Assets, APackageWithoutAKindIsAnExplicitList) {
-    havePackage({std::nullopt, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
+    answerPackage({std::nullopt, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
     GetAssetsInTaskPackage(session, u"P1"_s);
     EXPECT_TRUE(script.statements.last().contains(u"hvm_kv_task_assets"_s));
 }
 
 TEST_F(Assets, ThePackageListHolds501InstrumentsAndReportsTheNext) {
-    havePackage({u"PDEF"_s, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
+    answerPackage({u"PDEF"_s, u"G"_s, std::nullopt, u"MT"_s, std::nullopt, std::nullopt});
     auto& members = script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s];
     for (int i = 0; i < 501; ++i)
         members << Row{u"PT-%1"_s.arg(i), QString::number(i), std::nullopt};
@@ -243,7 +243,7 @@ TEST_F(Assets, ThePackageListHolds501InstrumentsAndReportsTheNext) {
 }
 
 TEST_F(Assets, AMemberQueryThatFailsIsReportedWithItsStatement) {
-    havePackage({u"PDEF"_s, u"S"_s, u"select nonsense"_s, std::nullopt, std::nullopt, std::nullopt});
+    answerPackage({u"PDEF"_s, u"S"_s, u"select nonsense"_s, std::nullopt, std::nullopt, std::nullopt});
     const auto members = u"select i4201,mtag,i4206 from MT.inventory where i4201 in (select nonsense)"_s;
     script.failures[members] = serverError;
     session.AssetList[0].asset = u"old"_s;

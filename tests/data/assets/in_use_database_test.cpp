@@ -15,7 +15,7 @@ const auto calibrator = u"48213"_s; // TS-0001, key 1101
 class InUseOnDatabase : public DatabaseSession {
   protected:
     /// An instrument went to another calibrator so many days ago; its key is the number of days.
-    void sentOut(int days) {
+    void markSentOut(int days) {
         const auto key = QString::number(days);
         execute(
             u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('other','"_s +
@@ -88,8 +88,8 @@ TEST_F(InUseOnDatabase, ClearingACalibratorForgetsWhatItHolds) {
 }
 
 TEST_F(InUseOnDatabase, ARow31DaysOldSurvivesTheLoginAndGoesWithTheNextClearingOfAnyCalibrator) {
-    sentOut(29);
-    sentOut(31);
+    markSentOut(29);
+    markSentOut(31);
     ClearSystemTables(session);
     EXPECT_EQ(out(), (QStringList{u"29"_s, u"31"_s}));
     EXPECT_EQ(standardsOut(), (QStringList{u"29"_s, u"31"_s}));
@@ -99,8 +99,8 @@ TEST_F(InUseOnDatabase, ARow31DaysOldSurvivesTheLoginAndGoesWithTheNextClearingO
 }
 
 TEST_F(InUseOnDatabase, ARow91DaysOldGoesWithTheLogin) {
-    sentOut(89);
-    sentOut(91);
+    markSentOut(89);
+    markSentOut(91);
     ClearSystemTables(session);
     EXPECT_EQ(out(), QStringList{u"89"_s});
     EXPECT_EQ(standardsOut(), QStringList{u"89"_s});

@@ -21,7 +21,7 @@ const auto standardsOfAsset =
 class InUse : public RecordedSession {
   protected:
     /// The calibrator with serial number 702-1 is the asset CAL-702 with the key 99.
-    void haveCalibrator() {
+    void answerCalibrator() {
         script.answers[assetOfSerial] = {{u"CAL-702"_s}};
         script.answers[keyOfAsset] = {{u"99"_s}};
     }
@@ -30,7 +30,7 @@ class InUse : public RecordedSession {
 } // namespace
 
 TEST_F(InUse, RegisteringWritesTheInstrumentAndTheCalibratorAsItsStandard) {
-    haveCalibrator();
+    answerCalibrator();
     AddInUse(session, u"702-1"_s, u"4711"_s, u"jdoe"_s);
     EXPECT_EQ(
         script.statements,
@@ -44,7 +44,7 @@ TEST_F(InUse, RegisteringWritesTheInstrumentAndTheCalibratorAsItsStandard) {
 }
 
 TEST_F(InUse, AnEmptyTechnicianIsStoredAsNull) {
-    haveCalibrator();
+    answerCalibrator();
     AddInUse(session, u"702-1"_s, u"4711"_s, {});
     EXPECT_EQ(
         script.statements.at(2),
@@ -60,7 +60,7 @@ TEST_F(InUse, AnUnknownCalibratorIsRegisteredWithAnEmptyKey) {
 }
 
 TEST_F(InUse, AFailedFirstInsertLeavesTheSecondOut) {
-    haveCalibrator();
+    answerCalibrator();
     script.failures
         [u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('702-1',now(*),'4711','O-B');commit"_s] =
         Error{-131, u"Syntax error"_s};
@@ -70,7 +70,7 @@ TEST_F(InUse, AFailedFirstInsertLeavesTheSecondOut) {
     EXPECT_FALSE(ui.busy);
 }
 
-TEST_F(InUse, AFailedLookUpIsReportedByItselfAndTheRegistrationGoesOn) {
+TEST_F(InUse, AFailedQueryIsReportedByItselfAndTheRegistrationGoesOn) {
     script.failures[assetOfSerial] = Error{-210, u"Locked"_s};
     ui.expectReport(-210, u"ModuleGlobals,AssetfromSerial"_s);
     AddInUse(session, u"702-1"_s, u"4711"_s, u"jdoe"_s);
@@ -78,7 +78,7 @@ TEST_F(InUse, AFailedLookUpIsReportedByItselfAndTheRegistrationGoesOn) {
 }
 
 TEST_F(InUse, ClearingForgetsTheCalibratorAndEverythingOlderThanThirtyDays) {
-    haveCalibrator();
+    answerCalibrator();
     ClearInUse(session, u"702-1"_s);
     EXPECT_EQ(
         script.statements,
@@ -92,7 +92,7 @@ TEST_F(InUse, ClearingForgetsTheCalibratorAndEverythingOlderThanThirtyDays) {
 }
 
 TEST_F(InUse, AFailedClearingStopsAndIsReported) {
-    haveCalibrator();
+    answerCalibrator();
     script.failures
         [u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '702-1';commit"_s] =
         Error{-210, u"Locked"_s};

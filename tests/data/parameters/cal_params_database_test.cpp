@@ -23,7 +23,7 @@ class CalParamsOnDatabase : public DatabaseSession {
     CalParamRecord record() { return GetCalParams(session, u"PT-101"_s); }
 
     /// Fills the table of strategies up to so many points.
-    void havePoints(int count) {
+    void insertPoints(int count) {
         execute(u"delete from mt.hvm_kv_proc_points where tp_name = 'FILLER'"_s);
         const auto present = values(u"select count(*) from mt.hvm_kv_proc_points"_s).first().toInt();
         execute(u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) with recursive "
@@ -95,7 +95,7 @@ TEST_F(CalParamsOnDatabase, ANullIsReportedInEveryColumnThatDoesNotProvideForIt)
         if (param.null.isEmpty())
             ui.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
         record();
-        EXPECT_TRUE(ui.allCame()) << column.toStdString();
+        EXPECT_TRUE(ui.hasMetAll()) << column.toStdString();
         execute(u"delete from mt.hvm_kv_tag_config where mtag = '1401'"_s);
         execute(u"insert into mt.hvm_kv_tag_config select * from temp.kept"_s);
         execute(u"drop table temp.kept"_s);
@@ -130,9 +130,9 @@ TEST_F(CalParamsOnDatabase, AnEmptyTableOfStrategiesGivesTheZeroedRecordEvenToAC
 
 TEST_F(CalParamsOnDatabase, CostTheSameWithTwentyPointsInTheTableOfStrategiesAndWithTwentyThousand) {
     execute(u"delete from mt.hvm_kv_proc_points where tp_name <> '5 POINT UP'"_s);
-    havePoints(20);
+    insertPoints(20);
     const auto few = bestTime();
-    havePoints(20000);
+    insertPoints(20000);
     const auto many = bestTime();
     EXPECT_LT(many, few * 3) << few << " ns with 20 points, " << many << " ns with 20,000";
 }

@@ -58,13 +58,13 @@ TEST_F(CalParams, TheIndicatedFlagsAreNotSwapped) {
         {u"y"_s, std::nullopt, true, false}, {std::nullopt, u"y"_s, false, true},
         {u"YES"_s, u"1"_s, false, false},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         auto row = calParamsRow();
-        row[46] = one.input;
-        row[47] = one.output;
+        row[46] = testCase.input;
+        row[47] = testCase.output;
         const auto record = read(row);
-        EXPECT_EQ(record.input_indicated, one.inputIndicated);
-        EXPECT_EQ(record.output_indicated, one.outputIndicated);
+        EXPECT_EQ(record.input_indicated, testCase.inputIndicated);
+        EXPECT_EQ(record.output_indicated, testCase.outputIndicated);
     }
 }
 
@@ -116,7 +116,7 @@ TEST_F(CalParams, ANullInAnyOtherColumnIsReportedAndEndsTheReadingThere) {
         ui.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
         const auto record = readWith(position, std::nullopt);
         EXPECT_FALSE(record.input_indicated) << "read on behind " << name(param);
-        EXPECT_TRUE(ui.allCame()) << "no report for " << name(param);
+        EXPECT_TRUE(ui.hasMetAll()) << "no report for " << name(param);
     }
 }
 
@@ -217,8 +217,8 @@ class TestPoints : public CalParams {
         script.answers[repetitionsOf] = {{repetitions}};
         auto& rows = script.answers[points + u" order by test_point_seq asc"_s];
         rows.clear();
-        for (const auto& one : percentages)
-            rows << Row{one};
+        for (const auto& percentage : percentages)
+            rows << Row{percentage};
         const auto count = GetTestPointList(session, u"PT-1"_s);
         EXPECT_FALSE(ui.busy);
         return count;
@@ -319,12 +319,12 @@ TEST_F(Prompts, OfAnAssetAreChosenByKind) {
         qint16 kind;
         QString type;
     } cases[] = {{0, u"and prompt_type = 'PRE' "_s}, {1, u"and prompt_type = 'PST' "_s}, {2, {}}, {-1, {}}};
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         script.statements.clear();
-        script.answers[promptsOfAsset(one.type)] = {{u"M1"_s, u"Open the valve"_s, u"PRE"_s},
-                                                    {u"M2"_s, std::nullopt, u"PST"_s}};
-        EXPECT_EQ(GetPrompts(session, u"PT-1"_s, one.kind, u"T1"_s), 2) << one.kind;
-        EXPECT_EQ(script.statements, QStringList{promptsOfAsset(one.type)}) << one.kind;
+        script.answers[promptsOfAsset(testCase.type)] = {{u"M1"_s, u"Open the valve"_s, u"PRE"_s},
+                                                         {u"M2"_s, std::nullopt, u"PST"_s}};
+        EXPECT_EQ(GetPrompts(session, u"PT-1"_s, testCase.kind, u"T1"_s), 2) << testCase.kind;
+        EXPECT_EQ(script.statements, QStringList{promptsOfAsset(testCase.type)}) << testCase.kind;
     }
     EXPECT_EQ(session.PromptList[0].pname, u"M1"_s);
     EXPECT_EQ(session.PromptList[0].prompt, u"Open the valve"_s);

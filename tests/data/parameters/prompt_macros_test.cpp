@@ -23,7 +23,7 @@ class PromptMacros : public RecordedSession {
         return UUTPromptTextPrepare(session, text, assetNumber);
     }
     /// The column of the instrument's inventory row holds this.
-    void haveInventory(const QString& column, const std::optional<QString>& value) {
+    void answerInventory(const QString& column, const std::optional<QString>& value) {
         script.answers[u"select "_s + column + u" from MT.inventory where i4201 = 'PT-1'"_s] = {{value}};
     }
 };
@@ -57,9 +57,9 @@ TEST_F(PromptMacros, MarksComeInPairsAndALoneOneIsDropped) {
         {u"$ U_NAM$"_s, u" U_NAM"_s},
         {u"溫度 $U_NAM$ é"_s, u"溫度 jdoe é"_s},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(expand(one.text, noAsset), one.result) << one.text.toStdString();
-        EXPECT_EQ(expand(one.text, asset), one.result) << one.text.toStdString();
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(expand(testCase.text, noAsset), testCase.result) << testCase.text.toStdString();
+        EXPECT_EQ(expand(testCase.text, asset), testCase.result) << testCase.text.toStdString();
     }
 }
 
@@ -67,16 +67,16 @@ TEST_F(PromptMacros, NamesAreComparedInCapitals) {
     EXPECT_EQ(expand(u"$today$ $u_Nam$ $inputUnits$"_s), u"03/18/2026 jdoe psi"_s);
 }
 
-TEST_F(PromptMacros, SpeakOfTheUserAndTheTime) {
+TEST_F(PromptMacros, GiveTheUserAndTheTime) {
     const MacroCase cases[] = {
         {u"$U_NAM$"_s, u"jdoe"_s},
         {u"$U_SEG$"_s, u"MT"_s},
         {u"$NOW$"_s, u"09:30:00"_s},
         {u"$TODAY$"_s, u"03/18/2026"_s},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(expand(one.text, noAsset), one.result);
-        EXPECT_EQ(expand(one.text, asset), one.result);
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(expand(testCase.text, noAsset), testCase.result);
+        EXPECT_EQ(expand(testCase.text, asset), testCase.result);
     }
 }
 
@@ -114,14 +114,14 @@ TEST_F(PromptMacros, KnowTheBoundsOfTheMonths) {
          u"10/01/2026"_s,
          u"10/31/2026"_s},
     };
-    for (const auto& one : cases) {
-        clock.set(one.today.year(), one.today.month(), one.today.day());
-        EXPECT_EQ(expand(u"$FIRSTDAYTHISMONTH$"_s), one.firstThis);
-        EXPECT_EQ(expand(u"$LASTDAYTHISMONTH$"_s), one.lastThis);
-        EXPECT_EQ(expand(u"$FIRSTDAYNEXTMONTH$"_s), one.firstNext);
-        EXPECT_EQ(expand(u"$LASTDAYNEXTMONTH$"_s), one.lastNext);
-        EXPECT_EQ(expand(u"$FIRSTDAYLASTMONTH$"_s), one.firstLast);
-        EXPECT_EQ(expand(u"$LASTDAYLASTMONTH$"_s), one.lastLast);
+    for (const auto& testCase : cases) {
+        clock.set(testCase.today.year(), testCase.today.month(), testCase.today.day());
+        EXPECT_EQ(expand(u"$FIRSTDAYTHISMONTH$"_s), testCase.firstThis);
+        EXPECT_EQ(expand(u"$LASTDAYTHISMONTH$"_s), testCase.lastThis);
+        EXPECT_EQ(expand(u"$FIRSTDAYNEXTMONTH$"_s), testCase.firstNext);
+        EXPECT_EQ(expand(u"$LASTDAYNEXTMONTH$"_s), testCase.lastNext);
+        EXPECT_EQ(expand(u"$FIRSTDAYLASTMONTH$"_s), testCase.firstLast);
+        EXPECT_EQ(expand(u"$LASTDAYLASTMONTH$"_s), testCase.lastLast);
     }
 }
 
@@ -152,7 +152,7 @@ TEST_F(PromptMacros, DatesWithoutADateFormatAreEmpty) {
     EXPECT_EQ(expand(u"[$TODAY$$PASSCALDATE$] $NOW$"_s, noAsset), u"[] 09:30:00"_s);
 }
 
-TEST_F(PromptMacros, SpeakOfTheInstrument) {
+TEST_F(PromptMacros, GiveValuesOfTheInstrument) {
     QList<MacroCase> cases{{u"$INPUTCJ$"_s, u"Internal"_s}, {u"$OUTPUTCJ$"_s, u"External 22.5mA"_s}};
     for (const auto& param : givenParams) {
         if (!param.macro.isEmpty())
@@ -160,15 +160,15 @@ TEST_F(PromptMacros, SpeakOfTheInstrument) {
                                (param.expanded.isEmpty() ? param.stored : param.expanded).toString()};
     }
     EXPECT_GT(cases.size(), 36);
-    for (const auto& one : cases) {
-        EXPECT_EQ(expand(one.text), one.result) << one.text.toStdString();
-        const auto name = one.text.mid(1, one.text.size() - 2);
-        EXPECT_EQ(expand(one.text, noAsset), name) << "without an asset a macro stands as its own name";
-        EXPECT_EQ(expand(one.text.toLower(), noAsset), name.toLower()) << "as it was written";
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(expand(testCase.text), testCase.result) << testCase.text.toStdString();
+        const auto name = testCase.text.mid(1, testCase.text.size() - 2);
+        EXPECT_EQ(expand(testCase.text, noAsset), name) << "without an asset a macro stands as its own name";
+        EXPECT_EQ(expand(testCase.text.toLower(), noAsset), name.toLower()) << "as it was written";
     }
 }
 
-TEST_F(PromptMacros, AnExternalColdJunctionIsToldByItsExactWord) {
+TEST_F(PromptMacros, AnExternalColdJunctionIsRecognizedByItsExactWord) {
     auto row = calParamsRow();
     row[23] = u"EXT"_s;
     row[24] = u"Ext"_s;
@@ -197,8 +197,8 @@ TEST_F(PromptMacros, TheTightestTolerancesAreGivenInPercent) {
 }
 
 TEST_F(PromptMacros, APassedCalibrationFallsDueAfterTheInstrumentsInterval) {
-    haveInventory(u"I4229"_s, u"12"_s);
-    haveInventory(u"I4228"_s, u"M"_s);
+    answerInventory(u"I4229"_s, u"12"_s);
+    answerInventory(u"I4228"_s, u"M"_s);
     EXPECT_EQ(expand(u"Due $PASSCALDATE$ by $U_NAM$"_s), u"Due 03/18/2027 by jdoe"_s);
 }
 
@@ -211,8 +211,8 @@ TEST_F(PromptMacros, APassedCalibrationOfNoInstrumentFallsDueTodayOrOnTheWorking
 }
 
 TEST_F(PromptMacros, ADueDateThatFailsGivesAnEmptyText) {
-    haveInventory(u"I4229"_s, u"12"_s);
-    haveInventory(u"I4228"_s, u"moons"_s);
+    answerInventory(u"I4229"_s, u"12"_s);
+    answerInventory(u"I4228"_s, u"moons"_s);
     ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s);
     EXPECT_EQ(expand(u"Due $PASSCALDATE$ by $U_NAM$"_s), u"Due  by jdoe"_s);
 }
@@ -228,8 +228,8 @@ TEST_F(PromptMacros, ACharacterIsGivenByItsCode) {
         {u"$CHR:65 A$"_s, u"CHR:65 A"_s}, {u"$CHR:256$"_s, u"Ā"_s},
         {u"$CHR:937$"_s, u"Ω"_s},         {u"$CHR:128512$"_s, u"😀"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(expand(one.text), one.result) << one.text.toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(expand(testCase.text), testCase.result) << testCase.text.toStdString();
 }
 
 TEST_F(PromptMacros, ACharacterNeedsAnAsset) {
@@ -246,8 +246,8 @@ TEST_F(PromptMacros, ACodeThatIsNoCharacterIsReportedAndGivesAnEmptyText) {
 }
 
 TEST_F(PromptMacros, AColumnIsGivenByTheLastFiveCharactersAsWritten) {
-    haveInventory(u"I4203"_s, u"3051C"_s);
-    haveInventory(u"i4204"_s, u"Pressure transmitter"_s);
+    answerInventory(u"I4203"_s, u"3051C"_s);
+    answerInventory(u"i4204"_s, u"Pressure transmitter"_s);
     EXPECT_EQ(expand(u"$DB:I4203$"_s), u"3051C"_s);
     EXPECT_EQ(expand(u"$db:i4204$"_s), u"Pressure transmitter"_s);
     EXPECT_EQ(expand(u"$DB:inventory.I4203$"_s), u"3051C"_s);
@@ -255,13 +255,13 @@ TEST_F(PromptMacros, AColumnIsGivenByTheLastFiveCharactersAsWritten) {
 }
 
 TEST_F(PromptMacros, ABareFieldNumberTakesTheColonWithItAndGivesNothing) {
-    haveInventory(u"I4203"_s, u"3051C"_s);
+    answerInventory(u"I4203"_s, u"3051C"_s);
     EXPECT_EQ(expand(u"[$DB:4203$]"_s), u"[]"_s);
     EXPECT_EQ(expand(u"[$DB:$]"_s), u"[]"_s);
 }
 
 TEST_F(PromptMacros, ANullColumnGivesNothing) {
-    haveInventory(u"I4203"_s, std::nullopt);
+    answerInventory(u"I4203"_s, std::nullopt);
     EXPECT_EQ(expand(u"[$DB:I4203$]"_s), u"[]"_s);
 }
 

@@ -15,8 +15,8 @@ using namespace ModuleGlobals;
 class RecordOnDatabase : public DatabaseSession {
   protected:
     CalRecord record;
-    QString one(const QString& query, int columns = 1) { return rows(query, columns).value(0); }
-    int count(const QString& table) { return one(u"select count(*) from "_s + table).toInt(); }
+    QString firstRow(const QString& query, int columns = 1) { return rows(query, columns).value(0); }
+    int count(const QString& table) { return firstRow(u"select count(*) from "_s + table).toInt(); }
 
     void set(const QString& column, const QString& value) {
         for (int row = 0; row < calFieldCount(record); ++row) {
@@ -53,14 +53,14 @@ class RecordOnDatabase : public DatabaseSession {
     }
     QString create(const QString& asset) {
         const auto reason = CreateCalRecord(session, record, asset);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_FALSE(ui.progressShown);
         return reason;
     }
 };
 
 TEST_F(RecordOnDatabase, WholeRecordWithItsStandardsAndResults) {
-    const auto earlier = one(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
+    const auto earlier = firstRow(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
     const auto before = count(u"mt.calibration"_s);
     prepare(u"TW-101"_s);
     record.RecordStandards[0] = u"TT-0300F"_s;
@@ -73,17 +73,18 @@ TEST_F(RecordOnDatabase, WholeRecordWithItsStandardsAndResults) {
     EXPECT_EQ(create(u"TW-101"_s), QString());
 
     EXPECT_EQ(count(u"mt.calibration"_s), before + 1);
-    const auto current = one(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
+    const auto current = firstRow(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
     EXPECT_GT(current.toInt(), earlier.toInt()) << "the mark has moved to the new record";
-    EXPECT_EQ(one(u"select c2339 from mt.calibration where ctag = "_s + earlier), u"(null)"_s);
+    EXPECT_EQ(firstRow(u"select c2339 from mt.calibration where ctag = "_s + earlier), u"(null)"_s);
     EXPECT_EQ(
-        one(u"select cdsrc,c2301,c2333,c2302,c2331,c2323,c2307,c2336,c2338,c2315,c2312,c2317,c2309,c2308,"
+        firstRow(
+            u"select cdsrc,c2301,c2333,c2302,c2331,c2323,c2307,c2336,c2338,c2315,c2312,c2317,c2309,c2308,"
             "c2319,c2355 from mt.calibration where ctag = "_s +
                 current,
             16),
         u"KVN|2026-03-18|08:05:30|12|M|Y|jdoe|jdoe|jdoe|IN PLACE|21.5|MT|KP-TORQUE-02|FOUND-LEFT|(null)|"
         "(null)"_s);
-    EXPECT_EQ(one(u"select c2303,c2334 from mt.calibration where ctag = "_s + current, 2),
+    EXPECT_EQ(firstRow(u"select c2303,c2334 from mt.calibration where ctag = "_s + current, 2),
               u"2027-03-18|08:05:30"_s);
     EXPECT_EQ(
         rows(u"select c2430,mtag from mt.standards where ctag = "_s + current + u" order by rowid"_s, 2),
@@ -93,7 +94,7 @@ TEST_F(RecordOnDatabase, WholeRecordWithItsStandardsAndResults) {
         rows(u"select c2502,c2501,mtag from mt.calresults where ctag = "_s + current + u" order by c2502"_s,
              3),
         (QStringList{u"0|  1  50.0 ft/lb|1301"_s, u"1|  2 150.0 ft/lb|1301"_s}));
-    EXPECT_EQ(one(u"select i4224,i4225,i4230,i4231 from mt.inventory where mtag = '1301'"_s, 4),
+    EXPECT_EQ(firstRow(u"select i4224,i4225,i4230,i4231 from mt.inventory where mtag = '1301'"_s, 4),
               u"(null)|(null)|2026-03-18|2027-03-18"_s);
 }
 
@@ -101,11 +102,11 @@ TEST_F(RecordOnDatabase, FailedInstrumentIsDueAtOnceAndKeepsItsRecall) {
     prepare(u"TW-104"_s, u"N"_s);
     answerFields(u"TW-104"_s);
     EXPECT_EQ(create(u"TW-104"_s), QString());
-    EXPECT_EQ(one(u"select c2323,c2303 from mt.calibration where mtag = '1304' and c2339 = '1'"_s, 2),
+    EXPECT_EQ(firstRow(u"select c2323,c2303 from mt.calibration where mtag = '1304' and c2339 = '1'"_s, 2),
               u"N|2026-03-18"_s);
-    EXPECT_EQ(one(u"select i4224,i4231 from mt.inventory where mtag = '1304'"_s, 2),
+    EXPECT_EQ(firstRow(u"select i4224,i4231 from mt.inventory where mtag = '1304'"_s, 2),
               u"RECALLED FOR CALIBRATION|2026-03-18"_s);
-    EXPECT_NE(one(u"select i4225 from mt.inventory where mtag = '1304'"_s), u"(null)"_s);
+    EXPECT_NE(firstRow(u"select i4225 from mt.inventory where mtag = '1304'"_s), u"(null)"_s);
 }
 
 TEST_F(RecordOnDatabase, DueDateMovesBackOffTheWeekend) {
@@ -113,7 +114,7 @@ TEST_F(RecordOnDatabase, DueDateMovesBackOffTheWeekend) {
     set(u"C2301"_s, u"2026-03-20"_s); // a year later it is a Saturday
     answerFields(u"TW-101"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
-    EXPECT_EQ(one(u"select c2303 from mt.calibration where mtag = '1301' and c2339 = '1'"_s),
+    EXPECT_EQ(firstRow(u"select c2303 from mt.calibration where mtag = '1301' and c2339 = '1'"_s),
               u"2027-03-19"_s);
 }
 
@@ -121,7 +122,7 @@ TEST_F(RecordOnDatabase, FirstCalibrationTakesTheInitialDefaults) {
     prepare(u"TW-103"_s);
     answerFields(u"TW-103"_s);
     EXPECT_EQ(create(u"TW-103"_s), QString());
-    EXPECT_EQ(one(u"select c2308,c2309 from mt.calibration where mtag = '1303' and c2339 = '1'"_s, 2),
+    EXPECT_EQ(firstRow(u"select c2308,c2309 from mt.calibration where mtag = '1303' and c2339 = '1'"_s, 2),
               u"AS-FOUND|KP-GEN"_s);
 }
 
@@ -154,7 +155,7 @@ TEST_F(RecordOnDatabase, ValueWithQuotesAndOtherAlphabetsGoesInSafely) {
     set(u"C2326"_s, remark);
     answerFields(u"TW-101"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
-    EXPECT_EQ(one(u"select c2326 from mt.calibration where mtag = '1301' and c2339 = '1'"_s), remark);
+    EXPECT_EQ(firstRow(u"select c2326 from mt.calibration where mtag = '1301' and c2339 = '1'"_s), remark);
 }
 
 TEST_F(RecordOnDatabase, ResultLineWithAQuoteEndsInTheReportWithTheRecordAlreadyWritten) {
@@ -168,10 +169,11 @@ TEST_F(RecordOnDatabase, ResultLineWithAQuoteEndsInTheReportWithTheRecordAlready
     ui.expectReport(1, u"ModuleGlobals,CreateCalRecord"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
     EXPECT_EQ(count(u"mt.calibration"_s), before + 1);
-    const auto current = one(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
+    const auto current = firstRow(u"select ctag from mt.calibration where mtag = '1301' and c2339 = '1'"_s);
     EXPECT_EQ(rows(u"select c2501 from mt.calresults where ctag = "_s + current, 1), QStringList{u"first"_s});
-    EXPECT_EQ(one(u"select count(*) from mt.standards where ctag = "_s + current), u"1"_s);
-    EXPECT_EQ(one(u"select i4224 from mt.inventory where mtag = '1301'"_s), u"RECALLED FOR CALIBRATION"_s);
+    EXPECT_EQ(firstRow(u"select count(*) from mt.standards where ctag = "_s + current), u"1"_s);
+    EXPECT_EQ(firstRow(u"select i4224 from mt.inventory where mtag = '1301'"_s),
+              u"RECALLED FOR CALIBRATION"_s);
 }
 
 TEST_F(RecordOnDatabase, CopyToAnotherTableEndsInAReportAndChangesNothing) {
@@ -183,9 +185,9 @@ TEST_F(RecordOnDatabase, CopyToAnotherTableEndsInAReportAndChangesNothing) {
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
     EXPECT_EQ(rows(u"select l2801,l2815 from mt.location order by rowid"_s, 2), places);
-    EXPECT_EQ(one(u"select i4231 from mt.inventory where mtag = '1301'"_s), u"2027-03-18"_s)
+    EXPECT_EQ(firstRow(u"select i4231 from mt.inventory where mtag = '1301'"_s), u"2027-03-18"_s)
         << "the other copies are carried out";
-    EXPECT_EQ(one(u"select count(*) from mt.calresults where c2501 = 'line'"_s), u"1"_s);
+    EXPECT_EQ(firstRow(u"select count(*) from mt.calresults where c2501 = 'line'"_s), u"1"_s);
 }
 
 TEST_F(RecordOnDatabase, EachCopyWithinTheRecordEndsInAReportAndTheRecordGoesOn) {
@@ -197,9 +199,9 @@ TEST_F(RecordOnDatabase, EachCopyWithinTheRecordEndsInAReportAndTheRecordGoesOn)
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     ui.expectReport(1, u"ModuleGlobals,DestColumn"_s);
     EXPECT_EQ(create(u"TW-101"_s), QString());
-    EXPECT_EQ(one(u"select c2329,c2316 from mt.calibration where mtag = '1301' and c2339 = '1'"_s, 2),
+    EXPECT_EQ(firstRow(u"select c2329,c2316 from mt.calibration where mtag = '1301' and c2339 = '1'"_s, 2),
               u"(null)|(null)"_s);
-    EXPECT_EQ(one(u"select count(*) from mt.calresults where c2501 = 'line'"_s), u"1"_s);
+    EXPECT_EQ(firstRow(u"select count(*) from mt.calresults where c2501 = 'line'"_s), u"1"_s);
 }
 
 TEST_F(RecordOnDatabase, QuestionsAreAskedWhileTheirListIsStillBeingRead) {
@@ -212,7 +214,7 @@ TEST_F(RecordOnDatabase, QuestionsAreAskedWhileTheirListIsStillBeingRead) {
                         execute(u"update mt.inventory set i4224 = 'meanwhile' where mtag = '1301';commit"_s);
                     });
     EXPECT_EQ(create(u"TW-101"_s), QString());
-    EXPECT_EQ(one(u"select c2316 from mt.calibration where mtag = '1301' and c2339 = '1'"_s), u"WO-7"_s);
+    EXPECT_EQ(firstRow(u"select c2316 from mt.calibration where mtag = '1301' and c2339 = '1'"_s), u"WO-7"_s);
 }
 
 TEST_F(RecordOnDatabase, TextInANumericColumnIsRefusedAndNothingIsWritten) {
@@ -226,12 +228,12 @@ TEST_F(RecordOnDatabase, TextInANumericColumnIsRefusedAndNothingIsWritten) {
     EXPECT_EQ(create(u"TW-101"_s), QString());
     EXPECT_EQ(count(u"mt.calibration"_s), before);
     EXPECT_EQ(count(u"mt.standards"_s), standards);
-    EXPECT_EQ(one(u"select count(*) from mt.calibration where mtag = '1301' and c2339 = '1'"_s), u"1"_s)
+    EXPECT_EQ(firstRow(u"select count(*) from mt.calibration where mtag = '1301' and c2339 = '1'"_s), u"1"_s)
         << "the earlier record stays the current one";
 }
 
 TEST_F(RecordOnDatabase, RecordOfAnotherOwnerGoesIntoItsOwnTables) {
-    become(u"gpetrov"_s, u"ABC"_s);
+    useOwner(u"gpetrov"_s, u"ABC"_s);
     const auto before = count(u"mt.calibration"_s);
     prepare(u"ABC-TW-1"_s);
     record.RecordStandards[0] = u"STD-TT-0150F"_s;
@@ -239,10 +241,11 @@ TEST_F(RecordOnDatabase, RecordOfAnotherOwnerGoesIntoItsOwnTables) {
     EXPECT_EQ(create(u"ABC-TW-1"_s), QString());
     EXPECT_EQ(count(u"mt.calibration"_s), before);
     const auto current =
-        one(u"select ctag from abc.calibration where c2301 = '2026-03-18' and c2339 = '1'"_s);
+        firstRow(u"select ctag from abc.calibration where c2301 = '2026-03-18' and c2339 = '1'"_s);
     EXPECT_GT(current.toInt(), 3000000);
     EXPECT_EQ(rows(u"select c2430 from mt.standards where ctag = "_s + current, 1), QStringList{u"3001"_s});
-    EXPECT_EQ(one(u"select c2317,c2336 from abc.calibration where ctag = "_s + current, 2), u"ABC|gpetrov"_s);
+    EXPECT_EQ(firstRow(u"select c2317,c2336 from abc.calibration where ctag = "_s + current, 2),
+              u"ABC|gpetrov"_s);
 }
 
 TEST_F(RecordOnDatabase, AssetWithAQuoteInItsNumberEndsInReports) {
@@ -253,7 +256,7 @@ TEST_F(RecordOnDatabase, AssetWithAQuoteInItsNumberEndsInReports) {
     ui.expectReport(1, u"ModuleGlobals,SourceColumn"_s);
     ui.expectReport(1, u"ModuleGlobals,SourceColumn"_s);
     SetCalDataFields(session, record, u"LT-10'COL"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(count(u"mt.calibration"_s), before);
 }
 
@@ -273,7 +276,7 @@ TEST_F(ColumnsOnDatabase, KindsComeFromTheCatalogueInAnyCase) {
 }
 
 TEST_F(ColumnsOnDatabase, ValuesAreThoseOfTheCurrentRows) {
-    const auto since = one(u"select l2802 from mt.location where mtag = '1301' and l2815 = '1'"_s);
+    const auto since = firstRow(u"select l2802 from mt.location where mtag = '1301' and l2815 = '1'"_s);
     const auto shown = since.mid(5, 2) + u'/' + since.mid(8, 2) + u'/' + since.left(4);
     const struct {
         QString column;
@@ -305,7 +308,7 @@ TEST_F(ColumnsOnDatabase, UnknownColumnIsReportedAndGivesEmpty) {
 
 TEST_F(ColumnsOnDatabase, InventoryTakesValuesOfItsKinds) {
     const auto value = [this](const QString& column) {
-        return one(u"select "_s + column + u" from mt.inventory where mtag = '1301'"_s);
+        return firstRow(u"select "_s + column + u" from mt.inventory where mtag = '1301'"_s);
     };
     DestColumn(session, u"4225"_s, u"TW-101"_s, u"1/2/2026"_s);
     EXPECT_EQ(value(u"i4225"_s), u"2026-01-02"_s);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-/// Each ends in one report and an empty result, which the caller can't tell from success.
+/// Each ends in one report and an empty result, which the caller can't distinguish from success.
 class CalRecordErrors : public RecordCreation {
   protected:
     void failing(int number) {

@@ -61,7 +61,7 @@ QString RecordCreation::valueOf(const QString& column) const {
 
 QString RecordCreation::create() {
     const auto reason = ModuleGlobals::CreateCalRecord(session, record, u"A-1"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(ui.progressShown) << "the progress window is gone on every way out";
     EXPECT_FALSE(ui.busy);
     return reason;

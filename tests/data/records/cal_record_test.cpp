@@ -108,7 +108,7 @@ TEST_F(RecordCreation, FullListsAreWrittenToTheirLastEntry) {
     EXPECT_TRUE(script.statements.contains(resultInsert(u"L-2000"_s, 2000)));
 }
 
-TEST_F(RecordCreation, BlankLinesOfASessionWithoutTemplateAreWrittenAllTheSame) {
+TEST_F(RecordCreation, BlankLinesOfASessionWithoutTemplateAreStillWritten) {
     const QString blank(120, u' ');
     record.RecordResults[0] = blank;
     record.RecordResults[1] = blank;

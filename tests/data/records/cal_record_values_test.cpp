@@ -158,7 +158,7 @@ TEST_F(RecordCreation, OptionalFieldWithoutAnAnswerGoesOn) {
     }
 }
 
-TEST_F(RecordCreation, RequiredFieldWithoutAnAnswerIsAskedAgainOrGivesTheRecordUp) {
+TEST_F(RecordCreation, RequiredFieldWithoutAnAnswerIsAskedAgainOrAbandonsTheRecord) {
     const auto warning =
         u"Warning: Failure to provide required data during calibration record creation will abort the "
         u"creation "

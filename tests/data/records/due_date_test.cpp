@@ -19,14 +19,14 @@ class DueDate : public RecordedSession {
     void daysOff(const QStringList& days) {
         auto& rows = script.answers[daysOffQuery];
         rows.clear();
-        for (const auto& one : days)
-            rows << Row{one};
+        for (const auto& day : days)
+            rows << Row{day};
     }
     void holidays(const QStringList& days) {
         auto& rows = script.answers[holidaysQuery];
         rows.clear();
-        for (const auto& one : days)
-            rows << Row{one};
+        for (const auto& day : days)
+            rows << Row{day};
     }
     Moment due(Moment from, float interval, QString unit) {
         return ModuleGlobals::calcDueDate(session, {}, from, interval, unit);
@@ -158,7 +158,7 @@ TEST_F(DueDate, WithAnAssetAHolidayNeverMatchesBecauseTheMomentHasATimeOfDay) {
     EXPECT_EQ(ModuleGlobals::calcDueDate(session, u"PT-1"_s, from, count, code).date, QDate(2026, 3, 17));
 }
 
-TEST_F(DueDate, WithAnAssetADayOffMatchesAllTheSame) {
+TEST_F(DueDate, WithAnAssetADayOffStillMatches) {
     script.answers[u"select I4229 from MT.inventory where i4201 = 'PT-1'"_s] = {{u"4"_s}};
     script.answers[u"select I4228 from MT.inventory where i4201 = 'PT-1'"_s] = {{u"D"_s}};
     daysOff({u"Sunday"_s, u"Saturday"_s});

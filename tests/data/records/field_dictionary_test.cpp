@@ -27,7 +27,7 @@ const auto olderQuery =
     "fldnum = '2303' or fldnum = '2301' or fldnum = '2307') and fldnum not like '239%' order by row,nextfld "
     "asc"_s;
 
-/// A row of the dictionary; what is not told is null.
+/// A row of the dictionary; what is not set is null.
 struct Entry {
     std::optional<QString> name = u"C2320"_s;
     std::optional<QString> title = {};
@@ -127,26 +127,26 @@ TEST_F(FieldDictionary, VersionSixReadsTheExtendedDictionary) {
 
 TEST_F(FieldDictionary, OlderVersionHasNeitherCopyBackNorToolTip) {
     session.SessionDbVersion = 5;
-    const auto one = field({.name = u"2320"_s, .scopy = u"4206"_s, .dcopy = u"4206"_s, .datalen = u"30"_s});
-    EXPECT_EQ(one.column, u"C2320"_s);
-    EXPECT_EQ(one.copy_from, u"4206"_s);
-    EXPECT_EQ(one.copy_to, QString()) << "the column holds scopy once more";
-    EXPECT_EQ(one.max_length, 30);
-    EXPECT_EQ(one.tooltip, QString());
+    const auto read = field({.name = u"2320"_s, .scopy = u"4206"_s, .dcopy = u"4206"_s, .datalen = u"30"_s});
+    EXPECT_EQ(read.column, u"C2320"_s);
+    EXPECT_EQ(read.copy_from, u"4206"_s);
+    EXPECT_EQ(read.copy_to, QString()) << "the column holds scopy once more";
+    EXPECT_EQ(read.max_length, 30);
+    EXPECT_EQ(read.tooltip, QString());
     EXPECT_EQ(script.statements.value(1), olderQuery);
 }
 
 TEST_F(FieldDictionary, NullsLeaveAFieldEmpty) {
-    const auto one = field({});
-    EXPECT_EQ(one.title, QString());
-    EXPECT_EQ(one.required, QString());
-    EXPECT_FALSE(one.has_list);
-    EXPECT_EQ(one.default_text, QString());
-    EXPECT_EQ(one.field_type, 0);
-    EXPECT_EQ(one.copy_from, QString());
-    EXPECT_EQ(one.copy_to, QString());
-    EXPECT_EQ(one.max_length, 0);
-    EXPECT_EQ(one.value, QString());
+    const auto read = field({});
+    EXPECT_EQ(read.title, QString());
+    EXPECT_EQ(read.required, QString());
+    EXPECT_FALSE(read.has_list);
+    EXPECT_EQ(read.default_text, QString());
+    EXPECT_EQ(read.field_type, 0);
+    EXPECT_EQ(read.copy_from, QString());
+    EXPECT_EQ(read.copy_to, QString());
+    EXPECT_EQ(read.max_length, 0);
+    EXPECT_EQ(read.value, QString());
 }
 
 TEST_F(FieldDictionary, DefaultAndRequirementFollowTheCalibrationsCount) {
@@ -178,10 +178,10 @@ TEST_F(FieldDictionary, DefaultAndRequirementFollowTheCalibrationsCount) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         calibrations(row.earlier);
-        const auto one = field(row.entry);
-        EXPECT_EQ(one.default_text, row.default_text);
-        EXPECT_EQ(one.required, row.required);
-        EXPECT_EQ(one.value, row.default_text);
+        const auto read = field(row.entry);
+        EXPECT_EQ(read.default_text, row.default_text);
+        EXPECT_EQ(read.required, row.required);
+        EXPECT_EQ(read.value, row.default_text);
     }
 }
 
@@ -198,9 +198,9 @@ TEST_F(FieldDictionary, CopyRulesAreTakenFromTheirColumns) {
         {{.dcopy = u"off"_s}, {}, u"off"_s},
     };
     for (const auto& row : rows) {
-        const auto one = field(row.entry);
-        EXPECT_EQ(one.copy_from, row.from);
-        EXPECT_EQ(one.copy_to, row.to);
+        const auto read = field(row.entry);
+        EXPECT_EQ(read.copy_from, row.from);
+        EXPECT_EQ(read.copy_to, row.to);
     }
 }
 
@@ -262,9 +262,9 @@ TEST_F(FieldDictionary, TokensStandForValues) {
         {u" U_NAM"_s, u" U_NAM"_s},
     };
     for (const auto& row : rows) {
-        const auto one = field({.sdefault = row.token});
-        EXPECT_EQ(one.value, row.value) << row.token.toStdString();
-        EXPECT_EQ(one.default_text, row.token);
+        const auto read = field({.sdefault = row.token});
+        EXPECT_EQ(read.value, row.value) << row.token.toStdString();
+        EXPECT_EQ(read.default_text, row.token);
     }
 }
 
@@ -334,9 +334,9 @@ TEST_F(FieldDictionary, NullNameIsReportedWithTheTableAsFarAsItWasFilled) {
 TEST_F(FieldDictionary, NullNumberOfAWorksheetFieldIsReportedWithTheTableFilled) {
     script.answers[worksheetQuery] = {{std::nullopt}, {u"2320"_s}};
     ui.expectReport(94, u"ModuleGlobals,SetCalDataFields"_s);
-    const auto one = field({.name = u"C2320"_s});
-    EXPECT_EQ(one.column, u"C2320"_s);
-    EXPECT_FALSE(one.on_worksheet);
+    const auto read = field({.name = u"C2320"_s});
+    EXPECT_EQ(read.column, u"C2320"_s);
+    EXPECT_FALSE(read.on_worksheet);
 }
 
 TEST_F(FieldDictionary, LengthOutsideSixteenBitsIsReported) {

@@ -23,7 +23,7 @@ class PromptUser : public RecordedSession {
     bool ask() {
         record.CalFieldTable[3] = field;
         const bool answered = ModuleGlobals::PromptUser(session, record, 3, u"A-1"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         return answered;
     }
     QString value() const { return std::as_const(record).CalFieldTable[3].value; }
@@ -64,7 +64,7 @@ TEST_F(PromptUser, StartsWithTheValueElseWithTheDefaultAsItStands) {
     ask();
 }
 
-TEST_F(PromptUser, RequiredAndKindAreHandedToTheDialog) {
+TEST_F(PromptUser, RequiredAndKindArePassedToTheDialog) {
     field.required = u"Y"_s;
     field.field_type = 2;
     answer(u"12"_s, [](const DialogQuestion& question) {

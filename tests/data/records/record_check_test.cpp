@@ -23,8 +23,8 @@ class RecordCheck : public DatabaseSession {
         execute(u"insert into mt.calresults (c2501, c2502, mtag, ctag) values ('%1', '%2', '1401', %3)"_s.arg(
             line, QString::number(number), ctag));
     }
-    QList<StoredRecord> found() { return ModuleGlobals::recordsOf(session, routine, contents); }
-    StoredRecord record() { return found().value(0); }
+    QList<StoredRecord> findRecords() { return ModuleGlobals::recordsOf(session, routine, contents); }
+    StoredRecord record() { return findRecords().value(0); }
     QStringList lines() {
         return rows(
             u"select c2502 || ' ' || c2501 from mt.calresults where ctag = %1 order by c2502"_s.arg(ctag));
@@ -42,7 +42,7 @@ class RecordCheck : public DatabaseSession {
 
 TEST_F(RecordCheck, FindsTheRecordsOfTheMomentWithAllThatBelongsToThem) {
     execute(u"insert into mt.standards (c2430, mtag, ctag) values (null, '1401', %1)"_s.arg(ctag));
-    ASSERT_EQ(found().size(), 1);
+    ASSERT_EQ(findRecords().size(), 1);
     EXPECT_EQ(record().ctag, ctag);
     EXPECT_TRUE(record().isCurrent);
     EXPECT_TRUE(record().passed);
@@ -53,18 +53,18 @@ TEST_F(RecordCheck, FindsTheRecordsOfTheMomentWithAllThatBelongsToThem) {
         const auto before = std::exchange(*text, text == &contents.date   ? u"2026-03-19"_s
                                                  : text == &contents.time ? u"08:15:31"_s
                                                                           : u"1402"_s);
-        EXPECT_TRUE(found().isEmpty());
+        EXPECT_TRUE(findRecords().isEmpty());
         *text = before;
     }
     execute(u"update mt.calibration set cdsrc = 'MTC' where ctag = "_s + ctag);
-    EXPECT_TRUE(found().isEmpty()) << "another program's";
+    EXPECT_TRUE(findRecords().isEmpty()) << "another program's";
 }
 
 TEST_F(RecordCheck, ARecordWithoutATimeIsOneOfASiteThatHasNone) {
     contents.time.clear();
-    EXPECT_TRUE(found().isEmpty());
+    EXPECT_TRUE(findRecords().isEmpty());
     execute(u"update mt.calibration set c2333 = null where ctag = "_s + ctag);
-    EXPECT_EQ(found().size(), 1);
+    EXPECT_EQ(findRecords().size(), 1);
 }
 
 TEST_F(RecordCheck, OnlyARecordWithoutOtherLinesMayBecomeTheWholeOne) {
@@ -117,7 +117,7 @@ TEST_F(RecordCheck, AMissingLineOrStandardIsNotWhole) {
 TEST_F(RecordCheck, ErrorsOfTheDatabaseLeaveIt) {
     const auto stored = record();
     sharedConnection(session).close();
-    EXPECT_EQ(errorOf([&] { found(); }), 3709);
+    EXPECT_EQ(errorOf([&] { findRecords(); }), 3709);
     EXPECT_EQ(errorOf([&] { ModuleGlobals::complete(session, routine, stored, contents); }), 3709);
     contents.lines = QStringList{u"first"_s};
     ui.expectReport(3709, u"ModuleGlobals,CheckAsset"_s);

@@ -43,7 +43,7 @@ TEST_F(FieldTypeTest, NullAndNoRowAreText) {
     EXPECT_EQ(FieldType(session, u"C2301"_s), 0);
 }
 
-TEST_F(FieldTypeTest, TheTwoTimesNeedNoLookAtTheDatabase) {
+TEST_F(FieldTypeTest, TheTwoTimesNeedNoQuery) {
     for (const auto& column : {u"C2333"_s, u"C2334"_s, u"c2333"_s, u"c2334"_s})
         EXPECT_EQ(FieldType(session, column), 3);
     EXPECT_EQ(script.statements, QStringList());

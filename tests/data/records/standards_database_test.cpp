@@ -39,13 +39,13 @@ TEST_F(StandardsOnDatabase, GetTheirVerdict) {
         {u""_s, u"TW-101"_s, 3},          {u"TT-0300F"_s, u""_s, 3},       {u"UC-903"_s, u"TW-101"_s, 3},
         {u"TT-0300F"_s, u"TW-NONE"_s, 4},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(check(one.standard, one.instrument), one.code)
-            << one.standard.toStdString() << " for " << one.instrument.toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(check(testCase.standard, testCase.instrument), testCase.code)
+            << testCase.standard.toStdString() << " for " << testCase.instrument.toStdString();
 }
 
 TEST_F(StandardsOnDatabase, OfAnotherOwnersSessionAreThoseOfSTD) {
-    become(u"gpetrov"_s, u"ABC"_s);
+    useOwner(u"gpetrov"_s, u"ABC"_s);
     EXPECT_EQ(check(u"STD-REF-1"_s, u"ABC-PT-1"_s), 0);
     EXPECT_EQ(check(u"STD-OLD-1"_s, u"ABC-PT-1"_s), 2);
     EXPECT_EQ(check(u"STD-LOW-1"_s, u"ABC-PT-1"_s), 1);
@@ -59,9 +59,9 @@ TEST_F(StandardsOnDatabase, TheSwitchForOverdueOnesCountsByAnExplicitNOnly) {
         QString value;
         qint16 code;
     } cases[] = {{u"'N'"_s, 2}, {u"'n'"_s, 2}, {u"'Y'"_s, 0}, {u"null"_s, 0}};
-    for (const auto& one : cases) {
-        execute(u"update mt.hvm_kv_sysconfig set allow_ooc_stds = "_s + one.value);
-        EXPECT_EQ(check(u"TT-0200F"_s), one.code) << one.value.toStdString();
+    for (const auto& testCase : cases) {
+        execute(u"update mt.hvm_kv_sysconfig set allow_ooc_stds = "_s + testCase.value);
+        EXPECT_EQ(check(u"TT-0200F"_s), testCase.code) << testCase.value.toStdString();
     }
 }
 
@@ -70,9 +70,9 @@ TEST_F(StandardsOnDatabase, TheSwitchForLowRanksCountsByANullToo) {
         QString value;
         qint16 code;
     } cases[] = {{u"'N'"_s, 1}, {u"'n'"_s, 1}, {u"null"_s, 1}, {u"'Y'"_s, 0}};
-    for (const auto& one : cases) {
-        execute(u"update mt.hvm_kv_sysconfig set allow_poor_trace_stds = "_s + one.value);
-        EXPECT_EQ(check(u"TT-TRAIN"_s), one.code) << one.value.toStdString();
+    for (const auto& testCase : cases) {
+        execute(u"update mt.hvm_kv_sysconfig set allow_poor_trace_stds = "_s + testCase.value);
+        EXPECT_EQ(check(u"TT-TRAIN"_s), testCase.code) << testCase.value.toStdString();
     }
 }
 
@@ -104,11 +104,11 @@ TEST_F(StandardsOnDatabase, TheOrderOfTraceCodesRanks) {
         {u"X"_s, u"X"_s, 1},
         {u"A"_s, u"X"_s, 1},
     };
-    for (const auto& one : cases) {
-        setTrace(u"TT-0300F"_s, u"'"_s + one.standard + u"'"_s);
-        setTrace(u"TW-101"_s, u"'"_s + one.instrument + u"'"_s);
-        EXPECT_EQ(check(u"TT-0300F"_s), one.code)
-            << one.standard.toStdString() << " for " << one.instrument.toStdString();
+    for (const auto& testCase : cases) {
+        setTrace(u"TT-0300F"_s, u"'"_s + testCase.standard + u"'"_s);
+        setTrace(u"TW-101"_s, u"'"_s + testCase.instrument + u"'"_s);
+        EXPECT_EQ(check(u"TT-0300F"_s), testCase.code)
+            << testCase.standard.toStdString() << " for " << testCase.instrument.toStdString();
     }
     setTrace(u"TT-0300F"_s, u"null"_s);
     EXPECT_EQ(check(u"TT-0300F"_s), 3);

@@ -78,7 +78,7 @@ TEST_F(Standards, AnInstrumentWithoutTraceCodeGivesFourEvenWhenTheStandardIsOver
     EXPECT_EQ(script.statements.size(), 1);
 }
 
-TEST_F(Standards, OverdueIsToldBeforeATooLowRank) {
+TEST_F(Standards, OverdueIsReportedBeforeATooLowRank) {
     have({.dueDate = u"2026-03-17"_s}, u"-1"_s);
     EXPECT_EQ(check(), 2);
     EXPECT_EQ(script.statements.size(), 1);
@@ -100,9 +100,9 @@ TEST_F(Standards, TheDueMomentEndsTheUse) {
         {"a timestamp with a fraction", u"2026-03-18 00:00:00.000"_s, u"09:30:00.000"_s, 2},
         {"no current calibration", std::nullopt, std::nullopt, 0},
     };
-    for (const auto& one : cases) {
-        have({.dueDate = one.date, .dueTime = one.time});
-        EXPECT_EQ(check(), one.code) << one.situation;
+    for (const auto& testCase : cases) {
+        have({.dueDate = testCase.date, .dueTime = testCase.time});
+        EXPECT_EQ(check(), testCase.code) << testCase.situation;
     }
 }
 
@@ -130,9 +130,9 @@ TEST_F(Standards, OverdueOnesAreRefusedByAnExplicitNOnly) {
         std::optional<QString> allowed;
         qint16 code;
     } cases[] = {{u"N"_s, 2}, {u"n"_s, 2}, {u"Y"_s, 0}, {u""_s, 0}, {u"NO"_s, 0}, {std::nullopt, 0}};
-    for (const auto& one : cases) {
-        have({.dueDate = u"2026-01-01"_s, .allowOverdue = one.allowed});
-        EXPECT_EQ(check(), one.code) << one.allowed.value_or(u"null"_s).toStdString();
+    for (const auto& testCase : cases) {
+        have({.dueDate = u"2026-01-01"_s, .allowOverdue = testCase.allowed});
+        EXPECT_EQ(check(), testCase.code) << testCase.allowed.value_or(u"null"_s).toStdString();
     }
 }
 
@@ -141,9 +141,9 @@ TEST_F(Standards, LowRanksAreRefusedByANullAsByAnN) {
         std::optional<QString> allowed;
         qint16 code;
     } cases[] = {{u"N"_s, 1}, {u"n"_s, 1}, {std::nullopt, 1}, {u"Y"_s, 0}, {u""_s, 0}, {u"NO"_s, 0}};
-    for (const auto& one : cases) {
-        have({.allowLowRank = one.allowed}, u"-1"_s);
-        EXPECT_EQ(check(), one.code) << one.allowed.value_or(u"null"_s).toStdString();
+    for (const auto& testCase : cases) {
+        have({.allowLowRank = testCase.allowed}, u"-1"_s);
+        EXPECT_EQ(check(), testCase.code) << testCase.allowed.value_or(u"null"_s).toStdString();
     }
 }
 
@@ -152,15 +152,15 @@ TEST_F(Standards, TheDistanceInRankMustNotBeNegative) {
         std::optional<QString> places;
         qint16 code;
     } cases[] = {{u"1"_s, 0}, {u"0"_s, 0}, {u"0.0"_s, 0}, {u"-1"_s, 1}, {u"-3.0"_s, 1}, {std::nullopt, 0}};
-    for (const auto& one : cases) {
-        have({}, one.places);
-        EXPECT_EQ(check(), one.code) << one.places.value_or(u"null"_s).toStdString();
+    for (const auto& testCase : cases) {
+        have({}, testCase.places);
+        EXPECT_EQ(check(), testCase.code) << testCase.places.value_or(u"null"_s).toStdString();
     }
     script.answers[distance] = {};
     EXPECT_EQ(check(), 0) << "no row";
 }
 
-TEST_F(Standards, AnotherOwnersSessionLooksForThemInSTD) {
+TEST_F(Standards, AnotherOwnersSessionSearchesThemInSTD) {
     session.SessionOwner = u"ABC"_s;
     CheckStandard(session, u"STD-1"_s, u"PT-1"_s);
     const auto expected =

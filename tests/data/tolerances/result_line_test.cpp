@@ -116,7 +116,7 @@ TEST_F(ResultLine, LaterTagsOverwriteWhatAWideValueHasReached) {
     EXPECT_EQ(line(texts), u" 12x00 mA"_s);
 }
 
-TEST_F(ResultLine, TagsAreHandledInTheirOwnOrderNotInThatOfTheTemplate) {
+TEST_F(ResultLine, TagsAreReplacedInTheirOwnOrderNotInThatOfTheTemplate) {
     // The verdict comes last although its column comes first.
     session.ResultTemplateLine = u"TR$TN$"_s;
     EXPECT_EQ(line({}), u"PASS 7"_s);
@@ -240,7 +240,7 @@ TEST_F(ResultLine, RowWithoutCodeEndsTheSubstitutions) {
     EXPECT_EQ(line({}), u"0.01 mA"_s);
 }
 
-TEST_F(ResultLine, AllFiveHundredAndOneRowsAreLookedAt) {
+TEST_F(ResultLine, AllFiveHundredAndOneRowsAreRead) {
     session.ResultTemplateLine = u"DE$"_s;
     for (int row = 0; row < 500; ++row)
         session.SubstTable[row] = {u"XX"_s, u"x"_s, u"y"_s};

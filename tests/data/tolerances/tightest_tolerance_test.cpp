@@ -32,7 +32,7 @@ struct Instrument {
 };
 
 /// A row of the parameters query; positions that play no part here hold a zero.
-Row parameters(const Instrument& one) {
+Row parameters(const Instrument& instrument) {
     constexpr int columns = 48;
     Row row(columns, u"0"_s);
     const struct {
@@ -40,18 +40,18 @@ Row parameters(const Instrument& one) {
         QString value;
     } entries[] = {
         {2, u"0.1"_s},
-        {5, one.high},
-        {6, one.low},
-        {9, one.negative.fs},
-        {10, one.positive.fs},
-        {11, one.negative.span},
-        {12, one.positive.span},
-        {13, one.negative.reading},
-        {14, one.positive.reading},
-        {15, one.negative.lsd},
-        {16, one.positive.lsd},
-        {17, one.negative.units},
-        {18, one.positive.units},
+        {5, instrument.high},
+        {6, instrument.low},
+        {9, instrument.negative.fs},
+        {10, instrument.positive.fs},
+        {11, instrument.negative.span},
+        {12, instrument.positive.span},
+        {13, instrument.negative.reading},
+        {14, instrument.positive.reading},
+        {15, instrument.negative.lsd},
+        {16, instrument.positive.lsd},
+        {17, instrument.negative.units},
+        {18, instrument.positive.units},
     };
     for (const auto& entry : entries)
         row[entry.column] = entry.value;
@@ -62,8 +62,8 @@ Row parameters(const Instrument& one) {
 
 class TightestTolerance : public RecordedSession {
   protected:
-    void instrument(const Instrument& one, const QStringList& points) {
-        script.answers[parametersQuery] = {parameters(one)};
+    void instrument(const Instrument& instrument, const QStringList& points) {
+        script.answers[parametersQuery] = {parameters(instrument)};
         auto& rows = script.answers[pointsQuery];
         rows.clear();
         for (const auto& point : points)
@@ -76,7 +76,7 @@ TEST_F(TightestTolerance, TakesTheSmallestOverPointsAndSides) {
     const Side tighter{u"0.25"_s, u"0.25"_s, u"1"_s, u"2"_s, u"0.3"_s};
     const struct {
         const char* name;
-        Instrument one;
+        Instrument instrument;
         QStringList points;
         double of_full_scale;
         double of_span;
@@ -119,7 +119,7 @@ TEST_F(TightestTolerance, TakesTheSmallestOverPointsAndSides) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        instrument(row.one, row.points);
+        instrument(row.instrument, row.points);
         EXPECT_NEAR(TranslateFSTestTolSingle(session, u"PT-1"_s), row.of_full_scale, 1E-6);
         EXPECT_NEAR(TranslateSpanTestTolSingle(session, u"PT-1"_s), row.of_span, 1E-6);
     }
@@ -128,7 +128,7 @@ TEST_F(TightestTolerance, TakesTheSmallestOverPointsAndSides) {
 TEST_F(TightestTolerance, IsExactToTheLastBitSinceEachTermIsDividedWhereItsRuleSays) {
     // The figures were worked out apart from the program; any other order of a term or of the sum misses one.
     const struct {
-        Instrument one;
+        Instrument instrument;
         QString point;
         double of_full_scale;
         double of_span;
@@ -147,7 +147,7 @@ TEST_F(TightestTolerance, IsExactToTheLastBitSinceEachTermIsDividedWhereItsRuleS
          1.645578480230841},
     };
     for (const auto& row : rows) {
-        auto same = row.one;
+        auto same = row.instrument;
         same.negative = same.positive;
         instrument(same, {row.point});
         EXPECT_EQ(TranslateFSTestTolSingle(session, u"PT-1"_s), row.of_full_scale);

@@ -14,7 +14,7 @@ class ToleranceErrors : public RecordedSession {
     ErrorResult failing(const Point& point, int number) {
         ui.expectReport(number, QString::fromLatin1(routine));
         const auto result = calculate(session, point);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(result.verdict, QString());
         EXPECT_EQ(result.advice, QString());
         EXPECT_EQ(result.result_line, QString());

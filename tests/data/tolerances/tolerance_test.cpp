@@ -335,10 +335,10 @@ const JudgedPoint judgedPoints[] = {
      u"50.00V|50.00V|50.00V|51.00|49.00|0.00V|1.00V|0|PASS|"_s},
 };
 
-Point withTerms(const JudgedPoint& one) {
-    auto point = one.point;
-    point.pos = one.pos;
-    point.neg = one.neg;
+Point withTerms(const JudgedPoint& judgedPoint) {
+    auto point = judgedPoint.point;
+    point.pos = judgedPoint.pos;
+    point.neg = judgedPoint.neg;
     return point;
 }
 
@@ -346,24 +346,24 @@ Point withTerms(const JudgedPoint& one) {
 
 class Tolerance : public RecordedSession {};
 
-TEST_F(Tolerance, JudgesEachPointAsWorkedOutByHand) {
-    for (const auto& one : judgedPoints) {
-        SCOPED_TRACE(one.name);
-        const auto result = calculate(session, withTerms(one));
-        EXPECT_EQ(result.nominal, one.figures.nominal);
-        EXPECT_EQ(result.upper_limit, one.figures.upper_limit);
-        EXPECT_EQ(result.lower_limit, one.figures.lower_limit);
-        EXPECT_EQ(result.error, one.figures.error);
-        EXPECT_EQ(result.percent, one.figures.percent);
-        EXPECT_EQ(result.nominal_rounded, one.rounded.nominal);
-        EXPECT_EQ(result.upper_rounded, one.rounded.upper);
-        EXPECT_EQ(result.lower_rounded, one.rounded.lower);
-        EXPECT_EQ(result.error_rounded, one.rounded.error);
+TEST_F(Tolerance, JudgesEachPointAsCalculatedManually) {
+    for (const auto& judged : judgedPoints) {
+        SCOPED_TRACE(judged.name);
+        const auto result = calculate(session, withTerms(judged));
+        EXPECT_EQ(result.nominal, judged.figures.nominal);
+        EXPECT_EQ(result.upper_limit, judged.figures.upper_limit);
+        EXPECT_EQ(result.lower_limit, judged.figures.lower_limit);
+        EXPECT_EQ(result.error, judged.figures.error);
+        EXPECT_EQ(result.percent, judged.figures.percent);
+        EXPECT_EQ(result.nominal_rounded, judged.rounded.nominal);
+        EXPECT_EQ(result.upper_rounded, judged.rounded.upper);
+        EXPECT_EQ(result.lower_rounded, judged.rounded.lower);
+        EXPECT_EQ(result.error_rounded, judged.rounded.error);
         const QStringList texts{result.nominal_text,   result.input_text,   result.output_text,
                                 result.upper_text,     result.lower_text,   result.error_text,
                                 result.tolerance_text, result.percent_text, result.verdict,
                                 result.advice};
-        EXPECT_EQ(texts.join(u'|'), one.texts);
+        EXPECT_EQ(texts.join(u'|'), judged.texts);
         EXPECT_EQ(result.result_line, QString(120, u' '));
     }
 }

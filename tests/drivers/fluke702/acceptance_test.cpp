@@ -19,7 +19,7 @@ TEST_F(FlukeAcceptance, TakesAPressureTransmitter) {
     EXPECT_EQ(answer(transmitter()), accepted);
 }
 
-TEST_F(FlukeAcceptance, RefusesAnIndicatedInputBeforeItLooksAtAnythingElse) {
+TEST_F(FlukeAcceptance, RefusesAnIndicatedInputFirst) {
     auto record = instrument(u"%"_s, 0, 100, u"%"_s, 0, 100);
     record.input_indicated = true;
     EXPECT_EQ(answer(record), u"Calibrator cannot calibrate instruments that have indicated inputs!"_s);
@@ -31,7 +31,7 @@ TEST_F(FlukeAcceptance, RefusesAnIndicatedInputBeforeItLooksAtAnythingElse) {
     EXPECT_EQ(answer(record), text(TextId::indicatedInputUnsupported));
 }
 
-TEST_F(FlukeAcceptance, LooksAtNoFlagOfTheOutput) {
+TEST_F(FlukeAcceptance, IgnoresTheFlagsOfTheOutput) {
     auto record = transmitter();
     record.output_indicated = true;
     EXPECT_EQ(answer(record), accepted);
@@ -39,7 +39,7 @@ TEST_F(FlukeAcceptance, LooksAtNoFlagOfTheOutput) {
     EXPECT_EQ(answer(record), text(TextId::cannotMeasureCurrentAbove));
 }
 
-TEST_F(FlukeAcceptance, TellsOfTheOutputBeforeTheInput) {
+TEST_F(FlukeAcceptance, ReportsTheOutputBeforeTheInput) {
     EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 1000)), text(TextId::cannotMeasureCurrentAbove));
     EXPECT_EQ(answer(instrument(u"V"_s, 0, 100, u"mA"_s, 0, 20)), text(TextId::cannotSourceVoltageAbove));
 }
@@ -84,7 +84,7 @@ TEST_F(FlukeAcceptance, ACombinationThatItCannotDoGetsTheBoxAndIsTaken) {
         record.temp_sens_type_out = row.outputSensor;
         expectReadByHand();
         EXPECT_EQ(answer(record), accepted) << row.name.toStdString();
-        EXPECT_TRUE(ui.allCame()) << row.name.toStdString();
+        EXPECT_TRUE(ui.hasMetAll()) << row.name.toStdString();
         EXPECT_TRUE(needsStandard(record)) << row.name.toStdString();
     }
 }
@@ -198,7 +198,7 @@ TEST_F(FlukeAcceptance, WhatWasReadBeforeAFaultyColumnCounts) {
         if (row.needsHand)
             expectReadByHand();
         EXPECT_EQ(Fluke702_acceptable(driver, u"A-1"_s), row.answer) << "column " << row.column;
-        EXPECT_TRUE(ui.allCame()) << "column " << row.column;
+        EXPECT_TRUE(ui.hasMetAll()) << "column " << row.column;
     }
 }
 
@@ -215,7 +215,8 @@ TEST_F(FlukeAcceptance, ALowEndOfNullIsZeroAndALimitThatIsNoNumberIsZero) {
     }
 }
 
-/// An operator whose window fails while it tells of an instrument, and works for the report.
+/// An operator interface whose window fails while it shows a message about an instrument, and works for the
+/// report.
 class BrokenWindow final : public QuietOperator {
   public:
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override {
@@ -232,9 +233,10 @@ TEST_F(FlukeAcceptance, AnUnexpectedErrorIsReportedUnderItsNameAndWhatItHoldsIsT
     Fluke702 there{other, link};
     addInstrument(u"A-1"_s, instrument(u"mA"_s, 0, 20, u"mA"_s, 0, 20));
     EXPECT_EQ(Fluke702_acceptable(there, u"A-1"_s), accepted);
-    ASSERT_EQ(window.complaints.size(), 1);
-    EXPECT_TRUE(window.complaints[0].contains(u"FUNCTION/SUB:Module702Interface,Fluke702_acceptable\r\n"_s))
-        << window.complaints[0].toStdString();
+    ASSERT_EQ(window.reportedErrors.size(), 1);
+    EXPECT_TRUE(
+        window.reportedErrors[0].contains(u"FUNCTION/SUB:Module702Interface,Fluke702_acceptable\r\n"_s))
+        << window.reportedErrors[0].toStdString();
 }
 
 } // namespace kelvane::testing

@@ -26,8 +26,8 @@ class FlukeDownloadOnDatabase : public DatabaseSession {
     /// text.
     QStringList callsFrom(const QString& operation) const {
         auto list = link.calls.sliced(link.calls.indexOf(link.callsOf(operation).value(0)));
-        for (const auto& one : link.callsOf(u"MEMpromptDefn"_s))
-            list.replaceInStrings(one.section(u'"', 1, 1), u"KEY "_s + one.section(u'"', 3, 3).left(10));
+        for (const auto& call : link.callsOf(u"MEMpromptDefn"_s))
+            list.replaceInStrings(call.section(u'"', 1, 1), u"KEY "_s + call.section(u'"', 3, 3).left(10));
         return list;
     }
     QStringList inUse() {
@@ -52,17 +52,17 @@ TEST_F(FlukeDownloadOnDatabase, APressureTransmitterIsWrittenWithItsMessages) {
     EXPECT_EQ(download(), QString());
     EXPECT_EQ(driver.Calibrator702Asset, u"F702-01"_s);
     auto messages = link.callsOf(u"MEMpromptDefn"_s);
-    for (auto& one : messages)
-        one = one.section(u'"', 3).chopped(2);
+    for (auto& message : messages)
+        message = message.section(u'"', 3).chopped(2);
     EXPECT_EQ(messages.size(), 6);
-    for (const auto& one : {
+    for (const auto& message : {
              u"Get a work permit before you isolate PT-101, jdoe."_s,
              u"Close the manifold of PT-101 and vent it. Then connect the pressure module: 0 to 100 psig."_s,
              u"Loop power of the calibrator: 24V. Output: 4 to 20 mA."_s,
              u"5 POINT UP: 5 points, each taken 1 times. Tolerance 0.25% / -0.25% of span, in all 0.25%."_s,
              u"Open the manifold, check for leaks and return PT-101 to service."_s,
          })
-        EXPECT_TRUE(messages.contains(one)) << one.toStdString();
+        EXPECT_TRUE(messages.contains(message)) << message.toStdString();
     EXPECT_EQ(callsFrom(u"MEMstrategyDefn"_s),
               (QStringList{u"MEMstrategyDefn(\"5 POINT UP\", 5, \"0 0.25 0.5 0.75 1\")"_s,
                            u"STAinit()"_s,

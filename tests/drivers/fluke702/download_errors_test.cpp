@@ -14,11 +14,11 @@ const QString unknownCalibrator =
 class FlukeDownloadErrors : public FlukeDownload {
   protected:
     void expectReports(const QStringList& routines) {
-        for (const auto& one : routines) {
-            if (one == unknown)
+        for (const auto& routine : routines) {
+            if (routine == unknown)
                 ui.expectBox(unknownCalibrator, u"Download Task Package to Fluke 702"_s, box::warning);
             else
-                ui.expectReport(10054, u"ModuleGlobals,"_s + one);
+                ui.expectReport(10054, u"ModuleGlobals,"_s + routine);
         }
     }
     const QString unknown = u"the calibrator is unknown"_s;
@@ -66,17 +66,17 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostAtAStatementIsReportedByEachRoutineFrom
         {addRow, {u"AddInUse"_s}, 1},
         {addStandard, {u"AddInUse"_s}, 1},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addList({transmitter()});
         script.lost = false;
-        script.failures = {{one.statement, gone}};
+        script.failures = {{testCase.statement, gone}};
         session.SessionConnected = true;
         link.calls.clear();
-        expectReports(one.reports);
-        EXPECT_EQ(download(), one.failure) << one.statement.toStdString();
-        EXPECT_TRUE(ui.allCame()) << one.statement.toStdString();
-        EXPECT_EQ(given(u"MEMendTask"_s).size(), one.tasks) << one.statement.toStdString();
-        EXPECT_EQ(given(u"DPCdnlStart"_s).size(), one.failure.isEmpty() ? 1 : 0)
+        expectReports(testCase.reports);
+        EXPECT_EQ(download(), testCase.failure) << testCase.statement.toStdString();
+        EXPECT_TRUE(ui.hasMetAll()) << testCase.statement.toStdString();
+        EXPECT_EQ(argumentsOf(u"MEMendTask"_s).size(), testCase.tasks) << testCase.statement.toStdString();
+        EXPECT_EQ(argumentsOf(u"DPCdnlStart"_s).size(), testCase.failure.isEmpty() ? 1 : 0)
             << "what could not be read is not transferred";
         EXPECT_FALSE(session.SessionConnected);
         EXPECT_FALSE(ui.busy);
@@ -98,16 +98,16 @@ TEST_F(FlukeDownloadErrors, ADatabaseLostBetweenTwoCallsIsReportedByEachRoutineF
         {u"STAinit"_s, rest},
         {u"DPCdnlStart"_s, cleared + added},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addList({transmitter()});
         addPrompts(u"I-1"_s, {message(u"A"_s, u"Isolate it."_s, u"PRE"_s)});
         script.lost = false;
         link.onCall = [&](const QString& operation) {
-            script.lost = script.lost || operation == one.operation;
+            script.lost = script.lost || operation == testCase.operation;
         };
-        expectReports(one.reports);
-        EXPECT_EQ(download(), one.failure);
-        EXPECT_TRUE(ui.allCame()) << one.operation.toStdString();
+        expectReports(testCase.reports);
+        EXPECT_EQ(download(), testCase.failure);
+        EXPECT_TRUE(ui.hasMetAll()) << testCase.operation.toStdString();
     }
 }
 
@@ -116,7 +116,7 @@ TEST_F(FlukeDownloadErrors, ARefusedStatementIsReportedAndNothingIsTransferred) 
     script.failures = {{selectPrompts(u"I-1"_s), Error{208, u"Invalid object"_s, u"42S02"_s}}};
     ui.expectReport(208, u"ModuleGlobals,GetPrompts"_s);
     EXPECT_EQ(download(), instrumentUnread);
-    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(argumentsOf(u"DPCdnlStart"_s), QStringList());
     EXPECT_EQ(writes(), QStringList());
 }
 
@@ -125,8 +125,8 @@ TEST_F(FlukeDownloadErrors, AMessageWhoseMacrosFailIsReportedAndNothingIsTransfe
     addPrompts(u"I-1"_s, {message(u"A"_s, u"Bell $CHR:-1$"_s, u"PRE"_s)});
     ui.expectReport(5, u"ModuleGlobals,UUTPromptTextPrepare"_s);
     EXPECT_EQ(download(), instrumentUnread);
-    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(argumentsOf(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(FlukeDownloadErrors, APackageWithMembersThatTheInventoryDoesNotKnowIsAFailure) {
@@ -152,8 +152,8 @@ TEST_F(FlukeDownloadErrors, AnAssetNumberWithAQuoteIsReportedAndEndsTheDownload)
         download(),
         u"The instruments of the download could not be read from the database. The calibrator was not changed."_s);
     EXPECT_FALSE(script.statements.contains(selectParams(asset)));
-    EXPECT_TRUE(given(u"MEMstartTask"_s).isEmpty());
-    EXPECT_TRUE(registered().isEmpty());
+    EXPECT_TRUE(argumentsOf(u"MEMstartTask"_s).isEmpty());
+    EXPECT_TRUE(registeredInstruments().isEmpty());
 }
 
 TEST_F(FlukeDownloadErrors, AnAssetNumberWithQuotesInPairsGoesIntoItsStatementsAsItIs) {
@@ -161,8 +161,8 @@ TEST_F(FlukeDownloadErrors, AnAssetNumberWithQuotesInPairsGoesIntoItsStatementsA
     addPackage(u"TAG"_s, {asset});
     EXPECT_EQ(download(), QString());
     EXPECT_TRUE(script.statements.contains(selectParams(asset)));
-    EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u"\"LT-10''COL\""_s});
-    EXPECT_EQ(registered().size(), 1);
+    EXPECT_EQ(argumentsOf(u"MEMstartTask"_s), QStringList{u"\"LT-10''COL\""_s});
+    EXPECT_EQ(registeredInstruments().size(), 1);
 }
 
 } // namespace kelvane::testing

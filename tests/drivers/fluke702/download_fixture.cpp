@@ -20,34 +20,34 @@ void FlukeDownload::load(const QList<CalParamRecord>& records) {
     link.calls.clear();
     script.statements.clear();
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(registered().size(), records.size());
+    EXPECT_EQ(registeredInstruments().size(), records.size());
 }
 
 QStringList FlukeDownload::calls() const {
     auto list = link.calls;
     int number = 0;
-    for (const auto& definition : given(u"MEMpromptDefn"_s)) {
+    for (const auto& definition : argumentsOf(u"MEMpromptDefn"_s)) {
         const auto key = definition.section(u'"', 1, 1);
         list.replaceInStrings(key, u"KEY%1"_s.arg(++number));
     }
     return list;
 }
 
-QStringList FlukeDownload::given(const QString& operation) const {
+QStringList FlukeDownload::argumentsOf(const QString& operation) const {
     QStringList list;
-    for (const auto& one : link.callsOf(operation))
-        list << one.sliced(operation.size() + 1).chopped(1);
+    for (const auto& call : link.callsOf(operation))
+        list << call.sliced(operation.size() + 1).chopped(1);
     return list;
 }
 
-QStringList FlukeDownload::registered(const QString& serial) const {
+QStringList FlukeDownload::registeredInstruments(const QString& serial) const {
     const auto start =
         u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('%1',"_s.arg(
             serial);
     QStringList keys;
-    for (const auto& one : writes()) {
-        if (one.startsWith(start))
-            keys << one.sliced(start.size()).section(u'\'', 1, 1);
+    for (const auto& statement : writes()) {
+        if (statement.startsWith(start))
+            keys << statement.sliced(start.size()).section(u'\'', 1, 1);
     }
     return keys;
 }

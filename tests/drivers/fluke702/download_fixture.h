@@ -21,10 +21,10 @@ class FlukeDownload : public FlukeFixture {
     /// All calls, each message's key replaced by "KEY1", "KEY2" ... as they were defined.
     QStringList calls() const;
     /// The arguments of an operation's calls, such as `"psi", 1`.
-    QStringList given(const QString& operation) const;
+    QStringList argumentsOf(const QString& operation) const;
     /// The keys of the instruments that were registered with a calibrator.
-    QStringList registered(const QString& serial) const;
-    QStringList registered() const { return registered(link.serial); }
+    QStringList registeredInstruments(const QString& serial) const;
+    QStringList registeredInstruments() const { return registeredInstruments(link.serial); }
 
     static Row message(const QString& name, const QString& text, const QString& type) {
         return {name, text, type};

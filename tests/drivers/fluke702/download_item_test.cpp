@@ -9,15 +9,15 @@ namespace {
 
 class FlukeDownloadItem : public FlukeDownload {
   protected:
-    Module702Interface::Download702Item gathered(const CalParamRecord& record) {
+    Module702Interface::Download702Item gather(const CalParamRecord& record) {
         addInstrument(u"I-1"_s, record);
         return Module702Interface::gatherItem(session, {u"I-1"_s, u"KI-1"_s, u"S-1"_s});
     }
     /// The one call of an operation when this instrument is downloaded.
-    QString calledWith(const QString& operation, const CalParamRecord& record) {
+    QString callFor(const QString& operation, const CalParamRecord& record) {
         load({record});
-        EXPECT_EQ(given(operation).size(), 1);
-        return given(operation).value(0);
+        EXPECT_EQ(argumentsOf(operation).size(), 1);
+        return argumentsOf(operation).value(0);
     }
     /// Degrees on one side, by its sensor and wires; volts on the other.
     static CalParamRecord thermometer(const QString& units, const QString& sensor, qint16 wires) {
@@ -26,7 +26,7 @@ class FlukeDownloadItem : public FlukeDownload {
         record.temp_sens_wires_in = wires;
         return record;
     }
-    static CalParamRecord degreesOut(const QString& units, const QString& sensor, qint16 wires) {
+    static CalParamRecord degreesOutputInstrument(const QString& units, const QString& sensor, qint16 wires) {
         auto record = instrument(u"V"_s, 0, 5, units, 0, 100);
         record.temp_sens_type_out = sensor;
         record.temp_sens_wires_out = wires;
@@ -41,7 +41,7 @@ TEST_F(FlukeDownloadItem, TakesItsValuesFromTheAssetListAndTheRecord) {
     record.tp_name = u"linearity five point"_s;
     record.output_indicated = true;
     record.freq_ptpamp_in = 15;
-    const auto item = gathered(record);
+    const auto item = gather(record);
     EXPECT_EQ(item.asset, u"I-1"_s);
     EXPECT_EQ(item.mtag, u"KI-1"_s);
     EXPECT_EQ(item.serial, u"S-1"_s);
@@ -93,11 +93,11 @@ TEST_F(FlukeDownloadItem, EachSensorIsSourcedAndMeasuredUnderTheCalibratorsWord)
         const bool resistance = row.sensor.startsWith(u"RTD"_s);
         const auto sourced = resistance ? u"2w_rtd"_s : u"tc"_s;
         const auto measured = resistance ? u"4w_rtd"_s : u"tc"_s;
-        EXPECT_EQ(calledWith(u"STAsetOutput"_s, thermometer(u"C"_s, row.sensor, 4)),
+        EXPECT_EQ(callFor(u"STAsetOutput"_s, thermometer(u"C"_s, row.sensor, 4)),
                   u"\"%1\", \"%2\", 0, 0"_s.arg(sourced, row.word));
-        EXPECT_EQ(calledWith(u"STAsetInput"_s, degreesOut(u"F"_s, row.sensor, 4)),
+        EXPECT_EQ(callFor(u"STAsetInput"_s, degreesOutputInstrument(u"F"_s, row.sensor, 4)),
                   u"\"%1\", \"%2\""_s.arg(measured, row.word));
-        EXPECT_EQ(given(u"MEMtemplate"_s).value(0).section(u", "_s, 1, 1), u"0"_s);
+        EXPECT_EQ(argumentsOf(u"MEMtemplate"_s).value(0).section(u", "_s, 1, 1), u"0"_s);
     }
 }
 
@@ -112,22 +112,22 @@ TEST_F(FlukeDownloadItem, AResistanceThermometerIsSourcedOnTwoWiresAndMeasuredOn
                 {0, u"RTD"_s, u"RTD"_s},
                 {5, u"RTD"_s, u"RTD"_s}};
     for (const auto& row : rows) {
-        EXPECT_EQ(calledWith(u"STAsetOutput"_s, thermometer(u"C"_s, u"RTD PT100 385"_s, row.wires)),
+        EXPECT_EQ(callFor(u"STAsetOutput"_s, thermometer(u"C"_s, u"RTD PT100 385"_s, row.wires)),
                   u"\"%1\", \"rtd_pt100_385\", 0, 0"_s.arg(row.sourced));
-        EXPECT_EQ(calledWith(u"STAsetInput"_s, degreesOut(u"C"_s, u"RTD PT100 385"_s, row.wires)),
+        EXPECT_EQ(callFor(u"STAsetInput"_s, degreesOutputInstrument(u"C"_s, u"RTD PT100 385"_s, row.wires)),
                   u"\"%1\", \"rtd_pt100_385\""_s.arg(row.measured));
     }
 }
 
 TEST_F(FlukeDownloadItem, TemperatureUnitsAreThoseOfTheInputAndCelsiusWithoutOne) {
-    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, thermometer(u"C"_s, u"TC K"_s, 2)), u"\"celsius\""_s);
-    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, thermometer(u"F"_s, u"TC K"_s, 2)), u"\"fahrenheit\""_s);
-    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, degreesOut(u"F"_s, u"TC K"_s, 2)), u"\"celsius\""_s)
+    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, thermometer(u"C"_s, u"TC K"_s, 2)), u"\"celsius\""_s);
+    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, thermometer(u"F"_s, u"TC K"_s, 2)), u"\"fahrenheit\""_s);
+    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, degreesOutputInstrument(u"F"_s, u"TC K"_s, 2)), u"\"celsius\""_s)
         << "an output in Fahrenheit alone";
     auto both = thermometer(u"C"_s, u"TC K"_s, 2);
     both.output_type = u"F"_s;
     both.temp_sens_type_out = u"RTD PT100 385"_s;
-    EXPECT_EQ(calledWith(u"STAsetTempUnits"_s, both), u"\"celsius\""_s);
+    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, both), u"\"celsius\""_s);
 }
 
 TEST_F(FlukeDownloadItem, MilliampsInAndFahrenheitOutIsAStateInCelsiusByIts90) {
@@ -135,9 +135,9 @@ TEST_F(FlukeDownloadItem, MilliampsInAndFahrenheitOutIsAStateInCelsiusByIts90) {
     record.temp_sens_type_out = u"RTD PT100 385"_s;
     record.temp_sens_wires_out = 3;
     load({record});
-    EXPECT_EQ(given(u"STAsetTempUnits"_s), QStringList{u"\"celsius\""_s});
-    EXPECT_EQ(given(u"STAsetTempStd"_s), QStringList{u"\"its90\""_s});
-    EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"212, 32"_s}) << "limits in Fahrenheit";
+    EXPECT_EQ(argumentsOf(u"STAsetTempUnits"_s), QStringList{u"\"celsius\""_s});
+    EXPECT_EQ(argumentsOf(u"STAsetTempStd"_s), QStringList{u"\"its90\""_s});
+    EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{u"212, 32"_s}) << "limits in Fahrenheit";
 }
 
 TEST_F(FlukeDownloadItem, TheTemperatureStandardIsTheInputsWhateverTheOutputs) {
@@ -158,7 +158,7 @@ TEST_F(FlukeDownloadItem, TheTemperatureStandardIsTheInputsWhateverTheOutputs) {
         auto record = transmitter();
         record.temp_scale_in = row.scaleIn;
         record.temp_scale_out = row.scaleOut;
-        EXPECT_EQ(calledWith(u"STAsetTempStd"_s, record), row.standard) << row.scaleIn.toStdString();
+        EXPECT_EQ(callFor(u"STAsetTempStd"_s, record), row.standard) << row.scaleIn.toStdString();
     }
 }
 
@@ -189,16 +189,16 @@ TEST_F(FlukeDownloadItem, TheColdJunctionOfASideCountsWhenTheOtherSideIsATempera
         record.cj_ref_type_out = row.typeOut;
         record.cj_ref_temp_in = -1.1F;
         record.cj_ref_temp_out = 22.5F;
-        EXPECT_EQ(calledWith(u"STAsetTref"_s, record), row.called)
+        EXPECT_EQ(callFor(u"STAsetTref"_s, record), row.called)
             << (row.inputType + row.outputType + row.typeIn + row.typeOut).toStdString();
     }
-    const auto plain = gathered(transmitter());
+    const auto plain = gather(transmitter());
     EXPECT_EQ(plain.cjMode, u"measure"_s);
     EXPECT_EQ(plain.cjTemp, u"0.0"_s);
-    auto external = degreesOut(u"C"_s, u"TC K"_s, 2);
+    auto external = degreesOutputInstrument(u"C"_s, u"TC K"_s, 2);
     external.cj_ref_type_in = u"EXT"_s;
     external.cj_ref_temp_in = -1.1F;
-    EXPECT_EQ(gathered(external).cjTemp, u"-1.1"_s);
+    EXPECT_EQ(gather(external).cjTemp, u"-1.1"_s);
 }
 
 TEST_F(FlukeDownloadItem, LoopPowerIsForCurrentOutputsOnly) {
@@ -217,7 +217,7 @@ TEST_F(FlukeDownloadItem, LoopPowerIsForCurrentOutputsOnly) {
     for (const auto& row : rows) {
         auto record = instrument(u"V"_s, 0, 5, row.outputType, 0, 10);
         record.loop_pwr = row.stored;
-        EXPECT_EQ(calledWith(u"STAsetLoopPower"_s, record), row.called)
+        EXPECT_EQ(callFor(u"STAsetLoopPower"_s, record), row.called)
             << (row.outputType + u' ' + row.stored).toStdString();
     }
 }
@@ -231,14 +231,14 @@ TEST_F(FlukeDownloadItem, EachPressureUnitHasTheCalibratorsWordOnBothSides) {
                 {u"bar"_s, u"bar"_s},      {u"mbar"_s, u"bar"_s}};
     for (const auto& row : rows) {
         const auto word = u'"' + row.word + u'"';
-        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(row.unit, 0, 10, u"V"_s, 0, 5)), word);
-        EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
-        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, row.unit, 0, 10)), word);
-        EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"pressure\", \"\""_s});
-        EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"inHg"_s, 0, 5, row.unit, 0, 10)), word)
+        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(row.unit, 0, 10, u"V"_s, 0, 5)), word);
+        EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
+        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, row.unit, 0, 10)), word);
+        EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{u"\"pressure\", \"\""_s});
+        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"inHg"_s, 0, 5, row.unit, 0, 10)), word)
             << "the output's goes before the input's";
     }
-    EXPECT_EQ(calledWith(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)), u"\"psi\""_s);
+    EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)), u"\"psi\""_s);
 }
 
 TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredIsAManualTaskOfZerosAndIsNotTransferred) {
@@ -246,12 +246,12 @@ TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredIsAManualTaskOfZerosAnd
     script.answers.remove(selectParams(u"I-1"_s));
     ui.expectReport(11, u"ModuleGlobals,TranslateSpanTestTolSingle"_s); // a span of zero
     EXPECT_TRUE(download().startsWith(u"I-1: The calibration parameters"_s));
-    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
-    EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"\", \"\", 0, 0"_s});
-    EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"dcv\", \"\""_s});
-    EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"0, 0"_s});
-    EXPECT_EQ(given(u"MEMstrategyDefn"_s), QStringList{u"\"\", 3, \"0 0.5 1\""_s});
-    EXPECT_TRUE(given(u"MEMtemplate"_s).value(0).startsWith(u"1, 1,"_s));
+    EXPECT_EQ(argumentsOf(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{u"\"\", \"\", 0, 0"_s});
+    EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{u"\"dcv\", \"\""_s});
+    EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{u"0, 0"_s});
+    EXPECT_EQ(argumentsOf(u"MEMstrategyDefn"_s), QStringList{u"\"\", 3, \"0 0.5 1\""_s});
+    EXPECT_TRUE(argumentsOf(u"MEMtemplate"_s).value(0).startsWith(u"1, 1,"_s));
 }
 
 } // namespace kelvane::testing

@@ -38,8 +38,8 @@ class FlukeDownloadStatus : public FlukeDownload {
     /// Names only: ids and keys differ from one download to the next.
     QStringList operations() const {
         QStringList names;
-        for (const auto& one : link.calls)
-            names << one.section(u'(', 0, 0);
+        for (const auto& call : link.calls)
+            names << call.section(u'(', 0, 0);
         return names;
     }
     /// The calls up to and with the n-th of that operation.
@@ -80,9 +80,9 @@ TEST_F(FlukeDownloadStatus, BelowTwoThousandIsShownAtEveryCallAndTheDownloadGoes
                 continue;
             expectNotice(u"I-1"_s, status.words);
             EXPECT_EQ(downloadWith(call, status.code), QString());
-            EXPECT_TRUE(ui.allCame()) << call.operation.toStdString() << ' ' << status.code;
+            EXPECT_TRUE(ui.hasMetAll()) << call.operation.toStdString() << ' ' << status.code;
             EXPECT_EQ(operations(), whole) << call.operation.toStdString() << ' ' << status.code;
-            EXPECT_EQ(registered(), bothRegistered);
+            EXPECT_EQ(registeredInstruments(), bothRegistered);
         }
     }
 }
@@ -108,7 +108,7 @@ TEST_F(FlukeDownloadStatus, TwoThousandItselfIsShownAndEndsTheDownloadInWhatTheC
     for (const auto& call : ruledCalls) {
         expectNotice(u"I-1"_s, u"Open Thermocouple (DPCERR_OPEN_TC)"_s);
         EXPECT_EQ(downloadWith(call, 2000), QString());
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(operations(), upTo(whole, call)) << call.operation.toStdString();
         EXPECT_EQ(writes(), QStringList()) << call.operation.toStdString();
     }
@@ -128,23 +128,23 @@ TEST_F(FlukeDownloadStatus, OfALaterInstrumentNamesItAndRegistersNoneOfThoseBefo
     }
 }
 
-TEST_F(FlukeDownloadStatus, OfCallsThatAreNotLookedAtChangesNothing) {
+TEST_F(FlukeDownloadStatus, OfIgnoredCallsChangesNothing) {
     ASSERT_EQ(download(), QString());
     const auto whole = operations();
     for (const auto& call : QList<Call>{{u"MEMclear"_s}, {u"DPCclose"_s}, {u"STAinit"_s}}) {
         for (const auto& status : statuses) {
             EXPECT_EQ(downloadWith(call, status.code), QString()) << call.operation.toStdString();
             EXPECT_EQ(operations(), whole);
-            EXPECT_EQ(registered(), bothRegistered);
+            EXPECT_EQ(registeredInstruments(), bothRegistered);
         }
     }
 }
 
-TEST_F(FlukeDownloadStatus, OfTheAutomaticRangeOfAPressureIsNotLookedAt) {
+TEST_F(FlukeDownloadStatus, OfTheAutomaticRangeOfAPressureIsIgnored) {
     addList({instrument(u"V"_s, 0, 5, u"psi"_s, 0, 100)});
     for (const auto& status : statuses) {
         EXPECT_EQ(downloadWith({u"STAsetInputRange"_s}, status.code), QString()) << status.code;
-        EXPECT_EQ(registered(), QStringList{u"KI-1"_s});
+        EXPECT_EQ(registeredInstruments(), QStringList{u"KI-1"_s});
     }
 }
 
@@ -156,7 +156,7 @@ TEST_F(FlukeDownloadStatus, SeveralWarningsAreSeveralBoxesInTheOrderOfTheCalls) 
     link.answer(u"STAsetLoopPower"_s, 100);
     link.answer(u"STAsetOutput"_s, 102);
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(registered(), bothRegistered);
+    EXPECT_EQ(registeredInstruments(), bothRegistered);
 }
 
 TEST_F(FlukeDownloadStatus, ALinkThatFailsKeepsTheRegistryAndGivesThePointerBack) {
@@ -170,21 +170,21 @@ TEST_F(FlukeDownloadStatus, ALinkThatFailsKeepsTheRegistryAndGivesThePointerBack
                                         {u"DPCdnlStep"_s, 2},
                                         {u"DPCclose"_s, 3}}) {
         EXPECT_EQ(downloadWith(call, 2019), lost) << call.operation.toStdString();
-        EXPECT_EQ(given(u"MEMendTask"_s).size(), 2);
+        EXPECT_EQ(argumentsOf(u"MEMendTask"_s).size(), 2);
         EXPECT_EQ(writes(), QStringList()) << call.operation.toStdString();
         EXPECT_FALSE(ui.busy) << call.operation.toStdString();
         EXPECT_FALSE(ui.progressShown);
     }
 }
 
-TEST_F(FlukeDownloadStatus, AWarningInMidTransferEndsItAndTheInstrumentsAreRegisteredAllTheSame) {
+TEST_F(FlukeDownloadStatus, AWarningDuringATransferEndsItAndTheInstrumentsAreStillRegistered) {
     link.steps = 2;
     for (const Status code : {Status{100}, Status{2000}}) {
         expectNotice({}, code == 100 ? u"Turning off loop power (DPCWARN_BAD_LOOP)"_s
                                      : u"Open Thermocouple (DPCERR_OPEN_TC)"_s);
         EXPECT_EQ(downloadWith({u"DPCdnlStep"_s}, code), QString());
         EXPECT_EQ(operations().last(), u"DPCdnlStep"_s);
-        EXPECT_EQ(registered(), bothRegistered);
+        EXPECT_EQ(registeredInstruments(), bothRegistered);
         EXPECT_FALSE(ui.busy);
     }
 }
@@ -192,14 +192,14 @@ TEST_F(FlukeDownloadStatus, AWarningInMidTransferEndsItAndTheInstrumentsAreRegis
 TEST_F(FlukeDownloadStatus, AWarningBeforeTheCalibratorIsKnownRegistersTheInstrumentsUnderBlanks) {
     expectNotice({}, u"Turning off loop power (DPCWARN_BAD_LOOP)"_s);
     EXPECT_EQ(downloadWith({u"DPCopen"_s}, 100), QString());
-    EXPECT_EQ(registered(QString(10, u' ')), bothRegistered);
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(QString(10, u' ')), bothRegistered);
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(FlukeDownloadStatus, AWarningWithTheSerialNumberRegistersTheInstrumentsUnderIt) {
     expectNotice({}, u"Turning off loop power (DPCWARN_BAD_LOOP)"_s);
     EXPECT_EQ(downloadWith({u"DPCget70x"_s}, 100), QString());
-    EXPECT_EQ(registered(), bothRegistered);
+    EXPECT_EQ(registeredInstruments(), bothRegistered);
 }
 
 } // namespace kelvane::testing

@@ -79,8 +79,8 @@ TEST_F(FlukeDownload, AllIsGatheredBeforeTheLibraryIsTouchedAndRegisteredAfterTh
 
 TEST_F(FlukeDownload, TheRegistryHoldsTheInstrumentsInTheOrderOfTheList) {
     load(QList<CalParamRecord>(4, transmitter()));
-    EXPECT_EQ(registered(), (QStringList{u"KI-1"_s, u"KI-2"_s, u"KI-3"_s, u"KI-4"_s}));
-    EXPECT_EQ(given(u"MEMstartTask"_s),
+    EXPECT_EQ(registeredInstruments(), (QStringList{u"KI-1"_s, u"KI-2"_s, u"KI-3"_s, u"KI-4"_s}));
+    EXPECT_EQ(argumentsOf(u"MEMstartTask"_s),
               (QStringList{u"\"I-1\""_s, u"\"I-2\""_s, u"\"I-3\""_s, u"\"I-4\""_s}));
 }
 
@@ -88,14 +88,14 @@ TEST_F(FlukeDownload, AnInstrumentTwiceInThePackageIsTwoTasks) {
     addList({transmitter()});
     addPackage(u"TAG"_s, {u"I-1"_s, u"I-1"_s});
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(given(u"MEMtemplate"_s),
+    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s),
               (QStringList{u"1, 0, \"I-1\", \"None\", 1"_s, u"2, 0, \"I-1\", \"None\", 2"_s}));
 }
 
 TEST_F(FlukeDownload, EachInstrumentHasItsOwnStrategyAndStateAlsoWhenTheyShareATestStrategy) {
     load({transmitter(), transmitter()});
-    EXPECT_EQ(given(u"MEMstrategyDefn"_s), QStringList(2, u"\"LINEARITY\", 3, \"0 0.5 1\""_s));
-    EXPECT_EQ(given(u"MEMtemplate"_s),
+    EXPECT_EQ(argumentsOf(u"MEMstrategyDefn"_s), QStringList(2, u"\"LINEARITY\", 3, \"0 0.5 1\""_s));
+    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s),
               (QStringList{u"1, 0, \"I-1\", \"None\", 1"_s, u"2, 0, \"I-2\", \"None\", 2"_s}));
 }
 
@@ -116,21 +116,21 @@ TEST_F(FlukeDownload, AnUnknownPackageIsAnEmptyList) {
 
 TEST_F(FlukeDownload, WithoutItsLibraryNothingHappensAtAll) {
     addList({transmitter()});
-    link.whyMissing = u"The library is not there."_s;
+    link.reasonMissing = u"The library is not there."_s;
     EXPECT_EQ(download(), u"The library is not there."_s);
     EXPECT_EQ(link.calls, QStringList());
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(ui.events, QStringList());
 }
 
-TEST_F(FlukeDownload, ACalibratorWithoutARecordIsLoadedAllTheSameAfterAWarning) {
+TEST_F(FlukeDownload, ACalibratorWithoutARecordIsStillLoadedAfterAWarning) {
     addList({transmitter()});
     script.answers.remove(selectSerial(link.serial));
     ui.expectBox(
         u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s,
         u"Download Task Package to Fluke 702"_s, box::warning);
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(registered(), QStringList{u"KI-1"_s});
+    EXPECT_EQ(registeredInstruments(), QStringList{u"KI-1"_s});
 }
 
 TEST_F(FlukeDownload, TheStrategysNameIsTheFirstThirteenCharactersUpperCased) {
@@ -147,11 +147,12 @@ TEST_F(FlukeDownload, TheStrategysNameIsTheFirstThirteenCharactersUpperCased) {
         {u"линейность пять точек"_s, u"ЛИНЕЙНОСТЬ ПЯ"_s},
         {u"o'clock \"x\""_s, u"O'CLOCK \"X\""_s},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         auto record = transmitter();
-        record.tp_name = one.stored;
+        record.tp_name = testCase.stored;
         load({record});
-        EXPECT_EQ(given(u"MEMstrategyDefn"_s), QStringList{u'"' + one.name + u"\", 3, \"0 0.5 1\""_s});
+        EXPECT_EQ(argumentsOf(u"MEMstrategyDefn"_s),
+                  QStringList{u'"' + testCase.name + u"\", 3, \"0 0.5 1\""_s});
     }
 }
 
@@ -162,24 +163,25 @@ TEST_F(FlukeDownload, AStrategyIsDefinedForOneToFiftyPointsAndItsIdIsZeroOtherwi
         int defined;
     } cases[] = {{1, 1, 1},  {50, 1, 50}, {25, 2, 50}, {51, 1, 0},
                  {17, 3, 0}, {20, 3, 0},  {0, 1, 0},   {5, 0, 0}};
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addList({transmitter()});
         QStringList percentages;
         QStringList fractions;
-        for (int i = 0; i < one.points; ++i) {
+        for (int i = 0; i < testCase.points; ++i) {
             percentages << QString::number(i * 100 / 64.0);
-            for (int take = 0; take < one.repetitions; ++take)
+            for (int take = 0; take < testCase.repetitions; ++take)
                 fractions << QString::number(i / 64.0);
         }
-        addPoints(u"I-1"_s, percentages, one.repetitions);
+        addPoints(u"I-1"_s, percentages, testCase.repetitions);
         link.calls.clear();
         EXPECT_EQ(download(), QString());
-        const auto strategies = given(u"MEMstrategyDefn"_s);
-        const auto task = given(u"MEMtemplate"_s).value(0);
-        if (one.defined > 0) {
-            EXPECT_EQ(strategies,
-                      QStringList{u"\"LINEARITY\", %1, \"%2\""_s.arg(one.defined).arg(fractions.join(u' '))});
-            EXPECT_FALSE(task.startsWith(u"0,"_s)) << one.points;
+        const auto strategies = argumentsOf(u"MEMstrategyDefn"_s);
+        const auto task = argumentsOf(u"MEMtemplate"_s).value(0);
+        if (testCase.defined > 0) {
+            EXPECT_EQ(
+                strategies,
+                QStringList{u"\"LINEARITY\", %1, \"%2\""_s.arg(testCase.defined).arg(fractions.join(u' '))});
+            EXPECT_FALSE(task.startsWith(u"0,"_s)) << testCase.points;
         } else {
             EXPECT_EQ(strategies, QStringList());
             EXPECT_TRUE(task.startsWith(u"0, 0, \"I-1\""_s)) << task.toStdString();
@@ -192,8 +194,8 @@ TEST_F(FlukeDownload, SixtyPointsMakeNoStrategyAndTheLibraryDecidesWhatToSayToTh
     addPoints(u"I-1"_s, QStringList(20, u"50"_s), 3);
     link.answer(u"MEMtemplate"_s, 2014);
     EXPECT_EQ(download(), u"MEMlist id out of range or invalid (DPCERR_MEMID)"_s);
-    EXPECT_EQ(given(u"MEMstrategyDefn"_s), QStringList());
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(argumentsOf(u"MEMstrategyDefn"_s), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(FlukeDownload, MorePointsThanTheListHoldsAreReportedAndNothingIsTransferred) {
@@ -201,8 +203,8 @@ TEST_F(FlukeDownload, MorePointsThanTheListHoldsAreReportedAndNothingIsTransferr
     addPoints(u"I-1"_s, QStringList(101, u"50"_s), 2);
     ui.expectReport(9, u"ModuleGlobals,GetTestPointList"_s);
     EXPECT_TRUE(download().startsWith(u"I-1: The calibration parameters"_s));
-    EXPECT_EQ(given(u"DPCdnlStart"_s), QStringList());
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(argumentsOf(u"DPCdnlStart"_s), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(FlukeDownload, TheTagIsTheFirstTwentyNineCharactersOfTheAssetNumber) {
@@ -217,22 +219,23 @@ TEST_F(FlukeDownload, TheTagIsTheFirstTwentyNineCharactersOfTheAssetNumber) {
         {number + u"-2"_s, u"PLANT-4/UNIT-12/LOOP-0815/PT-"_s},
         {u"ΠΙΕΣΗ-Größe-Датчик-№-0815-Ω-17-end"_s, u"ΠΙΕΣΗ-Größe-Датчик-№-0815-Ω-1"_s},
     };
-    for (const auto& one : cases) {
-        addInstrument(one.asset, transmitter());
-        addPackage(u"TAG"_s, {one.asset});
+    for (const auto& testCase : cases) {
+        addInstrument(testCase.asset, transmitter());
+        addPackage(u"TAG"_s, {testCase.asset});
         link.calls.clear();
         script.statements.clear();
         EXPECT_EQ(download(), QString());
-        EXPECT_EQ(given(u"MEMstartTask"_s), QStringList{u'"' + one.tag + u'"'});
-        EXPECT_EQ(given(u"MEMtemplate"_s).value(0).section(u'"', 1, 1), one.tag);
-        EXPECT_EQ(registered(), QStringList{u'K' + one.asset}) << "the registry has the whole key";
+        EXPECT_EQ(argumentsOf(u"MEMstartTask"_s), QStringList{u'"' + testCase.tag + u'"'});
+        EXPECT_EQ(argumentsOf(u"MEMtemplate"_s).value(0).section(u'"', 1, 1), testCase.tag);
+        EXPECT_EQ(registeredInstruments(), QStringList{u'K' + testCase.asset})
+            << "the registry has the whole key";
     }
 }
 
 TEST_F(FlukeDownload, AnInstrumentWithoutASerialNumberHasTheWordNone) {
     serials = {{u"I-1"_s, u"V88101"_s}, {u"I-2"_s, u""_s}};
     load(QList<CalParamRecord>(3, transmitter()));
-    const auto templates = given(u"MEMtemplate"_s);
+    const auto templates = argumentsOf(u"MEMtemplate"_s);
     ASSERT_EQ(templates.size(), 3);
     EXPECT_EQ(templates[0], u"1, 0, \"I-1\", \"V88101\", 1"_s);
     EXPECT_EQ(templates[1], u"2, 0, \"I-2\", \"None\", 2"_s) << "an empty one";
@@ -244,17 +247,18 @@ TEST_F(FlukeDownload, TheToleranceIsTheTightestOfSpanOverAllPointsIn32Bits) {
     record.neg_span_pct = 0.3F;
     record.pos_span_pct = 0.7F;
     load({record});
-    EXPECT_EQ(given(u"STAsetTestTolerance"_s), QStringList{u"0.3"_s});
+    EXPECT_EQ(argumentsOf(u"STAsetTestTolerance"_s), QStringList{u"0.3"_s});
     script.answers.remove(selectPoints(u"I-1"_s));
     link.calls.clear();
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(given(u"STAsetTestTolerance"_s), QStringList{u"10000000"_s}) << "a strategy without points";
+    EXPECT_EQ(argumentsOf(u"STAsetTestTolerance"_s), QStringList{u"10000000"_s})
+        << "a strategy without points";
 }
 
 TEST_F(FlukeDownload, FiveHundredAndOneInstrumentsFillTheListToItsEnd) {
     load(QList<CalParamRecord>(501, transmitter()));
-    EXPECT_EQ(given(u"MEMtemplate"_s).last(), u"501, 0, \"I-501\", \"None\", 501"_s);
-    EXPECT_EQ(registered().last(), u"KI-501"_s);
+    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s).last(), u"501, 0, \"I-501\", \"None\", 501"_s);
+    EXPECT_EQ(registeredInstruments().last(), u"KI-501"_s);
 }
 
 TEST_F(FlukeDownload, AFurtherInstrumentIsReportedByTheAssetListAndTheCalibratorIsLeftAlone) {

@@ -20,24 +20,28 @@ enum Manners { proper, wholeLengthAndZero, noZero, farTooLong, silent };
 
 } // namespace
 
-/// The program's side of a library that tells what it was called with.
+/// The program's side of a library that records what it was called with.
 class RealLibrary : public ::testing::Test {
   protected:
-    RealLibrary() : told_(QDir(QFileInfo(whole).path()).filePath(u"dpclnk"_s)) {
+    RealLibrary() : recordedCalls_(QDir(QFileInfo(whole).path()).filePath(u"dpclnk"_s)) {
         EXPECT_EQ(link.missing(), QString());
-        EXPECT_TRUE(told_.load()) << told_.errorString().toStdString();
+        EXPECT_TRUE(recordedCalls_.load()) << recordedCalls_.errorString().toStdString();
         behave(proper);
         answer(0);
-        told();
+        recordedCalls();
     }
 
     /// The calls since the last look, in Windows-1252.
-    QByteArray told() { return reinterpret_cast<const char* (*)()>(told_.resolve("told"))(); }
-    void answer(qint16 status) { reinterpret_cast<void (*)(qint16)>(told_.resolve("answer"))(status); }
-    void behave(int manners) { reinterpret_cast<void (*)(int)>(told_.resolve("behave"))(manners); }
+    QByteArray recordedCalls() {
+        return reinterpret_cast<const char* (*)()>(recordedCalls_.resolve("recordedCalls"))();
+    }
+    void answer(qint16 status) {
+        reinterpret_cast<void (*)(qint16)>(recordedCalls_.resolve("answer"))(status);
+    }
+    void behave(int manners) { reinterpret_cast<void (*)(int)>(recordedCalls_.resolve("behave"))(manners); }
 
     DpclnkLibrary link{QFileInfo(whole).path()};
-    QLibrary told_;
+    QLibrary recordedCalls_;
 };
 
 TEST_F(RealLibrary, IsOpenedAndClosedAndAsked) {
@@ -50,7 +54,7 @@ TEST_F(RealLibrary, IsOpenedAndClosedAndAsked) {
     qint32 other = 0;
     qint32 another = 0;
     EXPECT_EQ(link.DPCget70x(model, serial, text, number, other, another), 0);
-    EXPECT_EQ(told(), "DPCopen 9600 COM1 1000 5\nDPCclose\nDPCget70x\n");
+    EXPECT_EQ(recordedCalls(), "DPCopen 9600 COM1 1000 5\nDPCclose\nDPCget70x\n");
     EXPECT_EQ(model, u"702"_s + QChar(0) + QString(12, u' '));
     EXPECT_EQ(serial, u"€é"_s + QChar(0) + QString(7, u' '));
     EXPECT_EQ(text, QChar(0) + QString(39, u' '));
@@ -69,7 +73,7 @@ TEST_F(RealLibrary, CountsTheTransferIn32Bits) {
     EXPECT_EQ(count, -70000);
     EXPECT_EQ(link.DPCuplStep(count), 0);
     EXPECT_EQ(count, -70001);
-    EXPECT_EQ(told(), "DPCdnlStart\nDPCdnlStep 70000\nDPCuplStart\nDPCuplStep -70000\n");
+    EXPECT_EQ(recordedCalls(), "DPCdnlStart\nDPCdnlStep 70000\nDPCuplStart\nDPCuplStep -70000\n");
 }
 
 TEST_F(RealLibrary, TakesTheImage) {
@@ -83,8 +87,9 @@ TEST_F(RealLibrary, TakesTheImage) {
     EXPECT_EQ(link.MEMprompt(u"P1"_s), 0);
     EXPECT_EQ(link.MEMtemplate(strategy, 1, u"PT-1"_s, u"K-1"_s, 200000), 0);
     EXPECT_EQ(link.MEMendTask(), 0);
-    EXPECT_EQ(told(), "MEMclear\nMEMstrategyDefn UP3 3 0.25 1\nMEMpromptDefn P1 Close the valve.\n"
-                      "MEMstartTask PT-1\nMEMprompt P1\nMEMtemplate 100000 1 PT-1 K-1 200000\nMEMendTask\n");
+    EXPECT_EQ(recordedCalls(),
+              "MEMclear\nMEMstrategyDefn UP3 3 0.25 1\nMEMpromptDefn P1 Close the valve.\n"
+              "MEMstartTask PT-1\nMEMprompt P1\nMEMtemplate 100000 1 PT-1 K-1 200000\nMEMendTask\n");
 }
 
 TEST_F(RealLibrary, TakesTheSetupState) {
@@ -103,10 +108,10 @@ TEST_F(RealLibrary, TakesTheSetupState) {
     EXPECT_EQ(link.STAsetTestTolerance(0.5F), 0);
     EXPECT_EQ(link.STAsave(state), 0);
     EXPECT_EQ(state, 200000);
-    EXPECT_EQ(told(), "STAinit\nSTAsetTempUnits celsius\nSTAsetTref user 20.5\nSTAsetTempStd its90\n"
-                      "STAsetPresUnits in_h2o\nSTAsetOutput tc K -1.5 0.25\nSTAsetInput ma \n"
-                      "STAsetInputRange 1 30\nSTAsetLoopPower 24v\nSTAsetOutputScale 100 -50\n"
-                      "STAsetInputScale 20 4\nSTAsetTestTolerance 0.5\nSTAsave\n");
+    EXPECT_EQ(recordedCalls(), "STAinit\nSTAsetTempUnits celsius\nSTAsetTref user 20.5\nSTAsetTempStd its90\n"
+                               "STAsetPresUnits in_h2o\nSTAsetOutput tc K -1.5 0.25\nSTAsetInput ma \n"
+                               "STAsetInputRange 1 30\nSTAsetLoopPower 24v\nSTAsetOutputScale 100 -50\n"
+                               "STAsetInputScale 20 4\nSTAsetTestTolerance 0.5\nSTAsave\n");
 }
 
 TEST_F(RealLibrary, GivesTheStoredRecords) {
@@ -143,8 +148,9 @@ TEST_F(RealLibrary, GivesTheStoredRecords) {
     EXPECT_EQ(ModuleGlobals::CleanDLLString(model), u"700P06"_s);
     EXPECT_EQ(ModuleGlobals::CleanDLLString(module), u"P-1"_s);
     EXPECT_EQ(number, 1);
-    EXPECT_EQ(told(), "MEMstats\nMEMrDir 70001\nMEMasflInfo 70002\nMEMbaseState 70003\nMEMtagidInfo 70004\n"
-                      "MEMcalResult 70005\nSTAgetPressure\n");
+    EXPECT_EQ(recordedCalls(),
+              "MEMstats\nMEMrDir 70001\nMEMasflInfo 70002\nMEMbaseState 70003\nMEMtagidInfo 70004\n"
+              "MEMcalResult 70005\nSTAgetPressure\n");
 }
 
 TEST_F(RealLibrary, GivesTheSevenValuesOfAResult) {
@@ -158,7 +164,7 @@ TEST_F(RealLibrary, GivesTheSevenValuesOfAResult) {
     EXPECT_EQ(link.MEMcalResultEntry(70006, 20, reading, second, third, applied, fifth, sixth, error), 0);
     EXPECT_EQ(QList<float>({reading, float(second), third, applied, float(fifth), sixth, error}),
               QList<float>({1, 2, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(told(), "MEMcalResultEntry 70006 20\n");
+    EXPECT_EQ(recordedCalls(), "MEMcalResultEntry 70006 20\n");
 }
 
 TEST_F(RealLibrary, GivesAnyStatus) {
@@ -170,10 +176,10 @@ TEST_F(RealLibrary, GivesAnyStatus) {
 
 TEST_F(RealLibrary, TakesTextsInItsAlphabetAndOfAnyLength) {
     link.MEMpromptDefn(u"é€"_s, u"5 Ω 𝛀"_s);
-    EXPECT_EQ(told(), "MEMpromptDefn \xE9\x80 5 ? ?\n");
+    EXPECT_EQ(recordedCalls(), "MEMpromptDefn \xE9\x80 5 ? ?\n");
     const QString huge(100000, u'x');
     link.MEMstartTask(huge);
-    EXPECT_EQ(told(), "MEMstartTask " + huge.toLatin1() + "\n");
+    EXPECT_EQ(recordedCalls(), "MEMstartTask " + huge.toLatin1() + "\n");
 }
 
 TEST_F(RealLibrary, MayWriteItsZeroBehindTheLastPlaceOrNoneOrFarTooMuch) {
@@ -227,7 +233,7 @@ class LibraryFolder : public ::testing::Test {
     DpclnkLibrary link{folder.path()};
 };
 
-TEST_F(LibraryFolder, WithoutALibraryIsToldByNameAndFolderAndCallsAreErrors) {
+TEST_F(LibraryFolder, WithoutALibraryIsReportedByNameAndFolderAndCallsAreErrors) {
     const auto missing = link.missing();
     EXPECT_TRUE(missing.startsWith(
         u"The link library \"dpclnk\" could not be loaded. Please install it in the folder \"%1\" and try again. ("_s
@@ -236,7 +242,7 @@ TEST_F(LibraryFolder, WithoutALibraryIsToldByNameAndFolderAndCallsAreErrors) {
     EXPECT_EQ(errorOf(link), 53);
 }
 
-TEST_F(LibraryFolder, IsLookedAtAgainAtEachQuestionUntilTheLibraryIsThere) {
+TEST_F(LibraryFolder, IsSearchedAgainAtEachQueryUntilTheLibraryIsThere) {
     EXPECT_NE(link.missing(), QString());
     EXPECT_EQ(errorOf(link), 53);
     install(whole);

@@ -105,7 +105,7 @@ TEST_F(FlukeLimitsOf, FrequenciesAndResistancesThatAreMeasuredHaveABottomAndATop
     };
     for (const auto& row : rows) {
         expectMeasured(row.unit, rangesAround(row.bottom, row.top, row.middle, row.tooLow, row.tooHigh));
-        // With both ends outside, the high end's being above comes first, then the low end's being below.
+        // When both ends are beyond the range, the high end is reported first, then the low end.
         expectMeasured(row.unit, {{below(row.bottom), above(row.top), row.tooHigh},
                                   {above(row.top), above(row.top), row.tooHigh},
                                   {below(row.bottom), below(row.bottom), row.tooLow},
@@ -121,7 +121,7 @@ TEST_F(FlukeLimitsOf, MeasuringInHzEndsAt20000AlthoughTheWordsSay50KHz) {
     EXPECT_EQ(measured(u"KHz"_s, 0, 30), u"Fluke 702 cannot measure frequencies less than 1 Hz!"_s);
 }
 
-TEST_F(FlukeLimitsOf, AnOutputOf0To100KHzIsToldAsTooHigh) {
+TEST_F(FlukeLimitsOf, AnOutputOf0To100KHzIsReportedAsTooHigh) {
     EXPECT_EQ(measured(u"KHz"_s, 0, 100), text(TextId::cannotMeasureFrequencyAbove));
     EXPECT_EQ(measured(u"KHz"_s, 0.001F, 100), text(TextId::cannotMeasureFrequencyAbove));
     EXPECT_EQ(measured(u"KHz"_s, 0, 50), text(TextId::cannotMeasureFrequencyBelow));
@@ -182,7 +182,7 @@ TEST_F(FlukeLimitsOf, TheAmplitudeOfASourcedFrequencyEndsAt20AlthoughItHoldsMill
     }
 }
 
-TEST_F(FlukeLimitsOf, TheRangeOfASourcedFrequencyIsLookedAtBeforeItsAmplitude) {
+TEST_F(FlukeLimitsOf, TheRangeOfASourcedFrequencyIsCheckedBeforeItsAmplitude) {
     auto record = instrument(u"Hz"_s, 1, 1000, u"V"_s, 0, 10);
     record.freq_ptpamp_in = 0;
     EXPECT_EQ(answer(record), text(TextId::cannotSourceFrequency));

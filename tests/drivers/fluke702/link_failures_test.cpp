@@ -55,7 +55,7 @@ TEST_F(Contact702, EndsAtEachCallByEachStatusThatIsNotZero) {
                 EXPECT_EQ(contact(mode), shown ? QString() : row.words) << where;
                 auto called = failure.called;
                 EXPECT_EQ(link.calls, called.replaceInStrings(u"%1"_s, direction)) << where;
-                EXPECT_TRUE(ui.allCame()) << where;
+                EXPECT_TRUE(ui.hasMetAll()) << where;
                 EXPECT_EQ(ui.events.count(u"box"_s), shown ? 1 : 0) << where;
                 EXPECT_EQ(ui.events.last(), u"hide"_s) << where;
                 EXPECT_EQ(ui.busy, failure.busy) << where;
@@ -83,7 +83,7 @@ TEST_F(Contact702, TakesNoNoticeOfTheStatusOfTheCloseBehindAFailedOpen) {
               (QStringList{u"DPCopen(9600, \"COM1\", 1000, 5)"_s, u"DPCclose()"_s, u"normal"_s, u"hide"_s}));
 }
 
-TEST_F(Contact702, AWarningInMidTransferIsShownAndCountsAsSuccessWithTheRestUntransferred) {
+TEST_F(Contact702, AWarningDuringATransferIsShownAndCountsAsSuccessWithTheRestUntransferred) {
     link.steps = 40;
     link.answer(u"DPCdnlStep"_s, 100, 3);
     ui.expectBox(u": Turning off loop power (DPCWARN_BAD_LOOP)"_s, boxTitle, box::information);
@@ -102,7 +102,7 @@ TEST_F(Contact702, AFailureSaysNothingOfACalibratorThatTheDatabaseDoesNotKnow) {
 
 // A calibrator that the database doesn't know.
 
-TEST_F(Contact702, ACalibratorUnknownToTheDatabaseIsToldAfterADownloadWhichStillSucceeds) {
+TEST_F(Contact702, ACalibratorUnknownToTheDatabaseIsReportedAfterADownloadWhichStillSucceeds) {
     script.answers.clear();
     driver.Calibrator702Asset = u"of an earlier one"_s;
     ui.expectBox(notInDatabase, downloadTitle, box::warning);
@@ -122,7 +122,7 @@ TEST_F(Contact702, ACalibratorUnknownToTheDatabaseMakesAnUploadFailAfterTheTrans
 
 // Unexpected errors.
 
-TEST_F(Contact702, ACalibratorThatCannotBeLookedUpCountsAsUnknown) {
+TEST_F(Contact702, ACalibratorWhoseQueryFailsCountsAsUnknown) {
     script.failures.insert(selectAsset(link.serial), {-131, u"Syntax error"_s, u"42000"_s});
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
     ui.expectBox(notInDatabase, downloadTitle, box::warning);
@@ -153,7 +153,7 @@ TEST_F(Contact702, AnUnexpectedErrorIsReportedOnceTheProgressWindowIsClosed) {
             EXPECT_EQ(contact(mode), QString()) << "what the result held";
             EXPECT_EQ(link.calls.size(), call);
             EXPECT_EQ(ui.events.mid(ui.events.size() - 2), (QStringList{u"hide"_s, u"normal"_s}));
-            EXPECT_TRUE(ui.allCame());
+            EXPECT_TRUE(ui.hasMetAll());
         }
     }
 }

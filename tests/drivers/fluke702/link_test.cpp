@@ -50,7 +50,7 @@ TEST_F(Contact702, GoesThroughItsStepsInOrder) {
     }
 }
 
-TEST_F(Contact702, OnlyLooksUpTheCalibratorsAsset) {
+TEST_F(Contact702, OnlyReadsTheCalibratorsAsset) {
     for (const auto mode : {download, upload}) {
         script.statements.clear();
         contact(mode);
@@ -61,7 +61,7 @@ TEST_F(Contact702, OnlyLooksUpTheCalibratorsAsset) {
 
 // What the calibrator says of itself.
 
-TEST_F(Contact702, HandsOutBuffersOf16And10And40Blanks) {
+TEST_F(Contact702, PassesBuffersOf16And10And40Blanks) {
     QStringList buffers;
     link.writeText = [&](const QString& words, const QString& buffer) {
         buffers << buffer;
@@ -171,7 +171,7 @@ TEST_F(Contact702, OpensTheStoredPortOrCom1) {
     }
 }
 
-TEST_F(Contact702, TellsTheLibraryNothingElseOfTheSettings) {
+TEST_F(Contact702, PassesNoOtherSettingToTheLibrary) {
     contact(download);
     const auto calls = link.calls;
     for (const auto& key : {u"Parity"_s, u"DataBits"_s, u"StopBits"_s})
@@ -231,7 +231,7 @@ TEST_F(Contact702, StaysAtZeroForACountAbove98AndJumpsToAHundred) {
     EXPECT_EQ(progressValues(), expected << u"value 100"_s);
 }
 
-TEST_F(Contact702, TakesTheGreatestCount) {
+TEST_F(Contact702, TakesTheMaximumCount) {
     link.steps = std::numeric_limits<qint32>::max();
     link.nextCount = [](qint32) { return 0; };
     EXPECT_EQ(contact(download), QString());

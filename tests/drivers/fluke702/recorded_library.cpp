@@ -1,6 +1,6 @@
-// A link library for tests, built as the real one is called. It tells what it was called with, and fills
-// what it is given with numbers that count from 1 within a call. Controls: `answer` (the status of every
-// call from now on), `behave` (how texts are written), `told` (the calls so far, each read once).
+// A link library for tests, built as the real one is called. It records what it was called with, and fills
+// what it is given with numbers that count from 1 within a call. Controls: `answer` (the status of every call
+// from now on), `behave` (how texts are written), `recordedCalls` (the calls so far, each read once).
 
 #include <cstdint>
 #include <cstring>
@@ -27,7 +27,7 @@ struct Memory {
 Memory memory;
 
 template <class... Values>
-int16_t tell(const char* operation, Values... values) {
+int16_t recordCall(const char* operation, Values... values) {
     std::ostringstream line;
     line << operation;
     ((line << ' ' << values), ...);
@@ -64,7 +64,7 @@ void write(char* buffer, std::size_t length, const char* text) {
 
 } // namespace
 
-OPERATION const char* told() {
+OPERATION const char* recordedCalls() {
     memory.read.swap(memory.calls);
     memory.calls.clear();
     return memory.read.c_str();
@@ -79,16 +79,16 @@ OPERATION void behave(int manners) {
 }
 
 OPERATION int16_t DPCopen(int32_t baudRate, const char* port, int32_t constant1000, uint8_t constant5) {
-    return tell("DPCopen", baudRate, port, constant1000, int(constant5));
+    return recordCall("DPCopen", baudRate, port, constant1000, int(constant5));
 }
 
 OPERATION int16_t DPCclose() {
-    return tell("DPCclose");
+    return recordCall("DPCclose");
 }
 
 OPERATION int16_t DPCget70x(char* model, char* serial, char* text, int32_t* number, int32_t* other,
                             int32_t* another) {
-    const auto status = tell("DPCget70x");
+    const auto status = recordCall("DPCget70x");
     write(model, 16, "702");
     write(serial, 10, "\x80\xE9");
     write(text, 40, "");
@@ -98,130 +98,130 @@ OPERATION int16_t DPCget70x(char* model, char* serial, char* text, int32_t* numb
 
 OPERATION int16_t DPCdnlStart(int32_t* count) {
     *count = 70000;
-    return tell("DPCdnlStart");
+    return recordCall("DPCdnlStart");
 }
 
 OPERATION int16_t DPCdnlStep(int32_t* count) {
-    return tell("DPCdnlStep", (*count)--);
+    return recordCall("DPCdnlStep", (*count)--);
 }
 
 OPERATION int16_t DPCuplStart(int32_t* count) {
     *count = -70000;
-    return tell("DPCuplStart");
+    return recordCall("DPCuplStart");
 }
 
 OPERATION int16_t DPCuplStep(int32_t* count) {
-    return tell("DPCuplStep", (*count)--);
+    return recordCall("DPCuplStep", (*count)--);
 }
 
 OPERATION int16_t MEMclear() {
-    return tell("MEMclear");
+    return recordCall("MEMclear");
 }
 
 OPERATION int16_t MEMstrategyDefn(int32_t* id, const char* name, int16_t count, const float* points) {
     *id = 100000;
-    return tell("MEMstrategyDefn", name, count, points[0], points[count - 1]);
+    return recordCall("MEMstrategyDefn", name, count, points[0], points[count - 1]);
 }
 
 OPERATION int16_t MEMpromptDefn(const char* key, const char* prompt) {
-    return tell("MEMpromptDefn", key, prompt);
+    return recordCall("MEMpromptDefn", key, prompt);
 }
 
 OPERATION int16_t MEMstartTask(const char* tag) {
-    return tell("MEMstartTask", tag);
+    return recordCall("MEMstartTask", tag);
 }
 
 OPERATION int16_t MEMprompt(const char* key) {
-    return tell("MEMprompt", key);
+    return recordCall("MEMprompt", key);
 }
 
 OPERATION int16_t MEMtemplate(int32_t strategy, int16_t byHand, const char* tag, const char* serial,
                               int32_t state) {
-    return tell("MEMtemplate", strategy, byHand, tag, serial, state);
+    return recordCall("MEMtemplate", strategy, byHand, tag, serial, state);
 }
 
 OPERATION int16_t MEMendTask() {
-    return tell("MEMendTask");
+    return recordCall("MEMendTask");
 }
 
 OPERATION int16_t STAinit() {
-    return tell("STAinit");
+    return recordCall("STAinit");
 }
 
 OPERATION int16_t STAsetTempUnits(const char* units) {
-    return tell("STAsetTempUnits", units);
+    return recordCall("STAsetTempUnits", units);
 }
 
 OPERATION int16_t STAsetTref(const char* mode, float temperature) {
-    return tell("STAsetTref", mode, temperature);
+    return recordCall("STAsetTref", mode, temperature);
 }
 
 OPERATION int16_t STAsetTempStd(const char* standard) {
-    return tell("STAsetTempStd", standard);
+    return recordCall("STAsetTempStd", standard);
 }
 
 OPERATION int16_t STAsetPresUnits(const char* units) {
-    return tell("STAsetPresUnits", units);
+    return recordCall("STAsetPresUnits", units);
 }
 
 OPERATION int16_t STAsetOutput(const char* mode, const char* sensor, float value, float amplitude) {
-    return tell("STAsetOutput", mode, sensor, value, amplitude);
+    return recordCall("STAsetOutput", mode, sensor, value, amplitude);
 }
 
 OPERATION int16_t STAsetInput(const char* mode, const char* sensor) {
-    return tell("STAsetInput", mode, sensor);
+    return recordCall("STAsetInput", mode, sensor);
 }
 
 OPERATION int16_t STAsetInputRange(int16_t automatic, float top) {
-    return tell("STAsetInputRange", automatic, top);
+    return recordCall("STAsetInputRange", automatic, top);
 }
 
 OPERATION int16_t STAsetLoopPower(const char* power) {
-    return tell("STAsetLoopPower", power);
+    return recordCall("STAsetLoopPower", power);
 }
 
 OPERATION int16_t STAsetOutputScale(float high, float low) {
-    return tell("STAsetOutputScale", high, low);
+    return recordCall("STAsetOutputScale", high, low);
 }
 
 OPERATION int16_t STAsetInputScale(float high, float low) {
-    return tell("STAsetInputScale", high, low);
+    return recordCall("STAsetInputScale", high, low);
 }
 
 OPERATION int16_t STAsetTestTolerance(float percent) {
-    return tell("STAsetTestTolerance", percent);
+    return recordCall("STAsetTestTolerance", percent);
 }
 
 OPERATION int16_t STAsave(int32_t* state) {
     *state = 200000;
-    return tell("STAsave");
+    return recordCall("STAsave");
 }
 
 OPERATION int16_t MEMstats(int32_t* number, int32_t* count) {
-    const auto status = tell("MEMstats");
+    const auto status = recordCall("MEMstats");
     fill(number, count);
     return status;
 }
 
 OPERATION int16_t MEMrDir(int32_t record, int16_t* kind, int16_t* month, int16_t* day, int16_t* year,
                           int16_t* hour, int16_t* minute, int16_t* second) {
-    const auto status = tell("MEMrDir", record);
+    const auto status = recordCall("MEMrDir", record);
     fill(kind, month, day, year, hour, minute, second);
     return status;
 }
 
-OPERATION int16_t MEMasflInfo(int32_t record, int32_t* one, int32_t* other, int32_t* another) {
-    const auto status = tell("MEMasflInfo", record);
-    fill(one, other, another);
+OPERATION int16_t MEMasflInfo(int32_t record, int32_t* asFound, int32_t* asLeft, int32_t* runs) {
+    const auto status = recordCall("MEMasflInfo", record);
+    fill(asFound, asLeft, runs);
     return status;
 }
 
 OPERATION int16_t MEMbaseState(int32_t record) {
-    return tell("MEMbaseState", record);
+    return recordCall("MEMbaseState", record);
 }
 
 OPERATION int16_t MEMtagidInfo(int32_t record, char* tag, char* serial, char* technician) {
-    const auto status = tell("MEMtagidInfo", record);
+    const auto status = recordCall("MEMtagidInfo", record);
     write(tag, 33, "PT-1");
     write(serial, 33, "K-1");
     write(technician, 33, "J. Doe");
@@ -229,7 +229,7 @@ OPERATION int16_t MEMtagidInfo(int32_t record, char* tag, char* serial, char* te
 }
 
 OPERATION int16_t MEMcalResult(int32_t record, int16_t* entries) {
-    const auto status = tell("MEMcalResult", record);
+    const auto status = recordCall("MEMcalResult", record);
     fill(entries);
     return status;
 }
@@ -237,14 +237,14 @@ OPERATION int16_t MEMcalResult(int32_t record, int16_t* entries) {
 OPERATION int16_t MEMcalResultEntry(int32_t record, int16_t entry, float* reading, int16_t* second,
                                     float* third, float* applied, int16_t* fifth, float* sixth,
                                     float* error) {
-    const auto status = tell("MEMcalResultEntry", record, entry);
+    const auto status = recordCall("MEMcalResultEntry", record, entry);
     fill(reading, second, third, applied, fifth, sixth, error);
     return status;
 }
 
 #ifndef KELVANE_LACKS_PRESSURE
 OPERATION int16_t STAgetPressure(char* model, char* serial, int32_t* number) {
-    const auto status = tell("STAgetPressure");
+    const auto status = recordCall("STAgetPressure");
     write(model, 16, "700P06");
     write(serial, 10, "P-1");
     fill(number);

@@ -27,15 +27,15 @@ float harmless(const QString& unit) {
 }
 
 /// Whether the user has to read this output himself.
-bool readByHand(const CalParamRecord& one) {
-    const auto& in = one.input_type;
-    const auto& out = one.output_type;
+bool readByHand(const CalParamRecord& record) {
+    const auto& in = record.input_type;
+    const auto& out = record.output_type;
     return !known.contains(out) || (pressures.contains(in) && pressures.contains(out)) ||
            (currents.contains(in) && currents.contains(out)) ||
            (temperatures.contains(in) && temperatures.contains(out) &&
-            one.temp_sens_type_in.startsWith(u"TC"_s) && one.temp_sens_type_out.startsWith(u"TC"_s)) ||
+            record.temp_sens_type_in.startsWith(u"TC"_s) && record.temp_sens_type_out.startsWith(u"TC"_s)) ||
            (currents.contains(in) && temperatures.contains(out) &&
-            one.temp_sens_type_out.startsWith(u"RTD"_s)) ||
+            record.temp_sens_type_out.startsWith(u"RTD"_s)) ||
            (currents.contains(in) && resistances.contains(out));
 }
 
@@ -75,7 +75,7 @@ TEST_F(FlukeStandard, IsNeededExactlyWhereTheUserSawTheBox) {
                                                                   : text(TextId::cannotSourceUnits);
                     ASSERT_EQ(answer(record), expected)
                         << input.toStdString() << " to " << output.toStdString();
-                    ASSERT_TRUE(ui.allCame()) << input.toStdString() << " to " << output.toStdString();
+                    ASSERT_TRUE(ui.hasMetAll()) << input.toStdString() << " to " << output.toStdString();
                     ASSERT_EQ(needsStandard(record), byHand)
                         << input.toStdString() << " to " << output.toStdString();
                     record.output_indicated = true;
@@ -107,7 +107,7 @@ TEST_F(FlukeStandard, AnIndicatedInputChangesNothing) {
     EXPECT_FALSE(needsStandard(record));
 }
 
-TEST_F(FlukeStandard, LooksAtNoLimit) {
+TEST_F(FlukeStandard, IgnoresTheLimits) {
     EXPECT_FALSE(needsStandard(instrument(u"VAC"_s, 0, 1E38F, u"mA"_s, 0, 1E38F)));
 }
 

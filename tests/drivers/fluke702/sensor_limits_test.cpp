@@ -61,7 +61,7 @@ class FlukeSensorLimits : public FlukeAcceptance {
         expect(unit, sensor, above(high), low, tooHot);
         expect(unit, sensor, below(low), high, tooCold);
         expect(unit, sensor, high, below(low), tooCold);
-        // Outside at both ends, too hot comes first.
+        // Beyond both ends, "too hot" comes first.
         expect(unit, sensor, below(low), above(high), tooHot);
         expect(unit, sensor, above(high), below(low), tooHot);
     }
@@ -82,7 +82,7 @@ TEST_F(FlukeSensorLimits, ASensorOfNoRowPasses) {
     }
 }
 
-TEST_F(FlukeSensorLimits, EachSideLooksAtItsOwnSensor) {
+TEST_F(FlukeSensorLimits, EachSideUsesItsOwnSensor) {
     auto record = instrument(u"C"_s, 0, 500, u"mA"_s, 4, 20);
     record.temp_sens_type_in = u"TC K"_s;
     record.temp_sens_type_out = u"TC T"_s;
@@ -97,7 +97,7 @@ TEST_F(FlukeSensorLimits, EachSideLooksAtItsOwnSensor) {
     EXPECT_EQ(answer(record), accepted);
 }
 
-TEST_F(FlukeSensorLimits, AnInputOnATypeSFrom0PassesAndFromMinus10IsToldAsMeasuring) {
+TEST_F(FlukeSensorLimits, AnInputOnATypeSFrom0PassesAndFromMinus10IsReportedAsMeasuring) {
     auto record = instrument(u"C"_s, 0, 100, u"mA"_s, 4, 20);
     record.temp_sens_type_in = u"TC S"_s;
     EXPECT_EQ(answer(record), accepted);

@@ -37,9 +37,9 @@ TEST_F(FlukeSetupState, HasARangeByTheClassOfTheOutputAndByWhoReadsIt) {
         item.outputClass = row.outputClass;
         item.outputHigh = 10;
         EXPECT_TRUE(save(item, false));
-        EXPECT_EQ(given(u"STAsetInputRange"_s).join(u'|'), row.read) << row.outputClass;
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s).join(u'|'), row.read) << row.outputClass;
         EXPECT_TRUE(save(item, true));
-        EXPECT_EQ(given(u"STAsetInputRange"_s).join(u'|'), row.manual) << row.outputClass;
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s).join(u'|'), row.manual) << row.outputClass;
     }
 }
 
@@ -67,7 +67,7 @@ TEST_F(FlukeSetupState, TakesTheColdJunctionAsTheNumberOfItsText) {
         item.cjMode = u"user"_s;
         item.cjTemp = text;
         EXPECT_TRUE(save(item, false));
-        EXPECT_EQ(given(u"STAsetTref"_s), QStringList{u"\"user\", "_s + number});
+        EXPECT_EQ(argumentsOf(u"STAsetTref"_s), QStringList{u"\"user\", "_s + number});
     }
 }
 

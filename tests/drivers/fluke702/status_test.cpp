@@ -14,24 +14,24 @@ class DpcStatus : public RecordedSession {
     const QString title = u"Download Procedures To Calibrator"_s;
 };
 
-TEST_F(DpcStatus, From2001OnTellsTheCallerAndShowsNothing) {
-    int told = 0;
+TEST_F(DpcStatus, From2001OnReturnsTheTextAndShowsNothing) {
+    int count = 0;
     for (const auto& row : statusWords() + unknownStatuses()) {
         if (row.code >= 2001) {
             EXPECT_EQ(DPCStatusText(session, row.code, u"X"_s), row.words) << row.code;
-            ++told;
+            ++count;
         }
     }
-    EXPECT_EQ(told, 28);
+    EXPECT_EQ(count, 28);
 }
 
-TEST_F(DpcStatus, Below2001ShowsTheOperatorAndTellsTheCallerNothing) {
+TEST_F(DpcStatus, Below2001ShowsABoxAndReturnsNothing) {
     int shown = 0;
     for (const auto& row : statusWords() + unknownStatuses()) {
         if (row.code < 2001) {
             ui.expectBox(u"PT-1: "_s + row.words, title, box::information);
             EXPECT_EQ(DPCStatusText(session, row.code, u"PT-1"_s), QString()) << row.code;
-            EXPECT_TRUE(ui.allCame()) << row.code;
+            EXPECT_TRUE(ui.hasMetAll()) << row.code;
             ++shown;
         }
     }
@@ -45,7 +45,7 @@ TEST_F(DpcStatus, Of2000IsShownAsAWarningAlthoughCallersTakeItForFatal) {
     EXPECT_FALSE(isFatal(1999));
 }
 
-TEST_F(DpcStatus, WithoutANameShowsTheColonAllTheSame) {
+TEST_F(DpcStatus, WithoutANameStillShowsTheColon) {
     ui.expectBox(u": Turning off loop power (DPCWARN_BAD_LOOP)"_s, title, box::information);
     EXPECT_EQ(DPCStatusText(session, 100, {}), QString());
 }

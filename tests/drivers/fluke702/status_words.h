@@ -10,7 +10,7 @@ struct StatusWords {
     QString words;
 };
 
-/// The words of every status that the library knows, to the letter; and of some that it doesn't know.
+/// The exact words of every status that the library knows, and of some that it doesn't know.
 inline QList<StatusWords> statusWords() {
     using namespace Qt::StringLiterals;
     return {

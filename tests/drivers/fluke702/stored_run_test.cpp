@@ -21,9 +21,9 @@ class ImageOfRuns : public ::testing::Test {
     void change(const QString& operation, int call, std::function<void(StoredRun&)> change) {
         changes_ << Change{operation, call, std::move(change)};
         link.onCall = [this](const QString& name) {
-            for (const auto& one : changes_) {
-                if (one.operation == name && link.callsOf(name).size() == one.call)
-                    one.change(run());
+            for (const auto& change : changes_) {
+                if (change.operation == name && link.callsOf(name).size() == change.call)
+                    change.change(run());
             }
         };
     }
@@ -210,7 +210,7 @@ TEST_F(ImageOfRuns, ATagWithoutATerminatingZeroIsTakenWhole) {
     EXPECT_EQ(tag.tag, u"PT-101"_s);
 }
 
-TEST_F(ImageOfRuns, TextsOfAnEarlierTagDoNotShineThrough) {
+TEST_F(ImageOfRuns, TextsOfAnEarlierTagAreOverwritten) {
     RunTag tag{u"old"_s, u"old"_s, u"old"_s};
     EXPECT_EQ(readTag(link, 7, tag), 0) << "no such run: the library writes nothing";
     EXPECT_EQ(tag.tag + tag.serial + tag.technician, QString());

@@ -20,7 +20,7 @@ class FlukeTaskValues : public FlukeDownload {
         record.temp_sens_wires_in = record.temp_sens_wires_out = wires;
         return record;
     }
-    static CalParamRecord pressureInAndOut() { return instrument(u"psi"_s, 0, 100, u"kPa"_s, 0, 690); }
+    static CalParamRecord pressureInstrument() { return instrument(u"psi"_s, 0, 100, u"kPa"_s, 0, 690); }
     static CalParamRecord frequency(const QString& units, float outputHigh, float amplitude) {
         auto record = instrument(units, 1, 2, u"V"_s, 0, outputHigh);
         record.freq_ptpamp_in = amplitude;
@@ -29,13 +29,13 @@ class FlukeTaskValues : public FlukeDownload {
     /// What the calibrator measures, how the task takes it, and its range: "mode sensor, flag, range".
     QStringList measured() const {
         QStringList list;
-        const auto inputs = given(u"STAsetInput"_s);
-        const auto templates = given(u"MEMtemplate"_s);
+        const auto inputs = argumentsOf(u"STAsetInput"_s);
+        const auto templates = argumentsOf(u"MEMtemplate"_s);
         for (qsizetype i = 0; i < inputs.size(); ++i)
             list << inputs[i] + u", "_s + templates[i].section(u", "_s, 1, 1);
         return list;
     }
-    bool manual() const { return given(u"MEMtemplate"_s).last().section(u", "_s, 1, 1) == u"1"_s; }
+    bool manual() const { return argumentsOf(u"MEMtemplate"_s).last().section(u", "_s, 1, 1) == u"1"_s; }
 };
 
 } // namespace
@@ -72,9 +72,9 @@ TEST_F(FlukeTaskValues, EachOutputUnitIsMeasuredInItsBaseUnitWithTenPercentAbove
     for (const auto& row : rows) {
         load({sensors(instrument(u"V"_s, 0, 5, row.unit, -1.5F, 6), {}, u"RTD NI120 672"_s)});
         const auto sensor = row.mode == u"3w_rtd"_s ? u"rtd_ni120"_s : QString();
-        EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"%1\", \"%2\""_s.arg(row.mode, sensor)});
-        EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
-        EXPECT_EQ(given(u"STAsetInputRange"_s).join(u'|'), row.range) << row.unit.toStdString();
+        EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{u"\"%1\", \"%2\""_s.arg(row.mode, sensor)});
+        EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s).join(u'|'), row.range) << row.unit.toStdString();
         EXPECT_FALSE(manual());
     }
 }
@@ -97,10 +97,10 @@ TEST_F(FlukeTaskValues, AFrequencyThatIsMeasuredIsLowWhenEitherEndIsBelowTwentyH
     };
     for (const auto& row : rows) {
         load({instrument(u"V"_s, 0, 5, row.unit, row.low, row.high)});
-        EXPECT_EQ(given(u"STAsetInput"_s), QStringList{u"\"%1\", \"\""_s.arg(row.mode)})
+        EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{u"\"%1\", \"\""_s.arg(row.mode)})
             << row.unit.toStdString();
-        EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
-        EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList());
+        EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s), QStringList());
     }
 }
 
@@ -135,17 +135,18 @@ TEST_F(FlukeTaskValues, EachInputUnitIsSourcedInItsBaseUnit) {
     for (const auto& row : rows) {
         load({sensors(instrument(row.unit, -1.5F, 6, u"V"_s, 0, 5), u"TC L"_s, {})});
         const auto sensor = row.mode == u"tc"_s ? u"tc_l"_s : QString();
-        EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"%1\", \"%2\", 0, 0"_s.arg(row.mode, sensor)});
-        EXPECT_EQ(given(u"STAsetOutputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
-        EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{u"5, 0"_s});
+        EXPECT_EQ(argumentsOf(u"STAsetOutput"_s),
+                  QStringList{u"\"%1\", \"%2\", 0, 0"_s.arg(row.mode, sensor)});
+        EXPECT_EQ(argumentsOf(u"STAsetOutputScale"_s), QStringList{row.scale}) << row.unit.toStdString();
+        EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{u"5, 0"_s});
     }
 }
 
 TEST_F(FlukeTaskValues, AnAlternatingVoltageAsInputIsNeitherMadeAbsoluteNorScaled) {
     for (const auto& unit : {u"VAC"_s, u"mVAC"_s}) {
         load({instrument(unit, -1.5F, 6, u"V"_s, 0, 5)});
-        EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"acv\", \"\", 0, 0"_s});
-        EXPECT_EQ(given(u"STAsetOutputScale"_s), QStringList{u"6, -1.5"_s}) << unit.toStdString();
+        EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{u"\"acv\", \"\", 0, 0"_s});
+        EXPECT_EQ(argumentsOf(u"STAsetOutputScale"_s), QStringList{u"6, -1.5"_s}) << unit.toStdString();
     }
 }
 
@@ -168,26 +169,26 @@ TEST_F(FlukeTaskValues, AFrequencyThatIsSourcedHasTheOutputsTopAsItsValueInTheIn
         auto record = instrument(row.unit, 1.5F, 6, row.outputUnit, 4, 20);
         record.freq_ptpamp_in = 10;
         load({record});
-        EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{row.signal})
+        EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{row.signal})
             << (row.unit + row.outputUnit).toStdString();
-        EXPECT_EQ(given(u"STAsetOutputScale"_s), QStringList{row.scale});
+        EXPECT_EQ(argumentsOf(u"STAsetOutputScale"_s), QStringList{row.scale});
     }
 }
 
-TEST_F(FlukeTaskValues, TheSourcedSignalIsHandedOnToInstrumentsThatSourceNoFrequency) {
+TEST_F(FlukeTaskValues, TheSourcedSignalIsPassedToInstrumentsThatSourceNoFrequency) {
     load({transmitter(), frequency(u"KHz"_s, 5, 10), transmitter(),
           sensors(instrument(u"C"_s, 0, 100, u"V"_s, 0, 5), u"TC K"_s, {}), frequency(u"Hz"_s, 7, 30),
           transmitter()});
-    EXPECT_EQ(given(u"STAsetOutput"_s),
+    EXPECT_EQ(argumentsOf(u"STAsetOutput"_s),
               (QStringList{u"\"pressure\", \"\", 0, 0"_s, u"\"freq\", \"\", 5000, 0.005"_s,
                            u"\"pressure\", \"\", 5000, 0.005"_s, u"\"tc\", \"tc_k\", 5000, 0.005"_s,
                            u"\"freq\", \"\", 7, 0.015"_s, u"\"pressure\", \"\", 7, 0.015"_s}));
 }
 
-TEST_F(FlukeTaskValues, TheNextDownloadBeginsWithoutASignalAndWithoutHandReading) {
-    load({frequency(u"KHz"_s, 5, 10), pressureInAndOut()});
+TEST_F(FlukeTaskValues, TheNextDownloadBeginsWithoutASignalAndWithoutManualReading) {
+    load({frequency(u"KHz"_s, 5, 10), pressureInstrument()});
     load({transmitter()});
-    EXPECT_EQ(given(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
+    EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
     EXPECT_FALSE(manual());
 }
 
@@ -196,7 +197,7 @@ TEST_F(FlukeTaskValues, WhatTheCalibratorCannotReadIsAVoltagePromptForTheTechnic
     indicatedLoop.output_indicated = true;
     auto indicatedTemperature = sensors(instrument(u"V"_s, 1, 5, u"C"_s, 0, 150), {}, u"RTD PT100 385"_s);
     indicatedTemperature.output_indicated = true;
-    auto indicatedPressure = pressureInAndOut();
+    auto indicatedPressure = pressureInstrument();
     indicatedPressure.output_indicated = true;
     auto currents = instrument(u"mA"_s, 4, 20, u"mA"_s, 4, 20);
     currents.loop_pwr = u"28V"_s;
@@ -207,7 +208,7 @@ TEST_F(FlukeTaskValues, WhatTheCalibratorCannotReadIsAVoltagePromptForTheTechnic
         QString loop;
         QString scale;
     } rows[] = {
-        {"pressure and pressure", pressureInAndOut(), u"\"dcv\", \"\""_s, u"\"off\""_s, u"690, 0"_s},
+        {"pressure and pressure", pressureInstrument(), u"\"dcv\", \"\""_s, u"\"off\""_s, u"690, 0"_s},
         {"pressure in two units", instrument(u"bar"_s, 0, 1, u"mbar"_s, 0, 1000), u"\"dcv\", \"\""_s,
          u"\"off\""_s, u"1000, 0"_s},
         {"current and current, powered", currents, u"\"dcv\", \"\""_s, u"\"off\""_s, u"20, 4"_s},
@@ -227,17 +228,18 @@ TEST_F(FlukeTaskValues, WhatTheCalibratorCannotReadIsAVoltagePromptForTheTechnic
          u"250, 0"_s},
         {"a sensor without a mode", sensors(instrument(u"V"_s, 1, 5, u"C"_s, 0, 150), {}, u"TC X"_s),
          u"\"dcv\", \"\""_s, u"\"off\""_s, u"150, 0"_s},
-        {"read by eye, loop power kept", indicatedLoop, u"\"dcv\", \"\""_s, u"\"24v\""_s, u"20, 4"_s},
-        {"read by eye, sensor kept", indicatedTemperature, u"\"dcv\", \"rtd_pt100_385\""_s, u"\"off\""_s,
+        {"read manually, loop power kept", indicatedLoop, u"\"dcv\", \"\""_s, u"\"24v\""_s, u"20, 4"_s},
+        {"read manually, sensor kept", indicatedTemperature, u"\"dcv\", \"rtd_pt100_385\""_s, u"\"off\""_s,
          u"150, 0"_s},
-        {"pressure twice and read by eye", indicatedPressure, u"\"dcv\", \"\""_s, u"\"off\""_s, u"690, 0"_s},
+        {"pressure twice and read manually", indicatedPressure, u"\"dcv\", \"\""_s, u"\"off\""_s,
+         u"690, 0"_s},
     };
     for (const auto& row : rows) {
         load({row.record});
-        EXPECT_EQ(given(u"STAsetInput"_s), QStringList{row.measured}) << row.name;
-        EXPECT_EQ(given(u"STAsetLoopPower"_s), QStringList{row.loop}) << row.name;
-        EXPECT_EQ(given(u"STAsetInputScale"_s), QStringList{row.scale}) << row.name;
-        EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList{u"0, 300"_s}) << row.name;
+        EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{row.measured}) << row.name;
+        EXPECT_EQ(argumentsOf(u"STAsetLoopPower"_s), QStringList{row.loop}) << row.name;
+        EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s), QStringList{row.scale}) << row.name;
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s), QStringList{u"0, 300"_s}) << row.name;
         EXPECT_TRUE(manual()) << row.name;
     }
 }
@@ -259,7 +261,7 @@ TEST(FlukeHandReading, TakesAwayWhatItsCaseNames) {
         {"current and thermometer", 1, 3, u"4w_rtd"_s, u"current"_s, false, {}, u"off"_s},
         {"current and resistance", 9, 3, u"2w_ohms"_s, u"current"_s, false, {}, u"off"_s},
         {"no mode", 10, 4, {}, u"dcv"_s, false, u"sensor"_s, u"24v"_s},
-        {"read by eye", 5, 4, u"freq"_s, u"dcv"_s, true, u"sensor"_s, u"24v"_s},
+        {"read manually", 5, 4, u"freq"_s, u"dcv"_s, true, u"sensor"_s, u"24v"_s},
     };
     for (const auto& row : rows) {
         Module702Interface::Download702Item item;
@@ -312,7 +314,7 @@ TEST_F(FlukeTaskValues, WhatOnlyResemblesThoseCasesIsRead) {
     }
 }
 
-TEST_F(FlukeTaskValues, AnInputReadByEyeChangesNothing) {
+TEST_F(FlukeTaskValues, AManuallyReadInputChangesNothing) {
     auto record = transmitter();
     record.input_indicated = true;
     load({record});
@@ -320,12 +322,12 @@ TEST_F(FlukeTaskValues, AnInputReadByEyeChangesNothing) {
 }
 
 TEST_F(FlukeTaskValues, AfterPressureInAndOutAPlainInstrumentIsManualTooWithARangeOfThreeHundred) {
-    load({pressureInAndOut(), instrument(u"mA"_s, 4, 20, u"V"_s, 1, 5)});
+    load({pressureInstrument(), instrument(u"mA"_s, 4, 20, u"V"_s, 1, 5)});
     EXPECT_EQ(measured(), (QStringList{u"\"dcv\", \"\", 1"_s, u"\"dcv\", \"\", 1"_s}));
-    EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList(2, u"0, 300"_s));
+    EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s), QStringList(2, u"0, 300"_s));
 }
 
-TEST_F(FlukeTaskValues, OnceSetHandReadingHoldsForTheRestOfTheListAndNotBefore) {
+TEST_F(FlukeTaskValues, OnceSetManualReadingHoldsForTheRestOfTheListAndNotBefore) {
     load({instrument(u"V"_s, 0, 5, u"mV"_s, 0, 6), instrument(u"V"_s, 0, 5, u"%"_s, 0, 100),
           instrument(u"V"_s, 0, 5, u"mV"_s, 0, 6),
           sensors(instrument(u"mV"_s, 0, 5, u"C"_s, 0, 150), {}, u"TC K"_s),
@@ -337,16 +339,16 @@ TEST_F(FlukeTaskValues, OnceSetHandReadingHoldsForTheRestOfTheListAndNotBefore) 
                            u"\"tc\", \"tc_k\", 1"_s, u"\"freq_low\", \"\", 1"_s, u"\"freq\", \"\", 1"_s,
                            u"\"pressure\", \"\", 1"_s, u"\"acv\", \"\", 1"_s, u"\"current\", \"\", 1"_s}))
         << "their own modes stay";
-    EXPECT_EQ(given(u"STAsetInputScale"_s),
+    EXPECT_EQ(argumentsOf(u"STAsetInputScale"_s),
               (QStringList{u"0.006, 0"_s, u"100, 0"_s, u"6, 0"_s, u"150, 0"_s, u"50, 15"_s, u"50, 25"_s,
                            u"1000, 0"_s, u"10, -10"_s, u"20, 4"_s}))
         << "outputs are no longer scaled";
-    EXPECT_EQ(given(u"STAsetOutputScale"_s).value(3), u"0.005, 0"_s) << "inputs always are";
-    EXPECT_EQ(given(u"STAsetInputRange"_s),
+    EXPECT_EQ(argumentsOf(u"STAsetOutputScale"_s).value(3), u"0.005, 0"_s) << "inputs always are";
+    EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s),
               (QStringList{u"0, 0.0066"_s, u"0, 300"_s, u"0, 300"_s, u"0, 300"_s, u"0, 300"_s, u"0, 300"_s,
                            u"1, 0"_s, u"0, 300"_s, u"0, 300"_s}))
         << "a temperature and a frequency have a range now";
-    EXPECT_EQ(given(u"STAsetLoopPower"_s).last(), u"\"24v\""_s);
+    EXPECT_EQ(argumentsOf(u"STAsetLoopPower"_s).last(), u"\"24v\""_s);
 }
 
 TEST_F(FlukeTaskValues, TheRangeIsComputedIn64BitsAndNarrowed) {
@@ -354,13 +356,13 @@ TEST_F(FlukeTaskValues, TheRangeIsComputedIn64BitsAndNarrowed) {
     for (const auto& [high, range] :
          {std::pair{6.0F, u"0, 6.6"_s}, {3.3F, u"0, 3.6299999"_s}, {7.7F, u"0, 8.469999"_s}}) {
         load({instrument(u"V"_s, 0, 5, u"V"_s, 0, high)});
-        EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList{range});
+        EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s), QStringList{range});
     }
 }
 
 TEST_F(FlukeTaskValues, ANegativeTopHasANegativeRange) {
     load({instrument(u"V"_s, 0, 5, u"V"_s, 0, -10)});
-    EXPECT_EQ(given(u"STAsetInputRange"_s), QStringList{u"0, -11"_s});
+    EXPECT_EQ(argumentsOf(u"STAsetInputRange"_s), QStringList{u"0, -11"_s});
 }
 
 TEST_F(FlukeTaskValues, AValueThat32BitsCannotHoldIsReportedAndTheDownloadEnds) {
@@ -375,8 +377,8 @@ TEST_F(FlukeTaskValues, AValueThat32BitsCannotHoldIsReportedAndTheDownloadEnds) 
         link.calls.clear();
         ui.expectReport(6, u"Module702Interface,Fluke702_download"_s);
         EXPECT_EQ(download(), QString());
-        EXPECT_EQ(given(u"MEMstartTask"_s), QStringList());
-        EXPECT_EQ(given(u"DPCopen"_s), QStringList());
+        EXPECT_EQ(argumentsOf(u"MEMstartTask"_s), QStringList());
+        EXPECT_EQ(argumentsOf(u"DPCopen"_s), QStringList());
         EXPECT_EQ(writes(), QStringList());
     }
 }

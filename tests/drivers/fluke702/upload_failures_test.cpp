@@ -43,7 +43,7 @@ class FlukeUploadFailures : public FlukeUpload {
 };
 
 TEST_F(FlukeUploadFailures, AnyStatusOfAnyReadEndsTheUploadInSuccessWithTheWordsForTheCounter) {
-    storeGood();
+    addGoodRun();
     const struct {
         QString operation;
         QString words;
@@ -112,18 +112,18 @@ TEST_F(FlukeUploadFailures, EachReadInTurnGivesItsOwnWordsAndLeavesTheRecordsBef
             run.second = 1;
         }
         failAtRead(n, 2021);
-        const auto& one = expected[n - 1];
-        if (!one.words.isEmpty())
-            expectFailureBox(one.words, one.name);
+        const auto& failure = expected[n - 1];
+        if (!failure.words.isEmpty())
+            expectFailureBox(failure.words, failure.name);
         const auto before = verdicts().size();
         EXPECT_EQ(upload(), QString()) << "read " << n;
-        EXPECT_EQ(verdicts().size() - before, one.records) << "read " << n;
+        EXPECT_EQ(verdicts().size() - before, failure.records) << "read " << n;
     }
 }
 
-TEST_F(FlukeUploadFailures, EntriesOneHundredToOneHundredAndFiveTellTheWarningsOfTheirNumbers) {
+TEST_F(FlukeUploadFailures, EntriesOneHundredToOneHundredAndFiveShowTheWarningsOfTheirNumbers) {
     configure(u"1401"_s, u"repetitions = 40"_s);
-    storeGood();
+    addGoodRun();
     const struct {
         int entry;
         QString words;
@@ -151,16 +151,16 @@ TEST_F(FlukeUploadFailures, TheNumberOfPointsIsLeftByARunBeforeOnlyUntilItsField
             "select '1209', entered_date, mtag from mt.hvm_kv_task_standards_inuse"_s);
     configure(u"1401"_s, u"repetitions = 34"_s); // 102 entries
     store(u"PT-101"_s, {});
-    storeGood(u"PT-102"_s);
+    addGoodRun(u"PT-102"_s);
     link.answer(u"MEMrDir"_s, 2014, 2);
     expectFailureBox(unknownError, u"PT-101"_s);
     EXPECT_EQ(upload(), QString());
 }
 
 TEST_F(FlukeUploadFailures, ARunWithoutATagIsNamedByNothing) {
-    storeGood();
-    storeGood(QString());
-    storeGood();
+    addGoodRun();
+    addGoodRun(QString());
+    addGoodRun();
     link.answer(u"MEMrDir"_s, 2014, 3);
     expectFailureBox(noError, {});
     EXPECT_EQ(upload(), QString());
@@ -170,16 +170,16 @@ TEST_F(FlukeUploadFailures, ARunWithoutATagIsNamedByNothing) {
 TEST_F(FlukeUploadFailures, ACutTagIsNamedByItsWholeAsset) {
     const auto asset = u"PRESSURE-TRANSMITTER-UNIT-1-HDR-007"_s;
     execute(u"update mt.inventory set i4201 = '"_s + asset + u"' where mtag = '1401'"_s);
-    storeGood(asset.left(29));
+    addGoodRun(asset.left(29));
     link.answer(u"MEMcalResult"_s, 2014);
     expectFailureBox(noError, asset);
     EXPECT_EQ(upload(), QString());
 }
 
 TEST_F(FlukeUploadFailures, AnIncompleteRunEndsTheUploadAtItsFirstMissingEntry) {
-    storeGood();
-    storeGood(u"PT-102"_s).entries.removeLast();
-    storeGood();
+    addGoodRun();
+    addGoodRun(u"PT-102"_s).entries.removeLast();
+    addGoodRun();
     link.answer(u"MEMcalResultEntry"_s, 2014, 3 * 7 + 2 * 7 + 1);
     expectFailureBox(unknownError, u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
@@ -188,8 +188,8 @@ TEST_F(FlukeUploadFailures, AnIncompleteRunEndsTheUploadAtItsFirstMissingEntry) 
 }
 
 TEST_F(FlukeUploadFailures, TheNextUploadLosesNothingAndDoublesNothing) {
-    storeGood();
-    storeGood(u"PT-102"_s);
+    addGoodRun();
+    addGoodRun(u"PT-102"_s);
     link.answer(u"MEMcalResult"_s, 2014, 2);
     expectFailureBox(noError, u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
@@ -200,7 +200,7 @@ TEST_F(FlukeUploadFailures, TheNextUploadLosesNothingAndDoublesNothing) {
 }
 
 TEST_F(FlukeUploadFailures, TheStatusesOfClearingAndCountingDoNotMatter) {
-    storeGood();
+    addGoodRun();
     link.answer(u"MEMclear"_s, 2013);
     link.answer(u"MEMstats"_s, 2013);
     EXPECT_EQ(upload(), QString());
@@ -208,7 +208,7 @@ TEST_F(FlukeUploadFailures, TheStatusesOfClearingAndCountingDoNotMatter) {
 }
 
 TEST_F(FlukeUploadFailures, ALinkThatFailsHasReadNothing) {
-    storeGood();
+    addGoodRun();
     link.answer(u"DPCopen"_s, 2019, 1);
     EXPECT_EQ(upload(), u"Communications with calibrator failed! (DPCERR_COMM_NOT_CONNECTED)"_s);
     EXPECT_EQ(link.calls.first(), u"MEMclear()"_s);
@@ -216,8 +216,8 @@ TEST_F(FlukeUploadFailures, ALinkThatFailsHasReadNothing) {
     EXPECT_EQ(verdicts(), QStringList());
 }
 
-TEST_F(FlukeUploadFailures, AWarningInMidTransferIsShownAndWhatHasComeIsRead) {
-    storeGood();
+TEST_F(FlukeUploadFailures, AWarningDuringATransferIsShownAndWhatHasComeIsRead) {
+    addGoodRun();
     link.steps = 3;
     link.answer(u"DPCuplStep"_s, 100, 2);
     expectFailureBox(u"Turning off loop power (DPCWARN_BAD_LOOP)"_s, {});
@@ -227,7 +227,7 @@ TEST_F(FlukeUploadFailures, AWarningInMidTransferIsShownAndWhatHasComeIsRead) {
 }
 
 TEST_F(FlukeUploadFailures, AWarningBeforeTheCalibratorIsKnownLeavesItsRecordsWithoutStandards) {
-    storeGood().pressureModule = u"71204"_s;
+    addGoodRun().pressureModule = u"71204"_s;
     link.answer(u"DPCopen"_s, 100, 1);
     expectFailureBox(u"Turning off loop power (DPCWARN_BAD_LOOP)"_s, {});
     EXPECT_EQ(upload(), QString());
@@ -237,7 +237,7 @@ TEST_F(FlukeUploadFailures, AWarningBeforeTheCalibratorIsKnownLeavesItsRecordsWi
 
 TEST_F(FlukeUploadFailures, ACalibratorWithoutARecordHasItsWordsAndReadsNothing) {
     link.serial = u"0000000"_s;
-    storeGood();
+    addGoodRun();
     EXPECT_EQ(upload(),
               u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must "
               "be created before uploading results."_s);
@@ -245,30 +245,30 @@ TEST_F(FlukeUploadFailures, ACalibratorWithoutARecordHasItsWordsAndReadsNothing)
 }
 
 TEST_F(FlukeUploadFailures, ANegativeCountIsAnEmptyCalibrator) {
-    storeGood();
+    addGoodRun();
     link.storedRuns = -1;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(link.callsOf(u"MEMrDir"_s), QStringList());
 }
 
 TEST_F(FlukeUploadFailures, ACountAboveWhatIsThereReadsHeadersOfZeros) {
-    storeGood();
+    addGoodRun();
     link.storedRuns = 3;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts().size(), 1);
     EXPECT_EQ(link.callsOf(u"MEMrDir"_s).size(), 1 + 2 * (1 + 4 + 3));
 }
 
-TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheRunInHandWithItsReadingsKept) {
-    storeGood();
-    storeGood(u"PT-102"_s);
+TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheCurrentRunWithItsReadingsKept) {
+    addGoodRun();
+    addGoodRun(u"PT-102"_s);
     link.onCall = [this](const QString& name) {
         if (name == u"MEMcalResult")
             sharedConnection(session).close();
     };
-    for (const auto& one : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
-                            u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
-        ui.expectReport(3709, u"ModuleGlobals,"_s + one);
+    for (const auto& routine : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
+                                u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
+        ui.expectReport(3709, u"ModuleGlobals,"_s + routine);
     EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     const auto left = Journal(session).unfinished();
     ASSERT_EQ(left.size(), 1);
@@ -278,8 +278,8 @@ TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheRunInHandWithItsRe
 }
 
 TEST_F(FlukeUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
-    storeGood(u"LT-10'COL"_s);
-    storeGood(u"PT-102"_s);
+    addGoodRun(u"LT-10'COL"_s);
+    addGoodRun(u"PT-102"_s);
     const struct {
         int number;
         QString routine;
@@ -290,8 +290,8 @@ TEST_F(FlukeUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
         {1, u"GetCalParams"_s}, {11, u"TranslateSpanTestTolSingle"_s},
         {1, u"GetInUseData"_s},
     };
-    for (const auto& one : reports)
-        ui.expectReport(one.number, u"ModuleGlobals,"_s + one.routine);
+    for (const auto& report : reports)
+        ui.expectReport(report.number, u"ModuleGlobals,"_s + report.routine);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
     EXPECT_EQ(Journal(session).unfinished().size(), 1);

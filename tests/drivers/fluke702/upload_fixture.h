@@ -10,26 +10,26 @@
 
 namespace kelvane::testing {
 
-/// A connection that tells each statement before it passes it on.
+/// A connection that reports each statement before it passes it on.
 class OverheardConnection final : public ForwardingConnection {
   public:
-    OverheardConnection(std::unique_ptr<Connection> real, std::function<void(const QString&)> tell)
-        : ForwardingConnection(std::move(real)), tell_(std::move(tell)) {}
+    OverheardConnection(std::unique_ptr<Connection> real, std::function<void(const QString&)> report)
+        : ForwardingConnection(std::move(real)), report_(std::move(report)) {}
     qint64 execute(const QString& statement) override {
-        tell_(statement);
+        report_(statement);
         return ForwardingConnection::execute(statement);
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        tell_(statement);
+        report_(statement);
         return ForwardingConnection::select(statement, rows);
     }
 
   private:
-    std::function<void(const QString&)> tell_;
+    std::function<void(const QString&)> report_;
 };
 
 /// The demonstration laboratory with its Fluke 702 (F702-01, serial number 6841207) on the recorded link. Its
-/// site asks for no fields by hand.
+/// site asks for no fields that the operator fills in.
 ///
 /// PT-101 (key 1401) is made an instrument of round numbers: 0 to 100 V in, 0 to 100 V out, 3.125 V to either
 /// side, which is 3.125 % of span, and its strategy "ROUND" has the points 0, 50 and 100 %. PT-102 (1402) is
@@ -48,7 +48,7 @@ class FlukeUpload : public DatabaseSession {
 
     QString upload() {
         const auto result = Module702Interface::Fluke702_upload(driver);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_FALSE(ui.busy);
         return result;
     }
@@ -87,10 +87,10 @@ class FlukeUpload : public DatabaseSession {
         return link.runs.last();
     }
     /// A run of the round instrument that passes, or fails at its last point.
-    StoredRun& storeGood(const QString& tag = QStringLiteral("PT-101"), qint16 kind = 1) {
+    StoredRun& addGoodRun(const QString& tag = QStringLiteral("PT-101"), qint16 kind = 1) {
         return store(tag, {at(0, 0), at(50, 50), at(100, 100)}, kind);
     }
-    StoredRun& storeBad(const QString& tag = QStringLiteral("PT-101"), qint16 kind = 1) {
+    StoredRun& addBadRun(const QString& tag = QStringLiteral("PT-101"), qint16 kind = 1) {
         return store(tag, {at(0, 0), at(50, 50), at(100, 90, -0.1F)}, kind);
     }
     static ResultEntry at(float applied, float reading, float error = 0) { return {reading, applied, error}; }
@@ -115,10 +115,10 @@ class FlukeUpload : public DatabaseSession {
     /// The lines of all records that were made, blanks drawn together.
     QStringList lines() {
         QStringList found;
-        for (const auto& one :
+        for (const auto& line :
              column(QStringLiteral("select c2501 from mt.calresults where ctag >= %1 order by ctag, c2502")
                         .arg(firstRecord)))
-            found << one.simplified();
+            found << line.simplified();
         return found;
     }
     /// The keys of the standards of all records that were made.

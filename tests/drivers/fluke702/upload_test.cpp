@@ -35,20 +35,20 @@ TEST_F(FlukeUpload, ARunBecomesARecordWithItsFieldsStandardsAndLines) {
 }
 
 TEST_F(FlukeUpload, CallsAndStatementsComeInTheirOrder) {
-    QStringList heard;
+    QStringList received;
     const QRegularExpression others(
         u"customiz|syscolumn|count\\(ctag\\)|I422|worksheetfields|C2309|hvm_kv_tag_config,"_s);
     session.SharedConnection = std::make_unique<OverheardConnection>(std::move(session.SharedConnection),
                                                                      [&](const QString& statement) {
                                                                          if (!statement.contains(others))
-                                                                             heard << statement;
+                                                                             received << statement;
                                                                      });
     link.onCall = [&](const QString& name) {
         if (!name.startsWith(u"DPC"_s))
-            heard << link.calls.last();
+            received << link.calls.last();
     };
     execute(u"delete from mt.hvm_kv_proc_points where tp_name = 'ROUND' and test_point_pct <> 50"_s);
-    heard.clear();
+    received.clear();
     store(u"PT-101"_s, {at(50, 50)}).pressureModule = u"71204"_s;
     EXPECT_EQ(upload(), QString());
     const auto mtag = u"(select mtag from MT.inventory where i4201 = 'PT-101')"_s;
@@ -81,10 +81,10 @@ TEST_F(FlukeUpload, CallsAndStatementsComeInTheirOrder) {
             mtag + u')',
         u"select mtag from MT.inventory where i4201 = 'PT-101'"_s, // the record is made
     };
-    EXPECT_EQ(heard.first(expected.size()), expected);
+    EXPECT_EQ(received.first(expected.size()), expected);
 }
 
-/// The same upload on a recorded database, whose writing statements are held to the letter.
+/// The same upload on a recorded database, whose writing statements are compared exactly.
 class FlukeUploadWrites : public FlukeFixture {
   protected:
     FlukeUploadWrites() {
@@ -111,7 +111,7 @@ class FlukeUploadWrites : public FlukeFixture {
     }
 };
 
-TEST_F(FlukeUploadWrites, TheRecordItsStandardsAndItsLinesToTheLetter) {
+TEST_F(FlukeUploadWrites, TheRecordItsStandardsAndItsLinesAreWrittenExactly) {
     EXPECT_EQ(Module702Interface::Fluke702_upload(driver), QString());
     const auto record = u"(select ctag from MT.calibration where mtag = 'KPT-1' and c2339 = 1)"_s;
     const auto standard = [&](const QString& asset) {
@@ -137,16 +137,16 @@ TEST_F(FlukeUploadWrites, TheRecordItsStandardsAndItsLinesToTheLetter) {
 }
 
 TEST_F(FlukeUpload, WithoutALibraryNothingElseHappens) {
-    link.whyMissing = u"no library"_s;
-    storeGood();
+    link.reasonMissing = u"no library"_s;
+    addGoodRun();
     EXPECT_EQ(upload(), u"no library"_s);
     EXPECT_EQ(link.calls, QStringList());
     EXPECT_EQ(ui.events, QStringList());
 }
 
 TEST_F(FlukeUpload, EachRunIsReadByItsOwnIndex) {
-    storeGood();
-    storeGood(u"PT-102"_s);
+    addGoodRun();
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     const auto ofBoth = [](const QString& operation) {
         return QStringList{operation + u"(0)"_s, operation + u"(1)"_s};
@@ -164,8 +164,8 @@ TEST_F(FlukeUpload, AnEmptyCalibratorIsASuccess) {
 }
 
 TEST_F(FlukeUpload, AnAsFoundRunThatFailsAndTheAsLeftRunThatFollows) {
-    storeBad();
-    storeGood(u"PT-101"_s, 2);
+    addBadRun();
+    addGoodRun(u"PT-101"_s, 2);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND N 1 0"_s, u"AS-LEFT Y 0 0"_s}));
     EXPECT_EQ(records(u"c2339"_s), (QStringList{u"(null)"_s, u"1"_s})) << "the later one is current";
@@ -198,10 +198,10 @@ TEST_F(FlukeUpload, TheRoundFollowsFromKindVerdictAndLaterRuns) {
     qint16 minute = 0;
     for (const auto& row : rows) {
         link.runs.clear();
-        auto& run = row.passes ? storeGood(u"PT-101"_s, row.kind) : storeBad(u"PT-101"_s, row.kind);
+        auto& run = row.passes ? addGoodRun(u"PT-101"_s, row.kind) : addBadRun(u"PT-101"_s, row.kind);
         run.minute = ++minute;
         if (!row.later.isNull()) {
-            auto& later = storeGood(row.later, row.laterKind);
+            auto& later = addGoodRun(row.later, row.laterKind);
             later.hour = 20;
             later.minute = minute;
         }
@@ -212,18 +212,18 @@ TEST_F(FlukeUpload, TheRoundFollowsFromKindVerdictAndLaterRuns) {
 }
 
 TEST_F(FlukeUpload, AnEarlierRunOfTheSameTagIsNoLaterOne) {
-    storeGood(u"PT-101"_s, 2);
-    storeGood(u"PT-102"_s);
-    storeGood(u"PT-101"_s);
+    addGoodRun(u"PT-101"_s, 2);
+    addGoodRun(u"PT-102"_s);
+    addGoodRun(u"PT-101"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), (QStringList{u"AS-LEFT Y 0 0"_s, u"FOUND-LEFT Y 0 0"_s, u"FOUND-LEFT Y 0 0"_s}));
 }
 
-TEST_F(FlukeUpload, TheSearchForALaterRunEndsAtTheFirstAndLooksAtNoStatus) {
-    storeGood();
-    storeGood(u"PT-102"_s);
-    storeGood(u"PT-101"_s, 2);
-    storeGood(u"PT-101"_s, 2);
+TEST_F(FlukeUpload, TheSearchForALaterRunEndsAtTheFirstAndIgnoresTheStatus) {
+    addGoodRun();
+    addGoodRun(u"PT-102"_s);
+    addGoodRun(u"PT-101"_s, 2);
+    addGoodRun(u"PT-101"_s, 2);
     link.answer(u"MEMtagidInfo"_s, 2014, 2);
     link.answer(u"MEMtagidInfo"_s, 2014, 3);
     EXPECT_EQ(upload(), QString());
@@ -235,30 +235,30 @@ TEST_F(FlukeUpload, TheSearchForALaterRunEndsAtTheFirstAndLooksAtNoStatus) {
 
 TEST_F(FlukeUpload, OnlyKindsOneAndTwoBecomeRecords) {
     for (const qint16 kind : {qint16{-32768}, qint16{-1}, qint16{0}, qint16{3}, qint16{32767}})
-        storeGood(u"PT-101"_s, kind);
+        addGoodRun(u"PT-101"_s, kind);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList());
     EXPECT_EQ(link.callsOf(u"MEMasflInfo"_s), QStringList());
-    storeGood(u"PT-101"_s, 1);
-    storeGood(u"PT-101"_s, 2);
+    addGoodRun(u"PT-101"_s, 1);
+    addGoodRun(u"PT-101"_s, 2);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts().size(), 2);
 }
 
-TEST_F(FlukeUpload, ARunWithADateOfZeroOrBelowIsSkippedWithoutAWord) {
+TEST_F(FlukeUpload, ARunWithADateOfZeroOrBelowIsSkippedSilently) {
     for (const auto part : {&StoredRun::month, &StoredRun::day, &StoredRun::year}) {
-        storeGood().*part = 0;
-        storeGood().*part = -1;
+        addGoodRun().*part = 0;
+        addGoodRun().*part = -1;
     }
-    auto& none = storeGood();
+    auto& none = addGoodRun();
     none.month = none.day = none.year = 0;
-    storeGood(u"PT-102"_s);
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
 }
 
 TEST_F(FlukeUpload, AKindThatFirstReadsZeroIsFetchedAgain) {
-    storeGood().kind = 0;
+    addGoodRun().kind = 0;
     link.onCall = [&](const QString& name) {
         if (name == u"MEMrDir")
             link.runs[0].kind = 2;
@@ -269,7 +269,7 @@ TEST_F(FlukeUpload, AKindThatFirstReadsZeroIsFetchedAgain) {
 }
 
 TEST_F(FlukeUpload, ARunAtMidnightKeepsItsTime) {
-    auto& run = storeGood();
+    auto& run = addGoodRun();
     run.hour = run.minute = run.second = 0;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"c2333"_s), QStringList{u"00:00:00"_s});
@@ -281,7 +281,7 @@ TEST_F(FlukeUpload, TheMonthIsTheMonthWhateverTheSessionWritesFirst) {
     for (const auto& format : {u"MM/DD/YYYY"_s, u"DD/MM/YYYY"_s, u"YYYY/MM/DD"_s, QString()}) {
         session.SessionDateFormat = format;
         link.runs.clear();
-        auto& run = storeGood();
+        auto& run = addGoodRun();
         run.month = 3;
         run.day = 4;
         run.minute = static_cast<qint16>(++minute);
@@ -290,9 +290,9 @@ TEST_F(FlukeUpload, TheMonthIsTheMonthWhateverTheSessionWritesFirst) {
     }
 }
 
-TEST_F(FlukeUpload, TheDateOfARunWithoutAKindIsNotLookedAt) {
+TEST_F(FlukeUpload, TheDateOfARunWithoutAKindIsIgnored) {
     for (const qint16 kind : {qint16{0}, qint16{-1}}) {
-        auto& odd = storeGood(u"PT-101"_s, kind);
+        auto& odd = addGoodRun(u"PT-101"_s, kind);
         odd.month = 2;
         odd.day = 30;
     }
@@ -303,7 +303,7 @@ TEST_F(FlukeUpload, TheDateOfARunWithoutAKindIsNotLookedAt) {
 TEST_F(FlukeUpload, LinesOfARunWithMorePointsAreForgottenInTheNext) {
     addStrategy(u"ONE"_s, {50});
     configure(u"1402"_s, u"tp_name = 'ONE'"_s);
-    storeGood();
+    addGoodRun();
     store(u"PT-102"_s, {at(50, 50)});
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(lines(), (QStringList{u"1 0.000V 0.000V PASS"_s, u"2 50.000V 50.000V PASS"_s,
@@ -311,11 +311,11 @@ TEST_F(FlukeUpload, LinesOfARunWithMorePointsAreForgottenInTheNext) {
 }
 
 TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndTheNextRunIsRead) {
-    storeGood();
-    auto& odd = storeGood();
+    addGoodRun();
+    auto& odd = addGoodRun();
     odd.month = 2;
     odd.day = 30;
-    storeGood();
+    addGoodRun();
     ui.expectReport(13, routine);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts().size(), 2) << "of the two others";
@@ -327,34 +327,34 @@ TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedAndTheNextRunIsRead) {
 }
 
 TEST_F(FlukeUpload, ADateThatDoesNotExistIsReportedForARunOfAnotherKindToo) {
-    auto& odd = storeGood(u"PT-101"_s, 3);
+    auto& odd = addGoodRun(u"PT-101"_s, 3);
     odd.day = 32;
     ui.expectReport(13, routine);
     EXPECT_EQ(upload(), QString());
     link.runs.clear();
-    storeGood().hour = 24;
+    addGoodRun().hour = 24;
     ui.expectReport(13, routine);
     EXPECT_EQ(upload(), QString());
 }
 
 TEST_F(FlukeUpload, ARunWithoutATagIsSkipped) {
-    storeGood(QString());
-    storeGood(u"   "_s);
-    storeGood(u"PT-102"_s);
+    addGoodRun(QString());
+    addGoodRun(u"   "_s);
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
 }
 
 TEST_F(FlukeUpload, TheStatusOfAMissingTagGoesOnWithWhatThereIs) {
-    storeGood(QString());
-    storeGood();
+    addGoodRun(QString());
+    addGoodRun();
     link.answer(u"MEMtagidInfo"_s, 2026);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
 }
 
 TEST_F(FlukeUpload, TextsWithoutATerminatingZeroAreTrimmed) {
-    storeGood().pressureModule = u"71204"_s;
+    addGoodRun().pressureModule = u"71204"_s;
     link.writeText = [](const QString& text, const QString& buffer) {
         return text + buffer.mid(text.size());
     };
@@ -365,7 +365,7 @@ TEST_F(FlukeUpload, TextsWithoutATerminatingZeroAreTrimmed) {
 
 TEST_F(FlukeUpload, ATagOfTwentyNineCharactersIsRestoredBySerialNumberAndBeginning) {
     execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
-    storeGood(cutTag);
+    addGoodRun(cutTag);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1401"_s});
     EXPECT_EQ(lines().size(), 3);
@@ -373,28 +373,28 @@ TEST_F(FlukeUpload, ATagOfTwentyNineCharactersIsRestoredBySerialNumberAndBeginni
 
 TEST_F(FlukeUpload, ATagOfTwentyNineCharactersThatIsWholeStaysItself) {
     execute(u"update mt.inventory set i4201 = '"_s + cutTag + u"' where mtag = '1401'"_s);
-    storeGood(cutTag);
+    addGoodRun(cutTag);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1401"_s});
 }
 
 TEST_F(FlukeUpload, ACutTagWhoseInstrumentHasBeenRenamedIsSkipped) {
-    storeGood(cutTag);
-    storeGood(u"PT-102"_s);
+    addGoodRun(cutTag);
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
 }
 
 TEST_F(FlukeUpload, ACutTagThatStandsForABlankAssetNumberIsSkipped) {
     execute(u"update mt.inventory set i4201 = '   ' where mtag = '1401'"_s);
-    storeGood(QString(29, u'%'));
+    addGoodRun(QString(29, u'%'));
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList());
 }
 
 TEST_F(FlukeUpload, ACutTagWithAnotherSerialNumberIsSkipped) {
     execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
-    storeGood(cutTag).serial = u"None"_s;
+    addGoodRun(cutTag).serial = u"None"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList());
 }
@@ -403,7 +403,7 @@ TEST_F(FlukeUpload, ACutTagThatFitsSeveralInstrumentsBecomesOneOfThem) {
     execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
     execute(u"update mt.inventory set i4206 = 'V881010', i4201 = '"_s + cutTag +
             u"-OTHER' where mtag = '1402'"_s);
-    storeGood(cutTag);
+    addGoodRun(cutTag);
     EXPECT_EQ(upload(), QString());
     ASSERT_EQ(verdicts().size(), 1);
     EXPECT_TRUE((QStringList{u"1401"_s, u"1402"_s}).contains(records(u"mtag"_s).first()));
@@ -411,8 +411,8 @@ TEST_F(FlukeUpload, ACutTagThatFitsSeveralInstrumentsBecomesOneOfThem) {
 
 TEST_F(FlukeUpload, ACutTagNeverFindsItsLaterRunSinceThatIsCutToo) {
     execute(u"update mt.inventory set i4201 = '"_s + longAsset + u"' where mtag = '1401'"_s);
-    storeGood(cutTag);
-    storeGood(cutTag, 2);
+    addGoodRun(cutTag);
+    addGoodRun(cutTag, 2);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), (QStringList{u"FOUND-LEFT Y 0 0"_s, u"AS-LEFT Y 0 0"_s}));
 }
@@ -420,7 +420,7 @@ TEST_F(FlukeUpload, ACutTagNeverFindsItsLaterRunSinceThatIsCutToo) {
 TEST_F(FlukeUpload, TagsOfTwentyEightAndThirtyCharactersAreTakenAsTheyAre) {
     for (const int length : {28, 30, 33}) {
         execute(u"update mt.inventory set i4201 = '"_s + longAsset.left(length) + u"' where mtag = '1401'"_s);
-        auto& run = storeGood(longAsset.left(length));
+        auto& run = addGoodRun(longAsset.left(length));
         run.serial = u"another"_s;
         link.writeText = [](const QString& text, const QString& buffer) {
             return text + buffer.mid(text.size());
@@ -445,7 +445,7 @@ TEST_F(FlukeUpload, TheTechnicianIsTheCalibratorsUnlessHisNameIsItsSerialNumber)
     qint16 minute = 0;
     for (const auto& row : rows) {
         link.runs.clear();
-        auto& run = storeGood();
+        auto& run = addGoodRun();
         run.minute = ++minute;
         run.technician = row.stored;
         EXPECT_EQ(upload(), QString());
@@ -457,14 +457,14 @@ TEST_F(FlukeUpload, ASerialNumberWithLettersNeverStandsForTheTechnician) {
     execute(u"update mt.inventory set i4206 = '68A1207' where mtag = '1102'"_s);
     link.serial = u"68A1207"_s;
     ModuleGlobals::AddInUse(session, u"68A1207"_s, u"1401"_s, u"asmith"_s);
-    storeGood().technician = u"68A1207"_s;
-    storeGood().technician = u"68a1207"_s;
+    addGoodRun().technician = u"68A1207"_s;
+    addGoodRun().technician = u"68a1207"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"c2307"_s), (QStringList{u"68A1207"_s, u"68a1207"_s}));
 }
 
 TEST_F(FlukeUpload, WithoutARowInTheRegistryTheSerialNumberBecomesNoTechnician) {
-    storeGood().technician = u"6841207"_s;
+    addGoodRun().technician = u"6841207"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"c2307"_s), QStringList{u"(null)"_s});
 }
@@ -480,21 +480,21 @@ class FlukeUploadStandards : public FlukeUpload {
 };
 
 TEST_F(FlukeUploadStandards, FollowTheCalibratorWithoutAModule) {
-    storeGood();
+    addGoodRun();
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1209"_s})) << "the calibrator once";
 }
 
 TEST_F(FlukeUploadStandards, FollowTheModuleThatTheRunNames) {
-    storeGood().pressureModule = u"71118"_s;
-    storeGood(u"PT-102"_s).pressureModule = u"71391"_s;
+    addGoodRun().pressureModule = u"71118"_s;
+    addGoodRun(u"PT-102"_s).pressureModule = u"71391"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1206"_s, u"1209"_s, u"1102"_s, u"1207"_s}));
     EXPECT_EQ(link.callsOf(u"MEMbaseState"_s), (QStringList{u"MEMbaseState(0)"_s, u"MEMbaseState(1)"_s}));
 }
 
 TEST_F(FlukeUploadStandards, AskForTheModuleInBuffersOfSixteenAndTen) {
-    storeGood();
+    addGoodRun();
     QStringList buffers;
     link.writeText = [&](const QString& text, const QString& buffer) {
         buffers << buffer;
@@ -505,7 +505,7 @@ TEST_F(FlukeUploadStandards, AskForTheModuleInBuffersOfSixteenAndTen) {
 }
 
 TEST_F(FlukeUploadStandards, EndAtAModuleThatTheInventoryDoesNotKnow) {
-    storeGood().pressureModule = u"99999"_s;
+    addGoodRun().pressureModule = u"99999"_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), QStringList{u"1102"_s});
 }
@@ -522,20 +522,20 @@ TEST_F(FlukeUploadStandards, StandInTheRecordAsTheyCame) {
 }
 
 TEST_F(FlukeUploadStandards, OfOneRecordAreForgottenInTheNext) {
-    storeGood().pressureModule = u"71118"_s;
-    storeGood(u"PT-102"_s);
+    addGoodRun().pressureModule = u"71118"_s;
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1206"_s, u"1209"_s, u"1102"_s}));
 }
 
 TEST_F(FlukeUploadStandards, OfABlankModuleAreNone) {
-    storeGood().pressureModule = u"   "_s;
+    addGoodRun().pressureModule = u"   "_s;
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(standards(), (QStringList{u"1102"_s, u"1209"_s}));
 }
 
 TEST_F(FlukeUploadStandards, StayInTheRegistry) {
-    storeGood();
+    addGoodRun();
     const auto query = u"select mtag from mt.hvm_kv_task_inuse union all select standard_mtag from "
                        "mt.hvm_kv_task_standards_inuse"_s;
     const auto before = values(query);
@@ -557,7 +557,7 @@ TEST_F(FlukeUpload, ThreeRepetitionsGiveLinesOfMeansAndDisagreementOfEachReading
 
 TEST_F(FlukeUpload, WithoutRepetitionsARecordHasNoPoints) {
     configure(u"1401"_s, u"repetitions = 0"_s);
-    storeBad();
+    addBadRun();
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
     EXPECT_EQ(lines(), QStringList());
@@ -566,7 +566,7 @@ TEST_F(FlukeUpload, WithoutRepetitionsARecordHasNoPoints) {
 
 TEST_F(FlukeUpload, AStrategyThatIsGoneGivesARecordWithoutPoints) {
     execute(u"delete from mt.hvm_kv_proc_points where tp_name = 'ROUND'"_s);
-    storeBad();
+    addBadRun();
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
     EXPECT_EQ(lines(), QStringList());
@@ -586,7 +586,7 @@ TEST_F(FlukeUpload, MoreEntriesThanPointsAreLeftAlone) {
     EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
 }
 
-TEST_F(FlukeUpload, DisagreementsAreToldAfterTheRecordOnExactLimits) {
+TEST_F(FlukeUpload, DisagreementsAreShownAfterTheRecordOnExactLimits) {
     // Limits of 3.125 at 50; the calibrator's own limit is 3.125 % of span.
     const float above = std::nextafter(53.125F, 100.0F);
     const float more = std::nextafter(0.03125F, 1.0F);
@@ -630,7 +630,7 @@ TEST_F(FlukeUpload, TheCalibratorsErrorIsWidenedBeforeItIsCompared) {
 
 TEST_F(FlukeUpload, BothDisagreementsInOneRun) {
     store(u"PT-101"_s, {at(0, 0, 0.5F), at(50, 60), at(100, 100)});
-    storeGood(u"PT-102"_s);
+    addGoodRun(u"PT-102"_s);
     expectDisagreement(false);
     expectDisagreement(true);
     EXPECT_EQ(upload(), QString());
@@ -638,8 +638,8 @@ TEST_F(FlukeUpload, BothDisagreementsInOneRun) {
 }
 
 TEST_F(FlukeUpload, TheSecondUploadCreatesNothingTwice) {
-    storeBad();
-    storeGood(u"PT-102"_s);
+    addBadRun();
+    addGoodRun(u"PT-102"_s);
     EXPECT_EQ(upload(), QString());
     const auto made = verdicts();
     const auto linesMade = lines();
@@ -652,21 +652,21 @@ TEST_F(FlukeUpload, TheSecondUploadCreatesNothingTwice) {
     EXPECT_EQ(standards().size(), 2);
 }
 
-TEST_F(FlukeUpload, ARefusedRecordTellsNoDisagreementAndLeavesNothingToTheNext) {
+TEST_F(FlukeUpload, ARefusedRecordShowsNoDisagreementAndLeavesNothingToTheNext) {
     store(u"PT-101"_s, {at(0, 0, 0.5F), at(50, 60), at(100, 100)});
     expectDisagreement(false);
     expectDisagreement(true);
     EXPECT_EQ(upload(), QString());
-    storeGood(u"PT-102"_s);
+    addGoodRun(u"PT-102"_s);
     expectRefusal();
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND N 1 0"_s, u"FOUND-LEFT Y 0 0"_s}));
     EXPECT_EQ(lines().size(), 6);
 }
 
-TEST_F(FlukeUpload, ATagThatNobodyKnowsMakesNoRecordOfNobody) {
-    storeGood(u"NOBODY"_s);
-    storeGood(u"PT-102"_s);
+TEST_F(FlukeUpload, AnUnknownTagMakesNoRecord) {
+    addGoodRun(u"NOBODY"_s);
+    addGoodRun(u"PT-102"_s);
     ui.expectReport(5, u"ModuleGlobals,calcDueDate"_s);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
@@ -701,7 +701,7 @@ TEST_F(FlukeUpload, ReadingsThatAreNoNumbersAreReportedAndTheNextRunIsRead) {
     for (const float value : values) {
         link.runs.clear();
         store(u"PT-101"_s, {at(0, value), at(50, 50), at(100, 100)}).hour = hour;
-        storeGood(u"PT-102"_s).hour = hour++;
+        addGoodRun(u"PT-102"_s).hour = hour++;
         ui.expectReport(6, routine);
         EXPECT_EQ(upload(), QString());
     }
@@ -733,7 +733,7 @@ TEST_F(FlukeUpload, ACalibratorErrorThatIsNoNumberIsNoDisagreement) {
 
 TEST_F(FlukeUpload, SixtyRunsOfOneTagAreRead) {
     for (int i = 0; i < 60; ++i)
-        storeGood(u"PT-101"_s, i == 0 ? 1 : 2);
+        addGoodRun(u"PT-101"_s, i == 0 ? 1 : 2);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts().size(), 60);
     EXPECT_EQ(verdicts().first(), u"AS-FOUND Y 0 0"_s);

@@ -30,15 +30,15 @@ TEST_F(TorqueAcceptance, ChecksRunInTheirOrderAndTheFirstThatFailsCounts) {
         {false, false, u"UTA"_s, good, u"Serial Torque Transducer"_s, outputUnits},
     };
     int number = 0;
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         auto record = wrench();
-        record.input_indicated = one.input_indicated;
-        record.output_indicated = one.output_indicated;
-        record.transducer_type_out = one.type;
-        record.input_type = one.input;
-        record.output_type = one.output;
+        record.input_indicated = testCase.input_indicated;
+        record.output_indicated = testCase.output_indicated;
+        record.transducer_type_out = testCase.type;
+        record.input_type = testCase.input;
+        record.output_type = testCase.output;
         addInstrument(u"W-1"_s, u"1"_s, record);
-        EXPECT_EQ(TorqueStar_acceptable(driver, u"W-1"_s), one.answer) << "row " << number++;
+        EXPECT_EQ(TorqueStar_acceptable(driver, u"W-1"_s), testCase.answer) << "row " << number++;
     }
 }
 

@@ -23,10 +23,10 @@ class TorqueCharacteristic : public TorqueFixture {
     std::string fieldsOf(const CalParamRecord& instrument, const CalParamRecord& standard) {
         CharacteristicFields fields(session);
         EXPECT_EQ(fields.fill(session, instrument, standard), QString());
-        return shown(fields);
+        return displayText(fields);
     }
-    static std::string shown(const CharacteristicFields& fields) {
-        return fields.joined().toHex(' ').toStdString();
+    static std::string displayText(const CharacteristicFields& fields) {
+        return fields.join().toHex(' ').toStdString();
     }
 
     /// The byte at a field of the wrench, where every field before it is filled.
@@ -120,7 +120,7 @@ TEST_F(TorqueCharacteristic, TheSerialTablesAreWrittenRowByRow) {
     }
 }
 
-TEST_F(TorqueCharacteristic, WhatATextOutsideItsTableLeavesIsTheFieldAsItWas) {
+TEST_F(TorqueCharacteristic, ATextThatIsNotInItsTableLeavesTheFieldUnchanged) {
     auto tool = wrench();
     tool.cycle_end_time_out = u"0.3"_s;
     tool.measurement_mode_out = u"peak"_s;
@@ -138,7 +138,7 @@ TEST_F(TorqueCharacteristic, WhatATextOutsideItsTableLeavesIsTheFieldAsItWas) {
     CharacteristicFields fields(session);
     fields.fill(session, wrench(), transducer());
     fields.fill(session, tool, standard);
-    EXPECT_EQ(shown(fields), wrenchFields);
+    EXPECT_EQ(displayText(fields), wrenchFields);
 
     auto serial = serialTransducer();
     serial.resolution = 0.5F;
@@ -153,7 +153,7 @@ TEST_F(TorqueCharacteristic, ASerialTransducerBehindAnotherKeepsItsNumberSpanAnd
     fields.fill(session, wrench(), transducer());
     fields.fill(session, wrench(), serialTransducer());
     EXPECT_EQ(
-        shown(fields),
+        displayText(fields),
         "03 01 1e 03 00 26 25 a0 03 03 05 07 02 02 03 00 00 0f de 80 00 0e a6 00 00 00 c3 50 00 00 61 a8 " +
             fixedFields);
 }
@@ -253,12 +253,12 @@ TEST_F(TorqueCharacteristic, TheLimitsAreTheToleranceBandOfTheHighestPoint) {
     };
     int number = 0;
     for (const auto& term : terms) {
-        auto one = tool;
-        one.resolution = 0.1F; // counts as the double nearest to 0.1
-        one.*term.positive = 2;
-        one.*term.negative = 3;
-        EXPECT_DOUBLE_EQ(torqueLimits(one).maximum, term.maximum) << number;
-        EXPECT_DOUBLE_EQ(torqueLimits(one).minimum, term.minimum) << number;
+        auto changed = tool;
+        changed.resolution = 0.1F; // counts as the double nearest to 0.1
+        changed.*term.positive = 2;
+        changed.*term.negative = 3;
+        EXPECT_DOUBLE_EQ(torqueLimits(changed).maximum, term.maximum) << number;
+        EXPECT_DOUBLE_EQ(torqueLimits(changed).minimum, term.minimum) << number;
         ++number;
     }
 }
@@ -270,27 +270,27 @@ TEST_F(TorqueCharacteristic, EachTermOfTheLimitsIsWorkedOutInItsOwnOrder) {
     CalParamRecord tool;
     tool.input_high = 100;
 
-    auto one = tool;
-    one.max_test_point_pct = 7;
-    EXPECT_EQ(torqueLimits(one).minimum, percentFirst) << "the highest point";
+    auto changed = tool;
+    changed.max_test_point_pct = 7;
+    EXPECT_EQ(torqueLimits(changed).minimum, percentFirst) << "the highest point";
 
-    one = tool;
-    one.pos_span_pct = one.neg_span_pct = 7;
-    EXPECT_EQ(torqueLimits(one).maximum, percentLast) << "span";
-    EXPECT_EQ(torqueLimits(one).minimum, -percentLast) << "span";
+    changed = tool;
+    changed.pos_span_pct = changed.neg_span_pct = 7;
+    EXPECT_EQ(torqueLimits(changed).maximum, percentLast) << "span";
+    EXPECT_EQ(torqueLimits(changed).minimum, -percentLast) << "span";
 
-    one = tool;
-    one.pos_fs_range_pct = one.neg_fs_range_pct = 7;
-    EXPECT_EQ(torqueLimits(one).maximum, percentFirst) << "full scale";
-    EXPECT_EQ(torqueLimits(one).minimum, -percentFirst) << "full scale";
+    changed = tool;
+    changed.pos_fs_range_pct = changed.neg_fs_range_pct = 7;
+    EXPECT_EQ(torqueLimits(changed).maximum, percentFirst) << "full scale";
+    EXPECT_EQ(torqueLimits(changed).minimum, -percentFirst) << "full scale";
 
-    one = tool;
-    one.max_test_point_pct = 100;
-    one.pos_fs_range_pct = -100; // takes the point itself away again
-    one.neg_fs_range_pct = 100;
-    one.pos_reading_pct = one.neg_reading_pct = 7;
-    EXPECT_EQ(torqueLimits(one).maximum, percentFirst) << "reading";
-    EXPECT_EQ(torqueLimits(one).minimum, -percentFirst) << "reading";
+    changed = tool;
+    changed.max_test_point_pct = 100;
+    changed.pos_fs_range_pct = -100; // takes the point itself away again
+    changed.neg_fs_range_pct = 100;
+    changed.pos_reading_pct = changed.neg_reading_pct = 7;
+    EXPECT_EQ(torqueLimits(changed).maximum, percentFirst) << "reading";
+    EXPECT_EQ(torqueLimits(changed).minimum, -percentFirst) << "reading";
 }
 
 TEST_F(TorqueCharacteristic, TheRangeIsWidenedBeforeItsSpanIsTaken) {

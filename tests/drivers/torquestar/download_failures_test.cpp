@@ -17,7 +17,7 @@ class TorqueDownloadFailures : public TorqueFixture {
     QString download() { return ModuleTSInterface::TorqueStar_download(driver, u"TAG"_s); }
 };
 
-TEST_F(TorqueDownloadFailures, ALostDatabaseIsToldAndTheDownloadEnds) {
+TEST_F(TorqueDownloadFailures, ALostDatabaseIsReportedAndTheDownloadEnds) {
     addWrenches(u"TAG"_s, 1);
     script.lost = true;
     ui.expectReport(10054, u"ModuleGlobals,AssetfromSerial"_s);
@@ -31,12 +31,12 @@ TEST_F(TorqueDownloadFailures, AListThatCantBeReadLeavesCalibratorAndRegistryAsT
     addWrenches(u"TAG"_s, 2);
     const Error refused{208, u"Invalid object"_s, u"42S02"_s};
     for (const auto& statement : {selectPackage(u"TAG"_s), selectMembers(u"TAG"_s)}) {
-        peer.heard.clear();
+        peer.received.clear();
         script.transactions.clear();
         script.failures = {{statement, refused}};
         ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
         EXPECT_EQ(download(), listUnread);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
         EXPECT_EQ(script.transactions, (QStringList{u"begin"_s, u"roll back"_s}));
     }
@@ -67,7 +67,7 @@ TEST_F(TorqueDownloadFailures, ParametersThatCantBeReadEndTheDownloadBeforeTheTo
                  {selectStandards(u"W-1"_s), u"GetInUseData"_s},
                  {selectParams(u"X-1"_s), u"GetCalParams"_s}};
     for (const auto& read : reads) {
-        peer.heard.clear();
+        peer.received.clear();
         script.failures = {{read.statement, refused}};
         ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
         EXPECT_EQ(
@@ -88,7 +88,7 @@ TEST_F(TorqueDownloadFailures, MoreStandardsThanTheListTakesAreReportedAndTheFir
     EXPECT_EQ(conversation().filter(u"T1A"_s).size(), 1);
 }
 
-TEST_F(TorqueDownloadFailures, TheStatusLineTellsWhichToolIsLoadedAndIsEmptiedAtTheEnd) {
+TEST_F(TorqueDownloadFailures, TheStatusLineNamesTheToolBeingLoadedAndIsClearedAtTheEnd) {
     addWrenches(u"TAG"_s, 2);
     const QStringList whole{u"Loading W-1 onto the calibrator (1 of 2)"_s,
                             u"Loading W-2 onto the calibrator (2 of 2)"_s, QString()};

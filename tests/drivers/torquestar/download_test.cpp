@@ -20,11 +20,11 @@ class TorqueDownload : public TorqueFixture {
     QString download() { return TorqueStar_download(driver, u"TAG"_s); }
 
     /// The keys that `AddInUse` registered with the calibrator.
-    QStringList registered() const {
+    QStringList registeredInstruments() const {
         QStringList keys;
-        for (const auto& one : writes()) {
-            if (one.startsWith(u"insert into mt.hvm_kv_task_inuse "_s))
-                keys << one.section(u'\'', 3, 3);
+        for (const auto& statement : writes()) {
+            if (statement.startsWith(u"insert into mt.hvm_kv_task_inuse "_s))
+                keys << statement.section(u'\'', 3, 3);
         }
         return keys;
     }
@@ -38,16 +38,16 @@ class TorqueDownload : public TorqueFixture {
     }
 };
 
-TEST_F(TorqueDownload, OneInstrumentUsesNoRoundAndEveryStatementIsToTheLetter) {
+TEST_F(TorqueDownload, OneInstrumentUsesNoRoundAndExactStatements) {
     addWrenches(u"TAG"_s, 1);
     EXPECT_EQ(download(), QString());
     EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s, u"T1C W-1"_s, u"T1A W-1"_s}));
-    EXPECT_EQ(peer.heard[2], "T1CW-1=PC\xFF");
+    EXPECT_EQ(peer.received[2], "T1CW-1=PC\xFF");
     EXPECT_EQ(
-        peer.heard[3].toHex(' '),
+        peer.received[3].toHex(' '),
         "54 31 41 57 2d 31 3d 50 43 ff 03 01 1e 02 00 26 25 a0 00 03 00 03 00 05 03 01 00 0f de 80 00 0e a6 "
         "00 00 00 c3 50 00 00 61 a8 20 00 00 00 00 00 00 00 00 00 00 00 00 00 4e 20 01 5e 00 00 30 39");
-    EXPECT_EQ(driver.TSMessage, peer.heard[3]);
+    EXPECT_EQ(driver.TSMessage, peer.received[3]);
     const QStringList calibrator{selectSerial(u"12345678"_s), selectMtag(u"TS-01"_s)};
     QStringList expected{selectSerial(u"12345678"_s)};
     expected
@@ -65,15 +65,15 @@ TEST_F(TorqueDownload, OneInstrumentUsesNoRoundAndEveryStatementIsToTheLetter) {
 
 TEST_F(TorqueDownload, AListOfSeveralIsGatheredIntoARoundOfTheirNumber) {
     for (const int count : {2, 3, 10}) {
-        peer.heard.clear();
+        peer.received.clear();
         script.statements.clear();
         const auto assets = addWrenches(u"TAG"_s, count);
         EXPECT_EQ(download(), QString());
         EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s, u"T2F KVTASK"_s, u"T2B KVTASK"_s} +
                                    wrenchTalk(count) + QStringList{u"T2C"_s}));
-        EXPECT_EQ(peer.heard[2], "T2FKVTASK=PC\xFF");
-        EXPECT_EQ(peer.heard[3], "T2BKVTASK=PC\xFF" + QByteArray(1, static_cast<char>(count)) + '\x03');
-        EXPECT_EQ(registered().size(), count);
+        EXPECT_EQ(peer.received[2], "T2FKVTASK=PC\xFF");
+        EXPECT_EQ(peer.received[3], "T2BKVTASK=PC\xFF" + QByteArray(1, static_cast<char>(count)) + '\x03');
+        EXPECT_EQ(registeredInstruments().size(), count);
     }
 }
 
@@ -84,7 +84,7 @@ TEST_F(TorqueDownload, ARoundThatExistsIsErasedFirst) {
     EXPECT_EQ(conversation().mid(2, 3), (QStringList{u"T2F KVTASK"_s, u"T2E KVTASK"_s, u"T2B KVTASK"_s}));
     for (const auto& other :
          {QByteArray("t2F\0", 4), QByteArray("t2F\x02"), QByteArray("t2F1"), QByteArray("t2F")}) {
-        peer.heard.clear();
+        peer.received.clear();
         replies["T2F"] << other;
         EXPECT_EQ(download(), QString());
         EXPECT_EQ(conversation()[3], u"T2B KVTASK"_s) << other.toHex(' ').toStdString();
@@ -117,12 +117,12 @@ TEST_F(TorqueDownload, ACalibratorWithoutARecordIsOnlyAWarning) {
     script.answers.remove(selectSerial(u"12345678"_s));
     ui.expectBox(noRecord, u"Download Procedures To Calibrator"_s, box::warning);
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(registered(), QStringList{u"KW-1"_s});
+    EXPECT_EQ(registeredInstruments(), QStringList{u"KW-1"_s});
     EXPECT_TRUE(writes().contains(
         u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values ('',now(*),'KW-1');commit"_s));
 }
 
-TEST_F(TorqueDownload, AnIdentityThatIsNotToldIsNotCheckedAndCountsAsNumberZero) {
+TEST_F(TorqueDownload, AMissingIdentityIsNotCheckedAndCountsAsNumberZero) {
     addWrenches(u"TAG"_s, 1);
     replies["T0D"] << std::nullopt;
     ui.expectBox(noRecord, u"Download Procedures To Calibrator"_s, box::warning);
@@ -135,13 +135,13 @@ TEST_F(TorqueDownload, TheSerialNumberIsTheDecimalTextOfTheDecodedNumber) {
         qint32 number;
         QString text;
     } cases[] = {{7, u"7"_s}, {0x0000300A, u"778"_s}, {-2, u"-2"_s}};
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addWrenches(u"TAG"_s, 1);
         script.statements.clear();
-        script.answers.insert(selectSerial(one.text), {{u"TS-01"_s}});
-        replies["T0D"] << identity(one.number);
+        script.answers.insert(selectSerial(testCase.text), {{u"TS-01"_s}});
+        replies["T0D"] << identity(testCase.number);
         EXPECT_EQ(download(), QString());
-        EXPECT_EQ(script.statements.first(), selectSerial(one.text));
+        EXPECT_EQ(script.statements.first(), selectSerial(testCase.text));
     }
 }
 
@@ -150,23 +150,23 @@ TEST_F(TorqueDownload, ARoundThatIsRefusedEndsTheDownloadWithItsText) {
                             u"Invalid Sample Mode!"_s, u"Invalid Number of Characteristics!"_s};
     addWrenches(u"TAG"_s, 2);
     for (int code = 1; code <= 4; ++code) {
-        peer.heard.clear();
+        peer.received.clear();
         replies["T2B"] << "t2B" + QByteArray(1, static_cast<char>(code));
         EXPECT_EQ(download(), texts[code - 1]);
         EXPECT_EQ(conversation().last(), u"T2B KVTASK"_s);
     }
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(TorqueDownload, ARoundRefusedWithAnUnknownCodeEndsInWhatTheCallerTakesForSuccess) {
     addWrenches(u"TAG"_s, 2);
     for (const char code : {'\0', '\x05', '\xFF'}) {
-        peer.heard.clear();
+        peer.received.clear();
         replies["T2B"] << QByteArray("t2B") + code;
         EXPECT_EQ(download(), QString());
         EXPECT_EQ(conversation().last(), u"T2B KVTASK"_s);
     }
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(TorqueDownload, ARoundAnsweredInAnyOtherLengthIsAccepted) {
@@ -183,7 +183,7 @@ TEST_F(TorqueDownload, ALinkThatFailsAtTheRoundEndsWithItsText) {
     replies["T2B"] << std::nullopt;
     EXPECT_EQ(download(), timeout);
     EXPECT_EQ(conversation().last(), u"T2B KVTASK"_s);
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(TorqueDownload, ARefusedCharacteristicEndsTheDownloadWithItsNameAndText) {
@@ -201,11 +201,11 @@ TEST_F(TorqueDownload, ARefusedCharacteristicEndsTheDownloadWithItsNameAndText) 
         {QByteArray("t1A\0\x1d", 5), u"W-1 - "_s},
         {QByteArray("t1A\0\xff", 5), u"W-1 - "_s},
     };
-    for (const auto& one : cases) {
-        replies["T1A"] << one.reply;
-        EXPECT_EQ(download(), one.result) << one.reply.toHex(' ').toStdString();
+    for (const auto& testCase : cases) {
+        replies["T1A"] << testCase.reply;
+        EXPECT_EQ(download(), testCase.result) << testCase.reply.toHex(' ').toStdString();
     }
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
     for (const QByteArray& taken : {QByteArray("t1A"), QByteArray("t1A\0\0\x05", 6)}) {
         replies["T1A"] << taken;
         EXPECT_EQ(download(), QString());
@@ -222,13 +222,13 @@ TEST_F(TorqueDownload, AFailureHalfWayLeavesTheRegistryWithWhatTheCalibratorAcce
         {"T1A", {"t1A", "t1A", "t1A!"}, u"W-3 - Characteristic Already Exists!"_s},
         {"T1A", {"t1A", "t1A", QByteArray("t1A\0\x12", 5)}, u"W-3 - Maximum Torque Out Of Range!"_s},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addWrenches(u"TAG"_s, 5);
         script.statements.clear();
-        peer.heard.clear();
-        replies[one.message] = one.replies;
-        EXPECT_EQ(download(), one.result);
-        EXPECT_EQ(registered(), (QStringList{u"KW-1"_s, u"KW-2"_s}));
+        peer.received.clear();
+        replies[testCase.message] = testCase.replies;
+        EXPECT_EQ(download(), testCase.result);
+        EXPECT_EQ(registeredInstruments(), (QStringList{u"KW-1"_s, u"KW-2"_s}));
         EXPECT_EQ(conversation().last(), u"T1A W-3"_s) << "the round is not stored";
         EXPECT_TRUE(writes().first().startsWith(u"delete from mt.hvm_kv_task_inuse"_s));
     }
@@ -243,15 +243,15 @@ TEST_F(TorqueDownload, AToolThatTheCalibratorCannotTakeStopsTheListAndThoseBefor
          u"TorqueStar cannot accept selected output units! psi"_s},
         {[](CalParamRecord& tool) { tool.neg_reading_pct = 90; }, u"Minimum Torque Out of Range!"_s},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         addWrenches(u"TAG"_s, 3);
         script.statements.clear();
-        peer.heard.clear();
+        peer.received.clear();
         auto tool = wrench();
-        one.spoil(tool);
+        testCase.spoil(tool);
         addInstrument(u"W-2"_s, u"KW-2"_s, tool);
-        EXPECT_EQ(download(), one.result);
-        EXPECT_EQ(registered(), QStringList{u"KW-1"_s});
+        EXPECT_EQ(download(), testCase.result);
+        EXPECT_EQ(registeredInstruments(), QStringList{u"KW-1"_s});
         EXPECT_EQ(conversation().last(), u"T1A W-1"_s);
     }
 }
@@ -269,7 +269,7 @@ TEST_F(TorqueDownload, TheFirstOfSeveralStandardsIsTheTransducer) {
     other.output_high = 500;
     addInstrument(u"X-2"_s, u"KX-2"_s, other);
     EXPECT_EQ(download(), QString());
-    EXPECT_TRUE(peer.heard.last().contains(integer32(5000000)));
+    EXPECT_TRUE(peer.received.last().contains(integer32(5000000)));
 }
 
 TEST_F(TorqueDownload, ACountOutsideAByteIsReportedAndEndsInTheDefaultResult) {
@@ -279,7 +279,7 @@ TEST_F(TorqueDownload, ACountOutsideAByteIsReportedAndEndsInTheDefaultResult) {
     addInstrument(u"W-1"_s, u"KW-1"_s, tool);
     ui.expectReport(5, u"ModuleTSInterface,TorqueStar_download"_s);
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
     EXPECT_EQ(ui.events.last(), u"normal"_s);
 }
 
@@ -307,7 +307,7 @@ TEST_F(TorqueDownload, TheRoundIsStoredAtTheEndOrTheResultSaysNot) {
     replies["T2C"] << QByteArray("t2C!") << std::nullopt;
     EXPECT_EQ(download(), u"Round \"KVTASK\" NOT Stored!"_s);
     EXPECT_EQ(download(), timeout);
-    EXPECT_EQ(registered().size(), 4) << "the instruments stay registered";
+    EXPECT_EQ(registeredInstruments().size(), 4) << "the instruments stay registered";
 }
 
 TEST_F(TorqueDownload, ExchangesThatAreNotCheckedGoOnWhateverTheirOutcome) {
@@ -320,11 +320,11 @@ TEST_F(TorqueDownload, ExchangesThatAreNotCheckedGoOnWhateverTheirOutcome) {
                                            u"T1A W-1"_s, u"T1C W-2"_s, u"T1J"_s, u"T1A W-2"_s, u"T2C"_s}));
 }
 
-TEST_F(TorqueDownload, EachExchangeOnADeadLineHasItsOwnRetryBox) {
+TEST_F(TorqueDownload, EachExchangeOnASilentLineHasItsOwnRetryBox) {
     addWrenches(u"TAG"_s, 2);
-    // From the identity on nobody answers a link start.
+    // From the identity on no link start is answered.
     port.answer = [this](const QByteArray& bytes) -> ScriptedSerialPort::Chunks {
-        if (peer.heard.contains("T0D") && bytes == hex("10 04 02"))
+        if (peer.received.contains("T0D") && bytes == hex("10 04 02"))
             return {};
         return {peer.take(bytes)};
     };
@@ -335,7 +335,7 @@ TEST_F(TorqueDownload, EachExchangeOnADeadLineHasItsOwnRetryBox) {
         ui.expectBox(advice, u"Download Procedures To Calibrator"_s,
                      {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, answer);
     EXPECT_EQ(download(), advice);
-    EXPECT_EQ(registered(), QStringList());
+    EXPECT_EQ(registeredInstruments(), QStringList());
 }
 
 TEST_F(TorqueDownload, ANameIsTheFirstElevenCharactersOfTheAssetNumberInWindowsBytes) {
@@ -346,13 +346,13 @@ TEST_F(TorqueDownload, ANameIsTheFirstElevenCharactersOfTheAssetNumberInWindowsB
     addPackage(u"TAG"_s, {asset});
     replies["T1A"] << QByteArray("t1A!");
     EXPECT_EQ(download(), u"Schlüssel-€ - Characteristic Already Exists!"_s);
-    EXPECT_EQ(peer.heard[2], "T1CSchl\xFCssel-\x80=PC\xFF");
+    EXPECT_EQ(peer.received[2], "T1CSchl\xFCssel-\x80=PC\xFF");
     const auto greek = u"Ω-1"_s;
     addInstrument(greek, u"78"_s, wrench());
     addStandards(greek, {u"X-1"_s});
     addPackage(u"TAG"_s, {greek});
     EXPECT_EQ(download(), QString());
-    EXPECT_EQ(peer.heard.last().first(10), "T1A?-1=PC\xFF");
+    EXPECT_EQ(peer.received.last().first(10), "T1A?-1=PC\xFF");
 }
 
 TEST_F(TorqueDownload, AnEmptyPackageDownloadsNothing) {
@@ -361,14 +361,14 @@ TEST_F(TorqueDownload, AnEmptyPackageDownloadsNothing) {
     EXPECT_EQ(conversation(), (QStringList{u"T0A"_s, u"T0D"_s}));
 }
 
-TEST_F(TorqueDownload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToTheFortySeventh) {
+TEST_F(TorqueDownload, StatementsAndPollsForEachToolStayTheSameFromTheFirstToTheFortySeventh) {
     addWrenches(u"TAG"_s, 47);
     QList<qsizetype> statements;
-    QList<int> looks;
-    peer.reply = [this, &statements, &looks, inner = peer.reply](const QByteArray& body) {
+    QList<int> polls;
+    peer.reply = [this, &statements, &polls, inner = peer.reply](const QByteArray& body) {
         if (body.startsWith("T1A")) {
             statements << script.statements.size();
-            looks << port.looks;
+            polls << port.polls;
         }
         return inner(body);
     };
@@ -376,7 +376,7 @@ TEST_F(TorqueDownload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToThe
     ASSERT_EQ(statements.size(), 47);
     for (int i = 1; i < 47; ++i) {
         EXPECT_EQ(statements[i] - statements[i - 1], 4 + 3) << i;
-        EXPECT_EQ(looks[i] - looks[i - 1], looks[1] - looks[0]) << i;
+        EXPECT_EQ(polls[i] - polls[i - 1], polls[1] - polls[0]) << i;
     }
 }
 

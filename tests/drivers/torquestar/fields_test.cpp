@@ -12,7 +12,7 @@ using namespace ModuleTSInterface;
 
 namespace {
 
-std::string shown(const QByteArray& bytes) {
+std::string displayText(const QByteArray& bytes) {
     return bytes.toHex(' ').toStdString();
 }
 
@@ -39,20 +39,21 @@ TEST_F(TorqueFields, WholeNumbersAreWrittenBigEndianInTheirWidth) {
         {-1, 3, "ff ff ff ff"}, {0, 4, "00 00 00 00"},     {2, 4, "00 00 4e 20"},
         {-1, 4, "ff ff d8 f0"},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(shown(Conv2Hex(session, one.value, one.kind)), one.bytes) << one.value << " " << one.kind;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(displayText(Conv2Hex(session, testCase.value, testCase.kind)), testCase.bytes)
+            << testCase.value << " " << testCase.kind;
 }
 
 TEST_F(TorqueFields, ScaledRealsAreMultipliedInTheirOwnWidthAndRoundedHalfToEven) {
-    EXPECT_EQ(shown(Conv2Hex(session, 1.5, 4)), "00 00 3a 98");
-    EXPECT_EQ(shown(Conv2Hex(session, 1.5F, 4)), "00 00 3a 98");
-    EXPECT_EQ(shown(Conv2Hex(session, 0.00005, 4)), "00 00 00 00");
-    EXPECT_EQ(shown(Conv2Hex(session, 0.00035, 4)), "00 00 00 04");
-    EXPECT_EQ(shown(Conv2Hex(session, 0.00025, 4)), "00 00 00 02");
-    EXPECT_EQ(shown(Conv2Hex(session, -0.5, 4)), "ff ff ec 78");
+    EXPECT_EQ(displayText(Conv2Hex(session, 1.5, 4)), "00 00 3a 98");
+    EXPECT_EQ(displayText(Conv2Hex(session, 1.5F, 4)), "00 00 3a 98");
+    EXPECT_EQ(displayText(Conv2Hex(session, 0.00005, 4)), "00 00 00 00");
+    EXPECT_EQ(displayText(Conv2Hex(session, 0.00035, 4)), "00 00 00 04");
+    EXPECT_EQ(displayText(Conv2Hex(session, 0.00025, 4)), "00 00 00 02");
+    EXPECT_EQ(displayText(Conv2Hex(session, -0.5, 4)), "ff ff ec 78");
     // In 64 bits 12345.678 has 123456780 ten-thousandths; in 32 bits the product is the float 123456776.
-    EXPECT_EQ(shown(Conv2Hex(session, 12345.678, 4)), shown(field(123456780)));
-    EXPECT_EQ(shown(Conv2Hex(session, 12345.678F, 4)), shown(field(123456776)));
+    EXPECT_EQ(displayText(Conv2Hex(session, 12345.678, 4)), displayText(field(123456780)));
+    EXPECT_EQ(displayText(Conv2Hex(session, 12345.678F, 4)), displayText(field(123456776)));
 }
 
 TEST_F(TorqueFields, AKindThatIsUnknownGivesAnEmptyField) {
@@ -64,7 +65,7 @@ TEST_F(TorqueFields, AValueThatDoesNotFitIsReportedAndGivesAnEmptyField) {
     const auto refused = [&](auto value, int kind) {
         ui.expectReport(6, u"ModuleTSInterface,Conv2Hex"_s);
         EXPECT_EQ(Conv2Hex(session, value, kind), QByteArray());
-        EXPECT_TRUE(ui.allCame()) << value << " " << kind;
+        EXPECT_TRUE(ui.hasMetAll()) << value << " " << kind;
     };
     refused(65536, 2);
     refused(-1, 2);
@@ -73,7 +74,7 @@ TEST_F(TorqueFields, AValueThatDoesNotFitIsReportedAndGivesAnEmptyField) {
     refused(214749, 4);
     refused(-300000.0F, 4);
     refused(std::numeric_limits<float>::max(), 4);
-    EXPECT_EQ(shown(Conv2Hex(session, 214748.3647, 4)), "7f ff ff ff");
+    EXPECT_EQ(displayText(Conv2Hex(session, 214748.3647, 4)), "7f ff ff ff");
 }
 
 TEST_F(TorqueFields, AByteOfTenToFifteenLosesADigit) {
@@ -97,13 +98,13 @@ TEST_F(TorqueFields, AByteOfTenToFifteenLosesADigit) {
         {"1e 00 00 01", 0x1E000001},
         {"e1 d2 00 05", static_cast<qint32>(0xE1D20005)},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(Conv2Real(session, hex(one.bytes)), one.number) << one.bytes;
-        EXPECT_EQ(Conv2Double(session, hex(one.bytes)), one.number / 10000.0) << one.bytes;
+    for (const auto& testCase : cases) {
+        EXPECT_EQ(Conv2Real(session, hex(testCase.bytes)), testCase.number) << testCase.bytes;
+        EXPECT_EQ(Conv2Double(session, hex(testCase.bytes)), testCase.number / 10000.0) << testCase.bytes;
     }
 }
 
-TEST_F(TorqueFields, ANumberOfAnotherLengthIsZeroWithoutAWord) {
+TEST_F(TorqueFields, ANumberOfAnotherLengthIsSilentlyZero) {
     for (const char* bytes : {"", "01", "01 02 03", "01 02 03 04 05"})
         EXPECT_EQ(Conv2Real(session, hex(bytes)), 0) << bytes;
 }
@@ -131,9 +132,10 @@ TEST_F(TorqueFields, DatesAreReadFromTheirDigits) {
         {990101, u"99-1-1"_s},          {0, u"0-0-0"_s},
         {-20260318, u"-2026--3--18"_s}, {100000101, u"10000-1-1"_s},
     };
-    for (const auto& one : cases) {
-        ASSERT_EQ(Conv2Real(session, field(one.number)), one.number) << "a digit is lost: choose another";
-        EXPECT_EQ(Conv2Date(session, field(one.number)), one.text) << one.number;
+    for (const auto& testCase : cases) {
+        ASSERT_EQ(Conv2Real(session, field(testCase.number)), testCase.number)
+            << "a digit is lost: choose another";
+        EXPECT_EQ(Conv2Date(session, field(testCase.number)), testCase.text) << testCase.number;
     }
 }
 
@@ -146,9 +148,10 @@ TEST_F(TorqueFields, TimesAreReadFromTheirDigitsAndLimited) {
         {250000, u"23:59:59"_s}, {126100, u"12:59:59"_s}, {120090, u"12:00:59"_s},
         {240000, u"23:59:59"_s}, {-5, u"0:0:-5"_s},       {-93005, u"-9:-30:-5"_s},
     };
-    for (const auto& one : cases) {
-        ASSERT_EQ(Conv2Real(session, field(one.number)), one.number) << "a digit is lost: choose another";
-        EXPECT_EQ(Conv2Time(session, field(one.number)), one.text) << one.number;
+    for (const auto& testCase : cases) {
+        ASSERT_EQ(Conv2Real(session, field(testCase.number)), testCase.number)
+            << "a digit is lost: choose another";
+        EXPECT_EQ(Conv2Time(session, field(testCase.number)), testCase.text) << testCase.number;
     }
 }
 

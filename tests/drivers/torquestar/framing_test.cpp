@@ -10,13 +10,13 @@ using namespace ModuleTSInterface;
 
 namespace {
 
-std::string shown(const QByteArray& bytes) {
+std::string displayText(const QByteArray& bytes) {
     return bytes.toHex(' ').toStdString();
 }
 
 /// What stands before the checksum.
-std::string unchecked(const QByteArray& body) {
-    return shown(PreProcessMessage(body).chopped(2));
+std::string bodyWithoutCheck(const QByteArray& body) {
+    return displayText(PreProcessMessage(body).chopped(2));
 }
 
 const QByteArray goodChecksum(2, '\0');
@@ -24,7 +24,7 @@ const QByteArray goodChecksum(2, '\0');
 } // namespace
 
 TEST(Framing, LinkTestGoesOnTheLineAsItsKnownBytes) {
-    EXPECT_EQ(shown(PreProcessMessage("T0A")), "54 30 41 10 03 67 bf");
+    EXPECT_EQ(displayText(PreProcessMessage("T0A")), "54 30 41 10 03 67 bf");
 }
 
 TEST(Framing, ADleGoesOutDoubledExceptThatTheCharacterAfterADleNextToTheEndIsLost) {
@@ -47,8 +47,8 @@ TEST(Framing, ADleGoesOutDoubledExceptThatTheCharacterAfterADleNextToTheEndIsLos
         {"41 10 10 42 43", "41 10 10 10 10 42 43 10 03"},
         {"00 10 03 ff ff", "00 10 10 03 ff ff 10 03"},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(unchecked(hex(one.body)), one.frame) << one.body;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(bodyWithoutCheck(hex(testCase.body)), testCase.frame) << testCase.body;
 }
 
 TEST(Framing, ARoundOfSixteenCharacteristicsLosesItsSampleMode) {
@@ -73,20 +73,20 @@ TEST(Framing, ChecksumIsTheInvertedSumOfTheWordsAndALeftOverCharacterIsAHighByte
         {"ff", "00 ff"},
         {"54 30 41 10 03", "67 bf"},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(shown(TXChecksum(hex(one.data))), one.checksum) << one.data;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(displayText(TXChecksum(hex(testCase.data))), testCase.checksum) << testCase.data;
 }
 
 TEST(Framing, ChecksumCoversTheDoubledForm) {
     const auto frame = PreProcessMessage(hex("41 10 42 43"));
-    EXPECT_EQ(shown(frame.last(2)), shown(TXChecksum(hex("41 10 10 42 43 10 03"))));
+    EXPECT_EQ(displayText(frame.last(2)), displayText(TXChecksum(hex("41 10 10 42 43 10 03"))));
 }
 
 TEST(Framing, AFrameChecksGoodAtEveryLengthAndFoldsOften) {
     for (int length = 0; length < 600; ++length) {
         const auto frame = PreProcessMessage(QByteArray(length, '\xFE'));
         EXPECT_EQ(CheckSum16(frame), goodChecksum) << length;
-        EXPECT_EQ(frame, framed(QByteArray(length, '\xFE'))) << length;
+        EXPECT_EQ(frame, makeFrame(QByteArray(length, '\xFE'))) << length;
     }
 }
 

@@ -16,7 +16,7 @@ using namespace ModuleTSInterface;
 
 namespace {
 
-/// Counts the looks at the real port.
+/// Counts the polls of the real port.
 class CountingPort final : public SerialPort {
   public:
     explicit CountingPort(SerialPort& port) : port_(port) {}
@@ -25,25 +25,25 @@ class CountingPort final : public SerialPort {
     void setCommPort(int number) override { port_.setCommPort(number); }
     void setSettings(const QString& settings) override { port_.setSettings(settings); }
     int inBufferCount() override {
-        ++looks;
+        ++polls;
         return port_.inBufferCount();
     }
     QByteArray input() override {
-        ++looks;
+        ++polls;
         return port_.input();
     }
     void output(const QByteArray& bytes) override { port_.output(bytes); }
 
-    int looks = 0;
+    int polls = 0;
 
   private:
     SerialPort& port_;
 };
 
-/// A clock whose seconds are as long as the test wants them, so that real time-outs are short.
-class HastyClock final : public Clock {
+/// A clock whose seconds are as long as the test sets them, so that real time-outs are short.
+class FastClock final : public Clock {
   public:
-    HastyClock() { sinceStart_.start(); }
+    FastClock() { sinceStart_.start(); }
     QDateTime now() const override { return start_.addSecs(sinceStart_.elapsed() / second); }
 
     qint64 second = 1000; // in milliseconds
@@ -71,7 +71,7 @@ class ExchangeOnALine : public RealPort {
 
     const QByteArray good = "t0A\x10\x02\xFFreply";
     LinePeer peer;
-    HastyClock hasty;
+    FastClock hasty;
     Session quick{Workstation{ui, hasty, settings}, {}};
     CountingPort counted{port};
     TorqueStar driver{quick, counted};
@@ -84,7 +84,7 @@ TEST_F(ExchangeOnALine, ReopensThePortForEachExchange) {
         EXPECT_EQ(driver.TSError, QString());
     }
     line.rest();
-    EXPECT_EQ(peer.heard, QList<QByteArray>(20, "T0A"));
+    EXPECT_EQ(peer.received, QList<QByteArray>(20, "T0A"));
 }
 
 TEST_F(ExchangeOnALine, AddsNoDelayOfItsOwn) {
@@ -103,8 +103,8 @@ TEST_F(ExchangeOnALine, AddsNoDelayOfItsOwn) {
 TEST_F(ExchangeOnALine, AReplyInSingleBytesIsPutTogether) {
     line.serve([this](const QByteArray& bytes) {
         const auto answer = peer.take(bytes);
-        for (const char one : answer) {
-            line.write(QByteArray(1, one));
+        for (const char byte : answer) {
+            line.write(QByteArray(1, byte));
             std::this_thread::yield();
         }
         return QByteArray();
@@ -112,7 +112,7 @@ TEST_F(ExchangeOnALine, AReplyInSingleBytesIsPutTogether) {
     EXPECT_EQ(exchange(), good);
 }
 
-TEST_F(ExchangeOnALine, ALineThatBabblesIsDiscardedWhenThePortOpens) {
+TEST_F(ExchangeOnALine, BytesThatArriveBeforeThePortOpensAreDiscarded) {
     line.write("old noise");
     serve();
     EXPECT_EQ(exchange(), good);
@@ -138,7 +138,7 @@ TEST_F(ExchangeOnALine, ASilentLineIsPolledSeldom) {
     QElapsedTimer passed;
     passed.start();
     EXPECT_EQ(exchange(), QByteArray());
-    EXPECT_LE(counted.looks, passed.elapsed() / 15 + 1);
+    EXPECT_LE(counted.polls, passed.elapsed() / 15 + 1);
 }
 
 TEST_F(ExchangeOnALine, EndlessNoiseEndsInTheTimeout) {
@@ -163,7 +163,7 @@ TEST_F(ExchangeOnALine, EndlessNoiseEndsInTheTimeout) {
     EXPECT_EQ(driver.TSError, text(TextId::lineAcknowledgementTimeout));
 }
 
-TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) {
+TEST_F(ExchangeOnALine, ALineThatVanishesDuringAnExchangeEndsTheExchangeByItsTimeouts) {
     hasty.second = 50;
     // Instead of answering the link start, the frame, the call for the reply.
     const QStringList failures{
@@ -184,20 +184,20 @@ TEST_F(ExchangeOnALine, ALineThatVanishesInMidTalkEndsTheExchangeByItsTimeouts) 
         if (answered == 0)
             ui.expectBox(failures[0], text(TextId::downloadProcedures),
                          {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2}, BoxAnswer::abort);
-        counted.looks = 0;
+        counted.polls = 0;
         QElapsedTimer passed;
         passed.start();
         const double before = processorSeconds();
         EXPECT_EQ(exchange(), QByteArray());
         EXPECT_EQ(driver.TSError, failures[answered]);
         EXPECT_LT(processorSeconds() - before, 0.3) << answered;
-        EXPECT_LE(counted.looks, passed.elapsed() / 15 + 10);
+        EXPECT_LE(counted.polls, passed.elapsed() / 15 + 10);
         EXPECT_FALSE(port.portOpen());
         own.rest();
     }
 }
 
-TEST_F(ExchangeOnALine, AnUnusablePortIsToldInOneText) {
+TEST_F(ExchangeOnALine, AnUnusablePortIsReportedInOneText) {
     settings.setValue(u"Ports"_s, u"COM1"_s, u"/dev/no such port"_s);
     EXPECT_EQ(exchange(), QByteArray());
     EXPECT_EQ(driver.TSError, text(TextId::lineCannotBeOpened));

@@ -23,8 +23,8 @@ inline const QString noResponse = QStringLiteral(
 inline const QString timeout = QStringLiteral("Communications Timeout on Command Acknowledgement");
 inline const BoxStyle linkBox{BoxIcon::warning, BoxButtons::abortRetryIgnore, 2};
 
-/// One second passes with each look at the clock, so that a wait of 2500 ms has 3 looks at the line, one of
-/// 5000 ms has 6, one of 10000 ms has 11.
+/// One second passes with each reading of the clock, so that a wait of 2500 ms has 3 polls of the line, one
+/// of 5000 ms has 6, one of 10000 ms has 11.
 class TorqueProtocol : public RecordedSession {
   protected:
     TorqueProtocol() { clock.tick = 1; }

@@ -6,9 +6,9 @@ namespace kelvane::testing {
 
 using namespace ModuleTSInterface;
 
-TEST_F(TorqueProtocol, AnExchangeGoesToTheLetterAndLeavesThePortOpen) {
+TEST_F(TorqueProtocol, AnExchangeSendsExactBytesAndLeavesThePortOpen) {
     feedAnnouncement();
-    port.feed({framed("t0A")});
+    port.feed({makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(port.log, (QStringList{u"port 1"_s, u"settings 9600,N,8,1"_s, u"open"_s, u"10 04 02"_s,
                                      u"54 30 41 10 03 67 bf"_s, u"06"_s, u"06"_s}));
@@ -23,7 +23,7 @@ TEST_F(TorqueProtocol, EachExchangeStartsWithAFreshlyOpenedPort) {
     EXPECT_EQ(exchange(), "t0a");
     EXPECT_EQ(port.log.mid(0, 4),
               (QStringList{u"close"_s, u"port 1"_s, u"settings 9600,N,8,1"_s, u"open"_s}));
-    EXPECT_EQ(peer.heard, (QList<QByteArray>{"T0A", "T0A"}));
+    EXPECT_EQ(peer.received, (QList<QByteArray>{"T0A", "T0A"}));
 }
 
 TEST_F(TorqueProtocol, AnEmptyBaudRateMeansTheFirstPortAt9600WhateverElseIsStored) {
@@ -48,18 +48,18 @@ TEST_F(TorqueProtocol, StoredSettingsMakeUpTheLine) {
         {u"COM"_s, u"9600"_s, u"None"_s, u"8"_s, u"1"_s, {u"port 0"_s, u"settings 9600,N,8,1"_s}},
     };
     const auto section = u"Crane TorqueStar IVc"_s;
-    for (const auto& one : cases) {
-        settings.setValue(section, u"Port"_s, one.port);
-        settings.setValue(section, u"BaudRate"_s, one.baud);
-        settings.setValue(section, u"Parity"_s, one.parity);
-        settings.setValue(section, u"DataBits"_s, one.data);
-        settings.setValue(section, u"StopBits"_s, one.stop);
+    for (const auto& testCase : cases) {
+        settings.setValue(section, u"Port"_s, testCase.port);
+        settings.setValue(section, u"BaudRate"_s, testCase.baud);
+        settings.setValue(section, u"Parity"_s, testCase.parity);
+        settings.setValue(section, u"DataBits"_s, testCase.data);
+        settings.setValue(section, u"StopBits"_s, testCase.stop);
         port.log.clear();
         port.refuseOpening = true;
-        if (one.data.isEmpty())
+        if (testCase.data.isEmpty())
             ui.expectReport(5, u"ModuleTSInterface,ProcessMessageProtocol"_s);
         exchange();
-        EXPECT_EQ(port.log.mid(0, 2), one.log);
+        EXPECT_EQ(port.log.mid(0, 2), testCase.log);
     }
 }
 
@@ -78,7 +78,7 @@ TEST_F(TorqueProtocol, AnUnknownParityWordAddsNoLetterWhichThePortRefuses) {
     }
 }
 
-TEST_F(TorqueProtocol, APortThatCannotBeOpenedIsToldWithoutABox) {
+TEST_F(TorqueProtocol, APortThatCannotBeOpenedIsReportedWithoutABox) {
     port.refuseOpening = true;
     ui.setBusyPointer();
     expectFailure(channelFailed);
@@ -92,7 +92,7 @@ TEST_F(TorqueProtocol, FourLinkStartsGoOutAndThreeAreWaitedForBeforeTheBox) {
     expectLinkBox(BoxAnswer::abort);
     expectFailure(linkFailed);
     EXPECT_EQ(port.sent, QList<QByteArray>(4, linkStart));
-    EXPECT_EQ(port.looks, 3 * 3);
+    EXPECT_EQ(port.polls, 3 * 3);
     EXPECT_EQ(port.log.last(), u"close"_s);
 }
 
@@ -115,47 +115,47 @@ TEST_F(TorqueProtocol, AnExchangeGoesOnAfterRetry) {
     expectLinkBox(BoxAnswer::retry);
     port.feed(QList<QByteArray>(9)); // three silent waits
     feedAnnouncement();
-    port.feed({framed("t0A")});
+    port.feed({makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(sentCount(linkStart), 5);
 }
 
 TEST_F(TorqueProtocol, EachWaitEndsWhenTheClockIsPastItsDeadlineAndNotBefore) {
     // The link start's 2500 ms: its answer is taken at the third look.
-    port.feed(afterLooks(2, ack));
-    port.feed({ack + stx, framed("t0A")});
+    port.feed(afterPolls(2, ack));
+    port.feed({ack + stx, makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(sentCount(linkStart), 1);
-    port.feed(afterLooks(3, ack));
-    port.feed({ack + stx, framed("t0A")});
+    port.feed(afterPolls(3, ack));
+    port.feed({ack + stx, makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(sentCount(linkStart), 1 + 2);
 
     // The acknowledge's 5000 ms.
     port.feed({ack});
-    port.feed(afterLooks(5, ack + stx));
-    port.feed({framed("t0A")});
+    port.feed(afterPolls(5, ack + stx));
+    port.feed({makeFrame("t0A")});
     expectReply("t0A");
 
     // The announcement's 10000 ms.
     port.feed({ack, ack});
-    port.feed(afterLooks(10, stx));
-    port.feed({framed("t0A")});
+    port.feed(afterPolls(10, stx));
+    port.feed({makeFrame("t0A")});
     expectReply("t0A");
 
     // The reply's 10000 ms.
     feedAnnouncement();
-    port.feed(afterLooks(10, framed("t0A")));
+    port.feed(afterPolls(10, makeFrame("t0A")));
     expectReply("t0A");
 }
 
-TEST_F(TorqueProtocol, AFrameThatNobodyAcknowledgesFailsAtOnceWithoutARetry) {
+TEST_F(TorqueProtocol, AnUnacknowledgedFrameFailsAtOnceWithoutARetry) {
     port.feed({ack});
     port.feed(QList<QByteArray>(6));
     port.feed({ack + stx}); // too late
     expectFailure(timeout);
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest}));
-    EXPECT_EQ(port.looks, 1 + 6);
+    EXPECT_EQ(port.polls, 1 + 6);
 }
 
 TEST_F(TorqueProtocol, WhileItWaitsTheWindowsArePaintedAndNoCommandGetsIn) {
@@ -185,21 +185,21 @@ TEST_F(TorqueProtocol, AnAnswerToTheLinkStartThatBeginsWrongIsLikeNone) {
 }
 
 TEST_F(TorqueProtocol, OnlyTheFirstCharacterOfTheLinkAnswerCounts) {
-    port.feed({hex("06 15 02"), ack + stx, framed("t0A")});
+    port.feed({hex("06 15 02"), ack + stx, makeFrame("t0A")});
     expectReply("t0A");
 }
 
 TEST_F(TorqueProtocol, DleIsTheOtherAcknowledgeCharacterInBothDirections) {
     const auto dle = hex("10");
-    port.feed({dle, dle + stx, framed("t0A")});
+    port.feed({dle, dle + stx, makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest, dle, dle}));
 }
 
 TEST_F(TorqueProtocol, AFrameAcknowledgedWithTheOtherCharacterRestartsTheLinkStart) {
-    port.feed({hex("10"), ack + stx});          // ACK where DLE was agreed on
-    port.feed({hex("06"), hex("10 02")});       // and the other way round
-    port.feed({ack, ack + stx, framed("t0A")}); // the third link start is good
+    port.feed({hex("10"), ack + stx});             // ACK where DLE was agreed on
+    port.feed({hex("06"), hex("10 02")});          // and the other way round
+    port.feed({ack, ack + stx, makeFrame("t0A")}); // the third link start is good
     expectReply("t0A");
     EXPECT_EQ(sentCount(linkStart), 3);
     EXPECT_EQ(sentCount(linkTest), 3);
@@ -215,14 +215,14 @@ TEST_F(TorqueProtocol, AWrongAcknowledgeCountsAsALinkStartAttempt) {
 }
 
 TEST_F(TorqueProtocol, WhatCameWithTheAcknowledgeIsTestedAsTheAnnouncement) {
-    port.feed({ack, ack + "xyz" + stx, framed("t0A")});
+    port.feed({ack, ack + "xyz" + stx, makeFrame("t0A")});
     expectReply("t0A");
 }
 
 TEST_F(TorqueProtocol, AReceiveBufferThatIsNotEmptyIsNotReadAgain) {
-    port.feed({ack, ack + 'x', stx, framed("t0A")});
+    port.feed({ack, ack + 'x', stx, makeFrame("t0A")});
     expectFailure(noResponse);
-    EXPECT_EQ(port.looks, 2) << "no wait for the announcement";
+    EXPECT_EQ(port.polls, 2) << "no wait for the announcement";
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest}));
 }
 
@@ -234,26 +234,26 @@ TEST_F(TorqueProtocol, TheAnnouncementEndsInStxOrBeginsWithItAndEndsInTheAcknowl
         {"02", true},  {"06 02", true},  {"15 41 02", true}, {"02 06", true},  {"02 41 06", true},
         {"06", false}, {"02 41", false}, {"41 06", false},   {"02 10", false}, {"02 15", false},
     };
-    for (const auto& one : cases) {
-        port.feed({ack, ack, hex(one.announcement)});
-        if (one.good) {
-            port.feed({framed("t0A")});
+    for (const auto& testCase : cases) {
+        port.feed({ack, ack, hex(testCase.announcement)});
+        if (testCase.good) {
+            port.feed({makeFrame("t0A")});
             expectReply("t0A");
         } else {
             expectFailure(noResponse);
         }
-        EXPECT_EQ(driver.TSError.isEmpty(), one.good) << one.announcement;
+        EXPECT_EQ(driver.TSError.isEmpty(), testCase.good) << testCase.announcement;
     }
 }
 
 TEST_F(TorqueProtocol, AnAnnouncementIsWaitedForThreeTimes) {
     port.feed({ack, ack});
     expectFailure(noResponse);
-    EXPECT_EQ(port.looks, 2 + 3 * 11);
+    EXPECT_EQ(port.polls, 2 + 3 * 11);
 
     port.feed({ack, ack});
     port.feed(QList<QByteArray>(2 * 11));
-    port.feed({stx, framed("t0A")});
+    port.feed({stx, makeFrame("t0A")});
     expectReply("t0A");
 }
 

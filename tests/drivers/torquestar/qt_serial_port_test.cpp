@@ -76,12 +76,12 @@ TEST_F(RealPort, RefusesSettingsThatMakeNoSense) {
 }
 
 TEST_F(RealPort, APseudoTerminalOpensWithEverySetting) {
-    for (const auto& one : {u"300,E,7,2"_s, u"600,O,7,1"_s, u"1200,N,8,2"_s, u"2400,E,8,1"_s, u"4800,N,7,1"_s,
-                            u"9600,N,8,1"_s, u"19200,O,5,1"_s}) {
-        port.setSettings(one);
+    for (const auto& settings : {u"300,E,7,2"_s, u"600,O,7,1"_s, u"1200,N,8,2"_s, u"2400,E,8,1"_s,
+                                 u"4800,N,7,1"_s, u"9600,N,8,1"_s, u"19200,O,5,1"_s}) {
+        port.setSettings(settings);
         port.setPortOpen(true);
         line.write("x");
-        EXPECT_EQ(receive(1), "x") << one.toStdString();
+        EXPECT_EQ(receive(1), "x") << settings.toStdString();
         port.setPortOpen(false);
     }
 }
@@ -151,7 +151,7 @@ TEST_F(RealPort, SaysWhyItIsNotOpened) {
     EXPECT_EQ(reason(), u"The port COM9 could not be opened: there is no such device."_s);
 }
 
-TEST_F(RealPort, ALookAtASilentLineWaitsAMomentAndBurnsNoCore) {
+TEST_F(RealPort, APollOfASilentLineWaitsAMomentAndUsesLittleProcessorTime) {
     open();
     for (const bool closed : {false, true}) {
         if (closed)
@@ -197,7 +197,7 @@ TEST_F(RealPort, AVanishedLineClosesAndWhatIsSentGoesNowhere) {
     port.setPortOpen(false);
 }
 
-TEST_F(RealPort, ALineThatVanishesBetweenTwoExchangesClosesWithoutBurningACore) {
+TEST_F(RealPort, ALineThatVanishesBetweenTwoExchangesClosesWithoutBusyWaiting) {
     open();
     line.vanish();
     const double before = processorSeconds();
@@ -209,7 +209,7 @@ TEST_F(RealPort, ALineThatVanishesBetweenTwoExchangesClosesWithoutBurningACore) 
     EXPECT_LT(processorSeconds() - before, 0.3);
 }
 
-TEST_F(RealPort, ALineThatTalksOnBetweenTwoExchangesDoesNotFillTheMemory) {
+TEST_F(RealPort, ALineThatKeepsSendingBetweenTwoExchangesDoesNotFillTheMemory) {
     open();
     const QByteArray talk(4000, 'x');
     for (int i = 0; i < 600; ++i) {

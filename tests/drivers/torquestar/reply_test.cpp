@@ -8,20 +8,20 @@ using namespace ModuleTSInterface;
 
 TEST_F(TorqueProtocol, AReplyOfFewerThanSevenBytesNeverCompletes) {
     feedAnnouncement();
-    port.feed({framed("x").first(5), hex("00")});
+    port.feed({makeFrame("x").first(5), hex("00")});
     expectFailure(timeout);
     EXPECT_EQ(port.sent.last(), ack) << "no negative acknowledge";
 
     // Not even when it is complete: a body of two characters.
     feedAnnouncement();
-    port.feed({framed("tx")});
-    ASSERT_EQ(framed("tx").size(), 6);
+    port.feed({makeFrame("tx")});
+    ASSERT_EQ(makeFrame("tx").size(), 6);
     expectFailure(timeout);
 }
 
 TEST_F(TorqueProtocol, AReplyComesInAnyPortions) {
     const QByteArray body = QByteArray("t1D") + hex("01 35 29 01 10 10 00 03") + "abc";
-    const auto frame = framed(body);
+    const auto frame = makeFrame(body);
     for (qsizetype cut = 0; cut <= frame.size(); ++cut) {
         feedAnnouncement();
         // Fewer than seven bytes are waited for; a rest is read on and on.
@@ -36,7 +36,7 @@ TEST_F(TorqueProtocol, AReplyComesInAnyPortions) {
 
 TEST_F(TorqueProtocol, ADoubledDleBeforeA03LooksLikeAFrameEndWhenTheLineRestsTwoCharactersLater) {
     const auto body = QByteArray("t1D") + hex("10 03") + "abcdef";
-    const auto frame = framed(body);
+    const auto frame = makeFrame(body);
     feedAnnouncement();
     port.feed({frame});
     expectReply(body);
@@ -46,26 +46,26 @@ TEST_F(TorqueProtocol, ADoubledDleBeforeA03LooksLikeAFrameEndWhenTheLineRestsTwo
 }
 
 TEST_F(TorqueProtocol, AReplyThatStopsInTheMiddleEndsInTheTimeout) {
-    const auto frame = framed("t0A and more");
+    const auto frame = makeFrame("t0A and more");
     for (qsizetype cut = 7; cut < frame.size(); ++cut) {
         feedAnnouncement();
         port.feed({frame.first(cut)});
-        const int before = port.looks;
+        const int before = port.polls;
         expectFailure(timeout);
-        EXPECT_EQ(port.looks - before, 2 + 1 + 11) << cut;
+        EXPECT_EQ(port.polls - before, 2 + 1 + 11) << cut;
         EXPECT_EQ(port.sent.last(), ack);
     }
 }
 
 TEST_F(TorqueProtocol, AReplyThatCompletesWithThePassingOfTheDeadlineIsTooLate) {
-    const auto frame = framed("t0A and more");
+    const auto frame = makeFrame("t0A and more");
     feedAnnouncement();
     port.feed({frame.first(8)});
-    port.feed(afterLooks(9, frame.sliced(8)));
+    port.feed(afterPolls(9, frame.sliced(8)));
     expectReply("t0A and more");
     feedAnnouncement();
     port.feed({frame.first(8)});
-    port.feed(afterLooks(10, frame.sliced(8)));
+    port.feed(afterPolls(10, frame.sliced(8)));
     expectFailure(timeout);
 }
 
@@ -73,7 +73,7 @@ TEST_F(TorqueProtocol, DoubledDleComesBackSingle) {
     for (const char* body :
          {"74 31 10", "10 74 31", "74 10 10 31", "10 10 10", "74 10 03 31", "10 03 02 10 03"}) {
         feedAnnouncement();
-        port.feed({framed(hex(body))});
+        port.feed({makeFrame(hex(body))});
         expectReply(hex(body));
     }
 }
@@ -88,14 +88,14 @@ TEST_F(TorqueProtocol, AfterEachDleTheFollowingCharacterIsSkippedWhateverItIs) {
 TEST_F(TorqueProtocol, OddAndEvenRepliesAreCheckedAlike) {
     for (const QByteArray& body : {QByteArray("t0A"), QByteArray("t0AB"), QByteArray("t0ABC")}) {
         feedAnnouncement();
-        port.feed({framed(body)});
+        port.feed({makeFrame(body)});
         expectReply(body);
     }
 }
 
 TEST_F(TorqueProtocol, AFrameEndWithThreeCharactersBehindItLeavesOneOfItsCharactersInTheReply) {
     // A zero before the checksum keeps the sum of an odd frame.
-    auto frame = framed("t0A");
+    auto frame = makeFrame("t0A");
     frame.insert(frame.size() - 2, '\0');
     feedAnnouncement();
     port.feed({frame});
@@ -104,14 +104,14 @@ TEST_F(TorqueProtocol, AFrameEndWithThreeCharactersBehindItLeavesOneOfItsCharact
 
 TEST_F(TorqueProtocol, AReplyThatEndsInStxIsBegunAnewWithoutAnotherAnnouncement) {
     feedAnnouncement();
-    port.feed({hex("74 30 41 10 03 00 02"), framed("t0A")});
+    port.feed({hex("74 30 41 10 03 00 02"), makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest, ack, ack, ack}));
 }
 
 TEST_F(TorqueProtocol, AGoodReplyWhoseChecksumEndsIn02CountsAsBegunAnew) {
     // 74 30 + a b + 10 03 has a checksum that ends in 02 when b is fa.
-    const auto frame = framed(hex("74 30 41 ca"));
+    const auto frame = makeFrame(hex("74 30 41 ca"));
     ASSERT_TRUE(frame.endsWith('\x02')) << frame.toHex(' ').toStdString();
     feedAnnouncement();
     port.feed({frame, frame, frame});
@@ -123,47 +123,47 @@ TEST_F(TorqueProtocol, AGoodReplyWhoseChecksumEndsIn02CountsAsBegunAnew) {
 TEST_F(TorqueProtocol, StartingOverIsAllowedWithinThreeRounds) {
     const auto again = hex("74 30 41 10 03 00 02");
     feedAnnouncement();
-    port.feed({again, again, framed("t0A")});
+    port.feed({again, again, makeFrame("t0A")});
     expectReply("t0A");
     feedAnnouncement();
-    port.feed({again, again, again, framed("t0A")});
+    port.feed({again, again, again, makeFrame("t0A")});
     expectFailure(noResponse);
 }
 
 TEST_F(TorqueProtocol, ABadChecksumIsAnsweredOnceAndEndsTheExchangeWithoutWaitingForANewReply) {
-    auto frame = framed("t0A");
+    auto frame = makeFrame("t0A");
     frame[0] = 'u';
     feedAnnouncement();
-    port.feed({frame, framed("t0A")});
+    port.feed({frame, makeFrame("t0A")});
     expectFailure(noResponse);
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest, ack, nak}));
-    EXPECT_EQ(port.looks, 3);
+    EXPECT_EQ(port.polls, 3);
 }
 
 TEST_F(TorqueProtocol, ACheckValueThatEndsIn02IsTakenForTheNextAnnouncement) {
-    auto frame = framed("t0A");
+    auto frame = makeFrame("t0A");
     frame[frame.size() - 1] = static_cast<char>(frame.back() - 2);
     ASSERT_EQ(CheckSum16(frame), hex("00 02"));
     feedAnnouncement();
-    port.feed({frame, framed("t0A")});
+    port.feed({frame, makeFrame("t0A")});
     expectReply("t0A");
     EXPECT_EQ(port.sent, (QList<QByteArray>{linkStart, linkTest, ack, nak, ack, ack}));
 }
 
 TEST_F(TorqueProtocol, AByteFlippedLostOrAddedNeverGivesAnotherReply) {
     const QByteArray body = QByteArray("t1D") + hex("00 10 4e 20 01");
-    const auto frame = framed(body);
+    const auto frame = makeFrame(body);
     const auto run = [&](const QByteArray& bytes, const std::string& what) {
         ScriptedSerialPort line;
-        TorqueStar one{session, line};
+        TorqueStar calibrator{session, line};
         line.feed({ack, ack + stx, bytes});
-        const auto reply = ProcessMessageProtocol(one, "T0A");
-        if (one.TSError.isEmpty())
+        const auto reply = ProcessMessageProtocol(calibrator, "T0A");
+        if (calibrator.TSError.isEmpty())
             EXPECT_TRUE(reply == body || reply == body + hex("10"))
                 << what << ": " << reply.toHex(' ').toStdString();
         else
             EXPECT_FALSE(line.portOpen()) << what;
-        return one.TSError.isEmpty();
+        return calibrator.TSError.isEmpty();
     };
     int passed = 0;
     for (qsizetype i = 0; i <= frame.size(); ++i) {
@@ -231,19 +231,19 @@ TEST_F(TorqueProtocol, ALineThatIsCutEndsEachPhaseInItsOwnTime) {
         {2, timeout, false},   // after the frame was taken: before the reply
         {0, linkFailed, true}, // from the start
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         ScriptedSerialPort line;
         TorqueStar cut{session, line};
         qsizetype messages = 0;
         line.answer = [&](const QByteArray& bytes) -> ScriptedSerialPort::Chunks {
-            if (++messages > one.messages)
+            if (++messages > testCase.messages)
                 return {};
             return {peer.take(bytes)};
         };
-        if (one.box)
+        if (testCase.box)
             expectLinkBox(BoxAnswer::abort);
         EXPECT_EQ(ProcessMessageProtocol(cut, "T0A"), QByteArray());
-        EXPECT_EQ(cut.TSError, one.failure);
+        EXPECT_EQ(cut.TSError, testCase.failure);
         EXPECT_FALSE(line.portOpen());
     }
 }
@@ -263,7 +263,7 @@ TEST_F(TorqueProtocol, BytesThatAreGoneWhenTheyAreReadAreLikeNone) {
         if (bytes == linkTest)
             return {ack + stx};
         port.loseAtReading = ++readings;
-        return {framed("t0A")};
+        return {makeFrame("t0A")};
     };
     expectFailure(timeout);
     EXPECT_EQ(readings, 1);
@@ -283,20 +283,20 @@ TEST_F(TorqueProtocol, ACompletedExchangeClearsTheLastFailure) {
     EXPECT_FALSE(driver.TSError.isEmpty());
     port.refuseOpening = false;
     feedAnnouncement();
-    port.feed({framed("t0A")});
+    port.feed({makeFrame("t0A")});
     expectReply("t0A");
 }
 
-TEST_F(TorqueProtocol, AnEmptyReplyBodyIsToldFromAFailureByTheErrorTextAlone) {
+TEST_F(TorqueProtocol, OnlyTheErrorTextDistinguishesAnEmptyReplyBodyFromAFailure) {
     // Seven bytes with nothing but a doubled DLE inside come back as one DLE; an empty body is too short.
     feedAnnouncement();
-    port.feed({framed(QByteArray())});
+    port.feed({makeFrame(QByteArray())});
     expectFailure(timeout);
 }
 
 TEST_F(TorqueProtocol, NothingOfItTouchesTheDatabase) {
     feedAnnouncement();
-    port.feed({framed("t0A")});
+    port.feed({makeFrame("t0A")});
     exchange();
     EXPECT_EQ(script.statements, QStringList());
 }

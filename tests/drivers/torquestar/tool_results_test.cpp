@@ -90,7 +90,7 @@ TEST_F(ResultsOfATool, JudgedAgainTakeTheEntrysMomentAndTechnician) {
     addPoints(u"W-1"_s, {u"100"_s}, 1);
     EXPECT_TRUE(TorqueStar_judge_again(session, entry, record)
                     .startsWith(u"The test strategy or the repetitions of W-1"_s));
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
 }
 
 } // namespace kelvane::testing

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 TEST_F(TorqueUpload, ALinkThatFailsBeforeTheListChangesNothing) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     replies["T0A"] << std::nullopt << QByteArray("t0a!");
     EXPECT_EQ(upload(), timeout);
     EXPECT_EQ(upload(), u"Communications with calibrator failed!"_s);
@@ -21,7 +21,7 @@ TEST_F(TorqueUpload, ALinkThatFailsBeforeTheListChangesNothing) {
 }
 
 TEST_F(TorqueUpload, ACalibratorWithoutARecordIsAFailureAndChangesNothing) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     script.answers.remove(selectSerial(u"12345678"_s));
     EXPECT_EQ(
         upload(),
@@ -37,7 +37,7 @@ TEST_F(TorqueUpload, WithNothingInUseOnlyTheRoundIsErased) {
 }
 
 TEST_F(TorqueUpload, AnInstrumentWithoutDataIsNamedAndClearedWithTheOthers) {
-    addUsed(3, {u"100"_s});
+    addUsedCalibrator(3, {u"100"_s});
     replies["T1C"] << holdsNothing;
     holdResults({{100}});
     replies["T1C"] << QByteArray("t??\x02");
@@ -47,7 +47,7 @@ TEST_F(TorqueUpload, AnInstrumentWithoutDataIsNamedAndClearedWithTheOthers) {
 }
 
 TEST_F(TorqueUpload, AllWithoutDataGiveTheirListAndNoRecord) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     replies["T1C"] << holdsNothing;
     EXPECT_EQ(upload(), u"The Following Assets Contained NO DATA:\r\n, W-1"_s);
     EXPECT_EQ(recordedAssets(), QStringList());
@@ -57,7 +57,7 @@ TEST_F(TorqueUpload, AllWithoutDataGiveTheirListAndNoRecord) {
 TEST_F(TorqueUpload, OnlyAReplyThatBeginsWithTAndEndsInTheMarkMeansNoData) {
     for (const auto& reply : {QByteArray("x1C\x02"), QByteArray("t1C\x02.")}) {
         script.statements.clear();
-        addUsed(1, {u"100"_s});
+        addUsedCalibrator(1, {u"100"_s});
         replies["T1C"] << reply << holdsData << holdsData;
         replies["T1D"] << result(date, time, {100});
         replies["T1F"] << noComment;
@@ -94,16 +94,16 @@ TEST_F(TorqueUpload, AFailureHalfWayKeepsWhatIsDoneAndLeavesTheRestAlone) {
         {"T1D", 2 + 1, {u"T1D"_s, u"T1C W-2"_s, u"T1D"_s}}, // its second result
         {"T1F", 1 + 0, {u"T1C W-2"_s, u"T1D"_s, u"T1F"_s}}, // its comment
     };
-    for (const auto& one : cases) {
-        peer.heard.clear();
+    for (const auto& testCase : cases) {
+        peer.received.clear();
         script.statements.clear();
         replies.clear();
-        addUsed(3, {u"50"_s, u"100"_s});
+        addUsedCalibrator(3, {u"50"_s, u"100"_s});
         for (int i = 0; i < 3; ++i)
             holdResults({{50}, {100}});
-        replies[one.message].insert(one.good, std::nullopt);
+        replies[testCase.message].insert(testCase.good, std::nullopt);
         EXPECT_EQ(upload(), timeout);
-        EXPECT_EQ(conversation().last(one.lastOfTalk.size()), one.lastOfTalk);
+        EXPECT_EQ(conversation().last(testCase.lastOfTalk.size()), testCase.lastOfTalk);
         EXPECT_EQ(recordedAssets(), QStringList{u"W-1"_s});
         EXPECT_EQ(conversation().count(u"T1J"_s), 1);
         EXPECT_FALSE(isCleared()) << "the registry stays whole";
@@ -111,8 +111,8 @@ TEST_F(TorqueUpload, AFailureHalfWayKeepsWhatIsDoneAndLeavesTheRestAlone) {
     }
 }
 
-TEST_F(TorqueUpload, TheSelectionBeforeEachResultIsNotLookedAt) {
-    addUsed(1, {u"100"_s});
+TEST_F(TorqueUpload, TheStatusOfTheSelectionBeforeEachResultIsIgnored) {
+    addUsedCalibrator(1, {u"100"_s});
     replies["T1C"] << holdsData << std::nullopt << std::nullopt;
     replies["T1D"] << result(date, time, {100});
     replies["T1J"] << std::nullopt;
@@ -122,8 +122,8 @@ TEST_F(TorqueUpload, TheSelectionBeforeEachResultIsNotLookedAt) {
     EXPECT_EQ(recordedAssets(), QStringList{u"W-1"_s});
 }
 
-TEST_F(TorqueUpload, ARecordThatIsRefusedIsShownAndItsResultsAreLostAllTheSame) {
-    addUsed(2, {u"100"_s});
+TEST_F(TorqueUpload, ARecordThatIsRefusedIsShownAndItsResultsAreStillLost) {
+    addUsedCalibrator(2, {u"100"_s});
     const auto refusal =
         u"A calibration record for this UUT with the same calibration date and time already exists! Aborting calibration record creation for this UUT."_s;
     script.answers.insert(
@@ -138,7 +138,7 @@ TEST_F(TorqueUpload, ARecordThatIsRefusedIsShownAndItsResultsAreLostAllTheSame) 
 }
 
 TEST_F(TorqueUpload, ResultsAndStandardsOfTheInstrumentBeforeAreForgotten) {
-    addUsed(2, {u"50"_s, u"100"_s});
+    addUsedCalibrator(2, {u"50"_s, u"100"_s});
     addPoints(u"W-2"_s, {u"100"_s}, 1);
     addStandards(u"W-2"_s, {u"X-2"_s});
     holdResults({{50}, {100}});
@@ -150,7 +150,7 @@ TEST_F(TorqueUpload, ResultsAndStandardsOfTheInstrumentBeforeAreForgotten) {
 }
 
 TEST_F(TorqueUpload, FiftyOneStandardsAreCopied) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     QStringList standards;
     while (standards.size() < 51)
         standards << u"S-%1"_s.arg(standards.size());
@@ -161,7 +161,7 @@ TEST_F(TorqueUpload, FiftyOneStandardsAreCopied) {
 }
 
 TEST_F(TorqueUpload, AConnectionLostWhileTheRegistryIsClearedKeepsTheRound) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     holdResults({{100}});
     const auto clearing =
         u"delete from mt.hvm_kv_task_inuse where entered_date < now(*) - 30 or serial_number = '12345678';commit"_s;
@@ -172,7 +172,7 @@ TEST_F(TorqueUpload, AConnectionLostWhileTheRegistryIsClearedKeepsTheRound) {
 }
 
 TEST_F(TorqueUpload, TheFiftySecondStandardIsReportedAndNoneIsCopied) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     QStringList standards;
     while (standards.size() < 52)
         standards << u"S-%1"_s.arg(standards.size());
@@ -185,7 +185,7 @@ TEST_F(TorqueUpload, TheFiftySecondStandardIsReportedAndNoneIsCopied) {
 }
 
 TEST_F(TorqueUpload, WithoutATemplateTheLinesAreBlank) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     session.ResultTemplateLine.clear();
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
@@ -194,16 +194,16 @@ TEST_F(TorqueUpload, WithoutATemplateTheLinesAreBlank) {
 }
 
 TEST_F(TorqueUpload, ARegistryRowThatIsGoneGivesNoTechnician) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     script.answers.remove(
         u"select serial_number,entered_date,mtag,tech from mt.hvm_kv_task_inuse where serial_number = '12345678' and mtag = 'KW-1'"_s);
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2307"_s), u"NULL"_s);
+    EXPECT_EQ(recordedValue(u"C2307"_s), u"NULL"_s);
 }
 
 TEST_F(TorqueUpload, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
-    addUsed(3, {u"100"_s});
+    addUsedCalibrator(3, {u"100"_s});
     for (int i = 0; i < 3; ++i)
         holdResults({{100}});
     peer.reply = [this, inner = peer.reply](const QByteArray& body) {
@@ -217,8 +217,8 @@ TEST_F(TorqueUpload, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
     EXPECT_EQ(recordedAssets(), (QStringList{u"W-1"_s, u"W-2"_s, u"W-3"_s}));
 }
 
-TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkEndsTheUploadBeforeTheToolIsTakenOff) {
-    addUsed(1, {u"100"_s});
+TEST_F(TorqueUpload, ADatabaseThatIsLostDuringTheWorkEndsTheUploadBeforeTheToolIsTakenOff) {
+    addUsedCalibrator(1, {u"100"_s});
     holdResults({{100}});
     peer.reply = [this, inner = peer.reply](const QByteArray& body) {
         if (body == "T1F")
@@ -238,7 +238,7 @@ TEST_F(TorqueUpload, ADatabaseThatIsLostInMidWorkEndsTheUploadBeforeTheToolIsTak
 }
 
 TEST_F(TorqueUpload, AConnectionLostInTheRecordEndsTheUploadBeforeTheToolIsTakenOff) {
-    addUsed(2, {u"100"_s});
+    addUsedCalibrator(2, {u"100"_s});
     holdResults({{100}});
     script.failures[selectMtag(u"W-1"_s)] = Error{10054, u"Connection lost"_s, u"08S01"_s, true};
     for (const auto& routine : {u"CheckAsset"_s, u"SourceColumn"_s, u"SourceColumn"_s})
@@ -262,10 +262,10 @@ TEST_F(TorqueUpload, AToolWhosePreparationFailsStaysOnTheCalibratorAndTheNextIsR
                  {selectStandards(u"W-1"_s), u"GetInUseData"_s, 1}};
     for (const auto& read : reads) {
         SCOPED_TRACE(read.statement.toStdString());
-        peer.heard.clear();
+        peer.received.clear();
         script.statements.clear();
         replies.clear();
-        addUsed(2, {u"100"_s});
+        addUsedCalibrator(2, {u"100"_s});
         if (read.readings != 0)
             holdResults({{100}});
         else
@@ -278,7 +278,7 @@ TEST_F(TorqueUpload, AToolWhosePreparationFailsStaysOnTheCalibratorAndTheNextIsR
         script.failures = {{read.statement, refused}};
         ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
         EXPECT_EQ(upload(), QString());
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(recordedAssets(), QStringList{u"W-2"_s});
         EXPECT_EQ(conversation().count(u"T1J"_s), 1) << "W-2 alone is taken off";
         EXPECT_FALSE(conversation().contains(u"T2E KVTASK"_s));
@@ -299,15 +299,15 @@ TEST_F(TorqueUpload, AToolWhoseKeyOrDueDateCantBeReadStaysOnTheCalibrator) {
                  {u"select dayofweek from mt.nonworkdays"_s, u"calcDueDate"_s}};
     for (const auto& read : reads) {
         SCOPED_TRACE(read.statement.toStdString());
-        peer.heard.clear();
+        peer.received.clear();
         script.statements.clear();
-        addUsed(1, {u"100"_s});
+        addUsedCalibrator(1, {u"100"_s});
         holdResults({{100}});
         replies["T1C"].removeLast(); // it is not selected for its removal
         script.failures = {{read.statement, refused}};
         ui.expectReport(208, u"ModuleGlobals,"_s + read.routine);
         EXPECT_EQ(upload(), QString());
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(recordedAssets(), QStringList());
         EXPECT_FALSE(conversation().contains(u"T1J"_s));
         EXPECT_FALSE(isCleared());
@@ -316,7 +316,7 @@ TEST_F(TorqueUpload, AToolWhoseKeyOrDueDateCantBeReadStaysOnTheCalibrator) {
 }
 
 TEST_F(TorqueUpload, AListThatCantBeReadEndsTheUploadBeforeAnythingIsCleared) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     script.failures[selectInUse(u"12345678"_s)] = Error{208, u"Invalid object"_s, u"42S02"_s};
     ui.expectReport(208, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
     EXPECT_EQ(
@@ -330,7 +330,7 @@ TEST_F(TorqueUpload, AListThatCantBeReadEndsTheUploadBeforeAnythingIsCleared) {
 }
 
 TEST_F(TorqueUpload, AJournalThatCantBeWrittenEndsTheUploadBeforeTheToolIsTakenOff) {
-    addUsed(2, {u"100"_s});
+    addUsedCalibrator(2, {u"100"_s});
     holdResults({{100}});
     ASSERT_TRUE(QDir().mkdir(Journal(session).path()));
     EXPECT_TRUE(upload().startsWith(u"The results of W-1 could not be written to the disk:"_s));
@@ -340,7 +340,7 @@ TEST_F(TorqueUpload, AJournalThatCantBeWrittenEndsTheUploadBeforeTheToolIsTakenO
 }
 
 TEST_F(TorqueUpload, AReportInTheRecordKeepsTheEntryAndTheStepsGoOn) {
-    addUsed(2, {u"100"_s});
+    addUsedCalibrator(2, {u"100"_s});
     holdResults({{100}});
     holdResults({{100}});
     script.failures
@@ -357,8 +357,8 @@ TEST_F(TorqueUpload, AReportInTheRecordKeepsTheEntryAndTheStepsGoOn) {
     EXPECT_TRUE(left[0].prepared);
 }
 
-TEST_F(TorqueUpload, TheStatusLineTellsWhichToolIsReadAndIsEmptiedAtTheEnd) {
-    addUsed(2, {u"100"_s});
+TEST_F(TorqueUpload, TheStatusLineNamesTheToolBeingReadAndIsClearedAtTheEnd) {
+    addUsedCalibrator(2, {u"100"_s});
     holdResults({{100}});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
@@ -366,16 +366,16 @@ TEST_F(TorqueUpload, TheStatusLineTellsWhichToolIsReadAndIsEmptiedAtTheEnd) {
                                           u"Reading the results of W-2 (2 of 2)"_s, QString()}));
 }
 
-TEST_F(TorqueUpload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToTheFortySeventh) {
-    addUsed(47, {u"20"_s, u"60"_s, u"100"_s});
+TEST_F(TorqueUpload, StatementsAndPollsForEachToolStayTheSameFromTheFirstToTheFortySeventh) {
+    addUsedCalibrator(47, {u"20"_s, u"60"_s, u"100"_s});
     for (int i = 0; i < 47; ++i)
         holdResults({{20}, {60}, {100}});
     QList<qsizetype> statements;
-    QList<int> looks;
-    peer.reply = [this, &statements, &looks, inner = peer.reply](const QByteArray& body) {
+    QList<int> polls;
+    peer.reply = [this, &statements, &polls, inner = peer.reply](const QByteArray& body) {
         if (body == "T1J") {
             statements << script.statements.size();
-            looks << port.looks;
+            polls << port.polls;
         }
         return inner(body);
     };
@@ -383,7 +383,7 @@ TEST_F(TorqueUpload, StatementsAndLooksForEachToolStayTheSameFromTheFirstToTheFo
     ASSERT_EQ(statements.size(), 47);
     for (int i = 2; i < 47; ++i) {
         EXPECT_EQ(statements[i] - statements[i - 1], statements[1] - statements[0]) << i;
-        EXPECT_EQ(looks[i] - looks[i - 1], looks[1] - looks[0]) << i;
+        EXPECT_EQ(polls[i] - polls[i - 1], polls[1] - polls[0]) << i;
     }
 }
 

@@ -30,7 +30,7 @@ class TorqueUpload : public TorqueFixture {
 
     /// Wrenches "W-1" to "W-n" in use with the calibrator, each with these points (in percent) and samples a
     /// point, sent by "asmith", with the transducer and the calibrator as standards.
-    void addUsed(int count, const QStringList& points, qint16 repetitions = 1) {
+    void addUsedCalibrator(int count, const QStringList& points, qint16 repetitions = 1) {
         QStringList assets;
         for (int i = 1; i <= count; ++i) {
             const auto asset = QStringLiteral("W-%1").arg(i);
@@ -50,13 +50,13 @@ class TorqueUpload : public TorqueFixture {
     void holdResults(const QList<QList<double>>& samples, const QByteArray& comment = noComment) {
         for (qsizetype i = 0; i < samples.size() + 2; ++i)
             replies["T1C"] << holdsData;
-        for (const auto& one : samples)
-            replies["T1D"] << result(date, time, one);
+        for (const auto& sample : samples)
+            replies["T1D"] << result(date, time, sample);
         replies["T1F"] << comment;
     }
 
-    QString recorded(const QString& column, const QString& asset = QStringLiteral("W-1")) const {
-        return Lab::recorded(column, asset);
+    QString recordedValue(const QString& column, const QString& asset = QStringLiteral("W-1")) const {
+        return Lab::recordedValue(column, asset);
     }
 
     bool isCleared() const {

@@ -5,13 +5,13 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 TEST_F(TorqueUpload, OneInstrumentIsReadJudgedRecordedAndTakenOffTheCalibrator) {
-    addUsed(1, {u"20"_s, u"60"_s, u"100"_s});
+    addUsedCalibrator(1, {u"20"_s, u"60"_s, u"100"_s});
     holdResults({{20.1}, {60}, {99}}, "t1Fdone by hand!");
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(conversation(),
               (QStringList{u"T0A"_s, u"T0D"_s, u"T1C W-1"_s, u"T1C W-1"_s, u"T1D"_s, u"T1C W-1"_s, u"T1D"_s,
                            u"T1C W-1"_s, u"T1D"_s, u"T1F"_s, u"T1C W-1"_s, u"T1J"_s, u"T2E KVTASK"_s}));
-    EXPECT_EQ(peer.heard.last(), "T2EKVTASK=PC\xFF");
+    EXPECT_EQ(peer.received.last(), "T2EKVTASK=PC\xFF");
     const auto record = u"(select ctag from MT.calibration where mtag = 'KW-1' and c2339 = 1)"_s;
     const auto line = [](const QString& text) { return text.leftJustified(120); };
     const QStringList expected{
@@ -38,31 +38,31 @@ TEST_F(TorqueUpload, OneInstrumentIsReadJudgedRecordedAndTakenOffTheCalibrator) 
 
 TEST_F(TorqueUpload, FailuresAndMarginalPointsAreCounted) {
     // At 100 ft/lb the limits are 96 and 104; at 50 they are 48 and 52.
-    addUsed(1, {u"100"_s, u"100"_s, u"100"_s, u"50"_s, u"50"_s});
+    addUsedCalibrator(1, {u"100"_s, u"100"_s, u"100"_s, u"50"_s, u"50"_s});
     holdResults({{104.1}, {103}, {95.9}, {51.5}, {50}});
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2352"_s), u"'2'"_s);
-    EXPECT_EQ(recorded(u"C2350"_s), u"'2'"_s);
-    EXPECT_EQ(recorded(u"C2323"_s), u"'N'"_s);
-    EXPECT_EQ(recorded(u"C2308"_s), u"'AS-FOUND'"_s);
+    EXPECT_EQ(recordedValue(u"C2352"_s), u"'2'"_s);
+    EXPECT_EQ(recordedValue(u"C2350"_s), u"'2'"_s);
+    EXPECT_EQ(recordedValue(u"C2323"_s), u"'N'"_s);
+    EXPECT_EQ(recordedValue(u"C2308"_s), u"'AS-FOUND'"_s);
     EXPECT_EQ(resultLines(),
               (QStringList{u"1 104.1ft/lb FAIL"_s, u"2 103.0ft/lb PASS"_s, u"3 95.9ft/lb FAIL"_s,
                            u"4 51.5ft/lb PASS"_s, u"5 50.0ft/lb PASS"_s}));
 }
 
 TEST_F(TorqueUpload, CountsStartAnewForEachInstrument) {
-    addUsed(2, {u"100"_s});
+    addUsedCalibrator(2, {u"100"_s});
     holdResults({{110}});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2352"_s, u"W-1"_s), u"'1'"_s);
-    EXPECT_EQ(recorded(u"C2352"_s, u"W-2"_s), u"'0'"_s);
-    EXPECT_EQ(recorded(u"C2323"_s, u"W-2"_s), u"'Y'"_s);
+    EXPECT_EQ(recordedValue(u"C2352"_s, u"W-1"_s), u"'1'"_s);
+    EXPECT_EQ(recordedValue(u"C2352"_s, u"W-2"_s), u"'0'"_s);
+    EXPECT_EQ(recordedValue(u"C2323"_s, u"W-2"_s), u"'Y'"_s);
     EXPECT_EQ(resultLines(), (QStringList{u"1 110.0ft/lb FAIL"_s, u"1 100.0ft/lb PASS"_s}));
 }
 
 TEST_F(TorqueUpload, OnlyAsManySamplesCountAsTheInstrumentHasRepetitions) {
-    addUsed(1, {u"100"_s}, 3);
+    addUsedCalibrator(1, {u"100"_s}, 3);
     // Each point stands three times in the list, and each entry is read by itself.
     holdResults({{99, 100, 101.5, 500, 500}, {100, 100, 100}, {102, 102, 102, 0, 0}});
     EXPECT_EQ(upload(), QString());
@@ -72,14 +72,14 @@ TEST_F(TorqueUpload, OnlyAsManySamplesCountAsTheInstrumentHasRepetitions) {
 }
 
 TEST_F(TorqueUpload, SamplesThatDidNotComeCountAsZero) {
-    addUsed(1, {u"100"_s}, 2);
+    addUsedCalibrator(1, {u"100"_s}, 2);
     holdResults({{100}, {}});
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(resultLines(), (QStringList{u"1 50.0ft/lb FAIL"_s, u"2 0.0ft/lb FAIL"_s}));
 }
 
 TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndMakesNoRecord) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     for (const QByteArray& rest : {QByteArray("\x01"), QByteArray("\x01\x02"), QByteArray("\x01\x02\x03")}) {
         script.statements.clear();
         for (int i = 0; i < 2; ++i)
@@ -88,7 +88,7 @@ TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndMakesNoRecord) {
         replies["T1F"] << noComment;
         ui.expectReport(5, u"ModuleTSInterface,Conv2Double"_s);
         EXPECT_EQ(upload(), QString());
-        EXPECT_TRUE(ui.allCame()) << rest.size();
+        EXPECT_TRUE(ui.hasMetAll()) << rest.size();
         EXPECT_EQ(resultLines(), QStringList());
         EXPECT_FALSE(conversation().contains(u"T1J"_s));
     }
@@ -97,7 +97,7 @@ TEST_F(TorqueUpload, ASampleOfFewerThanFourBytesIsReportedAndMakesNoRecord) {
 TEST_F(TorqueUpload, AHundredAndOneSamplesAreKeptAndMoreAreOutOfRange) {
     QList<double> samples(101, 100.0);
     samples << 700;
-    addUsed(1, {u"100"_s}, 101);
+    addUsedCalibrator(1, {u"100"_s}, 101);
     addPoints(u"W-1"_s, {u"100"_s}, 1);
     holdResults({samples});
     EXPECT_EQ(upload(), QString());
@@ -115,7 +115,7 @@ TEST_F(TorqueUpload, AHundredAndOneSamplesAreKeptAndMoreAreOutOfRange) {
 }
 
 TEST_F(TorqueUpload, NoRepetitionsAtAllAreADivisionByZero) {
-    addUsed(1, {u"100"_s}, 0);
+    addUsedCalibrator(1, {u"100"_s}, 0);
     addPoints(u"W-1"_s, {u"100"_s}, 1);
     holdResults({{100}});
     ui.expectReport(11, u"ModuleTSInterface,TorqueStar_upload"_s);
@@ -123,7 +123,7 @@ TEST_F(TorqueUpload, NoRepetitionsAtAllAreADivisionByZero) {
 }
 
 TEST_F(TorqueUpload, TheNominalInputLiesBetweenTheEndsOfTheRange) {
-    addUsed(1, {u"50"_s});
+    addUsedCalibrator(1, {u"50"_s});
     auto tool = wrench();
     tool.repetitions = 1;
     tool.input_low = 20;
@@ -134,11 +134,11 @@ TEST_F(TorqueUpload, TheNominalInputLiesBetweenTheEndsOfTheRange) {
     holdResults({{60}});
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(resultLines(), QStringList{u"60.0ft/lb 60.0ft/lb"_s});
-    EXPECT_EQ(recorded(u"C2320"_s), u"'HALF'"_s);
+    EXPECT_EQ(recordedValue(u"C2320"_s), u"'HALF'"_s);
 }
 
 TEST_F(TorqueUpload, TheNominalInputIsWorkedOutInSixtyFourBits) {
-    addUsed(1, {u"50"_s});
+    addUsedCalibrator(1, {u"50"_s});
     auto tool = wrench();
     tool.repetitions = 1;
     tool.input_low = 0.5F;
@@ -152,7 +152,7 @@ TEST_F(TorqueUpload, TheNominalInputIsWorkedOutInSixtyFourBits) {
 
 TEST_F(TorqueUpload, EachToleranceTermRangeAndUnitHasItsPlaceInTheJudgement) {
     // Half of 20 to 220 in/lb is 120, which 100 to 500 ft/lb make 300.
-    addUsed(1, {u"50"_s});
+    addUsedCalibrator(1, {u"50"_s});
     session.ResultTemplateLine = u"FVA$         FRE$         FLL$     FUL$"_s;
     const struct {
         float CalParamRecord::*positive;
@@ -185,24 +185,24 @@ TEST_F(TorqueUpload, EachToleranceTermRangeAndUnitHasItsPlaceInTheJudgement) {
 }
 
 TEST_F(TorqueUpload, TheDateAndTimeAreThoseOfTheLastResult) {
-    addUsed(1, {u"50"_s, u"100"_s});
+    addUsedCalibrator(1, {u"50"_s, u"100"_s});
     for (int i = 0; i < 4; ++i)
         replies["T1C"] << holdsData;
     replies["T1D"] << result(20260317, 101500, {50}) << result(20260319, 235959, {100});
     replies["T1F"] << noComment;
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2301"_s), u"'2026-03-19'"_s);
-    EXPECT_EQ(recorded(u"C2333"_s), u"'23:59:59'"_s);
+    EXPECT_EQ(recordedValue(u"C2301"_s), u"'2026-03-19'"_s);
+    EXPECT_EQ(recordedValue(u"C2333"_s), u"'23:59:59'"_s);
 }
 
 TEST_F(TorqueUpload, WithoutTestPointsTheDateIsEmptyAlsoBehindAnInstrumentThatHasOne) {
-    addUsed(2, {u"100"_s});
+    addUsedCalibrator(2, {u"100"_s});
     addPoints(u"W-2"_s, {}, 1);
     holdResults({{100}});
     holdResults({});
     ui.expectReport(13, u"ModuleGlobals,CreateCalRecord"_s);
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2301"_s, u"W-1"_s), u"'2026-03-18'"_s);
+    EXPECT_EQ(recordedValue(u"C2301"_s, u"W-1"_s), u"'2026-03-18'"_s);
     EXPECT_EQ(recordedAssets(), QStringList{u"W-1"_s});
     const auto left = Journal(session).unfinished();
     ASSERT_EQ(left.size(), 1);
@@ -228,42 +228,42 @@ TEST_F(TorqueUpload, RemarksFollowTheCommandLineFlagTheCommentAndTheFailures) {
         {true, "seen", 200, none, none},
     };
     int number = 0;
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         script.statements.clear();
-        addUsed(1, {u"100"_s});
-        session.CommandLineFlag = one.flag;
-        holdResults({{one.reading}}, "t1F" + one.comment + '.');
+        addUsedCalibrator(1, {u"100"_s});
+        session.CommandLineFlag = testCase.flag;
+        holdResults({{testCase.reading}}, "t1F" + testCase.comment + '.');
         EXPECT_EQ(upload(), QString());
-        EXPECT_EQ(recorded(u"C2326"_s), one.c2326) << "row " << number;
-        EXPECT_EQ(recorded(u"C2329"_s), one.c2329) << "row " << number;
+        EXPECT_EQ(recordedValue(u"C2326"_s), testCase.c2326) << "row " << number;
+        EXPECT_EQ(recordedValue(u"C2329"_s), testCase.c2329) << "row " << number;
         ++number;
     }
 }
 
 TEST_F(TorqueUpload, AnEmptyCommentOverwritesADefaultWithTheFlagOffAndLeavesItWithTheFlagOnWhenThereIsOne) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     script.answers.insert(script.answers.keys().filter(u"select datacol"_s).first(),
                           {{u"C2301"_s, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}},
                            {u"C2326"_s, {}, u"default"_s, {}, {}, u"default"_s, {}, {}, {}, {}, {}}});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2326"_s), u"NULL"_s);
+    EXPECT_EQ(recordedValue(u"C2326"_s), u"NULL"_s);
     session.CommandLineFlag = true;
     script.statements.clear();
     holdResults({{100}}, "t1Fseen.");
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2326"_s), u"'default'"_s);
+    EXPECT_EQ(recordedValue(u"C2326"_s), u"'default'"_s);
 }
 
 TEST_F(TorqueUpload, ACommentComesInWindowsBytesWithoutTheLastCharacterOfTheReply) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     holdResults({{100}}, "t1F5 \x80 f\xFCr 'Kl\x10ng'\xFF");
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2326"_s), u"'5 € für ''Kl\x10ng'''"_s);
+    EXPECT_EQ(recordedValue(u"C2326"_s), u"'5 € für ''Kl\x10ng'''"_s);
 }
 
 TEST_F(TorqueUpload, AReplyToTheCommentOfFewerThanFourCharactersIsAnInvalidArgument) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     holdResults({{100}}, "t1F");
     ui.expectReport(5, u"ModuleTSInterface,TorqueStar_upload"_s);
     EXPECT_EQ(upload(), QString());
@@ -271,7 +271,7 @@ TEST_F(TorqueUpload, AReplyToTheCommentOfFewerThanFourCharactersIsAnInvalidArgum
 }
 
 TEST_F(TorqueUpload, OnlyFieldsOfTheDictionaryAreWrittenAndTheirNamesCompareIgnoringCase) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     addDictionary({u"c2301"_s, u"C2340"_s, u"c2307"_s, u"C2399"_s});
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
@@ -281,7 +281,7 @@ TEST_F(TorqueUpload, OnlyFieldsOfTheDictionaryAreWrittenAndTheirNamesCompareIgno
 }
 
 TEST_F(TorqueUpload, AFullFieldTableIsReadToItsLastRow) {
-    addUsed(1, {u"100"_s});
+    addUsedCalibrator(1, {u"100"_s});
     QStringList columns{u"C2301"_s};
     while (columns.size() < 100)
         columns << u"X%1"_s.arg(columns.size());
@@ -289,7 +289,7 @@ TEST_F(TorqueUpload, AFullFieldTableIsReadToItsLastRow) {
     ASSERT_EQ(columns.size(), 101);
     holdResults({{100}});
     EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recorded(u"C2307"_s), u"'asmith'"_s);
+    EXPECT_EQ(recordedValue(u"C2307"_s), u"'asmith'"_s);
 }
 
 } // namespace kelvane::testing

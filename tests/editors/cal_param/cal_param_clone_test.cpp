@@ -70,7 +70,7 @@ TEST_F(CalParamClone, AsksAgainForAnUnknownInstrumentUntilItIsCancelled) {
     expectQuestion(u"NO''NE"_s);
     expectUnknown(BoxAnswer::cancel);
     clone();
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     // As it was typed, quotes and all.
     EXPECT_EQ(script.statements, (QStringList{selectKey(u"NONE"_s), selectKey(u"NO''NE"_s)}));
 }
@@ -96,7 +96,7 @@ TEST_F(CalParamClone, AsksAboutTheInstrumentThatWasEnteredAtLast) {
     expectQuestion(u"PT-2"_s);
     expectOverwrite(BoxAnswer::yes);
     clone();
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(script.statements.mid(0, 3),
               (QStringList{selectKey(u"NONE"_s), selectKey(u"PT-2"_s), selectStored(u"PT-2"_s)}));
     EXPECT_TRUE(deletesFor(u"PT-2"_s));

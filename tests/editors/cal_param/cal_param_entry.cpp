@@ -51,12 +51,13 @@ QString shownFor(const GivenControl& control, QStringView value) {
 
 QStringList valueControls(const QWidget& screen) {
     QStringList names;
-    for (const auto* one : screen.findChildren<QWidget*>()) {
-        const bool holdsValue = qobject_cast<const QLineEdit*>(one) || qobject_cast<const QComboBox*>(one) ||
-                                qobject_cast<const QListWidget*>(one) ||
-                                qobject_cast<const QRadioButton*>(one) || qobject_cast<const QCheckBox*>(one);
-        if (holdsValue && !one->objectName().startsWith(u"qt_"))
-            names << one->objectName();
+    for (const auto* widget : screen.findChildren<QWidget*>()) {
+        const bool holdsValue =
+            qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+            qobject_cast<const QListWidget*>(widget) || qobject_cast<const QRadioButton*>(widget) ||
+            qobject_cast<const QCheckBox*>(widget);
+        if (holdsValue && !widget->objectName().startsWith(u"qt_"))
+            names << widget->objectName();
     }
     names.sort();
     return names;
@@ -69,14 +70,15 @@ QStringList allShown(const QWidget& screen) {
     return all;
 }
 
-void bringUp(QWidget& control) {
-    for (auto* one = &control; one; one = one->parentWidget()) {
-        auto* tabs =
-            one->parentWidget() ? qobject_cast<QTabWidget*>(one->parentWidget()->parentWidget()) : nullptr;
-        if (tabs && tabs->indexOf(one) >= 0) {
+void bringToFront(QWidget& control) {
+    for (auto* widget = &control; widget; widget = widget->parentWidget()) {
+        auto* tabs = widget->parentWidget()
+                         ? qobject_cast<QTabWidget*>(widget->parentWidget()->parentWidget())
+                         : nullptr;
+        if (tabs && tabs->indexOf(widget) >= 0) {
             tabs->show();
-            tabs->setTabEnabled(tabs->indexOf(one), true);
-            tabs->setCurrentWidget(one);
+            tabs->setTabEnabled(tabs->indexOf(widget), true);
+            tabs->setCurrentWidget(widget);
         }
     }
 }

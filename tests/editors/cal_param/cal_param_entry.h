@@ -23,7 +23,7 @@ QStringList allShown(const QWidget& screen);
 /// Lets a control show a value, as above; a list has to have such a row.
 void show(const QWidget& screen, const QString& name, const QString& value);
 /// Brings up the pages on which a control stands.
-void bringUp(QWidget& control);
+void bringToFront(QWidget& control);
 
 /// What a control shows of a value of its parameter.
 QString shownFor(const GivenControl& control, QStringView value);

@@ -199,10 +199,10 @@ QList<Fault> faults() {
 }
 
 /// Whether a screen can have both faults.
-bool goTogether(const Fault& first, const Fault& second) {
-    for (const auto& one : first.settings) {
+bool areCompatible(const Fault& first, const Fault& second) {
+    for (const auto& setting : first.settings) {
         for (const auto& other : second.settings) {
-            if (one.control == other.control && one.value != other.value)
+            if (setting.control == other.control && setting.value != other.value)
                 return false;
         }
     }
@@ -214,14 +214,14 @@ bool goTogether(const Fault& first, const Fault& second) {
 class CalParamFaults : public CalParamFixture {
   protected:
     void apply(const Fault& fault) {
-        for (const auto& one : fault.settings)
-            screen.set(one.control, one.value);
+        for (const auto& setting : fault.settings)
+            screen.set(setting.control, setting.value);
     }
-    void expectTold(const Fault& fault) {
+    void expectMessage(const Fault& fault) {
         const auto before = ui.events;
         ui.expectBox(fault.message, u"Calibration Parameters"_s, box::warning);
         screen.press(u"CommandSave"_s);
-        EXPECT_TRUE(ui.allCame()) << fault.name;
+        EXPECT_TRUE(ui.hasMetAll()) << fault.name;
         EXPECT_EQ(ui.events, before) << "no hourglass while nothing is written";
     }
 };
@@ -232,7 +232,7 @@ TEST_F(CalParamFaults, LeadToTheirPageAndField) {
         makeReady();
         apply(fault);
         screen.showPage(fault.page == 3 ? 0 : 3);
-        expectTold(fault);
+        expectMessage(fault);
         EXPECT_EQ(screen.page(), fault.page);
         if (!fault.focus.isEmpty()) {
             EXPECT_EQ(screen.focus(), fault.focus);
@@ -244,7 +244,7 @@ TEST_F(CalParamFaults, LeadToTheirPageAndField) {
     }
 }
 
-TEST_F(CalParamFaults, OfAClickDipTorqueThatIsNotInUseAreToldAllTheSame) {
+TEST_F(CalParamFaults, OfAnUnusedClickDipTorqueAreShownToo) {
     makeReady();
     screen.set(u"ComboOutputUnits"_s, u"ft/lb"_s);
     screen.set(u"ComboMeasurementModeOut"_s, u"Peak"_s);
@@ -256,19 +256,19 @@ TEST_F(CalParamFaults, OfAClickDipTorqueThatIsNotInUseAreToldAllTheSame) {
     EXPECT_EQ(writes(), QStringList());
 }
 
-TEST_F(CalParamFaults, AreToldInTheirOrderOneAtATime) {
+TEST_F(CalParamFaults, AreShownInTheirOrderOneAtATime) {
     const auto all = faults();
     int pairs = 0;
     for (qsizetype first = 0; first < all.size(); ++first) {
         for (qsizetype second = first + 1; second < all.size(); ++second) {
-            if (!goTogether(all[first], all[second]))
+            if (!areCompatible(all[first], all[second]))
                 continue;
             SCOPED_TRACE(std::string(all[first].name) + " and " + all[second].name);
             makeReady();
             apply(all[second]);
             apply(all[first]);
-            expectTold(all[first]);
-            // Two fields may have the same fault: the focus tells which was found.
+            expectMessage(all[first]);
+            // Two fields may have the same fault: the focus shows which was found.
             if (!all[first].focus.isEmpty()) {
                 EXPECT_EQ(screen.focus(), all[first].focus);
             }
@@ -314,7 +314,7 @@ TEST_F(CalParamFaults, AreFoundInEveryTextThatIsNoNumberInEachFieldThatNeedsOne)
             screen.set(field.name, text);
             ui.expectBox(field.message, u"Calibration Parameters"_s, box::warning);
             screen.press(u"CommandSave"_s);
-            EXPECT_TRUE(ui.allCame());
+            EXPECT_TRUE(ui.hasMetAll());
             EXPECT_EQ(screen.focus(), field.name);
             EXPECT_EQ(screen.text(field.name), text) << "what was typed stays";
         }
@@ -327,7 +327,7 @@ struct Odd {
     QList<Setting> settings;
 };
 
-TEST_F(CalParamFaults, AreNotFoundInWhatOnlyLooksWrong) {
+TEST_F(CalParamFaults, AreNotFoundInUnusualButValidEntries) {
     const Odd odd[] = {
         {"a scale upside down", {{u"TextInputLow"_s, u"100"_s}, {u"TextInputHigh"_s, u"0"_s}}},
         {"an empty low end", {{u"TextInputLow"_s, {}}, {u"TextOutputLow"_s, {}}}},
@@ -349,10 +349,10 @@ TEST_F(CalParamFaults, AreNotFoundInWhatOnlyLooksWrong) {
         {"numbers in other forms",
          {{u"TextInputHigh"_s, u" +1,000.5 "_s}, {u"TextOutputHigh"_s, u"5."_s}, {u"TextFSPos"_s, u".5"_s}}},
     };
-    for (const auto& one : odd) {
-        SCOPED_TRACE(one.name);
+    for (const auto& name : odd) {
+        SCOPED_TRACE(name.name);
         makeReady();
-        for (const auto& setting : one.settings)
+        for (const auto& setting : name.settings)
             screen.set(setting.control, setting.value);
         screen.press(u"CommandSave"_s);
         EXPECT_EQ(writes().size(), 2);

@@ -39,17 +39,17 @@ QStringList pagesOf(const QTabWidget& tabs) {
     return captions;
 }
 
-/// The page on which a control stands: the captions of the tabs and panels around it, from the outside.
-QString wayTo(const QWidget& screen, const QString& name) {
+/// The page on which a control stands: the captions of the tabs and panels around it, the outermost first.
+QString pageOf(const QWidget& screen, const QString& name) {
     QStringList way;
-    for (const auto* one = &control<QWidget>(screen, name); one; one = one->parentWidget()) {
-        if (const auto* panel = qobject_cast<const QGroupBox*>(one))
+    for (const auto* widget = &control<QWidget>(screen, name); widget; widget = widget->parentWidget()) {
+        if (const auto* panel = qobject_cast<const QGroupBox*>(widget))
             way.prepend(panel->title());
-        const auto* tabs = one->parentWidget()
-                               ? qobject_cast<const QTabWidget*>(one->parentWidget()->parentWidget())
+        const auto* tabs = widget->parentWidget()
+                               ? qobject_cast<const QTabWidget*>(widget->parentWidget()->parentWidget())
                                : nullptr;
-        if (tabs && tabs->indexOf(one) >= 0)
-            way.prepend(tabs->tabText(tabs->indexOf(one)));
+        if (tabs && tabs->indexOf(widget) >= 0)
+            way.prepend(tabs->tabText(tabs->indexOf(widget)));
     }
     return way.join(u" > "_s);
 }
@@ -119,11 +119,12 @@ TEST_F(CalParamPages, OneOptionOfAGroupGoesOffWhenAnotherGoesOnAndNoOtherGroupFo
         for (const auto& name : group) {
             const auto before = allShown(*body);
             control<QRadioButton>(*body, name).click();
-            for (const auto& one : group)
-                EXPECT_EQ(shownBy(*body, one), one == name ? u"on"_s : u"off"_s) << one.toStdString();
-            for (const auto& one : allShown(*body)) {
-                if (!group.contains(one.section(u':', 0, 0))) {
-                    EXPECT_TRUE(before.contains(one)) << one.toStdString();
+            for (const auto& member : group)
+                EXPECT_EQ(shownBy(*body, member), member == name ? u"on"_s : u"off"_s)
+                    << member.toStdString();
+            for (const auto& shownControl : allShown(*body)) {
+                if (!group.contains(shownControl.section(u':', 0, 0))) {
+                    EXPECT_TRUE(before.contains(shownControl)) << shownControl.toStdString();
                 }
             }
         }
@@ -148,10 +149,10 @@ TEST_F(CalParamPages, PagesAndSubTabsHaveTheirCaptions) {
         {u"SSTabInAmplitude"_s, {u"Waveform"_s}},
         {u"SSTabOutAmplitude"_s, {u"Waveform"_s}},
     };
-    for (const auto& one : tabs) {
-        EXPECT_EQ(pagesOf(control<QTabWidget>(*body, one.name)), one.pages) << one.name.toStdString();
-        EXPECT_EQ(control<QTabWidget>(*body, one.name).isHidden(), one.name != u"SSTab1"_s)
-            << one.name.toStdString();
+    for (const auto& tab : tabs) {
+        EXPECT_EQ(pagesOf(control<QTabWidget>(*body, tab.name)), tab.pages) << tab.name.toStdString();
+        EXPECT_EQ(control<QTabWidget>(*body, tab.name).isHidden(), tab.name != u"SSTab1"_s)
+            << tab.name.toStdString();
     }
     EXPECT_EQ(std::size(tabs), static_cast<std::size_t>(body->findChildren<QTabWidget*>().size()));
 }
@@ -159,7 +160,7 @@ TEST_F(CalParamPages, PagesAndSubTabsHaveTheirCaptions) {
 TEST_F(CalParamPages, EachControlStandsOnItsPageAndPanel) {
     QStringList placed;
     const auto expectPlace = [&](const QString& name, QStringView captions) {
-        EXPECT_EQ(wayTo(*body, name), captions) << name.toStdString();
+        EXPECT_EQ(pageOf(*body, name), captions) << name.toStdString();
         placed << name;
     };
     for (const auto& kind : {u"Pre"_s, u"Post"_s}) {
@@ -228,13 +229,13 @@ TEST_F(CalParamPages, ButtonsHaveTheirCaptionsAndToolTips) {
         {u"CommandSelect"_s, u"Select"_s, u"Select another instrument to configure"_s},
         {u"CommandClone"_s, u"Clone Configuration"_s, u"Copy these settings to another instrument"_s},
     };
-    for (const auto& one : buttons) {
-        EXPECT_EQ(control<QPushButton>(*body, one.name).text(), one.caption);
-        EXPECT_EQ(control<QPushButton>(*body, one.name).toolTip(), one.toolTip);
+    for (const auto& button : buttons) {
+        EXPECT_EQ(control<QPushButton>(*body, button.name).text(), button.caption);
+        EXPECT_EQ(control<QPushButton>(*body, button.name).toolTip(), button.toolTip);
     }
 }
 
-TEST_F(CalParamPages, NotesAndUnitsStandThereToTheLetter) {
+TEST_F(CalParamPages, NotesAndUnitsHaveTheExactTexts) {
     const QPair<QString, QString> texts[] = {
         {u"NoteMeasRes"_s,
          u"Measurement resolution does not need to be specified; it is only used in \"Units of Measure\" "
@@ -272,7 +273,7 @@ TEST_F(CalParamPages, NotesAndUnitsStandThereToTheLetter) {
         EXPECT_EQ(control<QLabel>(*body, name).text(), text);
 }
 
-TEST_F(CalParamPages, AScreenReaderTellsFieldsOfTheSameLabelApart) {
+TEST_F(CalParamPages, FieldsOfTheSameLabelHaveDifferentAccessibleNames) {
     const QPair<QString, QString> spoken[] = {
         {u"TextSpanNeg"_s, u"Percent of Span Negative"_s},
         {u"TextUnitsPos"_s, u"Units of Measure Positive"_s},
@@ -285,11 +286,11 @@ TEST_F(CalParamPages, AScreenReaderTellsFieldsOfTheSameLabelApart) {
         EXPECT_EQ(control<QWidget>(*body, name).accessibleName(), words);
 }
 
-TEST_F(CalParamPages, AllControlsAreHandedOver) {
+TEST_F(CalParamPages, AllControlsAreReturned) {
     // The controls are nothing but pointers to widgets.
-    std::array<void*, sizeof(CalParamControls) / sizeof(void*)> handed{};
-    std::memcpy(handed.data(), &c, sizeof(c));
-    EXPECT_EQ(std::ranges::count(handed, nullptr), 0);
+    std::array<void*, sizeof(CalParamControls) / sizeof(void*)> pointers{};
+    std::memcpy(pointers.data(), &c, sizeof(c));
+    EXPECT_EQ(std::ranges::count(pointers, nullptr), 0);
 }
 
 TEST_F(CalParamPages, TextBoxesSelectTheirFirst30CharactersWhenTheyGetTheFocus) {
@@ -298,7 +299,7 @@ TEST_F(CalParamPages, TextBoxesSelectTheirFirst30CharactersWhenTheyGetTheFocus) 
     const auto value = u"1234567890123456789012345678901234567890"_s;
     for (auto* box : body->findChildren<QLineEdit*>()) {
         SCOPED_TRACE(box->objectName().toStdString());
-        bringUp(*box);
+        bringToFront(*box);
         box->setEnabled(true);
         box->setText(value);
         box->setFocus(Qt::TabFocusReason);

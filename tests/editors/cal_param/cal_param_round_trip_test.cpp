@@ -197,7 +197,7 @@ TEST_F(CalParamRoundTrip, AValueBeyondTheRecordsRangeIsStoredAndReportedAtTheNex
         ui.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, u"PT-101"_s);
         ui.expectReport(6, u"ModuleGlobals,GetCalParams"_s);
         again.press(u"CommandSelect"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         screen.set(box, before);
         screen.press(u"CommandSave"_s);
     }

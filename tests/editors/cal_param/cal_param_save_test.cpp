@@ -122,18 +122,18 @@ TEST_F(CalParamSave, TakesTheSignFromTheScalesOfAnAlternatingVoltage) {
         {u"V"_s, u"mV"_s, {u"-5"_s, u"-10"_s, u"-4"_s, u"-20"_s}},
     };
     const QStringList boxes{u"TextInputLow"_s, u"TextInputHigh"_s, u"TextOutputLow"_s, u"TextOutputHigh"_s};
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         script.statements.clear();
-        screen.set(u"ComboInputUnits"_s, one.input);
-        screen.set(u"ComboOutputUnits"_s, one.output);
+        screen.set(u"ComboInputUnits"_s, testCase.input);
+        screen.set(u"ComboOutputUnits"_s, testCase.output);
         const QStringList before{u"-5"_s, u"-10"_s, u"-4"_s, u"-20"_s};
         for (qsizetype i = 0; i < boxes.size(); ++i)
             screen.set(boxes[i], before[i]);
         save();
         for (qsizetype i = 0; i < boxes.size(); ++i)
-            EXPECT_EQ(screen.text(boxes[i]), one.scales[i]) << one.input.toStdString();
-        EXPECT_EQ(stored(u"input_low"_s), u'\'' + one.scales[0] + u'\'');
-        EXPECT_EQ(stored(u"output_high"_s), u'\'' + one.scales[3] + u'\'');
+            EXPECT_EQ(screen.text(boxes[i]), testCase.scales[i]) << testCase.input.toStdString();
+        EXPECT_EQ(stored(u"input_low"_s), u'\'' + testCase.scales[0] + u'\'');
+        EXPECT_EQ(stored(u"output_high"_s), u'\'' + testCase.scales[3] + u'\'');
     }
 }
 

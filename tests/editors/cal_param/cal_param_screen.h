@@ -10,8 +10,8 @@
 
 namespace kelvane::testing {
 
-/// The calibration parameter editor on an area of its own, and hands for its controls by name. Boxes and
-/// dialogs are answered by the session's scripted operator.
+/// The calibration parameter editor on an area of its own, and its controls by name. Boxes and dialogs are
+/// answered by the session's scripted operator.
 class CalParamScreen {
   public:
     CalParamScreen(Session& session, ScriptedUserInterface& ui);

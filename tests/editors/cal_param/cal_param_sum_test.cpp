@@ -50,7 +50,7 @@ class CalParamSum : public CalParamPages {
         }
         return {};
     }
-    double sum() { return ModuleGlobals::CheckSum(session(), summedText(fields, c)); }
+    double sum() { return ModuleGlobals::CheckSum(session(), checkSumText(fields, c)); }
 
     QHash<QStringView, QString> parts;
 
@@ -64,7 +64,7 @@ class CalParamSum : public CalParamPages {
 };
 
 TEST_F(CalParamSum, IsTakenOfAllPartsInTheirOrder) {
-    EXPECT_EQ(summedText(fields, c), expected());
+    EXPECT_EQ(checkSumText(fields, c), expected());
 }
 
 TEST_F(CalParamSum, OfTheOtherOptions) {
@@ -74,7 +74,7 @@ TEST_F(CalParamSum, OfTheOtherOptions) {
             put(control, u"on"_s);
         else if (control.name.startsWith(u"Check"))
             put(control, shownBy(*body, control.name.toString()) == u"on" ? u"off"_s : u"on"_s);
-        EXPECT_EQ(summedText(fields, c), expected());
+        EXPECT_EQ(checkSumText(fields, c), expected());
     }
 }
 

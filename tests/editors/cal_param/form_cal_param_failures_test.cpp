@@ -56,8 +56,8 @@ TEST_F(HalfLoad, AtTheFirstOpeningClosesTheScreen) {
         SCOPED_TRACE(step.statement.toStdString());
         script.statements.clear();
         script.failures = {{step.statement, noTable}};
-        person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-        person.expectReport(208, step.routine);
+        simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+        simulatedOperator.expectReport(208, step.routine);
         choose(u"mnuCalParameters"_s);
         EXPECT_FALSE(isOpen());
         EXPECT_FALSE(flag());
@@ -74,7 +74,7 @@ TEST_F(HalfLoad, OfAnotherInstrumentLeavesTheScreenExactlyAsItWas) {
         SCOPED_TRACE(step.statement.toStdString());
         script.statements.clear();
         script.failures = {{step.statement, noTable}};
-        select(u"PT-2"_s, [&] { person.expectReport(208, step.routine); });
+        select(u"PT-2"_s, [&] { simulatedOperator.expectReport(208, step.routine); });
         EXPECT_EQ(script.statements.mid(1), loading(u"PT-2"_s).mid(0, step.statements));
         EXPECT_EQ(whole(), before);
         EXPECT_FALSE(QApplication::overrideCursor());
@@ -94,7 +94,7 @@ TEST_F(HalfLoad, KeepsWhatWasTypedAndThatItIsChanged) {
         SCOPED_TRACE(step.statement.toStdString());
         script.failures = {{step.statement, noTable}};
         expectDiscard(BoxAnswer::yes);
-        select(u"PT-2"_s, [&] { person.expectReport(208, step.routine); });
+        select(u"PT-2"_s, [&] { simulatedOperator.expectReport(208, step.routine); });
         EXPECT_EQ(whole(), before);
         expectDiscard(BoxAnswer::no);
         form().close();
@@ -107,12 +107,12 @@ TEST_F(HalfLoad, OfTheCurrentInstrumentKeepsItsEdits) {
     type(u"TextThresholdOut"_s, u"12.5"_s);
     script.failures = {{selectDisplayed(u"PRE"_s, u"PT-1"_s), noTable}};
     expectDiscard(BoxAnswer::yes);
-    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
         cancel(dialog);
-        person.expectReport(208, u"FormCalParam,LoadPrompts"_s);
+        simulatedOperator.expectReport(208, u"FormCalParam,LoadPrompts"_s);
     });
     press(u"CommandSelect"_s);
-    EXPECT_EQ(shown(u"TextThresholdOut"_s), u"12.5"_s);
+    EXPECT_EQ(displayText(u"TextThresholdOut"_s), u"12.5"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
 }
 
@@ -120,14 +120,14 @@ TEST_F(HalfLoad, ByANullInTheRecordShowsNothingOfIt) {
     for (const int column : {5, 19, 37, 41}) {
         SCOPED_TRACE(column);
         store(storedRow({{column, std::nullopt}}));
-        person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-        person.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
+        simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+        simulatedOperator.expectReport(94, u"ModuleGlobals,GetCalParams"_s);
         choose(u"mnuCalParameters"_s);
         EXPECT_FALSE(isOpen());
 
         open(u"PT-2"_s);
         const auto before = whole();
-        select(u"PT-1"_s, [this] { person.expectReport(94, u"ModuleGlobals,GetCalParams"_s); });
+        select(u"PT-1"_s, [this] { simulatedOperator.expectReport(94, u"ModuleGlobals,GetCalParams"_s); });
         EXPECT_EQ(whole(), before);
         form().close();
         EXPECT_FALSE(isOpen());
@@ -144,7 +144,7 @@ TEST_F(HalfLoad, ByAStrategyOrAMessageWithoutANameShowsNothing) {
         const auto before = whole();
         const auto stored = script.answers.value(statement);
         script.answers.insert(statement, {Row{u"B"_s}, Row{std::nullopt}});
-        select(u"PT-1"_s, [&, name = routine] { person.expectReport(94, name); });
+        select(u"PT-1"_s, [&, name = routine] { simulatedOperator.expectReport(94, name); });
         EXPECT_EQ(whole(), before);
         script.answers.insert(statement, stored);
         form().close();
@@ -158,8 +158,8 @@ TEST_F(HalfLoad, WithAReportThatCanNotBeWrittenClosesAScreenThatShowsNothingYet)
         "that the folder can be written to and that the disk is not full."_s;
     QDir().mkdir(u"errors.log"_s);
     script.failures.insert(selectStrategies(), noTable);
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
-    person.expectBox(unwritable, u"Kelvane"_s, box::stop);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+    simulatedOperator.expectBox(unwritable, u"Kelvane"_s, box::stop);
     choose(u"mnuCalParameters"_s);
     EXPECT_FALSE(isOpen());
     EXPECT_FALSE(flag());
@@ -168,7 +168,7 @@ TEST_F(HalfLoad, WithAReportThatCanNotBeWrittenClosesAScreenThatShowsNothingYet)
     open(u"PT-1"_s);
     const auto before = whole();
     script.failures.insert(calParamsStatement(u"MT"_s, u"PT-2"_s), noTable);
-    select(u"PT-2"_s, [&] { person.expectBox(unwritable, u"Kelvane"_s, box::stop); });
+    select(u"PT-2"_s, [&] { simulatedOperator.expectBox(unwritable, u"Kelvane"_s, box::stop); });
     EXPECT_EQ(whole(), before);
 }
 
@@ -182,16 +182,16 @@ TEST_F(HalfLoad, OverALostConnectionKeepsTheScreenAndWhatIsTyped) {
         const auto before = whole();
         expectDiscard(BoxAnswer::yes);
         script.failures.insert(statement, Error{10054, u"Connection lost"_s, u"08S01"_s, true});
-        person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+        simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
         if (statement == findAsset(u"PT-1"_s)) {
-            person.expectReport(10054, u"MDIFormMain,GetAsset"_s);
-            person.expectReport(10054, u"FormCalParam,LoadControls"_s);
+            simulatedOperator.expectReport(10054, u"MDIFormMain,GetAsset"_s);
+            simulatedOperator.expectReport(10054, u"FormCalParam,LoadControls"_s);
         } else if (statement == statements[0]) {
-            person.expectReport(10054, u"FormCalParam,LoadControls"_s);
+            simulatedOperator.expectReport(10054, u"FormCalParam,LoadControls"_s);
         } else {
             if (statement == statements[1])
-                person.expectReport(10054, u"ModuleGlobals,GetCalParams"_s);
-            person.expectReport(10054, u"FormCalParam,LoadPrompts"_s);
+                simulatedOperator.expectReport(10054, u"ModuleGlobals,GetCalParams"_s);
+            simulatedOperator.expectReport(10054, u"FormCalParam,LoadPrompts"_s);
         }
         press(u"CommandSelect"_s);
         EXPECT_FALSE(session.SessionConnected);

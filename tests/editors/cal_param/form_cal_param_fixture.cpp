@@ -13,7 +13,7 @@ namespace kelvane::testing {
 
 namespace {
 
-QString displayed(const QString& type, const QString& asset) {
+QString displayedQuery(const QString& type, const QString& asset) {
     return u"select pname from mt.hvm_kv_proc_prompts where prompt_type = '"_s + type +
            u"' and mtag = (select mtag from MT.inventory where i4201 = '"_s + asset + u"')"_s;
 }
@@ -33,11 +33,11 @@ QString findAsset(const QString& asset) {
 }
 
 QString selectDisplayed(const QString& type, const QString& asset) {
-    return displayed(type, asset) + u" order by prompt_seq asc"_s;
+    return displayedQuery(type, asset) + u" order by prompt_seq asc"_s;
 }
 
 QString selectAvailable(const QString& type, const QString& asset) {
-    return u"select pname from mt.hvm_kv_prompts where pname not in ("_s + displayed(type, asset) + u')';
+    return u"select pname from mt.hvm_kv_prompts where pname not in ("_s + displayedQuery(type, asset) + u')';
 }
 
 QStringList loading(const QString& asset) {
@@ -76,28 +76,30 @@ void FormCalParamTest::store(const Row& row) {
 }
 
 void FormCalParamTest::open(const QString& asset) {
-    person.expectDialog(calParamTitle, enterInstrument, asset);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, asset);
     choose(u"mnuCalParameters"_s);
     script.statements.clear();
 }
 
 void FormCalParamTest::expectCancel() {
-    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) { cancel(dialog); });
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument,
+                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
 }
 
 void FormCalParamTest::cancel(FormCustomDialog& dialog) {
-    person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                BoxAnswer::yes);
     dialog.close();
 }
 
 void FormCalParamTest::expectDiscard(BoxAnswer answer) {
-    person.expectBox(u"Are you sure you want to discard any changes made since last save?"_s, u"Kelvane"_s,
-                     box::warningYesNo, answer);
+    simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+                                u"Kelvane"_s, box::warningYesNo, answer);
 }
 
 void FormCalParamTest::type(const QString& name, const QString& value) {
     auto& box = control<QLineEdit>(form(), name);
-    bringUp(box);
+    bringToFront(box);
     control<QPushButton>(form(), u"CommandSave"_s).setFocus();
     box.setFocus();
     QTest::keyClicks(&box, value);
@@ -109,7 +111,7 @@ void FormCalParamTest::press(const QString& name) {
 }
 
 void FormCalParamTest::select(const QString& asset, const std::function<void()>& then) {
-    person.expectDialog(calParamTitle, enterInstrument, asset);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, asset);
     if (then)
         then();
     press(u"CommandSelect"_s);

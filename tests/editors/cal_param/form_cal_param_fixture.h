@@ -37,7 +37,7 @@ class FormCalParamTest : public ProgramTest {
     ChildWindow& form() { return child(QStringLiteral("FormCalParam")); }
     bool isOpen() { return findChild(QStringLiteral("FormCalParam")) != nullptr; }
     bool flag() { return isWindowOpen(session, u"FormCalParam"); }
-    QString shown(const QString& name) { return shownBy(form(), name); }
+    QString displayText(const QString& name) { return shownBy(form(), name); }
     void type(const QString& name, const QString& value);
     void press(const QString& name);
     /// Chooses another instrument through its button; `then` expects what comes behind the question.

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-/// A person who never touches the mouse.
+/// A simulated operator who uses the keyboard alone.
 class CalParamKeys : public FormCalParamTest {
   protected:
     /// Where the keys go. A row of tabs has no name of its own.
@@ -42,7 +42,7 @@ class CalParamKeys : public FormCalParamTest {
 
 TEST_F(CalParamKeys, LeadFromTheMenuToASavedInstrument) {
     script.answers.insert(selectAvailable(u"PRE"_s, u"PT-2"_s), {Row{u"C"_s}, Row{u"A"_s}});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
     ProgramTest::press(u"Ctrl+P"_s);
     ASSERT_EQ(focus(), u"ComboTSName");
     key(Qt::Key_Down);
@@ -94,18 +94,18 @@ TEST_F(CalParamKeys, ReplaceTheValueThatAFaultLeadsTo) {
     open(u"PT-1"_s);
     nextPage(u"SSTab1"_s);
     enterInto(u"TextInputHigh"_s, u"12 psi"_s);
-    person.expectBox(u"Must enter a valid high input value!"_s, calParamTitle, box::warning,
-                     [this](QMessageBox& box) {
-                         // The page is turned once the message has been read.
-                         EXPECT_EQ(control<QTabWidget>(form(), u"SSTab1"_s).currentIndex(), 0);
-                         QTest::keyClick(&box, Qt::Key_Return);
-                     });
+    simulatedOperator.expectBox(u"Must enter a valid high input value!"_s, calParamTitle, box::warning,
+                                [this](QMessageBox& box) {
+                                    // The page is turned once the message has been read.
+                                    EXPECT_EQ(control<QTabWidget>(form(), u"SSTab1"_s).currentIndex(), 0);
+                                    QTest::keyClick(&box, Qt::Key_Return);
+                                });
     goTo(u"SSTab1"_s);
     key(Qt::Key_Left);
     save();
     ASSERT_EQ(focus(), u"TextInputHigh");
     enter(u"12"_s);
-    EXPECT_EQ(shown(u"TextInputHigh"_s), u"12"_s);
+    EXPECT_EQ(displayText(u"TextInputHigh"_s), u"12"_s);
 }
 
 TEST_F(CalParamKeys, GoToTheReferenceOfTheOutputThoughItsFaultShowsTheInputPage) {
@@ -113,12 +113,12 @@ TEST_F(CalParamKeys, GoToTheReferenceOfTheOutputThoughItsFaultShowsTheInputPage)
     pick(control<QComboBox>(form(), u"ComboOutputUnits"_s), u"C"_s);
     control<QAbstractButton>(form(), u"OptionCJRefExtOut"_s).click();
     show(form(), u"TextCJRefTempOut"_s, {});
-    person.expectBox(u"Reference temperature must be specified!"_s, calParamTitle, box::warning);
+    simulatedOperator.expectBox(u"Reference temperature must be specified!"_s, calParamTitle, box::warning);
     save();
     EXPECT_EQ(control<QTabWidget>(form(), u"SSTab1"_s).currentIndex(), 1);
     EXPECT_EQ(focus(), u"TextCJRefTempOut");
     enter(u"21"_s);
-    EXPECT_EQ(shown(u"TextCJRefTempOut"_s), u"21");
+    EXPECT_EQ(displayText(u"TextCJRefTempOut"_s), u"21");
 }
 
 TEST_F(CalParamKeys, GoThroughEachPageAsItIsReadAndThenToTheButtons) {
@@ -177,9 +177,9 @@ TEST_F(CalParamKeys, ReturnSavesFromAFieldAndEscapeClosesAndAsksBeforeAChangeGoe
     type(u"TextInputHigh"_s, u"251"_s);
     expectDiscard(BoxAnswer::no);
     key(Qt::Key_Escape);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_TRUE(isOpen());
-    EXPECT_EQ(shown(u"TextInputHigh"_s), u"251"_s);
+    EXPECT_EQ(displayText(u"TextInputHigh"_s), u"251"_s);
 }
 
 } // namespace kelvane::testing

@@ -13,10 +13,10 @@ TEST_F(FormCalParamTest, AStrategyAddedInItsEditorCanBeChosenAtOnce) {
     open(u"PT-1"_s);
     choose(u"mnuStrategies"_s);
     auto& strategies = child(u"FormStrategies"_s);
-    person.expectDialog(u"Add new test strategy"_s,
-                        u"Enter a name for the new test strategy (30 chars max!):"_s, u"NEW"_s);
+    simulatedOperator.expectDialog(u"Add new test strategy"_s,
+                                   u"Enter a name for the new test strategy (30 chars max!):"_s, u"NEW"_s);
     click(control<QPushButton>(strategies, u"CommandAdd"_s));
-    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), u"THREE"_s);
     pick(control<QComboBox>(form(), u"ComboTSName"_s), u"NEW"_s);
 }
 
@@ -31,21 +31,21 @@ TEST_F(FormCalParamTest, TheStrategyEditorOpensWithItsStrategy) {
 TEST_F(FormCalParamTest, AMessageAddedInItsEditorIsAvailableAtOnce) {
     open(u"PT-1"_s);
     choose(u"mnuPrompts"_s);
-    person.expectDialog(u"Add Test Message"_s,
-                        u"Enter a name for the new test message: (30 characters max)"_s, u"FRESH"_s);
+    simulatedOperator.expectDialog(
+        u"Add Test Message"_s, u"Enter a name for the new test message: (30 characters max)"_s, u"FRESH"_s);
     click(control<QPushButton>(child(u"FormTestMess"_s), u"CommandCreate"_s));
-    EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A,FRESH"_s);
-    EXPECT_EQ(shown(u"ListPostAvail"_s), u"B,FRESH"_s);
+    EXPECT_EQ(displayText(u"ListPreAvail"_s), u"C,A,FRESH"_s);
+    EXPECT_EQ(displayText(u"ListPostAvail"_s), u"B,FRESH"_s);
 }
 
 TEST_F(FormCalParamTest, WithoutAnInstrumentTheOtherEditorsDoNotKnowIt) {
-    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
         choose(u"mnuStrategies"_s);
         EXPECT_EQ(control<QComboBox>(child(u"FormStrategies"_s), u"ComboTSNames"_s).currentText(), u"FIVE"_s);
         answerDialog(dialog, u"PT-1"_s);
     });
     choose(u"mnuCalParameters"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), u"THREE"_s);
 }
 
 TEST_F(FormCalParamTest, TheOtherEditorsKeepItsListsInStep) {
@@ -56,8 +56,8 @@ TEST_F(FormCalParamTest, TheOtherEditorsKeepItsListsInStep) {
     opened.addMessage(u"FRESH"_s);
     EXPECT_EQ(opened.strategy(), u"THREE"_s);
     EXPECT_GE(control<QComboBox>(form(), u"ComboTSName"_s).findText(u"NEW"_s), 0);
-    EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A,FRESH"_s);
-    EXPECT_EQ(shown(u"ListPostAvail"_s), u"B,FRESH"_s);
+    EXPECT_EQ(displayText(u"ListPreAvail"_s), u"C,A,FRESH"_s);
+    EXPECT_EQ(displayText(u"ListPostAvail"_s), u"B,FRESH"_s);
     // None of it is a change.
     form().close();
     EXPECT_FALSE(isOpen());
@@ -70,9 +70,9 @@ TEST_F(FormCalParamTest, AStrategyRenamedInItsEditorIsRenamedHereAndIsNoChange) 
     auto& list = control<QComboBox>(form(), u"ComboTSName"_s);
     choose(u"mnuStrategies"_s);
     auto& strategies = child(u"FormStrategies"_s);
-    person.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
+    simulatedOperator.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
     click(control<QPushButton>(strategies, u"CommandRename"_s));
-    EXPECT_EQ(shown(u"ComboTSName"_s), u"DREI"_s);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), u"DREI"_s);
     EXPECT_EQ(list.count(), 2);
     EXPECT_EQ(list.findText(u"THREE"_s), -1);
     form().close();
@@ -108,17 +108,17 @@ TEST_F(FormCalParamTest, ARenameThatFailsLeavesItsStrategy) {
     script.failures.insert(
         u"update mt.hvm_kv_tag_config set tp_name = 'DREI' where tp_name = 'THREE';commit"_s,
         Error{208, u"no such table"_s});
-    person.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
-    person.expectReport(208, u"FormStrategies,CommandRename"_s);
+    simulatedOperator.expectDialog(u"Rename Test Strategy"_s, u"Enter new test stragegy name:"_s, u"DREI"_s);
+    simulatedOperator.expectReport(208, u"FormStrategies,CommandRename"_s);
     click(control<QPushButton>(strategies, u"CommandRename"_s));
-    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), u"THREE"_s);
 }
 
 TEST_F(FormCalParamTest, TheFirstStrategyThatIsAddedIsNotChosenByItself) {
     script.answers.insert(selectStrategies(), {});
     open(u"PT-2"_s);
     dynamic_cast<OpenCalParam&>(form()).addStrategy(u"NEW"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), QString());
+    EXPECT_EQ(displayText(u"ComboTSName"_s), QString());
 }
 
 TEST_F(FormCalParamTest, NoControlDependsOnTheLevel) {
@@ -141,8 +141,9 @@ TEST_F(FormCalParamTest, NoControlDependsOnTheLevel) {
 
 TEST_F(FormCalParamTest, LogOutIsRefusedWhileItIsOpen) {
     open(u"PT-1"_s);
-    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s,
-                     u"Kelvane"_s, box::warning);
+    simulatedOperator.expectBox(
+        u"One or more windows are still open! Please close open windows before logging out..."_s,
+        u"Kelvane"_s, box::warning);
     choose(u"mnuLogout"_s);
     EXPECT_TRUE(session.SessionConnected);
     form().close();

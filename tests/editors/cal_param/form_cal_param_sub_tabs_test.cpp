@@ -32,15 +32,17 @@ TEST_F(FormCalParamTest, EachUnitShowsItsSubTabsOnItsOwnSide) {
     auto& input = control<QComboBox>(form(), u"ComboInputUnits"_s);
     auto& output = control<QComboBox>(form(), u"ComboOutputUnits"_s);
     int units = 0;
-    for (const auto& one : classes) {
-        for (const auto& unit : one.units) {
+    for (const auto& unitClass : classes) {
+        for (const auto& unit : unitClass.units) {
             SCOPED_TRACE(unit.toStdString());
             pick(output, u"V"_s);
             pick(input, unit);
-            EXPECT_EQ(shownSubTabs(), one.input.isEmpty() ? QStringList() : QStringList{one.input});
+            EXPECT_EQ(shownSubTabs(),
+                      unitClass.input.isEmpty() ? QStringList() : QStringList{unitClass.input});
             pick(input, u"V"_s);
             pick(output, unit);
-            EXPECT_EQ(shownSubTabs(), one.output.isEmpty() ? QStringList() : QStringList{one.output});
+            EXPECT_EQ(shownSubTabs(),
+                      unitClass.output.isEmpty() ? QStringList() : QStringList{unitClass.output});
             ++units;
         }
     }
@@ -69,7 +71,7 @@ TEST_F(FormCalParamTest, HiddenControlsKeepTheirValues) {
     pick(control<QComboBox>(form(), u"ComboInputUnits"_s), u"C"_s);
     pick(control<QComboBox>(form(), u"ComboSensTypeIn"_s), u"TC J"_s);
     pick(control<QComboBox>(form(), u"ComboInputUnits"_s), u"psi"_s);
-    EXPECT_EQ(shown(u"ComboSensTypeIn"_s), u"TC J"_s);
+    EXPECT_EQ(displayText(u"ComboSensTypeIn"_s), u"TC J"_s);
 }
 
 TEST_F(FormCalParamTest, ASerialTransducerHasTheDigitalPageAndTheOthersTheAnalogOne) {
@@ -104,7 +106,7 @@ TEST_F(FormCalParamTest, ChoosingTheTransducerLeavesTheFocusInItsSubTab) {
     open(u"PT-2"_s);
     pick(control<QComboBox>(form(), u"ComboOutputUnits"_s), u"ft/lb"_s);
     auto& transducers = control<QComboBox>(form(), u"ComboTransTypeOut"_s);
-    bringUp(transducers);
+    bringToFront(transducers);
     transducers.setFocus();
     QTest::keyClick(&transducers, Qt::Key_Up);
     EXPECT_EQ(transducers.currentText(), u"Serial"_s);

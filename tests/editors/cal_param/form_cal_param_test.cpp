@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 TEST_F(FormCalParamTest, OpensWithTheInstrumentThatItAsksFor) {
-    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
         EXPECT_TRUE(form().isVisible());
         EXPECT_EQ(form().windowTitle(), calParamTitle);
         EXPECT_FALSE(flag());
@@ -52,13 +52,13 @@ TEST_F(FormCalParamTest, StandsWhereItWasAndKeepsWhereItIs) {
 
 TEST_F(FormCalParamTest, TheQuestionForTheInstrumentIsRequiredFreeAndOfAnyLength) {
     const auto long_number = u"9"_s.repeated(40000);
-    person.expectDialog(calParamTitle, enterInstrument, [&](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, [&](FormCustomDialog& dialog) {
         auto& field = control<QLineEdit>(dialog, u"TextCustomDialog"_s);
         EXPECT_EQ(field.text(), QString());
         EXPECT_EQ(field.maxLength(), std::numeric_limits<int>::max());
-        person.expectBox(u"Required Field - must provide an entry!"_s, u"Kelvane"_s, box::warning);
+        simulatedOperator.expectBox(u"Required Field - must provide an entry!"_s, u"Kelvane"_s, box::warning);
         QTest::keyClick(&field, Qt::Key_Return);
-        person.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
+        simulatedOperator.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
         field.setText(long_number);
         QTest::keyClick(&field, Qt::Key_Return);
     });
@@ -68,16 +68,16 @@ TEST_F(FormCalParamTest, TheQuestionForTheInstrumentIsRequiredFreeAndOfAnyLength
 }
 
 TEST_F(FormCalParamTest, AnUnknownInstrumentIsAskedForAgainOrGivenUp) {
-    person.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
-    person.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::retry);
-    person.expectDialog(calParamTitle, enterInstrument, u"xx-9"_s);
-    person.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::retry);
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
+    simulatedOperator.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::retry);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"xx-9"_s);
+    simulatedOperator.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::retry);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-2)"_s);
     form().close();
-    person.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
-    person.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
+    simulatedOperator.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
     choose(u"mnuCalParameters"_s);
     EXPECT_FALSE(isOpen());
     EXPECT_FALSE(flag());
@@ -89,13 +89,13 @@ TEST_F(FormCalParamTest, WithoutAnInstrumentItGoesAndLoadsNothing) {
     EXPECT_FALSE(isOpen());
     EXPECT_FALSE(flag());
     EXPECT_EQ(script.statements, QStringList{countPoints()});
-    // Its place is kept all the same.
+    // Its place is still kept.
     EXPECT_EQ(settings.values.value(u"Top/FormCalParam"_s), u"75"_s);
 }
 
 TEST_F(FormCalParamTest, AQuoteInTheNumberIsTheSyntaxErrorThatItIs) {
-    person.expectDialog(calParamTitle, enterInstrument, u"O'HARA"_s);
-    person.expectReport(1, u"MDIFormMain,GetAsset"_s);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"O'HARA"_s);
+    simulatedOperator.expectReport(1, u"MDIFormMain,GetAsset"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(script.statements, QStringList{countPoints()});
@@ -108,7 +108,7 @@ TEST_F(FormCalParamTest, BlanksAroundTheNumberDoNotCount) {
 
 TEST_F(FormCalParamTest, TheCurrentInstrumentIsTheNumberAsItWasEntered) {
     script.answers.insert(findAsset(u"pt-1"_s), {Row{u"17"_s}});
-    person.expectDialog(calParamTitle, enterInstrument, u"pt-1"_s);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"pt-1"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (pt-1)"_s);
     EXPECT_EQ(script.statements.mid(2), loading(u"pt-1"_s));
@@ -117,7 +117,7 @@ TEST_F(FormCalParamTest, TheCurrentInstrumentIsTheNumberAsItWasEntered) {
 TEST_F(FormCalParamTest, TheTablesOfTheUsersOwnerAreAsked) {
     session.SessionOwner = u"ABC"_s;
     script.answers.insert(u"select mtag from ABC.inventory where i4201 = 'PT-1'"_s, {Row{u"17"_s}});
-    person.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-1"_s);
     choose(u"mnuCalParameters"_s);
     EXPECT_EQ(script.statements.mid(2).filter(u"ABC.inventory"_s).size(), 5);
     EXPECT_TRUE(script.statements.filter(u"MT.inventory"_s).isEmpty());
@@ -125,21 +125,21 @@ TEST_F(FormCalParamTest, TheTablesOfTheUsersOwnerAreAsked) {
 
 TEST_F(FormCalParamTest, ShowsWhatIsStored) {
     open(u"PT-1"_s);
-    EXPECT_EQ(shown(u"ComboMeasRes"_s), u"0.001"_s);
-    EXPECT_EQ(shown(u"ComboInputUnits"_s), u"psi"_s);
-    EXPECT_EQ(shown(u"ComboOutputUnits"_s), u"mA"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"-15.5"_s);
-    EXPECT_EQ(shown(u"TextUnitsPos"_s), u"1.1"_s);
-    EXPECT_EQ(shown(u"TextRepetitions"_s), u"2"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), u"THREE"_s);
-    EXPECT_EQ(shown(u"ComboTransTypeOut"_s), u"Serial"_s);
-    EXPECT_EQ(shown(u"OptionCalLoopPWROut24VDC"_s), u"on"_s);
-    EXPECT_EQ(shown(u"CheckIndicatedInput"_s), u"on"_s);
-    EXPECT_EQ(shown(u"CheckIndicatedOutput"_s), u"off"_s);
-    EXPECT_EQ(shown(u"ListPreAvail"_s), u"C,A"_s);
-    EXPECT_EQ(shown(u"ListPostAvail"_s), u"B"_s);
-    EXPECT_EQ(shown(u"ListPreDisplay"_s), u"B,D"_s);
-    EXPECT_EQ(shown(u"ListPostDisplay"_s), u"A"_s);
+    EXPECT_EQ(displayText(u"ComboMeasRes"_s), u"0.001"_s);
+    EXPECT_EQ(displayText(u"ComboInputUnits"_s), u"psi"_s);
+    EXPECT_EQ(displayText(u"ComboOutputUnits"_s), u"mA"_s);
+    EXPECT_EQ(displayText(u"TextInputLow"_s), u"-15.5"_s);
+    EXPECT_EQ(displayText(u"TextUnitsPos"_s), u"1.1"_s);
+    EXPECT_EQ(displayText(u"TextRepetitions"_s), u"2"_s);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), u"THREE"_s);
+    EXPECT_EQ(displayText(u"ComboTransTypeOut"_s), u"Serial"_s);
+    EXPECT_EQ(displayText(u"OptionCalLoopPWROut24VDC"_s), u"on"_s);
+    EXPECT_EQ(displayText(u"CheckIndicatedInput"_s), u"on"_s);
+    EXPECT_EQ(displayText(u"CheckIndicatedOutput"_s), u"off"_s);
+    EXPECT_EQ(displayText(u"ListPreAvail"_s), u"C,A"_s);
+    EXPECT_EQ(displayText(u"ListPostAvail"_s), u"B"_s);
+    EXPECT_EQ(displayText(u"ListPreDisplay"_s), u"B,D"_s);
+    EXPECT_EQ(displayText(u"ListPostDisplay"_s), u"A"_s);
     EXPECT_EQ(shownSubTabs(), QStringList{u"SSTabCurrentOut"_s});
 }
 
@@ -159,10 +159,10 @@ TEST_F(FormCalParamTest, AnInstrumentWithoutParametersStartsFromTheOneBeforeExce
     auto expected = allShown(form());
     select(u"PT-2"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-2)"_s);
-    for (auto& one : expected) {
-        const auto name = one.section(u':', 0, 0);
+    for (auto& line : expected) {
+        const auto name = line.section(u':', 0, 0);
         if (name == u"ComboTSName" || name.startsWith(u"List"))
-            one = name + u": "_s;
+            line = name + u": "_s;
     }
     EXPECT_EQ(allShown(form()), expected);
     EXPECT_EQ(shownSubTabs(), QStringList{u"SSTabCurrentOut"_s});
@@ -180,29 +180,29 @@ TEST_F(FormCalParamTest, NullsReadAsZeroAndOff) {
                      {44, std::nullopt},
                      {46, std::nullopt}}));
     open(u"PT-1"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"0"_s);
-    EXPECT_EQ(shown(u"TextOutputLow"_s), u"0"_s);
-    EXPECT_EQ(shown(u"TextUnitsPos"_s), u"0"_s);
-    EXPECT_EQ(shown(u"TextCJRefTempIn"_s), u"0"_s);
-    EXPECT_EQ(shown(u"TextPTPAmplitudeIn"_s), u"0"_s);
-    EXPECT_EQ(shown(u"OptionCalLoopPWROutOff"_s), u"on"_s);
-    EXPECT_EQ(shown(u"CheckIndicatedInput"_s), u"off"_s);
+    EXPECT_EQ(displayText(u"TextInputLow"_s), u"0"_s);
+    EXPECT_EQ(displayText(u"TextOutputLow"_s), u"0"_s);
+    EXPECT_EQ(displayText(u"TextUnitsPos"_s), u"0"_s);
+    EXPECT_EQ(displayText(u"TextCJRefTempIn"_s), u"0"_s);
+    EXPECT_EQ(displayText(u"TextPTPAmplitudeIn"_s), u"0"_s);
+    EXPECT_EQ(displayText(u"OptionCalLoopPWROutOff"_s), u"on"_s);
+    EXPECT_EQ(displayText(u"CheckIndicatedInput"_s), u"off"_s);
 }
 
 TEST_F(FormCalParamTest, AResolutionThatIsNoRowLeavesTheList) {
     store(storedRow({{2, u"0.25"_s}}));
     open(u"PT-1"_s);
-    EXPECT_EQ(shown(u"ComboMeasRes"_s), u"0.1"_s);
+    EXPECT_EQ(displayText(u"ComboMeasRes"_s), u"0.1"_s);
     pick(control<QComboBox>(form(), u"ComboMeasRes"_s), u"1000"_s);
     expectDiscard(BoxAnswer::yes);
     select(u"PT-1"_s);
-    EXPECT_EQ(shown(u"ComboMeasRes"_s), u"1000"_s);
+    EXPECT_EQ(displayText(u"ComboMeasRes"_s), u"1000"_s);
 }
 
 TEST_F(FormCalParamTest, AStrategyThatIsGoneLeavesTheListEmpty) {
     store(storedRow({{40, u"GONE"_s}}));
     open(u"PT-1"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), QString());
+    EXPECT_EQ(displayText(u"ComboTSName"_s), QString());
     EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 2);
 }
 
@@ -211,7 +211,7 @@ TEST_F(FormCalParamTest, SelectLoadsAnotherInstrument) {
     select(u"PT-1"_s);
     EXPECT_EQ(script.statements, QStringList{findAsset(u"PT-1"_s)} << loading(u"PT-1"_s));
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
-    EXPECT_EQ(shown(u"TextInputLow"_s), u"-15.5"_s);
+    EXPECT_EQ(displayText(u"TextInputLow"_s), u"-15.5"_s);
     EXPECT_EQ(control<QComboBox>(form(), u"ComboTSName"_s).count(), 2);
     EXPECT_TRUE(flag());
     // What was loaded is unchanged.
@@ -224,11 +224,11 @@ TEST_F(FormCalParamTest, SelectAsksBeforeChangesGo) {
     type(u"TextInputHigh"_s, u"250"_s);
     expectDiscard(BoxAnswer::no);
     press(u"CommandSelect"_s);
-    EXPECT_EQ(shown(u"TextInputHigh"_s), u"250"_s);
+    EXPECT_EQ(displayText(u"TextInputHigh"_s), u"250"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     expectDiscard(BoxAnswer::yes);
     select(u"PT-1"_s);
-    EXPECT_EQ(shown(u"TextInputHigh"_s), u"100"_s);
+    EXPECT_EQ(displayText(u"TextInputHigh"_s), u"100"_s);
 }
 
 TEST_F(FormCalParamTest, CancellingSelectLoadsTheCurrentInstrumentAgainAndDropsItsEdits) {
@@ -238,14 +238,14 @@ TEST_F(FormCalParamTest, CancellingSelectLoadsTheCurrentInstrumentAgainAndDropsI
     expectCancel();
     press(u"CommandSelect"_s);
     EXPECT_EQ(script.statements, loading(u"PT-1"_s));
-    EXPECT_EQ(shown(u"TextInputHigh"_s), u"100"_s);
+    EXPECT_EQ(displayText(u"TextInputHigh"_s), u"100"_s);
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
 }
 
 TEST_F(FormCalParamTest, GivingUpAnUnknownInstrumentInSelectReloadsToo) {
     open(u"PT-1"_s);
-    person.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
-    person.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"XX-9"_s);
+    simulatedOperator.expectBox(noInstrument, calParamTitle, box::warningRetryCancel, BoxAnswer::cancel);
     press(u"CommandSelect"_s);
     EXPECT_EQ(script.statements, QStringList{findAsset(u"XX-9"_s)} << loading(u"PT-1"_s));
     EXPECT_EQ(form().windowTitle(), u"Calibration Parameters (PT-1)"_s);
@@ -253,7 +253,7 @@ TEST_F(FormCalParamTest, GivingUpAnUnknownInstrumentInSelectReloadsToo) {
 
 TEST_F(FormCalParamTest, WhileItsQuestionIsOpenNothingElseRunsAndItStays) {
     open(u"PT-1"_s);
-    person.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(calParamTitle, enterInstrument, [this](FormCustomDialog& dialog) {
         for (const auto& name : {u"CommandSelect"_s, u"CommandSave"_s, u"CommandClone"_s})
             click(control<QPushButton>(form(), name));
         form().close();
@@ -268,7 +268,7 @@ TEST_F(FormCalParamTest, WhileItsQuestionIsOpenNothingElseRunsAndItStays) {
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(FormCalParamTest, ClosesWithoutAWordWhenNothingChanged) {
+TEST_F(FormCalParamTest, ClosesWithoutAQuestionWhenNothingChanged) {
     open(u"PT-1"_s);
     form().close();
     EXPECT_FALSE(isOpen());
@@ -283,14 +283,14 @@ TEST_F(FormCalParamTest, ClosingWithChangesAsks) {
     form().close();
     EXPECT_TRUE(isOpen());
     EXPECT_TRUE(flag());
-    EXPECT_EQ(shown(u"ComboParityOut"_s), u"Odd"_s);
+    EXPECT_EQ(displayText(u"ComboParityOut"_s), u"Odd"_s);
     expectDiscard(BoxAnswer::yes);
     form().close();
     EXPECT_FALSE(isOpen());
     EXPECT_FALSE(flag());
 }
 
-TEST_F(FormCalParamTest, AChangeThatIsTakenBackIsNone) {
+TEST_F(FormCalParamTest, AnUndoneChangeIsNone) {
     open(u"PT-1"_s);
     type(u"TextInputHigh"_s, u"250"_s);
     type(u"TextInputHigh"_s, u"100"_s);
@@ -302,7 +302,7 @@ TEST_F(FormCalParamTest, MovingAMessageIsNoChange) {
     open(u"PT-1"_s);
     auto& list = control<QListWidget>(form(), u"ListPreDisplay"_s);
     list.insertItem(0, list.takeItem(1));
-    EXPECT_EQ(shown(u"ListPreDisplay"_s), u"D,B"_s);
+    EXPECT_EQ(displayText(u"ListPreDisplay"_s), u"D,B"_s);
     form().close();
     EXPECT_FALSE(isOpen());
 }
@@ -321,8 +321,8 @@ TEST_F(FormCalParamTest, OddTextsAreShownAsTheyAre) {
     script.answers.insert(selectDisplayed(u"PST"_s, u"PT-1"_s), {Row{name}});
     store(storedRow({{40, name}}));
     open(u"PT-1"_s);
-    EXPECT_EQ(shown(u"ComboTSName"_s), name);
-    EXPECT_EQ(shown(u"ListPostDisplay"_s), name);
+    EXPECT_EQ(displayText(u"ComboTSName"_s), name);
+    EXPECT_EQ(displayText(u"ListPostDisplay"_s), name);
 }
 
 } // namespace kelvane::testing

@@ -39,7 +39,7 @@ class PromptLists : public CalParamFixture, public ::testing::WithParamInterface
         }
     }
     const Pair& pair() const { return GetParam(); }
-    int selected(const QString& list) { return selectedRow(control<QListWidget>(screen.form(), list)); }
+    int selectedRowOf(const QString& list) { return selectedRow(control<QListWidget>(screen.form(), list)); }
     /// Where the other kind of message stands is untouched.
     void expectOthersUntouched() {
         for (const auto& other : pairs) {
@@ -52,7 +52,7 @@ class PromptLists : public CalParamFixture, public ::testing::WithParamInterface
     }
 };
 
-TEST_P(PromptLists, HandARowOverByADoubleClick) {
+TEST_P(PromptLists, MoveARowOnADoubleClick) {
     screen.doubleClick(pair().available, 1);
     EXPECT_EQ(screen.rows(pair().available), (QStringList{u"DRAIN"_s, u"VENT"_s}));
     EXPECT_EQ(screen.rows(pair().displayed), (QStringList{u"ISOLATE"_s, u"LOCK"_s, u"WAIT"_s, u"PURGE"_s}));
@@ -62,7 +62,7 @@ TEST_P(PromptLists, HandARowOverByADoubleClick) {
     expectOthersUntouched();
 }
 
-TEST_P(PromptLists, HandARowOverByReturn) {
+TEST_P(PromptLists, MoveARowOnReturn) {
     auto& list = control<QListWidget>(screen.form(), pair().available);
     list.setFocus();
     list.setCurrentRow(2);
@@ -79,11 +79,11 @@ TEST_P(PromptLists, MoveARowUpAndDownWithItsSelection) {
     screen.select(pair().displayed, 1);
     screen.press(pair().up);
     EXPECT_EQ(screen.rows(pair().displayed), (QStringList{u"LOCK"_s, u"ISOLATE"_s, u"WAIT"_s}));
-    EXPECT_EQ(selected(pair().displayed), 0);
+    EXPECT_EQ(selectedRowOf(pair().displayed), 0);
     screen.press(pair().down);
     screen.press(pair().down);
     EXPECT_EQ(screen.rows(pair().displayed), (QStringList{u"ISOLATE"_s, u"WAIT"_s, u"LOCK"_s}));
-    EXPECT_EQ(selected(pair().displayed), 2);
+    EXPECT_EQ(selectedRowOf(pair().displayed), 2);
     expectOthersUntouched();
 }
 

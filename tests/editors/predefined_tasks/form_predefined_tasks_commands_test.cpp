@@ -44,7 +44,7 @@ TEST_F(PackageCommands, AnEmptyEntryAddsNothingAndSaysNothing) {
     EXPECT_EQ(rows().size(), 2);
 }
 
-TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
+TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsReportedAndTheEntryCleared) {
     configure(u"Ä-1"_s);
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s, .assets = {u"AB1"_s, u"ä-1"_s}}});
     script.answers.insert(u"select mtag from MT.inventory where i4201 = 'B-1'"_s, {Row{u"18"_s}});
@@ -52,7 +52,7 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
     const struct {
         QString typed;
         QString message;
-        bool sought;
+        bool queried;
     } cases[] = {
         {u"AB1"_s, u"Instrument already listed!"_s, false},
         {u"ab1"_s, u"Instrument already listed!"_s, false},
@@ -62,33 +62,33 @@ TEST_F(PackageCommands, AnInstrumentThatCantBeListedIsToldAndTheEntryEmptied) {
         {u"B-1"_s, notConfigured, true},
         {u"A''1"_s, unknownInstrument, true},
     };
-    for (const auto& one : cases) {
+    for (const auto& testCase : cases) {
         script.statements.clear();
-        person.expectBox(one.message, packagesTitle, box::warning);
-        add(one.typed);
-        EXPECT_EQ(rows().size(), 2) << one.typed.toStdString();
+        simulatedOperator.expectBox(testCase.message, packagesTitle, box::warning);
+        add(testCase.typed);
+        EXPECT_EQ(rows().size(), 2) << testCase.typed.toStdString();
         EXPECT_TRUE(entry().text().isEmpty());
         EXPECT_TRUE(entry().hasFocus());
-        EXPECT_EQ(!script.statements.isEmpty(), one.sought);
+        EXPECT_EQ(!script.statements.isEmpty(), testCase.queried);
     }
 }
 
 TEST_F(PackageCommands, AnInstrumentWhoseNumberHasAQuoteIsReportedAndCountsAsUnknown) {
     open();
     script.statements.clear();
-    person.expectReport(1, u"ModuleGlobals,CheckAsset"_s);
-    person.expectBox(unknownInstrument, packagesTitle, box::warning);
+    simulatedOperator.expectReport(1, u"ModuleGlobals,CheckAsset"_s);
+    simulatedOperator.expectBox(unknownInstrument, packagesTitle, box::warning);
     add(u"A'1"_s);
     EXPECT_EQ(rows().size(), 2);
     EXPECT_TRUE(entry().text().isEmpty());
     EXPECT_TRUE(script.statements.isEmpty());
 }
 
-TEST_F(PackageCommands, AnInstrumentThatCantBeSoughtIsReportedAndCountsAsUnknown) {
+TEST_F(PackageCommands, AFailedQueryOfAnInstrumentIsReportedAndCountsAsUnknown) {
     open();
     script.failures.insert(u"select mtag from MT.inventory where i4201 = 'A-3'"_s, noTable);
-    person.expectReport(208, u"ModuleGlobals,CheckAsset"_s);
-    person.expectBox(unknownInstrument, packagesTitle, box::warning);
+    simulatedOperator.expectReport(208, u"ModuleGlobals,CheckAsset"_s);
+    simulatedOperator.expectBox(unknownInstrument, packagesTitle, box::warning);
     add(u"A-3"_s);
     EXPECT_EQ(rows().size(), 2);
 }
@@ -148,7 +148,7 @@ TEST_F(PackageCommands, NothingThatWasEnteredGoesIntoANewPackage) {
     option(u"SQL"_s);
     QTest::keyClicks(&sql(), u"select"_s);
     script.failures.insert(selectModels, noTable);
-    person.expectReport(208, u"FormPredefinedTasks,OptionModel-Click"_s);
+    simulatedOperator.expectReport(208, u"FormPredefinedTasks,OptionModel-Click"_s);
     option(u"Model"_s);
     typeValue(u"Typed"_s);
     create(u"NEW"_s);
@@ -170,18 +170,18 @@ TEST_F(PackageCommands, TheFirstPackageOfAllMakesTheScreenUsable) {
 
 TEST_F(PackageCommands, ANameHasAtMostThirtyCharacters) {
     open();
-    person.expectDialog(u"Add New Task Package"_s,
-                        u"Enter a name for the new test strategy (30 chars max!):"_s,
-                        [](FormCustomDialog& dialog) { answerDialog(dialog, u"N"_s.repeated(31)); });
+    simulatedOperator.expectDialog(
+        u"Add New Task Package"_s, u"Enter a name for the new test strategy (30 chars max!):"_s,
+        [](FormCustomDialog& dialog) { answerDialog(dialog, u"N"_s.repeated(31)); });
     click(u"CommandAddTP"_s);
     EXPECT_EQ(names().currentText(), u"N"_s.repeated(30));
 }
 
-TEST_F(PackageCommands, ANameThatIsTakenIsToldAndAskedAgain) {
+TEST_F(PackageCommands, AnExistingNameIsReportedAndAskedForAgain) {
     open();
     script.answers.insert(selectTaken(u"LIST"_s), {Row{u"LIST"_s}});
     expectName(u"LIST"_s);
-    person.expectBox(u"Task Package Already Exists!"_s, u"Add New Task Package"_s, box::warning);
+    simulatedOperator.expectBox(u"Task Package Already Exists!"_s, u"Add New Task Package"_s, box::warning);
     expectName(u"LIST 2"_s);
     click(u"CommandAddTP"_s);
     EXPECT_EQ(script.statements, (QStringList{selectTaken(u"LIST"_s), selectTaken(u"LIST 2"_s)}));
@@ -211,27 +211,27 @@ TEST_F(PackageCommands, ACancelledFirstNameLeavesTheScreenDisabled) {
     EXPECT_FALSE(names().isEnabled());
 }
 
-TEST_F(PackageCommands, WhileTheNameIsAskedThePackagesAreOutOfReachAndTheScreenStaysOpen) {
+TEST_F(PackageCommands, WhileTheNameIsAskedThePackagesAreDisabledAndTheScreenStaysOpen) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectDialog(u"Add New Task Package"_s,
-                        u"Enter a name for the new test strategy (30 chars max!):"_s,
-                        [this](FormCustomDialog& dialog) {
-                            EXPECT_TRUE(enabled().isEmpty());
-                            EXPECT_FALSE(button(u"CommandSave"_s).isEnabledTo(form().widget()));
-                            EXPECT_FALSE(names().isEnabled());
-                            EXPECT_TRUE(notes().text().isEmpty());
-                            EXPECT_TRUE(rows().isEmpty());
-                            form().close();
-                            choose(u"mnuPredefined"_s);
-                            EXPECT_EQ(openChildren().count(u"FormPredefinedTasks"_s), 1);
-                            answerDialog(dialog, u"NEW"_s);
-                        });
+    simulatedOperator.expectDialog(u"Add New Task Package"_s,
+                                   u"Enter a name for the new test strategy (30 chars max!):"_s,
+                                   [this](FormCustomDialog& dialog) {
+                                       EXPECT_TRUE(enabled().isEmpty());
+                                       EXPECT_FALSE(button(u"CommandSave"_s).isEnabledTo(form().widget()));
+                                       EXPECT_FALSE(names().isEnabled());
+                                       EXPECT_TRUE(notes().text().isEmpty());
+                                       EXPECT_TRUE(rows().isEmpty());
+                                       form().close();
+                                       choose(u"mnuPredefined"_s);
+                                       EXPECT_EQ(openChildren().count(u"FormPredefinedTasks"_s), 1);
+                                       answerDialog(dialog, u"NEW"_s);
+                                   });
     click(u"CommandAddTP"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
 }
 
-TEST_F(PackageCommands, ANameThatCantBeSoughtIsReportedUnderTheStrategiesName) {
+TEST_F(PackageCommands, AFailedQueryOfANameIsReportedUnderTheStrategiesName) {
     open();
     option(u"Model"_s);
     typeValue(u"My model"_s);
@@ -242,7 +242,7 @@ TEST_F(PackageCommands, ANameThatCantBeSoughtIsReportedUnderTheStrategiesName) {
     script.failures.insert(selectTaken(u"NEW"_s), noTable);
     script.statements.clear();
     expectName(u"NEW"_s);
-    person.expectReport(208, u"FormStrategies,CommandAdd"_s);
+    simulatedOperator.expectReport(208, u"FormStrategies,CommandAdd"_s);
     click(u"CommandAddTP"_s);
     // Everything that was entered is there again.
     EXPECT_EQ(script.statements, QStringList{selectTaken(u"NEW"_s)});
@@ -260,10 +260,10 @@ TEST_F(PackageCommands, CancellingANewPackageDropsItsName) {
     open();
     create(u"NEW"_s);
     script.statements.clear();
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
     click(u"CommandCancel"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"NEW"_s), selectTasks, selectPackage(u"LIST"_s),
                                               selectAssets(u"TAG OF LIST"_s)}));
@@ -275,7 +275,7 @@ TEST_F(PackageCommands, CancellingANewPackageDropsItsName) {
 TEST_F(PackageCommands, ClosingWithANewPackageAsks) {
     open();
     create(u"NEW"_s);
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
@@ -285,10 +285,10 @@ TEST_F(PackageCommands, ClosingWithANewPackageAsks) {
 TEST_F(PackageCommands, RemovingAsksAndShowsTheFirstPackageThatIsLeft) {
     setPackages({{.name = u"O"_s, .letter = u"M"_s, .value = u"X"_s}, {.name = u"LIST"_s, .letter = u"A"_s}});
     open();
-    person.expectBox(deletion, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(deletion, packagesTitle, box::question, BoxAnswer::no);
     click(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
-    person.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
+    simulatedOperator.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
         setPackages({{.name = u"LIST"_s, .letter = u"A"_s}});
         testing::click(*shown.buttons().first());
     });
@@ -303,7 +303,7 @@ TEST_F(PackageCommands, RemovingAsksAndShowsTheFirstPackageThatIsLeft) {
 
 TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {
     open();
-    person.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
+    simulatedOperator.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
         setPackages({});
         testing::click(*shown.buttons().first());
     });
@@ -319,11 +319,11 @@ TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {
 TEST_F(PackageCommands, UnsavedChangesReplaceTheQuestionAboutRemoval) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
+    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
     click(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(notes().text(), u"x"_s);
-    person.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"LIST"_s));
 }
@@ -332,8 +332,8 @@ TEST_F(PackageCommands, AFailureOfEachStatementOfARemovalIsReportedAndThePackage
     open();
     for (const auto& statement : deletes(u"LIST"_s)) {
         script.failures = {{statement, noTable}};
-        person.expectBox(deletion, packagesTitle, box::question, BoxAnswer::yes);
-        person.expectReport(208, u"FormPredefinedTasks,CommandRemoveTP"_s);
+        simulatedOperator.expectBox(deletion, packagesTitle, box::question, BoxAnswer::yes);
+        simulatedOperator.expectReport(208, u"FormPredefinedTasks,CommandRemoveTP"_s);
         click(u"CommandRemoveTP"_s);
         EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
         EXPECT_EQ(script.statements.last(), statement);
@@ -346,10 +346,10 @@ TEST_F(PackageCommands, CancelAsksAndLoadsThePackageAgain) {
     assets().setCurrentRow(1);
     click(u"CommandRemove"_s);
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
     click(u"CommandCancel"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"LIST"_s), selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));

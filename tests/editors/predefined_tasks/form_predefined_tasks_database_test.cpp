@@ -20,12 +20,12 @@ const QString addPrompt = u"Enter a name for the new test strategy (30 chars max
 class FormPredefinedTasksOnDatabase : public ScreenOnDatabase<FormPredefinedTasks> {
   protected:
     FormPredefinedTasksOnDatabase() { open(session); }
-    QComboBox& names() { return the<QComboBox>(u"ComboTPName"_s); }
-    void option(const QString& name) { the<QRadioButton>(u"Option"_s + name).click(); }
-    void setValue(const QString& value) { the<QComboBox>(u"ComboSelectList"_s).setEditText(value); }
-    void setSql(const QString& sql) { the<TextBox>(u"TextSQL"_s).setText(sql); }
+    QComboBox& names() { return controlNamed<QComboBox>(u"ComboTPName"_s); }
+    void option(const QString& name) { controlNamed<QRadioButton>(u"Option"_s + name).click(); }
+    void setValue(const QString& value) { controlNamed<QComboBox>(u"ComboSelectList"_s).setEditText(value); }
+    void setSql(const QString& sql) { controlNamed<TextBox>(u"TextSQL"_s).setText(sql); }
     void add(const QString& asset) {
-        the<QLineEdit>(u"TextListEnter"_s).setText(asset);
+        controlNamed<QLineEdit>(u"TextListEnter"_s).setText(asset);
         press(u"CommandAdd"_s);
     }
     void create(const QString& name) {
@@ -34,14 +34,14 @@ class FormPredefinedTasksOnDatabase : public ScreenOnDatabase<FormPredefinedTask
     }
     QStringList rows() {
         QStringList found;
-        auto& list = the<QListWidget>(u"ListAssets"_s);
+        auto& list = controlNamed<QListWidget>(u"ListAssets"_s);
         for (int i = 0; i < list.count(); ++i)
             found << list.item(i)->text();
         found.sort();
         return found;
     }
     /// The instruments that the package stands for, sorted.
-    QStringList expanded(const QString& name) {
+    QStringList expand(const QString& name) {
         QStringList found;
         const int count = ModuleGlobals::GetAssetsInTaskPackage(session, name);
         for (int i = 0; i < count; ++i)
@@ -73,13 +73,13 @@ TEST_F(FormPredefinedTasksOnDatabase, ShowsEveryPackageAsItIsExpanded) {
         if (i > 0)
             chooseRow(names(), names().itemText(i));
         shown << names().currentText();
-        if (the<QRadioButton>(u"OptionAssetList"_s).isChecked()) {
-            EXPECT_EQ(rows(), expanded(shown.last())) << shown.last().toStdString();
+        if (controlNamed<QRadioButton>(u"OptionAssetList"_s).isChecked()) {
+            EXPECT_EQ(rows(), expand(shown.last())) << shown.last().toStdString();
         } else {
             EXPECT_TRUE(rows().isEmpty());
-            EXPECT_FALSE(expanded(shown.last()).isEmpty()) << shown.last().toStdString();
+            EXPECT_FALSE(expand(shown.last()).isEmpty()) << shown.last().toStdString();
         }
-        EXPECT_FALSE(the<QPushButton>(u"CommandSave"_s).isEnabled());
+        EXPECT_FALSE(controlNamed<QPushButton>(u"CommandSave"_s).isEnabled());
     }
     shown.sort();
     EXPECT_EQ(shown, packages());
@@ -90,7 +90,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASavedPackageOfEachKindIsExpanded) {
     add(u"PT-101"_s);
     add(u"TW-103"_s);
     press(u"CommandSave"_s);
-    EXPECT_EQ(expanded(u"MADE HERE"_s), (QStringList{u"PT-101"_s, u"TW-103"_s}));
+    EXPECT_EQ(expand(u"MADE HERE"_s), (QStringList{u"PT-101"_s, u"TW-103"_s}));
 
     const struct {
         QString option;
@@ -113,7 +113,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASavedPackageOfEachKindIsExpanded) {
         press(u"CommandSave"_s);
         const auto wanted = instruments(kind.condition);
         EXPECT_FALSE(wanted.isEmpty());
-        EXPECT_EQ(expanded(u"MADE HERE"_s), wanted) << kind.option.toStdString();
+        EXPECT_EQ(expand(u"MADE HERE"_s), wanted) << kind.option.toStdString();
         EXPECT_EQ(values(u"select "_s + kind.column +
                          u" from mt.hvm_kv_task_packages where taskname = 'MADE HERE'"_s),
                   QStringList{kind.value});
@@ -127,7 +127,7 @@ TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway
     QStringList tags{tagOf(u"TORQUE CREW A"_s)};
     const auto before = members(tags.first());
     for (int save = 0; save < 3; ++save) {
-        the<TextBox>(u"TextNotes"_s).setText(u"Save %1"_s.arg(save));
+        controlNamed<TextBox>(u"TextNotes"_s).setText(u"Save %1"_s.arg(save));
         press(u"CommandSave"_s);
         EXPECT_TRUE(members(tags.last()).isEmpty());
         tags << tagOf(u"TORQUE CREW A"_s);
@@ -138,9 +138,9 @@ TEST_F(FormPredefinedTasksOnDatabase, EachSaveGivesANewTagAndTakesTheOldListAway
     EXPECT_EQ(members(tagOf(u"UNIT 1 SHUTDOWN"_s)), other);
 }
 
-TEST_F(FormPredefinedTasksOnDatabase, ASaveTellsWhoMadeItAndWhen) {
+TEST_F(FormPredefinedTasksOnDatabase, ASaveStoresItsUserAndMoment) {
     chooseRow(names(), u"UTILITIES"_s);
-    the<TextBox>(u"TextNotes"_s).setText(u"It's so.\r\nΩ 校正"_s);
+    controlNamed<TextBox>(u"TextNotes"_s).setText(u"It's so.\r\nΩ 校正"_s);
     const auto before = daysAgo(0);
     press(u"CommandSave"_s);
     const auto of = u" from mt.hvm_kv_task_packages where taskname = 'UTILITIES'"_s;
@@ -169,7 +169,7 @@ TEST_F(FormPredefinedTasksOnDatabase, TheHourglassShowsWhileTheListIsReadTheSumI
               (QStringList{u"busy"_s, u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s, u"normal"_s}));
     ui.events.clear();
     create(u"NEW"_s);
-    // The first is that of the dialog, the second that of the look at the name.
+    // The first is that of the dialog, the second that of the query of the name.
     EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"normal"_s, u"busy"_s, u"normal"_s}));
 }
 
@@ -206,7 +206,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ANameWithAQuoteIsSavedAndRemovedAndCantBeL
     EXPECT_TRUE(packages().contains(u"O'BRIEN"_s));
     ui.expectReport(1, u"FormPredefinedTasks,LoadPackage"_s);
     chooseRow(names(), u"O'BRIEN"_s);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(names().currentText(), u"O'BRIEN"_s);
     ui.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
                  box::question, BoxAnswer::yes);
@@ -220,15 +220,15 @@ TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListKeepsThePac
     const auto shown = rows();
     EXPECT_TRUE(shown.contains(u"TW'103"_s));
     const auto tag = tagOf(u"TORQUE CREW A"_s);
-    the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
+    controlNamed<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     ui.expectReport(1, u"FormPredefinedTasks,CommandSave"_s);
     press(u"CommandSave"_s);
     EXPECT_EQ(rows(), shown);
-    EXPECT_TRUE(the<QPushButton>(u"CommandSave"_s).isEnabled());
+    EXPECT_TRUE(controlNamed<QPushButton>(u"CommandSave"_s).isEnabled());
     // What was stored is still there, and the instrument is found.
     EXPECT_EQ(tagOf(u"TORQUE CREW A"_s), tag);
     EXPECT_EQ(members(tag).size(), shown.size());
-    auto& list = the<QListWidget>(u"ListAssets"_s);
+    auto& list = controlNamed<QListWidget>(u"ListAssets"_s);
     ASSERT_TRUE(list.currentItem());
     EXPECT_EQ(list.currentItem()->text(), u"TW'103"_s);
     EXPECT_TRUE(list.hasFocus());
@@ -237,20 +237,20 @@ TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentWithAQuoteInTheListKeepsThePac
 TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertUndoesTheDeletionAndCanBeRepeated) {
     chooseRow(names(), u"TORQUE CREW A"_s);
     const auto shown = rows();
-    the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
+    controlNamed<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     session.SessionUser = u"o'hara"_s;
     ui.expectReport(1, u"FormPredefinedTasks,CommandSave"_s);
     press(u"CommandSave"_s);
-    EXPECT_EQ(expanded(u"TORQUE CREW A"_s), shown);
+    EXPECT_EQ(expand(u"TORQUE CREW A"_s), shown);
     EXPECT_EQ(rows(), shown);
     session.SessionUser = u"jdoe"_s;
     press(u"CommandSave"_s);
-    EXPECT_EQ(expanded(u"TORQUE CREW A"_s), shown);
+    EXPECT_EQ(expand(u"TORQUE CREW A"_s), shown);
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentOfAnotherOwnerIsUnknown) {
     chooseRow(names(), u"TORQUE CREW A"_s);
-    become(u"gpetrov"_s, u"ABC"_s);
+    useOwner(u"gpetrov"_s, u"ABC"_s);
     ui.expectBox(u"Must enter a valid instrument number!"_s, packagesTitle, box::warning);
     add(u"PT-101"_s);
 }
@@ -260,13 +260,13 @@ TEST_F(FormPredefinedTasksOnDatabase, APackageRemovedByAnotherWorkstationIsMadeA
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
     setValue(u"LAB"_s);
     press(u"CommandSave"_s);
-    EXPECT_EQ(expanded(u"UTILITIES"_s), instruments(u"i4240 = 'LAB'"_s));
+    EXPECT_EQ(expand(u"UTILITIES"_s), instruments(u"i4240 = 'LAB'"_s));
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, ACancelFindsThatAnotherWorkstationRemovedThePackage) {
     chooseRow(names(), u"UTILITIES"_s);
     execute(u"delete from mt.hvm_kv_task_packages where taskname = 'UTILITIES';commit"_s);
-    the<TextBox>(u"TextNotes"_s).setText(u"x"_s);
+    controlNamed<TextBox>(u"TextNotes"_s).setText(u"x"_s);
     ui.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     press(u"CommandCancel"_s);
     EXPECT_EQ(names().findText(u"UTILITIES"_s), -1);
@@ -277,9 +277,9 @@ TEST_F(FormPredefinedTasksOnDatabase, ASaveReplacesWhatAnotherWorkstationSaved) 
     chooseRow(names(), u"UTILITIES"_s);
     execute(u"update mt.hvm_kv_task_packages set segregate = 'LAB', notes = 'Theirs' where taskname = "
             "'UTILITIES';commit"_s);
-    the<TextBox>(u"TextNotes"_s).setText(u"Ours"_s);
+    controlNamed<TextBox>(u"TextNotes"_s).setText(u"Ours"_s);
     press(u"CommandSave"_s);
-    EXPECT_EQ(expanded(u"UTILITIES"_s), instruments(u"i4240 = 'UTIL'"_s));
+    EXPECT_EQ(expand(u"UTILITIES"_s), instruments(u"i4240 = 'UTIL'"_s));
     EXPECT_EQ(values(u"select notes from mt.hvm_kv_task_packages where taskname = 'UTILITIES'"_s),
               QStringList{u"Ours"_s});
 }
@@ -291,7 +291,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ABadStatementIsSavedAndFailsWhenThePackage
     press(u"CommandSave"_s);
     EXPECT_TRUE(packages().contains(u"BAD"_s));
     ui.expectReport(1, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_TRUE(expanded(u"BAD"_s).isEmpty());
+    EXPECT_TRUE(expand(u"BAD"_s).isEmpty());
 }
 
 } // namespace kelvane::testing

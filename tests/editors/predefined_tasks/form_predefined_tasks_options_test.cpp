@@ -39,9 +39,9 @@ TEST_P(KindsOfPackages, ShowTheirOptionTheirValueAndTheControlsOfTheirDefinition
     open();
     EXPECT_EQ(optionOn(), kind.option);
     for (const auto& name : (u"TextSQL ComboSelectList "_s + listControls).split(u' '))
-        EXPECT_EQ(the<QWidget>(name).isVisible(), kind.visible.split(u' ').contains(name))
+        EXPECT_EQ(controlNamed<QWidget>(name).isVisible(), kind.visible.split(u' ').contains(name))
             << name.toStdString();
-    EXPECT_EQ(the<QLabel>(u"LabelDefinition"_s).text(), kind.label);
+    EXPECT_EQ(controlNamed<QLabel>(u"LabelDefinition"_s).text(), kind.label);
     EXPECT_EQ(rows(), kind.letter == u"A"_s ? QStringList{u"A-1"_s} : QStringList());
     EXPECT_EQ(sql().text(), kind.letter == u"S"_s ? u"Value"_s : QString());
     EXPECT_EQ(value().currentText(), kind.choices.isEmpty() ? QString() : u"Value"_s);
@@ -58,15 +58,15 @@ TEST_P(KindsOfPackages, AreShownAlikeByAClickOnTheOption) {
     open();
     option(kind.option);
     for (const auto& name : (u"TextSQL ComboSelectList "_s + listControls).split(u' '))
-        EXPECT_EQ(the<QWidget>(name).isVisible(), kind.visible.split(u' ').contains(name))
+        EXPECT_EQ(controlNamed<QWidget>(name).isVisible(), kind.visible.split(u' ').contains(name))
             << name.toStdString();
-    EXPECT_EQ(the<QLabel>(u"LabelDefinition"_s).text(), kind.label);
+    EXPECT_EQ(controlNamed<QLabel>(u"LabelDefinition"_s).text(), kind.label);
     EXPECT_EQ(choices().join(u' '), kind.choices);
     EXPECT_TRUE(value().currentText().isEmpty());
     // A click alone lights nothing, though closing notices the change.
     EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
     EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
+    simulatedOperator.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
     form().close();
     EXPECT_NE(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
         ShownKind{"description", u"D"_s, u"Description"_s, u"ComboSelectList"_s, u"Description To Use:"_s,
                   u"GAUGE WRENCH"_s},
         ShownKind{"model", u"M"_s, u"Model"_s, u"ComboSelectList"_s, u"Model To Use:"_s, u"CLICK"_s}),
-    [](const auto& one) { return std::string(one.param.name); });
+    [](const auto& info) { return std::string(info.param.name); });
 
 /// The options of a package's definition, and the values that belong to them.
 class PackageOptions : public PackageScreen {};
@@ -97,9 +97,9 @@ TEST_F(PackageOptions, ClicksOnListAndSqlPutTheFocusIntoTheirEntry) {
     EXPECT_FALSE(button(u"CommandAdd"_s).isDefault());
     EXPECT_TRUE(button(u"CommandSave"_s).isDefault());
     option(u"Model"_s);
-    EXPECT_TRUE(the<QRadioButton>(u"OptionModel"_s).hasFocus());
+    EXPECT_TRUE(controlNamed<QRadioButton>(u"OptionModel"_s).hasFocus());
     // The arrow keys choose like the mouse does.
-    QTest::keyClick(&the<QRadioButton>(u"OptionModel"_s), Qt::Key_Left);
+    QTest::keyClick(&controlNamed<QRadioButton>(u"OptionModel"_s), Qt::Key_Left);
     EXPECT_EQ(optionOn(), u"Description"_s);
     EXPECT_EQ(choices(), (QStringList{u"GAUGE"_s, u"WRENCH"_s}));
 }
@@ -167,7 +167,7 @@ TEST_F(PackageOptions, ALoadedValueIsTheLastOneOfItsOwnKind) {
     EXPECT_EQ(value().currentText(), u"WRENCH"_s);
 }
 
-TEST_F(PackageOptions, AValueMayBeChosenOrTypedAndLightsOnlySave) {
+TEST_F(PackageOptions, AValueMayBeChosenOrTypedAndEnablesOnlySave) {
     setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
     open();
     typeValue(u"lab"_s);
@@ -182,14 +182,14 @@ TEST_F(PackageOptions, AValueMayBeChosenOrTypedAndLightsOnlySave) {
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s}));
 }
 
-TEST_F(PackageOptions, ChoosingTheValueThatStandsThereLightsSaveToo) {
+TEST_F(PackageOptions, ChoosingTheValueThatIsSelectedEnablesSaveToo) {
     setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
     open();
     chooseRow(value(), u"UTIL"_s);
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s}));
 }
 
-TEST_F(PackageOptions, LookingAtALoadedValueLightsNothing) {
+TEST_F(PackageOptions, ViewingALoadedValueEnablesNothing) {
     setPackages({{.name = u"G"_s, .letter = u"G"_s, .value = u"UTIL"_s}});
     open();
     value().setFocus();
@@ -209,23 +209,23 @@ TEST_F(PackageOptions, AnOptionThatCantReadItsListKeepsTheTextsApart) {
         {u"Model"_s, selectModels, u"FormPredefinedTasks,OptionModel-Click"_s},
     };
     open();
-    for (const auto& one : rows) {
-        script.failures = {{one.statement, Error{208, u"no such table"_s}}};
-        person.expectReport(208, one.routine);
-        option(one.option);
-        person.waitUntilAllCame();
+    for (const auto& row : rows) {
+        script.failures = {{row.statement, Error{208, u"no such table"_s}}};
+        simulatedOperator.expectReport(208, row.routine);
+        option(row.option);
+        simulatedOperator.waitUntilAllCame();
         EXPECT_TRUE(choices().isEmpty());
         EXPECT_TRUE(value().isVisible());
-        typeValue(one.option);
+        typeValue(row.option);
     }
-    person.expectReport(208, rows[1].routine);
+    simulatedOperator.expectReport(208, rows[1].routine);
     script.failures = {{selectDescriptions, Error{208, u"no such table"_s}}};
     option(u"Description"_s);
     EXPECT_EQ(value().currentText(), u"Description"_s);
     script.failures.clear();
-    for (const auto& one : rows) {
-        option(one.option);
-        EXPECT_EQ(value().currentText(), one.option);
+    for (const auto& row : rows) {
+        option(row.option);
+        EXPECT_EQ(value().currentText(), row.option);
     }
     EXPECT_FALSE(QApplication::overrideCursor());
 }

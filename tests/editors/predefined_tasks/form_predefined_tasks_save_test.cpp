@@ -18,7 +18,7 @@ const Error noTable{208, u"no such table"_s};
 /// What a save checks, writes and leaves behind.
 class PackageSave : public PackageScreen {};
 
-TEST_F(PackageSave, WhatIsMissingIsToldAndStopsTheSave) {
+TEST_F(PackageSave, AMissingEntryIsReportedAndStopsTheSave) {
     const struct {
         QString option;
         QString message;
@@ -32,13 +32,13 @@ TEST_F(PackageSave, WhatIsMissingIsToldAndStopsTheSave) {
     };
     open();
     create(u"NEW"_s);
-    for (const auto& one : cases) {
-        option(one.option);
+    for (const auto& testCase : cases) {
+        option(testCase.option);
         script.statements.clear();
-        person.expectBox(one.message, packagesTitle, box::warning);
+        simulatedOperator.expectBox(testCase.message, packagesTitle, box::warning);
         click(u"CommandSave"_s);
-        EXPECT_TRUE(script.statements.isEmpty()) << one.option.toStdString();
-        EXPECT_TRUE(the<QWidget>(one.focus).hasFocus()) << one.option.toStdString();
+        EXPECT_TRUE(script.statements.isEmpty()) << testCase.option.toStdString();
+        EXPECT_TRUE(controlNamed<QWidget>(testCase.focus).hasFocus()) << testCase.option.toStdString();
         EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
     }
 }
@@ -55,9 +55,9 @@ TEST_F(PackageSave, EachKindIsSavedIntoItsColumnWithQuotesDoubled) {
     };
     open();
     QStringList tags;
-    for (const auto& one : cases) {
-        option(one.option);
-        if (one.option == u"SQL"_s)
+    for (const auto& testCase : cases) {
+        option(testCase.option);
+        if (testCase.option == u"SQL"_s)
             QTest::keyClicks(&sql(), u"it's"_s);
         else
             typeValue(u"it's"_s);
@@ -65,7 +65,7 @@ TEST_F(PackageSave, EachKindIsSavedIntoItsColumnWithQuotesDoubled) {
         click(u"CommandSave"_s);
         tags << newTag();
         EXPECT_EQ(ownStatements(), deletes(u"LIST"_s)
-                                       << insertPackage(u"LIST"_s, tags.last(), one.values, u"NULL"_s));
+                                       << insertPackage(u"LIST"_s, tags.last(), testCase.values, u"NULL"_s));
         EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
         EXPECT_FALSE(QApplication::overrideCursor());
     }
@@ -138,7 +138,7 @@ TEST_F(PackageSave, AValueOfAMillionCharactersIsNotCut) {
     script.statements.clear();
     option(u"AssetList"_s);
     QTest::keyClick(&entry(), Qt::Key_V, Qt::ControlModifier);
-    person.expectBox(unknownInstrument, packagesTitle, box::warning);
+    simulatedOperator.expectBox(unknownInstrument, packagesTitle, box::warning);
     QTest::keyClick(&entry(), Qt::Key_Return);
     EXPECT_EQ(script.statements.value(0), u"select mtag from MT.inventory where i4201 = '"_s + text + u'\'');
 }
@@ -150,7 +150,7 @@ TEST_F(PackageSave, AFailureOfEachStatementOfASaveIsReportedAndTheScreenKeepsIts
     auto failing = deletes(u"LIST"_s);
     for (const auto& statement : failing) {
         script.failures = {{statement, noTable}};
-        person.expectReport(208, u"FormPredefinedTasks,CommandSave"_s);
+        simulatedOperator.expectReport(208, u"FormPredefinedTasks,CommandSave"_s);
         click(u"CommandSave"_s);
         EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
         EXPECT_EQ(notes().text(), u"Note"_s);
@@ -169,13 +169,13 @@ TEST_F(PackageSave, AConnectionLostAtASaveKeepsTheScreen) {
     open();
     QTest::keyClicks(&notes(), u"Note"_s);
     script.lost = true;
-    person.expectReport(10054, u"ModuleGlobals,ClearSystemTables"_s);
-    person.expectReport(10054, u"FormPredefinedTasks,CommandSave"_s);
+    simulatedOperator.expectReport(10054, u"ModuleGlobals,ClearSystemTables"_s);
+    simulatedOperator.expectReport(10054, u"FormPredefinedTasks,CommandSave"_s);
     click(u"CommandSave"_s);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(notes().text(), u"Note"_s);
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
+    simulatedOperator.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
     form().close();
     EXPECT_NE(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
@@ -188,9 +188,9 @@ TEST_F(PackageSave, ReturnSavesAValueAndEscapeCancels) {
     EXPECT_TRUE(script.statements.contains(
         insertPackage(u"G"_s, newTag(), u"'G',NULL,'LAB',NULL,NULL"_s, u"NULL"_s)));
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
     QTest::keyClick(&notes(), Qt::Key_Escape);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(notes().text(), u"x"_s);
 }
 

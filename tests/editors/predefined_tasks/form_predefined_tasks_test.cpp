@@ -44,10 +44,11 @@ TEST_F(FormPredefinedTasksTest, HasItsSizePlaceTextsAndFocus) {
         {u"CommandSave"_s, u"Save"_s},
         {u"CommandCancel"_s, u"Cancel"_s},
     };
-    for (const auto& one : texts)
-        EXPECT_EQ(the<QWidget>(one.name).property("text").toString(), one.text) << one.name.toStdString();
-    EXPECT_EQ(the<QGroupBox>(u"SSPanelIdentification"_s).title(), u"Task Package Identification"_s);
-    EXPECT_EQ(the<QGroupBox>(u"SSPanelDefinition"_s).title(), u"Task Package Definition"_s);
+    for (const auto& text : texts)
+        EXPECT_EQ(controlNamed<QWidget>(text.name).property("text").toString(), text.text)
+            << text.name.toStdString();
+    EXPECT_EQ(controlNamed<QGroupBox>(u"SSPanelIdentification"_s).title(), u"Task Package Identification"_s);
+    EXPECT_EQ(controlNamed<QGroupBox>(u"SSPanelDefinition"_s).title(), u"Task Package Definition"_s);
     EXPECT_TRUE(names().hasFocus());
     EXPECT_TRUE(isWindowOpen(session, u"FormPredefinedTasks"));
 }
@@ -76,7 +77,7 @@ TEST_F(FormPredefinedTasksTest, WithoutPackagesEverythingButAddingIsDisabled) {
          {u"ComboTPName"_s, u"TextNotes"_s, u"OptionAssetList"_s, u"OptionSQL"_s, u"OptionSegregate"_s,
           u"OptionDescription"_s, u"OptionModel"_s, u"TextListEnter"_s, u"ListAssets"_s, u"TextSQL"_s,
           u"ComboSelectList"_s, u"CommandAdd"_s, u"LabelDefinition"_s, u"Label3"_s})
-        EXPECT_FALSE(the<QWidget>(name).isEnabled()) << name.toStdString();
+        EXPECT_FALSE(controlNamed<QWidget>(name).isEnabled()) << name.toStdString();
     EXPECT_EQ(optionOn(), u"AssetList"_s);
     EXPECT_TRUE(assets().isVisible());
     EXPECT_FALSE(sql().isVisible());
@@ -95,19 +96,19 @@ TEST_F(FormPredefinedTasksTest, RemovingAnInstrumentNeedsOneInTheListWhenThePack
 
 // What lights the buttons.
 
-TEST_F(FormPredefinedTasksTest, TypingLightsSaveAndCancel) {
+TEST_F(FormPredefinedTasksTest, TypingEnablesSaveAndCancel) {
     const QStringList lit{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s, u"Cancel"_s};
     for (const auto& name : {u"TextNotes"_s, u"TextSQL"_s, u"TextListEnter"_s}) {
         setPackages({{.name = u"P"_s, .letter = name == u"TextSQL"_s ? u"S"_s : u"A"_s}});
         open();
         EXPECT_EQ(enabled(), lit.mid(0, 2));
-        auto& field = the<QWidget>(name);
+        auto& field = controlNamed<QWidget>(name);
         field.setFocus();
         QTest::keyClicks(&field, u"x"_s);
         EXPECT_EQ(enabled(), lit) << name.toStdString();
         // An instrument that is not in the list yet is no change of the package.
         if (name != u"TextListEnter"_s)
-            person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
+            simulatedOperator.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::yes);
         form().close();
         EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -138,15 +139,15 @@ TEST_F(FormPredefinedTasksTest, ChoosingWithAChangeAsksAndNoPutsTheNameBack) {
     open();
     add(u"A-3"_s);
     script.statements.clear();
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
     QTest::keyClick(&names(), Qt::Key_Down);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"LIST"_s);
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-3"_s}));
     EXPECT_TRUE(script.statements.isEmpty());
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     QTest::keyClick(&names(), Qt::Key_Down);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"MODEL"_s);
     EXPECT_EQ(value().currentText(), u"CLICK"_s);
     EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
@@ -162,10 +163,10 @@ TEST_F(FormPredefinedTasksTest, AChosenPackageIsNotChangedByBeingChosen) {
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     // A change of it counts, though.
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
     chooseRow(names(), u"MODEL"_s);
     EXPECT_EQ(names().currentText(), u"LIST"_s);
-    person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
     chooseRow(names(), u"MODEL"_s);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
@@ -179,7 +180,7 @@ TEST_F(FormPredefinedTasksTest, AfterASaveACancelOrTheSameChoiceAChosenPackageCo
         },
         [this] {
             QTest::keyClicks(&notes(), u"x"_s);
-            person.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
+            simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
             click(u"CommandCancel"_s);
         },
         [this] {
@@ -223,7 +224,7 @@ TEST_F(FormPredefinedTasksTest, APackageThatHasVanishedBringsTheListAnewAndNothi
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
 
-TEST_F(FormPredefinedTasksTest, AFirstPackageThatIsListedAndNotFoundIsNotSoughtWithoutEnd) {
+TEST_F(FormPredefinedTasksTest, AFirstPackageThatIsListedAndNotFoundIsNotSearchedEndlessly) {
     script.answers.insert(selectTasks, {Row{u"O''Brien"_s}});
     choose(u"mnuPredefined"_s);
     EXPECT_EQ(script.statements, (QStringList{selectTasks, selectPackage(u"O''Brien"_s)}));
@@ -241,7 +242,7 @@ TEST_F(FormPredefinedTasksTest, AFirstPackageWithoutANameLeavesTheScreenDisabled
 
 TEST_F(FormPredefinedTasksTest, AFailureWhileOpeningOpensAnEmptyScreen) {
     script.failures.insert(selectTasks, noTable);
-    person.expectReport(208, u"FormPredefinedTasks,LoadTasks"_s);
+    simulatedOperator.expectReport(208, u"FormPredefinedTasks,LoadTasks"_s);
     open();
     EXPECT_EQ(enabled(), QStringList{u"AddTP"_s});
     EXPECT_FALSE(QApplication::overrideCursor());
@@ -250,7 +251,7 @@ TEST_F(FormPredefinedTasksTest, AFailureWhileOpeningOpensAnEmptyScreen) {
 TEST_F(FormPredefinedTasksTest, APackageThatCantBeReadIsShownEmptyAndNothingCanBeEnteredOverIt) {
     for (const auto& statement : {selectPackage(u"LIST"_s), selectAssets(u"TAG OF LIST"_s)}) {
         script.failures = {{statement, noTable}};
-        person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
+        simulatedOperator.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
         open();
         EXPECT_EQ(names().currentText(), u"LIST"_s);
         EXPECT_TRUE(rows().isEmpty());
@@ -275,7 +276,7 @@ TEST_F(FormPredefinedTasksTest, NothingCanBeEnteredWhereTheListAnewBeginsWithAPa
     open();
     script.answers.remove(selectPackage(u"GONE"_s));
     script.failures.insert(selectPackage(u"LIST"_s), noTable);
-    person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
+    simulatedOperator.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
     chooseRow(names(), u"GONE"_s);
     EXPECT_EQ(names().currentText(), u"LIST"_s);
     EXPECT_FALSE(notes().isEnabled());
@@ -283,7 +284,7 @@ TEST_F(FormPredefinedTasksTest, NothingCanBeEnteredWhereTheListAnewBeginsWithAPa
 
 TEST_F(FormPredefinedTasksTest, ANewPackageIsOpenForEntriesAfterOneThatCouldNotBeRead) {
     script.failures.insert(selectPackage(u"LIST"_s), noTable);
-    person.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
+    simulatedOperator.expectReport(208, u"FormPredefinedTasks,LoadPackage"_s);
     open();
     create(u"NEW"_s);
     add(u"A-1"_s);
@@ -295,13 +296,13 @@ TEST_F(FormPredefinedTasksTest, ANewPackageIsOpenForEntriesAfterOneThatCouldNotB
 TEST_F(FormPredefinedTasksTest, ANameWithAQuoteCantBeLoadedButCanBeRemoved) {
     setPackages({{.name = u"LIST"_s, .letter = u"A"_s}, {.name = u"O'B"_s, .letter = u"A"_s}});
     open();
-    person.expectReport(1, u"FormPredefinedTasks,LoadPackage"_s);
+    simulatedOperator.expectReport(1, u"FormPredefinedTasks,LoadPackage"_s);
     QTest::keyClick(&names(), Qt::Key_Down);
-    person.waitUntilAllCame();
+    simulatedOperator.waitUntilAllCame();
     EXPECT_EQ(names().currentText(), u"O'B"_s);
     EXPECT_EQ(script.statements, QStringList());
-    person.expectBox(u"Are you sure you want to delete the selected task package?"_s, packagesTitle,
-                     box::question, BoxAnswer::yes);
+    simulatedOperator.expectBox(u"Are you sure you want to delete the selected task package?"_s,
+                                packagesTitle, box::question, BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"O'B"_s));
 }
@@ -311,7 +312,7 @@ TEST_F(FormPredefinedTasksTest, ANameWithAQuoteCantBeLoadedButCanBeRemoved) {
 TEST_F(FormPredefinedTasksTest, ClosingAsksOnlyWithAChangeAndKeepsThePosition) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
+    simulatedOperator.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, BoxAnswer::no);
     form().close();
     EXPECT_TRUE(isWindowOpen(session, u"FormPredefinedTasks"));
     QTest::keyClick(&notes(), Qt::Key_Backspace);
@@ -334,14 +335,15 @@ TEST_F(FormPredefinedTasksTest, AnotherOrderOfTheListIsNoChange) {
 TEST_F(FormPredefinedTasksTest, WhileAQuestionIsOpenNothingIsDoneTwice) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    person.expectBox(discardSinceSave, packagesTitle, box::warningYesNo, [this](QMessageBox& shown) {
-        form().close();
-        for (const auto& name :
-             {u"CommandSave"_s, u"CommandCancel"_s, u"CommandRemoveTP"_s, u"CommandAddTP"_s})
-            button(name).click();
-        EXPECT_TRUE(script.statements.isEmpty());
-        QTest::keyClick(&shown, Qt::Key_Escape);
-    });
+    simulatedOperator.expectBox(
+        discardSinceSave, packagesTitle, box::warningYesNo, [this](QMessageBox& shown) {
+            form().close();
+            for (const auto& name :
+                 {u"CommandSave"_s, u"CommandCancel"_s, u"CommandRemoveTP"_s, u"CommandAddTP"_s})
+                button(name).click();
+            EXPECT_TRUE(script.statements.isEmpty());
+            QTest::keyClick(&shown, Qt::Key_Escape);
+        });
     form().close();
     EXPECT_NE(findChild(u"FormPredefinedTasks"_s), nullptr);
     EXPECT_EQ(notes().text(), u"x"_s);

@@ -20,7 +20,7 @@ const QString addTitle = u"Add New Task Package"_s;
 // The text of the strategies' screen serves here too.
 const QString addPrompt = u"Enter a name for the new test strategy (30 chars max!):"_s;
 
-QString quoted(const QString& name) {
+QString quote(const QString& name) {
     return u'\'' + QString(name).replace(u'\'', u"''"_s) + u'\'';
 }
 
@@ -46,16 +46,17 @@ void PackageScreen::configure(const QString& asset) {
 
 void PackageScreen::setPackages(const QList<StoredPackage>& packages) {
     QList<Row> listed;
-    for (const auto& one : packages) {
-        listed << Row{one.name};
-        const auto tag = u"TAG OF "_s + one.name;
+    for (const auto& package : packages) {
+        listed << Row{package.name};
+        const auto tag = u"TAG OF "_s + package.name;
         const auto in = [&](const QString& letter) {
-            return one.letter == letter ? one.value : std::optional<QString>();
+            return package.letter == letter ? package.value : std::optional<QString>();
         };
-        script.answers.insert(selectPackage(one.name), {Row{tag, u"PDEF"_s, one.notes, in(u"S"_s), one.letter,
-                                                            in(u"G"_s), in(u"M"_s), in(u"D"_s)}});
+        script.answers.insert(selectPackage(package.name),
+                              {Row{tag, u"PDEF"_s, package.notes, in(u"S"_s), package.letter, in(u"G"_s),
+                                   in(u"M"_s), in(u"D"_s)}});
         QList<Row> members;
-        for (const auto& asset : one.assets)
+        for (const auto& asset : package.assets)
             members << Row{asset};
         script.answers.insert(selectAssets(tag), members);
     }
@@ -75,15 +76,15 @@ QString PackageScreen::selectAssets(const QString& tag) {
 }
 
 QString PackageScreen::selectTaken(const QString& name) {
-    return u"select taskname from mt.hvm_kv_task_packages where taskname = "_s + quoted(name);
+    return u"select taskname from mt.hvm_kv_task_packages where taskname = "_s + quote(name);
 }
 
 QStringList PackageScreen::deletes(const QString& name) {
     return {
         u"delete from mt.hvm_kv_task_assets where tptag = (select tptag from mt.hvm_kv_task_packages where "
         "taskname = "_s +
-            quoted(name) + u");commit"_s,
-        u"delete from mt.hvm_kv_task_packages where taskname = "_s + quoted(name) + u";commit"_s};
+            quote(name) + u");commit"_s,
+        u"delete from mt.hvm_kv_task_packages where taskname = "_s + quote(name) + u";commit"_s};
 }
 
 QString PackageScreen::insertPackage(const QString& name, const QString& tag, const QString& values,
@@ -109,16 +110,16 @@ void PackageScreen::click(const QString& name) {
 }
 
 void PackageScreen::option(const QString& name) {
-    auto& shown = the<QRadioButton>(u"Option"_s + name);
+    auto& shown = controlNamed<QRadioButton>(u"Option"_s + name);
     QTest::mouseClick(&shown, Qt::LeftButton, {}, QPoint(8, shown.height() / 2));
     EXPECT_TRUE(shown.isChecked());
 }
 
 QString PackageScreen::optionOn() {
     QString on;
-    for (const auto* one : form().findChildren<QRadioButton*>()) {
-        if (one->isChecked())
-            on += one->objectName().mid(6);
+    for (const auto* button : form().findChildren<QRadioButton*>()) {
+        if (button->isChecked())
+            on += button->objectName().mid(6);
     }
     return on;
 }
@@ -167,12 +168,13 @@ QStringList PackageScreen::enabled() {
 }
 
 void PackageScreen::expectName(const QString& name) {
-    person.expectDialog(addTitle, addPrompt, name);
+    simulatedOperator.expectDialog(addTitle, addPrompt, name);
 }
 
 void PackageScreen::cancelDialog() {
-    person.expectDialog(addTitle, addPrompt, [this](FormCustomDialog& dialog) {
-        person.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    simulatedOperator.expectDialog(addTitle, addPrompt, [this](FormCustomDialog& dialog) {
+        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                    BoxAnswer::yes);
         dialog.close();
     });
 }

@@ -48,16 +48,16 @@ class PackageScreen : public ProgramTest {
     void open();
     ChildWindow& form() { return child(QStringLiteral("FormPredefinedTasks")); }
     template <class Control>
-    Control& the(const QString& name) {
+    Control& controlNamed(const QString& name) {
         return control<Control>(form(), name);
     }
-    QComboBox& names() { return the<QComboBox>(QStringLiteral("ComboTPName")); }
-    QComboBox& value() { return the<QComboBox>(QStringLiteral("ComboSelectList")); }
-    QListWidget& assets() { return the<QListWidget>(QStringLiteral("ListAssets")); }
-    QLineEdit& entry() { return the<QLineEdit>(QStringLiteral("TextListEnter")); }
-    TextBox& notes() { return the<TextBox>(QStringLiteral("TextNotes")); }
-    TextBox& sql() { return the<TextBox>(QStringLiteral("TextSQL")); }
-    QPushButton& button(const QString& name) { return the<QPushButton>(name); }
+    QComboBox& names() { return controlNamed<QComboBox>(QStringLiteral("ComboTPName")); }
+    QComboBox& value() { return controlNamed<QComboBox>(QStringLiteral("ComboSelectList")); }
+    QListWidget& assets() { return controlNamed<QListWidget>(QStringLiteral("ListAssets")); }
+    QLineEdit& entry() { return controlNamed<QLineEdit>(QStringLiteral("TextListEnter")); }
+    TextBox& notes() { return controlNamed<TextBox>(QStringLiteral("TextNotes")); }
+    TextBox& sql() { return controlNamed<TextBox>(QStringLiteral("TextSQL")); }
+    QPushButton& button(const QString& name) { return controlNamed<QPushButton>(name); }
     void click(const QString& name);
     /// Turns an option on, by its name without "Option".
     void option(const QString& name);

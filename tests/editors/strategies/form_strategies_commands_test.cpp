@@ -48,7 +48,7 @@ QStringList renameOf(const QString& from, const QString& to) {
 
 } // namespace
 
-TEST_F(StrategiesTest, AddAsksForANameOfThirtyCharactersWithTheListsEmptyAndOutOfReach) {
+TEST_F(StrategiesTest, AddAsksForANameOfThirtyCharactersWithTheListsEmptyAndDisabled) {
     open();
     expectNameDialog(u"NEW"_s, [this](const DialogQuestion& question) {
         EXPECT_TRUE(question.required);
@@ -175,7 +175,7 @@ TEST_F(StrategiesTest, RenameMovesThePointsAndTheInstrumentsToTheNewName) {
     EXPECT_FALSE(ui.busy);
 }
 
-TEST_F(StrategiesTest, RenameOntoAnExistingNameMergesTheTwoWithoutAWord) {
+TEST_F(StrategiesTest, RenameOntoAnExistingNameMergesTheTwoSilently) {
     open();
     expectRenameDialog(u"UP DOWN"_s);
     screen.press(u"CommandRename"_s);
@@ -397,7 +397,7 @@ TEST_F(StrategiesTest, AFailureOfEachStatementOfASaveEndsItThereAndTheScreenKeep
         script.failures = {{whole[failing], refused}};
         ui.expectReport(547, saving);
         screen.press(u"CommandSave"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(statements(), whole.mid(0, failing + 1));
         EXPECT_EQ(screen.name(), u"FIVE"_s);
         EXPECT_EQ(screen.points(), typed);
@@ -507,7 +507,7 @@ TEST_F(StrategiesTest, WhatIsNoNumberIsAskedForAgainOnRetryAndGivenUpOnCancel) {
                           [](const DialogQuestion& question) { EXPECT_EQ(question.defaultText, u"0.0"_s); });
         ui.expectBox(noPercentage, u"Kelvane"_s, box::warningRetryCancel, BoxAnswer::cancel);
         screen.press(u"CommandAddTP"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(screen.points().size(), 5);
         EXPECT_EQ(screen.enabled(), idle);
     }

@@ -20,7 +20,7 @@ class StrategiesInTheDatabase : public DatabaseSession {
         return values(u"select mtag from mt.hvm_kv_tag_config where tp_name = '"_s + name + u"'"_s);
     }
     /// Another workstation runs a statement.
-    void elsewhere(const QString& statement) {
+    void executeElsewhere(const QString& statement) {
         database.connect(u"jdoe"_s, u"kelvane"_s)->execute(statement);
     }
 
@@ -153,8 +153,9 @@ TEST_F(StrategiesInTheDatabase, ANameWithAQuotePassesAddRenameAndDeleteButFailsI
 TEST_F(StrategiesInTheDatabase, AStrategyChangedElsewhereMeanwhileIsReplacedWhole) {
     open();
     screen.choose(screen.names(), u"2 POINT UP"_s);
-    elsewhere(u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values ('2 POINT "
-              "UP','7','33');commit"_s);
+    executeElsewhere(
+        u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values ('2 POINT "
+        "UP','7','33');commit"_s);
     addPoint(u"110"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0.0"_s, u"01:100.0"_s, u"02:110.0"_s}));
@@ -163,7 +164,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyChangedElsewhereMeanwhileIsReplacedWhol
 TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereMeanwhileIsStoredAgain) {
     open();
     screen.choose(screen.names(), u"2 POINT UP"_s);
-    elsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '2 POINT UP';commit"_s);
+    executeElsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '2 POINT UP';commit"_s);
     addPoint(u"110"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0.0"_s, u"01:100.0"_s, u"02:110.0"_s}));
@@ -172,7 +173,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereMeanwhileIsStoredAgain)
 
 TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereIsNotThereAnyMoreWhenItIsChosen) {
     open();
-    elsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '9 POINT UP/DOWN';commit"_s);
+    executeElsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '9 POINT UP/DOWN';commit"_s);
     screen.choose(screen.names(), u"9 POINT UP/DOWN"_s);
     EXPECT_FALSE(screen.allNames().contains(u"9 POINT UP/DOWN"_s));
     EXPECT_EQ(screen.name(), screen.allNames().first());

@@ -50,11 +50,11 @@ class StrategiesInTheProgram : public ProgramTest {
     /// Presses Return; whatever the dialog then says has to be expected.
     static void accept(FormCustomDialog& dialog) { QTest::keyClick(&field(dialog), Qt::Key_Return); }
     void giveUp(FormCustomDialog& dialog) {
-        person.expectBox(sureToCancel, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(sureToCancel, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
         dialog.close();
     }
-    void addByPasting(const QString& text) {
-        person.expectDialog(newStrategy, namePrompt, [text](FormCustomDialog& dialog) {
+    void addWithPaste(const QString& text) {
+        simulatedOperator.expectDialog(newStrategy, namePrompt, [text](FormCustomDialog& dialog) {
             paste(dialog, text);
             accept(dialog);
         });
@@ -63,7 +63,7 @@ class StrategiesInTheProgram : public ProgramTest {
 };
 
 TEST_F(StrategiesInTheProgram, TheFocusStaysOnThePointThatReturnModifies) {
-    person.expectDialog(newStrategy, namePrompt, u"NEW"_s);
+    simulatedOperator.expectDialog(newStrategy, namePrompt, u"NEW"_s);
     button(u"CommandAdd"_s).setFocus();
     QTest::keyClick(&button(u"CommandAdd"_s), Qt::Key_Space);
     auto& predefined = control<QComboBox>(form(), u"ComboPreDef"_s);
@@ -74,15 +74,15 @@ TEST_F(StrategiesInTheProgram, TheFocusStaysOnThePointThatReturnModifies) {
     auto& list = control<QListWidget>(form(), u"ListPoints"_s);
     ASSERT_TRUE(list.hasFocus());
     QTest::keyClick(&list, Qt::Key_Home);
-    person.expectDialog(u"Kelvane"_s, u"Enter the new test point: (%)"_s, u"5"_s);
+    simulatedOperator.expectDialog(u"Kelvane"_s, u"Enter the new test point: (%)"_s, u"5"_s);
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_EQ(points(), (QStringList{u"5"_s, u"100.00"_s}));
     EXPECT_TRUE(list.hasFocus()) << qPrintable(QApplication::focusWidget()->objectName());
 }
 
 TEST_F(StrategiesInTheProgram, AnEmptyNameIsRefusedByTheDialogAndNeverReachesTheDatabase) {
-    person.expectDialog(newStrategy, namePrompt, [this](FormCustomDialog& dialog) {
-        person.expectBox(u"Required Field - must provide an entry!"_s, u"Kelvane"_s, box::warning);
+    simulatedOperator.expectDialog(newStrategy, namePrompt, [this](FormCustomDialog& dialog) {
+        simulatedOperator.expectBox(u"Required Field - must provide an entry!"_s, u"Kelvane"_s, box::warning);
         accept(dialog);
         EXPECT_TRUE(dialog.isOpen());
         EXPECT_TRUE(script.statements.isEmpty());
@@ -111,11 +111,11 @@ TEST_F(StrategiesInTheProgram, OddNamesAreTakenAsTheyAreAndAtMostThirtyCharacter
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name.toStdString());
-        addByPasting(row.pasted);
+        addWithPaste(row.pasted);
         EXPECT_EQ(script.statements, QStringList{selectName(row.inStatement)});
         EXPECT_EQ(name(), row.name);
-        person.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
-                         u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+        simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+                                    u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
         form().close();
         choose(u"mnuStrategies"_s);
         script.statements.clear();
@@ -126,15 +126,15 @@ TEST_F(StrategiesInTheProgram, WhatIsNoNumberIsRefusedByTheDialogItself) {
     for (const auto& entry : {u"abc"_s, u"12 V"_s, u"1e400"_s, u"NaN"_s, u"'5'"_s, u"٥٠"_s, u"0x10"_s,
                               u"9"_s.repeated(1'000'000)}) {
         SCOPED_TRACE(entry.left(20).toStdString());
-        person.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
+        simulatedOperator.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
             EXPECT_EQ(field(dialog).text(), u"0.0"_s);
-            person.expectBox(u"Invalid Numeric Format!"_s, u"Kelvane"_s, box::warning);
+            simulatedOperator.expectBox(u"Invalid Numeric Format!"_s, u"Kelvane"_s, box::warning);
             paste(dialog, entry);
             accept(dialog);
             giveUp(dialog);
         });
         click(button(u"CommandAddTP"_s));
-        EXPECT_TRUE(person.allCame());
+        EXPECT_TRUE(simulatedOperator.hasMetAll());
         EXPECT_EQ(points(), (QStringList{u"0"_s, u"100"_s}));
         EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
     }
@@ -142,7 +142,7 @@ TEST_F(StrategiesInTheProgram, WhatIsNoNumberIsRefusedByTheDialogItself) {
 
 TEST_F(StrategiesInTheProgram, ANumberOfAMillionDigitsIsAPointLikeAnyOther) {
     const auto longPoint = u"0."_s + u"1"_s.repeated(1'000'000);
-    person.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
         paste(dialog, longPoint);
         accept(dialog);
     });
@@ -154,7 +154,7 @@ TEST_F(StrategiesInTheProgram, PointsAreAddedByKeyboardAlone) {
     auto& add = button(u"CommandAddTP"_s);
     add.setFocus();
     for (const auto& point : {u"25"_s, u"75"_s}) {
-        person.expectDialog(u"Kelvane"_s, pointPrompt, point);
+        simulatedOperator.expectDialog(u"Kelvane"_s, pointPrompt, point);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         EXPECT_TRUE(add.hasFocus());
     }
@@ -163,7 +163,7 @@ TEST_F(StrategiesInTheProgram, PointsAreAddedByKeyboardAlone) {
 
 TEST_F(StrategiesInTheProgram, TheMenusCommandMeanwhileOnlyBringsTheScreenForward) {
     const auto* before = &form();
-    person.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
+    simulatedOperator.expectDialog(u"Kelvane"_s, pointPrompt, [&](FormCustomDialog& dialog) {
         choose(u"mnuStrategies"_s);
         EXPECT_EQ(&form(), before);
         form().close();
@@ -179,8 +179,9 @@ TEST_F(StrategiesInTheProgram, TheMenusCommandMeanwhileOnlyBringsTheScreenForwar
 }
 
 TEST_F(StrategiesInTheProgram, LogOutIsRefusedWhileTheScreenIsOpen) {
-    person.expectBox(u"One or more windows are still open! Please close open windows before logging out..."_s,
-                     u"Kelvane"_s, box::warning);
+    simulatedOperator.expectBox(
+        u"One or more windows are still open! Please close open windows before logging out..."_s,
+        u"Kelvane"_s, box::warning);
     choose(u"mnuLogout"_s);
     EXPECT_TRUE(session.SessionConnected);
 }

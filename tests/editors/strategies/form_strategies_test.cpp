@@ -45,10 +45,10 @@ TEST_F(StrategiesTest, HasItsPlaceTextsAndToolTips) {
         {u"CommandMoveDown"_s, u""_s, u"Make the selected test point occur later in the calibration"_s},
         {u"CommandCancel"_s, u"Cancel changes"_s, u"Cancel changes made to this test strategy"_s},
     };
-    for (const auto& one : texts) {
-        const auto& shown = control<QWidget>(screen.form(), one.name);
-        EXPECT_EQ(shown.property("text").toString(), one.text) << one.name.toStdString();
-        EXPECT_EQ(shown.toolTip(), one.toolTip) << one.name.toStdString();
+    for (const auto& text : texts) {
+        const auto& shown = control<QWidget>(screen.form(), text.name);
+        EXPECT_EQ(shown.property("text").toString(), text.text) << text.name.toStdString();
+        EXPECT_EQ(shown.toolTip(), text.toolTip) << text.name.toStdString();
     }
     EXPECT_EQ(screen.predefined().count(), 14);
     EXPECT_EQ(screen.predefined().currentText(), u" "_s);
@@ -115,12 +115,12 @@ TEST_F(StrategiesTest, AStrategyIsChosenByKeyboardWithTheListClosed) {
                 {Qt::Key_End, u"UP DOWN"_s},
                 {Qt::Key_Home, u"FIVE"_s},
                 {Qt::Key_U, u"UP DOWN"_s}};
-    for (const auto& one : keys) {
-        SCOPED_TRACE(one.name.toStdString());
-        QTest::keyClick(&screen.names(), one.key);
-        EXPECT_EQ(statements(), loadOf(one.name));
-        EXPECT_EQ(screen.name(), one.name);
-        EXPECT_EQ(screen.points().size(), one.name == u"FIVE"_s ? 5 : 3);
+    for (const auto& key : keys) {
+        SCOPED_TRACE(key.name.toStdString());
+        QTest::keyClick(&screen.names(), key.key);
+        EXPECT_EQ(statements(), loadOf(key.name));
+        EXPECT_EQ(screen.name(), key.name);
+        EXPECT_EQ(screen.points().size(), key.name == u"FIVE"_s ? 5 : 3);
     }
 }
 
@@ -324,7 +324,7 @@ TEST_F(StrategiesTest, EachQueryThatFailsWhileLoadingIsReportedAndLeavesTheScree
         script.failures = {{query, Error{208, u"no such table"_s}}};
         ui.expectReport(208, loading);
         screen.choose(screen.names(), u"UP DOWN"_s);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         EXPECT_EQ(screen.name(), u"FIVE"_s);
         EXPECT_EQ(screen.allNames(), (QStringList{u"FIVE"_s, u"UP DOWN"_s}));
         EXPECT_EQ(screen.points(), before);
@@ -343,7 +343,7 @@ TEST_F(StrategiesTest, ANullAmongNamesOrPointsIsReported) {
         script.answers[query] << Row{std::nullopt};
         ui.expectReport(94, loading);
         screen.open(session);
-        EXPECT_TRUE(ui.allCame());
+        EXPECT_TRUE(ui.hasMetAll());
         script.answers[query] = whole;
         screen.close();
     }
@@ -359,7 +359,7 @@ TEST_F(StrategiesTest, OpensEmptyWhenTheDatabaseFailsAndAddIsThere) {
     EXPECT_FALSE(screen.isOpen());
 }
 
-TEST_F(StrategiesTest, ALostConnectionIsReportedAndSaid) {
+TEST_F(StrategiesTest, ALostConnectionIsReportedAndShown) {
     open();
     script.lost = true;
     ui.expectReport(10054, loading);
@@ -387,7 +387,7 @@ TEST_F(StrategiesTest, EscapeCancelsAndReturnSavesOnceThereIsSomethingToSave) {
     screen.names().setFocus();
     ui.expectBox(discard, u"Kelvane"_s, box::question, BoxAnswer::no);
     QTest::keyClick(&screen.names(), Qt::Key_Escape);
-    EXPECT_TRUE(ui.allCame());
+    EXPECT_TRUE(ui.hasMetAll());
     QTest::keyClick(&screen.names(), Qt::Key_Return);
     EXPECT_TRUE(statements().contains(
         u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values "

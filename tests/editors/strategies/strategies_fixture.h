@@ -33,9 +33,10 @@ class StrategiesTest : public RecordedSession {
     /// From now on the database has no such strategy.
     void forget(const QString& name) {
         script.answers[selectNames()].removeOne(Row{name});
-        for (auto one = script.answers.begin(); one != script.answers.end();)
-            one = one.key().contains(QLatin1Char('\'') + name + QLatin1Char('\'')) ? script.answers.erase(one)
-                                                                                   : std::next(one);
+        for (auto answer = script.answers.begin(); answer != script.answers.end();)
+            answer = answer.key().contains(QLatin1Char('\'') + name + QLatin1Char('\''))
+                         ? script.answers.erase(answer)
+                         : std::next(answer);
     }
 
     /// Opens the screen; what it reads then is not recorded.

@@ -24,9 +24,9 @@ class StrategiesScreen : public EditorScreen<FormStrategies> {
     /// Opens it; `calParam` is the open parameter editor.
     void open(Session& session, OpenCalParam* calParam = nullptr);
 
-    QComboBox& names() { return the<QComboBox>(QStringLiteral("ComboTSNames")); }
-    QComboBox& predefined() { return the<QComboBox>(QStringLiteral("ComboPreDef")); }
-    QListWidget& list() { return the<QListWidget>(QStringLiteral("ListPoints")); }
+    QComboBox& names() { return controlNamed<QComboBox>(QStringLiteral("ComboTSNames")); }
+    QComboBox& predefined() { return controlNamed<QComboBox>(QStringLiteral("ComboPreDef")); }
+    QListWidget& list() { return controlNamed<QListWidget>(QStringLiteral("ListPoints")); }
 
     QString name() { return names().currentText(); }
     QStringList allNames();

@@ -34,7 +34,7 @@ TEST_F(DataSources, AreListedInTheDriverManagersOrder) {
     EXPECT_EQ(names.mid(first, 3), (QStringList{u"Zeta"_s, u"Calibration Data"_s, u"Prüfdaten 温"_s}));
 }
 
-TEST_F(DataSources, WithALongNameAreCutToTheRoomForNames) {
+TEST_F(DataSources, WithALongNameAreCutToTheBufferForNames) {
     write(u"[a name that is quite a bit longer than thirty-one characters]\nDriver = SQLite3\n"_s);
     EXPECT_TRUE(odbcDataSources().contains(u"a name that is quite a bit long"_s));
 }

@@ -46,8 +46,8 @@ TEST(EmbeddedBatch, IsCutIntoSteps) {
         {"an unclosed quote is passed on whole", u"update t set x = 'its;commit"_s,
          u"update t set x = 'its;commit"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(stepsOf(one.given), one.wanted) << one.rule;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(stepsOf(testCase.given), testCase.wanted) << testCase.rule;
 }
 
 TEST(EmbeddedBatch, WithoutAStatementIsAnError) {
@@ -99,8 +99,8 @@ TEST(EmbeddedDialect, Functions) {
         {"broken off", u"x = now(*"_s, u"x = now(*"_s},
         {"broken off after a sign", u"x = now(*) -"_s, u"x = datetime('now','localtime') -"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(stepsOf(one.given), one.wanted) << one.rule;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(stepsOf(testCase.given), testCase.wanted) << testCase.rule;
 }
 
 TEST(EmbeddedDialect, NothingOfInterestIsPassedOnAsTheSameText) {
@@ -137,8 +137,8 @@ TEST(EmbeddedQuery, OfTheFirstRowGetsALimit) {
         {"with the dialect's words", u"select isnull(a,now(*)) from t"_s,
          u"select coalesce(a,datetime('now','localtime')) from t limit 1"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(embeddedQuery(one.given, Rows::first), one.wanted) << one.rule;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(embeddedQuery(testCase.given, Rows::first), testCase.wanted) << testCase.rule;
 }
 
 TEST(EmbeddedQuery, OfAllRowsGetsNone) {

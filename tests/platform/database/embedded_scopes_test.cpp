@@ -7,11 +7,11 @@ namespace kelvane::testing {
 
 namespace {
 
-QString resolved(const QString& statement) {
+QString resolve(const QString& statement) {
     const auto sql = tokensOf(statement);
     TextEdits edits;
     resolveOwners({sql.tokens.data(), static_cast<std::size_t>(sql.tokens.size())}, edits);
-    return edits.appliedTo(statement);
+    return edits.applyTo(statement);
 }
 
 } // namespace
@@ -58,8 +58,8 @@ TEST(OwnersOfColumns, MeanTheOneOtherOwnerWhoseTableIsAround) {
         {"in an insert's query", u"insert into mt.a (x) values ((select abc.t.x from std.t))"_s,
          u"insert into mt.a (x) values ((select std.t.x from std.t))"_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(resolved(one.given), one.wanted) << one.rule;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(resolve(testCase.given), testCase.wanted) << testCase.rule;
 }
 
 TEST(OwnersOfColumns, StayAsTheyAre) {
@@ -91,13 +91,13 @@ TEST(OwnersOfColumns, StayAsTheyAre) {
         {"dots alone", u"a . . . b"_s},
         {"nothing", u""_s},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(resolved(one.statement), one.statement) << one.rule;
+    for (const auto& testCase : cases)
+        EXPECT_EQ(resolve(testCase.statement), testCase.statement) << testCase.rule;
 }
 
 TEST(OwnersOfColumns, TheStandardsQueryOfAGroupOwnerReadsTheStandardsOwnRows) {
     EXPECT_EQ(
-        resolved(
+        resolve(
             u"select i4209,(select c2303 from STD.calibration where c2339 = 1 and STD.calibration.mtag = "
             "ABC.inventory.mtag),(select c2334 from STD.calibration where c2339 = 1 and "
             "STD.calibration.mtag = ABC.inventory.mtag),(select i4209 trace from ABC.inventory where i4201 = "

@@ -18,24 +18,24 @@ TEST(VerbatimAdapter, PassesEveryTextUntouched) {
     for (const auto& engine : {u"Adaptive Server Anywhere"_s, u"PostgreSQL"_s, u"sqlite"_s, QString()}) {
         RecordedLink link;
         const auto adapter = engineAdapterFor(engine);
-        adapter->opened(link, u"jdoe"_s, u"secret"_s);
+        adapter->prepareSession(link, u"jdoe"_s, u"secret"_s);
         EXPECT_TRUE(link.statements.isEmpty()) << "the login was the server's own";
         const QStringList texts{u""_s, u"delete from t where d < now(*) - 30;commit"_s,
                                 u"select load_extension(?) -- 'x"_s};
-        for (const auto& one : texts)
-            adapter->execute(link, one);
+        for (const auto& text : texts)
+            adapter->execute(link, text);
         EXPECT_EQ(link.statements, texts);
     }
 }
 
-TEST(VerbatimAdapter, DoesNotTellRowsSinceNobodyKnowsWhichStatementTheyAreOf) {
+TEST(VerbatimAdapter, GivesNoRowCountSinceItsStatementIsUnknown) {
     RecordedLink link;
     const auto update = u"update t set a = 1;commit"_s;
     link.changedRows = {{update, 0}};
     EXPECT_EQ(engineAdapterFor(u"Other"_s)->execute(link, update), -1);
 }
 
-TEST(EmbeddedAdapter, TellsTheRowsOfAllStatementsOrNothingWhenOneIsNotTold) {
+TEST(EmbeddedAdapter, GivesTheRowCountOfAllStatementsOrNoneWhenOneIsUnknown) {
     RecordedLink link;
     link.changedRows = {{u"delete from mt.a"_s, 2}, {u"delete from mt.b"_s, 3}};
     const auto adapter = engineAdapterFor(u"SQLite"_s);
@@ -76,7 +76,7 @@ TEST(EmbeddedAdapter, SeveralStatementsWithoutCommitCommitOneByOneUpToTheFirstFa
     EXPECT_EQ(link.statements, (QStringList{u"delete from a"_s, u"bogus"_s}));
 }
 
-TEST(EmbeddedAdapter, AFailureAnywhereInATransactionTakesItBackAndIsReportedItself) {
+TEST(EmbeddedAdapter, AFailureAnywhereInATransactionIsRolledBackAndReportedItself) {
     const QStringList wanted{u"begin immediate"_s, u"delete from mt.a"_s, u"delete from mt.b"_s, u"commit"_s};
     for (qsizetype failing = 0; failing < wanted.size(); ++failing) {
         RecordedLink link;
@@ -92,7 +92,7 @@ TEST(EmbeddedAdapter, AFailureAnywhereInATransactionTakesItBackAndIsReportedItse
     }
 }
 
-TEST(EmbeddedAdapter, ATransactionThatCanNotBeTakenBackLosesTheConnection) {
+TEST(EmbeddedAdapter, ATransactionThatCantBeRolledBackLosesTheConnection) {
     for (const auto& [native, lost] : {std::pair{1.0, false}, {10.0, true}, {5.0, true}}) {
         RecordedLink link;
         link.failAt = 3;
@@ -133,9 +133,10 @@ TEST(EngineAdapters, KnowWhichErrorsMeanThatTheConnectionIsGone) {
         {u"Other"_s, 0, u"57P03"_s, true},         {u"Other"_s, 10, u"HY000"_s, false},
         {u"Other"_s, 0, u"57014"_s, false},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(engineAdapterFor(one.engine)->meansLost({one.native, {}, one.state}), one.lost)
-            << one.engine.toStdString() << ' ' << one.native << ' ' << one.state.toStdString();
+    for (const auto& testCase : cases)
+        EXPECT_EQ(engineAdapterFor(testCase.engine)->isConnectionLoss({testCase.native, {}, testCase.state}),
+                  testCase.lost)
+            << testCase.engine.toStdString() << ' ' << testCase.native << ' ' << testCase.state.toStdString();
 }
 
 } // namespace kelvane::testing

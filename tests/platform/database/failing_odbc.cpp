@@ -11,7 +11,7 @@ int failing = -1;
 bool failingOn = false;
 int calls = 0;
 
-bool failsNow() {
+bool shouldFail() {
     const int call = calls++;
     return call == failing || (failingOn && failing >= 0 && call > failing);
 }
@@ -47,7 +47,7 @@ int callCount() {
 #define KELVANE_FAILING(name, parameters, arguments)                                                         \
     extern "C" SQLRETURN name parameters {                                                                   \
         static auto* const routine = real(&name, #name);                                                     \
-        return failsNow() ? SQL_ERROR : routine arguments;                                                   \
+        return shouldFail() ? SQL_ERROR : routine arguments;                                                 \
     }
 
 KELVANE_FAILING(SQLAllocHandle, (SQLSMALLINT type, SQLHANDLE in, SQLHANDLE* out), (type, in, out))
@@ -56,19 +56,19 @@ KELVANE_FAILING(SQLDriverConnectW,
                  SQLSMALLINT outRoom, SQLSMALLINT* outLength, SQLUSMALLINT completion),
                 (connection, window, in, inLength, out, outRoom, outLength, completion))
 KELVANE_FAILING(SQLGetInfoW,
-                (SQLHDBC connection, SQLUSMALLINT type, SQLPOINTER value, SQLSMALLINT room,
+                (SQLHDBC connection, SQLUSMALLINT type, SQLPOINTER value, SQLSMALLINT space,
                  SQLSMALLINT* length),
-                (connection, type, value, room, length))
+                (connection, type, value, space, length))
 KELVANE_FAILING(SQLNativeSqlW,
-                (SQLHDBC connection, SQLWCHAR* in, SQLINTEGER inLength, SQLWCHAR* out, SQLINTEGER room,
+                (SQLHDBC connection, SQLWCHAR* in, SQLINTEGER inLength, SQLWCHAR* out, SQLINTEGER space,
                  SQLINTEGER* length),
-                (connection, in, inLength, out, room, length))
+                (connection, in, inLength, out, space, length))
 KELVANE_FAILING(SQLExecDirect, (SQLHSTMT statement, SQLCHAR* text, SQLINTEGER length),
                 (statement, text, length))
 KELVANE_FAILING(SQLNumResultCols, (SQLHSTMT statement, SQLSMALLINT* columns), (statement, columns))
 KELVANE_FAILING(SQLFetch, (SQLHSTMT statement), (statement))
 KELVANE_FAILING(SQLGetData,
-                (SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER value, SQLLEN room,
+                (SQLHSTMT statement, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER value, SQLLEN space,
                  SQLLEN* length),
-                (statement, column, type, value, room, length))
+                (statement, column, type, value, space, length))
 KELVANE_FAILING(SQLFreeStmt, (SQLHSTMT statement, SQLUSMALLINT option), (statement, option))

@@ -10,7 +10,7 @@ namespace kelvane::testing {
 namespace {
 
 /// Runs `action` once without failures, then again and again with the first, the second, ... call failing.
-/// `afterwards` looks at what is left; it gets whether the action threw.
+/// `afterwards` checks the result; it gets whether the action threw.
 template <class Action, class Afterwards>
 void failEachCall(Action action, Afterwards afterwards) {
     failCall(-1);
@@ -78,7 +78,7 @@ TEST(FailingOdbc, ATransactionIsCarriedOutWholeOrNotAtAll) {
         });
 }
 
-TEST(FailingOdbc, ADriverThatFailsForGoodInATransactionLosesTheConnectionAndNothingHalfDoneStays) {
+TEST(FailingOdbc, ADriverThatFailsPermanentlyInATransactionLosesTheConnectionAndNothingHalfDoneStays) {
     const SmallDatabase database;
     const auto connection = database.connect();
     const auto batch =
@@ -130,7 +130,7 @@ TEST(FailingOdbc, ATransactionOfSeveralTextsIsCarriedOutWholeOrNotAtAll) {
     });
 }
 
-TEST(FailingOdbc, ATransactionWhoseRollBackFailsForGoodLosesTheConnectionAndStoresNothing) {
+TEST(FailingOdbc, ATransactionWhoseRollBackFailsPermanentlyLosesTheConnectionAndStoresNothing) {
     const SmallDatabase database;
     const auto connection = database.connect();
     connection->beginTransaction();

@@ -47,8 +47,8 @@ TEST_F(LockWait, ABatchAndATransactionWaitAtTheirBeginning) {
     EXPECT_EQ(waited, 3);
 }
 
-TEST_F(LockWait, ABatchThatHasBegunIsTakenBackAndNotTriedAgain) {
-    link.failures.insert(u"delete from mt.b"_s, RecordedLink::locked());
+TEST_F(LockWait, ABatchThatHasBegunIsRolledBackAndNotTriedAgain) {
+    link.failures.insert(u"delete from mt.b"_s, RecordedLink::lockedError());
     const auto error =
         errorOf([&] { adapter->execute(link, u"delete from mt.a;delete from mt.b;commit"_s); });
     EXPECT_EQ(error.value().number, 5);

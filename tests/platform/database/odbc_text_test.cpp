@@ -74,7 +74,7 @@ TEST_P(OdbcTexts, ADriverThatGivesNoReasonStillGivesAnError) {
 INSTANTIATE_TEST_SUITE_P(Kinds, OdbcTexts, ::testing::Values(DriverText::wide, DriverText::utf8),
                          [](const auto& kind) { return kind.param == DriverText::wide ? "wide" : "utf8"; });
 
-TEST(OdbcLinks, HandOutNoMoreThanTheFirstRowWhenAskedForIt) {
+TEST(OdbcLinks, ReturnNoMoreThanTheFirstRowWhenOnlyThatIsRequested) {
     OdbcLink link(u"Driver=SQLite3;Database=:memory:"_s, u"jdoe"_s, u"secret"_s);
     const auto count = [&](Rows rows) {
         const auto set = link.select(u"select 1 union all select 2 union all select 3"_s, rows);
@@ -95,9 +95,9 @@ TEST(OdbcLinks, QuoteTheValuesOfAConnectionString) {
     EXPECT_EQ(bracedValue(u"a;b}c{d"_s), u"{a;b}}c{d}"_s);
 }
 
-TEST(OdbcLinks, MarkTheConnectionAsLostByWhatTheyAreTold) {
+TEST(OdbcLinks, MarkTheConnectionAsLostByTheGivenTest) {
     OdbcLink link(u"Driver=SQLite3;Database=:memory:"_s, {}, {});
-    link.lostWhen([](const Error& error) { return error.description.contains(u"gone"_s); });
+    link.setLossTest([](const Error& error) { return error.description.contains(u"gone"_s); });
     const auto fails = [&](const QString& statement) {
         try {
             link.execute(statement);

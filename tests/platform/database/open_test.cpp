@@ -18,7 +18,7 @@ namespace kelvane::testing {
 namespace {
 
 /// The error of an open that has to fail and to leave the connection closed.
-Error failedOpen(const EmbeddedDatabase& database) {
+Error openError(const EmbeddedDatabase& database) {
     const auto connection = odbcConnections()();
     const auto error =
         errorOf([&] { connection->open(database.connectionString(), u"jdoe"_s, u"kelvane"_s); });
@@ -120,12 +120,12 @@ TEST(Open, OfAnOverlongConnectionStringIsAnError) {
 
 TEST(Open, OfADriverThatIsNotInstalledIsAnError) {
     const EmbeddedDatabase database(QString(), {{u"Driver"_s, u"/no/such/driver.so"_s}});
-    EXPECT_TRUE(failedOpen(database).description.contains(u"driver.so"_s));
+    EXPECT_TRUE(openError(database).description.contains(u"driver.so"_s));
 }
 
 TEST(Open, DoesNotMakeAMissingFile) {
     const EmbeddedDatabase database{QString()};
-    EXPECT_EQ(failedOpen(database).number, 14);
+    EXPECT_EQ(openError(database).number, 14);
     EXPECT_TRUE(QDir(database.path()).isEmpty());
 }
 
@@ -135,7 +135,7 @@ TEST(Open, OfAFileThatIsNoDatabaseIsAnErrorThatNamesIt) {
         for (const auto& side : {u"-wal"_s, u"-shm"_s})
             QFile::remove(database.file(name) + side);
         overwrite(database.file(name), QByteArray(8192, 'x'));
-        const auto error = failedOpen(database);
+        const auto error = openError(database);
         EXPECT_EQ(error.number, 26);
         EXPECT_TRUE(error.description.contains(name)) << error.description.toStdString();
     }
@@ -150,7 +150,7 @@ TEST(Open, OfADamagedSchemaIsAnErrorThatNamesTheFile) {
     file.seek(100); // the first page's own head, behind the file's
     file.write(QByteArray(2000, '\xff'));
     file.close();
-    const auto error = failedOpen(database);
+    const auto error = openError(database);
     EXPECT_EQ(error.number, 11);
     EXPECT_TRUE(error.description.contains(u"mt.db"_s)) << error.description.toStdString();
 }
@@ -158,7 +158,7 @@ TEST(Open, OfADamagedSchemaIsAnErrorThatNamesTheFile) {
 TEST(Open, OfADatabaseWithoutAccountsIsAnErrorThatNamesTheFile) {
     const EmbeddedDatabase database{QString()};
     makeFile(database.file(u"kelvane.db"_s), {u"create table other (x)"_s});
-    EXPECT_EQ(failedOpen(database).description,
+    EXPECT_EQ(openError(database).description,
               text(TextId::fileIsNoCalibrationDatabase)
                   .arg(QFileInfo(database.file(u"kelvane.db"_s)).canonicalFilePath()));
 }
@@ -166,7 +166,7 @@ TEST(Open, OfADatabaseWithoutAccountsIsAnErrorThatNamesTheFile) {
 TEST(Open, OfAnEmptyFileIsAnError) {
     const EmbeddedDatabase database{QString()};
     overwrite(database.file(u"kelvane.db"_s), {});
-    EXPECT_EQ(failedOpen(database).number, 26);
+    EXPECT_EQ(openError(database).number, 26);
 }
 
 TEST(Open, OfAFileThatAnotherHoldsLockedIsError5AfterTheTimeOut) {
@@ -176,7 +176,7 @@ TEST(Open, OfAFileThatAnotherHoldsLockedIsError5AfterTheTimeOut) {
         other.execute(u"pragma locking_mode = exclusive"_s);
         other.execute(u"begin exclusive"_s);
         other.execute(u"create table held (x)"_s);
-        const auto error = failedOpen(database);
+        const auto error = openError(database);
         EXPECT_EQ(error.number, 5) << error.description.toStdString();
         EXPECT_TRUE(error.description.contains(name)) << error.description.toStdString();
     }
@@ -219,7 +219,7 @@ TEST(Open, TakesTenOwnersAndNoMore) {
               QStringList{u"0"_s});
     makeFile(database.file(u"owner11.db"_s), {u"create table inventory (mtag text)"_s});
     EXPECT_EQ(
-        failedOpen(database).description,
+        openError(database).description,
         text(TextId::tooManyOwnerDatabases).arg(QFileInfo(database.path()).canonicalFilePath(), u"10"_s));
 }
 

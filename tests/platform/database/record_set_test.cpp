@@ -79,13 +79,13 @@ TEST_F(RecordSets, KeepTextsOfEveryLengthAndAlphabet) {
         texts << QString(length, u'x') << QString(length, u'温') << u"\U0001F527"_s.repeated(length)
               << u'a' + u"\U0001F527"_s.repeated(length);
     }
-    for (const auto& one : texts) {
-        note(one);
+    for (const auto& text : texts) {
+        note(text);
         const auto back = lastNote();
         ASSERT_TRUE(back);
-        EXPECT_TRUE(*back == one) << one.left(40).toStdString() << " of length " << one.size()
-                                  << " came back with " << back->size() << ": "
-                                  << back->left(40).toStdString();
+        EXPECT_TRUE(*back == text) << text.left(40).toStdString() << " of length " << text.size()
+                                   << " came back with " << back->size() << ": "
+                                   << back->left(40).toStdString();
     }
 }
 

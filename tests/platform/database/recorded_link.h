@@ -17,7 +17,7 @@ class RecordedLink final : public DriverLink {
     QHash<QString, qint64> changedRows;
     int busyTimes = 0;
     /// What an engine says of a lock.
-    static Error locked() { return {5, QStringLiteral("database is locked"), QStringLiteral("HY000")}; }
+    static Error lockedError() { return {5, QStringLiteral("database is locked"), QStringLiteral("HY000")}; }
 
     qint64 execute(const QString& statement) override {
         if (failAt == statements.size()) {
@@ -27,7 +27,7 @@ class RecordedLink final : public DriverLink {
         statements << statement;
         if (busyTimes > 0) {
             --busyTimes;
-            throw locked();
+            throw lockedError();
         }
         if (const auto failure = failures.constFind(statement); failure != failures.cend())
             throw *failure;

@@ -11,7 +11,7 @@ namespace kelvane::testing {
 namespace {
 
 /// A hash of the lowest cost, so that a hundred logins take no time.
-QString cheapHash(const QString& password) {
+QString hashCheaply(const QString& password) {
     crypt_data work{};
     return QString::fromLatin1(crypt_r(password.toUtf8().constData(), "$y$j75$saltsaltsalt", &work));
 }
@@ -27,12 +27,13 @@ void makeFile(const QString& path, const QStringList& statements) {
 SmallDatabase::SmallDatabase(const QHash<QString, QString>& settings)
     : EmbeddedDatabase(QString(), settings) {
     const auto account = u"insert into accounts values ('%1','%2')"_s;
-    makeFile(
-        file(u"kelvane.db"_s),
-        {u"create table accounts (name text primary key collate nocase, hash text)"_s,
-         account.arg(u"jdoe"_s, cheapHash(u"kelvane"_s)), account.arg(u"Jürgen"_s, cheapHash(u"pässwörd"_s)),
-         account.arg(u"o''hara"_s, cheapHash(u"it's"_s)), account.arg(u"damaged"_s, u"not a hash"_s),
-         account.arg(u"braces"_s, cheapHash(u"{a}b}};c"_s)), u"insert into accounts values ('none',null)"_s});
+    makeFile(file(u"kelvane.db"_s),
+             {u"create table accounts (name text primary key collate nocase, hash text)"_s,
+              account.arg(u"jdoe"_s, hashCheaply(u"kelvane"_s)),
+              account.arg(u"Jürgen"_s, hashCheaply(u"pässwörd"_s)),
+              account.arg(u"o''hara"_s, hashCheaply(u"it's"_s)), account.arg(u"damaged"_s, u"not a hash"_s),
+              account.arg(u"braces"_s, hashCheaply(u"{a}b}};c"_s)),
+              u"insert into accounts values ('none',null)"_s});
     const auto inventory =
         u"create table inventory (mtag text primary key, i4201 text unique, i4209 text) strict"_s;
     const auto calibration =

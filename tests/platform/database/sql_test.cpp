@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-TEST(Sql, JoinsItsOwnWordsAndValuesToTheLetter) {
+TEST(Sql, JoinsItsOwnWordsAndValuesExactly) {
     const auto statement = Sql(u"select c from ") + sqlName(u"ABC"_s) + u".t where a = " + sqlText(u"x y"_s) +
                            u" and n < " + sqlNumber(u"-1.5E+20"_s) + u" and b in (" +
                            sqlCondition(u"select 'a;)' from t where (c)"_s) + u")";

@@ -14,7 +14,7 @@ QString joined(TokenSpan tokens) {
     return texts.join(u'|');
 }
 
-QString tokensJoined(const SqlTokens& sql) {
+QString joinTokens(const SqlTokens& sql) {
     return joined({sql.tokens.data(), static_cast<std::size_t>(sql.tokens.size())});
 }
 
@@ -50,10 +50,10 @@ TEST(SqlText, IsCutIntoTokens) {
         {"letters of other alphabets", u"größe = 'Ж' and 温度"_s, u"größe|=|'Ж'|and|温度"_s},
         {"words with digits, dollar and underscore", u"_a$1 hvm_kv"_s, u"_a$1|hvm_kv"_s},
     };
-    for (const auto& one : cases) {
-        const auto sql = tokensOf(one.text);
-        EXPECT_EQ(tokensJoined(sql), one.tokens) << one.rule;
-        EXPECT_TRUE(sql.complete) << one.rule;
+    for (const auto& testCase : cases) {
+        const auto sql = tokensOf(testCase.text);
+        EXPECT_EQ(joinTokens(sql), testCase.tokens) << testCase.rule;
+        EXPECT_TRUE(sql.complete) << testCase.rule;
     }
 }
 
@@ -100,8 +100,8 @@ TEST(SqlText, EditsAreAppliedInTheOrderOfTheText) {
     edits.replace(view.mid(8, 5), u"3"_s);
     edits.replace(view.mid(0, 3), u"1"_s);
     edits.replace(view.mid(13, 0), u"!"_s);
-    EXPECT_EQ(edits.appliedTo(text), u"1 two 3!"_s);
-    EXPECT_EQ(edits.appliedTo(view.mid(4)), u"two 3!"_s) << "a piece before the text is left out";
+    EXPECT_EQ(edits.applyTo(text), u"1 two 3!"_s);
+    EXPECT_EQ(edits.applyTo(view.mid(4)), u"two 3!"_s) << "a piece before the text is left out";
 }
 
 } // namespace kelvane::testing

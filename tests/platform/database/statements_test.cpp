@@ -207,7 +207,7 @@ TEST_F(Statements, OfALostConnectionMayLeaveRecordSetsBehind) {
     EXPECT_EQ(errorOf([&] { rows->next(); }).value().number, 3709);
 }
 
-TEST_F(Statements, OfDaysReckonInLocalTime) {
+TEST_F(Statements, OfDaysCountInLocalTime) {
     const auto moment = [&](const QString& expression) {
         return QDateTime::fromString(firstColumn(*connection, u"select "_s + expression).constFirst(),
                                      u"yyyy-MM-dd HH:mm:ss"_s);
@@ -273,7 +273,7 @@ TEST_F(Statements, OfTheFirstRowDoNotPayForTheRest) {
     EXPECT_LT(quickest(), 5 * few) << "all 20,000 rows take some hundred times as long";
 }
 
-TEST_F(Statements, TellHowManyRowsTheyHaveChanged) {
+TEST_F(Statements, GiveTheNumberOfChangedRows) {
     EXPECT_EQ(connection->execute(u"insert into mt.readings (note) values ('a'),('a'),('b');commit"_s), 3);
     EXPECT_EQ(connection->execute(u"update mt.readings set note = 'c' where note = 'a';commit"_s), 2);
     EXPECT_EQ(connection->execute(u"update mt.readings set note = 'c' where note = 'none';commit"_s), 0);

@@ -18,7 +18,7 @@ TEST(UserValue, IsInBracesWhereABareNameWouldBeReadOtherwise) {
     EXPECT_EQ(userValue(u" a"_s), u"{ a}"_s);
 }
 
-TEST(UserValue, OfNobodyIsInBracesSoThatTheDataSourcesOwnUserDoesNotCount) {
+TEST(UserValue, WhenEmptyIsInBracesSoThatTheDataSourcesOwnUserDoesNotCount) {
     EXPECT_EQ(userValue(QString()), u"{}"_s);
 }
 

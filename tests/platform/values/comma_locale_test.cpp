@@ -44,7 +44,7 @@ TEST_F(UnderACommaLocale, NumbersKeepTheirPoint) {
     EXPECT_EQ(numericValue(u"1e400"), std::numeric_limits<double>::max());
     EXPECT_EQ(numberOf(u"1,000.5"), 1000.5);
     EXPECT_EQ(numberOf(u"1.000,5"), std::nullopt);
-    EXPECT_EQ(viaText(0.1F), 0.1);
+    EXPECT_EQ(widenThroughText(0.1F), 0.1);
 }
 
 TEST_F(UnderACommaLocale, DatesKeepTheirEnglishNamesAndOrder) {

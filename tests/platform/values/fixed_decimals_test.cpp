@@ -17,7 +17,7 @@ namespace {
 constexpr double largest = std::numeric_limits<double>::max();
 constexpr double smallest = std::numeric_limits<double>::denorm_min();
 
-// The rule once more, with all digits of a number and long-hand arithmetic.
+// The rule once more, with all digits of a number, by decimal arithmetic.
 
 /// A decimal number: whole digits divided by ten to the power of `scale`.
 struct LongNumber {
@@ -202,7 +202,7 @@ TEST(FixedDecimals, OfAHugeValueAreItsFifteenDigitsAndZeros) {
     EXPECT_EQ(fixedDecimals(-largest, 0), u"-179769313486232"_s + QString(294, u'0'));
 }
 
-TEST(FixedDecimals, AreThoseOfLongHandArithmetic) {
+TEST(FixedDecimals, AreThoseOfDecimalArithmetic) {
     QRandomGenerator random(20260318);
     for (int i = 0; i < 3000; ++i) {
         const double value = valueOfKind(i % 6, random);

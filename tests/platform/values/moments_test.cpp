@@ -99,7 +99,7 @@ TEST(DateTest, ReadsNumericDatesInTheOrderOfTheSession) {
         {u"2026.1.2", u"DD/MM/YYYY", {2026, 1, 2}},
         {u"0100-01-01", u"", {100, 1, 1}},
         {u"9999-12-31", u"", {9999, 12, 31}},
-        {u"2026-21-11", u"", {}}, // month and day stay as the year's place tells
+        {u"2026-21-11", u"", {}}, // the place of the year gives the order of month and day
         // otherwise the session's order; month first when that is empty or begins with the year
         {u"03/04/2026", u"", {2026, 3, 4}},
         {u"03/04/2026", u"MM/DD/YYYY", {2026, 3, 4}},
@@ -317,9 +317,9 @@ TEST(RequireMoment, OfATextThatIsNoneIsError13) {
 }
 
 TEST(Dated, IsAMomentWithADateOrError13) {
-    EXPECT_EQ(dated(at(2026, 3, 18, 9, 30)), at(2026, 3, 18, 9, 30));
-    EXPECT_EQ(errorOf([] { dated({{}, QTime(9, 30)}); }), 13);
-    EXPECT_EQ(errorOf([] { dated({}); }), 13);
+    EXPECT_EQ(requireDatePart(at(2026, 3, 18, 9, 30)), at(2026, 3, 18, 9, 30));
+    EXPECT_EQ(errorOf([] { requireDatePart({{}, QTime(9, 30)}); }), 13);
+    EXPECT_EQ(errorOf([] { requireDatePart({}); }), 13);
 }
 
 TEST(AddInterval, AddsEveryUnitInAnyCase) {

@@ -125,7 +125,7 @@ TEST(NumericValue, OfAnOrdinaryNumberKeepsItsSign) {
     EXPECT_EQ(numericValue(u"-.00000000000001"), -1E-14);
 }
 
-TEST(NumberTest, TellsNumbersFromOtherTexts) {
+TEST(NumberTest, DistinguishesNumbersFromOtherTexts) {
     static const struct {
         QString text;
         std::optional<double> value;
@@ -275,7 +275,8 @@ TEST(PlainText, IsReadBackToTheSameValueInEitherWidth) {
         const auto narrow = std::bit_cast<float>(static_cast<quint32>(bits));
         if (std::isfinite(narrow)) {
             ASSERT_EQ(toReal(numericValue(plainText(narrow))), narrow) << plainText(narrow).toStdString();
-            ASSERT_EQ(viaText(narrow), numericValue(plainText(narrow))) << plainText(narrow).toStdString();
+            ASSERT_EQ(widenThroughText(narrow), numericValue(plainText(narrow)))
+                << plainText(narrow).toStdString();
         }
     }
 }
@@ -305,21 +306,21 @@ TEST(Rounding, TakesHalvesToTheEvenNeighbour) {
         {0.51, 1}, {-0.51, -1}, {3, 3},   {3.5, 4},   {4.5, 4},  {1234.5, 1234},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(roundedToShort(row.value), row.rounded) << row.value;
-        EXPECT_EQ(roundedToLong(row.value), row.rounded) << row.value;
-        EXPECT_EQ(roundedHalfEven(row.value), row.rounded) << row.value;
+        EXPECT_EQ(roundToShort(row.value), row.rounded) << row.value;
+        EXPECT_EQ(roundToLong(row.value), row.rounded) << row.value;
+        EXPECT_EQ(roundHalfEven(row.value), row.rounded) << row.value;
     }
 }
 
 TEST(Rounding, OutsideTheTypeIsError6) {
-    EXPECT_EQ(roundedToShort(32767.4), 32767);
-    EXPECT_EQ(roundedToShort(-32768.5), -32768);
-    EXPECT_EQ(roundedToLong(2147483647.4), 2147483647);
-    EXPECT_EQ(roundedToLong(-2147483648.5), std::numeric_limits<qint32>::min());
+    EXPECT_EQ(roundToShort(32767.4), 32767);
+    EXPECT_EQ(roundToShort(-32768.5), -32768);
+    EXPECT_EQ(roundToLong(2147483647.4), 2147483647);
+    EXPECT_EQ(roundToLong(-2147483648.5), std::numeric_limits<qint32>::min());
     for (const double value : {32767.5, -32768.6, 1E10, -1E300, infinity, -infinity, notANumber})
-        EXPECT_EQ(errorOf([=] { roundedToShort(value); }), 6) << value;
+        EXPECT_EQ(errorOf([=] { roundToShort(value); }), 6) << value;
     for (const double value : {2147483647.5, -2147483648.6, 1E10, -1E300, infinity, -infinity, notANumber})
-        EXPECT_EQ(errorOf([=] { roundedToLong(value); }), 6) << value;
+        EXPECT_EQ(errorOf([=] { roundToLong(value); }), 6) << value;
 }
 
 TEST(Real, IsTheNearest32BitValueOrError6) {
@@ -332,14 +333,14 @@ TEST(Real, IsTheNearest32BitValueOrError6) {
 }
 
 TEST(Real, ByWayOfItsTextIsTheDoubleNearestToIt) {
-    EXPECT_EQ(viaText(0.1F), 0.1);
-    EXPECT_NE(viaText(0.1F), static_cast<double>(0.1F));
-    EXPECT_EQ(viaText(-12.7F), -12.7);
-    EXPECT_EQ(viaText(0.0F), 0.0);
-    EXPECT_EQ(viaText(264427312.0F), 264427310.0);
+    EXPECT_EQ(widenThroughText(0.1F), 0.1);
+    EXPECT_NE(widenThroughText(0.1F), static_cast<double>(0.1F));
+    EXPECT_EQ(widenThroughText(-12.7F), -12.7);
+    EXPECT_EQ(widenThroughText(0.0F), 0.0);
+    EXPECT_EQ(widenThroughText(264427312.0F), 264427310.0);
     EXPECT_EQ(plainText(264427312.0F), u"264427310"_s);
-    EXPECT_EQ(viaText(3.4028235E38F), 3.4028235E38);
-    EXPECT_EQ(viaText(1E-45F), 1E-45);
+    EXPECT_EQ(widenThroughText(3.4028235E38F), 3.4028235E38);
+    EXPECT_EQ(widenThroughText(1E-45F), 1E-45);
 }
 
 } // namespace kelvane

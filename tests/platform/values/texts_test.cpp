@@ -31,16 +31,16 @@ TEST(Case, IsMappedCharacterByCharacter) {
         {u"漢字 😀"_s, u"漢字 😀"_s, u"漢字 😀"_s},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(upperCased(row.text), row.upper);
-        EXPECT_EQ(lowerCased(row.text), row.lower);
+        EXPECT_EQ(toUpperCase(row.text), row.upper);
+        EXPECT_EQ(toLowerCase(row.text), row.lower);
     }
 }
 
 TEST(Case, NeverChangesTheLength) {
     for (char16_t code = 1; code < 0xD800; ++code) {
         const QString text{QChar(code)};
-        ASSERT_EQ(upperCased(text).size(), 1) << int(code);
-        ASSERT_EQ(lowerCased(text).size(), 1) << int(code);
+        ASSERT_EQ(toUpperCase(text).size(), 1) << int(code);
+        ASSERT_EQ(toLowerCase(text).size(), 1) << int(code);
     }
 }
 

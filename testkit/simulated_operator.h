@@ -17,16 +17,16 @@ class FormCustomDialog;
 
 namespace demo {
 
-/// The person in front of real windows. Boxes and dialogs are queued in the order in which they have to come;
-/// each is compared as soon as it is shown and then answered with mouse and keyboard, or as told. One that
-/// differs or comes unexpected is complained about, and is sent away. Nothing waits for time.
-class Person : public QObject {
+/// The simulated operator of real windows. Boxes and dialogs are queued in the order in which they have to
+/// come. Each is compared as soon as it is shown and then answered with mouse and keyboard, or by `act`. One
+/// that differs or comes unexpected is reported and closed. Nothing waits for time.
+class SimulatedOperator : public QObject {
   public:
     using ActOnBox = std::function<void(QMessageBox&)>;
     using ActOnDialog = std::function<void(FormCustomDialog&)>;
-    using Complain = std::function<void(const QString& told)>;
+    using Report = std::function<void(const QString& message)>;
 
-    explicit Person(Complain complain);
+    explicit SimulatedOperator(Report report);
 
     /// A box with this text, title and style; answered by a click on the button of that answer.
     void expectBox(const QString& text, const QString& title, BoxStyle style,
@@ -40,11 +40,11 @@ class Person : public QObject {
     /// The same, answered with `entry` (typed, or chosen from the list) and Return.
     void expectDialog(const QString& caption, const QString& prompt, const QString& entry);
 
-    bool allCame() const { return expected_.isEmpty(); }
+    bool hasMetAll() const { return expected_.isEmpty(); }
     /// Waits until everything expected has come and gone.
     void waitUntilAllCame();
-    /// Complains about what has not come, and expects it no longer.
-    void missOthers();
+    /// Reports what has not come, and expects it no longer.
+    void reportMissing();
 
     /// Called with every box and child window that comes up, before it is answered.
     std::function<void(QWidget&)> onShown;
@@ -63,16 +63,16 @@ class Person : public QObject {
         ActOnBox onBox;
         ActOnDialog onDialog;
     };
-    void meet(QWidget& window);
-    void meetBox(QMessageBox& box);
-    void meetDialog(FormCustomDialog& dialog);
-    void sendAway(FormCustomDialog& dialog);
+    void answerWindow(QWidget& window);
+    void answerMessageBox(QMessageBox& box);
+    void answerFieldDialog(FormCustomDialog& dialog);
+    void closeDialog(FormCustomDialog& dialog);
     void compare(const Expected& expected, const QMessageBox& box) const;
-    void same(const QString& what, const QString& found, const QString& expected) const;
+    void checkSame(const QString& what, const QString& found, const QString& expected) const;
 
-    Complain complain_;
+    Report report_;
     QList<Expected> expected_;
-    bool sendingAway_ = false;
+    bool closingDialog_ = false;
 };
 
 } // namespace demo

@@ -13,10 +13,10 @@ struct Turns {
 
 /// Runs `ours` and `plain` in turns, each `count` times in all, with the number of the time. Each figure is
 /// the median of the turns, so that whatever else the machine does in between does not count.
-Turns inTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain);
+Turns runInTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain);
 
 /// The same, once a turn, for work of which only a part counts: each gives the microseconds of that part.
-Turns inTimedTurns(int turns, const std::function<double(int)>& ours,
-                   const std::function<double(int)>& plain);
+Turns runTimedTurns(int turns, const std::function<double(int)>& ours,
+                    const std::function<double(int)>& plain);
 
 } // namespace kelvane::bench

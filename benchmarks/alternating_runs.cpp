@@ -1,4 +1,4 @@
-#include "benchmarks/in_turns.h"
+#include "benchmarks/alternating_runs.h"
 
 #include <QElapsedTimer>
 
@@ -19,22 +19,22 @@ double median(std::vector<double>& values) {
 
 } // namespace
 
-Turns inTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain) {
+Turns runInTurns(int count, const std::function<void(int)>& ours, const std::function<void(int)>& plain) {
     const auto block = std::max(count / turns, 1);
-    const auto timed = [block](const std::function<void(int)>& one) {
-        return [block, &one](int turn) {
+    const auto timed = [block](const std::function<void(int)>& action) {
+        return [block, &action](int turn) {
             QElapsedTimer timer;
             timer.start();
             for (int i = 0; i < block; ++i)
-                one(turn * block + i);
+                action(turn * block + i);
             return static_cast<double>(timer.nsecsElapsed()) / 1000 / block;
         };
     };
-    return inTimedTurns(turns, timed(ours), timed(plain));
+    return runTimedTurns(turns, timed(ours), timed(plain));
 }
 
-Turns inTimedTurns(int count, const std::function<double(int)>& ours,
-                   const std::function<double(int)>& plain) {
+Turns runTimedTurns(int count, const std::function<double(int)>& ours,
+                    const std::function<double(int)>& plain) {
     std::vector<double> times[2];
     for (int turn = 0; turn < count; ++turn) {
         // Who goes first changes, so that neither finds the other's work warm.

@@ -1,4 +1,4 @@
-#include "testkit/person.h"
+#include "testkit/simulated_operator.h"
 
 #include "testkit/controls.h"
 #include "ui/form_custom_dialog.h"
@@ -62,30 +62,31 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
 }
 
 QAbstractButton* buttonOf(const QMessageBox& box, const QString& caption) {
-    for (auto* one : box.buttons()) {
-        if (one->text() == caption)
-            return one;
+    for (auto* button : box.buttons()) {
+        if (button->text() == caption)
+            return button;
     }
     return nullptr;
 }
 
 } // namespace
 
-Person::Person(Complain complain) : complain_(std::move(complain)) {
+SimulatedOperator::SimulatedOperator(Report report) : report_(std::move(report)) {
     qApp->installEventFilter(this);
 }
 
-void Person::expectBox(const QString& text, const QString& title, BoxStyle style, BoxAnswer answer) {
+void SimulatedOperator::expectBox(const QString& text, const QString& title, BoxStyle style,
+                                  BoxAnswer answer) {
     expected_ << Expected{
         .title = title, .text = text, .style = style, .answer = answer, .onBox = {}, .onDialog = {}};
 }
 
-void Person::expectBox(const QString& text, const QString& title, BoxStyle style, ActOnBox act) {
+void SimulatedOperator::expectBox(const QString& text, const QString& title, BoxStyle style, ActOnBox act) {
     expected_ << Expected{
         .title = title, .text = text, .style = style, .onBox = std::move(act), .onDialog = {}};
 }
 
-void Person::expectReport(int number, const QString& routine) {
+void SimulatedOperator::expectReport(int number, const QString& routine) {
     expected_ << Expected{.title = u"Kelvane"_s,
                           .text = u"%1 %2"_s.arg(number).arg(routine),
                           .report = true,
@@ -94,7 +95,7 @@ void Person::expectReport(int number, const QString& routine) {
                           .onDialog = {}};
 }
 
-void Person::expectDialog(const QString& caption, const QString& prompt, ActOnDialog act) {
+void SimulatedOperator::expectDialog(const QString& caption, const QString& prompt, ActOnDialog act) {
     expected_ << Expected{.title = caption,
                           .text = prompt,
                           .dialog = true,
@@ -103,24 +104,24 @@ void Person::expectDialog(const QString& caption, const QString& prompt, ActOnDi
                           .onDialog = std::move(act)};
 }
 
-void Person::expectDialog(const QString& caption, const QString& prompt, const QString& entry) {
+void SimulatedOperator::expectDialog(const QString& caption, const QString& prompt, const QString& entry) {
     expectDialog(caption, prompt, [entry](FormCustomDialog& dialog) { answerDialog(dialog, entry); });
 }
 
-void Person::waitUntilAllCame() {
-    if (!QTest::qWaitFor([this] { return allCame() && !QApplication::activeModalWidget(); }, 10000))
-        complain_(u"something expected did not come, or did not go"_s);
+void SimulatedOperator::waitUntilAllCame() {
+    if (!QTest::qWaitFor([this] { return hasMetAll() && !QApplication::activeModalWidget(); }, 10000))
+        report_(u"something expected did not come, or did not go"_s);
 }
 
-void Person::missOthers() {
-    for (const auto& one : std::as_const(expected_))
-        complain_(u"never came: %1 / %2"_s.arg(one.title, one.text.left(200)));
+void SimulatedOperator::reportMissing() {
+    for (const auto& box : std::as_const(expected_))
+        report_(u"never came: %1 / %2"_s.arg(box.title, box.text.left(200)));
     expected_.clear();
 }
 
-bool Person::eventFilter(QObject* watched, QEvent* event) {
+bool SimulatedOperator::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Hide) {
-        // A window manager gives the activity back to the window below; here nobody else does.
+        // A window manager gives the activity back to the window below; here nothing else does.
         if (auto* box = qobject_cast<QMessageBox*>(watched); box && box->parentWidget()) {
             box->parentWidget()->activateWindow();
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -133,29 +134,29 @@ bool Person::eventFilter(QObject* watched, QEvent* event) {
             this,
             [this, met = QPointer(qobject_cast<QWidget*>(watched))] {
                 if (met)
-                    meet(*met);
+                    answerWindow(*met);
             },
             Qt::QueuedConnection);
     }
     return false;
 }
 
-void Person::meet(QWidget& window) {
+void SimulatedOperator::answerWindow(QWidget& window) {
     if (onShown)
         onShown(window);
     if (auto* box = qobject_cast<QMessageBox*>(&window))
-        meetBox(*box);
+        answerMessageBox(*box);
     else if (auto* dialog = qobject_cast<FormCustomDialog*>(&window))
-        meetDialog(*dialog);
+        answerFieldDialog(*dialog);
 }
 
-void Person::meetBox(QMessageBox& box) {
-    if (sendingAway_) {
+void SimulatedOperator::answerMessageBox(QMessageBox& box) {
+    if (closingDialog_) {
         click(*buttonOf(box, u"Yes"_s));
         return;
     }
     if (expected_.isEmpty() || expected_.first().dialog) {
-        complain_(u"unexpected box: %1 / %2"_s.arg(box.windowTitle(), box.text().left(400)));
+        report_(u"unexpected box: %1 / %2"_s.arg(box.windowTitle(), box.text().left(400)));
         click(*box.buttons().last());
         return;
     }
@@ -165,61 +166,62 @@ void Person::meetBox(QMessageBox& box) {
         return expected.onBox(box);
     auto* answer = buttonOf(box, captionOf(expected.answer));
     if (!answer) {
-        complain_(u"no button "_s + captionOf(expected.answer));
+        report_(u"no button "_s + captionOf(expected.answer));
         answer = box.buttons().last();
     }
     click(*answer);
 }
 
-void Person::same(const QString& what, const QString& found, const QString& expected) const {
+void SimulatedOperator::checkSame(const QString& what, const QString& found, const QString& expected) const {
     if (found != expected)
-        complain_(u"%1 is \"%2\" and not \"%3\""_s.arg(what, found, expected));
+        report_(u"%1 is \"%2\" and not \"%3\""_s.arg(what, found, expected));
 }
 
-void Person::compare(const Expected& expected, const QMessageBox& box) const {
-    same(u"the box's title"_s, box.windowTitle(), expected.title);
+void SimulatedOperator::compare(const Expected& expected, const QMessageBox& box) const {
+    checkSame(u"the box's title"_s, box.windowTitle(), expected.title);
     if (expected.report) {
         const auto parts = expected.text.split(u' ');
         if (!box.text().contains(u' ' + parts[0] + u' ') ||
             !box.text().contains(u"FUNCTION/SUB:"_s + parts[1] + u"\r\n"_s))
-            complain_(u"report %1 is: %2"_s.arg(expected.text, box.text()));
+            report_(u"report %1 is: %2"_s.arg(expected.text, box.text()));
     } else {
-        same(u"the box"_s, box.text(), expected.text);
+        checkSame(u"the box"_s, box.text(), expected.text);
     }
     if (box.icon() != iconOf(expected.style.icon))
-        complain_(u"another icon on: "_s + box.text());
+        report_(u"another icon on: "_s + box.text());
     const auto answers = answersOf(expected.style.buttons);
-    same(u"the number of buttons"_s, QString::number(box.buttons().size()), QString::number(answers.size()));
+    checkSame(u"the number of buttons"_s, QString::number(box.buttons().size()),
+              QString::number(answers.size()));
     for (const auto answer : answers) {
         if (!buttonOf(box, captionOf(answer)))
-            complain_(u"no button %1 on: %2"_s.arg(captionOf(answer), box.text()));
+            report_(u"no button %1 on: %2"_s.arg(captionOf(answer), box.text()));
     }
-    same(u"the default button"_s, box.defaultButton()->text(),
-         captionOf(answers[expected.style.defaultButton - 1]));
+    checkSame(u"the default button"_s, box.defaultButton()->text(),
+              captionOf(answers[expected.style.defaultButton - 1]));
 }
 
-void Person::meetDialog(FormCustomDialog& dialog) {
+void SimulatedOperator::answerFieldDialog(FormCustomDialog& dialog) {
     const auto prompt = control<QLabel>(dialog, u"LabelCustomDialog"_s).text();
     if (expected_.isEmpty() || !expected_.first().dialog) {
-        complain_(u"unexpected dialog: %1 / %2"_s.arg(dialog.windowTitle(), prompt));
-        sendAway(dialog);
+        report_(u"unexpected dialog: %1 / %2"_s.arg(dialog.windowTitle(), prompt));
+        closeDialog(dialog);
         return;
     }
     const auto expected = expected_.takeFirst();
-    same(u"the dialog's title"_s, dialog.windowTitle(), expected.title);
-    same(u"the question"_s, prompt, expected.text);
+    checkSame(u"the dialog's title"_s, dialog.windowTitle(), expected.title);
+    checkSame(u"the question"_s, prompt, expected.text);
     try {
         expected.onDialog(dialog);
     } catch (const Difference& difference) {
-        complain_(QString::fromStdString(difference.what()));
-        sendAway(dialog);
+        report_(QString::fromStdString(difference.what()));
+        closeDialog(dialog);
     }
 }
 
-void Person::sendAway(FormCustomDialog& dialog) {
-    sendingAway_ = true;
+void SimulatedOperator::closeDialog(FormCustomDialog& dialog) {
+    closingDialog_ = true;
     click(control<QPushButton>(dialog, u"CommandCustomDialogCancel"_s));
-    sendingAway_ = false;
+    closingDialog_ = false;
 }
 
 } // namespace kelvane::demo
