@@ -23,8 +23,8 @@ void refuseBesidePlan(const QCommandLineParser& parser, const QStringList& names
 /// Leaves the jobs whose name is one of `--only`, cut to what the calibrator keeps of a name.
 template <class Job>
 void narrow(std::vector<Job>& jobs, QString Job::*name, QStringList only, qsizetype longest) {
-    for (QString& name : only)
-        name = name.left(longest);
+    for (QString& kept : only)
+        kept = kept.left(longest);
     QStringList missing = only;
     for (const Job& job : jobs)
         missing.removeAll(job.*name);

@@ -548,7 +548,7 @@ TEST_P(Screens, FitsTheMainWindowWithTheFontsOfUsualDesktops) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(screens),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 class PicturesOfTheRest : public ProgramTest {};
 

@@ -190,6 +190,6 @@ TEST(LinkFaults, EachKindThatTheSimulatorKnowsIsTested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, EndToEndWithAFault, ::testing::ValuesIn(misbehaviours),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& tested) { return tested.param.name; });
 
 } // namespace kelvane::testing

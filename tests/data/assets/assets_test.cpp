@@ -176,7 +176,7 @@ TEST_P(PackageKinds, HaveTheirOwnMemberQuery) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PackageKinds, ::testing::ValuesIn(packageCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_F(Assets, AnUnknownPackageEmptiesTheListAndSaysNothing) {
     session.AssetList[0].asset = u"old"_s;

@@ -21,9 +21,9 @@ class ImageOfRuns : public ::testing::Test {
     void change(const QString& operation, int call, std::function<void(StoredRun&)> change) {
         changes_ << Change{operation, call, std::move(change)};
         link.onCall = [this](const QString& name) {
-            for (const auto& change : changes_) {
-                if (change.operation == name && link.callsOf(name).size() == change.call)
-                    change.change(run());
+            for (const auto& planned : changes_) {
+                if (planned.operation == name && link.callsOf(name).size() == planned.call)
+                    planned.change(run());
             }
         };
     }

@@ -266,9 +266,9 @@ TEST_F(FlukeUploadFailures, ALostDatabaseEndsTheUploadAfterTheCurrentRunWithItsR
         if (name == u"MEMcalResult")
             sharedConnection(session).close();
     };
-    for (const auto& routine : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
-                                u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
-        ui.expectReport(3709, u"ModuleGlobals,"_s + routine);
+    for (const auto& reported : {u"GetTestPointList"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
+                                 u"GetInUseData"_s, u"AssetfromSerial"_s, u"GetInUseData"_s})
+        ui.expectReport(3709, u"ModuleGlobals,"_s + reported);
     EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     const auto left = Journal(session).unfinished();
     ASSERT_EQ(left.size(), 1);

@@ -76,12 +76,12 @@ TEST_F(RealPort, RefusesSettingsThatMakeNoSense) {
 }
 
 TEST_F(RealPort, APseudoTerminalOpensWithEverySetting) {
-    for (const auto& settings : {u"300,E,7,2"_s, u"600,O,7,1"_s, u"1200,N,8,2"_s, u"2400,E,8,1"_s,
-                                 u"4800,N,7,1"_s, u"9600,N,8,1"_s, u"19200,O,5,1"_s}) {
-        port.setSettings(settings);
+    for (const auto& parameters : {u"300,E,7,2"_s, u"600,O,7,1"_s, u"1200,N,8,2"_s, u"2400,E,8,1"_s,
+                                   u"4800,N,7,1"_s, u"9600,N,8,1"_s, u"19200,O,5,1"_s}) {
+        port.setSettings(parameters);
         port.setPortOpen(true);
         line.write("x");
-        EXPECT_EQ(receive(1), "x") << settings.toStdString();
+        EXPECT_EQ(receive(1), "x") << parameters.toStdString();
         port.setPortOpen(false);
     }
 }

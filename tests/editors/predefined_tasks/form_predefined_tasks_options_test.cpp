@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
         ShownKind{"description", u"D"_s, u"Description"_s, u"ComboSelectList"_s, u"Description To Use:"_s,
                   u"GAUGE WRENCH"_s},
         ShownKind{"model", u"M"_s, u"Model"_s, u"ComboSelectList"_s, u"Model To Use:"_s, u"CLICK"_s}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 /// The options of a package's definition, and the values that belong to them.
 class PackageOptions : public PackageScreen {};
