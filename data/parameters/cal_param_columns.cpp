@@ -105,7 +105,7 @@ consteval auto inOrder() {
     std::array<const CalParamColumn*, counted<place>> order{};
     for (const auto& column : columns) {
         if (column.places.*place != none)
-            order.at(column.places.*place) = &column;
+            order.at(static_cast<std::size_t>(column.places.*place)) = &column;
     }
     if (std::ranges::find(order, nullptr) != order.end())
         throw "a place is empty";

@@ -99,12 +99,12 @@ class OptionGroup final : public CalParamControl {
     void show(const QString& value) override {
         const auto stored = given_.anyCase ? toUpperCase(value) : value;
         for (qsizetype i = 0; i < buttons_.size(); ++i) {
-            if (given_.options[i].stored == stored)
+            if (optionAt(i).stored == stored)
                 buttons_[i]->setChecked(true);
         }
     }
-    QString entry() const override { return given_.options[on()].stored.toString(); }
-    QString summed() const override { return given_.options[on()].summed.toString(); }
+    QString entry() const override { return optionAt(on()).stored.toString(); }
+    QString summed() const override { return optionAt(on()).summed.toString(); }
     QWidget* widget() const override { return buttons_[on()]; }
     void put(QGridLayout& grid, int row, int labelColumn) const override {
         if (stacked_) {
@@ -123,6 +123,9 @@ class OptionGroup final : public CalParamControl {
     qsizetype on() const {
         const auto on = std::ranges::find_if(buttons_, &RadioButton::isChecked);
         return on == buttons_.end() ? 0 : on - buttons_.begin();
+    }
+    const CalParamOption& optionAt(qsizetype button) const {
+        return given_.options[static_cast<std::size_t>(button)];
     }
 
     const CalParamOptions& given_;
