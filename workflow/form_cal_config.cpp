@@ -12,8 +12,6 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <ranges>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -56,8 +54,9 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     setFirstFocus(ComboCalibrator);
 
     ComboBaudRate->setCurrentText(u"9600"_s);
-    for (const auto& each : std::views::reverse(allCalibrators()))
-        ComboCalibrator->addItem(text(each.identity.caption), each.identity.name.toString());
+    const auto offered = allCalibrators();
+    for (auto last = offered.rbegin(); last != offered.rend(); ++last)
+        ComboCalibrator->addItem(text(last->identity.caption), last->identity.name.toString());
     for (const auto& parity : parities)
         ComboParity->addItem(text(parity.caption), parity.word.toString());
     select(*ComboParity, u"None"_s);
