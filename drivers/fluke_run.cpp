@@ -158,7 +158,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
     run.date = entry.date;
     run.time = entry.time;
     const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
-    if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
+    if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
         return reason;
     RunJudgement judgement(session, record, instrument,
                            ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));

@@ -119,7 +119,6 @@ TEST_F(Drivers, AreOfferedInTheirOrderWithTheRememberedOneProposed) {
             EXPECT_EQ(q.fieldType, 0);
             EXPECT_EQ(q.defaultText, u"Fluke 702"_s);
         });
-    session.SharedValueList[4] = u"left over"_s;
     EXPECT_EQ(chooseCalibrator(session, u"A title"_s, u"Remembered"_s), u"Fluke 743/744"_s);
     for (const auto& answer : {u"*CANCEL*"_s, QString()}) {
         ui.expectDialog(u"A title"_s, u"Select Calibrator To Use:"_s, answer);

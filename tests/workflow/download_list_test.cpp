@@ -145,16 +145,6 @@ TEST_F(DownloadList, AnErrorIsReportedUnderTheButtonsNameAndTheHourglassGoes) {
     add(u"W-1"_s);
 }
 
-TEST_F(DownloadList, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
-    addPackage(u"PACK"_s, {u"W-1"_s, u"W-2"_s});
-    ui.expectDialog(u"W-1: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
-                    u"X-1"_s, [&](const DialogQuestion&) { session.AssetList.erase(); });
-    expectQuestion(u"W-1"_s, QString(), false);
-    expectQuestion(u"W-2"_s, QString(), false);
-    add(u"PACK"_s);
-    EXPECT_EQ(screen.list, (QStringList{u"W-1"_s, u"W-2"_s}));
-}
-
 TEST_F(DownloadList, ARowIsRemovedWithItsStandards) {
     screen.list = {u"W-1"_s, u"W-2"_s, u"W-3"_s};
     removeFromDownloadList(calibrators, screen, 1);
