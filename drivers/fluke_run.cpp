@@ -183,7 +183,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
     run.time = entry.time;
     const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
     if (rules.hasReadingForEachPoint) {
-        if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
+        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
             return reason;
     }
     JudgedRun judged{.instrument = instrument};
