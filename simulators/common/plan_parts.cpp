@@ -42,6 +42,12 @@ QDateTime momentOf(const QString& text) {
     throw Failure(u"\"%1\" is no moment such as 2026-11-21 09:30:00"_s.arg(text));
 }
 
+bool isAsLeft(const QString& round) {
+    if (!round.isEmpty() && round != "as-found"_L1 && round != "as-left"_L1)
+        throw Failure(u"\"%1\" is no round: it is as-found or as-left"_s.arg(round));
+    return round == "as-left"_L1;
+}
+
 PlanLine::PlanLine(const QString& line, const QString& form) : parts_(line.split(u';')) {
     if (parts_.size() > form.split(u';').size())
         throw Failure(u"a line is %1, all but the tag may be missing"_s.arg(form));

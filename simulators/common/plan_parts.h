@@ -18,6 +18,9 @@ std::vector<double> deviationsFor(std::size_t readings, std::vector<double> devi
 /// "2026-11-21 09:30:00", seconds may be missing.
 QDateTime momentOf(const QString& text);
 
+/// Whether a round is "as-left"; "as-found", or none, is not.
+bool isAsLeft(const QString& round);
+
 /// The parts of a plan's line, with semicolons between.
 class PlanLine {
   public:

@@ -32,11 +32,7 @@ QString planHelp() {
 }
 
 Kind kindOf(const QString& word) {
-    if (word.isEmpty() || word == "as-found"_L1)
-        return AsFound;
-    if (word == "as-left"_L1)
-        return AsLeft;
-    throw Failure(u"\"%1\" is no round: it is as-found or as-left"_s.arg(word));
+    return isAsLeft(word) ? AsLeft : AsFound;
 }
 
 QString wordOf(qint16 kind) {
