@@ -66,6 +66,7 @@ struct FlukeDownloadItem {
     qint16 inputClass = 0;
     QString loopPower;
     bool outputIndicated = false;
+    bool inputIndicated = false;
 };
 
 /// Puts an instrument's parameters into the calibrator's words. The tolerance stays empty.

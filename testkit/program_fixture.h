@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/workstation_program.h"
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "testkit/fixtures.h"
 #include "testkit/recorded_link.h"
 #include "testkit/screen_operator.h"
@@ -57,6 +58,8 @@ class ProgramTest : public ::testing::Test {
     RecordingConnection::Script script;
     MissingPort port;
     RecordedLink link;
+    Dpclnk3Library link3;
+    CalibratorLinks links{port, link, link3};
     QStringList dataSources{QStringLiteral("Calibration Data"), QStringLiteral("Site B")};
     int processEnded = 0;
     /// What happens when the program ends its process.

@@ -1,3 +1,4 @@
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/fluke_fixture.h"
@@ -19,7 +20,8 @@ const QString later = u"The driver for this calibrator is not part of this versi
 class Drivers : public TorqueFixture {
   protected:
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(Drivers, AreChosenByTheCalibratorsName) {
@@ -49,7 +51,8 @@ class FlukeDriver : public FlukeFixture {
 
     const QString name = u"Fluke 702"_s;
     ScriptedSerialPort port;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
@@ -81,17 +84,6 @@ TEST_F(FlukeDriver, WithoutItsLibraryReportsItAndChangesNothing) {
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"PT-1"_s), QString())
         << "a list may be made all the same";
-}
-
-TEST_F(Drivers, ThatAreNotPartOfThisVersionShowAMessage) {
-    const auto name = u"Fluke 743/744"_s;
-    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"W-1"_s), later);
-    EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"W-1"_s));
-    EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), later);
-    EXPECT_EQ(calibratorNamed(name).upload(calibrators), later);
-    EXPECT_EQ(script.statements, QStringList());
-    EXPECT_EQ(port.log, QStringList());
-    EXPECT_EQ(link.calls, QStringList());
 }
 
 TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {

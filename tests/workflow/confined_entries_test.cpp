@@ -1,4 +1,5 @@
 #include "app/login.h"
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "drivers/torquestar/driver.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -21,7 +22,8 @@ class ConfinedEntries : public EngineSession, public ::testing::WithParamInterfa
 
     ScriptedSerialPort port;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
     ScriptedScreen screen;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "resources/strings.h"
 #include "testkit/recorded_link.h"
 #include "testkit/torque_fixture.h"
@@ -122,7 +123,8 @@ class DownloadList : public TorqueFixture {
 
     ScriptedScreen screen;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 } // namespace kelvane::testing

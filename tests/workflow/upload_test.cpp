@@ -1,3 +1,4 @@
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/recorded_link.h"
@@ -21,7 +22,8 @@ class UploadCommand : public TorqueFixture {
     const QString title = u"Upload Test Results From Calibrator"_s;
     const QString stored = u"Defaults/LastUploadCalibrator=Crane TorqueStar IVc"_s;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(UploadCommand, ASuccessIsReportedAndTheChoiceStored) {
