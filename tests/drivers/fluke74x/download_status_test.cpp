@@ -78,7 +78,7 @@ TEST_F(Fluke74xDownloadStatus, BelowTwoThousandGoesOnAtEveryCallWithItsBoxFrom10
         }
         ++calls;
     }
-    EXPECT_EQ(calls, 102);
+    EXPECT_EQ(calls, 91);
 }
 
 TEST_F(Fluke74xDownloadStatus, FromTwoThousandOnEndsTheDownloadAtEveryCallWithItsTextAndTheLinkOpen) {
