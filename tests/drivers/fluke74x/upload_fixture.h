@@ -14,8 +14,9 @@ inline constexpr qint16 referenceKind = 18;
 
 /// What was sourced to and measured from an instrument at a step, and the calibrator's error in percent.
 inline StoredStep at(float source, float measure, float error = 0) {
-    return {{numberBucket(QStringLiteral("sprimary"), source), numberBucket(QStringLiteral("mprimary"), measure),
-             numberBucket(QStringLiteral("tol"), 3.125F), numberBucket(QStringLiteral("error"), error)}};
+    return {{numberBucket(QStringLiteral("sprimary"), source),
+             numberBucket(QStringLiteral("mprimary"), measure), numberBucket(QStringLiteral("tol"), 3.125F),
+             numberBucket(QStringLiteral("error"), error)}};
 }
 
 /// The demonstration laboratory with its Fluke 743 (F743-01, key 1103, serial number 7112044) on the recorded

@@ -231,10 +231,10 @@ TEST_F(Fluke74xUpload, TheTechnicianIsTheTagsUnlessItIsTheSerialNumberOrNone) {
         QString stored;
         QString recorded;
     } rows[] = {
-        {u"Joe Doe"_s, u"Joe Doe"_s}, {u"7112044"_s, u"asmith"_s},  {u" 7112044 "_s, u"asmith"_s},
-        {u"None"_s, u"asmith"_s},     {u"none"_s, u"asmith"_s},     {u"NONE"_s, u"asmith"_s},
+        {u"Joe Doe"_s, u"Joe Doe"_s}, {u"7112044"_s, u"asmith"_s},    {u" 7112044 "_s, u"asmith"_s},
+        {u"None"_s, u"asmith"_s},     {u"none"_s, u"asmith"_s},       {u"NONE"_s, u"asmith"_s},
         {u" None "_s, u"asmith"_s},   {u"Nonesuch"_s, u"Nonesuch"_s}, {u"71120"_s, u"71120"_s},
-        {u"O'Neill"_s, u"O'Neill"_s}, {QString(), u"(null)"_s},     {u"Ключ Ω"_s, u"Ключ Ω"_s},
+        {u"O'Neill"_s, u"O'Neill"_s}, {QString(), u"(null)"_s},       {u"Ключ Ω"_s, u"Ключ Ω"_s},
     };
     qint16 minute = 0;
     for (const auto& row : rows) {
