@@ -55,7 +55,7 @@ class RunFields : public RecordedSession {
     QString roundOf(qint16 kind, bool hasLaterRun, int failures) {
         record.CalFieldTable[0] = {};
         record.CalFieldTable[0].column = u"C2308"_s;
-        fillFields(record, {}, PointCounts{failures, 0}, {.kind = kind, .hasLaterRun = hasLaterRun},
+        fillFields(record, {}, PointCounts{failures, 0}, {.kind = kind, .hasLaterRun = hasLaterRun}, {},
                    u"6841207"_s);
         return record.CalFieldTable[0].value;
     }
