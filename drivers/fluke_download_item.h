@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/assets/assets.h"
 #include "data/parameters/cal_params.h"
 #include "drivers/fluke_mode.h"
 

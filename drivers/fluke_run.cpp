@@ -157,14 +157,13 @@ void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResu
     run.inUseTech = ModuleGlobals::GetInUseData(session, serial, judged.instrument.mtag).tech;
 }
 
-void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
-                const QString& serial) {
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const RunRules& rules, const QString& serial) {
     // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
     const auto technician = toLowerCase(run.tag.technician);
     const bool isUnnamed = technician == toUpperCase(serial) ||
                            (!rules.noTechnician.isEmpty() && technician == rules.noTechnician);
-    const auto& counts = judged.judgement->counts();
-    fillFields(record, judged.instrument, counts,
+    fillFields(record, instrument, counts,
                {run.date, run.time, roundOf(run, counts.hasPassed()),
                 isUnnamed ? run.inUseTech : run.tag.technician});
 }
@@ -183,7 +182,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
     run.time = entry.time;
     const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
     if (rules.hasReadingForEachPoint) {
-        if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
+        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
             return reason;
     }
     JudgedRun judged{.instrument = instrument};
@@ -194,7 +193,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
         run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
         rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
     }
-    fillFields(record, judged, run, rules, entry.serial);
+    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
     takeStandardsOf(record, entry);
     return {};
 }

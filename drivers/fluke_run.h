@@ -119,8 +119,8 @@ void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResu
               const RunRules& rules, const QString& serial);
 
 /// Puts what the run says into the fields of the record. `serial` is the calibrator's serial number.
-void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
-                const QString& serial);
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const RunRules& rules, const QString& serial);
 
 /// Has the record of a prepared run made, and shows the operator where workstation and calibrator have
 /// disagreed. An unprepared run needs no judgement.

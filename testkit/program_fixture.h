@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/workstation_program.h"
-#include "drivers/fluke74x/dpclnk3_library.h"
 #include "testkit/fixtures.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/screen_operator.h"
 #include "ui/child_window.h"
 
@@ -58,7 +58,7 @@ class ProgramTest : public ::testing::Test {
     RecordingConnection::Script script;
     MissingPort port;
     RecordedLink link;
-    Dpclnk3Library link3;
+    RecordedLink3 link3;
     CalibratorLinks links{port, link, link3};
     QStringList dataSources{QStringLiteral("Calibration Data"), QStringLiteral("Site B")};
     int processEnded = 0;

@@ -71,13 +71,12 @@ QString calibratorCaption(const QString& name) {
 }
 
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered) {
-    session.SharedValueList.erase();
-    int row = 1;
+    QStringList captions;
     for (const auto& calibrator : calibrators)
-        session.SharedValueList[row++] = text(calibrator.identity.caption);
+        captions << text(calibrator.identity.caption);
     const auto proposed = ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered);
     const auto answer = ModuleGlobals::CustomDialog(session, title, text(TextId::selectCalibratorToUse), true,
-                                                    1, 30, 0, calibratorCaption(proposed));
+                                                    1, 30, 0, calibratorCaption(proposed), captions);
     if (answer == cancelled)
         return {};
     const auto* chosen = std::ranges::find(

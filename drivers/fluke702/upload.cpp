@@ -1,5 +1,6 @@
 #include "data/assets/assets.h"
 #include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
@@ -108,7 +109,7 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
     qint16 stored = 0;
     if (link_.MEMcalResult(record, stored) != 0)
         return false;
-    const int points = ModuleGlobals::GetTestPointList(session_, tag_);
+    const auto points = static_cast<int>(ModuleGlobals::GetTestPointList(session_, tag_).size());
     judged.judgement.emplace(session_, work.record, judged.instrument,
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
@@ -116,7 +117,7 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
     const auto& serial = driver_.Calibrator702Serial;
     judgeRun(session_, work, judged, run, runRules, serial);
     run.hasLaterRun = run.kind == firstRun && hasLaterRun(record);
-    fillFields(work.record, judged, run, runRules, serial);
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, runRules, serial);
     counter_ = work.record.CalFieldTable.last + 1;
     return fillStandards(run, work.record);
 }

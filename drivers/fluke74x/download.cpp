@@ -25,14 +25,6 @@ constexpr Status noSuchStrategy = 2001;
 constexpr qsizetype maxPoints = 50;
 constexpr qsizetype maxTagLength = 29;
 
-QList<float> testPoints(Session& session, const QString& asset) {
-    QList<float> points;
-    const int count = ModuleGlobals::GetTestPointList(session, asset);
-    for (int point = 0; point < count; ++point)
-        points << std::as_const(session.TestPointList)[point];
-    return points;
-}
-
 /// Writes the instruments of a list into the image. Steps give false when a status ended the work; `failure`
 /// then has its text.
 class Image {
@@ -65,7 +57,7 @@ class Image {
 bool Image::write(Task74x& task) {
     rule_.setAsset(task.asset);
     task.tolerance = ModuleGlobals::TranslateSpanTestTolSingle(session_, task.asset);
-    const auto points = testPoints(session_, task.asset);
+    const auto points = ModuleGlobals::GetTestPointList(session_, task.asset);
     DefinedPrompts prompts;
     prompts.prompts.read(session_, task.asset, [](const FlukePrompt&) { return true; });
     prepareTask(task, entered_);

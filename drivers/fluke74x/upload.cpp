@@ -176,7 +176,7 @@ void Upload::prepare(JudgedRun& judged) {
     judgeRun(session_, work, judged, run, runRules, serial);
     if (run.kind == firstRun)
         run.hasLaterRun = divide<double>(atoms_ - atomsBesidesSteps, pending_->steps) > 1;
-    fillFields(work.record, judged, run, runRules, serial);
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, runRules, serial);
     standardsOf(session_, work.record, run, serial).addInUse(asset_);
 }
 

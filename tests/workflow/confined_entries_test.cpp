@@ -1,10 +1,10 @@
 #include "app/login.h"
-#include "drivers/fluke74x/dpclnk3_library.h"
 #include "drivers/torquestar/driver.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/engines.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/scripted_serial_port.h"
 #include "tests/workflow/scripted_screen.h"
 #include "workflow/calibrators.h"
@@ -22,7 +22,7 @@ class ConfinedEntries : public EngineSession, public ::testing::WithParamInterfa
 
     ScriptedSerialPort port;
     RecordedLink link;
-    Dpclnk3Library link3;
+    RecordedLink3 link3;
     Calibrators calibrators{session, {port, link, link3}};
     ScriptedScreen screen;
 };

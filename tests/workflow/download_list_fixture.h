@@ -1,8 +1,8 @@
 #pragma once
 
-#include "drivers/fluke74x/dpclnk3_library.h"
 #include "resources/strings.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 #include "tests/workflow/scripted_screen.h"
 
@@ -123,7 +123,7 @@ class DownloadList : public TorqueFixture {
 
     ScriptedScreen screen;
     RecordedLink link;
-    Dpclnk3Library link3;
+    RecordedLink3 link3;
     Calibrators calibrators{session, {port, link, link3}};
 };
 
