@@ -33,6 +33,11 @@ class Fluke74xUploadFailures : public Fluke74xUpload {
                 ++atom.time.month;
         }
     }
+    /// Reports of an error in these routines of the data.
+    void expectReports(int number, const QStringList& routines) {
+        for (const auto& reporting : routines)
+            ui.expectReport(number, u"ModuleGlobals,"_s + reporting);
+    }
     QString uploadWith(const CallAt& call, qint16 status) {
         link.calls.clear();
         link.answer(call.operation, status, call.occasion);
@@ -230,6 +235,54 @@ TEST_F(Fluke74xUploadFailures, ALaterRunBehindOneThatCouldNotBeJudgedIsAsLeftAll
     ui.expectReport(6, routine);
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList{u"AS-LEFT Y 0 0"_s});
+}
+
+TEST_F(Fluke74xUploadFailures, AnUnknownOrEmptyTagIsReportedAndKeptInTheJournal) {
+    for (const auto& tag : {u"NOBODY"_s, QString(), u"   "_s}) {
+        link.groups.clear();
+        addGoodRun(tag);
+        addGoodRun(u"PT-102"_s);
+        const auto before = verdicts().size();
+        const auto unfinished = Journal(session).unfinished().size();
+        ui.expectReport(11, u"ModuleGlobals,TranslateSpanTestTolSingle"_s);
+        ui.expectReport(11, routine);
+        EXPECT_EQ(upload(), QString());
+        EXPECT_EQ(verdicts().size() - before, 1) << tag.toStdString();
+        const auto left = Journal(session).unfinished();
+        ASSERT_EQ(left.size() - unfinished, 1) << tag.toStdString();
+        EXPECT_EQ(left.last().asset, tag.trimmed());
+        EXPECT_EQ(left.last().readings.size(), 3);
+        EXPECT_FALSE(left.last().prepared);
+    }
+}
+
+TEST_F(Fluke74xUploadFailures, ATagWithAQuoteEndsInReportsAndTheNextRunIsRead) {
+    addGoodRun(u"LT-10'COL"_s);
+    addGoodRun(u"PT-102"_s);
+    expectReports(1, {u"FirstCal"_s, u"SourceColumn"_s, u"SourceColumn"_s, u"SourceColumn"_s,
+                      u"GetCalParams"_s, u"GetCalParams"_s});
+    ui.expectReport(11, u"ModuleGlobals,TranslateSpanTestTolSingle"_s);
+    expectReports(1, {u"GetInUseData"_s});
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
+    EXPECT_EQ(Journal(session).unfinished().size(), 1);
+}
+
+TEST_F(Fluke74xUploadFailures, ALostDatabaseEndsTheUploadAfterTheCurrentRunWithItsReadingsKept) {
+    addGoodRun();
+    addGoodRun(u"PT-102"_s);
+    link.onCall = [this](const QString& name) {
+        if (name == u"MEM3instrTagInfo")
+            sharedConnection(session).close();
+    };
+    expectReports(3709, {u"FirstCal"_s, u"GetCalParams"_s, u"GetCalParams"_s, u"TranslateSpanTestTolSingle"_s,
+                         u"GetInUseData"_s, u"GetInUseData"_s});
+    EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(left[0].asset, u"PT-101"_s);
+    EXPECT_EQ(left[0].readings.size(), 3);
+    EXPECT_FALSE(left[0].prepared);
 }
 
 } // namespace kelvane::testing
