@@ -19,6 +19,26 @@ inline StoredStep at(float source, float measure, float error = 0) {
              numberBucket(QStringLiteral("error"), error)}};
 }
 
+/// A group of one instrument, which begins with a reference to its results.
+inline StoredGroup& addGroup(RecordedLink3& link) {
+    link.groups << StoredGroup{.atoms = {StoredAtom{.kind = referenceKind}}};
+    return link.groups.last();
+}
+
+/// A run of an instrument into the last group: its steps, its results and its tag. The atom of its results is
+/// given.
+inline StoredAtom& addRun(RecordedLink3& link, const QList<StoredStep>& steps, const QString& tag) {
+    auto& atoms = link.groups.last().atoms;
+    for (qsizetype i = 0; i < steps.size(); ++i)
+        atoms << StoredAtom{.kind = otherKind};
+    atoms << StoredAtom{.kind = runKind, .steps = steps}
+          << StoredAtom{.kind = tagKind,
+                        .tag = tag,
+                        .serial = QStringLiteral("V88101"),
+                        .technician = QStringLiteral("Joe Doe")};
+    return atoms[atoms.size() - 2];
+}
+
 /// The demonstration laboratory with its Fluke 743 (F743-01, key 1103, serial number 7112044) on the recorded
 /// link.
 class Fluke74xUpload : public UploadLab {
@@ -31,25 +51,12 @@ class Fluke74xUpload : public UploadLab {
         return result;
     }
 
-    /// A group of one instrument, which begins with a reference to its results.
-    StoredGroup& addGroup() {
-        link.groups << StoredGroup{.atoms = {StoredAtom{.kind = referenceKind}}};
-        return link.groups.last();
-    }
-    /// A run of an instrument into the last group: its steps, its results and its tag. It is stored a minute
-    /// after the one before. The atom of its results is given.
+    /// As the functions of these names; a run is stored a minute after the one before.
+    StoredGroup& addGroup() { return testing::addGroup(link); }
     StoredAtom& addRun(const QList<StoredStep>& steps, const QString& tag = QStringLiteral("PT-101")) {
-        auto& atoms = link.groups.last().atoms;
-        for (qsizetype i = 0; i < steps.size(); ++i)
-            atoms << StoredAtom{.kind = otherKind};
-        StoredAtom run{.kind = runKind, .steps = steps};
+        auto& run = testing::addRun(link, steps, tag);
         run.time.minute = static_cast<qint16>(runs_++ % 60);
-        atoms << run
-              << StoredAtom{.kind = tagKind,
-                            .tag = tag,
-                            .serial = QStringLiteral("V88101"),
-                            .technician = QStringLiteral("Joe Doe")};
-        return atoms[atoms.size() - 2];
+        return run;
     }
     /// A group with one run, that passes or fails at its last point.
     StoredAtom& addGoodRun(const QString& tag = QStringLiteral("PT-101")) {
