@@ -178,7 +178,7 @@ TEST_F(Fluke74xUploadFailures, ALostDatabaseEndsTheUploadAfterTheCurrentRunWithI
         if (name == u"MEM3instrTagInfo")
             sharedConnection(session).close();
     };
-    expectReports(3709, {u"SetCalDataFields"_s, u"GetCalParams"_s, u"GetCalParams"_s, u"GetCalParams"_s,
+    expectReports(3709, {u"FirstCal"_s, u"SetCalDataFields"_s, u"GetCalParams"_s, u"GetCalParams"_s,
                          u"TranslateSpanTestTolSingle"_s, u"GetInUseData"_s, u"GetInUseData"_s});
     EXPECT_EQ(upload(), text(TextId::connectionLostAdvice));
     const auto left = Journal(session).unfinished();

@@ -104,11 +104,13 @@ TEST_F(Fluke74xUploadStatus, OfAGoodUploadWritesRecordsStandardsAndLinesExactly)
 
 TEST_F(Fluke74xUploadStatus, FromTwoThousandOnEndsTheUploadAtEveryReadWithItsTextAndRecordsMadeStay) {
     for (const auto& call : readCalls()) {
-        for (const auto& status : statusesOfTrouble3()) {
-            if (status.code < 2000)
-                continue;
-            const auto where = (call.at.operation + u' ' + QString::number(status.code)).toStdString();
-            EXPECT_EQ(uploadWith(call.at, status.code), status.words) << where;
+        for (const auto& [code, words] :
+             {std::pair{2000, QString()},
+              {2001, u"Didn't find the requested object/item (DPC3ERR_NOT_FOUND)"_s},
+              {2013, u"Maps Weren't Uploaded First (DPC3ERR_MAPS_UNAVAILABLE)"_s},
+              {2017, QString()}}) {
+            const auto where = (call.at.operation + u' ' + QString::number(code)).toStdString();
+            EXPECT_EQ(uploadWith(call.at, static_cast<qint16>(code)), words) << where;
             EXPECT_EQ(link.operations(), upTo(whole, call.at)) << where;
             EXPECT_EQ(recordedAssets().size(), call.records) << where;
         }
@@ -116,9 +118,19 @@ TEST_F(Fluke74xUploadStatus, FromTwoThousandOnEndsTheUploadAtEveryReadWithItsTex
     EXPECT_EQ(Journal(session).unfinished().size(), 0) << "what was not evaluated is still on the calibrator";
 }
 
+TEST_F(Fluke74xUploadStatus, OfEachCodeHasItsEffectAtARead) {
+    const CallAt call{u"MEM3instrCalResultInfo"_s};
+    for (const auto& status : statusesOfTrouble3()) {
+        if (isShown3(status.code))
+            ui.expectBox(u": "_s, u"Download Procedures To Calibrator"_s, box::information);
+        EXPECT_EQ(uploadWith(call, status.code), status.words) << status.code;
+        EXPECT_EQ(recordedAssets().size(), status.code < 2000 ? 2 : 0) << status.code;
+    }
+}
+
 TEST_F(Fluke74xUploadStatus, BelowTwoThousandGoesOnAtEveryReadWithItsBoxFrom100On) {
     for (const auto& call : readCalls()) {
-        for (const qint16 status : {qint16{-1}, qint16{99}, qint16{100}, qint16{1999}}) {
+        for (const qint16 status : {qint16{99}, qint16{100}, qint16{1999}}) {
             const auto where = (call.at.operation + u' ' + QString::number(status)).toStdString();
             if (isShown3(status))
                 ui.expectBox(call.asset + u": "_s, u"Download Procedures To Calibrator"_s, box::information);
