@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
