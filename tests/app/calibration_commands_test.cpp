@@ -65,11 +65,8 @@ TEST_F(CalibrationCommands, DownloadProposesTheCalibratorOfLastTime) {
 
 TEST_F(CalibrationCommands, DownloadWithoutACalibratorClosesItsScreen) {
     startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator,
+                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
     choose(u"mnuDownload"_s);
     EXPECT_TRUE(openChildren().isEmpty());
     EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
@@ -118,9 +115,7 @@ TEST_F(CalibrationCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWith
     simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuDownload"_s);
         EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
+        cancel(dialog);
     });
     choose(u"mnuUpload"_s);
 }
@@ -128,11 +123,8 @@ TEST_F(CalibrationCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWith
 TEST_F(CalibrationCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
     startLoggedIn(4);
     chooseDownload(u"Fluke 702"_s);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator,
+                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
     choose(u"mnuDownload"_s);
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
 }
@@ -204,9 +196,7 @@ TEST_F(CalibrationCommands, UploadWhileAQuestionIsOpenDoesNothing) {
     simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuUpload"_s);
         EXPECT_TRUE(dialog.isOpen());
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
+        cancel(dialog);
     });
     choose(u"mnuUpload"_s);
     EXPECT_FALSE(settings.values.contains(u"Defaults/LastUploadCalibrator"_s));
@@ -218,9 +208,7 @@ TEST_F(CalibrationCommands, TheRestOfTheProgramStaysReachableWhileAQuestionIsOpe
         choose(u"mnuConfiguration"_s);
         EXPECT_TRUE(child(u"FormCalConfig"_s).isEnabled());
         child(u"FormCalConfig"_s).close();
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
+        cancel(dialog);
     });
     choose(u"mnuUpload"_s);
 }

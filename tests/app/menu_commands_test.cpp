@@ -119,9 +119,7 @@ TEST_F(MenuCommands, CalibrationParametersWithoutAnInstrumentClosesItsScreen) {
     simulatedOperator.expectDialog(
         u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
             EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters"_s);
-            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                        BoxAnswer::yes);
-            dialog.close();
+            cancel(dialog);
         });
     choose(u"mnuCalParameters"_s);
     EXPECT_TRUE(openChildren().isEmpty());
@@ -160,9 +158,7 @@ TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScre
     simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuCalParameters"_s);
         EXPECT_EQ(findChild(u"FormCalParam"_s), nullptr);
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
+        cancel(dialog);
     });
     choose(u"mnuUpload"_s);
 }

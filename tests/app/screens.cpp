@@ -19,9 +19,7 @@ void showDialog(Screens& test, const DialogQuestion& question, const std::functi
     test.startLoggedIn(4);
     test.simulatedOperator.expectDialog(question.caption, question.prompt, [&](FormCustomDialog& dialog) {
         look();
-        test.simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                         BoxAnswer::yes);
-        dialog.close();
+        test.cancel(dialog);
     });
     test.program.ui.askOneField(question);
 }

@@ -24,6 +24,7 @@ inline void PrintTo(const Screen& screen, std::ostream* out) {
 class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen> {
   public:
     // What the table of screens needs of the fixture.
+    using ProgramTest::cancel;
     using ProgramTest::child;
     using ProgramTest::choose;
     using ProgramTest::program;
