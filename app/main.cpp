@@ -1,7 +1,6 @@
+#include "app/calibrator_hardware.h"
 #include "app/command_line.h"
 #include "app/workstation_program.h"
-#include "drivers/fluke702/dpclnk_library.h"
-#include "drivers/torquestar/qt_serial_port.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/reason_log.h"
 #include "ui/repaint.h"
@@ -25,9 +24,8 @@ int main(int argc, char** argv) {
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());
     SettingsWithPorts settings(stored, portsOf(QApplication::arguments()));
-    QtSerialPort port(settings);
-    DpclnkLibrary link;
-    WorkstationProgram program(clock, settings, odbcConnections(repaintWindows), port, link,
+    CalibratorHardware hardware(settings);
+    WorkstationProgram program(clock, settings, odbcConnections(repaintWindows), hardware.links(),
                                {
                                    .dataSources = odbcDataSources,
                                    .commandLine = QApplication::arguments().join(u' '),

@@ -3,10 +3,10 @@
 namespace kelvane {
 
 WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settings,
-                                       ConnectionFactory connections, SerialPort& port, Dpclnk& link,
+                                       ConnectionFactory connections, const CalibratorLinks& links,
                                        Environment environment)
     : session({ui, clock, settings}, std::move(connections)),
-      calibrators{session, {session, port}, {session, link}},
+      calibrators(session, links),
       window(session, calibrators, std::move(environment)) {
     ui.attach(session, window, window.area(), window.statusLine());
 }

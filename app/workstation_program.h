@@ -10,7 +10,7 @@ namespace kelvane {
 class WorkstationProgram {
   public:
     WorkstationProgram(const Clock& clock, SettingsStore& settings, ConnectionFactory connections,
-                       SerialPort& port, Dpclnk& link, Environment environment);
+                       const CalibratorLinks& links, Environment environment);
 
     /// Shows the main window and the login screen.
     void start() { window.load(); }

@@ -1,9 +1,8 @@
 // Start to the login screen, time and memory, against a bare Qt window with a menu and a document area. Each
 // start is a process of its own: this program starts itself. Usage: bench_start [workstation | bare]
 
+#include "app/calibrator_hardware.h"
 #include "app/workstation_program.h"
-#include "drivers/fluke702/dpclnk_library.h"
-#include "drivers/torquestar/qt_serial_port.h"
 #include "platform/database/odbc_connection.h"
 #include "resources/strings.h"
 
@@ -51,9 +50,8 @@ void runWorkstation() {
     using namespace kelvane;
     const SystemClock clock;
     IniSettingsStore settings(u"settings.ini"_s);
-    QtSerialPort port(settings);
-    DpclnkLibrary link;
-    WorkstationProgram program(clock, settings, odbcConnections(), port, link,
+    CalibratorHardware hardware(settings);
+    WorkstationProgram program(clock, settings, odbcConnections(), hardware.links(),
                                {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [] {}});
     program.start();
     QCoreApplication::processEvents();

@@ -7,8 +7,20 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::ModuleGlobals {
 
+namespace {
+
+QStringList choicesBeforeTheFirstEmpty(const QStringList& choices) {
+    if (choices.size() > maxChoices)
+        throw makeError(ErrorNumber::subscriptOutOfRange);
+    const auto end = choices.indexOf(QString());
+    return end < 0 ? choices : choices.first(end);
+}
+
+} // namespace
+
 QString CustomDialog(Session& session, const QString& caption, const QString& prompt, bool required,
-                     qint16 mode, qint16 max_length, qint16 field_type, const QString& default_text) {
+                     qint16 mode, qint16 max_length, qint16 field_type, const QString& default_text,
+                     const QStringList& choices) {
     QString result;
     Routine routine(session, u"ModuleGlobals,CustomDialog"_s);
     routine.run([&] {
@@ -22,7 +34,7 @@ QString CustomDialog(Session& session, const QString& caption, const QString& pr
         {
             const BusyPointer busy(session.ui);
             if (question.fromList)
-                question.choices = entriesOf(session.SharedValueList);
+                question.choices = choicesBeforeTheFirstEmpty(choices);
         }
         result = session.ui.askOneField(question);
     });

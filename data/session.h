@@ -17,23 +17,8 @@ struct SubstRow {
     QString to;
 };
 
-/// An instrument of the asset list.
-struct AssetEntry {
-    QString asset;
-    QString mtag;
-    QString serial;
-};
-
-/// A test message of the prompt list.
-struct PromptEntry {
-    QString pname;
-    QString prompt;
-    /// "PRE" before the test, "PST" after it.
-    QString prompt_type;
-};
-
-/// The session values and the module-level lists: one set for the whole program, passed to every routine.
-/// Values stay after log out and are overwritten by the next login; the lists hold only the last answer.
+/// The session values: one set for the whole program, passed to every routine. They stay after log out and
+/// are overwritten by the next login.
 struct Session : Workstation {
     Session(const Workstation& workstation, ConnectionFactory connections)
         : Workstation(workstation), makeConnection(std::move(connections)) {}
@@ -66,14 +51,6 @@ struct Session : Workstation {
     FixedList<SubstRow, 500> SubstTable;
     /// The body line of the result template, upper-cased; empty: results can't be laid out in this session.
     ResultTemplate ResultTemplateLine;
-
-    FixedList<AssetEntry, 500> AssetList;
-    FixedList<float, 200> TestPointList;
-    FixedList<PromptEntry, 250> PromptList;
-    /// Asset numbers of the standards in use with an instrument.
-    FixedList<QString, 50> StandardsInUse;
-    /// The choices of the one-field dialog, from 1; the first empty entry ends it.
-    FixedList<QString, 2500, 1> SharedValueList;
 };
 
 /// The one connection of the session, made on first use.

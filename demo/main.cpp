@@ -1,10 +1,9 @@
 // The demonstration: run in a folder that holds "database", "odbc.ini" (named by ODBCINI) and "rslt_db.frm".
 // Exits 0 only when everything was as it has to be.
 
+#include "app/calibrator_hardware.h"
 #include "demo/demonstration.h"
 #include "demo/torquestar.h"
-#include "drivers/fluke702/dpclnk_library.h"
-#include "drivers/torquestar/qt_serial_port.h"
 #include "platform/database/odbc_connection.h"
 
 #include <QApplication>
@@ -46,10 +45,9 @@ int main(int argc, char** argv) {
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
-        QtSerialPort port(settings);
-        DpclnkLibrary link;
+        CalibratorHardware hardware(settings);
         WorkstationProgram program(
-            clock, settings, odbcConnections(), port, link,
+            clock, settings, odbcConnections(), hardware.links(),
             {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
         demo::Demonstration(program, {torqueStar.memory(), fluke702}, QDir(folder).filePath(u"pictures"_s))
             .run();

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "data/session.h"
+#include "data/assets/assets.h"
 
 #include <QList>
 
 namespace kelvane {
-
-/// The first `count` entries of the asset list, taken out of it: while a long routine asks the operator
-/// something, another screen may fill the list anew.
-QList<AssetEntry> assetEntries(const Session& session, int count);
 
 /// Reads the members of a task package, by its tag. Empty, or the failure: it has members, and all of them
 /// are unknown. Errors of the reading are reported.

@@ -34,6 +34,7 @@ void setSides(FlukeDownloadItem& item, const FlukeTaskWords& words, const CalPar
     item.inputClass = UnitClass(record.input_type);
     item.inputLow = record.input_low;
     item.inputHigh = record.input_high;
+    item.inputIndicated = record.input_indicated;
     item.amplitude = record.freq_ptpamp_in / 2;
     item.tempUnits = input.TempUnits;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/assets/assets.h"
 #include "data/parameters/cal_params.h"
 #include "drivers/fluke_mode.h"
 
@@ -66,6 +67,7 @@ struct FlukeDownloadItem {
     qint16 inputClass = 0;
     QString loopPower;
     bool outputIndicated = false;
+    bool inputIndicated = false;
 };
 
 /// Puts an instrument's parameters into the calibrator's words. The tolerance stays empty.

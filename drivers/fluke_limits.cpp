@@ -46,6 +46,32 @@ constexpr QuantityRow quantities[] = {
      {TextId::cannotSourceResistanceAbove, TextId::cannotSourceResistanceAbove}},
 };
 
+constexpr auto unlimited = FlukeLimits::unlimited;
+constexpr auto never = FlukeLimits::never;
+
+constexpr FlukeLimits::Unit commonUnits[] = {
+    {u"VAC", {-300, 300}, never},
+    {u"mVAC", {-300000, 300000}, never},
+    {u"mA", {-110, 110}, {-22, 22}},
+    {u"uA", {-110000, 110000}, {-22000, 22000}},
+    {u"A", {-0.11F, 0.11F}, {-0.022F, 0.022F}},
+    {u"KHz", {0.001F, 50}, {0.002F, 50}},
+    {u"MHz", {0.000001F, 0.05F}, {0.000002F, 0.05F}},
+    {u"Ohms", {0, 11000}, {-unlimited, 11000}},
+    {u"KOhms", {0, 11}, {-unlimited, 11}},
+};
+
+constexpr FlukeLimits::Sensor commonSensors[] = {
+    {u"RTD PT100 3926", {-200, 630}, {-328, 1166}}, {u"RTD PT100 385", {-200, 800}, {-328, 1472}},
+    {u"RTD PT200 385", {-200, 630}, {-328, 1166}},  {u"RTD PT500 385", {-200, 630}, {-328, 1166}},
+    {u"RTD PT1000 385", {-200, 630}, {-328, 1166}}, {u"RTD PT100 3916", {-200, 630}, {-328, 1166}},
+    {u"RTD NI120 672", {-80, 260}, {-112, 500}},    {u"RTD CU10 427", {-100, 260}, {-148, 500}},
+    {u"TC E", {-250, 1000}, {-418, 1832}},          {u"TC N", {-200, 1300}, {-328, 2372}},
+    {u"TC J", {-210, 1200}, {-346, 2192}},          {u"TC T", {-250, 400}, {-418, 752}},
+    {u"TC B", {600, 1820}, {1112, 3308}},           {u"TC C", {0, 2316}, {32, 4200.8F}},
+    {u"TC L", {-200, 900}, {-328, 1652}},           {u"TC U", {-200, 600}, {-328, 1112}},
+};
+
 /// In millivolts, although the words of its message would allow 20000.
 constexpr FlukeSpan amplitude{2, 20};
 
@@ -56,24 +82,30 @@ struct Side {
     float low;
 };
 
-template <class Rows>
-auto rowOf(const Rows& rows, QStringView name) {
-    return std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.name == name; });
+/// The calibrator's own row of that name, else the common one; null for a name without a row.
+template <class Row>
+const Row* rowOf(std::span<const Row> own, std::span<const Row> common, QStringView name) {
+    for (const auto rows : {own, common}) {
+        const auto found = std::ranges::find(rows, name, &Row::name);
+        if (found != rows.end())
+            return &*found;
+    }
+    return nullptr;
 }
 
 /// What the calibrator takes of a side; nothing when there is no limit.
 std::optional<FlukeSpan> spanFor(const FlukeLimits& limits, const Side& side,
                                  FlukeSpan FlukeLimits::Unit::*direction) {
     if (flukeQuantity(side.unit) == temperature) {
-        const auto sensor = rowOf(limits.sensors, side.sensor);
-        if (sensor == limits.sensors.end())
+        const auto* sensor = rowOf<FlukeLimits::Sensor>(limits.sensors, commonSensors, side.sensor);
+        if (!sensor)
             return {};
         return side.unit == u"C" ? sensor->celsius : sensor->fahrenheit;
     }
-    const auto unit = rowOf(limits.units, side.unit);
-    if (unit == limits.units.end())
+    const auto* unit = rowOf<FlukeLimits::Unit>(limits.units, commonUnits, side.unit);
+    if (!unit)
         return {};
-    return (*unit).*direction;
+    return unit->*direction;
 }
 
 /// The order counts where one end lies below and the other above. Comparisons are of 32 bits on both sides,

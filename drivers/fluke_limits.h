@@ -15,8 +15,9 @@ struct FlukeSpan {
     float high;
 };
 
-/// What one calibrator can measure and source. Each limit applies to the instrument's own unit; units of
-/// pressure and sensors without a row have no limits.
+/// What one calibrator can measure and source where it differs from the other ones: its rows come before
+/// those that all have. Each limit applies to the instrument's own unit; units of pressure and sensors
+/// without a row have no limits.
 struct FlukeLimits {
     static constexpr float unlimited = std::numeric_limits<float>::infinity();
     static constexpr FlukeSpan never{unlimited, -unlimited};

@@ -4,17 +4,15 @@
 #include "data/parameters/prompt_macros.h"
 #include "data/small_routines.h"
 
-#include <utility>
-
 namespace kelvane {
 
 using namespace ModuleGlobals;
 
 bool FlukePrompts::read(Session& session, const QString& asset,
                         const std::function<bool(const FlukePrompt&)>& take) {
-    const int stored = GetPrompts(session, asset, 2, {});
-    for (count = 0; count < stored; ++count) {
-        const auto& entry = std::as_const(session.PromptList)[count];
+    const auto stored = GetPrompts(session, asset, 2, {});
+    count = 0;
+    for (const auto& entry : stored) {
         auto& prompt = list[count];
         prompt.pname = entry.pname;
         prompt.prompt = DPCsafePrompt(UUTPromptTextPrepare(session, entry.prompt, asset));
@@ -22,6 +20,7 @@ bool FlukePrompts::read(Session& session, const QString& asset,
         prompt.key = RandomString(session, 10);
         if (!take(prompt))
             return false;
+        ++count;
     }
     return true;
 }

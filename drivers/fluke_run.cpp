@@ -45,6 +45,15 @@ QString roundOf(const RunResults& run, bool passed) {
     return run.hasLaterRun || !passed ? u"AS-FOUND"_s : u"FOUND-LEFT"_s;
 }
 
+/// The lines go into the results of the record. Error 6 for a reading that is no number.
+void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
+           ReadingOf readingOf) {
+    for (int i = 0; i < entries.size(); ++i) {
+        const auto reading = readingOf(instrument, entries[i]);
+        judgement.take(i, reading.applied, reading.reading, reading.calibratorError);
+    }
+}
+
 } // namespace
 
 Moment momentOfRun(int year, int month, int day, const QTime& time) {
@@ -72,6 +81,7 @@ QJsonObject toJson(const RunResults& run) {
             {"technician"_L1, run.tag.technician},
             {"comesAgain"_L1, run.hasLaterRun},
             {"pressureModule"_L1, run.pressureModule},
+            {"sourceModule"_L1, run.sourceModule},
             {"inUseTech"_L1, run.inUseTech},
             {"entries"_L1, entries}};
 }
@@ -84,6 +94,7 @@ RunResults runOf(const QJsonObject& json) {
     run.tag = {json["tag"_L1].toString(), json["serial"_L1].toString(), json["technician"_L1].toString()};
     run.hasLaterRun = json["comesAgain"_L1].toBool();
     run.pressureModule = json["pressureModule"_L1].toString();
+    run.sourceModule = json["sourceModule"_L1].toString();
     run.inUseTech = json["inUseTech"_L1].toString();
     const auto entries = json["entries"_L1].toArray();
     for (const auto& entry : entries)
@@ -113,26 +124,12 @@ JournalEntry entryOf(const CalibratorIdentity& calibrator, const QString& serial
             .readings = readingsOf(run)};
 }
 
-void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
-           ReadingOf readingOf) {
-    for (int i = 0; i < entries.size(); ++i) {
-        const auto reading = readingOf(instrument, entries[i]);
-        judgement.take(i, reading.applied, reading.reading, reading.calibratorError);
-    }
-}
-
-void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
-                const RunResults& run, const QString& serial) {
-    // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
-    const bool isUnnamed = toLowerCase(run.tag.technician) == toUpperCase(serial);
-    fillFields(record, instrument, counts,
-               {run.date, run.time, roundOf(run, counts.hasPassed()),
-                isUnnamed ? run.inUseTech : run.tag.technician});
+RunStandards::RunStandards(Session& session, CalRecord& record) : session_(session), record_(record) {
+    record.RecordStandards.erase();
 }
 
 RunStandards::RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial)
-    : session_(session), record_(record) {
-    record.RecordStandards.erase();
+    : RunStandards(session, record) {
     record.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session, calibratorSerial);
 }
 
@@ -141,8 +138,35 @@ void RunStandards::addModule(const QString& serial) {
         record_.RecordStandards[row_++] = ModuleGlobals::AssetfromSerial(session_, serial);
 }
 
+void RunStandards::addKnownModule(const QString& serial) {
+    if (serial.isEmpty())
+        return;
+    const auto asset = ModuleGlobals::AssetfromSerial(session_, serial);
+    if (!asset.isEmpty())
+        record_.RecordStandards[row_++] = asset;
+}
+
 int RunStandards::addInUse(const QString& asset) {
     return takeStandardsInUse(session_, record_, asset, row_);
+}
+
+void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResults& run,
+              const RunRules& rules, const QString& serial) {
+    if (work.isPrepared())
+        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf); });
+    run.inUseTech = ModuleGlobals::GetInUseData(session, serial, judged.instrument.mtag).tech;
+}
+
+void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
+                const QString& serial) {
+    // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
+    const auto technician = toLowerCase(run.tag.technician);
+    const bool isUnnamed = technician == toUpperCase(serial) ||
+                           (!rules.noTechnician.isEmpty() && technician == rules.noTechnician);
+    const auto& counts = judged.judgement->counts();
+    fillFields(record, judged.instrument, counts,
+               {run.date, run.time, roundOf(run, counts.hasPassed()),
+                isUnnamed ? run.inUseTech : run.tag.technician});
 }
 
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement) {
@@ -154,22 +178,23 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
 }
 
 QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
-                      ReadingOf readingOf) {
+                      const RunRules& rules) {
     run.date = entry.date;
     run.time = entry.time;
     const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
-    if (auto reason = countMismatch(entry.asset, run.entries.size(), points); !reason.isEmpty())
-        return reason;
-    RunJudgement judgement(session, record, instrument,
-                           ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
-    judge(judgement, instrument, run.entries, readingOf);
-    if (!entry.prepared) {
-        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, instrument.mtag).tech;
-        RunStandards standards(session, record, entry.serial);
-        standards.addModule(run.pressureModule);
-        standards.addInUse(entry.asset);
+    if (rules.hasReadingForEachPoint) {
+        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
+            return reason;
     }
-    fillFields(record, instrument, judgement.counts(), run, entry.serial);
+    JudgedRun judged{.instrument = instrument};
+    judged.judgement.emplace(session, record, judged.instrument,
+                             ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
+    judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf);
+    if (!entry.prepared) {
+        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
+        rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
+    }
+    fillFields(record, judged, run, rules, entry.serial);
     takeStandardsOf(record, entry);
     return {};
 }

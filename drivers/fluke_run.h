@@ -41,8 +41,11 @@ struct RunResults {
     RunTag tag = {};
     /// The calibrator holds a later run of the same instrument.
     bool hasLaterRun = false;
-    /// The serial number of the pressure module; empty without one.
+    /// The serial number of the pressure module, that of the measuring side where each side has its own;
+    /// empty without one.
     QString pressureModule = {};
+    /// The serial number of the module that has sourced; empty without one.
+    QString sourceModule = {};
     /// Who has downloaded the instrument.
     QString inUseTech = {};
     QList<RunEntry> entries = {};
@@ -71,23 +74,18 @@ struct RunReading {
 /// The reading of an entry. Error 6 for a value that becomes too large.
 using ReadingOf = RunReading (*)(const CalParamRecord& instrument, const RunEntry& entry);
 
-/// Judges all readings; the lines go into the results of the record. Error 6 for a reading that is no
-/// number.
-void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QList<RunEntry>& entries,
-           ReadingOf readingOf);
-
-/// Puts what the run says into the fields of the record. `serial` is the calibrator's serial number.
-void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
-                const RunResults& run, const QString& serial);
-
-/// Puts the standards of a run into its record: the calibrator, its pressure modules, and
-/// what is in use with the instrument. A module that the inventory doesn't know leaves its row empty, which
-/// ends the list.
+/// Puts the standards of a run into its record: the calibrator, its pressure modules, and what is in use with
+/// the instrument.
 class RunStandards {
   public:
+    /// Without the calibrator.
+    RunStandards(Session& session, CalRecord& record);
     RunStandards(Session& session, CalRecord& record, const QString& calibratorSerial);
-    /// Without a serial number there is no module.
+    /// Without a serial number there is no module. One that the inventory doesn't know leaves its row empty,
+    /// which ends the list.
     void addModule(const QString& serial);
+    /// The same; one that the inventory doesn't know is left out.
+    void addKnownModule(const QString& serial);
     /// Gives the number of standards in use.
     int addInUse(const QString& asset);
 
@@ -97,6 +95,33 @@ class RunStandards {
     int row_ = 0;
 };
 
+/// What the runs of one calibrator have of their own.
+struct RunRules {
+    ReadingOf readingOf;
+    /// The standards that a run names itself; `serial` is the calibrator's serial number.
+    RunStandards (*standards)(Session& session, CalRecord& record, const RunResults& run,
+                              const QString& serial);
+    /// What stands, in any case, for a technician without a name, besides the calibrator's serial number.
+    QStringView noTechnician = {};
+    /// A run has as many readings as the instrument has test points.
+    bool hasReadingForEachPoint = true;
+};
+
+/// An instrument's parameters and the judgement by them.
+struct JudgedRun {
+    CalParamRecord instrument = {};
+    std::optional<RunJudgement> judgement = {};
+};
+
+/// Judges all readings of a prepared run into the results of the record, and finds who has downloaded the
+/// instrument. A reading that is no number is reported.
+void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResults& run,
+              const RunRules& rules, const QString& serial);
+
+/// Puts what the run says into the fields of the record. `serial` is the calibrator's serial number.
+void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
+                const QString& serial);
+
 /// Has the record of a prepared run made, and shows the operator where workstation and calibrator have
 /// disagreed. An unprepared run needs no judgement.
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement);
@@ -104,6 +129,6 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
 /// Judges a run out of the journal again by the instrument's present parameters, into `record`. The entry's
 /// own date and time count. Empty, or the reason why it can't be judged.
 QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
-                      ReadingOf readingOf);
+                      const RunRules& rules);
 
 } // namespace kelvane

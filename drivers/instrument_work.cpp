@@ -153,4 +153,8 @@ bool hasLostConnection(const Session& session) {
     return !session.SessionConnected || (connection && (!connection->isOpen() || connection->isLost()));
 }
 
+QString failureOfContact(const Session& session, const ReportWatch& contact, const QString& failure) {
+    return contact.sawReport() && hasLostConnection(session) ? text(TextId::connectionLostAdvice) : failure;
+}
+
 } // namespace kelvane

@@ -82,4 +82,8 @@ void copyRecord(const CalRecord& record, JournalEntry& entry);
 /// True when the database is out of reach, after a report that may have said so.
 bool hasLostConnection(const Session& session);
 
+/// What the operator reads of a contact with a calibrator that has failed: the failure, or, when the database
+/// was lost meanwhile, what to do about that.
+QString failureOfContact(const Session& session, const ReportWatch& contact, const QString& failure);
+
 } // namespace kelvane

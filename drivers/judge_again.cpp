@@ -16,7 +16,7 @@ Rejudgement beginRejudgement(Session& session, CalRecord& record, const QString&
     return judging;
 }
 
-QString countMismatch(const QString& asset, qsizetype readings, int points) {
+QString countMismatch(const QString& asset, qsizetype readings, qsizetype points) {
     if (readings == points)
         return {};
     return text(TextId::readingCountMismatch).arg(asset, QString::number(readings), QString::number(points));

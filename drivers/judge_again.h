@@ -10,12 +10,12 @@ namespace kelvane {
 /// dictionary, the instrument's parameters as they are now, and its test points.
 struct Rejudgement {
     CalParamRecord instrument = {};
-    int points = 0;
+    QList<float> points = {};
 };
 Rejudgement beginRejudgement(Session& session, CalRecord& record, const QString& asset);
 
 /// Empty when there is a reading for each point; otherwise why they can't be judged.
-QString countMismatch(const QString& asset, qsizetype readings, int points);
+QString countMismatch(const QString& asset, qsizetype readings, qsizetype points);
 
 /// Puts the standards of an entry into the new record: those that were found then, and behind them what
 /// stands in the record now, which counts for an entry whose preparation failed alone.

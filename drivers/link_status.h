@@ -46,8 +46,11 @@ class StatusRule {
     /// Gives the words for a status that concerns an asset, or shows them.
     using Report = QString (*)(Session& session, qint16 status, const QString& asset);
 
-    StatusRule(Session& session, Report report, QString asset)
+    StatusRule(Session& session, Report report, QString asset = {})
         : session_(session), report_(report), asset_(std::move(asset)) {}
+
+    /// The statuses to come concern this asset.
+    void setAsset(const QString& asset) { asset_ = asset; }
 
     /// True when the work continues after this status.
     bool passes(qint16 status);

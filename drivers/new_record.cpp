@@ -4,8 +4,6 @@
 #include "data/records/field_dictionary.h"
 #include "platform/values/numbers.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -36,20 +34,24 @@ void fillFields(CalRecord& record, const CalParamRecord& instrument, const Point
     fillFields(record, found);
 }
 
-int standardsInUse(Session& session, const QString& asset) {
+StandardsInUse standardsInUse(Session& session, const QString& asset) {
     const int reports = session.reportCount;
-    const int count = ModuleGlobals::GetStandardsInUse(session, asset);
-    const auto& standards = std::as_const(session.StandardsInUse);
-    if (count == 0 && !standards[standards.last].isEmpty() && session.SessionConnected)
+    StandardsInUse standards;
+    standards.assets = ModuleGlobals::GetStandardsInUse(session, asset);
+    standards.areComplete = session.reportCount == reports;
+    const bool isFull = !standards.assets.value(ModuleGlobals::maxStandardsInUse - 1).isEmpty();
+    if (isFull && session.SessionConnected)
         session.reportCount = reports;
-    return count;
+    return standards;
 }
 
 int takeStandardsInUse(Session& session, CalRecord& record, const QString& asset, int row) {
-    const int count = standardsInUse(session, asset);
-    for (int i = 0; i < count; ++i)
-        record.RecordStandards[row + i] = std::as_const(session.StandardsInUse)[i];
-    return count;
+    const auto standards = standardsInUse(session, asset);
+    if (!standards.areComplete)
+        return 0;
+    for (const auto& standard : standards.assets)
+        record.RecordStandards[row++] = standard;
+    return static_cast<int>(standards.assets.size());
 }
 
 } // namespace kelvane

@@ -31,12 +31,20 @@ struct CalibrationValues {
 void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
                 const CalibrationValues& values);
 
-/// Reads the standards in use with the instrument into `StandardsInUse`; gives their number. More than the
-/// list takes are reported and count as none, and that report does not count as a failed preparation.
-int standardsInUse(Session& session, const QString& asset);
+/// The standards in use with an instrument.
+struct StandardsInUse {
+    /// After an error as far as they were read.
+    QStringList assets;
+    /// False after an error: a record gets none of them.
+    bool areComplete = false;
+};
 
-/// Puts the standards in use with the instrument into the record, from `row` on; gives their
-/// number.
+/// Reads the standards in use with the instrument. More than can be listed are reported, and that report does
+/// not count as a failed preparation.
+StandardsInUse standardsInUse(Session& session, const QString& asset);
+
+/// Puts the standards in use with the instrument into the record, from `row` on, or none of them after an
+/// error; gives their number.
 int takeStandardsInUse(Session& session, CalRecord& record, const QString& asset, int row);
 
 } // namespace kelvane

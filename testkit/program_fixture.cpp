@@ -21,7 +21,7 @@ void MissingPort::setPortOpen(bool open) {
 }
 
 ProgramTest::ProgramTest()
-    : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, port, link,
+    : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, links,
               {
                   .dataSources = [this] { return dataSources; },
                   .commandLine = u"kelvane"_s,

@@ -3,6 +3,7 @@
 #include "app/workstation_program.h"
 #include "testkit/fixtures.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/screen_operator.h"
 #include "ui/child_window.h"
 
@@ -62,6 +63,8 @@ class ProgramTest : public ::testing::Test {
     RecordingConnection::Script script;
     MissingPort port;
     RecordedLink link;
+    RecordedLink3 link3;
+    CalibratorLinks links{port, link, link3};
     QStringList dataSources{QStringLiteral("Calibration Data"), QStringLiteral("Site B")};
     int processEnded = 0;
     /// What happens when the program ends its process.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/error.h"
 #include "platform/user_interface.h"
 
 namespace kelvane::testing {
@@ -31,6 +32,16 @@ class QuietOperator : public UserInterface {
     void repaint() override {}
 
     QStringList reportedErrors;
+};
+
+/// An operator interface that fails while it shows a message about an instrument, and works for the report.
+class BrokenNotes final : public QuietOperator {
+  public:
+    BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override {
+        if (style == box::information)
+            throw makeError(ErrorNumber::invalidArgument);
+        return QuietOperator::messageBox(text, title, style);
+    }
 };
 
 } // namespace kelvane::testing

@@ -1,78 +1,15 @@
 #include "testkit/recorded_link.h"
 
-#include "platform/values/numbers.h"
-
-#include <QRegularExpression>
-
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
-
-namespace {
-
-QString displayText(const QString& value) {
-    return u'"' + value + u'"';
-}
-
-QString displayText(float value) {
-    return plainText(value);
-}
-
-template <class Integer>
-QString displayText(Integer value) {
-    return QString::number(value);
-}
-
-} // namespace
-
-QStringList RecordedLink::callsOf(const QString& operation) const {
-    return calls.filter(QRegularExpression(u"^%1\\("_s.arg(operation)));
-}
-
-void RecordedLink::answer(const QString& operation, Status status, int occasion) {
-    answers_[operation] << Answer{status, occasion};
-}
-
-RecordedLink::Status RecordedLink::statusOf(const QString& operation) {
-    Status status = 0;
-    for (auto& answer : answers_[operation]) {
-        if (answer.occasion == 0 || answer.occasion == 1)
-            status = answer.status;
-        if (answer.occasion > 0 && --answer.occasion == 0)
-            answer.occasion = -1;
-    }
-    return status;
-}
-
-template <class... Values>
-RecordedLink::Status RecordedLink::record(const char* operation, const Values&... values) {
-    const auto name = QString::fromLatin1(operation);
-    calls << name + u'(' + QStringList{displayText(values)...}.join(u", "_s) + u')';
-    if (onCall)
-        onCall(name);
-    return statusOf(name);
-}
-
-/// The text and its zero, over the beginning of the buffer; never more than the buffer holds.
-void RecordedLink::put(QString& buffer, const QString& value) const {
-    if (writeText) {
-        buffer = writeText(value, buffer);
-        return;
-    }
-    const auto written = (value + QChar(0)).left(buffer.size());
-    buffer.replace(0, written.size(), written);
-}
 
 const StoredRun* RecordedLink::run(qint32 index) const {
     return index >= 0 && index < runs.size() ? &runs[index] : nullptr;
 }
 
 QString RecordedLink::missing() {
-    if (onQuestion)
-        onQuestion();
-    return reasonMissing;
+    return answerQuestion();
 }
 
 RecordedLink::Status RecordedLink::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
@@ -123,10 +60,8 @@ RecordedLink::Status RecordedLink::MEMclear() {
 
 RecordedLink::Status RecordedLink::MEMstrategyDefn(qint32& strategyId, const QString& name, qint16 count,
                                                    const float* points) {
-    QStringList fractions;
-    std::for_each(points, points + count, [&](float point) { fractions << displayText(point); });
     strategyId = ++strategies_;
-    return record("MEMstrategyDefn", name, count, fractions.join(u' '));
+    return record("MEMstrategyDefn", name, count, displayText(points, count));
 }
 
 RecordedLink::Status RecordedLink::MEMpromptDefn(const QString& key, const QString& prompt) {

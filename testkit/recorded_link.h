@@ -1,12 +1,8 @@
 #pragma once
 
 #include "drivers/fluke702/dpclnk.h"
+#include "testkit/recorded_calls.h"
 
-#include <QHash>
-#include <QList>
-#include <QStringList>
-
-#include <functional>
 #include <optional>
 
 namespace kelvane::testing {
@@ -34,23 +30,10 @@ struct StoredRun {
     QList<ResultEntry> entries = {};
 };
 
-/// A link library under the test's control. It records each call, plays back the runs it is given, gives out
-/// ids from 1 on, and returns status 0 unless set otherwise.
-class RecordedLink final : public Dpclnk {
+/// A link library `dpclnk` under the test's control: it plays back the runs it is given and gives out ids
+/// from 1 on.
+class RecordedLink final : public Dpclnk, public RecordedCalls {
   public:
-    /// Each call as a line: the operation and its in arguments, such as `DPCopen(9600, "COM1", 1000, 5)`.
-    QStringList calls;
-    /// The calls of one operation.
-    QStringList callsOf(const QString& operation) const;
-
-    /// From now on this operation gives that status: at its n-th call from now, or at every call (0).
-    void answer(const QString& operation, Status status, int occasion = 0);
-    /// Runs at each call, before it gives its status, with the operation's name.
-    std::function<void(const QString&)> onCall;
-
-    QString reasonMissing;
-    /// Runs when it is asked what is missing, before anything else of a driver.
-    std::function<void()> onQuestion;
     QString model = QStringLiteral("702");
     QString serial = QStringLiteral("6841207");
     QString text = QStringLiteral("V1.0");
@@ -60,8 +43,6 @@ class RecordedLink final : public Dpclnk {
     QList<StoredRun> runs;
     /// The number of runs that the library claims to hold, when a test sets it.
     std::optional<qint32> storedRuns;
-    /// Written over the buffer in place of a text and its zero, when a test sets it.
-    std::function<QString(const QString& text, const QString& buffer)> writeText;
 
     QString missing() override;
     Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) override;
@@ -106,17 +87,8 @@ class RecordedLink final : public Dpclnk {
     Status STAgetPressure(QString& modelOut, QString& serialOut, qint32& unused) override;
 
   private:
-    struct Answer {
-        Status status = 0;
-        int occasion = 0;
-    };
-    template <class... Values>
-    Status record(const char* operation, const Values&... values);
-    Status statusOf(const QString& operation);
-    void put(QString& buffer, const QString& value) const;
     const StoredRun* run(qint32 index) const;
 
-    QHash<QString, QList<Answer>> answers_;
     qint32 strategies_ = 0;
     qint32 states_ = 0;
     qint32 current_ = -1;

@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 using namespace Module702Interface;
+using namespace Module74xInterface;
 using namespace ModuleTSInterface;
 
 namespace {
@@ -20,12 +21,6 @@ template <auto state, auto operation>
 constexpr auto call = [](Calibrators& calibrators, const auto&... arguments) {
     return operation(calibrators.*state, arguments...);
 };
-
-/// The operations of a calibrator whose driver is still to come.
-template <class... Arguments>
-QString notInVersion(Arguments...) {
-    return text(TextId::driverNotInVersion);
-}
 
 constexpr Calibrator calibrators[] = {
     {.identity = ModuleTSInterface::identity,
@@ -43,11 +38,12 @@ constexpr Calibrator calibrators[] = {
      .download = call<&Calibrators::fluke702, Fluke702_download>,
      .upload = call<&Calibrators::fluke702, Fluke702_upload>,
      .judgeAgain = Fluke702_judge_again},
-    {.identity = {u"Fluke 743/744", TextId::calibratorFluke74x, u"fluke74x"},
-     .acceptable = notInVersion,
-     .download = notInVersion,
-     .upload = notInVersion,
-     .judgeAgain = notInVersion},
+    {.identity = Module74xInterface::identity,
+     .acceptable = call<&Calibrators::fluke74x, Fluke74x_acceptable>,
+     .requiresStandard = call<&Calibrators::fluke74x, Fluke74x_requires_standard>,
+     .download = call<&Calibrators::fluke74x, Fluke74x_download>,
+     .upload = call<&Calibrators::fluke74x, Fluke74x_upload>,
+     .judgeAgain = Fluke74x_judge_again},
 };
 
 constexpr Calibrator noCalibrator{};
@@ -75,13 +71,12 @@ QString calibratorCaption(const QString& name) {
 }
 
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered) {
-    session.SharedValueList.erase();
-    int row = 1;
+    QStringList captions;
     for (const auto& calibrator : calibrators)
-        session.SharedValueList[row++] = text(calibrator.identity.caption);
+        captions << text(calibrator.identity.caption);
     const auto proposed = ModuleGlobals::GetRegSetting(session, u"Defaults"_s, remembered);
     const auto answer = ModuleGlobals::CustomDialog(session, title, text(TextId::selectCalibratorToUse), true,
-                                                    1, 30, 0, calibratorCaption(proposed));
+                                                    1, 30, 0, calibratorCaption(proposed), captions);
     if (answer == cancelled)
         return {};
     const auto* chosen = std::ranges::find(
@@ -93,7 +88,8 @@ QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     const auto* found = std::ranges::find_if(calibrators, [&](const Calibrator& calibrator) {
         return calibrator.identity.journalWord == entry.driver;
     });
-    return found == std::end(calibrators) ? notInVersion<>() : found->judgeAgain(session, entry, record);
+    return found == std::end(calibrators) ? text(TextId::entryDriverUnknown)
+                                          : found->judgeAgain(session, entry, record);
 }
 
 } // namespace kelvane

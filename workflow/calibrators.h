@@ -2,6 +2,7 @@
 
 #include "drivers/calibrator_identity.h"
 #include "drivers/fluke702/driver.h"
+#include "drivers/fluke74x/driver.h"
 #include "drivers/torquestar/driver.h"
 
 #include <limits>
@@ -9,11 +10,25 @@
 
 namespace kelvane {
 
+/// By what the drivers reach their calibrators: a serial line, and link libraries.
+struct CalibratorLinks {
+    SerialPort& torqueStar;
+    Dpclnk& fluke702;
+    Dpclnk3& fluke74x;
+};
+
 /// The drivers, each with its state.
 struct Calibrators {
+    Calibrators(Session& workstation, const CalibratorLinks& links)
+        : session(workstation),
+          torqueStar{workstation, links.torqueStar},
+          fluke702{workstation, links.fluke702},
+          fluke74x{workstation, links.fluke74x} {}
+
     Session& session;
     TorqueStar torqueStar;
     Fluke702 fluke702;
+    Fluke74x fluke74x;
 };
 
 /// A calibrator as the workflow knows it. An operation that it does not have is done with nothing: it accepts

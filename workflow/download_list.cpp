@@ -6,12 +6,12 @@
 #include "data/records/standards.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
-#include "drivers/asset_entries.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -66,18 +66,15 @@ void Addition::add(const QString& entry) {
         return endEntry();
     }
     const BusyPointer busy(session_.ui);
-    int count = ModuleGlobals::GetAssetsInTaskPackage(session_, entry);
-    if (count == 0) {
-        session_.AssetList[0].asset = entry;
-        count = 1;
-    }
-    const auto entries = assetEntries(session_, count);
-    if (screen_.rows().size() + count >= calibrator().listEnd) {
+    auto entries = ModuleGlobals::GetAssetsInTaskPackage(session_, entry);
+    if (entries.isEmpty())
+        entries << AssetEntry{.asset = entry};
+    if (screen_.rows().size() + entries.size() >= calibrator().listEnd) {
         warn(text(TextId::instrumentListFull));
         return endEntry();
     }
-    for (const auto& instrument : entries)
-        addInstrument(instrument.asset, count == 1);
+    for (const auto& instrument : std::as_const(entries))
+        addInstrument(instrument.asset, entries.size() == 1);
     endEntry();
 }
 

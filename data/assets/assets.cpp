@@ -3,6 +3,7 @@
 #include "data/parameters/prompt_macros.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
+#include "platform/values/fixed_list.h"
 #include "platform/values/texts.h"
 
 using namespace Qt::StringLiterals;
@@ -10,6 +11,8 @@ using namespace Qt::StringLiterals;
 namespace kelvane::ModuleGlobals {
 
 namespace {
+
+constexpr qsizetype maxInstruments = 501;
 
 /// A task package as its members are looked for.
 struct Package {
@@ -73,19 +76,18 @@ std::optional<Package> findPackage(Routine& routine, const QString& task) {
     return package;
 }
 
-/// Fills `AssetList` with the instruments that meet the condition; gives their number.
-qint16 fillAssetList(Session& session, Routine& routine, const Sql& condition) {
+/// The instruments that meet the condition.
+QList<AssetEntry> selectInstruments(const Session& session, Routine& routine, const Sql& condition) {
     const auto rows = routine.select(u"select i4201,mtag,i4206 from " + sqlName(session.SessionOwner) +
                                      u".inventory where " + condition);
-    qint16 count = 0;
+    QList<AssetEntry> entries;
     while (rows->next()) {
-        auto& entry = session.AssetList[count];
+        auto& entry = addEntry(entries, maxInstruments);
         entry.asset = notNull(rows->value(0));
         entry.mtag = notNull(rows->value(1));
         entry.serial = rows->value(2).value_or(QString());
-        ++count;
     }
-    return count;
+    return entries;
 }
 
 /// The first value of a look-up, or empty; the look-ups by number share it.
@@ -114,21 +116,20 @@ QString CheckAsset(Session& session, const QString& asset) {
     return lookUp(session, u"ModuleGlobals,CheckAsset"_s, mtagQuery(session, asset));
 }
 
-qint16 GetAssetsInTaskPackage(Session& session, const QString& task) {
-    qint16 count = 0;
+QList<AssetEntry> GetAssetsInTaskPackage(Session& session, const QString& task) {
+    QList<AssetEntry> entries;
     Routine routine(session, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
     routine.run([&] {
         const BusyPointer busy(session.ui);
-        session.AssetList.erase();
         const auto package = findPackage(routine, task);
         if (!package)
             return;
         for (const auto& kind : packageKinds) {
             if (kind.kind == package->kind)
-                count = fillAssetList(session, routine, kind.condition(session, *package));
+                entries = selectInstruments(session, routine, kind.condition(session, *package));
         }
     });
-    return count;
+    return entries;
 }
 
 bool PackageHasMembers(Session& session, const QString& tag) {
@@ -140,18 +141,17 @@ bool PackageHasMembers(Session& session, const QString& tag) {
     return has;
 }
 
-qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial) {
-    qint16 count = 0;
+QList<AssetEntry> GetAssetsInUseWithStandard(Session& session, const QString& serial) {
+    QList<AssetEntry> entries;
     Routine routine(session, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
     routine.run([&] {
-        session.AssetList.erase();
-        count = fillAssetList(session, routine,
-                              u"mtag in (select mtag from mt.hvm_kv_task_standards_inuse where standard_mtag "
-                              "= (select mtag from " +
-                                  sqlName(session.SessionOwner) + u".inventory where i4206 = " +
-                                  sqlText(serial) + u"))");
+        entries = selectInstruments(
+            session, routine,
+            u"mtag in (select mtag from mt.hvm_kv_task_standards_inuse where standard_mtag "
+            "= (select mtag from " +
+                sqlName(session.SessionOwner) + u".inventory where i4206 = " + sqlText(serial) + u"))");
     });
-    return count;
+    return entries;
 }
 
 Sql mtagQuery(const Session& session, const QString& asset) {

@@ -3,7 +3,18 @@
 #include "data/session.h"
 #include "platform/database/sql.h"
 
-namespace kelvane::ModuleGlobals {
+#include <QList>
+
+namespace kelvane {
+
+/// An instrument of the inventory.
+struct AssetEntry {
+    QString asset = {};
+    QString mtag = {};
+    QString serial = {};
+};
+
+namespace ModuleGlobals {
 
 /// The asset number of the instrument with this serial number, or empty. Reported as
 /// "ModuleGlobals,AssetfromSerial".
@@ -14,16 +25,16 @@ QString AssetfromSerial(Session& session, const QString& serial_start, const QSt
 /// The `mtag` of an asset, or empty when it doesn't exist.
 QString CheckAsset(Session& session, const QString& asset);
 
-/// Fills `AssetList` from a task package's name or tag; gives the number of entries, 0 for an unknown
-/// package.
-qint16 GetAssetsInTaskPackage(Session& session, const QString& task);
+/// The instruments of a task package, by its name or tag; none for an unknown package or after an error. More
+/// than 501 are error 9.
+QList<AssetEntry> GetAssetsInTaskPackage(Session& session, const QString& task);
 
 /// True when instruments were put into the package of that tag, whether the inventory knows them or not.
 bool PackageHasMembers(Session& session, const QString& tag);
 
-/// Fills `AssetList` with the instruments in use with the standard (a calibrator) of that serial number;
-/// gives the number of entries. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like the routine above.
-qint16 GetAssetsInUseWithStandard(Session& session, const QString& serial);
+/// The instruments in use with the standard (a calibrator) of that serial number; none after an error. More
+/// than 501 are error 9. Reported as "ModuleGlobals,GetAssetsInTaskPackage" like the routine above.
+QList<AssetEntry> GetAssetsInUseWithStandard(Session& session, const QString& serial);
 
 /// "select mtag from OWNER.inventory where i4201 = 'ASSET'". The number is inserted unchanged.
 Sql mtagQuery(const Session& session, const QString& asset);
@@ -31,4 +42,5 @@ Sql mtagQuery(const Session& session, const QString& asset);
 /// instrument's key; the asset number is inserted unchanged.
 Sql mtagOf(const Session& session, const QString& asset);
 
-} // namespace kelvane::ModuleGlobals
+} // namespace ModuleGlobals
+} // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/routine.h"
+#include "platform/values/fixed_list.h"
 
 using namespace Qt::StringLiterals;
 
@@ -62,21 +63,18 @@ InUseData GetInUseData(Session& session, const QString& serial, const QString& m
     return data;
 }
 
-qint16 GetStandardsInUse(Session& session, const QString& asset) {
-    qint16 count = 0;
+QStringList GetStandardsInUse(Session& session, const QString& asset) {
+    QStringList standards;
     Routine routine(session, u"ModuleGlobals,GetInUseData"_s);
-    const bool complete = routine.run([&] {
-        session.StandardsInUse.erase();
+    routine.run([&] {
         const auto rows = routine.select(u"select i4201 from " + sqlName(session.SessionOwner) +
                                          u".inventory where mtag in (select standard_mtag from "
                                          "mt.hvm_kv_task_standards_inuse where mtag = " +
                                          mtagOf(session, asset) + u")");
-        while (rows->next()) {
-            session.StandardsInUse[count] = notNull(rows->value(0));
-            ++count;
-        }
+        while (rows->next())
+            addEntry(standards, maxStandardsInUse) = notNull(rows->value(0));
     });
-    return complete ? count : qint16{0};
+    return standards;
 }
 
 void ClearSystemTables(Session& session) {

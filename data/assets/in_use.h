@@ -2,6 +2,8 @@
 
 #include "data/session.h"
 
+#include <QStringList>
+
 namespace kelvane {
 
 /// When an instrument was sent to a calibrator, and by whom. The two keys stay empty: the caller knows them.
@@ -14,6 +16,8 @@ struct InUseData {
 
 namespace ModuleGlobals {
 
+inline constexpr qsizetype maxStandardsInUse = 51;
+
 /// Registers an instrument on the calibrator of that serial number, and the calibrator as its standard. An
 /// empty `tech` is stored as null.
 void AddInUse(Session& session, const QString& serial, const QString& mtag, const QString& tech);
@@ -21,9 +25,10 @@ void AddInUse(Session& session, const QString& serial, const QString& mtag, cons
 void ClearInUse(Session& session, const QString& serial);
 /// When the instrument was sent to the calibrator, and by whom; empty values without a row.
 InUseData GetInUseData(Session& session, const QString& serial, const QString& mtag);
-/// Fills `StandardsInUse` for an asset; gives the number of entries, 0 after an error (reported as
-/// "ModuleGlobals,GetInUseData").
-qint16 GetStandardsInUse(Session& session, const QString& asset);
+/// The asset numbers of the standards in use with an asset. After an error, reported as
+/// "ModuleGlobals,GetInUseData", they are given as far as they were read; more than `maxStandardsInUse` are
+/// error 9.
+QStringList GetStandardsInUse(Session& session, const QString& asset);
 /// Deletes rows and packages older than 90 days; called at each login.
 void ClearSystemTables(Session& session);
 

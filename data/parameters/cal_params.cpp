@@ -4,6 +4,7 @@
 #include "data/parameters/cal_param_columns.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
+#include "platform/values/fixed_list.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
 
@@ -12,6 +13,9 @@ using namespace Qt::StringLiterals;
 namespace kelvane::ModuleGlobals {
 
 namespace {
+
+constexpr qsizetype maxTestPoints = 201;
+constexpr qsizetype maxPrompts = 251;
 
 /// The strategy's points stand in the from clause without a condition: the result has a row for each of them,
 /// all equal, so only the first is asked for.
@@ -47,14 +51,6 @@ QString textOf(const std::optional<QString>& value, CalParamNull null) {
     if (value || null == CalParamNull::error)
         return notNull(value);
     return null == CalParamNull::off ? u"OFF"_s : u"0"_s;
-}
-
-/// Stores `fraction` from entry `count` on, `times` times.
-void addTestPoint(Session& session, qint16& count, float fraction, qint16 times) {
-    for (qint16 i = 0; i < times; ++i) {
-        session.TestPointList[count] = fraction;
-        ++count;
-    }
 }
 
 Sql selectPromptsOfPackage(const QString& task) {
@@ -105,12 +101,11 @@ bool HasConfigData(Session& session, const QString& asset) {
     return complete;
 }
 
-qint16 GetTestPointList(Session& session, const QString& asset) {
-    qint16 count = 0;
+QList<float> GetTestPointList(Session& session, const QString& asset) {
+    QList<float> fractions;
     Routine routine(session, u"ModuleGlobals,GetTestPointList"_s);
     const bool complete = routine.run([&] {
         const BusyPointer busy(session.ui);
-        session.TestPointList.erase();
         qint16 repetitions = 1;
         const auto config = routine.select(u"select repetitions from mt.hvm_kv_tag_config where mtag = " +
                                                mtagOf(session, asset),
@@ -121,29 +116,28 @@ qint16 GetTestPointList(Session& session, const QString& asset) {
             routine.select(selectTestPointPct(session, asset) + u" order by test_point_seq asc");
         while (points->next()) {
             const auto fraction = toReal(numericValue(notNull(points->value(0))) / 100);
-            addTestPoint(session, count, fraction, repetitions);
+            for (qint16 i = 0; i < repetitions; ++i)
+                addEntry(fractions, maxTestPoints) = fraction;
         }
     });
-    return complete ? count : qint16{0};
+    return complete ? fractions : QList<float>();
 }
 
-qint16 GetPrompts(Session& session, const QString& asset, qint16 kind, const QString& task) {
-    qint16 count = 0;
+QList<PromptEntry> GetPrompts(Session& session, const QString& asset, qint16 kind, const QString& task) {
+    QList<PromptEntry> prompts;
     Routine routine(session, u"ModuleGlobals,GetPrompts"_s);
     const bool complete = routine.run([&] {
         const BusyPointer busy(session.ui);
-        session.PromptList.erase();
         const auto rows = routine.select(asset.isEmpty() ? selectPromptsOfPackage(task)
                                                          : selectPromptsOfAsset(session, asset, kind));
         while (rows->next()) {
-            auto& entry = session.PromptList[count];
+            auto& entry = addEntry(prompts, maxPrompts);
             entry.pname = notNull(rows->value(0));
             entry.prompt = rows->value(1).value_or(QString());
             entry.prompt_type = notNull(rows->value(2));
-            ++count;
         }
     });
-    return complete ? count : qint16{0};
+    return complete ? prompts : QList<PromptEntry>();
 }
 
 Sql selectTestPointPct(const Session& session, const QString& asset) {

@@ -2,6 +2,8 @@
 
 #include "data/session.h"
 
+#include <QList>
+
 namespace kelvane {
 
 class Sql;
@@ -59,6 +61,14 @@ struct CalParamRecord {
     bool input_indicated = false;
 };
 
+/// A test message of an instrument.
+struct PromptEntry {
+    QString pname;
+    QString prompt;
+    /// "PRE" before the test, "PST" after it.
+    QString prompt_type;
+};
+
 namespace ModuleGlobals {
 
 /// The parameters of an asset, read anew at each call; the zeroed record when it has none.
@@ -67,13 +77,14 @@ CalParamRecord GetCalParams(Session& session, const QString& asset);
 /// True when the asset has parameters and its strategy still exists with at least one point.
 bool HasConfigData(Session& session, const QString& asset);
 
-/// Fills `TestPointList` with fractions of span, each as often as `repetitions` says; gives the number of
-/// entries, 0 after an error, the list then being filled as far as it went.
-qint16 GetTestPointList(Session& session, const QString& asset);
+/// The test points as fractions of span, each as often as `repetitions` says; none after an error. More than
+/// 201 are error 9.
+QList<float> GetTestPointList(Session& session, const QString& asset);
 
-/// Fills `PromptList` and gives the number of entries. `kind` 0: messages before the test, 1: after it, else
-/// both. With an empty `asset`: every message of the task package with the tag `task`, each once.
-qint16 GetPrompts(Session& session, const QString& asset, qint16 kind, const QString& task);
+/// The test messages of an asset; `kind` 0: those before the test, 1: after it, else both. With an empty
+/// `asset`: every message of the task package with the tag `task`, each once. None after an error; more than
+/// 251 are error 9.
+QList<PromptEntry> GetPrompts(Session& session, const QString& asset, qint16 kind, const QString& task);
 
 /// The statement that gives the percentages of an asset's strategy, without an order; the asset goes through
 /// `SQLSafe`.

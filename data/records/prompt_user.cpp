@@ -17,19 +17,19 @@ namespace {
 constexpr qint16 modeText = 0;
 constexpr qint16 modeList = 1;
 
-/// Fills the choices of a field with a value list; those that do not fit are left out.
-void fillChoices(Session& session, Routine& routine, const CalField& field) {
-    session.SharedValueList.erase();
+/// The choices of a field with a value list; those that the dialog does not take are left out.
+QStringList choicesOf(const Session& session, Routine& routine, const CalField& field) {
     if (session.SessionDbVersion <= 5 || !field.has_list)
-        return;
+        return {};
     const auto values = routine.select(u"select val from mt.valfield where fldnum = " +
                                        sqlText(field.column.right(4)) + u" order by val asc");
-    int index = session.SharedValueList.first;
-    while (index <= session.SharedValueList.last && values->next()) {
+    QStringList choices;
+    while (choices.size() < maxChoices && values->next()) {
         const auto value = values->value(0);
         if (value && !trimBlanks(*value).isEmpty())
-            session.SharedValueList[index++] = *value;
+            choices << *value;
     }
+    return choices;
 }
 
 } // namespace
@@ -40,7 +40,7 @@ bool PromptUser(Session& session, CalRecord& record, qint16 index, const QString
     routine.run([&] {
         // A copy: while the dialog is open the rest of the program can be reached.
         const auto field = std::as_const(record).CalFieldTable[index];
-        fillChoices(session, routine, field);
+        const auto choices = choicesOf(session, routine, field);
         const bool required = field.required == "Y"_L1;
         const auto mode = field.has_list ? modeList : modeText;
         const auto start = field.value.isEmpty() ? field.default_text : field.value;
@@ -48,7 +48,7 @@ bool PromptUser(Session& session, CalRecord& record, qint16 index, const QString
         const QString prompt = text(TextId::enterInformationFor) + u' ' + field.title;
         do {
             const auto answer = CustomDialog(session, caption, prompt, required, mode, field.max_length,
-                                             field.field_type, start);
+                                             field.field_type, start, choices);
             // A dialog that was cancelled asks once more in these words too, required or not.
             if (answer != cancelled && !(answer.isEmpty() && required)) {
                 record.CalFieldTable[index].value =

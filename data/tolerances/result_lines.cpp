@@ -40,7 +40,7 @@ QString dropLast(const QString& text, qsizetype count) {
 /// The last substitution that fits the value of a field; null when none does.
 const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value) {
     const SubstRow* fitting = nullptr;
-    for (int index = session.SubstTable.first; index <= session.SubstTable.last; ++index) {
+    for (int index = 0; index <= session.SubstTable.last; ++index) {
         const auto& row = session.SubstTable[index];
         if (row.code.isEmpty())
             break;

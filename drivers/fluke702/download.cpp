@@ -11,23 +11,20 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr qint16 mostPoints = 50;
+constexpr qsizetype mostPoints = 50;
 
-/// The points of the shared list, which nothing may refill before this call. More points than the library
-/// takes, or none, make no strategy.
-bool defineStrategy(Fluke702& driver, StatusRule& rule, Download702Item& item, qint16 points) {
-    if (points < 1 || points > mostPoints)
+/// More points than the library takes, or none, make no strategy.
+bool defineStrategy(Dpclnk& link, StatusRule& rule, Download702Item& item, const QList<float>& points) {
+    if (points.isEmpty() || points.size() > mostPoints)
         return true;
-    return rule.passes(driver.link.MEMstrategyDefn(item.strategyId, item.strategyName, points,
-                                                   &std::as_const(driver.session.TestPointList)[0]));
+    return rule.passes(link.MEMstrategyDefn(item.strategyId, item.strategyName,
+                                            static_cast<qint16>(points.size()), points.constData()));
 }
 
 bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const FlukePrompts& prompts,
@@ -48,7 +45,8 @@ bool loadInstrument(Fluke702& driver, StatusRule& rule, Download702Item& item, C
     item.tolerance = ModuleGlobals::TranslateSpanTestTolSingle(session, item.asset);
     const auto points = ModuleGlobals::GetTestPointList(session, item.asset);
     prepareTaskValues(item, carried);
-    return defineStrategy(driver, rule, item, points) && saveSetupState(driver.link, rule, item, carried) &&
+    return defineStrategy(driver.link, rule, item, points) &&
+           saveSetupState(driver.link, rule, item, carried) &&
            writeTask(driver.link, rule, item, prompts, carried.manual);
 }
 

@@ -13,7 +13,7 @@ QString Fluke702_judge_again(Session& session, JournalEntry& entry, CalRecord& r
         const auto run = runOf(entry.raw);
         if (entry.asset == run.tag.tag)
             entry.asset = assetOf(session, run.tag);
-        reason = judgeRunAgain(session, record, entry, run, readingOf);
+        reason = judgeRunAgain(session, record, entry, run, runRules);
     });
     return reason;
 }

@@ -108,4 +108,10 @@ RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry) {
             .calibratorError = 100 * double{entry.calibratorError}};
 }
 
+RunStandards standardsOf(Session& session, CalRecord& record, const RunResults& run, const QString& serial) {
+    RunStandards standards(session, record, serial);
+    standards.addModule(run.pressureModule);
+    return standards;
+}
+
 } // namespace kelvane::Module702Interface

@@ -40,5 +40,9 @@ QString assetOf(Session& session, const RunTag& tag);
 
 /// The entry in the instrument's own units, computed in 32 bits. Error 6 for a value that becomes too large.
 RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry);
+/// The calibrator and its pressure module.
+RunStandards standardsOf(Session& session, CalRecord& record, const RunResults& run, const QString& serial);
+
+inline constexpr RunRules runRules{.readingOf = readingOf, .standards = standardsOf};
 
 } // namespace kelvane::Module702Interface

@@ -1,5 +1,6 @@
 #include "data/assets/assets.h"
 #include "data/assets/in_use.h"
+#include "data/parameters/cal_params.h"
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
@@ -21,12 +22,6 @@ constexpr Dpclnk::Status noTagSaved = 2026;
 
 const QString routineName = u"Module702Interface,Fluke702_upload"_s;
 
-/// An instrument's parameters and the judgement by them.
-struct JudgedReading {
-    CalParamRecord instrument = {};
-    std::optional<RunJudgement> judgement = {};
-};
-
 /// One upload. Steps give false when the upload ends: the library has failed, or there is a failure to
 /// report.
 class Upload {
@@ -38,7 +33,7 @@ class Upload {
   private:
     bool takeRun(qint32 record);
     bool recordRun(qint32 record, RunResults& run, InstrumentWork& work);
-    bool prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedReading& judged);
+    bool prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedRun& judged);
     bool readEntries(qint32 record, int points, int stored, RunResults& run);
     bool hasLaterRun(qint32 record);
     bool fillStandards(RunResults& run, CalRecord& record);
@@ -59,8 +54,7 @@ QString Upload::run() {
     link_.MEMclear();
     const ReportWatch contact(session_);
     if (auto failure = Communicate702(driver_, modeUpload); !failure.isEmpty())
-        return contact.sawReport() && hasLostConnection(session_) ? text(TextId::connectionLostAdvice)
-                                                                  : failure;
+        return failureOfContact(session_, contact, failure);
     qint32 unused = 0;
     link_.MEMstats(unused, count_);
     for (qint32 record = 0; record < count_; ++record) {
@@ -99,7 +93,7 @@ bool Upload::takeRun(qint32 record) {
 
 bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     bool goesOn = true;
-    JudgedReading judged;
+    JudgedRun judged;
     work.attempt([&] { goesOn = prepare(record, run, work, judged); });
     if (!goesOn)
         return false;
@@ -109,24 +103,21 @@ bool Upload::recordRun(qint32 record, RunResults& run, InstrumentWork& work) {
     return failure_.isEmpty();
 }
 
-bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedReading& judged) {
+bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, JudgedRun& judged) {
     ModuleGlobals::SetCalDataFields(session_, work.record, tag_);
     judged.instrument = ModuleGlobals::GetCalParams(session_, tag_);
     qint16 stored = 0;
     if (link_.MEMcalResult(record, stored) != 0)
         return false;
-    const int points = ModuleGlobals::GetTestPointList(session_, tag_);
+    const auto points = static_cast<int>(ModuleGlobals::GetTestPointList(session_, tag_).size());
     judged.judgement.emplace(session_, work.record, judged.instrument,
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, tag_));
     if (!readEntries(record, points, work.isPrepared() || points > 0 ? 0 : stored, run))
         return false;
-    if (work.isPrepared())
-        work.attempt([&] { judge(*judged.judgement, judged.instrument, run.entries, readingOf); });
-
     const auto& serial = driver_.Calibrator702Serial;
-    run.inUseTech = ModuleGlobals::GetInUseData(session_, serial, judged.instrument.mtag).tech;
+    judgeRun(session_, work, judged, run, runRules, serial);
     run.hasLaterRun = run.kind == firstRun && hasLaterRun(record);
-    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, serial);
+    fillFields(work.record, judged, run, runRules, serial);
     counter_ = work.record.CalFieldTable.last + 1;
     return fillStandards(run, work.record);
 }

@@ -12,8 +12,6 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::ModuleTSInterface {
@@ -63,8 +61,8 @@ QString loadInstrument(TorqueStar& driver, const AssetEntry& entry, Characterist
     const auto name = characteristicName(entry.asset);
     const ReportWatch reading(session);
     const auto instrument = ModuleGlobals::GetCalParams(session, entry.asset);
-    standardsInUse(session, entry.asset);
-    const auto transducer = ModuleGlobals::GetCalParams(session, std::as_const(session.StandardsInUse)[0]);
+    const auto standards = standardsInUse(session, entry.asset);
+    const auto transducer = ModuleGlobals::GetCalParams(session, standards.assets.value(0));
     if (reading.sawReport())
         return text(TextId::instrumentDataUnreadable).arg(entry.asset);
     if (const auto refusal = fields.fill(session, instrument, transducer); !refusal.isEmpty())

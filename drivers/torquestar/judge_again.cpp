@@ -14,10 +14,10 @@ namespace {
 
 QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
     auto results = resultsOf(entry.raw);
-    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
-    if (auto reason = countMismatch(entry.asset, results.points.size(), points); !reason.isEmpty())
+    const auto [instrument, fractions] = beginRejudgement(session, record, entry.asset);
+    if (auto reason = countMismatch(entry.asset, results.points.size(), fractions.size()); !reason.isEmpty())
         return reason;
-    auto findings = findingsOf(session, record, instrument, fractionsOf(session, points), results);
+    auto findings = findingsOf(session, record, instrument, fractions, results);
     findings.date = entry.date;
     findings.time = entry.time;
     if (!entry.prepared) {

@@ -108,14 +108,14 @@ void readMoment(Session& session, const ToolResults& results, QString& date, QSt
 }
 
 Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& instrument,
-                    const QList<double>& fractions, const ToolResults& results) {
+                    const QList<float>& fractions, const ToolResults& results) {
     Findings findings;
     for (int i = 0; i < results.points.size(); ++i) {
         const auto& reply = results.points[i];
         findings.date = Conv2Date(session, dateField(reply));
         findings.time = Conv2Time(session, timeField(reply));
         const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
-        const double applied = nominalInput(instrument, fractions.value(i));
+        const double applied = nominalInput(instrument, double{fractions.value(i)});
         takePoint(record, findings.counts, judgePoint(session, instrument, applied, reading, i + 1), i + 1);
     }
     findings.comment = commentOf(results.comment);
@@ -136,13 +136,6 @@ void fillFields(Session& session, CalRecord& record, const CalParamRecord& instr
         {u"C2326", remark},
         {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()}};
     kelvane::fillFields(record, remarks);
-}
-
-QList<double> fractionsOf(const Session& session, int count) {
-    QList<double> fractions;
-    for (int i = 0; i < count; ++i)
-        fractions << double{session.TestPointList[i]};
-    return fractions;
 }
 
 } // namespace kelvane::ModuleTSInterface

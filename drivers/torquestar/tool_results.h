@@ -38,13 +38,10 @@ void readMoment(Session& session, const ToolResults& results, QString& date, QSt
 /// Reads and judges the replies at these fractions of the range; the lines go into the results of the
 /// record. A reply that can't be read is reported, or thrown as error 5.
 Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& instrument,
-                    const QList<double>& fractions, const ToolResults& results);
+                    const QList<float>& fractions, const ToolResults& results);
 
 /// Puts what was found into the fields of the new record, as far as the site's dictionary has them.
 void fillFields(Session& session, CalRecord& record, const CalParamRecord& instrument,
                 const Findings& findings, const QString& tech);
-
-/// The first test points of the shared list, as fractions of the range.
-QList<double> fractionsOf(const Session& session, int count);
 
 } // namespace kelvane::ModuleTSInterface

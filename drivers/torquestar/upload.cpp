@@ -4,7 +4,6 @@
 #include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "drivers/activity.h"
-#include "drivers/asset_entries.h"
 #include "drivers/instrument_work.h"
 #include "drivers/new_record.h"
 #include "drivers/torquestar/control_characters.h"
@@ -90,7 +89,7 @@ bool Upload::identify() {
 
 bool Upload::listInstruments(QList<AssetEntry>& entries) {
     const ReportWatch watch(session_);
-    entries = assetEntries(session_, ModuleGlobals::GetAssetsInUseWithStandard(session_, serial_));
+    entries = ModuleGlobals::GetAssetsInUseWithStandard(session_, serial_);
     if (!watch.sawReport())
         return true;
     return fail(
@@ -143,7 +142,7 @@ bool Upload::finishInstrument(const AssetEntry& entry) {
 bool Upload::prepare(const AssetEntry& entry, ToolResults& results, InstrumentWork& work) {
     const auto instrument = ModuleGlobals::GetCalParams(session_, entry.asset);
     ModuleGlobals::SetCalDataFields(session_, work.record, entry.asset);
-    const auto fractions = fractionsOf(session_, ModuleGlobals::GetTestPointList(session_, entry.asset));
+    const auto fractions = ModuleGlobals::GetTestPointList(session_, entry.asset);
     if (!readResults(nameField(characteristicName(entry.asset)), fractions.size(), results))
         return false;
     Findings findings;

@@ -38,7 +38,7 @@ class MainWindowFrame : public ProgramTest {
     }
 
     /// The next start of the program.
-    WorkstationProgram next{clock, settings, session.makeConnection, port, link, environment()};
+    WorkstationProgram next{clock, settings, session.makeConnection, links, environment()};
 };
 
 TEST_F(MainWindowFrame, SaysWhoIsLoggedInAndWhere) {
@@ -174,7 +174,7 @@ TEST_F(MainWindowFrame, ADamagedPositionIsReplacedAndAnImpossibleOneMovesOntoThe
                            {u"MainWindow/Top"_s, u"0"_s},
                            {u"MainWindow/Width"_s, row.width},
                            {u"MainWindow/Height"_s, u"99999"_s}};
-        WorkstationProgram started(clock, settings, session.makeConnection, port, link, environment());
+        WorkstationProgram started(clock, settings, session.makeConnection, links, environment());
         started.start();
         EXPECT_EQ(started.window.size(), row.expected) << row.width.toStdString();
         EXPECT_TRUE(started.window.screen()->geometry().intersects(started.window.geometry()));

@@ -170,7 +170,7 @@ TEST_F(UnwritableReport, OfClosingTheConnectionDoesNotKeepTheLoginScreenAway) {
 TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
     IniSettingsStore unreadable(folder.path());
     WorkstationProgram other(
-        clock, unreadable, session.makeConnection, port, link,
+        clock, unreadable, session.makeConnection, links,
         {.dataSources = [] { return QStringList(); }, .commandLine = u"kelvane"_s, .endProcess = [] {}});
     // The main window's place, the name of the last user, and the login screen's place.
     expectUnwritable();
@@ -184,7 +184,7 @@ TEST_F(UnwritableReport, OfUnreadableSettingsDoesNotKeepTheLoginScreenAway) {
 TEST_F(MainWindow, TheCommandLineSetsItsFlag) {
     start();
     EXPECT_FALSE(session.CommandLineFlag);
-    WorkstationProgram other(clock, settings, session.makeConnection, port, link,
+    WorkstationProgram other(clock, settings, session.makeConnection, links,
                              {.dataSources = [] { return QStringList(); },
                               .commandLine = u"kelvane --port COM1=/dev/x kfdj"_s,
                               .endProcess = [] {}});

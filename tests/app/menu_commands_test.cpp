@@ -176,8 +176,8 @@ TEST_F(MenuCommands, AQuestionThatIsOpenComesToTheFrontAndNoOtherCommandWithOneB
         EXPECT_TRUE(script.statements.isEmpty());
         answerDialog(dialog, u"Fluke 743/744"_s);
     });
-    simulatedOperator.expectBox(u"The driver for this calibrator is not part of this version yet."_s,
-                                uploadTitle, box::warning);
+    link3.reasonMissing = u"no library"_s;
+    simulatedOperator.expectBox(u"no library"_s, uploadTitle, box::warning);
     choose(u"mnuUpload"_s);
 }
 

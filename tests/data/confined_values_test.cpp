@@ -230,8 +230,9 @@ TEST_P(ConfinedValues, AStoredConditionThatLeavesItsParenthesesIsASyntaxError) {
         prepare(u"update mt.hvm_kv_task_packages set task_sql = '%1' where taskname = 'TEMPERATURE LOOPS'"_s,
                 condition);
         answer = {u"PDEF"_s, u"S"_s, condition, {}, {}, {}};
-        expectRefusal(condition, {name("GetAssetsInTaskPackage")},
-                      [&] { EXPECT_EQ(GetAssetsInTaskPackage(session, u"TEMPERATURE LOOPS"_s), 0); });
+        expectRefusal(condition, {name("GetAssetsInTaskPackage")}, [&] {
+            EXPECT_TRUE(GetAssetsInTaskPackage(session, u"TEMPERATURE LOOPS"_s).isEmpty());
+        });
     }
 }
 

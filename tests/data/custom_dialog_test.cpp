@@ -13,11 +13,12 @@ namespace {
 class OneFieldDialog : public RecordedSession {
   protected:
     /// Asks for a strategy's name and gives the question as it reached the operator.
-    DialogQuestion question(qint16 mode) {
+    DialogQuestion question(qint16 mode, const QStringList& choices = {}) {
         DialogQuestion asked;
         ui.expectDialog(u"Strategies"_s, u"Name:"_s, u"S5"_s,
                         [&](const DialogQuestion& question) { asked = question; });
-        EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, mode, 30, 2, u"S"_s), u"S5"_s);
+        EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, mode, 30, 2, u"S"_s, choices),
+                  u"S5"_s);
         return asked;
     }
 };
@@ -34,26 +35,29 @@ TEST_F(OneFieldDialog, CarriesItsArguments) {
     EXPECT_EQ(asked.choices, QStringList());
 }
 
-TEST_F(OneFieldDialog, OffersTheSharedValuesUpToTheFirstEmptyOneInModeOne) {
-    session.SharedValueList[1] = u"S3"_s;
-    session.SharedValueList[2] = u"S5"_s;
-    session.SharedValueList[4] = u"behind the end"_s;
-    const auto asked = question(1);
+TEST_F(OneFieldDialog, OffersTheChoicesUpToTheFirstEmptyOneInModeOne) {
+    const auto asked = question(1, {u"S3"_s, u"S5"_s, QString(), u"behind the end"_s});
     EXPECT_TRUE(asked.fromList);
     EXPECT_EQ(asked.choices, (QStringList{u"S3"_s, u"S5"_s}));
+    EXPECT_EQ(question(1, {u"S3"_s, u"S5"_s}).choices, (QStringList{u"S3"_s, u"S5"_s}));
+    EXPECT_EQ(question(1, {u""_s, u"S5"_s}).choices, QStringList());
+    EXPECT_EQ(question(1).choices, QStringList());
 }
 
-TEST_F(OneFieldDialog, OffersAsManyAs2500Values) {
+TEST_F(OneFieldDialog, OffersAsManyAs2500ChoicesAndReportsMore) {
+    QStringList choices;
     for (int i = 1; i <= 2500; ++i)
-        session.SharedValueList[i] = QString::number(i);
-    EXPECT_EQ(question(1).choices.size(), 2500);
-    EXPECT_EQ(question(1).choices.last(), u"2500"_s);
+        choices << QString::number(i);
+    EXPECT_EQ(question(1, choices).choices, choices);
+    choices << u"2501"_s;
+    ui.expectReport(9, u"ModuleGlobals,CustomDialog"_s);
+    EXPECT_EQ(CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, 1, 30, 2, {}, choices), cancelled);
+    EXPECT_FALSE(ui.busy);
 }
 
 TEST_F(OneFieldDialog, ShowsATextBoxInEveryOtherMode) {
-    session.SharedValueList[1] = u"S3"_s;
     for (const qint16 mode : {qint16{0}, qint16{2}, qint16{-1}}) {
-        const auto asked = question(mode);
+        const auto asked = question(mode, {u"S3"_s});
         EXPECT_FALSE(asked.fromList) << mode;
         EXPECT_EQ(asked.choices, QStringList()) << mode;
     }

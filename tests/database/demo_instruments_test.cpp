@@ -110,7 +110,8 @@ TEST_F(DemoInstruments, ReadWithoutAReportAndAreReadyForWork) {
             EXPECT_GT(params.test_point_count, 0);
             // One half of this reading takes a number as it is, the other one makes it safe.
             if (!name.contains(u'\'')) {
-                EXPECT_EQ(GetTestPointList(session, name), params.test_point_count * params.repetitions);
+                EXPECT_EQ(GetTestPointList(session, name).size(),
+                          params.test_point_count * params.repetitions);
             }
             EXPECT_FALSE(DecimalFormat(session, 1, plainText(params.resolution)).isEmpty());
         }
@@ -149,9 +150,8 @@ TEST_F(DemoInstruments, PassAtTheirNominalValuesAndFailWellOutsideTheirTolerance
             continue;
         SCOPED_TRACE(name.toStdString());
         const auto p = GetCalParams(session, SQLSafe(name));
-        const auto points = name.contains(u'\'') ? qint16{0} : GetTestPointList(session, name);
-        for (qint16 point = 0; point < points; ++point) {
-            const double fraction = std::as_const(session).TestPointList[point];
+        const auto points = name.contains(u'\'') ? QList<float>() : GetTestPointList(session, name);
+        for (const double fraction : points) {
             const double input = p.input_low + fraction * (double{p.input_high} - p.input_low);
             const double nominal = p.output_low + fraction * (double{p.output_high} - p.output_low);
             const auto good = judgePoint(session, p, input, nominal);
@@ -211,7 +211,7 @@ TEST_F(DemoInstruments, TorqueToolsOfTheDemonstrationHaveTheirBands) {
         const auto band = judgePoint(session, p, p.input_high, p.output_high);
         EXPECT_NEAR(band.lower_limit, tool.low, 1e-9) << tool.asset.toStdString();
         EXPECT_NEAR(band.upper_limit, tool.high, 1e-9) << tool.asset.toStdString();
-        EXPECT_EQ(GetTestPointList(session, tool.asset), tool.entries) << tool.asset.toStdString();
+        EXPECT_EQ(GetTestPointList(session, tool.asset).size(), tool.entries) << tool.asset.toStdString();
     }
 }
 
@@ -241,14 +241,14 @@ TEST_F(DemoInstruments, UseOnlyMessagesThatExistAndMacrosThatAreKnown) {
 }
 
 TEST_F(DemoInstruments, ShowTheirMessagesInOrder) {
-    EXPECT_EQ(GetPrompts(session, u"TIT-205"_s, 0, {}), 4);
-    const auto& prompts = std::as_const(session).PromptList;
+    const auto prompts = GetPrompts(session, u"TIT-205"_s, 0, {});
+    ASSERT_EQ(prompts.size(), 4);
     EXPECT_EQ(prompts[0].pname, u"PERMIT"_s);
     EXPECT_EQ(prompts[3].pname, u"CONNECT THERMOCOUPLE"_s);
     EXPECT_EQ(UUTPromptTextPrepare(session, prompts[0].prompt, u"TIT-205"_s),
               u"Get a work permit before you isolate TIT-205, jdoe."_s);
-    EXPECT_EQ(GetPrompts(session, u"PT-101"_s, 1, {}), 2);
-    EXPECT_EQ(GetPrompts(session, {}, 0, u"K3V9T1A7Q5X2M8C4R6Z0W1E9Y3B5N7"_s), 3);
+    EXPECT_EQ(GetPrompts(session, u"PT-101"_s, 1, {}).size(), 2);
+    EXPECT_EQ(GetPrompts(session, {}, 0, u"K3V9T1A7Q5X2M8C4R6Z0W1E9Y3B5N7"_s).size(), 3);
 }
 
 } // namespace kelvane::testing

@@ -146,10 +146,10 @@ TEST_F(DemoSite, EveryPackageExpands) {
         {u"WS7Q2K9D4M1X8B5N3V6C0Z2L7J4H1G"_s, u"PT-101 PT-103"_s}};
     EXPECT_EQ(joinNames(rows(u"select taskname from mt.hvm_kv_task_packages"_s)), joinNames(members.keys()));
     for (auto package = members.cbegin(); package != members.cend(); ++package) {
-        const auto count = GetAssetsInTaskPackage(session, package.key());
+        const auto entries = GetAssetsInTaskPackage(session, package.key());
         QStringList found;
-        for (qint16 entry = 0; entry < count; ++entry)
-            found << std::as_const(session).AssetList[entry].asset;
+        for (const auto& entry : entries)
+            found << entry.asset;
         EXPECT_EQ(joinNames(found), package.value()) << package.key().toStdString();
     }
 }
@@ -165,10 +165,10 @@ TEST_F(DemoSite, TheSweepAtLoginLeavesTheDemonstrationWhole) {
 }
 
 TEST_F(DemoSite, ACalibratorIsOutWithTwoTransmitters) {
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"6841207"_s), 2);
+    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"6841207"_s).size(), 2);
     const auto mtag = CheckAsset(session, u"PT-103"_s);
     EXPECT_EQ(GetInUseData(session, u"6841207"_s, mtag).tech, u"jdoe"_s);
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"48213"_s), 0);
+    EXPECT_TRUE(GetAssetsInUseWithStandard(session, u"48213"_s).isEmpty());
 }
 
 TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {

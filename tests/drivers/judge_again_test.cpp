@@ -41,7 +41,7 @@ TEST_F(JudgedAgain, BeginsWithEmptyListsAndAsksForWhatTheInstrumentIsNow) {
         u"select count(ctag) from MT.calibration where mtag = (select mtag from MT.inventory where i4201 = 'PT-1')"_s,
         {{u"0"_s}});
     const auto begun = beginRejudgement(session, record, u"PT-1"_s);
-    EXPECT_EQ(begun.points, 0);
+    EXPECT_EQ(begun.points, QList<float>());
     EXPECT_EQ(begun.instrument.mtag, QString());
     EXPECT_EQ(entriesOf(record.RecordResults) + entriesOf(record.RecordStandards), QStringList());
     EXPECT_FALSE(script.statements.filter(u"from mt.customiz"_s).isEmpty());

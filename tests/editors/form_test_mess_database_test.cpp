@@ -64,10 +64,10 @@ TEST_F(FormTestMessOnDatabase, AMessageIsMadeWrittenUsedAndRead) {
     execute(
         u"insert into mt.hvm_kv_proc_prompts (mtag,prompt_type,prompt_seq,pname) values ((select mtag from "
         "MT.inventory where i4201 = 'UC-901'),'PRE',9,'WEAR GLOVES');commit"_s);
-    const int prompts = ModuleGlobals::GetPrompts(session, u"UC-901"_s, 0, QString());
-    ASSERT_GT(prompts, 0);
-    EXPECT_EQ(session.PromptList[prompts - 1].pname, u"WEAR GLOVES"_s);
-    EXPECT_EQ(session.PromptList[prompts - 1].prompt, u"Wear gloves; it's hot.\r\nΩ 校正"_s);
+    const auto prompts = ModuleGlobals::GetPrompts(session, u"UC-901"_s, 0, QString());
+    ASSERT_FALSE(prompts.isEmpty());
+    EXPECT_EQ(prompts.last().pname, u"WEAR GLOVES"_s);
+    EXPECT_EQ(prompts.last().prompt, u"Wear gloves; it's hot.\r\nΩ 校正"_s);
 }
 
 TEST_F(FormTestMessOnDatabase, AnEmptyTextIsStoredAsNull) {

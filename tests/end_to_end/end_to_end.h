@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drivers/fluke702/dpclnk_library.h"
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/embedded_database.h"
 #include "tests/end_to_end/connected_workstation.h"
@@ -90,7 +91,8 @@ class EndToEndTest : public ::testing::Test {
     Session& session = workplace.session;
     HeardPort port{workplace.line, clock};
     DpclnkLibrary link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{session, {port, link, link3}};
     ScriptedScreen screen;
 
   private:

@@ -5,6 +5,7 @@
 // comes to its end.
 
 #include "drivers/fluke702/dpclnk_library.h"
+#include "drivers/fluke74x/dpclnk3_library.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/forwarding_connection.h"
 #include "testkit/quiet_operator.h"
@@ -117,7 +118,8 @@ int carryOut(const Arguments& arguments) {
     MortalConnection::awake = true;
     MortalPort port(workplace.line, doom);
     MortalLink link(doom);
-    Calibrators calibrators{workplace.session, {workplace.session, port}, {workplace.session, link}};
+    Dpclnk3Library link3;
+    Calibrators calibrators{workplace.session, {port, link, link3}};
     if (arguments.instruments.isEmpty()) {
         ModuleGlobals::UploadFromCalibrator(calibrators);
     } else {

@@ -1,6 +1,8 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "testkit/fluke74x_fixture.h"
 #include "testkit/fluke_fixture.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 #include "workflow/calibrators.h"
 
@@ -10,16 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-namespace {
-
-const QString later = u"The driver for this calibrator is not part of this version yet."_s;
-
-} // namespace
-
 class Drivers : public TorqueFixture {
   protected:
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    RecordedLink3 link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(Drivers, AreChosenByTheCalibratorsName) {
@@ -49,7 +46,8 @@ class FlukeDriver : public FlukeFixture {
 
     const QString name = u"Fluke 702"_s;
     ScriptedSerialPort port;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    RecordedLink3 link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(FlukeDriver, IsChosenByTheCalibratorsName) {
@@ -83,15 +81,32 @@ TEST_F(FlukeDriver, WithoutItsLibraryReportsItAndChangesNothing) {
         << "a list may be made all the same";
 }
 
-TEST_F(Drivers, ThatAreNotPartOfThisVersionShowAMessage) {
-    const auto name = u"Fluke 743/744"_s;
-    EXPECT_EQ(calibratorNamed(name).acceptable(calibrators, u"W-1"_s), later);
-    EXPECT_FALSE(calibratorNamed(name).requiresStandard(calibrators, u"W-1"_s));
-    EXPECT_EQ(calibratorNamed(name).download(calibrators, u"TAG"_s), later);
-    EXPECT_EQ(calibratorNamed(name).upload(calibrators), later);
-    EXPECT_EQ(script.statements, QStringList());
-    EXPECT_EQ(port.log, QStringList());
-    EXPECT_EQ(link.calls, QStringList());
+class Fluke74xDriver : public Fluke74xFixture {
+  protected:
+    const QString name = u"Fluke 743/744"_s;
+    ScriptedSerialPort port;
+    RecordedLink link702;
+    Calibrators calibrators{session, {port, link702, link}};
+};
+
+TEST_F(Fluke74xDriver, IsChosenByTheCalibratorsName) {
+    addCalibrator();
+    addInstrument(u"PT-1"_s, transmitter());
+    addInstrument(u"PT-2"_s, instrument(u"lumen"_s, 0, 1, u"mA"_s, 4, 20));
+    addPoints(u"PT-1"_s, {u"50"_s}, 1);
+    addPackage(u"TAG"_s, {u"PT-1"_s});
+    const auto& calibrator = calibratorNamed(name);
+    EXPECT_EQ(calibrator.acceptable(calibrators, u"PT-1"_s), QString());
+    EXPECT_FALSE(calibrator.requiresStandard(calibrators, u"PT-1"_s));
+    EXPECT_TRUE(calibrator.requiresStandard(calibrators, u"PT-2"_s));
+    EXPECT_EQ(link.calls, QStringList()) << "the calibrator is not needed yet";
+    EXPECT_EQ(calibrator.download(calibrators, u"TAG"_s), QString());
+    EXPECT_EQ(link.callsOf(u"MEM3startTask"_s).size(), 1);
+    EXPECT_EQ(link.callsOf(u"DPC3dnlStart"_s).size(), 1);
+    EXPECT_EQ(calibrator.upload(calibrators), QString());
+    EXPECT_EQ(link.callsOf(u"DPC3uplStart"_s).size(), 2);
+    EXPECT_EQ(calibrators.fluke74x.Calibrator74xAsset, u"F743-01"_s);
+    EXPECT_EQ(link702.calls + port.log, QStringList());
 }
 
 TEST_F(Drivers, ANameThatMatchesNoneLeavesTheResultEmptyOrFalse) {
@@ -119,7 +134,6 @@ TEST_F(Drivers, AreOfferedInTheirOrderWithTheRememberedOneProposed) {
             EXPECT_EQ(q.fieldType, 0);
             EXPECT_EQ(q.defaultText, u"Fluke 702"_s);
         });
-    session.SharedValueList[4] = u"left over"_s;
     EXPECT_EQ(chooseCalibrator(session, u"A title"_s, u"Remembered"_s), u"Fluke 743/744"_s);
     for (const auto& answer : {u"*CANCEL*"_s, QString()}) {
         ui.expectDialog(u"A title"_s, u"Select Calibrator To Use:"_s, answer);

@@ -4,6 +4,7 @@
 #include "resources/text_id.h"
 #include "testkit/engines.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/scripted_serial_port.h"
 #include "tests/workflow/scripted_screen.h"
 #include "workflow/calibrators.h"
@@ -21,7 +22,8 @@ class ConfinedEntries : public EngineSession, public ::testing::WithParamInterfa
 
     ScriptedSerialPort port;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    RecordedLink3 link3;
+    Calibrators calibrators{session, {port, link, link3}};
     ScriptedScreen screen;
 };
 

@@ -2,6 +2,7 @@
 
 #include "resources/strings.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 #include "tests/workflow/scripted_screen.h"
 
@@ -122,7 +123,8 @@ class DownloadList : public TorqueFixture {
 
     ScriptedScreen screen;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    RecordedLink3 link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 } // namespace kelvane::testing

@@ -122,9 +122,10 @@ TEST_F(DownloadList, OtherCalibratorsHaveNoSuchLimit) {
     screen.name = u"Fluke 702"_s;
     add(u"V-1"_s);
     EXPECT_EQ(screen.list.last(), u"V-1"_s);
+    addInstrument(u"V-2"_s, u"KV-2"_s, isolator());
     screen.name = u"Fluke 743/744"_s;
-    expectWarning(u"W-1: The driver for this calibrator is not part of this version yet."_s);
-    add(u"W-1"_s);
+    add(u"V-2"_s);
+    EXPECT_EQ(screen.list.last(), u"V-2"_s);
     script.statements.clear();
     screen.name = u"nameless"_s;
     add(u"W-1"_s);
@@ -143,16 +144,6 @@ TEST_F(DownloadList, AnErrorIsReportedUnderTheButtonsNameAndTheHourglassGoes) {
     script.answers.insert(selectLast(u"W-1"_s), {{std::nullopt}});
     ui.expectReport(94, u"FormDockingDown,CommandAdd"_s);
     add(u"W-1"_s);
-}
-
-TEST_F(DownloadList, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
-    addPackage(u"PACK"_s, {u"W-1"_s, u"W-2"_s});
-    ui.expectDialog(u"W-1: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
-                    u"X-1"_s, [&](const DialogQuestion&) { session.AssetList.erase(); });
-    expectQuestion(u"W-1"_s, QString(), false);
-    expectQuestion(u"W-2"_s, QString(), false);
-    add(u"PACK"_s);
-    EXPECT_EQ(screen.list, (QStringList{u"W-1"_s, u"W-2"_s}));
 }
 
 TEST_F(DownloadList, ARowIsRemovedWithItsStandards) {
@@ -278,9 +269,10 @@ TEST_F(ListDownload, AnErrorIsReportedUnderItsName) {
     EXPECT_FALSE(session.SessionConnected);
 }
 
-TEST_F(ListDownload, ACalibratorWithoutADriverKeepsTheList) {
+TEST_F(ListDownload, ACalibratorWithoutItsLinkLibraryKeepsTheList) {
+    link3.reasonMissing = u"no library"_s;
     screen.name = u"Fluke 743/744"_s;
-    expectWarning(u"The driver for this calibrator is not part of this version yet."_s);
+    expectWarning(u"no library"_s);
     download();
     EXPECT_EQ(packageStatements().size(), 3);
     EXPECT_EQ(screen.events, QStringList());

@@ -327,10 +327,10 @@ TEST_F(ResultsWithoutRecord, AnotherOwnersResultsAreKeptForHim) {
         u"These results belong to the owner ABC. Please log in as one of its users to make the record."_s);
 }
 
-TEST_F(ResultsWithoutRecord, ADriverThatThisVersionDoesNotHaveIsReported) {
+TEST_F(ResultsWithoutRecord, ADriverThatThisProgramDoesNotHaveIsReported) {
     uploadSpoilt(u"insert into MT.calibration"_s);
     change(u"driver"_s, u"fluke99"_s);
-    expectKept(text(TextId::driverNotInVersion));
+    expectKept(text(TextId::entryDriverUnknown));
 }
 
 TEST_F(ResultsWithoutRecord, AnErrorOrALostConnectionKeepsThem) {

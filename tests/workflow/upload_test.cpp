@@ -1,6 +1,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/recorded_link.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 #include "workflow/upload.h"
 
@@ -21,7 +22,8 @@ class UploadCommand : public TorqueFixture {
     const QString title = u"Upload Test Results From Calibrator"_s;
     const QString stored = u"Defaults/LastUploadCalibrator=Crane TorqueStar IVc"_s;
     RecordedLink link;
-    Calibrators calibrators{session, {session, port}, {session, link}};
+    RecordedLink3 link3;
+    Calibrators calibrators{session, {port, link, link3}};
 };
 
 TEST_F(UploadCommand, ASuccessIsReportedAndTheChoiceStored) {
@@ -55,9 +57,10 @@ TEST_F(UploadCommand, ACancelledChoiceCallsNoDriverAndStoresNothing) {
     EXPECT_EQ(script.statements, QStringList());
 }
 
-TEST_F(UploadCommand, ACalibratorWithoutADriverIsReportedAndTheChoiceStored) {
+TEST_F(UploadCommand, WithoutItsLinkLibraryIsReportedAndTheChoiceStored) {
+    link3.reasonMissing = u"no library"_s;
     choose(u"Fluke 743/744"_s);
-    ui.expectBox(u"The driver for this calibrator is not part of this version yet."_s, title, box::warning);
+    ui.expectBox(u"no library"_s, title, box::warning);
     upload();
     EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastUploadCalibrator=Fluke 743/744"_s});
 }

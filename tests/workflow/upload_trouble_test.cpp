@@ -36,9 +36,8 @@ class FlukeUploadInTrouble : public UploadInTrouble {
             run.minute = static_cast<qint16>(minute % 60);
             run.second = 0;
             const auto parameters = ModuleGlobals::GetCalParams(session, instrument.asset);
-            const int points = ModuleGlobals::GetTestPointList(session, instrument.asset);
-            for (int i = 0; i < points; ++i) {
-                const float fraction = std::as_const(session.TestPointList)[i];
+            const auto fractions = ModuleGlobals::GetTestPointList(session, instrument.asset);
+            for (const float fraction : fractions) {
                 // In base units; the transmitters give milliamperes.
                 const auto at = [fraction](float low, float high) { return low + fraction * (high - low); };
                 run.entries << ResultEntry{at(parameters.output_low, parameters.output_high) / 1000,
@@ -76,12 +75,11 @@ class TorqueUploadInTrouble : public UploadInTrouble {
         for (const auto& instrument : std::as_const(instruments)) {
             ModuleGlobals::AddInUse(session, serial, instrument.mtag, u"asmith"_s);
             const auto parameters = ModuleGlobals::GetCalParams(session, instrument.asset);
-            const int points = ModuleGlobals::GetTestPointList(session, instrument.asset);
+            const auto fractions = ModuleGlobals::GetTestPointList(session, instrument.asset);
             auto& results = held[instrument.asset];
-            for (int i = 0; i < points; ++i) {
+            for (const double fraction : fractions) {
                 const double nominal =
-                    parameters.input_low + double{std::as_const(session.TestPointList)[i]} *
-                                               (parameters.input_high - parameters.input_low);
+                    parameters.input_low + fraction * (parameters.input_high - parameters.input_low);
                 auto reply = result(20260318, minute / 60 * 10000 + minute % 60 * 100,
                                     QList<double>(parameters.repetitions, nominal));
                 // One whose checksum ends in STX counts as begun anew; a further sample is ignored.

@@ -13,10 +13,10 @@ namespace {
 
 class AssetsOnDatabase : public DatabaseSession {
   protected:
-    QStringList listAssets(qint16 count) {
+    static QStringList listAssets(const QList<AssetEntry>& entries) {
         QStringList assets;
-        for (int i = 0; i < count; ++i)
-            assets << std::as_const(session).AssetList[i].asset;
+        for (const auto& entry : entries)
+            assets << entry.asset;
         assets.sort();
         return assets;
     }
@@ -62,9 +62,9 @@ TEST_F(AssetsOnDatabase, AStoredConditionThatTheServerRefusesIsReported) {
 
 TEST_F(AssetsOnDatabase, EntriesCarryAssetKeyAndSerialNumber) {
     execute(u"update MT.inventory set i4206 = null where i4201 = 'TW-111'"_s);
-    ASSERT_EQ(GetAssetsInTaskPackage(session, u"CLICK 250F WRENCHES"_s), 2);
-    for (int i = 0; i < 2; ++i) {
-        const auto& entry = std::as_const(session).AssetList[i];
+    const auto entries = GetAssetsInTaskPackage(session, u"CLICK 250F WRENCHES"_s);
+    ASSERT_EQ(entries.size(), 2);
+    for (const auto& entry : entries) {
         EXPECT_EQ(entry.mtag, entry.asset == u"TW-101" ? u"1301"_s : u"1311"_s);
         EXPECT_EQ(entry.serial.isEmpty(), entry.asset == u"TW-111");
     }
@@ -96,8 +96,8 @@ TEST_F(AssetsOnDatabase, UnusualAssetNumbersAreSimplyUnknown) {
 TEST_F(AssetsOnDatabase, ACalibratorsInstrumentsAreThoseInUseWithItAsStandard) {
     EXPECT_EQ(listAssets(GetAssetsInUseWithStandard(session, u"6841207"_s)),
               (QStringList{u"PT-103"_s, u"PT-104"_s}));
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"48213"_s), 0);
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"no such"_s), 0);
+    EXPECT_TRUE(GetAssetsInUseWithStandard(session, u"48213"_s).isEmpty());
+    EXPECT_TRUE(GetAssetsInUseWithStandard(session, u"no such"_s).isEmpty());
 }
 
 TEST_F(AssetsOnDatabase, AnotherOwnerHasItsOwnInventoryAndTheSharedParameters) {

@@ -163,14 +163,15 @@ TEST_P(PackageKinds, HaveTheirOwnMemberQuery) {
     answerPackage(GetParam().columns);
     const auto members = u"select i4201,mtag,i4206 from MT.inventory where "_s + GetParam().condition;
     script.answers[members] = {{u"PT-1"_s, u"1"_s, u"S1"_s}, {u"PT-2"_s, u"2"_s, std::nullopt}};
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 2);
+    const auto entries = GetAssetsInTaskPackage(session, u"P1"_s);
+    ASSERT_EQ(entries.size(), 2);
     EXPECT_EQ(script.statements, (QStringList{packageOf(u"P1"_s), members}));
     EXPECT_EQ(script.firstRowOnly, QStringList{packageOf(u"P1"_s)});
-    EXPECT_EQ(session.AssetList[0].asset, u"PT-1"_s);
-    EXPECT_EQ(session.AssetList[0].mtag, u"1"_s);
-    EXPECT_EQ(session.AssetList[0].serial, u"S1"_s);
-    EXPECT_EQ(session.AssetList[1].asset, u"PT-2"_s);
-    EXPECT_EQ(session.AssetList[1].serial, QString()) << "a null serial number stays empty";
+    EXPECT_EQ(entries[0].asset, u"PT-1"_s);
+    EXPECT_EQ(entries[0].mtag, u"1"_s);
+    EXPECT_EQ(entries[0].serial, u"S1"_s);
+    EXPECT_EQ(entries[1].asset, u"PT-2"_s);
+    EXPECT_EQ(entries[1].serial, QString()) << "a null serial number stays empty";
     EXPECT_EQ(ui.events.first(), u"busy"_s);
     EXPECT_FALSE(ui.busy);
 }
@@ -178,24 +179,22 @@ TEST_P(PackageKinds, HaveTheirOwnMemberQuery) {
 INSTANTIATE_TEST_SUITE_P(All, PackageKinds, ::testing::ValuesIn(packageCases),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
-TEST_F(Assets, AnUnknownPackageEmptiesTheListAndSaysNothing) {
-    session.AssetList[0].asset = u"old"_s;
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
-    EXPECT_EQ(session.AssetList[0].asset, QString());
+TEST_F(Assets, AnUnknownPackageHasNoInstrumentsAndSaysNothing) {
+    EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
     EXPECT_EQ(script.statements, QStringList{packageOf(u"P1"_s)});
     EXPECT_FALSE(ui.busy);
 }
 
 TEST_F(Assets, AnUnknownKindRunsNoMemberQuery) {
     answerPackage({u"PDEF"_s, u"X"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
+    EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
     EXPECT_EQ(script.statements, QStringList{packageOf(u"P1"_s)});
 }
 
 TEST_F(Assets, APredefinedPackageWithoutDefinitionIsReported) {
     answerPackage({u"PDEF"_s, std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt});
     ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
+    EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
 }
 
 TEST_F(Assets, ANameThatIsAnotherPackagesTagTakesTheFirstRow) {
@@ -219,7 +218,7 @@ TEST_F(Assets, AMemberWithoutAssetNumberOrKeyIsReported) {
     for (const auto& member : {Row{std::nullopt, u"1"_s, u"S1"_s}, Row{u"A-1"_s, std::nullopt, u"S1"_s}}) {
         script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s] = {member};
         ui.expectReport(94, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-        EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
+        EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
         EXPECT_FALSE(ui.busy);
     }
 }
@@ -235,21 +234,20 @@ TEST_F(Assets, ThePackageListHolds501InstrumentsAndReportsTheNext) {
     auto& members = script.answers[u"select i4201,mtag,i4206 from MT.inventory where i4240 = 'MT'"_s];
     for (int i = 0; i < 501; ++i)
         members << Row{u"PT-%1"_s.arg(i), QString::number(i), std::nullopt};
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 501);
+    const auto entries = GetAssetsInTaskPackage(session, u"P1"_s);
+    ASSERT_EQ(entries.size(), 501);
+    EXPECT_EQ(entries[500].asset, u"PT-500"_s);
     members << Row{u"PT-501"_s, u"501"_s, std::nullopt};
     ui.expectReport(9, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
-    EXPECT_EQ(session.AssetList[500].asset, u"PT-500"_s) << "what was filled stays";
+    EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
 }
 
 TEST_F(Assets, AMemberQueryThatFailsIsReportedWithItsStatement) {
     answerPackage({u"PDEF"_s, u"S"_s, u"select nonsense"_s, std::nullopt, std::nullopt, std::nullopt});
     const auto members = u"select i4201,mtag,i4206 from MT.inventory where i4201 in (select nonsense)"_s;
     script.failures[members] = serverError;
-    session.AssetList[0].asset = u"old"_s;
     ui.expectReport(-131, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(GetAssetsInTaskPackage(session, u"P1"_s), 0);
-    EXPECT_EQ(session.AssetList[0].asset, QString());
+    EXPECT_TRUE(GetAssetsInTaskPackage(session, u"P1"_s).isEmpty());
     EXPECT_TRUE(folder.read(u"errors.log"_s).contains(members));
     EXPECT_FALSE(ui.busy);
 }
@@ -259,18 +257,19 @@ TEST_F(Assets, TheInstrumentsInUseWithAStandardAreListedByItsSerialNumber) {
         u"select i4201,mtag,i4206 from MT.inventory where mtag in (select mtag from "
         "mt.hvm_kv_task_standards_inuse where standard_mtag = (select mtag from MT.inventory where i4206 = "
         "'702-1'))"_s;
-    session.AssetList[1].asset = u"old"_s;
     script.answers[statement] = {{u"PT-1"_s, u"1"_s, std::nullopt}};
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"702-1"_s), 1);
+    const auto entries = GetAssetsInUseWithStandard(session, u"702-1"_s);
     EXPECT_EQ(script.statements, QStringList{statement});
-    EXPECT_EQ(session.AssetList[0].mtag, u"1"_s);
-    EXPECT_EQ(session.AssetList[1].asset, QString());
+    ASSERT_EQ(entries.size(), 1);
+    EXPECT_EQ(entries[0].asset, u"PT-1"_s);
+    EXPECT_EQ(entries[0].mtag, u"1"_s);
+    EXPECT_EQ(entries[0].serial, QString());
 }
 
 TEST_F(Assets, TheListByStandardReportsUnderTheNameOfThePackageRoutine) {
     script.lost = true;
     ui.expectReport(10054, u"ModuleGlobals,GetAssetsInTaskPackage"_s);
-    EXPECT_EQ(GetAssetsInUseWithStandard(session, u"702-1"_s), 0);
+    EXPECT_TRUE(GetAssetsInUseWithStandard(session, u"702-1"_s).isEmpty());
 }
 
 } // namespace kelvane::testing

@@ -142,31 +142,27 @@ TEST_F(InUse, AMomentThatIsNoneIsReported) {
 }
 
 TEST_F(InUse, TheStandardsOfAnInstrumentAreListedInTheirOrder) {
-    session.StandardsInUse[2] = u"old"_s;
     script.answers[standardsOfAsset] = {{u"STD-2"_s}, {u"STD-1"_s}};
-    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), 2);
+    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), (QStringList{u"STD-2"_s, u"STD-1"_s}));
     EXPECT_EQ(script.statements, QStringList{standardsOfAsset});
-    EXPECT_EQ(session.StandardsInUse[0], u"STD-2"_s);
-    EXPECT_EQ(session.StandardsInUse[1], u"STD-1"_s);
-    EXPECT_EQ(session.StandardsInUse[2], QString());
 }
 
 TEST_F(InUse, TheListHolds51StandardsAndReportsTheNext) {
     auto& rows = script.answers[standardsOfAsset];
     for (int i = 0; i < 51; ++i)
         rows << Row{u"STD-%1"_s.arg(i)};
-    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), 51);
+    const auto standards = GetStandardsInUse(session, u"PT-1"_s);
+    ASSERT_EQ(standards.size(), 51);
+    EXPECT_EQ(standards[50], u"STD-50"_s);
     rows << Row{u"STD-51"_s};
     ui.expectReport(9, u"ModuleGlobals,GetInUseData"_s);
-    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), 0);
-    EXPECT_EQ(session.StandardsInUse[50], u"STD-50"_s);
+    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), standards) << "what was read";
 }
 
 TEST_F(InUse, AStandardWithoutAssetNumberIsReported) {
     script.answers[standardsOfAsset] = {{u"STD-1"_s}, {std::nullopt}};
     ui.expectReport(94, u"ModuleGlobals,GetInUseData"_s);
-    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), 0);
-    EXPECT_EQ(session.StandardsInUse[0], u"STD-1"_s);
+    EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), QStringList{u"STD-1"_s}) << "what was read";
 }
 
 namespace {

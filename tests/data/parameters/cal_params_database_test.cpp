@@ -120,7 +120,7 @@ TEST_F(CalParamsOnDatabase, AnInstrumentWhoseStrategyWasDeletedKeepsItsRecordWit
     EXPECT_EQ(params.max_test_point_pct, 0.0F);
     EXPECT_FALSE(HasConfigData(session, u"UC-902"_s));
     EXPECT_EQ(GetCalParams(session, u"UC-902"_s).mtag, u"1902"_s);
-    EXPECT_EQ(GetTestPointList(session, u"PT-101"_s), 0);
+    EXPECT_TRUE(GetTestPointList(session, u"PT-101"_s).isEmpty());
 }
 
 TEST_F(CalParamsOnDatabase, AnEmptyTableOfStrategiesGivesTheZeroedRecordEvenToAConfiguredInstrument) {
@@ -145,15 +145,12 @@ TEST_F(CalParamsOnDatabase, TestPointsAreInTheStrategysOrderEachRepeatedAtOnce) 
             row + u')');
     setColumn(u"tp_name"_s, u"'3 POINT UP'"_s);
     setColumn(u"repetitions"_s, u"2"_s);
-    EXPECT_EQ(GetTestPointList(session, u"PT-101"_s), 6);
-    const float expected[] = {1, 1, 0, 0, 0.505F, 0.505F};
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(session.TestPointList[i], expected[i]) << i;
+    EXPECT_EQ(GetTestPointList(session, u"PT-101"_s), (QList<float>{1, 1, 0, 0, 0.505F, 0.505F}));
 }
 
 TEST_F(CalParamsOnDatabase, RepetitionsOfZeroGiveAnEmptyList) {
     setColumn(u"repetitions"_s, u"0"_s);
-    EXPECT_EQ(GetTestPointList(session, u"PT-101"_s), 0);
+    EXPECT_TRUE(GetTestPointList(session, u"PT-101"_s).isEmpty());
 }
 
 TEST_F(CalParamsOnDatabase, OneHundredAndOnePointsTwiceAreReported) {
@@ -163,35 +160,37 @@ TEST_F(CalParamsOnDatabase, OneHundredAndOnePointsTwiceAreReported) {
             "union all select i + 1 from n where i < 100) select '5 POINT UP', i, i * 1.0 from n"_s);
     setColumn(u"repetitions"_s, u"2"_s);
     ui.expectReport(9, u"ModuleGlobals,GetTestPointList"_s);
-    EXPECT_EQ(GetTestPointList(session, u"PT-101"_s), 0);
-    EXPECT_EQ(session.TestPointList[199], 0.99F);
-    EXPECT_EQ(session.TestPointList[200], 1.0F);
+    EXPECT_TRUE(GetTestPointList(session, u"PT-101"_s).isEmpty());
 }
 
 TEST_F(CalParamsOnDatabase, MessagesOfAnInstrumentAreChosenByKindAndInOrder) {
-    EXPECT_EQ(GetPrompts(session, u"TW-101"_s, 0, {}), 1);
-    EXPECT_EQ(session.PromptList[0].pname, u"EXERCISE TOOL"_s);
-    EXPECT_EQ(session.PromptList[0].prompt_type, u"PRE"_s);
-    EXPECT_EQ(GetPrompts(session, u"TW-101"_s, 1, {}), 2);
-    EXPECT_EQ(session.PromptList[0].pname, u"STORE TOOL"_s);
-    EXPECT_EQ(session.PromptList[0].prompt, u"Set the tool to its lowest value before you put it away."_s);
-    EXPECT_EQ(session.PromptList[1].pname, u"REPORT BY"_s);
-    EXPECT_EQ(GetPrompts(session, u"TW-101"_s, 2, {}), 3);
+    const auto before = GetPrompts(session, u"TW-101"_s, 0, {});
+    ASSERT_EQ(before.size(), 1);
+    EXPECT_EQ(before[0].pname, u"EXERCISE TOOL"_s);
+    EXPECT_EQ(before[0].prompt_type, u"PRE"_s);
+    const auto after = GetPrompts(session, u"TW-101"_s, 1, {});
+    ASSERT_EQ(after.size(), 2);
+    EXPECT_EQ(after[0].pname, u"STORE TOOL"_s);
+    EXPECT_EQ(after[0].prompt, u"Set the tool to its lowest value before you put it away."_s);
+    EXPECT_EQ(after[1].pname, u"REPORT BY"_s);
+    EXPECT_EQ(GetPrompts(session, u"TW-101"_s, 2, {}).size(), 3);
     execute(u"update mt.hvm_kv_prompts set prompt = null where pname = 'STORE TOOL'"_s);
-    GetPrompts(session, u"TW-101"_s, 1, {});
-    EXPECT_EQ(session.PromptList[0].prompt, QString());
-    EXPECT_EQ(GetPrompts(session, u"UC-901"_s, 2, {}), 0);
+    const auto withoutText = GetPrompts(session, u"TW-101"_s, 1, {});
+    ASSERT_EQ(withoutText.size(), 2);
+    EXPECT_EQ(withoutText[0].pname, u"STORE TOOL"_s);
+    EXPECT_EQ(withoutText[0].prompt, QString());
+    EXPECT_TRUE(GetPrompts(session, u"UC-901"_s, 2, {}).isEmpty());
 }
 
 TEST_F(CalParamsOnDatabase, MessagesOfAPackageComeOnceEach) {
     const auto crew = u"K3V9T1A7Q5X2M8C4R6Z0W1E9Y3B5N7"_s;
-    const auto count = GetPrompts(session, {}, 0, crew);
+    const auto prompts = GetPrompts(session, {}, 0, crew);
     QStringList names;
-    for (int i = 0; i < count; ++i)
-        names << std::as_const(session).PromptList[i].pname;
+    for (const auto& entry : prompts)
+        names << entry.pname;
     names.sort();
     EXPECT_EQ(names, (QStringList{u"EXERCISE TOOL"_s, u"REPORT BY"_s, u"STORE TOOL"_s}));
-    EXPECT_EQ(GetPrompts(session, {}, 0, u"no such"_s), 0);
+    EXPECT_TRUE(GetPrompts(session, {}, 0, u"no such"_s).isEmpty());
 }
 
 TEST_F(CalParamsOnDatabase, EveryMessageOfEveryInstrumentIsExpandedWithoutAReport) {
@@ -200,11 +199,10 @@ TEST_F(CalParamsOnDatabase, EveryMessageOfEveryInstrumentIsExpandedWithoutARepor
                "and i4201 not like '%''%'"_s);
     ASSERT_GT(assets.size(), 40);
     for (const auto& asset : assets) {
-        const auto count = GetPrompts(session, asset, 2, {});
-        for (int i = 0; i < count; ++i) {
-            const auto prompt = std::as_const(session).PromptList[i].prompt;
-            EXPECT_FALSE(UUTPromptTextPrepare(session, prompt, asset).contains(u'$')) << prompt.toStdString();
-        }
+        const auto prompts = GetPrompts(session, asset, 2, {});
+        for (const auto& entry : prompts)
+            EXPECT_FALSE(UUTPromptTextPrepare(session, entry.prompt, asset).contains(u'$'))
+                << entry.prompt.toStdString();
     }
     EXPECT_EQ(UUTPromptTextPrepare(session, u"$DB:I4203$ of $DB:I4201$"_s, u"TW-101"_s),
               u"CLICK 250F of TW-101"_s);

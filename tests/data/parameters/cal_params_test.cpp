@@ -212,21 +212,15 @@ namespace {
 
 class TestPoints : public CalParams {
   protected:
-    /// The asset PT-1 has these percentages; gives the count that the list got.
-    qint16 fill(const std::optional<QString>& repetitions, const QStringList& percentages) {
+    /// The asset PT-1 has these percentages; gives its points.
+    QList<float> pointsOf(const std::optional<QString>& repetitions, const QStringList& percentages) {
         script.answers[repetitionsOf] = {{repetitions}};
         auto& rows = script.answers[points + u" order by test_point_seq asc"_s];
         rows.clear();
         for (const auto& percentage : percentages)
             rows << Row{percentage};
-        const auto count = GetTestPointList(session, u"PT-1"_s);
+        const auto fractions = GetTestPointList(session, u"PT-1"_s);
         EXPECT_FALSE(ui.busy);
-        return count;
-    }
-    QList<float> list(int count) const {
-        QList<float> fractions;
-        for (int i = 0; i < count; ++i)
-            fractions << std::as_const(session).TestPointList[i];
         return fractions;
     }
 };
@@ -234,59 +228,68 @@ class TestPoints : public CalParams {
 } // namespace
 
 TEST_F(TestPoints, AreFractionsEachRepeatedAtOnce) {
-    EXPECT_EQ(fill(u"2"_s, {u"0"_s, u"50"_s, u"100"_s}), 6);
-    EXPECT_EQ(list(7), (QList<float>{0, 0, 0.5F, 0.5F, 1, 1, 0}));
+    EXPECT_EQ(pointsOf(u"2"_s, {u"0"_s, u"50"_s, u"100"_s}), (QList<float>{0, 0, 0.5F, 0.5F, 1, 1}));
     EXPECT_EQ(script.statements, (QStringList{repetitionsOf, points + u" order by test_point_seq asc"_s}));
     EXPECT_EQ(script.firstRowOnly, QStringList{repetitionsOf});
     EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"normal"_s}));
 }
 
 TEST_F(TestPoints, AreStoredIn32Bits) {
-    fill(u"1"_s, {u"33.3"_s, u"-10"_s, u"110"_s, u"0.7"_s});
-    EXPECT_EQ(list(4), (QList<float>{static_cast<float>(33.3 / 100), -0.1F, 1.1F, 0.007F}))
+    EXPECT_EQ(pointsOf(u"1"_s, {u"33.3"_s, u"-10"_s, u"110"_s, u"0.7"_s}),
+              (QList<float>{static_cast<float>(33.3 / 100), -0.1F, 1.1F, 0.007F}))
         << "divided in 64 bits before";
 }
 
-TEST_F(TestPoints, ReplaceTheEarlierOnes) {
-    fill(u"1"_s, {u"0"_s, u"50"_s, u"100"_s});
-    EXPECT_EQ(fill(u"1"_s, {u"25"_s}), 1);
-    EXPECT_EQ(list(3), (QList<float>{0.25F, 0, 0}));
+TEST_F(TestPoints, OfASecondCallAreItsOwnAlone) {
+    const auto earlier = pointsOf(u"1"_s, {u"0"_s, u"50"_s, u"100"_s});
+    EXPECT_EQ(pointsOf(u"1"_s, {u"25"_s}), QList<float>{0.25F});
+    EXPECT_EQ(earlier, (QList<float>{0, 0.5F, 1}));
 }
 
 TEST_F(TestPoints, AreTakenOnceWhenTheInstrumentHasNoParameters) {
     script.answers[points + u" order by test_point_seq asc"_s] = {{u"50"_s}};
-    EXPECT_EQ(GetTestPointList(session, u"PT-1"_s), 1);
+    EXPECT_EQ(GetTestPointList(session, u"PT-1"_s), QList<float>{0.5F});
 }
 
 TEST_F(TestPoints, AreNoneWithoutRepetitions) {
-    EXPECT_EQ(fill(u"0"_s, {u"0"_s, u"50"_s}), 0);
-    EXPECT_EQ(fill(u"-3"_s, {u"0"_s, u"50"_s}), 0);
+    EXPECT_EQ(pointsOf(u"0"_s, {u"0"_s, u"50"_s}), QList<float>());
+    EXPECT_EQ(pointsOf(u"-3"_s, {u"0"_s, u"50"_s}), QList<float>());
 }
 
 TEST_F(TestPoints, TakeARoundedCountOfRepetitions) {
-    EXPECT_EQ(fill(u"1.5"_s, {u"50"_s}), 2);
-    EXPECT_EQ(fill(u"2.5"_s, {u"50"_s}), 2);
+    EXPECT_EQ(pointsOf(u"1.5"_s, {u"50"_s}), (QList<float>{0.5F, 0.5F}));
+    EXPECT_EQ(pointsOf(u"2.5"_s, {u"50"_s}), (QList<float>{0.5F, 0.5F}));
 }
 
-TEST_F(TestPoints, Of101PercentagesWithTwoRepetitionsFillTheListAndAreReported) {
+TEST_F(TestPoints, Of101PercentagesWithTwoRepetitionsAreReportedAndNone) {
     QStringList percentages;
     for (int i = 0; i < 101; ++i)
         percentages << QString::number(i);
     ui.expectReport(9, u"ModuleGlobals,GetTestPointList"_s);
-    EXPECT_EQ(fill(u"2"_s, percentages), 0);
-    EXPECT_EQ(std::as_const(session).TestPointList[200], 1.0F) << "the first 201 entries stay";
+    EXPECT_EQ(pointsOf(u"2"_s, percentages), QList<float>());
     percentages.removeLast();
-    EXPECT_EQ(fill(u"2"_s, percentages), 200);
+    EXPECT_EQ(pointsOf(u"2"_s, percentages).size(), 200);
+}
+
+TEST_F(TestPoints, AreAsManyAs201) {
+    QStringList percentages;
+    for (int i = 0; i < 201; ++i)
+        percentages << QString::number(i);
+    const auto fractions = pointsOf(u"1"_s, percentages);
+    ASSERT_EQ(fractions.size(), 201);
+    EXPECT_EQ(fractions[200], 2.0F);
+    percentages << u"201"_s;
+    ui.expectReport(9, u"ModuleGlobals,GetTestPointList"_s);
+    EXPECT_EQ(pointsOf(u"1"_s, percentages), QList<float>());
 }
 
 TEST_F(TestPoints, WithNullsAreReported) {
     ui.expectReport(94, u"ModuleGlobals,GetTestPointList"_s);
-    EXPECT_EQ(fill(std::nullopt, {u"50"_s}), 0);
+    EXPECT_EQ(pointsOf(std::nullopt, {u"50"_s}), QList<float>());
     script.answers[repetitionsOf] = {{u"1"_s}};
     script.answers[points + u" order by test_point_seq asc"_s] = {{u"50"_s}, {std::nullopt}};
     ui.expectReport(94, u"ModuleGlobals,GetTestPointList"_s);
-    EXPECT_EQ(GetTestPointList(session, u"PT-1"_s), 0);
-    EXPECT_EQ(list(1), QList<float>{0.5F}) << "what was filled stays";
+    EXPECT_EQ(GetTestPointList(session, u"PT-1"_s), QList<float>());
 }
 
 TEST_F(TestPoints, AskForTheRepetitionsOfTheRawAssetAndForThePointsOfTheSafeOne) {
@@ -323,42 +326,39 @@ TEST_F(Prompts, OfAnAssetAreChosenByKind) {
         script.statements.clear();
         script.answers[promptsOfAsset(testCase.type)] = {{u"M1"_s, u"Open the valve"_s, u"PRE"_s},
                                                          {u"M2"_s, std::nullopt, u"PST"_s}};
-        EXPECT_EQ(GetPrompts(session, u"PT-1"_s, testCase.kind, u"T1"_s), 2) << testCase.kind;
+        const auto prompts = GetPrompts(session, u"PT-1"_s, testCase.kind, u"T1"_s);
         EXPECT_EQ(script.statements, QStringList{promptsOfAsset(testCase.type)}) << testCase.kind;
+        ASSERT_EQ(prompts.size(), 2) << testCase.kind;
+        EXPECT_EQ(prompts[0].pname, u"M1"_s);
+        EXPECT_EQ(prompts[0].prompt, u"Open the valve"_s);
+        EXPECT_EQ(prompts[0].prompt_type, u"PRE"_s);
+        EXPECT_EQ(prompts[1].pname, u"M2"_s);
+        EXPECT_EQ(prompts[1].prompt, QString()) << "a text that was never saved";
+        EXPECT_EQ(prompts[1].prompt_type, u"PST"_s);
     }
-    EXPECT_EQ(session.PromptList[0].pname, u"M1"_s);
-    EXPECT_EQ(session.PromptList[0].prompt, u"Open the valve"_s);
-    EXPECT_EQ(session.PromptList[0].prompt_type, u"PRE"_s);
-    EXPECT_EQ(session.PromptList[1].pname, u"M2"_s);
-    EXPECT_EQ(session.PromptList[1].prompt, QString()) << "a text that was never saved";
-    EXPECT_EQ(session.PromptList[1].prompt_type, u"PST"_s);
     EXPECT_FALSE(ui.busy);
 }
 
 TEST_F(Prompts, OfAPackageIgnoreTheKind) {
     script.answers[promptsOfPackage] = {{u"M1"_s, u"Open the valve"_s, u"PST"_s}};
     for (const qint16 kind : {qint16{0}, qint16{1}, qint16{2}}) {
-        EXPECT_EQ(GetPrompts(session, {}, kind, u"T1"_s), 1);
+        const auto prompts = GetPrompts(session, {}, kind, u"T1"_s);
         EXPECT_EQ(script.statements.last(), promptsOfPackage);
-        EXPECT_EQ(session.PromptList[0].prompt_type, u"PST"_s);
+        ASSERT_EQ(prompts.size(), 1);
+        EXPECT_EQ(prompts[0].prompt_type, u"PST"_s);
     }
 }
 
-TEST_F(Prompts, ReplaceTheEarlierOnes) {
-    session.PromptList[0].pname = u"old"_s;
-    EXPECT_EQ(GetPrompts(session, u"PT-1"_s, 0, {}), 0);
-    EXPECT_EQ(session.PromptList[0].pname, QString());
-}
-
-TEST_F(Prompts, FillTheListAndReportTheNext) {
+TEST_F(Prompts, AreAsManyAs251AndReportTheNext) {
     auto& rows = script.answers[promptsOfAsset({})];
     for (int i = 0; i < 251; ++i)
         rows << Row{u"M%1"_s.arg(i), u"text"_s, u"PRE"_s};
-    EXPECT_EQ(GetPrompts(session, u"PT-1"_s, 2, {}), 251);
+    const auto prompts = GetPrompts(session, u"PT-1"_s, 2, {});
+    ASSERT_EQ(prompts.size(), 251);
+    EXPECT_EQ(prompts[250].pname, u"M250"_s);
     rows << Row{u"M251"_s, u"text"_s, u"PRE"_s};
     ui.expectReport(9, u"ModuleGlobals,GetPrompts"_s);
-    EXPECT_EQ(GetPrompts(session, u"PT-1"_s, 2, {}), 0);
-    EXPECT_EQ(session.PromptList[250].pname, u"M250"_s);
+    EXPECT_TRUE(GetPrompts(session, u"PT-1"_s, 2, {}).isEmpty());
     EXPECT_FALSE(ui.busy);
 }
 
@@ -366,7 +366,7 @@ TEST_F(Prompts, WithoutNameOrTypeAreReported) {
     for (const auto& row : {Row{std::nullopt, u"text"_s, u"PRE"_s}, Row{u"M1"_s, u"text"_s, std::nullopt}}) {
         script.answers[promptsOfAsset({})] = {row};
         ui.expectReport(94, u"ModuleGlobals,GetPrompts"_s);
-        EXPECT_EQ(GetPrompts(session, u"PT-1"_s, 2, {}), 0);
+        EXPECT_TRUE(GetPrompts(session, u"PT-1"_s, 2, {}).isEmpty());
     }
 }
 

@@ -85,7 +85,6 @@ TEST_F(PromptUser, OnlyACapitalYIsRequired) {
 
 TEST_F(PromptUser, ValueListIsOfferedWithoutNullsAndBlanks) {
     field.has_list = true;
-    session.SharedValueList[1] = u"left over"_s;
     script.answers[valuesQuery] = {{std::nullopt}, {QString()}, {u"   "_s}, {u"IN PLACE"_s}, {u" LAB"_s}};
     answer(u" LAB"_s, [](const DialogQuestion& question) {
         EXPECT_TRUE(question.fromList);
@@ -98,7 +97,6 @@ TEST_F(PromptUser, ValueListIsOfferedWithoutNullsAndBlanks) {
 TEST_F(PromptUser, OlderVersionOffersAnEmptyList) {
     session.SessionDbVersion = 5;
     field.has_list = true;
-    session.SharedValueList[1] = u"left over"_s;
     answer(u"x"_s, [](const DialogQuestion& question) {
         EXPECT_TRUE(question.fromList);
         EXPECT_EQ(question.choices, QStringList());

@@ -215,19 +215,8 @@ TEST_F(FlukeAcceptance, ALowEndOfNullIsZeroAndALimitThatIsNoNumberIsZero) {
     }
 }
 
-/// An operator interface whose window fails while it shows a message about an instrument, and works for the
-/// report.
-class BrokenWindow final : public QuietOperator {
-  public:
-    BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override {
-        if (style == box::information)
-            throw makeError(ErrorNumber::invalidArgument);
-        return QuietOperator::messageBox(text, title, style);
-    }
-};
-
 TEST_F(FlukeAcceptance, AnUnexpectedErrorIsReportedUnderItsNameAndWhatItHoldsIsTheAnswer) {
-    BrokenWindow window;
+    BrokenNotes window;
     Session other({window, clock, settings}, [&] { return std::make_unique<RecordingConnection>(script); });
     other.SessionOwner = session.SessionOwner;
     Fluke702 there{other, link};

@@ -1,11 +1,7 @@
 #include "drivers/fluke702/dpclnk_library.h"
 
 #include "data/small_routines.h"
-#include "platform/error.h"
-#include "testkit/fixtures.h"
-
-#include <QDir>
-#include <QLibrary>
+#include "testkit/loaded_library.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,32 +12,11 @@ namespace {
 const QString whole = QStringLiteral(KELVANE_WHOLE_LIBRARY);
 const QString withoutPressure = QStringLiteral(KELVANE_LACKING_LIBRARY);
 
-enum Manners { proper, wholeLengthAndZero, noZero, farTooLong, silent };
-
 } // namespace
 
-/// The program's side of a library that records what it was called with.
-class RealLibrary : public ::testing::Test {
+class RealLibrary : public LoadedLibrary<DpclnkLibrary> {
   protected:
-    RealLibrary() : recordedCalls_(QDir(QFileInfo(whole).path()).filePath(u"dpclnk"_s)) {
-        EXPECT_EQ(link.missing(), QString());
-        EXPECT_TRUE(recordedCalls_.load()) << recordedCalls_.errorString().toStdString();
-        behave(proper);
-        answer(0);
-        recordedCalls();
-    }
-
-    /// The calls since the last look, in Windows-1252.
-    QByteArray recordedCalls() {
-        return reinterpret_cast<const char* (*)()>(recordedCalls_.resolve("recordedCalls"))();
-    }
-    void answer(qint16 status) {
-        reinterpret_cast<void (*)(qint16)>(recordedCalls_.resolve("answer"))(status);
-    }
-    void behave(int manners) { reinterpret_cast<void (*)(int)>(recordedCalls_.resolve("behave"))(manners); }
-
-    DpclnkLibrary link{QFileInfo(whole).path()};
-    QLibrary recordedCalls_;
+    RealLibrary() : LoadedLibrary(whole, u"dpclnk"_s) {}
 };
 
 TEST_F(RealLibrary, IsOpenedAndClosedAndAsked) {
@@ -212,25 +187,9 @@ TEST_F(RealLibrary, ThatWritesNothingLeavesEverythingAsItIs) {
 
 // Whether it is there.
 
-class LibraryFolder : public ::testing::Test {
+class LibraryFolder : public LibraryFolderOf<DpclnkLibrary, &DpclnkLibrary::DPCclose> {
   protected:
-    static double errorOf(Dpclnk& link) {
-        try {
-            link.DPCclose();
-            return 0;
-        } catch (const Error& error) {
-            return error.number;
-        }
-    }
-    /// Puts a file into the folder under the library's name, in place of the one that is there.
-    void install(const QString& from) {
-        QFile::remove(place);
-        ASSERT_TRUE(QFile::copy(from, place));
-    }
-
-    OwnFolder folder;
-    const QString place = QDir(folder.path()).filePath(QFileInfo(whole).fileName());
-    DpclnkLibrary link{folder.path()};
+    LibraryFolder() : LibraryFolderOf(whole) {}
 };
 
 TEST_F(LibraryFolder, WithoutALibraryIsReportedByNameAndFolderAndCallsAreErrors) {
@@ -239,19 +198,19 @@ TEST_F(LibraryFolder, WithoutALibraryIsReportedByNameAndFolderAndCallsAreErrors)
         u"The link library \"dpclnk\" could not be loaded. Please install it in the folder \"%1\" and try again. ("_s
             .arg(QDir::toNativeSeparators(folder.path()))))
         << missing.toStdString();
-    EXPECT_EQ(errorOf(link), 53);
+    EXPECT_EQ(errorOfCall(), 53);
 }
 
 TEST_F(LibraryFolder, IsSearchedAgainAtEachQueryUntilTheLibraryIsThere) {
     EXPECT_NE(link.missing(), QString());
-    EXPECT_EQ(errorOf(link), 53);
+    EXPECT_EQ(errorOfCall(), 53);
     install(whole);
-    EXPECT_EQ(errorOf(link), 53) << "not before it is asked";
+    EXPECT_EQ(errorOfCall(), 53) << "not before it is asked";
     EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOf(link), 0);
+    EXPECT_EQ(errorOfCall(), 0);
     QFile::remove(place);
     EXPECT_EQ(link.missing(), QString()) << "what is loaded stays";
-    EXPECT_EQ(errorOf(link), 0);
+    EXPECT_EQ(errorOfCall(), 0);
 }
 
 TEST_F(LibraryFolder, WithALibraryThatLacksAnOperationNamesItAndTakesABetterOne) {
@@ -260,10 +219,10 @@ TEST_F(LibraryFolder, WithALibraryThatLacksAnOperationNamesItAndTakesABetterOne)
         link.missing(),
         u"The link library \"%1\" lacks the operation \"STAgetPressure\". Please install the library that belongs to the calibrator and try again."_s
             .arg(QDir::toNativeSeparators(place)));
-    EXPECT_EQ(errorOf(link), 53) << "nothing is called in half a library";
+    EXPECT_EQ(errorOfCall(), 53) << "nothing is called in half a library";
     install(whole);
     EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOf(link), 0);
+    EXPECT_EQ(errorOfCall(), 0);
 }
 
 TEST_F(LibraryFolder, WithAFileThatIsNoLibraryGivesTheReason) {
@@ -272,7 +231,7 @@ TEST_F(LibraryFolder, WithAFileThatIsNoLibraryGivesTheReason) {
     EXPECT_TRUE(missing.startsWith(u"The link library \"dpclnk\" could not be loaded."_s) &&
                 missing.contains(QFileInfo(place).fileName()))
         << missing.toStdString();
-    EXPECT_EQ(errorOf(link), 53);
+    EXPECT_EQ(errorOfCall(), 53);
 }
 
 } // namespace kelvane::testing

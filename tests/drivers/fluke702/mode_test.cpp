@@ -1,5 +1,6 @@
 #include "drivers/fluke702/mode.h"
 #include "testkit/fixtures.h"
+#include "testkit/fluke_units.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,19 +41,7 @@ TEST(Fluke702Mode, FollowsFromTheUnitAloneForAllButTemperatures) {
 }
 
 TEST(Fluke702Mode, IsEmptyForUnitsItDoesNotKnow) {
-    for (const auto& unit : {QString(),  u"%"_s,
-                             u"v"_s,     u"MV"_s,
-                             u"UV"_s,    u"vac"_s,
-                             u"uVAC"_s,  u"ma"_s,
-                             u"hz"_s,    u"kHz"_s,
-                             u"khz"_s,   u"ohms"_s,
-                             u"kOhms"_s, u"MOhms"_s,
-                             u"PSI"_s,   u"KPa"_s,
-                             u"Bar"_s,   u"c"_s,
-                             u"f"_s,     u"K"_s,
-                             u"ft/lb"_s, u" V"_s,
-                             u"V "_s,    u"°C"_s,
-                             u"Ω"_s,     QString(100000, u'V')})
+    for (const auto& unit : unitsOfNoQuantity)
         EXPECT_EQ(modeOf(unit, u"TC K"_s, 2), u"||"_s) << unit.left(20).toStdString();
 }
 

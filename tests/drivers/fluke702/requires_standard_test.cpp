@@ -1,6 +1,6 @@
 #include "tests/drivers/fluke702/acceptance_fixture.h"
 
-#include "resources/text_id.h"
+#include "testkit/fluke_units.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,39 +10,9 @@ using namespace Module702Interface;
 
 namespace {
 
-const QStringList known{u"V"_s,    u"mV"_s,    u"uV"_s,   u"VAC"_s,   u"mVAC"_s,  u"Hz"_s,
-                        u"KHz"_s,  u"MHz"_s,   u"Ohms"_s, u"KOhms"_s, u"Mohms"_s, u"mA"_s,
-                        u"uA"_s,   u"A"_s,     u"C"_s,    u"F"_s,     u"psi"_s,   u"psig"_s,
-                        u"inHg"_s, u"inH2O"_s, u"mmHg"_s, u"kPa"_s,   u"bar"_s,   u"mbar"_s};
-const QStringList unknown{QString(), u"%"_s, u"v"_s, u"ft/lb"_s, u"Serial Torque Transducer"_s, u"kohms"_s};
-const QStringList temperatures{u"C"_s, u"F"_s};
-const QStringList currents{u"mA"_s, u"uA"_s, u"A"_s};
-const QStringList resistances{u"Ohms"_s, u"KOhms"_s, u"Mohms"_s};
-const QStringList pressures{u"psi"_s,  u"psig"_s, u"inHg"_s, u"inH2O"_s,
-                            u"mmHg"_s, u"kPa"_s,  u"bar"_s,  u"mbar"_s};
-
-/// A range that lies within every limit of its unit, measured as well as sourced.
-float harmless(const QString& unit) {
-    return unit == u"Hz" ? 1000 : 0.01F;
-}
-
 /// Whether the user has to read this output himself.
 bool readByHand(const CalParamRecord& record) {
-    const auto& in = record.input_type;
-    const auto& out = record.output_type;
-    return !known.contains(out) || (pressures.contains(in) && pressures.contains(out)) ||
-           (currents.contains(in) && currents.contains(out)) ||
-           (temperatures.contains(in) && temperatures.contains(out) &&
-            record.temp_sens_type_in.startsWith(u"TC"_s) && record.temp_sens_type_out.startsWith(u"TC"_s)) ||
-           (currents.contains(in) && temperatures.contains(out) &&
-            record.temp_sens_type_out.startsWith(u"RTD"_s)) ||
-           (currents.contains(in) && resistances.contains(out));
-}
-
-QStringList sensorsFor(const QString& unit) {
-    return temperatures.contains(unit)
-               ? QStringList{{}, u"TC K"_s, u"RTD PT100 385"_s, u"TC"_s, u"RTDX"_s, u"tc K"_s, u"rtd"_s}
-               : QStringList{QString()};
+    return !knownUnits.contains(record.output_type) || excludeEachOther(record);
 }
 
 } // namespace
@@ -50,15 +20,15 @@ QStringList sensorsFor(const QString& unit) {
 class FlukeStandard : public FlukeAcceptance {};
 
 TEST_F(FlukeStandard, KnowsTwentyFourUnits) {
-    EXPECT_EQ(known.size(), 24);
-    for (const auto& unit : known)
+    EXPECT_EQ(knownUnits.size(), 24);
+    for (const auto& unit : knownUnits)
         EXPECT_FALSE(needsStandard(instrument(u"V"_s, 0, 10, unit, 0, 10))) << unit.toStdString();
-    for (const auto& unit : unknown)
+    for (const auto& unit : unknownUnits)
         EXPECT_TRUE(needsStandard(instrument(u"V"_s, 0, 10, unit, 0, 10))) << unit.toStdString();
 }
 
 TEST_F(FlukeStandard, IsNeededExactlyWhereTheUserSawTheBox) {
-    const auto units = known + unknown;
+    const auto units = knownUnits + unknownUnits;
     for (const auto& input : units) {
         for (const auto& output : units) {
             for (const auto& inputSensor : sensorsFor(input)) {
@@ -70,9 +40,9 @@ TEST_F(FlukeStandard, IsNeededExactlyWhereTheUserSawTheBox) {
                     const bool byHand = readByHand(record);
                     if (byHand)
                         expectReadByHand();
-                    const auto expected = input.endsWith(u"VAC")  ? text(TextId::cannotSourceAcVoltage)
-                                          : known.contains(input) ? QString()
-                                                                  : text(TextId::cannotSourceUnits);
+                    const auto expected = input.endsWith(u"VAC")       ? text(TextId::cannotSourceAcVoltage)
+                                          : knownUnits.contains(input) ? QString()
+                                                                       : text(TextId::cannotSourceUnits);
                     ASSERT_EQ(answer(record), expected)
                         << input.toStdString() << " to " << output.toStdString();
                     ASSERT_TRUE(ui.hasMetAll()) << input.toStdString() << " to " << output.toStdString();

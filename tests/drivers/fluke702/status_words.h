@@ -1,14 +1,8 @@
 #pragma once
 
-#include <QList>
-#include <QString>
+#include "testkit/status_words.h"
 
 namespace kelvane::testing {
-
-struct StatusWords {
-    qint16 code;
-    QString words;
-};
 
 /// The exact words of every status that the library knows, and of some that it doesn't know.
 inline QList<StatusWords> statusWords() {

@@ -202,21 +202,6 @@ TEST_F(TorqueUpload, ARegistryRowThatIsGoneGivesNoTechnician) {
     EXPECT_EQ(recordedValue(u"C2307"_s), u"NULL"_s);
 }
 
-TEST_F(TorqueUpload, AnotherScreenThatFillsTheAssetListMeanwhileDoesNoHarm) {
-    addUsedCalibrator(3, {u"100"_s});
-    for (int i = 0; i < 3; ++i)
-        holdResults({{100}});
-    peer.reply = [this, inner = peer.reply](const QByteArray& body) {
-        if (body == "T1F") {
-            session.AssetList.erase();
-            session.AssetList[1].asset = u"other"_s;
-        }
-        return inner(body);
-    };
-    EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(recordedAssets(), (QStringList{u"W-1"_s, u"W-2"_s, u"W-3"_s}));
-}
-
 TEST_F(TorqueUpload, ADatabaseThatIsLostDuringTheWorkEndsTheUploadBeforeTheToolIsTakenOff) {
     addUsedCalibrator(1, {u"100"_s});
     holdResults({{100}});

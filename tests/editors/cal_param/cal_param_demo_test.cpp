@@ -96,9 +96,9 @@ TEST_F(CalParamDemo, ShowsTheMessagesOfTheInstrumentInTheirOrder) {
         select(asset);
         for (const auto& [kind, number] : {std::pair{u"Pre"_s, qint16{0}}, {u"Post"_s, qint16{1}}}) {
             QStringList displayed;
-            const int count = ModuleGlobals::GetPrompts(session, asset, number, {});
-            for (int i = 0; i < count; ++i)
-                displayed << session.PromptList[i].pname;
+            const auto prompts = ModuleGlobals::GetPrompts(session, asset, number, {});
+            for (const auto& entry : prompts)
+                displayed << entry.pname;
             EXPECT_EQ(shownBy(*form, u"List"_s + kind + u"Display"_s), displayed.join(u','));
             auto together =
                 displayed + shownBy(*form, u"List"_s + kind + u"Avail"_s).split(u',', Qt::SkipEmptyParts);

@@ -93,7 +93,7 @@ TEST_F(CalParamRoundTrip, WhatIsSavedIsWhatTheDriversRead) {
     EXPECT_TRUE(record.input_indicated);
     EXPECT_FALSE(record.output_indicated);
     EXPECT_TRUE(ModuleGlobals::HasConfigData(session, u"PT-101"_s));
-    EXPECT_GT(ModuleGlobals::GetTestPointList(session, u"PT-101"_s), 0);
+    EXPECT_FALSE(ModuleGlobals::GetTestPointList(session, u"PT-101"_s).isEmpty());
 }
 
 TEST_F(CalParamRoundTrip, ComesBackToTheScreenAsItWasSaved) {
@@ -130,9 +130,10 @@ TEST_F(CalParamRoundTrip, KeepsTheMessagesAndTheirOrder) {
     screen.fill(u"ListPostDisplay"_s, {names[2]});
     screen.press(u"CommandSave"_s);
 
-    ASSERT_EQ(ModuleGlobals::GetPrompts(session, u"PT-101"_s, 0, {}), 2);
-    EXPECT_EQ(session.PromptList[0].pname, before[0]);
-    EXPECT_EQ(session.PromptList[1].pname, before[1]);
+    const auto saved = ModuleGlobals::GetPrompts(session, u"PT-101"_s, 0, {});
+    ASSERT_EQ(saved.size(), 2);
+    EXPECT_EQ(saved[0].pname, before[0]);
+    EXPECT_EQ(saved[1].pname, before[1]);
     CalParamScreen again(session, ui);
     again.open(u"PT-101"_s);
     EXPECT_EQ(again.rows(u"ListPreDisplay"_s), before);
@@ -141,8 +142,8 @@ TEST_F(CalParamRoundTrip, KeepsTheMessagesAndTheirOrder) {
     // Emptied and saved, all of them go.
     again.fill(u"ListPreDisplay"_s, {});
     again.press(u"CommandSave"_s);
-    EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-101"_s, 0, {}), 0);
-    EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-101"_s, 1, {}), 1);
+    EXPECT_TRUE(ModuleGlobals::GetPrompts(session, u"PT-101"_s, 0, {}).isEmpty());
+    EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-101"_s, 1, {}).size(), 1);
 }
 
 TEST_F(CalParamRoundTrip, ACloneHasTheSameParametersAndMessages) {
@@ -158,8 +159,8 @@ TEST_F(CalParamRoundTrip, ACloneHasTheSameParametersAndMessages) {
     for (const auto& columns : {u"input_type"_s, u"output_type"_s, u"input_high"_s, u"output_low"_s,
                                 u"tp_name"_s, u"resolution"_s, u"pos_span_pct"_s})
         EXPECT_EQ(stored(columns, u"PT-102"_s), stored(columns, u"PT-101"_s)) << columns.toStdString();
-    const auto count = ModuleGlobals::GetPrompts(session, u"PT-101"_s, 2, {});
-    EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-102"_s, 2, {}), count);
+    const auto count = ModuleGlobals::GetPrompts(session, u"PT-101"_s, 2, {}).size();
+    EXPECT_EQ(ModuleGlobals::GetPrompts(session, u"PT-102"_s, 2, {}).size(), count);
 }
 
 TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAndTheOldRowStays) {

@@ -43,9 +43,9 @@ class FormPredefinedTasksOnDatabase : public ScreenOnDatabase<FormPredefinedTask
     /// The instruments that the package stands for, sorted.
     QStringList expand(const QString& name) {
         QStringList found;
-        const int count = ModuleGlobals::GetAssetsInTaskPackage(session, name);
-        for (int i = 0; i < count; ++i)
-            found << session.AssetList[i].asset;
+        const auto entries = ModuleGlobals::GetAssetsInTaskPackage(session, name);
+        for (const auto& entry : entries)
+            found << entry.asset;
         found.sort();
         return found;
     }

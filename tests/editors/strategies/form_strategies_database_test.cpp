@@ -63,9 +63,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyMadeFromNothingIsWhatTheDriversRead) {
     const auto mtag = values(u"select mtag from mt.hvm_kv_tag_config"_s).first();
     execute(u"update mt.hvm_kv_tag_config set tp_name = 'HALVES ½' where mtag = '"_s + mtag + u"';commit"_s);
     const auto asset = values(u"select i4201 from mt.inventory where mtag = '"_s + mtag + u"'"_s).first();
-    EXPECT_EQ(ModuleGlobals::GetTestPointList(session, asset), 4);
-    EXPECT_EQ(session.TestPointList[0], 1.0F);
-    EXPECT_EQ(session.TestPointList[3], -0.025F);
+    EXPECT_EQ(ModuleGlobals::GetTestPointList(session, asset), (QList<float>{1.0F, 0.5F, 0.0F, -0.025F}));
 }
 
 TEST_F(StrategiesInTheDatabase, SavingReplacesWhatWasStored) {

@@ -70,20 +70,10 @@ TEST(FixedList, OfTextsEndsBeforeItsFirstEmptyEntry) {
     list[3] = u"behind another"_s;
     EXPECT_EQ(entriesOf(list), (QStringList{u"a"_s, u"behind an empty one"_s}));
 
-    FixedList<QString, 2, 1> full;
-    full[1] = u"a"_s;
-    full[2] = u"b"_s;
+    FixedList<QString, 1> full;
+    full[0] = u"a"_s;
+    full[1] = u"b"_s;
     EXPECT_EQ(entriesOf(full), (QStringList{u"a"_s, u"b"_s}));
-}
-
-TEST(FixedList, MayCountFromOne) {
-    FixedList<int, 2500, 1> list;
-    list[1] = 7;
-    list[2500] = 8;
-    EXPECT_EQ(std::as_const(list)[1], 7);
-    EXPECT_EQ(std::as_const(list)[2500], 8);
-    EXPECT_EQ(errorOf([&] { list[0] = 1; }), 9);
-    EXPECT_EQ(errorOf([&] { list[2501] = 1; }), 9);
 }
 
 TEST(FixedList, CopiesAreIndependent) {
@@ -92,6 +82,18 @@ TEST(FixedList, CopiesAreIndependent) {
     auto copy = list;
     copy[1] = 2;
     EXPECT_EQ(std::as_const(list)[1], 1);
+}
+
+TEST(AddedEntry, IsEmptyAndTheLastUntilTheListIsFull) {
+    QStringList list{u"a"_s};
+    EXPECT_EQ(addEntry(list, 2), QString());
+    list.last() = u"b"_s;
+    EXPECT_EQ(errorOf([&] { addEntry(list, 2) = u"c"_s; }), 9);
+    EXPECT_EQ(list, (QStringList{u"a"_s, u"b"_s}));
+    QList<float> numbers;
+    addEntry(numbers, 1) = 0.5F;
+    EXPECT_EQ(numbers, QList<float>{0.5F});
+    EXPECT_EQ(errorOf([&] { addEntry(numbers, 0); }), 9);
 }
 
 TEST(NumberedErrors, CarryTheirDescriptions) {

@@ -1,15 +1,11 @@
-#include "testkit/fluke_fixture.h"
+#include "testkit/fluke_lab.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-void FlukeFixture::addCalibrator() {
-    addEquipment(u"F-702"_s, u"900"_s, link.serial);
-}
-
-CalParamRecord FlukeFixture::instrument(const QString& inputType, float inputLow, float inputHigh,
-                                        const QString& outputType, float outputLow, float outputHigh) {
+CalParamRecord FlukeLab::instrument(const QString& inputType, float inputLow, float inputHigh,
+                                    const QString& outputType, float outputLow, float outputHigh) {
     CalParamRecord record;
     record.repetitions = 1;
     record.test_point_count = 1;
@@ -29,7 +25,7 @@ CalParamRecord FlukeFixture::instrument(const QString& inputType, float inputLow
     return record;
 }
 
-CalParamRecord FlukeFixture::transmitter() {
+CalParamRecord FlukeLab::transmitter() {
     auto record = instrument(u"psi"_s, 0, 100, u"mA"_s, 4, 20);
     record.loop_pwr = u"24V"_s;
     return record;
