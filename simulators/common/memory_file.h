@@ -13,6 +13,8 @@ namespace kelvane::simulators {
 template <class Memory, Memory (*memoryFrom)(const QByteArray&)>
 class MemoryFileOf {
   public:
+    using Kept = Memory;
+
     explicit MemoryFileOf(const QString& path) : file_(path) {}
 
     /// Runs `work` on the memory under its lock. The file is read again when another process else has changed

@@ -3,7 +3,6 @@
 #include "simulators/common/failure.h"
 
 #include <QFile>
-#include <QStringList>
 
 #include <cmath>
 
@@ -41,6 +40,32 @@ QDateTime momentOf(const QString& text) {
             return moment;
     }
     throw Failure(u"\"%1\" is no moment such as 2026-11-21 09:30:00"_s.arg(text));
+}
+
+bool isAsLeft(const QString& round) {
+    if (!round.isEmpty() && round != "as-found"_L1 && round != "as-left"_L1)
+        throw Failure(u"\"%1\" is no round: it is as-found or as-left"_s.arg(round));
+    return round == "as-left"_L1;
+}
+
+PlanLine::PlanLine(const QString& line, const QString& form) : parts_(line.split(u';')) {
+    if (parts_.size() > form.split(u';').size())
+        throw Failure(u"a line is %1, all but the tag may be missing"_s.arg(form));
+}
+
+std::vector<double> PlanLine::numbers(qsizetype place, const QString& what) const {
+    return text(place).isEmpty() ? std::vector<double>{} : numbersOf(text(place), what);
+}
+
+std::optional<QDateTime> PlanLine::moment(qsizetype place) const {
+    return text(place).isEmpty() ? std::nullopt : std::optional(momentOf(text(place)));
+}
+
+QString PlanLine::tag(qsizetype longest) const {
+    QString first = text(0).left(longest);
+    if (first.isEmpty())
+        throw Failure(u"the tag is missing"_s);
+    return first;
 }
 
 QString planAt(const QString& path) {

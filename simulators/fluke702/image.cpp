@@ -2,34 +2,16 @@
 
 #include "simulators/fluke702/settings.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace kelvane::simulators::fluke702 {
-
-namespace {
-
-// Test points are fractions of the range; some lie beyond it.
-constexpr float lowestPoint = -1;
-constexpr float highestPoint = 2;
-
-template <class Kept>
-qint32 lastId(const std::vector<Kept>& list) {
-    return static_cast<qint32>(list.size());
-}
-
-} // namespace
 
 void Image::clear() {
     *this = {};
 }
 
 Code Image::defineStrategy(const QString& name, const std::vector<float>& points, qint32& id) {
-    // Not a number lies nowhere.
-    const bool good = std::all_of(points.begin(), points.end(),
-                                  [](float point) { return point >= lowestPoint && point <= highestPoint; });
-    if (!good || points.empty() || points.size() > mostPoints || name.isEmpty() ||
-        name.size() > longestStrategyName)
+    if (!arePointsGood(points) || name.isEmpty() || name.size() > longestStrategyName)
         return BadStrategy;
     contents_.strategies.push_back({name, points});
     id = lastId(contents_.strategies);

@@ -1,6 +1,6 @@
 #include "simulators/fluke702/library.h"
 
-#include "simulators/common/c_text.h"
+#include "simulators/common/link_arguments.h"
 #include "simulators/fluke702/settings.h"
 
 namespace kelvane::simulators::fluke702 {
@@ -12,22 +12,6 @@ constexpr qsizetype modelWidth = 16;
 constexpr qsizetype serialWidth = 10;
 constexpr qsizetype textWidth = 40;
 constexpr qsizetype tagWidth = 33;
-
-template <class... Pointers>
-bool anyNull(const Pointers*... pointers) {
-    return (... || (pointers == nullptr));
-}
-
-/// Gives the texts to the work, or refuses when one is missing.
-template <class Work, class... Texts>
-Code withTexts(Work work, const Texts*... texts) {
-    return anyNull(texts...) ? BadArgument : work(*textIn(texts)...);
-}
-
-std::vector<float> pointsIn(qint16 count, const float* points) {
-    const bool there = points != nullptr && count >= 1 && count <= static_cast<qint16>(mostPoints);
-    return there ? std::vector<float>(points, points + count) : std::vector<float>{};
-}
 
 } // namespace
 
@@ -125,6 +109,7 @@ Library::Status Library::MEMpromptDefn(const char* key, const char* prompt) {
         "MEMpromptDefn",
         [&] {
             return withTexts(
+                BadArgument,
                 [&](const QString& name, const QString& text) { return image_.definePrompt(name, text); },
                 key, prompt);
         },
@@ -134,13 +119,21 @@ Library::Status Library::MEMpromptDefn(const char* key, const char* prompt) {
 Library::Status Library::MEMstartTask(const char* tag) {
     return call(
         "MEMstartTask",
-        [&] { return withTexts([&](const QString& given) { return image_.startTask(given); }, tag); }, tag);
+        [&] {
+            return withTexts(
+                BadArgument, [&](const QString& given) { return image_.startTask(given); }, tag);
+        },
+        tag);
 }
 
 Library::Status Library::MEMprompt(const char* key) {
     return call(
         "MEMprompt",
-        [&] { return withTexts([&](const QString& given) { return image_.placePrompt(given); }, key); }, key);
+        [&] {
+            return withTexts(
+                BadArgument, [&](const QString& given) { return image_.placePrompt(given); }, key);
+        },
+        key);
 }
 
 Library::Status Library::MEMtemplate(qint32 strategyId, qint16 readByHand, const char* tag,
@@ -149,6 +142,7 @@ Library::Status Library::MEMtemplate(qint32 strategyId, qint16 readByHand, const
         "MEMtemplate",
         [&] {
             return withTexts(
+                BadArgument,
                 [&](const QString& tagIn, const QString& serialIn) {
                     return image_.placeTemplate(strategyId, readByHand, tagIn, serialIn, stateId);
                 },
@@ -174,7 +168,10 @@ Library::Status Library::setWord(const char* operation, const char* word,
                                  Code (*set)(State&, const QString&)) {
     return call(
         operation,
-        [&] { return withTexts([&](const QString& given) { return set(image_.state(), given); }, word); },
+        [&] {
+            return withTexts(
+                BadArgument, [&](const QString& given) { return set(image_.state(), given); }, word);
+        },
         word);
 }
 
@@ -199,6 +196,7 @@ Library::Status Library::STAsetTref(const char* mode, float temperature) {
         "STAsetTref",
         [&] {
             return withTexts(
+                BadArgument,
                 [&](const QString& given) { return setColdJunction(image_.state(), given, temperature); },
                 mode);
         },
@@ -210,6 +208,7 @@ Library::Status Library::STAsetOutput(const char* mode, const char* sensor, floa
         "STAsetOutput",
         [&] {
             return withTexts(
+                BadArgument,
                 [&](const QString& modeIn, const QString& sensorIn) {
                     return setSource(image_.state(), modeIn, sensorIn, value, amplitude);
                 },
@@ -223,6 +222,7 @@ Library::Status Library::STAsetInput(const char* mode, const char* sensor) {
         "STAsetInput",
         [&] {
             return withTexts(
+                BadArgument,
                 [&](const QString& modeIn, const QString& sensorIn) {
                     return setMeasure(image_.state(), modeIn, sensorIn);
                 },
@@ -278,12 +278,12 @@ Library::Status Library::MEMrDir(qint32 record, qint16* kind, qint16* month, qin
             if (run == nullptr)
                 return UnknownId;
             *kind = run->kind;
-            *month = run->month;
-            *day = run->day;
-            *year = run->year;
-            *hour = run->hour;
-            *minute = run->minute;
-            *second = run->second;
+            *month = run->time.month;
+            *day = run->time.day;
+            *year = run->time.year;
+            *hour = run->time.hour;
+            *minute = run->time.minute;
+            *second = run->time.second;
             return Done;
         },
         record);

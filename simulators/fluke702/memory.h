@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulators/common/memory_file.h"
+#include "simulators/common/stored_parts.h"
 
 #include <QString>
 
@@ -8,37 +9,9 @@
 
 namespace kelvane::simulators::fluke702 {
 
-// The longest texts that the calibrator takes, in characters.
+// The longest texts that only this calibrator cuts so, in characters.
 inline constexpr qsizetype longestStrategyName = 13;
-inline constexpr qsizetype longestKey = 10;
-inline constexpr qsizetype longestPrompt = 255;
-inline constexpr qsizetype longestTag = 29;
-inline constexpr qsizetype longestSerial = 32;
-inline constexpr qsizetype longestTechnician = 32;
 inline constexpr qsizetype longestModule = 9;
-inline constexpr std::size_t mostPoints = 50;
-
-/// A test strategy: its points as fractions of the range.
-struct Strategy {
-    QString name;
-    std::vector<float> points;
-
-    bool operator==(const Strategy&) const = default;
-};
-
-struct Prompt {
-    QString key;
-    QString text;
-
-    bool operator==(const Prompt&) const = default;
-};
-
-struct Scale {
-    float high = 0;
-    float low = 0;
-
-    bool operator==(const Scale&) const = default;
-};
 
 /// A setup state: what the calibrator sources and measures, and how.
 struct State {
@@ -63,8 +36,7 @@ struct State {
     bool operator==(const State&) const = default;
 };
 
-/// What is to be done on one instrument: prompts, the test, prompts. Ids count from 1, in the order of the
-/// lists in the memory.
+/// What is to be done on one instrument: prompts, the test, prompts.
 struct Task {
     QString tag;
     std::vector<QString> before; ///< keys of prompts
@@ -78,32 +50,18 @@ struct Task {
     bool operator==(const Task&) const = default;
 };
 
-/// A test point as it was carried out: base units, and the error as a fraction of span.
-struct Entry {
-    float reading = 0;
-    float applied = 0;
-    float error = 0;
-
-    bool operator==(const Entry&) const = default;
-};
-
 enum Kind : qint16 { AsFound = 1, AsLeft = 2 };
 
 /// A task carried out once.
 struct Run {
     qint16 kind = AsFound;
-    qint16 year = 0; ///< all zero: the calibrator's clock was not set
-    qint16 month = 0;
-    qint16 day = 0;
-    qint16 hour = 0;
-    qint16 minute = 0;
-    qint16 second = 0;
+    ClockTime time;
     QString tag; ///< empty: none was saved
     QString serial;
     QString technician;
     QString module; ///< serial number of the pressure module; empty: none
     qint32 state = 0;
-    std::vector<Entry> entries;
+    std::vector<Entry> entries; ///< in base units, the error as a fraction of span
 
     bool operator==(const Run&) const = default;
 };
@@ -144,12 +102,5 @@ QByteArray textOf(const Memory& memory);
 Memory memoryFrom(const QByteArray& text);
 
 using MemoryFile = MemoryFileOf<Memory, memoryFrom>;
-
-/// The entry of an id, null when there is none.
-template <class Kept>
-const Kept* byId(const std::vector<Kept>& list, qint32 id) {
-    return id >= 1 && static_cast<std::size_t>(id) <= list.size() ? &list[static_cast<std::size_t>(id) - 1]
-                                                                  : nullptr;
-}
 
 } // namespace kelvane::simulators::fluke702

@@ -1,7 +1,5 @@
 #include "simulators/fluke702/plan.h"
 
-#include <QStringList>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::simulators::fluke702 {
@@ -9,25 +7,15 @@ namespace kelvane::simulators::fluke702 {
 namespace {
 
 Job jobOf(const QString& line) {
-    const QStringList parts = line.split(u';');
-    if (parts.size() > 7)
-        throw Failure(u"a line is TAG; ROUND; DEVIATIONS; TECHNICIAN; PRESSURE MODULE; DATE TIME; SHOWN, all "
-                      "but the tag may be missing"_s);
-    const auto part = [&](qsizetype place) { return parts.value(place).trimmed(); };
-    const auto numbers = [&](qsizetype place, const QString& what) {
-        return part(place).isEmpty() ? std::vector<double>{} : numbersOf(part(place), what);
-    };
+    const PlanLine parts(line, u"TAG; ROUND; DEVIATIONS; TECHNICIAN; PRESSURE MODULE; DATE TIME; SHOWN"_s);
     Job job;
-    job.tag = part(0).left(longestTag);
-    if (job.tag.isEmpty())
-        throw Failure(u"the tag is missing"_s);
-    job.kind = kindOf(part(1));
-    job.deviations = numbers(2, u"deviations"_s);
-    job.technician = part(3);
-    job.module = part(4);
-    if (!part(5).isEmpty())
-        job.moment = momentOf(part(5));
-    job.shown = numbers(6, u"shown"_s);
+    job.tag = parts.tag(longestTag);
+    job.kind = kindOf(parts.text(1));
+    job.deviations = parts.numbers(2, u"deviations"_s);
+    job.technician = parts.text(3);
+    job.module = parts.text(4);
+    job.moment = parts.moment(5);
+    job.shown = parts.numbers(6, u"shown"_s);
     return job;
 }
 
@@ -44,11 +32,7 @@ QString planHelp() {
 }
 
 Kind kindOf(const QString& word) {
-    if (word.isEmpty() || word == "as-found"_L1)
-        return AsFound;
-    if (word == "as-left"_L1)
-        return AsLeft;
-    throw Failure(u"\"%1\" is no round: it is as-found or as-left"_s.arg(word));
+    return isAsLeft(word) ? AsLeft : AsFound;
 }
 
 QString wordOf(qint16 kind) {

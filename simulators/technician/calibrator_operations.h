@@ -30,5 +30,6 @@ QStringList workOnMemory(const QString& path, const Work& work) {
 
 const CalibratorOperations& torqueStarOperations();
 const CalibratorOperations& fluke702Operations();
+const CalibratorOperations& fluke74xOperations();
 
 } // namespace kelvane::simulators

@@ -21,8 +21,26 @@ void print(FILE* stream, const QString& text) {
 }
 
 /// The first is taken for a memory that no other one knows.
-std::array<const CalibratorOperations*, 2> calibrators() {
-    return {&torqueStarOperations(), &fluke702Operations()};
+std::array<const CalibratorOperations*, 3> calibrators() {
+    return {&torqueStarOperations(), &fluke702Operations(), &fluke74xOperations()};
+}
+
+QStringList optionNames(const CalibratorOperations& calibrator) {
+    QStringList names;
+    for (const QCommandLineOption& option : calibrator.options)
+        names += option.names();
+    return names;
+}
+
+/// Some calibrators share options; a parser takes each once.
+void addOptions(QCommandLineParser& parser) {
+    QStringList added;
+    for (const auto* calibrator : calibrators()) {
+        for (const QCommandLineOption& option : calibrator->options)
+            if (!added.contains(option.names().constFirst()))
+                parser.addOption(option);
+        added += optionNames(*calibrator);
+    }
 }
 
 void describe(QCommandLineParser& parser) {
@@ -30,13 +48,14 @@ void describe(QCommandLineParser& parser) {
     for (const auto* calibrator : calibrators())
         planHelps << calibrator->planHelp();
     parser.setApplicationDescription(
-        u"The person in the plant, for a simulated torque calibrator or Fluke 702: lists what was downloaded "
-        "to it, and\n"
-        "carries it out. For each test point the results are taken that an upload reads, with the readings "
+        u"The person in the plant, for a simulated torque calibrator or Fluke 702, 743 or 744: lists what "
+        "was downloaded to it,\n"
+        "and carries it out. For each test point the results are taken that an upload reads, with the "
+        "readings "
         "that you choose.\n"
         "Which calibrator it is, the memory tells. A torque calibrator may be running or not; its results "
         "are replaced by\n"
-        "new ones, those of a Fluke 702 are added to. erase leaves the work to be done without its "
+        "new ones, those of a Fluke are added to. erase leaves the work to be done without its "
         "results.\n\n"
         "  kelvane-technician --memory FILE list\n"
         "  kelvane-technician --memory FILE carry-out --points 20,60,100 --low 0 --high 150 --deviation 0.1\n"
@@ -50,7 +69,7 @@ void describe(QCommandLineParser& parser) {
         {u"memory"_s, u"The calibrator's memory."_s, u"FILE"_s},
         {u"only"_s, u"This characteristic or task alone; may be given several times."_s, u"NAME"_s},
         {u"deviation"_s,
-         u"What the readings are off, in percent of reading (TorqueStar) or of span (Fluke 702): one for all "
+         u"What the readings are off, in percent of reading (TorqueStar) or of span (Fluke): one for all "
          "or one for each point."_s,
          u"PERCENT,..."_s, u"0"_s},
         {u"date"_s, u"The day of the work, such as 2026-11-21. Default: today."_s, u"DATE"_s},
@@ -59,8 +78,7 @@ void describe(QCommandLineParser& parser) {
          u"SECONDS"_s, u"60"_s},
         {u"plan"_s, u"The plan file, instead of what it says."_s, u"PLAN"_s},
     });
-    for (const auto* calibrator : calibrators())
-        parser.addOptions(calibrator->options);
+    addOptions(parser);
     parser.addPositionalArgument(u"command"_s, u"list, carry-out or erase"_s);
 }
 
@@ -77,13 +95,6 @@ const CalibratorOperations& calibratorOf(const QString& path) {
     const auto* found = std::ranges::find_if(
         all, [&](const auto* calibrator) { return isOfFormat(text, calibrator->memoryFormat); });
     return found == all.end() ? *all.front() : **found;
-}
-
-QStringList optionNames(const CalibratorOperations& calibrator) {
-    QStringList names;
-    for (const QCommandLineOption& option : calibrator.options)
-        names += option.names();
-    return names;
 }
 
 /// Refuses what only other calibrators take.

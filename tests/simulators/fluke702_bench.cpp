@@ -89,21 +89,22 @@ void Fluke702Bench::fillCalibrator() const {
         memory.contents.tasks = {
             {u"PT-103"_s, {u"ABCDEFGHIJ"_s}, {u"KLMNOPQRST"_s}, 1, 1, false, u"PT-103"_s, u"V88103"_s},
             {u"LI-401"_s, {}, {}, 2, 2, true, u"LI-401"_s, u"None"_s}};
-        memory.contents.runs = {
-            {AsFound,
-             2026,
-             11,
-             20,
-             9,
-             15,
-             30,
-             u"PT-103"_s,
-             u"V88103"_s,
-             u"J. Öz"_s,
-             u"71204"_s,
-             1,
-             {{0.0041F, 0, 0.00625F}, {0.012F, 75, 0}, {0.02F, 150, -1e38F}}},
-            {AsLeft, 2026, 11, 20, 9, 45, 0, u"PT-103"_s, u"V88103"_s, u"J. Öz"_s, {}, 1, {{0.004F, 0, 0}}}};
+        memory.contents.runs = {{AsFound,
+                                 {2026, 11, 20, 9, 15, 30},
+                                 u"PT-103"_s,
+                                 u"V88103"_s,
+                                 u"J. Öz"_s,
+                                 u"71204"_s,
+                                 1,
+                                 {{0.0041F, 0, 0.00625F}, {0.012F, 75, 0}, {0.02F, 150, -1e38F}}},
+                                {AsLeft,
+                                 {2026, 11, 20, 9, 45, 0},
+                                 u"PT-103"_s,
+                                 u"V88103"_s,
+                                 u"J. Öz"_s,
+                                 {},
+                                 1,
+                                 {{0.004F, 0, 0}}}};
     });
 }
 

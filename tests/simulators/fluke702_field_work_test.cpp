@@ -10,7 +10,7 @@ namespace kelvane::simulators::fluke702 {
 
 namespace {
 
-FieldWork workAt(const QString& moment, int seconds = 60) {
+WorkTimes workAt(const QString& moment, int seconds = 60) {
     return {momentOf(moment), seconds};
 }
 
@@ -174,7 +174,8 @@ TEST_F(Fluke702FieldWork, RunsAreAddedInTheirOrderEachAnIntervalLater) {
     for (std::size_t place = 0; place < 5; ++place) {
         const fluke702::Run& run = runs()[place];
         EXPECT_EQ(run.kind, expected[place].kind) << place;
-        EXPECT_EQ((std::vector<int>{run.year, run.month, run.day, run.hour, run.minute, run.second}),
+        EXPECT_EQ((std::vector<int>{run.time.year, run.time.month, run.time.day, run.time.hour,
+                                    run.time.minute, run.time.second}),
                   expected[place].moment)
             << place;
     }
@@ -197,7 +198,7 @@ TEST_F(Fluke702FieldWork, ATagOfTwoTasksIsCarriedOutOnBoth) {
     ASSERT_EQ(runs().size(), 2U);
     EXPECT_EQ(runs()[0].serial, u"V88103"_s);
     EXPECT_EQ(runs()[1].serial, u"None"_s);
-    EXPECT_EQ(runs()[1].minute, 16);
+    EXPECT_EQ(runs()[1].time.minute, 16);
 }
 
 TEST_F(Fluke702FieldWork, ATemplateWithoutATagGivesRunsWithoutOne) {

@@ -44,12 +44,12 @@ TEST_F(Fluke702Memory, ABrokenCalibratorsResultsAreKept) {
     Memory memory = storedMemory();
     constexpr float infinity = std::numeric_limits<float>::infinity();
     memory.contents.runs[1].kind = 3;
-    memory.contents.runs[1].year = memory.contents.runs[1].month = memory.contents.runs[1].day = 0;
+    memory.contents.runs[1].time = {};
     memory.contents.runs[1].entries = {{infinity, -infinity, 0},
                                        {std::numeric_limits<float>::quiet_NaN(), 0, 0}};
     const Memory back = memoryFrom(textOf(memory));
     EXPECT_EQ(back.contents.runs[1].kind, 3);
-    EXPECT_EQ(back.contents.runs[1].year, 0);
+    EXPECT_EQ(back.contents.runs[1].time.year, 0);
     EXPECT_EQ(back.contents.runs[1].entries[0], memory.contents.runs[1].entries[0]);
     EXPECT_TRUE(std::isnan(back.contents.runs[1].entries[1].reading));
 }

@@ -40,8 +40,8 @@ TEST_F(Fluke702Technician, CarriesOutAllTasks) {
     EXPECT_EQ(runs[0].module, u"71204"_s);
     EXPECT_FLOAT_EQ(runs[0].entries[0].reading, 0.004032F);
     EXPECT_EQ(runs[0].entries[0].error, 0.005F);
-    EXPECT_EQ(runs[0].minute, 15);
-    EXPECT_EQ(runs[1].minute, 17);
+    EXPECT_EQ(runs[0].time.minute, 15);
+    EXPECT_EQ(runs[1].time.minute, 17);
 }
 
 TEST_F(Fluke702Technician, TakesOnlyWhatIsNamed) {
@@ -59,7 +59,7 @@ TEST_F(Fluke702Technician, FollowsAPlanOnceAndOnceMore) {
         EXPECT_EQ(storedMemory().contents.runs.size(), runs);
     }
     EXPECT_EQ(storedMemory().contents.runs[0].technician, u"J. Öz"_s);
-    EXPECT_EQ(storedMemory().contents.runs[1].minute, 16);
+    EXPECT_EQ(storedMemory().contents.runs[1].time.minute, 16);
 }
 
 TEST_F(Fluke702Technician, EmptiesTheResultsAndKeepsTheTasks) {
