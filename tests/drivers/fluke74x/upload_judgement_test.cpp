@@ -225,6 +225,13 @@ TEST_F(Fluke74xUploadStandards, NameModulesByTextsUnitsOrMappedWordsOnly) {
     EXPECT_EQ(standards(), with + with + with + without + without + without + without);
 }
 
+TEST_F(Fluke74xUploadStandards, KeepAModuleThatALaterStepLeavesBlank) {
+    auto steps = withModules(u"71204"_s, u"71118"_s);
+    steps[1].buckets << textBucket(u"mpserial"_s, {}) << textBucket(u"spserial"_s, u"   "_s);
+    take(steps);
+    EXPECT_EQ(standards(), (QStringList{u"1205"_s, u"1206"_s, u"1103"_s, u"1209"_s}));
+}
+
 TEST_F(Fluke74xUploadStandards, OfOneRunAreForgottenInTheNext) {
     addGroup();
     addRun(withModules(u"71204"_s, u"71118"_s));

@@ -210,12 +210,16 @@ TEST_F(Fluke74xUploadSteps, A102ndStepIsReportedAndTheNextRunIsRead) {
 }
 
 TEST_F(Fluke74xUploadSteps, ARunWithoutStepsIsReportedAndTheNextRunIsRead) {
-    addGoodRun().claimedSteps = 0;
+    for (const qint16 claimed : {qint16{0}, qint16{-1}}) {
+        addGoodRun().claimedSteps = claimed;
+        addRun(good()).claimedSteps = claimed;
+        ui.expectReport(11, routine); // the atoms over the steps
+        ui.expectReport(11, routine);
+    }
     addGoodRun(u"PT-102"_s);
-    ui.expectReport(11, routine); // the atoms over the steps
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(records(u"mtag"_s), QStringList{u"1402"_s});
-    EXPECT_EQ(Journal(session).unfinished().size(), 1);
+    EXPECT_EQ(Journal(session).unfinished().size(), 4);
 }
 
 } // namespace kelvane::testing
