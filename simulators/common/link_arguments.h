@@ -12,12 +12,6 @@ bool anyNull(const Pointers*... pointers) {
     return (... || (pointers == nullptr));
 }
 
-/// Gives the texts to the work, or refuses when one is missing.
-template <class Code, class Work, class... Texts>
-Code withTexts(Code refusal, Work work, const Texts*... texts) {
-    return anyNull(texts...) ? refusal : work(*textIn(texts)...);
-}
-
 /// The points of a strategy; none when there are more than it can have.
 std::vector<float> pointsIn(qint16 count, const float* points);
 

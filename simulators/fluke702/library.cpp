@@ -13,6 +13,12 @@ constexpr qsizetype serialWidth = 10;
 constexpr qsizetype textWidth = 40;
 constexpr qsizetype tagWidth = 33;
 
+/// Gives the texts to the work, or refuses when one is missing.
+template <class Work, class... Texts>
+Code withTexts(Work work, const Texts*... texts) {
+    return anyNull(texts...) ? BadArgument : work(*textIn(texts)...);
+}
+
 } // namespace
 
 Library::Library(const Environment& environment) : LinkCalls("dpclnk", operationNames(), OutOfStep) {
@@ -109,7 +115,6 @@ Library::Status Library::MEMpromptDefn(const char* key, const char* prompt) {
         "MEMpromptDefn",
         [&] {
             return withTexts(
-                BadArgument,
                 [&](const QString& name, const QString& text) { return image_.definePrompt(name, text); },
                 key, prompt);
         },
@@ -119,21 +124,13 @@ Library::Status Library::MEMpromptDefn(const char* key, const char* prompt) {
 Library::Status Library::MEMstartTask(const char* tag) {
     return call(
         "MEMstartTask",
-        [&] {
-            return withTexts(
-                BadArgument, [&](const QString& given) { return image_.startTask(given); }, tag);
-        },
-        tag);
+        [&] { return withTexts([&](const QString& given) { return image_.startTask(given); }, tag); }, tag);
 }
 
 Library::Status Library::MEMprompt(const char* key) {
     return call(
         "MEMprompt",
-        [&] {
-            return withTexts(
-                BadArgument, [&](const QString& given) { return image_.placePrompt(given); }, key);
-        },
-        key);
+        [&] { return withTexts([&](const QString& given) { return image_.placePrompt(given); }, key); }, key);
 }
 
 Library::Status Library::MEMtemplate(qint32 strategyId, qint16 readByHand, const char* tag,
@@ -142,7 +139,6 @@ Library::Status Library::MEMtemplate(qint32 strategyId, qint16 readByHand, const
         "MEMtemplate",
         [&] {
             return withTexts(
-                BadArgument,
                 [&](const QString& tagIn, const QString& serialIn) {
                     return image_.placeTemplate(strategyId, readByHand, tagIn, serialIn, stateId);
                 },
@@ -168,10 +164,7 @@ Library::Status Library::setWord(const char* operation, const char* word,
                                  Code (*set)(State&, const QString&)) {
     return call(
         operation,
-        [&] {
-            return withTexts(
-                BadArgument, [&](const QString& given) { return set(image_.state(), given); }, word);
-        },
+        [&] { return withTexts([&](const QString& given) { return set(image_.state(), given); }, word); },
         word);
 }
 
@@ -196,7 +189,6 @@ Library::Status Library::STAsetTref(const char* mode, float temperature) {
         "STAsetTref",
         [&] {
             return withTexts(
-                BadArgument,
                 [&](const QString& given) { return setColdJunction(image_.state(), given, temperature); },
                 mode);
         },
@@ -208,7 +200,6 @@ Library::Status Library::STAsetOutput(const char* mode, const char* sensor, floa
         "STAsetOutput",
         [&] {
             return withTexts(
-                BadArgument,
                 [&](const QString& modeIn, const QString& sensorIn) {
                     return setSource(image_.state(), modeIn, sensorIn, value, amplitude);
                 },
@@ -222,7 +213,6 @@ Library::Status Library::STAsetInput(const char* mode, const char* sensor) {
         "STAsetInput",
         [&] {
             return withTexts(
-                BadArgument,
                 [&](const QString& modeIn, const QString& sensorIn) {
                     return setMeasure(image_.state(), modeIn, sensorIn);
                 },

@@ -26,8 +26,9 @@ class State {
 
     /// What is refused leaves the state as it was.
     Code set(const QString& item, const Value& value);
-    /// Nothing happens to an item of another kind: 0 or an empty word comes.
+    /// 0 for an item that holds no float.
     float number(QStringView item) const;
+    /// Of a unit or a mapped item; empty for any other.
     QString word(QStringView item) const;
 
     const std::vector<Value>& values() const { return values_; }

@@ -10,7 +10,7 @@ namespace kelvane::simulators::fluke74x {
 inline constexpr qsizetype longestStrategyName = 15;
 inline constexpr qsizetype longestModule = 32;
 
-/// Which sides the user reads and enters; the calibrator sees to the others.
+/// Which sides the user reads and enters; the others are the calibrator's own.
 struct ByHand {
     bool measure = false;
     bool source = false;

@@ -22,7 +22,8 @@ constexpr struct {
 };
 
 Amount amountOf(const QString& text) {
-    static const QRegularExpression form(u"^([-+.0-9]+(?:[eE][-+]?[0-9]+)?)(?:\\s*([A-Za-z%][A-Za-z0-9]*))?$"_s);
+    static const QRegularExpression form(
+        u"^([-+.0-9]+(?:[eE][-+]?[0-9]+)?)(?:\\s*([A-Za-z%][A-Za-z0-9]*))?$"_s);
     const QRegularExpressionMatch parts = form.match(text.trimmed());
     if (!parts.hasMatch())
         throw Failure(u"readings: \"%1\" is no number with its unit"_s.arg(text.trimmed()));

@@ -2,6 +2,9 @@
 #include "simulators/fluke702/codes.h"
 #include "simulators/fluke702/memory.h"
 #include "simulators/fluke702/operations.h"
+#include "simulators/fluke74x/codes.h"
+#include "simulators/fluke74x/memory.h"
+#include "simulators/fluke74x/operations.h"
 #include "simulators/torquestar/memory_file.h"
 #include "tests/simulators/message_bytes.h"
 #include "tests/simulators/programs.h"
@@ -24,11 +27,15 @@ QString page() {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// The indented lines of one calibrator's chapter.
+/// One calibrator's chapter.
+QString textOfChapter(const QString& chapter) {
+    return page().section(u"\n## "_s + chapter + u'\n', 1).section(u"\n## "_s, 0, 0);
+}
+
+/// Its indented lines.
 QStringList examples(const QString& chapter) {
-    const QString text = page().section(u"\n## "_s + chapter + u'\n', 1).section(u"\n## "_s, 0, 0);
     QStringList lines;
-    for (const QString& line : text.split(u'\n'))
+    for (const QString& line : textOfChapter(chapter).split(u'\n'))
         if (line.startsWith(u"    "_s))
             lines += line.trimmed();
     return lines;
@@ -36,6 +43,7 @@ QStringList examples(const QString& chapter) {
 
 const QString torqueStar = u"The torque calibrator"_s;
 const QString fluke702Chapter = u"The Fluke 702"_s;
+const QString fluke74xChapter = u"The Fluke 743 and 744"_s;
 
 /// Starts an example of the page in the simulators.
 std::unique_ptr<QProcess> startExample(const QString& example, const SimulatorFolder& simulatorFolder) {
@@ -45,6 +53,28 @@ std::unique_ptr<QProcess> startExample(const QString& example, const SimulatorFo
     process->setWorkingDirectory(simulatorFolder.path(u"."_s));
     process->start(QDir(QCoreApplication::applicationDirPath()).filePath(program), words);
     return process;
+}
+
+/// Carries out the technician's commands of a chapter on a memory with two tasks, with the plan of the page.
+void tryFlukeCommands(const QString& chapter, const QString& plan, const SimulatorFolder& simulatorFolder) {
+    const QStringList lines = examples(chapter);
+    simulatorFolder.put(plan, lines.filter(u"; "_s).join(u'\n').toUtf8());
+    const QStringList commands = lines.filter(u"kelvane-technician"_s);
+    EXPECT_EQ(commands.size(), 4);
+    for (const QString& command : commands) {
+        const std::unique_ptr<QProcess> process = startExample(command, simulatorFolder);
+        const Outcome outcome = outcomeOf(*process);
+        EXPECT_EQ(outcome.code, 0) << command.toStdString() << outcome.errors.toStdString();
+        EXPECT_TRUE(
+            outcome.output.contains(command.endsWith(u"erase"_s) ? u"5 results erased"_s : u"PT-104"_s))
+            << command.toStdString() << outcome.output.toStdString();
+    }
+}
+
+void expectStatus(const QString& chapter, int code) {
+    EXPECT_TRUE(
+        textOfChapter(chapter).contains(QRegularExpression(u"\n\\|[ 0-9,]*\\b%1\\b[ 0-9,]*\\|"_s.arg(code))))
+        << code;
 }
 
 } // namespace
@@ -96,18 +126,21 @@ TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke702DoWhatTheySay) {
                                  {u"PT-104"_s, {}, {}, 1, 2, false, u"PT-104"_s, u"V88104"_s}};
         return true;
     });
-    const QStringList lines = examples(fluke702Chapter);
-    simulatorFolder.put(u"plan702.txt"_s, lines.filter(u"; "_s).join(u'\n').toUtf8());
-    const QStringList commands = lines.filter(u"kelvane-technician"_s);
-    EXPECT_EQ(commands.size(), 4);
-    for (const QString& command : commands) {
-        const std::unique_ptr<QProcess> process = startExample(command, simulatorFolder);
-        const Outcome outcome = outcomeOf(*process);
-        EXPECT_EQ(outcome.code, 0) << command.toStdString() << outcome.errors.toStdString();
-        EXPECT_TRUE(
-            outcome.output.contains(command.endsWith(u"erase"_s) ? u"5 results erased"_s : u"PT-104"_s))
-            << command.toStdString() << outcome.output.toStdString();
-    }
+    tryFlukeCommands(fluke702Chapter, u"plan702.txt"_s, simulatorFolder);
+}
+
+TEST(SimulatorsPage, ItsTechnicianCommandsForTheFluke74xDoWhatTheySay) {
+    const SimulatorFolder simulatorFolder;
+    ASSERT_TRUE(QDir(simulatorFolder.path(u"."_s)).mkpath(u"build/workstation"_s));
+    fluke74x::MemoryFile file(simulatorFolder.path(u"build/workstation/fluke74x.json"_s));
+    file.use([](fluke74x::Memory& memory) {
+        memory.contents.strategies = {{u"5 POINT UP"_s, {0, 0.25F, 0.5F, 0.75F, 1}}};
+        memory.contents.states = {{}, {}};
+        memory.contents.tasks = {{u"PT-103"_s, {}, {}, 1, 1, {}, u"PT-103"_s, u"V88103"_s},
+                                 {u"PT-104"_s, {}, {}, 1, 2, {}, u"PT-104"_s, u"V88104"_s}};
+        return true;
+    });
+    tryFlukeCommands(fluke74xChapter, u"plan74x.txt"_s, simulatorFolder);
 }
 
 TEST(SimulatorsPage, ItsFaultsOfTheFluke702AreTaken) {
@@ -118,14 +151,27 @@ TEST(SimulatorsPage, ItsFaultsOfTheFluke702AreTaken) {
     EXPECT_EQ(faults.take("DPCdnlStep"), 100);
 }
 
+TEST(SimulatorsPage, ItsFaultsOfTheFluke74xAreTaken) {
+    const QString example = examples(fluke74xChapter).filter(u"KELVANE_FLUKE74X_FAULTS="_s).value(0);
+    CallFaults faults(example.section(u'"', 1, 1), fluke74x::operationNames());
+    for (const int status : {-1, -1, 2002, -1})
+        EXPECT_EQ(faults.take("MEM3instrCalTemplate").value_or(-1), status);
+    EXPECT_EQ(faults.take("DPC3dnlStep"), 100);
+}
+
 TEST(SimulatorsPage, NamesEachStatusOfTheFluke702) {
     using namespace fluke702;
-    const QString chapter = page().section(u"\n## "_s + fluke702Chapter, 1);
     for (const Code code :
          {BadCombination, SourceOutOfRange, BadRange, NoRoom, BadArgument, UnknownId, PromptTooLong,
           BadStrategy, NotOpen, NoAnswer, CantWrite, CantRead, OutOfStep, TooLong, StateInUse, NoTag})
-        EXPECT_TRUE(chapter.contains(QRegularExpression(u"\n\\|[ 0-9,]*\\b%1\\b[ 0-9,]*\\|"_s.arg(code))))
-            << code;
+        expectStatus(fluke702Chapter, code);
+}
+
+TEST(SimulatorsPage, NamesEachStatusOfTheFluke74x) {
+    using namespace fluke74x;
+    for (const Code code : {NotFound, NoRoom, TooLong, OutOfStep, BadArgument, NoAnswer, CantWrite, CantRead,
+                            NoMaps, NoData, NotOpen, BadSettings})
+        expectStatus(fluke74xChapter, code);
 }
 
 TEST(SimulatorsPage, NamesEachFault) {

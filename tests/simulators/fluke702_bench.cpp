@@ -58,20 +58,6 @@ Library::Status Fluke702Bench::upload() {
     return transfer(&Library::DPCuplStart, &Library::DPCuplStep);
 }
 
-Memory Fluke702Bench::storedMemory() const {
-    Memory kept;
-    keep([&](Memory& memory) { kept = memory; });
-    return kept;
-}
-
-void Fluke702Bench::keep(const std::function<void(Memory&)>& change) const {
-    MemoryFile(file()).use([&](Memory& memory) {
-        const Memory before = memory;
-        change(memory);
-        return !(memory == before);
-    });
-}
-
 void Fluke702Bench::fillCalibrator() const {
     keep([](Memory& memory) {
         State state;

@@ -1,17 +1,13 @@
 #pragma once
 
 #include "simulators/fluke702/library.h"
-#include "tests/simulators/programs.h"
-
-#include <gtest/gtest.h>
+#include "tests/simulators/calibrator_bench.h"
 
 namespace kelvane::simulators::fluke702 {
 
-/// A link library with a calibrator of its own.
-class Fluke702Bench : public ::testing::Test {
+class Fluke702Bench : public CalibratorBench<Library, MemoryFile> {
   protected:
-    QString file() const { return folder_.path(QStringLiteral("fluke702.json")); }
-    Environment environment(const QString& faults = {}) const { return {file(), faults, {}}; }
+    Fluke702Bench() : CalibratorBench(QStringLiteral("fluke702.json")) {}
 
     /// A state that sources volts and measures milliamperes; its id.
     qint32 saveState();
@@ -27,25 +23,12 @@ class Fluke702Bench : public ::testing::Test {
     Library::Status download();
     Library::Status upload();
 
-    Memory storedMemory() const;
-    void keep(const std::function<void(Memory&)>& change) const;
     /// A calibrator that holds two tasks, the first carried out twice.
     void fillCalibrator() const;
-
-    SimulatorFolder folder_;
-    Library library_{environment()};
 
   private:
     Library::Status transfer(Library::Status (Library::*start)(qint32*),
                              Library::Status (Library::*step)(qint32*));
-};
-
-/// Out values, filled with what no operation gives.
-struct OutTexts {
-    QByteArray first = QByteArray(40, ' ');
-    QByteArray second = QByteArray(40, ' ');
-    QByteArray third = QByteArray(40, ' ');
-    qint32 numbers[3] = {-7, -7, -7};
 };
 
 } // namespace kelvane::simulators::fluke702
