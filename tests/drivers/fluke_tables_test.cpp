@@ -66,11 +66,22 @@ TEST(FlukeTables, GiveTheLimitsOfTheCalibrator) {
 }
 
 TEST(FlukeTables, HaveNoLimitForWhatHasNoRow) {
-    for (const auto& unit : {u"mA"_s, u"psi"_s, u"%"_s, QString()}) {
+    for (const auto& unit : {u"psi"_s, u"%"_s, u"ma"_s, QString()}) {
         EXPECT_EQ(cannotMeasure(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
         EXPECT_EQ(cannotSource(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
     }
-    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC J"_s), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC X"_s), std::nullopt);
+}
+
+TEST(FlukeTables, HaveTheCommonLimitsWhereACalibratorHasNoRowOfItsOwn) {
+    EXPECT_EQ(cannotMeasure(u"mA"_s, -110, 110), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"mA"_s, 0, 110.1F), TextId::cannotMeasureCurrentAbove);
+    EXPECT_EQ(cannotSource(u"mA"_s, 0, 22.1F), TextId::cannotSourceCurrentAbove);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -210, 1200, u"TC J"_s), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -211, 0, u"TC J"_s), TextId::cannotMeasureTemperatureBelow);
+    EXPECT_EQ(cannotMeasure(u"C"_s, 0, 11, u"TC K"_s), TextId::cannotMeasureTemperatureAbove)
+        << "its own row";
+    EXPECT_EQ(cannotMeasure(u"Ohms"_s, 0, 101), TextId::cannotMeasureResistanceAbove) << "its own row";
 }
 
 TEST(FlukeTables, AnInfiniteEndLiesBeyondEveryLimit) {
