@@ -104,7 +104,7 @@ TEST_F(Fluke74xStrategies, ASecondOneOfTheSameFirst15CharactersTakesThePointsOfT
                            u"MEM3strategyDefn(1, 1, \"LINEARITY-CHECK\", \"0 0.5 1\", 3)"_s}));
     EXPECT_EQ(ownStrategy(2), QStringList{u"MEM3findStrategyDefn(1, \"LINEARITY-CHECK\")"_s});
     EXPECT_EQ(referencesAndId(2), u"101 13 1"_s);
-    // The third task's atom is 26: eleven strategies and its own atom have been handed out since the second.
+    // The third task's atom is 26: eleven strategies and its own atom have been given out since the second.
     EXPECT_EQ(ownStrategy(3), (QStringList{u"MEM3findStrategyDefn(1, \"OTHER\")"_s,
                                            u"MEM3strategyDefn(3, 26, \"OTHER\", \"0 0.5 1\", 3)"_s}));
     EXPECT_EQ(referencesAndId(3), u"101 27 24"_s) << "found last, defined last";

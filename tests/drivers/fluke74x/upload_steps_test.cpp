@@ -80,7 +80,7 @@ TEST_F(Fluke74xUploadSteps, AnEntryOfTheUserGoesBeforeThePrimaryValueInEitherOrd
         << "each side by itself";
 }
 
-TEST_F(Fluke74xUploadSteps, AnEntryOfZeroLeavesRoomForThePrimaryValue) {
+TEST_F(Fluke74xUploadSteps, ThePrimaryValueTakesThePlaceOfAnEntryOfZero) {
     EXPECT_EQ(lineOf({number(u"suev"_s, 0), number(u"sprimary"_s, 1), number(u"muev"_s, 0),
                       number(u"mprimary"_s, 2)}),
               u"1 1.000V 2.000V PASS"_s);
