@@ -25,10 +25,18 @@ class EachFlukeCall : public FlukeEndToEnd {
     /// Takes the records of the working day away.
     void forgetRecords();
 
+    /// Loads FT-501, and keeps calibrator and registry as they are then.
+    void loadBefore();
+    /// Brings them back.
+    void restore();
+
     /// Loads the calibrator and gives the calls of it.
     QList<Call> callsOfADownload();
     /// Uploads the single run and gives the calls of it.
     QList<Call> callsOfAnUpload();
+
+    const QStringList before{QStringLiteral("FT-501")};
+    QByteArray memoryBefore;
 };
 
 } // namespace kelvane::testing

@@ -28,6 +28,20 @@ void EachFlukeCall::forgetRecords() {
             "from mt.calibration);commit"_s.arg(workDay()));
 }
 
+void EachFlukeCall::loadBefore() {
+    screen.list = before;
+    download();
+    ASSERT_EQ(registered(), before);
+    memoryBefore = held().text;
+    execute(u"create temp table kept as select * from mt.hvm_kv_task_inuse"_s);
+}
+
+void EachFlukeCall::restore() {
+    execute(u"delete from mt.hvm_kv_task_inuse"_s);
+    execute(u"insert into mt.hvm_kv_task_inuse select * from kept"_s);
+    simulatorFolder.put(u"memory.json"_s, memoryBefore);
+}
+
 QList<Call> EachFlukeCall::callsOfADownload() {
     takeHeard();
     screen.list = singleInstrument();
@@ -45,18 +59,7 @@ QList<Call> EachFlukeCall::callsOfAnUpload() {
 }
 
 TEST_F(EachFlukeCall, ThatFailsEndsTheDownloadInItsWordsAndLeavesTheRegistry) {
-    screen.list = {u"FT-501"_s};
-    download();
-    const QStringList before{u"FT-501"_s};
-    ASSERT_EQ(registered(), before);
-    const auto memoryBefore = held().text;
-    // Record the calls in a database that is then restored.
-    execute(u"create temp table kept as select * from mt.hvm_kv_task_inuse"_s);
-    const auto restore = [&] {
-        execute(u"delete from mt.hvm_kv_task_inuse"_s);
-        execute(u"insert into mt.hvm_kv_task_inuse select * from kept"_s);
-        simulatorFolder.put(u"memory.json"_s, memoryBefore);
-    };
+    loadBefore();
     const auto calls = callsOfADownload();
     ASSERT_GT(calls.size(), 30);
 
