@@ -22,7 +22,7 @@ namespace {
 
 /// In seconds; the wait doubles up to it.
 constexpr int longestWait = 60;
-constexpr int mostDoublings = 6;
+constexpr int maxDoublings = 6;
 /// So often the window is painted while a refused login waits.
 constexpr int looksPerSecond = 50;
 
@@ -115,7 +115,7 @@ bool FormConnect::connectUser() {
 void FormConnect::waitAfterRefusal() {
     if (refusals_ < 2)
         return;
-    const int seconds = std::min(1 << std::min(refusals_ - 2, mostDoublings), longestWait);
+    const int seconds = std::min(1 << std::min(refusals_ - 2, maxDoublings), longestWait);
     const auto end = session_.clock.now().addSecs(seconds);
     // Counted as well: the wait ends even when the clock is set back meanwhile.
     for (int look = 0; look < seconds * looksPerSecond && session_.clock.now() < end; ++look) {

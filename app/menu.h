@@ -36,7 +36,7 @@ enum class MenuEntry {
 };
 inline constexpr std::size_t menuEntryCount = static_cast<std::size_t>(MenuEntry::none);
 
-/// An entry as it is designed: its name, the menu it stands in (`none`: the menu bar), the id of its caption,
+/// An entry as it is designed: its name, the menu it stands in (`none`: the menu bar), its caption,
 /// its shortcut, and whether it is shown and enabled before anyone has logged in.
 struct MenuRow {
     MenuEntry entry;

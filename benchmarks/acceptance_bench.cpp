@@ -4,6 +4,7 @@
 
 #include "benchmarks/alternating_runs.h"
 #include "benchmarks/plain_odbc.h"
+#include "benchmarks/require.h"
 #include "data/session.h"
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/fluke702/driver.h"
@@ -24,13 +25,6 @@ namespace kelvane::bench {
 namespace {
 
 using namespace Module702Interface;
-
-void require(bool good, const char* what) {
-    if (good)
-        return;
-    std::fprintf(stderr, "bench_acceptance: %s\n", what);
-    std::exit(1);
-}
 
 void run(int count) {
     const testing::EmbeddedDatabase database(testing::demoDatabase());
@@ -57,14 +51,14 @@ void run(int count) {
         assets << rows->value(0).value();
         statements << testing::calParamsStatement(session.SessionOwner, assets.last()) + u" limit 1"_s;
     }
-    require(!assets.isEmpty(), "the database has no instruments");
+    require(!assets.isEmpty(), u"the database has no instruments"_s);
 
     int refused = 0;
     const auto took = runInTurns(
         count, [&](int i) { refused += !Fluke702_acceptable(driver, assets[i % assets.size()]).isEmpty(); },
-        [&](int i) { require(plain.run(statements[i % statements.size()], 1) == 1, "not one row"); });
-    require(ui.reportedErrors.isEmpty(), "a check has failed");
-    require(refused > 0 && refused < count, "all instruments are alike");
+        [&](int i) { require(plain.run(statements[i % statements.size()], 1) == 1, u"not one row"_s); });
+    require(ui.reportedErrors.isEmpty(), u"a check has failed"_s);
+    require(refused > 0 && refused < count, u"all instruments are alike"_s);
     std::printf("acceptance: %.2f times plain ODBC reading the parameters (aim 1.3 or less)\n", took.ratio());
     std::printf("acceptance: %.0f checks a second, %.2f us each; plain ODBC %.2f us\n", 1E6 / took.ours,
                 took.ours, took.plain);

@@ -3,6 +3,7 @@
 
 #include "benchmarks/alternating_runs.h"
 #include "benchmarks/plain_odbc.h"
+#include "benchmarks/require.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/embedded_database.h"
 
@@ -23,13 +24,6 @@ void compare(const char* what, int count, const std::function<void(int)>& ours,
                 took.ratio());
 }
 
-void require(bool good, const char* what) {
-    if (good)
-        return;
-    std::fprintf(stderr, "bench_connection: %s\n", what);
-    std::exit(1);
-}
-
 void run(int count) {
     const testing::EmbeddedDatabase database(testing::demoDatabase());
     const auto connection = database.connect(u"jdoe"_s, u"kelvane"_s);
@@ -39,17 +33,17 @@ void run(int count) {
         plain.runLean(u"attach '%1' as %2"_s.arg(file, owner).toUtf8());
     }
     const auto mtag = connection->select(u"select mtag from mt.inventory"_s, Rows::first);
-    require(mtag->next(), "the database has no instruments");
+    require(mtag->next(), u"the database has no instruments"_s);
     const auto query = u"select i4201 from mt.inventory where mtag = '"_s + mtag->value(0).value() + u'\'';
     const auto bytes = query.toUtf8();
 
     const auto select = [&](Rows rows) {
         return [&connection, &query, rows](int) {
             const auto found = connection->select(query, rows);
-            require(found->next() && found->value(0).has_value() && !found->next(), "not one row");
+            require(found->next() && found->value(0).has_value() && !found->next(), u"not one row"_s);
         };
     };
-    const auto plainSelect = [&](int) { require(plain.runLean(bytes) == 1, "not one row"); };
+    const auto plainSelect = [&](int) { require(plain.runLean(bytes) == 1, u"not one row"_s); };
     compare("one-row query", count, select(Rows::all), plainSelect);
     compare("first row of a query", count, select(Rows::first), plainSelect);
 

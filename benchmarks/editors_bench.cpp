@@ -5,6 +5,7 @@
 #include "benchmarks/alternating_runs.h"
 #include "benchmarks/bare_screen.h"
 #include "benchmarks/editor_site.h"
+#include "benchmarks/require.h"
 #include "editors/cal_param/form_cal_param.h"
 #include "editors/form_test_mess.h"
 #include "editors/form_work_config.h"
@@ -24,13 +25,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::bench {
 
 namespace {
-
-void require(bool good, const char* what) {
-    if (good)
-        return;
-    std::fprintf(stderr, "bench_editors: %s\n", what);
-    std::exit(1);
-}
 
 template <class Work>
 double microsecondsOf(const Work& work) {
@@ -99,7 +93,7 @@ class Comparison {
         auto* screen = open();
         const auto outline = outlineOf(*screen, queries(), site_.plain, everything);
         delete screen;
-        require(!editor_.choose || rowsRead(outline) >= rows_, "the bare window does not read the rows");
+        require(!editor_.choose || rowsRead(outline) >= rows_, u"the bare window does not read the rows"_s);
         const auto took = runTimedTurns(
             turns_,
             [&](int) {
@@ -154,7 +148,7 @@ class Comparison {
         return rows;
     }
     void print(const char* what, const Turns& took) const {
-        require(site_.ui.reportedErrors.isEmpty(), "an editor has complained");
+        require(site_.ui.reportedErrors.isEmpty(), u"an editor has complained"_s);
         std::printf("%-22s %6d rows, %-22s %8.2f ms, bare %8.2f ms, ratio %.2f\n", editor_.name, rows_, what,
                     took.ours / 1000, took.plain / 1000, took.ratio());
         std::fflush(stdout);

@@ -38,7 +38,7 @@ PlainOdbc::~PlainOdbc() {
     SQLFreeHandle(SQL_HANDLE_ENV, environment_);
 }
 
-int PlainOdbc::run(const QString& statement, int mostRows) {
+int PlainOdbc::run(const QString& statement, int maxRows) {
     SQLHSTMT handle = nullptr;
     require(SQLAllocHandle(SQL_HANDLE_STMT, connection_, &handle), statement);
     require(SQLExecDirectW(handle, wide(statement), static_cast<SQLINTEGER>(statement.size())), statement);
@@ -46,7 +46,7 @@ int PlainOdbc::run(const QString& statement, int mostRows) {
     SQLNumResultCols(handle, &columns);
     int rows = 0;
     std::array<SQLWCHAR, 512> value;
-    while (columns > 0 && rows < mostRows && SQL_SUCCEEDED(SQLFetch(handle))) {
+    while (columns > 0 && rows < maxRows && SQL_SUCCEEDED(SQLFetch(handle))) {
         ++rows;
         for (SQLUSMALLINT column = 1; column <= columns; ++column) {
             SQLLEN length = 0;

@@ -23,7 +23,7 @@ class PlainOdbc {
 
     /// Runs a text, walks what it gives and reads each value as text. Ends the program on an error. Gives the
     /// number of rows read.
-    int run(const QString& statement, int mostRows);
+    int run(const QString& statement, int maxRows);
 
     /// The same with the fewest calls that do it: one statement handle for all texts, and texts as bytes.
     /// Reads the first column of every row.

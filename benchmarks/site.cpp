@@ -3,9 +3,6 @@
 #include "platform/database/engine_adapter.h"
 #include "platform/database/odbc_connection.h"
 
-#include <QCoreApplication>
-
-#include <cstdio>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -39,16 +36,6 @@ bool isQuery(const QString& statement) {
 }
 
 } // namespace
-
-void giveUp(const QString& what) {
-    std::fprintf(stderr, "%s: %s\n", qPrintable(QCoreApplication::applicationName()), qPrintable(what));
-    std::exit(1);
-}
-
-void require(bool holds, const QString& what) {
-    if (!holds)
-        giveUp(what);
-}
 
 Site::Site(const QString& databaseFrom)
     : settings(folder.filePath(u"settings.ini"_s)),

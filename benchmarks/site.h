@@ -1,6 +1,7 @@
 #pragma once
 
 #include "benchmarks/plain_odbc.h"
+#include "benchmarks/require.h"
 #include "benchmarks/watched.h"
 #include "data/session.h"
 #include "platform/settings_store.h"
@@ -10,10 +11,6 @@
 #include <QTemporaryDir>
 
 namespace kelvane::bench {
-
-/// Ends the program with these words: a figure taken from work that failed is none.
-[[noreturn]] void giveUp(const QString& what);
-void require(bool holds, const QString& what);
 
 /// A workstation that is logged in to a copy of a database, and keeps the statements that it fires.
 class Site {

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int baud = 9600;
 constexpr double bitsOfByte = 10;
-constexpr int mostTools = 47;
+constexpr int maxTools = 47;
 
 /// What one run of so many tools took.
 struct Figures {
@@ -73,20 +73,20 @@ Figures upload(TorqueSite& site, int tools) {
 
 void measurePacedLine(const TorqueSite::Programs& programs) {
     TorqueSite site(programs, {u"--baud"_s, QString::number(baud)});
-    const auto loaded = download(site, mostTools);
+    const auto loaded = download(site, maxTools);
     std::printf("exchange at %d baud / its bytes on the line: %.3f   (%d messages, %.2f s against %.2f s)\n",
                 baud, loaded.exchanges / loaded.line, loaded.messages, loaded.exchanges, loaded.line);
 }
 
 void measureFastLine(const TorqueSite::Programs& programs) {
     TorqueSite site(programs, {u"--no-pace"_s});
-    for (const int tools : {1, 12, mostTools}) {
+    for (const int tools : {1, 12, maxTools}) {
         const auto down = download(site, tools);
         print("download", down);
         const auto statements = site.log;
         const auto up = upload(site, tools);
         print("upload", up);
-        if (tools == mostTools) {
+        if (tools == maxTools) {
             std::printf("a message without delay on the line: %.2f ms\n",
                         1000 * down.exchanges / down.messages);
             Replay plainly(site.database);

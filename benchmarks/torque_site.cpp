@@ -11,7 +11,7 @@ namespace kelvane::bench {
 
 namespace {
 
-constexpr int mostTools = 47;
+constexpr int maxTools = 47;
 
 /// The names of the first tools.
 QStringList toolNames(int tools) {
@@ -32,7 +32,7 @@ TorqueSite::TorqueSite(const Programs& programs, const QStringList& line)
                                                       u"--serial"_s, u"48213"_s, u"--link"_s, link} +
                                               line);
     require(simulator_.waitForStarted() && simulator_.waitForReadyRead(), u"the simulator did not start"_s);
-    copyInstrument(u"TW-101"_s, toolNames(mostTools));
+    copyInstrument(u"TW-101"_s, toolNames(maxTools));
 }
 
 TorqueSite::~TorqueSite() {

@@ -37,8 +37,8 @@ struct FlukeLimits {
     std::span<const Sensor> sensors;
 };
 
-/// The message (its id) that says why the calibrator can't measure the instrument's output; 0 when it can,
-/// and for a unit that no Fluke knows.
+/// The message that says why the calibrator can't measure the instrument's output; nothing when it can, and
+/// for a unit that no Fluke knows.
 std::optional<TextId> flukeCannotMeasure(const FlukeLimits& limits, const CalParamRecord& instrument);
 /// The same for sourcing the instrument's input.
 std::optional<TextId> flukeCannotSource(const FlukeLimits& limits, const CalParamRecord& instrument);

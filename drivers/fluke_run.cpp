@@ -23,6 +23,7 @@ namespace kelvane {
 namespace {
 
 constexpr int lastYear = 9999;
+constexpr qsizetype maxTagLength = 29;
 
 /// Every 32-bit number, infinite ones and those that are none included.
 QString written(float value) {
@@ -73,17 +74,22 @@ QJsonObject toJson(const RunResults& run) {
     QJsonArray entries;
     for (const auto& entry : run.entries)
         entries << QJsonArray{written(entry.applied), written(entry.reading), written(entry.calibratorError)};
-    return {{"kind"_L1, run.kind},
-            {"date"_L1, run.date},
-            {"time"_L1, run.time},
-            {"tag"_L1, run.tag.tag},
-            {"serial"_L1, run.tag.serial},
-            {"technician"_L1, run.tag.technician},
-            {"comesAgain"_L1, run.hasLaterRun},
-            {"pressureModule"_L1, run.pressureModule},
-            {"sourceModule"_L1, run.sourceModule},
-            {"inUseTech"_L1, run.inUseTech},
-            {"entries"_L1, entries}};
+    QJsonObject json{{"kind"_L1, run.kind},
+                     {"date"_L1, run.date},
+                     {"time"_L1, run.time},
+                     {"tag"_L1, run.tag.tag},
+                     {"serial"_L1, run.tag.serial},
+                     {"technician"_L1, run.tag.technician},
+                     {"comesAgain"_L1, run.hasLaterRun},
+                     {"pressureModule"_L1, run.pressureModule},
+                     {"inUseTech"_L1, run.inUseTech},
+                     {"entries"_L1, entries}};
+    // Results are compared with those of older entries, which don't have what their calibrator doesn't give.
+    if (!run.sourceModule.isEmpty())
+        json["sourceModule"_L1] = run.sourceModule;
+    if (run.steps != 0)
+        json["steps"_L1] = run.steps;
+    return json;
 }
 
 RunResults runOf(const QJsonObject& json) {
@@ -95,6 +101,7 @@ RunResults runOf(const QJsonObject& json) {
     run.hasLaterRun = json["comesAgain"_L1].toBool();
     run.pressureModule = json["pressureModule"_L1].toString();
     run.sourceModule = json["sourceModule"_L1].toString();
+    run.steps = static_cast<qint16>(json["steps"_L1].toInt());
     run.inUseTech = json["inUseTech"_L1].toString();
     const auto entries = json["entries"_L1].toArray();
     for (const auto& entry : entries)
@@ -150,6 +157,12 @@ int RunStandards::addInUse(const QString& asset) {
     return takeStandardsInUse(session_, record_, asset, row_);
 }
 
+QString assetOf(Session& session, const RunTag& tag) {
+    if (tag.tag.size() != maxTagLength)
+        return tag.tag;
+    return ModuleGlobals::AssetfromSerial(session, tag.serial, tag.tag);
+}
+
 void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResults& run,
               const RunRules& rules, const QString& serial) {
     if (work.isPrepared())
@@ -157,14 +170,13 @@ void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResu
     run.inUseTech = ModuleGlobals::GetInUseData(session, serial, judged.instrument.mtag).tech;
 }
 
-void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
-                const QString& serial) {
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const RunRules& rules, const QString& serial) {
     // A calibrator without a technician's name gives its own number. Only digits are alike in both cases.
     const auto technician = toLowerCase(run.tag.technician);
     const bool isUnnamed = technician == toUpperCase(serial) ||
                            (!rules.noTechnician.isEmpty() && technician == rules.noTechnician);
-    const auto& counts = judged.judgement->counts();
-    fillFields(record, judged.instrument, counts,
+    fillFields(record, instrument, counts,
                {run.date, run.time, roundOf(run, counts.hasPassed()),
                 isUnnamed ? run.inUseTech : run.tag.technician});
 }
@@ -185,6 +197,9 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
     if (rules.hasReadingForEachPoint) {
         if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
             return reason;
+    } else if (run.entries.size() != run.steps) {
+        return text(TextId::runIncomplete)
+            .arg(entry.asset, QString::number(run.entries.size()), QString::number(run.steps));
     }
     JudgedRun judged{.instrument = instrument};
     judged.judgement.emplace(session, record, judged.instrument,
@@ -194,7 +209,7 @@ QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& e
         run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
         rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
     }
-    fillFields(record, judged, run, rules, entry.serial);
+    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
     takeStandardsOf(record, entry);
     return {};
 }

@@ -46,6 +46,8 @@ struct RunResults {
     QString pressureModule = {};
     /// The serial number of the module that has sourced; empty without one.
     QString sourceModule = {};
+    /// How many readings the calibrator says that it has stored, where it says so; else 0.
+    qint16 steps = 0;
     /// Who has downloaded the instrument.
     QString inUseTech = {};
     QList<RunEntry> entries = {};
@@ -103,7 +105,7 @@ struct RunRules {
                               const QString& serial);
     /// What stands, in any case, for a technician without a name, besides the calibrator's serial number.
     QStringView noTechnician = {};
-    /// A run has as many readings as the instrument has test points.
+    /// A run has as many readings as the instrument has test points; otherwise as many as it says itself.
     bool hasReadingForEachPoint = true;
 };
 
@@ -113,14 +115,18 @@ struct JudgedRun {
     std::optional<RunJudgement> judgement = {};
 };
 
+/// The asset that a tag stands for: a tag of 29 characters may be the beginning of a longer number. Empty for
+/// one that was renamed since it was cut.
+QString assetOf(Session& session, const RunTag& tag);
+
 /// Judges all readings of a prepared run into the results of the record, and finds who has downloaded the
 /// instrument. A reading that is no number is reported.
 void judgeRun(Session& session, InstrumentWork& work, JudgedRun& judged, RunResults& run,
               const RunRules& rules, const QString& serial);
 
 /// Puts what the run says into the fields of the record. `serial` is the calibrator's serial number.
-void fillFields(CalRecord& record, const JudgedRun& judged, const RunResults& run, const RunRules& rules,
-                const QString& serial);
+void fillFields(CalRecord& record, const CalParamRecord& instrument, const PointCounts& counts,
+                const RunResults& run, const RunRules& rules, const QString& serial);
 
 /// Has the record of a prepared run made, and shows the operator where workstation and calibrator have
 /// disagreed. An unprepared run needs no judgement.

@@ -26,7 +26,7 @@ namespace {
 constexpr int shownLetters = 25;
 constexpr int shownRows = 8;
 // Beyond this width a list scrolls: both fit into the main window as it opens.
-constexpr int greatestListWidth = 300;
+constexpr int maxListWidth = 300;
 
 QCheckBox* checkBox(const QString& name, TextId caption, TextId toolTip) {
     auto* made = nameControl(new CheckBox, name, text(caption), toolTip);
@@ -158,7 +158,7 @@ void FormWorkConfig::widenLists() {
         widest = qMax(widest, list->sizeHintForColumn(0) + 2 * list->frameWidth() +
                                   list->verticalScrollBar()->sizeHint().width());
     for (auto* list : {ListAvail, ListRequest})
-        list->setMinimumWidth(qMin(widest, greatestListWidth));
+        list->setMinimumWidth(qMin(widest, maxListWidth));
 }
 
 void FormWorkConfig::CommandSave_Click() {

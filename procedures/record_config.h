@@ -14,7 +14,7 @@ namespace kelvane {
 struct RecordConfig {
     /// The fields that the operator is not asked for.
     QStringList available = {};
-    /// The fields that he is asked for, in order.
+    /// The fields that the operator is asked for, in order.
     QStringList requested = {};
     bool allowsOverdueStandards = false;
     bool allowsPoorTrace = false;

@@ -65,6 +65,17 @@ void Lab::addPackage(const QString& tag, const QStringList& assets) {
     script.answers.insert(selectMembers(tag), rows);
 }
 
+QStringList Lab::addList(const QList<CalParamRecord>& records) {
+    QStringList assets;
+    for (const auto& record : records) {
+        assets << u"I-%1"_s.arg(assets.size() + 1);
+        addInstrument(assets.last(), record);
+        addPoints(assets.last(), {u"0"_s, u"50"_s, u"100"_s}, 1);
+    }
+    addPackage(u"TAG"_s, assets);
+    return assets;
+}
+
 void Lab::addInUseWith(const QString& serial, const QStringList& assets) {
     QList<Row> rows;
     for (const auto& asset : assets)
@@ -205,6 +216,18 @@ QStringList Lab::resultLines() const {
             lines << statement.section(u'\'', 1, 1).simplified();
     }
     return lines;
+}
+
+QStringList Lab::registeredInstruments(const QString& serial) const {
+    const auto start =
+        u"insert into mt.hvm_kv_task_inuse (serial_number,entered_date,mtag,tech) values ('%1',"_s.arg(
+            serial);
+    QStringList keys;
+    for (const auto& statement : writes()) {
+        if (statement.startsWith(start))
+            keys << statement.sliced(start.size()).section(u'\'', 1, 1);
+    }
+    return keys;
 }
 
 } // namespace kelvane::testing

@@ -22,6 +22,9 @@ class Lab : public RecordedSession {
     void addStandards(const QString& asset, const QStringList& standards);
     /// A task package of instruments, with their entries of `serials`.
     void addPackage(const QString& tag, const QStringList& assets);
+    /// A task package "TAG" of instruments with these parameters: "I-1", "I-2" ..., each with three points.
+    /// Gives their names.
+    QStringList addList(const QList<CalParamRecord>& records);
     /// The instruments that are registered with a calibrator.
     void addInUseWith(const QString& serial, const QStringList& assets);
     /// Who has downloaded an instrument, and when.
@@ -56,6 +59,8 @@ class Lab : public RecordedSession {
     /// The instruments that have got a record, in order.
     QStringList recordedAssets() const;
     QStringList resultLines() const;
+    /// The keys of the instruments that were registered with a calibrator, by its serial number.
+    QStringList registeredInstruments(const QString& serial) const;
 
     /// The serial numbers of instruments; the others have none.
     QHash<QString, QString> serials;

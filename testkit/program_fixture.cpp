@@ -1,6 +1,7 @@
 #include "testkit/program_fixture.h"
 
 #include "ui/child_window.h"
+#include "ui/form_custom_dialog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -109,6 +110,17 @@ QStringList ProgramTest::openChildren() {
             names << found->objectName();
     }
     return names;
+}
+
+void ProgramTest::cancel(FormCustomDialog& dialog) {
+    simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
+                                BoxAnswer::yes);
+    dialog.close();
+}
+
+void ProgramTest::expectDiscard(BoxAnswer answer) {
+    simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+                                u"Kelvane"_s, box::warningYesNo, answer);
 }
 
 } // namespace kelvane::testing

@@ -52,6 +52,11 @@ class ProgramTest : public ::testing::Test {
     ChildWindow& child(const QString& name);
     QStringList openChildren();
 
+    /// Closes the one-field dialog and confirms that it is to be cancelled.
+    void cancel(FormCustomDialog& dialog);
+    /// The question about unsaved changes that is to come when a screen closes.
+    void expectDiscard(BoxAnswer answer);
+
     OwnFolder folder;
     SetClock clock;
     MemorySettings settings;

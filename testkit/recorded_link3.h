@@ -50,7 +50,7 @@ struct StoredGroup {
     std::optional<qint32> claimedAtoms = {};
 };
 
-/// A link library `dpclnk3` under the test's control: it plays back the groups it is given and hands out
+/// A link library `dpclnk3` under the test's control: it plays back the groups it is given and gives out
 /// references and ids from 1 on, each sort by itself. The three numbers of a message or a state are one such
 /// number, the same plus 100, and plus 200; a strategy that is found has 100 plus its id as its reference.
 class RecordedLink3 final : public Dpclnk3, public RecordedCalls {
@@ -143,7 +143,7 @@ class RecordedLink3 final : public Dpclnk3, public RecordedCalls {
     /// The ids of the strategies that the image holds, by their names.
     QHash<QString, qint32> strategies_;
     qint32 strategyIds_ = 0;
-    /// The steps whose states were handed out, and the one that is current.
+    /// The steps whose states were given out, and the one that is current.
     QList<StoredStep> stepsGiven_;
     StoredStep current_;
 };

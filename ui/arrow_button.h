@@ -22,7 +22,7 @@ class ArrowButton final : public QPushButton {
     Way way_;
 };
 
-/// An arrow button with its name; what it does, by id, is its tool-tip and what a screen reader says.
+/// An arrow button with its name; what it does is its tool-tip and what a screen reader says.
 ArrowButton* arrowButton(const QString& name, ArrowButton::Way way, TextId toolTip);
 
 } // namespace kelvane

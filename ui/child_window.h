@@ -15,9 +15,9 @@ constexpr int pixels(int twips) {
 }
 
 /// The base of every screen: a child window of the main window with a fixed size, whose position is kept in
-/// the settings store (section "Left" or "Top", key the window's name, in twips) and whose open flag is set
-/// in the session from its construction until it has closed. Control with PageUp or PageDown changes the page
-/// of the tab control that has the focus.
+/// the settings store (section "Left" or "Top", key the window's name, in twips) and which counts as open
+/// (`ui/open_windows.h`) from its construction until it has closed. Control with PageUp or PageDown changes
+/// the page of the tab control that has the focus.
 class ChildWindow : public QMdiSubWindow {
     Q_OBJECT
   public:

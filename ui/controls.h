@@ -11,7 +11,7 @@
 
 namespace kelvane {
 
-/// Sets a control's name, its accessible name, and its tool-tip by id (0: none).
+/// Sets a control's name, its accessible name, and its tool-tip, if it has one.
 template <class Control>
 Control* nameControl(Control* control, const QString& name, const QString& accessibleName,
                      std::optional<TextId> toolTip = {}) {
@@ -22,11 +22,11 @@ Control* nameControl(Control* control, const QString& name, const QString& acces
     return control;
 }
 
-/// A label with its caption, by id.
+/// A label with its caption.
 QLabel* label(const QString& name, TextId caption);
 /// A label that stands for the control beside it.
 QLabel* labelFor(QWidget* control, const QString& name, TextId caption);
-/// A push button with its caption and tool-tip, by id.
+/// A push button with its caption and tool-tip.
 QPushButton* button(const QString& name, TextId caption, TextId toolTip);
 /// A drop-down list with its rows, the first one selected.
 QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,

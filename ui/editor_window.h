@@ -18,7 +18,7 @@ class EditorWindow : public ChildWindow {
     using ChildWindow::ChildWindow;
 
   protected:
-    /// The question before unsaved changes are lost: text and title by id, and the style of the box.
+    /// The question before unsaved changes are lost.
     struct Question {
         TextId text;
         BoxStyle style;

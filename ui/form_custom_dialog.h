@@ -44,8 +44,8 @@ class FormCustomDialog final : public ChildWindow {
     Answered answered_;
 };
 
-/// The string id of what is wrong with an entry of that data format (1 date, 2 number, 3 date or time, others
-/// free), or 0.
+/// What is wrong with an entry of that data format (1 date, 2 number, 3 date or time, others free); nothing
+/// when it may stand.
 std::optional<TextId> faultOfEntry(const QString& entry, int dataFormat, const QString& sessionDateFormat);
 
 /// The row that a default text selects: the first one that begins with it, in capitals; the first row for an

@@ -10,7 +10,7 @@ class QTabWidget;
 
 namespace kelvane {
 
-/// A panel: a frame around the controls of one subject, with its caption by id.
+/// A panel: a frame around the controls of one subject, with its caption.
 QGroupBox* panel(const QString& name, TextId caption);
 /// A fixed note, which wraps at the width that it gets.
 QLabel* note(const QString& name, TextId caption);

@@ -93,7 +93,7 @@ void FormUnfinishedResults::run(const std::function<void()>& command) {
         unload();
 }
 
-const UnfinishedResult* FormUnfinishedResults::chosen() const {
+const UnfinishedResult* FormUnfinishedResults::chosenResult() const {
     const auto row = ListResults->indexOfTopLevelItem(ListResults->currentItem());
     return row < 0 ? nullptr : &results_.at(row);
 }
@@ -105,7 +105,7 @@ void FormUnfinishedResults::choose(qsizetype row) {
 }
 
 void FormUnfinishedResults::refresh() {
-    const auto* before = chosen();
+    const auto* before = chosenResult();
     const auto id = before ? before->id : QString();
     results_ = unfinishedResults(session_);
     ListResults->clear();
@@ -119,7 +119,7 @@ void FormUnfinishedResults::refresh() {
 }
 
 void FormUnfinishedResults::showReadings() {
-    const auto* result = chosen();
+    const auto* result = chosenResult();
     ListReadings->clear();
     if (result)
         ListReadings->addItems(result->readings);
@@ -136,7 +136,7 @@ void FormUnfinishedResults::showRest() {
 }
 
 void FormUnfinishedResults::makeRecord() {
-    const auto* result = chosen();
+    const auto* result = chosenResult();
     if (!result)
         return;
     const auto outcome = makeRecordOf(session_, result->id);
@@ -147,7 +147,7 @@ void FormUnfinishedResults::makeRecord() {
 }
 
 void FormUnfinishedResults::discard() {
-    const auto* result = chosen();
+    const auto* result = chosenResult();
     if (!result)
         return;
     const auto question = text(TextId::confirmResultDiscard).arg(result->asset);

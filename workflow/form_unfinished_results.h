@@ -30,7 +30,7 @@ class FormUnfinishedResults final : public ChildWindow {
     bool mayClose() override { return !running_; }
 
     /// The chosen result, or null.
-    const UnfinishedResult* chosen() const;
+    const UnfinishedResult* chosenResult() const;
     void choose(qsizetype row);
     void showReadings();
     void makeRecord();

@@ -116,16 +116,16 @@ constexpr auto selected = inOrder<&CalParamPlaces::select>();
 constexpr auto summed = inOrder<&CalParamPlaces::sum>();
 constexpr auto saved = inOrder<&CalParamPlaces::save>();
 
-QString written(float value) {
+QString textOf(float value) {
     return plainText(value);
 }
-QString written(qint16 value) {
+QString textOf(qint16 value) {
     return plainText(int{value});
 }
-QString written(const QString& value) {
+QString textOf(const QString& value) {
     return value;
 }
-QString written(bool value) {
+QString textOf(bool value) {
     return value ? u"Y"_s : u"N"_s;
 }
 
@@ -152,7 +152,7 @@ const CalParamColumn& calParamColumn(CalParamMember member) {
 }
 
 QString calParamText(const CalParamRecord& record, CalParamMember member) {
-    return std::visit([&](auto field) { return written(record.*field); }, member);
+    return std::visit([&](auto field) { return textOf(record.*field); }, member);
 }
 
 } // namespace kelvane

@@ -12,7 +12,7 @@ namespace kelvane::ModuleGlobals {
 namespace {
 
 /// The guard against a site where every day is a day off.
-constexpr int mostPasses = 60;
+constexpr int maxPasses = 60;
 
 void takeOneDay(Moment& due) {
     due = addInterval(u"d"_s, -1, due);
@@ -55,7 +55,7 @@ Moment calcDueDate(Session& session, const QString& asset, Moment& cal_date, flo
                 before = due;
                 moveBack(routine, due);
                 ++passes;
-            } while (due != before && passes <= mostPasses);
+            } while (due != before && passes <= maxPasses);
         }
         result = due;
     });

@@ -34,7 +34,7 @@ create temp table parameters (
     output_indicated          text default 'N'
 );
 
--- Torque transducers: the output's high end is the span that a calibrator is told.
+-- Torque transducers: the output's high end is the span that is sent to a calibrator.
 insert into parameters
     (asset, tp_name, input_low, input_high, input_type, output_low, output_high, output_type, resolution, reading_pct,
      transducer_type_out)

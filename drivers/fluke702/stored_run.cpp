@@ -15,8 +15,6 @@ constexpr HeaderValue dateValues[] = {&RunHeader::kind, &RunHeader::month, &RunH
 constexpr HeaderValue timeValues[] = {&RunHeader::hour, &RunHeader::minute, &RunHeader::second};
 
 constexpr int tagLength = 33;
-/// A tag of this length may be the beginning of a longer asset number.
-constexpr int longestTag = 29;
 constexpr int entryValues = 7;
 
 Status fetch(Dpclnk& link, qint32 record, RunHeader& header) {
@@ -94,12 +92,6 @@ Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values) {
             values.reading = fetched.reading;
     }
     return 0;
-}
-
-QString assetOf(Session& session, const RunTag& tag) {
-    if (tag.tag.size() != longestTag)
-        return tag.tag;
-    return ModuleGlobals::AssetfromSerial(session, tag.serial, tag.tag);
 }
 
 RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry) {

@@ -35,9 +35,6 @@ QString tagOf(Dpclnk& link, qint32 record);
 /// fetched by a call of its own.
 Dpclnk::Status readEntry(Dpclnk& link, qint32 record, qint16 entry, RunEntry& values);
 
-/// The asset that a tag stands for; empty for one that was renamed since it was cut.
-QString assetOf(Session& session, const RunTag& tag);
-
 /// The entry in the instrument's own units, computed in 32 bits. Error 6 for a value that becomes too large.
 RunReading readingOf(const CalParamRecord& instrument, const RunEntry& entry);
 /// The calibrator and its pressure module.

@@ -117,7 +117,7 @@ bool Upload::prepare(qint32 record, RunResults& run, InstrumentWork& work, Judge
     const auto& serial = driver_.Calibrator702Serial;
     judgeRun(session_, work, judged, run, runRules, serial);
     run.hasLaterRun = run.kind == firstRun && hasLaterRun(record);
-    fillFields(work.record, judged, run, runRules, serial);
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, runRules, serial);
     counter_ = work.record.CalFieldTable.last + 1;
     return fillStandards(run, work.record);
 }

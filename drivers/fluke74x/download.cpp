@@ -110,12 +110,12 @@ bool Image::writeTemplate(const Task74x& task, qint32 strategyId, const Dpclnk3:
 QString download(Fluke74x& driver, const QString& tag) {
     auto& session = driver.session;
     Image image(driver);
+    const ReportWatch reading(session);
     if (!image.clear())
         return image.failure();
     if (auto failure = Communicate74x(driver, modeBeginDownload); !failure.isEmpty())
         return failure;
 
-    const ReportWatch reading(session);
     QList<AssetEntry> entries;
     if (auto failure = readPackage(session, tag, entries); !failure.isEmpty())
         return failure;

@@ -9,7 +9,12 @@ namespace kelvane::Module74xInterface {
 QString Fluke74x_judge_again(Session& session, JournalEntry& entry, CalRecord& record) {
     QString reason;
     Routine routine(session, u"Module74xInterface,Fluke74x_judge_again"_s);
-    routine.run([&] { reason = judgeRunAgain(session, record, entry, runOf(entry.raw), runRules); });
+    routine.run([&] {
+        const auto run = runOf(entry.raw);
+        if (entry.asset == run.tag.tag)
+            entry.asset = assetOf(session, run.tag);
+        reason = judgeRunAgain(session, record, entry, run, runRules);
+    });
     return reason;
 }
 

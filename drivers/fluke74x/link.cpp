@@ -10,6 +10,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -117,6 +118,7 @@ bool Contact::identify() {
     driver_.Calibrator74xModel = QString(16, u' ');
     driver_.Calibrator74xSerial = QString(10, u' ');
     driver_.Calibrator74xText = QString(40, u' ');
+    driver_.Calibrator74xAsset.clear();
     qint32 unused1 = 0;
     qint32 unused2 = 0;
     const auto status =
@@ -169,7 +171,7 @@ bool Contact::transfer(Share share, Strictness strictness, const std::function<S
         const auto status = step(remaining);
         if (!isSuccess(status) && (strictness == Strictness::endsOnWarning || isFatal(status)))
             return false;
-        const auto done = qint64{total} - remaining;
+        const auto done = std::clamp(qint64{total} - remaining, qint64{0}, qint64{total});
         ui_.setProgressValue(share.from + static_cast<int>(share.width * done / total));
         ui_.processEvents();
     }

@@ -6,14 +6,21 @@ namespace kelvane::Module74xInterface {
 
 namespace {
 
-struct Row {
+struct Direction {
+    /// In the calibrator's alphabet.
     const char* arrows;
+    bool rises;
+    bool falls;
+};
+
+struct Row {
+    Direction direction;
     int points;
 };
 
-constexpr auto rising = "\x8C";
-constexpr auto falling = "\x8D";
-constexpr auto both = "\x8C\x8D";
+constexpr Direction rising{"\x8C", true, false};
+constexpr Direction falling{"\x8D", false, true};
+constexpr Direction both{"\x8C\x8D", true, true};
 
 constexpr Row rows[] = {
     {rising, 2},  {falling, 2}, {rising, 3},  {falling, 3},  {both, 3},  {rising, 5},
@@ -24,12 +31,10 @@ QList<float> pointsOf(const Row& row) {
     QList<float> up;
     for (int point = 0; point < row.points; ++point)
         up << static_cast<float>(point) / static_cast<float>(row.points - 1);
-    if (row.arrows == rising)
+    const QList<float> down(up.crbegin(), up.crend());
+    if (!row.direction.falls)
         return up;
-    QList<float> points(up.crbegin(), up.crend());
-    if (row.arrows == both)
-        points = up + points.sliced(1);
-    return points;
+    return row.direction.rises ? up + down.sliced(1) : down;
 }
 
 } // namespace
@@ -37,8 +42,8 @@ QList<float> pointsOf(const Row& row) {
 QList<StandardStrategy> standardStrategies() {
     QList<StandardStrategy> strategies;
     for (const auto& row : rows)
-        strategies << StandardStrategy{fromCalibratorBytes(row.arrows) + QString::number(row.points),
-                                       pointsOf(row)};
+        strategies << StandardStrategy{
+            fromCalibratorBytes(row.direction.arrows) + QString::number(row.points), pointsOf(row)};
     return strategies;
 }
 

@@ -52,7 +52,7 @@ void take(const QString& name, const BucketValue& bucket, StepValues& values, Ru
     if (number != std::end(numberBuckets) && bucket.number)
         values.*number->value = *bucket.number;
     const auto text = std::ranges::find(textBuckets, name, &TextBucket::name);
-    if (text != std::end(textBuckets) && bucket.text)
+    if (text != std::end(textBuckets) && !bucket.text.value_or(QString()).isEmpty())
         run.*text->value = *bucket.text;
 }
 
@@ -79,14 +79,15 @@ double inOwnUnit(float value, const QString& unit, bool isIndicated) {
 
 } // namespace
 
-Moment momentOf(const Dpclnk3::RunTime& time, qint16 runNumber, qint16 steps) {
+Moment momentOf(const Dpclnk3::RunTime& time, const RunResults& run) {
     const auto stored =
         momentOfRun(time.year, time.month, time.day, QTime(time.hour, time.minute, time.second));
-    return runNumber > firstRun ? addInterval(u"n"_s, steps, stored) : stored;
+    return run.kind > firstRun ? addInterval(u"n"_s, run.steps, stored) : stored;
 }
 
-bool readSteps(Dpclnk3& link, StatusRule& rule, const Place& place, qint16 steps, RunResults& run) {
-    for (qint16 step = 0; step < steps; ++step) {
+bool readSteps(Dpclnk3& link, StatusRule& rule, const Place& place, RunResults& run) {
+    run.steps = std::max(run.steps, qint16{0});
+    for (qint16 step = 0; step < run.steps; ++step) {
         if (step == maxSteps)
             throw makeError(ErrorNumber::subscriptOutOfRange);
         Dpclnk3::State state;

@@ -17,12 +17,13 @@ struct Place {
 /// When the run was stored; from the second run of an instrument on, as many minutes later as the run has
 /// steps, so that no two records of it have the same time. Error 13 for a date or a time that does not exist,
 /// 6 for one beyond the calendar.
-Moment momentOf(const Dpclnk3::RunTime& time, qint16 runNumber, qint16 steps);
+Moment momentOf(const Dpclnk3::RunTime& time, const RunResults& run);
 
 // Reading the image in the library. Each gives false when a status ended it.
 
-/// The steps of a run, a reading each, and the serial numbers of its pressure modules. Error 9 at the 102nd.
-bool readSteps(Dpclnk3& link, StatusRule& rule, const Place& place, qint16 steps, RunResults& run);
+/// The steps of a run, a reading each, and the serial numbers of its pressure modules, those of the last step
+/// that names them. Error 9 at the 102nd.
+bool readSteps(Dpclnk3& link, StatusRule& rule, const Place& place, RunResults& run);
 /// Cleaned.
 bool readTag(Dpclnk3& link, StatusRule& rule, const Place& place, RunTag& tag);
 

@@ -7,6 +7,8 @@
 #include "drivers/fluke74x/link.h"
 #include "drivers/fluke74x/stored_run.h"
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::Module74xInterface {
@@ -28,7 +30,6 @@ struct PendingRun {
     InstrumentWork work;
     RunResults run = {};
     Dpclnk3::RunTime time = {};
-    qint16 steps = 0;
 };
 
 /// One upload. Steps give false when the upload ends: the library has failed, or there is a failure to
@@ -131,9 +132,9 @@ bool Upload::readResults(const Place& place) {
     auto& pending = pending_.emplace(session_);
     bool goesOn = true;
     pending.work.attempt([&] {
-        goesOn = passes(link_.MEM3instrCalResultInfo(Place::list, place.group, place.atom, pending.steps,
+        goesOn = passes(link_.MEM3instrCalResultInfo(Place::list, place.group, place.atom, pending.run.steps,
                                                      pending.time)) &&
-                 readSteps(link_, rule_, place, pending.steps, pending.run);
+                 readSteps(link_, rule_, place, pending.run);
     });
     return goesOn;
 }
@@ -157,7 +158,7 @@ bool Upload::makeRecord(const RunTag& tag) {
     auto& run = pending_->run;
     run.kind = runCount_;
     run.tag = tag;
-    work.attempt([&] { setMoment(run, momentOf(pending_->time, runCount_, pending_->steps)); });
+    work.attempt([&] { setMoment(run, momentOf(pending_->time, run)); });
     JudgedRun judged;
     work.attempt([&] { prepare(judged); });
     work.entry = entryOf(identity, driver_.Calibrator74xSerial, asset_, judged.instrument.mtag, run);
@@ -174,9 +175,10 @@ void Upload::prepare(JudgedRun& judged) {
     judged.judgement.emplace(session_, work.record, judged.instrument,
                              ModuleGlobals::TranslateSpanTestTolSingle(session_, asset_));
     judgeRun(session_, work, judged, run, runRules, serial);
-    if (run.kind == firstRun)
-        run.hasLaterRun = divide<double>(atoms_ - atomsBesidesSteps, pending_->steps) > 1;
-    fillFields(work.record, judged, run, runRules, serial);
+    // A run without steps is error 11, whichever it is: nothing in it could fail.
+    const auto runs = divide<double>(atoms_ - atomsBesidesSteps, run.steps);
+    run.hasLaterRun = run.kind == firstRun && runs > 1;
+    fillFields(work.record, judged.instrument, judged.judgement->counts(), run, runRules, serial);
     standardsOf(session_, work.record, run, serial).addInUse(asset_);
 }
 

@@ -18,7 +18,7 @@ namespace kelvane::ModuleTSInterface {
 namespace {
 
 /// Both the link start and the announcement of a reply are tried so often.
-constexpr int greatestAttempts = 3;
+constexpr int maxAttempts = 3;
 /// A link start without an answer is followed by the next one after so many milliseconds.
 constexpr int linkAnswerTime = 2500;
 constexpr int acknowledgeTime = 5000;
@@ -143,7 +143,7 @@ bool Exchange::open() {
 /// One link start more than is waited for goes out before the operator is asked.
 Exchange::Step Exchange::startLink() {
     port_.output(linkStart);
-    return ++attempts_ > greatestAttempts ? Step::askOperator : Step::awaitLink;
+    return ++attempts_ > maxAttempts ? Step::askOperator : Step::awaitLink;
 }
 
 Exchange::Step Exchange::askOperator() {
@@ -181,7 +181,7 @@ Exchange::Step Exchange::command() {
 
 /// The contents of the receive buffer are examined repeatedly; only an empty one is filled from the line.
 Exchange::Step Exchange::announcement() {
-    if (++attempts_ > greatestAttempts)
+    if (++attempts_ > maxAttempts)
         return fail(text(TextId::lineCommunicationFailed) + lineBreak + text(TextId::lineNoResponse));
     if (received_.isEmpty()) {
         if (!wait(1, deadlineIn(replyTime)))

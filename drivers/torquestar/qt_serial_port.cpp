@@ -17,11 +17,11 @@ namespace kelvane {
 
 namespace {
 
-constexpr int greatestPort = 4;
+constexpr int maxPort = 4;
 /// How long a look waits for the line, in milliseconds.
 constexpr int lookTime = 20;
 /// So much may wait for a reader between two exchanges; a device that keeps sending must not fill the memory.
-constexpr qint64 mostWaiting = 1 << 20;
+constexpr qint64 maxWaiting = 1 << 20;
 /// How long sending waits for a line that takes nothing, in milliseconds.
 constexpr int sendTime = 2000;
 
@@ -56,7 +56,7 @@ QtSerialPort::QtSerialPort(const SettingsStore& settings)
         port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { closeOnFailure(); },
         Qt::QueuedConnection);
     QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] {
-        if (port_->bytesAvailable() > mostWaiting)
+        if (port_->bytesAvailable() > maxWaiting)
             port_->readAll();
     });
 }
@@ -120,7 +120,7 @@ void QtSerialPort::output(const QByteArray& bytes) {
 
 /// The device behind the port's name; empty when there is none.
 QString QtSerialPort::device() const {
-    if (number_ < 1 || number_ > greatestPort)
+    if (number_ < 1 || number_ > maxPort)
         return {};
     if (const auto named = settings_.value(u"Ports"_s, u"COM%1"_s.arg(number_)); !named.isEmpty())
         return named;

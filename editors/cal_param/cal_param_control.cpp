@@ -104,7 +104,7 @@ class OptionGroup final : public CalParamControl {
         }
     }
     QString entry() const override { return optionAt(on()).stored.toString(); }
-    QString summed() const override { return optionAt(on()).summed.toString(); }
+    QString sumText() const override { return optionAt(on()).summed.toString(); }
     QWidget* widget() const override { return buttons_[on()]; }
     void put(QGridLayout& grid, int row, int labelColumn) const override {
         if (stacked_) {

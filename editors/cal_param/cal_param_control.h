@@ -20,7 +20,7 @@ class CalParamControl {
     /// What stands in it, as it is stored.
     virtual QString entry() const = 0;
     /// What it adds to the checksum.
-    virtual QString summed() const { return entry(); }
+    virtual QString sumText() const { return entry(); }
     /// The control itself; of a group of options the one that is on.
     virtual QWidget* widget() const = 0;
     /// Puts it into a row of a grid, behind the column of its label. Without a label check boxes and options

@@ -77,7 +77,7 @@ CalParamEntries CalParamFields::entries() const {
 QString CalParamFields::checkSumText() const {
     QString sum;
     for (const auto* column : summedCalParams())
-        sum += control(column->member)->summed();
+        sum += control(column->member)->sumText();
     return sum;
 }
 

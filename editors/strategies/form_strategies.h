@@ -49,7 +49,7 @@ class FormStrategies final : public EditorWindow {
     void CommandDeletePoint_Click();
     void movePoint(int direction);
 
-    /// Asks for a required entry; title and prompt by id.
+    /// Asks for a required entry.
     QString ask(TextId title, TextId prompt, qint16 maxLength, FieldKind kind, const QString& proposed);
     /// Ends a command during which nothing could be used.
     void comeBackTo(QPushButton* button);

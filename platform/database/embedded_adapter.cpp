@@ -19,7 +19,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int mostAttached = 10; // the engine's own limit
+constexpr int maxAttached = 10; // the engine's own limit
 /// How long a lock of another workstation is waited for, in all.
 constexpr std::chrono::milliseconds longestWait{5000};
 constexpr std::chrono::milliseconds betweenTries{20};
@@ -181,10 +181,10 @@ void EmbeddedAdapter::prepareSession(DriverLink& link, const QString& user, cons
 
     auto owners = main.dir().entryInfoList({u"*.db"_s}, QDir::Files, QDir::Name);
     owners.removeIf([&](const QFileInfo& file) { return file == main; });
-    if (owners.size() > mostAttached)
+    if (owners.size() > maxAttached)
         throw Error{static_cast<double>(ErrorNumber::subscriptOutOfRange),
                     text(TextId::tooManyOwnerDatabases)
-                        .arg(QDir::toNativeSeparators(main.path()), QString::number(mostAttached))};
+                        .arg(QDir::toNativeSeparators(main.path()), QString::number(maxAttached))};
     for (const auto& owner : owners)
         attach(link, owner.filePath());
 }

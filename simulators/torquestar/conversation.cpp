@@ -9,7 +9,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // A reply that did not come over well is announced again, until it was sent this often.
-constexpr int mostTransmissions = 3;
+constexpr int maxTransmissions = 3;
 constexpr std::chrono::milliseconds splitPause = 200ms;
 constexpr char addedByte = 'U';
 
@@ -38,7 +38,7 @@ void Conversation::receive(char byte, const QByteArray& following) {
         return;
     if (step_ == Step::Announced && byte == acknowledge_)
         reply();
-    else if (step_ == Step::Replied && byte == Nak && transmissions_ < mostTransmissions)
+    else if (step_ == Step::Replied && byte == Nak && transmissions_ < maxTransmissions)
         announce();
     else if (step_ == Step::Replied && (byte == Nak || byte == acknowledge_))
         step_ = Step::Idle;

@@ -3,12 +3,8 @@
 #include "ui/open_windows.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMdiArea>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -31,18 +27,11 @@ const QString noStrategies =
 
 class MenuCommands : public ProgramTest {
   protected:
-    void chooseDownload(const QString& calibrator) {
-        simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, calibrator);
-        choose(u"mnuDownload"_s);
-    }
     /// Opens the calibration parameters of the instrument A-1.
     void chooseInstrument() {
         script.answers.insert(u"select mtag from MT.inventory where i4201 = 'A-1'"_s, {Row{u"17"_s}});
         simulatedOperator.expectDialog(u"Calibration Parameters"_s, enterInstrument, u"A-1"_s);
         choose(u"mnuCalParameters"_s);
-    }
-    QString shownCalibrator() {
-        return control<QLabel>(child(u"FormDockingDown"_s), u"SSPanelCalibrator"_s).text();
     }
 };
 
@@ -130,9 +119,7 @@ TEST_F(MenuCommands, CalibrationParametersWithoutAnInstrumentClosesItsScreen) {
     simulatedOperator.expectDialog(
         u"Calibration Parameters"_s, enterInstrument, [this](FormCustomDialog& dialog) {
             EXPECT_EQ(child(u"FormCalParam"_s).windowTitle(), u"Calibration Parameters"_s);
-            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                        BoxAnswer::yes);
-            dialog.close();
+            cancel(dialog);
         });
     choose(u"mnuCalParameters"_s);
     EXPECT_TRUE(openChildren().isEmpty());
@@ -171,9 +158,7 @@ TEST_F(MenuCommands, CalibrationParametersWhileAnotherQuestionIsOpenLeavesNoScre
     simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
         choose(u"mnuCalParameters"_s);
         EXPECT_EQ(findChild(u"FormCalParam"_s), nullptr);
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
+        cancel(dialog);
     });
     choose(u"mnuUpload"_s);
 }
@@ -230,215 +215,6 @@ TEST_F(MenuCommands, AReportThatCantBeWrittenIsShownAndTheProgramGoesOn) {
     script.answers.insert(countPoints, {Row{u"1"_s}});
     chooseInstrument();
     EXPECT_EQ(openChildren(), QStringList{u"FormCalParam"_s});
-}
-
-TEST_F(MenuCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        EXPECT_EQ(shownCalibrator(), QString());
-        const auto& list = control<QComboBox>(dialog, u"ComboCustomDialog"_s);
-        QStringList rows;
-        for (int i = 0; i < list.count(); ++i)
-            rows << list.itemText(i);
-        EXPECT_EQ(rows, (QStringList{u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}));
-        EXPECT_EQ(list.currentText(), u"Crane TorqueStar IVc"_s);
-        answerDialog(dialog, u"Fluke 743/744"_s);
-    });
-    press(u"F1"_s);
-    EXPECT_EQ(shownCalibrator(), u"Fluke 743/744"_s);
-    EXPECT_EQ(qApp->focusWidget()->objectName(), u"TextAdd"_s);
-    EXPECT_EQ(openChildren(), QStringList{u"FormDockingDown"_s});
-}
-
-TEST_F(MenuCommands, DownloadProposesTheCalibratorOfLastTime) {
-    startLoggedIn(4);
-    settings.values.insert(u"Defaults/LastDownloadCalibrator"_s, u"Fluke 702"_s);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [](FormCustomDialog& dialog) {
-        EXPECT_EQ(control<QComboBox>(dialog, u"ComboCustomDialog"_s).currentText(), u"Fluke 702"_s);
-        QTest::keyClick(&control<QComboBox>(dialog, u"ComboCustomDialog"_s), Qt::Key_Return);
-    });
-    choose(u"mnuDownload"_s);
-    EXPECT_EQ(shownCalibrator(), u"Fluke 702"_s);
-}
-
-TEST_F(MenuCommands, DownloadWithoutACalibratorClosesItsScreen) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
-    choose(u"mnuDownload"_s);
-    EXPECT_TRUE(openChildren().isEmpty());
-    EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
-}
-
-TEST_F(MenuCommands, DownloadWithItsScreenOpenAsksAgainAndKeepsTheRows) {
-    startLoggedIn(4);
-    chooseDownload(u"Fluke 702"_s);
-    control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s).addItems({u"A-1"_s, u"A-2"_s});
-    chooseDownload(u"Crane TorqueStar IVc"_s);
-    EXPECT_EQ(shownCalibrator(), u"Crane TorqueStar IVc"_s);
-    EXPECT_EQ(control<QListWidget>(child(u"FormDockingDown"_s), u"ListCal"_s).count(), 2);
-    EXPECT_EQ(openChildren(), QStringList{u"FormDockingDown"_s});
-}
-
-TEST_F(MenuCommands, DownloadWhileItsQuestionIsOpenChangesNothing) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        choose(u"mnuDownload"_s);
-        EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
-        EXPECT_TRUE(dialog.isOpen());
-        answerDialog(dialog, u"Fluke 702"_s);
-    });
-    choose(u"mnuDownload"_s);
-    EXPECT_EQ(shownCalibrator(), u"Fluke 702"_s);
-}
-
-TEST_F(MenuCommands, NothingIsAddedOrDownloadedBeforeTheCalibratorIsChosen) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        auto& form = child(u"FormDockingDown"_s);
-        for (const auto& name : {u"CommandAdd"_s, u"CommandRemove"_s, u"CommandDownload"_s})
-            EXPECT_FALSE(control<QWidget>(form, name).isEnabled());
-        auto& entry = control<QLineEdit>(form, u"TextAdd"_s);
-        QTest::keyClicks(&entry, u"A-1"_s);
-        QTest::keyClick(&entry, Qt::Key_Return);
-        EXPECT_TRUE(script.statements.isEmpty());
-        answerDialog(dialog, u"Fluke 702"_s);
-    });
-    choose(u"mnuDownload"_s);
-    EXPECT_TRUE(control<QWidget>(child(u"FormDockingDown"_s), u"CommandAdd"_s).isEnabled());
-}
-
-TEST_F(MenuCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWithoutACalibrator) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        choose(u"mnuDownload"_s);
-        EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
-    choose(u"mnuUpload"_s);
-}
-
-TEST_F(MenuCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
-    startLoggedIn(4);
-    chooseDownload(u"Fluke 702"_s);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
-    choose(u"mnuDownload"_s);
-    EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-}
-
-TEST_F(MenuCommands, TheScreenRefusesToCloseWhileItsQuestionIsOpen) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        child(u"FormDockingDown"_s).close();
-        EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
-        answerDialog(dialog, u"Fluke 702"_s);
-    });
-    choose(u"mnuDownload"_s);
-    child(u"FormDockingDown"_s).close();
-    EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
-}
-
-TEST_F(MenuCommands, UploadRunsTheUploadCommand) {
-    startLoggedIn(4);
-    link3.reasonMissing = u"no library"_s;
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 743/744"_s);
-    simulatedOperator.expectBox(u"no library"_s, uploadTitle, box::warning);
-    press(u"F2"_s);
-    EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 743/744"_s);
-}
-
-TEST_F(MenuCommands, AFluke702ShowsItsWarningOverTheProgressWindow) {
-    startLoggedIn(4);
-    link.steps = 5;
-    link.answer(u"DPCuplStep"_s, 103, 2);
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
-    simulatedOperator.expectBox(
-        u": Don't forget that you have high voltage applied! (DPCWARN_DANGER_VOLTAGE)"_s,
-        u"Download Procedures To Calibrator"_s, box::information, [this](QMessageBox& box) {
-            EXPECT_EQ(child(u"FormStatusBar"_s).windowTitle(), u"Upload Task Package from Fluke 702"_s);
-            click(*box.buttons().first());
-        });
-    simulatedOperator.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
-    press(u"F2"_s);
-    EXPECT_EQ(openChildren(), QStringList());
-}
-
-TEST_F(MenuCommands, AFluke702WhoseLibraryNeverComesToAnEndCanBeLeftByTheMainWindow) {
-    startLoggedIn(4);
-    link.steps = 5;
-    bool endless = true;
-    int steps = 0;
-    link.nextCount = [&](qint32 count) {
-        if (++steps == 20)
-            QMetaObject::invokeMethod(&program.window, &QWidget::close, Qt::QueuedConnection);
-        return endless ? count : 0;
-    };
-    atEnd = [&] {
-        ++processEnded;
-        endless = false; // a real end leaves here
-    };
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 702"_s);
-    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
-                                BoxAnswer::yes);
-    simulatedOperator.expectBox(
-        u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s,
-        uploadTitle, box::warning);
-    press(u"F2"_s);
-    EXPECT_EQ(processEnded, 1);
-    EXPECT_LT(steps, 30);
-}
-
-TEST_F(MenuCommands, UploadWhileAQuestionIsOpenDoesNothing) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        choose(u"mnuUpload"_s);
-        EXPECT_TRUE(dialog.isOpen());
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
-    choose(u"mnuUpload"_s);
-    EXPECT_FALSE(settings.values.contains(u"Defaults/LastUploadCalibrator"_s));
-}
-
-TEST_F(MenuCommands, TheRestOfTheProgramStaysReachableWhileAQuestionIsOpen) {
-    startLoggedIn(4);
-    simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, [this](FormCustomDialog& dialog) {
-        choose(u"mnuConfiguration"_s);
-        EXPECT_TRUE(child(u"FormCalConfig"_s).isEnabled());
-        child(u"FormCalConfig"_s).close();
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
-    choose(u"mnuUpload"_s);
-}
-
-TEST_F(MenuCommands, ConfigurationShowsTheCalibratorOfTheDownload) {
-    startLoggedIn(4);
-    chooseDownload(u"Crane TorqueStar IVc"_s);
-    choose(u"mnuConfiguration"_s);
-    EXPECT_EQ(control<QComboBox>(child(u"FormCalConfig"_s), u"ComboCalibrator"_s).currentText(),
-              u"Crane TorqueStar IVc"_s);
-}
-
-TEST_F(MenuCommands, ConfigurationShownAgainIsTheSameWindow) {
-    startLoggedIn(4);
-    choose(u"mnuConfiguration"_s);
-    choose(u"mnuODBC"_s);
-    const auto* before = &child(u"FormCalConfig"_s);
-    choose(u"mnuConfiguration"_s);
-    EXPECT_EQ(&child(u"FormCalConfig"_s), before);
-    EXPECT_EQ(program.window.area().activeSubWindow(), before);
 }
 
 } // namespace kelvane::testing

@@ -162,6 +162,22 @@ TEST_F(FlukeParts, StandardsOfARunAreTheCalibratorItsModulesAndThoseInUse) {
     EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"F-1"_s, u"PM-1"_s, u"PM-2"_s, u"S-1"_s}));
 }
 
+TEST_F(FlukeParts, AModuleThatTheInventoryDoesNotKnowEndsTheStandardsOrIsLeftOut) {
+    addEquipment(u"PM-2"_s, u"902"_s, u"22"_s);
+    addStandards(u"A-1"_s, {u"S-1"_s});
+    CalRecord record;
+    RunStandards standards(session, record);
+    standards.addKnownModule(u"11"_s);
+    standards.addKnownModule({});
+    standards.addKnownModule(u"22"_s);
+    EXPECT_EQ(standards.addInUse(u"A-1"_s), 1);
+    EXPECT_EQ(entriesOf(record.RecordStandards), (QStringList{u"PM-2"_s, u"S-1"_s}));
+    RunStandards ended(session, record);
+    ended.addModule(u"11"_s);
+    ended.addInUse(u"A-1"_s);
+    EXPECT_EQ(entriesOf(record.RecordStandards), QStringList());
+}
+
 TEST_F(FlukeParts, ALinkLineHasItsUsualSettingsWhereNoneAreStored) {
     constexpr CalibratorIdentity unknown{u"No calibrator", TextId::calibratorFluke74x, u"none"};
     EXPECT_EQ(linkLine(session, unknown).baudRate, 9600);

@@ -1,9 +1,6 @@
-#include "testkit/fixtures.h"
-#include "tests/editors/work_config_screen.h"
-#include "ui/list_rows.h"
+#include "tests/editors/work_config_fixture.h"
 #include "ui/open_windows.h"
 
-#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTest>
@@ -15,65 +12,10 @@ namespace kelvane::testing {
 namespace {
 
 const QString title = u"Calibration Record Configuration"_s;
-const QString discardToClose = u"Are you sure you want to discard any changes made since last save?"_s;
 const QString discardToCancel = u"Are you sure you want to discard changes made?"_s;
 const QString loading = u"FormWorkConfig,LoadLists"_s;
-const QString saving = u"FormWorkConfig,CommandSave"_s;
-const Error refused{547, u"The statement is refused."_s};
-
-const QString countFields = u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s;
-const QString dictionary =
-    u"select fldnum,title from mt.customiz where fldnum not like '%90' and fldnum not like '%91' and fldnum not like '%92' and fldnum not like '%93' and fldnum <> '2340' and fldnum not like '%94' and fldnum not like '%95' and fldnum like '23%' and suppressed <> 'Y'"_s;
-const QString selectAvailable =
-    dictionary + u" and fldnum not in (select fldnum from mt.hvm_kv_worksheetfields) order by fldnum asc"_s;
-const QString selectRequested =
-    u"select fldnum,(select title from mt.customiz where mt.customiz.fldnum = mt.hvm_kv_worksheetfields.fldnum) from mt.hvm_kv_worksheetfields order by sequence asc"_s;
-const QString selectRequired = dictionary + u" and (ireq <> 'N' or sreq <> 'N') order by fldnum asc"_s;
-const QString selectOptional = dictionary + u" and (ireq = 'N' and sreq = 'N') order by fldnum asc"_s;
-const QString selectStandards = u"select allow_ooc_stds,allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s;
-const QString deleteFields = u"delete from mt.hvm_kv_worksheetfields;commit"_s;
-const QString selectRow = u"select allow_ooc_stds from mt.hvm_kv_sysconfig"_s;
-const QString insertRow =
-    u"insert into mt.hvm_kv_sysconfig (allow_ooc_stds,allow_poor_trace_stds) values ('N','N');commit"_s;
-
-QString insertField(const QString& number, int sequence) {
-    return u"insert into mt.hvm_kv_worksheetfields (fldnum,sequence) values ('"_s + number + u"','"_s +
-           QString::number(sequence) + u"');commit"_s;
-}
-
-QStringList allow(const QString& overdue, const QString& poorTrace) {
-    return {u"update mt.hvm_kv_sysconfig set allow_ooc_stds = '"_s + overdue + u"';commit"_s,
-            u"update mt.hvm_kv_sysconfig set allow_poor_trace_stds = '"_s + poorTrace + u"';commit"_s};
-}
 
 } // namespace
-
-/// The screen over a recording connection with two fields requested, two available, and overdue standards
-/// allowed.
-class WorkConfigTest : public RecordedSession {
-  protected:
-    WorkConfigTest() {
-        script.answers = {
-            {countFields, {Row{u"2"_s}}},
-            {selectAvailable, {Row{u"2309"_s, u"Procedure"_s}, Row{u"2316"_s, u"Work Order"_s}}},
-            {selectRequested, {Row{u"2333"_s, u"Time"_s}, Row{u"2301"_s, u"Date"_s}}},
-            {selectStandards, {Row{u"Y"_s, u"N"_s}}},
-            {selectRow, {Row{u"Y"_s}}}};
-    }
-    void open() {
-        screen.open(session);
-        script.statements.clear();
-    }
-    QStringList statements() { return std::exchange(script.statements, {}); }
-    QStringList available() { return rowsOf(screen.available()); }
-    QStringList requested() { return rowsOf(screen.requested()); }
-
-    const QString procedure = u"C2309 : Procedure"_s;
-    const QString workOrder = u"C2316 : Work Order"_s;
-    const QString time = u"C2333 : Time"_s;
-    const QString date = u"C2301 : Date"_s;
-    WorkConfigScreen screen;
-};
 
 TEST_F(WorkConfigTest, HasItsPlaceTextsAndToolTips) {
     open();
@@ -236,96 +178,6 @@ TEST_F(WorkConfigTest, TheListOfAvailableFieldsIsNotMoved) {
     screen.select(screen.available(), workOrder);
     screen.press(u"CommandMoveUp"_s);
     EXPECT_EQ(available(), (QStringList{procedure, workOrder}));
-}
-
-TEST_F(WorkConfigTest, SaveReplacesTheFieldsAndSetsBothSwitches) {
-    open();
-    screen.doubleClick(screen.available(), workOrder);
-    screen.toggle(screen.overdue());
-    screen.toggle(screen.poorTrace());
-    ui.events.clear();
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(ui.events, (QStringList{u"busy"_s, u"busy"_s, u"normal"_s, u"normal"_s}));
-    EXPECT_EQ(statements(), (QStringList{deleteFields, insertField(u"2333"_s, 0), insertField(u"2301"_s, 1),
-                                         insertField(u"2316"_s, 2), selectRow} +
-                             allow(u"N"_s, u"Y"_s)));
-    EXPECT_TRUE(script.firstRowOnly.contains(selectRow));
-    EXPECT_FALSE(ui.busy);
-    screen.close();
-    EXPECT_FALSE(screen.isOpen());
-}
-
-TEST_F(WorkConfigTest, SaveMakesTheRowOfSwitchesWhenItIsMissing) {
-    script.answers[selectStandards].clear();
-    script.answers[selectRow].clear();
-    open();
-    screen.toggle(screen.poorTrace());
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(statements(), (QStringList{deleteFields, insertField(u"2333"_s, 0), insertField(u"2301"_s, 1),
-                                         selectRow, insertRow} +
-                             allow(u"N"_s, u"Y"_s)));
-}
-
-TEST_F(WorkConfigTest, SaveOfNoFieldInsertsNone) {
-    open();
-    screen.doubleClick(screen.requested(), time);
-    screen.doubleClick(screen.requested(), date);
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(statements(), (QStringList{deleteFields, selectRow} + allow(u"Y"_s, u"N"_s)));
-}
-
-TEST_F(WorkConfigTest, SaveTakesTheFourCharactersBehindTheC) {
-    script.answers[selectRequested] = {Row{u"23456"_s, u"Too long"_s}, Row{u"23"_s, u"Short"_s},
-                                       Row{u"23''"_s, u"Quotes"_s}};
-    open();
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(statements().mid(1, 3),
-              (QStringList{insertField(u"2345"_s, 0), insertField(u"23 :"_s, 1), insertField(u"23''"_s, 2)}));
-}
-
-TEST_F(WorkConfigTest, AFailureOfEachStatementOfASaveEndsItThereAndTheScreenKeepsWhatWasChosen) {
-    script.answers[selectRow].clear();
-    open();
-    screen.doubleClick(screen.available(), workOrder);
-    screen.toggle(screen.poorTrace());
-    const QStringList whole = QStringList{deleteFields,
-                                          insertField(u"2333"_s, 0),
-                                          insertField(u"2301"_s, 1),
-                                          insertField(u"2316"_s, 2),
-                                          selectRow,
-                                          insertRow} +
-                              allow(u"Y"_s, u"Y"_s);
-    for (int failing = 0; failing < whole.size(); ++failing) {
-        SCOPED_TRACE(whole[failing].toStdString());
-        script.failures = {{whole[failing], refused}};
-        ui.expectReport(547, saving);
-        screen.press(u"CommandSave"_s);
-        EXPECT_TRUE(ui.hasMetAll());
-        EXPECT_EQ(statements(), whole.mid(0, failing + 1));
-        EXPECT_EQ(requested(), (QStringList{time, date, workOrder}));
-        EXPECT_TRUE(screen.poorTrace().isChecked());
-        EXPECT_FALSE(ui.busy);
-    }
-    // What is not stored counts as a change still.
-    ui.expectBox(discardToClose, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
-    screen.close();
-    EXPECT_TRUE(screen.isOpen());
-    script.failures.clear();
-    screen.press(u"CommandSave"_s);
-    EXPECT_EQ(statements(), whole);
-    screen.close();
-    EXPECT_FALSE(screen.isOpen());
-}
-
-TEST_F(WorkConfigTest, AConnectionLostInTheMiddleOfASaveIsReportedOnce) {
-    open();
-    script.failures.insert(insertField(u"2301"_s, 1), Error{10054, u"Gone"_s, u"08S01"_s, true});
-    ui.expectReport(10054, saving);
-    screen.press(u"CommandSave"_s);
-    EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(requested(), (QStringList{time, date}));
-    ui.expectReport(10054, saving);
-    screen.press(u"CommandSave"_s);
 }
 
 TEST_F(WorkConfigTest, CancelWithoutChangesDoesNothing) {

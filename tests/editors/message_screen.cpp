@@ -72,20 +72,13 @@ QStringList MessageScreen::enabled() {
     return found;
 }
 
-void MessageScreen::expectDiscard(BoxAnswer answer) {
-    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, answer);
-}
-
 void MessageScreen::expectName(const QString& name) {
     simulatedOperator.expectDialog(createTitle, createPrompt, name);
 }
 
 void MessageScreen::cancelDialog() {
-    simulatedOperator.expectDialog(createTitle, createPrompt, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(createTitle, createPrompt,
+                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
 }
 
 } // namespace kelvane::testing

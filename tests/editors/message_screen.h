@@ -36,8 +36,6 @@ class MessageScreen : public ProgramTest {
     QStringList rows();
     /// The names of the buttons that are enabled, in their order on the screen.
     QStringList enabled();
-    /// A question about unsaved changes that is to come.
-    void expectDiscard(BoxAnswer answer);
     /// The dialog of a new message, answered.
     void expectName(const QString& name);
     void cancelDialog();

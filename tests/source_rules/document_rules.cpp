@@ -31,7 +31,7 @@ QStringList pathsIn(const QString& text, const QString& pattern) {
     return paths;
 }
 
-bool isRecordMade(const QString& path) {
+bool isMadeByTheBuild(const QString& path) {
     return std::ranges::any_of(madeByTheBuild, [&](QLatin1StringView made) { return path.startsWith(made); });
 }
 
@@ -46,7 +46,7 @@ QStringList missingFiles(const QDir& root) {
         const auto text = QString::fromUtf8(file.readAll());
         // At least two parts: one alone is a folder of the paragraph's subject.
         for (const auto& path : pathsIn(text, uR"re(`([A-Za-z][\w.-]*(?:/[\w.-]+)+/?)`)re"_s)) {
-            if (!isRecordMade(path) && !root.exists(path))
+            if (!isMadeByTheBuild(path) && !root.exists(path))
                 missing << document + u": "_s + path;
         }
         const auto folder = document.left(document.lastIndexOf(u'/') + 1);

@@ -52,7 +52,7 @@ TEST(SourceRules, EachSourceHasATest) {
     EXPECT_TRUE(untested.isEmpty()) << lines(untested);
 }
 
-TEST(SourceRules, PosixHeadersStandInFilesCalledAfterIt) {
+TEST(SourceRules, PosixHeadersStandInFilesNamedAfterIt) {
     const auto faults = posixFaults(sources());
     EXPECT_TRUE(faults.isEmpty()) << lines(faults);
 }

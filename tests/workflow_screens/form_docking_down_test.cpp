@@ -158,9 +158,7 @@ TEST_F(FormDockingDownTest, WhileAnotherQuestionIsOpenNothingIsAddedAndTheRememb
             EXPECT_EQ(entry().text(), u"A-1"_s);
             EXPECT_TRUE(rows().isEmpty());
             EXPECT_TRUE(buttonsEnabled());
-            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                        BoxAnswer::yes);
-            dialog.close();
+            cancel(dialog);
         });
     choose(u"mnuUpload"_s);
     EXPECT_EQ(entry().text(), u"A-1"_s);
@@ -204,9 +202,7 @@ TEST_F(FormDockingDownTest, WhileTheStandardIsAskedForTheButtonsAreDisabledAndTh
             EXPECT_EQ(control<QLabel>(form(), u"SSPanelCalibrator"_s).text(), torqueStar);
             // Nor does Return in the screen enter the running command.
             QTest::keyClick(&entry(), Qt::Key_Return);
-            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                        BoxAnswer::yes);
-            dialog.close();
+            cancel(dialog);
         });
     add(u"A-1"_s);
     EXPECT_TRUE(rows().isEmpty());
@@ -228,9 +224,7 @@ TEST_F(FormDockingDownTest, LogOutRefusesAndExitAsksWhileTheStandardIsAskedFor) 
             simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
                                         BoxAnswer::no);
             program.window.close();
-            simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                        BoxAnswer::yes);
-            dialog.close();
+            cancel(dialog);
         });
     add(u"A-1"_s);
     EXPECT_TRUE(session.SessionConnected);

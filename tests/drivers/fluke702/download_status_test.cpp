@@ -11,12 +11,6 @@ using Status = Dpclnk::Status;
 
 const QList<StatusWords> statuses = statusWords() + unknownStatuses();
 
-/// An operation and which of its calls in a download.
-struct Call {
-    QString operation;
-    int occasion = 1;
-};
-
 /// Two instruments with messages before and after: each is written by every call that the status rule is for.
 class FlukeDownloadStatus : public FlukeDownload {
   protected:
@@ -28,7 +22,7 @@ class FlukeDownloadStatus : public FlukeDownload {
     }
 
     /// The download when one call gives a status; its calls are then in `link.calls`.
-    QString downloadWith(const Call& call, Status status) {
+    QString downloadWith(const CallAt& call, Status status) {
         link.calls.clear();
         script.statements.clear();
         ui.events.clear();
@@ -36,22 +30,7 @@ class FlukeDownloadStatus : public FlukeDownload {
         return download();
     }
     /// Names only: ids and keys differ from one download to the next.
-    QStringList operations() const {
-        QStringList names;
-        for (const auto& call : link.calls)
-            names << call.section(u'(', 0, 0);
-        return names;
-    }
-    /// The calls up to and with the n-th of that operation.
-    static QStringList upTo(const QStringList& all, const Call& call) {
-        int seen = 0;
-        for (qsizetype i = 0; i < all.size(); ++i) {
-            if (all[i] == call.operation && ++seen == call.occasion)
-                return all.first(i + 1);
-        }
-        ADD_FAILURE() << "no such call: " << call.operation.toStdString();
-        return {};
-    }
+    QStringList operations() const { return link.operations(); }
     void expectNotice(const QString& name, const QString& words) {
         ui.expectBox(name + u": "_s + words, downloadTitle, box::information);
     }
@@ -61,7 +40,7 @@ class FlukeDownloadStatus : public FlukeDownload {
 
 /// Every call of an instrument that the rule is for; the second occasion is the other instrument's, or for
 /// messages the other message's.
-const QList<Call> ruledCalls{
+const QList<CallAt> ruledCalls{
     {u"MEMpromptDefn"_s, 1}, {u"MEMpromptDefn"_s, 2},    {u"MEMstrategyDefn"_s}, {u"STAsetTempUnits"_s},
     {u"STAsetTref"_s},       {u"STAsetTempStd"_s},       {u"STAsetPresUnits"_s}, {u"STAsetOutput"_s},
     {u"STAsetInput"_s},      {u"STAsetInputRange"_s},    {u"STAsetLoopPower"_s}, {u"STAsetOutputScale"_s},
@@ -131,7 +110,7 @@ TEST_F(FlukeDownloadStatus, OfALaterInstrumentNamesItAndRegistersNoneOfThoseBefo
 TEST_F(FlukeDownloadStatus, OfIgnoredCallsChangesNothing) {
     ASSERT_EQ(download(), QString());
     const auto whole = operations();
-    for (const auto& call : QList<Call>{{u"MEMclear"_s}, {u"DPCclose"_s}, {u"STAinit"_s}}) {
+    for (const auto& call : QList<CallAt>{{u"MEMclear"_s}, {u"DPCclose"_s}, {u"STAinit"_s}}) {
         for (const auto& status : statuses) {
             EXPECT_EQ(downloadWith(call, status.code), QString()) << call.operation.toStdString();
             EXPECT_EQ(operations(), whole);
@@ -162,13 +141,13 @@ TEST_F(FlukeDownloadStatus, SeveralWarningsAreSeveralBoxesInTheOrderOfTheCalls) 
 TEST_F(FlukeDownloadStatus, ALinkThatFailsKeepsTheRegistryAndGivesThePointerBack) {
     link.steps = 2;
     const QString lost = u"Communications with calibrator failed! (DPCERR_COMM_NOT_CONNECTED)"_s;
-    for (const auto& call : QList<Call>{{u"DPCclose"_s, 2},
-                                        {u"DPCopen"_s},
-                                        {u"DPCget70x"_s},
-                                        {u"DPCdnlStart"_s},
-                                        {u"DPCdnlStep"_s, 1},
-                                        {u"DPCdnlStep"_s, 2},
-                                        {u"DPCclose"_s, 3}}) {
+    for (const auto& call : QList<CallAt>{{u"DPCclose"_s, 2},
+                                          {u"DPCopen"_s},
+                                          {u"DPCget70x"_s},
+                                          {u"DPCdnlStart"_s},
+                                          {u"DPCdnlStep"_s, 1},
+                                          {u"DPCdnlStep"_s, 2},
+                                          {u"DPCclose"_s, 3}}) {
         EXPECT_EQ(downloadWith(call, 2019), lost) << call.operation.toStdString();
         EXPECT_EQ(argumentsOf(u"MEMendTask"_s).size(), 2);
         EXPECT_EQ(writes(), QStringList()) << call.operation.toStdString();

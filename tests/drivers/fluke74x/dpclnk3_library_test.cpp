@@ -195,8 +195,9 @@ TEST_F(RealLibrary3, TakesTextsInItsAlphabetAndOfAnyLength) {
     link.MEM3promptDefn(prompt, u"é€"_s, u"5 Ω 𝛀"_s, {}, {});
     EXPECT_EQ(recordedCalls(), "MEM3promptDefn \xE9\x80 5 ? ?  \n");
     const QString huge(100000, u'x');
-    qint32 number = 0;
-    link.MEM3startTask(number, number, huge, {});
+    qint32 task = 0;
+    qint32 atom = 0;
+    link.MEM3startTask(task, atom, huge, {});
     EXPECT_EQ(recordedCalls(), "MEM3startTask 0 0 " + huge.toLatin1() + " \n");
 }
 

@@ -171,6 +171,14 @@ TEST_F(Contact74x, KeepsItsValuesInTheLastHalf) {
     EXPECT_EQ(driver.Calibrator74xAsset, u"F743-01"_s);
 }
 
+TEST_F(Contact74x, ThatDoesNotIdentifyTheCalibratorForgetsTheAssetOfTheOneBefore) {
+    contact(firstHalf);
+    EXPECT_EQ(driver.Calibrator74xAsset, u"F743-01"_s);
+    link.answer(u"DPC3get74X"_s, 2012, 1);
+    EXPECT_EQ(contact(firstHalf), u"Communication Read Error (DPC3ERR_RECV_FAILED)"_s);
+    EXPECT_EQ(driver.Calibrator74xAsset, QString());
+}
+
 // The stored settings.
 
 TEST_F(Contact74x, OpensWithTheStoredBaudRateOr9600) {
@@ -315,6 +323,13 @@ TEST_F(Contact74x, GoesOnAsLongAsTheLibraryCounts) {
     for (const auto& [operation, count] : {std::pair{u"DPC3mapStep"_s, 500}, {u"DPC3uplStep"_s, 1000}})
         EXPECT_EQ(link.callsOf(operation).size(), count);
     EXPECT_EQ(ui.events.count(u"events"_s), 1503) << "each step lets the window move";
+}
+
+TEST_F(Contact74x, ACountThatGoesUpOrBelowZeroKeepsTheBarWithinItsShare) {
+    link.nextCount = [](qint32 count) { return count < 4 ? count + 2 : -7; };
+    EXPECT_EQ(contact(upload), QString());
+    EXPECT_EQ(link.argumentsOf(u"DPC3mapStep"_s), (QStringList{u"2"_s, u"4"_s}));
+    EXPECT_EQ(progressValues(), values({0, 33, 33, 66, 66, 99, 100}));
 }
 
 } // namespace kelvane::testing

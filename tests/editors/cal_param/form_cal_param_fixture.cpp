@@ -86,17 +86,6 @@ void FormCalParamTest::expectCancel() {
                                    [this](FormCustomDialog& dialog) { cancel(dialog); });
 }
 
-void FormCalParamTest::cancel(FormCustomDialog& dialog) {
-    simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                BoxAnswer::yes);
-    dialog.close();
-}
-
-void FormCalParamTest::expectDiscard(BoxAnswer answer) {
-    simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
-                                u"Kelvane"_s, box::warningYesNo, answer);
-}
-
 void FormCalParamTest::type(const QString& name, const QString& value) {
     auto& box = control<QLineEdit>(form(), name);
     bringToFront(box);

@@ -32,8 +32,6 @@ class FormCalParamTest : public ProgramTest {
 
     void open(const QString& asset);
     void expectCancel();
-    void cancel(FormCustomDialog& dialog);
-    void expectDiscard(BoxAnswer answer);
     ChildWindow& form() { return child(QStringLiteral("FormCalParam")); }
     bool isOpen() { return findChild(QStringLiteral("FormCalParam")) != nullptr; }
     bool flag() { return isWindowOpen(session, u"FormCalParam"); }

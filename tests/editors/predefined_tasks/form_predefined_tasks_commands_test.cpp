@@ -319,11 +319,11 @@ TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {
 TEST_F(PackageCommands, UnsavedChangesReplaceTheQuestionAboutRemoval) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::no);
+    expectDiscard(BoxAnswer::no);
     click(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(notes().text(), u"x"_s);
-    simulatedOperator.expectBox(discardSinceSave, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
+    expectDiscard(BoxAnswer::yes);
     click(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"LIST"_s));
 }

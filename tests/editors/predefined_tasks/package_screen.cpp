@@ -172,11 +172,7 @@ void PackageScreen::expectName(const QString& name) {
 }
 
 void PackageScreen::cancelDialog() {
-    simulatedOperator.expectDialog(addTitle, addPrompt, [this](FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                    BoxAnswer::yes);
-        dialog.close();
-    });
+    simulatedOperator.expectDialog(addTitle, addPrompt, [this](FormCustomDialog& dialog) { cancel(dialog); });
 }
 
 void PackageScreen::create(const QString& name) {

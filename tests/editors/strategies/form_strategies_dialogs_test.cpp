@@ -20,7 +20,6 @@ namespace {
 const QString newStrategy = u"Add new test strategy"_s;
 const QString namePrompt = u"Enter a name for the new test strategy (30 chars max!):"_s;
 const QString pointPrompt = u"Enter the test point to add: (%)"_s;
-const QString sureToCancel = u"Do you really want to cancel?"_s;
 
 } // namespace
 
@@ -49,10 +48,6 @@ class StrategiesInTheProgram : public ProgramTest {
     }
     /// Presses Return; whatever the dialog then says has to be expected.
     static void accept(FormCustomDialog& dialog) { QTest::keyClick(&field(dialog), Qt::Key_Return); }
-    void giveUp(FormCustomDialog& dialog) {
-        simulatedOperator.expectBox(sureToCancel, u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
-        dialog.close();
-    }
     void addWithPaste(const QString& text) {
         simulatedOperator.expectDialog(newStrategy, namePrompt, [text](FormCustomDialog& dialog) {
             paste(dialog, text);
@@ -86,7 +81,7 @@ TEST_F(StrategiesInTheProgram, AnEmptyNameIsRefusedByTheDialogAndNeverReachesThe
         accept(dialog);
         EXPECT_TRUE(dialog.isOpen());
         EXPECT_TRUE(script.statements.isEmpty());
-        giveUp(dialog);
+        cancel(dialog);
     });
     click(button(u"CommandAdd"_s));
     EXPECT_EQ(script.statements, loadOf(u"FIVE"_s, u"FIVE"_s));
@@ -131,7 +126,7 @@ TEST_F(StrategiesInTheProgram, WhatIsNoNumberIsRefusedByTheDialogItself) {
             simulatedOperator.expectBox(u"Invalid Numeric Format!"_s, u"Kelvane"_s, box::warning);
             paste(dialog, entry);
             accept(dialog);
-            giveUp(dialog);
+            cancel(dialog);
         });
         click(button(u"CommandAddTP"_s));
         EXPECT_TRUE(simulatedOperator.hasMetAll());

@@ -9,12 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-namespace {
-
-const QString loading = u"FormStrategies,LoadStrategyList"_s;
-
-} // namespace
-
 TEST_F(StrategiesTest, HasItsPlaceTextsAndToolTips) {
     open();
     EXPECT_EQ(screen.form().pos(), QPoint(7, 5));

@@ -73,6 +73,11 @@ class StrategiesTest : public RecordedSession {
         screen.press(QStringLiteral("CommandAddTP"));
     }
 
+    static QString deletePoints(const QString& name) {
+        return QStringLiteral("delete from mt.hvm_kv_proc_points where tp_name = '") + name +
+               QStringLiteral("';commit");
+    }
+
     StandInCalParam standIn;
     /// The open parameter editor.
     OpenCalParam* calParam = nullptr;
@@ -83,6 +88,8 @@ class StrategiesTest : public RecordedSession {
                            QStringLiteral("ComboPreDef"),   QStringLiteral("CommandAddTP"),
                            QStringLiteral("CommandModify"), QStringLiteral("CommandDeletePoint"),
                            QStringLiteral("CommandMoveUp"), QStringLiteral("CommandMoveDown")};
+    const QString loading = QStringLiteral("FormStrategies,LoadStrategyList");
+    const Error refused{547, QStringLiteral("The statement is refused.")};
     const QString discard =
         QStringLiteral("Are you sure you want to discard any changes made since last save?");
 };

@@ -81,7 +81,7 @@ TEST(OwnersOfColumns, StayAsTheyAre) {
         {"a table beside the query in the from clause", u"select 1 from std.t, (select abc.t.x from mt.a)"_s},
         {"the other half of a union", u"select x from std.t union select abc.t.x from mt.a"_s},
         {"a table with an alias", u"select abc.t.x from std.t s"_s},
-        {"a table with an alias told by as", u"select abc.t.x from std.t as s where 1"_s},
+        {"a table with an alias behind as", u"select abc.t.x from std.t as s where 1"_s},
         {"the owner's own table under an alias", u"select abc.t.x from std.t, abc.t a"_s},
         {"a table without owner", u"select abc.t.x from t"_s},
         {"within a text", u"select 'abc.t.x' from std.t"_s},

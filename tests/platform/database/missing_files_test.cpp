@@ -18,7 +18,7 @@ class MissingFiles : public ::testing::Test {
     /// every one after it.
     void expectLost(const QString& name) {
         const auto error = errorOf([&] { connection->execute(insertNote); });
-        ASSERT_TRUE(error) << "a record was told as stored";
+        ASSERT_TRUE(error) << "a record was reported as stored";
         EXPECT_TRUE(error->connectionLost);
         EXPECT_EQ(error->sqlState, u"08S01"_s);
         EXPECT_EQ(error->description, text(TextId::databaseFileReplaced)

@@ -55,7 +55,7 @@ QString modeOf(const QString& unit, const QString& sensor = {}, qint16 wires = 0
 
 } // namespace
 
-TEST(FlukeWalk, TakesItsFiguresFromTheTablesOfTheCalibrator) {
+TEST(FlukeTables, GiveTheLimitsOfTheCalibrator) {
     EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5), std::nullopt);
     EXPECT_EQ(cannotMeasure(u"V"_s, -5, 5.5F), TextId::cannotMeasureVoltageAbove);
     EXPECT_EQ(cannotSource(u"V"_s, 0, 1), std::nullopt);
@@ -65,15 +65,26 @@ TEST(FlukeWalk, TakesItsFiguresFromTheTablesOfTheCalibrator) {
     EXPECT_EQ(cannotMeasure(u"F"_s, 32, 51, u"TC K"_s), TextId::cannotMeasureTemperatureAbove);
 }
 
-TEST(FlukeWalk, LetsPassWhatHasNoRow) {
-    for (const auto& unit : {u"mA"_s, u"psi"_s, u"%"_s, QString()}) {
+TEST(FlukeTables, HaveNoLimitForWhatHasNoRow) {
+    for (const auto& unit : {u"psi"_s, u"%"_s, u"ma"_s, QString()}) {
         EXPECT_EQ(cannotMeasure(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
         EXPECT_EQ(cannotSource(unit, -infinity, infinity), std::nullopt) << unit.toStdString();
     }
-    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC J"_s), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -infinity, infinity, u"TC X"_s), std::nullopt);
 }
 
-TEST(FlukeWalk, AnInfiniteEndLiesBeyondEveryLimit) {
+TEST(FlukeTables, HaveTheCommonLimitsWhereACalibratorHasNoRowOfItsOwn) {
+    EXPECT_EQ(cannotMeasure(u"mA"_s, -110, 110), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"mA"_s, 0, 110.1F), TextId::cannotMeasureCurrentAbove);
+    EXPECT_EQ(cannotSource(u"mA"_s, 0, 22.1F), TextId::cannotSourceCurrentAbove);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -210, 1200, u"TC J"_s), std::nullopt);
+    EXPECT_EQ(cannotMeasure(u"C"_s, -211, 0, u"TC J"_s), TextId::cannotMeasureTemperatureBelow);
+    EXPECT_EQ(cannotMeasure(u"C"_s, 0, 11, u"TC K"_s), TextId::cannotMeasureTemperatureAbove)
+        << "its own row";
+    EXPECT_EQ(cannotMeasure(u"Ohms"_s, 0, 101), TextId::cannotMeasureResistanceAbove) << "its own row";
+}
+
+TEST(FlukeTables, AnInfiniteEndLiesBeyondEveryLimit) {
     EXPECT_EQ(cannotMeasure(u"V"_s, 0, infinity), TextId::cannotMeasureVoltageAbove);
     EXPECT_EQ(cannotMeasure(u"V"_s, -infinity, 0), TextId::cannotMeasureVoltageAbove);
     EXPECT_EQ(cannotMeasure(u"Hz"_s, 10, infinity), TextId::cannotMeasureFrequencyAbove);
@@ -84,11 +95,11 @@ TEST(FlukeWalk, AnInfiniteEndLiesBeyondEveryLimit) {
     EXPECT_EQ(cannotSource(u"Hz"_s, 10, 20, infinity), TextId::cannotSourceAmplitude);
 }
 
-TEST(FlukeWalk, WithoutALowLimitAnEndMayBeAsLowAsItLikes) {
+TEST(FlukeTables, WithoutALowLimitTakeAnyLowEnd) {
     EXPECT_EQ(cannotSource(u"Ohms"_s, -infinity, -infinity), std::nullopt);
 }
 
-TEST(FlukeWalk, NotANumberLiesNeitherAboveNorBelow) {
+TEST(FlukeTables, NotANumberLiesNeitherAboveNorBelow) {
     EXPECT_EQ(cannotMeasure(u"V"_s, notANumber, notANumber), std::nullopt);
     EXPECT_EQ(cannotMeasure(u"Hz"_s, notANumber, 21), TextId::cannotMeasureFrequencyAbove);
     EXPECT_EQ(cannotMeasure(u"Hz"_s, 9, notANumber), TextId::cannotMeasureFrequencyBelow);
@@ -96,12 +107,12 @@ TEST(FlukeWalk, NotANumberLiesNeitherAboveNorBelow) {
     EXPECT_EQ(cannotSource(u"Hz"_s, notANumber, notANumber, notANumber), std::nullopt);
 }
 
-TEST(FlukeWalk, WhatIsNeverTakenIsRefusedWithEveryRange) {
+TEST(FlukeTables, WhatIsNeverTakenIsRefusedWithEveryRange) {
     for (const float end : {0.F, infinity, -infinity, notANumber})
         EXPECT_EQ(cannotSource(u"VAC"_s, end, end), TextId::cannotSourceAcVoltage) << end;
 }
 
-TEST(FlukeWalk, TakesItsWordsFromTheTablesOfTheCalibrator) {
+TEST(FlukeTables, GiveTheWordsOfTheCalibrator) {
     EXPECT_EQ(modeOf(u"C"_s, u"RTD PT100 385"_s, 7), u"7 wires|Platinum|Cold"_s);
     EXPECT_EQ(modeOf(u"F"_s, u"TC K"_s, 7), u"Couple|Kay|Warm"_s);
     EXPECT_EQ(modeOf(u"F"_s, u"TC J"_s, 7), u"||Warm"_s);
@@ -110,7 +121,7 @@ TEST(FlukeWalk, TakesItsWordsFromTheTablesOfTheCalibrator) {
     EXPECT_EQ(modeOf(u"%"_s), u"||"_s);
 }
 
-TEST(FlukeWalk, KnowsTheQuantityOfEachUnit) {
+TEST(FlukeTables, GiveTheQuantityOfEachUnit) {
     using enum FlukeQuantity;
     const struct {
         QStringList units;
@@ -131,7 +142,7 @@ TEST(FlukeWalk, KnowsTheQuantityOfEachUnit) {
     }
 }
 
-TEST(FlukeWalk, HasFiveCombinationsOfWhichNoTwoMeet) {
+TEST(FlukeTables, HoldFiveCombinationsOfWhichNoTwoAreTheSame) {
     EXPECT_EQ(std::size(flukeCombinations), 5U);
     for (const auto& combination : flukeCombinations) {
         const auto alike = std::count_if(std::begin(flukeCombinations), std::end(flukeCombinations),
