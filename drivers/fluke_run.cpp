@@ -2,7 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/assets/in_use.h"
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/tolerances/tolerances.h"
 #include "drivers/judge_again.h"
 #include "drivers/new_record.h"
