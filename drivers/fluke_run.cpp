@@ -55,6 +55,29 @@ void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QLis
     }
 }
 
+QString judgeAgain(Session& session, const JournalEntry& entry, CalRecord& record, RunResults& run,
+                   const RunRules& rules) {
+    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
+    if (rules.hasReadingForEachPoint) {
+        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
+            return reason;
+    } else if (run.entries.size() != run.steps) {
+        return text(TextId::runIncomplete)
+            .arg(entry.asset, QString::number(run.entries.size()), QString::number(run.steps));
+    }
+    JudgedRun judged{.instrument = instrument};
+    judged.judgement.emplace(session, record, judged.instrument,
+                             ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
+    judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf);
+    if (!entry.prepared) {
+        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
+        rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
+    }
+    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
+    takeStandardsOf(record, entry);
+    return {};
+}
+
 } // namespace
 
 Moment momentOfRun(int year, int month, int day, const QTime& time) {
@@ -189,29 +212,19 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
     return outcome;
 }
 
-QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
-                      const RunRules& rules) {
-    run.date = entry.date;
-    run.time = entry.time;
-    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
-    if (rules.hasReadingForEachPoint) {
-        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
-            return reason;
-    } else if (run.entries.size() != run.steps) {
-        return text(TextId::runIncomplete)
-            .arg(entry.asset, QString::number(run.entries.size()), QString::number(run.steps));
-    }
-    JudgedRun judged{.instrument = instrument};
-    judged.judgement.emplace(session, record, judged.instrument,
-                             ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
-    judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf);
-    if (!entry.prepared) {
-        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
-        rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
-    }
-    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
-    takeStandardsOf(record, entry);
-    return {};
+QString judgeRunAgain(Session& session, JournalEntry& entry, CalRecord& record, const RunRules& rules,
+                      const QString& routineName) {
+    QString reason;
+    Routine routine(session, routineName);
+    routine.run([&] {
+        auto run = runOf(entry.raw);
+        if (entry.asset == run.tag.tag)
+            entry.asset = assetOf(session, run.tag);
+        run.date = entry.date;
+        run.time = entry.time;
+        reason = judgeAgain(session, entry, record, run, rules);
+    });
+    return reason;
 }
 
 } // namespace kelvane
