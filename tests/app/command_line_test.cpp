@@ -36,7 +36,10 @@ class TextsOfTheCommandLine : public ::testing::Test {
         folder.write(u"strings.txt"_s, "102\tDatei\n");
         folder.write(u"german.txt"_s, "103\tBeenden\n");
     }
-    ~TextsOfTheCommandLine() override { overlayStrings(u":/strings.txt"_s); }
+    ~TextsOfTheCommandLine() override {
+        folder.write(u"own.txt"_s, "102\tFile\n103\tExit\n");
+        overlayStrings(u"own.txt"_s);
+    }
     OwnFolder folder;
 };
 
