@@ -1,6 +1,7 @@
 #include "demo/demonstration.h"
 
 #include "demo/fluke702_day.h"
+#include "demo/fluke74x_day.h"
 #include "demo/preparation.h"
 #include "demo/torque_day.h"
 
@@ -22,6 +23,7 @@ void Demonstration::run() {
     const auto day = runTorqueDay(station_, memories_.torqueStar);
     runFluke702Day(station_, memories_.fluke702, day.addDays(-1));
     calibratePrepared(station_, memories_.fluke702, day.addDays(-2));
+    runFluke74xDay(station_, memories_.fluke74x, day.addDays(-3));
     logOut();
     exit();
 }

@@ -8,6 +8,7 @@ namespace kelvane::demo {
 struct CalibratorMemories {
     QString torqueStar;
     QString fluke702;
+    QString fluke74x;
 };
 
 /// An instrument that is prepared from nothing, and calibrations from end to end with each calibrator: log

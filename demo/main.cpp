@@ -23,6 +23,17 @@ void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) 
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
+/// Tells the link library of a calibrator, which stands beside this program, where to keep the memory and its
+/// record in the folder. Gives the path of the memory.
+QString prepareLink(const QString& folder, const QString& calibrator) {
+    const auto path = QDir(folder).filePath(calibrator);
+    const QByteArray variables = "KELVANE_" + calibrator.toUpper().toLatin1();
+    const auto memory = path + u".json"_s;
+    qputenv(variables + "_MEMORY", QFile::encodeName(memory));
+    qputenv(variables + "_RECORD", QFile::encodeName(path + u".log"_s));
+    return memory;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -38,10 +49,8 @@ int main(int argc, char** argv) {
     int outcome = 1;
     try {
         const demo::TorqueStar torqueStar(folder);
-        // The link library of the Fluke 702 stands beside this program and gets the path of its memory.
-        const auto fluke702 = QDir(folder).filePath(u"fluke702.json"_s);
-        qputenv("KELVANE_FLUKE702_MEMORY", QFile::encodeName(fluke702));
-        qputenv("KELVANE_FLUKE702_RECORD", QFile::encodeName(QDir(folder).filePath(u"fluke702.log"_s)));
+        const auto fluke702 = prepareLink(folder, u"fluke702"_s);
+        const auto fluke74x = prepareLink(folder, u"fluke74x"_s);
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
@@ -49,7 +58,8 @@ int main(int argc, char** argv) {
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),
             {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
-        demo::Demonstration(program, {torqueStar.memory(), fluke702}, QDir(folder).filePath(u"pictures"_s))
+        demo::Demonstration(program, {torqueStar.memory(), fluke702, fluke74x},
+                            QDir(folder).filePath(u"pictures"_s))
             .run();
         if (!ended)
             throw demo::Difference(u"the program did not end"_s);

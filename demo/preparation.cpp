@@ -2,7 +2,7 @@
 
 #include "demo/technician.h"
 #include "drivers/fluke702/driver.h"
-#include "testkit/field_runs.h"
+#include "testkit/fluke702_runs.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -206,7 +206,8 @@ void calibratePrepared(DemoWorkstation& station, const QString& memory, const QD
     station.expectChoice(uploadTitle, fluke702);
     station.expectRecord(asset);
     station.upload(u"upload the first calibration of "_s + asset);
-    checkRecords(*station.program.session.SharedConnection, day, recordsAfterRuns(runs));
+    checkRecords(*station.program.session.SharedConnection, day,
+                 recordsAfterRuns(fluke702Runs().serial, runs));
 }
 
 } // namespace kelvane::demo

@@ -2,7 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/assets/in_use.h"
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/tolerances/tolerances.h"
 #include "drivers/judge_again.h"
 #include "drivers/new_record.h"
@@ -53,6 +53,29 @@ void judge(RunJudgement& judgement, const CalParamRecord& instrument, const QLis
         const auto reading = readingOf(instrument, entries[i]);
         judgement.take(i, reading.applied, reading.reading, reading.calibratorError);
     }
+}
+
+QString judgeAgain(Session& session, const JournalEntry& entry, CalRecord& record, RunResults& run,
+                   const RunRules& rules) {
+    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
+    if (rules.hasReadingForEachPoint) {
+        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
+            return reason;
+    } else if (run.entries.size() != run.steps) {
+        return text(TextId::runIncomplete)
+            .arg(entry.asset, QString::number(run.entries.size()), QString::number(run.steps));
+    }
+    JudgedRun judged{.instrument = instrument};
+    judged.judgement.emplace(session, record, judged.instrument,
+                             ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
+    judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf);
+    if (!entry.prepared) {
+        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
+        rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
+    }
+    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
+    takeStandardsOf(record, entry);
+    return {};
 }
 
 } // namespace
@@ -189,29 +212,19 @@ RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>&
     return outcome;
 }
 
-QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
-                      const RunRules& rules) {
-    run.date = entry.date;
-    run.time = entry.time;
-    const auto [instrument, points] = beginRejudgement(session, record, entry.asset);
-    if (rules.hasReadingForEachPoint) {
-        if (auto reason = countMismatch(entry.asset, run.entries.size(), points.size()); !reason.isEmpty())
-            return reason;
-    } else if (run.entries.size() != run.steps) {
-        return text(TextId::runIncomplete)
-            .arg(entry.asset, QString::number(run.entries.size()), QString::number(run.steps));
-    }
-    JudgedRun judged{.instrument = instrument};
-    judged.judgement.emplace(session, record, judged.instrument,
-                             ModuleGlobals::TranslateSpanTestTolSingle(session, entry.asset));
-    judge(*judged.judgement, judged.instrument, run.entries, rules.readingOf);
-    if (!entry.prepared) {
-        run.inUseTech = ModuleGlobals::GetInUseData(session, entry.serial, judged.instrument.mtag).tech;
-        rules.standards(session, record, run, entry.serial).addInUse(entry.asset);
-    }
-    fillFields(record, judged.instrument, judged.judgement->counts(), run, rules, entry.serial);
-    takeStandardsOf(record, entry);
-    return {};
+QString judgeRunAgain(Session& session, JournalEntry& entry, CalRecord& record, const RunRules& rules,
+                      const QString& routineName) {
+    QString reason;
+    Routine routine(session, routineName);
+    routine.run([&] {
+        auto run = runOf(entry.raw);
+        if (entry.asset == run.tag.tag)
+            entry.asset = assetOf(session, run.tag);
+        run.date = entry.date;
+        run.time = entry.time;
+        reason = judgeAgain(session, entry, record, run, rules);
+    });
+    return reason;
 }
 
 } // namespace kelvane

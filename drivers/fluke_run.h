@@ -133,8 +133,9 @@ void fillFields(CalRecord& record, const CalParamRecord& instrument, const Point
 RecordOutcome finishRun(InstrumentWork& work, const std::optional<RunJudgement>& judgement);
 
 /// Judges a run out of the journal again by the instrument's present parameters, into `record`. The entry's
-/// own date and time count. Empty, or the reason why it can't be judged.
-QString judgeRunAgain(Session& session, CalRecord& record, const JournalEntry& entry, RunResults run,
-                      const RunRules& rules);
+/// own date and time count; its asset is found again for a tag that was cut. Empty, or the reason why it
+/// can't be judged. Errors are reported under the name of the routine.
+QString judgeRunAgain(Session& session, JournalEntry& entry, CalRecord& record, const RunRules& rules,
+                      const QString& routineName);
 
 } // namespace kelvane

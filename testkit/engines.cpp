@@ -1,6 +1,7 @@
 #include "testkit/engines.h"
 
 #include "platform/database/odbc_link.h"
+#include "testkit/overheard_connection.h"
 
 #include <QDir>
 
@@ -61,7 +62,8 @@ void EngineSession::useEngine(Engine engine) {
     auto connection = isEmbedded()
                           ? std::move(session.SharedConnection)
                           : std::make_unique<AdaptedConnection>(u"Adaptive Server Anywhere"_s, answer);
-    session.SharedConnection = std::make_unique<WatchedConnection>(std::move(connection), sent);
+    session.SharedConnection = std::make_unique<OverheardConnection>(
+        std::move(connection), [this](const QString& statement) { sent << statement; });
     for (const auto& file : QDir(database.path()).entryList({u"*.db"_s}, QDir::Files, QDir::Name))
         files_.push_back(std::make_unique<OdbcLink>(u"Driver=SQLite3;Database="_s + database.file(file),
                                                     QString(), QString()));

@@ -2,7 +2,6 @@
 
 #include "platform/database/engine_adapter.h"
 #include "testkit/database_session.h"
-#include "testkit/forwarding_connection.h"
 
 #include <vector>
 
@@ -10,24 +9,6 @@ namespace kelvane::testing {
 
 /// The engines that a session may use.
 enum class Engine { embedded, verbatim };
-
-/// A connection that keeps the texts that it is given, whether they fail or not.
-class WatchedConnection final : public ForwardingConnection {
-  public:
-    WatchedConnection(std::unique_ptr<Connection> real, QStringList& sent)
-        : ForwardingConnection(std::move(real)), sent_(sent) {}
-    qint64 execute(const QString& statement) override {
-        sent_ << statement;
-        return ForwardingConnection::execute(statement);
-    }
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        sent_ << statement;
-        return ForwardingConnection::select(statement, rows);
-    }
-
-  private:
-    QStringList& sent_;
-};
 
 /// A session on the demonstration database, or on an engine whose driver takes every text and answers each
 /// query with `answer`, or no row when that is empty. `sent` holds what has reached the connection.

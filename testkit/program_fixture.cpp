@@ -79,7 +79,7 @@ void ProgramTest::choose(const QString& entry) {
     action(entry)->trigger();
 }
 
-void ProgramTest::press(const QString& shortcut) {
+void ProgramTest::pressKeys(const QString& shortcut) {
     const auto keys = QKeySequence(shortcut)[0];
     auto* focused = QApplication::focusWidget();
     QTest::keyClick(focused ? focused : &program.window, keys.key(), keys.keyboardModifiers());
@@ -116,6 +116,10 @@ void ProgramTest::cancel(FormCustomDialog& dialog) {
     simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
                                 BoxAnswer::yes);
     dialog.close();
+}
+
+void ProgramTest::expectCancelledDialog(const QString& caption, const QString& prompt) {
+    simulatedOperator.expectDialog(caption, prompt, [this](FormCustomDialog& dialog) { cancel(dialog); });
 }
 
 void ProgramTest::expectDiscard(BoxAnswer answer) {

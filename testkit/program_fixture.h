@@ -44,7 +44,7 @@ class ProgramTest : public ::testing::Test {
     /// Chooses an entry of the menu.
     void choose(const QString& entry);
     /// Presses a shortcut in the window that has the focus.
-    void press(const QString& shortcut);
+    void pressKeys(const QString& shortcut);
 
     /// The open child window of that name, or null.
     ChildWindow* findChild(const QString& name);
@@ -54,6 +54,8 @@ class ProgramTest : public ::testing::Test {
 
     /// Closes the one-field dialog and confirms that it is to be cancelled.
     void cancel(FormCustomDialog& dialog);
+    /// The same of a dialog that is to come.
+    void expectCancelledDialog(const QString& caption, const QString& prompt);
     /// The question about unsaved changes that is to come when a screen closes.
     void expectDiscard(BoxAnswer answer);
 

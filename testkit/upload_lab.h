@@ -3,29 +3,10 @@
 #include "data/assets/in_use.h"
 #include "data/journal/journal.h"
 #include "testkit/database_session.h"
-#include "testkit/forwarding_connection.h"
 
 #include <QRegularExpression>
 
 namespace kelvane::testing {
-
-/// A connection that reports each statement before it passes it on.
-class OverheardConnection final : public ForwardingConnection {
-  public:
-    OverheardConnection(std::unique_ptr<Connection> real, std::function<void(const QString&)> report)
-        : ForwardingConnection(std::move(real)), report_(std::move(report)) {}
-    qint64 execute(const QString& statement) override {
-        report_(statement);
-        return ForwardingConnection::execute(statement);
-    }
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        report_(statement);
-        return ForwardingConnection::select(statement, rows);
-    }
-
-  private:
-    std::function<void(const QString&)> report_;
-};
 
 /// The demonstration laboratory, whose site asks for no fields that the operator fills in.
 ///

@@ -2,8 +2,8 @@
 
 #include "data/assets/assets.h"
 #include "data/custom_dialog.h"
-#include "data/records/field_dictionary.h"
 #include "data/records/record_check.h"
+#include "data/records/record_columns.h"
 #include "data/routine.h"
 #include "drivers/instrument_work.h"
 #include "resources/strings.h"

@@ -2,7 +2,7 @@
 
 #include "data/parameters/cal_param_columns.h"
 #include "data/records/due_date.h"
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/routine.h"
 #include "data/tolerances/tolerances.h"
 #include "platform/values/numbers.h"

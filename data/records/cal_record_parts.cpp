@@ -1,7 +1,7 @@
 #include "data/records/cal_record_parts.h"
 
 #include "data/assets/assets.h"
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "platform/values/numbers.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #include "data/records/due_date.h"
 
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/routine.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"

@@ -1,6 +1,7 @@
 #include "data/records/field_dictionary.h"
 
 #include "data/assets/assets.h"
+#include "data/records/record_columns.h"
 #include "data/routine.h"
 #include "platform/user_interface.h"
 #include "platform/values/numbers.h"

@@ -1,5 +1,6 @@
+#include "data/records/record_columns.h"
+
 #include "data/assets/assets.h"
-#include "data/records/field_dictionary.h"
 #include "data/routine.h"
 #include "platform/values/texts.h"
 

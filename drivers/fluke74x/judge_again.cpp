@@ -1,4 +1,3 @@
-#include "data/routine.h"
 #include "drivers/fluke74x/driver.h"
 #include "drivers/fluke74x/stored_run.h"
 
@@ -7,15 +6,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::Module74xInterface {
 
 QString Fluke74x_judge_again(Session& session, JournalEntry& entry, CalRecord& record) {
-    QString reason;
-    Routine routine(session, u"Module74xInterface,Fluke74x_judge_again"_s);
-    routine.run([&] {
-        const auto run = runOf(entry.raw);
-        if (entry.asset == run.tag.tag)
-            entry.asset = assetOf(session, run.tag);
-        reason = judgeRunAgain(session, record, entry, run, runRules);
-    });
-    return reason;
+    return judgeRunAgain(session, entry, record, runRules, u"Module74xInterface,Fluke74x_judge_again"_s);
 }
 
 } // namespace kelvane::Module74xInterface

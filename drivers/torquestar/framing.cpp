@@ -1,5 +1,7 @@
+#include "drivers/torquestar/framing.h"
+
 #include "drivers/torquestar/control_characters.h"
-#include "drivers/torquestar/protocol.h"
+#include "platform/error.h"
 
 #include <limits>
 

@@ -3,6 +3,7 @@
 #include "data/routine.h"
 #include "drivers/line_settings.h"
 #include "drivers/torquestar/control_characters.h"
+#include "drivers/torquestar/framing.h"
 #include "platform/error_report.h"
 #include "platform/reason_log.h"
 #include "platform/values/numbers.h"

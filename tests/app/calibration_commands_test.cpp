@@ -46,7 +46,7 @@ TEST_F(CalibrationCommands, DownloadOpensItsScreenAndAsksForTheCalibrator) {
         EXPECT_EQ(list.currentText(), u"Crane TorqueStar IVc"_s);
         answerDialog(dialog, u"Fluke 743/744"_s);
     });
-    press(u"F1"_s);
+    pressKeys(u"F1"_s);
     EXPECT_EQ(shownCalibrator(), u"Fluke 743/744"_s);
     EXPECT_EQ(qApp->focusWidget()->objectName(), u"TextAdd"_s);
     EXPECT_EQ(openChildren(), QStringList{u"FormDockingDown"_s});
@@ -65,8 +65,7 @@ TEST_F(CalibrationCommands, DownloadProposesTheCalibratorOfLastTime) {
 
 TEST_F(CalibrationCommands, DownloadWithoutACalibratorClosesItsScreen) {
     startLoggedIn(4);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator,
-                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
+    expectCancelledDialog(u"Download"_s, chooseCalibrator);
     choose(u"mnuDownload"_s);
     EXPECT_TRUE(openChildren().isEmpty());
     EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
@@ -123,8 +122,7 @@ TEST_F(CalibrationCommands, DownloadWhileAnotherQuestionIsOpenLeavesNoScreenWith
 TEST_F(CalibrationCommands, CancellingTheQuestionAskedAgainClosesTheScreen) {
     startLoggedIn(4);
     chooseDownload(u"Fluke 702"_s);
-    simulatedOperator.expectDialog(u"Download"_s, chooseCalibrator,
-                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
+    expectCancelledDialog(u"Download"_s, chooseCalibrator);
     choose(u"mnuDownload"_s);
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
 }
@@ -146,7 +144,7 @@ TEST_F(CalibrationCommands, UploadRunsTheUploadCommand) {
     link3.reasonMissing = u"no library"_s;
     simulatedOperator.expectDialog(uploadTitle, chooseCalibrator, u"Fluke 743/744"_s);
     simulatedOperator.expectBox(u"no library"_s, uploadTitle, box::warning);
-    press(u"F2"_s);
+    pressKeys(u"F2"_s);
     EXPECT_EQ(settings.values.value(u"Defaults/LastUploadCalibrator"_s), u"Fluke 743/744"_s);
 }
 
@@ -162,7 +160,7 @@ TEST_F(CalibrationCommands, AFluke702ShowsItsWarningOverTheProgressWindow) {
             click(*box.buttons().first());
         });
     simulatedOperator.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
-    press(u"F2"_s);
+    pressKeys(u"F2"_s);
     EXPECT_EQ(openChildren(), QStringList());
 }
 
@@ -186,7 +184,7 @@ TEST_F(CalibrationCommands, AFluke702WhoseLibraryNeverComesToAnEndCanBeLeftByThe
     simulatedOperator.expectBox(
         u"Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created before uploading results."_s,
         uploadTitle, box::warning);
-    press(u"F2"_s);
+    pressKeys(u"F2"_s);
     EXPECT_EQ(processEnded, 1);
     EXPECT_LT(steps, 30);
 }

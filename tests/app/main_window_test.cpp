@@ -68,7 +68,7 @@ class MainWindow : public ProgramTest {
                                          [&fired, name = shortcut.entry] { fired << name; });
         }
         for (const auto& shortcut : shortcuts())
-            press(shortcut.keys);
+            pressKeys(shortcut.keys);
         for (const auto& spy : watching)
             QObject::disconnect(spy);
         return fired;
@@ -295,7 +295,7 @@ TEST_F(MainWindow, EachWayToExitAsksWithNoAsTheDefault) {
     startLoggedIn(4);
     const std::function<void()> ways[] = {
         [&] { choose(u"mnuExit"_s); },
-        [&] { press(u"Ctrl+Q"_s); },
+        [&] { pressKeys(u"Ctrl+Q"_s); },
         [&] { program.window.close(); },
     };
     int ended = 0;

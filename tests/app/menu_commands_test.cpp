@@ -69,7 +69,7 @@ TEST_F(MenuCommands, ScreensOfLaterVersionsShowAMessage) {
 
 TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
     startLoggedIn(4);
-    press(u"Ctrl+S"_s);
+    pressKeys(u"Ctrl+S"_s);
     const auto* before = &child(u"FormStrategies"_s);
     choose(u"mnuODBC"_s);
     choose(u"mnuStrategies"_s);
@@ -81,7 +81,7 @@ TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {
 TEST_F(MenuCommands, RecordConfigurationOpensItsScreenOnce) {
     startLoggedIn(6);
     script.answers.insert(u"select count(fldnum) from mt.hvm_kv_worksheetfields"_s, {Row{u"0"_s}});
-    press(u"Ctrl+E"_s);
+    pressKeys(u"Ctrl+E"_s);
     const auto* before = &child(u"FormWorkConfig"_s);
     choose(u"mnuODBC"_s);
     choose(u"mnuWorkEntry"_s);

@@ -3,6 +3,7 @@
 #include "data/parameters/cal_params.h"
 #include "data/records/cal_record.h"
 #include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/records/standards.h"
 #include "testkit/engines.h"
 

@@ -104,12 +104,15 @@ TEST_F(DemoPage, NamesTheRangesAndAStandardOfEachProcessInstrument) {
         EXPECT_EQ(params.repetitions, row[1].contains(u"3 readings a point"_s) ? 3 : 1)
             << asset.toStdString();
         EXPECT_EQ(params.output_indicated, row[1].contains(u"read manually"_s)) << asset.toStdString();
+        EXPECT_EQ(params.input_indicated, row[1].contains(u"shows its input"_s)) << asset.toStdString();
         for (const auto& standard : namesIn(row[4]))
             EXPECT_EQ(CheckStandard(session, standard, asset), standardUsable) << asset.toStdString();
     }
-    EXPECT_GE(instruments, 9);
+    EXPECT_GE(instruments, 14);
     EXPECT_EQ(AssetfromSerial(session, u"6841207"_s), u"F702-01"_s);
+    EXPECT_EQ(AssetfromSerial(session, u"7112044"_s), u"F743-01"_s);
     EXPECT_EQ(AssetfromSerial(session, u"71204"_s), u"PM-100"_s);
+    EXPECT_EQ(AssetfromSerial(session, u"71391"_s), u"PM-300"_s);
     EXPECT_EQ(CheckStandard(session, u"PM-030"_s, u"TCS-802"_s), standardOverdue);
 }
 

@@ -2,6 +2,7 @@
 #include "data/assets/in_use.h"
 #include "data/parameters/cal_params.h"
 #include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "data/records/standards.h"
 #include "data/start_up.h"
 #include "platform/values/texts.h"

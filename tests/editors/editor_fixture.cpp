@@ -1,36 +1,17 @@
 #include "tests/editors/editor_fixture.h"
 
 #include "platform/database/odbc_connection.h"
-#include "testkit/screen_operator.h"
 #include "tests/editors/cal_param/cal_param_entry.h"
 #include "ui/text_box.h"
-
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
 EditorFixture::EditorFixture()
-    : database(demoDatabase()),
-      observer(database.connect()),
-      session({simulatedOperator, clock, settings},
-              [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
-      area(new QMdiArea(&window)) {
-    session.SessionDataSource = database.dsn();
-    session.SessionDateFormat = u"MM/DD/YYYY"_s;
-    session.SessionDbVersion = 6;
-    session.SessionUser = u"jdoe"_s;
-    session.SessionOwner = u"MT"_s;
-    session.SessionLevel = 6;
-    session.SessionConnected = true;
-    sharedConnection(session).open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
-    window.setCentralWidget(area);
-    window.resize(900, 700);
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-}
+    : LoggedInSession(simulatedOperator,
+                      [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
+      observer(database.connect()) {}
 
 QStringList EditorFixture::stored() const {
     const struct {
@@ -61,10 +42,6 @@ QStringList EditorFixture::contents(const QWidget& screen) {
     for (const auto* box : screen.findChildren<TextBox*>())
         all << box->text();
     return all;
-}
-
-void EditorFixture::press(const QWidget& screen, const QString& button) {
-    click(control<QPushButton>(screen, button));
 }
 
 } // namespace kelvane::testing

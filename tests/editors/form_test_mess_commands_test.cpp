@@ -51,7 +51,7 @@ class MessageCommands : public MessageScreen {};
 TEST_F(MessageCommands, ANewMessageIsInTheDatabaseBeforeItsTextIs) {
     open();
     expectName(u"O'Brien"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(script.statements, (QStringList{selectTaken(u"O''Brien"_s), insertMessage(u"O''Brien"_s)}));
     EXPECT_EQ(rows(), (QStringList{u"PERMIT"_s, u"LABEL"_s, u"O'Brien"_s}));
     EXPECT_EQ(names().currentText(), u"O'Brien"_s);
@@ -65,19 +65,19 @@ TEST_F(MessageCommands, ANewMessageIsInTheDatabaseBeforeItsTextIs) {
 TEST_F(MessageCommands, ANewMessageEnablesCancelWhereItClearsAText) {
     open();
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_TRUE(button(u"CommandCancel"_s).isEnabled());
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     expectName(u"NEXT"_s);
-    click(u"CommandSave"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandSave"_s);
+    press(u"CommandCreate"_s);
     EXPECT_FALSE(button(u"CommandCancel"_s).isEnabled());
 }
 
 TEST_F(MessageCommands, ANewMessageIsTheOneThatARefusedChoiceComesBackTo) {
     open();
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     type(u"x"_s);
     expectDiscard(BoxAnswer::no);
     QTest::keyClick(&names(), Qt::Key_Up);
@@ -90,10 +90,10 @@ TEST_F(MessageCommands, TheFirstMessageOfAllMakesSavingPossible) {
     setMessages({});
     open();
     expectName(u"FIRST"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
     type(u"Text"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements.last(), updatePrompt(u"'Text'"_s, u"FIRST"_s));
 }
 
@@ -106,7 +106,7 @@ TEST_F(MessageCommands, TheNameOfANewMessageHasNoLimitInSpiteOfThePrompt) {
             EXPECT_GT(control<QLineEdit>(dialog, u"TextCustomDialog"_s).maxLength(), 1000000);
             answerDialog(dialog, name);
         });
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(names().currentText(), name);
 }
 
@@ -116,7 +116,7 @@ TEST_F(MessageCommands, AnExistingNameIsReportedAndAskedForAgain) {
     expectName(u"LABEL"_s);
     simulatedOperator.expectBox(u"Test Message already exists!"_s, u"Add Test Message"_s, box::warning);
     expectName(u"LABEL 2"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(script.statements,
               (QStringList{selectTaken(u"LABEL"_s), selectTaken(u"LABEL 2"_s), insertMessage(u"LABEL 2"_s)}));
 }
@@ -124,7 +124,7 @@ TEST_F(MessageCommands, AnExistingNameIsReportedAndAskedForAgain) {
 TEST_F(MessageCommands, ACancelledNameChangesNothing) {
     open();
     cancelDialog();
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(rows().size(), 2);
     EXPECT_TRUE(button(u"CommandCreate"_s).hasFocus());
@@ -135,16 +135,16 @@ TEST_F(MessageCommands, CreatingWithUnsavedTextAsksFirst) {
     open();
     type(u"x"_s);
     expectDiscard(BoxAnswer::no);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
     expectDiscard(BoxAnswer::yes);
     cancelDialog();
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     // Nothing was put in its place: the text is still there.
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
     expectDiscard(BoxAnswer::yes);
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_TRUE(message().text().isEmpty());
 }
 
@@ -163,7 +163,7 @@ TEST_F(MessageCommands, WhileTheNameIsAskedTheScreenIsDisabledAndStaysOpen) {
                                        child(u"FormCalConfig"_s).close();
                                        answerDialog(dialog, u"NEW"_s);
                                    });
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     EXPECT_TRUE(message().hasFocus());
 }
@@ -174,7 +174,7 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfANewMessageLeavesTheScreen) {
         script.failures = {{statement, noTable}};
         expectName(u"NEW"_s);
         simulatedOperator.expectReport(208, u"FormTestMess,CommandCreate"_s);
-        click(u"CommandCreate"_s);
+        press(u"CommandCreate"_s);
         EXPECT_EQ(rows().size(), 2);
         EXPECT_EQ(message().text(), u"Get a permit."_s);
         EXPECT_FALSE(QApplication::overrideCursor());
@@ -197,18 +197,18 @@ TEST_F(MessageCommands, TheOpenParameterEditorIsNotifiedOfEachNewMessage) {
     auto* made = new FormTestMess(session, [&] { return isOpen ? &parameters : nullptr; });
     made->showIn(program.window.area());
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
     cancelDialog();
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     isOpen = false;
     expectName(u"NEXT"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     isOpen = true;
     script.failures.insert(insertMessage(u"THIRD"_s), noTable);
     expectName(u"THIRD"_s);
     simulatedOperator.expectReport(208, u"FormTestMess,CommandCreate"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(parameters.added, QStringList{u"NEW"_s});
     made->unload();
 }
@@ -220,12 +220,12 @@ TEST_F(MessageCommands, FromTheMenuBothEditorsFollowEachOther) {
     choose(u"mnuCalParameters"_s);
     open();
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     for (const auto& list : {u"ListPreAvail"_s, u"ListPostAvail"_s})
         EXPECT_EQ(rowsOf(control<QListWidget>(child(u"FormCalParam"_s), list)), QStringList{u"NEW"_s});
     child(u"FormCalParam"_s).close();
     expectName(u"NEXT"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(names().currentText(), u"NEXT"_s);
 }
 
@@ -234,7 +234,7 @@ TEST_F(MessageCommands, FromTheMenuBothEditorsFollowEachOther) {
 TEST_F(MessageCommands, SavingStoresTheTextWithItsQuotesDoubled) {
     open();
     type(u" It's \"so\"; 100%"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements,
               QStringList{updatePrompt(u"'Get a permit. It''s \"so\"; 100%'"_s, u"PERMIT"_s)});
     EXPECT_EQ(enabled(), (QStringList{u"Create"_s, u"Delete"_s, u"Save"_s}));
@@ -247,7 +247,7 @@ TEST_F(MessageCommands, SavingAnEmptyTextStoresNull) {
     open();
     message().selectAll();
     QTest::keyClick(&message(), Qt::Key_Delete);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements, QStringList{updatePrompt(u"NULL"_s, u"PERMIT"_s)});
 }
 
@@ -258,7 +258,7 @@ TEST_F(MessageCommands, LineBreaksAreCarriageReturnAndLineFeed) {
     type({});
     QTest::keyClick(&message(), Qt::Key_Return);
     QTest::keyClicks(&message(), u"three"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements, QStringList{updatePrompt(u"'one\r\ntwo\r\nthree'"_s, u"M"_s)});
 }
 
@@ -270,7 +270,7 @@ TEST_F(MessageCommands, AnyTextIsSavedAsItStands) {
         QGuiApplication::clipboard()->setText(text);
         message().selectAll();
         QTest::keyClick(&message(), Qt::Key_V, Qt::ControlModifier);
-        click(u"CommandSave"_s);
+        press(u"CommandSave"_s);
         EXPECT_EQ(script.statements.last(),
                   updatePrompt(u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\'', u"PERMIT"_s))
             << text.left(20).toStdString();
@@ -286,7 +286,7 @@ TEST_F(MessageCommands, ANameWithAQuotePassesAddAndDeleteAndFailsAtSave) {
     type(u"x"_s);
     script.statements.clear();
     simulatedOperator.expectReport(1, u"FormTestMess,CommandSave"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_TRUE(names().hasFocus());
     EXPECT_EQ(message().text(), u"Textx"_s);
@@ -294,7 +294,7 @@ TEST_F(MessageCommands, ANameWithAQuotePassesAddAndDeleteAndFailsAtSave) {
     EXPECT_FALSE(QApplication::overrideCursor());
 
     expectDiscard(BoxAnswer::yes);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_TRUE(script.statements.contains(deleteMessage(u"O''Brien"_s)));
 }
 
@@ -303,7 +303,7 @@ TEST_F(MessageCommands, AfterALostConnectionTheTextIsStillThere) {
     type(u"x"_s);
     script.lost = true;
     simulatedOperator.expectReport(10054, u"FormTestMess,CommandSave"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
     // It is still unsaved.
@@ -319,14 +319,14 @@ TEST_F(MessageCommands, DeletingAsksAndShowsTheFirstMessage) {
     pick(names(), u"LABEL"_s);
     script.statements.clear();
     simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::no);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_TRUE(script.statements.isEmpty());
 
     simulatedOperator.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
         setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
-        testing::click(*shown.buttons().first());
+        click(*shown.buttons().first());
     });
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_EQ(script.statements, (QStringList{selectUse(u"LABEL"_s), deleteMessage(u"LABEL"_s), selectNames,
                                               selectPrompt(u"PERMIT"_s)}));
     EXPECT_EQ(rows(), QStringList{u"PERMIT"_s});
@@ -338,9 +338,9 @@ TEST_F(MessageCommands, DeletingTheLastMessageDisablesAllButAdding) {
     open();
     simulatedOperator.expectBox(deletion, messagesTitle, box::question, [this](QMessageBox& shown) {
         setMessages({});
-        testing::click(*shown.buttons().first());
+        click(*shown.buttons().first());
     });
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_EQ(enabled(), QStringList{u"Create"_s});
     EXPECT_TRUE(rows().isEmpty());
     EXPECT_TRUE(message().text().isEmpty());
@@ -352,10 +352,10 @@ TEST_F(MessageCommands, UnsavedTextReplacesTheQuestionAboutDeletion) {
     type(u"x"_s);
     script.statements.clear();
     expectDiscard(BoxAnswer::no);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     expectDiscard(BoxAnswer::yes);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_EQ(script.statements.value(1), deleteMessage(u"LABEL"_s));
     // The first one is shown, also where another workstation has made the deleted one anew.
     EXPECT_EQ(names().currentText(), u"PERMIT"_s);
@@ -366,13 +366,13 @@ TEST_F(MessageCommands, AMessageInUseIsDeletedAfterOneMoreQuestion) {
     script.answers.insert(selectUse(u"PERMIT"_s), {Row{u"17"_s}});
     simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
     simulatedOperator.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::no);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_EQ(script.statements, QStringList{selectUse(u"PERMIT"_s)});
     EXPECT_TRUE(script.firstRowOnly.contains(selectUse(u"PERMIT"_s)));
 
     simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
     simulatedOperator.expectBox(inUse, messagesTitle, box::warningYesNo, BoxAnswer::yes);
-    click(u"CommandDelete"_s);
+    press(u"CommandDelete"_s);
     EXPECT_EQ(script.statements.value(2), deleteMessage(u"PERMIT"_s));
 }
 
@@ -382,7 +382,7 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfADeletionLeavesTheScreen) {
         script.failures = {{statement, noTable}};
         simulatedOperator.expectBox(deletion, messagesTitle, box::question, BoxAnswer::yes);
         simulatedOperator.expectReport(208, u"FormTestMess,CommandDelete"_s);
-        click(u"CommandDelete"_s);
+        press(u"CommandDelete"_s);
         EXPECT_EQ(rows().size(), 2);
         EXPECT_EQ(message().text(), u"Get a permit."_s);
     }
@@ -391,7 +391,7 @@ TEST_F(MessageCommands, AFailureOfEitherStatementOfADeletionLeavesTheScreen) {
 TEST_F(MessageCommands, BlanksForANameCancelTheQuestion) {
     open();
     expectName(u"   "_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     EXPECT_EQ(script.statements, QStringList());
     EXPECT_EQ(rows().size(), 2);
 }

@@ -166,7 +166,7 @@ TEST_F(FormTestMessTest, NothingIsAskedOnTheWayIntoSavedText) {
     open();
     enterMessage();
     type(u"x"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     enterMessage();
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
 }
@@ -268,7 +268,7 @@ TEST_F(FormTestMessTest, AMessageThatHasVanishedGivesWayToTheFirst) {
     type(u"x"_s);
     setMessages({{u"PERMIT"_s, u"Get a permit."_s}});
     simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(names().currentText(), u"PERMIT"_s);
     EXPECT_EQ(message().text(), u"Get a permit."_s);
 }
@@ -279,7 +279,7 @@ TEST_F(FormTestMessTest, CancelAsksAndReloads) {
     open();
     type(u"x"_s);
     simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::no);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(message().text(), u"Get a permit.x"_s);
     simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
     QTest::keyClick(&names(), Qt::Key_Escape);
@@ -294,19 +294,19 @@ TEST_F(FormTestMessTest, CancelWithoutAChangeDoesNothing) {
     open();
     type(u"x"_s);
     QTest::keyClick(&message(), Qt::Key_Backspace);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_TRUE(script.statements.isEmpty());
 }
 
 TEST_F(FormTestMessTest, CancellingANewMessageLeavesItWithoutAText) {
     open();
     expectName(u"NEW"_s);
-    click(u"CommandCreate"_s);
+    press(u"CommandCreate"_s);
     type(u"Not yet"_s);
     setMessages({{u"PERMIT"_s, {}}, {u"NEW"_s, {}}});
     script.statements.clear();
     simulatedOperator.expectBox(discardChanges, messagesTitle, box::question, BoxAnswer::yes);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectNames, selectPrompt(u"NEW"_s)}));
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     EXPECT_TRUE(message().text().isEmpty());

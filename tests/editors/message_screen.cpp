@@ -1,7 +1,5 @@
 #include "tests/editors/message_screen.h"
 
-#include "ui/form_custom_dialog.h"
-
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +13,7 @@ const QString createPrompt = u"Enter a name for the new test message: (30 charac
 
 } // namespace
 
-MessageScreen::MessageScreen() {
+MessageScreen::MessageScreen() : ProgramScreen(u"FormTestMess"_s, u"mnuPrompts"_s) {
     startLoggedIn(4);
     setMessages({{u"PERMIT"_s, u"Get a permit."_s}, {u"LABEL"_s, {}}});
 }
@@ -37,11 +35,6 @@ QString MessageScreen::updatePrompt(const QString& value, const QString& name) {
     return u"update mt.hvm_kv_prompts set prompt = "_s + value + u" where pname = '"_s + name + u"';commit"_s;
 }
 
-void MessageScreen::open() {
-    choose(u"mnuPrompts"_s);
-    script.statements.clear();
-}
-
 void MessageScreen::type(const QString& text) {
     if (!message().hasFocus())
         message().setFocus(Qt::ActiveWindowFocusReason);
@@ -56,20 +49,9 @@ void MessageScreen::enterMessage() {
     simulatedOperator.waitUntilAllCame();
 }
 
-QStringList MessageScreen::rows() {
-    QStringList found;
-    for (int i = 0; i < names().count(); ++i)
-        found << names().itemText(i);
-    return found;
-}
-
 QStringList MessageScreen::enabled() {
-    QStringList found;
-    for (const auto& name : {u"CommandCreate"_s, u"CommandDelete"_s, u"CommandSave"_s, u"CommandCancel"_s}) {
-        if (button(name).isEnabled())
-            found << name.mid(7);
-    }
-    return found;
+    return enabledOf({u"CommandCreate"_s, u"CommandDelete"_s, u"CommandSave"_s, u"CommandCancel"_s})
+        .replaceInStrings(u"Command"_s, QString());
 }
 
 void MessageScreen::expectName(const QString& name) {
@@ -77,8 +59,7 @@ void MessageScreen::expectName(const QString& name) {
 }
 
 void MessageScreen::cancelDialog() {
-    simulatedOperator.expectDialog(createTitle, createPrompt,
-                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
+    expectCancelledDialog(createTitle, createPrompt);
 }
 
 } // namespace kelvane::testing

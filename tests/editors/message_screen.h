@@ -1,11 +1,8 @@
 #pragma once
 
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "tests/editors/questions.h"
 #include "ui/text_box.h"
-
-#include <QComboBox>
-#include <QPushButton>
 
 namespace kelvane::testing {
 
@@ -14,7 +11,7 @@ inline const QString selectNames = QStringLiteral("select pname from mt.hvm_kv_p
 
 /// The editor of test messages, on a workstation whose database has the messages "PERMIT" ("Get a permit.")
 /// and "LABEL" (without a text), until `setMessages` says otherwise.
-class MessageScreen : public ProgramTest {
+class MessageScreen : public ProgramScreen {
   protected:
     MessageScreen();
     using Message = std::pair<QString, std::optional<QString>>;
@@ -22,18 +19,13 @@ class MessageScreen : public ProgramTest {
     static QString selectPrompt(const QString& name);
     static QString updatePrompt(const QString& value, const QString& name);
 
-    /// Opens the screen; its statements up to then are forgotten.
-    void open();
-    ChildWindow& form() { return child(QStringLiteral("FormTestMess")); }
-    QComboBox& names() { return control<QComboBox>(form(), QStringLiteral("ComboMessageName")); }
-    TextBox& message() { return control<TextBox>(form(), QStringLiteral("TextMessage")); }
-    QPushButton& button(const QString& name) { return control<QPushButton>(form(), name); }
-    void click(const QString& name) { testing::click(button(name)); }
+    QComboBox& names() { return controlNamed<QComboBox>(QStringLiteral("ComboMessageName")); }
+    TextBox& message() { return controlNamed<TextBox>(QStringLiteral("TextMessage")); }
     /// Types at the end of the text; the focus is put there without a word.
     void type(const QString& text);
     /// Clicks into the text, and lets the question come that this may bring.
     void enterMessage();
-    QStringList rows();
+    QStringList rows() { return choicesOf(names()); }
     /// The names of the buttons that are enabled, in their order on the screen.
     QStringList enabled();
     /// The dialog of a new message, answered.

@@ -38,9 +38,9 @@ class RefusedFields : public ::testing::Test {
         place.simulatedOperator.boxes.clear();
         return form;
     }
-    void save(const QWidget& form) {
+    void save() {
         place.simulatedOperator.boxes.clear();
-        place.press(form, u"CommandSave"_s);
+        place.press(u"CommandSave"_s);
     }
     /// Closing asks, and the window stays.
     void expectUnsaved(ChildWindow& form) {
@@ -67,7 +67,7 @@ TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {
         SCOPED_TRACE(name.toStdString());
         const auto value = shownBy(form, name);
         testing::show(form, name, u"1,000"_s);
-        save(form);
+        save();
         EXPECT_EQ(place.simulatedOperator.boxes.size(), 1);
         auto& field = control<QWidget>(form, name);
         EXPECT_TRUE(field.isVisible());
@@ -77,7 +77,7 @@ TEST_F(RefusedFields, OfTheParametersGetTheFocusWhereverTheyStand) {
         expectUnsaved(form);
         testing::show(form, name, value);
     }
-    save(form);
+    save();
     EXPECT_EQ(place.simulatedOperator.boxes, QStringList());
     form.close();
 }
@@ -86,7 +86,7 @@ TEST_F(RefusedFields, OfTheParametersCanBeAMessageWhoseNameHoldsAQuote) {
     auto& form = openParameters(u"PT-101"_s);
     testing::show(form, u"ListPostDisplay"_s, u"LABEL,O'BRIEN"_s);
     const auto before = place.stored();
-    save(form);
+    save();
     auto& list = control<QListWidget>(form, u"ListPostDisplay"_s);
     EXPECT_TRUE(list.hasFocus());
     EXPECT_EQ(list.currentRow(), 1);
@@ -98,7 +98,7 @@ TEST_F(RefusedFields, AnInstrumentThatWasRenumberedMeanwhileIsNamedAndNothingIsS
     executeElsewhere(u"update mt.inventory set i4201 = 'PT-101A' where i4201 = 'PT-101';commit"_s);
     testing::show(form, u"TextInputHigh"_s, u"251"_s);
     const auto before = place.stored();
-    save(form);
+    save();
     EXPECT_EQ(place.simulatedOperator.boxes.size(), 2) << "the report, then what it means";
     EXPECT_EQ(place.simulatedOperator.boxes.last(), unknownNow(u"PT-101"_s));
     EXPECT_EQ(place.stored(), before);
@@ -106,7 +106,7 @@ TEST_F(RefusedFields, AnInstrumentThatWasRenumberedMeanwhileIsNamedAndNothingIsS
     expectUnsaved(form);
     // Under its number again it is saved.
     executeElsewhere(u"update mt.inventory set i4201 = 'PT-101' where i4201 = 'PT-101A';commit"_s);
-    save(form);
+    save();
     EXPECT_EQ(place.simulatedOperator.boxes, QStringList());
     EXPECT_NE(place.stored(), before);
 }
@@ -120,7 +120,7 @@ TEST_F(RefusedFields, AnInstrumentOfAnotherOwnerIsNamedAndNothingIsStored) {
                                                             {u"ComboOutputUnits"_s, u"mA"_s}})
         testing::show(form, name, value);
     const auto before = place.stored();
-    save(form);
+    save();
     EXPECT_EQ(place.simulatedOperator.boxes.value(1), unknownNow(u"ABC-PT-1"_s));
     EXPECT_EQ(place.stored(), before);
     expectUnsaved(form);
@@ -134,7 +134,7 @@ TEST_F(RefusedFields, OfAPackageIsTheInstrumentThatWasRenumbered) {
     executeElsewhere(u"update mt.inventory set i4201 = 'RENUMBERED' where i4201 = '%1';commit"_s.arg(asset));
     control<TextBox>(form, u"TextNotes"_s).setText(u"New"_s);
     const auto before = place.stored();
-    save(form);
+    save();
     EXPECT_EQ(place.simulatedOperator.boxes.value(1), unknownNow(asset));
     EXPECT_EQ(place.stored(), before);
     EXPECT_EQ(list.currentRow(), 1);
@@ -152,7 +152,7 @@ TEST_F(RefusedFields, AStrategyThatWasDeletedMeanwhileIsNotRenamedAndCanBeSavedA
     executeElsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '%1';commit"_s.arg(name));
     const auto before = place.stored();
     place.simulatedOperator.entries = {u"RENAMED"_s};
-    place.press(form, u"CommandRename"_s);
+    place.press(u"CommandRename"_s);
     EXPECT_EQ(
         place.simulatedOperator.boxes,
         QStringList{u"This test strategy does not exist any more: it may have been deleted or renamed on "
@@ -160,7 +160,7 @@ TEST_F(RefusedFields, AStrategyThatWasDeletedMeanwhileIsNotRenamedAndCanBeSavedA
     EXPECT_EQ(place.stored(), before) << "no instrument was carried along to a name without points";
     EXPECT_EQ(rowsOf(control<QListWidget>(form, u"ListPoints"_s)), points);
     expectUnsaved(form);
-    save(form);
+    save();
     EXPECT_EQ(place.stored(), whole);
 }
 

@@ -63,7 +63,7 @@ const EditorSave saves[] = {
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openStrategies(place);
          place.simulatedOperator.entries = {u"33"_s};
-         place.press(form, u"CommandAddTP"_s);
+         place.press(u"CommandAddTP"_s);
          return form;
      },
      u"CommandSave"},
@@ -72,7 +72,7 @@ const EditorSave saves[] = {
          auto& form = openStrategies(place);
          place.simulatedOperator.entries = {u"NEW"_s, u"10"_s, u"20"_s};
          for (const auto& button : {u"CommandAdd"_s, u"CommandAddTP"_s, u"CommandAddTP"_s})
-             place.press(form, button);
+             place.press(button);
          return form;
      },
      u"CommandSave"},
@@ -125,7 +125,7 @@ const EditorSave saves[] = {
      [](EditorFixture& place) -> ChildWindow& {
          auto& form = openPackages(place);
          place.simulatedOperator.entries = {u"NEW"_s};
-         place.press(form, u"CommandAddTP"_s);
+         place.press(u"CommandAddTP"_s);
          show(form, u"ListAssets"_s, u"PT-101,TW-101"_s);
          return form;
      },
@@ -149,8 +149,8 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
     /// What the database holds after a save that nothing disturbs.
     static QStringList statementsOfSave() {
         EditorFixture place;
-        auto& form = GetParam().prepare(place);
-        place.press(form, GetParam().button.toString());
+        GetParam().prepare(place);
+        place.press(GetParam().button.toString());
         EXPECT_EQ(place.simulatedOperator.reports, 0);
         return place.stored();
     }
@@ -163,7 +163,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         const auto entered = EditorFixture::contents(form);
         place_->simulatedOperator.reports = 0;
         place_->fault = {.kind = kind, .failAt = failing};
-        place_->press(form, GetParam().button.toString());
+        place_->press(GetParam().button.toString());
         const auto fault = place_->fault;
         place_->fault.failAt = -1;
         if (fault.reached) {

@@ -97,6 +97,26 @@ class MortalLink final : public DpclnkLibrary {
     EndAtMoment& endAtMoment_;
 };
 
+class MortalLink3 final : public Dpclnk3Library {
+  public:
+    explicit MortalLink3(EndAtMoment& doom) : endAtMoment_(doom) {}
+    Status DPC3mapStep(qint32& count) override {
+        endAtMoment_.before(u"DPC3mapStep"_s);
+        return Dpclnk3Library::DPC3mapStep(count);
+    }
+    Status DPC3dnlStep(qint32& count, qint32& kept1, qint32& kept2, qint32& kept3) override {
+        endAtMoment_.before(u"DPC3dnlStep"_s);
+        return Dpclnk3Library::DPC3dnlStep(count, kept1, kept2, kept3);
+    }
+    Status DPC3uplStep(qint32& count) override {
+        endAtMoment_.before(u"DPC3uplStep"_s);
+        return Dpclnk3Library::DPC3uplStep(count);
+    }
+
+  private:
+    EndAtMoment& endAtMoment_;
+};
+
 /// What the command is carried out with.
 struct Arguments {
     QString source;
@@ -118,7 +138,7 @@ int carryOut(const Arguments& arguments) {
     MortalConnection::awake = true;
     MortalPort port(workplace.line, doom);
     MortalLink link(doom);
-    Dpclnk3Library link3;
+    MortalLink3 link3(doom);
     Calibrators calibrators{workplace.session, {port, link, link3}};
     if (arguments.instruments.isEmpty()) {
         ModuleGlobals::UploadFromCalibrator(calibrators);

@@ -1,4 +1,4 @@
-#include "tests/end_to_end/fluke702_end_to_end.h"
+#include "tests/end_to_end/fluke_calls.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,86 +11,9 @@ const QString fatalWords = u"Insufficient Memory (DPCERR_MEMORY_SIZE)"_s;
 constexpr int warning = 100;
 const QString warningWords = u": Turning off loop power (DPCWARN_BAD_LOOP)"_s;
 
-/// A call of a run that went well.
-struct Call {
-    QString operation;
-    /// How many calls of the same operation came before it.
-    int before = 0;
-
-    /// The fault of this call alone.
-    QString fault(int status) const {
-        return operation + (before > 0 ? u"+%1"_s.arg(before) : QString()) + u"*1=%1"_s.arg(status);
-    }
-};
-
-QList<Call> numberCalls(const QStringList& operations) {
-    QList<Call> calls;
-    QHash<QString, int> count;
-    for (const auto& operation : operations)
-        calls << Call{operation, count[operation]++};
-    return calls;
-}
-
 } // namespace
 
-/// Each call of a download and of an upload fails in turn; PT-103 and PT-104 lie in the registry before.
-class EachCallOfAFluke702 : public Fluke702EndToEnd {
-  protected:
-    /// Makes the library forget what faults it has counted.
-    void clearFault() {
-        fault({});
-        link.DPCclose();
-        takeHeard();
-    }
-    void expectInformation(const QString& words) { ui.expectBox(words, downloadTitle, box::information); }
-
-    /// Loads the calibrator and gives the calls of it.
-    QList<Call> callsOfADownload() {
-        screen.list = singleInstrument();
-        download();
-        return numberCalls(takeHeard());
-    }
-    const QStringList before{u"PT-103"_s, u"PT-104"_s};
-};
-
-TEST_F(EachCallOfAFluke702, ThatFailsEndsTheDownloadInItsWordsAndLeavesTheRegistry) {
-    screen.list = singleInstrument();
-    takeHeard();
-    const auto registeredBefore = registered();
-    ASSERT_EQ(registeredBefore, before);
-
-    // Record the calls in a database that is then restored.
-    execute(u"create temp table kept as select * from mt.hvm_kv_task_inuse"_s);
-    const auto calls = callsOfADownload();
-    execute(u"delete from mt.hvm_kv_task_inuse"_s);
-    execute(u"insert into mt.hvm_kv_task_inuse select * from kept"_s);
-    ASSERT_GT(calls.size(), 30);
-
-    for (const auto& call : calls) {
-        SCOPED_TRACE(call.fault(fatal).toStdString());
-        // What is called to tidy up beforehand, and the start of a state, are ignored.
-        const bool passedOver =
-            call.operation == u"MEMclear" || call.operation == u"STAinit" || call.fault(0) == u"DPCclose*1=0";
-        clearFault();
-        screen.list = singleInstrument();
-        fault(call.fault(fatal));
-        download(passedOver ? messages::downloaded : fatalWords);
-        if (!passedOver) {
-            EXPECT_EQ(registered(), before);
-            continue;
-        }
-        EXPECT_EQ(registered(), singleInstrument());
-        execute(u"delete from mt.hvm_kv_task_inuse"_s);
-        execute(u"insert into mt.hvm_kv_task_inuse select * from kept"_s);
-    }
-    clearFault();
-    download();
-    EXPECT_EQ(registered(), singleInstrument());
-    EXPECT_EQ(storedTags(), singleInstrument());
-    carryOut(singleRun());
-    upload(singleRun());
-    EXPECT_EQ(records(u"PT-101"_s), QStringList{u"N|2|5"_s});
-}
+class EachCallOfAFluke702 : public EachFlukeCall {};
 
 TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsShownAndTheDownloadGoesOn) {
     const auto calls = callsOfADownload();
@@ -139,22 +62,12 @@ TEST_F(EachCallOfAFluke702, ThatWarnsDuringTheTransferEndsItAndTheDownloadCounts
 }
 
 TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNothing) {
-    list(singleInstrument());
-    download();
-    carryOut(singleRun());
-    takeHeard();
-    upload(singleRun());
-    const auto calls = numberCalls(takeHeard());
+    const auto calls = callsOfAnUpload();
     ASSERT_GT(calls.size(), 45);
-    const auto forget = [&] {
-        execute(u"delete from mt.calibration where c2301 = '%1';delete from mt.calresults where ctag not in "
-                "(select ctag from mt.calibration);delete from mt.standards where ctag not in (select ctag "
-                "from mt.calibration);commit"_s.arg(workDay()));
-    };
     int entries = 0;
     for (const auto& call : calls) {
         SCOPED_TRACE(call.fault(fatal).toStdString());
-        forget();
+        forgetRecords();
         clearFault();
         fault(call.fault(fatal));
         expectChoice();
@@ -180,7 +93,7 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         EXPECT_EQ(registered(), singleInstrument());
     }
     EXPECT_EQ(entries, 35);
-    forget();
+    forgetRecords();
     clearFault();
     upload(singleRun());
     expectRecords(singleRun());

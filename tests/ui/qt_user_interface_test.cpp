@@ -56,12 +56,12 @@ TEST_F(ProgressTest, DisablesTheOtherWindowsAndTheMenuWhileItIsUp) {
     EXPECT_FALSE(child(u"FormODBC"_s).isEnabled());
     EXPECT_FALSE(program.window.menuBar()->isEnabled());
     EXPECT_TRUE(bar().isEnabled());
-    press(u"Ctrl+O"_s);
+    pressKeys(u"Ctrl+O"_s);
     EXPECT_EQ(findChild(u"FormCalConfig"_s), nullptr);
     program.ui.hideProgress();
     EXPECT_TRUE(child(u"FormODBC"_s).isEnabled());
     EXPECT_TRUE(program.window.menuBar()->isEnabled());
-    press(u"Ctrl+O"_s);
+    pressKeys(u"Ctrl+O"_s);
     EXPECT_NE(findChild(u"FormCalConfig"_s), nullptr);
 }
 

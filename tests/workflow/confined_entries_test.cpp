@@ -3,6 +3,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/engines.h"
+#include "testkit/forwarding_connection.h"
 #include "testkit/recorded_link.h"
 #include "testkit/recorded_link3.h"
 #include "testkit/scripted_serial_port.h"

@@ -3,7 +3,9 @@
 #include "data/assets/in_use.h"
 #include "data/parameters/cal_params.h"
 #include "drivers/fluke702/driver.h"
+#include "drivers/fluke74x/driver.h"
 #include "drivers/torquestar/driver.h"
+#include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 
 #include <cmath>
@@ -19,14 +21,39 @@ const auto everyTrouble = ::testing::Values(Trouble::fails, Trouble::isBusy, Tro
 
 } // namespace
 
-/// Two transmitters that have been calibrated with the Fluke 702, which keeps its runs.
+/// Two transmitters that have been calibrated with a Fluke, which keeps its runs.
 class FlukeUploadInTrouble : public UploadInTrouble {
   protected:
-    FlukeUploadInTrouble() {
-        instruments = {{u"PT-101"_s, u"1401"_s}, {u"PT-102"_s, u"1402"_s}};
+    FlukeUploadInTrouble() { instruments = {{u"PT-101"_s, u"1401"_s}, {u"PT-102"_s, u"1402"_s}}; }
+
+    void registerWith(const QString& serial) {
         for (const auto& instrument : std::as_const(instruments))
-            ModuleGlobals::AddInUse(session, link.serial, instrument.mtag, u"asmith"_s);
+            ModuleGlobals::AddInUse(session, serial, instrument.mtag, u"asmith"_s);
     }
+
+    /// What was applied and what was read, without an error.
+    struct Reading {
+        float applied = 0;
+        float read = 0;
+    };
+    /// Of each point, in base units; the transmitters give milliamperes.
+    QList<Reading> readingsOf(const QString& asset) {
+        const auto parameters = ModuleGlobals::GetCalParams(session, asset);
+        const auto fractions = ModuleGlobals::GetTestPointList(session, asset);
+        QList<Reading> readings;
+        for (const float fraction : fractions) {
+            const auto at = [fraction](float low, float high) { return low + fraction * (high - low); };
+            readings << Reading{at(parameters.input_low, parameters.input_high),
+                                at(parameters.output_low, parameters.output_high) / 1000};
+        }
+        return readings;
+    }
+    bool isStored(const QString&) override { return true; }
+};
+
+class Fluke702UploadInTrouble : public FlukeUploadInTrouble {
+  protected:
+    Fluke702UploadInTrouble() { registerWith(link.serial); }
 
     void calibrate(int minute) override {
         link.runs.clear();
@@ -35,29 +62,53 @@ class FlukeUploadInTrouble : public UploadInTrouble {
             run.hour = static_cast<qint16>(minute / 60);
             run.minute = static_cast<qint16>(minute % 60);
             run.second = 0;
-            const auto parameters = ModuleGlobals::GetCalParams(session, instrument.asset);
-            const auto fractions = ModuleGlobals::GetTestPointList(session, instrument.asset);
-            for (const float fraction : fractions) {
-                // In base units; the transmitters give milliamperes.
-                const auto at = [fraction](float low, float high) { return low + fraction * (high - low); };
-                run.entries << ResultEntry{at(parameters.output_low, parameters.output_high) / 1000,
-                                           at(parameters.input_low, parameters.input_high), 0};
-            }
+            for (const auto& reading : readingsOf(instrument.asset))
+                run.entries << ResultEntry{reading.read, reading.applied, 0};
             link.runs << run;
         }
     }
     QString upload() override { return Module702Interface::Fluke702_upload(driver); }
-    bool isStored(const QString&) override { return true; }
 
     RecordedLink link;
     Fluke702 driver{session, link};
 };
 
-TEST_P(FlukeUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
+TEST_P(Fluke702UploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
     tryEachStatement();
 }
 
-INSTANTIATE_TEST_SUITE_P(EachStatement, FlukeUploadInTrouble, everyTrouble);
+INSTANTIATE_TEST_SUITE_P(EachStatement, Fluke702UploadInTrouble, everyTrouble);
+
+class Fluke74xUploadInTrouble : public FlukeUploadInTrouble {
+  protected:
+    Fluke74xUploadInTrouble() { registerWith(link.serial); }
+
+    void calibrate(int minute) override {
+        link.groups.clear();
+        for (const auto& instrument : std::as_const(instruments)) {
+            StoredAtom run{.kind = 4};
+            run.time.hour = static_cast<qint16>(minute / 60);
+            run.time.minute = static_cast<qint16>(minute % 60);
+            run.time.second = 0;
+            for (const auto& reading : readingsOf(instrument.asset))
+                run.steps << StoredStep{{numberBucket(u"sprimary"_s, reading.applied),
+                                         numberBucket(u"mprimary"_s, reading.read)}};
+            const StoredAtom tag{
+                .kind = 11, .tag = instrument.asset, .serial = u"V88101"_s, .technician = u"Joe Doe"_s};
+            link.groups << StoredGroup{{StoredAtom{.kind = 18}, run, tag}};
+        }
+    }
+    QString upload() override { return Module74xInterface::Fluke74x_upload(driver); }
+
+    RecordedLink3 link;
+    Fluke74x driver{session, link};
+};
+
+TEST_P(Fluke74xUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
+    tryEachStatement();
+}
+
+INSTANTIATE_TEST_SUITE_P(EachStatement, Fluke74xUploadInTrouble, everyTrouble);
 
 /// Two tools that have been calibrated with the torque calibrator, which clears what it is asked to clear.
 class TorqueUploadInTrouble : public UploadInTrouble {

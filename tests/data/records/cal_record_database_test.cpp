@@ -1,5 +1,6 @@
 #include "data/records/cal_record.h"
 #include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/database_session.h"

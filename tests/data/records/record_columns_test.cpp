@@ -1,4 +1,4 @@
-#include "data/records/field_dictionary.h"
+#include "data/records/record_columns.h"
 #include "testkit/fixtures.h"
 #include "tests/data/records/record_statements.h"
 

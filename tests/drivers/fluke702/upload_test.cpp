@@ -1,4 +1,5 @@
 #include "testkit/fluke_fixture.h"
+#include "testkit/overheard_connection.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "drivers/torquestar/protocol.h"
+#include "drivers/torquestar/framing.h"
 #include "platform/error.h"
 #include "testkit/line_peer.h"
 

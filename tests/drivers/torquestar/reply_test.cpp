@@ -1,3 +1,4 @@
+#include "drivers/torquestar/framing.h"
 #include "tests/drivers/torquestar/protocol_fixture.h"
 
 using namespace Qt::StringLiterals;

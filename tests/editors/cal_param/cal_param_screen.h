@@ -1,30 +1,24 @@
 #pragma once
 
-#include "data/session.h"
 #include "editors/cal_param/form_cal_param.h"
-#include "testkit/screen_operator.h"
+#include "testkit/screen_window.h"
 #include "testkit/scripted_user_interface.h"
-
-#include <QMdiArea>
-#include <QPointer>
 
 namespace kelvane::testing {
 
-/// The calibration parameter editor on an area of its own, and its controls by name. Boxes and dialogs are
+/// The calibration parameter editor in a window of its own, and its controls by name. Boxes and dialogs are
 /// answered by the session's scripted operator.
-class CalParamScreen {
+class CalParamScreen : public EditorScreen<FormCalParam> {
   public:
-    CalParamScreen(Session& session, ScriptedUserInterface& ui);
+    CalParamScreen(Session& session, ScriptedUserInterface& ui) : session_(session), ui_(ui) {}
 
     /// Opens it with that instrument.
     void open(const QString& instrument);
-    FormCalParam& form() { return *form_; }
 
     /// Puts a value into a text box, selects a row of a list (empty: none), or turns an option or a check box
     /// on ("on") or off ("off").
     void set(const QString& name, const QString& value);
     QString text(const QString& name);
-    void press(const QString& button);
     QStringList rows(const QString& list);
     void fill(const QString& list, const QStringList& rows);
     void select(const QString& list, int row);
@@ -36,8 +30,6 @@ class CalParamScreen {
   private:
     Session& session_;
     ScriptedUserInterface& ui_;
-    QMdiArea area_;
-    QPointer<FormCalParam> form_;
 };
 
 } // namespace kelvane::testing

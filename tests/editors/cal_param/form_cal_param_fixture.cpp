@@ -1,9 +1,6 @@
 #include "tests/editors/cal_param/form_cal_param_fixture.h"
 
-#include "ui/form_custom_dialog.h"
-
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 
@@ -58,7 +55,7 @@ Row storedRow(std::initializer_list<std::pair<int, std::optional<QString>>> chan
     return row;
 }
 
-FormCalParamTest::FormCalParamTest() {
+FormCalParamTest::FormCalParamTest() : ProgramScreen(u"FormCalParam"_s, u"mnuCalParameters"_s) {
     startLoggedIn(4);
     script.answers.insert(countPoints(), {Row{u"8"_s}});
     script.answers.insert(selectStrategies(), {Row{u"FIVE"_s}, Row{u"THREE"_s}});
@@ -77,26 +74,20 @@ void FormCalParamTest::store(const Row& row) {
 
 void FormCalParamTest::open(const QString& asset) {
     simulatedOperator.expectDialog(calParamTitle, enterInstrument, asset);
-    choose(u"mnuCalParameters"_s);
-    script.statements.clear();
+    ProgramScreen::open();
 }
 
 void FormCalParamTest::expectCancel() {
-    simulatedOperator.expectDialog(calParamTitle, enterInstrument,
-                                   [this](FormCustomDialog& dialog) { cancel(dialog); });
+    expectCancelledDialog(calParamTitle, enterInstrument);
 }
 
 void FormCalParamTest::type(const QString& name, const QString& value) {
-    auto& box = control<QLineEdit>(form(), name);
+    auto& box = controlNamed<QLineEdit>(name);
     bringToFront(box);
-    control<QPushButton>(form(), u"CommandSave"_s).setFocus();
+    button(u"CommandSave"_s).setFocus();
     box.setFocus();
     QTest::keyClicks(&box, value);
     EXPECT_EQ(box.text(), value);
-}
-
-void FormCalParamTest::press(const QString& name) {
-    click(control<QPushButton>(form(), name));
 }
 
 void FormCalParamTest::select(const QString& asset, const std::function<void()>& then) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "testkit/scripted_params.h"
 #include "tests/editors/cal_param/cal_param_entry.h"
 #include "ui/open_windows.h"
@@ -24,7 +24,7 @@ Row storedRow(std::initializer_list<std::pair<int, std::optional<QString>>> chan
 
 /// The parameter editor in the workstation, over a database that knows the strategies FIVE and THREE and
 /// three instruments: PT-1 has parameters and messages, PT-2 and PT-3 have none.
-class FormCalParamTest : public ProgramTest {
+class FormCalParamTest : public ProgramScreen {
   protected:
     FormCalParamTest();
     /// What the database holds of PT-1.
@@ -32,12 +32,9 @@ class FormCalParamTest : public ProgramTest {
 
     void open(const QString& asset);
     void expectCancel();
-    ChildWindow& form() { return child(QStringLiteral("FormCalParam")); }
-    bool isOpen() { return findChild(QStringLiteral("FormCalParam")) != nullptr; }
     bool flag() { return isWindowOpen(session, u"FormCalParam"); }
     QString displayText(const QString& name) { return shownBy(form(), name); }
     void type(const QString& name, const QString& value);
-    void press(const QString& name);
     /// Chooses another instrument through its button; `then` expects what comes behind the question.
     void select(const QString& asset, const std::function<void()>& then = {});
     QStringList shownSubTabs();

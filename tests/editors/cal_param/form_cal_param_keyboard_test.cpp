@@ -43,7 +43,7 @@ class CalParamKeys : public FormCalParamTest {
 TEST_F(CalParamKeys, LeadFromTheMenuToASavedInstrument) {
     script.answers.insert(selectAvailable(u"PRE"_s, u"PT-2"_s), {Row{u"C"_s}, Row{u"A"_s}});
     simulatedOperator.expectDialog(calParamTitle, enterInstrument, u"PT-2"_s);
-    ProgramTest::press(u"Ctrl+P"_s);
+    pressKeys(u"Ctrl+P"_s);
     ASSERT_EQ(focus(), u"ComboTSName");
     key(Qt::Key_Down);
     goTo(u"ListPreAvail"_s);
@@ -86,7 +86,7 @@ TEST_F(CalParamKeys, LeadFromTheMenuToASavedInstrument) {
     EXPECT_TRUE(script.statements[2].endsWith(u"'PRE','0','A');commit"_s));
     EXPECT_TRUE(script.statements[3].endsWith(u"'PRE','1','C');commit"_s));
     EXPECT_FALSE(QApplication::overrideCursor());
-    ProgramTest::press(u"Ctrl+F4"_s);
+    pressKeys(u"Ctrl+F4"_s);
     EXPECT_FALSE(isOpen());
 }
 

@@ -32,14 +32,14 @@ TEST_F(PackageCommands, AnInstrumentIsAddedAsTypedAndTheEntryIsReadyForTheNext) 
     EXPECT_TRUE(entry().hasFocus());
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s, u"Cancel"_s, u"Remove"_s}));
     QTest::keyClicks(&entry(), u"A-4"_s);
-    click(u"CommandAdd"_s);
+    press(u"CommandAdd"_s);
     EXPECT_EQ(rows().last(), u"A-4"_s);
 }
 
 TEST_F(PackageCommands, AnEmptyEntryAddsNothingAndSaysNothing) {
     open();
     QTest::keyClick(&entry(), Qt::Key_Return);
-    click(u"CommandAdd"_s);
+    press(u"CommandAdd"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(rows().size(), 2);
 }
@@ -95,15 +95,15 @@ TEST_F(PackageCommands, AFailedQueryOfAnInstrumentIsReportedAndCountsAsUnknown) 
 
 TEST_F(PackageCommands, RemovingNeedsASelectedInstrument) {
     open();
-    click(u"CommandRemove"_s);
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows().size(), 2);
     EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
     assets().setCurrentRow(0);
-    click(u"CommandRemove"_s);
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Save"_s, u"Cancel"_s, u"Remove"_s}));
     // The next one is not selected by itself, but the keyboard stands on it.
-    click(u"CommandRemove"_s);
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
     assets().setFocus();
     QTest::keyClick(&assets(), Qt::Key_Delete);
@@ -129,7 +129,7 @@ TEST_F(PackageCommands, ANewPackageStartsEmptyAndExistsOnceItIsSaved) {
 
     add(u"A-5"_s);
     script.statements.clear();
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     const auto tag = newTag();
     EXPECT_EQ(ownStatements(),
               deletes(u"O'B"_s) +
@@ -173,7 +173,7 @@ TEST_F(PackageCommands, ANameHasAtMostThirtyCharacters) {
     simulatedOperator.expectDialog(
         u"Add New Task Package"_s, u"Enter a name for the new test strategy (30 chars max!):"_s,
         [](FormCustomDialog& dialog) { answerDialog(dialog, u"N"_s.repeated(31)); });
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(names().currentText(), u"N"_s.repeated(30));
 }
 
@@ -183,7 +183,7 @@ TEST_F(PackageCommands, AnExistingNameIsReportedAndAskedForAgain) {
     expectName(u"LIST"_s);
     simulatedOperator.expectBox(u"Task Package Already Exists!"_s, u"Add New Task Package"_s, box::warning);
     expectName(u"LIST 2"_s);
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(script.statements, (QStringList{selectTaken(u"LIST"_s), selectTaken(u"LIST 2"_s)}));
     EXPECT_EQ(names().currentText(), u"LIST 2"_s);
 }
@@ -193,7 +193,7 @@ TEST_F(PackageCommands, ACancelledNameLoadsThePackageAgainWithoutAQuestionAboutC
     add(u"A-3"_s);
     script.statements.clear();
     cancelDialog();
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"LIST"_s), selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Remove"_s}));
@@ -205,7 +205,7 @@ TEST_F(PackageCommands, ACancelledFirstNameLeavesTheScreenDisabled) {
     setPackages({});
     open();
     cancelDialog();
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage({}), selectTasks}));
     EXPECT_EQ(enabled(), QStringList{u"AddTP"_s});
     EXPECT_FALSE(names().isEnabled());
@@ -227,7 +227,7 @@ TEST_F(PackageCommands, WhileTheNameIsAskedThePackagesAreDisabledAndTheScreenSta
                                        EXPECT_EQ(openChildren().count(u"FormPredefinedTasks"_s), 1);
                                        answerDialog(dialog, u"NEW"_s);
                                    });
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
 }
 
@@ -243,7 +243,7 @@ TEST_F(PackageCommands, AFailedQueryOfANameIsReportedUnderTheStrategiesName) {
     script.statements.clear();
     expectName(u"NEW"_s);
     simulatedOperator.expectReport(208, u"FormStrategies,CommandAdd"_s);
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     // Everything that was entered is there again.
     EXPECT_EQ(script.statements, QStringList{selectTaken(u"NEW"_s)});
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
@@ -261,10 +261,10 @@ TEST_F(PackageCommands, CancellingANewPackageDropsItsName) {
     create(u"NEW"_s);
     script.statements.clear();
     simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(names().currentText(), u"NEW"_s);
     simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"NEW"_s), selectTasks, selectPackage(u"LIST"_s),
                                               selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(tasks(), QStringList{u"LIST"_s});
@@ -286,13 +286,13 @@ TEST_F(PackageCommands, RemovingAsksAndShowsTheFirstPackageThatIsLeft) {
     setPackages({{.name = u"O"_s, .letter = u"M"_s, .value = u"X"_s}, {.name = u"LIST"_s, .letter = u"A"_s}});
     open();
     simulatedOperator.expectBox(deletion, packagesTitle, box::question, BoxAnswer::no);
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     simulatedOperator.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
         setPackages({{.name = u"LIST"_s, .letter = u"A"_s}});
-        testing::click(*shown.buttons().first());
+        click(*shown.buttons().first());
     });
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements, deletes(u"O"_s) + (QStringList{selectTasks, selectPackage(u"LIST"_s),
                                                                 selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(tasks(), QStringList{u"LIST"_s});
@@ -305,13 +305,13 @@ TEST_F(PackageCommands, RemovingTheLastPackageLeavesOnlyAdding) {
     open();
     simulatedOperator.expectBox(deletion, packagesTitle, box::question, [this](QMessageBox& shown) {
         setPackages({});
-        testing::click(*shown.buttons().first());
+        click(*shown.buttons().first());
     });
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_EQ(enabled(), QStringList{u"AddTP"_s});
     EXPECT_TRUE(rows().isEmpty());
     cancelDialog();
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
     form().close();
     EXPECT_EQ(findChild(u"FormPredefinedTasks"_s), nullptr);
 }
@@ -320,11 +320,11 @@ TEST_F(PackageCommands, UnsavedChangesReplaceTheQuestionAboutRemoval) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
     expectDiscard(BoxAnswer::no);
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(notes().text(), u"x"_s);
     expectDiscard(BoxAnswer::yes);
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"LIST"_s));
 }
 
@@ -334,7 +334,7 @@ TEST_F(PackageCommands, AFailureOfEachStatementOfARemovalIsReportedAndThePackage
         script.failures = {{statement, noTable}};
         simulatedOperator.expectBox(deletion, packagesTitle, box::question, BoxAnswer::yes);
         simulatedOperator.expectReport(208, u"FormPredefinedTasks,CommandRemoveTP"_s);
-        click(u"CommandRemoveTP"_s);
+        press(u"CommandRemoveTP"_s);
         EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
         EXPECT_EQ(script.statements.last(), statement);
         EXPECT_FALSE(QApplication::overrideCursor());
@@ -344,13 +344,13 @@ TEST_F(PackageCommands, AFailureOfEachStatementOfARemovalIsReportedAndThePackage
 TEST_F(PackageCommands, CancelAsksAndLoadsThePackageAgain) {
     open();
     assets().setCurrentRow(1);
-    click(u"CommandRemove"_s);
+    press(u"CommandRemove"_s);
     QTest::keyClicks(&notes(), u"x"_s);
     simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::no);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_EQ(script.statements, (QStringList{selectPackage(u"LIST"_s), selectAssets(u"TAG OF LIST"_s)}));
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));
     EXPECT_TRUE(notes().text().isEmpty());
@@ -360,7 +360,7 @@ TEST_F(PackageCommands, CancelAsksAndLoadsThePackageAgain) {
 TEST_F(PackageCommands, CancelWithoutAChangeDoesNothing) {
     open();
     QTest::keyClicks(&entry(), u"A-3"_s);
-    click(u"CommandCancel"_s);
+    press(u"CommandCancel"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_EQ(entry().text(), u"A-3"_s);
 }

@@ -36,7 +36,7 @@ TEST_F(PackageSave, AMissingEntryIsReportedAndStopsTheSave) {
         option(testCase.option);
         script.statements.clear();
         simulatedOperator.expectBox(testCase.message, packagesTitle, box::warning);
-        click(u"CommandSave"_s);
+        press(u"CommandSave"_s);
         EXPECT_TRUE(script.statements.isEmpty()) << testCase.option.toStdString();
         EXPECT_TRUE(controlNamed<QWidget>(testCase.focus).hasFocus()) << testCase.option.toStdString();
         EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
@@ -62,7 +62,7 @@ TEST_F(PackageSave, EachKindIsSavedIntoItsColumnWithQuotesDoubled) {
         else
             typeValue(u"it's"_s);
         script.statements.clear();
-        click(u"CommandSave"_s);
+        press(u"CommandSave"_s);
         tags << newTag();
         EXPECT_EQ(ownStatements(), deletes(u"LIST"_s)
                                        << insertPackage(u"LIST"_s, tags.last(), testCase.values, u"NULL"_s));
@@ -75,7 +75,7 @@ TEST_F(PackageSave, EachKindIsSavedIntoItsColumnWithQuotesDoubled) {
 TEST_F(PackageSave, ClearingOldTablesComesBeforeTheDeletion) {
     open();
     QTest::keyClicks(&notes(), u"x"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     const auto sweep = u"delete from mt.hvm_kv_task_packages where created_on < now(*) - 90;commit"_s;
     EXPECT_LT(script.statements.indexOf(sweep), script.statements.indexOf(deletes(u"LIST"_s).first()));
     EXPECT_GE(script.statements.indexOf(sweep), 0);
@@ -87,12 +87,12 @@ TEST_F(PackageSave, NotesOfSeveralLinesAreSavedAndEmptyOnesAreNull) {
     QTest::keyClicks(&notes(), u"It's"_s);
     QTest::keyClick(&notes(), Qt::Key_Return);
     QTest::keyClicks(&notes(), u"so"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_TRUE(script.statements.contains(
         insertPackage(u"LIST"_s, newTag(), u"'A',NULL,NULL,NULL,NULL"_s, u"'It''s\r\nso'"_s)));
     notes().selectAll();
     QTest::keyClick(&notes(), Qt::Key_Delete);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_TRUE(script.statements.contains(
         insertPackage(u"LIST"_s, newTag(), u"'A',NULL,NULL,NULL,NULL"_s, u"NULL"_s)));
 }
@@ -101,7 +101,7 @@ TEST_F(PackageSave, AListThatBecomesAStatementIsNotWritten) {
     open();
     option(u"SQL"_s);
     QTest::keyClicks(&sql(), u"select 1"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     for (const auto& statement : ownStatements())
         EXPECT_FALSE(statement.startsWith(u"insert into mt.hvm_kv_task_assets"_s));
 }
@@ -117,7 +117,7 @@ TEST_F(PackageSave, AnyTextIsSavedAsItStands) {
             field->selectAll();
             QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
         }
-        click(u"CommandSave"_s);
+        press(u"CommandSave"_s);
         const auto safe = u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\'';
         EXPECT_TRUE(script.statements.contains(
             insertPackage(u"LIST"_s, newTag(), u"'S',"_s + safe + u",NULL,NULL,NULL"_s, safe)))
@@ -132,7 +132,7 @@ TEST_F(PackageSave, AValueOfAMillionCharactersIsNotCut) {
     QGuiApplication::clipboard()->setText(text);
     value().setFocus();
     QTest::keyClick(value().lineEdit(), Qt::Key_V, Qt::ControlModifier);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_TRUE(script.statements.contains(
         insertPackage(u"LIST"_s, newTag(), u"'M',NULL,NULL,'"_s + text + u"',NULL"_s, u"NULL"_s)));
     script.statements.clear();
@@ -151,7 +151,7 @@ TEST_F(PackageSave, AFailureOfEachStatementOfASaveIsReportedAndTheScreenKeepsIts
     for (const auto& statement : failing) {
         script.failures = {{statement, noTable}};
         simulatedOperator.expectReport(208, u"FormPredefinedTasks,CommandSave"_s);
-        click(u"CommandSave"_s);
+        press(u"CommandSave"_s);
         EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s, u"A-3"_s}));
         EXPECT_EQ(notes().text(), u"Note"_s);
         EXPECT_TRUE(button(u"CommandSave"_s).isEnabled());
@@ -160,7 +160,7 @@ TEST_F(PackageSave, AFailureOfEachStatementOfASaveIsReportedAndTheScreenKeepsIts
     }
     // Once the reason is gone, the save can be repeated.
     script.failures.clear();
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_EQ(script.statements.last(), insertAsset(newTag(), u"A-3"_s));
     EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
 }
@@ -171,7 +171,7 @@ TEST_F(PackageSave, AConnectionLostAtASaveKeepsTheScreen) {
     script.lost = true;
     simulatedOperator.expectReport(10054, u"ModuleGlobals,ClearSystemTables"_s);
     simulatedOperator.expectReport(10054, u"FormPredefinedTasks,CommandSave"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(notes().text(), u"Note"_s);
     EXPECT_EQ(rows(), (QStringList{u"A-1"_s, u"A-2"_s}));

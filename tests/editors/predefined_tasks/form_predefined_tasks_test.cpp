@@ -176,16 +176,16 @@ TEST_F(FormPredefinedTasksTest, AfterASaveACancelOrTheSameChoiceAChosenPackageCo
     const std::function<void()> ends[] = {
         [this] {
             QTest::keyClicks(&notes(), u"x"_s);
-            click(u"CommandSave"_s);
+            press(u"CommandSave"_s);
         },
         [this] {
             QTest::keyClicks(&notes(), u"x"_s);
             simulatedOperator.expectBox(discardChanges, packagesTitle, box::question, BoxAnswer::yes);
-            click(u"CommandCancel"_s);
+            press(u"CommandCancel"_s);
         },
         [this] {
             cancelDialog();
-            click(u"CommandAddTP"_s);
+            press(u"CommandAddTP"_s);
         },
         [this] { chooseRow(names(), u"MODEL"_s); },
     };
@@ -288,7 +288,7 @@ TEST_F(FormPredefinedTasksTest, ANewPackageIsOpenForEntriesAfterOneThatCouldNotB
     open();
     create(u"NEW"_s);
     add(u"A-1"_s);
-    click(u"CommandSave"_s);
+    press(u"CommandSave"_s);
     EXPECT_TRUE(notes().isEnabled());
     EXPECT_EQ(enabled(), (QStringList{u"AddTP"_s, u"RemoveTP"_s, u"Remove"_s}));
 }
@@ -303,7 +303,7 @@ TEST_F(FormPredefinedTasksTest, ANameWithAQuoteCantBeLoadedButCanBeRemoved) {
     EXPECT_EQ(script.statements, QStringList());
     simulatedOperator.expectBox(u"Are you sure you want to delete the selected task package?"_s,
                                 packagesTitle, box::question, BoxAnswer::yes);
-    click(u"CommandRemoveTP"_s);
+    press(u"CommandRemoveTP"_s);
     EXPECT_EQ(script.statements.mid(0, 2), deletes(u"O'B"_s));
 }
 
@@ -325,7 +325,7 @@ TEST_F(FormPredefinedTasksTest, ClosingAsksOnlyWithAChangeAndKeepsThePosition) {
 TEST_F(FormPredefinedTasksTest, AnotherOrderOfTheListIsNoChange) {
     open();
     assets().setCurrentRow(0);
-    click(u"CommandRemove"_s);
+    press(u"CommandRemove"_s);
     add(u"A-1"_s);
     EXPECT_EQ(rows(), (QStringList{u"A-2"_s, u"A-1"_s}));
     form().close();

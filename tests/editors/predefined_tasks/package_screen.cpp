@@ -3,7 +3,6 @@
 #include "data/assets/assets.h"
 #include "data/assets/in_use.h"
 #include "data/parameters/cal_params.h"
-#include "ui/form_custom_dialog.h"
 
 #include <QAbstractItemView>
 #include <QRadioButton>
@@ -26,7 +25,7 @@ QString quote(const QString& name) {
 
 } // namespace
 
-PackageScreen::PackageScreen() {
+PackageScreen::PackageScreen() : ProgramScreen(u"FormPredefinedTasks"_s, u"mnuPredefined"_s) {
     startLoggedIn(4);
     for (int i = 1; i < 10; ++i)
         configure(u"A-%1"_s.arg(i));
@@ -100,15 +99,6 @@ QString PackageScreen::insertAsset(const QString& tag, const QString& asset) {
            u"',(select mtag from MT.inventory where i4201 = '"_s + asset + u"'));commit"_s;
 }
 
-void PackageScreen::open() {
-    choose(u"mnuPredefined"_s);
-    script.statements.clear();
-}
-
-void PackageScreen::click(const QString& name) {
-    testing::click(button(name));
-}
-
 void PackageScreen::option(const QString& name) {
     auto& shown = controlNamed<QRadioButton>(u"Option"_s + name);
     QTest::mouseClick(&shown, Qt::LeftButton, {}, QPoint(8, shown.height() / 2));
@@ -136,35 +126,10 @@ void PackageScreen::add(const QString& asset) {
     QTest::keyClick(&entry(), Qt::Key_Return);
 }
 
-QStringList PackageScreen::rows() {
-    QStringList found;
-    for (int i = 0; i < assets().count(); ++i)
-        found << assets().item(i)->text();
-    return found;
-}
-
-QStringList PackageScreen::choices() {
-    QStringList found;
-    for (int i = 0; i < value().count(); ++i)
-        found << value().itemText(i);
-    return found;
-}
-
-QStringList PackageScreen::tasks() {
-    QStringList found;
-    for (int i = 0; i < names().count(); ++i)
-        found << names().itemText(i);
-    return found;
-}
-
 QStringList PackageScreen::enabled() {
-    QStringList found;
-    for (const auto& name : {u"CommandAddTP"_s, u"CommandRemoveTP"_s, u"CommandSave"_s, u"CommandCancel"_s,
-                             u"CommandRemove"_s}) {
-        if (button(name).isEnabled())
-            found << name.mid(7);
-    }
-    return found;
+    return enabledOf({u"CommandAddTP"_s, u"CommandRemoveTP"_s, u"CommandSave"_s, u"CommandCancel"_s,
+                      u"CommandRemove"_s})
+        .replaceInStrings(u"Command"_s, QString());
 }
 
 void PackageScreen::expectName(const QString& name) {
@@ -172,12 +137,12 @@ void PackageScreen::expectName(const QString& name) {
 }
 
 void PackageScreen::cancelDialog() {
-    simulatedOperator.expectDialog(addTitle, addPrompt, [this](FormCustomDialog& dialog) { cancel(dialog); });
+    expectCancelledDialog(addTitle, addPrompt);
 }
 
 void PackageScreen::create(const QString& name) {
     expectName(name);
-    click(u"CommandAddTP"_s);
+    press(u"CommandAddTP"_s);
 }
 
 QString PackageScreen::newTag() {

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "tests/editors/questions.h"
+#include "ui/list_rows.h"
 #include "ui/text_box.h"
 
-#include <QComboBox>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 
 namespace kelvane::testing {
 
@@ -30,7 +28,7 @@ struct StoredPackage {
 
 /// The editor of predefined task packages, on a workstation whose database has the package "LIST" of the
 /// instruments, until `setPackages` says otherwise. are configured instruments.
-class PackageScreen : public ProgramTest {
+class PackageScreen : public ProgramScreen {
   protected:
     PackageScreen();
     void setPackages(const QList<StoredPackage>& packages);
@@ -44,29 +42,20 @@ class PackageScreen : public ProgramTest {
                                  const QString& notes);
     static QString insertAsset(const QString& tag, const QString& asset);
 
-    /// Opens the screen; its statements up to then are forgotten.
-    void open();
-    ChildWindow& form() { return child(QStringLiteral("FormPredefinedTasks")); }
-    template <class Control>
-    Control& controlNamed(const QString& name) {
-        return control<Control>(form(), name);
-    }
     QComboBox& names() { return controlNamed<QComboBox>(QStringLiteral("ComboTPName")); }
     QComboBox& value() { return controlNamed<QComboBox>(QStringLiteral("ComboSelectList")); }
     QListWidget& assets() { return controlNamed<QListWidget>(QStringLiteral("ListAssets")); }
     QLineEdit& entry() { return controlNamed<QLineEdit>(QStringLiteral("TextListEnter")); }
     TextBox& notes() { return controlNamed<TextBox>(QStringLiteral("TextNotes")); }
     TextBox& sql() { return controlNamed<TextBox>(QStringLiteral("TextSQL")); }
-    QPushButton& button(const QString& name) { return controlNamed<QPushButton>(name); }
-    void click(const QString& name);
     /// Turns an option on, by its name without "Option".
     void option(const QString& name);
     QString optionOn();
     void typeValue(const QString& text);
     void add(const QString& asset);
-    QStringList rows();
-    QStringList choices();
-    QStringList tasks();
+    QStringList rows() { return rowsOf(assets()); }
+    QStringList choices() { return choicesOf(value()); }
+    QStringList tasks() { return choicesOf(names()); }
     /// Which of the five buttons of the packages are enabled: "AddTP", "RemoveTP", "Save", "Cancel",
     /// "Remove".
     QStringList enabled();

@@ -1,5 +1,5 @@
 // The screen in the whole workstation, with the real dialogs.
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "tests/editors/strategies/strategies_screen.h"
 #include "ui/form_custom_dialog.h"
 #include "ui/list_rows.h"
@@ -23,19 +23,16 @@ const QString pointPrompt = u"Enter the test point to add: (%)"_s;
 
 } // namespace
 
-class StrategiesInTheProgram : public ProgramTest {
+class StrategiesInTheProgram : public ProgramScreen {
   protected:
-    StrategiesInTheProgram() {
+    StrategiesInTheProgram() : ProgramScreen(u"FormStrategies"_s, u"mnuStrategies"_s) {
         startLoggedIn(4);
         script.answers[selectNames()] = {Row{u"FIVE"_s}};
         script.answers[selectPoints(u"FIVE"_s)] = {Row{u"0"_s}, Row{u"100"_s}};
-        choose(u"mnuStrategies"_s);
-        script.statements.clear();
+        open();
     }
-    ChildWindow& form() { return child(u"FormStrategies"_s); }
-    QPushButton& button(const QString& name) { return control<QPushButton>(form(), name); }
-    QStringList points() { return rowsOf(control<QListWidget>(form(), u"ListPoints"_s)); }
-    QString name() { return control<QComboBox>(form(), u"ComboTSNames"_s).currentText(); }
+    QStringList points() { return rowsOf(controlNamed<QListWidget>(u"ListPoints"_s)); }
+    QString name() { return controlNamed<QComboBox>(u"ComboTSNames"_s).currentText(); }
 
     static QLineEdit& field(FormCustomDialog& dialog) {
         return control<QLineEdit>(dialog, u"TextCustomDialog"_s);
@@ -53,7 +50,7 @@ class StrategiesInTheProgram : public ProgramTest {
             paste(dialog, text);
             accept(dialog);
         });
-        click(button(u"CommandAdd"_s));
+        press(u"CommandAdd"_s);
     }
 };
 
@@ -83,7 +80,7 @@ TEST_F(StrategiesInTheProgram, AnEmptyNameIsRefusedByTheDialogAndNeverReachesThe
         EXPECT_TRUE(script.statements.isEmpty());
         cancel(dialog);
     });
-    click(button(u"CommandAdd"_s));
+    press(u"CommandAdd"_s);
     EXPECT_EQ(script.statements, loadOf(u"FIVE"_s, u"FIVE"_s));
     EXPECT_EQ(name(), u"FIVE"_s);
 }
@@ -112,8 +109,7 @@ TEST_F(StrategiesInTheProgram, OddNamesAreTakenAsTheyAreAndAtMostThirtyCharacter
         simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
                                     u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
         form().close();
-        choose(u"mnuStrategies"_s);
-        script.statements.clear();
+        open();
     }
 }
 
@@ -128,7 +124,7 @@ TEST_F(StrategiesInTheProgram, WhatIsNoNumberIsRefusedByTheDialogItself) {
             accept(dialog);
             cancel(dialog);
         });
-        click(button(u"CommandAddTP"_s));
+        press(u"CommandAddTP"_s);
         EXPECT_TRUE(simulatedOperator.hasMetAll());
         EXPECT_EQ(points(), (QStringList{u"0"_s, u"100"_s}));
         EXPECT_FALSE(button(u"CommandSave"_s).isEnabled());
@@ -141,7 +137,7 @@ TEST_F(StrategiesInTheProgram, ANumberOfAMillionDigitsIsAPointLikeAnyOther) {
         paste(dialog, longPoint);
         accept(dialog);
     });
-    click(button(u"CommandAddTP"_s));
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(points(), (QStringList{u"0"_s, u"100"_s, longPoint}));
 }
 
@@ -163,12 +159,12 @@ TEST_F(StrategiesInTheProgram, TheMenusCommandMeanwhileOnlyBringsTheScreenForwar
         EXPECT_EQ(&form(), before);
         form().close();
         EXPECT_EQ(&form(), before);
-        click(button(u"CommandSave"_s));
-        click(button(u"CommandAdd"_s));
+        press(u"CommandSave"_s);
+        press(u"CommandAdd"_s);
         EXPECT_TRUE(dialog.isOpen());
         answerDialog(dialog, u"50"_s);
     });
-    click(button(u"CommandAddTP"_s));
+    press(u"CommandAddTP"_s);
     EXPECT_EQ(points(), (QStringList{u"0"_s, u"100"_s, u"50"_s}));
     EXPECT_TRUE(script.statements.isEmpty());
 }

@@ -10,13 +10,6 @@ void StrategiesScreen::open(Session& session, OpenCalParam* calParam) {
     EditorScreen::open(session, [calParam] { return calParam; });
 }
 
-QStringList StrategiesScreen::allNames() {
-    QStringList all;
-    for (int row = 0; row < names().count(); ++row)
-        all << names().itemText(row);
-    return all;
-}
-
 QStringList StrategiesScreen::points() {
     return rowsOf(list());
 }

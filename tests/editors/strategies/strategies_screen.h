@@ -29,7 +29,7 @@ class StrategiesScreen : public EditorScreen<FormStrategies> {
     QListWidget& list() { return controlNamed<QListWidget>(QStringLiteral("ListPoints")); }
 
     QString name() { return names().currentText(); }
-    QStringList allNames();
+    QStringList allNames() { return choicesOf(names()); }
     QStringList points();
     int selected();
     /// The names of the controls that can be used, of those that are ever enabled or disabled.

@@ -1,5 +1,6 @@
 #include "data/journal/journal.h"
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
+#include "ui/list_rows.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -21,9 +22,9 @@ QString discardQuestion(const QString& asset) {
 } // namespace
 
 /// A workstation whose journal holds the results of two instruments.
-class FormUnfinishedResultsTest : public ProgramTest {
+class FormUnfinishedResultsTest : public ProgramScreen {
   protected:
-    FormUnfinishedResultsTest() {
+    FormUnfinishedResultsTest() : ProgramScreen(u"FormUnfinishedResults"_s) {
         session.SessionDataSource = u"Calibration Data"_s;
         add(u"TW-1001"_s, u"2026-03-17"_s);
         add(u"TW-1002"_s, u"2026-03-18"_s);
@@ -42,17 +43,8 @@ class FormUnfinishedResultsTest : public ProgramTest {
         Journal(session).add(entry);
     }
 
-    ChildWindow& form() { return child(u"FormUnfinishedResults"_s); }
-    bool isOpen() { return findChild(u"FormUnfinishedResults"_s) != nullptr; }
-    QTreeWidget& results() { return control<QTreeWidget>(form(), u"ListResults"_s); }
-    QPushButton& button(const QString& name) { return control<QPushButton>(form(), name); }
-    QStringList readings() {
-        auto& list = control<QListWidget>(form(), u"ListReadings"_s);
-        QStringList rows;
-        for (int row = 0; row < list.count(); ++row)
-            rows << list.item(row)->text();
-        return rows;
-    }
+    QTreeWidget& results() { return controlNamed<QTreeWidget>(u"ListResults"_s); }
+    QStringList readings() { return rowsOf(controlNamed<QListWidget>(u"ListReadings"_s)); }
     QStringList rowTexts(int row) {
         QStringList texts;
         for (int column = 0; column < results().columnCount(); ++column)
@@ -95,7 +87,7 @@ TEST_F(FormUnfinishedResultsTest, ShowsTheReadingsOfTheChosenResult) {
 TEST_F(FormUnfinishedResultsTest, DiscardAsksAndKeepsTheResultOnNo) {
     startLoggedIn(4);
     simulatedOperator.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::no);
-    click(button(u"CommandDiscard"_s));
+    press(u"CommandDiscard"_s);
     EXPECT_EQ(unfinishedAssets(), (QStringList{u"TW-1001"_s, u"TW-1002"_s}));
     EXPECT_EQ(results().topLevelItemCount(), 2);
 }
@@ -103,7 +95,7 @@ TEST_F(FormUnfinishedResultsTest, DiscardAsksAndKeepsTheResultOnNo) {
 TEST_F(FormUnfinishedResultsTest, DiscardEndsTheResultAndChoosesTheNextOne) {
     startLoggedIn(4);
     simulatedOperator.expectBox(discardQuestion(u"TW-1001"_s), title, box::question, BoxAnswer::yes);
-    click(button(u"CommandDiscard"_s));
+    press(u"CommandDiscard"_s);
     EXPECT_EQ(unfinishedAssets(), QStringList{u"TW-1002"_s});
     EXPECT_EQ(readings().first(), u"TW-1002 first");
 }
@@ -112,7 +104,7 @@ TEST_F(FormUnfinishedResultsTest, ClosesWhenNothingIsLeft) {
     startLoggedIn(4);
     for (const auto& asset : {u"TW-1001"_s, u"TW-1002"_s}) {
         simulatedOperator.expectBox(discardQuestion(asset), title, box::question, BoxAnswer::yes);
-        click(button(u"CommandDiscard"_s));
+        press(u"CommandDiscard"_s);
     }
     EXPECT_FALSE(isOpen());
     EXPECT_TRUE(unfinishedAssets().isEmpty());
@@ -126,7 +118,7 @@ TEST_F(FormUnfinishedResultsTest, StaysOpenWhileItsQuestionIsOnTheScreen) {
                                     EXPECT_TRUE(isOpen());
                                     box.reject();
                                 });
-    click(button(u"CommandDiscard"_s));
+    press(u"CommandDiscard"_s);
     EXPECT_TRUE(isOpen());
     EXPECT_EQ(unfinishedAssets().size(), 2);
 }

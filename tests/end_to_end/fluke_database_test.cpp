@@ -1,5 +1,5 @@
 #include "tests/end_to_end/database_trouble.h"
-#include "tests/end_to_end/fluke702_end_to_end.h"
+#include "tests/end_to_end/fluke_end_to_end.h"
 #include "tests/platform/errors.h"
 
 #include <QDir>
@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-class Fluke702EndToEndWithADatabaseFault : public Fluke702EndToEnd {
+class FlukeEndToEndWithADatabaseFault : public FlukeEndToEnd {
   protected:
     void bringBack() {
         list(singleInstrument());
@@ -20,8 +20,7 @@ class Fluke702EndToEndWithADatabaseFault : public Fluke702EndToEnd {
     OtherWriter other{database.file(u"mt.db"_s)};
 };
 
-TEST_F(Fluke702EndToEndWithADatabaseFault,
-       AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
+TEST_F(FlukeEndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
     list(singleInstrument());
     mt.corrupt();
     ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
@@ -36,7 +35,7 @@ TEST_F(Fluke702EndToEndWithADatabaseFault,
 }
 
 // The calibrator keeps its results, so that nothing is lost with the connection.
-TEST_F(Fluke702EndToEndWithADatabaseFault,
+TEST_F(FlukeEndToEndWithADatabaseFault,
        AConnectionLostDuringAnUploadIsReportedAndTheNextUploadMakesTheRecords) {
     bringBack();
     const auto onCalibrator = held();
@@ -55,7 +54,7 @@ TEST_F(Fluke702EndToEndWithADatabaseFault,
     EXPECT_EQ(withoutRecord(), QStringList());
 }
 
-TEST_F(Fluke702EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsError75) {
+TEST_F(FlukeEndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsError75) {
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
@@ -70,7 +69,7 @@ TEST_F(Fluke702EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUp
     expectRecords(twoRuns());
 }
 
-TEST_F(Fluke702EndToEndWithADatabaseFault, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
+TEST_F(FlukeEndToEndWithADatabaseFault, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
     list(singleInstrument());
     other.lock();
     ui.expectReport(busy, u"FormDockingDown,Download"_s);
@@ -83,7 +82,7 @@ TEST_F(Fluke702EndToEndWithADatabaseFault, ADownloadThatCantMakeItsPackageSaysNo
 }
 
 // The run is still there for the next upload, and in the journal.
-TEST_F(Fluke702EndToEndWithADatabaseFault, ARecordThatCantBeWrittenIsReportedAndComesWithTheNextUpload) {
+TEST_F(FlukeEndToEndWithADatabaseFault, ARecordThatCantBeWrittenIsReportedAndComesWithTheNextUpload) {
     bringBack();
     expectChoice();
     expectRecord(u"PT-101"_s, [&] { other.lock(); });

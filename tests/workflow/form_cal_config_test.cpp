@@ -1,5 +1,5 @@
 #include "resources/strings.h"
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "ui/open_windows.h"
 
 #include <QComboBox>
@@ -15,25 +15,16 @@ namespace {
 
 const QString torqueStar = u"Crane TorqueStar IVc"_s;
 
-QStringList rowsOf(const QComboBox& list) {
-    QStringList rows;
-    for (int i = 0; i < list.count(); ++i)
-        rows << list.itemText(i);
-    return rows;
-}
-
 } // namespace
 
-class FormCalConfigTest : public ProgramTest {
+class FormCalConfigTest : public ProgramScreen {
   protected:
-    FormCalConfigTest() { startLoggedIn(4); }
+    FormCalConfigTest() : ProgramScreen(u"FormCalConfig"_s, u"mnuConfiguration"_s) { startLoggedIn(4); }
     void open() {
-        choose(u"mnuConfiguration"_s);
+        ProgramScreen::open();
         settings.writes.clear();
     }
-    QComboBox& list(const QString& name) {
-        return control<QComboBox>(child(u"FormCalConfig"_s), u"Combo"_s + name);
-    }
+    QComboBox& list(const QString& name) { return controlNamed<QComboBox>(u"Combo"_s + name); }
     /// Chooses a row as a user does, with the keyboard.
     void pick(const QString& name, const QString& row) {
         auto& box = list(name);
@@ -57,9 +48,9 @@ class FormCalConfigTest : public ProgramTest {
 
 TEST_F(FormCalConfigTest, HasItsPlaceTextsAndLists) {
     open();
-    auto& form = child(u"FormCalConfig"_s);
-    EXPECT_EQ(form.pos(), QPoint(7, 5));
-    EXPECT_EQ(form.windowTitle(), u"Calibrator Configuration"_s);
+    auto& window = form();
+    EXPECT_EQ(window.pos(), QPoint(7, 5));
+    EXPECT_EQ(window.windowTitle(), u"Calibrator Configuration"_s);
     const struct {
         QString name;
         QString label;
@@ -100,12 +91,12 @@ TEST_F(FormCalConfigTest, HasItsPlaceTextsAndLists) {
     };
     for (const auto& expected : lists) {
         SCOPED_TRACE(expected.name.toStdString());
-        EXPECT_EQ(control<QLabel>(form, expected.label).text(), expected.caption);
+        EXPECT_EQ(control<QLabel>(window, expected.label).text(), expected.caption);
         EXPECT_EQ(list(expected.name).toolTip(), expected.toolTip);
-        EXPECT_EQ(rowsOf(list(expected.name)), expected.rows);
+        EXPECT_EQ(choicesOf(list(expected.name)), expected.rows);
     }
-    EXPECT_EQ(control<QGroupBox>(form, u"Frame1"_s).title(), u"Communication"_s);
-    EXPECT_EQ(control<QGroupBox>(form, u"Frame2"_s).title(), u"Configuration"_s);
+    EXPECT_EQ(control<QGroupBox>(window, u"Frame1"_s).title(), u"Communication"_s);
+    EXPECT_EQ(control<QGroupBox>(window, u"Frame2"_s).title(), u"Configuration"_s);
 }
 
 TEST_F(FormCalConfigTest, AnEmptyStoreGivesTheStartValuesAndNothingIsStored) {
@@ -192,7 +183,7 @@ TEST_F(FormCalConfigTest, EachListStoresItsKeyForTheCalibratorShown) {
 
 TEST_F(FormCalConfigTest, ClosingStoresOnlyThePosition) {
     open();
-    child(u"FormCalConfig"_s).close();
+    form().close();
     EXPECT_EQ(settings.writes, (QStringList{u"Left/FormCalConfig=105"_s, u"Top/FormCalConfig=75"_s}));
     EXPECT_FALSE(isWindowOpen(session, u"FormCalConfig"));
 }
@@ -217,7 +208,7 @@ class TranslatedCalConfig : public FormCalConfigTest {
 TEST_F(TranslatedCalConfig, StoresAndReadsTheWordsOfTheProgramUnderTranslatedCaptions) {
     store(torqueStar, u"Parity"_s, u"Even"_s);
     open();
-    EXPECT_EQ(rowsOf(list(u"Calibrator"_s)),
+    EXPECT_EQ(choicesOf(list(u"Calibrator"_s)),
               (QStringList{u"Das 74x"_s, u"Das 702"_s, u"Der Drehmomentprüfer"_s}));
     EXPECT_EQ(list(u"Parity"_s).currentText(), u"Keine"_s);
     pick(u"Calibrator"_s, u"Der Drehmomentprüfer"_s);

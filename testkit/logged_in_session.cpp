@@ -1,18 +1,18 @@
-#include "testkit/database_session.h"
+#include "testkit/logged_in_session.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-DatabaseSession::DatabaseSession()
-    : database(demoDatabase()), session({ui, clock, settings}, openConnections()) {
+LoggedInSession::LoggedInSession(UserInterface& ui, ConnectionFactory connections)
+    : database(demoDatabase()), session({ui, clock, settings}, std::move(connections)) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;
     logIn();
 }
 
-void DatabaseSession::logIn(const QString& user) {
+void LoggedInSession::logIn(const QString& user) {
     auto& connection = sharedConnection(session);
     if (connection.isOpen())
         connection.close();
@@ -29,32 +29,32 @@ void DatabaseSession::logIn(const QString& user) {
     }
 }
 
-void DatabaseSession::useOwner(const QString& user, const QString& owner) {
+void LoggedInSession::useOwner(const QString& user, const QString& owner) {
     session.SessionUser = user;
     session.SessionOwner = owner;
 }
 
-void DatabaseSession::execute(const QString& statement) {
+void LoggedInSession::execute(const QString& statement) {
     executeAnything(sharedConnection(session), statement);
 }
 
-QStringList DatabaseSession::rows(const QString& query, int columns) {
+QStringList LoggedInSession::rows(const QString& query, int columns) {
     return queryRows(sharedConnection(session), query, columns);
 }
 
-QString DatabaseSession::value(const QString& query) {
+QString LoggedInSession::value(const QString& query) {
     const auto found = rows(query);
     EXPECT_EQ(found.size(), 1) << query.toStdString();
     return found.value(0);
 }
 
-QStringList DatabaseSession::values(const QString& query) {
+QStringList LoggedInSession::values(const QString& query) {
     auto found = rows(query);
     found.sort();
     return found;
 }
 
-QString DatabaseSession::daysAgo(int days) const {
+QString LoggedInSession::daysAgo(int days) const {
     return clock.now().addDays(-days).toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 

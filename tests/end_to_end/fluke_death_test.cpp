@@ -1,11 +1,11 @@
-#include "tests/end_to_end/fluke702_end_to_end.h"
+#include "tests/end_to_end/fluke_end_to_end.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
 /// A workstation that dies in the middle of a download or an upload, and the one that comes after it.
-class DyingFluke702Workstation : public Fluke702EndToEnd {
+class DyingFlukeWorkstation : public FlukeEndToEnd {
   protected:
     void bringBack() {
         list(singleInstrument());
@@ -13,18 +13,18 @@ class DyingFluke702Workstation : public Fluke702EndToEnd {
         carryOut(singleRun());
     }
     /// Expects another workstation to die before this, at its moment of that number.
-    void expectDeath(int moment, const char* before, const QStringList& downloaded = {}) {
+    void expectDeath(int moment, const QString& before, const QStringList& downloaded = {}) {
         const auto outcome = simulators::outcomeOf(*startCommand(moment, downloaded));
         EXPECT_EQ(outcome.code, -2) << "killed: " << outcome.errors.toStdString();
         const auto last = outcome.output.trimmed().section(u'\n', -1);
-        EXPECT_TRUE(last.startsWith(QLatin1StringView(before))) << last.toStdString();
+        EXPECT_TRUE(last.startsWith(before)) << last.toStdString();
         expectSoundDatabase();
     }
     /// Expects it to come to its end in so many moments.
-    void expectMoments(std::size_t count, const QStringList& downloaded = {}) {
+    void expectMoments(qsizetype count, const QStringList& downloaded = {}) {
         const auto outcome = simulators::outcomeOf(*startCommand(static_cast<int>(count) + 1, downloaded));
         EXPECT_EQ(outcome.code, 0) << outcome.errors.toStdString();
-        EXPECT_EQ(outcome.output.count(u'\n'), static_cast<qsizetype>(count)) << outcome.output.toStdString();
+        EXPECT_EQ(outcome.output.count(u'\n'), count) << outcome.output.toStdString();
     }
     /// The records of PT-101, joined with blanks.
     QString begun() { return records(u"PT-101"_s).join(u' '); }
@@ -34,53 +34,64 @@ namespace {
 
 /// Before what the workstation dies, and what there is then.
 struct Death {
-    const char* before;
-    const char* left;
-
-    friend void PrintTo(const Death& death, std::ostream* out) { *out << death.before; }
+    QString before;
+    QString left;
 };
+
+/// The same before each of some steps of a transfer.
+QList<Death> deathsBefore(const QStringList& steps, const QString& left) {
+    QList<Death> deaths;
+    for (const auto& step : steps)
+        deaths << Death{step, left};
+    return deaths;
+}
 
 // Everything that an upload of one run does, and that stays, in its order: the records of PT-101, and how
 // many of the two dates that a record copies have been copied.
-const Death uploadDeaths[] = {
-    {"DPCuplStep", " 0"},
-    {"DPCuplStep", " 0"},
-    {"DPCuplStep", " 0"},
-    {"insert into MT.calibration ", " 0"},
-    {"update MT.inventory set I4230 = ", "N|0|0 0"},
-    {"update MT.inventory set I4231 = ", "N|0|0 1"},
-    {"insert into mt.standards ", "N|0|0 2"},
-    {"insert into mt.standards ", "N|1|0 2"},
-    {"insert into mt.calresults ", "N|2|0 2"},
-    {"insert into mt.calresults ", "N|2|1 2"},
-    {"insert into mt.calresults ", "N|2|2 2"},
-    {"insert into mt.calresults ", "N|2|3 2"},
-    {"insert into mt.calresults ", "N|2|4 2"},
-};
+QList<Death> uploadDeaths() {
+    return deathsBefore(flukeUnderTest().uploadSteps, u" 0"_s) +
+           QList<Death>{
+               {u"insert into MT.calibration "_s, u" 0"_s},
+               {u"update MT.inventory set I4230 = "_s, u"N|0|0 0"_s},
+               {u"update MT.inventory set I4231 = "_s, u"N|0|0 1"_s},
+               {u"insert into mt.standards "_s, u"N|0|0 2"_s},
+               {u"insert into mt.standards "_s, u"N|1|0 2"_s},
+               {u"insert into mt.calresults "_s, u"N|2|0 2"_s},
+               {u"insert into mt.calresults "_s, u"N|2|1 2"_s},
+               {u"insert into mt.calresults "_s, u"N|2|2 2"_s},
+               {u"insert into mt.calresults "_s, u"N|2|3 2"_s},
+               {u"insert into mt.calresults "_s, u"N|2|4 2"_s},
+           };
+}
 
 // The same for a download of PT-101 over one of FT-501: what the calibrator holds, what is registered with
 // it, and how many temporary packages and members of packages there are more than before.
-const Death downloadDeaths[] = {
-    {"insert into mt.hvm_kv_task_packages ", "FT-501 / FT-501 / 0 0"},
-    {"insert into mt.hvm_kv_task_assets ", "FT-501 / FT-501 / 1 0"},
-    {"DPCdnlStep", "FT-501 / FT-501 / 1 1"},
-    // The first step empties the calibrator, the last one makes valid what came.
-    {"DPCdnlStep", " / FT-501 / 1 1"},
-    {"delete from mt.hvm_kv_task_inuse ", "PT-101 / FT-501 / 1 1"},
-    {"delete from mt.hvm_kv_task_standards_inuse ", "PT-101 /  / 1 1"},
-    {"insert into mt.hvm_kv_task_inuse ", "PT-101 /  / 1 1"},
-    {"insert into mt.hvm_kv_task_standards_inuse ", "PT-101 / PT-101 / 1 1"},
-    {"delete from mt.hvm_kv_task_assets ", "PT-101 / PT-101 / 1 1"},
-};
+QList<Death> downloadDeaths() {
+    const auto& calibrator = flukeUnderTest();
+    return QList<Death>{
+               {u"insert into mt.hvm_kv_task_packages "_s, u"FT-501 / FT-501 / 0 0"_s},
+               {u"insert into mt.hvm_kv_task_assets "_s, u"FT-501 / FT-501 / 1 0"_s},
+           } +
+           deathsBefore(calibrator.stepsBeforeImage, u"FT-501 / FT-501 / 1 1"_s) +
+           QList<Death>{
+               {calibrator.imageStep, u"FT-501 / FT-501 / 1 1"_s},
+               // The first step empties the calibrator, the last one makes valid what came.
+               {calibrator.imageStep, u" / FT-501 / 1 1"_s},
+               {u"delete from mt.hvm_kv_task_inuse "_s, u"PT-101 / FT-501 / 1 1"_s},
+               {u"delete from mt.hvm_kv_task_standards_inuse "_s, u"PT-101 /  / 1 1"_s},
+               {u"insert into mt.hvm_kv_task_inuse "_s, u"PT-101 /  / 1 1"_s},
+               {u"insert into mt.hvm_kv_task_standards_inuse "_s, u"PT-101 / PT-101 / 1 1"_s},
+               {u"delete from mt.hvm_kv_task_assets "_s, u"PT-101 / PT-101 / 1 1"_s},
+           };
+}
 
-template <std::size_t count>
-auto momentsOf(const Death (&)[count]) {
-    return ::testing::Range(0, static_cast<int>(count));
+auto momentsOf(const QList<Death>& deaths) {
+    return ::testing::Range(0, static_cast<int>(deaths.size()));
 }
 
 } // namespace
 
-class DyingInAFluke702Upload : public DyingFluke702Workstation, public ::testing::WithParamInterface<int> {
+class DyingInAFlukeUpload : public DyingFlukeWorkstation, public ::testing::WithParamInterface<int> {
   protected:
     QString copied() {
         return rows(u"select (i4230 is '2021-06-16') + (i4231 is '2021-06-16') from mt.inventory where i4201 "
@@ -89,12 +100,12 @@ class DyingInAFluke702Upload : public DyingFluke702Workstation, public ::testing
     }
 };
 
-TEST_P(DyingInAFluke702Upload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
+TEST_P(DyingInAFlukeUpload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     bringBack();
     const auto onCalibrator = held();
-    const auto& death = uploadDeaths[GetParam()];
+    const auto death = uploadDeaths().at(GetParam());
     expectDeath(GetParam() + 1, death.before);
-    EXPECT_EQ(begun() + u' ' + copied(), QLatin1StringView(death.left));
+    EXPECT_EQ(begun() + u' ' + copied(), death.left);
     EXPECT_EQ(held(), onCalibrator);
     EXPECT_EQ(registered(), singleInstrument());
 
@@ -113,10 +124,10 @@ TEST_P(DyingInAFluke702Upload, LeavesWhatWasWrittenAndTheNextUploadTheRest) {
     EXPECT_EQ(begun() + u' ' + copied(), u"N|2|5 2"_s);
 }
 
-TEST_P(DyingInAFluke702Upload, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
+TEST_P(DyingInAFlukeUpload, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
     bringBack();
-    expectDeath(GetParam() + 1, uploadDeaths[GetParam()].before);
-    const bool isRead = GetParam() >= 3; // before its record
+    expectDeath(GetParam() + 1, uploadDeaths().at(GetParam()).before);
+    const bool isRead = GetParam() >= calibrator.uploadSteps.size(); // before its record
     EXPECT_EQ(withoutRecord().isEmpty(), !isRead);
     makeRecords();
     EXPECT_EQ(begun(), isRead ? u"N|2|5"_s : QString());
@@ -130,20 +141,20 @@ TEST_P(DyingInAFluke702Upload, LeavesToTheJournalWhatTheNextUploadNeedNotRead) {
     EXPECT_EQ(withoutRecord(), QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(Before, DyingInAFluke702Upload, momentsOf(uploadDeaths));
+INSTANTIATE_TEST_SUITE_P(Before, DyingInAFlukeUpload, momentsOf(uploadDeaths()));
 
-TEST_F(DyingFluke702Workstation, AnUploadHasNoOtherMoments) {
+TEST_F(DyingFlukeWorkstation, AnUploadHasNoOtherMoments) {
     bringBack();
-    expectMoments(std::size(uploadDeaths));
+    expectMoments(uploadDeaths().size());
     expectChoice();
     expectRefusedRuns(singleRun());
     pressUpload();
     EXPECT_EQ(begun(), u"N|2|5"_s);
 }
 
-class DyingInAFluke702Download : public DyingFluke702Workstation, public ::testing::WithParamInterface<int> {
+class DyingInAFlukeDownload : public DyingFlukeWorkstation, public ::testing::WithParamInterface<int> {
   protected:
-    DyingInAFluke702Download() {
+    DyingInAFlukeDownload() {
         list({u"FT-501"_s});
         download();
         screen.list = singleInstrument();
@@ -162,33 +173,32 @@ class DyingInAFluke702Download : public DyingFluke702Workstation, public ::testi
     int members_ = 0;
 };
 
-TEST_P(DyingInAFluke702Download, LeavesCalibratorAndRegistryAsFarAsItCameAndTheNextDownloadIsWhole) {
-    const auto& death = downloadDeaths[GetParam()];
+TEST_P(DyingInAFlukeDownload, LeavesCalibratorAndRegistryAsFarAsItCameAndTheNextDownloadIsWhole) {
+    const auto death = downloadDeaths().at(GetParam());
     expectDeath(GetParam() + 1, death.before, singleInstrument());
-    EXPECT_EQ(left(), QLatin1StringView(death.left));
-    const auto leftPackages = QString::fromLatin1(death.left).section(u'/', 2);
+    EXPECT_EQ(left(), death.left);
+    const auto leftPackages = death.left.section(u'/', 2);
 
     download();
     EXPECT_EQ(left(), u"PT-101 / PT-101 /"_s + leftPackages) << "the package of the dead one stays";
-    EXPECT_EQ(standardsInUse(u"PT-101"_s), QStringList{u"F702-01"_s}) << "once";
+    EXPECT_EQ(standardsInUse(u"PT-101"_s), QStringList{calibrator.runs.asset}) << "once";
     carryOut(twoRuns());
     upload(twoRuns());
     EXPECT_EQ(begun(), u"N|2|5 Y|2|5"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Before, DyingInAFluke702Download, momentsOf(downloadDeaths));
+INSTANTIATE_TEST_SUITE_P(Before, DyingInAFlukeDownload, momentsOf(downloadDeaths()));
 
-TEST_F(DyingFluke702Workstation, ADownloadHasNoOtherMoments) {
-    expectMoments(std::size(downloadDeaths), singleInstrument());
+TEST_F(DyingFlukeWorkstation, ADownloadHasNoOtherMoments) {
+    expectMoments(downloadDeaths().size(), singleInstrument());
     EXPECT_EQ(storedTags(), singleInstrument());
     EXPECT_EQ(registered(), singleInstrument());
 }
 
 /// Killed by another process at an arbitrary place, as soon as it has written so many lines.
-class KilledFluke702Workstation : public DyingFluke702Workstation,
-                                  public ::testing::WithParamInterface<int> {};
+class KilledFlukeWorkstation : public DyingFlukeWorkstation, public ::testing::WithParamInterface<int> {};
 
-TEST_P(KilledFluke702Workstation, LosesNothingAndDoublesNothing) {
+TEST_P(KilledFlukeWorkstation, LosesNothingAndDoublesNothing) {
     list(singleInstrument());
     download();
     carryOut(twoRuns());
@@ -217,7 +227,7 @@ TEST_P(KilledFluke702Workstation, LosesNothingAndDoublesNothing) {
     expectSoundDatabase();
 }
 
-// Two runs have about 30 lines.
-INSTANTIATE_TEST_SUITE_P(After, KilledFluke702Workstation, ::testing::Values(3, 6, 11, 14, 17, 21, 26));
+// Two runs have 30 lines or more.
+INSTANTIATE_TEST_SUITE_P(After, KilledFlukeWorkstation, ::testing::Values(3, 6, 11, 14, 17, 21, 26));
 
 } // namespace kelvane::testing

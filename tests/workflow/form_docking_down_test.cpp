@@ -1,7 +1,8 @@
 #include "data/assets/assets.h"
 #include "data/parameters/cal_params.h"
-#include "testkit/program_fixture.h"
+#include "testkit/program_screen.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/list_rows.h"
 #include "ui/open_windows.h"
 #include "workflow/form_docking_down.h"
 
@@ -27,9 +28,9 @@ const QString standardPrompt = u"Standard to be used for this calibration:"_s;
 } // namespace
 
 /// The screen over a database that knows the instruments, configured for a serial transducer.
-class FormDockingDownTest : public ProgramTest {
+class FormDockingDownTest : public ProgramScreen {
   protected:
-    FormDockingDownTest() {
+    FormDockingDownTest() : ProgramScreen(u"FormDockingDown"_s, u"mnuDownload"_s) {
         startLoggedIn(4);
         for (const auto& asset : {u"A-1"_s, u"A-2"_s}) {
             script.answers.insert(u"select mtag from MT.inventory where i4201 = '"_s + asset + u"'"_s,
@@ -54,20 +55,13 @@ class FormDockingDownTest : public ProgramTest {
         open(u"Fluke 702"_s);
         dynamic_cast<FormDockingDown&>(form()).takeCalibrator(u"Any"_s);
     }
-    ChildWindow& form() { return child(u"FormDockingDown"_s); }
-    QLineEdit& entry() { return control<QLineEdit>(form(), u"TextAdd"_s); }
-    QListWidget& list() { return control<QListWidget>(form(), u"ListCal"_s); }
-    QPushButton& button(const QString& name) { return control<QPushButton>(form(), name); }
+    QLineEdit& entry() { return controlNamed<QLineEdit>(u"TextAdd"_s); }
+    QListWidget& list() { return controlNamed<QListWidget>(u"ListCal"_s); }
     void add(const QString& asset) {
         QTest::keyClicks(&entry(), asset);
         QTest::keyClick(&entry(), Qt::Key_Return);
     }
-    QStringList rows() {
-        QStringList assets;
-        for (int i = 0; i < list().count(); ++i)
-            assets << list().item(i)->text();
-        return assets;
-    }
+    QStringList rows() { return rowsOf(list()); }
     bool buttonsEnabled() {
         return button(u"CommandAdd"_s).isEnabled() && button(u"CommandRemove"_s).isEnabled() &&
                button(u"CommandDownload"_s).isEnabled();
@@ -126,7 +120,7 @@ TEST_F(FormDockingDownTest, ReturnAddsAnInstrumentAndIsReadyForTheNext) {
 TEST_F(FormDockingDownTest, TheAddButtonAddsToo) {
     openForAnyInstrument();
     QTest::keyClicks(&entry(), u"A-1"_s);
-    click(button(u"CommandAdd"_s));
+    press(u"CommandAdd"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     EXPECT_TRUE(entry().hasFocus());
 }
@@ -145,11 +139,11 @@ TEST_F(FormDockingDownTest, WhileAnotherQuestionIsOpenNothingIsAddedAndTheRememb
     simulatedOperator.expectDialog(
         u"Upload Test Results From Calibrator"_s, u"Select Calibrator To Use:"_s,
         [this](FormCustomDialog& dialog) {
-            for (const auto& add : {std::function<void()>([this] { click(button(u"CommandAdd"_s)); }),
-                                    std::function<void()>([this] {
-                                        entry().setFocus();
-                                        QTest::keyClick(&entry(), Qt::Key_Return);
-                                    })}) {
+            for (const auto& add :
+                 {std::function<void()>([this] { press(u"CommandAdd"_s); }), std::function<void()>([this] {
+                      entry().setFocus();
+                      QTest::keyClick(&entry(), Qt::Key_Return);
+                  })}) {
                 program.window.area().setActiveSubWindow(&form());
                 add();
                 EXPECT_EQ(program.window.area().activeSubWindow(), &dialog);
@@ -236,7 +230,7 @@ TEST_F(FormDockingDownTest, RemoveTakesTheSelectedRowAndItsStandards) {
     add(u"A-2"_s);
     script.statements.clear();
     list().setCurrentRow(0);
-    click(button(u"CommandRemove"_s));
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
     EXPECT_EQ(script.statements, QStringList{forgetStandards(u"A-1"_s)});
     EXPECT_TRUE(entry().hasFocus());
@@ -247,9 +241,9 @@ TEST_F(FormDockingDownTest, AfterRemovingNoOtherRowIsSelected) {
     add(u"A-1"_s);
     add(u"A-2"_s);
     list().setCurrentRow(0);
-    click(button(u"CommandRemove"_s));
+    press(u"CommandRemove"_s);
     script.statements.clear();
-    click(button(u"CommandRemove"_s));
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-2"_s});
     EXPECT_TRUE(script.statements.isEmpty());
 }
@@ -268,7 +262,7 @@ TEST_F(FormDockingDownTest, ARemovalThatFailsIsReportedAndTheRowStays) {
     script.failures.insert(forgetStandards(u"A-1"_s), Error{547, u"locked"_s});
     list().setCurrentRow(0);
     simulatedOperator.expectReport(547, u"FormDockingDown,CommandRemove"_s);
-    click(button(u"CommandRemove"_s));
+    press(u"CommandRemove"_s);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     EXPECT_TRUE(buttonsEnabled());
 }
@@ -277,7 +271,7 @@ TEST_F(FormDockingDownTest, AGoodDownloadReportsSuccessStoresTheCalibratorAndClo
     openForAnyInstrument();
     add(u"A-1"_s);
     simulatedOperator.expectBox(u"Download Successful"_s, title, box::information);
-    click(button(u"CommandDownload"_s));
+    press(u"CommandDownload"_s);
     EXPECT_EQ(findChild(u"FormDockingDown"_s), nullptr);
     EXPECT_FALSE(isWindowOpen(session, u"FormDockingDown"));
     EXPECT_EQ(settings.values.value(u"Defaults/LastDownloadCalibrator"_s), u"Any"_s);
@@ -299,7 +293,7 @@ TEST_F(FormDockingDownTest, AFailedDownloadKeepsScreenAndListForAnotherTry) {
     link3.reasonMissing = u"no library"_s;
     for (int attempt = 0; attempt < 2; ++attempt) {
         simulatedOperator.expectBox(u"no library"_s, title, box::warning);
-        click(button(u"CommandDownload"_s));
+        press(u"CommandDownload"_s);
         EXPECT_EQ(rows(), QStringList{u"A-1"_s});
         EXPECT_TRUE(buttonsEnabled());
     }
@@ -308,7 +302,7 @@ TEST_F(FormDockingDownTest, AFailedDownloadKeepsScreenAndListForAnotherTry) {
 
 TEST_F(FormDockingDownTest, AnEmptyListIsNotDownloaded) {
     openForAnyInstrument();
-    click(button(u"CommandDownload"_s));
+    press(u"CommandDownload"_s);
     EXPECT_TRUE(script.statements.isEmpty());
     EXPECT_NE(findChild(u"FormDockingDown"_s), nullptr);
 }
@@ -318,7 +312,7 @@ TEST_F(FormDockingDownTest, ALostConnectionIsReportedAndTheButtonsComeBack) {
     add(u"A-1"_s);
     script.lost = true;
     simulatedOperator.expectReport(10054, u"FormDockingDown,Download"_s);
-    click(button(u"CommandDownload"_s));
+    press(u"CommandDownload"_s);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_TRUE(buttonsEnabled());
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});

@@ -1,0 +1,33 @@
+// A download and an upload with a Fluke 743 that takes no time itself. Usage: bench_fluke74x DATABASE [TURNS]
+
+#include "benchmarks/fluke_bench.h"
+#include "benchmarks/quick_link3.h"
+#include "drivers/fluke74x/driver.h"
+
+namespace kelvane::bench {
+
+namespace {
+
+class QuickFluke74x final : public FlukeUnderBench {
+  public:
+    explicit QuickFluke74x(Session& session) : driver_{session, link_} {}
+    QString download(const QString& package) override {
+        return Module74xInterface::Fluke74x_download(driver_, package);
+    }
+    QString upload() override { return Module74xInterface::Fluke74x_upload(driver_); }
+
+  private:
+    QuickLink3 link_;
+    Fluke74x driver_;
+};
+
+} // namespace
+
+} // namespace kelvane::bench
+
+int main(int argc, char** argv) {
+    using namespace kelvane;
+    return bench::benchFluke(argc, argv, "fluke 743", [](Session& session) {
+        return std::make_unique<bench::QuickFluke74x>(session);
+    });
+}
