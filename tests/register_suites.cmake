@@ -1,5 +1,5 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
-# than most tests. Suites with parameters run long and are split into their tests; those of several types are not. Usage:
+# than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Usage:
 # cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -P register_suites.cmake
 execute_process(
     COMMAND ${PROGRAM} --gtest_list_tests

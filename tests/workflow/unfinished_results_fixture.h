@@ -1,5 +1,6 @@
 #pragma once
 
+#include "testkit/overheard_connection.h"
 #include "testkit/upload_lab.h"
 #include "workflow/unfinished_results.h"
 

@@ -4,7 +4,6 @@
 #include "data/journal/journal.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
-#include "testkit/overheard_connection.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
 #include "tests/workflow/unfinished_results_fixture.h"
 
