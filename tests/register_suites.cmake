@@ -1,5 +1,5 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
-# than most tests. Suites with parameters run long and are split into their tests. Usage:
+# than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Usage:
 # cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -P register_suites.cmake
 execute_process(
     COMMAND ${PROGRAM} --gtest_list_tests
@@ -13,12 +13,17 @@ string(REPLACE "\n" ";" lines "${listing}")
 
 set(filters "")
 foreach(line IN LISTS lines)
+    set(isTyped FALSE)
+    if(line MATCHES " # TypeParam")
+        set(isTyped TRUE)
+    endif()
     string(REGEX REPLACE " +#.*" "" line "${line}")
-    if(line MATCHES "^([A-Za-z0-9_]+\\.)$")
-        set(suite "")
-        list(APPEND filters "${CMAKE_MATCH_1}*")
-    elseif(line MATCHES "^([A-Za-z0-9_/]+\\.)$")
+    if(line MATCHES "^([A-Za-z0-9_/]+\\.)$")
         set(suite "${CMAKE_MATCH_1}")
+        if(isTyped OR NOT suite MATCHES "/")
+            list(APPEND filters "${suite}*")
+            set(suite "")
+        endif()
     elseif(suite AND line MATCHES "^  (.+)$")
         list(APPEND filters "${suite}${CMAKE_MATCH_1}")
     endif()

@@ -4,8 +4,8 @@
 #include "data/journal/journal.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
-#include "testkit/overheard_connection.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
+#include "tests/workflow/unfinished_results_fixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,9 +20,7 @@ const QString kept = u" The results are kept."_s;
 
 } // namespace
 
-/// Runs of the Fluke 702 that an upload made no whole record of. The database serves what a record is made of
-/// until a test spoils it.
-class ResultsWithoutRecord : public FlukeUpload {
+class ResultsWithoutRecord : public UnfinishedResultsOf<FlukeUpload> {
   protected:
     /// Uploads one run of PT-101, whose record is spoilt before the statement that begins like this.
     void uploadSpoilt(const QString& beginning) {
@@ -31,39 +29,6 @@ class ResultsWithoutRecord : public FlukeUpload {
         ui.expectReport(1, u"ModuleGlobals,CreateCalRecord"_s);
         EXPECT_EQ(upload(), QString());
         spoil({});
-    }
-    /// From now on statements that begin like this are refused; none for an empty text.
-    void spoil(const QString& beginning) {
-        if (!spoiler_) {
-            spoiler_ = true;
-            session.SharedConnection = std::make_unique<OverheardConnection>(
-                std::move(session.SharedConnection), [this](const QString& statement) {
-                    statements << statement;
-                    if (!beginning_.isEmpty() && statement.startsWith(beginning_))
-                        throw Error{1, u"refused"_s};
-                });
-        }
-        beginning_ = beginning;
-    }
-    MakeRecordOutcome make(int row = 0) {
-        const auto results = unfinishedResults(session);
-        EXPECT_LT(row, results.size());
-        const auto outcome = makeRecordOf(session, results.value(row).id);
-        EXPECT_TRUE(ui.hasMetAll());
-        EXPECT_FALSE(ui.busy);
-        return outcome;
-    }
-    void expectMade(int row = 0) {
-        const auto outcome = make(row);
-        EXPECT_EQ(outcome.end, End::made) << outcome.message.toStdString();
-        EXPECT_EQ(outcome.message, u"The record of PT-101 has been made and is complete."_s);
-    }
-    void expectKept(const QString& message, int row = 0) {
-        const auto before = unfinishedResults(session).size();
-        const auto outcome = make(row);
-        EXPECT_EQ(outcome.end, End::unfinished);
-        EXPECT_EQ(outcome.message, message);
-        EXPECT_EQ(unfinishedResults(session).size(), before);
     }
     void expectOneWholeRecord() {
         EXPECT_EQ(verdicts(), QStringList{u"FOUND-LEFT Y 0 0"_s});
@@ -84,14 +49,8 @@ class ResultsWithoutRecord : public FlukeUpload {
         Journal(session).replace(entry);
     }
 
-    using End = MakeRecordOutcome::End;
-    QStringList statements;
     const QStringList wholeLines{u"1 0.000V 0.000V PASS"_s, u"2 50.000V 50.000V PASS"_s,
                                  u"3 100.000V 100.000V PASS"_s};
-
-  private:
-    bool spoiler_ = false;
-    QString beginning_;
 };
 
 TEST_F(ResultsWithoutRecord, AreListedWithAllThatDistinguishesThem) {
@@ -128,9 +87,7 @@ TEST_F(ResultsWithoutRecord, WhatWasBegunIsCompletedAndNothingIsDoubledOrDeleted
           u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('  1"_s,
           u"insert into mt.calresults (c2501,c2502,mtag,ctag) values ('  3"_s}) {
         SCOPED_TRACE(beginning.toStdString());
-        execute(u"delete from mt.calresults where ctag >= %1"_s.arg(firstRecord));
-        execute(u"delete from mt.standards where ctag >= %1"_s.arg(firstRecord));
-        execute(u"delete from mt.calibration where ctag >= %1"_s.arg(firstRecord));
+        deleteRecords();
         link.runs.clear();
         uploadSpoilt(beginning);
         ASSERT_EQ(verdicts().size(), 1) << "begun";
@@ -205,16 +162,7 @@ TEST_F(ResultsWithoutRecord, AFailedPreparationIsJudgedFromItsRawReadings) {
     expectMade();
     expectMade();
     EXPECT_EQ(verdicts(), (QStringList{u"AS-FOUND Y 0 0"_s, u"AS-LEFT N 1 0"_s}));
-    // The same as an upload without the trouble makes.
-    const auto made = records(u"c2301 || c2333 || c2307 || c2320 || c2303"_s);
-    const auto madeLines = lines();
-    const auto madeStandards = standards();
-    for (const auto& table : {u"calresults"_s, u"standards"_s, u"calibration"_s})
-        execute(u"delete from mt.%1 where ctag >= %2"_s.arg(table).arg(firstRecord));
-    EXPECT_EQ(upload(), QString());
-    EXPECT_EQ(records(u"c2301 || c2333 || c2307 || c2320 || c2303"_s), made);
-    EXPECT_EQ(lines(), madeLines);
-    EXPECT_EQ(standards(), madeStandards);
+    expectSameAsUndisturbed();
 }
 
 TEST_F(ResultsWithoutRecord, JudgeAgainByTheParametersOfNow) {

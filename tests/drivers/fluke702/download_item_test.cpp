@@ -1,4 +1,5 @@
 #include "drivers/fluke702/download_item.h"
+#include "testkit/fluke_units.h"
 #include "tests/drivers/fluke702/download_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -119,17 +120,6 @@ TEST_F(FlukeDownloadItem, AResistanceThermometerIsSourcedOnTwoWiresAndMeasuredOn
     }
 }
 
-TEST_F(FlukeDownloadItem, TemperatureUnitsAreThoseOfTheInputAndCelsiusWithoutOne) {
-    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, thermometer(u"C"_s, u"TC K"_s, 2)), u"\"celsius\""_s);
-    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, thermometer(u"F"_s, u"TC K"_s, 2)), u"\"fahrenheit\""_s);
-    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, degreesOutputInstrument(u"F"_s, u"TC K"_s, 2)), u"\"celsius\""_s)
-        << "an output in Fahrenheit alone";
-    auto both = thermometer(u"C"_s, u"TC K"_s, 2);
-    both.output_type = u"F"_s;
-    both.temp_sens_type_out = u"RTD PT100 385"_s;
-    EXPECT_EQ(callFor(u"STAsetTempUnits"_s, both), u"\"celsius\""_s);
-}
-
 TEST_F(FlukeDownloadItem, MilliampsInAndFahrenheitOutIsAStateInCelsiusByIts90) {
     auto record = instrument(u"mA"_s, 4, 20, u"F"_s, 32, 212);
     record.temp_sens_type_out = u"RTD PT100 385"_s;
@@ -201,44 +191,12 @@ TEST_F(FlukeDownloadItem, TheColdJunctionOfASideCountsWhenTheOtherSideIsATempera
     EXPECT_EQ(gather(external).cjTemp, u"-1.1"_s);
 }
 
-TEST_F(FlukeDownloadItem, LoopPowerIsForCurrentOutputsOnly) {
-    const struct {
-        QString outputType;
-        QString stored;
-        QString called;
-    } rows[] = {
-        {u"mA"_s, u"OFF"_s, u"\"off\""_s},   {u"mA"_s, u"24V"_s, u"\"24v\""_s},
-        {u"mA"_s, u"28V"_s, u"\"28v\""_s},   {u"mA"_s, u"24v"_s, u"\"24v\""_s},
-        {u"uA"_s, u"28v"_s, u"\"28v\""_s},   {u"A"_s, u"24V"_s, u"\"24v\""_s},
-        {u"mA"_s, u""_s, u"\"off\""_s},      {u"mA"_s, u"24"_s, u"\"off\""_s},
-        {u"mA"_s, u"24V "_s, u"\"off\""_s},  {u"V"_s, u"24V"_s, u"\"off\""_s},
-        {u"Ohms"_s, u"28V"_s, u"\"off\""_s},
-    };
-    for (const auto& row : rows) {
-        auto record = instrument(u"V"_s, 0, 5, row.outputType, 0, 10);
-        record.loop_pwr = row.stored;
-        EXPECT_EQ(callFor(u"STAsetLoopPower"_s, record), row.called)
-            << (row.outputType + u' ' + row.stored).toStdString();
+TEST_F(FlukeDownloadItem, EachPressureHasTheModeOfPressuresOnBothSides) {
+    for (const auto& unit : pressures) {
+        EXPECT_EQ(callFor(u"STAsetOutput"_s, instrument(unit, 0, 10, u"V"_s, 0, 5)),
+                  u"\"pressure\", \"\", 0, 0"_s);
+        EXPECT_EQ(callFor(u"STAsetInput"_s, instrument(u"V"_s, 0, 5, unit, 0, 10)), u"\"pressure\", \"\""_s);
     }
-}
-
-TEST_F(FlukeDownloadItem, EachPressureUnitHasTheCalibratorsWordOnBothSides) {
-    const struct {
-        QString unit;
-        QString word;
-    } rows[] = {{u"psi"_s, u"psi"_s},      {u"psig"_s, u"psi"_s},   {u"inHg"_s, u"in_hg"_s},
-                {u"inH2O"_s, u"in_h2o"_s}, {u"mmHg"_s, u"mm_hg"_s}, {u"kPa"_s, u"kpa"_s},
-                {u"bar"_s, u"bar"_s},      {u"mbar"_s, u"bar"_s}};
-    for (const auto& row : rows) {
-        const auto word = u'"' + row.word + u'"';
-        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(row.unit, 0, 10, u"V"_s, 0, 5)), word);
-        EXPECT_EQ(argumentsOf(u"STAsetOutput"_s), QStringList{u"\"pressure\", \"\", 0, 0"_s});
-        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, row.unit, 0, 10)), word);
-        EXPECT_EQ(argumentsOf(u"STAsetInput"_s), QStringList{u"\"pressure\", \"\""_s});
-        EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"inHg"_s, 0, 5, row.unit, 0, 10)), word)
-            << "the output's goes before the input's";
-    }
-    EXPECT_EQ(callFor(u"STAsetPresUnits"_s, instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)), u"\"psi\""_s);
 }
 
 TEST_F(FlukeDownloadItem, AnInstrumentThatIsNotConfiguredIsAManualTaskOfZerosAndIsNotTransferred) {

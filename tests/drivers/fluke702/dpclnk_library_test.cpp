@@ -10,7 +10,6 @@ namespace kelvane::testing {
 namespace {
 
 const QString whole = QStringLiteral(KELVANE_WHOLE_LIBRARY);
-const QString withoutPressure = QStringLiteral(KELVANE_LACKING_LIBRARY);
 
 } // namespace
 
@@ -183,55 +182,6 @@ TEST_F(RealLibrary, ThatWritesNothingLeavesEverythingAsItIs) {
     EXPECT_EQ(model, QString(16, u' '));
     EXPECT_EQ(serial, QString(10, u' '));
     EXPECT_EQ(number, 42);
-}
-
-// Whether it is there.
-
-class LibraryFolder : public LibraryFolderOf<DpclnkLibrary, &DpclnkLibrary::DPCclose> {
-  protected:
-    LibraryFolder() : LibraryFolderOf(whole) {}
-};
-
-TEST_F(LibraryFolder, WithoutALibraryIsReportedByNameAndFolderAndCallsAreErrors) {
-    const auto missing = link.missing();
-    EXPECT_TRUE(missing.startsWith(
-        u"The link library \"dpclnk\" could not be loaded. Please install it in the folder \"%1\" and try again. ("_s
-            .arg(QDir::toNativeSeparators(folder.path()))))
-        << missing.toStdString();
-    EXPECT_EQ(errorOfCall(), 53);
-}
-
-TEST_F(LibraryFolder, IsSearchedAgainAtEachQueryUntilTheLibraryIsThere) {
-    EXPECT_NE(link.missing(), QString());
-    EXPECT_EQ(errorOfCall(), 53);
-    install(whole);
-    EXPECT_EQ(errorOfCall(), 53) << "not before it is asked";
-    EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOfCall(), 0);
-    QFile::remove(place);
-    EXPECT_EQ(link.missing(), QString()) << "what is loaded stays";
-    EXPECT_EQ(errorOfCall(), 0);
-}
-
-TEST_F(LibraryFolder, WithALibraryThatLacksAnOperationNamesItAndTakesABetterOne) {
-    install(withoutPressure);
-    EXPECT_EQ(
-        link.missing(),
-        u"The link library \"%1\" lacks the operation \"STAgetPressure\". Please install the library that belongs to the calibrator and try again."_s
-            .arg(QDir::toNativeSeparators(place)));
-    EXPECT_EQ(errorOfCall(), 53) << "nothing is called in half a library";
-    install(whole);
-    EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOfCall(), 0);
-}
-
-TEST_F(LibraryFolder, WithAFileThatIsNoLibraryGivesTheReason) {
-    folder.write(QFileInfo(place).fileName(), "this is no library");
-    const auto missing = link.missing();
-    EXPECT_TRUE(missing.startsWith(u"The link library \"dpclnk\" could not be loaded."_s) &&
-                missing.contains(QFileInfo(place).fileName()))
-        << missing.toStdString();
-    EXPECT_EQ(errorOfCall(), 53);
 }
 
 } // namespace kelvane::testing

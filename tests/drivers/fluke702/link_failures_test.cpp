@@ -122,23 +122,12 @@ TEST_F(Contact702, ACalibratorUnknownToTheDatabaseMakesAnUploadFailAfterTheTrans
 
 // Unexpected errors.
 
-TEST_F(Contact702, ACalibratorWhoseQueryFailsCountsAsUnknown) {
+TEST_F(Contact702, ACalibratorWhoseQueryFailsIsReportedAfterADownloadToo) {
     script.failures.insert(selectAsset(link.serial), {-131, u"Syntax error"_s, u"42000"_s});
     ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
     ui.expectBox(notInDatabase, downloadTitle, box::warning);
     EXPECT_EQ(contact(download), QString());
-    ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(contact(upload), notInDatabase);
     EXPECT_FALSE(ui.busy);
-}
-
-TEST_F(Contact702, ALostDatabaseEndsTheSessionButNotTheTransfer) {
-    script.lost = true;
-    session.SessionConnected = true;
-    ui.expectReport(10054, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(contact(upload), notInDatabase);
-    EXPECT_EQ(link.calls.size(), 7);
-    EXPECT_FALSE(session.SessionConnected);
 }
 
 TEST_F(Contact702, AnUnexpectedErrorIsReportedOnceTheProgressWindowIsClosed) {

@@ -61,16 +61,6 @@ TEST_F(Contact702, OnlyReadsTheCalibratorsAsset) {
 
 // What the calibrator says of itself.
 
-TEST_F(Contact702, PassesBuffersOf16And10And40Blanks) {
-    QStringList buffers;
-    link.writeText = [&](const QString& words, const QString& buffer) {
-        buffers << buffer;
-        return words + QChar(0);
-    };
-    contact(download);
-    EXPECT_EQ(buffers, (QStringList{QString(16, u' '), QString(10, u' '), QString(40, u' ')}));
-}
-
 TEST_F(Contact702, KeepsWhatTheCalibratorSaysWithItsTextsCleaned) {
     link.model = u" 702 "_s;
     link.text = QString();
@@ -101,14 +91,6 @@ TEST_F(Contact702, CleansTheTextsThatComeWithAnErrorToo) {
     EXPECT_EQ(driver.Calibrator702Text, u"V1.0"_s);
 }
 
-TEST_F(Contact702, TakesATextWithoutAZeroAsTheWholeBuffer) {
-    link.serial = u"0123456789ABC"_s;
-    script.answers.insert(selectAsset(u"0123456789"_s), {{u"F-9"_s}});
-    contact(upload);
-    EXPECT_EQ(driver.Calibrator702Serial, u"0123456789"_s);
-    EXPECT_EQ(driver.Calibrator702Asset, u"F-9"_s);
-}
-
 TEST_F(Contact702, TakesABufferThatIsLeftAloneForAnEmptyText) {
     link.writeText = [](const QString&, const QString& buffer) { return buffer; };
     EXPECT_EQ(contact(upload), notInDatabase);
@@ -127,58 +109,6 @@ TEST_F(Contact702, KeepsItsValuesUntilTheNextOne) {
     EXPECT_EQ(contact(download), QString());
     EXPECT_EQ(driver.Calibrator702Serial, u"77"_s);
     EXPECT_EQ(driver.Calibrator702Asset, u"F-77"_s);
-}
-
-// The stored settings.
-
-TEST_F(Contact702, OpensWithTheStoredBaudRateOr9600) {
-    const struct {
-        QString stored;
-        qint32 opened;
-    } rows[] = {
-        {u""_s, 9600},       {u"abc"_s, 9600},
-        {u"0"_s, 9600},      {u"0.4"_s, 9600},
-        {u"-0.5"_s, 9600},   {u"0.6"_s, 1},
-        {u"19200"_s, 19200}, {u" 4 800 baud"_s, 4800},
-        {u"1,200"_s, 1},     {u"1E3"_s, 1000},
-        {u"2400.5"_s, 2400}, {u"2401.5"_s, 2402},
-        {u"-1"_s, -1},       {u"2147483647"_s, 2147483647},
-    };
-    for (const auto& row : rows) {
-        store(u"BaudRate"_s, row.stored);
-        EXPECT_EQ(contact(download), QString());
-        EXPECT_EQ(link.calls.value(1), u"DPCopen(%1, \"COM1\", 1000, 5)"_s.arg(row.opened))
-            << row.stored.toStdString();
-    }
-}
-
-TEST_F(Contact702, ReportsABaudRateOutsideItsTypeAndCallsNothing) {
-    for (const auto& stored : {u"2147483648"_s, u"1E99"_s}) {
-        store(u"BaudRate"_s, stored);
-        ui.expectReport(6, routineName);
-        EXPECT_EQ(contact(download), QString());
-        EXPECT_EQ(link.calls, QStringList());
-        EXPECT_FALSE(ui.progressShown);
-    }
-}
-
-TEST_F(Contact702, OpensTheStoredPortOrCom1) {
-    for (const auto& [stored, opened] :
-         {std::pair{u""_s, u"COM1"_s}, {u"COM3"_s, u"COM3"_s}, {u" "_s, u" "_s}, {u"порт"_s, u"порт"_s}}) {
-        store(u"Port"_s, stored);
-        EXPECT_EQ(contact(upload), QString());
-        EXPECT_EQ(link.calls.value(1), u"DPCopen(9600, \"%1\", 1000, 5)"_s.arg(opened));
-    }
-}
-
-TEST_F(Contact702, PassesNoOtherSettingToTheLibrary) {
-    contact(download);
-    const auto calls = link.calls;
-    for (const auto& key : {u"Parity"_s, u"DataBits"_s, u"StopBits"_s})
-        store(key, u"7"_s);
-    settings.values.insert(u"Fluke 743/744/Port"_s, u"COM4"_s);
-    contact(download);
-    EXPECT_EQ(link.calls, calls);
 }
 
 // The transfer.

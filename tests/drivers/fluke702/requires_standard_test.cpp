@@ -6,8 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-using namespace Module702Interface;
-
 namespace {
 
 /// Whether the user has to read this output himself.
@@ -18,14 +16,6 @@ bool readByHand(const CalParamRecord& record) {
 } // namespace
 
 class FlukeStandard : public FlukeAcceptance {};
-
-TEST_F(FlukeStandard, KnowsTwentyFourUnits) {
-    EXPECT_EQ(knownUnits.size(), 24);
-    for (const auto& unit : knownUnits)
-        EXPECT_FALSE(needsStandard(instrument(u"V"_s, 0, 10, unit, 0, 10))) << unit.toStdString();
-    for (const auto& unit : unknownUnits)
-        EXPECT_TRUE(needsStandard(instrument(u"V"_s, 0, 10, unit, 0, 10))) << unit.toStdString();
-}
 
 TEST_F(FlukeStandard, IsNeededExactlyWhereTheUserSawTheBox) {
     const auto units = knownUnits + unknownUnits;
@@ -75,16 +65,6 @@ TEST_F(FlukeStandard, AnIndicatedInputChangesNothing) {
     record = transmitter();
     record.input_indicated = true;
     EXPECT_FALSE(needsStandard(record));
-}
-
-TEST_F(FlukeStandard, IgnoresTheLimits) {
-    EXPECT_FALSE(needsStandard(instrument(u"VAC"_s, 0, 1E38F, u"mA"_s, 0, 1E38F)));
-}
-
-TEST_F(FlukeStandard, ReadsTheParametersOnce) {
-    needsStandard(transmitter());
-    EXPECT_EQ(script.statements, QStringList{selectParams(u"A-1"_s)});
-    EXPECT_EQ(link.calls, QStringList());
 }
 
 } // namespace kelvane::testing

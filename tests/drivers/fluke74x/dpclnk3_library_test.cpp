@@ -12,7 +12,6 @@ using ModuleGlobals::CleanDLLString;
 namespace {
 
 const QString whole = QStringLiteral(KELVANE_WHOLE_LIBRARY);
-const QString withoutMapped = QStringLiteral(KELVANE_LACKING_LIBRARY);
 
 QList<qint32> numbers(const Dpclnk3::State& state) {
     return {state.first, state.second, state.third};
@@ -230,42 +229,6 @@ TEST_F(RealLibrary3, ThatWritesNothingLeavesEverythingAsItIs) {
     EXPECT_EQ(link.STA3getRange(root, u"r"_s, low, high), 0);
     EXPECT_EQ(words, QString(33, u' '));
     EXPECT_EQ(QList<float>({low, high}), QList<float>({1.5F, 2.5F}));
-}
-
-// Whether it is there.
-
-class LibraryFolder3 : public LibraryFolderOf<Dpclnk3Library, &Dpclnk3Library::DPC3close> {
-  protected:
-    LibraryFolder3() : LibraryFolderOf(whole) {}
-};
-
-TEST_F(LibraryFolder3, WithoutALibraryIsReportedByNameAndFolderAndCallsAreErrors) {
-    const auto missing = link.missing();
-    EXPECT_TRUE(missing.startsWith(
-        u"The link library \"dpclnk3\" could not be loaded. Please install it in the folder \"%1\" and try again. ("_s
-            .arg(QDir::toNativeSeparators(folder.path()))))
-        << missing.toStdString();
-    EXPECT_EQ(errorOfCall(), 53);
-}
-
-TEST_F(LibraryFolder3, IsSearchedAgainAtEachQueryUntilTheLibraryIsThere) {
-    EXPECT_NE(link.missing(), QString());
-    install(whole);
-    EXPECT_EQ(errorOfCall(), 53) << "not before it is asked";
-    EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOfCall(), 0);
-}
-
-TEST_F(LibraryFolder3, WithALibraryThatLacksAnOperationNamesItAndTakesABetterOne) {
-    install(withoutMapped);
-    EXPECT_EQ(
-        link.missing(),
-        u"The link library \"%1\" lacks the operation \"STA3getMapped\". Please install the library that belongs to the calibrator and try again."_s
-            .arg(QDir::toNativeSeparators(place)));
-    EXPECT_EQ(errorOfCall(), 53) << "nothing is called in half a library";
-    install(whole);
-    EXPECT_EQ(link.missing(), QString());
-    EXPECT_EQ(errorOfCall(), 0);
 }
 
 } // namespace kelvane::testing

