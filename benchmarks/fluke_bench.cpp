@@ -1,6 +1,7 @@
 #include "benchmarks/fluke_bench.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -131,6 +132,8 @@ using OnSite = std::function<std::unique_ptr<FlukeUnderBench>(Session&)>;
 
 RunFigures run(const Plant& plant, int instruments, const OnSite& onSite) {
     Site site(plant.files());
+    // The journal of the results lies in the working folder: each run gets one of its own.
+    QDir::setCurrent(site.folder.path());
     const testing::EmbeddedDatabase twin(plant.files());
     InStep inStep(site, twin);
     const auto fluke = onSite(site.session);
@@ -222,7 +225,8 @@ int benchFluke(int argc, char** argv, const char* calibrator, const OnSite& onSi
     const QCoreApplication application(argc, argv);
     if (argc < 2)
         giveUp(u"usage: DATABASE [TURNS]"_s);
-    run(calibrator, QString::fromLocal8Bit(argv[1]), argc > 2 ? std::max(std::atoi(argv[2]), 1) : 5, onSite);
+    run(calibrator, QDir(QString::fromLocal8Bit(argv[1])).absolutePath(),
+        argc > 2 ? std::max(std::atoi(argv[2]), 1) : 5, onSite);
     return 0;
 }
 
