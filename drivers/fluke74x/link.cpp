@@ -118,7 +118,6 @@ bool Contact::identify() {
     driver_.Calibrator74xModel = QString(16, u' ');
     driver_.Calibrator74xSerial = QString(10, u' ');
     driver_.Calibrator74xText = QString(40, u' ');
-    driver_.Calibrator74xAsset.clear();
     qint32 unused1 = 0;
     qint32 unused2 = 0;
     const auto status =
