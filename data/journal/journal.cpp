@@ -3,8 +3,10 @@
 #include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QSet>
 #include <QUuid>
 
+#include <algorithm>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -115,6 +117,11 @@ class Entries {
     static QString idOf(const QByteArray& line) {
         return QJsonDocument::fromJson(line).object()[idKey].toString();
     }
+    /// Whether a line with this content ends its entry.
+    static bool isEnd(const QJsonObject& content) {
+        const auto state = content[stateKey].toString();
+        return !state.isEmpty() && state != unfinishedState;
+    }
     const QStringList& ids() const { return order_; }
     const EntryLines& linesOf(const QString& id) const { return entries_.at(id); }
 
@@ -133,8 +140,7 @@ class Entries {
         for (auto key = content.begin(); key != content.end(); ++key)
             entry.content[key.key()] = key.value();
         entry.isWhole = entry.isWhole || content.contains(rawKey);
-        const auto state = content[stateKey].toString();
-        entry.hasEnded = !state.isEmpty() && state != unfinishedState;
+        entry.hasEnded = isEnd(content);
     }
 
     QStringList order_;
@@ -160,6 +166,34 @@ QList<QByteArray> dropOldEnded(const QList<QByteArray>& lines, qint64 size) {
     QList<QByteArray> kept;
     for (const auto& line : lines) {
         if (!dropped.contains(Entries::idOf(line)))
+            kept << line;
+    }
+    return kept;
+}
+
+/// The value of "id" in a line as it is written; another text where a line has been written otherwise.
+QByteArrayView writtenId(const QByteArray& line) {
+    constexpr QByteArrayView key = "\"id\":\"";
+    const auto start = line.indexOf(key);
+    const auto value = QByteArrayView(line).sliced(start < 0 ? line.size() : start + key.size());
+    return value.first(std::max(value.indexOf('"'), qsizetype{0}));
+}
+
+/// The lines without those of entries that have ended. An upload asks after each record, and most entries
+/// have ended: their lines need not be taken apart.
+QList<QByteArray> dropEnded(const QList<QByteArray>& lines) {
+    QSet<QByteArray> ended;
+    for (const auto& line : lines) {
+        if (!line.contains(R"("ended":")"))
+            continue;
+        const auto content = QJsonDocument::fromJson(line).object();
+        if (Entries::isEnd(content))
+            ended << content[idKey].toString().toUtf8();
+    }
+    ended.remove({});
+    QList<QByteArray> kept;
+    for (const auto& line : lines) {
+        if (!ended.contains(writtenId(line).toByteArray()))
             kept << line;
     }
     return kept;
@@ -220,7 +254,7 @@ void Journal::end(const QString& id, JournalEnd end, const QString& why) {
 }
 
 QList<JournalEntry> Journal::unfinished() const {
-    const Entries entries(file_.lines());
+    const Entries entries(dropEnded(file_.lines()));
     QList<JournalEntry> unfinished;
     for (const auto& id : entries.ids()) {
         const auto& entry = entries.linesOf(id);

@@ -181,6 +181,21 @@ TEST_F(ResultJournal, ForeignLinesAndKeysAreLeftAlone) {
     EXPECT_TRUE(bytes().contains("not json\n"));
 }
 
+TEST_F(ResultJournal, WordsOfAnEndInsideAnEntryEndNeitherItNorAnother) {
+    const auto ended = journal().add(entryFor(u"A"_s));
+    journal().end(ended, JournalEnd::done);
+    auto entry = entryFor(u"B"_s);
+    entry.raw = {{"ended"_L1, u"never"_s}, {"state"_L1, u"done"_s}};
+    entry.why = u"\"ended\":\"never\", \"id\":\""_s + ended + u'"';
+    journal().add(entry);
+    put(bytes() + "{ \"id\": \"spaced\", \"asset\": \"C\", \"raw\": {}, \"state\": \"unfinished\" }\n"
+                  "{\"asset\":\"D\",\"ended\":\"never\",\"id\":\"D\",\"raw\":{},\"state\":\"unfinished\"}\n"
+                  "{\"ended\":\"now\",\"state\":\"done\"}\n");
+    EXPECT_EQ(unfinished(), (QStringList{u"B"_s, u"C"_s, u"D"_s}));
+    put(bytes() + "{ \"id\": \"spaced\", \"state\": \"done\" }\n");
+    EXPECT_EQ(unfinished(), (QStringList{u"B"_s, u"D"_s}));
+}
+
 TEST_F(ResultJournal, RotationDropsOldEndedEntriesAndNeverAnUnfinishedOne) {
     rotationSize = 20000;
     QStringList left;
