@@ -26,13 +26,13 @@ constexpr int lastYear = 9999;
 constexpr qsizetype maxTagLength = 29;
 
 /// Every 32-bit number, infinite ones and those that are none included.
-QString written(float value) {
+QString exactText(float value) {
     return QString::number(double{value}, 'g', QLocale::FloatingPointShortest);
 }
 
 /// For the operator: as short as it can be.
 QString displayText(float value) {
-    return std::isfinite(value) ? plainText(value) : written(value);
+    return std::isfinite(value) ? plainText(value) : exactText(value);
 }
 
 float readFloat(const QJsonValue& value) {
@@ -96,7 +96,8 @@ void setMoment(RunResults& run, const Moment& moment) {
 QJsonObject toJson(const RunResults& run) {
     QJsonArray entries;
     for (const auto& entry : run.entries)
-        entries << QJsonArray{written(entry.applied), written(entry.reading), written(entry.calibratorError)};
+        entries << QJsonArray{exactText(entry.applied), exactText(entry.reading),
+                              exactText(entry.calibratorError)};
     QJsonObject json{{"kind"_L1, run.kind},
                      {"date"_L1, run.date},
                      {"time"_L1, run.time},

@@ -17,11 +17,11 @@ namespace kelvane::Module702Interface {
 
 namespace {
 
-constexpr qsizetype mostPoints = 50;
+constexpr qsizetype maxPoints = 50;
 
 /// More points than the library takes, or none, make no strategy.
 bool defineStrategy(Dpclnk& link, StatusRule& rule, Download702Item& item, const QList<float>& points) {
-    if (points.isEmpty() || points.size() > mostPoints)
+    if (points.isEmpty() || points.size() > maxPoints)
         return true;
     return rule.passes(link.MEMstrategyDefn(item.strategyId, item.strategyName,
                                             static_cast<qint16>(points.size()), points.constData()));

@@ -108,8 +108,8 @@ Strategy strategyFrom(const Place& place, qsizetype longestName) {
     Strategy strategy{shortTextAt(place, u"name"_s, longestName), {}};
     for (const QJsonValue value : valueOf(place, u"points"_s, QJsonValue::Array).toArray())
         strategy.points.push_back(floatFrom(value, wordsOf(place, u"points"_s)));
-    if (strategy.points.empty() || strategy.points.size() > mostPoints)
-        throwInvalid(place.words, u"a strategy has 1 to %1 points"_s.arg(mostPoints));
+    if (strategy.points.empty() || strategy.points.size() > maxPoints)
+        throwInvalid(place.words, u"a strategy has 1 to %1 points"_s.arg(maxPoints));
     return strategy;
 }
 

@@ -10,7 +10,7 @@ bool arePointsGood(const std::vector<float>& points) {
     // Not a number lies nowhere.
     const bool near = std::all_of(points.begin(), points.end(),
                                   [](float point) { return point >= lowest && point <= highest; });
-    return near && !points.empty() && points.size() <= mostPoints;
+    return near && !points.empty() && points.size() <= maxPoints;
 }
 
 } // namespace kelvane::simulators

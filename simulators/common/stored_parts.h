@@ -15,7 +15,7 @@ inline constexpr qsizetype longestPrompt = 255;
 inline constexpr qsizetype longestTag = 29;
 inline constexpr qsizetype longestSerial = 32;
 inline constexpr qsizetype longestTechnician = 32;
-inline constexpr std::size_t mostPoints = 50;
+inline constexpr std::size_t maxPoints = 50;
 
 /// A test strategy: its points as fractions of the range.
 struct Strategy {
