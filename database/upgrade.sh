@@ -27,6 +27,12 @@ CDPATH= cd -- "$1" >/dev/null
 folder=$PWD
 umask 077
 
+# Of two at once the second waits, and finds the work done: each would keep the other from its locks.
+if [ -z "$new" ]; then
+    exec 9<.
+    flock -w 600 9 || fail "another upgrade of $folder is running; nothing was changed"
+fi
+
 # What stands in kelvane.db is reached by no statement of the workstation.
 history='create table if not exists kelvane_upgrades (
     number      integer primary key,
