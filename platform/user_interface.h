@@ -84,6 +84,9 @@ class UserInterface {
     /// Lets pending window events run.
     virtual void processEvents() = 0;
 
+    /// Lets the rest of the program live until no window with this title is on the screen any more.
+    virtual void waitForWindow(const QString& title) = 0;
+
     /// Lets the windows paint what has to be painted. No key, click or request to close is handled meanwhile:
     /// long work that no command may interrupt calls this while it waits.
     virtual void repaint() = 0;

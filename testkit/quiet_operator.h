@@ -29,6 +29,7 @@ class QuietOperator : public UserInterface {
     void setBusyPointer() override {}
     void setNormalPointer() override {}
     void processEvents() override {}
+    void waitForWindow(const QString&) override {}
     void repaint() override {}
 
     QStringList reportedErrors;

@@ -112,6 +112,12 @@ void ScriptedUserInterface::processEvents() {
     events << QStringLiteral("events");
 }
 
+void ScriptedUserInterface::waitForWindow(const QString& title) {
+    events << QStringLiteral("wait ") + title;
+    if (onWait)
+        onWait();
+}
+
 void ScriptedUserInterface::repaint() {
     ++repaints;
 }

@@ -10,7 +10,7 @@ namespace kelvane::testing {
 /// A scripted operator. `expectBox` and `expectDialog` queue what has to come, in order, with the answer; a
 /// box or dialog that differs from the next one expected, or comes unexpected, fails the test; `~` fails it
 /// for what never came. `events` records the progress window and pointer calls ("busy", "normal", "progress
-/// Caption", "value 14", "text …", "hide", "events").
+/// Caption", "value 14", "text …", "hide", "events", "wait Title").
 class ScriptedUserInterface final : public UserInterface {
   public:
     ~ScriptedUserInterface() override;
@@ -36,6 +36,7 @@ class ScriptedUserInterface final : public UserInterface {
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;
+    void waitForWindow(const QString& title) override;
     void repaint() override;
 
     QStringList events;
@@ -48,6 +49,8 @@ class ScriptedUserInterface final : public UserInterface {
     int broughtForward = 0;
     /// Runs while a box stands, when a test sets it.
     std::function<void()> onBox;
+    /// Runs while a window is waited for, when a test sets it.
+    std::function<void()> onWait;
     bool busy = false;
     bool progressShown = false;
 

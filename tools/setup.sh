@@ -4,11 +4,12 @@
 build_packages=(
     g++ cmake ninja-build ccache
     qt6-base-dev qt6-serialport-dev libgl-dev
+    libkainjow-mustache-dev libjsoncpp-dev libzint-dev
     unixodbc-dev odbcinst libsqliteodbc libcrypt-dev
     sqlite3 fonts-dejavu-core
     libgtest-dev
 )
-test_packages=(locales valgrind)
+test_packages=(locales poppler-utils valgrind zbar-tools)
 check_packages=(clang-format clang-tidy)
 
 setup_packages() {

@@ -5,13 +5,14 @@
 #include "ui/message_box.h"
 #include "ui/status_line.h"
 
+#include <QApplication>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <memory>
 
 namespace kelvane {
@@ -152,6 +153,17 @@ void QtUserInterface::setNormalPointer() {
 
 void QtUserInterface::processEvents() {
     QCoreApplication::processEvents();
+}
+
+void QtUserInterface::waitForWindow(const QString& title) {
+    const auto isShown = [&] {
+        const auto windows = QApplication::topLevelWidgets();
+        return std::any_of(windows.cbegin(), windows.cend(), [&](const QWidget* window) {
+            return window->isVisible() && window->windowTitle() == title;
+        });
+    };
+    while (isShown())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void QtUserInterface::repaint() {

@@ -37,6 +37,7 @@ class QtUserInterface final : public UserInterface {
     void setBusyPointer() override;
     void setNormalPointer() override;
     void processEvents() override;
+    void waitForWindow(const QString& title) override;
     void repaint() override;
 
   private:

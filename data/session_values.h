@@ -1,0 +1,12 @@
+#pragma once
+
+#include "data/session.h"
+
+namespace kelvane {
+
+/// Fills the session values that the database holds for a user, over the open connection: owner and level
+/// from the list of users, date format, version and switches from the site's configuration. Throws the
+/// `Error` that stopped it; what was filled before stays.
+void readSessionValues(Session& session, const QString& user);
+
+} // namespace kelvane
