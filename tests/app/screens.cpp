@@ -242,6 +242,23 @@ const Screen screens[] = {
          test.startLoggedIn(4);
          look();
      }},
+    {"FormWorksheetPrint",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuPrint"_s);
+         control<QListWidget>(test.child(u"FormWorksheetPrint"_s), u"ListCal"_s)
+             .addItems({u"PT-1001"_s, u"PT-1002"_s, u"PT-1003"_s, u"PT-1004"_s});
+         look();
+     }},
+    {"FormWorkEntry",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.simulatedOperator.expectDialog(
+             u"Enter Test Results From Worksheet(s)"_s, u"Enter instrument #: (or press CANCEL to quit)"_s,
+             [&](FormCustomDialog& dialog) { test.cancel(dialog); });
+         test.choose(u"mnuEnter"_s);
+         look();
+     }},
     {"FormTestMess",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
