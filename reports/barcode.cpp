@@ -15,7 +15,7 @@ namespace {
 /// What the library takes as one module.
 constexpr double moduleSize = 2;
 constexpr double minModule = 0.12; // mm
-constexpr double maxModule = 0.5;  // mm
+constexpr double maxModule = 0.4;  // mm
 
 int symbologyNumber(BarcodeSymbology symbology) {
     return symbology == BarcodeSymbology::code128 ? BARCODE_CODE128 : BARCODE_QRCODE;

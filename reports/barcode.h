@@ -19,7 +19,7 @@ struct Barcode {
 Barcode barcodeOf(const QString& text, BarcodeSymbology symbology);
 
 /// Paints the barcode into `place`, in design units: a Code 128 as high as its place, a QR code as a square.
-/// Its modules are at most 0.5 mm wide; when they would be too narrow for a reader, the place stays empty.
+/// Its modules are at most 0.4 mm wide; when they would be too narrow for a reader, the place stays empty.
 void paintBarcode(QPainter& painter, const Barcode& barcode, BarcodeSymbology symbology,
                   Qt::Alignment alignment, const QRectF& place);
 

@@ -9,7 +9,9 @@
 
 #include <kainjow/mustache.hpp>
 
-#include <deque>
+#include <algorithm>
+#include <functional>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -70,37 +72,47 @@ const QRegularExpression& pageTag() {
 
 } // namespace
 
-/// The values of each level, the uppermost last.
-class FieldValues::Levels final : public mustache::basic_context<std::string> {
+class FieldValues::Context final : public mustache::basic_context<std::string> {
   public:
-    void push(mustache::data&& values) {
-        own_.push_back(std::move(values));
-        push(&own_.back());
-    }
-    void popOwn() {
-        pop();
-        own_.pop_back();
-    }
+    mustache::data report;
+    mustache::data group;
+    mustache::data page;
+    std::optional<mustache::data> row;
 
-    void push(const mustache::data* values) override { levels_.push_back(values); }
-    void pop() override { levels_.pop_back(); }
+    void push(const mustache::data* section) override { sections_.push_back(section); }
+    void pop() override { sections_.pop_back(); }
 
     const mustache::data* get(const std::string& name) const override {
         if (name == ".")
-            return levels_.empty() ? nullptr : levels_.back();
-        for (auto level = levels_.rbegin(); level != levels_.rend(); ++level) {
-            if (const auto* value = find(**level, name))
-                return value;
+            return sections_.empty() ? nullptr : sections_.back();
+        for (auto section = sections_.rbegin(); section != sections_.rend(); ++section) {
+            if ((*section)->is_object())
+                return firstOf({find(**section, name), everywhere(name)});
         }
-        return nullptr;
+        if (row)
+            return firstOf({find(*row, name), everywhere(name)});
+        return firstOf({everywhere(name), find(group, name), find(report, name)});
     }
 
     const mustache::data* get_partial(const std::string&) const override { return nullptr; }
 
   private:
-    /// A deque keeps its elements in their places.
-    std::deque<mustache::data> own_;
-    std::vector<const mustache::data*> levels_;
+    static const mustache::data* firstOf(std::initializer_list<const mustache::data*> values) {
+        const auto* const value = std::ranges::find_if(values, std::identity{});
+        return value == values.end() ? nullptr : *value;
+    }
+
+    const mustache::data* everywhere(const std::string& name) const {
+        constexpr std::string_view ofGroup = "group.";
+        constexpr std::string_view ofReport = "report.";
+        if (name.starts_with(ofGroup))
+            return find(group, name.substr(ofGroup.size()));
+        if (name.starts_with(ofReport))
+            return find(report, name.substr(ofReport.size()));
+        return page.get(name);
+    }
+
+    std::vector<const mustache::data*> sections_;
 };
 
 struct FieldText::Pattern {
@@ -110,16 +122,27 @@ struct FieldText::Pattern {
     mustache::mustache fields;
 };
 
-FieldValues::FieldValues() : levels_(std::make_unique<Levels>()) {}
+FieldValues::FieldValues(const QJsonObject& report) : context_(std::make_unique<Context>()) {
+    context_->report = dataOf(report);
+}
 
 FieldValues::~FieldValues() = default;
 
-void FieldValues::push(const QJsonObject& values) {
-    levels_->push(dataOf(values));
+void FieldValues::setGroup(const QJsonObject& values) {
+    context_->group = dataOf(values);
+    clearRow();
 }
 
-void FieldValues::pop() {
-    levels_->popOwn();
+void FieldValues::setPage(const QString& page, const QString& pages) {
+    context_->page = dataOf(QJsonObject{{u"page"_s, page}, {u"pages"_s, pages}});
+}
+
+void FieldValues::setRow(const QJsonObject& values) {
+    context_->row = dataOf(values);
+}
+
+void FieldValues::clearRow() {
+    context_->row.reset();
 }
 
 FieldText::FieldText() : FieldText(QString()) {}
@@ -140,7 +163,7 @@ FieldText::FieldText(const QString& pattern) {
 QString FieldText::filled(FieldValues& values) const {
     if (pattern_->plain)
         return pattern_->text;
-    return QString::fromStdString(pattern_->fields.render(*values.levels_));
+    return QString::fromStdString(pattern_->fields.render(*values.context_));
 }
 
 bool FieldText::isPlain() const {

@@ -48,12 +48,12 @@ GroupPages::GroupPages(const ReportLayout& layout, const QJsonObject& group, dou
 }
 
 MeasuredBand GroupPages::measured(const BandRow& source, const QString& page, const QString& pages) {
-    values_.push({{u"page"_s, page}, {u"pages"_s, pages}});
-    values_.push(source.values);
-    MeasuredBand band(*source.band, values_, plainTexts_);
-    values_.pop();
-    values_.pop();
-    return band;
+    values_.setPage(page, pages);
+    if (source.row)
+        values_.setRow(*source.row);
+    else
+        values_.clearRow();
+    return {*source.band, values_, plainTexts_};
 }
 
 double GroupPages::reservedHeight(const std::optional<ReportBand>& band) {
@@ -96,7 +96,7 @@ void GroupPages::addTable(const ReportTable& table, const QJsonArray& rows) {
     // The page on which the header stands: it goes with the first row, and with the first of each page.
     qsizetype headerPage = -1;
     for (qsizetype index = 0; index < rows.size() + table.emptyRows; ++index) {
-        const BandRow row{.band = &table.row, .values = numbered(rows.at(index).toObject(), index + 1)};
+        const BandRow row{.band = &table.row, .row = numbered(rows.at(index).toObject(), index + 1)};
         const auto rowBand = measured(row, unknownPage, unknownPage);
         const auto rowHeight = std::min(rowBand.height(), fullRoom() - headerHeight);
         ensureRoom(headerPage == pages_.size() ? rowHeight : headerHeight + rowHeight);

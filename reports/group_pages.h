@@ -18,10 +18,10 @@ class GroupPages {
     void paint(QPainter& painter, qsizetype page);
 
   private:
-    /// A band of the layout, with the values of its row if it has any.
+    /// A band of the layout, and the row of a table that it shows.
     struct BandRow {
         const ReportBand* band = nullptr;
-        QJsonObject values = {};
+        std::optional<QJsonObject> row = {};
     };
     struct PlacedBand {
         BandRow source;

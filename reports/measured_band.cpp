@@ -125,17 +125,12 @@ double MeasuredBand::shifted(double y) const {
 
 void MeasuredBand::place(PlacedItem& placed) const {
     const auto& item = *placed.item;
-    const auto given = unitsOfMillimetres(item.y);
-    const auto top = shifted(given);
+    const auto top = shifted(unitsOfMillimetres(item.y));
     auto bottom = item.height ? top + unitsOfMillimetres(*item.height) : top;
     if (placed.text)
         bottom = std::max(bottom, top + placed.text->height());
-    else if (const auto isLine = contentOf<LineItem>(item) != nullptr; isLine || contentOf<BoxItem>(item)) {
-        if (item.height)
-            bottom = shifted(given + unitsOfMillimetres(*item.height));
-        else if (!isLine || item.width <= 0)
-            bottom = height_;
-    }
+    else if (!item.height && (contentOf<BoxItem>(item) || (contentOf<LineItem>(item) && item.width <= 0)))
+        bottom = height_;
     const auto left = unitsOfMillimetres(item.x);
     placed.place = QRectF(QPointF(left, top), QPointF(left + unitsOfMillimetres(item.width), bottom));
 }

@@ -70,22 +70,20 @@ bool Report::paint(QPagedPaintDevice& device, const GroupProgress& onGroup) cons
         throw ReportError(text(TextId::reportNotPainted));
     prepare(painter, device, area);
 
-    FieldValues values;
-    values.push(data_.values);
+    FieldValues values(data_.values);
     PlainTexts plainTexts;
     auto isFirst = true;
     for (qsizetype group = 0; group < data_.groupCount(); ++group) {
         if (onGroup && !onGroup(group))
             return false;
         const auto groupValues = data_.group(group);
-        values.push(groupValues);
+        values.setGroup(groupValues);
         GroupPages pages(layout_, groupValues, pageHeight, values, plainTexts);
         for (qsizetype page = 0; page < pages.count(); ++page) {
             if (!std::exchange(isFirst, false) && !device.newPage())
                 throw ReportError(text(TextId::reportNotPainted));
             pages.paint(painter, page);
         }
-        values.pop();
     }
     return true;
 }
