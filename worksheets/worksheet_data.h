@@ -10,13 +10,13 @@ namespace kelvane {
 /// The values of a whole worksheet report: its title, when and by whom it is printed.
 QJsonObject worksheetValues(const Session& session, const QString& title);
 
-/// The keys of the instruments in the package of that tag, one for each of its rows and in their order;
-/// nothing after an error, which is reported.
+/// The keys of the instruments in the package of that tag, one for each of its rows, in the order in which
+/// the engine gives them; nothing after an error, which is reported.
 std::optional<QStringList> worksheetInstruments(Session& session, const QString& tag);
 
-/// What the sheet of an instrument shows, all of it as texts: inventory, calibration parameters by the names of
-/// their columns, test points, messages, fields and standards. Nothing after an error, which is reported: a
-/// sheet never lacks a part that could not be read.
+/// What the sheet of an instrument shows, all of it as texts: inventory, calibration parameters by the names
+/// of their columns, test points, messages, fields and standards. Nothing after an error, which is reported:
+/// a sheet never lacks a part that could not be read.
 std::optional<QJsonObject> worksheetOf(Session& session, const QString& mtag);
 
 } // namespace kelvane
