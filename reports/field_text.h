@@ -7,24 +7,27 @@
 
 namespace kelvane {
 
-/// The values that a text's fields are filled with: those of a row over those of its group over those of the
-/// report.
+/// The values that fields are filled with: those of the group over those of the report. In a row, and in a
+/// section over a list, only the row's own are found by their bare name, so that a row without a serial
+/// number does not show that of its group; "group.name" and "report.name" are found everywhere.
 class FieldValues {
   public:
-    FieldValues();
+    explicit FieldValues(const QJsonObject& report);
     ~FieldValues();
     FieldValues(const FieldValues&) = delete;
     FieldValues& operator=(const FieldValues&) = delete;
 
-    /// Lays values over the ones there are.
-    void push(const QJsonObject& values);
-    /// Takes the uppermost values away.
-    void pop();
+    /// Begins a group; there is no row.
+    void setGroup(const QJsonObject& values);
+    /// The values "page" and "pages", which are found everywhere.
+    void setPage(const QString& page, const QString& pages);
+    void setRow(const QJsonObject& values);
+    void clearRow();
 
   private:
     friend class FieldText;
-    class Levels;
-    std::unique_ptr<Levels> levels_;
+    class Context;
+    std::unique_ptr<Context> context_;
 };
 
 /// A text with fields in the manner of Mustache: {{name}}, {{#name}}...{{/name}}, {{^name}}...{{/name}}.

@@ -19,6 +19,8 @@ struct TextItem {
     FieldText text;
     /// Without a device: its size is in design units (`reports/design_unit.h`).
     QFont font;
+    /// The height of one line, in design units.
+    double lineHeight = 0;
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignTop;
 };
 
