@@ -58,4 +58,7 @@ struct Session : Workstation {
 /// The one connection of the session, made on first use.
 Connection& sharedConnection(Session& session);
 
+/// Closes the connection, if there is one, because its work or the process ends. A failure is not reported.
+void closeConnection(Session& session);
+
 } // namespace kelvane

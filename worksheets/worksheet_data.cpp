@@ -221,24 +221,21 @@ std::optional<QStringList> worksheetInstruments(Session& session, const QString&
     });
 }
 
-std::optional<QJsonObject> worksheetOf(Session& session, const QString& mtag) {
+bool readWorksheet(Session& session, const QString& mtag, QJsonObject& sheet) {
     const ReportWatch watch(session);
     Subject subject{.mtag = mtag};
-    QJsonObject sheet;
-    Routine routine(session, u"WorksheetReport,worksheetOf"_s);
+    Routine routine(session, u"WorksheetReport,readWorksheet"_s);
     const auto found = routine.resultOf([&] { return addInventory(session, routine, subject, sheet); });
-    if (!found)
-        return {};
-    if (!*found) {
+    if (found == false)
         showFailure(session, text(TextId::worksheetInstrumentGone).arg(mtag));
-        return {};
-    }
+    if (!found.value_or(false))
+        return false;
     for (const auto part : parts) {
         part(session, subject, sheet);
         if (watch.sawReport())
-            return {};
+            return false;
     }
-    return sheet;
+    return true;
 }
 
 } // namespace kelvane

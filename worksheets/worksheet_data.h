@@ -14,9 +14,10 @@ QJsonObject worksheetValues(const Session& session, const QString& title);
 /// the engine gives them; nothing after an error, which is reported.
 std::optional<QStringList> worksheetInstruments(Session& session, const QString& tag);
 
-/// What the sheet of an instrument shows, all of it as texts: inventory, calibration parameters by the names
-/// of their columns, test points, messages, fields and standards. Nothing after an error, which is reported:
-/// a sheet never lacks a part that could not be read.
-std::optional<QJsonObject> worksheetOf(Session& session, const QString& mtag);
+/// Reads what the sheet of an instrument shows, all of it as texts: inventory, calibration parameters by the
+/// names of their columns, test points, messages, fields and standards. False after an error, which is
+/// reported, or for an instrument that the inventory lacks, which a box says: the sheet then holds what was
+/// read before.
+bool readWorksheet(Session& session, const QString& mtag, QJsonObject& sheet);
 
 } // namespace kelvane

@@ -72,9 +72,13 @@ class WorksheetData : public RecordedSession {
     }
 
     QJsonObject sheet() {
-        const auto made = worksheetOf(session, u"4711"_s);
-        EXPECT_TRUE(made);
-        return made.value_or(QJsonObject());
+        QJsonObject made;
+        EXPECT_TRUE(readWorksheet(session, u"4711"_s, made));
+        return made;
+    }
+    bool hasSheet(const QString& mtag) {
+        QJsonObject made;
+        return readWorksheet(session, mtag, made);
     }
     QString value(QLatin1StringView name) { return sheet()[name].toString(); }
 };
@@ -95,7 +99,7 @@ TEST_F(WorksheetData, AnotherOwnerReadsItsOwnInventory) {
     session.SessionOwner = u"ABC"_s;
     ui.expectBox(u"An instrument of the task package is not in the inventory (its key: \"4711\")."_s,
                  u"Calibration Worksheet"_s, box::stop);
-    EXPECT_FALSE(worksheetOf(session, u"4711"_s));
+    EXPECT_FALSE(hasSheet(u"4711"_s));
     EXPECT_EQ(script.statements, QStringList{QString(inventoryQuery).replace(u"MT."_s, u"ABC."_s)});
 }
 
@@ -223,7 +227,7 @@ TEST_F(WorksheetData, EachFailureOfAStatementIsReportedOnceAndGivesNoSheet) {
         QString statement;
         QString routine;
     } cases[] = {
-        {inventoryQuery, u"WorksheetReport,worksheetOf"_s},
+        {inventoryQuery, u"WorksheetReport,readWorksheet"_s},
         {locationQuery, u"ModuleGlobals,SourceColumn"_s},
         {paramsQuery, u"ModuleGlobals,GetCalParams"_s},
         {repetitionsQuery, u"ModuleGlobals,GetTestPointList"_s},
@@ -238,26 +242,26 @@ TEST_F(WorksheetData, EachFailureOfAStatementIsReportedOnceAndGivesNoSheet) {
         script.failures = {{testCase.statement, Error{-99, u"planned"_s}}};
         script.statements.clear();
         ui.expectReport(-99, testCase.routine);
-        EXPECT_FALSE(worksheetOf(session, u"4711"_s)) << testCase.statement.toStdString();
+        EXPECT_FALSE(hasSheet(u"4711"_s)) << testCase.statement.toStdString();
         EXPECT_TRUE(ui.hasMetAll()) << testCase.statement.toStdString();
     }
 }
 
 TEST_F(WorksheetData, AnInstrumentWithoutANumberIsReported) {
     script.answers[inventoryQuery].first()[0] = std::nullopt;
-    ui.expectReport(94, u"WorksheetReport,worksheetOf"_s);
-    EXPECT_FALSE(worksheetOf(session, u"4711"_s));
+    ui.expectReport(94, u"WorksheetReport,readWorksheet"_s);
+    EXPECT_FALSE(hasSheet(u"4711"_s));
 }
 
 TEST_F(WorksheetData, ADateThatIsNoneIsReported) {
     script.answers[inventoryQuery].first()[6] = u"soon"_s;
-    ui.expectReport(13, u"WorksheetReport,worksheetOf"_s);
-    EXPECT_FALSE(worksheetOf(session, u"4711"_s));
+    ui.expectReport(13, u"WorksheetReport,readWorksheet"_s);
+    EXPECT_FALSE(hasSheet(u"4711"_s));
 }
 
 TEST_F(WorksheetData, AKeyThatEndsItsQuotesIsReportedAndNotSent) {
-    ui.expectReport(1, u"WorksheetReport,worksheetOf"_s);
-    EXPECT_FALSE(worksheetOf(session, u"1' or '1"_s + u"'='1';--"_s));
+    ui.expectReport(1, u"WorksheetReport,readWorksheet"_s);
+    EXPECT_FALSE(hasSheet(u"1' or '1"_s + u"'='1';--"_s));
     EXPECT_EQ(script.statements, QStringList());
 }
 
