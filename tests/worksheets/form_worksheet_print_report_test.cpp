@@ -1,4 +1,5 @@
 #include "tests/worksheets/form_worksheet_print_fixture.h"
+#include "ui/form_custom_dialog.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -31,6 +32,24 @@ TEST_F(FormWorksheetPrintTest, WhileTheReportIsOpenAllButPrintingGoesOn) {
     EXPECT_FALSE(QApplication::overrideCursor());
 }
 
+TEST_F(FormWorksheetPrintTest, AQuestionThatOutlivesTheReportEndsBeforeThePrint) {
+    openWithRows();
+    print([this] {
+        simulatedOperator.expectDialog(checking, standardPrompt, [this](FormCustomDialog& dialog) {
+            preview.close();
+            QCoreApplication::processEvents();
+            EXPECT_EQ(removals(), QStringList());
+            form().close();
+            EXPECT_TRUE(isOpen());
+            cancel(dialog);
+        });
+        press(u"CommandChkStandard"_s);
+        EXPECT_EQ(enabledOf(commands), commands.first(3));
+    });
+    EXPECT_EQ(removals().size(), 1);
+    EXPECT_EQ(enabledOf(commands), commands);
+}
+
 TEST_F(FormWorksheetPrintTest, PrintingAgainShowsTheListAgain) {
     openWithRows();
     print([] {});
@@ -52,8 +71,8 @@ TEST_F(FormWorksheetPrintTest, PrintingByKeyboardPutsTheFocusIntoTheEntry) {
 TEST_F(FormWorksheetPrintTest, ClosingBringsTheReportForwardWhileItIsOpen) {
     openWithRows();
     print([this] {
-        for (const auto minimised : {false, true}) {
-            minimised ? preview.showMinimized() : preview.showNormal();
+        for (const bool minimised : {false, true}) {
+            preview.setWindowState(minimised ? Qt::WindowMinimized : Qt::WindowNoState);
             program.window.activateWindow();
             EXPECT_TRUE(QTest::qWaitForWindowActive(&program.window));
             form().close();

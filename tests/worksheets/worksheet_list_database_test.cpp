@@ -1,4 +1,3 @@
-#include "data/assets/worksheet_package.h"
 #include "testkit/database_session.h"
 #include "testkit/faulty_connection.h"
 #include "testkit/scripted_report_control.h"
