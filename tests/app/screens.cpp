@@ -2,12 +2,15 @@
 
 #include "data/journal/journal.h"
 #include "ui/form_custom_dialog.h"
+#include "worksheets/form_work_entry.h"
 
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -241,6 +244,21 @@ const Screen screens[] = {
                                    .why = u"The connection to the database was lost."_s});
          test.startLoggedIn(4);
          look();
+     }},
+    {"FormWorkEntry",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         auto* form = new FormWorkEntry(test.program.session);
+         form->showIn(test.program.window.area());
+         auto& fields = control<QTreeWidget>(*form, u"ListViewData"_s);
+         for (const auto& field : {QStringList{u"Calibration Date"_s, u"03/17/2026"_s},
+                                   QStringList{u"Calibration Time"_s, u"10:20"_s},
+                                   QStringList{u"Ambient Temperature (C)"_s, u"21.5"_s}})
+             fields.addTopLevelItem(new QTreeWidgetItem(field));
+         fields.resizeColumnToContents(0);
+         control<QListWidget>(*form, u"ListStandards"_s).addItems({u"DWT-01"_s, u"DMM-01"_s});
+         look();
+         form->close();
      }},
     {"FormTestMess",
      [](Screens& test, const std::function<void()>& look) {
