@@ -6,8 +6,10 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -257,6 +259,14 @@ const Screen screens[] = {
              u"Enter Test Results From Worksheet(s)"_s, u"Enter instrument #: (or press CANCEL to quit)"_s,
              [&](FormCustomDialog& dialog) { test.cancel(dialog); });
          test.choose(u"mnuEnter"_s);
+         auto& form = test.child(u"FormWorkEntry"_s);
+         auto& fields = control<QTreeWidget>(form, u"ListViewData"_s);
+         for (const auto& field : {QStringList{u"Calibration Date"_s, u"03/17/2026"_s},
+                                   QStringList{u"Calibration Time"_s, u"10:20"_s},
+                                   QStringList{u"Ambient Temperature (C)"_s, u"21.5"_s}})
+             fields.addTopLevelItem(new QTreeWidgetItem(field));
+         fields.resizeColumnToContents(0);
+         control<QListWidget>(form, u"ListStandards"_s).addItems({u"DWT-01"_s, u"DMM-01"_s});
          look();
      }},
     {"FormTestMess",
