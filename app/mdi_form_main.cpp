@@ -233,6 +233,18 @@ void MDIFormMain::mnuExit() {
     if (session_.ui.messageBox(text(TextId::confirmExit), text(TextId::applicationName), box::question) !=
         BoxAnswer::yes)
         return;
+    // The rows of a report that is open must not stay in the database. A print under an open question can't
+    // end.
+    auto* sheets = openScreen<FormWorksheetPrint>();
+    if (sheets && sheets->isPrinting() && !isWindowOpen(session_, u"FormCustomDialog")) {
+        connectGuarded(sheets, &FormWorksheetPrint::printed, this, session_.ui, [this] { leave(); });
+        sheets->closeReport();
+    } else {
+        leave();
+    }
+}
+
+void MDIFormMain::leave() {
     runGuarded(session_.ui, [this] {
         if (const auto place = placeOf(*this); place != placeAtStart_)
             storePlace(session_, place);

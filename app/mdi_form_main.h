@@ -66,6 +66,8 @@ class MDIFormMain final : public QMainWindow {
 
     void mnuLogout();
     void mnuExit();
+    /// Ends the program.
+    void leave();
     void mnuDownload();
     void mnuUpload();
     void mnuPrint();

@@ -94,7 +94,17 @@ void FormWorksheetPrint::print() {
     // A button that can't be used would pass the focus on to its neighbour.
     if (focusWidget() == CommandPrint)
         TextAdd->setFocus();
+    const QPointer self(this);
     run(printing_, [this] { printWorksheets(session_, *this, reports_); });
+    if (self)
+        Q_EMIT printed();
+}
+
+void FormWorksheetPrint::closeReport() {
+    while (auto* report = shownWindow(text(TextId::calibrationWorksheet))) {
+        if (!report->close())
+            return;
+    }
 }
 
 void FormWorksheetPrint::enableButtons() {
