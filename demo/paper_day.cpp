@@ -27,7 +27,8 @@ const Record& paperRecord() {
                                .failed = {},
                                .marginal = {},
                                .strategy = u"(null)"_s,
-                               .standards = {u"DMM-87V"_s, u"DWT-01"_s}};
+                               .standards = {u"DMM-87V"_s, u"DWT-01"_s},
+                               .lines = {}};
     return record;
 }
 
