@@ -61,6 +61,8 @@ TEST_F(FormWorksheetPrintTest, PrintingAgainShowsTheListAgain) {
 
 TEST_F(FormWorksheetPrintTest, PrintingByKeyboardPutsTheFocusIntoTheEntry) {
     openWithRows();
+    choose(u"mnuODBC"_s);
+    program.window.area().setActiveSubWindow(&form());
     whileOpen([] {});
     button(u"CommandPrint"_s).setFocus();
     pressKeys(u"Space"_s);
