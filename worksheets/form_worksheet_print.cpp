@@ -91,7 +91,17 @@ void FormWorksheetPrint::checkStandard() {
 }
 
 void FormWorksheetPrint::print() {
+    const QPointer self(this);
     run(printing_, [this] { printWorksheets(session_, *this, reports_); });
+    if (self)
+        Q_EMIT printed();
+}
+
+void FormWorksheetPrint::closeReport() {
+    while (auto* report = shownWindow(text(TextId::calibrationWorksheet))) {
+        if (!report->close())
+            return;
+    }
 }
 
 void FormWorksheetPrint::enableButtons() {

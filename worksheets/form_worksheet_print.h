@@ -20,6 +20,15 @@ class FormWorksheetPrint final : public ChildWindow, private WorksheetListScreen
     /// `reports` has to outlive every print.
     FormWorksheetPrint(Session& session, ReportControl& reports);
 
+    /// True while a report is open, whose rows stand in the database.
+    bool isPrinting() const { return printing_; }
+    /// Closes the report; the print then ends.
+    void closeReport();
+
+  Q_SIGNALS:
+    /// A print has ended; nothing of it is left in the database, unless that failed.
+    void printed();
+
   private:
     void layOut();
     void connectCommands();

@@ -87,6 +87,40 @@ TEST_F(FormWorksheetPrintTest, ClosingBringsTheReportForwardWhileItIsOpen) {
     EXPECT_FALSE(isOpen());
 }
 
+TEST_F(FormWorksheetPrintTest, LeavingTheProgramClosesTheReportAndRemovesItsRowsFirst) {
+    openWithRows();
+    QStringList removedBefore;
+    atEnd = [&] {
+        ++processEnded;
+        removedBefore = removals();
+    };
+    print([this] {
+        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                    BoxAnswer::yes);
+        program.window.close();
+        EXPECT_FALSE(preview.isVisible());
+        EXPECT_EQ(processEnded, 0);
+    });
+    EXPECT_EQ(processEnded, 1);
+    EXPECT_EQ(removedBefore.size(), 1);
+    EXPECT_FALSE(script.open);
+}
+
+TEST_F(FormWorksheetPrintTest, LeavingUnderAnOpenQuestionEndsTheProgramAtOnce) {
+    openWithRows();
+    print([this] {
+        simulatedOperator.expectDialog(checking, standardPrompt, [this](FormCustomDialog& dialog) {
+            simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+                                        BoxAnswer::yes);
+            program.window.close();
+            EXPECT_EQ(processEnded, 1);
+            cancel(dialog);
+        });
+        press(u"CommandChkStandard"_s);
+    });
+    EXPECT_EQ(removals().size(), 1);
+}
+
 TEST_F(FormWorksheetPrintTest, AnyWindowOfThatTitleProlongsTheWait) {
     openWithRows();
     QWidget earlier;
@@ -123,17 +157,6 @@ TEST_F(FormWorksheetPrintTest, LogOutRefusesAndExitAsksWhileTheReportIsOpen) {
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(removals().size(), 1);
     EXPECT_EQ(processEnded, 0);
-}
-
-TEST_F(FormWorksheetPrintTest, ExitEndsTheProgramWhileTheReportIsOpen) {
-    openWithRows();
-    print([this] {
-        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
-                                    BoxAnswer::yes);
-        program.window.close();
-        EXPECT_EQ(processEnded, 1);
-        EXPECT_FALSE(script.open);
-    });
 }
 
 TEST_F(FormWorksheetPrintTest, ThePackageIsRemovedWhenTheScreenIsGoneBeforeTheReport) {

@@ -1,0 +1,157 @@
+#include "worksheets/worksheet_report.h"
+
+#include "data/guard.h"
+#include "data/session_values.h"
+#include "reports/report_error.h"
+#include "reports/report_preview.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
+#include "worksheets/kept_messages.h"
+#include "worksheets/worksheet_data.h"
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// What a connect string holds.
+struct Login {
+    QString dataSource;
+    QString user;
+    QString password;
+};
+
+/// The texts are not escaped: the password is the whole rest, whatever it holds.
+Login loginOf(const QString& connect) {
+    constexpr QStringView source = u"DSN = ";
+    constexpr QStringView user = u";UID = ";
+    constexpr QStringView password = u";PWD = ";
+    const auto userAt = connect.indexOf(user);
+    const auto passwordAt = userAt < 0 ? -1 : connect.indexOf(password, userAt + user.size());
+    if (!connect.startsWith(source) || userAt < source.size() || passwordAt < 0)
+        throw ReportError(text(TextId::connectStringInvalid));
+    return {connect.mid(source.size(), userAt - source.size()),
+            connect.mid(userAt + user.size(), passwordAt - userAt - user.size()),
+            connect.mid(passwordAt + password.size())};
+}
+
+/// The tag in "task_id='TAG'".
+QString tagOf(const QString& formula) {
+    constexpr QStringView beginning = u"task_id='";
+    const auto tag = formula.mid(beginning.size()).chopped(formula.size() > beginning.size() ? 1 : 0);
+    if (!formula.startsWith(beginning) || !formula.endsWith(u'\'') || tag.isEmpty() || tag.contains(u'\''))
+        throw ReportError(text(TextId::formulaInvalid).arg(formula));
+    return tag;
+}
+
+/// The two halves of the work on a report: its data, and its pages.
+class Progress {
+  public:
+    explicit Progress(UserInterface& ui) : ui_(ui), window_(ui, text(TextId::preparingWorksheets)) {}
+
+    void gathered(qsizetype sheet, qsizetype count) {
+        ui_.setProgressText(text(TextId::sheetOfSheets).arg(sheet).arg(count));
+        reach(sheet, count, 0);
+    }
+    void painted(qsizetype sheet, qsizetype count) { reach(sheet, count, half); }
+
+  private:
+    static constexpr int half = 50;
+
+    void reach(qsizetype sheet, qsizetype count, int from) {
+        window_.reach(from + static_cast<int>(half * sheet / count));
+        ui_.repaint();
+    }
+
+    UserInterface& ui_;
+    ProgressWindow window_;
+};
+
+/// Opens the session's connection with the user's own login and reads what the database says of the user.
+void logIn(Session& session, const Login& login) {
+    session.SessionDataSource = login.dataSource;
+    session.SessionUser = login.user;
+    Guard guard(session, u"WorksheetReport,run"_s);
+    const auto failure = guard.failureOf([&] {
+        sharedConnection(session).open(u"DSN="_s + login.dataSource, login.user, login.password);
+        session.SessionConnected = true;
+        readSessionValues(session, login.user);
+    });
+    if (failure)
+        throw ReportError(
+            text(TextId::reportConnectionFailed).arg(login.dataSource, login.user, failure->description));
+}
+
+/// The data of the package's worksheets. What the routines have to say goes into the error.
+ReportData gather(Session& session, const KeptMessages& messages, const QString& tag, Progress& progress) {
+    const auto instruments = worksheetInstruments(session, tag);
+    if (!instruments)
+        throw ReportError(messages.texts.value(0));
+    if (instruments->isEmpty())
+        throw ReportError(text(TextId::packageEmpty).arg(tag));
+    ReportData data;
+    for (const auto& mtag : *instruments) {
+        progress.gathered(data.groupCount(), instruments->size());
+        QJsonObject sheet;
+        if (!readWorksheet(session, mtag, sheet)) {
+            const auto asset = sheet["asset"_L1].toString();
+            const auto which =
+                asset.isEmpty() ? QString() : text(TextId::worksheetUnreadable).arg(asset) + u"\r\n\r\n"_s;
+            throw ReportError(which + messages.texts.value(0));
+        }
+        data.add(sheet);
+    }
+    return data;
+}
+
+} // namespace
+
+WorksheetReport::WorksheetReport(const Workstation& workstation, ConnectionFactory connections)
+    : workstation_(workstation), connections_(std::move(connections)) {}
+
+WorksheetReport::~WorksheetReport() {
+    for (const auto& preview : std::as_const(previews_))
+        delete preview.data();
+}
+
+int WorksheetReport::run(const ReportRequest& request) {
+    lastErrorText_.clear();
+    try {
+        show(request);
+        return 0;
+    } catch (const ReportError& error) {
+        lastErrorText_ = error.text();
+    } catch (const Error& error) {
+        lastErrorText_ = error.description; // the report of an error could not be written
+    }
+    return 1;
+}
+
+void WorksheetReport::show(const ReportRequest& request) {
+    const auto login = loginOf(request.connect);
+    const auto tag = tagOf(request.formulas.value(0));
+    auto layout = readLayout(request.reportFileName);
+
+    const BusyPointer busy(workstation_.ui);
+    Progress progress(workstation_.ui);
+    KeptMessages messages;
+    Session session({messages, workstation_.clock, workstation_.settings}, connections_);
+    logIn(session, login);
+    auto data = gather(session, messages, tag, progress);
+    data.values = worksheetValues(session, request.windowTitle);
+    closeConnection(session);
+    const auto sheets = data.groupCount();
+    auto preview = std::make_unique<ReportPreview>(
+        workstation_.ui, Report(std::move(layout), std::move(data)), request.windowTitle);
+    preview->open([&](qsizetype sheet) {
+        progress.painted(sheet, sheets);
+        return true;
+    });
+    // From here on it belongs to itself.
+    previews_ << preview.release();
+}
+
+} // namespace kelvane
