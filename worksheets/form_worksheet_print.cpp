@@ -91,9 +91,6 @@ void FormWorksheetPrint::checkStandard() {
 }
 
 void FormWorksheetPrint::print() {
-    // A button that can't be used would pass the focus on to its neighbour.
-    if (focusWidget() == CommandPrint)
-        TextAdd->setFocus();
     const QPointer self(this);
     run(printing_, [this] { printWorksheets(session_, *this, reports_); });
     if (self)

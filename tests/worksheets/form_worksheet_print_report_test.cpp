@@ -61,6 +61,8 @@ TEST_F(FormWorksheetPrintTest, PrintingAgainShowsTheListAgain) {
 
 TEST_F(FormWorksheetPrintTest, PrintingByKeyboardPutsTheFocusIntoTheEntry) {
     openWithRows();
+    choose(u"mnuODBC"_s);
+    program.window.area().setActiveSubWindow(&form());
     whileOpen([] {});
     button(u"CommandPrint"_s).setFocus();
     pressKeys(u"Space"_s);
@@ -101,6 +103,7 @@ TEST_F(FormWorksheetPrintTest, LeavingTheProgramClosesTheReportAndRemovesItsRows
     });
     EXPECT_EQ(processEnded, 1);
     EXPECT_EQ(removedBefore.size(), 1);
+    EXPECT_FALSE(script.open);
 }
 
 TEST_F(FormWorksheetPrintTest, LeavingUnderAnOpenQuestionEndsTheProgramAtOnce) {
@@ -154,17 +157,6 @@ TEST_F(FormWorksheetPrintTest, LogOutRefusesAndExitAsksWhileTheReportIsOpen) {
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(removals().size(), 1);
     EXPECT_EQ(processEnded, 0);
-}
-
-TEST_F(FormWorksheetPrintTest, ExitEndsTheProgramWhileTheReportIsOpen) {
-    openWithRows();
-    print([this] {
-        simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
-                                    BoxAnswer::yes);
-        program.window.close();
-        EXPECT_EQ(processEnded, 1);
-        EXPECT_FALSE(script.open);
-    });
 }
 
 TEST_F(FormWorksheetPrintTest, ThePackageIsRemovedWhenTheScreenIsGoneBeforeTheReport) {

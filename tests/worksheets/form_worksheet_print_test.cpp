@@ -119,16 +119,18 @@ TEST_F(FormWorksheetPrintTest, RemoveTakesTheSelectedRowAlone) {
     EXPECT_EQ(script.statements, QStringList());
 }
 
-TEST_F(FormWorksheetPrintTest, TheDeleteKeyRemovesInTheListAndOnlyEditsInTheEntry) {
+TEST_F(FormWorksheetPrintTest, TheDeleteKeyRemovesOnlyInTheList) {
     openWithRows();
     select(list(), u"A-2"_s);
     QTest::keyClick(&list(), Qt::Key_Delete);
     EXPECT_EQ(rows(), QStringList{u"A-1"_s});
     EXPECT_TRUE(list().hasFocus());
     select(list(), u"A-1"_s);
-    entry().setFocus();
-    QTest::keyClick(&entry(), Qt::Key_Delete);
-    EXPECT_EQ(rows(), QStringList{u"A-1"_s});
+    for (const auto& name : {u"TextAdd"_s, u"CommandPrint"_s}) {
+        controlNamed<QWidget>(name).setFocus();
+        pressKeys(u"Del"_s);
+        EXPECT_EQ(rows(), QStringList{u"A-1"_s}) << name.toStdString();
+    }
 }
 
 TEST_F(FormWorksheetPrintTest, AnEmptyListIsNeitherPrintedNorChecked) {
@@ -206,6 +208,10 @@ TEST_F(FormWorksheetPrintTest, TheCheckEndsWhenTheScreenIsGoneBeforeItsAnswer) {
 }
 
 TEST_F(FormWorksheetPrintTest, ClosingStoresThePosition) {
+    open();
+    form().close();
+    EXPECT_EQ(settings.values.value(u"Left/FormWorksheetPrint"_s), u"105"_s);
+    EXPECT_EQ(settings.values.value(u"Top/FormWorksheetPrint"_s), u"75"_s);
     openWithRows();
     form().move(40, 30);
     form().close();
