@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsView>
@@ -27,6 +28,13 @@
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
+
+namespace {
+
+constexpr qreal zoomStep = 1.25;
+constexpr int quickWork = 500; // milliseconds
+
+} // namespace
 
 struct ReportPreview::Command {
     QStringView name;
@@ -77,10 +85,11 @@ ReportPreview::ReportPreview(UserInterface& ui, Report report, const QString& ti
 
     preview_->setObjectName(u"Pages"_s);
     preview_->setAccessibleName(text(TextId::previewPages));
-    if (auto* view = preview_->findChild<QGraphicsView*>()) {
-        view->setAccessibleName(text(TextId::previewPages));
-        preview_->setFocusProxy(view);
+    if (auto* shown = view()) {
+        shown->setAccessibleName(text(TextId::previewPages));
+        preview_->setFocusProxy(shown);
     }
+    takePalette();
     setCentralWidget(preview_);
     buildToolBar();
     statusBar()->setObjectName(u"Status"_s);
@@ -116,8 +125,7 @@ void ReportPreview::addCommand(QToolBar& bar, const Command& command) {
     made->setToolTip(text(command.caption) + u" ("_s + made->shortcut().toString(QKeySequence::NativeText) +
                      u')');
     made->setCheckable(command.isKept);
-    if (!command.sign.isEmpty())
-        made->setIconText(command.sign.toString());
+    made->setIconText(command.sign.isEmpty() ? text(command.caption) : command.sign.toString());
     connect(made, &QAction::triggered, this, [this, run = command.run] {
         run(*this);
         showState();
@@ -137,7 +145,7 @@ void ReportPreview::addPaper(QToolBar& bar) {
     paper_->setAccessibleName(text(TextId::paper));
     const auto own = pages_.pageSize().id();
     for (const auto size : {QPageSize::A4, QPageSize::Letter})
-        paper_->addItem(QPageSize::name(size), size);
+        paper_->addItem(QPageSize::name(size).section(u" / "_s, 0, 0), size);
     if (paper_->findData(own) < 0)
         paper_->addItem(pages_.pageSize().name(), own);
     paper_->setCurrentIndex(paper_->findData(own));
@@ -162,6 +170,22 @@ void ReportPreview::open(const GroupProgress& onGroup) {
     raise();
     activateWindow();
     preview_->setFocus();
+}
+
+QGraphicsView* ReportPreview::view() const {
+    return preview_->findChild<QGraphicsView*>();
+}
+
+/// The preview has a colour of its own around the paper.
+void ReportPreview::takePalette() {
+    if (auto* shown = view())
+        shown->scene()->setBackgroundBrush(palette().dark());
+}
+
+void ReportPreview::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        takePalette();
 }
 
 /// As high as the screen lets a whole page be seen, and wide enough for the tool bar.
@@ -283,8 +307,10 @@ bool ReportPreview::carryOut(TextId caption, const Work& work) {
     dialog.setObjectName(u"Progress"_s);
     dialog.setWindowTitle(text(caption).remove(u"..."_s));
     dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(quickWork);
     if (caption == TextId::paper)
         dialog.setCancelButton(nullptr);
+    connect(&dialog, &QDialog::rejected, &dialog, &QProgressDialog::cancel);
     ui_.setBusyPointer();
     const auto normal = qScopeGuard([this] { ui_.setNormalPointer(); });
     return work([&](qsizetype group) {

@@ -11,6 +11,7 @@
 #include <span>
 
 class QComboBox;
+class QGraphicsView;
 class QLabel;
 class QPrintPreviewWidget;
 class QToolBar;
@@ -34,6 +35,9 @@ class ReportPreview final : public QMainWindow {
     /// Writes all pages into a file; what goes wrong is shown in a box.
     void saveAs(const QString& path);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     /// A button of the tool bar.
     struct Command;
@@ -43,6 +47,8 @@ class ReportPreview final : public QMainWindow {
     void addCommand(QToolBar& bar, const Command& command);
     void addPaper(QToolBar& bar);
     QAction* action(TextId caption) const;
+    QGraphicsView* view() const;
+    void takePalette();
 
     void print();
     void save();

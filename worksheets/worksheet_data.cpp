@@ -163,8 +163,9 @@ void addFields(Session& session, Subject& subject, QJsonObject& sheet) {
             if (!row)
                 continue;
             const auto& field = std::as_const(record).CalFieldTable[*row];
-            fields << QJsonObject{
-                {"title"_L1, field.title}, {"value"_L1, field.value}, {"required"_L1, field.required}};
+            fields << QJsonObject{{"title"_L1, field.title},
+                                  {"value"_L1, field.value},
+                                  {"required"_L1, field.required == "Y"_L1 ? field.required : QString()}};
         }
     });
     sheet["fields"_L1] = fields;

@@ -15,9 +15,9 @@ QJsonObject worksheetValues(const Session& session, const QString& title);
 std::optional<QStringList> worksheetInstruments(Session& session, const QString& tag);
 
 /// Reads what the sheet of an instrument shows, all of it as texts: inventory, calibration parameters by the
-/// names of their columns, test points, messages, fields and standards. False after an error, which is
-/// reported, or for an instrument that the inventory lacks, which a box says: the sheet then holds what was
-/// read before.
+/// names of their columns, test points, messages, fields and standards. "required" of a field is "Y" or
+/// empty. False after an error, which is reported, or for an instrument that the inventory lacks, which a box
+/// says: the sheet then holds what was read before.
 bool readWorksheet(Session& session, const QString& mtag, QJsonObject& sheet);
 
 } // namespace kelvane

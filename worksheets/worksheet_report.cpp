@@ -9,6 +9,8 @@
 #include "worksheets/kept_messages.h"
 #include "worksheets/worksheet_data.h"
 
+#include <QScopeGuard>
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -53,7 +55,7 @@ class Progress {
     explicit Progress(UserInterface& ui) : ui_(ui), window_(ui, text(TextId::preparingWorksheets)) {}
 
     void gathered(qsizetype sheet, qsizetype count) {
-        ui_.setProgressText(text(TextId::sheetOfSheets).arg(sheet).arg(count));
+        ui_.setProgressText(text(TextId::sheetOfSheets).arg(sheet + 1).arg(count));
         reach(sheet, count, 0);
     }
     void painted(qsizetype sheet, qsizetype count) { reach(sheet, count, half); }
@@ -139,10 +141,12 @@ void WorksheetReport::show(const ReportRequest& request) {
     Progress progress(workstation_.ui);
     KeptMessages messages;
     Session session({messages, workstation_.clock, workstation_.settings}, connections_);
-    logIn(session, login);
-    auto data = gather(session, messages, tag, progress);
+    auto data = [&] {
+        const auto closed = qScopeGuard([&session] { closeConnection(session); });
+        logIn(session, login);
+        return gather(session, messages, tag, progress);
+    }();
     data.values = worksheetValues(session, request.windowTitle);
-    closeConnection(session);
     const auto sheets = data.groupCount();
     auto preview = std::make_unique<ReportPreview>(
         workstation_.ui, Report(std::move(layout), std::move(data)), request.windowTitle);

@@ -59,7 +59,7 @@ TEST_F(WorksheetsOnDatabase, APressureTransmitterHasEverythingThatIsStoredOfIt) 
               (QStringList{u"RETURN TO SERVICE"_s, u"LABEL"_s}));
     EXPECT_EQ(column(sheet, "fields"_L1, "title"_L1),
               (QStringList{u"Place of Calibration"_s, u"Ambient Temperature (C)"_s}));
-    EXPECT_EQ(column(sheet, "fields"_L1, "required"_L1), (QStringList{u"N"_s, u"Y"_s}));
+    EXPECT_EQ(column(sheet, "fields"_L1, "required"_L1), (QStringList{QString(), u"Y"_s}));
     EXPECT_EQ(column(sheet, "standards"_L1, "asset"_L1), QStringList());
 }
 

@@ -64,7 +64,7 @@ class WorksheetData : public RecordedSession {
         script.answers[messagesQuery(u"PST"_s)] = {{u"LABEL"_s, u"By $U_NAM$ on $TODAY$"_s, u"PST"_s}};
         script.answers[countQuery] = {{u"1"_s}};
         script.answers[dictionaryQuery] = {field(u"C2307"_s, u"Technician"_s, u"U_NAM"_s, u"Y"_s),
-                                           field(u"C2312"_s, u"Ambient <C>"_s, u""_s, u"N"_s),
+                                           field(u"C2312"_s, u"Ambient <C>"_s, u""_s, u"Y"_s),
                                            field(u"C2315"_s, u"Place"_s, u"LAB"_s, u"N"_s)};
         script.answers[worksheetQuery] = {{u"2315"_s}, {u"9999"_s}, {u"2312"_s}};
         script.answers[standardsQuery] = {{u"F702-01"_s, u"CALIBRATOR"_s, u"6841207"_s, u"2026-12-24"_s},
@@ -196,8 +196,8 @@ TEST_F(WorksheetData, FieldsAreThoseOfTheWorksheetInItsOrder) {
     EXPECT_EQ(
         sheet()["fields"_L1].toArray(),
         (QJsonArray{
-            QJsonObject{{"title"_L1, u"Place"_s}, {"value"_L1, u"LAB"_s}, {"required"_L1, u"N"_s}},
-            QJsonObject{{"title"_L1, u"Ambient <C>"_s}, {"value"_L1, QString()}, {"required"_L1, u"N"_s}}}));
+            QJsonObject{{"title"_L1, u"Place"_s}, {"value"_L1, u"LAB"_s}, {"required"_L1, QString()}},
+            QJsonObject{{"title"_L1, u"Ambient <C>"_s}, {"value"_L1, QString()}, {"required"_L1, u"Y"_s}}}));
 }
 
 TEST_F(WorksheetData, StandardsAreThoseLastUsedWithWhatTheInventorySaysOfThem) {
