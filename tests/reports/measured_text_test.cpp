@@ -30,7 +30,7 @@ TEST(MeasuredText, WrapsBetweenWords) {
 }
 
 TEST(MeasuredText, WrapsWithinAWordThatIsTooLong) {
-    EXPECT_EQ(linesOf(QString(100, u'm'), 300), 1);
+    EXPECT_EQ(linesOf(QString(100, u'm'), 400), 1);
     EXPECT_GT(linesOf(QString(100, u'm'), 30), 9);
 }
 

@@ -23,13 +23,23 @@ void writeFile(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
-/// The pages of a PDF as pictures: their files.
-QStringList picturesOf(const QString& pdf, int resolution) {
-    const QTemporaryDir none; // names that no other call has
-    const auto prefix = u"page-"_s + QFileInfo(none.path()).fileName();
-    outputOf(u"pdftoppm"_s, {u"-png"_s, u"-gray"_s, u"-r"_s, QString::number(resolution), pdf, prefix});
-    return QDir().entryList({prefix + u"*.png"_s}, QDir::Files, QDir::Name);
-}
+/// The pages of a PDF as pictures.
+class PagePictures {
+  public:
+    PagePictures(const QString& pdf, int resolution) {
+        outputOf(u"pdftoppm"_s, {u"-png"_s, u"-gray"_s, u"-r"_s, QString::number(resolution), pdf,
+                                 folder_.filePath(u"page"_s)});
+    }
+    QStringList files() const {
+        QStringList files;
+        for (const auto& file : QDir(folder_.path()).entryInfoList(QDir::Files, QDir::Name))
+            files << file.filePath();
+        return files;
+    }
+
+  private:
+    QTemporaryDir folder_;
+};
 
 QRectF inkIn(const QImage& page) {
     QRect ink;
@@ -115,13 +125,15 @@ QList<PdfWord> wordsOf(const QString& pdf) {
 
 QList<QRectF> inkOf(const QString& pdf) {
     QList<QRectF> ink;
-    for (const auto& picture : picturesOf(pdf, dotsPerInch))
+    const PagePictures pictures(pdf, dotsPerInch);
+    for (const auto& picture : pictures.files())
         ink << inkIn(QImage(picture));
     return ink;
 }
 
 QStringList barcodesIn(const QString& pdf) {
-    const auto found = outputOf(u"zbarimg"_s, QStringList{u"-q"_s} + picturesOf(pdf, 300));
+    const PagePictures pictures(pdf, 300);
+    const auto found = outputOf(u"zbarimg"_s, QStringList{u"-q"_s} + pictures.files());
     return QString::fromUtf8(found).split(u'\n', Qt::SkipEmptyParts);
 }
 

@@ -17,9 +17,22 @@ using testing::wordsOf;
 namespace {
 
 struct Paper {
+    const char* name;
     QPageSize::PageSizeId id;
     QSizeF size; // mm
 };
+
+void PrintTo(const Paper& paper, std::ostream* out) {
+    *out << paper.name;
+}
+
+/// How often a pattern stands in a text; none of the places overlaps another.
+qsizetype countOf(const QRegularExpression& pattern, const QString& text) {
+    qsizetype count = 0;
+    for (auto match = pattern.globalMatch(text); match.hasNext(); match.next())
+        ++count;
+    return count;
+}
 
 class WorksheetLayout : public ::testing::TestWithParam<Paper> {
   protected:
@@ -40,8 +53,9 @@ class WorksheetLayout : public ::testing::TestWithParam<Paper> {
         }
         for (const auto& word : wordsOf(pdf)) {
             const auto middle = word.place.center();
-            EXPECT_TRUE(word.place.left() >= side && word.place.right() <= paper.width() - side) << word.text;
-            EXPECT_TRUE(body.contains(middle)) << word.text;
+            EXPECT_TRUE(word.place.left() >= side && word.place.right() <= paper.width() - side)
+                << word.text.toStdString();
+            EXPECT_TRUE(body.contains(middle)) << word.text.toStdString();
         }
     }
 
@@ -59,7 +73,7 @@ TEST_P(WorksheetLayout, ShowsEachPointOnceWithItsColumns) {
                   points);
         for (qsizetype page = 0; page < pages.size(); ++page) {
             const auto hasPoints = pages[page].contains(QRegularExpression(u"psig +[0-9.]+ mA"_s));
-            EXPECT_EQ(pages[page].contains(u"As found    "_s), hasPoints) << page;
+            EXPECT_EQ(pages[page].contains(u"High limit"_s), hasPoints) << page;
             EXPECT_TRUE(pages[page].contains(u"Page %1 of %2"_s.arg(page + 1).arg(pages.size()))) << page;
             EXPECT_TRUE(pages[page].contains(u"Printed 03/18/2026 09:30 by jdoe"_s)) << page;
             EXPECT_GE(pages[page].count(u"PT-1042"_s), 3) << page;
@@ -69,8 +83,10 @@ TEST_P(WorksheetLayout, ShowsEachPointOnceWithItsColumns) {
     }
 }
 
-TEST_P(WorksheetLayout, ShowsWhatIsKnownOfTheInstrument) {
-    const auto page = pageTexts(pdfWith({sheetOf(u"PT-1042"_s, 5)})).first();
+TEST_P(WorksheetLayout, ShowsWhatIsKnownOfAnInstrumentOnOnePage) {
+    const auto pages = pageTexts(pdfWith({sheetOf(u"PT-1042"_s, 5)}));
+    ASSERT_EQ(pages.size(), 1);
+    const auto& page = pages.first();
     for (const auto& text : {u"Northfield Instruments"_s,
                              u"NP-300"_s,
                              u"Pressure transmitter, feed water pump A"_s,
@@ -93,12 +109,16 @@ TEST_P(WorksheetLayout, ShowsWhatIsKnownOfTheInstrument) {
                              u"Remarks"_s,
                              u"pass"_s,
                              u"fail"_s})
-        EXPECT_TRUE(page.contains(text)) << text.toStdString() << page.toStdString();
+        EXPECT_TRUE(page.contains(text)) << text.toStdString();
 }
 
 TEST_P(WorksheetLayout, HasTheAssetsBarcodeOnEachPage) {
-    const auto found = testing::barcodesIn(pdfWith({sheetOf(u"PT-1042/A"_s, 21), sheetOf(u"7"_s, 1)}));
-    EXPECT_EQ(found, (QStringList{u"CODE-128:PT-1042/A"_s, u"CODE-128:PT-1042/A"_s, u"CODE-128:7"_s}));
+    for (const auto& asset : {u"PT-1042/A"_s, u"7"_s}) {
+        const auto pdf = pdfWith({sheetOf(asset, 21)});
+        const auto found = testing::barcodesIn(pdf);
+        EXPECT_EQ(found, QStringList(pageTexts(pdf).size(), u"CODE-128:"_s + asset));
+        EXPECT_GT(found.size(), 1);
+    }
 }
 
 TEST_P(WorksheetLayout, TakesTextsOfAnyLengthAndAlphabet) {
@@ -106,7 +126,7 @@ TEST_P(WorksheetLayout, TakesTextsOfAnyLengthAndAlphabet) {
     sheet[u"manufacturer"_s] = u"<b>Müller & Søn</b> \"x\""_s;
     sheet[u"model"_s] = u"Ωμέγα"_s;
     sheet[u"location"_s] = u"Котельная"_s;
-    sheet[u"description"_s] = QString(400, u'W');
+    sheet[u"description"_s] = QString(400, u'Q');
     sheet[u"serial"_s] = u"مقياس"_s;
     sheet[u"strategy"_s] = u"圧力伝送器"_s;
     sheet[u"tolerance"_s] = u"0.25 % of span "_s.repeated(100);
@@ -120,8 +140,8 @@ TEST_P(WorksheetLayout, TakesTextsOfAnyLengthAndAlphabet) {
     const auto whole = pages.first();
     for (const auto& text : {u"A<&>\"'-7"_s, u"<b>Müller & Søn</b> \"x\""_s, u"Ωμέγα"_s, u"Котельная"_s})
         EXPECT_TRUE(whole.contains(text)) << text.toStdString();
-    EXPECT_EQ(whole.count(u'W'), 400);
-    EXPECT_EQ(whole.count(u"0.25 %"_s), 100);
+    EXPECT_EQ(whole.count(u'Q'), 400);
+    EXPECT_EQ(whole.simplified().count(u"0.25 %"_s), 100);
     EXPECT_GE(pages.join(QString()).count(u'9'), 90);
 }
 
@@ -151,7 +171,8 @@ TEST_P(WorksheetLayout, LeavesEmptyListsOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Papers, WorksheetLayout,
-                         ::testing::Values(Paper{QPageSize::A4, {210, 297}},
-                                           Paper{QPageSize::Letter, {215.9, 279.4}}));
+                         ::testing::Values(Paper{"A4", QPageSize::A4, {210, 297}},
+                                           Paper{"Letter", QPageSize::Letter, {215.9, 279.4}}),
+                         [](const auto& paper) { return std::string(paper.param.name); });
 
 } // namespace kelvane
