@@ -37,8 +37,10 @@ void setCell(QTreeWidgetItem& row, int column, const QString& shown) {
     row.setToolTip(column, Qt::convertFromPlainText(shown));
 }
 
-/// A list between its label and its note.
-void addList(QVBoxLayout& column, int number, QWidget* list, TextId caption, TextId note) {
+/// A list of at least so many lines, between its label and its note.
+void addList(QVBoxLayout& column, int number, QWidget* list, int minLines, TextId caption, TextId note) {
+    list->setMinimumHeight(minLines * list->fontMetrics().lineSpacing());
+    column.addSpacing(4);
     column.addWidget(labelFor(list, u"Label%1"_s.arg(number), caption));
     column.addWidget(list, 1);
     column.addWidget(label(u"LabelNote%1"_s.arg(number), note));
@@ -47,7 +49,7 @@ void addList(QVBoxLayout& column, int number, QWidget* list, TextId caption, Tex
 } // namespace
 
 FormWorkEntry::FormWorkEntry(Session& session)
-    : ChildWindow(session, u"FormWorkEntry"_s, {.width = 6975, .height = 7845}),
+    : ChildWindow(session, u"FormWorkEntry"_s, {.width = 6975, .height = 7845, .isLarge = true}),
       entry_(session, *this),
       TextCalAsset(nameControl(new QLineEdit, u"TextCalAsset"_s, text(TextId::assetCalibrated),
                                TextId::assetCalibratedTip)),
@@ -84,9 +86,9 @@ void FormWorkEntry::layOut() {
     column->setContentsMargins(8, 6, 8, 6);
     column->setSpacing(4);
     column->addLayout(assetRow);
-    addList(*column, 2, ListViewData, TextId::calibrationRecordData, TextId::recordDataNote);
-    addList(*column, 3, ListStandards, TextId::standardsUsed, TextId::standardsUsedNote);
-    addList(*column, 4, ListViewResults, TextId::calibrationResults, TextId::calibrationResultsNote);
+    addList(*column, 2, ListViewData, 7, TextId::calibrationRecordData, TextId::recordDataNote);
+    addList(*column, 3, ListStandards, 4, TextId::standardsUsed, TextId::standardsUsedNote);
+    addList(*column, 4, ListViewResults, 3, TextId::calibrationResults, TextId::calibrationResultsNote);
     column->addLayout(buttons);
     column->setStretchFactor(ListViewData, 2);
     setBody(body);
