@@ -95,7 +95,8 @@ JournalEntry entryOf(const QString& id, const QJsonObject& content) {
         entry.fields << std::pair(field[0].toString(), field[1].toString());
     entry.raw = content[rawKey].toObject();
     entry.prepared = content[preparedKey].toBool();
-    entry.begun = content[begunKey].toBool();
+    // Earlier versions of the program did not note it.
+    entry.begun = content[begunKey].toBool(true);
     return entry;
 }
 
