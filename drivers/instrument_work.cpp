@@ -28,9 +28,10 @@ bool isDate(const QString& text) {
     return momentOf(text, u"YYYY/MM/DD").has_value();
 }
 
-/// True when the two hold the results of one calibration.
+/// True when the two hold the results of one calibration. What a calibrator has read is more than what was
+/// entered of it from paper, even at the same moment.
 bool sameResults(const JournalEntry& left, const JournalEntry& right) {
-    if (left.asset != right.asset || left.owner != right.owner)
+    if (left.driver != right.driver || left.asset != right.asset || left.owner != right.owner)
         return false;
     if (left.readings.isEmpty()) // nothing had been read of it
         return left.serial == right.serial;
