@@ -211,7 +211,8 @@ void WorksheetEntry::makeRecord() {
     });
     const auto outcome = work.finish();
     record_ = work.record;
-    isLeft = outcome.end == RecordOutcome::End::unfinished || outcome.end == RecordOutcome::End::unprepared;
+    // After a report not even a refused entry has ended for certain.
+    isLeft = !work.isPrepared();
     if (!outcome.failure.isEmpty())
         session_.ui.messageBox(outcome.failure, text(TextId::recordCreation), box::stop);
 }
