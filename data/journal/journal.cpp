@@ -35,6 +35,7 @@ constexpr struct {
     {"readings"_L1, &JournalEntry::readings},
     {"lines"_L1, &JournalEntry::lines},
     {"standards"_L1, &JournalEntry::standards},
+    {"others"_L1, &JournalEntry::others},
 };
 
 constexpr auto idKey = "id"_L1;
@@ -248,8 +249,12 @@ void Journal::setDate(const QString& id, const QString& date, const QString& tim
     write(id, {{"date"_L1, date}, {"time"_L1, time}});
 }
 
-void Journal::setBegun(const QString& id, const QString& date, const QString& time) {
-    write(id, {{"date"_L1, date}, {"time"_L1, time}, {begunKey, true}});
+void Journal::setBegun(const QString& id, const QString& date, const QString& time,
+                       const QStringList& others) {
+    write(id, {{"date"_L1, date},
+               {"time"_L1, time},
+               {begunKey, true},
+               {"others"_L1, QJsonArray::fromStringList(others)}});
 }
 
 void Journal::end(const QString& id, JournalEnd end, const QString& why) {
