@@ -2,6 +2,7 @@
 #include "data/journal/journal.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "testkit/overheard_connection.h"
 #include "tests/worksheets/entry_fixture.h"
 #include "worksheets/worksheet_entry.h"
 
@@ -92,6 +93,37 @@ TEST_F(WorksheetLeftWithoutRecord, WithAStandardWhoseNameHasAQuoteIsOffered) {
     const auto left = Journal(session).unfinished();
     ASSERT_EQ(left.size(), 1);
     EXPECT_EQ(left[0].standards, QStringList{u"O'Neil"_s});
+    expectOffered();
+}
+
+TEST_F(WorksheetLeftWithoutRecord, WhoseOwnQueryFailedWhereNothingCanBeReportedIsOffered) {
+    int queries = 0;
+    sharedConnection(session);
+    session.SharedConnection = std::make_unique<OverheardConnection>(
+        std::move(session.SharedConnection), [&queries](const QString& statement) {
+            // The dictionary asks for the same before.
+            if (statement == worksheetQuery && ++queries == 2)
+                throw serverError();
+        });
+    ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
+    ask.instrument(u"PT-1"_s);
+    EXPECT_THROW(entry.startDataEntry(), Error);
+    ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
+    save();
+    expectOffered();
+}
+
+TEST_F(WorksheetLeftWithoutRecord, WhoseDictionaryFailedWhereNothingCanBeReportedKeepsNoneOfItsValues) {
+    enter();
+    script.failures[typeQuery(u"C2301"_s)] = serverError();
+    ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
+    ask.instrument(u"PT-1"_s);
+    EXPECT_THROW(entry.startDataEntry(), Error);
+    ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
+    save();
+    const auto left = Journal(session).unfinished();
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_FALSE(left[0].raw["dictionaryRead"_L1].toBool());
     expectOffered();
 }
 
