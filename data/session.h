@@ -43,6 +43,8 @@ struct Session : Workstation {
     bool SessionConnected = false;
     /// How many errors routines have reported so far.
     int reportCount = 0;
+    /// How many of them came while a question was on the screen: they were those of other screens.
+    int reportsDuringQuestions = 0;
     /// True once an unreadable journal has been reported, until it can be read again.
     bool hasReportedJournal = false;
 

@@ -68,6 +68,8 @@ QHash<QString, QFont> fontsOf(const LayoutNode& root) {
     QFont base(u"DejaVu Sans"_s);
     base.setPixelSize(unitsOfPoints(defaultPoints));
     base.setHintingPreference(QFont::PreferNoHinting);
+    // The least spacing there is switches ligatures off: a search in a PDF then finds "field".
+    base.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
     if (const auto font = root.find(u"font"_s))
         base = fontOf(*font, base);
     QHash<QString, QFont> fonts{{QString(), base}};

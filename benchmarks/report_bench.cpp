@@ -1,0 +1,161 @@
+// Worksheets of 21 points to PDF: sheets a second, and the memory that 500 take beyond 50, against a bare
+// loop that draws the same texts at the same places, each cell by one call, into a PDF. Usage: bench_reports
+// LAYOUT
+
+#include "benchmarks/alternating_runs.h"
+#include "benchmarks/require.h"
+#include "reports/report_error.h"
+#include "reports/report_pdf.h"
+#include "testkit/sheets.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::bench {
+
+namespace {
+
+constexpr int pointsOfSheet = 21;
+constexpr int fewSheets = 50;
+constexpr int manySheets = 500;
+constexpr int turns = 5;
+
+/// A text on one of the pages of a sheet.
+struct Cell {
+    qsizetype page = 0;
+    QRectF place;
+    QFont font;
+    QString text;
+};
+
+/// Notes the texts that are drawn.
+class CellEngine final : public QPaintEngine {
+  public:
+    CellEngine() : QPaintEngine(AllFeatures) {}
+
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    Type type() const override { return User; }
+    void drawTextItem(const QPointF& place, const QTextItem& item) override {
+        cells << Cell{.page = page,
+                      .place = QRectF(place.x(), place.y() - item.ascent(), item.width() + 1,
+                                      item.ascent() + item.descent() + 1),
+                      .font = item.font(),
+                      .text = item.text()};
+    }
+
+    qsizetype page = 0;
+    QList<Cell> cells;
+};
+
+/// Pages on which nothing is painted, only noted.
+class CellPages final : public QPdfWriter {
+  public:
+    explicit CellPages(const QString& path) : QPdfWriter(path) {}
+
+    QPaintEngine* paintEngine() const override { return &engine_; }
+    bool newPage() override {
+        ++engine_.page;
+        return true;
+    }
+    const QList<Cell>& cells() const { return engine_.cells; }
+
+  private:
+    mutable CellEngine engine_;
+};
+
+ReportData sheets(int count) {
+    ReportData data;
+    data.values = testing::sheetReport();
+    for (int sheet = 0; sheet < count; ++sheet)
+        data.add(testing::sheetOf(u"PT-%1"_s.arg(1000 + sheet), pointsOfSheet));
+    return data;
+}
+
+void drawCells(const QList<Cell>& cells, int sheetCount, const QPageLayout& pages, const QString& path) {
+    QPdfWriter pdf(path);
+    pdf.setPageLayout(pages);
+    QPainter painter(&pdf);
+    for (int sheet = 0; sheet < sheetCount; ++sheet) {
+        qsizetype page = 0;
+        if (sheet > 0)
+            pdf.newPage();
+        for (const auto& cell : cells) {
+            if (cell.page != page)
+                pdf.newPage();
+            page = cell.page;
+            painter.setFont(cell.font);
+            painter.drawText(cell.place, Qt::AlignLeft | Qt::AlignTop, cell.text);
+        }
+    }
+}
+
+/// The most that this process has held in memory, in MB.
+double peakMegabytes() {
+    QFile status(u"/proc/self/status"_s);
+    require(status.open(QIODevice::ReadOnly), u"the system tells no memory"_s);
+    for (const auto& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.simplified().split(' ').at(1).toDouble() / 1024;
+    }
+    giveUp(u"the system tells no memory"_s);
+}
+
+void run(const QString& layoutPath) {
+    const QTemporaryDir folder;
+    const auto path = folder.filePath(u"sheets.pdf"_s);
+    const auto layout = readLayout(layoutPath);
+    const auto pages = pageLayout(layout);
+
+    const Report few(layout, sheets(fewSheets));
+    const Report many(layout, sheets(manySheets));
+    const auto write = [&](const Report& report) { writePdf(report, pages, u"Sheets"_s, path); };
+    write(few);
+    const auto peakOfFew = peakMegabytes();
+    write(many);
+    const auto growth = peakMegabytes() - peakOfFew;
+    std::printf("reports: %d sheets take %.1f MB more memory at their peak than %d\n", manySheets, growth,
+                fewSheets);
+
+    CellPages noted(path);
+    noted.setPageLayout(pages);
+    Report(layout, sheets(1)).paint(noted);
+    const auto cells = noted.cells();
+    require(cells.size() > pointsOfSheet * 6, u"the texts are not noted"_s);
+    const auto took = runInTurns(
+        turns, [&](int) { write(many); },
+        [&](int) { drawCells(cells, manySheets, pages, folder.filePath(u"bare.pdf"_s)); });
+    std::printf("reports: %.2f times a bare loop that draws the same texts (aim 2 or less)\n", took.ratio());
+    std::printf("reports: %.0f sheets of %d points a second, %lld texts each; the bare loop %.0f\n",
+                1E6 * manySheets / took.ours, pointsOfSheet, static_cast<long long>(cells.size()),
+                1E6 * manySheets / took.plain);
+}
+
+} // namespace
+
+} // namespace kelvane::bench
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    kelvane::bench::require(argc == 2, u"usage: bench_reports LAYOUT"_s);
+    try {
+        kelvane::bench::run(QString::fromLocal8Bit(argv[1]));
+    } catch (const kelvane::ReportError& error) {
+        kelvane::bench::giveUp(error.text());
+    }
+    return 0;
+}
