@@ -192,6 +192,14 @@ TEST_F(RecordOfAWorksheet, WithAnEmptyDateIsTheErrorOfItsMakingAndStaysInTheJour
     expectEnded(1);
 }
 
+TEST_F(RecordOfAWorksheet, WithAnEmptyTimeIsARecordWithoutOne) {
+    setDictionary({{.column = u"C2301"_s, .title = u"Date"_s, .defaultText = u"99/99/99"_s, .isDate = true},
+                   {.column = u"C2333"_s, .title = u"Time"_s}});
+    enter();
+    expectWhole();
+    EXPECT_TRUE(sent(u"insert into MT.calibration"_s)[0].contains(u"values ('2026-03-18',NULL,'7','KVN')"_s));
+}
+
 TEST_F(RecordOfAWorksheet, WithADateThatIsNoneIsTheSame) {
     setDictionary({{.column = u"C2301"_s, .title = u"Date"_s, .defaultText = u"02/30/2026"_s, .isDate = true},
                    {.column = u"C2333"_s, .title = u"Time"_s, .defaultText = u"25:00"_s}});
