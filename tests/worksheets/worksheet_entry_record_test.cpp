@@ -192,12 +192,15 @@ TEST_F(RecordOfAWorksheet, WithAnEmptyDateIsTheErrorOfItsMakingAndStaysInTheJour
     expectEnded(1);
 }
 
-TEST_F(RecordOfAWorksheet, WithAnEmptyTimeIsARecordWithoutOne) {
+TEST_F(RecordOfAWorksheet, WithAnEmptyTimeIsTheErrorOfItsMakingAndStaysInTheJournal) {
     setDictionary({{.column = u"C2301"_s, .title = u"Date"_s, .defaultText = u"99/99/99"_s, .isDate = true},
                    {.column = u"C2333"_s, .title = u"Time"_s}});
     enter();
-    expectWhole();
-    EXPECT_TRUE(sent(u"insert into MT.calibration"_s)[0].contains(u"values ('2026-03-18',NULL,'7','KVN')"_s));
+    ui.expectReport(13, u"ModuleGlobals,CreateCalRecord"_s);
+    save();
+    EXPECT_FALSE(hasRecord());
+    ASSERT_EQ(unfinished().size(), 1);
+    expectEnded(1);
 }
 
 TEST_F(RecordOfAWorksheet, WithADateThatIsNoneIsTheSame) {
