@@ -3,6 +3,9 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
+#include <algorithm>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -11,20 +14,38 @@ namespace {
 
 const QString portOption = u"--port"_s;
 const QString textsOption = u"--texts"_s;
+const QString worksheetsOption = u"--worksheets"_s;
 
-/// The values of an option, as "--option value" or "--option=value". The value of one option is never
-/// another.
-QStringList valuesOf(const QString& option, const QStringList& arguments) {
-    QStringList values;
+/// An option of the command line. Without a value it is a switch.
+struct Option {
+    QString name;
+    std::optional<QString> value = {};
+};
+
+/// The options, as "--option value", "--option=value" or "--switch". The value of one option is never
+/// another; one that lacks its value is left out.
+QList<Option> optionsOf(const QStringList& arguments) {
+    QList<Option> options;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const auto name = arguments[i].section(u'=', 0, 0);
+        if (arguments[i] == worksheetsOption)
+            options << Option{arguments[i]};
         if (name != portOption && name != textsOption)
             continue;
         const bool isInOneWord = name.size() < arguments[i].size();
         if (!isInOneWord && ++i == arguments.size())
             break;
-        if (name == option)
-            values << (isInOneWord ? arguments[i].mid(name.size() + 1) : arguments[i]);
+        options << Option{name, isInOneWord ? arguments[i].mid(name.size() + 1) : arguments[i]};
+    }
+    return options;
+}
+
+QStringList valuesOf(const QString& option, const QStringList& arguments) {
+    QStringList values;
+    const auto options = optionsOf(arguments);
+    for (const auto& given : options) {
+        if (given.name == option && given.value)
+            values << *given.value;
     }
     return values;
 }
@@ -48,6 +69,12 @@ QString overlayTextsOf(const QStringList& arguments) {
             unreadable << text(TextId::textsFileUnreadable).arg(path);
     }
     return unreadable.join(u' ');
+}
+
+bool wantsWorksheets(const QStringList& arguments) {
+    const auto options = optionsOf(arguments);
+    return std::any_of(options.cbegin(), options.cend(),
+                       [](const Option& option) { return option.name == worksheetsOption; });
 }
 
 SettingsWithPorts::SettingsWithPorts(SettingsStore& store, QHash<QString, QString> ports)

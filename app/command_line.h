@@ -15,6 +15,9 @@ QHash<QString, QString> portsOf(const QStringList& arguments);
 /// Without the option no file is. Returns what can't be read, for the log; an empty text otherwise.
 QString overlayTextsOf(const QStringList& arguments);
 
+/// True when a command line has the option "--worksheets".
+bool wantsWorksheets(const QStringList& arguments);
+
 /// A settings store whose section "Ports" is answered by the command line first. They hold for this start
 /// only: nothing of it is stored.
 class SettingsWithPorts final : public SettingsStore {

@@ -31,15 +31,6 @@ void logIn(Session& session, Menu& menu, const QString& username, const QString&
     ModuleGlobals::ClearSystemTables(session);
 }
 
-void closeConnection(Session& session) {
-    try {
-        if (session.SharedConnection)
-            session.SharedConnection->close();
-    } catch (const Error&) {
-        // The engine brings its files in order at the next open.
-    }
-}
-
 void disconnectSession(Session& session) {
     if (!session.SessionConnected)
         return;

@@ -13,9 +13,6 @@ QString chosenDataSource(const Session& session);
 /// done before stays.
 void logIn(Session& session, Menu& menu, const QString& username, const QString& password);
 
-/// Closes the connection, if there is one, because the process is about to end. A failure is not reported.
-void closeConnection(Session& session);
-
 /// Closes and releases the connection of a session that is connected. Reported as "MDIFormMain,mnuLogout".
 void disconnectSession(Session& session);
 

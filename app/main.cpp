@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
                                {
                                    .dataSources = odbcDataSources,
                                    .commandLine = QApplication::arguments().join(u' '),
+                                   .worksheets = wantsWorksheets(QApplication::arguments()),
                                    // At once: nothing is unwound, whatever dialog or command is running.
                                    .endProcess = [] { std::_Exit(EXIT_SUCCESS); },
                                });

@@ -20,6 +20,8 @@
 #include "workflow/form_docking_down.h"
 #include "workflow/form_unfinished_results.h"
 #include "workflow/upload.h"
+#include "worksheets/form_work_entry.h"
+#include "worksheets/form_worksheet_print.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -69,7 +71,7 @@ QIcon programIcon() {
 
 } // namespace
 
-/// What an entry does. Most commands need the connection; null is a screen of a later version.
+/// What an entry does. Most commands need the connection.
 struct MDIFormMain::Command {
     MenuEntry entry;
     bool needsConnection;
@@ -84,8 +86,8 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
         {MenuEntry::mnuExit, false, &MDIFormMain::mnuExit},
         {MenuEntry::mnuDownload, true, &MDIFormMain::mnuDownload, true},
         {MenuEntry::mnuUpload, true, &MDIFormMain::mnuUpload, true},
-        {MenuEntry::mnuPrint, true, nullptr},
-        {MenuEntry::mnuEnter, true, nullptr},
+        {MenuEntry::mnuPrint, true, &MDIFormMain::mnuPrint},
+        {MenuEntry::mnuEnter, true, &MDIFormMain::mnuEnter, true},
         {MenuEntry::mnuStrategies, true, &MDIFormMain::mnuStrategies},
         {MenuEntry::mnuCalParameters, true, &MDIFormMain::mnuCalParameters},
         {MenuEntry::mnuPrompts, true, &MDIFormMain::mnuPrompts},
@@ -98,9 +100,11 @@ const MDIFormMain::Command* MDIFormMain::commandOf(MenuEntry entry) {
     return found == std::end(commands) ? nullptr : found;
 }
 
-MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, Environment environment)
+MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportControl& reports,
+                         Environment environment)
     : session_(session),
       calibrators_(calibrators),
+      reports_(reports),
       environment_(std::move(environment)),
       area_(new QMdiArea(this)),
       statusLine_(new StatusLine(session)) {
@@ -179,7 +183,13 @@ void MDIFormMain::startUp() {
     // Whatever fails before it, without the login screen the program is of no use.
     runGuarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, environment_.commandLine); });
     auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
-    connectGuarded(login, &FormConnect::loggedIn, this, session_.ui, [this] { offerUnfinishedResults(); });
+    connectGuarded(login, &FormConnect::loggedIn, this, session_.ui, [this] { afterLogin(); });
+}
+
+void MDIFormMain::afterLogin() {
+    if (environment_.worksheets)
+        showWorksheetEntries(menu_);
+    offerUnfinishedResults();
 }
 
 void MDIFormMain::offerUnfinishedResults() {
@@ -204,10 +214,7 @@ void MDIFormMain::carryOut(MenuEntry entry) {
         return;
     // The menu has closed, and what follows may take long.
     session_.ui.repaint();
-    if (command->run)
-        (this->*command->run)();
-    else
-        showNotAvailableYet(entry);
+    (this->*command->run)();
 }
 
 void MDIFormMain::closeEvent(QCloseEvent* event) {
@@ -226,6 +233,18 @@ void MDIFormMain::mnuExit() {
     if (session_.ui.messageBox(text(TextId::confirmExit), text(TextId::applicationName), box::question) !=
         BoxAnswer::yes)
         return;
+    // The rows of a report that is open must not stay in the database. A print under an open question can't
+    // end.
+    auto* sheets = openScreen<FormWorksheetPrint>();
+    if (sheets && sheets->isPrinting() && !isWindowOpen(session_, u"FormCustomDialog")) {
+        connectGuarded(sheets, &FormWorksheetPrint::printed, this, session_.ui, [this] { leave(); });
+        sheets->closeReport();
+    } else {
+        leave();
+    }
+}
+
+void MDIFormMain::leave() {
     runGuarded(session_.ui, [this] {
         if (const auto place = placeOf(*this); place != placeAtStart_)
             storePlace(session_, place);
@@ -279,6 +298,21 @@ void MDIFormMain::mnuUpload() {
         offerUnfinishedResults();
 }
 
+void MDIFormMain::mnuPrint() {
+    showScreen<FormWorksheetPrint>(reports_);
+}
+
+void MDIFormMain::mnuEnter() {
+    if (openScreen<FormWorkEntry>()) {
+        showScreen<FormWorkEntry>();
+        return;
+    }
+    auto* form = showScreen<FormWorkEntry>();
+    connectGuarded(form, &FormWorkEntry::resultsLeft, this, session_.ui,
+                   [this] { offerUnfinishedResults(); });
+    form->begin();
+}
+
 void MDIFormMain::mnuStrategies() {
     showScreen<FormStrategies>([this] { return openCalParam(); });
 }
@@ -321,11 +355,6 @@ void MDIFormMain::mnuPrompts() {
 
 void MDIFormMain::mnuPredefined() {
     showScreen<FormPredefinedTasks>();
-}
-
-void MDIFormMain::showNotAvailableYet(MenuEntry entry) {
-    const auto& row = menuTree()[static_cast<std::size_t>(entry)];
-    session_.ui.messageBox(text(TextId::screenNotInVersion), text(row.caption), box::information);
 }
 
 template <class Screen>

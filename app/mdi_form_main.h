@@ -17,6 +17,7 @@ class QMenu;
 namespace kelvane {
 
 class OpenCalParam;
+class ReportControl;
 class StatusLine;
 
 /// What the main window does beyond the session.
@@ -24,6 +25,8 @@ struct Environment {
     /// The data sources that the driver manager knows.
     std::function<QStringList()> dataSources;
     QString commandLine;
+    /// A login shows the entries of paper worksheets in the menu.
+    bool worksheets = false;
     /// Ends the process at once. It does not come back, except in tests.
     std::function<void()> endProcess;
 };
@@ -33,7 +36,7 @@ struct Environment {
 class MDIFormMain final : public QMainWindow {
     Q_OBJECT
   public:
-    MDIFormMain(Session& session, Calibrators& calibrators, Environment environment);
+    MDIFormMain(Session& session, Calibrators& calibrators, ReportControl& reports, Environment environment);
 
     /// The start of the program: captions, size, the empty frame on the screen, start-up, the login screen.
     void load();
@@ -57,13 +60,18 @@ class MDIFormMain final : public QMainWindow {
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();
+    void afterLogin();
     /// Shows the results without a record, if there are some.
     void offerUnfinishedResults();
 
     void mnuLogout();
     void mnuExit();
+    /// Ends the program.
+    void leave();
     void mnuDownload();
     void mnuUpload();
+    void mnuPrint();
+    void mnuEnter();
     void mnuStrategies();
     void mnuCalParameters();
     void mnuODBC();
@@ -71,7 +79,6 @@ class MDIFormMain final : public QMainWindow {
     void mnuWorkEntry();
     void mnuPrompts();
     void mnuPredefined();
-    void showNotAvailableYet(MenuEntry entry);
 
     /// The parameter editor, once it has an instrument; null otherwise.
     OpenCalParam* openCalParam() const;
@@ -84,6 +91,7 @@ class MDIFormMain final : public QMainWindow {
 
     Session& session_;
     Calibrators& calibrators_;
+    ReportControl& reports_;
     Environment environment_;
     Menu menu_;
     QMdiArea* area_;

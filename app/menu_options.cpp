@@ -21,6 +21,12 @@ void resetMenuForLogout(Menu& menu) {
                mnuConfiguration});
 }
 
+void showWorksheetEntries(Menu& menu) {
+    menu.show({mnuPrint});
+    if (menu.isShown(mnuUpload))
+        menu.show({mnuEnter});
+}
+
 namespace {
 
 constexpr qint16 recordsOnly = 6; // the level of the database owner, who configures records

@@ -9,6 +9,9 @@ namespace kelvane {
 void enableMenuForLogin(Menu& menu);
 /// The menu as log out leaves it.
 void resetMenuForLogout(Menu& menu);
+/// Shows the entries of paper worksheets, which no level has in its menu: printing, and entering results to
+/// those who may upload.
+void showWorksheetEntries(Menu& menu);
 
 namespace ModuleGlobals {
 

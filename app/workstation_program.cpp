@@ -7,7 +7,8 @@ WorkstationProgram::WorkstationProgram(const Clock& clock, SettingsStore& settin
                                        Environment environment)
     : session({ui, clock, settings}, std::move(connections)),
       calibrators(session, links),
-      window(session, calibrators, std::move(environment)) {
+      reports(session, session.makeConnection),
+      window(session, calibrators, reports, std::move(environment)) {
     ui.attach(session, window, window.area(), window.statusLine());
 }
 

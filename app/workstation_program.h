@@ -2,6 +2,7 @@
 
 #include "app/mdi_form_main.h"
 #include "ui/qt_user_interface.h"
+#include "worksheets/worksheet_report.h"
 
 namespace kelvane {
 
@@ -19,6 +20,7 @@ class WorkstationProgram {
     QtUserInterface ui;
     Session session;
     Calibrators calibrators;
+    WorksheetReport reports;
     MDIFormMain window;
 };
 

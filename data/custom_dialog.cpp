@@ -36,7 +36,9 @@ QString CustomDialog(Session& session, const QString& caption, const QString& pr
             if (question.fromList)
                 question.choices = choicesBeforeTheFirstEmpty(choices);
         }
+        const int own = session.reportCount - session.reportsDuringQuestions;
         result = session.ui.askOneField(question);
+        session.reportsDuringQuestions = session.reportCount - own;
     });
     // Who answers a required question with blanks gives up.
     return required && trimBlanks(result).isEmpty() ? cancelled : result;

@@ -60,12 +60,20 @@ class Guard {
 /// Notices error reports during a block: what was prepared in it may then be incomplete.
 class ReportWatch {
   public:
-    explicit ReportWatch(const Session& session) : session_(session), before_(session.reportCount) {}
+    explicit ReportWatch(const Session& session)
+        : session_(session), before_(session.reportCount), ownBefore_(ownReports(session)) {}
     bool sawReport() const { return session_.reportCount != before_; }
+    /// The same, without what other screens reported while a question of the block was open.
+    bool sawOwnReport() const { return ownReports(session_) != ownBefore_; }
 
   private:
+    static int ownReports(const Session& session) {
+        return session.reportCount - session.reportsDuringQuestions;
+    }
+
     const Session& session_;
     int before_;
+    int ownBefore_;
 };
 
 } // namespace kelvane

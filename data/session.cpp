@@ -8,4 +8,13 @@ Connection& sharedConnection(Session& session) {
     return *session.SharedConnection;
 }
 
+void closeConnection(Session& session) {
+    try {
+        if (session.SharedConnection)
+            session.SharedConnection->close();
+    } catch (const Error&) {
+        // The engine brings its files in order at the next open.
+    }
+}
+
 } // namespace kelvane

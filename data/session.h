@@ -43,6 +43,8 @@ struct Session : Workstation {
     bool SessionConnected = false;
     /// How many errors routines have reported so far.
     int reportCount = 0;
+    /// How many of them came while a question was on the screen: they were those of other screens.
+    int reportsDuringQuestions = 0;
     /// True once an unreadable journal has been reported, until it can be read again.
     bool hasReportedJournal = false;
 
@@ -55,5 +57,8 @@ struct Session : Workstation {
 
 /// The one connection of the session, made on first use.
 Connection& sharedConnection(Session& session);
+
+/// Closes the connection, if there is one, because its work or the process ends. A failure is not reported.
+void closeConnection(Session& session);
 
 } // namespace kelvane

@@ -22,13 +22,13 @@ DemoWorkstation::DemoWorkstation(WorkstationProgram& workstation, const QString&
     QDir().mkpath(pictures_);
     simulatedOperator.onShown = [this](QWidget& widget) {
         if (qobject_cast<QMessageBox*>(&widget))
-            picture(widget, u"box"_s);
+            takePicture(widget, u"box"_s);
         else
-            picture(program.window, widget.objectName());
+            takePicture(program.window, widget.objectName());
     };
 }
 
-void DemoWorkstation::picture(QWidget& widget, const QString& name) {
+void DemoWorkstation::takePicture(QWidget& widget, const QString& name) {
     const auto file = u"%1/%2-%3.png"_s.arg(pictures_).arg(++taken_, 3, 10, QChar(u'0')).arg(name);
     if (!widget.grab().save(file))
         reportedErrors_ << u"the picture %1 could not be written"_s.arg(file);

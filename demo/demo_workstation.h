@@ -21,7 +21,9 @@ class DemoWorkstation {
     void step(const QString& description, const std::function<void()>& act);
 
     /// Takes a picture of the whole window as it is now.
-    void takePicture(const QString& name) { picture(program.window, name); }
+    void takePicture(const QString& name) { takePicture(program.window, name); }
+    /// Takes a picture of a window beside it.
+    void takePicture(QWidget& widget, const QString& name);
 
     /// The open screen of that name. Throws `Difference` when there is none.
     QWidget& child(const QString& name);
@@ -47,8 +49,6 @@ class DemoWorkstation {
     SimulatedOperator simulatedOperator;
 
   private:
-    void picture(QWidget& widget, const QString& name);
-
     QString pictures_;
     int taken_ = 0;
     QStringList reportedErrors_;

@@ -2,6 +2,7 @@
 
 #include "demo/fluke702_day.h"
 #include "demo/fluke74x_day.h"
+#include "demo/paper_day.h"
 #include "demo/preparation.h"
 #include "demo/torque_day.h"
 
@@ -24,6 +25,7 @@ void Demonstration::run() {
     runFluke702Day(station_, memories_.fluke702, day.addDays(-1));
     calibratePrepared(station_, memories_.fluke702, day.addDays(-2));
     runFluke74xDay(station_, memories_.fluke74x, day.addDays(-3));
+    runPaperDay(station_, folder_, day.addDays(-4));
     logOut();
     exit();
 }

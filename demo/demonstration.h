@@ -12,11 +12,13 @@ struct CalibratorMemories {
 };
 
 /// An instrument that is prepared from nothing, and calibrations from end to end with each calibrator: log
-/// in, list instruments, name their standards, download, carry out, upload, and check the records.
+/// in, list instruments, name their standards, download, carry out, upload, and check the records. At the end
+/// a day on paper.
 class Demonstration {
   public:
-    Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& pictures)
-        : station_(program, pictures), memories_(memories) {}
+    /// `folder` takes the pictures and the printed sheets.
+    Demonstration(WorkstationProgram& program, const CalibratorMemories& memories, const QString& folder)
+        : station_(program, folder + QStringLiteral("/pictures")), memories_(memories), folder_(folder) {}
 
     /// Throws `Difference` on the first deviation.
     void run();
@@ -31,6 +33,7 @@ class Demonstration {
 
     DemoWorkstation station_;
     CalibratorMemories memories_;
+    QString folder_;
 };
 
 } // namespace kelvane::demo

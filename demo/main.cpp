@@ -57,10 +57,10 @@ int main(int argc, char** argv) {
         CalibratorHardware hardware(settings);
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),
-            {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [&] { ended = true; }});
-        demo::Demonstration(program, {torqueStar.memory(), fluke702, fluke74x},
-                            QDir(folder).filePath(u"pictures"_s))
-            .run();
+            {.dataSources = odbcDataSources, .commandLine = {}, .worksheets = true, .endProcess = [&] {
+                 ended = true;
+             }});
+        demo::Demonstration(program, {torqueStar.memory(), fluke702, fluke74x}, folder).run();
         if (!ended)
             throw demo::Difference(u"the program did not end"_s);
         std::puts("\nEvery record, standard and result line is as it has to be.");

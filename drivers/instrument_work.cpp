@@ -13,22 +13,14 @@ namespace kelvane {
 
 namespace {
 
-/// The value of a column of the new record; nothing when the site's dictionary does not have it.
-std::optional<QString> fieldValue(const CalRecord& record, QStringView column) {
-    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
-        const auto& field = record.CalFieldTable[row];
-        if (field.column.compare(column, Qt::CaseInsensitive) == 0)
-            return field.value;
-    }
-    return {};
-}
-
 /// The operator may have given another date or time than the calibrator: under these the record is found
-/// again.
-void noteDate(Session& session, const JournalEntry& entry, const CalRecord& record) {
+/// again. One without lines looks like any other of its moment, so that its beginning is noted too.
+void noteBeginning(Session& session, const JournalEntry& entry, const CalRecord& record) {
     const auto date = fieldValue(record, u"C2301").value_or(entry.date);
     const auto time = fieldValue(record, u"C2333").value_or(entry.time);
-    if (date != entry.date || time != entry.time)
+    if (entry.lines.isEmpty())
+        Journal(session).setBegun(entry.id, date, time);
+    else if (date != entry.date || time != entry.time)
         Journal(session).setDate(entry.id, date, time);
 }
 
@@ -62,8 +54,7 @@ RecordOutcome InstrumentWork::finish() {
     try {
         entry.id = Journal(session_).add(entry);
     } catch (const Error& error) {
-        return {RecordOutcome::End::unprepared,
-                text(TextId::journalNotWritten).arg(entry.asset, error.description)};
+        return {RecordOutcome::End::unprepared, text(notWritten).arg(entry.asset, error.description)};
     }
     if (hasLostConnection())
         return {RecordOutcome::End::unprepared, text(TextId::connectionLostAdvice)};
@@ -73,7 +64,7 @@ RecordOutcome InstrumentWork::finish() {
 }
 
 bool InstrumentWork::hasLostConnection() const {
-    return preparation_.sawReport() && kelvane::hasLostConnection(session_);
+    return !isPrepared() && kelvane::hasLostConnection(session_);
 }
 
 RecordOutcome InstrumentWork::makeRecord() {
@@ -109,13 +100,13 @@ CreatedRecord createRecord(Session& session, const JournalEntry& entry, CalRecor
         created.isGivenUp = asking.sawReport();
         return !created.isGivenUp;
     };
-    created.refusal =
-        ModuleGlobals::CreateCalRecord(session, record, entry.asset, {.mayAsk = mayGoOn, .mayWrite = [&] {
-                                                                          if (!mayGoOn())
-                                                                              return false;
-                                                                          noteDate(session, entry, record);
-                                                                          return true;
-                                                                      }});
+    created.refusal = ModuleGlobals::CreateCalRecord(session, record, entry.asset,
+                                                     {.mayAsk = mayGoOn, .mayWrite = [&] {
+                                                          if (!mayGoOn())
+                                                              return false;
+                                                          noteBeginning(session, entry, record);
+                                                          return true;
+                                                      }});
     return created;
 }
 
@@ -136,6 +127,15 @@ bool changeJournal(Session& session, const std::function<void(Journal&)>& change
         Journal journal(session);
         change(journal);
     });
+}
+
+std::optional<QString> fieldValue(const CalRecord& record, QStringView column) {
+    for (int row = 0; row < ModuleGlobals::calFieldCount(record); ++row) {
+        const auto& field = record.CalFieldTable[row];
+        if (field.column.compare(column, Qt::CaseInsensitive) == 0)
+            return field.value;
+    }
+    return {};
 }
 
 void copyRecord(const CalRecord& record, JournalEntry& entry) {

@@ -3,6 +3,7 @@
 #include "data/journal/journal.h"
 #include "data/records/cal_record.h"
 #include "data/routine.h"
+#include "resources/text_id.h"
 
 #include <functional>
 
@@ -39,8 +40,10 @@ class InstrumentWork {
         routine.run(std::forward<Step>(step));
     }
 
+    /// Says that an error was reported before this work was begun.
+    void setUnprepared() { failedBefore_ = true; }
     /// False once an error has been reported.
-    bool isPrepared() const { return !preparation_.sawReport(); }
+    bool isPrepared() const { return !failedBefore_ && !preparation_.sawReport(); }
 
     /// Writes the entry into the journal, with what stands in `record`, and has the record made. A refusal is
     /// shown in a box.
@@ -48,6 +51,8 @@ class InstrumentWork {
 
     JournalEntry entry;
     CalRecord record;
+    /// The failure when the journal can't be written: %1 is the instrument, %2 the error.
+    TextId notWritten = TextId::journalNotWritten;
 
   private:
     bool hasLostConnection() const;
@@ -56,6 +61,7 @@ class InstrumentWork {
     Session& session_;
     QString routine_;
     ReportWatch preparation_;
+    bool failedBefore_ = false;
 };
 
 /// How `CreateCalRecord` ended.
@@ -75,6 +81,9 @@ void endAsDone(Session& session, const JournalEntry& entry);
 
 /// Changes the journal. False after an error, which is reported.
 bool changeJournal(Session& session, const std::function<void(Journal&)>& change);
+
+/// The value of a column of the record; nothing when the site's dictionary does not have it.
+std::optional<QString> fieldValue(const CalRecord& record, QStringView column);
 
 /// Copies lines, fields and standards of a record into its entry.
 void copyRecord(const CalRecord& record, JournalEntry& entry);

@@ -20,11 +20,12 @@ void MissingPort::setPortOpen(bool open) {
         throw makeError(ErrorNumber::pathFileAccess);
 }
 
-ProgramTest::ProgramTest()
+ProgramTest::ProgramTest(bool worksheets)
     : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, links,
               {
                   .dataSources = [this] { return dataSources; },
                   .commandLine = u"kelvane"_s,
+                  .worksheets = worksheets,
                   .endProcess = [this] { atEnd(); },
               }) {
     script.open = false;

@@ -27,7 +27,8 @@ class MissingPort final : public SerialPort {
 /// its own that holds a result template. Nothing is on the screen before `start`.
 class ProgramTest : public ::testing::Test {
   protected:
-    ProgramTest();
+    /// `worksheets`: a login shows the entries of paper worksheets.
+    explicit ProgramTest(bool worksheets = false);
     ~ProgramTest() override;
 
     /// Shows the main window and the login screen.

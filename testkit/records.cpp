@@ -76,6 +76,10 @@ QList<QStringList> recordsOf(Connection& connection, const QString& asset, const
                   17);
 }
 
+QString countText(std::optional<int> count) {
+    return count ? QString::number(*count) : u"(null)"_s;
+}
+
 void checkRecord(Connection& connection, const Record& expected, const QStringList& row,
                  const QDate& calibrated, bool current) {
     std::printf("  %-8s %-10s %-8s %-10s %-6s %-10s %6s %8s\n", qPrintable(expected.asset),
@@ -91,8 +95,8 @@ void checkRecord(Connection& connection, const Record& expected, const QStringLi
         {u"time", 1, expected.time + row[1].mid(expected.time.size())},
         {u"result", 2, expected.passes ? u"Y"_s : u"N"_s},
         {u"due date", 3, due.toString(day)},
-        {u"failed points", 4, QString::number(expected.failed)},
-        {u"marginal points", 5, QString::number(expected.marginal)},
+        {u"failed points", 4, countText(expected.failed)},
+        {u"marginal points", 5, countText(expected.marginal)},
         {u"state", 7, expected.state},
         {u"technician", 8, expected.technician},
         {u"strategy", 9, expected.strategy},

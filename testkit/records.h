@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QStringList>
 
+#include <optional>
+
 namespace kelvane::demo {
 
 /// A calibration record as it has to be found in the database.
@@ -13,8 +15,9 @@ struct Record {
     /// Of the calibration, or its beginning: "08:02" for any second of that minute.
     QString time;
     bool passes = true;
-    int failed = 0;
-    int marginal = 0;
+    /// Numbers of test points; none where the record does not hold them.
+    std::optional<int> failed = 0;
+    std::optional<int> marginal = 0;
     QString state = QStringLiteral("FOUND-LEFT");
     QString technician = QStringLiteral("jdoe");
     QString strategy;

@@ -108,6 +108,11 @@ void SimulatedOperator::expectDialog(const QString& caption, const QString& prom
     expectDialog(caption, prompt, [entry](FormCustomDialog& dialog) { answerDialog(dialog, entry); });
 }
 
+void SimulatedOperator::expectWindow(const QString& title, ActOnWindow act) {
+    expected_ << Expected{
+        .title = title, .text = {}, .style = {}, .onBox = {}, .onDialog = {}, .onWindow = std::move(act)};
+}
+
 void SimulatedOperator::waitUntilAllCame() {
     if (!QTest::qWaitFor([this] { return hasMetAll() && !QApplication::activeModalWidget(); }, 10000))
         report_(u"something expected did not come, or did not go"_s);
@@ -128,7 +133,8 @@ bool SimulatedOperator::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     if (event->type() == QEvent::Show &&
-        (qobject_cast<QMessageBox*>(watched) || qobject_cast<ChildWindow*>(watched))) {
+        (qobject_cast<QMessageBox*>(watched) || qobject_cast<ChildWindow*>(watched) ||
+         isExpectedWindow(qobject_cast<QWidget*>(watched)))) {
         // Acted on a moment later, from inside the loop that waits for the answer.
         QMetaObject::invokeMethod(
             this,
@@ -141,6 +147,11 @@ bool SimulatedOperator::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+bool SimulatedOperator::isExpectedWindow(const QWidget* window) const {
+    return window && window->isWindow() && !expected_.isEmpty() && expected_.first().onWindow &&
+           window->windowTitle() == expected_.first().title;
+}
+
 void SimulatedOperator::answerWindow(QWidget& window) {
     if (onShown)
         onShown(window);
@@ -148,6 +159,18 @@ void SimulatedOperator::answerWindow(QWidget& window) {
         answerMessageBox(*box);
     else if (auto* dialog = qobject_cast<FormCustomDialog*>(&window))
         answerFieldDialog(*dialog);
+    else if (isExpectedWindow(&window))
+        actOn(window);
+}
+
+void SimulatedOperator::actOn(QWidget& window) {
+    const auto expected = expected_.takeFirst();
+    try {
+        expected.onWindow(window);
+    } catch (const Difference& difference) {
+        report_(QString::fromStdString(difference.what()));
+        window.close();
+    }
 }
 
 void SimulatedOperator::answerMessageBox(QMessageBox& box) {
@@ -155,7 +178,7 @@ void SimulatedOperator::answerMessageBox(QMessageBox& box) {
         click(*buttonOf(box, u"Yes"_s));
         return;
     }
-    if (expected_.isEmpty() || expected_.first().dialog) {
+    if (expected_.isEmpty() || expected_.first().dialog || expected_.first().onWindow) {
         report_(u"unexpected box: %1 / %2"_s.arg(box.windowTitle(), box.text().left(400)));
         click(*box.buttons().last());
         return;

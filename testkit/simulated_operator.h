@@ -24,6 +24,7 @@ class SimulatedOperator : public QObject {
   public:
     using ActOnBox = std::function<void(QMessageBox&)>;
     using ActOnDialog = std::function<void(FormCustomDialog&)>;
+    using ActOnWindow = std::function<void(QWidget&)>;
     using Report = std::function<void(const QString& message)>;
 
     explicit SimulatedOperator(Report report);
@@ -39,6 +40,9 @@ class SimulatedOperator : public QObject {
     void expectDialog(const QString& caption, const QString& prompt, ActOnDialog act);
     /// The same, answered with `entry` (typed, or chosen from the list) and Return.
     void expectDialog(const QString& caption, const QString& prompt, const QString& entry);
+
+    /// Another window with this title, as a preview or a choice of files; `act` has to bring it to its end.
+    void expectWindow(const QString& title, ActOnWindow act);
 
     bool hasMetAll() const { return expected_.isEmpty(); }
     /// Waits until everything expected has come and gone.
@@ -62,8 +66,11 @@ class SimulatedOperator : public QObject {
         BoxAnswer answer = BoxAnswer::ok;
         ActOnBox onBox;
         ActOnDialog onDialog;
+        ActOnWindow onWindow = {};
     };
+    bool isExpectedWindow(const QWidget* window) const;
     void answerWindow(QWidget& window);
+    void actOn(QWidget& window);
     void answerMessageBox(QMessageBox& box);
     void answerFieldDialog(FormCustomDialog& dialog);
     void closeDialog(FormCustomDialog& dialog);

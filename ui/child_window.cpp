@@ -150,8 +150,8 @@ void ChildWindow::showIn(QMdiArea& area) {
     area.addSubWindow(this);
     const QSize given(pixels(place_.width), pixels(place_.height));
     setFixedSize(given.expandedTo(neededSize()));
-    // The given sizes fit into the given main window; larger letters need a larger one.
-    if (size() != given)
+    // Most of the given sizes fit into the given main window; larger letters need a larger one.
+    if (place_.isLarge || size() != given)
         makeRoom(area, size());
     move(inView(stored, size(), area.viewport()->size()));
     show();

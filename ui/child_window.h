@@ -27,6 +27,8 @@ class ChildWindow : public QMdiSubWindow {
         int top = 75;
         int width = 0;
         int height = 0;
+        /// The main window's given size has no room for this one, and grows with it.
+        bool isLarge = false;
     };
 
     /// `name` is the screen's name, such as "FormConnect"; it becomes the object name and the key of the

@@ -4,6 +4,7 @@
 
 #include <QListWidget>
 #include <QShortcut>
+#include <QTreeWidget>
 
 #include <memory>
 
@@ -51,9 +52,29 @@ void moveRow(QListWidget& from, int row, QListWidget& to) {
         to.addItem(takeRow(from, row));
 }
 
-void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
-    connectGuarded(list, &QListWidget::itemDoubleClicked, list, ui, [list, chosen] {
-        if (const int row = selectedRow(*list); row >= 0)
+namespace {
+
+int selectedRowOf(const QListWidget& list) {
+    return selectedRow(list);
+}
+
+int selectedRowOf(const QTreeWidget& list) {
+    const auto selected = list.selectedItems();
+    return selected.isEmpty() ? -1 : list.indexOfTopLevelItem(selected.first());
+}
+
+int currentRowOf(const QListWidget& list) {
+    return list.currentRow();
+}
+
+int currentRowOf(const QTreeWidget& list) {
+    return list.indexOfTopLevelItem(list.currentItem());
+}
+
+template <class List>
+void connectRows(List* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
+    connectGuarded(list, &List::itemDoubleClicked, list, ui, [list, chosen] {
+        if (const int row = selectedRowOf(*list); row >= 0)
             chosen(row);
     });
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -61,10 +82,20 @@ void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(
         pressed->setContext(Qt::WidgetShortcut);
         // The row with the frame of the focus, selected or not: so one after the other can be chosen.
         connectGuarded(pressed, &QShortcut::activated, list, ui, [list, chosen] {
-            if (const int row = list->currentRow(); row >= 0)
+            if (const int row = currentRowOf(*list); row >= 0)
                 chosen(row);
         });
     }
+}
+
+} // namespace
+
+void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
+    connectRows(list, ui, chosen);
+}
+
+void onRowChosen(QTreeWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
+    connectRows(list, ui, chosen);
 }
 
 } // namespace kelvane

@@ -5,6 +5,7 @@
 #include <functional>
 
 class QListWidget;
+class QTreeWidget;
 
 namespace kelvane {
 
@@ -26,5 +27,6 @@ QString takeRow(QListWidget& list, int row);
 void moveRow(QListWidget& from, int row, QListWidget& to);
 /// Calls `chosen` with the row that the user double-clicks, or stands on when Return is pressed.
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
+void onRowChosen(QTreeWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
 
 } // namespace kelvane

@@ -28,4 +28,21 @@ bool isAnyWindowOpen(const Session& session) {
     return anyOpen(session, [](const ChildWindow&) { return true; });
 }
 
+QWidget* shownWindow(QStringView title) {
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(windows, [title](const QWidget* window) {
+        return window->isVisible() && window->windowTitle() == title;
+    });
+    return found == windows.cend() ? nullptr : *found;
+}
+
+void bringWindowForward(QStringView title) {
+    auto* window = shownWindow(title);
+    if (!window)
+        return;
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
+}
+
 } // namespace kelvane

@@ -3,6 +3,7 @@
 #include "ui/form_custom_dialog.h"
 #include "ui/form_status_bar.h"
 #include "ui/message_box.h"
+#include "ui/open_windows.h"
 #include "ui/status_line.h"
 
 #include <QApplication>
@@ -12,7 +13,6 @@
 #include <QMenuBar>
 #include <QScopeGuard>
 
-#include <algorithm>
 #include <memory>
 
 namespace kelvane {
@@ -34,7 +34,9 @@ BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title,
     // A box is there to be answered: the hourglass waits until it has been.
     const bool wasBusy = busy_;
     setNormalPointer();
-    const auto answer = showMessageBox(window_, text, title, style);
+    // Over the window that is in use: behind a preview the box would not be seen.
+    auto* inUse = qobject_cast<QMainWindow*>(QApplication::activeWindow());
+    const auto answer = showMessageBox(inUse ? inUse : window_.data(), text, title, style);
     redraw();
     if (wasBusy)
         setBusyPointer();
@@ -156,13 +158,7 @@ void QtUserInterface::processEvents() {
 }
 
 void QtUserInterface::waitForWindow(const QString& title) {
-    const auto isShown = [&] {
-        const auto windows = QApplication::topLevelWidgets();
-        return std::any_of(windows.cbegin(), windows.cend(), [&](const QWidget* window) {
-            return window->isVisible() && window->windowTitle() == title;
-        });
-    };
-    while (isShown())
+    while (shownWindow(title))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

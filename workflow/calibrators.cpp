@@ -1,6 +1,7 @@
 #include "workflow/calibrators.h"
 
 #include "data/custom_dialog.h"
+#include "drivers/worksheet_results.h"
 #include "platform/error_report.h"
 #include "resources/strings.h"
 
@@ -85,6 +86,8 @@ QString chooseCalibrator(Session& session, const QString& title, const QString& 
 }
 
 QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record) {
+    if (entry.driver == worksheetWord)
+        return judgeWorksheetAgain(session, entry, record);
     const auto* found = std::ranges::find_if(calibrators, [&](const Calibrator& calibrator) {
         return calibrator.identity.journalWord == entry.driver;
     });

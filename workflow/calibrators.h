@@ -74,7 +74,7 @@ QString calibratorCaption(const QString& name);
 /// "Defaults" under the key `remembered`, is proposed. Empty when the operator gave up.
 QString chooseCalibrator(Session& session, const QString& title, const QString& remembered);
 
-/// Has an entry of the journal judged again by the driver that has read it.
+/// Has an entry of the journal judged again by the driver that has read it, or as the worksheet that it is.
 QString judgeAgain(Session& session, JournalEntry& entry, CalRecord& record);
 
 } // namespace kelvane

@@ -1,11 +1,11 @@
 #include "workflow/download_list.h"
 
 #include "data/assets/assets.h"
+#include "data/assets/worksheet_package.h"
 #include "data/custom_dialog.h"
 #include "data/parameters/cal_params.h"
 #include "data/records/standards.h"
 #include "data/routine.h"
-#include "data/small_routines.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -169,13 +169,10 @@ void Addition::forgetLastStandard(const QString& asset) {
 
 /// Puts the list into a task package that lives for one download; gives its tag.
 QString makePackage(Session& session, Routine& routine, const QStringList& assets) {
-    const auto tag = ModuleGlobals::RandomString(session, 30);
-    routine.execute(
-        u"insert into mt.hvm_kv_task_packages (taskname,tptype,mtuser,created_on,tptag) values (" +
-        sqlText(tag) + u",'WSHT'," + sqlText(session.SessionUser) + u",now(*)," + sqlText(tag) + u");commit");
+    const auto tag = newPackageTag(session);
+    insertPackage(session, routine, tag);
     for (const auto& asset : assets)
-        routine.execute(u"insert into mt.hvm_kv_task_assets (tptag,mtag) values (" + sqlText(tag) + u"," +
-                        ModuleGlobals::mtagOf(session, asset) + u");commit");
+        insertPackageMember(session, routine, tag, asset);
     return tag;
 }
 
@@ -226,8 +223,7 @@ void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
         session.ui.messageBox(text(TextId::downloadSuccessful), text(TextId::downloadProcedures),
                               box::information);
         ModuleGlobals::SaveRegSetting(session, u"Defaults"_s, u"LastDownloadCalibrator"_s, calibrator);
-        routine.execute(u"delete from mt.hvm_kv_task_assets where tptag = " + sqlText(tag) +
-                        u";delete from mt.hvm_kv_task_packages where tptag = " + sqlText(tag) + u";commit");
+        removePackage(routine, tag);
         screen.closeScreen();
     });
 }

@@ -59,6 +59,7 @@ class RecordMaking {
     QString createNew();
     QString askMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
     bool isRecordMade() const;
+    bool isRecognised() const { return !entry_.lines.isEmpty() || entry_.begun; }
     RecordContents contents() const;
 
     Session& session_;
@@ -141,8 +142,11 @@ RecordContents RecordMaking::contents() const {
     return {entry_.asset, mtag, entry_.date, time, entry_.lines, entry_.standards};
 }
 
-/// Completes what had been begun of the record; nothing when nothing had been.
+/// Completes what had been begun of the record; nothing when nothing had been. A record without lines is that
+/// of this entry only when the entry has begun one.
 std::optional<QString> RecordMaking::completeBegunRecord() {
+    if (!isRecognised())
+        return {};
     const auto wanted = contents();
     const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
     for (const auto& record : records) {
@@ -165,9 +169,14 @@ QString RecordMaking::createNew() {
             return reason;
     }
     entry_.prepared = true;
+    entry_.begun = false;
     entry_.why = text(TextId::resultsInterrupted);
     Journal(session_).replace(entry_);
+    const ReportWatch making(session_);
     const auto refusal = createRecord(session_, entry_, record_).refusal;
+    // Without lines the record does not show whether the steps behind its insert were reached.
+    if (entry_.lines.isEmpty() && (making.sawReport() || !refusal.isEmpty()))
+        return refusal.isEmpty() ? text(TextId::recordNotComplete).arg(entry_.asset) : refusal;
     entry_.date = askMoment(dateColumn, FieldKind::date, entry_.date);
     entry_.time = askMoment(timeColumn, FieldKind::time, entry_.time);
     if (isRecordMade())

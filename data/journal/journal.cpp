@@ -42,6 +42,7 @@ constexpr auto stateKey = "state"_L1;
 constexpr auto rawKey = "raw"_L1;
 constexpr auto fieldsKey = "fields"_L1;
 constexpr auto preparedKey = "prepared"_L1;
+constexpr auto begunKey = "begun"_L1;
 constexpr auto sourceKey = "source"_L1;
 
 constexpr QLatin1StringView unfinishedState = "unfinished"_L1;
@@ -70,6 +71,7 @@ QJsonObject contentOf(const JournalEntry& entry) {
     content[fieldsKey] = fields;
     content[rawKey] = entry.raw;
     content[preparedKey] = entry.prepared;
+    content[begunKey] = entry.begun;
     return content;
 }
 
@@ -93,6 +95,7 @@ JournalEntry entryOf(const QString& id, const QJsonObject& content) {
         entry.fields << std::pair(field[0].toString(), field[1].toString());
     entry.raw = content[rawKey].toObject();
     entry.prepared = content[preparedKey].toBool();
+    entry.begun = content[begunKey].toBool();
     return entry;
 }
 
@@ -242,6 +245,10 @@ void Journal::explain(const QString& id, const QString& why) {
 
 void Journal::setDate(const QString& id, const QString& date, const QString& time) {
     write(id, {{"date"_L1, date}, {"time"_L1, time}});
+}
+
+void Journal::setBegun(const QString& id, const QString& date, const QString& time) {
+    write(id, {{"date"_L1, date}, {"time"_L1, time}, {begunKey, true}});
 }
 
 void Journal::end(const QString& id, JournalEnd end, const QString& why) {

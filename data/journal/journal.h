@@ -36,6 +36,8 @@ struct JournalEntry {
     /// Columns and values of the record's fields, in their order.
     QList<std::pair<QString, QString>> fields = {};
     QStringList standards = {};
+    /// True when the statement that begins the record may have been sent; kept for entries without lines.
+    bool begun = false;
     /// Why there is no record yet, for the user.
     QString why = {};
 };
@@ -70,6 +72,8 @@ class Journal {
     void explain(const QString& id, const QString& why);
     /// Notes the date and time under which the record is being made.
     void setDate(const QString& id, const QString& date, const QString& time);
+    /// The same, and that the record is being begun now.
+    void setBegun(const QString& id, const QString& date, const QString& time);
     void end(const QString& id, JournalEnd end, const QString& why = {});
 
     /// The unfinished entries, oldest first.

@@ -144,6 +144,42 @@ QString DecimalFormat(Session& session, double value, const QString& digits) {
     return formatValue(session, value, formatOf(digits));
 }
 
+namespace {
+
+/// What a test point is judged against.
+struct PointRules {
+    float input_low;
+    float input_high;
+    OutputRange range;
+    const NumberFormat* format;
+    const QString& input_units;
+    const QString& output_units;
+    Terms positive;
+    Terms negative;
+    float resolution;
+};
+
+void fillNominal(Session& session, ErrorResult& result, double input, const PointRules& rules) {
+    result.nominal = nominalOf(input, rules.input_low, rules.input_high, rules.range);
+    result.nominal_text = formatValue(session, result.nominal, rules.format, rules.output_units);
+    result.nominal_rounded = roundedValue(result.nominal_text, rules.output_units);
+}
+
+/// The text of the input, and both limits around the nominal output.
+void fillLimits(Session& session, ErrorResult& result, double input, const PointRules& rules) {
+    result.input_text = formatValue(session, finite(input), rules.format, rules.input_units);
+    auto range = rules.range;
+    range.resolution = widenThroughText(rules.resolution);
+    result.upper_limit = limitOf(result.nominal, upperSide, rules.positive, range);
+    result.upper_text = formatValue(session, result.upper_limit, rules.format);
+    result.upper_rounded = roundedValue(result.upper_text);
+    result.lower_limit = limitOf(result.nominal, lowerSide, rules.negative, range);
+    result.lower_text = formatValue(session, result.lower_limit, rules.format);
+    result.lower_rounded = roundedValue(result.lower_text);
+}
+
+} // namespace
+
 ErrorResult ErrorCalculation(Session& session, double input, double output, float input_low, float input_high,
                              float output_high, float output_low, const QString& digits,
                              const QString& input_units, const QString& output_units, float pos_fs,
@@ -151,33 +187,26 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
                              float neg_span, float neg_reading, float neg_lsd, float neg_units,
                              float resolution, qint16 line) {
     ErrorResult result;
+    const PointRules rules{input_low,
+                           input_high,
+                           {output_high, output_low, 0},
+                           formatOf(digits),
+                           input_units,
+                           output_units,
+                           {pos_fs, pos_span, pos_reading, pos_lsd, pos_units},
+                           {neg_fs, neg_span, neg_reading, neg_lsd, neg_units},
+                           resolution};
     Routine routine(session, u"ModuleGlobals,ErrorCalculation"_s);
-    const auto format = [&, numberFormat = formatOf(digits)](double value, QStringView unit = {}) {
-        return formatValue(session, value, numberFormat, unit);
-    };
     routine.run([&] {
-        OutputRange range{output_high, output_low, 0};
-        result.nominal = nominalOf(input, input_low, input_high, range);
-        result.nominal_text = format(result.nominal, output_units);
-        result.nominal_rounded = roundedValue(result.nominal_text, output_units);
-        result.output_text = format(finite(output), output_units);
-        result.input_text = format(finite(input), input_units);
-
-        range.resolution = widenThroughText(resolution);
-        result.upper_limit =
-            limitOf(result.nominal, upperSide, {pos_fs, pos_span, pos_reading, pos_lsd, pos_units}, range);
-        result.upper_text = format(result.upper_limit);
-        result.upper_rounded = roundedValue(result.upper_text);
-        result.lower_limit =
-            limitOf(result.nominal, lowerSide, {neg_fs, neg_span, neg_reading, neg_lsd, neg_units}, range);
-        result.lower_text = format(result.lower_limit);
-        result.lower_rounded = roundedValue(result.lower_text);
+        fillNominal(session, result, input, rules);
+        result.output_text = formatValue(session, finite(output), rules.format, output_units);
+        fillLimits(session, result, input, rules);
 
         result.error = finite(output - result.nominal);
-        auto error_text = format(result.error, output_units);
+        auto error_text = formatValue(session, result.error, rules.format, output_units);
         result.error_rounded = roundedValue(error_text, output_units);
         result.error_text = std::move(error_text);
-        result.tolerance_text = format(toleranceAt(result, output), output_units);
+        result.tolerance_text = formatValue(session, toleranceAt(result, output), rules.format, output_units);
 
         judgePercent(result, output);
         const bool within = output <= result.upper_limit && output >= result.lower_limit;
@@ -190,6 +219,34 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
             ResultLine(session, number, result.nominal_text, result.input_text, result.output_text,
                        result.tolerance_text, result.error_text, result.percent_text, units, result.advice,
                        result.lower_text, result.upper_text, result.verdict);
+    });
+    return result;
+}
+
+double inputAt(const CalParamRecord& instrument, double fraction) {
+    const double low = instrument.input_low;
+    return (instrument.input_high - low) * fraction + low;
+}
+
+ErrorResult expectedResult(Session& session, const CalParamRecord& instrument, double input) {
+    ErrorResult result;
+    Routine routine(session, u"ModuleGlobals,expectedResult"_s);
+    routine.run([&] {
+        const auto& r = instrument;
+        const PointRules rules{
+            r.input_low,
+            r.input_high,
+            {r.output_high, r.output_low, 0},
+            formatOf(plainText(r.resolution)),
+            r.input_type,
+            r.output_type,
+            {r.pos_fs_range_pct, r.pos_span_pct, r.pos_reading_pct, r.pos_lsd_counts, r.pos_units},
+            {r.neg_fs_range_pct, r.neg_span_pct, r.neg_reading_pct, r.neg_lsd_counts, r.neg_units},
+            r.resolution};
+        fillNominal(session, result, input, rules);
+        fillLimits(session, result, input, rules);
+        result.tolerance_text =
+            formatValue(session, toleranceAt(result, result.nominal), rules.format, r.output_type);
     });
     return result;
 }

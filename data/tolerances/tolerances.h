@@ -4,6 +4,8 @@
 
 namespace kelvane {
 
+struct CalParamRecord;
+
 /// One evaluated test point: values, limits, verdict, and the texts of a report line.
 struct ErrorResult {
     double nominal = 0;
@@ -44,6 +46,14 @@ ErrorResult ErrorCalculation(Session& session, double input, double output, floa
                              float pos_span, float pos_reading, float pos_lsd, float pos_units, float neg_fs,
                              float neg_span, float neg_reading, float neg_lsd, float neg_units,
                              float resolution, qint16 line);
+
+/// The input of an instrument, in its units, at a fraction of its range.
+double inputAt(const CalParamRecord& instrument, double fraction);
+
+/// What a test point asks for before it is read: nominal output, limits and the texts of input and tolerance,
+/// each as `ErrorCalculation` has it. The tolerance is that of a reading on the nominal. After an error
+/// (reported) the record keeps what was filled up to there.
+ErrorResult expectedResult(Session& session, const CalParamRecord& instrument, double input);
 
 /// The tightest tolerance of an instrument in percent of full scale; 0 after an error.
 double TranslateFSTestTolSingle(Session& session, const QString& asset);

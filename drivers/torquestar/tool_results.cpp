@@ -52,12 +52,6 @@ double meanOf(const Samples& samples, int count) {
     return sum / count;
 }
 
-/// The nominal input at a fraction of the range.
-double nominalInput(const CalParamRecord& instrument, double fraction) {
-    const double low = instrument.input_low;
-    return (instrument.input_high - low) * fraction + low;
-}
-
 /// Error 5 for a reply without a last character to leave out.
 QString commentOf(const QByteArray& reply) {
     if (reply.size() < 4)
@@ -115,7 +109,7 @@ Findings findingsOf(Session& session, CalRecord& record, const CalParamRecord& i
         findings.date = Conv2Date(session, dateField(reply));
         findings.time = Conv2Time(session, timeField(reply));
         const double reading = meanOf(samplesOf(session, reply), instrument.repetitions);
-        const double applied = nominalInput(instrument, double{fractions.value(i)});
+        const double applied = ModuleGlobals::inputAt(instrument, double{fractions.value(i)});
         takePoint(record, findings.counts, judgePoint(session, instrument, applied, reading, i + 1), i + 1);
     }
     findings.comment = commentOf(results.comment);

@@ -29,6 +29,17 @@ TEST(CommandLine, NamesTheDevicesOfPorts) {
         EXPECT_EQ(portsOf(row.arguments), row.expected) << row.arguments.join(u' ').toStdString();
 }
 
+TEST(CommandLine, ShowsTheWorksheetsByASwitchOfThatNameAlone) {
+    EXPECT_TRUE(wantsWorksheets({u"kelvane"_s, u"--worksheets"_s}));
+    EXPECT_TRUE(wantsWorksheets({u"kelvane"_s, u"--port"_s, u"COM1=/a"_s, u"--worksheets"_s}));
+    EXPECT_TRUE(wantsWorksheets({u"kelvane"_s, u"--worksheets"_s, u"--port"_s, u"COM1=/a"_s}));
+    for (const auto& arguments :
+         {QStringList{u"kelvane"_s}, QStringList{u"kelvane"_s, u"worksheets"_s},
+          QStringList{u"kelvane"_s, u"--worksheet"_s}, QStringList{u"kelvane"_s, u"--worksheets=no"_s},
+          QStringList{u"kelvane"_s, u"--texts"_s, u"--worksheets"_s}})
+        EXPECT_FALSE(wantsWorksheets(arguments)) << arguments.join(u' ').toStdString();
+}
+
 /// A folder with two files of texts; the texts are the program's own again at the end.
 class TextsOfTheCommandLine : public ::testing::Test {
   protected:

@@ -12,7 +12,6 @@ namespace kelvane::testing {
 
 namespace {
 
-const QString notAvailableYet = u"This screen is not part of this version yet."_s;
 const QString connectionLost = u"This workstation is no longer connected to the database. Please select "
                                u"FILE,LOG OUT from the menu, or CTRL-L "
                                "to log out and reconnect."_s;
@@ -51,20 +50,6 @@ TEST_F(MenuCommands, WithoutTheConnectionAllButThreeOnlySayThatItIsLost) {
     EXPECT_TRUE(script.statements.isEmpty());
     choose(u"mnuODBC"_s);
     EXPECT_EQ(openChildren(), QStringList{u"FormODBC"_s});
-}
-
-TEST_F(MenuCommands, ScreensOfLaterVersionsShowAMessage) {
-    startLoggedIn(4);
-    const QHash<QString, QString> titles{
-        {u"mnuPrint"_s, u"Print Worksheet(s)"_s},
-        {u"mnuEnter"_s, u"Enter Test Results From Worksheet(s)"_s},
-    };
-    for (auto expectation = titles.cbegin(); expectation != titles.cend(); ++expectation) {
-        simulatedOperator.expectBox(notAvailableYet, expectation.value(), box::information);
-        action(expectation.key())->setEnabled(true);
-        choose(expectation.key());
-        EXPECT_TRUE(simulatedOperator.hasMetAll()) << expectation.key().toStdString();
-    }
 }
 
 TEST_F(MenuCommands, StrategiesOpensItsScreenOnce) {

@@ -184,6 +184,21 @@ TEST_F(SetMenuOptions, WorksheetEntriesAreHiddenAtEveryLevelAndNothingShowsThemA
     }
 }
 
+TEST_F(SetMenuOptions, WorksheetEntriesThatASiteWantsGoToThoseWhoDownloadAndUpload) {
+    for (int level = 0; level <= 7; ++level) {
+        menu = Menu();
+        logInWith(level);
+        showWorksheetEntries(menu);
+        EXPECT_EQ(menu.isReachable(mnuPrint), menu.isReachable(mnuDownload)) << level;
+        EXPECT_EQ(menu.isReachable(mnuEnter), menu.isReachable(mnuUpload)) << level;
+    }
+    EXPECT_TRUE(menu.isReachable(mnuPrint));
+    EXPECT_TRUE(menu.isReachable(mnuEnter));
+    resetMenuForLogout(menu);
+    EXPECT_FALSE(menu.isShown(mnuPrint));
+    EXPECT_FALSE(menu.isShown(mnuEnter));
+}
+
 TEST_F(SetMenuOptions, LevelSixHasNoCalibrationMenu) {
     logInWith(6);
     EXPECT_FALSE(menu.isShown(mnuCalibration));

@@ -6,8 +6,10 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -240,6 +242,31 @@ const Screen screens[] = {
                                                 u"  2 60.00 in/lb          61.75 in/lb        FAIL"_s},
                                    .why = u"The connection to the database was lost."_s});
          test.startLoggedIn(4);
+         look();
+     }},
+    {"FormWorksheetPrint",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuPrint"_s);
+         control<QListWidget>(test.child(u"FormWorksheetPrint"_s), u"ListCal"_s)
+             .addItems({u"PT-1001"_s, u"PT-1002"_s, u"PT-1003"_s, u"PT-1004"_s});
+         look();
+     }},
+    {"FormWorkEntry",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.simulatedOperator.expectDialog(
+             u"Enter Test Results From Worksheet(s)"_s, u"Enter instrument #: (or press CANCEL to quit)"_s,
+             [&](FormCustomDialog& dialog) { test.cancel(dialog); });
+         test.choose(u"mnuEnter"_s);
+         auto& form = test.child(u"FormWorkEntry"_s);
+         auto& fields = control<QTreeWidget>(form, u"ListViewData"_s);
+         for (const auto& field : {QStringList{u"Calibration Date"_s, u"03/17/2026"_s},
+                                   QStringList{u"Calibration Time"_s, u"10:20"_s},
+                                   QStringList{u"Ambient Temperature (C)"_s, u"21.5"_s}})
+             fields.addTopLevelItem(new QTreeWidgetItem(field));
+         fields.resizeColumnToContents(0);
+         control<QListWidget>(form, u"ListStandards"_s).addItems({u"DWT-01"_s, u"DMM-01"_s});
          look();
      }},
     {"FormTestMess",

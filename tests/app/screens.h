@@ -23,6 +23,8 @@ inline void PrintTo(const Screen& screen, std::ostream* out) {
 
 class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen> {
   public:
+    Screens() : ProgramTest(true) {}
+
     // What the table of screens needs of the fixture.
     using ProgramTest::cancel;
     using ProgramTest::child;
