@@ -205,7 +205,7 @@ ReportBand bandOf(const LayoutNode& node, const BandContext& context) {
         band.height = height->number(0, maxHeight);
     if (const auto items = node.find(u"items"_s)) {
         for (const auto& item : items->elements())
-            band.items << itemOf(item, context);
+            band.items.push_back(itemOf(item, context));
     }
     return band;
 }

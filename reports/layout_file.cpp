@@ -35,8 +35,8 @@ QString quoted(const QStringList& names) {
 }
 
 ReportError fileMistake(const QString& path, const QString& reason) {
-    return ReportError(text(TextId::layoutFileMistake)
-                           .arg(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), reason));
+    return ReportError(
+        text(TextId::fileProblem).arg(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()), reason));
 }
 
 ReportError lineMistake(const QString& path, qsizetype line, const QString& reason) {

@@ -77,7 +77,7 @@ void paintPicture(QPainter& painter, const QImage& picture, const QRectF& place)
 
 MeasuredBand::MeasuredBand(const ReportBand& band, FieldValues& values, PlainTexts& plainTexts) {
     auto given = unitsOfMillimetres(band.height);
-    items_.reserve(band.items.size());
+    items_.reserve(std::ssize(band.items));
     for (const auto& item : band.items) {
         items_ << measured(item, values, plainTexts);
         given = std::max(given, unitsOfMillimetres(item.y) + givenHeight(item));

@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <variant>
+#include <vector>
 
 namespace kelvane {
 
@@ -61,7 +62,7 @@ struct ReportItem {
 struct ReportBand {
     /// The least height; a band grows with its texts.
     double height = 0;
-    QList<ReportItem> items;
+    std::vector<ReportItem> items;
 };
 
 } // namespace kelvane

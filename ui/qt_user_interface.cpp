@@ -34,7 +34,9 @@ BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title,
     // A box is there to be answered: the hourglass waits until it has been.
     const bool wasBusy = busy_;
     setNormalPointer();
-    const auto answer = showMessageBox(window_, text, title, style);
+    // Over the window that is in use: behind a preview the box would not be seen.
+    auto* inUse = qobject_cast<QMainWindow*>(QApplication::activeWindow());
+    const auto answer = showMessageBox(inUse ? inUse : window_.data(), text, title, style);
     redraw();
     if (wasBusy)
         setBusyPointer();

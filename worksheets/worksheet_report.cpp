@@ -1,13 +1,12 @@
 #include "worksheets/worksheet_report.h"
 
-#include "data/guard.h"
-#include "data/session_values.h"
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "worksheets/kept_messages.h"
 #include "worksheets/worksheet_data.h"
+#include "worksheets/worksheet_login.h"
 
 #include <QScopeGuard>
 
@@ -18,27 +17,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
-
-/// What a connect string holds.
-struct Login {
-    QString dataSource;
-    QString user;
-    QString password;
-};
-
-/// The texts are not escaped: the password is the whole rest, whatever it holds.
-Login loginOf(const QString& connect) {
-    constexpr QStringView source = u"DSN = ";
-    constexpr QStringView user = u";UID = ";
-    constexpr QStringView password = u";PWD = ";
-    const auto userAt = connect.indexOf(user);
-    const auto passwordAt = userAt < 0 ? -1 : connect.indexOf(password, userAt + user.size());
-    if (!connect.startsWith(source) || userAt < source.size() || passwordAt < 0)
-        throw ReportError(text(TextId::connectStringInvalid));
-    return {connect.mid(source.size(), userAt - source.size()),
-            connect.mid(userAt + user.size(), passwordAt - userAt - user.size()),
-            connect.mid(passwordAt + password.size())};
-}
 
 /// The tag in "task_id='TAG'".
 QString tagOf(const QString& formula) {
@@ -71,21 +49,6 @@ class Progress {
     UserInterface& ui_;
     ProgressWindow window_;
 };
-
-/// Opens the session's connection with the user's own login and reads what the database says of the user.
-void logIn(Session& session, const Login& login) {
-    session.SessionDataSource = login.dataSource;
-    session.SessionUser = login.user;
-    Guard guard(session, u"WorksheetReport,run"_s);
-    const auto failure = guard.failureOf([&] {
-        sharedConnection(session).open(u"DSN="_s + login.dataSource, login.user, login.password);
-        session.SessionConnected = true;
-        readSessionValues(session, login.user);
-    });
-    if (failure)
-        throw ReportError(
-            text(TextId::reportConnectionFailed).arg(login.dataSource, login.user, failure->description));
-}
 
 /// The data of the package's worksheets. What the routines have to say goes into the error.
 ReportData gather(Session& session, const KeptMessages& messages, const QString& tag, Progress& progress) {
@@ -133,7 +96,7 @@ int WorksheetReport::run(const ReportRequest& request) {
 }
 
 void WorksheetReport::show(const ReportRequest& request) {
-    const auto login = loginOf(request.connect);
+    const auto login = reportLogin(request.connect);
     const auto tag = tagOf(request.formulas.value(0));
     auto layout = readLayout(request.reportFileName);
 

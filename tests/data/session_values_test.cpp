@@ -8,57 +8,72 @@ namespace kelvane::testing {
 
 namespace {
 
-const QString selectUser =
-    u"select (select i4240 from mt.userlist where mtuser = 'cnguyen'),(select mtlevel  from mt.userlist where mtuser = 'cnguyen')"_s;
-const QString selectSite = u"select datecode,version,b_cal_4225,b_cal_4224,b_cal_p from mt.dbconfig"_s;
+QString userQuery(const QString& user) {
+    return u"select (select i4240 from mt.userlist where mtuser = '%1'),(select mtlevel  from mt.userlist where mtuser = '%1')"_s
+        .arg(user);
+}
 
-} // namespace
+const auto siteQuery = u"select datecode,version,b_cal_4225,b_cal_4224,b_cal_p from mt.dbconfig"_s;
 
-/// A session of which nothing is known yet.
 class SessionValues : public RecordedSession {
   protected:
     SessionValues() {
         session.SessionOwner.clear();
-        session.SessionDateFormat.clear();
-        session.SessionDbVersion = 0;
-        script.answers.insert(selectUser, {Row{u"STD"_s, u"4"_s}});
-        script.answers.insert(selectSite, {Row{u"1"_s, u"7"_s, u"1"_s, u"0"_s, u"1"_s}});
+        session.SessionLevel = 0;
+        script.answers[userQuery(u"gpetrov"_s)] = {{u"ABC"_s, u"4"_s}};
+        answerSite({u"1"_s, u"6"_s, u"1"_s, u"0"_s, u"1"_s});
     }
+    void answerSite(const Row& row) { script.answers[siteQuery] = {row}; }
+    void read(const QString& user = u"gpetrov"_s) { readSessionValues(session, user); }
 };
 
-TEST_F(SessionValues, AreThoseOfTheUserAndTheSite) {
-    readSessionValues(session, u"cnguyen"_s);
-    EXPECT_EQ(script.statements, (QStringList{selectUser, selectSite}));
-    EXPECT_EQ(script.firstRowOnly, script.statements);
-    EXPECT_EQ(session.SessionOwner, u"STD"_s);
+} // namespace
+
+TEST_F(SessionValues, AreThoseOfTheUserAndOfTheSite) {
+    read();
+    EXPECT_EQ(session.SessionOwner, u"ABC"_s);
     EXPECT_EQ(session.SessionLevel, 4);
     EXPECT_EQ(session.SessionDateFormat, u"DD/MM/YYYY"_s);
-    EXPECT_EQ(session.SessionDbVersion, 7);
+    EXPECT_EQ(session.SessionDbVersion, 6);
     EXPECT_TRUE(session.BCal4225);
     EXPECT_FALSE(session.BCal4224);
     EXPECT_TRUE(session.BCalP);
+    EXPECT_EQ(script.statements, (QStringList{userQuery(u"gpetrov"_s), siteQuery}));
 }
 
-TEST_F(SessionValues, OfTheDatabaseOwnerNeedNoRowOfTheUser) {
-    script.answers.remove(selectUser);
-    readSessionValues(session, u"mt"_s);
+TEST_F(SessionValues, OfTheDatabaseOwnerNeedNoRowInTheListOfUsers) {
+    read(u"mt"_s);
     EXPECT_EQ(session.SessionOwner, u"MT"_s);
     EXPECT_EQ(session.SessionLevel, 6);
-    EXPECT_EQ(session.SessionDateFormat, u"DD/MM/YYYY"_s);
 }
 
-TEST_F(SessionValues, WithoutARowOfTheUserAreNotRead) {
-    script.answers.remove(selectUser);
-    EXPECT_THROW(readSessionValues(session, u"cnguyen"_s), Error);
-    EXPECT_EQ(script.statements, QStringList{selectUser});
-    EXPECT_EQ(session.SessionOwner, QString());
+TEST_F(SessionValues, AnUnknownDateCodeOrFlagChangesNothing) {
+    session.SessionDateFormat = u"YYYY/MM/DD"_s;
+    session.BCal4225 = true;
+    answerSite({u"7"_s, u"6"_s, u"2"_s, u"0"_s, u"0"_s});
+    read();
+    EXPECT_EQ(session.SessionDateFormat, u"YYYY/MM/DD"_s);
+    EXPECT_TRUE(session.BCal4225);
 }
 
-TEST_F(SessionValues, StayWhereTheSiteCanNotBeRead) {
-    script.failures.insert(selectSite, Error{7, u"no such table"_s});
-    EXPECT_THROW(readSessionValues(session, u"cnguyen"_s), Error);
-    EXPECT_EQ(session.SessionOwner, u"STD"_s);
-    EXPECT_EQ(session.SessionDateFormat, QString());
+TEST_F(SessionValues, WhatStopsThemIsThrownAndNotReported) {
+    const auto numberOf = [this] {
+        try {
+            read();
+        } catch (const Error& error) {
+            return error.number;
+        }
+        return 0.0;
+    };
+    answerSite({u"0"_s, std::nullopt, u"0"_s, u"0"_s, u"0"_s});
+    EXPECT_EQ(numberOf(), 94);
+    script.answers.remove(siteQuery);
+    EXPECT_EQ(numberOf(), 3021);
+    script.answers[userQuery(u"gpetrov"_s)] = {{std::nullopt, u"4"_s}};
+    EXPECT_EQ(numberOf(), 94);
+    script.failures[userQuery(u"gpetrov"_s)] = Error{-143, u"Column not found"_s};
+    EXPECT_EQ(numberOf(), -143);
+    EXPECT_EQ(session.reportCount, 0);
 }
 
 } // namespace kelvane::testing

@@ -22,7 +22,7 @@ class LayoutBands : public ::testing::Test {
                item + "\n]}}";
     }
     static ReportItem itemOf(const QByteArray& item) {
-        return layoutOf(withItem(item)).summary.first().items.first();
+        return layoutOf(withItem(item)).summary.first().items.front();
     }
 
     testing::OwnFolder folder;

@@ -22,6 +22,11 @@ class LayoutFile : public ::testing::Test {
         return {};
     }
 
+    /// How a mistake of a whole file begins.
+    static QString naming(const QString& name) {
+        return u"The file \""_s + QDir().absoluteFilePath(name) + u"\": "_s;
+    }
+
     testing::OwnFolder folder;
 };
 
@@ -33,24 +38,23 @@ TEST_F(LayoutFile, MayHaveCommentsAndAByteOrderMark) {
 }
 
 TEST_F(LayoutFile, ThatIsMissingIsNamedWithItsFolder) {
-    EXPECT_EQ(mistakeOf(u"gone.rpt"_s),
-              QDir().absoluteFilePath(u"gone.rpt"_s) + u": No such file or directory"_s);
+    EXPECT_EQ(mistakeOf(u"gone.rpt"_s), naming(u"gone.rpt"_s) + u"No such file or directory"_s);
 }
 
 TEST_F(LayoutFile, ThatIsAFolderIsNamed) {
     QDir().mkdir(u"folder.rpt"_s);
-    EXPECT_TRUE(mistakeOf(u"folder.rpt"_s).startsWith(QDir().absoluteFilePath(u"folder.rpt"_s) + u": "_s));
+    EXPECT_TRUE(mistakeOf(u"folder.rpt"_s).startsWith(naming(u"folder.rpt"_s)));
 }
 
 TEST_F(LayoutFile, WithoutContentIsRefused) {
-    const auto place = QDir().absoluteFilePath(u"test.rpt"_s);
-    EXPECT_EQ(mistakeIn(""), place + u": The file is empty."_s);
-    EXPECT_EQ(mistakeIn(" \n\t\n  "), place + u": The file is empty."_s);
+    const auto place = naming(u"test.rpt"_s);
+    EXPECT_EQ(mistakeIn(""), place + u"The file is empty."_s);
+    EXPECT_EQ(mistakeIn(" \n\t\n  "), place + u"The file is empty."_s);
 }
 
 TEST_F(LayoutFile, OfMoreThanAMegabyteIsRefused) {
     EXPECT_EQ(mistakeIn("{}" + QByteArray(1024 * 1024, ' ')),
-              QDir().absoluteFilePath(u"test.rpt"_s) + u": A layout has at most 1048576 bytes."_s);
+              naming(u"test.rpt"_s) + u"A layout has at most 1048576 bytes."_s);
     EXPECT_EQ(mistakeIn("{}" + QByteArray(1024 * 1024 - 2, ' ')), QString());
 }
 
@@ -61,8 +65,7 @@ TEST_F(LayoutFile, ThatIsNoUtf8IsRefusedWithTheLine) {
 
 TEST_F(LayoutFile, ThatIsNestedTooDeeplyIsRefused) {
     EXPECT_EQ(mistakeIn(QByteArray(100'000, '[')),
-              QDir().absoluteFilePath(u"test.rpt"_s) +
-                  u": There are more than 32 brackets within each other."_s);
+              naming(u"test.rpt"_s) + u"There are more than 32 brackets within each other."_s);
 }
 
 TEST_F(LayoutFile, WithAnErrorOfSyntaxIsRefusedWithTheLine) {

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPrintPreviewWidget>
 #include <QPrinterInfo>
@@ -308,6 +309,18 @@ TEST_F(Preview, ASecondWindowOfTheTitleProlongsTheWait) {
     user.waitForWindow(sheetTitle);
     EXPECT_TRUE(closedFirst);
     EXPECT_FALSE(second.isVisible());
+}
+
+TEST_F(Preview, ABoxStandsOverThePreviewThatAskedForIt) {
+    QtUserInterface user;
+    open(1, &user);
+    QWidget* under = nullptr;
+    whenOpen<QMessageBox>([&](QMessageBox& box) {
+        under = box.parentWidget();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    window->saveAs(folder.path() + u"/no such folder/a.pdf"_s);
+    EXPECT_EQ(under, window.data());
 }
 
 TEST_F(Preview, WindowsOfOtherTitlesAreNotWaitedFor) {
