@@ -247,6 +247,15 @@ TEST_F(UnfinishedWorksheet, OfASiteWithoutTimesIsNotTakenForAnotherOfItsDay) {
     EXPECT_EQ(value(u"select count(*) from mt.standards where ctag = "_s + records[1]), u"1"_s);
 }
 
+TEST_F(UnfinishedWorksheet, OfAStandardWhoseNameHasAQuoteIsCompleted) {
+    enter();
+    screen.listed << u"O'Neil"_s;
+    entry.save();
+    EXPECT_EQ(make().end, End::made);
+    EXPECT_EQ(values(u"select c2430 from mt.standards where ctag = (select max(ctag) from mt.calibration)"_s),
+              (QStringList{u"(null)"_s, u"1203"_s, u"1205"_s}));
+}
+
 TEST_F(UnfinishedWorksheet, AsksForTheDateWhereNoneWasEntered) {
     execute(
         u"update mt.customiz set sdefault = null, idefault = null, sreq = 'N', ireq = 'N' where fldnum in "
