@@ -92,8 +92,9 @@ TEST_F(ResultJournal, EntryComesBackWholeWithMomentUserAndOwner) {
 TEST_F(ResultJournal, TheBeginningOfARecordIsNotedWithItsMoment) {
     const auto id = journal().add(entryFor(u"PT-101"_s));
     EXPECT_FALSE(journal().find(id)->begun);
-    journal().setBegun(id, u"2026-03-19"_s, u"10:00:00"_s);
+    journal().setBegun(id, u"2026-03-19"_s, u"10:00:00"_s, {u"5001"_s});
     EXPECT_TRUE(journal().find(id)->begun);
+    EXPECT_EQ(journal().find(id)->others, QStringList{u"5001"_s});
     EXPECT_EQ(journal().find(id)->date, u"2026-03-19"_s);
     EXPECT_EQ(journal().find(id)->time, u"10:00:00"_s);
     auto again = *journal().find(id);
