@@ -252,6 +252,20 @@ TEST_F(Preview, AnEndedPrintSaysThatSheetsAreOnTheirWay) {
     EXPECT_EQ(status(), u"Printing was stopped; the sheets up to there go to the printer."_s);
 }
 
+TEST_F(Preview, AChangeOfPaperCannotBeEndedSoThatNoSheetIsMissing) {
+    window = new ReportPreview(ui, report(3000), sheetTitle);
+    bool shown = false;
+    whenOpen<QProgressDialog>([&](QProgressDialog& dialog) {
+        shown = true;
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    named<QComboBox>(u"Paper"_s).setCurrentText(u"Letter"_s);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(pages().pageCount(), 3000);
+}
+
 TEST_F(Preview, ALayoutThatLeavesNoRoomIsThrownAndNothingIsShown) {
     auto layout = readLayout(u"kvwrksht.rpt"_s);
     layout.margins = {10, 140, 10, 140};
