@@ -9,7 +9,6 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QTreeWidget;
-class QVBoxLayout;
 
 namespace kelvane {
 

@@ -84,7 +84,8 @@ class NewRecord {
     QString asset_;
     QString mtag_;
     Moment date_;
-    QString time_;
+    /// None where the dictionary has no field for it.
+    std::optional<QString> time_;
     bool passed_ = false;
     bool dueDateGiven_ = false;
     float interval_ = 0;
@@ -167,7 +168,7 @@ QString NewRecord::valueOrSource(int row, const QString& source) {
 
 void NewRecord::fillDueTime(int row) {
     if (value(row).isEmpty())
-        setValue(row, time_);
+        setValue(row, time_.value_or(QString()));
 }
 
 /// A failed instrument is due at once, and a due date that was given is not kept: both get the calibration
@@ -198,7 +199,11 @@ bool NewRecord::askFor(int row) {
 }
 
 bool NewRecord::existsAlready() {
-    const auto time = fieldText(session_, time_, static_cast<qint16>(FieldKind::time), statementForm);
+    // A dictionary without a field for the time has none; a field that is empty is an error, as for the date.
+    if (time_ && time_->isEmpty())
+        throw makeError(ErrorNumber::typeMismatch);
+    const auto time =
+        fieldText(session_, time_.value_or(QString()), static_cast<qint16>(FieldKind::time), statementForm);
     return routine_.hasRow(u"select c2301 from " + sqlName(session_.SessionOwner) +
                            u".calibration where c2301 = " + sqlText(formatMoment(date_, statementForm.date)) +
                            u" and c2333 = " + sqlText(time) + u" and mtag = " + sqlText(mtag_));

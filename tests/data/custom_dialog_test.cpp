@@ -1,5 +1,6 @@
 #include "data/custom_dialog.h"
 
+#include "data/guard.h"
 #include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -24,6 +25,31 @@ class OneFieldDialog : public RecordedSession {
 };
 
 } // namespace
+
+TEST_F(OneFieldDialog, WhatIsReportedWhileItIsOpenIsNotTheReportOfWhoAsks) {
+    const ReportWatch watch(session);
+    ++session.reportCount;
+    EXPECT_TRUE(watch.sawOwnReport());
+    const ReportWatch asking(session);
+    const auto ask = [this](int reports) {
+        ui.expectDialog(u"Strategies"_s, u"Name:"_s, u"S5"_s,
+                        [this, reports](const DialogQuestion&) { session.reportCount += reports; });
+        CustomDialog(session, u"Strategies"_s, u"Name:"_s, true, 0, 30, 2, {});
+    };
+    ask(2);
+    EXPECT_TRUE(asking.sawReport());
+    EXPECT_FALSE(asking.sawOwnReport());
+    // A question inside of the question, whose reports count once.
+    ui.expectDialog(u"Outer"_s, u"Name:"_s, u"S5"_s, [&](const DialogQuestion&) {
+        ++session.reportCount;
+        ask(1);
+        EXPECT_TRUE(asking.sawOwnReport()) << "the question is still open";
+    });
+    CustomDialog(session, u"Outer"_s, u"Name:"_s, true, 0, 30, 2, {});
+    EXPECT_FALSE(asking.sawOwnReport());
+    ++session.reportCount;
+    EXPECT_TRUE(asking.sawOwnReport());
+}
 
 TEST_F(OneFieldDialog, CarriesItsArguments) {
     const auto asked = question(0);

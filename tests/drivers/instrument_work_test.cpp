@@ -36,7 +36,8 @@ class WorkOnAnInstrument : public RecordedSession {
     RecordOutcome work(const std::function<void()>& step = [] {}) {
         InstrumentWork work(session, routine);
         work.record = record;
-        work.record.RecordResults[0] = u"line"_s;
+        if (hasLine)
+            work.record.RecordResults[0] = u"line"_s;
         work.record.RecordStandards[0] = u"F702-01"_s;
         work.attempt(step);
         work.entry.driver = u"fluke702"_s;
@@ -67,6 +68,7 @@ class WorkOnAnInstrument : public RecordedSession {
 
     using End = RecordOutcome::End;
     QStringList readings{u"1: 50"_s};
+    bool hasLine = true;
     CalRecord record;
 
   private:
@@ -96,6 +98,26 @@ TEST_F(WorkOnAnInstrument, IsInTheJournalBeforeTheRecordIsMadeAndHasEndedAfterIt
     EXPECT_EQ(outcome.failure, QString());
     EXPECT_TRUE(hasRecord());
     EXPECT_TRUE(unfinished().isEmpty());
+}
+
+TEST_F(WorkOnAnInstrument, ItsBeginningIsNotedOnlyWhereNoLineShowsWhoseRecordItIs) {
+    work();
+    EXPECT_FALSE(folder.read(Journal(session).path()).contains(u"\"begun\":true"_s));
+    hasLine = false;
+    script.failures[insert()] = serverError();
+    ui.expectReport(-158, u"ModuleGlobals,CreateCalRecord"_s);
+    EXPECT_EQ(work().end, End::unfinished);
+    EXPECT_TRUE(unfinished().last().begun);
+}
+
+TEST_F(WorkOnAnInstrument, AnErrorBeforeItMeansNoRecordEither) {
+    InstrumentWork work(session, routine);
+    work.setUnprepared();
+    EXPECT_FALSE(work.isPrepared());
+    work.entry.asset = u"PT-1"_s;
+    EXPECT_EQ(work.finish().end, End::unprepared);
+    EXPECT_EQ(script.statements, QStringList());
+    EXPECT_FALSE(unfinished()[0].prepared);
 }
 
 TEST_F(WorkOnAnInstrument, NoStatementMoreIsSentThanForTheRecord) {

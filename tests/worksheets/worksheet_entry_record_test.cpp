@@ -192,6 +192,17 @@ TEST_F(RecordOfAWorksheet, WithAnEmptyDateIsTheErrorOfItsMakingAndStaysInTheJour
     expectEnded(1);
 }
 
+TEST_F(RecordOfAWorksheet, WithAnEmptyTimeIsTheErrorOfItsMakingAndStaysInTheJournal) {
+    setDictionary({{.column = u"C2301"_s, .title = u"Date"_s, .defaultText = u"99/99/99"_s, .isDate = true},
+                   {.column = u"C2333"_s, .title = u"Time"_s}});
+    enter();
+    ui.expectReport(13, u"ModuleGlobals,CreateCalRecord"_s);
+    save();
+    EXPECT_FALSE(hasRecord());
+    ASSERT_EQ(unfinished().size(), 1);
+    expectEnded(1);
+}
+
 TEST_F(RecordOfAWorksheet, WithADateThatIsNoneIsTheSame) {
     setDictionary({{.column = u"C2301"_s, .title = u"Date"_s, .defaultText = u"02/30/2026"_s, .isDate = true},
                    {.column = u"C2333"_s, .title = u"Time"_s, .defaultText = u"25:00"_s}});

@@ -89,6 +89,19 @@ TEST_F(ResultJournal, EntryComesBackWholeWithMomentUserAndOwner) {
     EXPECT_EQ(bytes().count('\n'), 1) << "one line";
 }
 
+TEST_F(ResultJournal, TheBeginningOfARecordIsNotedWithItsMoment) {
+    const auto id = journal().add(entryFor(u"PT-101"_s));
+    EXPECT_FALSE(journal().find(id)->begun);
+    journal().setBegun(id, u"2026-03-19"_s, u"10:00:00"_s);
+    EXPECT_TRUE(journal().find(id)->begun);
+    EXPECT_EQ(journal().find(id)->date, u"2026-03-19"_s);
+    EXPECT_EQ(journal().find(id)->time, u"10:00:00"_s);
+    auto again = *journal().find(id);
+    again.begun = false;
+    journal().replace(again);
+    EXPECT_FALSE(journal().find(id)->begun);
+}
+
 TEST_F(ResultJournal, WithoutAFileThereIsNothing) {
     EXPECT_EQ(unfinished(), QStringList());
     EXPECT_FALSE(QFileInfo::exists(path()));
