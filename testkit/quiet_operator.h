@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/error.h"
-#include "platform/user_interface.h"
+#include "platform/silent_user_interface.h"
 
 namespace kelvane::testing {
 
 /// An operator interface that answers at once and shows nothing: the proposed choice or the first one, the
 /// proposed text, or a number. It keeps errors, since the time of work that failed is no measurement.
-class QuietOperator : public UserInterface {
+class QuietOperator : public SilentUserInterface {
   public:
     BoxAnswer messageBox(const QString& text, const QString&, BoxStyle style) override {
         if (style.icon != BoxIcon::information)
@@ -20,17 +20,6 @@ class QuietOperator : public UserInterface {
                                                                    : question.choices.first();
         return question.defaultText.isEmpty() ? QStringLiteral("21.5") : question.defaultText;
     }
-    bool bringQuestionForward() override { return false; }
-    void showProgress(const QString&) override {}
-    void setProgressText(const QString&) override {}
-    void setProgressValue(int) override {}
-    void hideProgress() override {}
-    void setActivity(const QString&) override {}
-    void setBusyPointer() override {}
-    void setNormalPointer() override {}
-    void processEvents() override {}
-    void waitForWindow(const QString&) override {}
-    void repaint() override {}
 
     QStringList reportedErrors;
 };

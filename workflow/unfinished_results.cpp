@@ -110,8 +110,9 @@ QString RecordMaking::checkInstrument() const {
 /// used: under them a record is found again.
 bool RecordMaking::settleMoment() {
     const bool hasDate = storedDate(entry_.date).has_value();
-    // A prepared entry without a time got none from the operator: its record has none.
-    const bool hasTime = storedTime(entry_.time).has_value() || (entry_.prepared && entry_.time.isEmpty());
+    // The records of a site without a field for the time have none.
+    const bool hasTime =
+        storedTime(entry_.time).has_value() || (entry_.prepared && !valueOf(entry_, timeColumn));
     if (hasDate && hasTime)
         return true;
     if (!hasDate && !ask(TextId::calibrationDatePrompt, FieldKind::date, entry_.date))

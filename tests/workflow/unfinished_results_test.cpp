@@ -232,19 +232,21 @@ TEST_F(ResultsWithoutRecord, TheRecordIsSearchedUnderTheOperatorsOtherDate) {
     EXPECT_EQ(records(u"c2301"_s), QStringList{u"2026-03-20"_s});
 }
 
-TEST_F(ResultsWithoutRecord, ATimeThatTheOperatorHasEmptiedFindsTheRecordAgain) {
+TEST_F(ResultsWithoutRecord, ATimeThatTheOperatorHasEmptiedMakesNoRecordUntilHeLeavesIt) {
     execute(u"update mt.customiz set ireq = 'N', sreq = 'N' where fldnum = '2333'"_s);
     uploadSpoilt(u"insert into MT.calibration"_s);
-    execute(u"insert into mt.hvm_kv_worksheetfields (fldnum, sequence) values ('2333', 1)"_s);
-    ui.expectDialog(u"Calibration Record Data (PT-101)"_s,
-                    u"Please enter information for: Calibration Time"_s, QString());
-    spoil(u"insert into mt.calresults"_s);
-    ui.expectReport(1, u"ModuleGlobals,CreateCalRecord"_s);
-    expectKept(u"There is no complete record of PT-101 yet."_s + kept);
     spoil({});
-    expectMade(); // without a question, and not a second time
+    execute(u"insert into mt.hvm_kv_worksheetfields (fldnum, sequence) values ('2333', 1)"_s);
+    const auto caption = u"Calibration Record Data (PT-101)"_s;
+    const auto prompt = u"Please enter information for: Calibration Time"_s;
+    ui.expectDialog(caption, prompt, QString());
+    ui.expectReport(13, u"ModuleGlobals,CreateCalRecord"_s);
+    expectKept(u"There is no complete record of PT-101 yet."_s + kept);
+    EXPECT_EQ(records(u"c2301"_s), QStringList());
+    ui.expectDialog(caption, prompt, u"10:20"_s);
+    expectMade();
     expectOneWholeRecord();
-    EXPECT_EQ(records(u"c2333 is null"_s), QStringList{u"1"_s});
+    EXPECT_EQ(records(u"c2333"_s), QStringList{u"10:20:00"_s});
 }
 
 TEST_F(ResultsWithoutRecord, AChangedStrategyIsReportedAndTheResultsAreKept) {
