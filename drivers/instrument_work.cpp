@@ -2,6 +2,7 @@
 
 #include "data/records/cal_record.h"
 #include "data/records/field_dictionary.h"
+#include "data/records/record_check.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -13,24 +14,41 @@ namespace kelvane {
 
 namespace {
 
+/// The keys of the instrument's records of a date that have no time. Only where there is a time is a second
+/// record of its moment refused.
+QStringList recordsWithoutTime(Session& session, const JournalEntry& entry, const QString& date) {
+    Routine routine(session, u"ModuleGlobals,CreateCalRecord"_s);
+    const auto records = ModuleGlobals::recordsOf(
+        session, routine,
+        {.asset = entry.asset, .mtag = entry.mtag, .date = date, .time = {}, .lines = {}, .standards = {}});
+    QStringList keys;
+    for (const auto& record : records)
+        keys << record.ctag;
+    return keys;
+}
+
 /// The operator may have given another date or time than the calibrator: under these the record is found
 /// again. One without lines looks like any other of its moment, so that its beginning is noted too.
 void noteBeginning(Session& session, const JournalEntry& entry, const CalRecord& record) {
     const auto date = fieldValue(record, u"C2301").value_or(entry.date);
-    const auto time = fieldValue(record, u"C2333").value_or(entry.time);
-    if (entry.lines.isEmpty())
-        Journal(session).setBegun(entry.id, date, time);
-    else if (date != entry.date || time != entry.time)
-        Journal(session).setDate(entry.id, date, time);
+    const auto time = fieldValue(record, u"C2333");
+    if (entry.lines.isEmpty()) {
+        const bool hasTime = time && !time->isEmpty();
+        const auto others = hasTime ? QStringList() : recordsWithoutTime(session, entry, date);
+        Journal(session).setBegun(entry.id, date, time.value_or(entry.time), others);
+    } else if (date != entry.date || time.value_or(entry.time) != entry.time) {
+        Journal(session).setDate(entry.id, date, time.value_or(entry.time));
+    }
 }
 
 bool isDate(const QString& text) {
     return momentOf(text, u"YYYY/MM/DD").has_value();
 }
 
-/// True when the two hold the results of one calibration.
+/// True when the two hold the results of one calibration. What a calibrator has read is more than what was
+/// entered of it from paper, even at the same moment.
 bool sameResults(const JournalEntry& left, const JournalEntry& right) {
-    if (left.asset != right.asset || left.owner != right.owner)
+    if (left.driver != right.driver || left.asset != right.asset || left.owner != right.owner)
         return false;
     if (left.readings.isEmpty()) // nothing had been read of it
         return left.serial == right.serial;

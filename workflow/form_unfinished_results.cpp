@@ -84,7 +84,7 @@ void FormUnfinishedResults::connectCommands() {
 }
 
 void FormUnfinishedResults::run(const std::function<void()>& command) {
-    if (running_)
+    if (running_ || session_.ui.bringQuestionForward())
         return;
     running_ = true;
     runGuarded(session_.ui, command);

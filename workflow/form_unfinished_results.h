@@ -25,7 +25,7 @@ class FormUnfinishedResults final : public ChildWindow {
     void layOut();
     void connectCommands();
     /// Runs a command. While one runs, any open question included, another one does nothing and the window
-    /// stays open.
+    /// stays open. A question of another screen only comes forward.
     void run(const std::function<void()>& command);
     bool mayClose() override { return !running_; }
 

@@ -61,6 +61,7 @@ class RecordMaking {
     bool isRecordMade() const;
     bool isRecognised() const { return !entry_.lines.isEmpty() || entry_.begun; }
     RecordContents contents() const;
+    QList<StoredRecord> ownRecords(const RecordContents& wanted) const;
 
     Session& session_;
     Routine& routine_;
@@ -143,13 +144,20 @@ RecordContents RecordMaking::contents() const {
     return {entry_.asset, mtag, entry_.date, time, entry_.lines, entry_.standards};
 }
 
+/// The records of its moment, without those that stood there before it began one.
+QList<StoredRecord> RecordMaking::ownRecords(const RecordContents& wanted) const {
+    auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
+    records.removeIf([this](const StoredRecord& record) { return entry_.others.contains(record.ctag); });
+    return records;
+}
+
 /// Completes what had been begun of the record; nothing when nothing had been. A record without lines is that
 /// of this entry only when the entry has begun one.
 std::optional<QString> RecordMaking::completeBegunRecord() {
     if (!isRecognised())
         return {};
     const auto wanted = contents();
-    const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
+    const auto records = ownRecords(wanted);
     for (const auto& record : records) {
         if (!ModuleGlobals::mayBecome(record, wanted))
             continue;
@@ -199,7 +207,7 @@ QString RecordMaking::askMoment(QStringView column, FieldKind kind, const QStrin
 bool RecordMaking::isRecordMade() const {
     const auto wanted = contents();
     const ReportWatch reading(session_);
-    const auto records = ModuleGlobals::recordsOf(session_, routine_, wanted);
+    const auto records = ownRecords(wanted);
     return std::any_of(records.cbegin(), records.cend(), [&](const StoredRecord& record) {
         return ModuleGlobals::isWhole(session_, record, wanted) && !reading.sawReport();
     });

@@ -44,12 +44,13 @@ WorksheetEntry::WorksheetEntry(Session& session, WorksheetEntryScreen& screen)
     : session_(session), screen_(screen) {}
 
 void WorksheetEntry::startDataEntry() {
+    bool ended = false;
+    const auto atEnd = qScopeGuard([&] { failed_ = failed_ || !ended; });
     Routine routine(session_, u"FormWorkEntry,StartDataEntry"_s);
-    const bool ended = routine.run([&] {
+    ended = routine.run([&] {
         while (enterInstrument(routine) == Walk::again) {
         }
     });
-    failed_ = failed_ || !ended;
 }
 
 WorksheetEntry::Walk WorksheetEntry::enterInstrument(Routine& routine) {
@@ -93,6 +94,7 @@ void WorksheetEntry::cancelEntry() {
 void WorksheetEntry::takeInstrument(const QString& asset) {
     screen_.showAsset(asset);
     screen_.clearFields();
+    isDictionaryRead_ = false;
     const Step step(*this);
     ModuleGlobals::SetCalDataFields(session_, record_, asset);
     isDictionaryRead_ = !step.hasFailed();
@@ -186,9 +188,8 @@ void WorksheetEntry::changeField(int row) {
 void WorksheetEntry::save() {
     const auto atEnd = qScopeGuard([this] { screen_.endRecord(); });
     record_.RecordStandards.erase();
-    const auto standards = screen_.standards().first(
-        std::min<qsizetype>(screen_.standards().size(), record_.RecordStandards.last + 1));
-    for (int row = 0; row < standards.size(); ++row)
+    const auto standards = screen_.standards();
+    for (int row = 0; row < standards.size() && row <= record_.RecordStandards.last; ++row)
         record_.RecordStandards[row] = standards[row];
     record_.RecordResults.erase();
     if (!screen_.asset().isEmpty())
@@ -211,7 +212,8 @@ void WorksheetEntry::makeRecord() {
     });
     const auto outcome = work.finish();
     record_ = work.record;
-    isLeft = outcome.end == RecordOutcome::End::unfinished || outcome.end == RecordOutcome::End::unprepared;
+    // After a report not even a refused entry has ended for certain.
+    isLeft = !work.isPrepared();
     if (!outcome.failure.isEmpty())
         session_.ui.messageBox(outcome.failure, text(TextId::recordCreation), box::stop);
 }

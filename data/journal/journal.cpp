@@ -35,6 +35,7 @@ constexpr struct {
     {"readings"_L1, &JournalEntry::readings},
     {"lines"_L1, &JournalEntry::lines},
     {"standards"_L1, &JournalEntry::standards},
+    {"others"_L1, &JournalEntry::others},
 };
 
 constexpr auto idKey = "id"_L1;
@@ -95,7 +96,8 @@ JournalEntry entryOf(const QString& id, const QJsonObject& content) {
         entry.fields << std::pair(field[0].toString(), field[1].toString());
     entry.raw = content[rawKey].toObject();
     entry.prepared = content[preparedKey].toBool();
-    entry.begun = content[begunKey].toBool();
+    // Earlier versions of the program did not note it.
+    entry.begun = content[begunKey].toBool(true);
     return entry;
 }
 
@@ -247,8 +249,12 @@ void Journal::setDate(const QString& id, const QString& date, const QString& tim
     write(id, {{"date"_L1, date}, {"time"_L1, time}});
 }
 
-void Journal::setBegun(const QString& id, const QString& date, const QString& time) {
-    write(id, {{"date"_L1, date}, {"time"_L1, time}, {begunKey, true}});
+void Journal::setBegun(const QString& id, const QString& date, const QString& time,
+                       const QStringList& others) {
+    write(id, {{"date"_L1, date},
+               {"time"_L1, time},
+               {begunKey, true},
+               {"others"_L1, QJsonArray::fromStringList(others)}});
 }
 
 void Journal::end(const QString& id, JournalEnd end, const QString& why) {

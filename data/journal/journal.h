@@ -38,6 +38,9 @@ struct JournalEntry {
     QStringList standards = {};
     /// True when the statement that begins the record may have been sent; kept for entries without lines.
     bool begun = false;
+    /// The keys of the records that stood at its moment before, where records have no time to tell them
+    /// apart.
+    QStringList others = {};
     /// Why there is no record yet, for the user.
     QString why = {};
 };
@@ -72,8 +75,8 @@ class Journal {
     void explain(const QString& id, const QString& why);
     /// Notes the date and time under which the record is being made.
     void setDate(const QString& id, const QString& date, const QString& time);
-    /// The same, and that the record is being begun now.
-    void setBegun(const QString& id, const QString& date, const QString& time);
+    /// The same, and that the record is being begun now, beside others of that moment.
+    void setBegun(const QString& id, const QString& date, const QString& time, const QStringList& others);
     void end(const QString& id, JournalEnd end, const QString& why = {});
 
     /// The unfinished entries, oldest first.

@@ -34,9 +34,17 @@ void readStandards(Routine& routine, StoredRecord& record, const QString& mtag) 
     }
 }
 
+/// A name goes into its statements as it stands, unless its quotes would end them.
+QStringList namesForStatements(const QStringList& names) {
+    QStringList safe;
+    for (const auto& name : names)
+        safe << (sqlText(name).isIntact() ? name : SQLSafe(name));
+    return safe;
+}
+
 /// The standards that a record lacks.
 QStringList missingStandards(Session& session, const StoredRecord& record, const QStringList& standards) {
-    const auto names = distinctNames(standards);
+    const auto names = namesForStatements(distinctNames(standards));
     QStringList missing;
     int unknown = 0;
     for (const auto& name : names) {

@@ -259,12 +259,16 @@ TEST_F(WorkOnAnInstrument, ADoneEntryEndsTheOlderOnesOfTheSameResultsAndNoOthers
     other.asset = u"PT-2"_s;
     other.time = u"08:15:30"_s;
     const auto otherAsset = Journal(session).add(other);
+    other.asset = u"PT-1"_s;
+    other.driver = u"worksheet"_s; // the same calibration, on paper
+    other.serial.clear();
+    const auto otherKind = Journal(session).add(other);
     readings = QStringList{u"1: 50"_s};
     EXPECT_EQ(work().end, End::made);
     QStringList left;
     for (const auto& entry : unfinished())
         left << entry.id;
-    EXPECT_EQ(left, (QStringList{otherTime, otherAsset}));
+    EXPECT_EQ(left, (QStringList{otherTime, otherAsset, otherKind}));
 }
 
 TEST_F(WorkOnAnInstrument, AnEndThatTheJournalDoesNotTakeIsReportedAndTheEntryStaysUnfinished) {

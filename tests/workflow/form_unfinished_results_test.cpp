@@ -1,8 +1,10 @@
 #include "data/journal/journal.h"
 #include "testkit/program_screen.h"
+#include "ui/form_custom_dialog.h"
 #include "ui/list_rows.h"
 
 #include <QListWidget>
+#include <QMdiArea>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
@@ -120,6 +122,21 @@ TEST_F(FormUnfinishedResultsTest, StaysOpenWhileItsQuestionIsOnTheScreen) {
                                 });
     press(u"CommandDiscard"_s);
     EXPECT_TRUE(isOpen());
+    EXPECT_EQ(unfinishedAssets().size(), 2);
+}
+
+TEST_F(FormUnfinishedResultsTest, WhileAnotherScreensQuestionIsOpenACommandOnlyBringsItForward) {
+    startLoggedIn(4);
+    simulatedOperator.expectDialog(
+        u"Download"_s, u"Select Calibrator To Use:"_s, [this](FormCustomDialog& dialog) {
+            for (const auto& name : {u"CommandMakeRecord"_s, u"CommandDiscard"_s}) {
+                program.window.area().setActiveSubWindow(&form());
+                press(name);
+                EXPECT_EQ(program.window.area().activeSubWindow(), &dialog);
+            }
+            cancel(dialog);
+        });
+    choose(u"mnuDownload"_s);
     EXPECT_EQ(unfinishedAssets().size(), 2);
 }
 

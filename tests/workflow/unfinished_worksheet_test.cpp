@@ -230,6 +230,32 @@ TEST_F(UnfinishedWorksheet, ThatWasNotBegunLeavesAnotherRecordOfItsMomentAlone) 
     expectWhole();
 }
 
+TEST_F(UnfinishedWorksheet, OfASiteWithoutTimesIsNotTakenForAnotherOfItsDay) {
+    execute(u"delete from mt.customiz where fldnum = '2333'"_s);
+    const auto ofTheDay =
+        u" from mt.calibration where mtag = '1401' and c2301 = '2026-03-18' and c2333 is null order by ctag"_s;
+    enterAndSave();
+    enter();
+    screen.listed = QStringList{u"PM-030"_s};
+    stopAt(u"insert into MT.calibration"_s, false);
+    entry.save();
+    ASSERT_EQ(unfinishedResults(session).size(), 1);
+    EXPECT_EQ(make().end, End::made);
+    const auto records = rows(u"select ctag"_s + ofTheDay);
+    ASSERT_EQ(records.size(), 2);
+    EXPECT_EQ(value(u"select count(*) from mt.standards where ctag = "_s + records[0]), u"2"_s);
+    EXPECT_EQ(value(u"select count(*) from mt.standards where ctag = "_s + records[1]), u"1"_s);
+}
+
+TEST_F(UnfinishedWorksheet, OfAStandardWhoseNameHasAQuoteIsCompleted) {
+    enter();
+    screen.listed << u"O'Neil"_s;
+    entry.save();
+    EXPECT_EQ(make().end, End::made);
+    EXPECT_EQ(values(u"select c2430 from mt.standards where ctag = (select max(ctag) from mt.calibration)"_s),
+              (QStringList{u"(null)"_s, u"1203"_s, u"1205"_s}));
+}
+
 TEST_F(UnfinishedWorksheet, AsksForTheDateWhereNoneWasEntered) {
     execute(
         u"update mt.customiz set sdefault = null, idefault = null, sreq = 'N', ireq = 'N' where fldnum in "

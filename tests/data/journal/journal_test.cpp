@@ -194,6 +194,17 @@ TEST_F(ResultJournal, ForeignLinesAndKeysAreLeftAlone) {
     EXPECT_TRUE(bytes().contains("not json\n"));
 }
 
+TEST_F(ResultJournal, AnEntryOfAnOlderProgramMayHaveBegunItsRecord) {
+    put(R"({"id":"a","asset":"PT-1","raw":{},"state":"unfinished"})"
+        "\n"
+        R"({"id":"b","asset":"PT-2","raw":{},"begun":false,"state":"unfinished"})"
+        "\n");
+    const auto entries = journal().unfinished();
+    ASSERT_EQ(entries.size(), 2);
+    EXPECT_TRUE(entries[0].begun);
+    EXPECT_FALSE(entries[1].begun);
+}
+
 TEST_F(ResultJournal, WordsOfAnEndInsideAnEntryEndNeitherItNorAnother) {
     const auto ended = journal().add(entryFor(u"A"_s));
     journal().end(ended, JournalEnd::done);
