@@ -59,10 +59,27 @@ const mustache::data* find(const mustache::data& level, const std::string& name)
     return value;
 }
 
+/// Each level takes a piece of the stack.
+constexpr int maxNesting = 32;
+
 /// A value that is read as a pattern of its own could do anything: there are no partials.
 const QRegularExpression& partialTag() {
     static const QRegularExpression tag(uR"(\{\{\s*>)"_s);
     return tag;
+}
+
+/// Between other delimiters nobody would find what is looked for here.
+const QRegularExpression& delimiterTag() {
+    static const QRegularExpression tag(uR"(\{\{\s*=)"_s);
+    return tag;
+}
+
+bool isNestedTooDeeply(const QString& pattern) {
+    static const QRegularExpression sectionTag(uR"(\{\{\s*([#^/]))"_s);
+    int depth = 0;
+    for (auto tags = sectionTag.globalMatch(pattern); tags.hasNext() && depth <= maxNesting;)
+        depth += tags.next().captured(1) == u'/' ? -1 : 1;
+    return depth > maxNesting;
 }
 
 const QRegularExpression& pageTag() {
@@ -150,6 +167,10 @@ FieldText::FieldText() : FieldText(QString()) {}
 FieldText::FieldText(const QString& pattern) {
     if (partialTag().match(pattern).hasMatch())
         throw ReportError(text(TextId::layoutPartial));
+    if (delimiterTag().match(pattern).hasMatch())
+        throw ReportError(text(TextId::layoutDelimiters));
+    if (isNestedTooDeeply(pattern))
+        throw ReportError(text(TextId::layoutPartsTooDeep).arg(maxNesting));
     mustache::mustache fields(pattern.toStdString());
     if (!fields.is_valid())
         throw ReportError(QString::fromStdString(fields.error_message()));

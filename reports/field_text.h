@@ -36,7 +36,8 @@ class FieldValues {
 class FieldText {
   public:
     FieldText();
-    /// Throws `ReportError` with the reason, without a place, when the fields are not well formed.
+    /// Throws `ReportError` with the reason, without a place, when the fields are not well formed, take
+    /// another text in, change the braces, or have too many parts within each other.
     explicit FieldText(const QString& pattern);
 
     /// The text with its fields filled in.

@@ -15,8 +15,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr double minPageHeight = 40; // mm
-
 QPageSize::PageSizeId localPaper() {
     return QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
                                                                               : QPageSize::A4;

@@ -39,20 +39,20 @@ QMarginsF marginsOf(const std::optional<LayoutNode>& node) {
             marginOf(*node, u"bottom"_s)};
 }
 
-/// What the narrowest of the papers that the layout may meet has between its margins.
-double widthBetweenMargins(const ReportLayout& layout) {
-    auto width = std::numeric_limits<double>::infinity();
+/// What the papers that the layout may meet all have between its margins.
+QSizeF sizeBetweenMargins(const ReportLayout& layout) {
+    constexpr auto infinity = std::numeric_limits<double>::infinity();
+    QSizeF size(infinity, infinity);
     for (const auto& paper : papers()) {
-        if (layout.paper.value_or(paper.second) != paper.second)
-            continue;
-        const auto size = QPageSize::size(paper.second, QPageSize::Millimeter);
-        width = std::min(width, layout.orientation == QPageLayout::Portrait ? size.width() : size.height());
+        if (layout.paper.value_or(paper.second) == paper.second)
+            size = size.boundedTo(QPageSize::size(paper.second, QPageSize::Millimeter));
     }
-    return width - layout.margins.left() - layout.margins.right();
+    if (layout.orientation == QPageLayout::Landscape)
+        size.transpose();
+    return size.shrunkBy(layout.margins);
 }
 
-double widthOf(const LayoutNode& root, const ReportLayout& layout) {
-    const auto most = widthBetweenMargins(layout);
+double widthOf(const LayoutNode& root, double most) {
     if (most < 10)
         root.fail(text(TextId::layoutPaperWidth).arg(QString::number(10), QString::number(most)));
     const auto node = root.find(u"width"_s);
@@ -100,8 +100,13 @@ ReportLayout readLayout(const QString& path) {
         layout.paper = paper->choice(papers());
     if (const auto orientation = root.find(u"orientation"_s))
         layout.orientation = orientation->choice(orientations());
-    layout.margins = marginsOf(root.find(u"margins"_s));
-    layout.width = widthOf(root, layout);
+    const auto margins = root.find(u"margins"_s);
+    layout.margins = marginsOf(margins);
+    const auto room = sizeBetweenMargins(layout);
+    if (room.height() < minPageHeight)
+        margins.value_or(root).fail(text(TextId::layoutPaperHeight)
+                                        .arg(QString::number(room.height()), QString::number(minPageHeight)));
+    layout.width = widthOf(root, room.width());
 
     const BandContext context{.width = layout.width, .fonts = fontsOf(root)};
     layout.pageHeader = optionalBand(root.find(u"pageHeader"_s), context);

@@ -10,6 +10,9 @@
 
 namespace kelvane {
 
+/// The least height between the margins of a page. Millimetres.
+constexpr double minPageHeight = 40;
+
 /// A table of a report: a list of the group, row by row.
 struct ReportTable {
     /// The name of the list.

@@ -5,6 +5,7 @@
 #include "resources/text_id.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
 #include <QEvent>
@@ -33,6 +34,35 @@ namespace {
 
 constexpr qreal zoomStep = 1.25;
 constexpr int quickWork = 500; // milliseconds
+
+/// Shows how far long work on all sheets is. The user may end the work there, or has to wait for its end.
+class WorkWindow final : public QProgressDialog {
+  public:
+    WorkWindow(const QString& title, int sheets, bool canBeEnded, QWidget* parent)
+        : QProgressDialog(QString(), text(TextId::cancel), 0, sheets, parent), canBeEnded_(canBeEnded) {
+        setObjectName(u"Progress"_s);
+        setWindowTitle(title);
+        setWindowModality(Qt::ApplicationModal);
+        setMinimumDuration(quickWork);
+        if (!canBeEnded)
+            setCancelButton(nullptr);
+    }
+    void reject() override {
+        if (canBeEnded_)
+            cancel();
+    }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override {
+        if (canBeEnded_)
+            QProgressDialog::closeEvent(event);
+        else
+            event->ignore();
+    }
+
+  private:
+    bool canBeEnded_;
+};
 
 } // namespace
 
@@ -303,14 +333,9 @@ void ReportPreview::saveAs(const QString& path) {
 /// user has ended it there.
 bool ReportPreview::carryOut(TextId caption, const Work& work) {
     const auto count = static_cast<int>(report_.groupCount());
-    QProgressDialog dialog(QString(), text(TextId::cancel), 0, count, this);
-    dialog.setObjectName(u"Progress"_s);
-    dialog.setWindowTitle(text(caption).remove(u"..."_s));
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setMinimumDuration(quickWork);
-    if (caption == TextId::paper)
-        dialog.setCancelButton(nullptr);
-    connect(&dialog, &QDialog::rejected, &dialog, &QProgressDialog::cancel);
+    // The preview would keep no more than the sheets up to there.
+    const bool canBeEnded = caption != TextId::paper;
+    WorkWindow dialog(text(caption).remove(u"..."_s), count, canBeEnded, this);
     ui_.setBusyPointer();
     const auto normal = qScopeGuard([this] { ui_.setNormalPointer(); });
     return work([&](qsizetype group) {

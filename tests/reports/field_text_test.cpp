@@ -81,9 +81,19 @@ TEST_F(Fields, TellWhetherThereAreAnyAndWhetherTheyNamePages) {
 TEST_F(Fields, ThatAreNotWellFormedAreRefused) {
     for (const auto& pattern :
          {u"{{"_s, u"{{asset"_s, u"{{#a}}"_s, u"{{/a}}"_s, u"{{#a}}{{/b}}"_s, u"{{#a}}{{#b}}{{/a}}{{/b}}"_s,
-          u"{{=a=}}"_s, u"{{> other}}"_s, u"{{{asset}}"_s}) {
+          u"{{=a=}}"_s, u"{{=<% %>=}}<%pages%>"_s, u"{{ =| |= }}"_s, u"{{> other}}"_s, u"{{{asset}}"_s}) {
         EXPECT_THROW(FieldText{pattern}, ReportError) << pattern.toStdString();
     }
+}
+
+TEST_F(Fields, InPartsWithinEachOtherAreRefusedBeyondALimit) {
+    const auto nested = [](qsizetype depth) {
+        return u"{{#serial}}"_s.repeated(depth) + u"{{asset}}"_s + u"{{/serial}}"_s.repeated(depth);
+    };
+    EXPECT_EQ(filled(nested(32)), u"PT-7"_s);
+    EXPECT_EQ(filled(u"{{#serial}}{{/serial}}"_s.repeated(40) + nested(1)), u"PT-7"_s);
+    EXPECT_THROW(FieldText{nested(33)}, ReportError);
+    EXPECT_THROW(FieldText{nested(40'000)}, ReportError);
 }
 
 } // namespace kelvane

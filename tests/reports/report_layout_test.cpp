@@ -75,6 +75,8 @@ TEST_F(Layout, ThatIsWrongIsRefusedWithTheLine) {
         {"{\n\"width\": 1e999}", u"line 2: "_s},
         {"{\"paper\": \"A4\",\n\"margins\": {\"left\": 100, \"right\": 105}}",
          u"line 2: \"right\" must be "_s},
+        {"{\"orientation\": \"landscape\",\n\"margins\": {\"top\": 86, \"bottom\": 85}}",
+         u"line 2: The paper has 39 mm between its upper and its lower margin, but a report needs 40."_s},
         {"{\"font\": {\n\"size\": 2}}", u"line 2: \"size\" must be from 3 to 100."_s},
         {"{\"font\": {\n\"bold\": 1}}", u"line 2: \"bold\" must be true or false."_s},
         {"{\"fonts\": {\"a\": {\n\"weight\": 1}}}", u"line 2: \"weight\" is not known here; known are "_s},

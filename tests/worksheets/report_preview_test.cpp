@@ -1,6 +1,7 @@
 #include "reports/report_preview.h"
 
 #include "reports/report_error.h"
+#include "testkit/quiet_operator.h"
 #include "testkit/screen_operator.h"
 #include "tests/worksheets/small_layout.h"
 #include "ui/qt_user_interface.h"
@@ -250,6 +251,27 @@ TEST_F(Preview, AnEndedPrintSaysThatSheetsAreOnTheirWay) {
     EXPECT_GT(printed, 0);
     EXPECT_LT(printed, 3000);
     EXPECT_EQ(status(), u"Printing was stopped; the sheets up to there go to the printer."_s);
+}
+
+TEST_F(Preview, AChangeOfPaperCannotBeEndedSoThatNoSheetIsMissing) {
+    class ImpatientUser final : public QuietOperator {
+      public:
+        QPointer<ReportPreview> window;
+        /// The progress window then comes up at once.
+        void setBusyPointer() override { window->findChild<QProgressDialog*>()->setMinimumDuration(0); }
+    } user;
+    window = user.window = new ReportPreview(user, report(20), sheetTitle);
+    bool shown = false;
+    whenOpen<QProgressDialog>([&](QProgressDialog& dialog) {
+        shown = true;
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    named<QComboBox>(u"Paper"_s).setCurrentText(u"Letter"_s);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(pages().pageCount(), 20);
+    delete window.data();
 }
 
 TEST_F(Preview, ALayoutThatLeavesNoRoomIsThrownAndNothingIsShown) {

@@ -116,8 +116,7 @@ TEST_F(WorksheetReportRun, AFormulaThatNamesNoPackageIsShown) {
 
 TEST_F(WorksheetReportRun, AMissingLayoutIsNamed) {
     QFile::remove(u"kvwrksht.rpt"_s);
-    EXPECT_TRUE(failure().startsWith(folder.path() + u"/kvwrksht.rpt: "_s))
-        << report.lastErrorText().toStdString();
+    EXPECT_EQ(failure(), u"The file \""_s + folder.path() + u"/kvwrksht.rpt\": No such file or directory"_s);
     EXPECT_EQ(script.opened, QStringList()) << "nothing is asked of the database";
 }
 
@@ -165,6 +164,16 @@ TEST_F(WorksheetReportRun, AFailureAtAnInstrumentNamesItOnceAndStandsInTheLog) {
     EXPECT_EQ(log().count(u"KELVANE"_s), 1);
     EXPECT_EQ(report.run(request), 1) << "the next run begins anew";
     EXPECT_EQ(report.lastErrorText(), text);
+}
+
+TEST_F(WorksheetReportRun, AFailureAtALaterInstrumentNamesThatOneAndShowsNoSheet) {
+    script.answers[packageQuery] = {{u"4711"_s}, {u"4712"_s}};
+    auto later = inventoryQuery;
+    script.failures[later.replace(u"4711"_s, u"4712"_s)] = Error{-143, u"Column not found"_s};
+    const auto text = failure();
+    EXPECT_TRUE(text.contains(later)) << text.toStdString();
+    EXPECT_FALSE(text.contains(u"PT-1"_s));
+    EXPECT_FALSE(script.open);
 }
 
 TEST_F(WorksheetReportRun, AGoodRunForgetsTheFailureBefore) {
