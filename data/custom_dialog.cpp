@@ -36,9 +36,10 @@ QString CustomDialog(Session& session, const QString& caption, const QString& pr
             if (question.fromList)
                 question.choices = choicesBeforeTheFirstEmpty(choices);
         }
-        const int own = session.reportCount - session.reportsDuringQuestions;
+        // What other screens report meanwhile does not count for the routine that asks.
+        const int reports = session.reportCount;
         result = session.ui.askOneField(question);
-        session.reportsDuringQuestions = session.reportCount - own;
+        session.reportCount = reports;
     });
     // Who answers a required question with blanks gives up.
     return required && trimBlanks(result).isEmpty() ? cancelled : result;

@@ -57,23 +57,16 @@ class Guard {
     QString statement_;
 };
 
-/// Notices error reports during a block: what was prepared in it may then be incomplete.
+/// Notices error reports during a block: what was prepared in it may then be incomplete. What other screens
+/// report while a question of the block is open does not count.
 class ReportWatch {
   public:
-    explicit ReportWatch(const Session& session)
-        : session_(session), before_(session.reportCount), ownBefore_(ownReports(session)) {}
+    explicit ReportWatch(const Session& session) : session_(session), before_(session.reportCount) {}
     bool sawReport() const { return session_.reportCount != before_; }
-    /// The same, without what other screens reported while a question of the block was open.
-    bool sawOwnReport() const { return ownReports(session_) != ownBefore_; }
 
   private:
-    static int ownReports(const Session& session) {
-        return session.reportCount - session.reportsDuringQuestions;
-    }
-
     const Session& session_;
     int before_;
-    int ownBefore_;
 };
 
 } // namespace kelvane

@@ -41,10 +41,9 @@ struct Session : Workstation {
     bool BCalP = false;
     /// True from a good login to log out, or until the connection is lost.
     bool SessionConnected = false;
-    /// How many errors routines have reported so far.
+    /// How many errors routines have reported so far, but for those that came during a question of another
+    /// routine.
     int reportCount = 0;
-    /// How many of them came while a question was on the screen: they were those of other screens.
-    int reportsDuringQuestions = 0;
     /// True once an unreadable journal has been reported, until it can be read again.
     bool hasReportedJournal = false;
 

@@ -197,8 +197,6 @@ QString RecordMaking::askMoment(QStringView column, FieldKind kind, const QStrin
     JournalEntry asked;
     copyRecord(record_, asked);
     const auto value = valueOf(asked, column);
-    if (value && value->isEmpty() && kind == FieldKind::time)
-        return {};
     const bool isMoment = value && momentOf(*value, session_.SessionDateFormat).has_value();
     return isMoment ? ModuleGlobals::fieldText(session_, *value, static_cast<qint16>(kind), statementForm)
                     : otherwise;

@@ -33,7 +33,7 @@ class WorksheetEntry::Step {
     ~Step() { entry_.failed_ = entry_.failed_ || hasFailed(); }
     Step(const Step&) = delete;
     Step& operator=(const Step&) = delete;
-    bool hasFailed() const { return watch_.sawOwnReport(); }
+    bool hasFailed() const { return watch_.sawReport(); }
 
   private:
     WorksheetEntry& entry_;
