@@ -4,7 +4,6 @@
 #include "resources/text_id.h"
 
 #include <algorithm>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +15,10 @@ const QString portOption = u"--port"_s;
 const QString textsOption = u"--texts"_s;
 const QString worksheetsOption = u"--worksheets"_s;
 
-/// An option of the command line. Without a value it is a switch.
+/// An option of the command line. A switch has no value.
 struct Option {
     QString name;
-    std::optional<QString> value = {};
+    QString value;
 };
 
 /// The options, as "--option value", "--option=value" or "--switch". The value of one option is never
@@ -29,7 +28,7 @@ QList<Option> optionsOf(const QStringList& arguments) {
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const auto name = arguments[i].section(u'=', 0, 0);
         if (arguments[i] == worksheetsOption)
-            options << Option{arguments[i]};
+            options << Option{arguments[i], {}};
         if (name != portOption && name != textsOption)
             continue;
         const bool isInOneWord = name.size() < arguments[i].size();
@@ -44,8 +43,8 @@ QStringList valuesOf(const QString& option, const QStringList& arguments) {
     QStringList values;
     const auto options = optionsOf(arguments);
     for (const auto& given : options) {
-        if (given.name == option && given.value)
-            values << *given.value;
+        if (given.name == option)
+            values << given.value;
     }
     return values;
 }
