@@ -31,6 +31,10 @@ Error makeError(ErrorNumber number) {
     return {static_cast<double>(number), {}};
 }
 
+Error lockHeldElsewhere(const QString& name) {
+    return {70, text(TextId::lockHeldElsewhere).arg(name)};
+}
+
 Error syntaxError() {
     return {1, text(TextId::errorSyntax), u"42000"_s};
 }

@@ -32,6 +32,8 @@ enum class ErrorNumber : int {
 
 /// An `Error` of that number with its fixed description.
 Error makeError(ErrorNumber number);
+/// Error 70: another workstation keeps the lock `name`.
+Error lockHeldElsewhere(const QString& name);
 /// The error of a statement that no longer means what its routine meant.
 Error syntaxError();
 

@@ -49,6 +49,8 @@ class AdaptedConnection final : public Connection {
     void beginTransaction() override { adapter_->beginTransaction(link_); }
     void commitTransaction() override { adapter_->commitTransaction(link_); }
     void rollBackTransaction() override { adapter_->rollBackTransaction(link_); }
+    void lock(const QString& name) override { adapter_->lock(link_, name); }
+    void unlock(const QString& name) override { adapter_->unlock(link_, name); }
 
   private:
     std::unique_ptr<EngineAdapter> adapter_;

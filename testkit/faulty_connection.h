@@ -46,6 +46,9 @@ class FaultyConnection final : public ForwardingConnection {
             fault_.committed = true;
         });
     }
+    void lock(const QString& name) override {
+        step([&] { ForwardingConnection::lock(name); });
+    }
 
   private:
     template <class Run>

@@ -22,6 +22,8 @@ class ForwardingConnection : public Connection {
     void beginTransaction() override { real_->beginTransaction(); }
     void commitTransaction() override { real_->commitTransaction(); }
     void rollBackTransaction() override { real_->rollBackTransaction(); }
+    void lock(const QString& name) override { real_->lock(name); }
+    void unlock(const QString& name) override { real_->unlock(name); }
 
   private:
     std::unique_ptr<Connection> real_;

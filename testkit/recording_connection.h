@@ -39,6 +39,8 @@ class RecordingConnection final : public Connection {
     void beginTransaction() override { script_.transactions << QStringLiteral("begin"); }
     void commitTransaction() override { script_.transactions << QStringLiteral("commit"); }
     void rollBackTransaction() override { script_.transactions << QStringLiteral("roll back"); }
+    void lock(const QString& name) override { script_.transactions << QStringLiteral("lock ") + name; }
+    void unlock(const QString& name) override { script_.transactions << QStringLiteral("unlock ") + name; }
 
   private:
     void take(const QString& statement);

@@ -52,6 +52,13 @@ class Connection {
     virtual void beginTransaction() = 0;
     virtual void commitTransaction() = 0;
     virtual void rollBackTransaction() = 0;
+
+    /// Takes a lock that all workstations of the database know by `name`, and that only one of them has at a
+    /// time; waits for it as long as for a lock of the engine, and fails with `lockHeldElsewhere` when
+    /// another workstation keeps it. The lock ends with `unlock`, with the connection, and with the process,
+    /// in whatever way. A site's own engine is left as it is: there these two do nothing.
+    virtual void lock(const QString& name) = 0;
+    virtual void unlock(const QString& name) = 0;
 };
 
 /// Makes a closed connection.

@@ -35,6 +35,9 @@ class EngineAdapter {
     virtual void beginTransaction(DriverLink&) {}
     virtual void commitTransaction(DriverLink&) {}
     virtual void rollBackTransaction(DriverLink&) {}
+    /// A lock among the workstations of the database, as `Connection::lock` has it.
+    virtual void lock(DriverLink&, const QString& /*name*/) {}
+    virtual void unlock(DriverLink&, const QString& /*name*/) {}
     /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.
     virtual bool isConnectionLoss(const Error& error) const = 0;
 };

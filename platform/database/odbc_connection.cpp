@@ -72,6 +72,14 @@ void OdbcConnection::rollBackTransaction() {
     run([this](OdbcLink& open) { adapter_->rollBackTransaction(open); });
 }
 
+void OdbcConnection::lock(const QString& name) {
+    run([&](OdbcLink& open) { adapter_->lock(open, name); });
+}
+
+void OdbcConnection::unlock(const QString& name) {
+    run([&](OdbcLink& open) { adapter_->unlock(open, name); });
+}
+
 /// An error that leaves the connection unusable gives it up.
 template <class Step>
 void OdbcConnection::run(Step step) {

@@ -23,6 +23,8 @@ class OdbcConnection : public Connection {
     void beginTransaction() override;
     void commitTransaction() override;
     void rollBackTransaction() override;
+    void lock(const QString& name) override;
+    void unlock(const QString& name) override;
 
   protected:
     /// The driver's connection below the adapter. Error 3709 while it is closed.
