@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/embedded_files.h"
+#include "platform/database/embedded_locks.h"
 #include "platform/database/engine_adapter.h"
 
 #include <chrono>
@@ -12,8 +13,8 @@ namespace kelvane {
 ///
 /// Statements come from routines and stored conditions: what they have no reason to do is refused
 /// (`platform/database/embedded_permissions.h`). A login, statement or batch waits for a lock of another
-/// workstation, up to five seconds. A file that was removed or replaced while it is in use ends the
-/// connection with the next statement.
+/// workstation, up to five seconds; so does a lock that a routine takes (`Connection::lock`). A file that was
+/// removed or replaced while it is in use ends the connection with the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
     explicit EmbeddedAdapter(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
@@ -27,11 +28,16 @@ class EmbeddedAdapter final : public EngineAdapter {
     void beginTransaction(DriverLink& link) override;
     void commitTransaction(DriverLink& link) override;
     void rollBackTransaction(DriverLink& link) override;
+    void lock(DriverLink& link, const QString& name) override;
+    /// Also on a lost connection: a lock that nobody needs keeps nobody waiting.
+    void unlock(DriverLink& link, const QString& name) override;
     bool isConnectionLoss(const Error& error) const override;
 
   private:
     /// From now on statements wait for locks, five seconds in all.
     void limitWait();
+    /// Lets `WhileWaiting` run and time pass before the next try; false when the wait is over.
+    bool waitForNextTry() const;
     /// Runs `statement`, which has done nothing as long as another workstation holds its lock.
     template <class Statement>
     auto retryWhileBusy(Statement statement) const;
@@ -44,6 +50,8 @@ class EmbeddedAdapter final : public EngineAdapter {
 
     WhileWaiting whileWaiting_;
     DatabaseFiles files_;
+    QString mainFile_;
+    EmbeddedLocks locks_;
     std::chrono::steady_clock::time_point waitEnd_;
     bool inTransaction_ = false;
 };
