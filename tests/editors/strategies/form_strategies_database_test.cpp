@@ -184,7 +184,7 @@ TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithNothingS
     // A number to the screen, none to the column.
     addPoint(u"1,000"_s);
     addPoint(u"20"_s);
-    ui.expectReport(19, u"FormStrategies,CommandSave"_s);
+    ui.expectReport(database.refusedRow(), u"FormStrategies,CommandSave"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored(u"WITH COMMA"_s), QStringList());
     EXPECT_EQ(screen.points(), (QStringList{u"10"_s, u"1,000"_s, u"20"_s}));
