@@ -3,6 +3,7 @@
 #include "platform/database/embedded_dialect.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/database/odbc_link.h"
+#include "platform/database/shared_dialect.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +13,7 @@ namespace {
 
 class OpenConnection final : public OdbcConnection {
   public:
-    DriverLink& driver() { return link(); }
+    OdbcLink& driver() { return link(); }
 };
 
 /// The driver below the connection when the adapter would refuse the statement; null otherwise.
@@ -20,8 +21,9 @@ DriverLink* driverFor(Connection& connection, const QString& statement) {
     auto* open = dynamic_cast<OpenConnection*>(&connection);
     if (!open)
         return nullptr;
+    const bool isEmbedded = open->driver().dbmsName() == u"SQLite"_s;
     try {
-        embeddedBatch(statement);
+        isEmbedded ? embeddedBatch(statement) : sharedBatch(statement);
         return nullptr;
     } catch (const Error&) {
         return &open->driver();

@@ -64,6 +64,8 @@ SharedDatabase::SharedDatabase(const QString& source)
     : name_(u"kelvane_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(++databases)),
       dsn_(addDataSourceFor(name_)) {
     administrate(u"create database %1 template kelvane_template_%2"_s.arg(name_, source));
+    // The one thing that is not copied.
+    administrate(u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));
 }
 
 SharedDatabase::~SharedDatabase() {

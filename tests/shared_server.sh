@@ -17,7 +17,7 @@ scripts=$(CDPATH= cd -- "$(dirname -- "$0")/../database" && pwd)
 template=kelvane_template_demo
 
 as_administrator() {
-    psql -X -q -A -t -v ON_ERROR_STOP=1 -h "$socket" -U kelvane_admin -d postgres "$@"
+    PGOPTIONS='-c client_min_messages=warning' psql -X -q -A -t -v ON_ERROR_STOP=1 -h "$socket" -U kelvane_admin -d postgres "$@"
 }
 
 drop() {
