@@ -22,4 +22,8 @@ QByteArray hashOf(const QByteArray&, const QByteArray&) {
     return {};
 }
 
+QByteArray newHashSetting() {
+    return {};
+}
+
 } // namespace kelvane
