@@ -89,7 +89,7 @@ class WordReader {
         if (given < needed)
             fail(u"%1 is missing"_s.arg(command().arguments[given]));
         if (given > needed)
-            fail(u"one argument too many: %1"_s.arg(invocation_.arguments[needed]));
+            fail(u"one argument too many"_s); // which may be a password, and is not repeated
         for (const auto& option : command().options) {
             if (option.isRequired && !invocation_.options.contains(option.name))
                 fail(u"--%1 is missing"_s.arg(option.name));

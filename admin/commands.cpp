@@ -16,9 +16,22 @@ namespace {
 const QString address = u"ADDRESS"_s;
 const QString accountName = u"NAME"_s;
 
+const Option ownerOption{u"owner"_s, u"OWNER"_s,
+                         u"adds an owner, with tables of its own, beside mt, std and abc (server)"_s};
+
+/// The option of an owner as the scripts take it.
+QStringList ownerArguments(const Invocation& invocation, const DatabaseAddress& at) {
+    const auto owner = invocation.options.constFind(ownerOption.name);
+    if (owner == invocation.options.cend())
+        return {};
+    if (!at.isServer)
+        throw usageFailure(u"--owner is for the database of a server"_s);
+    return {u"--owner="_s + *owner};
+}
+
 QString makeDatabase(const Invocation& invocation) {
     const auto at = databaseAddress(invocation.arguments[0]);
-    QStringList arguments{at.text};
+    QStringList arguments = QStringList{at.text} + ownerArguments(invocation, at);
     if (invocation.options.contains(u"demo"_s))
         arguments << u"--demo"_s;
     if (const auto day = invocation.options.constFind(u"day"_s); day != invocation.options.cend()) {
@@ -29,13 +42,15 @@ QString makeDatabase(const Invocation& invocation) {
     becomeScript(u"make.sh"_s, at, arguments);
 }
 
-template <const char16_t* script>
-QString runScript(const Invocation& invocation) {
+QString upgrade(const Invocation& invocation) {
     const auto at = databaseAddress(invocation.arguments[0]);
-    becomeScript(QString::fromUtf16(script), at, {at.text});
+    becomeScript(u"upgrade.sh"_s, at, QStringList{at.text} + ownerArguments(invocation, at));
 }
-constexpr char16_t upgradeScript[] = u"upgrade.sh";
-constexpr char16_t checkScript[] = u"check.sh";
+
+QString check(const Invocation& invocation) {
+    const auto at = databaseAddress(invocation.arguments[0]);
+    becomeScript(u"check.sh"_s, at, {at.text});
+}
 
 QString backUp(const Invocation& invocation) {
     const auto at = databaseAddress(invocation.arguments[0]);
@@ -59,22 +74,23 @@ const QList<Command>& commands() {
         {.name = u"make"_s,
          .arguments = {address},
          .options = {{u"demo"_s, {}, u"with the demonstration data"_s},
-                     {u"day"_s, u"YYYY-MM-DD"_s, u"the day that the demonstration data count from; today"_s}},
+                     {u"day"_s, u"YYYY-MM-DD"_s, u"the day that the demonstration data count from; today"_s},
+                     ownerOption},
          .summary = u"makes a database, or upgrades the one that is there"_s,
          .details = {},
          .run = makeDatabase},
         {.name = u"upgrade"_s,
          .arguments = {address},
-         .options = {},
-         .summary = u"brings a database to the version of this program, and copies it before"_s,
-         .details = {},
-         .run = runScript<upgradeScript>},
+         .options = {ownerOption},
+         .summary = u"brings a database to the version of this program"_s,
+         .details = u"A folder is copied before. Copy the database of a server yourself (backup)."_s,
+         .run = upgrade},
         {.name = u"check"_s,
          .arguments = {address},
          .options = {},
          .summary = u"looks for what is missing, damaged or left over in a database"_s,
          .details = u"Changes nothing. Each fault is a line; the exit status is 1 when there is one."_s,
-         .run = runScript<checkScript>},
+         .run = check},
         {.name = u"backup"_s,
          .arguments = {address, u"COPY"_s},
          .options = {},

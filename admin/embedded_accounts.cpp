@@ -38,6 +38,16 @@ QString setHash(const QString& name, const Password& password) {
                                                                          quote(QString::fromLatin1(hash)));
 }
 
+QString setUser(const QString& name, const QString& owner, int level) {
+    return u"insert into mt.userlist (mtuser, i4240, mtlevel) values (%1, %2, %3) "
+           "on conflict (mtuser) do update set i4240 = excluded.i4240, mtlevel = excluded.mtlevel"_s.arg(
+               quote(name), quote(owner), QString::number(level));
+}
+
+QString removeUser(const QString& name) {
+    return u"delete from mt.userlist where mtuser = "_s + quote(name);
+}
+
 } // namespace
 
 /// Runs a step; what the driver reports is said in words.
@@ -108,10 +118,7 @@ void EmbeddedAccounts::requireOwner(const QString& owner) const {
 
 void EmbeddedAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
     requireOwner(owner);
-    QStringList statements{
-        u"insert into mt.userlist (mtuser, i4240, mtlevel) values (%1, %2, %3) "
-        "on conflict (mtuser) do update set i4240 = excluded.i4240, mtlevel = excluded.mtlevel"_s.arg(
-            quote(name), quote(owner), QString::number(level))};
+    QStringList statements{isDatabaseOwner(name) ? removeUser(name) : setUser(name, owner, level)};
     if (password != nullptr)
         statements << setHash(name, *password);
     executeTogether(statements);
@@ -122,8 +129,7 @@ void EmbeddedAccounts::setPassword(const QString& name, const Password& password
 }
 
 void EmbeddedAccounts::remove(const QString& name) {
-    executeTogether({u"delete from kelvane.accounts where name = "_s + quote(name),
-                     u"delete from mt.userlist where mtuser = "_s + quote(name)});
+    executeTogether({u"delete from kelvane.accounts where name = "_s + quote(name), removeUser(name)});
 }
 
 void EmbeddedAccounts::executeTogether(const QStringList& statements) {

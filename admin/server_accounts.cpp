@@ -1,24 +1,24 @@
 #include "admin/server_accounts.h"
 
-#include "admin/failure.h"
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::admin {
 
 namespace {
 
-/// The server would cut a longer name, to that of somebody else perhaps.
-constexpr qsizetype maxNameBytes = 63;
-
+/// Login and user of a name are one row; either may be missing. Logins belong to the whole server.
+constexpr auto accountsQuery =
+    "select coalesce(login, mtuser::text), i4240, mtlevel, login is not null, mtuser is not null "
+    "from (select rolname::text as login from pg_roles "
+    "where rolcanlogin and 'kelvane_login' = any (kelvane.groups_of(rolname::text))) as logins "
+    "full join mt.userlist on mtuser::text = login";
 constexpr auto setPasswordQuery = "select kelvane.set_password($1, $2)";
 
 } // namespace
 
 QList<Account> ServerAccounts::read() {
     QList<Account> accounts;
-    const auto rows = server_.run("select name, owner, level, has_login, is_user from kelvane.accounts");
-    for (const auto& row : rows) {
+    for (const auto& row : server_.run(accountsQuery)) {
         Account account;
         account.name = row[0];
         account.owner = row[1];
@@ -31,8 +31,6 @@ QList<Account> ServerAccounts::read() {
 }
 
 void ServerAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
-    if (name.toUtf8().size() > maxNameBytes)
-        throw Failure{u"a login of the server has at most %1 bytes: %2"_s.arg(maxNameBytes).arg(name)};
     server_.run("begin");
     server_.run("select kelvane.set_account($1, $2, $3)", {name, owner, QString::number(level)});
     if (password != nullptr)
