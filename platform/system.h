@@ -41,5 +41,8 @@ void drainSerialPort(qintptr handle);
 /// The hash of a phrase under a setting ("$y$j9T$..."), the setting in front. Empty when it is none, and
 /// where there is no library that computes it.
 QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting);
+/// A new setting for `hashOf`, of the strongest kind at its usual cost, with random characters of its own.
+/// Empty where there is no such library.
+QByteArray newHashSetting();
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <array>
 #include <cerrno>
 #include <memory>
 
@@ -65,6 +66,13 @@ QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting) {
     const QByteArray hash = crypt_r(phrase.constData(), setting.constData(), work.get());
     // A failure returns a text that begins with "*", which no hash does.
     return hash.startsWith('*') ? QByteArray() : hash;
+}
+
+QByteArray newHashSetting() {
+    std::array<char, CRYPT_GENSALT_OUTPUT_SIZE> setting{};
+    // Without random bytes of ours the library takes the system's.
+    const char* made = crypt_gensalt_rn("$y$", 0, nullptr, 0, setting.data(), setting.size());
+    return made == nullptr ? QByteArray() : QByteArray(made);
 }
 
 } // namespace kelvane

@@ -52,4 +52,8 @@ QByteArray hashOf(const QByteArray&, const QByteArray&) {
     return {};
 }
 
+QByteArray newHashSetting() {
+    return {};
+}
+
 } // namespace kelvane
