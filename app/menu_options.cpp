@@ -1,7 +1,7 @@
 #include "app/menu_options.h"
 
 #include "data/routine.h"
-#include "platform/values/numbers.h"
+#include "data/session_values.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,12 +31,6 @@ namespace {
 
 constexpr qint16 recordsOnly = 6; // the level of the database owner, who configures records
 constexpr qint16 sendingOnly = 0;
-
-double levelOfProcedureEditors(Routine& routine) {
-    const auto rows = routine.select(u"select procedit from mt.dbconfig", Rows::first);
-    rows->next();
-    return numericValue(notNull(rows->value(0)));
-}
 
 void setByLevel(Routine& routine, Menu& menu, qint16 level) {
     menu.hide({mnuPrint, mnuEnter, mnuGlobal});

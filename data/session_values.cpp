@@ -66,4 +66,10 @@ void readSessionValues(Session& session, const QString& user) {
     readSite(session);
 }
 
+double levelOfProcedureEditors(Routine& routine) {
+    const auto rows = routine.select(u"select procedit from mt.dbconfig", Rows::first);
+    rows->next();
+    return numericValue(notNull(rows->value(0)));
+}
+
 } // namespace kelvane

@@ -4,9 +4,15 @@
 
 namespace kelvane {
 
+class Routine;
+
 /// Fills the session values that the database holds for a user, over the open connection: owner and level
 /// from the list of users, date format, version and switches from the site's configuration. Throws the
 /// `Error` that stopped it; what was filled before stays.
 void readSessionValues(Session& session, const QString& user);
+
+/// The lowest level that may edit procedures at this site, read anew at each call. Runs under the routine
+/// that is given, and throws what fails.
+double levelOfProcedureEditors(Routine& routine);
 
 } // namespace kelvane

@@ -71,6 +71,13 @@ int currentRowOf(const QTreeWidget& list) {
     return list.indexOfTopLevelItem(list.currentItem());
 }
 
+/// Calls `handler` for a key that is pressed while the list itself has the focus.
+void onKey(Qt::Key key, QWidget* list, UserInterface& ui, const std::function<void()>& handler) {
+    auto* pressed = new QShortcut(QKeySequence(key), list);
+    pressed->setContext(Qt::WidgetShortcut);
+    connectGuarded(pressed, &QShortcut::activated, list, ui, handler);
+}
+
 template <class List>
 void connectRows(List* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
     connectGuarded(list, &List::itemDoubleClicked, list, ui, [list, chosen] {
@@ -78,10 +85,8 @@ void connectRows(List* list, UserInterface& ui, const std::function<void(int row
             chosen(row);
     });
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* pressed = new QShortcut(QKeySequence(key), list);
-        pressed->setContext(Qt::WidgetShortcut);
         // The row with the frame of the focus, selected or not: so one after the other can be chosen.
-        connectGuarded(pressed, &QShortcut::activated, list, ui, [list, chosen] {
+        onKey(key, list, ui, [list, chosen] {
             if (const int row = currentRowOf(*list); row >= 0)
                 chosen(row);
         });
@@ -96,6 +101,10 @@ void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(
 
 void onRowChosen(QTreeWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen) {
     connectRows(list, ui, chosen);
+}
+
+void onDelete(QListWidget* list, UserInterface& ui, const std::function<void()>& deleting) {
+    onKey(Qt::Key_Delete, list, ui, deleting);
 }
 
 } // namespace kelvane

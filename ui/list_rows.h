@@ -28,5 +28,7 @@ void moveRow(QListWidget& from, int row, QListWidget& to);
 /// Calls `chosen` with the row that the user double-clicks, or stands on when Return is pressed.
 void onRowChosen(QListWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
 void onRowChosen(QTreeWidget* list, UserInterface& ui, const std::function<void(int row)>& chosen);
+/// Calls `deleting` when Delete is pressed while the list has the focus.
+void onDelete(QListWidget* list, UserInterface& ui, const std::function<void()>& deleting);
 
 } // namespace kelvane

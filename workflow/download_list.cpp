@@ -1,6 +1,7 @@
 #include "workflow/download_list.h"
 
 #include "data/assets/assets.h"
+#include "data/assets/in_use.h"
 #include "data/assets/worksheet_package.h"
 #include "data/custom_dialog.h"
 #include "data/parameters/cal_params.h"
@@ -42,8 +43,6 @@ class Addition {
     bool nameStandards(const QString& asset);
     bool refuse(const QString& standard, const QString& asset);
     void registerStandard(const QString& standard, const QString& asset);
-    QString lastStandard(const QString& asset);
-    void forgetLastStandard(const QString& asset);
     void warn(const QString& message, TextId title = TextId::downloadProcedures) {
         session_.ui.messageBox(message, text(title), box::warning);
     }
@@ -96,16 +95,16 @@ void Addition::addInstrument(const QString& asset, bool alone) {
     const auto& chosen = calibrator();
     if (const auto reason = chosen.acceptable(calibrators_, asset); !reason.isEmpty())
         return warn(asset + u": "_s + reason);
-    routine_.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " +
-                     ModuleGlobals::mtagOf(session_, asset) + u";commit");
+    ModuleGlobals::clearStandardsInUse(session_, routine_, asset);
     if (!chosen.requiresStandard(calibrators_, asset) || nameStandards(asset))
         screen_.addRow(asset);
 }
 
 /// Asks for standards until an empty answer; false when the operator gave up.
 bool Addition::nameStandards(const QString& asset) {
-    const auto proposal = lastStandard(asset);
-    forgetLastStandard(asset);
+    const auto proposal = ModuleGlobals::lastStandard(session_, routine_, asset);
+    // The proposal is gone before the question has been answered.
+    ModuleGlobals::forgetLastStandard(session_, routine_, asset);
     while (true) {
         const bool required = standards_ == 0;
         const auto answer = ModuleGlobals::CustomDialog(
@@ -139,32 +138,12 @@ bool Addition::refuse(const QString& standard, const QString& asset) {
 }
 
 void Addition::registerStandard(const QString& standard, const QString& asset) {
-    const auto insertInto = [&](SqlWords table) {
-        routine_.execute(u"insert into mt." + Sql(table) + u" (standard_mtag,entered_date,mtag) values (" +
-                         ModuleGlobals::mtagOf(session_, standard) + u",now(*)," +
-                         ModuleGlobals::mtagOf(session_, asset) + u");commit");
-    };
-    insertInto(u"hvm_kv_task_standards_inuse");
+    ModuleGlobals::addStandardInUse(session_, routine_, standard, asset);
     if (standards_ == 0) {
-        forgetLastStandard(asset);
-        insertInto(u"hvm_kv_last_standards_used");
+        ModuleGlobals::forgetLastStandard(session_, routine_, asset);
+        ModuleGlobals::addLastStandard(session_, routine_, standard, asset);
     }
     ++standards_;
-}
-
-QString Addition::lastStandard(const QString& asset) {
-    const auto row = routine_.select(u"select i4201 from " + sqlName(session_.SessionOwner) +
-                                         u".inventory where mtag = (select standard_mtag from "
-                                         u"mt.hvm_kv_last_standards_used where mtag = " +
-                                         ModuleGlobals::mtagOf(session_, asset) + u")",
-                                     Rows::first);
-    return row->next() ? notNull(row->value(0)) : QString();
-}
-
-/// The proposal is gone before the question has been answered.
-void Addition::forgetLastStandard(const QString& asset) {
-    routine_.execute(u"delete from mt.hvm_kv_last_standards_used where mtag = " +
-                     ModuleGlobals::mtagOf(session_, asset) + u";commit");
 }
 
 /// Puts the list into a task package that lives for one download; gives its tag.
@@ -199,8 +178,7 @@ void removeFromDownloadList(Calibrators& calibrators, DownloadListScreen& screen
     auto& session = calibrators.session;
     Routine routine(session, u"FormDockingDown,CommandRemove"_s);
     routine.run([&] {
-        routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " +
-                        ModuleGlobals::mtagOf(session, rows[row]) + u";commit");
+        ModuleGlobals::clearStandardsInUse(session, routine, rows[row]);
         screen.removeRow(row);
         screen.focusEntry();
     });

@@ -3,13 +3,13 @@
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/list_rows.h"
 #include "ui/open_windows.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -79,10 +79,7 @@ void FormDockingDown::layOut() {
 
 void FormDockingDown::connectCommands() {
     const auto removeSelected = [this] {
-        run([this] {
-            const auto selected = ListCal->selectionModel()->selectedRows();
-            removeFromDownloadList(calibrators_, *this, selected.isEmpty() ? -1 : selected.first().row());
-        });
+        run([this] { removeFromDownloadList(calibrators_, *this, selectedRow(*ListCal)); });
     };
     connectGuarded(CommandAdd, &QPushButton::clicked, this, session_.ui, [this] {
         // It may have to ask for a standard; what it does before that must not be done for nothing.
@@ -92,9 +89,7 @@ void FormDockingDown::connectCommands() {
     connectGuarded(CommandRemove, &QPushButton::clicked, this, session_.ui, removeSelected);
     connectGuarded(CommandDownload, &QPushButton::clicked, this, session_.ui,
                    [this] { run([this] { downloadList(calibrators_, *this); }); });
-    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListCal);
-    deleting->setContext(Qt::WidgetShortcut);
-    connectGuarded(deleting, &QShortcut::activated, this, session_.ui, removeSelected);
+    onDelete(ListCal, session_.ui, removeSelected);
 }
 
 void FormDockingDown::run(const std::function<void()>& command) {
@@ -127,10 +122,7 @@ void FormDockingDown::takeCalibrator(const QString& name) {
 }
 
 QStringList FormDockingDown::rows() const {
-    QStringList assets;
-    for (int row = 0; row < ListCal->count(); ++row)
-        assets << ListCal->item(row)->text();
-    return assets;
+    return rowsOf(*ListCal);
 }
 
 void FormDockingDown::addRow(const QString& asset) {
@@ -138,9 +130,7 @@ void FormDockingDown::addRow(const QString& asset) {
 }
 
 void FormDockingDown::removeRow(int row) {
-    delete ListCal->takeItem(row);
-    // The next row is not selected by itself, or a second click would take it too.
-    ListCal->setCurrentRow(-1);
+    takeRow(*ListCal, row);
 }
 
 void FormDockingDown::clearEntry() {

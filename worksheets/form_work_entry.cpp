@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -109,10 +108,7 @@ void FormWorkEntry::connectCommands() {
     });
     onRowChosen(ListViewData, session_.ui, [this](int row) { run([&] { entry_.changeField(row); }); });
     onRowChosen(ListStandards, session_.ui, [this](int row) { removeStandard(row); });
-    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListStandards);
-    deleting->setContext(Qt::WidgetShortcut);
-    connectGuarded(deleting, &QShortcut::activated, this, session_.ui,
-                   [this] { removeStandard(ListStandards->currentRow()); });
+    onDelete(ListStandards, session_.ui, [this] { removeStandard(ListStandards->currentRow()); });
 }
 
 void FormWorkEntry::begin() {

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -66,9 +65,7 @@ void FormWorksheetPrint::connectCommands() {
                    [this] { removeFromWorksheetList(*this, selectedRow(*ListCal)); });
     connectGuarded(CommandChkStandard, &QPushButton::clicked, this, session_.ui, [this] { checkStandard(); });
     connectGuarded(CommandPrint, &QPushButton::clicked, this, session_.ui, [this] { print(); });
-    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListCal);
-    deleting->setContext(Qt::WidgetShortcut);
-    connectGuarded(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
+    onDelete(ListCal, session_.ui, [this] { CommandRemove->click(); });
 }
 
 void FormWorksheetPrint::run(bool& running, const std::function<void()>& command) {

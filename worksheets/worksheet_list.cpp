@@ -3,9 +3,9 @@
 #include "data/assets/assets.h"
 #include "data/assets/worksheet_package.h"
 #include "data/custom_dialog.h"
+#include "data/parameters/cal_params.h"
 #include "data/records/standards.h"
 #include "data/routine.h"
-#include "data/small_routines.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -21,12 +21,9 @@ namespace {
 
 /// What keeps an entry off the list; nothing when it may stand there.
 std::optional<TextId> faultOf(const Session& session, Routine& routine, const QString& entry) {
-    const auto safe = ModuleGlobals::SQLSafe(entry);
-    if (!routine.hasRow(u"select i4201 from " + sqlName(session.SessionOwner) + u".inventory where i4201 = " +
-                        sqlText(safe)))
+    if (!ModuleGlobals::isInInventory(session, routine, entry))
         return TextId::instrumentNumberInvalid;
-    if (!routine.hasRow(u"select mtag from mt.hvm_kv_tag_config where mtag = " +
-                        ModuleGlobals::mtagOf(session, safe)))
+    if (!ModuleGlobals::hasParameters(session, routine, entry))
         return TextId::configurationDataIncomplete;
     return {};
 }

@@ -1,11 +1,11 @@
 #include "worksheets/worksheet_report.h"
 
+#include "data/worksheets/worksheet_data.h"
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "worksheets/kept_messages.h"
-#include "worksheets/worksheet_data.h"
 #include "worksheets/worksheet_login.h"
 
 #include <QScopeGuard>

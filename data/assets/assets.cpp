@@ -116,6 +116,11 @@ QString CheckAsset(Session& session, const QString& asset) {
     return lookUp(session, u"ModuleGlobals,CheckAsset"_s, mtagQuery(session, asset));
 }
 
+bool isInInventory(const Session& session, Routine& routine, const QString& asset) {
+    return routine.hasRow(u"select i4201 from " + sqlName(session.SessionOwner) +
+                          u".inventory where i4201 = " + sqlText(SQLSafe(asset)));
+}
+
 QList<AssetEntry> GetAssetsInTaskPackage(Session& session, const QString& task) {
     QList<AssetEntry> entries;
     Routine routine(session, u"ModuleGlobals,GetAssetsInTaskPackage"_s);

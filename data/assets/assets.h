@@ -7,6 +7,8 @@
 
 namespace kelvane {
 
+class Routine;
+
 /// An instrument of the inventory.
 struct AssetEntry {
     QString asset = {};
@@ -24,6 +26,9 @@ QString AssetfromSerial(Session& session, const QString& serial_start, const QSt
 
 /// The `mtag` of an asset, or empty when it doesn't exist.
 QString CheckAsset(Session& session, const QString& asset);
+/// True when the inventory has the asset; quotes in its number are doubled. Runs under the routine that is
+/// given, and throws what fails.
+bool isInInventory(const Session& session, Routine& routine, const QString& asset);
 
 /// The instruments of a task package, by its name or tag; none for an unknown package or after an error. More
 /// than 501 are error 9.

@@ -15,6 +15,13 @@ QString mtagOfSerial(Session& session, const QString& serial) {
     return CheckAsset(session, AssetfromSerial(session, serial));
 }
 
+/// Puts the pair of a standard and an asset into one of the tables that hold such pairs.
+void insertStandard(const Session& session, Routine& routine, SqlWords table, const QString& standard,
+                    const QString& asset) {
+    routine.execute(u"insert into mt." + Sql(table) + u" (standard_mtag,entered_date,mtag) values (" +
+                    mtagOf(session, standard) + u",now(*)," + mtagOf(session, asset) + u");commit");
+}
+
 } // namespace
 
 void AddInUse(Session& session, const QString& serial, const QString& mtag, const QString& tech) {
@@ -75,6 +82,35 @@ QStringList GetStandardsInUse(Session& session, const QString& asset) {
             addEntry(standards, maxStandardsInUse) = notNull(rows->value(0));
     });
     return standards;
+}
+
+void addStandardInUse(const Session& session, Routine& routine, const QString& standard,
+                      const QString& asset) {
+    insertStandard(session, routine, u"hvm_kv_task_standards_inuse", standard, asset);
+}
+
+void clearStandardsInUse(const Session& session, Routine& routine, const QString& asset) {
+    routine.execute(u"delete from mt.hvm_kv_task_standards_inuse where mtag = " + mtagOf(session, asset) +
+                    u";commit");
+}
+
+QString lastStandard(const Session& session, Routine& routine, const QString& asset) {
+    const auto row = routine.select(u"select i4201 from " + sqlName(session.SessionOwner) +
+                                        u".inventory where mtag = (select standard_mtag from "
+                                        u"mt.hvm_kv_last_standards_used where mtag = " +
+                                        mtagOf(session, asset) + u")",
+                                    Rows::first);
+    return row->next() ? notNull(row->value(0)) : QString();
+}
+
+void addLastStandard(const Session& session, Routine& routine, const QString& standard,
+                     const QString& asset) {
+    insertStandard(session, routine, u"hvm_kv_last_standards_used", standard, asset);
+}
+
+void forgetLastStandard(const Session& session, Routine& routine, const QString& asset) {
+    routine.execute(u"delete from mt.hvm_kv_last_standards_used where mtag = " + mtagOf(session, asset) +
+                    u";commit");
 }
 
 void ClearSystemTables(Session& session) {

@@ -6,6 +6,8 @@
 
 namespace kelvane {
 
+class Routine;
+
 /// When an instrument was sent to a calibrator, and by whom. The two keys stay empty: the caller knows them.
 struct InUseData {
     QString serial_number;
@@ -29,6 +31,21 @@ InUseData GetInUseData(Session& session, const QString& serial, const QString& m
 /// "ModuleGlobals,GetInUseData", they are given as far as they were read; more than `maxStandardsInUse` are
 /// error 9.
 QStringList GetStandardsInUse(Session& session, const QString& asset);
+
+// What follows runs under the routine that is given, and throws what fails. Asset numbers are inserted
+// unchanged.
+
+/// Registers a standard as in use with an asset.
+void addStandardInUse(const Session& session, Routine& routine, const QString& standard,
+                      const QString& asset);
+/// Deletes the standards in use with an asset.
+void clearStandardsInUse(const Session& session, Routine& routine, const QString& asset);
+/// The asset number of the standard that an asset had last; empty when it is not known.
+QString lastStandard(const Session& session, Routine& routine, const QString& asset);
+/// Notes the standard that an asset has now; one that was noted before stays until it is forgotten.
+void addLastStandard(const Session& session, Routine& routine, const QString& standard, const QString& asset);
+void forgetLastStandard(const Session& session, Routine& routine, const QString& asset);
+
 /// Deletes rows and packages older than 90 days; called at each login.
 void ClearSystemTables(Session& session);
 

@@ -94,11 +94,15 @@ bool HasConfigData(Session& session, const QString& asset) {
     bool complete = false;
     Routine routine(session, u"ModuleGlobals,HasConfigData"_s);
     routine.run([&] {
-        complete = routine.hasRow(u"select mtag from mt.hvm_kv_tag_config where mtag = " +
-                                  mtagOf(session, SQLSafe(asset))) &&
-                   routine.hasRow(selectTestPointPct(session, asset));
+        complete =
+            hasParameters(session, routine, asset) && routine.hasRow(selectTestPointPct(session, asset));
     });
     return complete;
+}
+
+bool hasParameters(const Session& session, Routine& routine, const QString& asset) {
+    return routine.hasRow(u"select mtag from mt.hvm_kv_tag_config where mtag = " +
+                          mtagOf(session, SQLSafe(asset)));
 }
 
 QList<float> GetTestPointList(Session& session, const QString& asset) {

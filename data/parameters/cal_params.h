@@ -6,6 +6,7 @@
 
 namespace kelvane {
 
+class Routine;
 class Sql;
 
 /// All calibration parameters of one instrument: a row of `mt.hvm_kv_tag_config` and a few derived values.
@@ -76,6 +77,9 @@ CalParamRecord GetCalParams(Session& session, const QString& asset);
 
 /// True when the asset has parameters and its strategy still exists with at least one point.
 bool HasConfigData(Session& session, const QString& asset);
+/// True when the asset has parameters, whatever its strategy; quotes in its number are doubled. Runs under
+/// the routine that is given, and throws what fails.
+bool hasParameters(const Session& session, Routine& routine, const QString& asset);
 
 /// The test points as fractions of span, each as often as `repetitions` says; none after an error. More than
 /// 201 are error 9.

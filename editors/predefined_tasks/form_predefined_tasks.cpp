@@ -5,6 +5,7 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/indicators.h"
+#include "ui/list_rows.h"
 #include "ui/panels.h"
 #include "ui/text_box.h"
 
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -188,9 +188,7 @@ void FormPredefinedTasks::connectCommands() {
     for (std::size_t place = 0; place < definitionCount; ++place)
         onCommand(options_[place], &QRadioButton::clicked,
                   [this, definition = static_cast<Definition>(place)] { Option_Click(definition); });
-    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListAssets);
-    deleting->setContext(Qt::WidgetShortcut);
-    connectGuarded(deleting, &QShortcut::activated, this, session_.ui, [this] { CommandRemove->click(); });
+    onDelete(ListAssets, session_.ui, [this] { CommandRemove->click(); });
 }
 
 void FormPredefinedTasks::connectChanges() {

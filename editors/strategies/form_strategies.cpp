@@ -5,12 +5,10 @@
 #include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
-#include "ui/guarded.h"
 #include "ui/list_rows.h"
 
 #include <QGridLayout>
 #include <QListWidget>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -115,10 +113,7 @@ void FormStrategies::connectCommands() {
         ListPoints->setCurrentRow(row);
         CommandModify->click();
     });
-    auto* deleting = new QShortcut(QKeySequence(Qt::Key_Delete), ListPoints);
-    deleting->setContext(Qt::WidgetShortcut);
-    connectGuarded(deleting, &QShortcut::activated, this, session_.ui,
-                   [this] { CommandDeletePoint->click(); });
+    onDelete(ListPoints, session_.ui, [this] { CommandDeletePoint->click(); });
 }
 
 void FormStrategies::load() {

@@ -9,8 +9,6 @@
 #include <QFileInfo>
 #include <QUrl>
 
-#include <chrono>
-#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -20,9 +18,6 @@ namespace kelvane {
 namespace {
 
 constexpr int maxAttached = 10; // the engine's own limit
-/// How long a lock of another workstation is waited for, in all.
-constexpr std::chrono::milliseconds longestWait{5000};
-constexpr std::chrono::milliseconds betweenTries{20};
 
 // What the engine's native codes say; the higher bits hold details.
 enum NativeCode : int {
@@ -110,23 +105,9 @@ QString EmbeddedAdapter::driverSettings() const {
     return u";Timeout=50"_s;
 }
 
-void EmbeddedAdapter::limitWait() {
-    waitEnd_ = std::chrono::steady_clock::now() + longestWait;
-}
-
 template <class Statement>
 auto EmbeddedAdapter::retryWhileBusy(Statement statement) const {
-    while (true) {
-        try {
-            return statement();
-        } catch (const Error& error) {
-            if (!isBusy(error) || std::chrono::steady_clock::now() >= waitEnd_)
-                throw;
-        }
-        if (whileWaiting_)
-            whileWaiting_();
-        std::this_thread::sleep_for(betweenTries);
-    }
+    return wait_.retry(statement, isBusy);
 }
 
 void EmbeddedAdapter::attach(DriverLink& link, const QString& file) {
@@ -169,7 +150,7 @@ void EmbeddedAdapter::requireFiles(DriverLink& link) {
 }
 
 void EmbeddedAdapter::prepareSession(DriverLink& link, const QString& user, const QString& password) {
-    limitWait();
+    wait_.begin();
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
     retryWhileBusy([&] { verifyWritable(link, u"main"_s, main.filePath()); });
     files_.add(main.filePath());
@@ -199,7 +180,7 @@ qint64 EmbeddedAdapter::executeEach(DriverLink& link, const QStringList& stateme
 
 qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
     requireFiles(link);
-    limitWait();
+    wait_.begin();
     qint64 rows = 0;
     for (const auto& step : embeddedBatch(statement)) {
         const bool together = step.committed && step.statements.size() > 1 && !inTransaction_;
@@ -212,7 +193,7 @@ qint64 EmbeddedAdapter::execute(DriverLink& link, const QString& statement) {
 
 std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QString& statement, Rows rows) {
     requireFiles(link);
-    limitWait();
+    wait_.begin();
     const auto query = embeddedQuery(statement, rows);
     std::unique_ptr<RecordSet> found;
     retryWhileBusy([&] { found = link.select(query, Rows::all); });
@@ -222,7 +203,7 @@ std::unique_ptr<RecordSet> EmbeddedAdapter::select(DriverLink& link, const QStri
 /// The write lock is taken at the start, so that two workstations can't wait for each other.
 void EmbeddedAdapter::beginTransaction(DriverLink& link) {
     requireFiles(link);
-    limitWait();
+    wait_.begin();
     retryWhileBusy([&] { link.execute(u"begin immediate"_s); });
     inTransaction_ = true;
 }

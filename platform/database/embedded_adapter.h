@@ -3,20 +3,18 @@
 #include "platform/database/embedded_files.h"
 #include "platform/database/engine_adapter.h"
 
-#include <chrono>
-
 namespace kelvane {
 
 /// The adapter of SQLite. The data source names one file, which holds the accounts; every other "*.db" file
 /// in its folder is an owner of that name and is attached when the connection opens.
 ///
 /// Statements come from routines and stored conditions: what they have no reason to do is refused
-/// (`platform/database/embedded_permissions.h`). A login, statement or batch waits for a lock of another
+/// (`platform/database/permissions.h`). A login, statement or batch waits for a lock of another
 /// workstation, up to five seconds. A file that was removed or replaced while it is in use ends the
 /// connection with the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
-    explicit EmbeddedAdapter(WhileWaiting whileWaiting) : whileWaiting_(std::move(whileWaiting)) {}
+    explicit EmbeddedAdapter(WhileWaiting whileWaiting) : wait_(std::move(whileWaiting)) {}
 
     QString driverSettings() const override;
     /// Checks that every file is a database that can be written, checks the login, sets what the session
@@ -30,8 +28,6 @@ class EmbeddedAdapter final : public EngineAdapter {
     bool isConnectionLoss(const Error& error) const override;
 
   private:
-    /// From now on statements wait for locks, five seconds in all.
-    void limitWait();
     /// Runs `statement`, which has done nothing as long as another workstation holds its lock.
     template <class Statement>
     auto retryWhileBusy(Statement statement) const;
@@ -42,9 +38,8 @@ class EmbeddedAdapter final : public EngineAdapter {
     /// transaction ends before: its locks on the other files would stay.
     void requireFiles(DriverLink& link);
 
-    WhileWaiting whileWaiting_;
+    LockWait wait_;
     DatabaseFiles files_;
-    std::chrono::steady_clock::time_point waitEnd_;
     bool inTransaction_ = false;
 };
 

@@ -1,23 +1,14 @@
 #include "platform/database/embedded_dialect.h"
 
-#include "platform/database/embedded_permissions.h"
-#include "platform/database/embedded_scopes.h"
-#include "platform/database/sql_text.h"
-#include "resources/strings.h"
-#include "resources/text_id.h"
+#include "platform/database/permissions.h"
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
 namespace {
-
-QStringView textFrom(const Token& first, const Token& last) {
-    return {first.text.begin(), last.text.end()};
-}
 
 /// Rewrites the functions of one statement.
 class Functions {
@@ -34,7 +25,7 @@ class Functions {
                 edits_.replace(token.text, u"instr"_s);
             else if (token.is("isnull"_L1))
                 edits_.replace(token.text, u"coalesce"_s);
-            else if (const auto end = presentMoment(at))
+            else if (const auto end = behindPresentMoment(tokens_, at))
                 at = moment(at, end, "datetime"_L1);
             else if (const auto date = presentDate(at))
                 at = moment(at, date, "date"_L1);
@@ -46,18 +37,11 @@ class Functions {
         return place < tokens_.size() && tokens_[place].is(symbol);
     }
 
-    /// The place behind "now(*)", or 0 when it doesn't stand here.
-    std::size_t presentMoment(std::size_t at) const {
-        const bool stands = tokens_[at].is("now"_L1) && symbolAt(at + 1, u'(') && symbolAt(at + 2, u'*') &&
-                            symbolAt(at + 3, u')');
-        return stands ? at + 4 : 0;
-    }
-
     /// The place behind "date(now(*))", or 0.
     std::size_t presentDate(std::size_t at) const {
         if (!tokens_[at].is("date"_L1) || at + 2 >= tokens_.size())
             return 0;
-        const auto end = presentMoment(at + 2);
+        const auto end = behindPresentMoment(tokens_, at + 2);
         return end != 0 && symbolAt(end, u')') ? end + 1 : 0;
     }
 
@@ -91,89 +75,20 @@ class Functions {
     TextEdits& edits_;
 };
 
-/// True for a query that may be cut after its first row by a limit behind it.
-bool takesLimit(TokenSpan part) {
-    if (!part.front().is("select"_L1))
-        return false;
-    int depth = 0;
-    for (const auto& token : part) {
-        if (token.is(u'('))
-            ++depth;
-        else if (token.is(u')'))
-            --depth;
-        else if (depth == 0 && token.is("limit"_L1))
-            return false;
-    }
-    return depth == 0;
+void rewriteFunctions(TokenSpan statement, TextEdits& edits) {
+    Functions(statement, edits).rewrite();
 }
 
-QString rewritePart(const QString& batch, TokenSpan part, const SqlTokens& sql, Rows rows) {
-    TextEdits edits;
-    Functions(part, edits).rewrite();
-    resolveOwners(part, edits);
-    // The driver counts the parameter markers of comments, and takes a trailing one for a statement.
-    for (const auto comment : sql.comments)
-        edits.replace(comment, u" "_s);
-    const auto piece = textFrom(part.front(), part.back());
-    if (rows == Rows::first && takesLimit(part))
-        edits.replace(QStringView(piece.end(), piece.end()), u" limit 1"_s);
-    if (!edits.isEmpty())
-        return edits.applyTo(piece);
-    return piece.size() == batch.size() ? batch : piece.toString();
-}
-
-bool isCommit(TokenSpan part) {
-    return part.size() == 1 && part.front().is("commit"_L1);
-}
-
-void requireStatement(bool found) {
-    if (!found)
-        throw Error{static_cast<double>(ErrorNumber::invalidArgument), text(TextId::statementEmpty)};
-}
-
-/// An incomplete text is checked too: the driver may carry out what stands before the piece that is never
-/// closed.
-void requireAllPermitted(const QVarLengthArray<TokenSpan, 4>& parts) {
-    for (const auto part : parts)
-        requirePermitted(part);
-}
+constexpr EngineDialect embeddedDialect{requirePermittedEmbedded, rewriteFunctions};
 
 } // namespace
 
 QList<BatchStep> embeddedBatch(const QString& batch) {
-    const auto sql = tokensOf(batch);
-    const auto parts = batchParts(sql);
-    if (!sql.complete) {
-        requireAllPermitted(parts);
-        return {{{batch}}};
-    }
-    requireStatement(!parts.isEmpty());
-    QList<BatchStep> steps;
-    BatchStep step;
-    for (const auto part : parts) {
-        if (isCommit(part)) {
-            step.committed = true;
-            steps << std::exchange(step, {});
-        } else {
-            requirePermitted(part);
-            step.statements << rewritePart(batch, part, sql, Rows::all);
-        }
-    }
-    if (!step.statements.isEmpty())
-        steps << step;
-    return steps;
+    return batchSteps(batch, embeddedDialect);
 }
 
 QString embeddedQuery(const QString& query, Rows rows) {
-    const auto sql = tokensOf(query);
-    auto parts = batchParts(sql);
-    if (parts.size() > 1 && isCommit(parts.back()))
-        parts.removeLast();
-    requireAllPermitted(parts);
-    if (!sql.complete)
-        return query;
-    requireStatement(!parts.isEmpty());
-    return parts.size() == 1 ? rewritePart(query, parts.front(), sql, rows) : query;
+    return engineQuery(query, rows, embeddedDialect);
 }
 
 } // namespace kelvane

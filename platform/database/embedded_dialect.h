@@ -1,28 +1,13 @@
 #pragma once
 
-#include "platform/database/connection.h"
-
-#include <QStringList>
+#include "platform/database/dialect.h"
 
 namespace kelvane {
 
-// The dialect of the statements in the words of the embedded engine. What isn't understood stays as it is, so
-// that the engine reports any error in it.
-
-/// Statements of a batch that belong together.
-struct BatchStep {
-    QStringList statements;
-    /// All of them or none: the batch said "commit" behind them.
-    bool committed = false;
-};
-
-/// A batch in steps: cut at ";", a "commit" closing the step before it, comments taken out. A text without
-/// any statement is an error, and so is one that holds a statement which is not permitted
-/// (`requirePermitted`).
+/// A batch in the words of the embedded engine (`batchSteps`).
 QList<BatchStep> embeddedBatch(const QString& batch);
 
-/// A query; with `Rows::first` the engine is asked for one row only. Several statements in one text stay
-/// unchanged. It throws the same errors.
+/// A query in the words of the embedded engine (`engineQuery`).
 QString embeddedQuery(const QString& query, Rows rows);
 
 } // namespace kelvane

@@ -1,6 +1,7 @@
 #include "platform/database/engine_adapter.h"
 
 #include "platform/database/embedded_adapter.h"
+#include "platform/database/shared_adapter.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,7 +32,18 @@ class VerbatimAdapter final : public EngineAdapter {
 std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName, WhileWaiting whileWaiting) {
     if (dbmsName == "SQLite"_L1)
         return std::make_unique<EmbeddedAdapter>(std::move(whileWaiting));
+    if (dbmsName == "PostgreSQL"_L1)
+        return std::make_unique<SharedAdapter>(std::move(whileWaiting));
     return std::make_unique<VerbatimAdapter>();
+}
+
+QString settingsOfDriver(const QString& driver) {
+    if (driver.contains("sqlite"_L1, Qt::CaseInsensitive))
+        return EmbeddedAdapter({}).driverSettings();
+    if (driver.contains("psqlodbc"_L1, Qt::CaseInsensitive) ||
+        driver.contains("postgresql"_L1, Qt::CaseInsensitive))
+        return SharedAdapter({}).driverSettings();
+    return {};
 }
 
 } // namespace kelvane

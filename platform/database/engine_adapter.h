@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/connection.h"
+#include "platform/database/lock_wait.h"
 
 #include <QStringList>
 
@@ -42,12 +43,12 @@ class EngineAdapter {
     virtual bool isConnectionLoss(const Error& error) const = 0;
 };
 
-/// What runs repeatedly while a statement waits for another workstation, such as repainting the window. It
-/// must not run a statement.
-using WhileWaiting = std::function<void()>;
-
-/// The adapter for a driver that calls its engine `dbmsName`: "SQLite" gets the embedded one, any other the
-/// verbatim one.
+/// The adapter for a driver that calls its engine `dbmsName`: "SQLite" gets the embedded one, "PostgreSQL"
+/// the shared one, any other the verbatim one.
 std::unique_ptr<EngineAdapter> engineAdapterFor(const QString& dbmsName, WhileWaiting whileWaiting = {});
+
+/// What `driverSettings` of the adapter will be, as far as the driver's name or file tells it: they then
+/// count from the first connection on. Empty for an unknown driver.
+QString settingsOfDriver(const QString& driver);
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #include "platform/database/odbc_connection.h"
 
+#include "platform/database/odbc_driver.h"
 #include "platform/database/odbc_link.h"
 
 #ifdef Q_OS_WIN
@@ -23,9 +24,11 @@ void OdbcConnection::open(const QString& connectionString, const QString& user, 
     if (link_ && !link_->isLost())
         throw makeError(ErrorNumber::connectionOpen);
     close();
-    auto link = std::make_unique<OdbcLink>(connectionString, user, password);
+    // Where the driver can't be told beforehand, its settings come with a second connection.
+    const auto known = settingsOfDriver(driverOf(connectionString));
+    auto link = std::make_unique<OdbcLink>(connectionString, user, password, known);
     auto adapter = engineAdapterFor(link->dbmsName(), whileWaiting_);
-    if (const auto settings = adapter->driverSettings(); !settings.isEmpty()) {
+    if (const auto settings = adapter->driverSettings(); settings != known) {
         link.reset();
         link = std::make_unique<OdbcLink>(connectionString, user, password, settings);
     }

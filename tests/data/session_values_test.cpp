@@ -1,5 +1,6 @@
 #include "data/session_values.h"
 
+#include "data/routine.h"
 #include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -54,6 +55,15 @@ TEST_F(SessionValues, AnUnknownDateCodeOrFlagChangesNothing) {
     read();
     EXPECT_EQ(session.SessionDateFormat, u"YYYY/MM/DD"_s);
     EXPECT_TRUE(session.BCal4225);
+}
+
+TEST_F(SessionValues, TheLevelOfProcedureEditorsIsTheSites) {
+    Routine routine(session, u"Test,Level"_s);
+    EXPECT_THROW(levelOfProcedureEditors(routine), Error) << "no row";
+    script.answers[u"select procedit from mt.dbconfig"_s] = {{u"3"_s}};
+    EXPECT_EQ(levelOfProcedureEditors(routine), 3);
+    script.answers[u"select procedit from mt.dbconfig"_s] = {{std::nullopt}};
+    EXPECT_THROW(levelOfProcedureEditors(routine), Error);
 }
 
 TEST_F(SessionValues, WhatStopsThemIsThrownAndNotReported) {

@@ -229,21 +229,27 @@ QStringList includeWay(const IncludeGraph& graph, const QString& from, const QSt
     return {};
 }
 
-/// The SQL and the uses of the connection that stand in the text of a file.
+/// The SQL that stands in the text of a file.
 QStringList statementsIn(const QString& content) {
     static const QRegularExpression literal(uR"re("(?:[^"\\\n]|\\.)*")re"_s);
     static const QRegularExpression words(
-        u"\\b(select|insert into|update|delete from|order by)\\s|\\bfrom mt\\b|\\bwhere\\b|;commit\\b"_s,
+        u"\\b(select|insert into|update|delete from|order by)\\s|\\bmt\\.\\w|\\bfrom mt\\b|\\bwhere\\b|"
+        "\\bnow\\(\\*\\)|;commit\\b"_s,
         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression connection(u"\\b[sS]haredConnection\\b"_s);
+    static const QRegularExpression parts(u"\\b(Sql|SqlWords|sql(Text|Name|Number|Condition))\\b"_s);
     QStringList found;
     for (const auto& match : literal.globalMatch(content)) {
         if (words.match(match.captured()).hasMatch())
             found << match.captured();
     }
-    for (const auto& match : connection.globalMatch(content))
+    for (const auto& match : parts.globalMatch(content))
         found << match.captured();
     return found;
+}
+
+bool usesConnection(const QString& content) {
+    static const QRegularExpression connection(u"\\b[sS]haredConnection\\b"_s);
+    return connection.match(content).hasMatch();
 }
 
 } // namespace
@@ -337,7 +343,20 @@ QStringList numberedTexts(const QDir& root) {
     return faults;
 }
 
-QStringList statementsInScreens(const QDir& root) {
+QStringList statementsInModulesWithWindows(const QDir& root) {
+    QStringList faults;
+    for (const auto& module : modules) {
+        if (!module.hasWindows)
+            continue;
+        for (const auto& path : filesIn(root, module.name)) {
+            for (const auto& statement : statementsIn(contentOf(root, path)))
+                faults << path + u": "_s + statement;
+        }
+    }
+    return faults;
+}
+
+QStringList databaseInScreens(const QDir& root) {
     const auto graph = readTree(root);
     QStringList faults;
     const auto sources = screenSources(root);
@@ -352,8 +371,8 @@ QStringList statementsInScreens(const QDir& root) {
         own.removeIf(
             [&](const QString& header) { return folderOf(header) != folderOf(source) || isOfCore(header); });
         for (const auto& file : QStringList{source} + own) {
-            for (const auto& statement : statementsIn(contentOf(root, file)))
-                faults << file + u": "_s + statement;
+            if (usesConnection(contentOf(root, file)))
+                faults << file + u": uses the shared connection"_s;
         }
     }
     faults.removeDuplicates();

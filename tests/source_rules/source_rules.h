@@ -27,9 +27,14 @@ QStringList posixFaults(const QDir& root);
 /// Places in the modules where a text is named by its number.
 QStringList numberedTexts(const QDir& root);
 
-/// Statements in the sources with windows, those that a CMakeLists.txt gives to `kelvane_screens`: SQL words
-/// in a literal, and uses of the shared connection, in a source or in a header of these that it includes from
-/// its own folder; and every way along the includes to the header without which no statement can be made.
-QStringList statementsInScreens(const QDir& root);
+/// Statements in the modules with windows, also in their sources without one: SQL words in a literal, and the
+/// names out of which `platform/database/sql.h` lets a statement be built. What these modules ask of the
+/// database are routines of the modules below them.
+QStringList statementsInModulesWithWindows(const QDir& root);
+
+/// What the sources with windows, those that a CMakeLists.txt gives to `kelvane_screens`, have of the
+/// database: uses of the shared connection, in a source or in a header of these that it includes from its own
+/// folder; and every way along the includes to the header without which no statement can be made.
+QStringList databaseInScreens(const QDir& root);
 
 } // namespace kelvane::testing

@@ -7,11 +7,12 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+using testing::databaseInScreens;
 using testing::includeFaults;
 using testing::numberedTexts;
 using testing::posixFaults;
 using testing::sourcesWithoutTest;
-using testing::statementsInScreens;
+using testing::statementsInModulesWithWindows;
 
 namespace {
 
@@ -62,8 +63,13 @@ TEST(SourceRules, TextsAreNamedAndNotNumbered) {
     EXPECT_TRUE(numbered.isEmpty()) << lines(numbered);
 }
 
-TEST(SourceRules, NoStatementStandsInTheScreens) {
-    const auto faults = statementsInScreens(sources());
+TEST(SourceRules, NoStatementStandsInAModuleWithWindows) {
+    const auto faults = statementsInModulesWithWindows(sources());
+    EXPECT_TRUE(faults.isEmpty()) << lines(faults);
+}
+
+TEST(SourceRules, NoScreenReachesTheDatabase) {
+    const auto faults = databaseInScreens(sources());
     EXPECT_TRUE(faults.isEmpty()) << lines(faults);
 }
 
@@ -229,7 +235,32 @@ TEST_F(SourceTree, ReportsTextsByTheirNumber) {
               (QStringList{u"data/a.cpp: TextId{103"_s, u"data/a.cpp: static_cast<TextId>"_s}));
 }
 
-TEST_F(SourceTree, ReportsStatementsInScreens) {
+TEST_F(SourceTree, ReportsStatementsInModulesWithWindows) {
+    put(u"data/a.cpp"_s, "select(u\"select a from mt.b\" + sqlText(a));\n");
+    put(u"procedures/a.h"_s, "Sql statementOf(const QString& a);\n");
+    put(u"app/list.cpp"_s, "routine.select(u\"SELECT a FROM MT.b\");\n// select a from mt.b\n");
+    put(u"editors/list/form.cpp"_s, "execute(u\"delete from mt.x;commit\"_s);\n"
+                                    "button(u\"CommandSelect\"_s, text); // select one\n");
+    put(u"reports/band.h"_s, "const auto order = \"a order by b\";\n");
+    put(u"ui/form.cpp"_s, "statement += u\",now(*)\";\nlabel(u\"comma, 'quoted'\");\n");
+    put(u"workflow/form.h"_s, "const auto query = \"Update mt.b set a = 1\";\n");
+    put(u"worksheets/list.cpp"_s, "#include \"platform/database/sql.h\"\nadd(sqlText(asset), u\"mt.b\");\n");
+    put(u"worksheets/list.h"_s, "Sql statementOf(SqlWords words); // mySqlText is no part\n");
+    EXPECT_EQ(statementsInModulesWithWindows(QDir(folder.path())),
+              (QStringList{
+                  u"reports/band.h: \"a order by b\""_s,
+                  u"ui/form.cpp: \",now(*)\""_s,
+                  u"workflow/form.h: \"Update mt.b set a = 1\""_s,
+                  u"editors/list/form.cpp: \"delete from mt.x;commit\""_s,
+                  u"worksheets/list.cpp: \"mt.b\""_s,
+                  u"worksheets/list.cpp: sqlText"_s,
+                  u"worksheets/list.h: Sql"_s,
+                  u"worksheets/list.h: SqlWords"_s,
+                  u"app/list.cpp: \"SELECT a FROM MT.b\""_s,
+              }));
+}
+
+TEST_F(SourceTree, ReportsScreensThatReachTheDatabase) {
     put(u"editors/CMakeLists.txt"_s,
         "kelvane_sources(\n    kelvane_screens\n    form.cpp\n    list/form.cpp)\n");
     put(u"workflow/CMakeLists.txt"_s, "kelvane_sources(kelvane_core list.cpp)\n"
@@ -239,19 +270,16 @@ TEST_F(SourceTree, ReportsStatementsInScreens) {
     put(u"data/session.h"_s);
     put(u"editors/form.h"_s, "#include \"data/session.h\"\n");
     put(u"editors/form.cpp"_s, "#include \"editors/form.h\"\n#include \"data/routine.h\"\n");
-    put(u"editors/list/form.cpp"_s, "#include \"data/session.h\"\n"
-                                    "session.SharedConnection->execute(u\"delete from mt.x;commit\"_s);\n"
-                                    "button(u\"CommandSelect\"_s, text); // select one\n");
+    put(u"editors/list/form.cpp"_s, "#include \"data/session.h\"\nsession.SharedConnection->close();\n");
     put(u"workflow/list.h"_s, "Connection& sharedConnection(Session& session);\n");
-    put(u"workflow/list.cpp"_s, "#include \"data/routine.h\"\nselect(u\"select a from mt.b\");\n");
-    put(u"workflow/form.h"_s, "const auto query = \"Update mt.b set a = 1\";\n");
+    put(u"workflow/list.cpp"_s, "#include \"data/routine.h\"\n");
+    put(u"workflow/form.h"_s, "const auto& connection = sharedConnection(session);\n");
     put(u"workflow/form.cpp"_s, "#include \"workflow/form.h\"\n#include \"workflow/list.h\"\n");
-    EXPECT_EQ(statementsInScreens(QDir(folder.path())),
+    EXPECT_EQ(databaseInScreens(QDir(folder.path())),
               (QStringList{
-                  u"workflow/form.h: \"Update mt.b set a = 1\""_s,
+                  u"workflow/form.h: uses the shared connection"_s,
                   u"editors/form.cpp > data/routine.h > platform/database/sql.h"_s,
-                  u"editors/list/form.cpp: \"delete from mt.x;commit\""_s,
-                  u"editors/list/form.cpp: SharedConnection"_s,
+                  u"editors/list/form.cpp: uses the shared connection"_s,
               }));
 }
 

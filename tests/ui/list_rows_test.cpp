@@ -133,6 +133,24 @@ TEST_F(ListRows, RepeatedReturnMovesOneRowAfterTheOther) {
     EXPECT_EQ(list.count(), 0);
 }
 
+TEST_F(ListRows, DeleteIsHeardWhileTheListHasTheFocus) {
+    QWidget window;
+    auto* rows = new QListWidget(&window);
+    auto* beside = new QListWidget(&window);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    int presses = 0;
+    onDelete(rows, ui, [&] { ++presses; });
+    beside->setFocus();
+    QTest::keyClick(beside, Qt::Key_Delete);
+    EXPECT_EQ(presses, 0);
+    rows->setFocus();
+    QTest::keyClick(rows, Qt::Key_Delete);
+    EXPECT_EQ(presses, 1);
+    QTest::keyClick(rows, Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(presses, 1);
+}
+
 TEST_F(ListRows, AnErrorOfTheHandlerEndsThere) {
     onRowChosen(&list, ui, [](int) { throw makeError(ErrorNumber::pathFileAccess); });
     list.setCurrentRow(0);

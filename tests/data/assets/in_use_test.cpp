@@ -1,5 +1,6 @@
 #include "data/assets/in_use.h"
 
+#include "data/routine.h"
 #include "testkit/fixtures.h"
 
 using namespace Qt::StringLiterals;
@@ -163,6 +164,43 @@ TEST_F(InUse, AStandardWithoutAssetNumberIsReported) {
     script.answers[standardsOfAsset] = {{u"STD-1"_s}, {std::nullopt}};
     ui.expectReport(94, u"ModuleGlobals,GetInUseData"_s);
     EXPECT_EQ(GetStandardsInUse(session, u"PT-1"_s), QStringList{u"STD-1"_s}) << "what was read";
+}
+
+namespace {
+
+const auto lastStandardOfAsset =
+    u"select i4201 from MT.inventory where mtag = (select standard_mtag from mt.hvm_kv_last_standards_used "
+    "where mtag = (select mtag from MT.inventory where i4201 = 'PT-1'))"_s;
+
+} // namespace
+
+TEST_F(InUse, StandardsOfAnInstrumentAreWrittenAndForgottenByTheirAssetNumbers) {
+    Routine routine(session, u"Test,Standards"_s);
+    addStandardInUse(session, routine, u"STD-1"_s, u"PT-1"_s);
+    clearStandardsInUse(session, routine, u"PT-1"_s);
+    addLastStandard(session, routine, u"STD-1"_s, u"PT-1"_s);
+    forgetLastStandard(session, routine, u"PT-1"_s);
+    const auto standard = u"(select mtag from MT.inventory where i4201 = 'STD-1')"_s;
+    const auto asset = u"(select mtag from MT.inventory where i4201 = 'PT-1')"_s;
+    EXPECT_EQ(
+        script.statements,
+        (QStringList{
+            u"insert into mt.hvm_kv_task_standards_inuse (standard_mtag,entered_date,mtag) values (%1,now(*),%2);commit"_s
+                .arg(standard, asset),
+            u"delete from mt.hvm_kv_task_standards_inuse where mtag = %1;commit"_s.arg(asset),
+            u"insert into mt.hvm_kv_last_standards_used (standard_mtag,entered_date,mtag) values (%1,now(*),%2);commit"_s
+                .arg(standard, asset),
+            u"delete from mt.hvm_kv_last_standards_used where mtag = %1;commit"_s.arg(asset)}));
+}
+
+TEST_F(InUse, TheLastStandardOfAnInstrumentIsEmptyWhenItIsNotKnown) {
+    Routine routine(session, u"Test,Standards"_s);
+    EXPECT_EQ(lastStandard(session, routine, u"PT-1"_s), QString());
+    script.answers[lastStandardOfAsset] = {{u"STD-1"_s}};
+    EXPECT_EQ(lastStandard(session, routine, u"PT-1"_s), u"STD-1"_s);
+    EXPECT_EQ(script.firstRowOnly, (QStringList{lastStandardOfAsset, lastStandardOfAsset}));
+    script.answers[lastStandardOfAsset] = {{std::nullopt}};
+    EXPECT_THROW(lastStandard(session, routine, u"PT-1"_s), Error);
 }
 
 namespace {

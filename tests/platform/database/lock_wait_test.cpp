@@ -1,3 +1,5 @@
+#include "platform/database/lock_wait.h"
+
 #include "platform/database/engine_adapter.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/database/odbc_link.h"

@@ -1,4 +1,4 @@
-#include "worksheets/worksheet_data.h"
+#include "data/worksheets/worksheet_data.h"
 
 #include "testkit/fixtures.h"
 #include "testkit/scripted_params.h"

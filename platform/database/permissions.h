@@ -8,6 +8,8 @@ namespace kelvane {
 /// send: one that defines, attaches or sets something or moves a transaction by itself, one that reads or
 /// writes a table beside those of the owners (the accounts, the engine's own), one that calls a function
 /// which is not on the list. What is merely wrong is left to the engine.
-void requirePermitted(TokenSpan statement);
+void requirePermittedEmbedded(TokenSpan statement);
+/// The same for the shared engine, beside the rights that its server gives the login.
+void requirePermittedShared(TokenSpan statement);
 
 } // namespace kelvane

@@ -1,10 +1,11 @@
-#include "platform/database/embedded_permissions.h"
+#include "platform/database/permissions.h"
 
 #include "platform/error.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -15,11 +16,24 @@ namespace {
 
 // Each table is in alphabetical order.
 
-/// The words that begin the engine's other statements.
-constexpr QLatin1StringView refusedBeginnings[] = {
+using Words = std::span<const QLatin1StringView>;
+
+/// The words that begin the embedded engine's other statements.
+constexpr QLatin1StringView embeddedBeginnings[] = {
     "alter"_L1,   "analyze"_L1,  "attach"_L1,    "begin"_L1,   "commit"_L1, "create"_L1,
     "detach"_L1,  "drop"_L1,     "end"_L1,       "explain"_L1, "pragma"_L1, "reindex"_L1,
     "release"_L1, "rollback"_L1, "savepoint"_L1, "vacuum"_L1,
+};
+
+/// And those of the shared one.
+constexpr QLatin1StringView sharedBeginnings[] = {
+    "abort"_L1,   "alter"_L1,   "analyse"_L1,  "analyze"_L1,   "begin"_L1,    "call"_L1,    "checkpoint"_L1,
+    "close"_L1,   "cluster"_L1, "comment"_L1,  "commit"_L1,    "copy"_L1,     "create"_L1,  "deallocate"_L1,
+    "declare"_L1, "discard"_L1, "do"_L1,       "drop"_L1,      "end"_L1,      "execute"_L1, "explain"_L1,
+    "fetch"_L1,   "grant"_L1,   "import"_L1,   "listen"_L1,    "load"_L1,     "lock"_L1,    "merge"_L1,
+    "move"_L1,    "notify"_L1,  "prepare"_L1,  "reassign"_L1,  "refresh"_L1,  "reindex"_L1, "release"_L1,
+    "reset"_L1,   "revoke"_L1,  "rollback"_L1, "savepoint"_L1, "security"_L1, "set"_L1,     "show"_L1,
+    "start"_L1,   "table"_L1,   "truncate"_L1, "unlisten"_L1,  "vacuum"_L1,
 };
 
 /// What a statement may call: aggregates, texts, numbers, dates, nulls, positions among rows, and the
@@ -56,16 +70,35 @@ constexpr QLatin1StringView endsOfTables[] = {
 };
 
 /// The schemas beside those of the owners.
-constexpr QLatin1StringView refusedSchemas[] = {"main"_L1, "temp"_L1};
+constexpr QLatin1StringView embeddedSchemas[] = {"main"_L1, "temp"_L1};
+constexpr QLatin1StringView sharedSchemas[] = {"dialect"_L1, "information_schema"_L1, "kelvane"_L1,
+                                               "public"_L1};
 /// What stands in `main`, and what the engine answers to without a schema.
-constexpr QLatin1StringView refusedTables[] = {"accounts"_L1, "dbstat"_L1, "kelvane_upgrades"_L1};
-/// How the engine's own tables begin.
-constexpr QLatin1StringView refusedTableBeginnings[] = {"pragma_"_L1, "sqlite_"_L1};
+constexpr QLatin1StringView embeddedTables[] = {"accounts"_L1, "dbstat"_L1, "kelvane_upgrades"_L1};
+/// How the names of the engine's own tables and schemas begin.
+constexpr QLatin1StringView embeddedNames[] = {"pragma_"_L1, "sqlite_"_L1};
+constexpr QLatin1StringView sharedNames[] = {"pg_"_L1};
 
-template <std::size_t length>
-bool contains(const QLatin1StringView (&words)[length], QStringView word) {
-    return std::any_of(std::begin(words), std::end(words), [&](QLatin1StringView entry) {
+/// What an engine has that no statement may use.
+struct Refused {
+    Words beginnings;
+    Words schemas;
+    Words tables;
+    Words namesBeginningWith;
+};
+
+constexpr Refused embedded{embeddedBeginnings, embeddedSchemas, embeddedTables, embeddedNames};
+constexpr Refused shared{sharedBeginnings, sharedSchemas, {}, sharedNames};
+
+bool contains(Words words, QStringView word) {
+    return std::ranges::any_of(words, [&](QLatin1StringView entry) {
         return word.size() == entry.size() && word.compare(entry, Qt::CaseInsensitive) == 0;
+    });
+}
+
+bool beginsWithOneOf(Words beginnings, QStringView name) {
+    return std::ranges::any_of(beginnings, [&](QLatin1StringView beginning) {
+        return name.startsWith(beginning, Qt::CaseInsensitive);
     });
 }
 
@@ -75,10 +108,10 @@ bool contains(const QLatin1StringView (&words)[length], QStringView word) {
 
 class Permissions {
   public:
-    explicit Permissions(TokenSpan tokens) : tokens_(tokens), levels_(1) {}
+    Permissions(TokenSpan tokens, const Refused& refused) : tokens_(tokens), refused_(refused), levels_(1) {}
 
     void require() {
-        if (tokens_.front().kind == TokenKind::word && contains(refusedBeginnings, tokens_.front().text))
+        if (tokens_.front().kind == TokenKind::word && contains(refused_.beginnings, tokens_.front().text))
             refuse(TextId::statementNotAllowed, tokens_.front().text.toString());
         for (at_ = 0; at_ < tokens_.size(); ++at_)
             step(tokens_[at_]);
@@ -151,9 +184,13 @@ class Permissions {
             table();
         } else if (symbolAt(at_ + 1, u'(')) {
             checkCall(token);
-        } else if (symbolAt(at_ + 1, u'.') && contains(refusedSchemas, token.name())) {
+        } else if (symbolAt(at_ + 1, u'.') && isRefusedSchema(token.name())) {
             refuse(TextId::tableNotAllowed, token.name());
         }
+    }
+
+    bool isRefusedSchema(const QString& name) const {
+        return contains(refused_.schemas, name) || beginsWithOneOf(refused_.namesBeginningWith, name);
     }
 
     /// The table whose name begins here; goes on to its last token.
@@ -163,12 +200,9 @@ class Permissions {
         at_ += owned ? 2 : 0;
         const auto& last = tokens_[at_];
         const auto table = last.kind == TokenKind::text ? last.text.toString() : last.name();
-        const bool engines = std::any_of(
-            std::begin(refusedTableBeginnings), std::end(refusedTableBeginnings),
-            [&](QLatin1StringView beginning) { return table.startsWith(beginning, Qt::CaseInsensitive); });
         const bool called = symbolAt(at_ + 1, u'(') && !levels_.back().columnsMayFollow;
-        if (contains(refusedSchemas, schema) || contains(refusedTables, table) || engines || called ||
-            last.kind == TokenKind::text)
+        if (isRefusedSchema(schema) || contains(refused_.tables, table) ||
+            beginsWithOneOf(refused_.namesBeginningWith, table) || called || last.kind == TokenKind::text)
             refuse(TextId::tableNotAllowed, owned ? schema + u'.' + table : table);
     }
 
@@ -196,15 +230,21 @@ class Permissions {
     }
 
     TokenSpan tokens_;
+    const Refused& refused_;
     std::size_t at_ = 0;
     std::vector<Level> levels_;
 };
 
 } // namespace
 
-void requirePermitted(TokenSpan statement) {
+void requirePermittedEmbedded(TokenSpan statement) {
     if (!statement.empty())
-        Permissions(statement).require();
+        Permissions(statement, embedded).require();
+}
+
+void requirePermittedShared(TokenSpan statement) {
+    if (!statement.empty())
+        Permissions(statement, shared).require();
 }
 
 } // namespace kelvane

@@ -1,4 +1,4 @@
-#include "worksheets/worksheet_data.h"
+#include "data/worksheets/worksheet_data.h"
 
 #include "data/parameters/cal_param_columns.h"
 #include "data/parameters/prompt_macros.h"

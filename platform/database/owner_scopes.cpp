@@ -1,4 +1,4 @@
-#include "platform/database/embedded_scopes.h"
+#include "platform/database/owner_scopes.h"
 
 #include <algorithm>
 #include <initializer_list>

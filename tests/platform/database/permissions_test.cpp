@@ -1,4 +1,4 @@
-#include "platform/database/embedded_permissions.h"
+#include "platform/database/permissions.h"
 
 #include "platform/database/embedded_dialect.h"
 #include "resources/strings.h"
