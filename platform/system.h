@@ -27,6 +27,14 @@ bool flushToDisk(QFile& file);
 /// The same for the names in a folder: a new file's name would otherwise not survive a power failure.
 void flushFolder(const QString& path);
 
+/// How a try to lock a byte of a file has ended.
+enum class ByteLock { taken, heldElsewhere, failed };
+/// Tries to lock the byte at `offset`, which the file need not have. Nobody else who has opened the file, in
+/// this process or another, gets the same byte until `unlockByte`, the closing of `file`, or the end of the
+/// process.
+ByteLock lockByte(QFile& file, qint64 offset);
+void unlockByte(QFile& file, qint64 offset);
+
 /// Waits until a serial port, by its handle, has sent everything. Does nothing where closing waits for that.
 void drainSerialPort(qintptr handle);
 

@@ -3,6 +3,7 @@
 #include <QFile>
 
 #include <array>
+#include <cerrno>
 #include <memory>
 
 #include <crypt.h>
@@ -30,6 +31,30 @@ void flushFolder(const QString& path) {
         return;
     ::fsync(folder);
     ::close(folder);
+}
+
+namespace {
+
+/// Locks of the open file, not of the process: two connections of one process keep each other out, too.
+bool setByteLock(QFile& file, qint64 offset, short type) {
+    struct flock range {};
+    range.l_type = type;
+    range.l_whence = SEEK_SET;
+    range.l_start = offset;
+    range.l_len = 1;
+    return ::fcntl(file.handle(), F_OFD_SETLK, &range) == 0;
+}
+
+} // namespace
+
+ByteLock lockByte(QFile& file, qint64 offset) {
+    if (setByteLock(file, offset, F_WRLCK))
+        return ByteLock::taken;
+    return errno == EAGAIN || errno == EACCES ? ByteLock::heldElsewhere : ByteLock::failed;
+}
+
+void unlockByte(QFile& file, qint64 offset) {
+    setByteLock(file, offset, F_UNLCK);
 }
 
 void drainSerialPort(qintptr handle) {

@@ -1,3 +1,5 @@
+#include "testkit/run_tests.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -8,5 +10,5 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     const QCoreApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // as the program does
-    return RUN_ALL_TESTS();
+    return kelvane::testing::runTests();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/connection.h"
+#include "testkit/open_connections.h"
 
 #include <QHash>
 #include <QTemporaryDir>
@@ -31,14 +31,5 @@ class EmbeddedDatabase {
     QTemporaryDir folder_;
     QString dsn_;
 };
-
-/// Connections that let `queryRows` and `executeAnything` pass by their adapter.
-ConnectionFactory openConnections();
-
-/// Carries out a statement of a test, permitted to routines or not.
-void executeAnything(Connection& connection, const QString& statement);
-/// All rows of a query, permitted to routines or not, the first columns of each joined with "|"; a null is
-/// "(null)".
-QStringList queryRows(Connection& connection, const QString& query, int columns = 1);
 
 } // namespace kelvane::testing

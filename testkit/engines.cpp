@@ -61,17 +61,25 @@ class AdaptedConnection final : public Connection {
 
 void EngineSession::useEngine(Engine engine) {
     engine_ = engine;
-    auto connection = isEmbedded()
+    auto connection = hasDatabase()
                           ? std::move(session.SharedConnection)
                           : std::make_unique<AdaptedConnection>(u"Adaptive Server Anywhere"_s, answer);
     session.SharedConnection = std::make_unique<OverheardConnection>(
         std::move(connection), [this](const QString& statement) { sent << statement; });
-    for (const auto& file : QDir(database.path()).entryList({u"*.db"_s}, QDir::Files, QDir::Name))
-        files_.push_back(std::make_unique<OdbcLink>(u"Driver=SQLite3;Database="_s + database.file(file),
+    if (database.isShared())
+        return;
+    const auto& files = database.embedded();
+    for (const auto& file : QDir(files.path()).entryList({u"*.db"_s}, QDir::Files, QDir::Name))
+        files_.push_back(std::make_unique<OdbcLink>(u"Driver=SQLite3;Database="_s + files.file(file),
                                                     QString(), QString()));
 }
 
-QStringList EngineSession::versions() const {
+QStringList EngineSession::versions() {
+    return database.isShared() ? tableVersions() : fileVersions();
+}
+
+/// How often each file has changed.
+QStringList EngineSession::fileVersions() {
     QStringList found;
     for (const auto& file : files_) {
         const auto rows = file->select(u"pragma data_version"_s, Rows::all);
@@ -79,6 +87,16 @@ QStringList EngineSession::versions() const {
         found << rows->value(0).value_or(QString());
     }
     return found;
+}
+
+/// The number of rows of each table, and the last transaction that wrote one of them.
+QStringList EngineSession::tableVersions() {
+    if (versionsQuery_.isEmpty())
+        versionsQuery_ = rows(u"select string_agg('select count(*), max(xmin::text::bigint) from ' || "
+                              "oid::regclass, ' union all ' order by oid) from pg_class where relkind = 'r' and "
+                              "relnamespace::regnamespace::text in ('mt', 'std', 'abc')"_s)
+                             .value(0);
+    return rows(versionsQuery_, 2);
 }
 
 void EngineSession::expectRefusal(const QString& value, const QStringList& routines,

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 LoggedInSession::LoggedInSession(UserInterface& ui, ConnectionFactory connections)
-    : database(demoDatabase()), session({ui, clock, settings}, std::move(connections)) {
+    : session({ui, clock, settings}, std::move(connections)) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;
@@ -35,11 +35,11 @@ void LoggedInSession::useOwner(const QString& user, const QString& owner) {
 }
 
 void LoggedInSession::execute(const QString& statement) {
-    executeAnything(sharedConnection(session), statement);
+    database.execute(sharedConnection(session), statement);
 }
 
 QStringList LoggedInSession::rows(const QString& query, int columns) {
-    return queryRows(sharedConnection(session), query, columns);
+    return database.rows(sharedConnection(session), query, columns);
 }
 
 QString LoggedInSession::value(const QString& query) {

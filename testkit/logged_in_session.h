@@ -1,7 +1,7 @@
 #pragma once
 
-#include "testkit/embedded_database.h"
 #include "testkit/fixtures.h"
+#include "testkit/test_database.h"
 
 namespace kelvane::testing {
 
@@ -40,7 +40,7 @@ class LoggedInSession {
     OwnFolder folder;
     SessionClock clock;
     MemorySettings settings;
-    EmbeddedDatabase database;
+    TestDatabase database;
     Session session;
 };
 

@@ -1,3 +1,5 @@
+#include "testkit/run_tests.h"
+
 #include <QApplication>
 #include <QFont>
 
@@ -30,5 +32,5 @@ int main(int argc, char** argv) {
     // The same letters on every machine, in the size of a plain desktop at 96 dots per inch.
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
     qInstallMessageHandler(takeMessage);
-    return RUN_ALL_TESTS();
+    return kelvane::testing::runTests();
 }

@@ -34,10 +34,7 @@ void UploadLab::configure(const QString& mtag, const QString& changes) {
 }
 
 QStringList UploadLab::column(const QString& query) {
-    QStringList found;
-    for (const auto rows = sharedConnection(session).select(query); rows->next();)
-        found << rows->value(0).value_or(QStringLiteral("(null)"));
-    return found;
+    return rows(query);
 }
 
 QStringList UploadLab::records(const QString& expression) {
@@ -61,7 +58,7 @@ QStringList UploadLab::lines() {
 
 QStringList UploadLab::standards() {
     return column(
-        QStringLiteral("select c2430 from mt.standards where ctag >= %1 order by rowid").arg(firstRecord));
+        QStringLiteral("select c2430 from mt.standards where ctag >= %1 order by %2").arg(firstRecord).arg(database.rowOrder()));
 }
 
 void UploadLab::expectFailureBox(const QString& words, const QString& name) {

@@ -1,38 +1,61 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
-# than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Usage:
-# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -P register_suites.cmake
-execute_process(
-    COMMAND ${PROGRAM} --gtest_list_tests
-    OUTPUT_VARIABLE listing
-    TIMEOUT 60 COMMAND_ERROR_IS_FATAL ANY)
-# What a list of CMake would take for its own.
-foreach(mark ";" "[" "]")
-    string(REPLACE "${mark}" "_" listing "${listing}")
-endforeach()
-string(REPLACE "\n" ";" lines "${listing}")
+# than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Those of the
+# filter DATABASE come a second time, for the shared engine on the server in the folder SERVER. Usage:
+# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D SERVER=... -P register_suites.cmake
 
-set(filters "")
-foreach(line IN LISTS lines)
-    set(isTyped FALSE)
-    if(line MATCHES " # TypeParam")
-        set(isTyped TRUE)
-    endif()
-    string(REGEX REPLACE " +#.*" "" line "${line}")
-    if(line MATCHES "^([A-Za-z0-9_/]+\\.)$")
-        set(suite "${CMAKE_MATCH_1}")
-        if(isTyped OR NOT suite MATCHES "/")
-            list(APPEND filters "${suite}*")
-            set(suite "")
+# Filters, one for each suite or test to register, of those that `filter` lets pass.
+function(list_filters result filter)
+    execute_process(
+        COMMAND ${PROGRAM} --gtest_list_tests --gtest_filter=${filter}
+        OUTPUT_VARIABLE listing
+        TIMEOUT 60 COMMAND_ERROR_IS_FATAL ANY)
+    # What a list of CMake would take for its own.
+    foreach(mark ";" "[" "]")
+        string(REPLACE "${mark}" "_" listing "${listing}")
+    endforeach()
+    string(REPLACE "\n" ";" lines "${listing}")
+
+    set(filters "")
+    foreach(line IN LISTS lines)
+        set(isTyped FALSE)
+        if(line MATCHES " # TypeParam")
+            set(isTyped TRUE)
         endif()
-    elseif(suite AND line MATCHES "^  (.+)$")
-        list(APPEND filters "${suite}${CMAKE_MATCH_1}")
-    endif()
-endforeach()
+        string(REGEX REPLACE " +#.*" "" line "${line}")
+        if(line MATCHES "^([A-Za-z0-9_/]+\\.)$")
+            set(suite "${CMAKE_MATCH_1}")
+            if(isTyped OR NOT suite MATCHES "/")
+                list(APPEND filters "${suite}*")
+                set(suite "")
+            endif()
+        elseif(suite AND line MATCHES "^  (.+)$")
+            list(APPEND filters "${suite}${CMAKE_MATCH_1}")
+        endif()
+    endforeach()
+    set(${result}
+        ${filters}
+        PARENT_SCOPE)
+endfunction()
 
 set(content "")
+list_filters(filters *)
 foreach(filter IN LISTS filters)
     string(REGEX REPLACE "\\.\\*$" "" test "${NAME}.${filter}")
     string(APPEND content "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}]=] --gtest_brief=1)\n"
-           "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS ${NAME})\n")
+           "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS ${NAME}\n"
+           "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${DATABASE}]=])\n")
 endforeach()
+if(DATABASE)
+    list_filters(filters ${DATABASE})
+    string(REGEX MATCH "-.*" exceptions "${DATABASE}")
+    foreach(filter IN LISTS filters)
+        string(REGEX REPLACE "\\.\\*$" "" test "shared.${NAME}.${filter}")
+        string(
+            APPEND content
+            "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}:${exceptions}]=] --gtest_brief=1)\n"
+            "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${NAME};shared\"\n"
+            "    FIXTURES_REQUIRED shared_server SKIP_RETURN_CODE 77\n"
+            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER}]=])\n")
+    endforeach()
+endif()
 file(WRITE ${OUTPUT} "${content}")

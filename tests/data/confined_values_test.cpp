@@ -22,7 +22,7 @@ class ConfinedValues : public EngineSession, public ::testing::WithParamInterfac
     /// Changes the demonstration data, where the session stands on them; "%1" is the value for between
     /// quotes.
     void prepare(const QString& statement, const QString& value) {
-        if (isEmbedded())
+        if (hasDatabase())
             execute(statement.arg(QString(value).replace(u"'"_s, u"''"_s)) + u";commit"_s);
     }
     CalField& put(int row, const QString& column, const QString& value = {}, qint16 type = 0) {
@@ -202,7 +202,7 @@ TEST_P(ConfinedValues, AnUnquotedAssetIsSentOnlyWhereItChangesNothing) {
                               u"a/*"_s, u"x) or (1"_s, u"a--b"_s})
         expectRefusal(asset, {name("DestColumn")}, [&] { DestColumn(session, u"C2326"_s, asset, {}); });
     sent.clear();
-    if (isEmbedded())
+    if (hasDatabase())
         ui.expectReport(1, name("DestColumn"));
     DestColumn(session, u"C2326"_s, u"PT-101"_s, {});
     EXPECT_EQ(
@@ -281,7 +281,7 @@ TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlread
                 << "the record goes before its children";
             for (const auto& statement : std::as_const(sent))
                 EXPECT_FALSE(statement.contains(value)) << statement.toStdString();
-            if (isEmbedded())
+            if (hasDatabase())
                 execute(
                     u"delete from MT.calibration where mtag = (select mtag from MT.inventory where i4201 = "
                     "'PT-101');commit"_s);
@@ -292,10 +292,10 @@ TEST_P(ConfinedValues, AResultLineAndAStandardAreTheSyntaxErrorOfTheRecordAlread
 TEST_P(ConfinedValues, AResultLineWithQuotesInPairsIsStoredAsOneLine) {
     fillRecord();
     record.RecordResults[0] = u"x'',0,0,0); delete from mt.standards; --''"_s;
-    const auto standards = isEmbedded() ? value(u"select count(*) from mt.standards"_s) : QString();
+    const auto standards = hasDatabase() ? value(u"select count(*) from mt.standards"_s) : QString();
     CreateCalRecord(session, record, u"PT-101"_s);
     EXPECT_TRUE(sent.join(u'\n').contains(u"values ('x'',0,0,0); delete from mt.standards; --'''"_s));
-    if (isEmbedded()) {
+    if (hasDatabase()) {
         EXPECT_EQ(value(u"select count(*) from mt.standards"_s), standards);
         EXPECT_EQ(value(u"select c2501 from mt.calresults where c2501 like 'x%'"_s),
                   u"x',0,0,0); delete from mt.standards; --'"_s);
@@ -311,11 +311,11 @@ TEST_P(ConfinedStoredValues, AFieldToCopyIsTheSyntaxErrorOfItsColumn) {
     expectRefusal(source, {name("SourceColumn")}, [&] { SetCalDataFields(session, record, u"PT-101"_s); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ConfinedValues, ::testing::Values(Engine::embedded, Engine::verbatim),
+INSTANTIATE_TEST_SUITE_P(Engines, ConfinedValues, ::testing::Values(Engine::own, Engine::verbatim),
                          [](const auto& test) {
-                             return test.param == Engine::embedded ? "embedded" : "verbatim";
+                             return test.param == Engine::own ? "own" : "verbatim";
                          });
-INSTANTIATE_TEST_SUITE_P(Engines, ConfinedStoredValues, ::testing::Values(Engine::embedded),
+INSTANTIATE_TEST_SUITE_P(Engines, ConfinedStoredValues, ::testing::Values(Engine::own),
                          [](const auto&) { return "embedded"; });
 
 } // namespace kelvane::testing

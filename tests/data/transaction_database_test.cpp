@@ -49,7 +49,7 @@ TEST_F(TransactionOnDatabase, ABlockThatEndsWithoutACommitLeavesWhatWasStored) {
 
 TEST_F(TransactionOnDatabase, ARefusedInsertIsReportedAndLeavesWhatWasStored) {
     ASSERT_TRUE(save(first));
-    ui.expectReport(19, u"Form,Save"_s);
+    ui.expectReport(database.refusedRow(), u"Form,Save"_s);
     EXPECT_FALSE(save(u"insert into mt.hvm_kv_tag_config (mtag,input_low) values ('x','abc');commit"));
     EXPECT_EQ(stored(), u"first"_s);
     EXPECT_TRUE(save(second)) << "the connection goes on";
@@ -83,11 +83,11 @@ TEST_F(TransactionOnDatabase, AConnectionThatIsLostInABlockStoresNothingAndEndsT
     EXPECT_FALSE(routine.run([&] {
         Transaction transaction(session);
         routine.execute(u"delete from mt.hvm_kv_prompts where pname = 'SAVED';commit");
-        ASSERT_TRUE(QFile::rename(database.file(u"sys.db"_s), database.file(u"away"_s)));
+        ASSERT_TRUE(QFile::rename(database.embedded().file(u"sys.db"_s), database.embedded().file(u"away"_s)));
         transaction.commit();
     }));
     EXPECT_FALSE(session.SessionConnected);
-    ASSERT_TRUE(QFile::rename(database.file(u"away"_s), database.file(u"sys.db"_s)));
+    ASSERT_TRUE(QFile::rename(database.embedded().file(u"away"_s), database.embedded().file(u"sys.db"_s)));
     EXPECT_EQ(stored(), u"first"_s);
     database.connect()->execute(u"update mt.hvm_kv_prompts set prompt = 'other';commit"_s);
     EXPECT_EQ(stored(), u"other"_s) << "the lost connection holds no lock";

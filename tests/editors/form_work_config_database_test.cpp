@@ -16,7 +16,11 @@ class WorkConfigInTheDatabase : public DatabaseSession {
     QStringList requested() { return rowsOf(screen.requested()); }
     /// The stored fields, each behind its position.
     QStringList stored() {
-        return values(u"select printf('%02d:', sequence) || fldnum from mt.hvm_kv_worksheetfields"_s);
+        QStringList fields;
+        for (const auto& row : rows(u"select sequence,fldnum from mt.hvm_kv_worksheetfields"_s, 2))
+            fields << row.section(u'|', 0, 0).rightJustified(2, u'0') + u':' + row.section(u'|', 1);
+        fields.sort();
+        return fields;
     }
     QStringList switches() {
         return values(u"select allow_ooc_stds || allow_poor_trace_stds from mt.hvm_kv_sysconfig"_s);

@@ -18,7 +18,7 @@ class EndToEndWithADatabaseFault : public TorqueEndToEnd {
     }
 
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
-    CorruptibleFile mt{database.file(u"mt.db"_s)};
+    CorruptibleFile mt{database.embedded().file(u"mt.db"_s)};
 };
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
@@ -124,7 +124,7 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
 /// Another workstation holds the write lock.
 class EndToEndWithALockedDatabase : public EndToEndWithADatabaseFault {
   protected:
-    OtherWriter other{database.file(u"mt.db"_s)};
+    OtherWriter other{database.embedded().file(u"mt.db"_s)};
 };
 
 TEST_F(EndToEndWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAndCanBeListedLater) {

@@ -106,8 +106,9 @@ class DyingAtAMoment : public DyingWorkstation, public ::testing::WithParamInter
     DyingAtAMoment() { restart({u"TW-101"_s}); }
 
     QString inventory() {
-        return rows(u"select (i4230 is '2021-06-16') + (i4231 is '2022-06-16') + (i4224 is null) + (i4225 is "
-                    "null) from mt.inventory where i4201 = 'TW-101'"_s)
+        return rows(u"select case when i4230 = '2021-06-16' then 1 else 0 end + case when i4231 = '2022-06-16' "
+                    "then 1 else 0 end + case when i4224 is null then 1 else 0 end + case when i4225 is null "
+                    "then 1 else 0 end from mt.inventory where i4201 = 'TW-101'"_s)
             .value(0);
     }
 };

@@ -87,7 +87,7 @@ void EndToEndTest::makeRecords() {
 }
 
 QStringList EndToEndTest::rows(const QString& query, int columns) {
-    return queryRows(sharedConnection(session), query, columns);
+    return database.rows(sharedConnection(session), query, columns);
 }
 
 QStringList EndToEndTest::registered() {

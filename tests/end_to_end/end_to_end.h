@@ -3,7 +3,7 @@
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/fluke74x/dpclnk3_library.h"
 #include "platform/database/odbc_connection.h"
-#include "testkit/embedded_database.h"
+#include "testkit/test_database.h"
 #include "tests/end_to_end/connected_workstation.h"
 #include "tests/end_to_end/database_trouble.h"
 #include "tests/end_to_end/line_clock.h"
@@ -63,7 +63,7 @@ class EndToEndTest : public ::testing::Test {
 
     /// The rows of a query, columns joined with "|".
     QStringList rows(const QString& query, int columns = 1);
-    void execute(const QString& statement) { executeAnything(sharedConnection(session), statement); }
+    void execute(const QString& statement) { database.execute(sharedConnection(session), statement); }
     /// The instruments that are registered with the calibrator.
     QStringList registered();
     /// The standards that are in use with an instrument.
@@ -85,7 +85,7 @@ class EndToEndTest : public ::testing::Test {
     OwnFolder folder;
     LineClock clock;
     ScriptedUserInterface ui;
-    EmbeddedDatabase database{demoDatabase(), databaseSettings()};
+    TestDatabase database{databaseSettings()};
     simulators::SimulatorFolder simulatorFolder;
     ConnectedWorkstation workplace{ui, clock, database.dsn(), simulatorFolder.link(), openConnections()};
     Session& session = workplace.session;

@@ -16,8 +16,8 @@ class FlukeEndToEndWithADatabaseFault : public FlukeEndToEnd {
         carryOut(twoRuns());
     }
 
-    CorruptibleFile mt{database.file(u"mt.db"_s)};
-    OtherWriter other{database.file(u"mt.db"_s)};
+    CorruptibleFile mt{database.embedded().file(u"mt.db"_s)};
+    OtherWriter other{database.embedded().file(u"mt.db"_s)};
 };
 
 TEST_F(FlukeEndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {

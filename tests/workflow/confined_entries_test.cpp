@@ -85,9 +85,9 @@ TEST_P(ConfinedEntries, AUserNameThatEndsItsQuotesIsTheSyntaxErrorOfTheLogin) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ConfinedEntries, ::testing::Values(Engine::embedded, Engine::verbatim),
+INSTANTIATE_TEST_SUITE_P(Engines, ConfinedEntries, ::testing::Values(Engine::own, Engine::verbatim),
                          [](const auto& test) {
-                             return test.param == Engine::embedded ? "embedded" : "verbatim";
+                             return test.param == Engine::own ? "own" : "verbatim";
                          });
 
 } // namespace kelvane::testing

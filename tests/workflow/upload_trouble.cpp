@@ -52,7 +52,7 @@ void TroubleSource::after() const {
 }
 
 UploadInTrouble::UploadInTrouble()
-    : database(demoDatabase()), session({ui, clock, settings}, [this] {
+    : session({ui, clock, settings}, [this] {
           return std::make_unique<TroubledConnection>(odbcConnections()(), maker);
       }) {
     session.SessionDataSource = database.dsn();
@@ -71,7 +71,7 @@ const QString& UploadInTrouble::day() {
 }
 
 QStringList UploadInTrouble::rows(const QString& query, int columns) {
-    return queryRows(sharedConnection(session), query, columns);
+    return database.rows(sharedConnection(session), query, columns);
 }
 
 /// The records of the moment, each with what belongs to it.

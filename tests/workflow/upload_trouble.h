@@ -1,11 +1,11 @@
 #pragma once
 
-#include "testkit/embedded_database.h"
 #include "testkit/fixtures.h"
 #include "testkit/forwarding_connection.h"
 #include "testkit/line_peer.h"
 #include "testkit/quiet_operator.h"
 #include "testkit/recorded_link.h"
+#include "testkit/test_database.h"
 #include "workflow/unfinished_results.h"
 
 namespace kelvane::testing {
@@ -80,7 +80,7 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     QList<Instrument> instruments;
 
     QStringList rows(const QString& query, int columns = 1);
-    void execute(const QString& statement) { sharedConnection(session).execute(statement); }
+    void execute(const QString& statement) { database.execute(sharedConnection(session), statement); }
 
     static const QString& day();
     QString time;
@@ -89,7 +89,7 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     SetClock clock;
     MemorySettings settings;
     QuietOperator ui;
-    EmbeddedDatabase database;
+    TestDatabase database;
     TroubleSource maker;
     Session session;
 

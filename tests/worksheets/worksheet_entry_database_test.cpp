@@ -39,7 +39,7 @@ class WorksheetInTheDatabase : public DatabaseSession {
                         .arg(firstRecord));
     }
     QStringList standards() {
-        return rows(u"select c2430 from mt.standards where ctag >= %1 order by rowid"_s.arg(firstRecord));
+        return rows(u"select c2430 from mt.standards where ctag >= %1 order by %2"_s.arg(firstRecord).arg(database.rowOrder()));
     }
 
     int firstRecord = 0;

@@ -83,7 +83,7 @@ TEST_F(CalParamsOnDatabase, TheIndicatedFlagsAreNotSwapped) {
 
 TEST_F(CalParamsOnDatabase, ANullIsReportedInEveryColumnThatDoesNotProvideForIt) {
     const auto savedColumns = givenSavedColumns.toString().split(u',');
-    const auto columns = values(u"select name from pragma_table_info('hvm_kv_tag_config','mt')"_s);
+    const auto columns = database.columnsOf(sharedConnection(session), u"hvm_kv_tag_config"_s);
     EXPECT_EQ(QSet<QString>(columns.begin(), columns.end()),
               QSet<QString>(savedColumns.begin(), savedColumns.end()));
     for (const auto& param : givenParams) {
@@ -97,8 +97,8 @@ TEST_F(CalParamsOnDatabase, ANullIsReportedInEveryColumnThatDoesNotProvideForIt)
         record();
         EXPECT_TRUE(ui.hasMetAll()) << column.toStdString();
         execute(u"delete from mt.hvm_kv_tag_config where mtag = '1401'"_s);
-        execute(u"insert into mt.hvm_kv_tag_config select * from temp.kept"_s);
-        execute(u"drop table temp.kept"_s);
+        execute(u"insert into mt.hvm_kv_tag_config select * from kept"_s);
+        execute(u"drop table kept"_s);
     }
 }
 

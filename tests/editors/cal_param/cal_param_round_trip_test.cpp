@@ -171,7 +171,7 @@ TEST_F(CalParamRoundTrip, AStrictEngineRefusesWhatIsNoNumberToItAndTheOldRowStay
         SCOPED_TRACE(box.toStdString());
         const auto before = screen.text(box);
         screen.set(box, value);
-        ui.expectReport(19, u"FormCalParam,SaveData"_s);
+        ui.expectReport(database.refusedRow(), u"FormCalParam,SaveData"_s);
         screen.press(u"CommandSave"_s);
         EXPECT_EQ(stored(u"tp_name"_s, u"PT-101"_s).size(), 1);
         EXPECT_TRUE(ModuleGlobals::HasConfigData(session, u"PT-101"_s));

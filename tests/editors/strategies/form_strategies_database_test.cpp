@@ -12,9 +12,15 @@ class StrategiesInTheDatabase : public DatabaseSession {
     void open() { screen.open(session); }
     /// The points of a strategy, each with its position.
     QStringList stored(const QString& name) {
-        return values(u"select printf('%02d:', test_point_seq) || test_point_pct from mt.hvm_kv_proc_points "
-                      "where tp_name = '"_s +
-                      QString(name).replace(u'\'', u"''"_s) + u"'"_s);
+        QStringList points;
+        for (const auto& row : rows(u"select test_point_seq,test_point_pct from mt.hvm_kv_proc_points where "
+                                    "tp_name = '"_s +
+                                        QString(name).replace(u'\'', u"''"_s) + u"'"_s,
+                                    2))
+            points << row.section(u'|', 0, 0).rightJustified(2, u'0') + u':' +
+                          QString::number(row.section(u'|', 1).toDouble());
+        points.sort();
+        return points;
     }
     QStringList instrumentsOf(const QString& name) {
         return values(u"select mtag from mt.hvm_kv_tag_config where tp_name = '"_s + name + u"'"_s);
@@ -57,7 +63,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyMadeFromNothingIsWhatTheDriversRead) {
     addPoint(u"-2.5"_s);
     EXPECT_EQ(stored(u"HALVES ½"_s), QStringList());
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"HALVES ½"_s), (QStringList{u"00:100.0"_s, u"01:50.0"_s, u"02:0.0"_s, u"03:-2.5"_s}));
+    EXPECT_EQ(stored(u"HALVES ½"_s), (QStringList{u"00:100"_s, u"01:50"_s, u"02:0"_s, u"03:-2.5"_s}));
     EXPECT_EQ(screen.name(), u"HALVES ½"_s);
 
     const auto mtag = values(u"select mtag from mt.hvm_kv_tag_config"_s).first();
@@ -74,7 +80,7 @@ TEST_F(StrategiesInTheDatabase, SavingReplacesWhatWasStored) {
     screen.select(4);
     screen.press(u"CommandDeletePoint"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"5 POINT UP"_s), (QStringList{u"00:25.0"_s, u"01:0.0"_s, u"02:50.0"_s, u"03:75.0"_s}));
+    EXPECT_EQ(stored(u"5 POINT UP"_s), (QStringList{u"00:25"_s, u"01:0"_s, u"02:50"_s, u"03:75"_s}));
     EXPECT_EQ(screen.points(), (QStringList{u"25.0"_s, u"0.0"_s, u"50.0"_s, u"75.0"_s}));
 }
 
@@ -106,7 +112,7 @@ TEST_F(StrategiesInTheDatabase, RenameOntoAnExistingNameMergesTheTwoPointLists) 
     screen.choose(screen.names(), u"2 POINT UP"_s);
     rename(u"3 POINT UP"_s);
     EXPECT_EQ(stored(u"3 POINT UP"_s),
-              (QStringList{u"00:0.0"_s, u"00:0.0"_s, u"01:100.0"_s, u"01:50.0"_s, u"02:100.0"_s}));
+              (QStringList{u"00:0"_s, u"00:0"_s, u"01:100"_s, u"01:50"_s, u"02:100"_s}));
     EXPECT_EQ(screen.points().size(), 5);
 }
 
@@ -156,7 +162,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyChangedElsewhereMeanwhileIsReplacedWhol
         "UP','7','33');commit"_s);
     addPoint(u"110"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0.0"_s, u"01:100.0"_s, u"02:110.0"_s}));
+    EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0"_s, u"01:100"_s, u"02:110"_s}));
 }
 
 TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereMeanwhileIsStoredAgain) {
@@ -165,7 +171,7 @@ TEST_F(StrategiesInTheDatabase, AStrategyDeletedElsewhereMeanwhileIsStoredAgain)
     executeElsewhere(u"delete from mt.hvm_kv_proc_points where tp_name = '2 POINT UP';commit"_s);
     addPoint(u"110"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0.0"_s, u"01:100.0"_s, u"02:110.0"_s}));
+    EXPECT_EQ(stored(u"2 POINT UP"_s), (QStringList{u"00:0"_s, u"01:100"_s, u"02:110"_s}));
     EXPECT_EQ(screen.name(), u"2 POINT UP"_s);
 }
 
@@ -184,7 +190,7 @@ TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithNothingS
     // A number to the screen, none to the column.
     addPoint(u"1,000"_s);
     addPoint(u"20"_s);
-    ui.expectReport(19, u"FormStrategies,CommandSave"_s);
+    ui.expectReport(database.refusedRow(), u"FormStrategies,CommandSave"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored(u"WITH COMMA"_s), QStringList());
     EXPECT_EQ(screen.points(), (QStringList{u"10"_s, u"1,000"_s, u"20"_s}));
@@ -194,7 +200,7 @@ TEST_F(StrategiesInTheDatabase, APointThatTheTableRefusesEndsTheSaveWithNothingS
     ui.expectDialog(u"Kelvane"_s, u"Enter the new test point: (%)"_s, u"1000"_s);
     screen.press(u"CommandModify"_s);
     screen.press(u"CommandSave"_s);
-    EXPECT_EQ(stored(u"WITH COMMA"_s), (QStringList{u"00:10.0"_s, u"01:1000.0"_s, u"02:20.0"_s}));
+    EXPECT_EQ(stored(u"WITH COMMA"_s), (QStringList{u"00:10"_s, u"01:1000"_s, u"02:20"_s}));
 }
 
 } // namespace kelvane::testing

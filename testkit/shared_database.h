@@ -1,0 +1,44 @@
+#pragma once
+
+#include "testkit/open_connections.h"
+
+namespace kelvane::testing {
+
+/// True when this program's tests work on the shared engine: KELVANE_TEST_ENGINE is "shared". Its server, a
+/// private one, stands in the folder KELVANE_TEST_SERVER.
+bool usesSharedEngine();
+
+/// Why there is no server for the tests; empty when there is one.
+QString missingServer();
+
+/// A database on the tests' server, a copy of one that `tests/shared_server.sh` has prepared, and a data
+/// source of its own for it. The copy goes with this, and with the next start of the server at the latest.
+class SharedDatabase {
+  public:
+    /// `source` is the one to copy: "demo" or "empty".
+    explicit SharedDatabase(const QString& source = QStringLiteral("demo"));
+    ~SharedDatabase();
+    SharedDatabase(const SharedDatabase&) = delete;
+    SharedDatabase& operator=(const SharedDatabase&) = delete;
+
+    /// The name of the data source.
+    QString dsn() const { return dsn_; }
+    QString connectionString() const { return QStringLiteral("DSN=") + dsn_; }
+    /// A new connection, opened.
+    std::unique_ptr<Connection> connect(const QString& user = QStringLiteral("jdoe"),
+                                        const QString& password = QStringLiteral("kelvane")) const;
+    /// A connection that may do everything; there is one, opened when it is first asked for.
+    Connection& owner() const;
+    /// Ends all connections to the database at the server, but for the owner's.
+    void endConnections() const;
+
+    /// How many this program has made.
+    static int count();
+
+  private:
+    QString name_;
+    QString dsn_;
+    mutable std::unique_ptr<Connection> owner_;
+};
+
+} // namespace kelvane::testing

@@ -1,0 +1,71 @@
+#!/bin/sh
+# The server of the tests that run on the shared engine: a private one in a folder of the build, with a database that
+# each test copies.
+#
+#   shared_server.sh start <folder>   starts it, and prepares the database when the day or its scripts have changed
+#   shared_server.sh stop <folder>
+#
+# Where no server can be started, the file <folder>/missing says why; those tests are then skipped.
+set -eu
+
+[ $# = 2 ] || {
+    echo 'usage: shared_server.sh start <folder> | stop <folder>' >&2
+    exit 2
+}
+folder=$2
+scripts=$(CDPATH= cd -- "$(dirname -- "$0")/../database" && pwd)
+template=kelvane_template_demo
+
+as_administrator() {
+    PGOPTIONS='-c client_min_messages=warning' psql -X -q -A -t -v ON_ERROR_STOP=1 -h "$socket" -U kelvane_admin -d postgres "$@"
+}
+
+drop() {
+    as_administrator -c "drop database if exists $1 with (force)"
+}
+
+# What the prepared database depends on. Its days are counted from the day on which it is made.
+stamp() {
+    date +%Y-%m-%d
+    find "$scripts/demo" "$scripts/embedded" "$scripts/postgresql" -type f -exec cksum {} + | LC_ALL=C sort | cksum
+}
+
+prepare() {
+    made=$(stamp | tr '\n' ' ')
+    kept=$(as_administrator -c "select shobj_description(oid, 'pg_database') from pg_database where datname = '$template'")
+    [ "$made" != "$kept" ] || return 0
+    drop "$template"
+    drop "${template}_making"
+    address=postgresql://kelvane_admin@/${template}_making?host=$(printf %s "$socket" | sed 's:/:%2F:g')
+    "$scripts/postgresql/make.sh" "$address" --demo
+    as_administrator -c "comment on database ${template}_making is '$made'" \
+        -c "alter database ${template}_making rename to $template"
+}
+
+start() {
+    mkdir -p -- "$folder"
+    rm -f -- "$folder/missing"
+    if ! "$scripts/postgresql/server.sh" start "$folder" --fast >/dev/null 2>"$folder/complaint"; then
+        mv -- "$folder/complaint" "$folder/missing"
+        cat -- "$folder/missing"
+        return
+    fi
+    socket=$(cat -- "$folder/socket")
+    # What killed tests have left behind.
+    for name in $(as_administrator -c "select datname from pg_database where datname like 'kelvane\\_test\\_%'"); do
+        drop "$name"
+    done
+    prepare
+}
+
+stop() {
+    [ -e "$folder/missing" ] || "$scripts/postgresql/server.sh" stop "$folder"
+}
+
+case $1 in
+start | stop) "$1" ;;
+*)
+    echo "shared_server.sh: unknown command $1" >&2
+    exit 2
+    ;;
+esac
