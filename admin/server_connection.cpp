@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -37,6 +36,9 @@ constexpr std::array meanings{
     Meaning{"55P03"_L1, u"others are changing the same; nothing was changed, try again"},
 };
 
+/// The state of what the database's own functions report, for the administrator already.
+constexpr auto functionsOwn = "P0001"_L1;
+
 QString oneLine(const char* text) {
     return QString::fromUtf8(text).simplified();
 }
@@ -45,6 +47,8 @@ Failure statementFailure(const PGresult* result) {
     const auto state = QLatin1StringView(PQresultErrorField(result, PG_DIAG_SQLSTATE));
     const auto reason = oneLine(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY));
     const auto* meaning = std::ranges::find(meanings, state, &Meaning::state);
+    if (state == functionsOwn)
+        return {reason};
     if (meaning == meanings.end())
         return {u"the server says: "_s + reason};
     return {u"%1 (the server says: %2)"_s.arg(meaning->text, reason)};
@@ -53,23 +57,32 @@ Failure statementFailure(const PGresult* result) {
 /// The parameters of a connection. An address among them counts as all that it holds.
 class Parameters {
   public:
-    explicit Parameters(const QByteArray& address, const char* password) {
+    Parameters(QByteArray address, const char* password) : address_(std::move(address)) {
         add("connect_timeout", "15");
-        add("dbname", address.constData());
+        add("dbname", address_.constData());
         add("client_encoding", "UTF8");
         add("fallback_application_name", "kelvane-admin");
         if (password != nullptr)
             add("password", password);
-        add(nullptr, nullptr);
+        end();
+    }
+    /// For the question whether a server is there, which needs neither its name to be proved nor a login.
+    explicit Parameters(QByteArray address) : address_(std::move(address)) {
+        add("connect_timeout", "15");
+        add("dbname", address_.constData());
+        add("sslmode", "prefer");
+        end();
     }
     const char* const* names() const { return names_.data(); }
     const char* const* values() const { return values_.data(); }
 
   private:
+    void end() { add(nullptr, nullptr); }
     void add(const char* name, const char* value) {
         names_.push_back(name);
         values_.push_back(value);
     }
+    QByteArray address_;
     std::vector<const char*> names_;
     std::vector<const char*> values_;
 };
@@ -90,35 +103,35 @@ QString troubleOf(const Parameters& parameters) {
 
 } // namespace
 
-ServerConnection::ServerConnection(const DatabaseAddress& address) : address_(address) {
-    connect(nullptr);
-    if (PQstatus(connection_) != CONNECTION_OK && PQconnectionNeedsPassword(connection_) != 0) {
-        const auto password = serverPassword(QString::fromUtf8(PQuser(connection_)));
-        connect(&password);
-    }
-    if (PQstatus(connection_) == CONNECTION_OK)
-        return;
-    const auto reason = oneLine(PQerrorMessage(connection_));
-    const auto text = address_.text.toUtf8();
-    const auto trouble = troubleOf(Parameters(text, nullptr));
-    PQfinish(std::exchange(connection_, nullptr));
-    if (!trouble.isEmpty())
-        throw Failure{u"the server at %1 %2 (%3)"_s.arg(address_.host, trouble, reason)};
-    throw Failure{u"the server at %1 refuses the connection (%2)"_s.arg(address_.host, reason)};
+void ServerConnection::Finish::operator()(pg_conn* connection) const {
+    PQfinish(connection);
 }
 
-ServerConnection::~ServerConnection() {
-    PQfinish(connection_);
+ServerConnection::ServerConnection(const DatabaseAddress& address) : address_(address) {
+    connect(nullptr);
+    if (!isOpen() && PQconnectionNeedsPassword(connection_.get()) != 0) {
+        const auto password = serverPassword(QString::fromUtf8(PQuser(connection_.get())));
+        connect(&password);
+    }
+    if (isOpen())
+        return;
+    const auto reason = oneLine(PQerrorMessage(connection_.get()));
+    const auto trouble = troubleOf(Parameters(address_.text.toUtf8()));
+    throw Failure{u"the server at %1 %2 (%3)"_s.arg(
+        address_.host, trouble.isEmpty() ? u"refuses the connection"_s : trouble, reason)};
+}
+
+bool ServerConnection::isOpen() const {
+    return PQstatus(connection_.get()) == CONNECTION_OK;
 }
 
 void ServerConnection::connect(const Password* password) {
-    PQfinish(connection_);
-    const auto text = address_.text.toUtf8();
-    const Parameters parameters(text, password == nullptr ? nullptr : password->utf8().constData());
-    connection_ = PQconnectdbParams(parameters.names(), parameters.values(), 1);
+    const Parameters parameters(address_.text.toUtf8(),
+                                password == nullptr ? nullptr : password->utf8().constData());
+    connection_.reset(PQconnectdbParams(parameters.names(), parameters.values(), 1));
     // Notices of the server would go to the standard error by themselves.
     PQsetNoticeProcessor(
-        connection_, [](void*, const char*) {}, nullptr);
+        connection_.get(), [](void*, const char*) {}, nullptr);
 }
 
 QList<QStringList> ServerConnection::run(const char* statement, const QStringList& values) {
@@ -129,13 +142,14 @@ QList<QStringList> ServerConnection::run(const char* statement, const QStringLis
     for (const auto& text : texts)
         parameters.push_back(text.constData());
     const std::unique_ptr<PGresult, ClearResult> result(
-        PQexecParams(connection_, statement, static_cast<int>(parameters.size()), nullptr, parameters.data(),
-                     nullptr, nullptr, 0));
+        PQexecParams(connection_.get(), statement, static_cast<int>(parameters.size()), nullptr,
+                     parameters.data(), nullptr, nullptr, 0));
     const auto status = PQresultStatus(result.get());
     if (status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK)
         throw PQresultErrorField(result.get(), PG_DIAG_SQLSTATE) != nullptr
             ? statementFailure(result.get())
-            : Failure{u"the connection to the server is lost: "_s + oneLine(PQerrorMessage(connection_))};
+            : Failure{u"the connection to the server is lost: "_s +
+                      oneLine(PQerrorMessage(connection_.get()))};
     QList<QStringList> rows;
     for (int row = 0; row < PQntuples(result.get()); ++row) {
         QStringList cells;
@@ -150,10 +164,10 @@ QList<QStringList> ServerConnection::run(const char* statement, const QStringLis
 
 QString ServerConnection::verifierOf(const Password& password, const QString& user) const {
     const std::unique_ptr<char, FreeText> verifier(PQencryptPasswordConn(
-        connection_, password.utf8().constData(), user.toUtf8().constData(), "scram-sha-256"));
+        connection_.get(), password.utf8().constData(), user.toUtf8().constData(), "scram-sha-256"));
     if (verifier == nullptr)
         throw Failure{u"the password can't be prepared for the server: "_s +
-                      oneLine(PQerrorMessage(connection_))};
+                      oneLine(PQerrorMessage(connection_.get()))};
     return QString::fromLatin1(verifier.get());
 }
 

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <memory>
+
 struct pg_conn;
 
 namespace kelvane::admin {
@@ -15,9 +17,6 @@ class ServerConnection {
   public:
     /// Throws `Failure` that says what is wrong: no answer, a refused login, no such database.
     explicit ServerConnection(const DatabaseAddress& address);
-    ~ServerConnection();
-    ServerConnection(const ServerConnection&) = delete;
-    ServerConnection& operator=(const ServerConnection&) = delete;
 
     /// Carries out one statement with values for $1, $2 ..., and gives its rows; a null is a null text.
     /// Statements that stand between "begin" and "commit" take effect together.
@@ -27,10 +26,14 @@ class ServerConnection {
     QString verifierOf(const Password& password, const QString& user) const;
 
   private:
+    struct Finish {
+        void operator()(pg_conn* connection) const;
+    };
     void connect(const Password* password);
+    bool isOpen() const;
 
     DatabaseAddress address_;
-    pg_conn* connection_ = nullptr;
+    std::unique_ptr<pg_conn, Finish> connection_;
 };
 
 } // namespace kelvane::admin

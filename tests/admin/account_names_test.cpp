@@ -8,8 +8,7 @@ namespace kelvane::testing {
 namespace {
 
 /// Names that a statement, a pattern or a message could take for something else.
-const QStringList oddNames{u"O'Brien"_s, u"Anna Maria"_s, u"Jürgen"_s,       u"Łukasz 🔧"_s, u"%1 %n"_s,
-                           u"a\"b"_s,    u"x'); --"_s,    u"{braces};x=1"_s, u"*"_s,        u"日本"_s};
+const QStringList oddNames{u"O'Brien"_s, u"Łukasz 🔧"_s, u"%1 %n"_s, u"a\"b'); --"_s, u"{braces};x=1"_s};
 
 } // namespace
 
