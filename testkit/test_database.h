@@ -23,6 +23,11 @@ class TestDatabase {
     /// Carries out a statement of a test, whatever the login's rights are: on the shared engine as the owner of
     /// the database, on the embedded one through `connection`.
     void execute(Connection& connection, const QString& statement) const;
+    /// The same on another workstation.
+    void executeElsewhere(const QString& statement) const;
+    /// Gives the technicians and editors of owner MT a right that their level lacks, such as "update on
+    /// mt.inventory". The embedded engine knows no rights.
+    void grant(const QString& right) const;
     /// The rows of a query, as `queryRows` gives them.
     QStringList rows(Connection& connection, const QString& query, int columns = 1) const;
 

@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-EditorFixture::EditorFixture()
-    : LoggedInSession(simulatedOperator,
+EditorFixture::EditorFixture(const QString& user)
+    : LoggedInSession(simulatedOperator, user,
                       [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
-      observer(database.connect()) {}
+      observer(database.connect(user)) {}
 
 QStringList EditorFixture::stored() const {
     const struct {
