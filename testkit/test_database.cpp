@@ -57,6 +57,12 @@ void TestDatabase::grant(const QString& right) const {
         executeAnything(shared_->owner(), u"grant "_s + right + u" to kelvane_records_mt"_s);
 }
 
+std::function<void()> TestDatabase::connectionEnd() const {
+    if (!shared_)
+        return {};
+    return [this] { shared_->endConnections(); };
+}
+
 QStringList TestDatabase::rows(Connection& connection, const QString& query, int columns) const {
     return queryRows(shared_ ? shared_->owner() : connection, query, columns);
 }

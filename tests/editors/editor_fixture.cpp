@@ -10,7 +10,10 @@ namespace kelvane::testing {
 
 EditorFixture::EditorFixture(const QString& user)
     : LoggedInSession(simulatedOperator, user,
-                      [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
+                      [this] {
+                          return std::make_unique<FaultyConnection>(odbcConnections()(), fault,
+                                                                    database.connectionEnd());
+                      }),
       observer(database.connect(user)) {}
 
 QStringList EditorFixture::stored() const {
@@ -33,7 +36,7 @@ QStringList EditorFixture::stored() const {
     };
     QStringList rows;
     for (const auto& [query, columns] : tables)
-        rows << queryRows(*observer, query, columns);
+        rows << database.rows(*observer, query, columns);
     return rows;
 }
 
