@@ -1,5 +1,6 @@
 # Compiler options stand here once; every target takes them through kelvane_options.
 option(KELVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(KELVANE_FUZZER "Build the fuzz targets for clang's fuzzer" OFF)
 
 # Targets below tests/ are test code.
 define_property(TARGET PROPERTY KELVANE_TEST_CODE INITIALIZE_FROM_VARIABLE default_KELVANE_TEST_CODE)
@@ -50,5 +51,9 @@ else()
             INTERFACE -fno-omit-frame-pointer -fsanitize=address -fno-sanitize-recover=all
                       $<IF:$<BOOL:$<TARGET_PROPERTY:KELVANE_TEST_CODE>>,-O0,-fsanitize=undefined>)
         target_link_options(kelvane_options INTERFACE -fsanitize=address,undefined)
+    endif()
+    if(KELVANE_FUZZER)
+        # The fuzzer sees which ways an input has taken.
+        target_compile_options(kelvane_options INTERFACE -fsanitize=fuzzer-no-link)
     endif()
 endif()

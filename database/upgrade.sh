@@ -23,6 +23,7 @@ new=
 [ $# = 1 ] && [ "${1#-}" = "$1" ] || fail 'usage: upgrade.sh [--new] <folder>'
 command -v sqlite3 >/dev/null || fail 'the program sqlite3 is missing (Debian package "sqlite3")'
 here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd)
+. "$here/functions.sh"
 CDPATH= cd -- "$1" >/dev/null
 folder=$PWD
 umask 077
@@ -39,43 +40,6 @@ history='create table if not exists kelvane_upgrades (
     name        text not null,
     carried_out text not null
 ) strict;'
-
-engine() {
-    sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$@"
-}
-
-# query <file> <text>: the rows of one query.
-query() {
-    engine "$1" "$2" || fail "$1 can't be read"
-}
-
-# The names of the owners. A file that a site has added counts when its inventory is one of these scripts.
-owners() {
-    echo mt std abc
-    for file in *.db; do
-        case ${file%.db} in
-        mt | std | abc | kelvane | sys | *[!A-Za-z0-9_]*) ;;
-        *) query "$file" "select '${file%.db}' from sqlite_schema
-               where name = 'inventory' and instr(sql, 'i4201 text not null unique')" ;;
-        esac
-    done
-}
-
-version() {
-    entered=0
-    [ ! -f kelvane.db ] ||
-        entered=$(query kelvane.db "select count(*) from sqlite_schema where name = 'kelvane_upgrades'")
-    [ "$entered" = 0 ] || entered=$(query kelvane.db 'select coalesce(max(number), 0) from kelvane_upgrades')
-    echo "$entered"
-}
-
-# The names of the steps above a version.
-steps_above() {
-    for path in "$here"/embedded/[0-9][0-9][0-9][0-9]-*.sql; do
-        name=${path##*/}
-        [ "${name%%-*}" -le "$1" ] || echo "$name"
-    done
-}
 
 # Every file, locked for this session alone, and with the journal under which a transaction over several files is one.
 locked() {
@@ -141,26 +105,12 @@ upgrade() {
 # Tables, indexes and triggers that somebody has removed come back; columns that are missing are named. What a site has
 # added stays.
 complete() {
-    reference=$(mktemp -d)
-    trap 'rm -rf -- "$reference"' EXIT
-    trap 'exit 1' HUP INT TERM
-    "$here/upgrade.sh" --new "$reference"
+    make_reference
     for name in kelvane $owners sys; do
-        like=$name.db
-        [ -f "$reference/$like" ] || like=abc.db
-        removed=$(query "$reference/$like" "attach '$name.db' as present;
-            select sql || ';' from main.sqlite_schema
-            where sql is not null and name not like 'sqlite!_%' escape '!'
-                and name not in (select name from present.sqlite_schema)
-            order by rowid")
-        [ -z "$removed" ] || printf 'begin immediate;\n%s\ncommit;\n' "$removed" | engine "$name.db" ||
+        texts=$(removed "$name" "sql || ';'")
+        [ -z "$texts" ] || printf 'begin immediate;\n%s\ncommit;\n' "$texts" | engine "$name.db" ||
             fail "what was removed from $name.db can't be put back"
-        query "$reference/$like" "attach '$name.db' as present;
-            select '$name.db: not as in a new database: ' || t.name || '.' || c.name
-            from main.sqlite_schema as t, pragma_table_info(t.name, 'main') as c
-            where t.type = 'table' and not exists (
-                select 1 from pragma_table_info(t.name, 'present') as p
-                where p.name = c.name collate nocase and p.type = c.type collate nocase and p.\"notnull\" = c.\"notnull\")"
+        unlike "$name"
     done
 }
 
@@ -170,8 +120,7 @@ for name in kelvane mt std abc sys; do
 done
 owners=$(owners)
 present=$(version)
-newest=$(steps_above 0 | tail -n 1)
-newest=$(expr "${newest%%-*}" + 0)
+newest=$(newest_version)
 [ "$present" -le "$newest" ] ||
     fail "$folder is of version $present, and these scripts end at $newest; update the program; nothing was changed"
 pending=$(steps_above "$present")

@@ -1,5 +1,6 @@
-// The demonstration: run in a folder that holds "database", "odbc.ini" (named by ODBCINI) and "rslt_db.frm".
-// Exits 0 only when everything was as it has to be.
+// The demonstration: run in a folder that holds "rslt_db.frm" and an "odbc.ini" (named by ODBCINI) with a new
+// database that has the demonstration data, of whatever engine. Exits 0 only when everything was as it has to
+// be.
 
 #include "app/calibrator_hardware.h"
 #include "demo/demonstration.h"
@@ -70,7 +71,6 @@ int main(int argc, char** argv) {
     } catch (const Error& error) {
         std::printf("\nFAILED: %g %s\n", error.number, qPrintable(error.description));
     }
-    std::printf("Database: %s\nPictures: %s\n", qPrintable(QDir(folder).filePath(u"database"_s)),
-                qPrintable(QDir(folder).filePath(u"pictures"_s)));
+    std::printf("Pictures: %s\n", qPrintable(QDir(folder).filePath(u"pictures"_s)));
     return outcome;
 }

@@ -119,12 +119,15 @@ CreatedRecord createRecord(Session& session, const JournalEntry& entry, CalRecor
         return !created.isGivenUp;
     };
     created.refusal = ModuleGlobals::CreateCalRecord(session, record, entry.asset,
-                                                     {.mayAsk = mayGoOn, .mayWrite = [&] {
-                                                          if (!mayGoOn())
-                                                              return false;
-                                                          noteBeginning(session, entry, record);
-                                                          return true;
-                                                      }});
+                                                     {.mayAsk = mayGoOn,
+                                                      .mayWrite =
+                                                          [&] {
+                                                              if (!mayGoOn())
+                                                                  return false;
+                                                              noteBeginning(session, entry, record);
+                                                              return true;
+                                                          },
+                                                      .couldNotLock = [&] { created.isGivenUp = true; }});
     return created;
 }
 

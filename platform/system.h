@@ -27,11 +27,22 @@ bool flushToDisk(QFile& file);
 /// The same for the names in a folder: a new file's name would otherwise not survive a power failure.
 void flushFolder(const QString& path);
 
+/// How a try to lock a byte of a file has ended.
+enum class ByteLock { taken, heldElsewhere, failed };
+/// Tries to lock the byte at `offset`, which the file need not have. Nobody else who has opened the file, in
+/// this process or another, gets the same byte until `unlockByte`, the closing of `file`, or the end of the
+/// process.
+ByteLock lockByte(QFile& file, qint64 offset);
+void unlockByte(QFile& file, qint64 offset);
+
 /// Waits until a serial port, by its handle, has sent everything. Does nothing where closing waits for that.
 void drainSerialPort(qintptr handle);
 
 /// The hash of a phrase under a setting ("$y$j9T$..."), the setting in front. Empty when it is none, and
 /// where there is no library that computes it.
 QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting);
+/// A new setting for `hashOf`, of the strongest kind at its usual cost, with random characters of its own.
+/// Empty where there is no such library.
+QByteArray newHashSetting();
 
 } // namespace kelvane

@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include <array>
+#include <cerrno>
 #include <memory>
 
 #include <crypt.h>
@@ -31,6 +33,30 @@ void flushFolder(const QString& path) {
     ::close(folder);
 }
 
+namespace {
+
+/// Locks of the open file, not of the process: two connections of one process keep each other out, too.
+bool setByteLock(QFile& file, qint64 offset, short type) {
+    struct flock range {};
+    range.l_type = type;
+    range.l_whence = SEEK_SET;
+    range.l_start = offset;
+    range.l_len = 1;
+    return ::fcntl(file.handle(), F_OFD_SETLK, &range) == 0;
+}
+
+} // namespace
+
+ByteLock lockByte(QFile& file, qint64 offset) {
+    if (setByteLock(file, offset, F_WRLCK))
+        return ByteLock::taken;
+    return errno == EAGAIN || errno == EACCES ? ByteLock::heldElsewhere : ByteLock::failed;
+}
+
+void unlockByte(QFile& file, qint64 offset) {
+    setByteLock(file, offset, F_UNLCK);
+}
+
 void drainSerialPort(qintptr handle) {
     ::tcdrain(static_cast<int>(handle));
 }
@@ -40,6 +66,13 @@ QByteArray hashOf(const QByteArray& phrase, const QByteArray& setting) {
     const QByteArray hash = crypt_r(phrase.constData(), setting.constData(), work.get());
     // A failure returns a text that begins with "*", which no hash does.
     return hash.startsWith('*') ? QByteArray() : hash;
+}
+
+QByteArray newHashSetting() {
+    std::array<char, CRYPT_GENSALT_OUTPUT_SIZE> setting{};
+    // Without random bytes of ours the library takes the system's.
+    const char* made = crypt_gensalt_rn("$y$", 0, nullptr, 0, setting.data(), setting.size());
+    return made == nullptr ? QByteArray() : QByteArray(made);
 }
 
 } // namespace kelvane

@@ -5,10 +5,12 @@ build_packages=(
     g++ cmake ninja-build ccache
     qt6-base-dev qt6-serialport-dev libgl-dev
     libkainjow-mustache-dev libjsoncpp-dev libzint-dev
-    unixodbc-dev odbcinst libsqliteodbc libcrypt-dev
+    unixodbc-dev odbcinst libsqliteodbc libcrypt-dev libpq-dev
     sqlite3 fonts-dejavu-core
     libgtest-dev
 )
+# A database server, and what reaches it.
+server_packages=(postgresql-15 postgresql-client-15 odbc-postgresql)
 test_packages=(locales poppler-utils valgrind zbar-tools)
 check_packages=(clang-format clang-tidy)
 
@@ -28,17 +30,28 @@ setup_packages() {
         as_root=(sudo)
     fi
     echo "Installing Debian packages: ${missing[*]}"
-    local log
+    local log status=0
     log=$(mktemp)
-    if ! { "${as_root[@]}" apt-get update -q &&
-        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"; } \
-        >"$log" 2>&1; then
+    install_packages "${missing[@]}" >"$log" 2>&1 || status=1
+    if [ "$status" -ne 0 ]; then
         tail -n 20 "$log" >&2
         echo "The packages could not be installed." >&2
-        rm -f "$log"
-        return 1
     fi
     rm -f "$log"
+    return "$status"
+}
+
+# install_packages NAME... : with the rights of `as_root`. A new server package would make a database cluster of the
+# machine and start it; the servers of this tree are their own.
+install_packages() {
+    local folder=/etc/postgresql-common/createcluster.d status=0
+    "${as_root[@]}" apt-get update -q || return 1
+    "${as_root[@]}" mkdir -p "$folder"
+    echo 'create_main_cluster = false' | "${as_root[@]}" tee "$folder/kelvane.conf"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@" || status=1
+    "${as_root[@]}" rm -f "$folder/kelvane.conf"
+    "${as_root[@]}" rmdir -p --ignore-fail-on-non-empty "$folder"
+    return "$status"
 }
 
 # build_preset PRESET [TARGET...]: configures when needed and builds; the output is shown when it fails.

@@ -2,6 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/custom_dialog.h"
+#include "data/records/instrument_lock.h"
 #include "data/records/record_check.h"
 #include "data/records/record_columns.h"
 #include "data/routine.h"
@@ -55,7 +56,10 @@ class RecordMaking {
     QString checkInstrument() const;
     bool settleMoment();
     bool ask(TextId prompt, FieldKind kind, QString& value);
+    /// What there is of a record, and what was done about it.
+    enum class Begun { nothing, other, completed };
     std::optional<QString> completeBegunRecord();
+    Begun completeOwnRecord(const RecordContents& wanted);
     QString createNew();
     QString askMoment(QStringView column, FieldKind kind, const QString& otherwise) const;
     bool isRecordMade() const;
@@ -157,16 +161,28 @@ std::optional<QString> RecordMaking::completeBegunRecord() {
     if (!isRecognised())
         return {};
     const auto wanted = contents();
+    switch (completeOwnRecord(wanted)) {
+    case Begun::nothing:
+        return {};
+    case Begun::other:
+        return text(TextId::otherRecordExists).arg(entry_.asset);
+    case Begun::completed:
+        break;
+    }
+    return isRecordMade() ? QString() : text(TextId::recordNotComplete).arg(entry_.asset);
+}
+
+/// Under the lock of the instrument: what another workstation is just writing is not missing.
+RecordMaking::Begun RecordMaking::completeOwnRecord(const RecordContents& wanted) {
+    const InstrumentLock lock(session_, wanted.mtag);
     const auto records = ownRecords(wanted);
     for (const auto& record : records) {
         if (!ModuleGlobals::mayBecome(record, wanted))
             continue;
         ModuleGlobals::complete(session_, routine_, record, wanted);
-        return isRecordMade() ? QString() : text(TextId::recordNotComplete).arg(entry_.asset);
+        return Begun::completed;
     }
-    if (records.isEmpty())
-        return {};
-    return text(TextId::otherRecordExists).arg(entry_.asset);
+    return records.isEmpty() ? Begun::nothing : Begun::other;
 }
 
 /// Making a new record. What the operator settles meanwhile decides where it is searched for.

@@ -5,6 +5,7 @@
 #include "data/records/cal_record_parts.h"
 #include "data/records/due_date.h"
 #include "data/records/field_dictionary.h"
+#include "data/records/instrument_lock.h"
 #include "data/records/record_columns.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
@@ -13,6 +14,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
+#include <memory>
 #include <span>
 #include <utility>
 
@@ -69,6 +71,7 @@ class NewRecord {
     void settleDueDate();
     bool askOperator();
     bool askFor(int row);
+    std::unique_ptr<InstrumentLock> lockInstrument() const;
     bool existsAlready();
     void writeDatesForStatement();
     void insertRecord();
@@ -127,6 +130,8 @@ QString NewRecord::make() {
         return text(TextId::requiredDataNotProvided);
     }
     runSteps(gatheringAgain);
+    // Another workstation's record of the same moment is looked for under the lock, too.
+    const auto lock = lockInstrument();
     if (existsAlready()) {
         progress.reach(100);
         return text(TextId::recordAlreadyExists);
@@ -196,6 +201,16 @@ bool NewRecord::askFor(int row) {
             return false;
     }
     return true;
+}
+
+std::unique_ptr<InstrumentLock> NewRecord::lockInstrument() const {
+    try {
+        return std::make_unique<InstrumentLock>(session_, mtag_);
+    } catch (const Error&) {
+        if (consent_.couldNotLock)
+            consent_.couldNotLock();
+        throw;
+    }
 }
 
 bool NewRecord::existsAlready() {

@@ -42,6 +42,9 @@ struct RecordConsent {
     /// Asked before the first statement that writes, when date and time are settled in `CalFieldTable`: false
     /// abandons the record. What it throws is reported like any error, and then nothing is written.
     std::function<bool()> mayWrite = {};
+    /// Called when the instrument could not be locked (`InstrumentLock`), which is reported like any error:
+    /// nothing is written then.
+    std::function<void()> couldNotLock = {};
 };
 
 /// Writes a calibration record of the asset, asking the operator for fields that are missing. Empty when the

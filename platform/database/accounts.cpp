@@ -24,6 +24,11 @@ bool passwordMatches(const QString& password, const QByteArray& hash) {
     return !computed.isEmpty() && sameBytes(computed, hash) && !phrase.contains('\0');
 }
 
+QByteArray newHash(const QByteArray& password) {
+    const auto setting = newHashSetting();
+    return setting.isEmpty() ? QByteArray() : hashOf(password, setting);
+}
+
 QByteArray dummyHash() {
     return "$y$j9T$nobodynobodynobodynob.$............................................";
 }

@@ -153,7 +153,8 @@ void EmbeddedAdapter::prepareSession(DriverLink& link, const QString& user, cons
     wait_.begin();
     const QFileInfo main(firstValue(link, u"pragma database_list"_s, 2).value_or(QString()));
     retryWhileBusy([&] { verifyWritable(link, u"main"_s, main.filePath()); });
-    files_.add(main.filePath());
+    mainFile_ = main.filePath();
+    files_.add(mainFile_);
     if (!firstValue(link, u"select name from main.sqlite_master where name = 'accounts'"_s))
         throw Error{notADatabase,
                     text(TextId::fileIsNoCalibrationDatabase).arg(QDir::toNativeSeparators(main.filePath()))};
@@ -221,6 +222,25 @@ void EmbeddedAdapter::rollBackTransaction(DriverLink& link) {
         error.connectionLost = true;
         throw error;
     }
+}
+
+void EmbeddedAdapter::lock(DriverLink& link, const QString& name) {
+    requireFiles(link);
+    if (!locks_.isOpen()) {
+        locks_.open(mainFile_);
+        // Whoever comes after its removal makes a new one and does not see what is locked in this one.
+        files_.add(EmbeddedLocks::fileBeside(mainFile_));
+    }
+    wait_.begin();
+    while (!locks_.take(name)) {
+        if (!wait_.next())
+            throw lockHeldElsewhere(name);
+        requireFiles(link);
+    }
+}
+
+void EmbeddedAdapter::unlock(DriverLink&, const QString& name) {
+    locks_.release(name);
 }
 
 bool EmbeddedAdapter::isConnectionLoss(const Error& error) const {

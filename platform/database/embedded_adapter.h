@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/embedded_files.h"
+#include "platform/database/embedded_locks.h"
 #include "platform/database/engine_adapter.h"
 
 namespace kelvane {
@@ -10,8 +11,8 @@ namespace kelvane {
 ///
 /// Statements come from routines and stored conditions: what they have no reason to do is refused
 /// (`platform/database/permissions.h`). A login, statement or batch waits for a lock of another
-/// workstation, up to five seconds. A file that was removed or replaced while it is in use ends the
-/// connection with the next statement.
+/// workstation, up to five seconds; so does a lock that a routine takes (`Connection::lock`). A file that was
+/// removed or replaced while it is in use ends the connection with the next statement.
 class EmbeddedAdapter final : public EngineAdapter {
   public:
     explicit EmbeddedAdapter(WhileWaiting whileWaiting) : wait_(std::move(whileWaiting)) {}
@@ -25,6 +26,9 @@ class EmbeddedAdapter final : public EngineAdapter {
     void beginTransaction(DriverLink& link) override;
     void commitTransaction(DriverLink& link) override;
     void rollBackTransaction(DriverLink& link) override;
+    void lock(DriverLink& link, const QString& name) override;
+    /// Also on a lost connection: a lock that nobody needs keeps nobody waiting.
+    void unlock(DriverLink& link, const QString& name) override;
     bool isConnectionLoss(const Error& error) const override;
 
   private:
@@ -40,6 +44,8 @@ class EmbeddedAdapter final : public EngineAdapter {
 
     LockWait wait_;
     DatabaseFiles files_;
+    QString mainFile_;
+    EmbeddedLocks locks_;
     bool inTransaction_ = false;
 };
 

@@ -151,7 +151,7 @@ QString TextEdits::applyTo(QStringView text) const {
     result.reserve(text.size() + 64);
     auto from = text.begin();
     for (const auto& edit : edits) {
-        if (edit.piece.begin() < text.begin() || edit.piece.end() > text.end())
+        if (edit.piece.begin() < from || edit.piece.end() > text.end())
             continue;
         result += QStringView(from, edit.piece.begin());
         result += edit.by;

@@ -55,7 +55,8 @@ class TextEdits {
     /// `piece` points into the text; an empty one stands for a place to insert at.
     void replace(QStringView piece, const QString& by) { edits_.append({piece, by}); }
     bool isEmpty() const { return edits_.isEmpty(); }
-    /// `text` with all the pieces that lie in it replaced. Pieces must not overlap.
+    /// `text` with all the pieces that lie in it replaced. Of pieces that overlap the first one
+    /// counts.
     QString applyTo(QStringView text) const;
 
   private:

@@ -243,5 +243,3 @@ begin
         end loop;
     end if;
 end $$;
-
-select kelvane.grant_again();

@@ -156,3 +156,6 @@ begin
         end;
     end loop;
 end $$;
+
+-- The last of these steps: nobody but the owner may call the functions that they have made.
+select kelvane.grant_again();

@@ -43,6 +43,8 @@ TEST(EmbeddedBatch, IsCutIntoSteps) {
          u"[insert into t values ('a;commit')]"_s},
         {"comments", u"/* why */ delete /* ? */ from t -- all; of it\n;commit -- done"_s,
          u"[delete   from t]"_s},
+        {"a comment within a function", u"delete from t where a < now(/* then */ *) - 30;commit"_s,
+         u"[delete from t where a < datetime('now','localtime','-30 days')]"_s},
         {"an unclosed quote is passed on whole", u"update t set x = 'its;commit"_s,
          u"update t set x = 'its;commit"_s},
     };

@@ -1,0 +1,45 @@
+#include "admin/scripts.h"
+
+#include "admin/failure.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+#include <vector>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::admin {
+
+namespace {
+
+/// Beside an installed program, else in the sources that it was built from.
+QString scriptsFolder() {
+    const QDir installed(QCoreApplication::applicationDirPath() + u"/../share/kelvane/database"_s);
+    if (installed.exists(u"make.sh"_s))
+        return installed.canonicalPath();
+    return QString::fromUtf8(KELVANE_DATABASE_SCRIPTS);
+}
+
+} // namespace
+
+void becomeScript(const QString& name, const DatabaseAddress& address, const QStringList& arguments) {
+    const auto folder = scriptsFolder() + (address.isServer ? u"/postgresql/"_s : u"/"_s);
+    const auto path = folder + name;
+    std::vector<QByteArray> texts{QFile::encodeName(path)};
+    for (const auto& argument : arguments)
+        texts.push_back(QFile::encodeName(argument));
+    std::vector<char*> words;
+    for (auto& text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    ::execv(words.front(), words.data());
+    throw Failure{u"%1 can't be started: %2"_s.arg(path, QString::fromLocal8Bit(std::strerror(errno)))};
+}
+
+} // namespace kelvane::admin

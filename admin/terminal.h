@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace kelvane::admin {
+
+/// True when the standard input is a terminal.
+bool isTerminal();
+
+/// One line of the standard input, without its end; nothing when the input has ended. Of a line of more than
+/// `maxBytes` only `maxBytes` + 1 are given. On a terminal `prompt` is shown, on the standard error, and what
+/// is typed is not; the terminal is as it was before in the end, also when a signal ends the program.
+std::optional<QByteArray> readSecretLine(const QString& prompt, qsizetype maxBytes);
+
+} // namespace kelvane::admin
