@@ -12,7 +12,7 @@ struct WithScriptedOperator {
 /// A test with such a session and a scripted operator.
 class DatabaseSession : public ::testing::Test, protected WithScriptedOperator, protected LoggedInSession {
   protected:
-    DatabaseSession() : LoggedInSession(ui) {}
+    explicit DatabaseSession(const QString& user = users::technician) : LoggedInSession(ui, user) {}
 };
 
 } // namespace kelvane::testing

@@ -2,6 +2,7 @@
 
 #include "testkit/forwarding_connection.h"
 
+#include <functional>
 #include <type_traits>
 
 namespace kelvane::testing {
@@ -28,8 +29,10 @@ struct PlannedFault {
 
 class FaultyConnection final : public ForwardingConnection {
   public:
-    FaultyConnection(std::unique_ptr<Connection> real, PlannedFault& fault)
-        : ForwardingConnection(std::move(real)), fault_(fault) {}
+    /// `endConnection` ends the connection at its server: a lost one then fails in the engine's own way.
+    FaultyConnection(std::unique_ptr<Connection> real, PlannedFault& fault,
+                     std::function<void()> endConnection = {})
+        : ForwardingConnection(std::move(real)), fault_(fault), endConnection_(std::move(endConnection)) {}
 
     qint64 execute(const QString& statement) override {
         return step([&] { return ForwardingConnection::execute(statement); });
@@ -53,7 +56,7 @@ class FaultyConnection final : public ForwardingConnection {
   private:
     template <class Run>
     std::invoke_result_t<Run> step(Run run) {
-        if (fault_.lost)
+        if (fault_.lost && !endConnection_)
             throw Error{10054, QStringLiteral("Connection lost"), QStringLiteral("08S01"), true};
         if (fault_.count++ != fault_.failAt)
             return run();
@@ -62,12 +65,17 @@ class FaultyConnection final : public ForwardingConnection {
             run();
         if (fault_.kind == PlannedFault::Kind::connectionLost) {
             fault_.lost = true;
+            if (endConnection_) {
+                endConnection_();
+                return run();
+            }
             close();
         }
         throw Error{13, QStringLiteral("planned fault"), QStringLiteral("HY000"), fault_.lost};
     }
 
     PlannedFault& fault_;
+    std::function<void()> endConnection_;
 };
 
 } // namespace kelvane::testing

@@ -4,12 +4,12 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-LoggedInSession::LoggedInSession(UserInterface& ui, ConnectionFactory connections)
+LoggedInSession::LoggedInSession(UserInterface& ui, const QString& user, ConnectionFactory connections)
     : session({ui, clock, settings}, std::move(connections)) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
     session.SessionDbVersion = 6;
-    logIn();
+    logIn(user);
 }
 
 void LoggedInSession::logIn(const QString& user) {
@@ -27,11 +27,6 @@ void LoggedInSession::logIn(const QString& user) {
         session.SessionLevel =
             value(u"select mtlevel from mt.userlist where mtuser = '"_s + user + u'\'').toShort();
     }
-}
-
-void LoggedInSession::useOwner(const QString& user, const QString& owner) {
-    session.SessionUser = user;
-    session.SessionOwner = owner;
 }
 
 void LoggedInSession::execute(const QString& statement) {

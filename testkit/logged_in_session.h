@@ -15,17 +15,28 @@ class SessionClock final : public Clock {
     QDateTime set_;
 };
 
-/// A session on its own copy of the demonstration database, logged in as jdoe of owner MT. "MM/DD/YYYY",
+/// Users of the demonstration database, all of owner MT but the last, and what they may do. A server holds them
+/// to it.
+namespace users {
+inline const QString technician = QStringLiteral("jdoe");
+/// Edits procedures, too.
+inline const QString editor = QStringLiteral("cnguyen");
+/// Configures the records, and nothing else.
+inline const QString configurer = QStringLiteral("efischer");
+/// An editor of owner ABC.
+inline const QString editorOfAbc = QStringLiteral("gpetrov");
+} // namespace users
+
+/// A session on its own copy of the demonstration database, logged in as one of its users. "MM/DD/YYYY",
 /// version 6; the clock shows the true time, which the database has too.
 class LoggedInSession {
   public:
     /// Over the real connection, or over what `connections` makes. Both have to outlive the session.
-    explicit LoggedInSession(UserInterface& ui, ConnectionFactory connections = openConnections());
+    explicit LoggedInSession(UserInterface& ui, const QString& user = users::technician,
+                             ConnectionFactory connections = openConnections());
 
     /// Opens the connection anew as a user, whose owner and level then count.
-    void logIn(const QString& user = QStringLiteral("jdoe"));
-    /// Works on the tables of another owner from now on.
-    void useOwner(const QString& user, const QString& owner);
+    void logIn(const QString& user = users::technician);
     /// Runs a writing statement, past the routines.
     void execute(const QString& statement);
     /// The rows of a query, columns joined with "|".

@@ -29,7 +29,7 @@ class SharedDatabase {
                                         const QString& password = QStringLiteral("kelvane")) const;
     /// A connection that may do everything; there is one, opened when it is first asked for.
     Connection& owner() const;
-    /// Ends all connections to the database at the server, but for the owner's.
+    /// Ends all connections to the database at the server, but for the owner's, and waits for their end.
     void endConnections() const;
 
     /// How many this program has made.

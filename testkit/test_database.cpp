@@ -45,6 +45,24 @@ void TestDatabase::execute(Connection& connection, const QString& statement) con
     executeAnything(shared_ ? shared_->owner() : connection, statement);
 }
 
+void TestDatabase::executeElsewhere(const QString& statement) const {
+    if (shared_)
+        executeAnything(shared_->owner(), statement);
+    else
+        executeAnything(*embedded_->connect(), statement);
+}
+
+void TestDatabase::grant(const QString& right) const {
+    if (shared_)
+        executeAnything(shared_->owner(), u"grant "_s + right + u" to kelvane_records_mt"_s);
+}
+
+std::function<void()> TestDatabase::connectionEnd() const {
+    if (!shared_)
+        return {};
+    return [this] { shared_->endConnections(); };
+}
+
 QStringList TestDatabase::rows(Connection& connection, const QString& query, int columns) const {
     return queryRows(shared_ ? shared_->owner() : connection, query, columns);
 }

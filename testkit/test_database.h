@@ -3,6 +3,8 @@
 #include "testkit/embedded_database.h"
 #include "testkit/shared_database.h"
 
+#include <functional>
+
 namespace kelvane::testing {
 
 /// The demonstration database for a test that runs on each engine: a copy of its own, on the shared engine
@@ -23,8 +25,17 @@ class TestDatabase {
     /// Carries out a statement of a test, whatever the login's rights are: on the shared engine as the owner of
     /// the database, on the embedded one through `connection`.
     void execute(Connection& connection, const QString& statement) const;
+    /// The same on another workstation.
+    void executeElsewhere(const QString& statement) const;
+    /// Gives the technicians and editors of owner MT a right that their level lacks, such as "update on
+    /// mt.inventory". The embedded engine knows no rights.
+    void grant(const QString& right) const;
     /// The rows of a query, as `queryRows` gives them.
     QStringList rows(Connection& connection, const QString& query, int columns = 1) const;
+
+    /// What ends all connections at the server, but for the owner's; nothing for the embedded engine, which has
+    /// no server.
+    std::function<void()> connectionEnd() const;
 
     /// What sorts the rows of a table as they were inserted.
     QString rowOrder() const { return isShared() ? QStringLiteral("ctid") : QStringLiteral("rowid"); }

@@ -13,6 +13,7 @@ namespace {
 /// Blocks that save a test message in two statements, as an editor does.
 class TransactionOnDatabase : public DatabaseSession {
   protected:
+    TransactionOnDatabase() : DatabaseSession(users::editor) {}
     /// Deletes the message and inserts it anew, with that text; commits at the end of the block or not.
     bool save(const Sql& insert, bool commit = true) {
         Routine routine(session, u"Form,Save"_s);

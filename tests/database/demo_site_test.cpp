@@ -68,7 +68,7 @@ TEST_F(DemoSite, OneMayConnectButIsNoUser) {
 
 TEST_F(DemoSite, AWrongPasswordIsRefused) {
     for (const auto& password : {u"Kelvane"_s, u"kelvane "_s, u""_s})
-        EXPECT_THROW(database.EmbeddedDatabase::connect(u"jdoe"_s, password), Error)
+        EXPECT_THROW(database.connect(u"jdoe"_s, password), Error)
             << password.toStdString();
 }
 

@@ -8,10 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
-EditorFixture::EditorFixture()
-    : LoggedInSession(simulatedOperator,
-                      [this] { return std::make_unique<FaultyConnection>(odbcConnections()(), fault); }),
-      observer(database.connect()) {}
+EditorFixture::EditorFixture(const QString& user)
+    : LoggedInSession(simulatedOperator, user,
+                      [this] {
+                          return std::make_unique<FaultyConnection>(odbcConnections()(), fault,
+                                                                    database.connectionEnd());
+                      }),
+      observer(database.connect(user)) {}
 
 QStringList EditorFixture::stored() const {
     const struct {
@@ -33,7 +36,7 @@ QStringList EditorFixture::stored() const {
     };
     QStringList rows;
     for (const auto& [query, columns] : tables)
-        rows << queryRows(*observer, query, columns);
+        rows << database.rows(*observer, query, columns);
     return rows;
 }
 

@@ -14,10 +14,10 @@ struct ScriptedEditing {
 };
 
 /// A workstation's editors over a copy of the demonstration database, with a second connection that looks on.
-/// One editor is shown at a time. The user is jdoe of owner MT.
+/// One editor is shown at a time. The user is an editor of owner MT, or another one.
 class EditorFixture : public ScriptedEditing, public LoggedInSession, public ScreenWindow {
   public:
-    EditorFixture();
+    explicit EditorFixture(const QString& user = users::editor);
 
     /// All rows that the editors write, in words that do not change from save to save.
     QStringList stored() const;

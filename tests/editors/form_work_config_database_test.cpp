@@ -12,6 +12,7 @@ namespace kelvane::testing {
 
 class WorkConfigInTheDatabase : public DatabaseSession {
   protected:
+    WorkConfigInTheDatabase() : DatabaseSession(users::configurer) {}
     QStringList available() { return rowsOf(screen.available()); }
     QStringList requested() { return rowsOf(screen.requested()); }
     /// The stored fields, each behind its position.
@@ -28,7 +29,7 @@ class WorkConfigInTheDatabase : public DatabaseSession {
     void forgetFields() { execute(u"delete from mt.hvm_kv_worksheetfields;commit"_s); }
     /// Another workstation runs a statement.
     void executeElsewhere(const QString& statement) {
-        database.connect(u"jdoe"_s, u"kelvane"_s)->execute(statement);
+        database.executeElsewhere(statement);
     }
 
     WorkConfigScreen screen;

@@ -51,7 +51,7 @@ class RefusedFields : public ::testing::Test {
         EXPECT_EQ(place.simulatedOperator.boxes, QStringList{discard});
         place.simulatedOperator.answer = BoxAnswer::yes;
     }
-    void executeElsewhere(const QString& statement) { place.observer->execute(statement); }
+    void executeElsewhere(const QString& statement) { place.database.executeElsewhere(statement); }
 
     EditorFixture place;
 };
@@ -112,7 +112,7 @@ TEST_F(RefusedFields, AnInstrumentThatWasRenumberedMeanwhileIsNamedAndNothingIsS
 }
 
 TEST_F(RefusedFields, AnInstrumentOfAnotherOwnerIsNamedAndNothingIsStored) {
-    place.session.SessionOwner = u"ABC"_s;
+    place.logIn(users::editorOfAbc);
     auto& form = openParameters(u"ABC-PT-1"_s);
     for (const auto& [name, value] :
          std::initializer_list<std::pair<QString, QString>>{{u"ComboTSName"_s, u"5 POINT UP"_s},

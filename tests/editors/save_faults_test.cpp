@@ -56,6 +56,7 @@ struct EditorSave {
     bool isTransaction = true;
     /// Something was entered that the save is to store.
     bool isTyped = true;
+    QString user = users::editor;
 };
 
 const EditorSave saves[] = {
@@ -139,7 +140,7 @@ const EditorSave saves[] = {
          delete control<QListWidget>(form, u"ListRequest"_s).takeItem(1);
          return form;
      },
-     u"CommandSave"},
+     u"CommandSave", true, true, users::configurer},
 };
 
 } // namespace
@@ -148,7 +149,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
   protected:
     /// What the database holds after a save that nothing disturbs.
     static QStringList statementsOfSave() {
-        EditorFixture place;
+        EditorFixture place(GetParam().user);
         GetParam().prepare(place);
         place.press(GetParam().button.toString());
         EXPECT_EQ(place.simulatedOperator.reports, 0);
@@ -179,7 +180,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
         form.unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (fault.lost || place_->stored() != before)
-            place_ = std::make_unique<EditorFixture>();
+            place_ = std::make_unique<EditorFixture>(GetParam().user);
         return fault.reached;
     }
 
@@ -199,7 +200,7 @@ class SaveFaults : public ::testing::TestWithParam<EditorSave> {
     }
 
     const QStringList after_ = statementsOfSave();
-    std::unique_ptr<EditorFixture> place_ = std::make_unique<EditorFixture>();
+    std::unique_ptr<EditorFixture> place_ = std::make_unique<EditorFixture>(GetParam().user);
 };
 
 TEST_P(SaveFaults, LeaveTheStoredRowsWholeAndTheScreenAsItWas) {

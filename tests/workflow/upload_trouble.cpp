@@ -51,9 +51,25 @@ void TroubleSource::after() const {
         throw lost;
 }
 
+void TroubledConnection::before() {
+    try {
+        maker_.before();
+    } catch (const Error& error) {
+        if (!error.connectionLost || !endConnection_)
+            throw;
+        endConnection_();
+    }
+}
+
+void TroubledConnection::after() {
+    if (maker_.isLost && endConnection_)
+        endConnection_();
+    maker_.after();
+}
+
 UploadInTrouble::UploadInTrouble()
     : session({ui, clock, settings}, [this] {
-          return std::make_unique<TroubledConnection>(odbcConnections()(), maker);
+          return std::make_unique<TroubledConnection>(odbcConnections()(), maker, database.connectionEnd());
       }) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
@@ -62,7 +78,13 @@ UploadInTrouble::UploadInTrouble()
     session.SessionOwner = u"MT"_s;
     session.SessionConnected = true;
     session.ResultTemplateLine = u"TN$ FVA$           FRE$           TR$   CO$"_s;
-    sharedConnection(session).open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
+    logInAgain();
+}
+
+void UploadInTrouble::logInAgain() {
+    auto& connection = sharedConnection(session);
+    connection.close();
+    connection.open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
 }
 
 const QString& UploadInTrouble::day() {
@@ -169,6 +191,8 @@ void UploadInTrouble::tryEachStatement() {
         const auto result = upload();
         maker.number = 0;
         const bool wasLost = std::exchange(maker.isLost, false);
+        if (wasLost)
+            logInAgain();
         SCOPED_TRACE("statement " + std::to_string(number) + (wasLost ? ", lost" : "") + " at " +
                      time.toStdString() + ": " + result.toStdString() + "\n" +
                      folder.read(u"errors.log"_s).toStdString());

@@ -8,6 +8,8 @@
 #include "testkit/test_database.h"
 #include "workflow/unfinished_results.h"
 
+#include <functional>
+
 namespace kelvane::testing {
 
 /// What happens to one statement of a command.
@@ -35,24 +37,30 @@ struct TroubleSource {
 
 class TroubledConnection final : public ForwardingConnection {
   public:
-    TroubledConnection(std::unique_ptr<Connection> real, TroubleSource& maker)
-        : ForwardingConnection(std::move(real)), maker_(maker) {}
+    /// `endConnection` ends the connection at its server: a lost one then fails in the engine's own way.
+    TroubledConnection(std::unique_ptr<Connection> real, TroubleSource& maker,
+                       std::function<void()> endConnection)
+        : ForwardingConnection(std::move(real)), maker_(maker), endConnection_(std::move(endConnection)) {}
     bool isLost() const override { return maker_.isLost || ForwardingConnection::isLost(); }
     qint64 execute(const QString& statement) override {
-        maker_.before();
+        before();
         const auto rows = ForwardingConnection::execute(statement);
-        maker_.after();
+        after();
         return rows;
     }
     std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        maker_.before();
+        before();
         auto found = ForwardingConnection::select(statement, rows);
-        maker_.after();
+        after();
         return found;
     }
 
   private:
+    void before();
+    void after();
+
     TroubleSource& maker_;
+    std::function<void()> endConnection_;
 };
 
 /// The demonstration laboratory, in which one statement of an upload meets trouble, and an operator who
@@ -100,6 +108,7 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     void makeRecords();
     void expectNothingLost(const QString& result);
     void expectWholeAndOnlyRecords();
+    void logInAgain();
     void recover();
 };
 

@@ -92,7 +92,7 @@ TEST_F(WorksheetListOnDatabase, TakesConfiguredInstrumentsOnly) {
 }
 
 TEST_F(WorksheetListOnDatabase, TakesTheInstrumentsOfItsOwnOwner) {
-    useOwner(u"gpetrov"_s, u"ABC"_s);
+    logIn(users::editorOfAbc);
     add(u"ABC-PT-1"_s);
     EXPECT_EQ(screen.list, QStringList{u"ABC-PT-1"_s});
     ui.expectBox(u"Must enter a valid instrument number!"_s, title, box::warning);

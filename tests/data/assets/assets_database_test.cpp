@@ -101,7 +101,7 @@ TEST_F(AssetsOnDatabase, ACalibratorsInstrumentsAreThoseInUseWithItAsStandard) {
 }
 
 TEST_F(AssetsOnDatabase, AnotherOwnerHasItsOwnInventoryAndTheSharedParameters) {
-    useOwner(u"gpetrov"_s, u"ABC"_s);
+    logIn(users::editorOfAbc);
     EXPECT_EQ(AssetfromSerial(session, u"48215"_s), u"TS-0002"_s);
     EXPECT_EQ(CheckAsset(session, u"ABC-PT-1"_s), u"3401"_s);
     EXPECT_EQ(CheckAsset(session, u"PT-101"_s), QString());

@@ -234,7 +234,7 @@ TEST_F(RecordOnDatabase, TextInANumericColumnIsRefusedAndNothingIsWritten) {
 }
 
 TEST_F(RecordOnDatabase, RecordOfAnotherOwnerGoesIntoItsOwnTables) {
-    useOwner(u"gpetrov"_s, u"ABC"_s);
+    logIn(users::editorOfAbc);
     const auto before = count(u"mt.calibration"_s);
     prepare(u"ABC-TW-1"_s);
     record.RecordStandards[0] = u"STD-TT-0150F"_s;
@@ -311,6 +311,7 @@ TEST_F(ColumnsOnDatabase, InventoryTakesValuesOfItsKinds) {
     const auto value = [this](const QString& column) {
         return firstRow(u"select "_s + column + u" from mt.inventory where mtag = '1301'"_s);
     };
+    database.grant(u"update (i4229) on mt.inventory"_s);
     DestColumn(session, u"4225"_s, u"TW-101"_s, u"1/2/2026"_s);
     EXPECT_EQ(value(u"i4225"_s), u"2026-01-02"_s);
     DestColumn(session, u"I4229"_s, u"TW-101"_s, u"6"_s);

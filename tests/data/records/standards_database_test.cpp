@@ -45,7 +45,7 @@ TEST_F(StandardsOnDatabase, GetTheirVerdict) {
 }
 
 TEST_F(StandardsOnDatabase, OfAnotherOwnersSessionAreThoseOfSTD) {
-    useOwner(u"gpetrov"_s, u"ABC"_s);
+    logIn(users::editorOfAbc);
     EXPECT_EQ(check(u"STD-REF-1"_s, u"ABC-PT-1"_s), 0);
     EXPECT_EQ(check(u"STD-OLD-1"_s, u"ABC-PT-1"_s), 2);
     EXPECT_EQ(check(u"STD-LOW-1"_s, u"ABC-PT-1"_s), 1);

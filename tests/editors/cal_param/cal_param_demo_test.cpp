@@ -37,7 +37,7 @@ QString written(bool value) {
 /// The parameter editor on a copy of the demonstration database.
 class CalParamDemo : public DatabaseSession {
   protected:
-    CalParamDemo() {
+    CalParamDemo() : DatabaseSession(users::editor) {
         area.resize(1000, 800);
         area.show();
     }
@@ -131,8 +131,7 @@ TEST_F(CalParamDemo, AnInstrumentWithAQuoteInItsNumberIsReportedAndTheScreenGoes
 TEST_F(CalParamDemo, WhatAnotherWorkstationChangedIsShownAtTheNextLoad) {
     open(u"PT-101"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputHigh"_s), u"100"_s);
-    const auto other = database.connect(u"jdoe"_s, u"kelvane"_s);
-    other->execute(u"update mt.hvm_kv_tag_config set input_high = 160, input_low = null, loop_pwr = '28V'"_s +
+    database.executeElsewhere(u"update mt.hvm_kv_tag_config set input_high = 160, input_low = null, loop_pwr = '28V'"_s +
                    ofAsset(u"PT-101"_s) + u";commit"_s);
     select(u"PT-101"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputHigh"_s), u"160"_s);
@@ -142,8 +141,7 @@ TEST_F(CalParamDemo, WhatAnotherWorkstationChangedIsShownAtTheNextLoad) {
 
 TEST_F(CalParamDemo, ParametersThatAnotherWorkstationDeletedLeaveWhatIsShown) {
     open(u"PT-101"_s);
-    const auto other = database.connect(u"jdoe"_s, u"kelvane"_s);
-    other->execute(u"delete from mt.hvm_kv_tag_config"_s + ofAsset(u"PT-101"_s) + u";commit"_s);
+    database.executeElsewhere(u"delete from mt.hvm_kv_tag_config"_s + ofAsset(u"PT-101"_s) + u";commit"_s);
     select(u"PT-101"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputHigh"_s), u"100"_s);
     EXPECT_EQ(shownBy(*form, u"ComboInputUnits"_s), u"psig"_s);
@@ -152,8 +150,7 @@ TEST_F(CalParamDemo, ParametersThatAnotherWorkstationDeletedLeaveWhatIsShown) {
 
 TEST_F(CalParamDemo, AnInstrumentThatAnotherWorkstationDeletedIsUnknown) {
     open(u"PT-101"_s);
-    const auto other = database.connect(u"jdoe"_s, u"kelvane"_s);
-    other->execute(u"delete from mt.inventory where i4201 = 'PT-102';commit"_s);
+    database.executeElsewhere(u"delete from mt.inventory where i4201 = 'PT-102';commit"_s);
     ui.expectDialog(title, enterInstrument, u"PT-102"_s);
     ui.expectBox(u"Must enter a valid instrument number!"_s, title, box::warningRetryCancel,
                  BoxAnswer::cancel);

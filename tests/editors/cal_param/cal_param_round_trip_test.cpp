@@ -9,6 +9,7 @@ namespace kelvane::testing {
 /// The parameter editor on a copy of the demonstration database.
 class CalParamRoundTrip : public DatabaseSession {
   protected:
+    CalParamRoundTrip() : DatabaseSession(users::editor) {}
     void set(std::initializer_list<QPair<const char*, QString>> fields) {
         for (const auto& [name, value] : fields)
             screen.set(QString::fromLatin1(name), value);
@@ -206,8 +207,7 @@ TEST_F(CalParamRoundTrip, AValueBeyondTheRecordsRangeIsStoredAndReportedAtTheNex
 
 TEST_F(CalParamRoundTrip, AnotherWorkstationsChangeIsOverwrittenByTheSave) {
     screen.open(u"PT-101"_s);
-    const auto other = database.connect(u"amoreau"_s, u"kelvane"_s);
-    other->execute(
+    database.executeElsewhere(
         u"delete from mt.hvm_kv_tag_config where mtag = (select mtag from MT.inventory where i4201 "
         u"= 'PT-101');commit"_s);
     screen.press(u"CommandSave"_s);

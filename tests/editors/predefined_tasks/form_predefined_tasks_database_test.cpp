@@ -144,7 +144,7 @@ TEST_F(FormPredefinedTasksOnDatabase, ASaveStoresItsUserAndMoment) {
     const auto before = daysAgo(0);
     press(u"CommandSave"_s);
     const auto of = u" from mt.hvm_kv_task_packages where taskname = 'UTILITIES'"_s;
-    EXPECT_EQ(values(u"select mtuser"_s + of), QStringList{u"jdoe"_s});
+    EXPECT_EQ(values(u"select mtuser"_s + of), QStringList{users::editor});
     EXPECT_EQ(values(u"select tptype"_s + of), QStringList{u"PDEF"_s});
     EXPECT_EQ(values(u"select notes"_s + of), QStringList{u"It's so.\r\nΩ 校正"_s});
     EXPECT_EQ(values(u"select task_sql"_s + of), QStringList{u"(null)"_s});
@@ -243,14 +243,14 @@ TEST_F(FormPredefinedTasksOnDatabase, AFailedInsertUndoesTheDeletionAndCanBeRepe
     press(u"CommandSave"_s);
     EXPECT_EQ(expand(u"TORQUE CREW A"_s), shown);
     EXPECT_EQ(rows(), shown);
-    session.SessionUser = u"jdoe"_s;
+    session.SessionUser = users::editor;
     press(u"CommandSave"_s);
     EXPECT_EQ(expand(u"TORQUE CREW A"_s), shown);
 }
 
 TEST_F(FormPredefinedTasksOnDatabase, AnInstrumentOfAnotherOwnerIsUnknown) {
     chooseRow(names(), u"TORQUE CREW A"_s);
-    useOwner(u"gpetrov"_s, u"ABC"_s);
+    logIn(users::editorOfAbc);
     ui.expectBox(u"Must enter a valid instrument number!"_s, packagesTitle, box::warning);
     add(u"PT-101"_s);
 }

@@ -9,6 +9,7 @@ namespace kelvane::testing {
 
 class StrategiesInTheDatabase : public DatabaseSession {
   protected:
+    StrategiesInTheDatabase() : DatabaseSession(users::editor) {}
     void open() { screen.open(session); }
     /// The points of a strategy, each with its position.
     QStringList stored(const QString& name) {
@@ -27,7 +28,7 @@ class StrategiesInTheDatabase : public DatabaseSession {
     }
     /// Another workstation runs a statement.
     void executeElsewhere(const QString& statement) {
-        database.connect(u"jdoe"_s, u"kelvane"_s)->execute(statement);
+        database.executeElsewhere(statement);
     }
 
     void add(const QString& name) {
