@@ -28,32 +28,42 @@ constexpr int looksPerSecond = 50;
 
 } // namespace
 
-FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion)
+FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion, Purpose purpose)
     : ChildWindow(session, u"FormConnect"_s, {.width = 8235, .height = 1575}),
       menu_(menu),
       exitQuestion_(std::move(exitQuestion)),
+      purpose_(purpose),
       TextUsername(
           nameControl(new QLineEdit, u"TextUsername"_s, text(TextId::userName), TextId::userNameTip)),
       TextPassword(
           nameControl(new QLineEdit, u"TextPassword"_s, text(TextId::password), TextId::passwordTip)),
       CommandConnect(button(u"CommandConnect"_s, TextId::connectCommand, TextId::connectTip)),
-      CommandCancel(button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)) {
+      CommandCancel(purpose == Purpose::logIn
+                        ? button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)
+                        : button(u"CommandCancel"_s, TextId::cancel, TextId::stayUnconnectedTip)) {
     setWindowTitle(text(TextId::loginTitle));
     TextPassword->setEchoMode(QLineEdit::Password);
     // A plain star for each character, whatever the style would draw.
     TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
-    runGuarded(session.ui, [&] {
-        TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
-    });
-    TextUsername->selectAll();
+    if (purpose == Purpose::logIn) {
+        runGuarded(session.ui, [&] {
+            TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));
+        });
+        TextUsername->selectAll();
+    } else {
+        // Owner and level of the open screens are those of this user.
+        TextUsername->setText(session.SessionUser);
+        TextUsername->setReadOnly(true);
+    }
     layOut();
 
     setDefaultButton(CommandConnect);
     setCancelButton(CommandCancel);
-    setFirstFocus(TextUsername);
+    setFirstFocus(purpose == Purpose::logIn ? TextUsername : TextPassword);
     connectGuarded(CommandConnect, &QPushButton::clicked, this, session_.ui,
                    [this] { CommandConnect_Click(); });
-    connectGuarded(CommandCancel, &QPushButton::clicked, this, session_.ui, [this] { exitQuestion_(); });
+    connectGuarded(CommandCancel, &QPushButton::clicked, this, session_.ui,
+                   [this] { CommandCancel_Click(); });
 }
 
 void FormConnect::layOut() {
@@ -86,29 +96,40 @@ void FormConnect::CommandConnect_Click() {
         (TextUsername->text().isEmpty() ? TextUsername : TextPassword)->setFocus();
         return;
     }
-    if (connectUser()) {
+    const auto failure = connectUser();
+    if (failure.isEmpty()) {
         unload();
         Q_EMIT loggedIn();
         return;
     }
-    session_.ui.messageBox(text(TextId::databaseConnectionFailed), text(TextId::applicationName), box::stop);
+    session_.ui.messageBox(failure, text(TextId::applicationName), box::stop);
     TextPassword->clear();
     setButtonsEnabled(true);
     TextPassword->setFocus();
 }
 
-bool FormConnect::connectUser() {
+void FormConnect::CommandCancel_Click() {
+    if (purpose_ == Purpose::connectAgain)
+        unload();
+    else
+        exitQuestion_();
+}
+
+QString FormConnect::connectUser() {
     const BusyPointer busy(session_.ui);
     setButtonsEnabled(false);
     session_.ui.processEvents();
     try {
-        logIn(session_, menu_, TextUsername->text(), TextPassword->text());
-        return true;
+        if (purpose_ == Purpose::logIn)
+            logIn(session_, menu_, TextUsername->text(), TextPassword->text());
+        else if (!logInAgain(session_, menu_, TextPassword->text()))
+            return text(TextId::accountChanged).arg(session_.SessionUser);
+        return {};
     } catch (const Error& error) {
         logReason(session_, text(TextId::loginFailed).arg(plainText(error.number), error.description));
         refusals_ = session_.SessionConnected ? 0 : refusals_ + 1;
         waitAfterRefusal();
-        return false;
+        return text(TextId::databaseConnectionFailed);
     }
 }
 
@@ -126,9 +147,18 @@ void FormConnect::waitAfterRefusal() {
 
 bool FormConnect::mayClose() {
     // While the login runs its buttons are disabled, and so is closing the screen.
-    if (CommandCancel->isEnabled())
-        exitQuestion_();
+    if (!CommandCancel->isEnabled())
+        return false;
+    if (purpose_ == Purpose::connectAgain)
+        return true;
+    exitQuestion_();
     return false;
+}
+
+void FormConnect::closeEvent(QCloseEvent* event) {
+    ChildWindow::closeEvent(event);
+    if (!isOpen())
+        Q_EMIT closed();
 }
 
 } // namespace kelvane

@@ -11,21 +11,33 @@ class QPushButton;
 
 namespace kelvane {
 
-/// The login screen. Closing it, by its button, Escape or its frame, asks whether to leave the program.
+/// The login screen. Closing it, by its button, Escape or its frame, asks whether to leave the program. Where
+/// it makes a lost connection again, the user stays, and closing it leaves everything as it is.
 class FormConnect final : public ChildWindow {
     Q_OBJECT
   public:
+    /// What the screen is there for.
+    enum class Purpose { logIn, connectAgain };
+
     /// `exitQuestion` asks whether to leave the program, and leaves it on Yes.
-    FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion);
+    FormConnect(Session& session, Menu& menu, std::function<void()> exitQuestion,
+                Purpose purpose = Purpose::logIn);
 
   Q_SIGNALS:
     /// After a good login, when the screen has closed.
     void loggedIn();
+    /// When the screen has closed.
+    void closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     void layOut();
     void CommandConnect_Click();
-    bool connectUser();
+    void CommandCancel_Click();
+    /// Gives the message for the operator; empty after a good login.
+    QString connectUser();
     /// Each further opening in a row that is refused waits longer, 1 second, then 2, 4 and so on, before its
     /// message appears.
     void waitAfterRefusal();
@@ -34,6 +46,7 @@ class FormConnect final : public ChildWindow {
 
     Menu& menu_;
     std::function<void()> exitQuestion_;
+    Purpose purpose_;
     /// How many openings of the connection were refused in a row.
     int refusals_ = 0;
     QLineEdit* TextUsername;

@@ -31,6 +31,28 @@ void logIn(Session& session, Menu& menu, const QString& username, const QString&
     ModuleGlobals::ClearSystemTables(session);
 }
 
+bool logInAgain(Session& session, Menu& menu, const QString& password) {
+    const auto owner = session.SessionOwner;
+    const auto level = session.SessionLevel;
+    auto undo = qScopeGuard([&] {
+        closeConnection(session);
+        session.SessionOwner = owner;
+        session.SessionLevel = level;
+    });
+    // The same object stays: a command that waits behind the screens may use it.
+    closeConnection(session);
+    sharedConnection(session).open(u"DSN="_s + session.SessionDataSource, session.SessionUser,
+                                   trimBlanks(password));
+    readSessionValues(session, session.SessionUser);
+    if (session.SessionOwner != owner || session.SessionLevel != level)
+        return false;
+    undo.dismiss();
+    session.SessionPassword = trimBlanks(password);
+    session.SessionConnected = true;
+    ModuleGlobals::SetMenuOptions(session, menu);
+    return true;
+}
+
 void disconnectSession(Session& session) {
     if (!session.SessionConnected)
         return;

@@ -13,6 +13,11 @@ QString chosenDataSource(const Session& session);
 /// done before stays.
 void logIn(Session& session, Menu& menu, const QString& username, const QString& password);
 
+/// Makes the connection of a session again that goes on: to the same data source, for the same user. Throws
+/// the `Error` that stopped it; the session is as before then. False, and nothing done, when owner or level
+/// of the user are others now: the open screens are those of the old ones.
+bool logInAgain(Session& session, Menu& menu, const QString& password);
+
 /// Closes and releases the connection of a session that is connected. Reported as "MDIFormMain,mnuLogout".
 void disconnectSession(Session& session);
 

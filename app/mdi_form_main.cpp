@@ -1,6 +1,5 @@
 #include "app/mdi_form_main.h"
 
-#include "app/form_connect.h"
 #include "app/form_odbc.h"
 #include "app/login.h"
 #include "app/menu_options.h"
@@ -31,6 +30,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
@@ -43,19 +43,6 @@ namespace {
 
 constexpr int heightInTwips = 8265;
 constexpr int widthInTwips = 9975;
-
-/// A caption with the mark of the letter that chooses it: the first one that no neighbour has taken.
-QString withMnemonic(QString caption, QString& taken) {
-    caption.replace(u'&', u"&&"_s);
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-        const auto letter = caption[i].toUpper();
-        if (letter.isLetterOrNumber() && !taken.contains(letter)) {
-            taken += letter;
-            return caption.insert(i, u'&');
-        }
-    }
-    return caption;
-}
 
 bool isMenu(MenuEntry entry) {
     return std::ranges::any_of(menuTree(), [entry](const MenuRow& row) { return row.parent == entry; });
@@ -116,6 +103,8 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
     setCentralWidget(area_);
     buildMenu();
     menu_.changed = [this] { applyMenu(); };
+    connectGuarded(&statusLine_->connectButton(), &QPushButton::clicked, this, session_.ui,
+                   [this] { connectAgain(); });
     auto* entering = new QShortcut(QKeySequence(Qt::Key_F10), this);
     connectGuarded(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
 }
@@ -144,6 +133,8 @@ void MDIFormMain::setCaptions() {
     QHash<MenuEntry, QString> taken;
     for (const auto& row : menuTree())
         action(row.entry)->setText(withMnemonic(text(row.caption), taken[row.parent]));
+    statusLine_->setConnecting([this] { return offersConnecting(); },
+                               withMnemonic(text(TextId::connectAgain), taken[MenuEntry::none]));
 }
 
 void MDIFormMain::enterMenu() {
@@ -182,14 +173,32 @@ void MDIFormMain::load() {
 void MDIFormMain::startUp() {
     // Whatever fails before it, without the login screen the program is of no use.
     runGuarded(session_.ui, [this] { ModuleGlobals::StartupFunctions(session_, environment_.commandLine); });
-    auto* login = showScreen<FormConnect>(menu_, [this] { mnuExit(); });
+    showLogin([this] { mnuExit(); }, FormConnect::Purpose::logIn);
+}
+
+void MDIFormMain::showLogin(const std::function<void()>& exitQuestion, FormConnect::Purpose purpose) {
+    auto* login = showScreen<FormConnect>(menu_, exitQuestion, purpose);
+    statusLine_->refresh();
     connectGuarded(login, &FormConnect::loggedIn, this, session_.ui, [this] { afterLogin(); });
+    connectGuarded(login, &FormConnect::closed, this, session_.ui, [this] { statusLine_->refresh(); });
 }
 
 void MDIFormMain::afterLogin() {
     if (environment_.worksheets)
         showWorksheetEntries(menu_);
     offerUnfinishedResults();
+}
+
+bool MDIFormMain::offersConnecting() const {
+    // What a login enables stays until log out.
+    const bool isLoggedIn = menu_.isEnabled(MenuEntry::mnuLogout);
+    return isLoggedIn && !session_.SessionConnected && !openScreen<FormConnect>();
+}
+
+void MDIFormMain::connectAgain() {
+    if (!offersConnecting() || session_.ui.bringQuestionForward())
+        return;
+    showLogin([] {}, FormConnect::Purpose::connectAgain);
 }
 
 void MDIFormMain::offerUnfinishedResults() {

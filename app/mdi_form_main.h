@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/form_connect.h"
 #include "app/menu.h"
 #include "app/window_place.h"
 #include "workflow/calibrators.h"
@@ -60,7 +61,12 @@ class MDIFormMain final : public QMainWindow {
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();
+    void showLogin(const std::function<void()>& exitQuestion, FormConnect::Purpose purpose);
     void afterLogin();
+    /// True while a session that goes on has lost its connection, and the login screen is not open already.
+    bool offersConnecting() const;
+    /// Opens the login screen over the open screens.
+    void connectAgain();
     /// Shows the results without a record, if there are some.
     void offerUnfinishedResults();
 

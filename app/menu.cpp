@@ -2,6 +2,8 @@
 
 #include "resources/text_id.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvane {
 
 const std::array<MenuRow, menuEntryCount>& menuTree() {
@@ -69,6 +71,18 @@ void Menu::enable(Entries entries) {
 
 void Menu::disable(Entries entries) {
     set(entries, &State::enabled, false);
+}
+
+QString withMnemonic(QString caption, QString& taken) {
+    caption.replace(u'&', u"&&"_s);
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const auto letter = caption[i].toUpper();
+        if (letter.isLetterOrNumber() && !taken.contains(letter)) {
+            taken += letter;
+            return caption.insert(i, u'&');
+        }
+    }
+    return caption;
 }
 
 } // namespace kelvane

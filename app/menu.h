@@ -83,4 +83,8 @@ class Menu {
     std::array<State, menuEntryCount> states_;
 };
 
+/// A caption with the mark of the letter that chooses it: the first one that is not among `taken`, where it
+/// is added.
+QString withMnemonic(QString caption, QString& taken);
+
 } // namespace kelvane

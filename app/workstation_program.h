@@ -22,6 +22,10 @@ class WorkstationProgram {
     Calibrators calibrators;
     WorksheetReport reports;
     MDIFormMain window;
+
+  private:
+    /// Whatever part of the program has met the loss of its connection.
+    void noteLoss();
 };
 
 } // namespace kelvane

@@ -21,7 +21,7 @@ void MissingPort::setPortOpen(bool open) {
 }
 
 ProgramTest::ProgramTest(bool worksheets)
-    : program(clock, settings, [this] { return std::make_unique<RecordingConnection>(script); }, links,
+    : program(clock, settings, [this] { return connections(); }, links,
               {
                   .dataSources = [this] { return dataSources; },
                   .commandLine = u"kelvane"_s,

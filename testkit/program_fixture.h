@@ -23,8 +23,8 @@ class MissingPort final : public SerialPort {
     void output(const QByteArray&) override {}
 };
 
-/// The whole workstation with real windows, over a recording connection, settings in memory and a folder of
-/// its own that holds a result template. Nothing is on the screen before `start`.
+/// The whole workstation with real windows, over a recording connection unless a test sets others, settings
+/// in memory and a folder of its own that holds a result template. Nothing is on the screen before `start`.
 class ProgramTest : public ::testing::Test {
   protected:
     /// `worksheets`: a login shows the entries of paper worksheets.
@@ -64,6 +64,8 @@ class ProgramTest : public ::testing::Test {
     SetClock clock;
     MemorySettings settings;
     RecordingConnection::Script script;
+    /// What makes the program's connections.
+    ConnectionFactory connections = [this] { return std::make_unique<RecordingConnection>(script); };
     MissingPort port;
     RecordedLink link;
     RecordedLink3 link3;

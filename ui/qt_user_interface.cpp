@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScopeGuard>
 
 #include <memory>
@@ -28,6 +29,13 @@ void QtUserInterface::attach(Session& session, QMainWindow& window, QMdiArea& ar
     window_ = &window;
     area_ = &area;
     statusLine_ = &statusLine;
+}
+
+void QtUserInterface::showSessionState() {
+    if (!statusLine_)
+        return;
+    statusLine_->refresh();
+    statusLine_->repaint();
 }
 
 BoxAnswer QtUserInterface::messageBox(const QString& text, const QString& title, BoxStyle style) {
@@ -101,7 +109,7 @@ void QtUserInterface::showProgress(const QString& caption) {
 }
 
 void QtUserInterface::disableOthers() {
-    QList<QWidget*> others{window_->menuBar()};
+    QList<QWidget*> others{window_->menuBar(), &statusLine_->connectButton()};
     for (auto* child : area_->subWindowList())
         others << child;
     for (auto* other : others) {

@@ -26,6 +26,9 @@ class QtUserInterface final : public UserInterface {
     /// not use them any more once the window is gone.
     void attach(Session& session, QMainWindow& window, QMdiArea& area, StatusLine& statusLine);
 
+    /// Shows in the status line at once who is logged in, or that the connection is lost.
+    void showSessionState();
+
     BoxAnswer messageBox(const QString& text, const QString& title, BoxStyle style) override;
     QString askOneField(const DialogQuestion& question) override;
     bool bringQuestionForward() override;

@@ -21,18 +21,26 @@ void put(ElidedLabel& label, const QString& shown) {
 
 StatusLine::StatusLine(const Session& session)
     : session_(session),
+      CommandConnectAgain(button(u"CommandConnectAgain"_s, TextId::connectAgain, TextId::connectAgainTip)),
       LabelActivity(nameControl(new ElidedLabel, u"LabelActivity"_s, {}, TextId::statusBarActionTip)),
       LabelUser(nameControl(new ElidedLabel, u"LabelUser"_s, {}, TextId::statusBarUserTip)),
       LabelDataSource(
           nameControl(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)) {
     setObjectName(u"StatusLine"_s);
     addWidget(LabelActivity, 1);
+    addPermanentWidget(CommandConnectAgain);
     addPermanentWidget(LabelUser);
     addPermanentWidget(LabelDataSource);
     refresh();
 }
 
+void StatusLine::setConnecting(std::function<bool()> offersConnecting, const QString& caption) {
+    offersConnecting_ = std::move(offersConnecting);
+    CommandConnectAgain->setText(caption);
+}
+
 void StatusLine::refresh() {
+    CommandConnectAgain->setVisible(offersConnecting_ && offersConnecting_());
     const bool connected = session_.SessionConnected;
     put(*LabelUser, connected ? text(TextId::statusBarUser).arg(session_.SessionUser)
                               : text(TextId::statusBarNotConnected));

@@ -4,16 +4,25 @@
 
 #include <QStatusBar>
 
+#include <functional>
+
+class QPushButton;
+
 namespace kelvane {
 
 class ElidedLabel;
 
 /// The line at the foot of the main window: what runs without a window of its own, who is logged in, and to
-/// which data source.
+/// which data source. While the connection is lost it has a button that offers to make it again.
 class StatusLine final : public QStatusBar {
     Q_OBJECT
   public:
     explicit StatusLine(const Session& session);
+
+    /// From now on `refresh` shows the button while `offersConnecting` is true; `caption` is its text, with a
+    /// mnemonic.
+    void setConnecting(std::function<bool()> offersConnecting, const QString& caption);
+    QPushButton& connectButton() const { return *CommandConnectAgain; }
 
     /// Shows who is logged in now, and where.
     void refresh();
@@ -22,6 +31,8 @@ class StatusLine final : public QStatusBar {
 
   private:
     const Session& session_;
+    std::function<bool()> offersConnecting_;
+    QPushButton* CommandConnectAgain;
     ElidedLabel* LabelActivity;
     ElidedLabel* LabelUser;
     ElidedLabel* LabelDataSource;

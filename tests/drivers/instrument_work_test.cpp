@@ -197,6 +197,25 @@ TEST_F(WorkOnAnInstrument, AReportWhileTheOperatorIsAskedMeansNoRecord) {
     EXPECT_FALSE(hasRecord());
 }
 
+TEST_F(WorkOnAnInstrument, ThatAnotherWorkstationIsRecordingHasNoRecordYet) {
+    const auto lock = u"lock mt.7"_s;
+    script.failures[lock] = lockHeldElsewhere(u"mt.7"_s);
+    ui.expectReport(70, u"ModuleGlobals,CreateCalRecord"_s);
+    EXPECT_EQ(work().end, End::unprepared) << "the calibrator keeps it";
+    EXPECT_FALSE(hasRecord());
+    ASSERT_EQ(unfinished().size(), 1);
+    EXPECT_EQ(unfinished()[0].why,
+              u"An error was reported before the record was begun. There is no record."_s);
+    EXPECT_EQ(unfinished()[0].lines, QStringList{u"line"_s});
+    EXPECT_EQ(script.transactions, QStringList{lock});
+
+    script.failures.remove(lock);
+    script.transactions.clear();
+    EXPECT_EQ(work().end, End::made);
+    EXPECT_EQ(script.transactions, (QStringList{lock, u"unlock mt.7"_s}));
+    EXPECT_TRUE(unfinished().isEmpty());
+}
+
 TEST_F(WorkOnAnInstrument, ARefusalIsShownAndEndsTheEntry) {
     script.answers.insert(recordExists, {{u"2026-03-18"_s}});
     ui.expectBox(text(TextId::recordAlreadyExists), u"Calibration Record Creation"_s, box::stop);

@@ -5,6 +5,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "tests/drivers/fluke702/upload_fixture.h"
+#include "tests/platform/errors.h"
 #include "tests/workflow/unfinished_results_fixture.h"
 
 #include <QDir>
@@ -98,6 +99,35 @@ TEST_F(ResultsWithoutRecord, WhatWasBegunIsCompletedAndNothingIsDoubledOrDeleted
         EXPECT_TRUE(statements.filter(u"delete "_s).isEmpty());
         EXPECT_TRUE(statements.filter(u"insert into MT.calibration"_s).isEmpty());
     }
+}
+
+TEST_F(ResultsWithoutRecord, OfAnInstrumentThatAnotherWorkstationRecordsAreMadeAfterwards) {
+    const auto other = database.connect();
+    other->lock(u"mt.1401"_s);
+    addGoodRun();
+    ui.expectReport(70, u"ModuleGlobals,CreateCalRecord"_s);
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(verdicts(), QStringList()) << "nothing was written";
+    ASSERT_EQ(unfinishedResults(session).size(), 1);
+    ui.expectReport(70, u"ModuleGlobals,CreateCalRecord"_s);
+    expectKept(u"There is no complete record of PT-101 yet."_s + kept);
+    other->unlock(u"mt.1401"_s);
+    expectMade();
+    expectOneWholeRecord();
+    EXPECT_EQ(errorOf([&] { other->lock(u"mt.1401"_s); }), 0) << "it is given back";
+}
+
+TEST_F(ResultsWithoutRecord, ABegunRecordOfAnInstrumentThatAnotherWorkstationRecordsIsCompletedAfterwards) {
+    uploadSpoilt(u"insert into mt.calresults"_s);
+    const auto other = database.connect();
+    other->lock(u"mt.1401"_s);
+    ui.expectReport(70, u"Journal,MakeRecord"_s);
+    expectKept(u"There is no complete record of PT-101 yet."_s + kept);
+    EXPECT_EQ(lines(), QStringList());
+    other->unlock(u"mt.1401"_s);
+    expectMade();
+    expectOneWholeRecord();
+    EXPECT_EQ(errorOf([&] { other->lock(u"mt.1401"_s); }), 0) << "it is given back";
 }
 
 TEST_F(ResultsWithoutRecord, ARecordThatIsWholeAlreadyGetsNothingButItsCopies) {

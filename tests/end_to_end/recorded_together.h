@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+#include <QTime>
+
+namespace kelvane::testing {
+
+// What workstations write that record one instrument at once, and what has to come out.
+
+inline const QString togetherAsset = QStringLiteral("TW-101");
+
+inline QString togetherTime(int number) {
+    return QTime(6, 0).addSecs(number * 60).toString(QStringLiteral("HH:mm:ss"));
+}
+
+/// The lines of a record: from two to five.
+inline QStringList togetherLines(const QString& name, int number) {
+    QStringList lines;
+    for (int line = 0; line < 2 + number % 4; ++line)
+        lines << QStringLiteral("%1 %2 line %3").arg(name).arg(number).arg(line);
+    return lines;
+}
+
+/// The standards of a record: one or two.
+inline QStringList togetherStandards(int number) {
+    const QStringList standards{QStringLiteral("TT-0300F"), QStringLiteral("TS-0001")};
+    return standards.mid(0, 1 + number % 2);
+}
+
+} // namespace kelvane::testing
