@@ -47,7 +47,7 @@ void expectSuccess(const QString& line) {
     EXPECT_EQ(shell.exitCode(), 0) << line.toStdString() << "\n" << shell.readAll().toStdString();
 }
 
-/// A line that puts a column back needs one that is missing: the same line, which removes it first.
+/// The line that removes the column that a line of the page adds.
 QString removal(QString line) {
     return line.replace(QRegularExpression(u"add column (\\w+) .*'"_s), u"drop column \\1'"_s);
 }
