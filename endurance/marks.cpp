@@ -1,4 +1,4 @@
-#include "endure/marks.h"
+#include "endurance/marks.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
-#include "endure/checker.h"
+#include "endurance/checker.h"
 
 #include "data/tolerances/result_template.h"
-#include "endure/act_log.h"
+#include "endurance/act_log.h"
 
 #include <QDir>
 #include <QJsonArray>
