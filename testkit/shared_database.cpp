@@ -66,7 +66,8 @@ SharedDatabase::SharedDatabase(const QString& source)
     // Copying files takes a fifth of the time that writing the pages to the server's log takes.
     administrate(u"create database %1 template kelvane_template_%2 strategy file_copy"_s.arg(name_, source));
     // The one thing that is not copied.
-    administrate(u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));
+    administrate(
+        u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));
 }
 
 SharedDatabase::~SharedDatabase() {
@@ -88,6 +89,21 @@ Connection& SharedDatabase::owner() const {
     if (!owner_)
         owner_ = connect(administrator, {});
     return *owner_;
+}
+
+std::unique_ptr<DriverLink> SharedDatabase::driver() const {
+    return std::make_unique<OdbcLink>(connectionString(), administrator, QString());
+}
+
+void SharedDatabase::refuseConnections() const {
+    administrate(u"alter database %1 allow_connections false"_s.arg(name_));
+    owner_.reset();
+    administrate(
+        u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where datname = '%1'"_s.arg(name_));
+}
+
+void SharedDatabase::allowConnections() const {
+    administrate(u"alter database %1 allow_connections true"_s.arg(name_));
 }
 
 void SharedDatabase::endConnections() const {

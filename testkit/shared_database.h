@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/database/engine_adapter.h"
 #include "testkit/open_connections.h"
 
 namespace kelvane::testing {
@@ -29,6 +30,11 @@ class SharedDatabase {
                                         const QString& password = QStringLiteral("kelvane")) const;
     /// A connection that may do everything; there is one, opened when it is first asked for.
     Connection& owner() const;
+    /// Another one of its driver, without an adapter.
+    std::unique_ptr<DriverLink> driver() const;
+    /// Ends all connections, and lets nobody connect.
+    void refuseConnections() const;
+    void allowConnections() const;
     /// Ends all connections to the database at the server, but for the owner's, and waits for their end.
     void endConnections() const;
 
