@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,12 @@ const QString administrator = u"kelvane_admin"_s;
 
 int databases = 0;
 
+QString serverFolder() {
+    return qEnvironmentVariable("KELVANE_TEST_SERVER");
+}
+
 QString readServerFile(const QString& name) {
-    QFile file(QDir(qEnvironmentVariable("KELVANE_TEST_SERVER")).filePath(name));
+    QFile file(QDir(serverFolder()).filePath(name));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
 }
 
@@ -43,7 +48,10 @@ QString addDataSourceFor(const QString& database) {
 /// Makes and drops databases. A connection for each statement: one that stays would not survive a server that
 /// a test has stopped.
 void administrate(const QString& statement) {
-    static const auto dsn = addDataSourceFor(u"postgres"_s);
+    static QHash<QString, QString> sources;
+    auto& dsn = sources[serverFolder()];
+    if (dsn.isEmpty())
+        dsn = addDataSourceFor(u"postgres"_s);
     OdbcLink(u"DSN="_s + dsn, administrator, {}).execute(statement);
 }
 
@@ -58,6 +66,13 @@ QString missingServer() {
         return {};
     const auto reason = readServerFile(u"missing"_s);
     return reason.isEmpty() ? u"no server was started"_s : reason;
+}
+
+void runServerScript(const QString& script, const QStringList& arguments) {
+    QProcess process;
+    process.start(script, arguments);
+    EXPECT_TRUE(process.waitForFinished(300000)) << script.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
 }
 
 SharedDatabase::SharedDatabase(const QString& source)
@@ -109,6 +124,13 @@ void SharedDatabase::allowConnections() const {
 void SharedDatabase::endConnections() const {
     queryRows(owner(), u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where datname = "
                        "current_database() and pid <> pg_backend_pid()"_s);
+}
+
+void SharedDatabase::crashServer() const {
+    owner_.reset();
+    const auto script = QStringLiteral(KELVANE_SERVER_SCRIPT);
+    runServerScript(script, {u"stop"_s, serverFolder(), u"--immediate"_s});
+    runServerScript(script, {u"start"_s, serverFolder()});
 }
 
 int SharedDatabase::count() {

@@ -12,6 +12,9 @@ bool usesSharedEngine();
 /// Why there is no server for the tests; empty when there is one.
 QString missingServer();
 
+/// Runs a script of servers to its end, which has to be a good one.
+void runServerScript(const QString& script, const QStringList& arguments);
+
 /// A database on the tests' server, a copy of one that `tests/shared_server.sh` has prepared, and a data
 /// source of its own for it. The copy goes with this, and with the next start of the server at the latest.
 class SharedDatabase {
@@ -37,6 +40,10 @@ class SharedDatabase {
     void allowConnections() const;
     /// Ends all connections to the database at the server, but for the owner's, and waits for their end.
     void endConnections() const;
+
+    /// Ends the server as a power failure would, and starts it again. For `CrashingServer` alone: other tests
+    /// have no part in it.
+    void crashServer() const;
 
     /// How many this program has made.
     static int count();
