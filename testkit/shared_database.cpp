@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,12 @@ const QString administrator = u"kelvane_admin"_s;
 
 int databases = 0;
 
+QString serverFolder() {
+    return qEnvironmentVariable("KELVANE_TEST_SERVER");
+}
+
 QString readServerFile(const QString& name) {
-    QFile file(QDir(qEnvironmentVariable("KELVANE_TEST_SERVER")).filePath(name));
+    QFile file(QDir(serverFolder()).filePath(name));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
 }
 
@@ -43,7 +48,10 @@ QString addDataSourceFor(const QString& database) {
 /// Makes and drops databases. A connection for each statement: one that stays would not survive a server that
 /// a test has stopped.
 void administrate(const QString& statement) {
-    static const auto dsn = addDataSourceFor(u"postgres"_s);
+    static QHash<QString, QString> sources;
+    auto& dsn = sources[serverFolder()];
+    if (dsn.isEmpty())
+        dsn = addDataSourceFor(u"postgres"_s);
     OdbcLink(u"DSN="_s + dsn, administrator, {}).execute(statement);
 }
 
@@ -60,13 +68,21 @@ QString missingServer() {
     return reason.isEmpty() ? u"no server was started"_s : reason;
 }
 
+void runServerScript(const QString& script, const QStringList& arguments) {
+    QProcess process;
+    process.start(script, arguments);
+    EXPECT_TRUE(process.waitForFinished(300000)) << script.toStdString();
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+}
+
 SharedDatabase::SharedDatabase(const QString& source)
     : name_(u"kelvane_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(++databases)),
       dsn_(addDataSourceFor(name_)) {
     // Copying files takes a fifth of the time that writing the pages to the server's log takes.
     administrate(u"create database %1 template kelvane_template_%2 strategy file_copy"_s.arg(name_, source));
     // The one thing that is not copied.
-    administrate(u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));
+    administrate(
+        u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));
 }
 
 SharedDatabase::~SharedDatabase() {
@@ -90,9 +106,31 @@ Connection& SharedDatabase::owner() const {
     return *owner_;
 }
 
+std::unique_ptr<DriverLink> SharedDatabase::driver() const {
+    return std::make_unique<OdbcLink>(connectionString(), administrator, QString());
+}
+
+void SharedDatabase::refuseConnections() const {
+    administrate(u"alter database %1 allow_connections false"_s.arg(name_));
+    owner_.reset();
+    administrate(
+        u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where datname = '%1'"_s.arg(name_));
+}
+
+void SharedDatabase::allowConnections() const {
+    administrate(u"alter database %1 allow_connections true"_s.arg(name_));
+}
+
 void SharedDatabase::endConnections() const {
     queryRows(owner(), u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where datname = "
                        "current_database() and pid <> pg_backend_pid()"_s);
+}
+
+void SharedDatabase::crashServer() const {
+    owner_.reset();
+    const auto script = QStringLiteral(KELVANE_SERVER_SCRIPT);
+    runServerScript(script, {u"stop"_s, serverFolder(), u"--immediate"_s});
+    runServerScript(script, {u"start"_s, serverFolder()});
 }
 
 int SharedDatabase::count() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/database/engine_adapter.h"
 #include "testkit/open_connections.h"
 
 namespace kelvane::testing {
@@ -10,6 +11,9 @@ bool usesSharedEngine();
 
 /// Why there is no server for the tests; empty when there is one.
 QString missingServer();
+
+/// Runs a script of servers to its end, which has to be a good one.
+void runServerScript(const QString& script, const QStringList& arguments);
 
 /// A database on the tests' server, a copy of one that `tests/shared_server.sh` has prepared, and a data
 /// source of its own for it. The copy goes with this, and with the next start of the server at the latest.
@@ -29,8 +33,17 @@ class SharedDatabase {
                                         const QString& password = QStringLiteral("kelvane")) const;
     /// A connection that may do everything; there is one, opened when it is first asked for.
     Connection& owner() const;
+    /// Another one of its driver, without an adapter.
+    std::unique_ptr<DriverLink> driver() const;
+    /// Ends all connections, and lets nobody connect.
+    void refuseConnections() const;
+    void allowConnections() const;
     /// Ends all connections to the database at the server, but for the owner's, and waits for their end.
     void endConnections() const;
+
+    /// Ends the server as a power failure would, and starts it again. For `CrashingServer` alone: other tests
+    /// have no part in it.
+    void crashServer() const;
 
     /// How many this program has made.
     static int count();

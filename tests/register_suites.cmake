@@ -1,7 +1,8 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
 # than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Those of the
-# filter DATABASE come a second time, for the shared engine on the server in the folder SERVER. Usage:
-# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D SERVER=... -P register_suites.cmake
+# filter DATABASE come a second time, for the shared engine on the server in the folder SERVER, and those of the filter
+# SHARED for that one alone. Usage:
+# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D SHARED=... -D SERVER=... -P register_suites.cmake
 
 # Filters, one for each suite or test to register, of those that `filter` lets pass.
 function(list_filters result filter)
@@ -38,15 +39,15 @@ function(list_filters result filter)
 endfunction()
 
 set(content "")
-list_filters(filters *)
+list_filters(filters *:-${SHARED})
 foreach(filter IN LISTS filters)
     string(REGEX REPLACE "\\.\\*$" "" test "${NAME}.${filter}")
     string(APPEND content "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}]=] --gtest_brief=1)\n"
            "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS ${NAME}\n"
            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${DATABASE}]=])\n")
 endforeach()
-if(DATABASE)
-    list_filters(filters ${DATABASE})
+if(DATABASE OR SHARED)
+    list_filters(filters ${SHARED}:${DATABASE})
     string(REGEX MATCH "-.*" exceptions "${DATABASE}")
     foreach(filter IN LISTS filters)
         string(REGEX REPLACE "\\.\\*$" "" test "shared.${NAME}.${filter}")
@@ -55,7 +56,7 @@ if(DATABASE)
             "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}:${exceptions}]=] --gtest_brief=1)\n"
             "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${NAME};shared\"\n"
             "    FIXTURES_REQUIRED shared_server SKIP_RETURN_CODE 77\n"
-            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER}]=])\n")
+            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${SHARED}:${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER}]=])\n")
     endforeach()
 endif()
 file(WRITE ${OUTPUT} "${content}")

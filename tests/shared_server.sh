@@ -2,17 +2,22 @@
 # The server of the tests that run on the shared engine: a private one in a folder of the build, with a database that
 # each test copies.
 #
-#   shared_server.sh start <folder>   starts it, and prepares the database when the day or its scripts have changed
+#   shared_server.sh start <folder> [--durable]   starts it, and prepares the database when the day or its scripts have
+#                                                 changed; with --durable what was committed outlives a crash
 #   shared_server.sh stop <folder>
 #
 # Where no server can be started, the file <folder>/missing says why; those tests are then skipped.
 set -eu
 
-[ $# = 2 ] || {
-    echo 'usage: shared_server.sh start <folder> | stop <folder>' >&2
+case $1${3:-} in
+start | start--durable | stop) folder=$2 ;;
+*)
+    echo 'usage: shared_server.sh start <folder> [--durable] | stop <folder>' >&2
     exit 2
-}
-folder=$2
+    ;;
+esac
+speed=--fast
+[ -z "${3:-}" ] || speed=
 scripts=$(CDPATH= cd -- "$(dirname -- "$0")/../database" && pwd)
 template=kelvane_template_demo
 
@@ -45,7 +50,7 @@ prepare() {
 start() {
     mkdir -p -- "$folder"
     rm -f -- "$folder/missing"
-    if ! "$scripts/postgresql/server.sh" start "$folder" --fast >/dev/null 2>"$folder/complaint"; then
+    if ! "$scripts/postgresql/server.sh" start "$folder" $speed >/dev/null 2>"$folder/complaint"; then
         mv -- "$folder/complaint" "$folder/missing"
         cat -- "$folder/missing"
         return
@@ -62,10 +67,4 @@ stop() {
     [ -e "$folder/missing" ] || "$scripts/postgresql/server.sh" stop "$folder"
 }
 
-case $1 in
-start | stop) "$1" ;;
-*)
-    echo "shared_server.sh: unknown command $1" >&2
-    exit 2
-    ;;
-esac
+"$1"

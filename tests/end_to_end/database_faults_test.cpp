@@ -18,14 +18,14 @@ class EndToEndWithADatabaseFault : public TorqueEndToEnd {
     }
 
     const QStringList both{u"TW-101"_s, u"TW-102"_s};
-    CorruptibleFile mt{database.embedded().file(u"mt.db"_s)};
+    DatabaseOutage outage{database};
 };
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
     for (const auto& asset : both)
         list(asset);
-    mt.corrupt();
-    ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
+    outage.begin();
+    ui.expectReport(outage.number(), u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
@@ -36,15 +36,15 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAnd
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
 
-    logInAgain(mt);
+    logInAgain(outage);
     download();
     EXPECT_EQ(registered(), both);
 }
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndTheToolNotListed) {
     ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
-                    u"TT-0300F"_s, [&](const DialogQuestion&) { mt.corrupt(); });
-    ui.expectReport(notADatabase, u"ModuleGlobals,HasConfigData"_s);
+                    u"TT-0300F"_s, [&](const DialogQuestion&) { outage.begin(); });
+    ui.expectReport(outage.number(), u"ModuleGlobals,HasConfigData"_s);
     ui.expectBox(
         u"TW-101: This instrument does not have complete configuration data! Either the calibration parameters for this instrument have not yet been set, or the test strategy has not been set or has been removed."_s,
         downloadTitle, box::warning);
@@ -54,15 +54,15 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAn
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(screen.list, QStringList());
-    logInAgain(mt);
+    logInAgain(outage);
     list(u"TW-101"_s);
 }
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostDuringAnUploadEndsItBeforeTheNextToolIsTakenOff) {
     bringBack();
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { mt.corrupt(); });
-    ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
+    expectRecord(u"TW-101"_s, [&] { outage.begin(); });
+    ui.expectReport(outage.number(), u"ModuleGlobals,CreateCalRecord"_s);
     pressUpload(messages::connectionLost);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(storedNames(), both);
@@ -72,7 +72,7 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostDuringAnUploadEndsItBeforeTheN
     ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
     pressUpload(messages::connectionLost);
 
-    logInAgain(mt);
+    logInAgain(outage);
     EXPECT_EQ(registered(), both) << "the registry stays whole";
     EXPECT_EQ(records(u"TW-101"_s) + records(u"TW-102"_s), QStringList());
     makeRecords();
@@ -90,7 +90,7 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsEr
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
-    expectRecord(u"TW-101"_s, [&] { mt.corrupt(); });
+    expectRecord(u"TW-101"_s, [&] { outage.begin(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
     EXPECT_TRUE(ui.hasMetAll()) << "no box";
     EXPECT_FALSE(ui.busy);
@@ -99,7 +99,7 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploadAsEr
     EXPECT_EQ(storedNames(), both);
 
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
-    logInAgain(mt);
+    logInAgain(outage);
     EXPECT_EQ(registered(), both);
     upload(both);
     expectWhole(both);
@@ -109,14 +109,14 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
     for (const auto& asset : both)
         list(asset);
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
-    mt.corrupt();
+    outage.begin();
     EXPECT_EQ(errorOf([&] { downloadList(calibrators, screen); }), 75);
     EXPECT_EQ(errorOf([&] { addToDownloadList(calibrators, screen, u"TW-103"_s); }), 75);
     EXPECT_EQ(errorOf([&] { removeFromDownloadList(calibrators, screen, 0); }), 75);
     EXPECT_FALSE(ui.busy);
     EXPECT_EQ(screen.list, both);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
-    logInAgain(mt);
+    logInAgain(outage);
     download();
     EXPECT_EQ(registered(), both);
 }
@@ -124,13 +124,13 @@ TEST_F(EndToEndWithADatabaseFault, WithoutALogAFailingDownloadIsError75) {
 /// Another workstation holds the write lock.
 class EndToEndWithALockedDatabase : public EndToEndWithADatabaseFault {
   protected:
-    OtherWriter other{database.embedded().file(u"mt.db"_s)};
+    OtherWriter other{database};
 };
 
 TEST_F(EndToEndWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAndCanBeListedLater) {
     ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
                     u"TT-0300F"_s, [&](const DialogQuestion&) { other.lock(); });
-    ui.expectReport(busy, u"FormDockingDown,CommandAdd"_s);
+    ui.expectReport(other.number(), u"FormDockingDown,CommandAdd"_s);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_TRUE(session.SessionConnected) << "a lock is no lost connection";
@@ -143,7 +143,7 @@ TEST_F(EndToEndWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAn
 TEST_F(EndToEndWithALockedDatabase, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
     list(u"TW-101"_s);
     other.lock();
-    ui.expectReport(busy, u"FormDockingDown,Download"_s);
+    ui.expectReport(other.number(), u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(receivedMessages(), QStringList());
@@ -158,7 +158,7 @@ TEST_F(EndToEndWithALockedDatabase, ARecordThatCantBeWrittenIsMadeOutOfTheJourna
     bringBack();
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { other.lock(); });
-    ui.expectReport(busy, u"ModuleGlobals,CreateCalRecord"_s);
+    ui.expectReport(other.number(), u"ModuleGlobals,CreateCalRecord"_s);
     expectRecord(u"TW-102"_s, [&] { other.unlock(); });
     pressUpload();
     EXPECT_TRUE(session.SessionConnected);

@@ -70,11 +70,11 @@ class EndToEndTest : public ::testing::Test {
     QStringList standardsInUse(const QString& asset);
     /// The records of an instrument's working day: pass mark, number of standards, number of result lines.
     QStringList records(const QString& asset);
-    /// No file of the database is damaged.
+    /// No file of the database is damaged; those of a server are its own.
     void expectSoundDatabase();
 
-    /// The login is refused as long as the file is destroyed, and works once it is back.
-    void logInAgain(CorruptibleFile& destroyed);
+    /// The login is refused as long as the outage lasts, and works once it is over.
+    void logInAgain(DatabaseOutage& outage);
 
     /// Starts the same command on another workstation, an upload or (with instruments) a download; it kills
     /// itself before the moment of that number, 0 for none.

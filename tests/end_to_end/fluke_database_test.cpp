@@ -16,20 +16,20 @@ class FlukeEndToEndWithADatabaseFault : public FlukeEndToEnd {
         carryOut(twoRuns());
     }
 
-    CorruptibleFile mt{database.embedded().file(u"mt.db"_s)};
-    OtherWriter other{database.embedded().file(u"mt.db"_s)};
+    DatabaseOutage outage{database};
+    OtherWriter other{database};
 };
 
 TEST_F(FlukeEndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAndTheCalibratorLeftAlone) {
     list(singleInstrument());
-    mt.corrupt();
-    ui.expectReport(notADatabase, u"FormDockingDown,Download"_s);
+    outage.begin();
+    ui.expectReport(outage.number(), u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(takeHeard(), QStringList());
     EXPECT_EQ(screen.list, singleInstrument());
-    logInAgain(mt);
+    logInAgain(outage);
     download();
     EXPECT_EQ(registered(), singleInstrument());
 }
@@ -40,13 +40,13 @@ TEST_F(FlukeEndToEndWithADatabaseFault,
     bringBack();
     const auto onCalibrator = held();
     expectChoice();
-    expectRecord(u"PT-101"_s, [&] { mt.corrupt(); });
-    ui.expectReport(notADatabase, u"ModuleGlobals,CreateCalRecord"_s);
+    expectRecord(u"PT-101"_s, [&] { outage.begin(); });
+    ui.expectReport(outage.number(), u"ModuleGlobals,CreateCalRecord"_s);
     pressUpload(messages::connectionLost);
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(held(), onCalibrator);
 
-    logInAgain(mt);
+    logInAgain(outage);
     EXPECT_EQ(registered(), singleInstrument());
     EXPECT_EQ(records(u"PT-101"_s), QStringList());
     upload(twoRuns());
@@ -58,13 +58,13 @@ TEST_F(FlukeEndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploa
     bringBack();
     ASSERT_TRUE(QDir().mkdir(u"errors.log"_s));
     expectChoice();
-    expectRecord(u"PT-101"_s, [&] { mt.corrupt(); });
+    expectRecord(u"PT-101"_s, [&] { outage.begin(); });
     EXPECT_EQ(errorOf([&] { ModuleGlobals::UploadFromCalibrator(calibrators); }), 75);
     EXPECT_TRUE(ui.hasMetAll()) << "no box";
     EXPECT_FALSE(ui.busy);
     EXPECT_FALSE(ui.progressShown);
     ASSERT_TRUE(QDir().rmdir(u"errors.log"_s));
-    logInAgain(mt);
+    logInAgain(outage);
     upload(twoRuns());
     expectRecords(twoRuns());
 }
@@ -72,7 +72,7 @@ TEST_F(FlukeEndToEndWithADatabaseFault, WithoutALogTheLostConnectionEndsTheUploa
 TEST_F(FlukeEndToEndWithADatabaseFault, ADownloadThatCantMakeItsPackageSaysNothingToTheCalibrator) {
     list(singleInstrument());
     other.lock();
-    ui.expectReport(busy, u"FormDockingDown,Download"_s);
+    ui.expectReport(other.number(), u"FormDockingDown,Download"_s);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(takeHeard(), QStringList());
@@ -86,7 +86,7 @@ TEST_F(FlukeEndToEndWithADatabaseFault, ARecordThatCantBeWrittenIsReportedAndCom
     bringBack();
     expectChoice();
     expectRecord(u"PT-101"_s, [&] { other.lock(); });
-    ui.expectReport(busy, u"ModuleGlobals,CreateCalRecord"_s);
+    ui.expectReport(other.number(), u"ModuleGlobals,CreateCalRecord"_s);
     expectRecord(u"PT-101"_s, [&] { other.unlock(); });
     pressUpload();
     EXPECT_TRUE(session.SessionConnected);

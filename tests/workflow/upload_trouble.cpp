@@ -52,6 +52,8 @@ void TroubleSource::after() const {
 }
 
 void TroubledConnection::before() {
+    if (maker_.isLost && endConnection_)
+        return; // the statement fails by itself
     try {
         maker_.before();
     } catch (const Error& error) {
@@ -69,7 +71,7 @@ void TroubledConnection::after() {
 
 UploadInTrouble::UploadInTrouble()
     : session({ui, clock, settings}, [this] {
-          return std::make_unique<TroubledConnection>(odbcConnections()(), maker, database.connectionEnd());
+          return std::make_unique<TroubledConnection>(odbcConnections()(), maker, endConnection);
       }) {
     session.SessionDataSource = database.dsn();
     session.SessionDateFormat = u"MM/DD/YYYY"_s;
@@ -164,7 +166,7 @@ void UploadInTrouble::recover() {
     makeRecords();
 }
 
-void UploadInTrouble::tryEachStatement() {
+void UploadInTrouble::tryEachStatement(bool writingOnly) {
     int minute = 0;
     const auto prepare = [this, &minute] {
         do {
@@ -180,12 +182,15 @@ void UploadInTrouble::tryEachStatement() {
     maker = {};
     ASSERT_EQ(upload(), QString());
     const int statements = maker.count;
+    const auto writing = maker.writing;
     for (auto& instrument : instruments) {
         instrument.whole = recordsOf(instrument);
         ASSERT_EQ(instrument.whole.size(), 1);
     }
     ASSERT_GT(statements, 60);
     for (int number = 1; number <= statements; ++number) {
+        if (writingOnly && !writing.contains(number))
+            continue;
         prepare();
         maker = {.trouble = GetParam(), .number = number};
         const auto result = upload();

@@ -30,6 +30,8 @@ struct TroubleSource {
     int number = 0;
     int count = 0;
     bool isLost = false;
+    /// The numbers of the statements that write.
+    QList<int> writing = {};
 
     void before();
     void after() const;
@@ -39,11 +41,12 @@ class TroubledConnection final : public ForwardingConnection {
   public:
     /// `endConnection` ends the connection at its server: a lost one then fails in the engine's own way.
     TroubledConnection(std::unique_ptr<Connection> real, TroubleSource& maker,
-                       std::function<void()> endConnection)
-        : ForwardingConnection(std::move(real)), maker_(maker), endConnection_(std::move(endConnection)) {}
+                       const std::function<void()>& endConnection)
+        : ForwardingConnection(std::move(real)), maker_(maker), endConnection_(endConnection) {}
     bool isLost() const override { return maker_.isLost || ForwardingConnection::isLost(); }
     qint64 execute(const QString& statement) override {
         before();
+        maker_.writing << maker_.count;
         const auto rows = ForwardingConnection::execute(statement);
         after();
         return rows;
@@ -60,7 +63,7 @@ class TroubledConnection final : public ForwardingConnection {
     void after();
 
     TroubleSource& maker_;
-    std::function<void()> endConnection_;
+    const std::function<void()>& endConnection_;
 };
 
 /// The demonstration laboratory, in which one statement of an upload meets trouble, and an operator who
@@ -76,8 +79,8 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     /// True while the calibrator still has an instrument's results and an upload would find them.
     virtual bool isStored(const QString& asset) = 0;
 
-    /// Brings the trouble to each statement of an upload in turn.
-    void tryEachStatement();
+    /// Brings the trouble to each statement of an upload in turn, or to the writing ones alone.
+    void tryEachStatement(bool writingOnly = false);
 
     struct Instrument {
         QString asset;
@@ -99,6 +102,8 @@ class UploadInTrouble : public ::testing::TestWithParam<Trouble> {
     QuietOperator ui;
     TestDatabase database;
     TroubleSource maker;
+    /// Ends the connection at its server, where there is one.
+    std::function<void()> endConnection = database.connectionEnd();
     Session session;
 
   private:

@@ -5,6 +5,7 @@
 #include "drivers/fluke702/driver.h"
 #include "drivers/fluke74x/driver.h"
 #include "drivers/torquestar/driver.h"
+#include "testkit/crashing_server.h"
 #include "testkit/recorded_link3.h"
 #include "testkit/torque_fixture.h"
 
@@ -181,5 +182,20 @@ TEST_P(TorqueUploadInTrouble, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EachStatement, TorqueUploadInTrouble, everyTrouble);
+
+/// The server crashes, and is there again at once.
+class TorqueUploadInACrash : private CrashingServer, public TorqueUploadInTrouble {
+  protected:
+    TorqueUploadInACrash() {
+        endConnection = [this] { database.shared().crashServer(); };
+    }
+};
+
+TEST_P(TorqueUploadInACrash, LosesNoReadingMakesNoFalseRecordAndDoublesNone) {
+    tryEachStatement(true);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachWritingStatement, TorqueUploadInACrash,
+                         ::testing::Values(Trouble::isLost, Trouble::isCarriedOutAndLost));
 
 } // namespace kelvane::testing

@@ -1,0 +1,21 @@
+#include "testkit/crashing_server.h"
+
+#include "testkit/shared_database.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+CrashingServer::CrashingServer() : before_(qgetenv("KELVANE_TEST_SERVER")) {
+    runServerScript(QStringLiteral(KELVANE_TEST_SERVER_SCRIPT), {u"start"_s, folder_.path(), u"--durable"_s});
+    qputenv("KELVANE_TEST_SERVER", QFile::encodeName(folder_.path()));
+}
+
+CrashingServer::~CrashingServer() {
+    qputenv("KELVANE_TEST_SERVER", before_);
+    runServerScript(QStringLiteral(KELVANE_TEST_SERVER_SCRIPT), {u"stop"_s, folder_.path()});
+}
+
+} // namespace kelvane::testing
