@@ -20,11 +20,6 @@ struct Round {
     QTime time() const { return QTime(0, 0).addSecs(number % 12000 * 7); }
     /// Of the range of an instrument's output, from 0 to 1.
     double fraction() const { return (station * 1250 + number % 1250) / 10000.0; }
-
-    /// "2019-03-02 09:30:00".
-    QString moment() const {
-        return date().toString(Qt::ISODate) + QLatin1Char(' ') + time().toString(Qt::ISODate);
-    }
 };
 
 /// The round of a record's moment; nothing for a record that was not made in the run.
