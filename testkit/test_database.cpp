@@ -67,6 +67,11 @@ QStringList TestDatabase::rows(Connection& connection, const QString& query, int
     return queryRows(shared_ ? shared_->owner() : connection, query, columns);
 }
 
+QString TestDatabase::realText(double value) const {
+    const auto text = QString::number(value);
+    return isShared() || text.contains(u'.') ? text : text + u".0"_s;
+}
+
 QStringList TestDatabase::columnsOf(Connection& connection, const QString& table) const {
     const auto query = isShared() ? u"select column_name from information_schema.columns where table_schema = "
                                     "'mt' and table_name = '%1' order by 1"_s

@@ -41,6 +41,8 @@ class TestDatabase {
     QString rowOrder() const { return isShared() ? QStringLiteral("ctid") : QStringLiteral("rowid"); }
     /// The columns of a table of the owner MT, sorted.
     QStringList columnsOf(Connection& connection, const QString& table) const;
+    /// What the engine's driver makes of a value of a real column: "25.0" or "25".
+    QString realText(double value) const;
     /// The number with which the engine refuses a row that its table does not take.
     int refusedRow() const { return isShared() ? 1 : 19; }
 

@@ -23,6 +23,13 @@ class StrategiesInTheDatabase : public DatabaseSession {
         points.sort();
         return points;
     }
+    /// As the screen shows what the engine's driver makes of them.
+    QStringList realTexts(const QList<double>& values) {
+        QStringList texts;
+        for (const double value : values)
+            texts << database.realText(value);
+        return texts;
+    }
     QStringList instrumentsOf(const QString& name) {
         return values(u"select mtag from mt.hvm_kv_tag_config where tp_name = '"_s + name + u"'"_s);
     }
@@ -53,8 +60,7 @@ TEST_F(StrategiesInTheDatabase, ShowsThoseOfTheDemonstrationByName) {
     auto names = values(u"select distinct tp_name from mt.hvm_kv_proc_points"_s);
     EXPECT_EQ(screen.allNames(), names);
     screen.choose(screen.names(), u"9 POINT UP/DOWN"_s);
-    EXPECT_EQ(screen.points(), (QStringList{u"0.0"_s, u"25.0"_s, u"50.0"_s, u"75.0"_s, u"100.0"_s, u"75.0"_s,
-                                            u"50.0"_s, u"25.0"_s, u"0.0"_s}));
+    EXPECT_EQ(screen.points(), realTexts({0, 25, 50, 75, 100, 75, 50, 25, 0}));
 }
 
 TEST_F(StrategiesInTheDatabase, AStrategyMadeFromNothingIsWhatTheDriversRead) {
@@ -82,7 +88,7 @@ TEST_F(StrategiesInTheDatabase, SavingReplacesWhatWasStored) {
     screen.press(u"CommandDeletePoint"_s);
     screen.press(u"CommandSave"_s);
     EXPECT_EQ(stored(u"5 POINT UP"_s), (QStringList{u"00:25"_s, u"01:0"_s, u"02:50"_s, u"03:75"_s}));
-    EXPECT_EQ(screen.points(), (QStringList{u"25.0"_s, u"0.0"_s, u"50.0"_s, u"75.0"_s}));
+    EXPECT_EQ(screen.points(), realTexts({25, 0, 50, 75}));
 }
 
 TEST_F(StrategiesInTheDatabase, AnEmptyStrategyIsGoneOnceItIsSaved) {
