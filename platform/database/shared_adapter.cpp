@@ -1,5 +1,6 @@
 #include "platform/database/shared_adapter.h"
 
+#include "platform/database/refused_value.h"
 #include "platform/database/shared_dialect.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -40,6 +41,24 @@ constexpr auto sessionSettings = "set search_path to dialect,pg_catalog,pg_temp"
 
 bool meetsLock(const Error& error) {
     return error.sqlState == "55P03"_L1 || error.sqlState == "40P01"_L1;
+}
+
+/// Where the server only quotes the value that it refuses, the column is named, too: a screen shows its
+/// field.
+void nameColumn(Error& error, const QString& statement) {
+    if (!error.sqlState.startsWith("22"_L1))
+        return;
+    if (const auto column = columnOfRefusedValue(statement, error.description); !column.isEmpty())
+        error.description = column + u": "_s + error.description;
+}
+
+qint64 executeNaming(DriverLink& link, const QString& statement) {
+    try {
+        return link.execute(statement);
+    } catch (Error& error) {
+        nameColumn(error, statement);
+        throw;
+    }
 }
 
 /// There is no such schema or table, or the login must not see it.
@@ -95,7 +114,7 @@ qint64 SharedAdapter::execute(DriverLink& link, const QString& statement) {
         const auto texts = step.committed ? QStringList(step.statements.join(u';')) : step.statements;
         const bool together = step.committed && step.statements.size() > 1;
         for (const auto& text : texts) {
-            const auto changed = text.isEmpty() ? 0 : run([&] { return link.execute(text); });
+            const auto changed = text.isEmpty() ? 0 : run([&] { return executeNaming(link, text); });
             rows = rows < 0 || changed < 0 || together ? -1 : rows + changed;
         }
     }
@@ -108,6 +127,9 @@ std::unique_ptr<RecordSet> SharedAdapter::select(DriverLink& link, const QString
 }
 
 void SharedAdapter::beginTransaction(DriverLink& link) {
+    if (inTransaction_)
+        throw Error{1, makeError(ErrorNumber::invalidArgument).description,
+                    u"25001"_s}; // the server would only warn
     link.execute(u"begin;set local lock_timeout to 5000"_s);
     inTransaction_ = true;
     failed_ = false;

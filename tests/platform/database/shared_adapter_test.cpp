@@ -116,6 +116,23 @@ TEST_F(SharedEngine, ATransactionWithAFailedStatementIsNeverCommitted) {
               (QStringList{u"rollback"_s, u"begin;set local lock_timeout to 5000"_s, u"commit"_s}));
 }
 
+TEST_F(SharedEngine, ASecondTransactionWithinOneIsRefused) {
+    adapter.beginTransaction(link);
+    EXPECT_EQ(errorOf([&] { adapter.beginTransaction(link); }).value().number, 1);
+    adapter.commitTransaction(link);
+    EXPECT_EQ(link.statements, (QStringList{u"begin;set local lock_timeout to 5000"_s, u"commit"_s}));
+}
+
+TEST_F(SharedEngine, NamesTheColumnOfAValueThatTheServerOnlyQuotes) {
+    const auto insert = u"insert into mt.a (b,c) values ('1','x')"_s;
+    const auto refused = u"invalid input syntax for type integer: \"x\""_s;
+    link.failures = {{insert, {1, refused, u"22P02"_s}}};
+    EXPECT_EQ(errorOf([&] { adapter.execute(link, insert + u";commit"_s); }).value().description,
+              u"c: "_s + refused);
+    link.failures = {{insert, {1, refused, u"42501"_s}}};
+    EXPECT_EQ(errorOf([&] { adapter.execute(link, insert + u";commit"_s); }).value().description, refused);
+}
+
 TEST_F(SharedEngine, ATransactionThatCantBeRolledBackLosesTheConnection) {
     adapter.beginTransaction(link);
     link.failures = {{u"rollback"_s, {1, u"no answer"_s, u"HY000"_s}}};
