@@ -49,13 +49,13 @@ structure() {
     fi
 }
 
-# each_owner <table>: the rows of that table of all owners, in a query.
-each_owner() {
-    rows=
+# keys <column> <table>: a query of that column in the tables of all owners.
+keys() {
+    separator=
     for owner in $owners; do
-        rows="$rows${rows:+ union all }select '$owner' as owner, * from $owner.$1"
+        echo "${separator}select $1 from $owner.$2"
+        separator='union all '
     done
-    echo "($rows)"
 }
 
 # Rows that belong to nothing, and marks that contradict each other. What the program itself may leave when it is
@@ -70,8 +70,8 @@ rows() {
             select '$owner.calibration: instrument ' || mtag || ' has ' || count(*) || ' current records'
             from $owner.calibration where c2339 = '1' group by mtag having count(*) > 1;"
     done
-    calibrations=$(for owner in $owners; do echo "${separator:-}select ctag from $owner.calibration" && separator='union all '; done)
-    instruments=$(for owner in $owners; do echo "${separator:-}select mtag from $owner.inventory" && separator='union all '; done)
+    calibrations=$(keys ctag calibration)
+    instruments=$(keys mtag inventory)
     for table in standards calresults; do
         echo "select 'mt.$table: ' || count(*) || ' rows of no record: ' || coalesce(ctag, 'null')
             from mt.$table where coalesce(ctag, -1) not in ($calibrations) group by ctag;"
