@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSet>
 
 #include <algorithm>
@@ -81,8 +82,9 @@ void Checker::readInventory() {
 
 void Checker::readRecords() {
     for (const auto& row :
-         rows(u"select ctag,mtag,c2301,c2333,c2312,c2339 from mt.calibration where cdsrc = 'KVN'"_s, 6)) {
-        Record record{.asset = assets_.value(row[1]), .isCurrent = row[5] == u"1"};
+         rows(u"select ctag,mtag,c2301,c2333,c2312 from mt.calibration where cdsrc = 'KVN'"_s, 5)) {
+        Record record;
+        record.asset = assets_.value(row[1]);
         if (wholeOf(row[4]) >= worksheetMark(0)) {
             record.mark = QString::number(wholeOf(row[4]));
             worksheets_.insert(record.mark, row[0]);
