@@ -2,6 +2,7 @@
 
 #include "data/tolerances/result_template.h"
 #include "endurance/act_log.h"
+#include "platform/values/numbers.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -150,8 +151,8 @@ void Checker::checkUpload(const Record& record, const QString& name, int lines) 
     for (auto line = record.lines.cbegin(); line != record.lines.cend(); ++line) {
         expect(line->size() == 1 && line.key() >= 0 && line.key() < lines,
                u"the record of %1 has line %2 %3 times"_s.arg(name).arg(line.key()).arg(line->size()));
-        const auto shown = line->first().mid(readingColumn_, readingWidth_).trimmed();
-        expect(std::abs(shown.toDouble() - reading) <= 0.55 * scale.resolution,
+        const auto shown = line->first().mid(readingColumn_, readingWidth_);
+        expect(std::abs(numericValue(shown) - reading) <= 0.55 * scale.resolution,
                u"a line of another record stands in that of %1: %2"_s.arg(name, line->first()));
     }
     const auto own = calibratorKey(record.round->station);
