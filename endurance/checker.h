@@ -4,7 +4,6 @@
 #include "platform/database/connection.h"
 
 #include <QHash>
-#include <QJsonObject>
 #include <QMultiHash>
 
 namespace kelvane::endure {
@@ -30,7 +29,6 @@ class Checker {
         QString asset;
         QString mark; ///< of a worksheet
         std::optional<Round> round;
-        bool isCurrent = false;
         QHash<int, QStringList> lines;
         QStringList standards;
     };
