@@ -174,7 +174,6 @@ constexpr Attempt attempts[] = {
     {"create function public.x() returns text language sql as 'select 1::text'"_L1, nobody},
     {"create role x"_L1, nobody},
     {"select lo_create(0)"_L1, nobody},
-    {"grant select on mt.inventory to public"_L1, nobody},
     {"alter role \"MT\" superuser"_L1, nobody},
     {"set role kelvane_admin"_L1, nobody},
     {"copy mt.inventory to '/tmp/x'"_L1, nobody},
