@@ -130,7 +130,7 @@ constexpr Attempt attempts[] = {
     {"update mt.hvm_kv_proc_points set tp_name = 'x' where tp_name = 'y'"_L1, editors},
     {"delete from mt.hvm_kv_proc_points where tp_name = 'y'"_L1, editors},
     {"insert into mt.hvm_kv_tag_config (mtag,input_low) values ((select mtag from mt.inventory where i4201 = "
-     "'UC-903'),'1')"_L1,
+     "'TS-0001'),'1')"_L1,
      editors},
     {"update mt.hvm_kv_tag_config set tp_name = 'x' where tp_name = 'y'"_L1, editors},
     {"update mt.hvm_kv_tag_config set pos_units = 100"_L1, nobody},
