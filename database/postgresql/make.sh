@@ -36,11 +36,11 @@ trap clean EXIT
 trap 'exit 1' HUP INT TERM
 
 if ! exists; then
-    if echo "create database :\"name\" template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C.UTF-8';" |
-        engine_of postgres -v name="$database" -v VERBOSITY=terse; then
+    if words=$(echo "create database :\"name\" template template0 encoding 'UTF8' lc_collate 'C' lc_ctype 'C.UTF-8';" |
+        engine_of postgres -v name="$database" -v VERBOSITY=terse 2>&1); then
         made=yes
-    else
-        exists || fail "$address can't be made"
+    else # by another run in between
+        exists || fail "$address can't be made: $words"
     fi
 fi
 if [ "$(version)" != 0 ]; then

@@ -130,7 +130,7 @@ constexpr Attempt attempts[] = {
     {"update mt.hvm_kv_proc_points set tp_name = 'x' where tp_name = 'y'"_L1, editors},
     {"delete from mt.hvm_kv_proc_points where tp_name = 'y'"_L1, editors},
     {"insert into mt.hvm_kv_tag_config (mtag,input_low) values ((select mtag from mt.inventory where i4201 = "
-     "'UC-903'),'1')"_L1,
+     "'TS-0001'),'1')"_L1,
      editors},
     {"update mt.hvm_kv_tag_config set tp_name = 'x' where tp_name = 'y'"_L1, editors},
     {"update mt.hvm_kv_tag_config set pos_units = 100"_L1, nobody},
@@ -174,7 +174,6 @@ constexpr Attempt attempts[] = {
     {"create function public.x() returns text language sql as 'select 1::text'"_L1, nobody},
     {"create role x"_L1, nobody},
     {"select lo_create(0)"_L1, nobody},
-    {"grant select on mt.inventory to public"_L1, nobody},
     {"alter role \"MT\" superuser"_L1, nobody},
     {"set role kelvane_admin"_L1, nobody},
     {"copy mt.inventory to '/tmp/x'"_L1, nobody},

@@ -64,7 +64,8 @@ const auto serverColumns =
 /// Indexes: of those that were given a name, the name; "~" behind a column that compares without case.
 const auto embeddedIndexes =
     u"select 'OWNER.' || t.name, iif(i.origin = 'c', i.name, ''), iif(i.\"unique\", 'unique', ''), "
-    "iif(i.partial, 'partial', ''), (select group_concat(lower(x.name) || iif(x.coll = 'NOCASE', '~', '')) "
+    "iif(i.partial, 'partial', ''), (select group_concat(lower(x.name) || iif(lower(x.coll) = 'nocase', '~', "
+    "'')) "
     "from pragma_index_xinfo(i.name) as x where x.key) "
     "from sqlite_schema as t, pragma_index_list(t.name) as i where t.type = 'table' "
     "union all select 'OWNER.' || t.name, '', 'unique', '', c.name "
@@ -195,7 +196,7 @@ TEST_F(SharedSchema, KnowsTheFunctionsAndOperatorsOfTheDialect) {
     const std::pair<QString, QString> answers[] = {
         {u"select locate('abcabc', 'ca')"_s, u"3"_s},
         {u"select locate('abc', 'x')"_s, u"0"_s},
-        {u"select isnull(null, 'x') || isnull('a', 'x')"_s, u"ax"_s},
+        {u"select isnull(null, 'x') || isnull('a', 'x')"_s, u"xa"_s},
         {u"select isnull(i4229, 0) from mt.inventory where mtag = '1301'"_s, u"12"_s},
         {u"select timestamp '2026-03-01 10:00:00' - 1, timestamp '2026-02-28 10:00:00' + 1"_s,
          u"2026-02-28 10:00:00|2026-03-01 10:00:00"_s},

@@ -54,6 +54,9 @@ class SharedScripts : public ScriptServer {
     QTemporaryDir folder;
 };
 
+/// The same for the copies and the checks of a database: a suite of its own, which runs beside the other.
+using SharedCopies = SharedScripts;
+
 } // namespace
 
 TEST_F(SharedScripts, MakeMakesADatabaseThatSortsByCodesAndIsClosedToOthers) {
@@ -270,9 +273,11 @@ TEST_F(SharedScripts, AStepThatFailsLeavesTheDatabaseAsItWasBeforeIt) {
               "nothing was changed\n"_s.arg(address(name)));
 }
 
-TEST_F(SharedScripts, CheckNamesWhatIsWrong) {
+TEST_F(SharedCopies, CheckNamesWhatIsWrong) {
     const auto name = demo();
+    const auto before = contentOfServer(name);
     const auto whole = run(u"check.sh"_s, {address(name)});
+    EXPECT_EQ(contentOfServer(name), before) << "a check changes nothing";
     EXPECT_EQ(whole.code, 0);
     EXPECT_EQ(whole.output, u"%1 is of version 4, and whole.\n"_s.arg(address(name)));
     const std::pair<QString, QString> faults[] = {
@@ -301,15 +306,13 @@ TEST_F(SharedScripts, CheckNamesWhatIsWrong) {
     for (const auto& [fault, words] : faults) {
         const auto copy = demo();
         answer(copy, fault);
-        const auto before = contentOfServer(copy);
         const auto outcome = run(u"check.sh"_s, {address(copy)});
         EXPECT_EQ(outcome.code, 1) << fault.toStdString();
         EXPECT_TRUE(outcome.output.contains(words)) << outcome.output.toStdString();
-        EXPECT_EQ(contentOfServer(copy), before);
     }
 }
 
-TEST_F(SharedScripts, ABackupIsPutBackWithItsRightsAndTheEarlierDatabaseIsKept) {
+TEST_F(SharedCopies, ABackupIsPutBackWithItsRightsAndTheEarlierDatabaseIsKept) {
     const auto name = demo();
     const auto file = folder.filePath(u"it's a copy.dump"_s);
     const auto before = contentOfServer(name);
@@ -337,7 +340,7 @@ TEST_F(SharedScripts, ABackupIsPutBackWithItsRightsAndTheEarlierDatabaseIsKept) 
     answer(u"postgres"_s, u"drop database \"%1\"; drop role extra"_s.arg(kept));
 }
 
-TEST_F(SharedScripts, ADatabaseOfAnotherServerComesBackWithItsLoginsAndNamesThem) {
+TEST_F(SharedCopies, ADatabaseOfAnotherServerComesBackWithItsLoginsAndNamesThem) {
     const auto name = demo();
     answer(name, u"select kelvane.set_account('gone', 'ABC', 1)"_s);
     const auto file = folder.filePath(u"copy"_s);
@@ -351,7 +354,7 @@ TEST_F(SharedScripts, ADatabaseOfAnotherServerComesBackWithItsLoginsAndNamesThem
     answer(elsewhere, u"select kelvane.remove_account('gone')"_s);
 }
 
-TEST_F(SharedScripts, RestoreIsRefusedWhileSomebodyUsesTheDatabaseAndForWhatIsNoCopy) {
+TEST_F(SharedCopies, RestoreIsRefusedWhileSomebodyUsesTheDatabaseAndForWhatIsNoCopy) {
     const auto name = demo();
     const auto file = folder.filePath(u"copy"_s);
     ASSERT_EQ(run(u"backup.sh"_s, {address(name), file}).code, 0);
