@@ -2,10 +2,8 @@
 // bench_connection [COUNT]
 
 #include "benchmarks/alternating_runs.h"
-#include "benchmarks/plain_odbc.h"
+#include "benchmarks/bench_database.h"
 #include "benchmarks/require.h"
-#include "platform/database/odbc_connection.h"
-#include "testkit/embedded_database.h"
 
 #include <QCoreApplication>
 
@@ -25,13 +23,9 @@ void compare(const char* what, int count, const std::function<void(int)>& ours,
 }
 
 void run(int count) {
-    const testing::EmbeddedDatabase database(testing::demoDatabase());
-    const auto connection = database.connect(u"jdoe"_s, u"kelvane"_s);
-    PlainOdbc plain(database.connectionString());
-    for (const auto& owner : {u"mt"_s, u"sys"_s}) {
-        const auto file = database.file(owner + u".db"_s);
-        plain.runLean(u"attach '%1' as %2"_s.arg(file, owner).toUtf8());
-    }
+    const BenchDatabase database;
+    const auto connection = database.connect();
+    const auto plain = database.connectPlainly();
     const auto mtag = connection->select(u"select mtag from mt.inventory"_s, Rows::first);
     require(mtag->next(), u"the database has no instruments"_s);
     const auto query = u"select i4201 from mt.inventory where mtag = '"_s + mtag->value(0).value() + u'\'';
@@ -43,7 +37,7 @@ void run(int count) {
             require(found->next() && found->value(0).has_value() && !found->next(), u"not one row"_s);
         };
     };
-    const auto plainSelect = [&](int) { require(plain.runLean(bytes) == 1, u"not one row"_s); };
+    const auto plainSelect = [&](int) { require(plain->runLean(bytes) == 1, u"not one row"_s); };
     compare("one-row query", count, select(Rows::all), plainSelect);
     compare("first row of a query", count, select(Rows::first), plainSelect);
 
@@ -55,8 +49,7 @@ void run(int count) {
             connection->execute(insert.arg(u"ours"_s, u"now(*)"_s, QString::number(i)) + u";commit"_s);
         },
         [&](int i) {
-            plain.runLean(
-                insert.arg(u"plain"_s, u"datetime('now','localtime')"_s, QString::number(i)).toUtf8());
+            plain->runLean(insert.arg(u"plain"_s, database.presentMoment(), QString::number(i)).toUtf8());
         });
 }
 

@@ -1,4 +1,4 @@
-// A download and an upload with a Fluke 702 that takes no time itself. Usage: bench_fluke702 DATABASE [TURNS]
+// A download and an upload with a Fluke 702 that takes no time itself. Usage: bench_fluke702 [TURNS]
 
 #include "benchmarks/fluke_bench.h"
 #include "benchmarks/quick_link.h"

@@ -1,4 +1,4 @@
-// A download and an upload with a Fluke 743 that takes no time itself. Usage: bench_fluke74x DATABASE [TURNS]
+// A download and an upload with a Fluke 743 that takes no time itself. Usage: bench_fluke74x [TURNS]
 
 #include "benchmarks/fluke_bench.h"
 #include "benchmarks/quick_link3.h"

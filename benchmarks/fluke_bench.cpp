@@ -27,8 +27,9 @@ const QString strategy = u"BENCH 21 POINT"_s;
 /// each number of them. Every run starts on a copy of it.
 class Plant {
   public:
-    explicit Plant(const QString& databaseFrom);
-    QString files() const { return site_.database.path(); }
+    Plant();
+    QString database() { return site_.database.source(); }
+    bool isShared() const { return site_.database.isShared(); }
     QString package(int instruments) const { return packages_[instruments]; }
 
   private:
@@ -36,30 +37,31 @@ class Plant {
     QHash<int, QString> packages_;
 };
 
-Plant::Plant(const QString& databaseFrom) : site_(databaseFrom) {
+Plant::Plant() : site_(QString()) {
     QStringList names;
     for (int number = 1; number <= many; ++number)
         names << u"PTB-%1"_s.arg(number, 3, 10, QChar(u'0'));
     site_.copyInstrument(u"PT-101"_s, names);
-    auto& connection = sharedConnection(site_.session);
-    connection.execute(
+    const auto connection = site_.database.connectAsOwner();
+    connection->execute(
         u"update mt.hvm_kv_tag_config set tp_name = '%1' where mtag like 'PTB-%'"_s.arg(strategy));
     for (int point = 0; point < pointsEach; ++point)
-        connection.execute(
+        connection->execute(
             u"insert into mt.hvm_kv_proc_points (tp_name,test_point_seq,test_point_pct) values "
             "('%1',%2,%3)"_s.arg(strategy)
                 .arg(point)
                 .arg(100.0 / (pointsEach - 1) * point));
     for (const int instruments : {1, few, many})
         packages_[instruments] = site_.makePackage(names.first(instruments));
-    connection.close(); // everything is in the files now
+    sharedConnection(site_.session).close(); // everything is in the database now
 }
 
 /// Each instrument has its record with all results, whoever has fired the statements.
-void requireRecords(const testing::EmbeddedDatabase& database, int instruments) {
-    PlainOdbc plain(database.connectionString());
-    plain.run(u"attach '%1' as mt"_s.arg(database.file(u"mt.db"_s)), 0);
-    const auto rows = [&](const QString& query) { return plain.run(query, std::numeric_limits<int>::max()); };
+void requireRecords(const BenchDatabase& database, int instruments) {
+    const auto plain = database.connectPlainly();
+    const auto rows = [&](const QString& query) {
+        return plain->run(query, std::numeric_limits<int>::max());
+    };
     require(rows(u"select ctag from mt.calibration where c2308 = 'FOUND-LEFT' and c2320 = '%1'"_s.arg(
                 strategy)) == instruments &&
                 rows(u"select ctag from mt.calresults where mtag like 'PTB-%'"_s) == instruments * pointsEach,
@@ -70,7 +72,7 @@ void requireRecords(const testing::EmbeddedDatabase& database, int instruments) 
 /// some statements. Whatever else the machine does meets both.
 class InStep {
   public:
-    InStep(Site& site, const testing::EmbeddedDatabase& database) : site_(site), replay_(database) {}
+    InStep(Site& site, const BenchDatabase& database) : site_(site), replay_(database) {}
 
     /// The seconds that each of the two needs for a half of the run.
     struct Half {
@@ -130,11 +132,11 @@ struct RunFigures {
 
 using OnSite = std::function<std::unique_ptr<FlukeUnderBench>(Session&)>;
 
-RunFigures run(const Plant& plant, int instruments, const OnSite& onSite) {
-    Site site(plant.files());
+RunFigures run(Plant& plant, int instruments, const OnSite& onSite) {
+    Site site(plant.database());
     // The journal of the results lies in the working folder: each run gets one of its own.
     QDir::setCurrent(site.folder.path());
-    const testing::EmbeddedDatabase twin(plant.files());
+    const BenchDatabase twin(plant.database());
     InStep inStep(site, twin);
     const auto fluke = onSite(site.session);
     RunFigures took;
@@ -186,8 +188,8 @@ class Costs {
     qsizetype statements_ = 0;
 };
 
-void run(const char* calibrator, const QString& databaseFrom, int turns, const OnSite& onSite) {
-    const Plant plant(databaseFrom);
+void run(const char* calibrator, int turns, const OnSite& onSite) {
+    Plant plant;
     Costs ofOne(1);
     Costs ofFew(few);
     Costs ofMany(many);
@@ -214,19 +216,17 @@ void run(const char* calibrator, const QString& databaseFrom, int turns, const O
         costs->print(calibrator);
     std::printf("%s: an instrument at %d / at %d: %.2f (aim 1.1 or less)\n", calibrator, many, few,
                 growth.median());
-    std::printf("%s: %.2f times plain ODBC firing the same statements (aim 1.3 or less); download %.2f, "
+    std::printf("%s: %.2f times plain ODBC firing the same statements (aim %s or less); download %.2f, "
                 "upload %.2f\n",
-                calibrator, whole.median(), download.median(), upload.median());
+                calibrator, whole.median(), plant.isShared() ? "1.2" : "1.3", download.median(),
+                upload.median());
 }
 
 } // namespace
 
 int benchFluke(int argc, char** argv, const char* calibrator, const OnSite& onSite) {
     const QCoreApplication application(argc, argv);
-    if (argc < 2)
-        giveUp(u"usage: DATABASE [TURNS]"_s);
-    run(calibrator, QDir(QString::fromLocal8Bit(argv[1])).absolutePath(),
-        argc > 2 ? std::max(std::atoi(argv[2]), 1) : 5, onSite);
+    run(calibrator, argc > 1 ? std::max(std::atoi(argv[1]), 1) : 5, onSite);
     return 0;
 }
 

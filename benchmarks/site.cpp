@@ -1,7 +1,7 @@
 #include "benchmarks/site.h"
 
-#include "platform/database/engine_adapter.h"
 #include "platform/database/odbc_connection.h"
+#include "testkit/open_connections.h"
 
 #include <limits>
 
@@ -12,28 +12,6 @@ namespace kelvane::bench {
 namespace {
 
 const QString user = u"jdoe"_s;
-
-/// Takes what an adapter sends to its engine and answers nothing.
-class TextCatcher final : public DriverLink {
-  public:
-    struct Text {
-        QString statement;
-        Rows rows;
-    };
-    qint64 execute(const QString& statement) override {
-        texts.append({statement, Rows::all});
-        return 0;
-    }
-    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
-        texts.append({statement, rows});
-        return nullptr;
-    }
-    QList<Text> texts;
-};
-
-bool isQuery(const QString& statement) {
-    return statement.startsWith("select"_L1);
-}
 
 } // namespace
 
@@ -53,17 +31,17 @@ Site::Site(const QString& databaseFrom)
 }
 
 void Site::copyInstrument(const QString& like, const QStringList& names) {
-    const auto connection = database.connect(user, u"kelvane"_s);
+    const auto connection = database.connectAsOwner();
+    const auto execute = [&](const QString& statement) { testing::executeAnything(*connection, statement); };
     const QStringList tables{u"inventory"_s, u"hvm_kv_tag_config"_s, u"hvm_kv_proc_prompts"_s};
     for (const auto& table : tables)
-        testing::executeAnything(
-            *connection, u"create temp table copied_%1 as select * from mt.%1 where mtag = (select mtag from "
-                         "mt.inventory where i4201 = '%2')"_s.arg(table, like));
+        execute(u"create temp table copied_%1 as select * from mt.%1 where mtag = (select mtag from "
+                "mt.inventory where i4201 = '%2')"_s.arg(table, like));
     for (const auto& name : names) {
-        connection->execute(u"update copied_inventory set i4201 = '%1', i4206 = '%1'"_s.arg(name));
+        execute(u"update copied_inventory set i4201 = '%1', i4206 = '%1'"_s.arg(name));
         for (const auto& table : tables) {
-            connection->execute(u"update copied_%1 set mtag = '%2'"_s.arg(table, name));
-            connection->execute(u"insert into mt.%1 select * from copied_%1"_s.arg(table));
+            execute(u"update copied_%1 set mtag = '%2'"_s.arg(table, name));
+            execute(u"insert into mt.%1 select * from copied_%1"_s.arg(table));
         }
     }
 }
@@ -84,27 +62,17 @@ void Site::requireNoErrors() const {
     require(ui.reportedErrors.isEmpty(), ui.reportedErrors.join(u'\n'));
 }
 
-Replay::Replay(const testing::EmbeddedDatabase& database) : plain_(database.connectionString()) {
-    for (const auto& owner : {u"mt"_s, u"std"_s, u"abc"_s, u"sys"_s}) {
-        plain_.run(u"attach '%1' as %2"_s.arg(database.file(owner + u".db"_s), owner), 0);
-        plain_.run(u"pragma %1.synchronous = full"_s.arg(owner), 0);
-    }
-}
+Replay::Replay(const BenchDatabase& database) : database_(database), plain_(database.connectPlainly()) {}
 
 double Replay::run(const WatchedConnection::Log& log) {
-    const auto adapter = engineAdapterFor(u"SQLite"_s);
-    TextCatcher catcher;
-    for (qsizetype i = 0; i < log.statements.size(); ++i) {
-        if (isQuery(log.statements[i]))
-            adapter->select(catcher, log.statements[i], log.rows[i]);
-        else
-            adapter->execute(catcher, log.statements[i]);
-    }
+    QList<BenchDatabase::EngineText> texts;
+    for (qsizetype i = 0; i < log.statements.size(); ++i)
+        texts << database_.engineTexts(log.statements[i], log.rows[i]);
     Seconds time{};
     {
         const Timed timed(time);
-        for (const auto& text : std::as_const(catcher.texts))
-            plain_.run(text.statement, text.rows == Rows::first ? 1 : std::numeric_limits<int>::max());
+        for (const auto& text : std::as_const(texts))
+            plain_->run(text.statement, text.rows == Rows::first ? 1 : std::numeric_limits<int>::max());
     }
     return time.count();
 }

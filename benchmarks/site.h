@@ -1,11 +1,10 @@
 #pragma once
 
-#include "benchmarks/plain_odbc.h"
+#include "benchmarks/bench_database.h"
 #include "benchmarks/require.h"
 #include "benchmarks/watched.h"
 #include "data/session.h"
 #include "platform/settings_store.h"
-#include "testkit/embedded_database.h"
 #include "testkit/quiet_operator.h"
 
 #include <QTemporaryDir>
@@ -15,6 +14,7 @@ namespace kelvane::bench {
 /// A workstation that is logged in to a copy of a database, and keeps the statements that it fires.
 class Site {
   public:
+    /// `databaseFrom` is as for `BenchDatabase`.
     explicit Site(const QString& databaseFrom);
 
     /// Makes instruments that are like another one but for their number, key and serial number, which are
@@ -29,7 +29,7 @@ class Site {
     testing::QuietOperator ui;
     SystemClock clock;
     IniSettingsStore settings;
-    testing::EmbeddedDatabase database;
+    BenchDatabase database;
     WatchedConnection::Log log;
     Session session;
 };
@@ -37,12 +37,13 @@ class Site {
 /// Plain ODBC that fires the statements of a site again, on a database of the site's kind.
 class Replay {
   public:
-    explicit Replay(const testing::EmbeddedDatabase& database);
+    explicit Replay(const BenchDatabase& database);
     /// Fires them in their order, as the engine gets them; gives the seconds.
     double run(const WatchedConnection::Log& log);
 
   private:
-    PlainOdbc plain_;
+    const BenchDatabase& database_;
+    std::unique_ptr<PlainOdbc> plain_;
 };
 
 } // namespace kelvane::bench

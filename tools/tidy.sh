@@ -7,13 +7,13 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 cmake --preset plain -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >build/tidy.log 2>&1 ||
     { cat build/tidy.log >&2; exit 1; }
 
-# Most of the time goes into the toolkit's headers, over and over. So sources that are compiled alike are read together,
-# six at a time. Those of a group that has an error are read again one by one, since two sources may use one name.
+# Most of the time goes into the toolkit's headers, over and over. So sources that are compiled alike are read together.
+# A group that has an error is read again by halves, since two sources may use one name, down to the single source.
 groups=build/tidy/groups
 rm -rf "$groups"
 mkdir -p "$groups"
 git ls-files '*.cpp' ':!tests' ':!testkit' ':!benchmarks' ':!fuzz' ':!endurance' ':!*_windows.cpp' >"$groups/sources"
-awk -v root="$PWD" -v folder="$PWD/$groups" -v size=6 '
+awk -v root="$PWD" -v folder="$PWD/$groups" -v size=24 '
     FNR == NR { wanted[root "/" $0] = 1; next }
     /^ *"command": / { command = $0; sub(/^ *"command": "/, "", command); sub(/ -o [^ ]* -c [^ ]*",?$/, "", command) }
     /^ *"file": / {
@@ -22,29 +22,46 @@ awk -v root="$PWD" -v folder="$PWD/$groups" -v size=6 '
     }
     END {
         for (file in wanted) { print file " is not compiled" > "/dev/stderr"; exit 1 }
-        printf "[" > (folder "/compile_commands.json")
         for (command in count) {
             number = int((count[command] + size - 1) / size)
             for (i = 0; i < number; ++i) {
-                group = folder "/" ++groups ".cpp"
+                group = folder "/" ++groups
+                system("mkdir \"" group "\"")
                 for (j = i + 1; j <= count[command]; j += number)
-                    printf "#include \"%s\"\n", alike[command, j] > group
-                close(group)
-                entry = "{\"directory\": \"" root "/build/tidy\", \"file\": \"" group "\", \"command\": \"" command " -c " group "\"}"
-                print separator entry > (folder "/compile_commands.json")
-                separator = ","
+                    print alike[command, j] > (group "/sources")
+                close(group "/sources")
+                print command > (group "/command")
+                close(group "/command")
             }
         }
-        printf "]" > (folder "/compile_commands.json")
     }' "$groups/sources" build/tidy/compile_commands.json
 
 # tidy ARGUMENT... : quiet when there is nothing to say.
 tidy() {
     clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option "$@" 2>/dev/null
 }
-export -f tidy
-ls "$groups"/*.cpp | xargs -P "$(nproc)" -I{} bash -c \
-    'tidy -p "$0" --config-file=.clang-tidy --checks=-bugprone-suspicious-include {} >/dev/null || cat {} >>"$0/again"' \
-    "$groups"
-[ -e "$groups/again" ] || exit 0
-cut -d'"' -f2 "$groups/again" | xargs -P "$(nproc)" -n 1 bash -c 'tidy -p build/tidy "$0"'
+
+# read_group FOLDER: reads its sources together; shows what a source has by itself.
+read_group() {
+    local group=$1 half status=0
+    if [ "$(wc -l <"$group/sources")" = 1 ]; then
+        tidy -p build/tidy "$(cat "$group/sources")"
+        return
+    fi
+    sed 's/.*/#include "&"/' "$group/sources" >"$group/group.cpp"
+    printf '[{"directory": "%s/build/tidy", "file": "%s/group.cpp", "command": "%s -c %s/group.cpp"}]\n' \
+        "$PWD" "$group" "$(cat "$group/command")" "$group" >"$group/compile_commands.json"
+    ! tidy -p "$group" --config-file=.clang-tidy --checks=-bugprone-suspicious-include "$group/group.cpp" >/dev/null ||
+        return 0
+    half=$(($(wc -l <"$group/sources") / 2))
+    mkdir "$group/1" "$group/2"
+    head -n "$half" "$group/sources" >"$group/1/sources"
+    tail -n "+$((half + 1))" "$group/sources" >"$group/2/sources"
+    for half in "$group/1" "$group/2"; do
+        cp "$group/command" "$half/command"
+        read_group "$half" || status=1
+    done
+    return "$status"
+}
+export -f tidy read_group
+ls -d "$PWD/$groups"/*/ | xargs -P "$(nproc)" -I{} bash -c 'read_group "${1%/}"' bash {}

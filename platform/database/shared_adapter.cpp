@@ -26,7 +26,7 @@ constexpr auto driverChoices =
 /// window is painted between two. What a workstation leaves behind, asleep or out of reach, must not hold its
 /// locks for long.
 constexpr auto sessionSettings = "set search_path to dialect,pg_catalog,pg_temp"
-                                 ";set datestyle to iso"
+                                 ";set datestyle to iso,ymd"
                                  ";set extra_float_digits to 1"
                                  ";set standard_conforming_strings to on"
                                  ";set default_transaction_isolation to 'read committed'"
