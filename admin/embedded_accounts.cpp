@@ -71,11 +71,15 @@ EmbeddedAccounts::EmbeddedAccounts(const QString& folder) : folder_(folder), lin
 }
 
 void EmbeddedAccounts::attach(const QString& schema) {
+    const QFileInfo folder(folder_);
+    if (folder.isDir() && !folder.isExecutable())
+        throw Failure{u"%1 can't be opened by you"_s.arg(folder_)};
     const QFileInfo file(QDir(folder_).filePath(schema + u".db"_s));
     if (!file.exists())
         throw Failure{u"%1 holds no database: %2 is missing"_s.arg(folder_, file.fileName())};
-    if (!file.isReadable())
-        throw Failure{u"%1 can't be read by you"_s.arg(file.filePath())};
+    // The engine writes beside the files also when it only reads.
+    if (!file.isReadable() || !file.isWritable())
+        throw Failure{u"%1 can't be read and written by you"_s.arg(file.filePath())};
     // As an address the file is never made when it has just gone.
     const auto address = QString::fromLatin1(QUrl::fromLocalFile(file.filePath()).toEncoded());
     attempt([&] {

@@ -1,5 +1,6 @@
 #include "admin/commands.h"
 #include "admin/failure.h"
+#include "admin/terminal.h"
 #include "platform/error.h"
 
 #include <QCoreApplication>
@@ -38,6 +39,7 @@ QString outputOf(const kelvane::admin::Invocation& invocation) {
 } // namespace
 
 int main(int argc, char** argv) {
+    kelvane::admin::openStandardStreams();
     const QCoreApplication application(argc, argv);
     requireVerifiedServers();
     int status = 1;

@@ -7,6 +7,10 @@
 
 namespace kelvane::admin {
 
+/// Opens those of the three standard streams that are closed, so that no file of the program's own takes
+/// their place. To be called before anything else is opened.
+void openStandardStreams();
+
 /// True when the standard input is a terminal.
 bool isTerminal();
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include <csignal>
+#include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -64,6 +65,14 @@ std::optional<QByteArray> readLine(qsizetype maxBytes) {
 }
 
 } // namespace
+
+void openStandardStreams() {
+    // The lowest free number is the one that is closed.
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+        if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", O_RDWR) < 0)
+            return;
+    }
+}
 
 bool isTerminal() {
     return ::isatty(STDIN_FILENO) != 0;

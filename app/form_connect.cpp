@@ -54,6 +54,7 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
         // Owner and level of the open screens are those of this user.
         TextUsername->setText(session.SessionUser);
         TextUsername->setReadOnly(true);
+        TextUsername->setFocusPolicy(Qt::ClickFocus);
     }
     layOut();
 

@@ -6,9 +6,8 @@ start_server() {
     server_folder=$1
     mkdir -p "$server_folder"
     exec {server_users}>"$server_folder/users.lock"
-    flock -x "$server_users" # nobody stops it meanwhile
+    flock -s "$server_users" # from here on nobody else stops it
     server_socket=$("$server_script" start "$server_folder" {server_users}>&-)
-    flock -s "$server_users"
     on_exit=(stop_server "${on_exit[@]}")
 }
 

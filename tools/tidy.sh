@@ -12,7 +12,7 @@ cmake --preset plain -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >build/
 groups=build/tidy/groups
 rm -rf "$groups"
 mkdir -p "$groups"
-git ls-files '*.cpp' ':!tests' ':!testkit' ':!benchmarks' ':!fuzz' ':!endure' ':!*_windows.cpp' >"$groups/sources"
+git ls-files '*.cpp' ':!tests' ':!testkit' ':!benchmarks' ':!fuzz' ':!endurance' ':!*_windows.cpp' >"$groups/sources"
 awk -v root="$PWD" -v folder="$PWD/$groups" -v size=6 '
     FNR == NR { wanted[root "/" $0] = 1; next }
     /^ *"command": / { command = $0; sub(/^ *"command": "/, "", command); sub(/ -o [^ ]* -c [^ ]*",?$/, "", command) }

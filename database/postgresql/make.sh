@@ -13,8 +13,9 @@ for argument; do
     case $argument in
     --demo) demo=yes ;;
     --day=[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]) day=$argument ;;
-    --owner=?*[!A-Za-z0-9_]* | --owner=) echo "make.sh: an owner has a plain name" >&2 && exit 1 ;;
-    --owner=?*) owners="$owners $argument" ;;
+    --owner=*[!a-z0-9_]* | --owner=[0-9]* | --owner=)
+        echo 'make.sh: an owner has a name of small letters, digits and "_"' >&2 && exit 1 ;;
+    --owner=*) owners="$owners $argument" ;;
     -*) echo "make.sh: unknown option $argument" >&2 && exit 1 ;;
     *) [ -z "$address" ] || { echo 'make.sh: one database only' >&2 && exit 1; }
        address=$argument ;;

@@ -24,8 +24,13 @@ place=postgresql://$server/$new$parameters
 present=
 if exists; then
     present=yes
-    users=$(echo "select count(*) from pg_stat_activity where datname = :'name';" |
-        engine_of postgres -At -v name="$database") || fail "the server of $address can't be reached"
+    # A session that has just ended may still be leaving.
+    for attempt in 1 2 3; do
+        users=$(echo "select count(*) from pg_stat_activity where datname = :'name' and backend_type = 'client backend';" |
+            engine_of postgres -At -v name="$database") || fail "the server of $address can't be reached"
+        [ "$users" != 0 ] || break
+        [ $attempt = 3 ] || sleep 1
+    done
     [ "$users" = 0 ] || fail "$address is in use; log out everywhere and try again"
 fi
 

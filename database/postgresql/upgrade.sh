@@ -16,25 +16,26 @@
 set -eu
 
 address= new= demonstration= added=
-usage='usage: upgrade.sh <address> [--owner=<name>]...'
+usage='upgrade.sh: usage: upgrade.sh <address> [--owner=<name>]...'
 for argument; do
     case $argument in
     --new) new=yes ;;
     --demonstration=?*) demonstration=${argument#--demonstration=} ;;
-    --owner=?*) added="$added ${argument#--owner=}" ;;
+    --owner=*[!a-z0-9_]* | --owner=[0-9]* | --owner=)
+        echo 'upgrade.sh: an owner has a name of small letters, digits and "_"' >&2 && exit 1 ;;
+    --owner=*) added="$added ${argument#--owner=}" ;;
     -*) echo "upgrade.sh: unknown option $argument" >&2 && exit 1 ;;
     *) [ -z "$address" ] || { echo "$usage" >&2 && exit 1; }
        address=$argument ;;
     esac
 done
-[ -n "$address" ] || { echo "upgrade.sh: $usage" >&2 && exit 1; }
+[ -n "$address" ] || { echo "$usage" >&2 && exit 1; }
 . "$(dirname -- "$0")/common.sh"
 
 # Statements name an owner's tables without quotation marks.
 for owner in $added; do
     case $owner in
-    *[!a-z0-9_]* | [0-9]* | pg_* | dialect | sys | kelvane | public | information_schema)
-        fail "an owner is a name of small letters, digits and \"_\" that nothing else has: $owner" ;;
+    pg_* | dialect | sys | kelvane | public | information_schema) fail "an owner has a name that nothing else has: $owner" ;;
     esac
     [ ${#owner} -le 40 ] && [ "$(query "select quote_ident(:'owner')" -v owner="$owner")" = "$owner" ] ||
         fail "an owner has a name of at most 40 characters that is no word of SQL: $owner"

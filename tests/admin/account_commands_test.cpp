@@ -174,6 +174,23 @@ TEST_F(AccountCommands, AFailureBetweenTheTwoFilesLeavesNeither) {
     EXPECT_TRUE(takesLogin(u"jdoe"_s, u"kelvane"_s));
 }
 
+TEST_F(AccountCommands, WithoutTheRightToReadOrWriteNothingIsDone) {
+    const auto accounts = database.file(u"kelvane.db"_s);
+    ASSERT_TRUE(QFile::setPermissions(accounts, QFile::ReadOwner));
+    expectRefused(runAdminWithoutPrivileges({u"password"_s, database.path(), u"jdoe"_s}, "new\n"), 1,
+                  accounts + u" can't be read and written by you"_s);
+    ASSERT_TRUE(QFile::setPermissions(accounts, QFile::WriteOwner));
+    expectRefused(runAdminWithoutPrivileges({u"accounts"_s, database.path()}), 1,
+                  accounts + u" can't be read and written by you"_s);
+    ASSERT_TRUE(QFile::setPermissions(accounts, QFile::ReadOwner | QFile::WriteOwner));
+    ASSERT_TRUE(QFile::setPermissions(database.path(), {}));
+    expectRefused(runAdminWithoutPrivileges({u"accounts"_s, database.path()}), 1,
+                  database.path() + u" can't be opened by you"_s);
+    ASSERT_TRUE(
+        QFile::setPermissions(database.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    EXPECT_TRUE(takesLogin(u"jdoe"_s, u"kelvane"_s));
+}
+
 TEST_F(AccountCommands, WithoutADatabaseTheFolderIsNamed) {
     const QTemporaryDir empty;
     for (const auto& arguments :

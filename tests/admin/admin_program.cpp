@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QProcess>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -13,19 +15,38 @@ namespace {
 
 constexpr int patience = 120000; // milliseconds
 
-} // namespace
+QString adminProgram() {
+    return QCoreApplication::applicationDirPath() + u"/kelvane-admin"_s;
+}
 
-AdminOutcome runAdmin(const QStringList& arguments, const QByteArray& input,
-                      const QProcessEnvironment& environment) {
+AdminOutcome runProgram(const QString& program, const QStringList& arguments, const QByteArray& input,
+                        const QProcessEnvironment& environment) {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationDirPath() + u"/kelvane-admin"_s, arguments);
+    process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(patience)) << process.errorString().toStdString();
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << arguments.join(u' ').toStdString();
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
+}
+
+} // namespace
+
+AdminOutcome runAdmin(const QStringList& arguments, const QByteArray& input,
+                      const QProcessEnvironment& environment) {
+    return runProgram(adminProgram(), arguments, input, environment);
+}
+
+AdminOutcome runAdminWithoutPrivileges(const QStringList& arguments, const QByteArray& input) {
+    const auto environment = QProcessEnvironment::systemEnvironment();
+    if (::getuid() != 0)
+        return runProgram(adminProgram(), arguments, input, environment);
+    return runProgram(u"setpriv"_s,
+                      QStringList{u"--bounding-set=-dac_override,-dac_read_search"_s, adminProgram()} +
+                          arguments,
+                      input, environment);
 }
 
 void expectDone(const AdminOutcome& outcome) {

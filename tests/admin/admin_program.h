@@ -20,6 +20,9 @@ struct AdminOutcome {
 AdminOutcome runAdmin(const QStringList& arguments, const QByteArray& input = {},
                       const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
 
+/// The same, by a user for whom the modes of files count: root without the right to pass by them.
+AdminOutcome runAdminWithoutPrivileges(const QStringList& arguments, const QByteArray& input = {});
+
 /// Expects a command that succeeds and says nothing.
 void expectDone(const AdminOutcome& outcome);
 /// Expects a refusal: one line of errors that begins with the program's name and contains `text`, that exit

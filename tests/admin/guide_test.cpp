@@ -23,7 +23,7 @@ QString guide() {
 
 /// The lines of its blocks that begin with one of the programs of these tests.
 QStringList commandLines() {
-    static const QRegularExpression line(u"^ {4,}((?:kelvane-admin|psql|cmake|15 2) .*)$"_s,
+    static const QRegularExpression line(u"^ {4,}((?:kelvane-admin|psql|sqlite3|cmake|15 2) .*)$"_s,
                                          QRegularExpression::MultilineOption);
     QStringList lines;
     for (const auto& match : line.globalMatch(guide()))
@@ -45,6 +45,11 @@ void expectSuccess(const QString& line) {
     shell.closeWriteChannel();
     ASSERT_TRUE(shell.waitForFinished(120000)) << line.toStdString();
     EXPECT_EQ(shell.exitCode(), 0) << line.toStdString() << "\n" << shell.readAll().toStdString();
+}
+
+/// The line that removes the column that a line of the page adds.
+QString removal(QString line) {
+    return line.replace(QRegularExpression(u"add column (\\w+) .*'"_s), u"drop column \\1'"_s);
 }
 
 /// The places of the page, in a folder of the test.
@@ -69,10 +74,17 @@ TEST(AdministratorsGuide, TheCommandsForAFolderSucceedInTheirOrder) {
     for (const auto& line : commandLines()) {
         if (line.contains(serverAddress))
             continue;
+        if (line.contains(u"add column"_s)) {
+            const auto file = inFolder(u"/srv/kelvane/database/mt.db"_s, folder);
+            expectSuccess(u"sqlite3 %1 'drop index inventory_description'"_s.arg(file));
+            expectSuccess(inFolder(removal(line), folder));
+        }
         expectSuccess(inFolder(line, folder));
         ++count;
     }
     EXPECT_GE(count, 10);
+    for (const auto& command : {u"upgrade"_s, u"check"_s})
+        expectSuccess(inFolder(u"kelvane-admin %1 /srv/kelvane/database"_s.arg(command), folder));
     QFile sources(folder.filePath(u"odbc.ini"_s));
     ASSERT_TRUE(sources.open(QIODevice::ReadOnly));
     const auto text = sources.readAll();
@@ -94,10 +106,14 @@ TEST_F(AdministratorsGuideOnAServer, TheCommandsForAServerSucceedInTheirOrder) {
         line.replace(QRegularExpression(u"^15 2 \\* \\* \\* backup "_s), QString()).replace(u"\\%"_s, u"%"_s);
         for (auto match = database.match(line); match.hasMatch(); match = database.match(line))
             line.replace(match.captured(), u'\'' + server().address(match.captured(1)) + u'\'');
+        if (line.contains(u"add column"_s))
+            expectSuccess(removal(line));
         expectSuccess(inFolder(line, folder));
         ++count;
     }
     EXPECT_GE(count, 12);
+    for (const auto& command : {u"upgrade"_s, u"check"_s})
+        expectSuccess(u"kelvane-admin %1 '%2'"_s.arg(command, server().address(u"kelvane"_s)));
     EXPECT_EQ(psql(u"kelvane"_s, u"show timezone"_s), u"Europe/Berlin"_s);
     EXPECT_FALSE(QDir(folder.filePath(u"copies"_s)).isEmpty()) << "the nightly copy";
 }

@@ -106,6 +106,15 @@ TEST_F(AdminAtTerminal, AnEmptyPasswordIsRefusedBeforeTheSecondQuestion) {
     EXPECT_TRUE(asked.endsWith("an empty password is refused\n")) << asked.toStdString();
 }
 
+TEST_F(AdminAtTerminal, AClosedInputIsNoPassword) {
+    process.start(u"sh"_s, {u"-c"_s, u"exec \"$0\" \"$@\" <&-"_s,
+                            QCoreApplication::applicationDirPath() + u"/kelvane-admin"_s, u"password"_s,
+                            database.path(), u"jdoe"_s});
+    EXPECT_EQ(exitCode(), 1);
+    EXPECT_EQ(asked, "kelvane-admin: no password was given on the standard input\n");
+    EXPECT_TRUE(takesLogin(u"jdoe"_s, u"kelvane"_s));
+}
+
 TEST_F(AdminAtTerminal, ASignalLeavesTheTerminalAsItWas) {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         process.setReadChannel(QProcess::StandardError);

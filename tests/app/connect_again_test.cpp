@@ -1,5 +1,6 @@
 // The button of the status line, and the login screen that it opens.
 #include "tests/app/lost_connection_fixture.h"
+#include "tests/worksheets/small_layout.h"
 #include "ui/form_custom_dialog.h"
 
 using namespace Qt::StringLiterals;
@@ -161,6 +162,7 @@ TEST_F(LostConnection, DuringAQuestionTheButtonBringsTheQuestionForward) {
 }
 
 TEST_F(LostConnection, OfAReportEndsThatOfTheSessionToo) {
+    writeSmallLayout(folder);
     const ReportRequest request{
         .connect = u"DSN = %1;UID = dsantos;PWD = kelvane"_s.arg(database.dsn()),
         .windowTitle = u"Calibration Worksheet"_s,

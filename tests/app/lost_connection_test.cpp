@@ -66,7 +66,7 @@ TEST_F(LostConnection, AStrategyStaysAndIsSavedInTheSecondTry) {
         {u"FormStrategies,CommandSave"_s},
         [&] {
             return controlNamed<QListWidget>(u"ListPoints"_s).count() == 3 &&
-                   controlNamed<QComboBox>(u"ComboTSName"_s).currentText() == u"NEW STRATEGY"_s;
+                   controlNamed<QComboBox>(u"ComboTSNames"_s).currentText() == u"NEW STRATEGY"_s;
         },
         u"select distinct(tp_name) from mt.hvm_kv_proc_points"_s, u"NEW STRATEGY"_s);
 }
@@ -186,7 +186,7 @@ TEST_F(LostEntry, WhoseRecordMeetsItIsOfferedAfterwards) {
     const int before = records();
     cut = true;
     simulatedOperator.expectReport(10054, u"ModuleGlobals,CheckAsset"_s);
-    simulatedOperator.expectReport(10054, u"ModuleGlobals,CreateCalRecord"_s);
+    simulatedOperator.expectReport(10054, u"ModuleGlobals,calcDueDate"_s);
     simulatedOperator.expectBox(lostAdvice, u"Calibration Record Creation"_s, box::stop);
     press(u"CommandSave"_s);
     EXPECT_TRUE(simulatedOperator.hasMetAll());

@@ -2,11 +2,13 @@
 
 #include "data/journal/journal.h"
 #include "ui/form_custom_dialog.h"
+#include "ui/status_line.h"
 
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
@@ -99,6 +101,14 @@ const Screen screens[] = {
          test.start();
          control<QLineEdit>(test.child(u"FormConnect"_s), u"TextUsername"_s).setText(u"jdoe"_s);
          control<QLineEdit>(test.child(u"FormConnect"_s), u"TextPassword"_s).setText(u"secret"_s);
+         look();
+     }},
+    {"FormConnect_again",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.program.session.SessionConnected = false;
+         test.program.window.statusLine().refresh();
+         click(test.program.window.statusLine().connectButton());
          look();
      }},
     {"FormODBC",

@@ -17,7 +17,7 @@ constexpr uid_t nobody = 65534;
 
 /// Runs a program to its end, with `input` as what it reads.
 Outcome outcomeOf(QProcess& process, const QString& program, const QStringList& arguments,
-                  const QString& input = {}) {
+                  const QString& input) {
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     process.write(input.toUtf8());
@@ -28,7 +28,8 @@ Outcome outcomeOf(QProcess& process, const QString& program, const QStringList& 
 
 } // namespace
 
-Outcome runScript(const QString& script, const QStringList& arguments, const ScriptEnvironment& environment) {
+Outcome runProgram(const QString& program, const QStringList& arguments, const QString& input,
+                   const ScriptEnvironment& environment) {
     QProcess process;
     process.setProcessEnvironment(environment.variables);
     process.setWorkingDirectory(environment.workingFolder);
@@ -37,13 +38,16 @@ Outcome runScript(const QString& script, const QStringList& arguments, const Scr
             if (::getuid() == 0 && ::setuid(nobody) != 0)
                 ::_exit(100);
         });
-    return outcomeOf(process, script, arguments);
+    return outcomeOf(process, program, arguments, input);
+}
+
+Outcome runScript(const QString& script, const QStringList& arguments, const ScriptEnvironment& environment) {
+    return runProgram(script, arguments, {}, environment);
 }
 
 Outcome runSqlite(const QString& file, const QString& statement) {
-    QProcess process;
-    return outcomeOf(process, u"sqlite3"_s, {u"-batch"_s, u"-bail"_s, u"-init"_s, u"/dev/null"_s, file},
-                     statement + u"\n;\n"_s);
+    return runProgram(u"sqlite3"_s, {u"-batch"_s, u"-bail"_s, u"-init"_s, u"/dev/null"_s, file},
+                      statement + u"\n;\n"_s);
 }
 
 QString sqlite(const QString& file, const QString& statement) {

@@ -28,6 +28,10 @@ struct ScriptEnvironment {
 Outcome runScript(const QString& script, const QStringList& arguments,
                   const ScriptEnvironment& environment = {});
 
+/// Runs a program with `input` as what it reads, to its end.
+Outcome runProgram(const QString& program, const QStringList& arguments, const QString& input,
+                   const ScriptEnvironment& environment = {});
+
 /// Runs the sqlite3 program on a file, up to a statement that fails.
 Outcome runSqlite(const QString& file, const QString& statement);
 /// What it answers. A statement that fails is a failure of the test.

@@ -36,6 +36,7 @@ class RecordedTogether : public DatabaseSession {
 TEST_F(RecordedTogether, NoRecordHasTheChildrenOfAnother) {
     const QList<std::pair<QString, QString>> workstations{{u"first"_s, u"2026-02-02"_s},
                                                           {u"second"_s, u"2026-02-03"_s}};
+    folder.write(u"rslt_db.frm"_s, "FN NM AP\n");
     QList<std::shared_ptr<QProcess>> processes;
     for (const auto& workstation : workstations)
         processes << std::shared_ptr<QProcess>(start(workstation.first, workstation.second));

@@ -36,7 +36,8 @@ struct Companion {
     int order;
 };
 constexpr Companion companions[] = {
-    {u"simulators", 1}, {u"testkit", 2}, {u"demo", 3}, {u"benchmarks", 3}, {u"fuzz", 3}, {u"tests", 4},
+    {u"simulators", 1}, {u"testkit", 2},   {u"demo", 3},  {u"benchmarks", 3},
+    {u"fuzz", 3},       {u"endurance", 3}, {u"tests", 4},
 };
 
 /// The only parts of Qt that a module without windows may use.

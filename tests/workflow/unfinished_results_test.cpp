@@ -109,7 +109,7 @@ TEST_F(ResultsWithoutRecord, OfAnInstrumentThatAnotherWorkstationRecordsAreMadeA
     EXPECT_EQ(upload(), QString());
     EXPECT_EQ(verdicts(), QStringList()) << "nothing was written";
     ASSERT_EQ(unfinishedResults(session).size(), 1);
-    ui.expectReport(70, u"ModuleGlobals,CreateCalRecord"_s);
+    ui.expectReport(70, u"Journal,MakeRecord"_s);
     expectKept(u"There is no complete record of PT-101 yet."_s + kept);
     other->unlock(u"mt.1401"_s);
     expectMade();

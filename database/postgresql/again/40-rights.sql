@@ -195,7 +195,7 @@ begin
             union all
             select 'grant', 'to', *
             from (table kelvane.rights_expected except table kelvane.rights_present) as missing
-            order by command desc
+            order by command desc, role, kind, object, column_name
         loop
             execute format('%s %s%s on %s %s %s %I', change.command, change.verb, '(' || quote_ident(change.column_name) || ')',
                 change.kind, change.object, change.link, change.role);

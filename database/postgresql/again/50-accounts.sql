@@ -98,7 +98,8 @@ begin
         delete from mt.userlist where mtuser = login_name::citext;
     else
         insert into mt.userlist (mtuser, i4240, mtlevel) values (login_name, owner_name, user_level)
-        on conflict (mtuser) do update set i4240 = excluded.i4240, mtlevel = excluded.mtlevel;
+        on conflict (mtuser) do update set i4240 = excluded.i4240, mtlevel = excluded.mtlevel
+        where (userlist.i4240, userlist.mtlevel) is distinct from (excluded.i4240, excluded.mtlevel);
     end if;
     perform kelvane.set_groups(login_name, kelvane.groups_for(owner_name, user_level));
     return is_new;

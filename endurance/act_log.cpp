@@ -1,4 +1,4 @@
-#include "endure/act_log.h"
+#include "endurance/act_log.h"
 
 using namespace Qt::StringLiterals;
 

@@ -16,15 +16,10 @@ struct Round {
     int station = 0;
     int number = 0; ///< from 1
 
-    QDate date() const { return QDate::currentDate().addDays(-10 - station); }
+    QDate date() const { return QDate(2019, 3, 1).addDays(station); } // before all of the site's own
     QTime time() const { return QTime(0, 0).addSecs(number % 12000 * 7); }
     /// Of the range of an instrument's output, from 0 to 1.
     double fraction() const { return (station * 1250 + number % 1250) / 10000.0; }
-
-    /// "2026-11-20 09:30:00".
-    QString moment() const {
-        return date().toString(Qt::ISODate) + QLatin1Char(' ') + time().toString(Qt::ISODate);
-    }
 };
 
 /// The round of a record's moment; nothing for a record that was not made in the run.

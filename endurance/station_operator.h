@@ -1,6 +1,6 @@
 #pragma once
 
-#include "endure/act_log.h"
+#include "endurance/act_log.h"
 #include "testkit/quiet_operator.h"
 
 #include <functional>

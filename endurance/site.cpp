@@ -1,13 +1,12 @@
-#include "endure/site.h"
+#include "endurance/site.h"
 
-#include "endure/marks.h"
+#include "endurance/marks.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
-#include <QUrl>
-#include <QUrlQuery>
 
 using namespace Qt::StringLiterals;
 
@@ -15,12 +14,15 @@ namespace kelvane::endure {
 
 namespace {
 
-QString writeDataSource(const QString& work, const QStringList& lines) {
+/// What the administrator's program says, which stands beside this one.
+QString writeDataSource(const QString& work, const QString& address) {
+    const auto section =
+        runCommand(QCoreApplication::applicationDirPath() + u"/kelvane-admin"_s, {u"data-source"_s, address});
     const QString path = work + u"/odbc.ini"_s;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return path + u": "_s + file.errorString();
-    file.write((u"[%1]\n"_s.arg(QLatin1StringView(Site::dataSource)) + lines.join(u'\n') + u'\n').toUtf8());
+    if (!section.isGood || !file.open(QIODevice::WriteOnly))
+        return path + u": "_s + file.errorString() + section.errors;
+    file.write(section.output.toUtf8());
     qputenv("ODBCINI", QFile::encodeName(path));
     return {};
 }
@@ -42,10 +44,7 @@ class EmbeddedSite final : public Site {
                                                          calibratorInserts().join(u';')});
         if (!inserts.isGood)
             return inserts.errors;
-        // As the workstation's own data source.
-        return writeDataSource(work_, {u"Driver = SQLite3"_s, u"Database = %1/kelvane.db"_s.arg(folder()),
-                                       u"BigInt = 1"_s, u"FKSupport = 1"_s, u"JournalMode = WAL"_s,
-                                       u"SyncPragma = FULL"_s, u"Timeout = 50"_s, u"NoCreat = 1"_s});
+        return writeDataSource(work_, folder());
     }
 
     QString disturb(std::mt19937_64&) override { return {}; }
@@ -80,16 +79,7 @@ class SharedSite final : public Site {
         const auto inserts = ask(calibratorInserts().join(u';'));
         if (!inserts.isGood)
             return inserts.errors;
-        const QUrl address(options_.database);
-        const QUrlQuery query(address);
-        const auto host = query.queryItemValue(u"host"_s, QUrl::FullyDecoded);
-        const auto port = query.queryItemValue(u"port"_s);
-        return writeDataSource(
-            options_.work,
-            {u"Driver = PostgreSQL Unicode"_s, u"Servername = "_s + host,
-             u"Port = "_s + (port.isEmpty() ? u"5432"_s : port), u"Database = "_s + address.path().mid(1),
-             u"UseDeclareFetch = 0"_s, u"UseServerSidePrepare = 0"_s, u"CommLog = 0"_s, u"Debug = 0"_s,
-             u"BoolsAsChar = 0"_s, u"LFConversion = 0"_s, u"Protocol = 7.4-0"_s, u"SSLmode = disable"_s});
+        return writeDataSource(options_.work, options_.database);
     }
 
     QString disturb(std::mt19937_64& generator) override {

@@ -37,7 +37,7 @@ class Site {
     /// Keeps a copy of the database in a folder, where it does not stand there already.
     virtual void keep(const QString& folder) = 0;
 
-    static constexpr const char* dataSource = "Endurance";
+    static constexpr const char* dataSource = "Calibration Data";
 };
 
 std::unique_ptr<Site> siteOf(const StressOptions& options);

@@ -1,7 +1,7 @@
 // What a station edits. All parts of an edit carry its number.
 
 #include "data/parameters/cal_params.h"
-#include "endure/station.h"
+#include "endurance/station.h"
 #include "procedures/cal_param_saving.h"
 #include "procedures/strategies.h"
 #include "procedures/task_packages.h"

@@ -1,6 +1,6 @@
 // What a station does with its calibrator, and with paper.
 
-#include "endure/station.h"
+#include "endurance/station.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "simulators/fluke702/memory.h"

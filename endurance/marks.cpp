@@ -1,4 +1,4 @@
-#include "endure/marks.h"
+#include "endurance/marks.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,7 +8,7 @@ std::optional<Round> roundOf(const QString& date, const QString& time) {
     const auto day = QDate::fromString(date.left(10), Qt::ISODate);
     const auto moment = QTime::fromString(time.left(8), Qt::ISODate);
     const Round first{0, 0};
-    const auto station = day.isValid() ? day.daysTo(first.date()) : -1;
+    const auto station = day.isValid() ? first.date().daysTo(day) : -1;
     const auto seconds = moment.isValid() ? moment.msecsSinceStartOfDay() / 1000 : -1;
     if (station < 0 || station >= maxStations || seconds <= 0 || seconds % 7 != 0)
         return {};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "endure/site.h"
+#include "endurance/site.h"
 
 namespace kelvane::endure {
 

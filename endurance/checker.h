@@ -1,6 +1,6 @@
 #pragma once
 
-#include "endure/marks.h"
+#include "endurance/marks.h"
 #include "platform/database/connection.h"
 
 #include <QHash>

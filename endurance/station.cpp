@@ -1,4 +1,4 @@
-#include "endure/station.h"
+#include "endurance/station.h"
 
 #include "app/login.h"
 #include "data/start_up.h"

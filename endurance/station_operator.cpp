@@ -1,4 +1,4 @@
-#include "endure/station_operator.h"
+#include "endurance/station_operator.h"
 
 #include "resources/strings.h"
 #include "resources/text_id.h"

@@ -1,8 +1,8 @@
-#include "endure/stress.h"
+#include "endurance/stress.h"
 
 #include "data/assets/in_use.h"
-#include "endure/act_log.h"
-#include "endure/checker.h"
+#include "endurance/act_log.h"
+#include "endurance/checker.h"
 #include "platform/database/odbc_connection.h"
 #include "testkit/quiet_operator.h"
 
@@ -84,7 +84,6 @@ bool Stress::prepare() {
         fault(u"the database can't be prepared: "_s + wrong);
         return false;
     }
-    const auto beside = QCoreApplication::applicationDirPath();
     for (int station = 0; station < options_.stations; ++station) {
         const QString folder = options_.work + u"/station-%1"_s.arg(station);
         QDir().mkpath(folder);
@@ -186,7 +185,8 @@ void Stress::check() {
         connection.open(u"DSN="_s + QLatin1StringView(Site::dataSource), u"MT"_s, u"kelvane"_s);
         ModuleGlobals::ClearSystemTables(session);
         QFile file(QStringLiteral(KELVANE_RESULT_TEMPLATE));
-        file.open(QIODevice::ReadOnly);
+        if (!file.open(QIODevice::ReadOnly))
+            fault(file.fileName() + u": "_s + file.errorString());
         const auto body = QString::fromUtf8(file.readAll()).trimmed().section(u'\n', -1);
         QStringList folders;
         for (const auto& station : stations_)
@@ -259,6 +259,7 @@ int Stress::report() {
 }
 
 int Stress::run() {
+    QTextStream(stdout) << "seed " << options_.seed << Qt::endl;
     if (!prepare())
         return report();
     started_ = present();

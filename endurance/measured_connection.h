@@ -1,6 +1,6 @@
 #pragma once
 
-#include "endure/act_log.h"
+#include "endurance/act_log.h"
 #include "testkit/forwarding_connection.h"
 
 #include <QElapsedTimer>

@@ -3,14 +3,15 @@
 //                              and a check of what is left (docs/endurance.md)
 // kelvane-endure station ...   one of these processes
 
-#include "endure/station.h"
-#include "endure/stress.h"
+#include "endurance/station.h"
+#include "endurance/stress.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <clocale>
 #include <cstdio>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +60,8 @@ int runCommandOf(const Options& options) {
                           .database = options.text(u"database"_s),
                           .work = options.text(u"work"_s),
                           .seconds = options.number(u"seconds"_s, 60),
-                          .seed = options.text(u"seed"_s).toULongLong(),
+                          .seed = options.has(u"seed"_s) ? options.text(u"seed"_s).toULongLong()
+                                                         : quint64{std::random_device()()},
                           .stations = options.number(u"stations"_s, maxStations),
                           .server = options.text(u"server"_s),
                           .scripts = options.text(u"scripts"_s)});

@@ -2,9 +2,9 @@
 
 #include "app/menu.h"
 #include "drivers/fluke702/dpclnk_library.h"
-#include "endure/marks.h"
-#include "endure/measured_connection.h"
-#include "endure/station_operator.h"
+#include "endurance/marks.h"
+#include "endurance/measured_connection.h"
+#include "endurance/station_operator.h"
 #include "testkit/faulty_connection.h"
 #include "workflow/calibrators.h"
 
