@@ -6,7 +6,8 @@
 #                                                 changed; with --durable what was committed outlives a crash
 #   shared_server.sh stop <folder>
 #
-# Where no server can be started, the file <folder>/missing says why; those tests are then skipped.
+# The folder is kept in memory where there is room: copying a database takes a tenth of the time then. It is a link, and
+# what it leads to goes when the server stops. Where no server can be started, the file <folder>/missing says why; those tests are then skipped.
 set -eu
 
 case $1${3:-} in
@@ -47,8 +48,22 @@ prepare() {
         -c "alter database ${template}_making rename to $template"
 }
 
+memory=/dev/shm
+needed=1048576 # KiB
+
+make_folder() {
+    [ ! -d "$folder" ] || return 0
+    mkdir -p -- "$(dirname -- "$folder")"
+    rm -f -- "$folder" # a link that has lost its target
+    if [ -w "$memory" ] && [ "$(df --output=avail -k "$memory" | tail -n 1)" -ge "$needed" ]; then
+        ln -s -- "$(mktemp -d "$memory/kelvane-tests.XXXXXX")" "$folder"
+    else
+        mkdir -- "$folder"
+    fi
+}
+
 start() {
-    mkdir -p -- "$folder"
+    make_folder
     rm -f -- "$folder/missing"
     if ! "$scripts/postgresql/server.sh" start "$folder" $speed >/dev/null 2>"$folder/complaint"; then
         mv -- "$folder/complaint" "$folder/missing"
@@ -65,6 +80,11 @@ start() {
 
 stop() {
     [ -e "$folder/missing" ] || "$scripts/postgresql/server.sh" stop "$folder"
+    [ -L "$folder" ] || return 0
+    case $(readlink -- "$folder") in
+    "$memory"/kelvane-tests.*) rm -rf -- "$(readlink -- "$folder")" ;;
+    esac
+    rm -- "$folder"
 }
 
 "$1"

@@ -68,8 +68,7 @@ TEST_F(DemoSite, OneMayConnectButIsNoUser) {
 
 TEST_F(DemoSite, AWrongPasswordIsRefused) {
     for (const auto& password : {u"Kelvane"_s, u"kelvane "_s, u""_s})
-        EXPECT_THROW(database.connect(u"jdoe"_s, password), Error)
-            << password.toStdString();
+        EXPECT_THROW(database.connect(u"jdoe"_s, password), Error) << password.toStdString();
 }
 
 TEST_F(DemoSite, PasswordsAreKeptEachWithItsOwnSalt) {
@@ -90,8 +89,10 @@ TEST_F(DemoSite, SettingsAreThoseOfASiteAtVersionSix) {
     EXPECT_EQ(joinNames(rows(u"select dayofweek from mt.nonworkdays"_s)), u"Saturday Sunday"_s);
     EXPECT_EQ(value(u"select count(*) from mt.holidays"_s), u"44"_s);
     const auto year = QDate::currentDate().toString(u"yyyy"_s);
-    EXPECT_EQ(joinNames(rows(u"select holiday from mt.holidays where holiday like '"_s + year + u"-%'"_s)),
-              u"%1-01-01 %1-05-01 %1-12-25 %1-12-26"_s.arg(year));
+    EXPECT_EQ(
+        joinNames(rows(
+            u"select holiday from mt.holidays where holiday between '%1-01-01' and '%1-12-31'"_s.arg(year))),
+        u"%1-01-01 %1-05-01 %1-12-25 %1-12-26"_s.arg(year));
 }
 
 TEST_F(DemoSite, StandardsAreJudgedByDateAndRank) {
@@ -174,10 +175,8 @@ TEST_F(DemoSite, ACalibratorIsOutWithTwoTransmitters) {
 
 TEST_F(DemoSite, DictionaryFieldsOfARecordAreRealColumnsButForTheResults) {
     QSet<QString> real;
-    for (const auto& column : allColumns(*session.SharedConnection)) {
-        if (column.table == u"calibration")
-            real.insert(column.name.toUpper());
-    }
+    for (const auto& column : database.columnsOf(sharedConnection(session), u"calibration"_s))
+        real.insert(column.toUpper());
     for (const qint16 version : {qint16{5}, qint16{6}}) {
         session.SessionDbVersion = version;
         SetCalDataFields(session, record, u"TW-101"_s);
@@ -288,16 +287,18 @@ TEST_F(DemoSite, TransducersComeFirstAmongTheStandardsOfATool) {
 }
 
 TEST_F(DemoSite, EarlierRecordsHoldTogether) {
-    EXPECT_EQ(rows(u"select mtag from mt.calibration group by mtag having sum(c2339 = '1') <> 1"_s),
-              QStringList());
+    EXPECT_EQ(
+        rows(
+            u"select mtag from mt.calibration group by mtag having sum(case when c2339 = '1' then 1 else 0 end) <> 1"_s),
+        QStringList());
     EXPECT_EQ(rows(u"select a.mtag from mt.calibration as a, mt.calibration as b where a.mtag = b.mtag and "
                    u"a.c2339 = '1' and "
                    "b.c2301 > a.c2301"_s),
               QStringList());
-    EXPECT_EQ(value(u"select count(*) from mt.calibration where c2301 is null or c2303 is null or c2301 > "
-                    u"date('now', "
-                    "'localtime') or (c2323 = 'N' and c2303 <> c2301) or (c2323 = 'Y' and c2303 <= c2301)"_s),
-              u"0"_s);
+    EXPECT_EQ(
+        value(u"select count(*) from mt.calibration where c2301 is null or c2303 is null or c2301 > "
+              u"date(now(*)) or (c2323 = 'N' and c2303 <> c2301) or (c2323 = 'Y' and c2303 <= c2301)"_s),
+        u"0"_s);
     EXPECT_EQ(
         value(u"select count(*) from mt.calresults where ctag not in (select ctag from mt.calibration where "
               "calibration.mtag = calresults.mtag) or length(c2501) <> 120"_s),

@@ -34,9 +34,7 @@ class StrategiesInTheDatabase : public DatabaseSession {
         return values(u"select mtag from mt.hvm_kv_tag_config where tp_name = '"_s + name + u"'"_s);
     }
     /// Another workstation runs a statement.
-    void executeElsewhere(const QString& statement) {
-        database.executeElsewhere(statement);
-    }
+    void executeElsewhere(const QString& statement) { database.executeElsewhere(statement); }
 
     void add(const QString& name) {
         ui.expectDialog(u"Add new test strategy"_s,
