@@ -24,9 +24,9 @@ const QString password = u"kelvane"_s;
 constexpr int maxLogins = 90;
 constexpr qsizetype maxLogSize = 4 * 1024 * 1024;
 
-/// The users of the stations: some send and record, some edit procedures too.
-constexpr QStringView users[maxStations] = {u"jdoe",    u"cnguyen",  u"dsantos", u"cnguyen",
-                                            u"dsantos", u"efischer", u"cnguyen", u"dsantos"};
+/// The users of the stations: technicians, some of whom edit procedures too.
+constexpr QStringView users[maxStations] = {u"jdoe",    u"cnguyen",   u"dsantos", u"cnguyen",
+                                            u"dsantos", u"bkowalski", u"cnguyen", u"dsantos"};
 
 /// Statuses that the calibrator's library gives in the place of its own, out of the blue.
 constexpr QStringView brokenReplies[] = {u"",
@@ -189,11 +189,30 @@ void Station::logInAgain() {
     ensureLogin();
 }
 
+/// A number that no other station and no process before has used.
+int Station::nextEdit() {
+    const int edit = options_.station + maxStations * ++edits_;
+    log_.write(u"edit"_s, QString::number(edit));
+    return edit;
+}
+
 void Station::finishResults() {
     for (const auto& result : unfinishedResults(session_)) {
+        const auto moment = worksheetMoment(nextEdit());
+        operator_.answer = [&](const DialogQuestion& question) { return answerMoment(question, moment); };
         const auto outcome = makeRecordOf(session_, result.id);
         log_.write(u"finish"_s, result.asset + u' ' + result.date + u' ' + outcome.message);
     }
+    operator_.answer = {};
+}
+
+/// The answer to a question for a date or a time; nothing for another one.
+std::optional<QString> Station::answerMoment(const DialogQuestion& question, const QDateTime& moment) const {
+    if (FieldKind{question.fieldType} == FieldKind::date)
+        return formatMoment({moment.date(), moment.time()}, session_.SessionDateFormat);
+    if (FieldKind{question.fieldType} == FieldKind::time)
+        return moment.toString(u"HH:mm:ss"_s);
+    return {};
 }
 
 void Station::leaveRecordSetOpen() {

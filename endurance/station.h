@@ -65,6 +65,7 @@ class Station {
     void leaveRecordSetOpen();
     void enterWorksheet();
 
+    std::optional<QString> answerMoment(const DialogQuestion& question, const QDateTime& moment) const;
     /// An instrument that is calibrated, at random.
     QString someInstrument() { return instruments().at(below(static_cast<int>(instruments().size()))); }
 
@@ -73,7 +74,7 @@ class Station {
     void upload();
     /// The round whose runs wait in the calibrator; nothing when all were uploaded.
     std::optional<Round> pendingRound() const;
-    int nextEdit() { return options_.station + maxStations * ++edits_; }
+    int nextEdit();
 
     StationOptions options_;
     std::mt19937_64 generator_;
