@@ -42,6 +42,8 @@ class Station {
         const char* name;
         int weight;
         int leastLevel;
+        /// Its statements stand in a transaction: an answer that gets lost takes the connection with it.
+        bool isTransaction;
         void (Station::*work)();
     };
     static const Act acts[];
@@ -49,7 +51,7 @@ class Station {
     int below(int limit) { return static_cast<int>(generator_() % static_cast<quint64>(limit)); }
     const Act& chooseAct();
     void carryOut(const Act& act);
-    void planFault();
+    void planFault(bool isTransaction);
     bool ensureLogin();
     void logOut();
     QString user() const;

@@ -1,5 +1,6 @@
 // What a station does with its calibrator, and with paper.
 
+#include "data/guard.h"
 #include "endurance/station.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -168,13 +169,15 @@ void Station::enterWorksheet() {
         return answerMoment(question, worksheetMoment(mark));
     };
     Sheet sheet;
+    const ReportWatch watch(session_);
     WorksheetEntry entry(session_, sheet);
     entry.startDataEntry();
     for (const auto& title : {u"Calibration Date"_s, u"Calibration Time"_s}) {
         if (const auto row = sheet.rowOf(title); row >= 0)
             entry.changeField(row);
     }
-    if (!sheet.asset().isEmpty())
+    // Without its moment it could not be told from another sheet of the same minute.
+    if (!sheet.asset().isEmpty() && !watch.sawReport())
         entry.save();
     operator_.answer = {};
     log_.write(u"edited"_s, u"%1 worksheet"_s.arg(mark));
