@@ -37,7 +37,7 @@ QStringList calibratorInserts() {
 }
 
 const QStringList& instruments() {
-    static const QStringList assets{u"PT-101"_s,  u"PT-102"_s,  u"PT-104"_s,  u"PT-105"_s,  u"PT-107"_s,
+    static const QStringList assets{u"PT-101"_s,  u"PT-102"_s,  u"TIT-202"_s, u"PT-105"_s,  u"PT-107"_s,
                                     u"TIT-201"_s, u"TIT-204"_s, u"TIT-205"_s, u"TIT-206"_s, u"VT-601"_s};
     return assets;
 }

@@ -43,6 +43,10 @@ const QStringList& editedInstruments();
 inline int partCount(int edit) {
     return 2 + edit % 5;
 }
+/// The moment of a worksheet: that of no other one, and behind those of all rounds. Sites keep no seconds.
+inline QDateTime worksheetMoment(int edit) {
+    return QDateTime(QDate(2019, 5, 1), QTime(0, 0)).addSecs(qint64{60} * edit);
+}
 /// The value of a worksheet's field that carries the number of its entry; the site's own values are lower.
 inline int worksheetMark(int edit) {
     return 1000 + edit;

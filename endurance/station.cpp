@@ -24,9 +24,9 @@ const QString password = u"kelvane"_s;
 constexpr int maxLogins = 90;
 constexpr qsizetype maxLogSize = 4 * 1024 * 1024;
 
-/// The users of the stations: some send and record, some edit procedures too.
-constexpr QStringView users[maxStations] = {u"jdoe",    u"cnguyen",  u"dsantos", u"cnguyen",
-                                            u"dsantos", u"efischer", u"cnguyen", u"dsantos"};
+/// The users of the stations: technicians, some of whom edit procedures too.
+constexpr QStringView users[maxStations] = {u"jdoe",    u"cnguyen",   u"dsantos", u"cnguyen",
+                                            u"dsantos", u"bkowalski", u"cnguyen", u"dsantos"};
 
 /// Statuses that the calibrator's library gives in the place of its own, out of the blue.
 constexpr QStringView brokenReplies[] = {u"",
@@ -41,15 +41,15 @@ constexpr QStringView brokenReplies[] = {u"",
 } // namespace
 
 const Station::Act Station::acts[] = {
-    {"calibrate", 10, 1, &Station::calibrate},
-    {"finish results", 4, 1, &Station::finishResults},
-    {"log in again", 3, 0, &Station::logInAgain},
-    {"leave a record set open", 1, 0, &Station::leaveRecordSetOpen},
-    {"enter a worksheet", 5, 1, &Station::enterWorksheet},
-    {"edit a strategy", 5, 4, &Station::editStrategy},
-    {"edit a message", 3, 4, &Station::editMessage},
-    {"edit parameters", 4, 4, &Station::editParameters},
-    {"edit a package", 5, 4, &Station::editPackage},
+    {"calibrate", 10, 1, false, &Station::calibrate},
+    {"finish results", 4, 1, false, &Station::finishResults},
+    {"log in again", 3, 0, false, &Station::logInAgain},
+    {"leave a record set open", 1, 0, false, &Station::leaveRecordSetOpen},
+    {"enter a worksheet", 5, 1, false, &Station::enterWorksheet},
+    {"edit a strategy", 5, 4, true, &Station::editStrategy},
+    {"edit a message", 3, 4, true, &Station::editMessage},
+    {"edit parameters", 4, 4, true, &Station::editParameters},
+    {"edit a package", 5, 4, true, &Station::editPackage},
 };
 
 Station::Station(const StationOptions& options)
@@ -113,14 +113,14 @@ bool Station::ensureLogin() {
     return false;
 }
 
-void Station::planFault() {
+void Station::planFault(bool isTransaction) {
     fault_ = {};
     qputenv("KELVANE_FLUKE702_FAULTS", {});
     if (!options_.withFaults || below(3) != 0)
         return;
     using Kind = testing::PlannedFault::Kind;
-    constexpr Kind kinds[] = {Kind::refused, Kind::answerLost, Kind::connectionLost};
-    fault_.kind = kinds[below(3)];
+    constexpr Kind kinds[] = {Kind::refused, Kind::connectionLost, Kind::answerLost};
+    fault_.kind = kinds[below(isTransaction ? 2 : 3)];
     fault_.failAt = below(60);
     qputenv("KELVANE_FLUKE702_FAULTS",
             brokenReplies[below(static_cast<int>(std::size(brokenReplies)))].toLatin1());
@@ -140,7 +140,7 @@ const Station::Act& Station::chooseAct() {
 }
 
 void Station::carryOut(const Act& act) {
-    planFault();
+    planFault(act.isTransaction);
     log_.write(u"act"_s, QLatin1StringView(act.name));
     (this->*act.work)();
     const QString outcome = fault_.reached ? u"fault"_s : u"plain"_s;
@@ -189,11 +189,30 @@ void Station::logInAgain() {
     ensureLogin();
 }
 
+/// A number that no other station and no process before has used.
+int Station::nextEdit() {
+    const int edit = options_.station + maxStations * ++edits_;
+    log_.write(u"edit"_s, QString::number(edit));
+    return edit;
+}
+
 void Station::finishResults() {
     for (const auto& result : unfinishedResults(session_)) {
+        const auto moment = worksheetMoment(nextEdit());
+        operator_.answer = [&](const DialogQuestion& question) { return answerMoment(question, moment); };
         const auto outcome = makeRecordOf(session_, result.id);
         log_.write(u"finish"_s, result.asset + u' ' + result.date + u' ' + outcome.message);
     }
+    operator_.answer = {};
+}
+
+/// The answer to a question for a date or a time; nothing for another one.
+std::optional<QString> Station::answerMoment(const DialogQuestion& question, const QDateTime& moment) const {
+    if (FieldKind{question.fieldType} == FieldKind::date)
+        return formatMoment({moment.date(), moment.time()}, session_.SessionDateFormat);
+    if (FieldKind{question.fieldType} == FieldKind::time)
+        return moment.toString(u"HH:mm:ss"_s);
+    return {};
 }
 
 void Station::leaveRecordSetOpen() {

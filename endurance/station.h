@@ -42,6 +42,8 @@ class Station {
         const char* name;
         int weight;
         int leastLevel;
+        /// Its statements stand in a transaction: an answer that gets lost takes the connection with it.
+        bool isTransaction;
         void (Station::*work)();
     };
     static const Act acts[];
@@ -49,7 +51,7 @@ class Station {
     int below(int limit) { return static_cast<int>(generator_() % static_cast<quint64>(limit)); }
     const Act& chooseAct();
     void carryOut(const Act& act);
-    void planFault();
+    void planFault(bool isTransaction);
     bool ensureLogin();
     void logOut();
     QString user() const;
@@ -65,6 +67,7 @@ class Station {
     void leaveRecordSetOpen();
     void enterWorksheet();
 
+    std::optional<QString> answerMoment(const DialogQuestion& question, const QDateTime& moment) const;
     /// An instrument that is calibrated, at random.
     QString someInstrument() { return instruments().at(below(static_cast<int>(instruments().size()))); }
 
@@ -73,7 +76,7 @@ class Station {
     void upload();
     /// The round whose runs wait in the calibrator; nothing when all were uploaded.
     std::optional<Round> pendingRound() const;
-    int nextEdit() { return options_.station + maxStations * ++edits_; }
+    int nextEdit();
 
     StationOptions options_;
     std::mt19937_64 generator_;

@@ -1,5 +1,6 @@
 // What a station does with its calibrator, and with paper.
 
+#include "data/guard.h"
 #include "endurance/station.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -40,16 +41,13 @@ class Sheet final : public WorksheetEntryScreen {
     void clearFields() override { titles_.clear(); }
     void addField(const QString& title, const QString&) override { titles_ << title; }
     QString fieldTitle(int row) const override { return titles_.value(row); }
+    /// -1 when there is none.
+    int rowOf(const QString& title) const { return static_cast<int>(titles_.indexOf(title)); }
     void showValue(int, const QString&) override {}
     QStringList standards() const override { return standards_; }
     void addStandard(const QString& asset) override { standards_ << asset; }
-    void endRecord() override {
-        hasEnded = true;
-        asset_.clear();
-    }
+    void endRecord() override { asset_.clear(); }
     void offerUnfinishedResult() override {}
-
-    bool hasEnded = false;
 
   private:
     QString asset_;
@@ -150,7 +148,9 @@ void Station::work() {
 void Station::upload() {
     operator_.hasUploaded = false;
     ModuleGlobals::UploadFromCalibrator(calibrators_);
-    if (operator_.hasUploaded)
+    // A library's error can look like success: the driver shows a counter's text in its place, and that of 0
+    // is empty.
+    if (operator_.hasUploaded && qgetenv("KELVANE_FLUKE702_FAULTS").isEmpty())
         log_.write(u"uploaded"_s);
 }
 
@@ -166,13 +166,18 @@ void Station::enterWorksheet() {
             return std::exchange(hasStandard, true) ? QString() : u"DMM-01"_s;
         if (question.prompt.contains(u"Ambient Temperature"))
             return QString::number(worksheetMark(mark));
-        return {};
+        return answerMoment(question, worksheetMoment(mark));
     };
-    log_.write(u"edit"_s, u"%1 worksheet %2"_s.arg(QString::number(mark), asset));
     Sheet sheet;
+    const ReportWatch watch(session_);
     WorksheetEntry entry(session_, sheet);
     entry.startDataEntry();
-    if (!sheet.asset().isEmpty())
+    for (const auto& title : {u"Calibration Date"_s, u"Calibration Time"_s}) {
+        if (const auto row = sheet.rowOf(title); row >= 0)
+            entry.changeField(row);
+    }
+    // Without its moment it could not be told from another sheet of the same minute.
+    if (!sheet.asset().isEmpty() && !watch.sawReport())
         entry.save();
     operator_.answer = {};
     log_.write(u"edited"_s, u"%1 worksheet"_s.arg(mark));

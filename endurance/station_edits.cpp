@@ -16,7 +16,6 @@ void Station::editStrategy() {
     Strategy strategy{editedName(below(editedCount)), {}};
     for (int part = 0; part < partCount(edit); ++part)
         strategy.points << QString::number(edit + part / 8.0);
-    log_.write(u"edit"_s, u"%1 strategy %2"_s.arg(QString::number(edit), strategy.name));
     if (!saveStrategy(session_, strategy))
         log_.write(u"edited"_s, u"%1 strategy"_s.arg(edit));
 }
@@ -33,7 +32,6 @@ void Station::editMessage() {
     }
     if (!list->names.contains(name) && !createMessage(session_, name))
         return;
-    log_.write(u"edit"_s, u"%1 message %2"_s.arg(QString::number(edit), name));
     const auto text = QStringList(partCount(edit) * 20, QString::number(edit)).join(u' ');
     if (!saveMessage(session_, {name, text}))
         log_.write(u"edited"_s, u"%1 message"_s.arg(edit));
@@ -52,7 +50,6 @@ void Station::editParameters() {
         MessageLists displayed;
         const auto messages = stored.displayed.pre + stored.available.pre;
         displayed.pre = messages.first(std::min<qsizetype>(messages.size(), partCount(edit)));
-        log_.write(u"edit"_s, u"%1 parameters %2"_s.arg(number, asset));
         isSaved = !storeCalParams(session_, asset, entries, displayed);
     });
     if (isSaved)
@@ -69,7 +66,6 @@ void Station::editPackage() {
     TaskPackage package{.name = name};
     package.notes = QString::number(edit);
     package.assets = instruments().first(partCount(edit));
-    log_.write(u"edit"_s, u"%1 package %2"_s.arg(package.notes, name));
     if (!savePackage(session_, package))
         log_.write(u"edited"_s, u"%1 package"_s.arg(edit));
 }

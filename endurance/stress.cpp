@@ -157,7 +157,8 @@ void Stress::disturbAtRandom() {
 void Stress::finish() {
     constexpr int finishTime = 300'000;
     for (auto& station : stations_) {
-        if (!station.process->waitForFinished(static_cast<int>(longestSilence))) {
+        if (station.process->state() != QProcess::NotRunning &&
+            !station.process->waitForFinished(static_cast<int>(longestSilence))) {
             fault(u"station %1 does not end"_s.arg(station.station));
             station.process->kill();
             station.process->waitForFinished();
@@ -166,7 +167,8 @@ void Stress::finish() {
     for (auto& station : stations_)
         start(station, present(), {u"--finish"_s});
     for (auto& station : stations_) {
-        const bool hasEnded = station.process->waitForFinished(finishTime);
+        const bool hasEnded =
+            station.process->state() == QProcess::NotRunning || station.process->waitForFinished(finishTime);
         if (!hasEnded || station.process->exitStatus() != QProcess::NormalExit ||
             station.process->exitCode() != 0)
             fault(u"station %1 can't finish (%2)"_s.arg(station.station).arg(station.process->exitCode()));
