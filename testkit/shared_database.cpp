@@ -78,7 +78,7 @@ void runServerScript(const QString& script, const QStringList& arguments) {
 SharedDatabase::SharedDatabase()
     : name_(u"kelvane_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(++databases)),
       dsn_(addDataSourceFor(name_)) {
-    // Copying files takes a fifth of the time that writing the pages to the server's log takes.
+    // Copying files takes half of the time that writing the pages to the log takes.
     administrate(u"create database %1 template kelvane_template_demo strategy file_copy"_s.arg(name_));
     // The one thing that is not copied.
     administrate(
