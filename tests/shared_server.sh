@@ -56,7 +56,9 @@ make_folder() {
     mkdir -p -- "$(dirname -- "$folder")"
     rm -f -- "$folder" # a link that has lost its target
     if [ -w "$memory" ] && [ "$(df --output=avail -k "$memory" | tail -n 1)" -ge "$needed" ]; then
-        ln -s -- "$(mktemp -d "$memory/kelvane-tests.XXXXXX")" "$folder"
+        target=$(mktemp -d "$memory/kelvane-tests.XXXXXX")
+        chmod 755 -- "$target" # the server's own user goes through
+        ln -s -- "$target" "$folder"
     else
         mkdir -- "$folder"
     fi
