@@ -1,8 +1,9 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
 # than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Those of the
 # filter DATABASE come a second time, for the shared engine on the server in the folder SERVER, and those of the filter
-# SHARED for that one alone. Usage:
-# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D SHARED=... -D SERVER=... -P register_suites.cmake
+# SHARED for that one alone; what passes LONG, too, has the label "long" there. Usage:
+# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D LONG=... -D SHARED=... -D SERVER=...
+#     -P register_suites.cmake
 
 # Filters, one for each suite or test to register, of those that `filter` lets pass.
 function(list_filters result filter)
@@ -48,15 +49,24 @@ foreach(filter IN LISTS filters)
 endforeach()
 if(DATABASE OR SHARED)
     list_filters(filters ${SHARED}:${DATABASE})
+    set(long "")
+    if(LONG)
+        list_filters(long ${LONG})
+    endif()
     string(REGEX MATCH "-.*" exceptions "${DATABASE}")
     foreach(filter IN LISTS filters)
         string(REGEX REPLACE "\\.\\*$" "" test "shared.${NAME}.${filter}")
+        set(labels "${NAME};shared")
+        if(filter IN_LIST long)
+            set(labels "${labels};long")
+        endif()
+        # Leaks are looked for on the embedded engine.
         string(
             APPEND content
             "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}:${exceptions}]=] --gtest_brief=1)\n"
-            "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${NAME};shared\"\n"
+            "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${labels}\"\n"
             "    FIXTURES_REQUIRED shared_server SKIP_RETURN_CODE 77\n"
-            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${SHARED}:${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER}]=])\n")
+            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${SHARED}:${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER};ASAN_OPTIONS=detect_leaks=0:abort_on_error=1]=])\n")
     endforeach()
 endif()
 file(WRITE ${OUTPUT} "${content}")

@@ -22,8 +22,17 @@ void rewriteLike(TokenSpan statement, std::size_t at, TextEdits& edits) {
         edits.replace(QStringView(pattern.end(), pattern.end()), u" escape ''"_s);
 }
 
+/// A date, time or number that is compared with an empty text: the server would refuse the text, and it is equal to
+/// none of them.
+bool isComparedWithNothing(TokenSpan query, std::size_t at) {
+    return query[at].isName() && at + 2 < query.size() && query[at + 1].is(u'=') && query[at + 2].text == u"''";
+}
+
 void rewriteWords(TokenSpan statement, TextEdits& edits) {
+    const bool isQuery = statement.front().is("select"_L1);
     for (std::size_t at = 0; at < statement.size(); ++at) {
+        if (isQuery && isComparedWithNothing(statement, at))
+            edits.replace(QStringView(statement[at].text.end(), statement[at].text.end()), u"::text"_s);
         if (at > 0 && statement[at - 1].is(u'.'))
             continue;
         if (const auto end = behindPresentMoment(statement, at)) {

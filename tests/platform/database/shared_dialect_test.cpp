@@ -92,6 +92,21 @@ TEST(SharedQuery, HasTheOrderOfTheKeyWhereItAsksForNone) {
         EXPECT_EQ(sharedQuery(testCase.given, Rows::all), testCase.wanted) << testCase.rule;
 }
 
+TEST(SharedQuery, FindsNothingThatIsEqualToAnEmptyText) {
+    const Case cases[] = {
+        {"a column", u"select a from mt.b where c = '' and d = 'x'"_s,
+         u"select a from mt.b where c::text = '' and d = 'x'"_s},
+        {"a column of an owner's table", u"select a from mt.b where mt.b.c=''"_s,
+         u"select a from mt.b where mt.b.c::text=''"_s},
+        {"a text that begins with quotes", u"select a from mt.b where c = '''x'"_s,
+         u"select a from mt.b where c = '''x'"_s},
+        {"broken off", u"select a from mt.b where c ="_s, u"select a from mt.b where c ="_s},
+    };
+    for (const auto& testCase : cases)
+        EXPECT_EQ(sharedQuery(testCase.given, Rows::all), testCase.wanted) << testCase.rule;
+    EXPECT_EQ(wordsOf(u"update mt.b set c = '' where d = ''"_s), u"update mt.b set c = '' where d = ''"_s);
+}
+
 TEST(SharedQuery, OfTheFirstRowGetsALimitBehindItsOrder) {
     EXPECT_EQ(sharedQuery(u"select mtag from mt.inventory where i4201 = 'a'"_s, Rows::first),
               u"select mtag from mt.inventory where i4201 = 'a' order by mtag limit 1"_s);
