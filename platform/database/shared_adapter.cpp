@@ -61,6 +61,9 @@ qint64 executeNaming(DriverLink& link, const QString& statement) {
     }
 }
 
+/// Waits for the transactions of other workstations. The lock ends with the transaction.
+const QString oneTransaction = u"select pg_advisory_xact_lock(hashtextextended('kelvane transaction',0))"_s;
+
 /// There is no such schema or table, or the login must not see it.
 bool meansNoDatabase(const Error& error) {
     return error.sqlState == "3F000"_L1 || error.sqlState.startsWith("42"_L1);
@@ -133,6 +136,14 @@ void SharedAdapter::beginTransaction(DriverLink& link) {
     link.execute(u"begin;set local lock_timeout to 5000"_s);
     inTransaction_ = true;
     failed_ = false;
+    // One at a time, as on the embedded engine: two editors who replace the same rows would each delete what
+    // was there before and leave both of what they insert.
+    try {
+        run([&] { return link.select(oneTransaction, Rows::all); });
+    } catch (const Error&) {
+        rollBackTransaction(link);
+        throw;
+    }
 }
 
 void SharedAdapter::commitTransaction(DriverLink& link) {
