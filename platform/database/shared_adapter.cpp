@@ -39,6 +39,11 @@ constexpr auto sessionSettings = "set search_path to dialect,pg_catalog,pg_temp"
                                  ";set tcp_keepalives_interval to 10"
                                  ";set tcp_keepalives_count to 3"_L1;
 
+/// One at a time, as on the embedded engine: two editors who replace the same rows would each delete what was
+/// there before and leave both of what they insert. The lock ends with the transaction.
+constexpr auto oneTransaction = "begin;set local lock_timeout to 5000"
+                                ";select pg_advisory_xact_lock(hashtextextended('kelvane transaction',0))"_L1;
+
 bool meetsLock(const Error& error) {
     return error.sqlState == "55P03"_L1 || error.sqlState == "40P01"_L1;
 }
@@ -60,9 +65,6 @@ qint64 executeNaming(DriverLink& link, const QString& statement) {
         throw;
     }
 }
-
-/// Waits for the transactions of other workstations. The lock ends with the transaction.
-const QString oneTransaction = u"select pg_advisory_xact_lock(hashtextextended('kelvane transaction',0))"_s;
 
 /// There is no such schema or table, or the login must not see it.
 bool meansNoDatabase(const Error& error) {
@@ -133,15 +135,16 @@ void SharedAdapter::beginTransaction(DriverLink& link) {
     if (inTransaction_)
         throw Error{1, makeError(ErrorNumber::invalidArgument).description,
                     u"25001"_s}; // the server would only warn
-    link.execute(u"begin;set local lock_timeout to 5000"_s);
     inTransaction_ = true;
     failed_ = false;
-    // One at a time, as on the embedded engine: two editors who replace the same rows would each delete what
-    // was there before and leave both of what they insert.
     try {
-        run([&] { return link.select(oneTransaction, Rows::all); });
-    } catch (const Error&) {
-        rollBackTransaction(link);
+        run([&] { return link.execute(oneTransaction); });
+    } catch (Error& failure) {
+        try {
+            rollBackTransaction(link);
+        } catch (const Error&) {
+            failure.connectionLost = true;
+        }
         throw;
     }
 }

@@ -18,9 +18,8 @@ Error lockNotAvailable() {
     return {1, u"canceling statement due to lock timeout"_s, u"55P03"_s};
 }
 
-const QStringList transactionBegin{
-    u"begin;set local lock_timeout to 5000"_s,
-    u"select pg_advisory_xact_lock(hashtextextended('kelvane transaction',0))"_s};
+const auto beginning = u"begin;set local lock_timeout to 5000;select pg_advisory_xact_lock(hashtextextended("
+                       "'kelvane transaction',0))"_s;
 
 class SharedEngine : public ::testing::Test {
   protected:
@@ -96,7 +95,7 @@ TEST_F(SharedEngine, NothingButALockIsWaitedFor) {
 
 TEST_F(SharedEngine, WithinATransactionTheServerWaits) {
     adapter.beginTransaction(link);
-    EXPECT_EQ(link.statements, transactionBegin);
+    EXPECT_EQ(link.statements, QStringList{beginning});
     link.failures = {{u"delete from mt.a"_s, lockNotAvailable()}};
     const auto error = errorOf([&] { adapter.execute(link, u"delete from mt.a;commit"_s); });
     EXPECT_EQ(error.value().description,
@@ -116,23 +115,33 @@ TEST_F(SharedEngine, ATransactionWithAFailedStatementIsNeverCommitted) {
     adapter.rollBackTransaction(link);
     adapter.beginTransaction(link);
     adapter.commitTransaction(link);
-    EXPECT_EQ(link.statements, QStringList{u"rollback"_s} + transactionBegin + QStringList{u"commit"_s});
+    EXPECT_EQ(link.statements,
+              QStringList{u"rollback"_s} + QStringList{beginning} + QStringList{u"commit"_s});
 }
 
 TEST_F(SharedEngine, ATransactionThatWaitsForAnotherOneInVainIsRolledBack) {
-    link.failures = {{transactionBegin.last(), lockNotAvailable()}};
+    link.failures = {{QStringList{beginning}.last(), lockNotAvailable()}};
     const auto error = errorOf([&] { adapter.beginTransaction(link); });
     EXPECT_EQ(error.value().description,
               text(TextId::lockedByAnotherWorkstation).arg(u"canceling statement due to lock timeout"_s));
-    EXPECT_EQ(link.statements, transactionBegin + QStringList{u"rollback"_s});
+    EXPECT_EQ(link.statements, QStringList{beginning} + QStringList{u"rollback"_s});
     EXPECT_EQ(waited, 0) << "the server waits";
+}
+
+TEST_F(SharedEngine, ATransactionThatMeetsAnotherOneForTooLongIsNotBegun) {
+    link.failures = {{beginning, lockNotAvailable()}};
+    EXPECT_EQ(errorOf([&] { adapter.beginTransaction(link); }).value().sqlState, u"55P03"_s);
+    EXPECT_EQ(link.statements, (QStringList{beginning, u"rollback"_s}));
+    EXPECT_EQ(waited, 0);
+    link.failures.clear();
+    adapter.beginTransaction(link);
 }
 
 TEST_F(SharedEngine, ASecondTransactionWithinOneIsRefused) {
     adapter.beginTransaction(link);
     EXPECT_EQ(errorOf([&] { adapter.beginTransaction(link); }).value().number, 1);
     adapter.commitTransaction(link);
-    EXPECT_EQ(link.statements, (QStringList{u"begin;set local lock_timeout to 5000"_s, u"commit"_s}));
+    EXPECT_EQ(link.statements, (QStringList{beginning, u"commit"_s}));
 }
 
 TEST_F(SharedEngine, NamesTheColumnOfAValueThatTheServerOnlyQuotes) {
