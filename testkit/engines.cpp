@@ -92,10 +92,11 @@ QStringList EngineSession::fileVersions() {
 /// The number of rows of each table, and the last transaction that wrote one of them.
 QStringList EngineSession::tableVersions() {
     if (versionsQuery_.isEmpty())
-        versionsQuery_ = rows(u"select string_agg('select count(*), max(xmin::text::bigint) from ' || "
-                              "oid::regclass, ' union all ' order by oid) from pg_class where relkind = 'r' and "
-                              "relnamespace::regnamespace::text in ('mt', 'std', 'abc')"_s)
-                             .value(0);
+        versionsQuery_ =
+            rows(u"select string_agg('select count(*), max(xmin::text::bigint) from ' || "
+                 "oid::regclass, ' union all ' order by oid) from pg_class where relkind = 'r' and "
+                 "relnamespace::regnamespace::text in ('mt', 'std', 'abc')"_s)
+                .value(0);
     return rows(versionsQuery_, 2);
 }
 

@@ -15,8 +15,8 @@ class SessionClock final : public Clock {
     QDateTime set_;
 };
 
-/// Users of the demonstration database, all of owner MT but the last, and what they may do. A server holds them
-/// to it.
+/// Users of the demonstration database, all of owner MT but the last, and what they may do. A server holds
+/// them to it.
 namespace users {
 inline const QString technician = QStringLiteral("jdoe");
 /// Edits procedures, too.

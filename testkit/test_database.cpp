@@ -73,9 +73,10 @@ QString TestDatabase::realText(double value) const {
 }
 
 QStringList TestDatabase::columnsOf(Connection& connection, const QString& table) const {
-    const auto query = isShared() ? u"select column_name from information_schema.columns where table_schema = "
-                                    "'mt' and table_name = '%1' order by 1"_s
-                                  : u"select name from pragma_table_info('%1','mt') order by 1"_s;
+    const auto query = isShared()
+                           ? u"select column_name from information_schema.columns where table_schema = "
+                             "'mt' and table_name = '%1' order by 1"_s
+                           : u"select name from pragma_table_info('%1','mt') order by 1"_s;
     return rows(connection, query.arg(table));
 }
 

@@ -8,8 +8,8 @@
 namespace kelvane::testing {
 
 /// The demonstration database for a test that runs on each engine: a copy of its own, on the shared engine
-/// when `usesSharedEngine`, on the embedded one otherwise. The suites that use it are those that their program
-/// registers for both engines (`kelvane_test`); in another one it is a failure.
+/// when `usesSharedEngine`, on the embedded one otherwise. The suites that use it are those that their
+/// program registers for both engines (`kelvane_test`); in another one it is a failure.
 class TestDatabase {
   public:
     /// `embeddedSettings` are those of an embedded database's data source.
@@ -22,8 +22,8 @@ class TestDatabase {
     std::unique_ptr<Connection> connect(const QString& user = QStringLiteral("jdoe"),
                                         const QString& password = QStringLiteral("kelvane")) const;
 
-    /// Carries out a statement of a test, whatever the login's rights are: on the shared engine as the owner of
-    /// the database, on the embedded one through `connection`.
+    /// Carries out a statement of a test, whatever the login's rights are: on the shared engine as the owner
+    /// of the database, on the embedded one through `connection`.
     void execute(Connection& connection, const QString& statement) const;
     /// The same on another workstation.
     void executeElsewhere(const QString& statement) const;
@@ -33,8 +33,8 @@ class TestDatabase {
     /// The rows of a query, as `queryRows` gives them.
     QStringList rows(Connection& connection, const QString& query, int columns = 1) const;
 
-    /// What ends all connections at the server, but for the owner's; nothing for the embedded engine, which has
-    /// no server.
+    /// What ends all connections at the server, but for the owner's; nothing for the embedded engine, which
+    /// has no server.
     std::function<void()> connectionEnd() const;
 
     /// What sorts the rows of a table as they were inserted.

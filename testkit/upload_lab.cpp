@@ -57,8 +57,9 @@ QStringList UploadLab::lines() {
 }
 
 QStringList UploadLab::standards() {
-    return column(
-        QStringLiteral("select c2430 from mt.standards where ctag >= %1 order by %2").arg(firstRecord).arg(database.rowOrder()));
+    return column(QStringLiteral("select c2430 from mt.standards where ctag >= %1 order by %2")
+                      .arg(firstRecord)
+                      .arg(database.rowOrder()));
 }
 
 void UploadLab::expectFailureBox(const QString& words, const QString& name) {

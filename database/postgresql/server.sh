@@ -90,8 +90,11 @@ choose_socket() {
     case $run in *[!A-Za-z0-9/._-]*) plain= ;; esac
     if [ -z "$plain" ] || [ ${#run} -gt 93 ] || ! (cd / && as_server test -w "$run"); then
         rmdir -- "$run"
-        run=$(mktemp -d /tmp/kelvane-socket.XXXXXX)
+        # The same one as before where nobody else has it now: data sources name it.
+        run=$(cat -- "$folder/socket.before" 2>/dev/null || true)
+        [ -n "$run" ] && mkdir -m 700 -- "$run" 2>/dev/null || run=$(mktemp -d /tmp/kelvane-socket.XXXXXX)
         chown "$account" -- "$run"
+        printf '%s\n' "$run" >"$folder/socket.before"
     fi
     printf '%s\n' "$run" >"$folder/socket"
 }

@@ -22,10 +22,11 @@ void rewriteLike(TokenSpan statement, std::size_t at, TextEdits& edits) {
         edits.replace(QStringView(pattern.end(), pattern.end()), u" escape ''"_s);
 }
 
-/// A date, time or number that is compared with an empty text: the server would refuse the text, and it is equal to
-/// none of them.
+/// A date, time or number that is compared with an empty text: the server would refuse the text, and it is
+/// equal to none of them.
 bool isComparedWithNothing(TokenSpan query, std::size_t at) {
-    return query[at].isName() && at + 2 < query.size() && query[at + 1].is(u'=') && query[at + 2].text == u"''";
+    return query[at].isName() && at + 2 < query.size() && query[at + 1].is(u'=') &&
+           query[at + 2].text == u"''";
 }
 
 void rewriteWords(TokenSpan statement, TextEdits& edits) {

@@ -312,9 +312,7 @@ TEST_P(ConfinedStoredValues, AFieldToCopyIsTheSyntaxErrorOfItsColumn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ConfinedValues, ::testing::Values(Engine::own, Engine::verbatim),
-                         [](const auto& test) {
-                             return test.param == Engine::own ? "own" : "verbatim";
-                         });
+                         [](const auto& test) { return test.param == Engine::own ? "own" : "verbatim"; });
 INSTANTIATE_TEST_SUITE_P(Engines, ConfinedStoredValues, ::testing::Values(Engine::own),
                          [](const auto&) { return "embedded"; });
 

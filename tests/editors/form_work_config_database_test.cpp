@@ -28,9 +28,7 @@ class WorkConfigInTheDatabase : public DatabaseSession {
     }
     void forgetFields() { execute(u"delete from mt.hvm_kv_worksheetfields;commit"_s); }
     /// Another workstation runs a statement.
-    void executeElsewhere(const QString& statement) {
-        database.executeElsewhere(statement);
-    }
+    void executeElsewhere(const QString& statement) { database.executeElsewhere(statement); }
 
     WorkConfigScreen screen;
 };

@@ -106,7 +106,8 @@ class DyingAtAMoment : public DyingWorkstation, public ::testing::WithParamInter
     DyingAtAMoment() { restart({u"TW-101"_s}); }
 
     QString inventory() {
-        return rows(u"select case when i4230 = '2021-06-16' then 1 else 0 end + case when i4231 = '2022-06-16' "
+        return rows(u"select case when i4230 = '2021-06-16' then 1 else 0 end + case when i4231 = "
+                    u"'2022-06-16' "
                     "then 1 else 0 end + case when i4224 is null then 1 else 0 end + case when i4225 is null "
                     "then 1 else 0 end from mt.inventory where i4201 = 'TW-101'"_s)
             .value(0);

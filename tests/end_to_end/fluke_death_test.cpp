@@ -94,7 +94,8 @@ auto momentsOf(const QList<Death>& deaths) {
 class DyingInAFlukeUpload : public DyingFlukeWorkstation, public ::testing::WithParamInterface<int> {
   protected:
     QString copied() {
-        return rows(u"select case when i4230 = '2021-06-16' then 1 else 0 end + case when i4231 = '2021-06-16' "
+        return rows(u"select case when i4230 = '2021-06-16' then 1 else 0 end + case when i4231 = "
+                    u"'2021-06-16' "
                     "then 1 else 0 end from mt.inventory where i4201 = 'PT-101'"_s)
             .value(0);
     }

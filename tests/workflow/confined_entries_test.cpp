@@ -86,8 +86,6 @@ TEST_P(ConfinedEntries, AUserNameThatEndsItsQuotesIsTheSyntaxErrorOfTheLogin) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ConfinedEntries, ::testing::Values(Engine::own, Engine::verbatim),
-                         [](const auto& test) {
-                             return test.param == Engine::own ? "own" : "verbatim";
-                         });
+                         [](const auto& test) { return test.param == Engine::own ? "own" : "verbatim"; });
 
 } // namespace kelvane::testing

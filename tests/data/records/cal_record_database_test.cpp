@@ -87,9 +87,10 @@ TEST_F(RecordOnDatabase, WholeRecordWithItsStandardsAndResults) {
         "(null)"_s);
     EXPECT_EQ(firstRow(u"select c2303,c2334 from mt.calibration where ctag = "_s + current, 2),
               u"2027-03-18|08:05:30"_s);
-    EXPECT_EQ(
-        rows(u"select c2430,mtag from mt.standards where ctag = "_s + current + u" order by "_s + database.rowOrder(), 2),
-        (QStringList{u"1001|1301"_s, u"1101|1301"_s}))
+    EXPECT_EQ(rows(u"select c2430,mtag from mt.standards where ctag = "_s + current + u" order by "_s +
+                       database.rowOrder(),
+                   2),
+              (QStringList{u"1001|1301"_s, u"1101|1301"_s}))
         << "each standard once";
     EXPECT_EQ(
         rows(u"select c2502,c2501,mtag from mt.calresults where ctag = "_s + current + u" order by c2502"_s,

@@ -30,7 +30,8 @@ class RecordCheck : public DatabaseSession {
             u"select c2502 || ' ' || c2501 from mt.calresults where ctag = %1 order by c2502"_s.arg(ctag));
     }
     QStringList standards() {
-        return rows(u"select c2430 from mt.standards where ctag = %1 order by %2"_s.arg(ctag, database.rowOrder()));
+        return rows(
+            u"select c2430 from mt.standards where ctag = %1 order by %2"_s.arg(ctag, database.rowOrder()));
     }
 
     QString ctag;

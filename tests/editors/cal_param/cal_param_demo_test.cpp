@@ -131,8 +131,9 @@ TEST_F(CalParamDemo, AnInstrumentWithAQuoteInItsNumberIsReportedAndTheScreenGoes
 TEST_F(CalParamDemo, WhatAnotherWorkstationChangedIsShownAtTheNextLoad) {
     open(u"PT-101"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputHigh"_s), u"100"_s);
-    database.executeElsewhere(u"update mt.hvm_kv_tag_config set input_high = 160, input_low = null, loop_pwr = '28V'"_s +
-                   ofAsset(u"PT-101"_s) + u";commit"_s);
+    database.executeElsewhere(
+        u"update mt.hvm_kv_tag_config set input_high = 160, input_low = null, loop_pwr = '28V'"_s +
+        ofAsset(u"PT-101"_s) + u";commit"_s);
     select(u"PT-101"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputHigh"_s), u"160"_s);
     EXPECT_EQ(shownBy(*form, u"TextInputLow"_s), u"0"_s);
