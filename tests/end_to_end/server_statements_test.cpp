@@ -43,7 +43,8 @@ class PromisingConnection final : public ForwardingConnection {
         return ForwardingConnection::select(statement, rows);
     }
     void beginTransaction() override {
-        promised_ << u"begin;set local lock_timeout to 5000"_s;
+        promised_ << u"begin;set local lock_timeout to 5000"_s
+                  << u"select pg_advisory_xact_lock(hashtextextended('kelvane transaction',0))"_s;
         ForwardingConnection::beginTransaction();
     }
     void commitTransaction() override {
