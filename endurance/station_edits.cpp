@@ -15,7 +15,7 @@ void Station::editStrategy() {
     const int edit = nextEdit();
     Strategy strategy{editedName(below(editedCount)), {}};
     for (int part = 0; part < partCount(edit); ++part)
-        strategy.points << QString::number(edit + part / 8.0);
+        strategy.points << QString::number(edit + part / 8.0, 'f', 3);
     if (!saveStrategy(session_, strategy))
         log_.write(u"edited"_s, u"%1 strategy"_s.arg(edit));
 }
