@@ -75,11 +75,11 @@ void runServerScript(const QString& script, const QStringList& arguments) {
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
 }
 
-SharedDatabase::SharedDatabase()
+SharedDatabase::SharedDatabase(const QString& source)
     : name_(u"kelvane_test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(++databases)),
       dsn_(addDataSourceFor(name_)) {
     // Copying files takes half of the time that writing the pages to the log takes.
-    administrate(u"create database %1 template kelvane_template_demo strategy file_copy"_s.arg(name_));
+    administrate(u"create database %1 template kelvane_template_%2 strategy file_copy"_s.arg(name_, source));
     // The one thing that is not copied.
     administrate(
         u"revoke all on database %1 from public;grant connect on database %1 to kelvane_login"_s.arg(name_));

@@ -15,12 +15,12 @@ QString missingServer();
 /// Runs a script of servers to its end, which has to be a good one.
 void runServerScript(const QString& script, const QStringList& arguments);
 
-/// A database on the tests' server, a copy of the demonstration database that `tests/shared_server.sh` has
-/// prepared, and a data source of its own for it. The copy goes with this, and with the next start of the
-/// server at the latest.
+/// A database on the tests' server, a copy of `kelvane_template_<source>`, and a data source of its own for
+/// it. The copy goes with this, and with the next start of the server at the latest.
 class SharedDatabase {
   public:
-    SharedDatabase();
+    /// "demo" is the demonstration database that `tests/shared_server.sh` has prepared.
+    explicit SharedDatabase(const QString& source = QStringLiteral("demo"));
     ~SharedDatabase();
     SharedDatabase(const SharedDatabase&) = delete;
     SharedDatabase& operator=(const SharedDatabase&) = delete;
