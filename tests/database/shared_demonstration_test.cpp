@@ -33,8 +33,8 @@ class SharedDemonstration : public SharedScripts {
 
 TEST_F(SharedDemonstration, IsRefusedBesideADatabaseThatHoldsNone) {
     const auto other =
-        u"the server has the database \"%1\", which holds no demonstration data, or is none of yours: "
-        "everybody who knows the demonstration's password could open it"_s;
+        u"the server has the database \"%1\", which lacks the demonstration's users, or is none of yours: "
+        "everybody who knows their password could open it"_s;
     const auto empty = site();
     expectRefused(other.arg(empty));
     answer(empty, u"insert into mt.userlist values ('jdoe', 'MT', 1)"_s);
