@@ -11,8 +11,10 @@ namespace kelvane {
 
 QString LinkLog::begin(const QString& missing) const {
     log.readSwitch();
-    if (!missing.isEmpty())
+    if (!missing.isEmpty()) {
         log.write(u"library "_s + missing);
+        log.setOpening({missing});
+    }
     return missing;
 }
 

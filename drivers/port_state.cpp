@@ -1,6 +1,7 @@
 #include "drivers/port_state.h"
 
 #include "platform/device_holders.h"
+#include "platform/error.h"
 #include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -13,6 +14,10 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
+
+QString portName(int number) {
+    return u"COM%1"_s.arg(number);
+}
 
 QString openingSentence(const QString& port, const QString& device,
                         const std::optional<LineOpening>& opening) {
@@ -28,15 +33,20 @@ int portNumber(const QString& name) {
 }
 
 QString portDescription(const SerialPorts& ports, int number) {
-    const auto device = ports.device(number);
-    return text(TextId::portDeviceShort)
-        .arg(u"COM%1"_s.arg(number),
-             device.path.isEmpty() ? noDeviceReason(ports, number) : deviceDescription(device));
+    const auto describe = [&] {
+        try {
+            const auto device = ports.device(number);
+            return device.path.isEmpty() ? noDeviceReason(ports, number) : deviceDescription(device);
+        } catch (const Error& error) {
+            return error.description;
+        }
+    };
+    return text(TextId::portDeviceShort).arg(portName(number), describe());
 }
 
 QString noDeviceReason(const SerialPorts& ports, int number) {
     const auto name = ports.nameOf(number);
-    return name.isEmpty() ? text(TextId::portNoDevice).arg(u"COM%1"_s.arg(number))
+    return name.isEmpty() ? text(TextId::portNoDevice).arg(portName(number))
                           : text(TextId::portIdentityUnknown).arg(name);
 }
 
@@ -51,7 +61,7 @@ QStringList deviceObstacles(const QString& device) {
 }
 
 QString portState(const SerialPorts& ports, int number, const std::optional<LineOpening>& opening) {
-    const auto port = u"COM%1"_s.arg(number);
+    const auto port = portName(number);
     const auto device = ports.device(number);
     QStringList sentences;
     if (device.path.isEmpty()) {

@@ -6,8 +6,10 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -39,12 +41,43 @@ QString folderOf(qint64 process) {
     return u"/proc/%1"_s.arg(process);
 }
 
-bool hasOpen(const QString& processFolder, dev_t device) {
-    // A process of another user shows nothing.
-    const QDir files(processFolder + u"/fd"_s);
-    const auto names = files.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
-    return std::any_of(names.cbegin(), names.cend(),
-                       [&](const QString& name) { return deviceNumber(files.filePath(name)) == device; });
+/// The files of a process, each a link to what it is. A process of another user shows none.
+class OpenFiles {
+  public:
+    explicit OpenFiles(const QByteArray& folder) : folder_(::opendir(folder.constData())) {}
+    ~OpenFiles() {
+        if (folder_)
+            ::closedir(folder_);
+    }
+    OpenFiles(const OpenFiles&) = delete;
+    OpenFiles& operator=(const OpenFiles&) = delete;
+
+    /// The name of the next one; null behind the last.
+    const char* next() {
+        const dirent* entry = folder_ ? ::readdir(folder_) : nullptr;
+        return entry ? entry->d_name : nullptr;
+    }
+
+  private:
+    DIR* folder_;
+};
+
+bool isBelowDev(const QByteArray& link) {
+    std::array<char, 6> target{};
+    return ::readlink(link.constData(), target.data(), target.size()) > 5 &&
+           QByteArrayView(target).startsWith("/dev/");
+}
+
+bool hasOpen(const QString& process, dev_t device) {
+    const auto folder = QFile::encodeName(process + u"/fd/"_s);
+    OpenFiles files(folder);
+    while (const char* name = files.next()) {
+        const auto link = folder + name;
+        // Nothing else is looked at: a file on a network that is gone would not answer.
+        if (isBelowDev(link) && deviceNumber(QFile::decodeName(link)) == device)
+            return true;
+    }
+    return false;
 }
 
 QList<qint64> processesThatOpened(dev_t device) {

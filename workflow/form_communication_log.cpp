@@ -2,6 +2,7 @@
 
 #include "drivers/line_settings.h"
 #include "drivers/port_state.h"
+#include "platform/error.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -170,8 +171,14 @@ void FormCommunicationLog::takeNewLines() {
 void FormCommunicationLog::showPort() {
     const auto& opening = log().opening();
     shownRefusal_ = opening ? opening->refusal : QString();
-    const auto port = linkLine(session_, calibratorNamed(calibrator_).identity).port;
-    LabelPort->setText(portState(calibrators_.ports, portNumber(port), opening));
+    // Settings that can't be read are no reason for a report each time that the window looks.
+    try {
+        const auto port = session_.settings.value(calibrator_, lineKey::port.toString());
+        const int number = port.isEmpty() ? 1 : portNumber(port);
+        LabelPort->setText(portState(calibrators_.ports, number, opening));
+    } catch (const Error& error) {
+        LabelPort->setText(error.description);
+    }
 }
 
 void FormCommunicationLog::showFile() {

@@ -1,5 +1,6 @@
 #include "workflow/form_communication_log.h"
 
+#include "platform/error.h"
 #include "resources/strings.h"
 #include "testkit/fixtures.h"
 #include "testkit/program_screen.h"
@@ -215,6 +216,26 @@ TEST_F(CommunicationLogWindow, NamesThePortItsDeviceAndHowItWasOpened) {
     connected.clear();
     EXPECT_TRUE(QTest::qWaitFor([&] { return labelled(u"LabelPort"_s) == u"There is no device for COM2."_s; },
                                 20000));
+}
+
+TEST_F(CommunicationLogWindow, DoesNotReportSettingsThatCanNotBeRead) {
+    close();
+    class Unreadable final : public SettingsStore {
+        QString value(const QString&, const QString&) const override {
+            throw makeError(ErrorNumber::pathFileAccess);
+        }
+        void setValue(const QString&, const QString&, const QString&) override {}
+    } unreadable;
+    const Workstation other{ui, clock, unreadable};
+    Session session2(other, nullptr);
+    Calibrators calibrators2(session2, {port, link, link3, {[this] { return connected; }, folder.path()}});
+    // Only the place of the window is asked for in the common way, and reported.
+    ui.expectReport(75, u"ModuleGlobals,GetRegSetting"_s);
+    ui.expectReport(75, u"ModuleGlobals,GetRegSetting"_s);
+    open(session2, calibrators2, torqueStar);
+    EXPECT_EQ(labelled(u"LabelPort"_s), u"Path/File access error"_s);
+    close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 TEST_F(CommunicationLogWindow, SaysWhetherTheCommunicationIsLogged) {
