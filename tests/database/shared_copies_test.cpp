@@ -19,7 +19,7 @@ TEST_F(SharedCopies, CheckNamesWhatIsWrong) {
     const auto whole = run(u"check.sh"_s, {address(name)});
     EXPECT_EQ(contentOfServer(name), before) << "a check changes nothing";
     EXPECT_EQ(whole.code, 0);
-    EXPECT_EQ(whole.output, u"%1 is of version 4, and whole.\n"_s.arg(address(name)));
+    EXPECT_EQ(whole.output, u"%1 is of version 5, and whole.\n"_s.arg(address(name)));
     const std::pair<QString, QString> faults[] = {
         {u"drop table abc.repair"_s, u"missing: table abc.repair"_s},
         {u"alter table mt.customiz drop column tooltip"_s, u"missing: column mt.customiz.tooltip"_s},
@@ -129,7 +129,7 @@ TEST_F(SharedCopies, ALoginIsNobodysWhenNoDatabaseOfTheServerHasItAmongItsUsers)
     const auto name = demo();
     const auto beside = demo();
     const auto place = address(name);
-    const auto whole = u"%1 is of version 4, and whole.\n"_s.arg(place);
+    const auto whole = u"%1 is of version 5, and whole.\n"_s.arg(place);
     answer(u"postgres"_s, u"create role \"it's\" login in role kelvane_login"_s);
     EXPECT_EQ(run(u"check.sh"_s, {place}).output, whole) << "it may connect, and no more";
     answer(u"postgres"_s, u"grant kelvane_level_4 to \"it's\""_s);
