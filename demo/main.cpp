@@ -3,6 +3,7 @@
 // be.
 
 #include "app/calibrator_hardware.h"
+#include "app/language.h"
 #include "demo/demonstration.h"
 #include "demo/torquestar.h"
 #include "platform/database/odbc_connection.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 
 #include <clocale>
 #include <cstdio>
@@ -55,6 +57,7 @@ int main(int argc, char** argv) {
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
+        chooseLanguage(settings, QLocale::system().uiLanguages());
         CalibratorHardware hardware(settings);
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),

@@ -16,7 +16,7 @@ class WholeFlukeEndToEnd : public FlukeEndToEnd {
 };
 
 TEST_F(WholeFlukeEndToEnd, TheListRefusesWhatTheCalibratorCantTakeAndAsksForAStandardWhereItCantRead) {
-    ui.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle, box::warning);
+    ui.expectBox(u"AC-604: "_s + text(TextId::cannotSourceAcVoltage), downloadTitle(), box::warning);
     addToDownloadList(calibrators, screen, u"AC-604"_s);
     for (const auto& runs : calibrator.runs.manual) {
         screen.list.clear();

@@ -1,3 +1,5 @@
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "simulators/fluke74x/field_work.h"
 #include "testkit/fluke74x_runs.h"
 #include "tests/end_to_end/simulated_fluke.h"
@@ -32,25 +34,22 @@ const SimulatedFluke& flukeUnderTest() {
                      u"PI-304"_s,  u"LI-401"_s,  u"LI-402"_s,  u"LI-403"_s,  u"LI-404"_s,  u"FT-501"_s,
                      u"FI-502"_s,  u"VF-503"_s,  u"VT-601"_s,  u"VI-602"_s,  u"SC-603"_s,  u"PG-801"_s,
                      u"TCS-802"_s, u"RI-803"_s,  u"SG-804"_s,  u"AN-805"_s},
-        .noAnswer = u"DPC3open() failed (DPC3ERR_OPEN_FAILED)"_s,
-        .errors =
-            {{2002, u"Insufficient Memory (DPC3ERR_MEMORY_SIZE)"_s},
-             {2003, u"Argument Length Too Long (DPC3ERR_ARGLEN)"_s},
-             {2004, u"Internal Memlist Error (DPC3ERR_MEMLIST_ERROR)"_s},
-             {2005, u"DPC3validate() detected an invalid memlist atom (DPC3ERR_ATOM_INVALID)"_s},
-             {2006, u"Illegal or Invalid Argument (DPC3ERR_BAD_ARG)"_s},
-             {2007, u"DPC3open() failed (DPC3ERR_OPEN_FAILED)"_s},
-             {2008, u"Unexpected Data From 74x (DPC3ERR_RECV_UNEXPECTED_DATA)"_s},
-             {2009, u"Invalid Response From 74x (DPC3ERR_COMPLIANCE_ERROR)"_s},
-             {2010, u"Communications with calibrator failed! (DPC3ERR_COMM_NOT_CONNECTED)"_s},
-             {2011, u"Communication Write Error (DPC3ERR_SEND_FAILED)"_s},
-             {2012, u"Communication Read Error (DPC3ERR_RECV_FAILED)"_s},
-             {2013, u"Maps Weren't Uploaded First (DPC3ERR_MAPS_UNAVAILABLE)"_s},
-             {2014, u"The Requested Object/Item Has No Data (DPC3ERR_NO_DATA)"_s},
-             {2015,
-              u"A Call To A DPCx Function Was Made Without A Successful DPCxopen() (DPC3ERR_NOT_OPEN)"_s},
-             {2016,
-              u"Unable to open communications channel to calibrator! Please check communications settings and try again. (DPC3ERR_SETCOMMSTATE_FAILED)"_s}},
+        .noAnswer = text(TextId::statusOpenFailed) + u" (DPC3ERR_OPEN_FAILED)"_s,
+        .errors = {{2002, text(TextId::statusMemoryInsufficient) + u" (DPC3ERR_MEMORY_SIZE)"_s},
+                   {2003, text(TextId::statusArgumentTooLong) + u" (DPC3ERR_ARGLEN)"_s},
+                   {2004, text(TextId::statusMemlistError) + u" (DPC3ERR_MEMLIST_ERROR)"_s},
+                   {2005, text(TextId::statusAtomInvalid) + u" (DPC3ERR_ATOM_INVALID)"_s},
+                   {2006, text(TextId::statusArgumentInvalid) + u" (DPC3ERR_BAD_ARG)"_s},
+                   {2007, text(TextId::statusOpenFailed) + u" (DPC3ERR_OPEN_FAILED)"_s},
+                   {2008, text(TextId::statusUnexpectedData) + u" (DPC3ERR_RECV_UNEXPECTED_DATA)"_s},
+                   {2009, text(TextId::statusResponseInvalid) + u" (DPC3ERR_COMPLIANCE_ERROR)"_s},
+                   {2010, text(TextId::statusCommunicationFailed) + u" (DPC3ERR_COMM_NOT_CONNECTED)"_s},
+                   {2011, text(TextId::statusWriteError) + u" (DPC3ERR_SEND_FAILED)"_s},
+                   {2012, text(TextId::statusReadError) + u" (DPC3ERR_RECV_FAILED)"_s},
+                   {2013, text(TextId::statusMapsUnavailable) + u" (DPC3ERR_MAPS_UNAVAILABLE)"_s},
+                   {2014, text(TextId::statusNoData) + u" (DPC3ERR_NO_DATA)"_s},
+                   {2015, text(TextId::statusLinkNotOpen) + u" (DPC3ERR_NOT_OPEN)"_s},
+                   {2016, text(TextId::lineCannotBeOpened) + u" (DPC3ERR_SETCOMMSTATE_FAILED)"_s}},
         .ignoredCalls = {},
         // The memory is read twice.
         .uploadSteps = mapSteps + QStringList(6, u"DPC3uplStep"_s),
