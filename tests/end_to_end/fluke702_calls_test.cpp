@@ -11,7 +11,9 @@ QString fatalWords() {
     return text(TextId::statusMemoryInsufficient) + u" (DPCERR_MEMORY_SIZE)"_s;
 }
 constexpr int warning = 100;
-const QString warningWords = u": Turning off loop power (DPCWARN_BAD_LOOP)"_s;
+QString warningWords() {
+    return u": "_s + text(TextId::statusLoopPowerOff) + u" (DPCWARN_BAD_LOOP)"_s;
+}
 
 } // namespace
 
@@ -27,7 +29,7 @@ TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsShownAndTheDownloadGoe
         clearFault();
         fault(call.fault(warning));
         if (call.operation != u"MEMclear" && call.operation != u"STAinit")
-            expectInformation(u"PT-101"_s + warningWords);
+            expectInformation(u"PT-101"_s + warningWords());
         download();
         EXPECT_EQ(storedTags(), singleInstrument());
     }
@@ -49,14 +51,14 @@ TEST_F(EachCallOfAFluke702, ThatWarnsDuringTheTransferEndsItAndTheDownloadCounts
         SCOPED_TRACE(call.fault(warning).toStdString());
         clearFault();
         fault(call.fault(warning));
-        expectInformation(warningWords);
+        expectInformation(warningWords());
         download();
     }
     EXPECT_EQ(tried, interrupting.size());
     // A transfer that was broken off after its first step has left an empty calibrator.
     clearFault();
     fault(u"DPCdnlStep*1=100"_s);
-    expectInformation(warningWords);
+    expectInformation(warningWords());
     download();
     EXPECT_EQ(storedTags(), QStringList());
     EXPECT_EQ(registered(), singleInstrument());
@@ -89,7 +91,7 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         } else if (call.operation != u"MEMstats") {
             expectInformation(call.operation == u"MEMcalResult"
                                   ? u"PT-101: "_s + text(TextId::statusNoError) + u" (DPCERR_NONE)"_s
-                                  : u": No Error (DPCERR_NONE)"_s);
+                                  : u": "_s + text(TextId::statusNoError) + u" (DPCERR_NONE)"_s);
         }
         pressUpload(message);
         EXPECT_EQ(records(u"PT-101"_s),

@@ -109,7 +109,7 @@ TEST_F(EachCallOfAFluke74x, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         SCOPED_TRACE(calls[i].fault(error.status).toStdString());
         clearFault();
         fault(calls[i].fault(error.status));
-        upload({}, error.words);
+        upload({}, error.words());
         expectNothing();
     }
     clearFault();

@@ -125,8 +125,8 @@ TEST_F(WholeFlukeEndToEnd, ADamagedMemoryIsACalibratorThatDoesNotAnswer) {
     const auto before = registered();
     simulatorFolder.put(u"memory.json"_s, "{");
     list(singleInstrument());
-    download(calibrator.noAnswer);
-    upload({}, calibrator.noAnswer);
+    download(calibrator.noAnswer.words());
+    upload({}, calibrator.noAnswer.words());
     EXPECT_EQ(registered(), before);
 }
 
