@@ -2,6 +2,7 @@
 #include "admin/failure.h"
 #include "admin/terminal.h"
 #include "platform/error.h"
+#include "platform/version.h"
 
 #include <QCoreApplication>
 
@@ -29,7 +30,7 @@ QString outputOf(const kelvane::admin::Invocation& invocation) {
     case Invocation::Kind::help:
         return invocation.command == nullptr ? helpText(commands()) : helpText(*invocation.command);
     case Invocation::Kind::version:
-        return u"kelvane-admin "_s + QString::fromUtf8(KELVANE_VERSION) + u'\n';
+        return u"kelvane-admin "_s + kelvane::programVersion() + u'\n';
     case Invocation::Kind::run:
         break;
     }

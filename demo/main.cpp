@@ -6,6 +6,7 @@
 #include "demo/demonstration.h"
 #include "demo/torquestar.h"
 #include "platform/database/odbc_connection.h"
+#include "platform/installed_files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,8 +25,8 @@ void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) 
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-/// Tells the link library of a calibrator, which stands beside this program, where to keep the memory and its
-/// record in the folder. Gives the path of the memory.
+/// Tells the link library of a simulated calibrator where to keep the memory and its record in the folder. Gives
+/// the path of the memory.
 QString prepareLink(const QString& folder, const QString& calibrator) {
     const auto path = QDir(folder).filePath(calibrator);
     const QByteArray variables = "KELVANE_" + calibrator.toUpper().toLatin1();
@@ -55,7 +56,7 @@ int main(int argc, char** argv) {
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
-        CalibratorHardware hardware(settings);
+        CalibratorHardware hardware(settings, InstalledFiles().simulatorLibraries());
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),
             {.dataSources = odbcDataSources, .commandLine = {}, .worksheets = true, .endProcess = [&] {

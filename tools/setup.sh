@@ -11,8 +11,9 @@ build_packages=(
 )
 # A database server, and what reaches it.
 server_packages=(postgresql-15 postgresql-client-15 odbc-postgresql)
-test_packages=(locales poppler-utils valgrind zbar-tools)
+test_packages=(appstream desktop-file-utils locales mandoc poppler-utils valgrind zbar-tools)
 check_packages=(clang-format clang-tidy)
+package_packages=(dpkg-dev lintian mmdebstrap)
 
 setup_packages() {
     local missing=() name

@@ -156,7 +156,7 @@ TEST_F(ScriptCommands, CheckNamesDamagedAndMissingFiles) {
 TEST_F(ScriptCommands, AnInstalledProgramUsesTheScriptsBesideIt) {
     QProcess install;
     install.start(u"cmake"_s, {u"--install"_s, QStringLiteral(KELVANE_BUILD), u"--prefix"_s, path(u"usr"_s),
-                               u"--component"_s, u"admin"_s});
+                               u"--component"_s, u"kelvane"_s});
     ASSERT_TRUE(install.waitForFinished(60000));
     ASSERT_EQ(install.exitCode(), 0) << install.readAllStandardError().toStdString();
     const auto scripts = path(u"usr/share/kelvane/database"_s);
