@@ -1,10 +1,12 @@
 #include "simulators/fluke702/memory.h"
 #include "testkit/embedded_database.h"
 #include "testkit/fixtures.h"
-#include "testkit/shell_command.h"
 #include "tests/docs/pages.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -16,9 +18,9 @@ namespace {
 
 const QString readme = u"README.md"_s;
 const QString security = u"SECURITY.md"_s;
-const QString installation = u"docs/installation.md"_s;
+const QString workstations = u"docs/workstations.md"_s;
 const QString techniciansGuide = u"docs/technicians-guide.md"_s;
-const QStringList pages{readme, security, installation, techniciansGuide};
+const QStringList pages{readme, security, workstations, techniciansGuide};
 
 /// What a test can't run, by the beginning of its lines.
 struct Unrunnable {
@@ -30,20 +32,36 @@ const QList<Unrunnable>& unrunnables() {
     static const QString packages =
         u"./run package installs and removes the packages in a root of their own"_s;
     static const QString machine = u"it changes the machine"_s;
-    static const QString builds = u"it builds, or runs the tests; .ci/run has it"_s;
+    static const QString builds = u"it builds, or runs the tests themselves"_s;
     static const QList<Unrunnable> list{
         {u"sudo apt install "_s, packages},
-        {u"sudo apt purge "_s, packages},
+        {u"apt-get install "_s, packages},
         {u"dpkg-query "_s, packages},
-        {u"sudo adduser "_s, machine},
+        {u"adduser "_s, machine},
         {u"sudo ldconfig"_s, machine},
         {u"sudo cp libdpclnk.so "_s, u"the libraries belong to the makers of the calibrators"_s},
+        {u"cat >/etc/postgresql/"_s, machine},
+        {u"echo 'hostssl "_s, machine},
+        {u"systemctl "_s, machine},
         {u"ls /dev/serial/by-id"_s, u"it needs a serial adapter"_s},
         {u"./run"_s, builds},
         {u"./test"_s, builds},
         {u"./endure"_s, builds},
     };
     return list;
+}
+
+/// The lines of the administrator's page, whose blocks are indented; texts of files are left out.
+QStringList administratorsLines() {
+    static const QRegularExpression line(u"^ {4,}(\\S.*)$"_s, QRegularExpression::MultilineOption);
+    QStringList lines;
+    bool isFile = false;
+    for (const auto& match : line.globalMatch(textOfPage(u"docs/administrators-guide.md"_s))) {
+        if (!isFile)
+            lines << match.captured(1);
+        isFile = match.captured(1).endsWith(u"<<END") || (isFile && match.captured(1) != u"END");
+    }
+    return lines;
 }
 
 bool isUnrunnable(const QString& line) {
@@ -56,6 +74,12 @@ bool startsWorkstation(const QString& line) {
     const auto words = line.split(u' ');
     return words.first() == u"kelvane"_s && !words.contains(u"--help"_s) && !words.contains(u"--version"_s);
 }
+
+/// How a line in a shell has ended. Output and errors stand in one text, as on a terminal.
+struct ShellOutcome {
+    int code = -1;
+    QString output;
+};
 
 } // namespace
 
@@ -89,7 +113,18 @@ class PageCommands : public ::testing::Test {
         for (const auto& variable : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"XDG_CONFIG_HOME"_s,
                                      u"XDG_DATA_HOME"_s, u"XDG_STATE_HOME"_s})
             environment.remove(variable);
-        return runInShell(line, {}, home_.path(), environment);
+        environment.insert(u"PATH"_s,
+                           QCoreApplication::applicationDirPath() + u':' + environment.value(u"PATH"_s));
+        QProcess shell;
+        shell.setProcessEnvironment(environment);
+        shell.setProcessChannelMode(QProcess::MergedChannels);
+        shell.setWorkingDirectory(home_.path());
+        shell.setStandardInputFile(QProcess::nullDevice());
+        shell.start(u"sh"_s, {u"-c"_s, line});
+        if (!shell.waitForFinished(120000))
+            return {-1, shell.errorString()};
+        const int code = shell.exitStatus() == QProcess::NormalExit ? shell.exitCode() : -1;
+        return {code, QString::fromUtf8(shell.readAll())};
     }
     /// The line with the places of this build and of the home in the place of the machine's.
     QString inPlace(QString line) const {
@@ -130,8 +165,8 @@ TEST_F(PageCommands, OfTheSecurityPageSucceed) {
     EXPECT_TRUE(expectCommands(security).contains(u"jdoe"_s));
 }
 
-TEST_F(PageCommands, OfTheInstallationPageSucceed) {
-    const auto output = expectCommands(installation);
+TEST_F(PageCommands, OfTheWorkstationsPageSucceed) {
+    const auto output = expectCommands(workstations);
     EXPECT_TRUE(output.contains(u"[Calibration Data]"_s)) << "the driver manager knows the data source";
     EXPECT_TRUE(QFile::exists(inHome(u"kelvane/site/rslt_db.frm"_s)));
     EXPECT_TRUE(QFile::exists(inHome(u".local/share/kelvane/kvwrksht.rpt"_s)));
@@ -151,7 +186,7 @@ TEST_F(PageCommands, OfTheTechniciansGuideCarryOutAndShowARecord) {
 }
 
 TEST(PageLines, WhatATestCantRunHasItsReasonAndStandsOnAPage) {
-    QStringList lines;
+    auto lines = administratorsLines();
     for (const auto& page : pages)
         lines += shellLines(page);
     for (const auto& kind : unrunnables()) {
@@ -172,6 +207,15 @@ TEST(PageLines, TheScriptsOfTheReadmeAreThere) {
         ++count;
     }
     EXPECT_GE(count, 4);
+}
+
+/// What begins with one of these is run by the tests of the administrator's page.
+TEST(PageLines, OfTheAdministratorsGuideAreRunOrHaveAReason) {
+    static const QRegularExpression isRun(u"^(kelvane-admin|psql|sqlite3|sudo -u postgres|cmake|15 2) "_s);
+    const auto lines = administratorsLines();
+    EXPECT_GT(lines.size(), 20);
+    for (const auto& line : lines)
+        EXPECT_TRUE(isUnrunnable(line) || line.contains(isRun)) << line.toStdString();
 }
 
 } // namespace kelvane::testing
