@@ -132,7 +132,7 @@ class PageCommands : public ::testing::Test {
             .replace(u"sudo tee -a /etc/"_s, u"tee -a "_s + home_.path() + u'/')
             .replace(u"/usr/share/kelvane/database/"_s, QStringLiteral(KELVANE_SOURCES "/database/"))
             .replace(u"/usr/share/kelvane/layouts/"_s, QStringLiteral(KELVANE_SOURCES "/resources/layouts/"))
-            .replace(u"build/release/bin/"_s, {});
+            .replace(u"build/release/bin/"_s, QString());
     }
     /// Everything that the lines of a page print.
     QString expectCommands(const QString& page) {
