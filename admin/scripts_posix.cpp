@@ -2,6 +2,7 @@
 
 #include "admin/failure.h"
 #include "platform/installed_files.h"
+#include "platform/version.h"
 
 #include <QFile>
 
@@ -25,6 +26,8 @@ void becomeScript(const QString& name, const DatabaseAddress& address, const QSt
     for (auto& text : texts)
         words.push_back(text.data());
     words.push_back(nullptr);
+    // They enter it into the history of upgrades.
+    qputenv("KELVANE_VERSION", programVersion().toLatin1());
     ::execv(words.front(), words.data());
     throw Failure{u"%1 can't be started: %2"_s.arg(path, QString::fromLocal8Bit(std::strerror(errno)))};
 }

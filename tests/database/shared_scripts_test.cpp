@@ -73,7 +73,7 @@ TEST_F(SharedScripts, MakeMakesADatabaseThatSortsByCodesAndIsClosedToOthers) {
         u"UTF8|C|C.UTF-8|f|f"_s);
     EXPECT_EQ(answer(name, u"select count(*) from mt.inventory"_s), u"0"_s);
     EXPECT_EQ(answer(name, u"select procedit from mt.dbconfig"_s), u"4"_s);
-    EXPECT_EQ(version(name), u"4"_s);
+    EXPECT_EQ(version(name), u"5"_s);
 }
 
 TEST_F(SharedScripts, ASecondRunChangesNothing) {
@@ -119,7 +119,7 @@ TEST_F(SharedScripts, AnEmptyDatabaseIsFilledAndOneWithOtherThingsIsLeftAlone) {
     answer(u"postgres"_s,
            u"create database %1 template template0 lc_collate 'C' lc_ctype 'C.UTF-8'"_s.arg(empty));
     EXPECT_EQ(run(u"make.sh"_s, {address(empty)}).output, QString());
-    EXPECT_EQ(version(empty), u"4"_s);
+    EXPECT_EQ(version(empty), u"5"_s);
 
     const auto taken = newName();
     answer(u"postgres"_s,
@@ -235,28 +235,28 @@ TEST_F(SharedScripts, WhatASiteHasAddedStays) {
 
 TEST_F(SharedScripts, AStepThatFailsLeavesTheDatabaseAsItWasBeforeIt) {
     const auto name = demo();
-    write(u"0005-good.sql"_s, "alter table mt.segregate add column good sys.\"CHAR\";\n");
+    write(u"0006-good.sql"_s, "alter table mt.segregate add column good sys.\"CHAR\";\n");
     write(
-        u"0006-bad.owner.sql"_s,
+        u"0007-bad.owner.sql"_s,
         "alter table :owner.inventory add column bad sys.\"CHAR\";\nselect 1 / (:'owner' <> 'abc')::int;\n");
-    write(u"0007-later.sql"_s, "alter table mt.segregate add column later sys.\"CHAR\";\n");
+    write(u"0008-later.sql"_s, "alter table mt.segregate add column later sys.\"CHAR\";\n");
     const auto failed = runCopy(u"upgrade.sh"_s, {address(name)});
     EXPECT_EQ(failed.code, 1);
     EXPECT_TRUE(
-        failed.output.endsWith(u"upgrade.sh: postgresql/0006-bad.owner.sql failed; %1 is of version 5, "
+        failed.output.endsWith(u"upgrade.sh: postgresql/0007-bad.owner.sql failed; %1 is of version 6, "
                                "as it was before that step\n"_s.arg(address(name))))
         << failed.output.toStdString();
-    EXPECT_EQ(version(name), u"5"_s);
+    EXPECT_EQ(version(name), u"6"_s);
     EXPECT_EQ(
         answer(
             name,
             u"select string_agg(column_name::text, ' ') from sys.syscolumn where column_name in ('good', 'bad', 'later')"_s),
         u"good"_s);
 
-    QFile::remove(copyOfScripts() + u"/0006-bad.owner.sql"_s);
-    write(u"0006-bad.owner.sql"_s, "alter table :owner.inventory add column bad sys.\"CHAR\";\n");
+    QFile::remove(copyOfScripts() + u"/0007-bad.owner.sql"_s);
+    write(u"0007-bad.owner.sql"_s, "alter table :owner.inventory add column bad sys.\"CHAR\";\n");
     EXPECT_EQ(runCopy(u"upgrade.sh"_s, {address(name)}).output, QString());
-    EXPECT_EQ(version(name), u"7"_s);
+    EXPECT_EQ(version(name), u"8"_s);
     EXPECT_EQ(answer(name, u"select count(*) from information_schema.columns where column_name = 'bad'"_s),
               u"3"_s);
     EXPECT_EQ(runCopy(u"check.sh"_s, {address(name)}).code, 0);
@@ -269,8 +269,30 @@ TEST_F(SharedScripts, AStepThatFailsLeavesTheDatabaseAsItWasBeforeIt) {
     const auto refused = run(u"upgrade.sh"_s, {address(name)});
     EXPECT_EQ(refused.code, 1);
     EXPECT_EQ(refused.output,
-              u"upgrade.sh: %1 is of version 7, and these scripts end at 4; update the program; "
+              u"upgrade.sh: %1 is of version 8, and these scripts end at 5; update the program; "
               "nothing was changed\n"_s.arg(address(name)));
+}
+
+TEST_F(SharedScripts, TheHistoryNamesTheProgramThatCarriedAStepOut) {
+    const auto name = newName();
+    const auto scripts = copyOfScripts();
+    ScriptEnvironment environment;
+    environment.variables.insert(u"KELVANE_VERSION"_s, u"1.2.3"_s);
+    ASSERT_TRUE(QFile::rename(scripts + u"/0005-program-of-an-upgrade.sql"_s, scripts + u"/later"_s));
+    ASSERT_EQ(runScript(scripts + u"/make.sh"_s, {address(name)}, environment).code, 0);
+    EXPECT_EQ(version(name), u"4"_s);
+
+    ASSERT_TRUE(QFile::rename(scripts + u"/later"_s, scripts + u"/0005-program-of-an-upgrade.sql"_s));
+    EXPECT_EQ(runScript(scripts + u"/upgrade.sh"_s, {address(name)}, environment).output, QString());
+    EXPECT_EQ(
+        answer(name,
+               u"select string_agg(coalesce(program, 'none'), ' ' order by number) from kelvane.upgrades"_s),
+        u"none none none none 1.2.3"_s);
+
+    const auto made = newName();
+    EXPECT_EQ(run(u"make.sh"_s, {address(made)}).code, 0);
+    EXPECT_EQ(answer(made, u"select distinct program from kelvane.upgrades"_s),
+              QStringLiteral(KELVANE_PROJECT_VERSION));
 }
 
 TEST_F(SharedCopies, CheckNamesWhatIsWrong) {
@@ -279,7 +301,7 @@ TEST_F(SharedCopies, CheckNamesWhatIsWrong) {
     const auto whole = run(u"check.sh"_s, {address(name)});
     EXPECT_EQ(contentOfServer(name), before) << "a check changes nothing";
     EXPECT_EQ(whole.code, 0);
-    EXPECT_EQ(whole.output, u"%1 is of version 4, and whole.\n"_s.arg(address(name)));
+    EXPECT_EQ(whole.output, u"%1 is of version 5, and whole.\n"_s.arg(address(name)));
     const std::pair<QString, QString> faults[] = {
         {u"drop table abc.repair"_s, u"missing: table abc.repair"_s},
         {u"alter table mt.customiz drop column tooltip"_s, u"missing: column mt.customiz.tooltip"_s},
