@@ -120,7 +120,7 @@ class PageCommands : public ::testing::Test {
         shell.setProcessChannelMode(QProcess::MergedChannels);
         shell.setWorkingDirectory(home_.path());
         shell.setStandardInputFile(QProcess::nullDevice());
-        shell.start(u"sh"_s, {u"-c"_s, line});
+        shell.start(u"bash"_s, {u"-o"_s, u"pipefail"_s, u"-c"_s, line});
         if (!shell.waitForFinished(120000))
             return {-1, shell.errorString()};
         const int code = shell.exitStatus() == QProcess::NormalExit ? shell.exitCode() : -1;
