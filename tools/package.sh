@@ -47,12 +47,12 @@ try_packages() {
     if TMPDIR=$folder mmdebstrap --variant=minbase --format=null --customize-hook="$copy /srv" \
         --customize-hook='exec chroot "$1" sh /srv/package_trial.sh' \
         bookworm /dev/null >"$log" 2>&1; then
-        sed -n 's/^trial: //p' "$log"
+        sed -n 's/^trial: /  /p' "$log"
     elif ! grep -q '^trial: ' "$log"; then
         grep '^E: ' "$log" | head -n 3 >&2
         echo "Skipped: this machine gives no root of its own to try the packages in; see $log" >&2
     else
-        sed -n 's/^trial: //p' "$log"
+        sed -n 's/^trial: /  /p' "$log"
         tail -n 30 "$log" >&2
         echo "The packages do not work; all of the output is in $log" >&2
         return 1
