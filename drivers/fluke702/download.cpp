@@ -18,8 +18,6 @@ namespace kelvane::Module702Interface {
 namespace {
 
 constexpr qsizetype maxPoints = 50;
-/// The serial number of an instrument without one; stored on the calibrator, so the same in every language.
-constexpr QStringView noSerial = u"None";
 
 /// More points than the library takes, or none, make no strategy.
 bool defineStrategy(Dpclnk& link, StatusRule& rule, Download702Item& item, const QList<float>& points) {
@@ -32,7 +30,7 @@ bool defineStrategy(Dpclnk& link, StatusRule& rule, Download702Item& item, const
 bool writeTask(Dpclnk& link, StatusRule& rule, const Download702Item& item, const FlukePrompts& prompts,
                bool manual) {
     const auto tag = item.asset.left(29);
-    const auto serial = item.serial.isEmpty() ? noSerial.toString() : item.serial;
+    const auto serial = item.serial.isEmpty() ? text(TextId::serialNumberNone) : item.serial;
     return rule.passes(link.MEMstartTask(tag)) && placeBefore(link, rule, prompts) &&
            rule.passes(link.MEMtemplate(item.strategyId, manual ? 1 : 0, tag, serial, item.stateId)) &&
            placeAfter(link, rule, prompts) && rule.passes(link.MEMendTask());

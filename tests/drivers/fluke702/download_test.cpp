@@ -243,10 +243,10 @@ TEST_F(FlukeDownload, AnInstrumentWithoutASerialNumberHasTheWordNone) {
     EXPECT_EQ(templates[2], u"3, 0, \"I-3\", \"None\", 3"_s) << "a null";
 }
 
-TEST_F(FlukeDownload, TheWordForAMissingSerialNumberIsTheSameInEveryLanguage) {
+TEST_F(FlukeDownload, TheWordForAMissingSerialNumberIsReadOnTheCalibratorInTheUsersLanguage) {
     const ShownIn german(u"de"_s);
     load({transmitter()});
-    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s), QStringList{u"1, 0, \"I-1\", \"None\", 1"_s});
+    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s), QStringList{u"1, 0, \"I-1\", \"Keine\", 1"_s});
 }
 
 TEST_F(FlukeDownload, TheToleranceIsTheTightestOfSpanOverAllPointsIn32Bits) {
