@@ -64,8 +64,7 @@ TEST_F(SharedScripts, TwoMakesAtOnceDoTheWorkOnce) {
 TEST_F(SharedScripts, ANewDatabaseThatAnotherRunHasFilledIsKept) {
     // Between the making of the database and the next look at it.
     const auto found = newName();
-    const auto psql = folder.filePath(u"psql"_s);
-    QFile program(psql);
+    QFile program(folder.filePath(u"psql"_s));
     ASSERT_TRUE(program.open(QIODevice::WriteOnly));
     program.write("#!/bin/sh\nPATH=${PATH#*:}\necho >>\"$0.calls\"\nstatus=0\npsql \"$@\" || status=$?\n"
                   "[ \"$(wc -l <\"$0.calls\")\" != 2 ] || \"$MAKE\" \"$ADDRESS\" >&2\nexit $status\n");
