@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 
+#include "platform/communication_log.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -11,6 +12,7 @@ namespace kelvane {
 
 namespace {
 
+const QString logOption = u"log"_s;
 const QString portOption = u"port"_s;
 const QString textsOption = u"texts"_s;
 const QString worksheetsOption = u"worksheets"_s;
@@ -33,9 +35,13 @@ QList<ProgramOption> toolkitOptions() {
 
 QList<ProgramOption> ownOptions() {
     return {
+        {logOption,
+         {},
+         u"logs the communication with every calibrator during this start; the configuration of the "
+         "calibrators opens the log"_s},
         {portOption, u"PORT=DEVICE"_s,
-         u"the device of a calibrator's port for this start, such as COM1=/dev/ttyUSB0; may be given several "
-         "times"_s},
+         u"the device of a calibrator's port for this start, by its path or what it is, such as "
+         "COM1=/dev/ttyUSB0 or COM1=A50285BI; may be given several times"_s},
         {textsOption, u"FILE"_s,
          u"lays a table of texts over the program's own; may be given several times"_s},
         {userFolderOption,
@@ -110,10 +116,16 @@ bool wantsUserFolder(const GivenOptions& options) {
     return options.isSet(userFolderOption);
 }
 
-SettingsWithPorts::SettingsWithPorts(SettingsStore& store, QHash<QString, QString> ports)
-    : store_(store), ports_(std::move(ports)) {}
+bool wantsLogs(const GivenOptions& options) {
+    return options.isSet(logOption);
+}
 
-QString SettingsWithPorts::value(const QString& section, const QString& key) const {
+SettingsWithOptions::SettingsWithOptions(SettingsStore& store, const GivenOptions& options)
+    : store_(store), ports_(portsOf(options)), logs_(wantsLogs(options)) {}
+
+QString SettingsWithOptions::value(const QString& section, const QString& key) const {
+    if (section == logSection && logs_)
+        return u"1"_s;
     if (section == u"Ports") {
         if (const auto named = ports_.constFind(key); named != ports_.cend())
             return *named;
@@ -121,7 +133,7 @@ QString SettingsWithPorts::value(const QString& section, const QString& key) con
     return store_.value(section, key);
 }
 
-void SettingsWithPorts::setValue(const QString& section, const QString& key, const QString& value) {
+void SettingsWithOptions::setValue(const QString& section, const QString& key, const QString& value) {
     store_.setValue(section, key, value);
 }
 

@@ -28,17 +28,21 @@ bool wantsWorksheets(const GivenOptions& options);
 /// True with `--user-folders`: the program works in the user's own folder (`app/user_folder.h`).
 bool wantsUserFolder(const GivenOptions& options);
 
-/// A settings store whose section "Ports" is answered by the command line first. They hold for this start
-/// only: nothing of it is stored.
-class SettingsWithPorts final : public SettingsStore {
+/// True with `--log`: the communication with every calibrator is logged.
+bool wantsLogs(const GivenOptions& options);
+
+/// A settings store whose sections "Ports" and "Log" are answered by the command line first. Its options hold
+/// for this start only: nothing of them is stored.
+class SettingsWithOptions final : public SettingsStore {
   public:
-    SettingsWithPorts(SettingsStore& store, QHash<QString, QString> ports);
+    SettingsWithOptions(SettingsStore& store, const GivenOptions& options);
     QString value(const QString& section, const QString& key) const override;
     void setValue(const QString& section, const QString& key, const QString& value) override;
 
   private:
     SettingsStore& store_;
     QHash<QString, QString> ports_;
+    bool logs_;
 };
 
 } // namespace kelvane

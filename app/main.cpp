@@ -34,7 +34,7 @@ int run(const GivenOptions& options, const QString& commandLine) {
 
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());
-    SettingsWithPorts settings(stored, portsOf(options));
+    SettingsWithOptions settings(stored, options);
     CalibratorHardware hardware(settings);
     WorkstationProgram program(clock, settings, odbcConnections(repaintWindows), hardware.links(),
                                {

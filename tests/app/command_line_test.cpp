@@ -78,7 +78,7 @@ TEST(CommandLine, LeavesTheToolkitItsOptions) {
     } catch (const ProgramAnswer& answer) {
         EXPECT_FALSE(answer.text.contains(u"--platform"_s));
         for (const auto* option :
-             {"--port=", "--texts=", "--worksheets", "--user-folders", "--help", "--version"})
+             {"--log", "--port=", "--texts=", "--worksheets", "--user-folders", "--help", "--version"})
             EXPECT_TRUE(answer.text.contains(u"\n  "_s + QString::fromLatin1(option))) << option;
     }
 }
@@ -131,13 +131,26 @@ TEST(CommandLine, PortsOfTheCommandLineComeFirstAndAreNotStored) {
     stored.values.insert(u"Ports/COM1"_s, u"/dev/stored1"_s);
     stored.values.insert(u"Ports/COM2"_s, u"/dev/stored2"_s);
     stored.values.insert(u"Defaults/COM1"_s, u"other"_s);
-    SettingsWithPorts settings(stored, {{u"COM1"_s, u"/dev/named"_s}});
+    SettingsWithOptions settings(stored, workstationOptions({u"--port=COM1=/dev/named"_s}));
     EXPECT_EQ(settings.value(u"Ports"_s, u"COM1"_s), u"/dev/named"_s);
     EXPECT_EQ(settings.value(u"Ports"_s, u"COM2"_s), u"/dev/stored2"_s);
     EXPECT_EQ(settings.value(u"Defaults"_s, u"COM1"_s), u"other"_s);
     EXPECT_TRUE(stored.writes.isEmpty());
     settings.setValue(u"Defaults"_s, u"Username"_s, u"jdoe"_s);
     EXPECT_EQ(stored.values.value(u"Defaults/Username"_s), u"jdoe"_s);
+}
+
+TEST(CommandLine, SwitchesEveryCommunicationLogOnForItsStartAlone) {
+    MemorySettings stored;
+    stored.values.insert(u"Log/Fluke 702"_s, u"0"_s);
+    SettingsWithOptions without(stored, workstationOptions({}));
+    EXPECT_EQ(without.value(u"Log"_s, u"Fluke 702"_s), u"0"_s);
+    SettingsWithOptions with(stored, workstationOptions({u"--log"_s}));
+    for (const auto& calibrator : {u"Fluke 702"_s, u"Fluke 743/744"_s, u"Crane TorqueStar IVc"_s})
+        EXPECT_EQ(with.value(u"Log"_s, calibrator), u"1"_s);
+    EXPECT_EQ(with.value(u"Defaults"_s, u"Fluke 702"_s), QString());
+    EXPECT_TRUE(stored.writes.isEmpty());
+    EXPECT_EQ(refusalOf({u"--log=1"_s}), u"2 --log takes no value; see kelvane --help"_s);
 }
 
 } // namespace kelvane::testing

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -121,6 +122,19 @@ const Screen screens[] = {
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
          test.choose(u"mnuConfiguration"_s);
+         look();
+     }},
+    {"FormCommunicationLog",
+     [](Screens& test, const std::function<void()>& look) {
+         test.startLoggedIn(4);
+         test.choose(u"mnuConfiguration"_s);
+         click(control<QPushButton>(test.child(u"FormCalConfig"_s), u"ButtonCommunicationLog"_s));
+         control<QPlainTextEdit>(test.child(u"FormCommunicationLog"_s), u"TextLog"_s)
+             .setPlainText(u"2026-11-22 10:20:30.125 [Crane TorqueStar IVc] opened COM1: /dev/ttyUSB0; 9600,N,8,1\n"
+                           "2026-11-22 10:20:30.148 [Crane TorqueStar IVc] sent 10 04 02 | <DLE><EOT><STX>\n"
+                           "2026-11-22 10:20:30.190 [Crane TorqueStar IVc] received 10 | <DLE>\n"
+                           "2026-11-22 10:20:30.191 [Crane TorqueStar IVc] sent 54 30 41 10 03 67 BF | "
+                           "T0A<DLE><ETX>g<BF>"_s);
          look();
      }},
     {"FormDockingDown",

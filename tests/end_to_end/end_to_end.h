@@ -92,7 +92,8 @@ class EndToEndTest : public ::testing::Test {
     HeardPort port{workplace.line, clock};
     DpclnkLibrary link;
     Dpclnk3Library link3;
-    Calibrators calibrators{session, {port, link, link3}};
+    /// The communication logs stand in the test's folder.
+    Calibrators calibrators{session, {port, link, link3, {}, folder.path()}};
     ScriptedScreen screen;
 
   private:
