@@ -23,8 +23,8 @@ QString loggedNumbers(const QList<qint32>& numbers);
 ///     DPCdnlStep(5→4) = 0 No Error (DPCERR_NONE), 12 ms
 ///
 /// with its arguments, its status with the words for it, and its duration. An argument that the operation may
-/// write stands as what went in, an arrow, and what came out; of a text only the latter. With the log off an
-/// operation is called and nothing else.
+/// write stands as what went in, an arrow, and what came out; of a text it is the room for it that goes in.
+/// With the log off an operation is called and nothing else.
 template <class Link>
 class LoggedCalls {
   public:
@@ -63,7 +63,7 @@ class LoggedCalls {
         if constexpr (!isWritten<Parameter>)
             return {};
         else if constexpr (std::is_same_v<Argument, QString>)
-            return arrow();
+            return QString::number(argument.size()) + arrow();
         else
             return loggedText(argument) + arrow();
     }

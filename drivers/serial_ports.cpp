@@ -28,6 +28,11 @@ QString followLinks(const QString& device) {
     return target.isEmpty() ? device : target;
 }
 
+/// What begins with a colon is no path here, but one inside the program for the toolkit.
+bool isPath(const QString& name) {
+    return QDir::isAbsolutePath(name) && !name.startsWith(u':');
+}
+
 bool hasName(const SerialDevice& device, const QString& name) {
     if (device.path == name || QFileInfo(device.path).fileName() == name)
         return true;
@@ -62,7 +67,7 @@ QString SerialPorts::nameOf(int number) const {
 
 QString SerialPorts::path(int number) const {
     const auto name = number < 1 || number > maxPort ? QString() : nameOf(number);
-    return QDir::isAbsolutePath(name) ? followLinks(name) : device(number).path;
+    return isPath(name) ? followLinks(name) : device(number).path;
 }
 
 SerialDevice SerialPorts::device(int number) const {
@@ -75,9 +80,8 @@ SerialDevice SerialPorts::device(int number) const {
 SerialDevice SerialPorts::find(const QString& name) const {
     const auto devices = sources_.list();
     const auto link = QDir(sources_.namesFolder).filePath(name);
-    const bool isPath = QDir::isAbsolutePath(name);
-    if (isPath || QFileInfo::exists(link)) {
-        const auto path = followLinks(isPath ? name : link);
+    if (isPath(name) || QFileInfo::exists(link)) {
+        const auto path = followLinks(isPath(name) ? name : link);
         const auto known = std::ranges::find(devices, path, &SerialDevice::path);
         return known == devices.cend() ? SerialDevice{.path = path} : *known;
     }

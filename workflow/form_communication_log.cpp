@@ -111,14 +111,14 @@ void FormCommunicationLog::layOut() {
     auto* column = new QVBoxLayout(body);
     column->addWidget(LabelPort);
     column->addWidget(LabelFile);
-    column->addWidget(TextLog, 1);
     column->addLayout(search);
+    column->addWidget(TextLog, 1);
     column->addLayout(commands);
     setBody(body);
     LabelOutcome->clear();
     // A long path must not make the window wider.
     LabelOutcome->setMinimumWidth(1);
-    kelvane::setTabOrder({TextLog, TextSearch, CommandNext, CommandPause, CommandSave, CommandClose});
+    kelvane::setTabOrder({TextSearch, CommandNext, TextLog, CommandPause, CommandSave, CommandClose});
 }
 
 void FormCommunicationLog::connectCommands() {

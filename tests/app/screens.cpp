@@ -130,7 +130,9 @@ const Screen screens[] = {
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
          test.choose(u"mnuConfiguration"_s);
-         click(control<QPushButton>(test.child(u"FormCalConfig"_s), u"ButtonCommunicationLog"_s));
+         auto& form = test.child(u"FormCalConfig"_s);
+         pick(control<QComboBox>(form, u"ComboCalibrator"_s), u"Crane TorqueStar IVc"_s);
+         click(control<QPushButton>(form, u"ButtonCommunicationLog"_s));
          control<QPlainTextEdit>(test.child(u"FormCommunicationLog"_s), u"TextLog"_s)
              .setPlainText(u"2026-11-22 10:20:30.125 [Crane TorqueStar IVc] opened COM1: /dev/ttyUSB0; 9600,N,8,1\n"
                            "2026-11-22 10:20:30.148 [Crane TorqueStar IVc] sent 10 04 02 | <DLE><EOT><STX>\n"

@@ -90,7 +90,7 @@ TEST_F(LoggedLink, ShowsWhatGoesInWhatComesOutTheStatusWithItsWordsAndTheDuratio
         (QStringList{
             u"DPCopen(9600, \"COM1\", 1000, 5) = 0 No Error (DPCERR_NONE), N ms"_s,
             u"port COM1: /dev/ttyUSB0, serial number 7"_s,
-            u"DPCget70x(→\"702\", →\"6841207\", →\"V1.0\", 0→702, 0→1, 2→2) = 0 No Error (DPCERR_NONE), N ms"_s,
+            u"DPCget70x(16→\"702\", 10→\"6841207\", 40→\"V1.0\", 0→702, 0→1, 2→2) = 0 No Error (DPCERR_NONE), N ms"_s,
             u"DPCdnlStart(0→5) = 0 No Error (DPCERR_NONE), N ms"_s,
             u"DPCdnlStep(5→4) = 2012 Insufficient Memory (DPCERR_MEMORY_SIZE), N ms"_s,
             u"MEMclear() = 77, N ms"_s,
