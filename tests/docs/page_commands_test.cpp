@@ -17,7 +17,7 @@ namespace kelvane::testing {
 namespace {
 
 const QString readme = u"README.md"_s;
-const QString security = u"SECURITY.md"_s;
+const QString security = u"docs/SECURITY.md"_s;
 const QString workstations = u"docs/workstations.md"_s;
 const QString techniciansGuide = u"docs/technicians-guide.md"_s;
 const QStringList pages{readme, security, workstations, techniciansGuide};
