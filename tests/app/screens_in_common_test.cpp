@@ -53,9 +53,12 @@ bool isCutOff(const QWidget* control) {
                                 : text->sizeHint().width() > text->width() ||
                                       text->fontMetrics().height() > inside.height();
     }
-    if (qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QGroupBox*>(control))
-        return control->sizeHint().width() > control->width() ||
-               control->sizeHint().height() > control->height();
+    if (qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QGroupBox*>(control)) {
+        // Texts that wrap need less height where they have more width.
+        const int height = control->hasHeightForWidth() ? control->heightForWidth(control->width())
+                                                        : control->sizeHint().height();
+        return control->sizeHint().width() > control->width() || height > control->height();
+    }
     if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control))
         return control->minimumSizeHint().width() > control->width() ||
                control->sizeHint().height() > control->height();
