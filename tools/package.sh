@@ -2,7 +2,7 @@
 
 package_programs=(dpclnk dpclnk3 kelvane kelvane-admin kelvane-demo kelvane-technician kelvane-torquestar)
 
-# The same sources give the same packages on every day.
+# The day of the sources stands for that of the build, so that one commit gives the same packages on every day.
 set_source_date() {
     local moment
     [ -z "${SOURCE_DATE_EPOCH:-}" ] || return 0
@@ -23,7 +23,19 @@ make_packages() {
     }
     rm -rf build/package/packages/_CPack_Packages
     packages=("$PWD"/build/package/packages/*.deb)
+    settle_times
     printf 'Made %s\n' "${packages[@]}"
+}
+
+# cpack keeps the times at which it has copied the files. Debian's own program takes none later than the sources'.
+settle_times() {
+    local deb content=build/package/content
+    for deb in "${packages[@]}"; do
+        rm -rf "$content"
+        dpkg-deb --raw-extract "$deb" "$content"
+        dpkg-deb --root-owner-group --build "$content" "$deb" >/dev/null
+    done
+    rm -rf "$content"
 }
 
 # What is accepted is told with its reason in packaging/debian.
