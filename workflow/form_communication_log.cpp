@@ -242,7 +242,7 @@ void showCommunicationLog(QMdiArea& area, Session& session, Calibrators& calibra
     }
     auto made = std::make_unique<FormCommunicationLog>(session, calibrators, calibrator);
     made->showIn(area);
-    made.release();
+    static_cast<void>(made.release());
 }
 
 } // namespace kelvane
