@@ -48,9 +48,9 @@ TEST_F(UserFolder, ThatIsThereKeepsItsContentAndItsRights) {
 
 TEST_F(UserFolder, ThatCanNotBeMadeIsNamed) {
     folder.write(u"data"_s, "a file");
-    const auto before = QDir::currentPath();
+    const auto current = QDir::currentPath();
     EXPECT_EQ(enterUserFolder(), u"the folder %1 can't be made"_s.arg(made()));
-    EXPECT_EQ(QDir::currentPath(), before);
+    EXPECT_EQ(QDir::currentPath(), current);
 }
 
 } // namespace kelvane::testing
