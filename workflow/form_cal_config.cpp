@@ -72,7 +72,6 @@ FormCalConfig::FormCalConfig(Session& session, Calibrators& calibrators, const Q
     select(*ComboParity, u"None"_s);
     select(*ComboCalibrator, calibrator);
     showStored();
-    showDevices();
     ComboPort->view()->installEventFilter(this);
 
     // What the program itself selects is no change of the user's and stores nothing.

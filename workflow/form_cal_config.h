@@ -21,7 +21,7 @@ class FormCalConfig final : public ChildWindow {
     FormCalConfig(Session& session, Calibrators& calibrators, const QString& calibrator);
 
   protected:
-    /// The devices are looked for again when the ports drop down.
+    /// The devices are looked for when the ports drop down.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -28,9 +28,10 @@ namespace {
 /// So much of the log is shown: lines, and characters of each.
 constexpr int maxLines = 10'000;
 constexpr qsizetype maxLine = 2000;
-/// How often the window looks at the file and the port, in milliseconds. What this program logs comes at
-/// once.
-constexpr int lookEvery = 1000;
+/// How often the window looks for what others have written, and at the port, in milliseconds. What this
+/// program logs comes at once.
+constexpr int lookAtFileEvery = 1000;
+constexpr int lookAtPortEvery = 3000;
 
 /// A label whose text changes and wraps.
 QLabel* wrappingLabel(const QString& name, TextId accessibleName) {
@@ -126,13 +127,14 @@ void FormCommunicationLog::connectCommands() {
     connectGuarded(CommandPause, &QPushButton::clicked, this, session_.ui, [this] { pause(); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, session_.ui, [this] { save(); });
     connectGuarded(CommandClose, &QPushButton::clicked, this, session_.ui, [this] { close(); });
-    auto* looking = new QTimer(this);
-    connectGuarded(looking, &QTimer::timeout, this, session_.ui, [this] {
-        takeNewLines();
-        showPort();
-        showFile();
-    });
-    looking->start(lookEvery);
+    const auto repeat = [this](int milliseconds, void (FormCommunicationLog::*look)()) {
+        auto* timer = new QTimer(this);
+        connectGuarded(timer, &QTimer::timeout, this, session_.ui, [this, look] { (this->*look)(); });
+        timer->start(milliseconds);
+    };
+    repeat(lookAtFileEvery, &FormCommunicationLog::takeNewLines);
+    repeat(lookAtFileEvery, &FormCommunicationLog::showFile);
+    repeat(lookAtPortEvery, &FormCommunicationLog::showPort);
 }
 
 void FormCommunicationLog::setCalibrator(const QString& calibrator) {
@@ -242,7 +244,7 @@ void showCommunicationLog(QMdiArea& area, Session& session, Calibrators& calibra
     }
     auto made = std::make_unique<FormCommunicationLog>(session, calibrators, calibrator);
     made->showIn(area);
-    made.release();
+    static_cast<void>(made.release());
 }
 
 } // namespace kelvane

@@ -293,8 +293,10 @@ TEST_F(LogOfConfiguration, IsSwitchedOnAndOffForTheCalibratorThatIsShown) {
 TEST_F(LogOfConfiguration, ShowsTheDeviceOfEachPortAsTheToolTipOfItsRow) {
     auto& ports = controlNamed<QComboBox>(u"ComboPort"_s);
     const auto tip = [&](int row) { return ports.itemData(row, Qt::ToolTipRole).toString(); };
+    ports.showPopup();
     EXPECT_EQ(tip(0), u"COM1: /dev/ttyUSB0, maker FTDI, serial number A50285BI"_s);
     EXPECT_EQ(tip(1), u"COM2: There is no device for COM2."_s);
+    ports.hidePopup();
     connected.prepend({.path = u"/dev/ttyS0"_s});
     ports.showPopup();
     EXPECT_EQ(tip(0), u"COM1: /dev/ttyS0"_s) << "one that was connected since is found";
