@@ -10,8 +10,8 @@ namespace kelvane::admin {
 
 namespace {
 
-const QString helpOption = u"--help"_s;
-const QString versionOption = u"--version"_s;
+const QString help = u"--help"_s;
+const QString version = u"--version"_s;
 
 template <class Entry>
 const Entry* findNamed(const QList<Entry>& entries, const QString& name) {
@@ -30,86 +30,22 @@ QString usageOf(const Command& command) {
     return words.join(u' ');
 }
 
-/// Walks over the words behind a command.
-class WordReader {
-  public:
-    WordReader(const Command& command, const QStringList& words) : words_(words) {
-        invocation_.command = &command;
+/// The words behind a command. Throws `CommandLineFault`.
+Invocation invocationOf(const Command& command, const QStringList& words) {
+    const auto options = readOptions(command.options + QList{helpOption()}, words);
+    if (options.isSet(helpOption().name))
+        return {Invocation::Kind::help, &command, {}, {}};
+    for (const auto& option : command.options) {
+        if (options.values(option.name).size() > 1)
+            throw CommandLineFault{u"--%1 was given twice"_s.arg(option.name)};
     }
-
-    Invocation read() {
-        bool takesOptions = true;
-        for (; at_ < words_.size(); ++at_) {
-            const auto& word = words_[at_];
-            if (takesOptions && word == u"--")
-                takesOptions = false;
-            else if (takesOptions && word == helpOption)
-                return {Invocation::Kind::help, invocation_.command, {}, {}};
-            else if (takesOptions && word.startsWith(u'-') && word != u"-")
-                readOption();
-            else
-                invocation_.arguments << word;
-        }
-        requireAll();
-        return invocation_;
-    }
-
-  private:
-    const Command& command() const { return *invocation_.command; }
-
-    [[noreturn]] void fail(const QString& text) const {
-        throw usageFailure(u"%1; see kelvane-admin %2 --help"_s.arg(text, command().name));
-    }
-
-    void readOption() {
-        const auto name = words_[at_].section(u'=', 0, 0);
-        const bool isInOneWord = name.size() < words_[at_].size();
-        const auto* option = name.startsWith(u"--"_s) ? findNamed(command().options, name.mid(2)) : nullptr;
-        if (option == nullptr)
-            fail(u"unknown option %1"_s.arg(name));
-        if (invocation_.options.contains(option->name))
-            fail(u"%1 was given twice"_s.arg(name));
-        QString value;
-        if (option->value.isEmpty()) {
-            if (isInOneWord)
-                fail(u"%1 takes no value"_s.arg(name));
-        } else if (isInOneWord) {
-            value = words_[at_].mid(name.size() + 1);
-        } else if (++at_ < words_.size()) {
-            value = words_[at_];
-        } else {
-            fail(u"%1 needs a value"_s.arg(name));
-        }
-        invocation_.options.insert(option->name, value);
-    }
-
-    void requireAll() const {
-        const auto given = invocation_.arguments.size();
-        const auto needed = command().arguments.size();
-        if (given < needed)
-            fail(u"%1 is missing"_s.arg(command().arguments[given]));
-        if (given > needed)
-            fail(u"one argument too many"_s); // which may be a password, and is not repeated
-        for (const auto& option : command().options) {
-            if (option.isRequired && !invocation_.options.contains(option.name))
-                fail(u"--%1 is missing"_s.arg(option.name));
-        }
-    }
-
-    const QStringList& words_;
-    qsizetype at_ = 0;
-    Invocation invocation_;
-};
-
-/// Names and what they mean, in two columns.
-QString table(const QList<std::pair<QString, QString>>& rows) {
-    qsizetype width = 0;
-    for (const auto& row : rows)
-        width = std::max(width, row.first.size());
-    QString lines;
-    for (const auto& row : rows)
-        lines += u"  "_s + row.first.leftJustified(width + 2) + row.second + u'\n';
-    return lines;
+    const auto given = options.arguments.size();
+    const auto needed = command.arguments.size();
+    if (given < needed)
+        throw CommandLineFault{u"%1 is missing"_s.arg(command.arguments[given])};
+    if (given > needed)
+        throw CommandLineFault{u"one argument too many"_s}; // which may be a password, and is not repeated
+    return {Invocation::Kind::run, &command, options.arguments, options};
 }
 
 } // namespace
@@ -118,15 +54,19 @@ Invocation invocationOf(const QList<Command>& commands, const QStringList& words
     if (words.isEmpty())
         throw usageFailure(u"a command is missing; see kelvane-admin --help"_s);
     const auto& first = words.first();
-    if (first == helpOption)
+    if (first == help)
         return {Invocation::Kind::help, nullptr, {}, {}};
-    if (first == versionOption)
+    if (first == version)
         return {Invocation::Kind::version, nullptr, {}, {}};
     const auto* command = findNamed(commands, first);
     if (command == nullptr)
         throw usageFailure(u"unknown %1 %2; see kelvane-admin --help"_s.arg(
             first.startsWith(u'-') ? u"option"_s : u"command"_s, first));
-    return WordReader(*command, words.mid(1)).read();
+    try {
+        return invocationOf(*command, words.mid(1));
+    } catch (const CommandLineFault& fault) {
+        throw usageFailure(u"%1; see kelvane-admin %2 --help"_s.arg(fault.text, command->name));
+    }
 }
 
 QString helpText(const QList<Command>& commands) {
@@ -136,27 +76,22 @@ QString helpText(const QList<Command>& commands) {
     return u"Usage: kelvane-admin COMMAND ...\n"
            "Makes and looks after the database of the workstations.\n\n"
            "Commands:\n"_s +
-           table(rows) +
+           helpTable(rows) +
            u"\nADDRESS is a folder (the embedded engine) or postgresql://USER@HOST/DATABASE (a server). Its\n"
            "query part takes what libpq knows, such as ?host=%2Fvar%2Frun%2Fpostgresql for a socket.\n"
            "Passwords are read from the terminal, or as a line of the standard input.\n\n"
            "Options:\n"_s +
-           table({{u"COMMAND --help"_s, u"the arguments and options of a command"_s},
-                  {helpOption, u"this text"_s},
-                  {versionOption, u"the version of the program"_s}});
+           helpTable({{u"COMMAND --help"_s, u"the arguments and options of a command"_s},
+                      {help, helpOption().help},
+                      {version, versionOption().help}});
 }
 
 QString helpText(const Command& command) {
-    QList<std::pair<QString, QString>> rows;
-    for (const auto& option : command.options) {
-        const auto value = option.value.isEmpty() ? QString() : u'=' + option.value;
-        rows << std::pair{u"--"_s + option.name + value, option.help};
-    }
     auto text = u"Usage: %1\n%2.\n"_s.arg(usageOf(command), command.summary);
     if (!command.details.isEmpty())
         text += u'\n' + command.details + u'\n';
-    if (!rows.isEmpty())
-        text += u"\nOptions:\n"_s + table(rows);
+    if (!command.options.isEmpty())
+        text += u"\nOptions:\n"_s + optionTable(command.options);
     return text;
 }
 

@@ -1,27 +1,17 @@
 #pragma once
 
-#include <QHash>
-#include <QStringList>
+#include "platform/program_options.h"
 
 namespace kelvane::admin {
 
 struct Invocation;
-
-/// An option of a command, written "--name=VALUE", "--name VALUE" or, without a value, "--name".
-struct Option {
-    QString name;
-    /// What its value is called in the help; empty when it has none.
-    QString value;
-    QString help;
-    bool isRequired = false;
-};
 
 /// A command of the program, as its help shows it and the command line takes it.
 struct Command {
     QString name;
     /// What has to follow the name, in this order.
     QStringList arguments;
-    QList<Option> options;
+    QList<ProgramOption> options;
     /// One line for the list of the commands.
     QString summary;
     /// What else its own help says, in lines.
@@ -37,7 +27,7 @@ struct Invocation {
     /// Null for the help of the whole program, and for the version.
     const Command* command = nullptr;
     QStringList arguments;
-    QHash<QString, QString> options;
+    GivenOptions options;
 };
 
 /// Reads the words behind the program's name. `commands` has to outlive the result. Throws a `Failure` of

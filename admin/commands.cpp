@@ -16,28 +16,28 @@ namespace {
 const QString address = u"ADDRESS"_s;
 const QString accountName = u"NAME"_s;
 
-const Option ownerOption{u"owner"_s, u"OWNER"_s,
-                         u"adds an owner, with tables of its own, beside mt, std and abc (server)"_s};
+const ProgramOption ownerOption{u"owner"_s, u"OWNER"_s,
+                                u"adds an owner, with tables of its own, beside mt, std and abc (server)"_s};
 
 /// The option of an owner as the scripts take it.
 QStringList ownerArguments(const Invocation& invocation, const DatabaseAddress& at) {
-    const auto owner = invocation.options.constFind(ownerOption.name);
-    if (owner == invocation.options.cend())
+    if (!invocation.options.isSet(ownerOption.name))
         return {};
     if (!at.isServer)
         throw usageFailure(u"--owner is for the database of a server"_s);
-    return {u"--owner="_s + *owner};
+    return {u"--owner="_s + invocation.options.value(ownerOption.name)};
 }
 
 QString makeDatabase(const Invocation& invocation) {
     const auto at = databaseAddress(invocation.arguments[0]);
     QStringList arguments = QStringList{at.text} + ownerArguments(invocation, at);
-    if (invocation.options.contains(u"demo"_s))
+    if (invocation.options.isSet(u"demo"_s))
         arguments << u"--demo"_s;
-    if (const auto day = invocation.options.constFind(u"day"_s); day != invocation.options.cend()) {
-        if (!QDate::fromString(*day, u"yyyy-MM-dd"_s).isValid())
-            throw usageFailure(u"no such day: "_s + *day);
-        arguments << u"--day="_s + *day;
+    if (invocation.options.isSet(u"day"_s)) {
+        const auto day = invocation.options.value(u"day"_s);
+        if (!QDate::fromString(day, u"yyyy-MM-dd"_s).isValid())
+            throw usageFailure(u"no such day: "_s + day);
+        arguments << u"--day="_s + day;
     }
     becomeScript(u"make.sh"_s, at, arguments);
 }
@@ -63,8 +63,7 @@ QString restore(const Invocation& invocation) {
 }
 
 QString printDataSource(const Invocation& invocation) {
-    return dataSourceSection(databaseAddress(invocation.arguments[0]),
-                             invocation.options.value(u"name"_s, u"Calibration Data"_s));
+    return dataSourceSection(databaseAddress(invocation.arguments[0]), invocation.options.value(u"name"_s));
 }
 
 } // namespace
@@ -137,7 +136,8 @@ const QList<Command>& commands() {
          .run = removeAccount},
         {.name = u"data-source"_s,
          .arguments = {address},
-         .options = {{u"name"_s, u"NAME"_s, u"by which workstations know it; \"Calibration Data\""_s}},
+         .options = {{u"name"_s, u"NAME"_s, u"by which workstations know it; \"Calibration Data\""_s, false,
+                      u"Calibration Data"_s}},
          .summary = u"prints the section of an odbc.ini for a workstation"_s,
          .details = u"For /etc/odbc.ini or ~/.odbc.ini. It holds neither user nor password."_s,
          .run = printDataSource},

@@ -2,19 +2,13 @@
 #include "admin/failure.h"
 #include "admin/terminal.h"
 #include "platform/error.h"
+#include "platform/version.h"
 
 #include <QCoreApplication>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void print(FILE* stream, const QString& text) {
-    const auto bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
-}
 
 /// Over a network the server has to prove who it is, unless the address says otherwise.
 void requireVerifiedServers() {
@@ -29,7 +23,7 @@ QString outputOf(const kelvane::admin::Invocation& invocation) {
     case Invocation::Kind::help:
         return invocation.command == nullptr ? helpText(commands()) : helpText(*invocation.command);
     case Invocation::Kind::version:
-        return u"kelvane-admin "_s + QString::fromUtf8(KELVANE_VERSION) + u'\n';
+        return u"kelvane-admin "_s + kelvane::programVersion() + u'\n';
     case Invocation::Kind::run:
         break;
     }
@@ -42,20 +36,14 @@ int main(int argc, char** argv) {
     kelvane::admin::openStandardStreams();
     const QCoreApplication application(argc, argv);
     requireVerifiedServers();
-    int status = 1;
-    QString complaint;
+    const auto program = u"kelvane-admin"_s;
     try {
         using namespace kelvane::admin;
-        print(stdout, outputOf(invocationOf(commands(), QCoreApplication::arguments().mid(1))));
-        if (std::fflush(stdout) == 0)
-            return 0;
-        complaint = u"the output can't be written"_s;
+        const auto invocation = invocationOf(commands(), QCoreApplication::arguments().mid(1));
+        return kelvane::writeAnswer(program, {outputOf(invocation)});
     } catch (const kelvane::admin::Failure& failure) {
-        complaint = failure.text;
-        status = failure.status;
+        return kelvane::writeAnswer(program, {failure.text, failure.status});
     } catch (const kelvane::Error& error) {
-        complaint = error.description;
+        return kelvane::writeAnswer(program, {error.description, 1});
     }
-    print(stderr, u"kelvane-admin: "_s + complaint + u'\n');
-    return status;
 }

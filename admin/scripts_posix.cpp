@@ -1,9 +1,9 @@
 #include "admin/scripts.h"
 
 #include "admin/failure.h"
+#include "platform/installed_files.h"
+#include "platform/version.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 
 #include <cerrno>
@@ -16,20 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::admin {
 
-namespace {
-
-/// Beside an installed program, else in the sources that it was built from.
-QString scriptsFolder() {
-    const QDir installed(QCoreApplication::applicationDirPath() + u"/../share/kelvane/database"_s);
-    if (installed.exists(u"make.sh"_s))
-        return installed.canonicalPath();
-    return QString::fromUtf8(KELVANE_DATABASE_SCRIPTS);
-}
-
-} // namespace
-
 void becomeScript(const QString& name, const DatabaseAddress& address, const QStringList& arguments) {
-    const auto folder = scriptsFolder() + (address.isServer ? u"/postgresql/"_s : u"/"_s);
+    const auto folder = InstalledFiles().databaseScripts() + (address.isServer ? u"/postgresql/"_s : u"/"_s);
     const auto path = folder + name;
     std::vector<QByteArray> texts{QFile::encodeName(path)};
     for (const auto& argument : arguments)
@@ -38,6 +26,8 @@ void becomeScript(const QString& name, const DatabaseAddress& address, const QSt
     for (auto& text : texts)
         words.push_back(text.data());
     words.push_back(nullptr);
+    // They enter it into the history of upgrades.
+    qputenv("KELVANE_VERSION", programVersion().toLatin1());
     ::execv(words.front(), words.data());
     throw Failure{u"%1 can't be started: %2"_s.arg(path, QString::fromLocal8Bit(std::strerror(errno)))};
 }

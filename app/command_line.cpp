@@ -1,9 +1,10 @@
 #include "app/command_line.h"
 
+#include "platform/communication_log.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
-#include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -11,75 +12,120 @@ namespace kelvane {
 
 namespace {
 
-const QString portOption = u"--port"_s;
-const QString textsOption = u"--texts"_s;
-const QString worksheetsOption = u"--worksheets"_s;
+const QString logOption = u"log"_s;
+const QString portOption = u"port"_s;
+const QString textsOption = u"texts"_s;
+const QString worksheetsOption = u"worksheets"_s;
+const QString userFolderOption = u"user-folders"_s;
 
-/// An option of the command line. A switch has no value.
-struct Option {
-    QString name;
-    QString value;
-};
-
-/// The options, as "--option value", "--option=value" or "--switch". The value of one option is never
-/// another; one that lacks its value is left out.
-QList<Option> optionsOf(const QStringList& arguments) {
-    QList<Option> options;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const auto name = arguments[i].section(u'=', 0, 0);
-        if (arguments[i] == worksheetsOption)
-            options << Option{arguments[i], {}};
-        if (name != portOption && name != textsOption)
-            continue;
-        const bool isInOneWord = name.size() < arguments[i].size();
-        if (!isInOneWord && ++i == arguments.size())
-            break;
-        options << Option{name, isInOneWord ? arguments[i].mid(name.size() + 1) : arguments[i]};
-    }
+/// What the toolkit and its platforms take out of a command line by themselves.
+QList<ProgramOption> toolkitOptions() {
+    const auto named = [](const QString& name, const QString& value) {
+        return ProgramOption{.name = name, .value = value, .mayHaveOneDash = true};
+    };
+    QList<ProgramOption> options;
+    for (const auto* name : {"display", "geometry", "icon", "name", "platform", "platformpluginpath",
+                             "platformtheme", "plugin", "qmljsdebugger", "qwindowgeometry", "qwindowicon",
+                             "qwindowtitle", "session", "style", "stylesheet", "title"})
+        options << named(QString::fromLatin1(name), u"VALUE"_s);
+    for (const auto* name : {"dograb", "nograb", "reverse", "widgetcount"})
+        options << named(QString::fromLatin1(name), {});
     return options;
 }
 
-QStringList valuesOf(const QString& option, const QStringList& arguments) {
-    QStringList values;
-    const auto options = optionsOf(arguments);
-    for (const auto& given : options) {
-        if (given.name == option)
-            values << given.value;
-    }
-    return values;
+QList<ProgramOption> ownOptions() {
+    return {
+        {logOption,
+         {},
+         u"logs the communication with every calibrator during this start; the configuration of the "
+         "calibrators opens the log"_s},
+        {portOption, u"PORT=DEVICE"_s,
+         u"the device of a calibrator's port for this start, by its path or what it is, such as "
+         "COM1=/dev/ttyUSB0 or COM1=A50285BI; may be given several times"_s},
+        {textsOption, u"FILE"_s,
+         u"lays a table of texts over the program's own; may be given several times"_s},
+        {userFolderOption,
+         {},
+         u"works in the user's own folder ($XDG_DATA_HOME/kelvane, otherwise ~/.local/share/kelvane) instead "
+         "of the current one"_s},
+        {worksheetsOption, {}, u"shows the entries of paper worksheets in the menu"_s},
+    };
+}
+
+bool isPassedOver(const QString& word) {
+    return word.contains(u"KFDJ"_s, Qt::CaseInsensitive);
+}
+
+/// The port and the device of a value of `--port`; nothing when it has not both.
+std::optional<std::pair<QString, QString>> portOf(const QString& value) {
+    const auto equals = value.indexOf(u'=');
+    if (equals < 1 || equals + 1 == value.size())
+        return {};
+    return std::pair{value.left(equals).toUpper(), value.mid(equals + 1)};
 }
 
 } // namespace
 
-QHash<QString, QString> portsOf(const QStringList& arguments) {
+const Program& workstationCommandLine() {
+    static const Program program{
+        .name = u"kelvane"_s,
+        .usage = u"[OPTION]..."_s,
+        .description = u"The workstation: calibrates process instruments with documenting calibrators.\n"
+                       "It works in the current folder, where \"errors.log\" and the result template stand.\n"
+                       "Options of the toolkit, such as -platform and -style, count too."_s,
+        .options = ownOptions() + toolkitOptions(),
+        .isPassedOver = isPassedOver,
+    };
+    return program;
+}
+
+GivenOptions workstationOptions(const QStringList& words) {
+    const auto& program = workstationCommandLine();
+    const auto options = readCommandLine(program, words);
+    for (const auto& value : options.values(portOption)) {
+        if (!portOf(value))
+            throw usageAnswer(program.name,
+                              u"--port needs a port and its device, such as COM1=/dev/ttyUSB0"_s);
+    }
+    return options;
+}
+
+QHash<QString, QString> portsOf(const GivenOptions& options) {
     QHash<QString, QString> ports;
-    for (const auto& choice : valuesOf(portOption, arguments)) {
-        const auto equals = choice.indexOf(u'=');
-        if (equals > 0)
-            ports.insert(choice.left(equals).toUpper(), choice.mid(equals + 1));
+    for (const auto& value : options.values(portOption)) {
+        if (const auto port = portOf(value))
+            ports.insert(port->first, port->second);
     }
     return ports;
 }
 
-QString overlayTextsOf(const QStringList& arguments) {
+QString overlayTextsOf(const GivenOptions& options) {
     QStringList unreadable;
-    for (const auto& path : valuesOf(textsOption, arguments)) {
+    for (const auto& path : options.values(textsOption)) {
         if (!overlayStrings(path))
             unreadable << text(TextId::textsFileUnreadable).arg(path);
     }
     return unreadable.join(u' ');
 }
 
-bool wantsWorksheets(const QStringList& arguments) {
-    const auto options = optionsOf(arguments);
-    return std::any_of(options.cbegin(), options.cend(),
-                       [](const Option& option) { return option.name == worksheetsOption; });
+bool wantsWorksheets(const GivenOptions& options) {
+    return options.isSet(worksheetsOption);
 }
 
-SettingsWithPorts::SettingsWithPorts(SettingsStore& store, QHash<QString, QString> ports)
-    : store_(store), ports_(std::move(ports)) {}
+bool wantsUserFolder(const GivenOptions& options) {
+    return options.isSet(userFolderOption);
+}
 
-QString SettingsWithPorts::value(const QString& section, const QString& key) const {
+bool wantsLogs(const GivenOptions& options) {
+    return options.isSet(logOption);
+}
+
+SettingsWithOptions::SettingsWithOptions(SettingsStore& store, const GivenOptions& options)
+    : store_(store), ports_(portsOf(options)), logs_(wantsLogs(options)) {}
+
+QString SettingsWithOptions::value(const QString& section, const QString& key) const {
+    if (section == logSection && logs_)
+        return u"1"_s;
     if (section == u"Ports") {
         if (const auto named = ports_.constFind(key); named != ports_.cend())
             return *named;
@@ -87,7 +133,7 @@ QString SettingsWithPorts::value(const QString& section, const QString& key) con
     return store_.value(section, key);
 }
 
-void SettingsWithPorts::setValue(const QString& section, const QString& key, const QString& value) {
+void SettingsWithOptions::setValue(const QString& section, const QString& key, const QString& value) {
     store_.setValue(section, key, value);
 }
 

@@ -351,7 +351,7 @@ void MDIFormMain::mnuODBC() {
 
 void MDIFormMain::mnuConfiguration() {
     const auto* docking = openScreen<FormDockingDown>();
-    showScreen<FormCalConfig>(docking ? docking->calibrator() : QString());
+    showScreen<FormCalConfig>(calibrators_, docking ? docking->calibrator() : QString());
 }
 
 void MDIFormMain::mnuWorkEntry() {

@@ -3,6 +3,7 @@
 #include "benchmarks/fluke_bench.h"
 #include "benchmarks/quick_link.h"
 #include "drivers/fluke702/driver.h"
+#include "drivers/fluke702/logged_dpclnk.h"
 
 namespace kelvane::bench {
 
@@ -10,7 +11,11 @@ namespace {
 
 class QuickFluke702 final : public FlukeUnderBench {
   public:
-    explicit QuickFluke702(Session& session) : driver_{session, link_} {}
+    explicit QuickFluke702(Session& session)
+        : log_(session, Module702Interface::identity.name.toString(), communicationLogFolder()),
+          ports_(session.settings),
+          logged_(loggedDpclnk(link_, {log_, ports_})),
+          driver_{session, *logged_} {}
     QString download(const QString& package) override {
         return Module702Interface::Fluke702_download(driver_, package);
     }
@@ -18,6 +23,10 @@ class QuickFluke702 final : public FlukeUnderBench {
 
   private:
     QuickLink link_;
+    // As in the program, with the log off.
+    CommunicationLog log_;
+    SerialPorts ports_;
+    std::unique_ptr<Dpclnk> logged_;
     Fluke702 driver_;
 };
 

@@ -3,6 +3,7 @@
 #include "benchmarks/fluke_bench.h"
 #include "benchmarks/quick_link3.h"
 #include "drivers/fluke74x/driver.h"
+#include "drivers/fluke74x/logged_dpclnk3.h"
 
 namespace kelvane::bench {
 
@@ -10,7 +11,11 @@ namespace {
 
 class QuickFluke74x final : public FlukeUnderBench {
   public:
-    explicit QuickFluke74x(Session& session) : driver_{session, link_} {}
+    explicit QuickFluke74x(Session& session)
+        : log_(session, Module74xInterface::identity.name.toString(), communicationLogFolder()),
+          ports_(session.settings),
+          logged_(loggedDpclnk3(link_, {log_, ports_})),
+          driver_{session, *logged_} {}
     QString download(const QString& package) override {
         return Module74xInterface::Fluke74x_download(driver_, package);
     }
@@ -18,6 +23,10 @@ class QuickFluke74x final : public FlukeUnderBench {
 
   private:
     QuickLink3 link_;
+    // As in the program, with the log off.
+    CommunicationLog log_;
+    SerialPorts ports_;
+    std::unique_ptr<Dpclnk3> logged_;
     Fluke74x driver_;
 };
 

@@ -24,6 +24,7 @@ new=
 command -v sqlite3 >/dev/null || fail 'the program sqlite3 is missing (Debian package "sqlite3")'
 here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd)
 . "$here/functions.sh"
+. "$here/program_version.sh"
 CDPATH= cd -- "$1" >/dev/null
 folder=$PWD
 umask 077
@@ -70,6 +71,9 @@ step() {
         ;;
     *) cat "$here/embedded/$1" || exit 1 ;;
     esac
+    # The steps of this run; the history has that column since step 9.
+    [ "${1%%-*}" -lt 9 ] ||
+        echo "update kelvane_upgrades set program = '$program' where number > $present and program is null;"
     printf '\n%s\n' 'commit;'
 }
 
@@ -121,6 +125,7 @@ done
 owners=$(owners)
 present=$(version)
 newest=$(newest_version)
+program=$(program_version "$here")
 [ "$present" -le "$newest" ] ||
     fail "$folder is of version $present, and these scripts end at $newest; update the program; nothing was changed"
 pending=$(steps_above "$present")

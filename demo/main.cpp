@@ -1,15 +1,15 @@
-// The demonstration: run in a folder that holds "rslt_db.frm" and an "odbc.ini" (named by ODBCINI) with a new
-// database that has the demonstration data, of whatever engine. Exits 0 only when everything was as it has to
-// be.
-
 #include "app/calibrator_hardware.h"
+#include "app/language.h"
 #include "demo/demonstration.h"
 #include "demo/torquestar.h"
 #include "platform/database/odbc_connection.h"
+#include "platform/installed_files.h"
+#include "platform/program_options.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 
 #include <clocale>
 #include <cstdio>
@@ -18,14 +18,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+kelvane::Program program() {
+    return {
+        .name = u"kelvane-demo"_s,
+        .usage = {},
+        .description =
+            u"Runs a day's work through the workstation's own windows, off screen, and compares every "
+            u"record.\n"
+            "The current folder holds \"rslt_db.frm\"; the variable ODBCINI names an \"odbc.ini\" with a "
+            "new\n"
+            "database that has the demonstration data. The status is 0 only when everything is right."_s,
+        .options = {},
+    };
+}
+
 /// Messages of the offscreen platform about invisible windows are left out.
 void writeMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
     if (!message.startsWith(u"This plugin does not support"))
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-/// Tells the link library of a calibrator, which stands beside this program, where to keep the memory and its
-/// record in the folder. Gives the path of the memory.
+/// Tells the link library of a simulated calibrator where to keep the memory and its record in the folder.
+/// Gives the path of the memory.
 QString prepareLink(const QString& folder, const QString& calibrator) {
     const auto path = QDir(folder).filePath(calibrator);
     const QByteArray variables = "KELVANE_" + calibrator.toUpper().toLatin1();
@@ -40,6 +54,11 @@ QString prepareLink(const QString& folder, const QString& calibrator) {
 int main(int argc, char** argv) {
     using namespace kelvane;
 
+    try {
+        readCommandLine(program(), wordsOf(argc, argv).mid(1));
+    } catch (const ProgramAnswer& answer) {
+        return writeAnswer(program().name, answer);
+    }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(writeMessage);
     const QApplication application(argc, argv);
@@ -55,7 +74,8 @@ int main(int argc, char** argv) {
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
-        CalibratorHardware hardware(settings);
+        chooseLanguage(settings, QLocale::system().uiLanguages());
+        CalibratorHardware hardware(settings, InstalledFiles().simulatorLibraries());
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),
             {.dataSources = odbcDataSources, .commandLine = {}, .worksheets = true, .endProcess = [&] {

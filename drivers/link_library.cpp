@@ -19,7 +19,8 @@ constexpr qsizetype slack = 256;
 
 } // namespace
 
-LinkLibrary::LinkLibrary(QString name, QString folder) : name_(std::move(name)), folder_(std::move(folder)) {}
+LinkLibrary::LinkLibrary(QString name, QString folder, QString simulators)
+    : name_(std::move(name)), folder_(std::move(folder)), simulators_(std::move(simulators)) {}
 
 qsizetype LinkLibrary::need(const char* operation) {
     operations_.append({operation});
@@ -32,8 +33,11 @@ QString LinkLibrary::missing() {
     QLibrary library(QDir(folder_).filePath(name_));
     if (!library.load()) {
         const auto reason = library.errorString();
-        library.setFileName(name_);
-        if (!library.load())
+        const auto isLoadedFrom = [&](const QString& file) {
+            library.setFileName(file);
+            return library.load();
+        };
+        if (!isLoadedFrom(name_) && !isLoadedFrom(QDir(simulators_).filePath(name_)))
             return text(TextId::linkLibraryNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
     }
     for (auto& operation : operations_) {

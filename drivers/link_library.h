@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/installed_files.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -8,10 +10,11 @@
 namespace kelvane {
 
 /// A calibrator's link library, found by its name when it is needed: first in `folder`, then where the
-/// system looks for libraries. It stays loaded until the program ends.
+/// system looks for libraries, and last in `simulators`, so that a calibrator's own library always comes
+/// before a simulated one that is installed. It stays loaded until the program ends.
 class LinkLibrary {
   public:
-    LinkLibrary(QString name, QString folder);
+    LinkLibrary(QString name, QString folder, QString simulators = InstalledFiles().simulatorLibraries());
 
     /// Registers an operation that the library must have; returns its number.
     qsizetype need(const char* operation);
@@ -31,6 +34,7 @@ class LinkLibrary {
 
     QString name_;
     QString folder_;
+    QString simulators_;
     QList<Operation> operations_;
     bool loaded_ = false;
 };

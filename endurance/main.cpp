@@ -5,12 +5,11 @@
 
 #include "endurance/station.h"
 #include "endurance/stress.h"
+#include "platform/program_options.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <clocale>
-#include <cstdio>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -19,57 +18,62 @@ namespace kelvane::endure {
 
 namespace {
 
-/// The options of both commands, each with a value but for the last two.
-class Options {
-  public:
-    explicit Options(const QStringList& arguments) {
-        for (const auto& name :
-             {u"engine"_s, u"database"_s, u"work"_s, u"seconds"_s, u"seed"_s, u"stations"_s, u"server"_s,
-              u"scripts"_s, u"folder"_s, u"data-source"_s, u"station"_s, u"until"_s})
-            parser_.addOption({name, {}, u"value"_s});
-        parser_.addOptions({{u"faults"_s, {}}, {u"finish"_s, {}}});
-        parser_.process(arguments);
-    }
-
-    QString command() const { return parser_.positionalArguments().value(0); }
-    QString text(const QString& name) const { return parser_.value(name); }
-    int number(const QString& name, int otherwise) const {
-        return parser_.isSet(name) ? parser_.value(name).toInt() : otherwise;
-    }
-    bool has(const QString& name) const { return parser_.isSet(name); }
-
-  private:
-    QCommandLineParser parser_;
-};
-
-int runStation(const Options& options) {
-    Station station({.folder = options.text(u"folder"_s),
-                     .dataSource = options.text(u"data-source"_s),
-                     .station = options.number(u"station"_s, 0),
-                     .seed = options.text(u"seed"_s).toULongLong(),
-                     .until = options.text(u"until"_s).toLongLong(),
-                     .withFaults = options.has(u"faults"_s)});
-    return options.has(u"finish"_s) ? station.finish() : station.run();
+Program program() {
+    const auto value = u"VALUE"_s;
+    return {
+        .name = u"kelvane-endure"_s,
+        .usage = u"stress --engine=NAME --database=WHERE --work=FOLDER [OPTION]..."_s,
+        .description =
+            u"Runs many workstation processes on one database, with everything that can happen to them, and "
+            "checks\nwhat they leave. \"station\" in the place of \"stress\" is one of these processes; "
+            "stress starts it."_s,
+        .options =
+            {
+                {u"engine"_s, u"NAME"_s, u"embedded or shared"_s},
+                {u"database"_s, u"WHERE"_s,
+                 u"the database that is copied (embedded), or its address (shared)"_s},
+                {u"work"_s, u"FOLDER"_s, u"where everything is kept"_s},
+                {u"seconds"_s, u"N"_s, u"how long; 60"_s, false, u"60"_s},
+                {u"seed"_s, u"N"_s, u"repeats an earlier run"_s},
+                {u"stations"_s, u"N"_s, u"how many processes"_s, false, QString::number(maxStations)},
+                {u"server"_s, u"FOLDER"_s, u"the folder of the server (shared)"_s},
+                {u"scripts"_s, u"FOLDER"_s, u"the scripts of the server (shared)"_s},
+                {u"folder"_s, value},
+                {u"data-source"_s, value},
+                {u"station"_s, value},
+                {u"until"_s, value},
+                {u"faults"_s},
+                {u"finish"_s},
+            },
+        .maxArguments = 1,
+    };
 }
 
-int runCommandOf(const Options& options) {
-    if (options.command() == u"station")
+int runStation(const GivenOptions& options) {
+    Station station({.folder = options.value(u"folder"_s),
+                     .dataSource = options.value(u"data-source"_s),
+                     .station = options.value(u"station"_s).toInt(),
+                     .seed = options.value(u"seed"_s).toULongLong(),
+                     .until = options.value(u"until"_s).toLongLong(),
+                     .withFaults = options.isSet(u"faults"_s)});
+    return options.isSet(u"finish"_s) ? station.finish() : station.run();
+}
+
+int runCommandOf(const GivenOptions& options) {
+    const auto command = options.arguments.value(0);
+    if (command == u"station")
         return runStation(options);
-    if (options.command() == u"stress")
-        return runStress({.engine = options.text(u"engine"_s),
-                          .database = options.text(u"database"_s),
-                          .work = options.text(u"work"_s),
-                          .seconds = options.number(u"seconds"_s, 60),
-                          .seed = options.has(u"seed"_s) ? options.text(u"seed"_s).toULongLong()
-                                                         : quint64{std::random_device()()},
-                          .stations = options.number(u"stations"_s, maxStations),
-                          .server = options.text(u"server"_s),
-                          .scripts = options.text(u"scripts"_s)});
-    std::fputs(
-        "usage: kelvane-endure stress --engine embedded|shared --database WHERE --work FOLDER --seconds N "
-        "--seed N\n",
-        stderr);
-    return 2;
+    if (command != u"stress")
+        throw usageAnswer(program().name, u"the command is stress or station"_s);
+    return runStress({.engine = options.value(u"engine"_s),
+                      .database = options.value(u"database"_s),
+                      .work = options.value(u"work"_s),
+                      .seconds = options.value(u"seconds"_s).toInt(),
+                      .seed = options.isSet(u"seed"_s) ? options.value(u"seed"_s).toULongLong()
+                                                       : quint64{std::random_device()()},
+                      .stations = options.value(u"stations"_s).toInt(),
+                      .server = options.value(u"server"_s),
+                      .scripts = options.value(u"scripts"_s)});
 }
 
 } // namespace
@@ -77,7 +81,14 @@ int runCommandOf(const Options& options) {
 } // namespace kelvane::endure
 
 int main(int count, char* arguments[]) {
+    using namespace kelvane;
+
     const QCoreApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C");
-    return kelvane::endure::runCommandOf(kelvane::endure::Options(QCoreApplication::arguments()));
+    const Program program = endure::program();
+    try {
+        return endure::runCommandOf(readCommandLine(program, QCoreApplication::arguments().mid(1)));
+    } catch (const ProgramAnswer& answer) {
+        return writeAnswer(program.name, answer);
+    }
 }

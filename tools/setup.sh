@@ -11,8 +11,9 @@ build_packages=(
 )
 # A database server, and what reaches it.
 server_packages=(postgresql-15 postgresql-client-15 odbc-postgresql)
-test_packages=(locales poppler-utils valgrind zbar-tools)
+test_packages=(appstream desktop-file-utils locales mandoc poppler-utils valgrind zbar-tools)
 check_packages=(clang-format clang-tidy)
+package_packages=(dpkg-dev lintian mmdebstrap uidmap)
 
 setup_packages() {
     local missing=() name
@@ -54,14 +55,40 @@ install_packages() {
     return "$status"
 }
 
-# build_preset PRESET [TARGET...]: configures when needed and builds; the output is shown when it fails.
+# answer_help SCRIPT [ARGUMENT...]: with --help in front, prints the comment at the head of the script, and ends.
+answer_help() {
+    [ "${2:-}" = --help ] || return 0
+    sed -n '2,/^[^#]/{s/^# \{0,1\}//p}' "$1"
+    exit 0
+}
+
+# show_progress: reads the output of a build, and shows how far it is: on a terminal in one line that changes, else in a
+# few lines, which a short build has none of.
+show_progress() {
+    local line percent shown=0 open=
+    while IFS= read -r line; do
+        [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
+        percent=$((100 * BASH_REMATCH[1] / BASH_REMATCH[2]))
+        if [ -t 1 ]; then
+            printf '\r  %3d %% (%d of %d)' "$percent" "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}"
+            open=yes
+        elif [ "${BASH_REMATCH[2]}" -ge 50 ] && [ "$percent" -ge $((shown + 10)) ]; then
+            shown=$((percent / 10 * 10))
+            echo "  $shown %"
+        fi
+    done
+    [ -z "$open" ] || echo
+}
+
+# build_preset PRESET [TARGET...]: configures when needed and builds; shows how far it is, and the output when it fails.
 build_preset() {
     local preset=$1 log
     shift
     mkdir -p "build/$preset"
     log="build/$preset/build.log"
     echo "Building ($preset) ..."
-    if ! { cmake --preset "$preset" && cmake --build "build/$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+    if ! { cmake --preset "$preset" && NINJA_STATUS='[%f/%t] ' cmake --build "build/$preset" ${1:+--target "$@"}; } 2>&1 |
+        tee "$log" | show_progress; then
         grep -nE 'error|Error|FAILED' "$log" | head -n 20 >&2
         tail -n 30 "$log" >&2
         echo "The build failed; all of its output is in $log" >&2

@@ -1,6 +1,9 @@
 #include "workflow/calibrators.h"
 
 #include "data/custom_dialog.h"
+#include "drivers/fluke702/logged_dpclnk.h"
+#include "drivers/fluke74x/logged_dpclnk3.h"
+#include "drivers/torquestar/logged_serial_port.h"
 #include "drivers/worksheet_results.h"
 #include "platform/error_report.h"
 #include "resources/strings.h"
@@ -26,6 +29,7 @@ constexpr auto call = [](Calibrators& calibrators, const auto&... arguments) {
 constexpr Calibrator calibrators[] = {
     {.identity = ModuleTSInterface::identity,
      .hasLineFormat = true,
+     .log = &Calibrators::torqueStarLog,
      .listEnd = 48,
      .standardNeedsParameters = true,
      .acceptable = call<&Calibrators::torqueStar, TorqueStar_acceptable>,
@@ -34,12 +38,14 @@ constexpr Calibrator calibrators[] = {
      .upload = call<&Calibrators::torqueStar, TorqueStar_upload>,
      .judgeAgain = TorqueStar_judge_again},
     {.identity = Module702Interface::identity,
+     .log = &Calibrators::fluke702Log,
      .acceptable = call<&Calibrators::fluke702, Fluke702_acceptable>,
      .requiresStandard = call<&Calibrators::fluke702, Fluke702_requires_standard>,
      .download = call<&Calibrators::fluke702, Fluke702_download>,
      .upload = call<&Calibrators::fluke702, Fluke702_upload>,
      .judgeAgain = Fluke702_judge_again},
     {.identity = Module74xInterface::identity,
+     .log = &Calibrators::fluke74xLog,
      .acceptable = call<&Calibrators::fluke74x, Fluke74x_acceptable>,
      .requiresStandard = call<&Calibrators::fluke74x, Fluke74x_requires_standard>,
      .download = call<&Calibrators::fluke74x, Fluke74x_download>,
@@ -56,6 +62,23 @@ const Calibrator* find(QStringView name) {
 }
 
 } // namespace
+
+Calibrators::Calibrators(Session& workstation, const CalibratorLinks& links)
+    : session(workstation),
+      ports(workstation.settings, links.devices),
+      torqueStarLog(workstation, ModuleTSInterface::identity.name.toString(), links.logFolder),
+      fluke702Log(workstation, Module702Interface::identity.name.toString(), links.logFolder),
+      fluke74xLog(workstation, Module74xInterface::identity.name.toString(), links.logFolder),
+      line_(loggedSerialPort(links.torqueStar, torqueStarLog, ports)),
+      dpclnk_(loggedDpclnk(links.fluke702, {fluke702Log, ports})),
+      dpclnk3_(loggedDpclnk3(links.fluke74x, {fluke74xLog, ports})),
+      torqueStar{workstation, *line_},
+      fluke702{workstation, *dpclnk_},
+      fluke74x{workstation, *dpclnk3_} {}
+
+CommunicationLog& Calibrators::log(const QString& calibrator) {
+    return this->*calibratorNamed(calibrator).log;
+}
 
 std::span<const Calibrator> allCalibrators() {
     return calibrators;

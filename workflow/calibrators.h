@@ -3,9 +3,12 @@
 #include "drivers/calibrator_identity.h"
 #include "drivers/fluke702/driver.h"
 #include "drivers/fluke74x/driver.h"
+#include "drivers/serial_ports.h"
 #include "drivers/torquestar/driver.h"
+#include "platform/communication_log.h"
 
 #include <limits>
+#include <memory>
 #include <span>
 
 namespace kelvane {
@@ -15,17 +18,32 @@ struct CalibratorLinks {
     SerialPort& torqueStar;
     Dpclnk& fluke702;
     Dpclnk3& fluke74x;
+    /// What the ports of the settings are found by.
+    SerialDeviceSources devices = {};
+    /// Where the communication logs stand.
+    QString logFolder = communicationLogFolder();
 };
 
-/// The drivers, each with its state.
+/// The drivers, each with its state. They reach their calibrators through the links, whose traffic is logged
+/// where the settings say so.
 struct Calibrators {
-    Calibrators(Session& workstation, const CalibratorLinks& links)
-        : session(workstation),
-          torqueStar{workstation, links.torqueStar},
-          fluke702{workstation, links.fluke702},
-          fluke74x{workstation, links.fluke74x} {}
+    Calibrators(Session& workstation, const CalibratorLinks& links);
+
+    /// The log of the calibrator of that name, which has to be one of `allCalibrators`.
+    CommunicationLog& log(const QString& calibrator);
 
     Session& session;
+    SerialPorts ports;
+    CommunicationLog torqueStarLog;
+    CommunicationLog fluke702Log;
+    CommunicationLog fluke74xLog;
+
+  private:
+    std::unique_ptr<SerialPort> line_;
+    std::unique_ptr<Dpclnk> dpclnk_;
+    std::unique_ptr<Dpclnk3> dpclnk3_;
+
+  public:
     TorqueStar torqueStar;
     Fluke702 fluke702;
     Fluke74x fluke74x;
@@ -37,6 +55,8 @@ struct Calibrator {
     CalibratorIdentity identity;
     /// Parity, stop bits and data bits of its line are settings too; otherwise only baud rate and port are.
     bool hasLineFormat = false;
+    /// What goes over its line.
+    CommunicationLog Calibrators::*log = nullptr;
     /// A download list stays below so many rows.
     qsizetype listEnd = std::numeric_limits<qsizetype>::max();
     /// An external standard needs calibration parameters of its own.

@@ -1,12 +1,17 @@
 #include "workflow/form_cal_config.h"
 
 #include "drivers/line_settings.h"
+#include "drivers/port_state.h"
 #include "platform/error_report.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/indicators.h"
 #include "workflow/calibrators.h"
+#include "workflow/form_communication_log.h"
 
+#include <QAbstractItemView>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -36,8 +41,9 @@ void select(QComboBox& list, const QString& word) {
 
 } // namespace
 
-FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
+FormCalConfig::FormCalConfig(Session& session, Calibrators& calibrators, const QString& calibrator)
     : ChildWindow(session, u"FormCalConfig"_s, {.width = 6000, .height = 3600}),
+      calibrators_(calibrators),
       ComboCalibrator(dropDown(u"ComboCalibrator"_s, text(TextId::calibratorToConfigure),
                                TextId::calibratorToConfigureTip)),
       ComboPort(dropDown(u"ComboPort"_s, text(TextId::serialPort), TextId::serialPortTip,
@@ -48,7 +54,11 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
       ComboDataBits(
           dropDown(u"ComboDataBits"_s, text(TextId::dataBits), TextId::dataBitsTip, {u"8"_s, u"7"_s})),
       ComboStopBits(
-          dropDown(u"ComboStopBits"_s, text(TextId::stopBits), TextId::stopBitsTip, {u"1"_s, u"2"_s})) {
+          dropDown(u"ComboStopBits"_s, text(TextId::stopBits), TextId::stopBitsTip, {u"1"_s, u"2"_s})),
+      CheckLog(nameControl(static_cast<QCheckBox*>(new CheckBox), u"CheckLog"_s,
+                           text(TextId::communicationLogSwitch), TextId::communicationLogSwitchTip)),
+      ButtonCommunicationLog(button(u"ButtonCommunicationLog"_s, TextId::communicationLogCommand,
+                                    TextId::communicationLogCommandTip)) {
     setWindowTitle(text(TextId::calibratorConfiguration));
     layOut();
     setFirstFocus(ComboCalibrator);
@@ -62,11 +72,16 @@ FormCalConfig::FormCalConfig(Session& session, const QString& calibrator)
     select(*ComboParity, u"None"_s);
     select(*ComboCalibrator, calibrator);
     showStored();
+    showDevices();
+    ComboPort->view()->installEventFilter(this);
 
     // What the program itself selects is no change of the user's and stores nothing.
     connectGuarded(ComboCalibrator, &QComboBox::activated, this, session_.ui, [this] { showStored(); });
     for (const auto& setting : settings())
         connectGuarded(setting.list, &QComboBox::activated, this, session_.ui, [this] { save(); });
+    connectGuarded(CheckLog, &QCheckBox::clicked, this, session_.ui, [this] { switchLog(); });
+    connectGuarded(ButtonCommunicationLog, &QPushButton::clicked, this, session_.ui,
+                   [this] { showCommunicationLog(*mdiArea(), session_, calibrators_, this->calibrator()); });
 }
 
 std::array<FormCalConfig::Setting, 5> FormCalConfig::settings() const {
@@ -104,33 +119,65 @@ void FormCalConfig::layOut() {
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
 
+    CheckLog->setText(text(TextId::communicationLogSwitch));
+    auto* log = new QHBoxLayout;
+    log->addWidget(CheckLog);
+    log->addStretch(1);
+    log->addWidget(ButtonCommunicationLog);
+
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
     column->addWidget(labelFor(ComboCalibrator, u"Label1"_s, TextId::calibratorToConfigure));
     column->addWidget(ComboCalibrator);
     column->addWidget(communication);
     column->addWidget(configuration);
+    column->addLayout(log);
     column->addStretch();
     setBody(body);
-    kelvane::setTabOrder(
-        {ComboCalibrator, ComboPort, ComboBaudRate, ComboParity, ComboDataBits, ComboStopBits});
+    kelvane::setTabOrder({ComboCalibrator, ComboPort, ComboBaudRate, ComboParity, ComboDataBits,
+                          ComboStopBits, CheckLog, ButtonCommunicationLog});
+}
+
+QString FormCalConfig::calibrator() const {
+    return storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
 }
 
 void FormCalConfig::showStored() {
-    const auto calibrator = storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
-    const bool hasLineFormat = calibratorNamed(calibrator).hasLineFormat;
+    const auto shown = calibrator();
+    const bool hasLineFormat = calibratorNamed(shown).hasLineFormat;
     for (auto* list : {ComboParity, ComboStopBits, ComboDataBits})
         list->setEnabled(hasLineFormat);
     for (const auto& setting : settings()) {
-        select(*setting.list, ModuleGlobals::GetRegSetting(session_, calibrator, setting.key.toString()));
+        select(*setting.list, ModuleGlobals::GetRegSetting(session_, shown, setting.key.toString()));
     }
+    CheckLog->setChecked(calibrators_.log(shown).isSwitchedOn());
 }
 
 void FormCalConfig::save() {
-    const auto calibrator = storedWord(*ComboCalibrator, ComboCalibrator->currentIndex());
+    const auto shown = calibrator();
     for (const auto& setting : settings())
-        ModuleGlobals::SaveRegSetting(session_, calibrator, setting.key.toString(),
+        ModuleGlobals::SaveRegSetting(session_, shown, setting.key.toString(),
                                       storedWord(*setting.list, setting.list->currentIndex()));
+}
+
+bool FormCalConfig::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ComboPort->view() && event->type() == QEvent::Show)
+        runGuarded(session_.ui, [this] { showDevices(); });
+    return ChildWindow::eventFilter(watched, event);
+}
+
+void FormCalConfig::showDevices() {
+    for (int row = 0; row < ComboPort->count(); ++row) {
+        const int number = portNumber(ComboPort->itemText(row));
+        ComboPort->setItemData(row, portDescription(calibrators_.ports, number), Qt::ToolTipRole);
+    }
+}
+
+void FormCalConfig::switchLog() {
+    const auto shown = calibrator();
+    ModuleGlobals::SaveRegSetting(session_, logSection, shown, CheckLog->isChecked() ? u"1"_s : u"0"_s);
+    // It stays on where the command line has switched it on.
+    CheckLog->setChecked(calibrators_.log(shown).isSwitchedOn());
 }
 
 } // namespace kelvane

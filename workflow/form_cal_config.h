@@ -4,16 +4,25 @@
 
 #include <array>
 
+class QCheckBox;
 class QComboBox;
+class QPushButton;
 
 namespace kelvane {
 
-/// The line settings of each calibrator on this workstation. A change is stored at once.
+struct Calibrators;
+
+/// The line settings of each calibrator on this workstation, and whether its communication is logged. A
+/// change is stored at once. The rows of the ports have their devices as tool-tips.
 class FormCalConfig final : public ChildWindow {
     Q_OBJECT
   public:
     /// `calibrator` is shown first, if it is one of the list.
-    FormCalConfig(Session& session, const QString& calibrator);
+    FormCalConfig(Session& session, Calibrators& calibrators, const QString& calibrator);
+
+  protected:
+    /// The devices are looked for again when the ports drop down.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     /// A list and the key of the settings store that it shows.
@@ -26,13 +35,19 @@ class FormCalConfig final : public ChildWindow {
     void layOut();
     void showStored();
     void save();
+    QString calibrator() const;
+    void showDevices();
+    void switchLog();
 
+    Calibrators& calibrators_;
     QComboBox* ComboCalibrator;
     QComboBox* ComboPort;
     QComboBox* ComboBaudRate;
     QComboBox* ComboParity;
     QComboBox* ComboDataBits;
     QComboBox* ComboStopBits;
+    QCheckBox* CheckLog;
+    QPushButton* ButtonCommunicationLog;
 };
 
 } // namespace kelvane

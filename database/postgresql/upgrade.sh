@@ -31,6 +31,7 @@ for argument; do
 done
 [ -n "$address" ] || { echo "$usage" >&2 && exit 1; }
 . "$(dirname -- "$0")/common.sh"
+. "$here/../program_version.sh"
 
 # Statements name an owner's tables without quotation marks.
 for owner in $added; do
@@ -82,6 +83,9 @@ steps() {
         printf '%s\n' '\if :new' '\else' 'begin;' "$look_at_parts" '\endif'
         step "$file" $owners
         echo "insert into kelvane.upgrades values ($number, '${name%%.*}', localtimestamp(0));"
+        # The steps of this run; the history has that column since step 5.
+        [ "$number" -lt 5 ] ||
+            echo "update kelvane.upgrades set program = '$program' where number > $present and program is null;"
         printf '%s\n' '\if :new' '\else' "$parts" "$note_parts" 'commit;' '\endif' '\endif'
     done
 }
@@ -130,9 +134,9 @@ STATEMENTS
     # What is made again is known anew each time.
     cat <<'STATEMENTS'
 create temp table parts_again as
-select * from kelvane.parts_present where kind in ('trigger', 'view', 'function', 'operator');
+select * from kelvane.parts_present where kind in ('trigger', 'policy', 'view', 'function', 'operator');
 delete from kelvane.parts
-where kind in ('trigger', 'view', 'function', 'operator')
+where kind in ('trigger', 'policy', 'view', 'function', 'operator')
     and (kind, relation, name, definition) not in (table pg_temp.parts_again);
 insert into kelvane.parts (kind, relation, name, definition)
 select * from pg_temp.parts_again
@@ -140,13 +144,14 @@ except
 select kind, relation, name, definition from kelvane.parts;
 STATEMENTS
     if [ -n "$demonstration" ]; then
-        printf '%s\n' '\if :new' "\\i $(quoted "$demonstration/copy.sql")" '\endif'
+        printf '%s\n' '\if :new' "\\cd $(quoted "$demonstration")" '\i copy.sql' '\endif'
     fi
     echo "select format('alter database %I set datestyle = ''ISO, YMD''', current_database()) \\gexec"
     echo 'commit;'
 }
 
 present=$(version)
+program=$(program_version "$here/..")
 [ -n "$new" ] || [ "$present" != 0 ] || fail "$address holds no database of Kelvane; make.sh makes one"
 [ "$present" -le "$newest" ] ||
     fail "$address is of version $present, and these scripts end at $newest; update the program; nothing was changed"

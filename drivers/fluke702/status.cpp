@@ -56,4 +56,8 @@ QString DPCStatusText(Session& session, qint16 code, const QString& name) {
     return reportStatus(session, statuses, code, name);
 }
 
+QString statusWords(qint16 code) {
+    return linkStatusText(table, code).value_or(QString());
+}
+
 } // namespace kelvane::Module702Interface

@@ -9,10 +9,10 @@
 namespace kelvane {
 
 /// The real link library, `dpclnk3.dll` or `libdpclnk3.so`, loaded when `missing` is asked: first from
-/// `folder`, which is the program's own, then from where the system looks for libraries. Its operations are
-/// plain C functions with the names, the order of arguments and the widths of `Dpclnk3`; out arguments are
-/// pointers, a structure goes as its members, texts end with a zero. Error 53 for an operation that is called
-/// without a library.
+/// `folder`, which is the program's own, then from where the system looks for libraries, then the simulated
+/// one that is installed. Its operations are plain C functions with the names, the order of arguments and the
+/// widths of `Dpclnk3`; out arguments are pointers, a structure goes as its members, texts end with a zero.
+/// Error 53 for an operation that is called without a library.
 class Dpclnk3Library : public Dpclnk3 {
   public:
     explicit Dpclnk3Library(const QString& folder = QCoreApplication::applicationDirPath());

@@ -34,4 +34,8 @@ QString DPC3StatusText(Session& session, qint16 code, const QString& name) {
     return reportStatus(session, statuses, code, name);
 }
 
+QString statusWords(qint16 code) {
+    return linkStatusText(table, code).value_or(QString());
+}
+
 } // namespace kelvane::Module74xInterface

@@ -5,9 +5,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
-#include <QFileInfo>
 #include <QSerialPort>
-#include <QSerialPortInfo>
 #include <QStringList>
 #include <QThread>
 
@@ -17,7 +15,6 @@ namespace kelvane {
 
 namespace {
 
-constexpr int maxPort = 4;
 /// How long a look waits for the line, in milliseconds.
 constexpr int lookTime = 20;
 /// So much may wait for a reader between two exchanges; a device that keeps sending must not fill the memory.
@@ -31,12 +28,6 @@ QSerialPort::Parity parityOf(char letter) {
     return letter == 'O' ? QSerialPort::OddParity : QSerialPort::NoParity;
 }
 
-/// The device itself where a link names it, so that its lock is the same under every name.
-QString followLinks(const QString& device) {
-    const auto target = QFileInfo(device).canonicalFilePath();
-    return target.isEmpty() ? device : target;
-}
-
 /// A pseudo terminal carries plain bytes: it refuses every parity and every number of data bits but 8.
 bool isPseudoTerminal(const QString& device) {
     return device.startsWith(u"/dev/pts/");
@@ -47,10 +38,16 @@ Error refusal(const QString& reason) {
     return {static_cast<double>(ErrorNumber::pathFileAccess), reason};
 }
 
+/// `name` is how the settings name the device, if they do.
+QString missingDevice(const QString& port, const QString& name) {
+    const auto reason = text(TextId::portNoSuchDevice).arg(port);
+    return name.isEmpty() ? reason : reason + u' ' + text(TextId::portIdentityUnknown).arg(name);
+}
+
 } // namespace
 
-QtSerialPort::QtSerialPort(const SettingsStore& settings)
-    : settings_(settings), port_(std::make_unique<QSerialPort>()) {
+QtSerialPort::QtSerialPort(SerialPorts ports)
+    : ports_(std::move(ports)), port_(std::make_unique<QSerialPort>()) {
     // Between two exchanges the port stays open, and only the event loop reads it.
     QObject::connect(
         port_.get(), &QSerialPort::errorOccurred, port_.get(), [this] { closeOnFailure(); },
@@ -118,19 +115,10 @@ void QtSerialPort::output(const QByteArray& bytes) {
     closeOnFailure();
 }
 
-/// The device behind the port's name; empty when there is none.
-QString QtSerialPort::device() const {
-    if (number_ < 1 || number_ > maxPort)
-        return {};
-    if (const auto named = settings_.value(u"Ports"_s, u"COM%1"_s.arg(number_)); !named.isEmpty())
-        return named;
-    return QSerialPortInfo::availablePorts().value(number_ - 1).systemLocation();
-}
-
 void QtSerialPort::open() {
     if (port_->isOpen())
         throw makeError(ErrorNumber::pathFileAccess);
-    const auto name = followLinks(device());
+    const auto name = ports_.path(number_);
     const bool plain = isPseudoTerminal(name);
     port_->setPortName(name);
     port_->setBaudRate(line_.baud);
@@ -140,7 +128,7 @@ void QtSerialPort::open() {
     port_->setFlowControl(QSerialPort::NoFlowControl);
     const auto port = u"COM%1"_s.arg(number_);
     if (name.isEmpty())
-        throw refusal(text(TextId::portNoSuchDevice).arg(port));
+        throw refusal(missingDevice(port, ports_.nameOf(number_)));
     if (!port_->open(QIODevice::ReadWrite))
         throw refusal(text(TextId::portCannotBeOpened).arg(port, name, port_->errorString()));
     port_->clear(QSerialPort::Input);

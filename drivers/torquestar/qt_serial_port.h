@@ -1,7 +1,7 @@
 #pragma once
 
+#include "drivers/serial_ports.h"
 #include "drivers/torquestar/serial_port.h"
-#include "platform/settings_store.h"
 
 #include <memory>
 
@@ -9,15 +9,14 @@ class QSerialPort;
 
 namespace kelvane {
 
-/// The real port. COM1 to COM4 are the devices that section "Ports" of the settings store names, otherwise
-/// the platform's first four serial devices.
+/// The real port, on the devices of `SerialPorts`.
 ///
 /// A poll waits for up to 20 ms when there is nothing new, and returns at once when there is. When the device
 /// fails during work the port closes: from then on nothing comes, what is sent is lost, and the exchange ends
 /// by its time-outs like one with a line that is cut.
 class QtSerialPort final : public SerialPort {
   public:
-    explicit QtSerialPort(const SettingsStore& settings);
+    explicit QtSerialPort(SerialPorts ports);
     ~QtSerialPort() override;
     bool portOpen() const override;
     void setPortOpen(bool open) override;
@@ -35,13 +34,12 @@ class QtSerialPort final : public SerialPort {
         int stopBits = 1;
     };
 
-    QString device() const;
     void open();
     void close();
     void listen(int milliseconds);
     void closeOnFailure();
 
-    const SettingsStore& settings_;
+    SerialPorts ports_;
     std::unique_ptr<QSerialPort> port_;
     int number_ = 1;
     Line line_;

@@ -1,18 +1,17 @@
 #pragma once
 
-#include <QCommandLineParser>
-#include <QStringList>
+#include "platform/program_options.h"
 
 namespace kelvane::simulators {
 
 /// What the technician can do with one kind of calibrator. Each gives lines to print, and throws `Failure`.
 struct CalibratorOperations {
     const char* calibrator;
-    QString memoryFormat;              ///< the mark of its memory's file
-    QList<QCommandLineOption> options; ///< those that not every calibrator takes
+    QString memoryFormat;         ///< the mark of its memory's file
+    QList<ProgramOption> options; ///< those that not every calibrator takes
     QString (*planHelp)();
     QStringList (*list)(const QString& memory);
-    QStringList (*carryOut)(const QString& memory, const QCommandLineParser& parser);
+    QStringList (*carryOut)(const QString& memory, const GivenOptions& options);
     QStringList (*erase)(const QString& memory);
 };
 

@@ -8,13 +8,13 @@ namespace fluke702 {
 
 namespace {
 
-QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
+QStringList carryOutWith(const GivenOptions& options, Memory& memory) {
     static constexpr TaskWork<Memory, Job> work{jobsOf, carryOut,
                                                 [](Job& job, const QString& round, const QString& module) {
                                                     job.kind = kindOf(round);
                                                     job.module = module;
                                                 }};
-    return carryOutTasks(parser, memory, work);
+    return carryOutTasks(options, memory, work);
 }
 
 } // namespace
@@ -28,9 +28,9 @@ const CalibratorOperations& fluke702Operations() {
         taskOptions(),
         fluke702::planHelp,
         [](const QString& path) { return workOnMemory<fluke702::MemoryFile>(path, fluke702::listing); },
-        [](const QString& path, const QCommandLineParser& parser) {
+        [](const QString& path, const GivenOptions& options) {
             return workOnMemory<fluke702::MemoryFile>(
-                path, [&](fluke702::Memory& memory) { return fluke702::carryOutWith(parser, memory); });
+                path, [&](fluke702::Memory& memory) { return fluke702::carryOutWith(options, memory); });
         },
         [](const QString& path) {
             return workOnMemory<fluke702::MemoryFile>(path, eraseRuns<fluke702::Memory>);

@@ -8,13 +8,13 @@ namespace fluke74x {
 
 namespace {
 
-QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
+QStringList carryOutWith(const GivenOptions& options, Memory& memory) {
     static constexpr TaskWork<Memory, Job> work{jobsOf, carryOut,
                                                 [](Job& job, const QString& round, const QString& module) {
                                                     job.asLeft = isAsLeft(round);
                                                     job.modules = modulesOf(module);
                                                 }};
-    return carryOutTasks(parser, memory, work);
+    return carryOutTasks(options, memory, work);
 }
 
 } // namespace
@@ -28,9 +28,9 @@ const CalibratorOperations& fluke74xOperations() {
         taskOptions(),
         fluke74x::planHelp,
         [](const QString& path) { return workOnMemory<fluke74x::MemoryFile>(path, fluke74x::listing); },
-        [](const QString& path, const QCommandLineParser& parser) {
+        [](const QString& path, const GivenOptions& options) {
             return workOnMemory<fluke74x::MemoryFile>(
-                path, [&](fluke74x::Memory& memory) { return fluke74x::carryOutWith(parser, memory); });
+                path, [&](fluke74x::Memory& memory) { return fluke74x::carryOutWith(options, memory); });
         },
         [](const QString& path) {
             return workOnMemory<fluke74x::MemoryFile>(path, eraseRuns<fluke74x::Memory>);

@@ -6,28 +6,28 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::simulators {
 
-int countOf(const QCommandLineParser& parser, const QString& name, int high) {
+int countOf(const GivenOptions& options, const QString& name, int high) {
     bool read = false;
-    const int number = parser.value(name).toInt(&read);
+    const int number = options.value(name).toInt(&read);
     if (!read || number < 0 || number > high)
         throw Failure(u"--%1 needs a whole number from 0 to %2."_s.arg(name).arg(high));
     return number;
 }
 
-QDateTime momentFrom(const QCommandLineParser& parser) {
+QDateTime momentFrom(const GivenOptions& options) {
     const QDateTime now = QDateTime::currentDateTime();
-    const QString date = parser.isSet(u"date"_s) ? parser.value(u"date"_s) : now.toString(u"yyyy-MM-dd"_s);
-    const QString time = parser.isSet(u"time"_s) ? parser.value(u"time"_s) : now.toString(u"HH:mm:ss"_s);
+    const QString date = options.isSet(u"date"_s) ? options.value(u"date"_s) : now.toString(u"yyyy-MM-dd"_s);
+    const QString time = options.isSet(u"time"_s) ? options.value(u"time"_s) : now.toString(u"HH:mm:ss"_s);
     return momentOf(date + u' ' + time);
 }
 
-int intervalFrom(const QCommandLineParser& parser) {
-    return countOf(parser, u"interval"_s, 86400);
+int intervalFrom(const GivenOptions& options) {
+    return countOf(options, u"interval"_s, 86400);
 }
 
-void refuseBesidePlan(const QCommandLineParser& parser, const QStringList& names) {
+void refuseBesidePlan(const GivenOptions& options, const QStringList& names) {
     for (const QString& name : names)
-        if (parser.isSet(u"plan"_s) && parser.isSet(name))
+        if (options.isSet(u"plan"_s) && options.isSet(name))
             throw Failure(u"--%1 and --plan say the same thing twice."_s.arg(name));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/program_options.h"
 #include "simulators/common/failure.h"
 
-#include <QCommandLineParser>
 #include <QDateTime>
 
 #include <vector>
@@ -12,13 +12,13 @@ namespace kelvane::simulators {
 // What the command line says, whatever the calibrator. Everything throws `Failure` with what is wrong.
 
 /// A whole number from 0.
-int countOf(const QCommandLineParser& parser, const QString& name, int high);
+int countOf(const GivenOptions& options, const QString& name, int high);
 /// The moment of `--date` and `--time`; what isn't given is now.
-QDateTime momentFrom(const QCommandLineParser& parser);
+QDateTime momentFrom(const GivenOptions& options);
 /// The seconds of `--interval`.
-int intervalFrom(const QCommandLineParser& parser);
+int intervalFrom(const GivenOptions& options);
 /// Refuses options that a plan says itself.
-void refuseBesidePlan(const QCommandLineParser& parser, const QStringList& names);
+void refuseBesidePlan(const GivenOptions& options, const QStringList& names);
 
 /// Leaves the jobs whose name is one of `--only`, cut to what the calibrator keeps of a name.
 template <class Job>

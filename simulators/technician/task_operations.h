@@ -19,7 +19,7 @@ struct TaskWork {
 };
 
 /// What the command line says of a run, in the place of a plan.
-QList<QCommandLineOption> taskOptions();
+QList<ProgramOption> taskOptions();
 
 /// The same job for each task that has a test strategy.
 template <class Job, class Tasks>
@@ -44,29 +44,28 @@ QStringList linesOfSkipped(const Tasks& tasks) {
 }
 
 template <class Memory, class Job>
-QStringList carryOutTasks(const QCommandLineParser& parser, Memory& memory,
-                          const TaskWork<Memory, Job>& work) {
+QStringList carryOutTasks(const GivenOptions& options, Memory& memory, const TaskWork<Memory, Job>& work) {
     QStringList names;
-    for (const QCommandLineOption& option : taskOptions())
-        names += option.names();
-    refuseBesidePlan(parser, names << QStringLiteral("deviation"));
-    const bool isPlanned = parser.isSet(QStringLiteral("plan"));
+    for (const ProgramOption& option : taskOptions())
+        names << option.name;
+    refuseBesidePlan(options, names << QStringLiteral("deviation"));
+    const bool isPlanned = options.isSet(QStringLiteral("plan"));
     std::vector<Job> jobs;
     if (isPlanned) {
-        jobs = work.jobsOf(planAt(parser.value(QStringLiteral("plan"))));
+        jobs = work.jobsOf(planAt(options.value(QStringLiteral("plan"))));
     } else {
         Job common;
         common.deviations =
-            numbersOf(parser.value(QStringLiteral("deviation")), QStringLiteral("--deviation"));
-        common.technician = parser.value(QStringLiteral("technician"));
-        if (parser.isSet(QStringLiteral("shown")))
-            common.shown = numbersOf(parser.value(QStringLiteral("shown")), QStringLiteral("--shown"));
-        work.take(common, parser.value(QStringLiteral("round")), parser.value(QStringLiteral("module")));
+            numbersOf(options.value(QStringLiteral("deviation")), QStringLiteral("--deviation"));
+        common.technician = options.value(QStringLiteral("technician"));
+        if (options.isSet(QStringLiteral("shown")))
+            common.shown = numbersOf(options.value(QStringLiteral("shown")), QStringLiteral("--shown"));
+        work.take(common, options.value(QStringLiteral("round")), options.value(QStringLiteral("module")));
         jobs = jobsForAll(common, memory.contents.tasks);
     }
-    narrow(jobs, &Job::tag, parser.values(QStringLiteral("only")), longestTag);
+    narrow(jobs, &Job::tag, options.values(QStringLiteral("only")), longestTag);
     const QStringList skipped = isPlanned ? QStringList() : linesOfSkipped(memory.contents.tasks);
-    return work.carryOut(memory, jobs, {momentFrom(parser), intervalFrom(parser)}) + skipped;
+    return work.carryOut(memory, jobs, {momentFrom(options), intervalFrom(options)}) + skipped;
 }
 
 template <class Memory>

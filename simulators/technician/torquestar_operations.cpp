@@ -11,27 +11,27 @@ namespace kelvane::simulators {
 
 namespace {
 
-FieldWork fieldWorkFrom(const QCommandLineParser& parser) {
+FieldWork fieldWorkFrom(const GivenOptions& options) {
     FieldWork work;
-    work.now = momentFrom(parser);
-    work.seconds = intervalFrom(parser);
-    if (parser.isSet(u"takes"_s))
-        work.takes = countOf(parser, u"takes"_s, 200);
+    work.now = momentFrom(options);
+    work.seconds = intervalFrom(options);
+    if (options.isSet(u"takes"_s))
+        work.takes = countOf(options, u"takes"_s, 200);
     return work;
 }
 
 /// The same job for each characteristic: points of one range.
-std::vector<Job> commonJobs(const QCommandLineParser& parser, const Memory& memory) {
-    if (!parser.isSet(u"points"_s) || !parser.isSet(u"high"_s))
+std::vector<Job> commonJobs(const GivenOptions& options, const Memory& memory) {
+    if (!options.isSet(u"points"_s) || !options.isSet(u"high"_s))
         throw Failure(u"carry-out needs --points and --high, or --plan; see --help."_s);
     Job common;
-    const double low = numbersOf(parser.value(u"low"_s), u"--low"_s).front();
-    const double high = numbersOf(parser.value(u"high"_s), u"--high"_s).front();
-    for (const double percent : numbersOf(parser.value(u"points"_s), u"--points"_s))
+    const double low = numbersOf(options.value(u"low"_s), u"--low"_s).front();
+    const double high = numbersOf(options.value(u"high"_s), u"--high"_s).front();
+    for (const double percent : numbersOf(options.value(u"points"_s), u"--points"_s))
         common.nominals.push_back(low + (high - low) * percent / 100);
     common.deviations =
-        deviationsFor(common.nominals.size(), numbersOf(parser.value(u"deviation"_s), u"--deviation"_s));
-    common.comment = parser.value(u"comment"_s);
+        deviationsFor(common.nominals.size(), numbersOf(options.value(u"deviation"_s), u"--deviation"_s));
+    common.comment = options.value(u"comment"_s);
     std::vector<Job> jobs;
     for (const Characteristic& characteristic : memory.characteristics) {
         jobs.push_back(common);
@@ -40,12 +40,12 @@ std::vector<Job> commonJobs(const QCommandLineParser& parser, const Memory& memo
     return jobs;
 }
 
-QStringList carryOutWith(const QCommandLineParser& parser, Memory& memory) {
-    refuseBesidePlan(parser, {u"points"_s, u"low"_s, u"high"_s, u"deviation"_s, u"comment"_s});
+QStringList carryOutWith(const GivenOptions& options, Memory& memory) {
+    refuseBesidePlan(options, {u"points"_s, u"low"_s, u"high"_s, u"deviation"_s, u"comment"_s});
     std::vector<Job> jobs =
-        parser.isSet(u"plan"_s) ? jobsOf(planAt(parser.value(u"plan"_s))) : commonJobs(parser, memory);
-    narrow(jobs, &Job::name, parser.values(u"only"_s), longestName);
-    return carryOut(memory, jobs, fieldWorkFrom(parser));
+        options.isSet(u"plan"_s) ? jobsOf(planAt(options.value(u"plan"_s))) : commonJobs(options, memory);
+    narrow(jobs, &Job::name, options.values(u"only"_s), longestName);
+    return carryOut(memory, jobs, fieldWorkFrom(options));
 }
 
 QStringList erase(Memory& memory) {
@@ -64,18 +64,17 @@ const CalibratorOperations& torqueStarOperations() {
     static const CalibratorOperations operations{
         "TorqueStar",
         memoryFormat(),
-        {{u"points"_s, u"TorqueStar: test points in percent of the range."_s, u"PERCENT,..."_s},
-         {u"low"_s, u"TorqueStar: the low end of the range. Default: 0."_s, u"TORQUE"_s, u"0"_s},
-         {u"high"_s, u"TorqueStar: the high end of the range."_s, u"TORQUE"_s},
-         {u"comment"_s, u"TorqueStar: what the technician notes."_s, u"TEXT"_s},
-         {u"takes"_s,
-          u"TorqueStar: how often each point is taken. Default: as often as the characteristic has samples."_s,
-          u"N"_s}},
+        {{u"points"_s, u"PERCENT,..."_s, u"TorqueStar: test points in percent of the range."_s},
+         {u"low"_s, u"TORQUE"_s, u"TorqueStar: the low end of the range. Default: 0."_s, false, u"0"_s},
+         {u"high"_s, u"TORQUE"_s, u"TorqueStar: the high end of the range."_s},
+         {u"comment"_s, u"TEXT"_s, u"TorqueStar: what the technician notes."_s},
+         {u"takes"_s, u"N"_s,
+          u"TorqueStar: how often each point is taken. Default: as often as the characteristic has samples."_s}},
         planHelp,
         [](const QString& path) { return workOnMemory<MemoryFile>(path, listing); },
-        [](const QString& path, const QCommandLineParser& parser) {
+        [](const QString& path, const GivenOptions& options) {
             return workOnMemory<MemoryFile>(path,
-                                            [&](Memory& memory) { return carryOutWith(parser, memory); });
+                                            [&](Memory& memory) { return carryOutWith(options, memory); });
         },
         [](const QString& path) { return workOnMemory<MemoryFile>(path, erase); },
     };

@@ -1,9 +1,9 @@
+#include "platform/program_options.h"
 #include "simulators/common/failure.h"
 #include "simulators/torquestar/conversation.h"
 #include "simulators/torquestar/pitfalls.h"
 #include "simulators/torquestar/terminal.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <cstdio>
@@ -31,58 +31,58 @@ struct Options {
     QStringList faults;
 };
 
-qint32 numberOf(const QCommandLineParser& parser, const QString& name) {
+qint32 numberOf(const GivenOptions& given, const QString& name) {
     bool read = false;
-    const qint32 number = parser.value(name).toInt(&read);
+    const qint32 number = given.value(name).toInt(&read);
     if (!read || number < 1)
         throw Failure(
             u"--%1 needs a whole number from 1 to %2."_s.arg(name).arg(std::numeric_limits<qint32>::max()));
     return number;
 }
 
-Options readOptions(const QCoreApplication& application) {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        u"A simulated Crane TorqueStar IVc torque calibrator on a pseudo terminal. Prints the device to "
-        u"open, answers "
-        "until it is ended, and keeps its memory in a file.\n\n"
-        "Faults: KIND[:VALUE][@MESSAGE][+AFTER][*TIMES], such as drop-byte:3@T1D+2*1, which spares the first "
-        "two "
-        u"results; several may be given.\n"_s +
-        faultHelp());
-    parser.addHelpOption();
-    parser.addOptions({
-        {u"memory"_s, u"The calibrator's memory; made when it is not there."_s, u"FILE"_s},
-        {u"serial"_s, u"Its serial number."_s, u"NUMBER"_s},
-        {u"link"_s, u"A link to the device, removed at the end."_s, u"PATH"_s},
-        {u"baud"_s, u"The speed of the line, at ten bits a byte. Default: 9600."_s, u"N"_s, u"9600"_s},
-        {u"no-pace"_s, u"Bytes take no time."_s},
-        {u"acknowledge"_s, u"The acknowledge character: dle or ack. Default: dle."_s, u"WHICH"_s, u"dle"_s},
-        {u"room"_s, u"How many characteristics its memory takes. Default: 500."_s, u"N"_s, u"500"_s},
-        {u"fault"_s, u"A way to misbehave, see above."_s, u"FAULT"_s},
-        {u"record"_s, u"Appends each message and reply to this file."_s, u"FILE"_s},
-    });
-    parser.process(application);
-    if (!parser.positionalArguments().isEmpty())
-        throw Failure(
-            u"\"%1\" is not understood; see --help."_s.arg(parser.positionalArguments().constFirst()));
-    if (!parser.isSet(u"memory"_s) || !parser.isSet(u"serial"_s))
-        throw Failure(u"--memory and --serial are needed; see --help."_s);
+Program program() {
+    return {
+        .name = u"kelvane-torquestar"_s,
+        .usage = u"--memory=FILE --serial=NUMBER [OPTION]..."_s,
+        .description =
+            u"A simulated Crane TorqueStar IVc torque calibrator on a pseudo terminal. Prints the device to "
+            "open,\nanswers until it is ended, and keeps its memory in a file.\n\n"
+            "Faults: KIND[:VALUE][@MESSAGE][+AFTER][*TIMES], such as drop-byte:3@T1D+2*1, which spares the\n"
+            "first two results; several may be given.\n"_s +
+            faultHelp(),
+        .options =
+            {
+                {u"memory"_s, u"FILE"_s, u"The calibrator's memory; made when it is not there."_s, true},
+                {u"serial"_s, u"NUMBER"_s, u"Its serial number."_s, true},
+                {u"link"_s, u"PATH"_s, u"A link to the device, removed at the end."_s},
+                {u"baud"_s, u"N"_s, u"The speed of the line, at ten bits a byte. Default: 9600."_s, false,
+                 u"9600"_s},
+                {u"no-pace"_s, {}, u"Bytes take no time."_s},
+                {u"acknowledge"_s, u"WHICH"_s, u"The acknowledge character: dle or ack. Default: dle."_s,
+                 false, u"dle"_s},
+                {u"room"_s, u"N"_s, u"How many characteristics its memory takes. Default: 500."_s, false,
+                 u"500"_s},
+                {u"fault"_s, u"FAULT"_s, u"A way to misbehave, see above."_s},
+                {u"record"_s, u"FILE"_s, u"Appends each message and reply to this file."_s},
+            },
+    };
+}
 
+Options optionsFrom(const GivenOptions& given) {
     Options options;
-    options.memory = parser.value(u"memory"_s);
-    options.serial = numberOf(parser, u"serial"_s);
-    options.link = parser.value(u"link"_s);
-    const int baud = numberOf(parser, u"baud"_s);
-    if (!parser.isSet(u"no-pace"_s))
+    options.memory = given.value(u"memory"_s);
+    options.serial = numberOf(given, u"serial"_s);
+    options.link = given.value(u"link"_s);
+    const int baud = numberOf(given, u"baud"_s);
+    if (!given.isSet(u"no-pace"_s))
         options.baud = baud;
-    const QString acknowledge = parser.value(u"acknowledge"_s);
+    const QString acknowledge = given.value(u"acknowledge"_s);
     if (acknowledge != u"dle"_s && acknowledge != u"ack"_s)
         throw Failure(u"--acknowledge is dle or ack."_s);
     options.acknowledge = acknowledge == u"dle"_s ? Dle : Ack;
-    options.room = static_cast<std::size_t>(numberOf(parser, u"room"_s));
-    options.record = parser.value(u"record"_s);
-    options.faults = parser.values(u"fault"_s);
+    options.room = static_cast<std::size_t>(numberOf(given, u"room"_s));
+    options.record = given.value(u"record"_s);
+    options.faults = given.values(u"fault"_s);
     return options;
 }
 
@@ -121,13 +121,17 @@ void run(const Options& options) {
 } // namespace kelvane::simulators
 
 int main(int argc, char** argv) {
+    using namespace kelvane;
+
     const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(u"kelvane-torquestar"_s);
+    const Program program = simulators::program();
     try {
-        kelvane::simulators::run(kelvane::simulators::readOptions(application));
-    } catch (const kelvane::simulators::Failure& failure) {
-        kelvane::simulators::say(stderr, u"kelvane-torquestar: "_s + failure.text());
-        return 1;
+        const auto given = readCommandLine(program, QCoreApplication::arguments().mid(1));
+        simulators::run(simulators::optionsFrom(given));
+    } catch (const ProgramAnswer& answer) {
+        return writeAnswer(program.name, answer);
+    } catch (const simulators::Failure& failure) {
+        return writeAnswer(program.name, {failure.text(), 1});
     }
     return 0;
 }

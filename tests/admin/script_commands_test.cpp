@@ -132,7 +132,9 @@ TEST_F(ScriptCommands, CheckNamesAnEarlierVersionAndALaterOne) {
     const auto earlier = runAdmin({u"check"_s, path(u"db"_s)});
     EXPECT_EQ(earlier.code, 1);
     EXPECT_TRUE(earlier.output.contains(u"; upgrade it to "_s)) << earlier.output.toStdString();
-    execute(file, {u"insert into kelvane_upgrades values (9999, 'later', '2026-11-22 12:00:00')"_s});
+    execute(
+        file,
+        {u"insert into kelvane_upgrades (number, name, carried_out) values (9999, 'later', '2026-11-22 12:00:00')"_s});
     const auto later = runAdmin({u"check"_s, path(u"db"_s)});
     EXPECT_EQ(later.code, 1);
     EXPECT_TRUE(later.output.contains(u"is of version 9999"_s)) << later.output.toStdString();
@@ -156,7 +158,7 @@ TEST_F(ScriptCommands, CheckNamesDamagedAndMissingFiles) {
 TEST_F(ScriptCommands, AnInstalledProgramUsesTheScriptsBesideIt) {
     QProcess install;
     install.start(u"cmake"_s, {u"--install"_s, QStringLiteral(KELVANE_BUILD), u"--prefix"_s, path(u"usr"_s),
-                               u"--component"_s, u"admin"_s});
+                               u"--component"_s, u"kelvane"_s});
     ASSERT_TRUE(install.waitForFinished(60000));
     ASSERT_EQ(install.exitCode(), 0) << install.readAllStandardError().toStdString();
     const auto scripts = path(u"usr/share/kelvane/database"_s);

@@ -52,6 +52,22 @@ TEST_F(ServerAdmin, AnAccountIsMadeChangedAndRemoved) {
     }
 }
 
+TEST_F(ServerAdmin, ALoginThatTheServerHadBeforeKeepsItsPasswordUntilItIsSet) {
+    psql(u"postgres"_s, u"create role reporter login password 'its own'"_s);
+    const auto outcome = run(u"account"_s, {u"reporter"_s, u"--owner=MT"_s, u"--level=1"_s}, "new\n");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.output,
+              u"The server had the login reporter before, which keeps its password; the command "
+              "password sets another.\n"_s);
+    EXPECT_EQ(listed(u"reporter"_s), u"reporter MT 1 yes"_s);
+    EXPECT_TRUE(takesLogin(u"reporter"_s, u"its own"_s));
+    EXPECT_FALSE(takesLogin(u"reporter"_s, u"new"_s));
+    expectDone(run(u"password"_s, {u"reporter"_s}, "new\n"));
+    EXPECT_TRUE(takesLogin(u"reporter"_s, u"new"_s));
+    expectDone(run(u"remove"_s, {u"reporter"_s}));
+    psql(u"postgres"_s, u"drop role reporter"_s);
+}
+
 TEST_F(ServerAdmin, ThePasswordReachesTheServerAsAVerifierAlone) {
     psql(u"postgres"_s, u"alter system set log_statement = 'all'"_s);
     psql(u"postgres"_s, u"select pg_reload_conf()"_s);

@@ -41,7 +41,7 @@ class UpgradeFailure : public Upgrade {
         for (const auto& copy : copies())
             QDir(path(copy)).removeRecursively();
         auto scripts = copyOfScripts(u"scripts"_s);
-        addStep(scripts, u"0009-added.sql"_s, step);
+        addStep(scripts, u"0010-added.sql"_s, step);
         return scripts;
     }
     void expectFailure(const Outcome& outcome, const QString& reason) const {
@@ -71,13 +71,13 @@ class UpgradeFailure : public Upgrade {
 
 TEST_F(UpgradeFailure, OfAStepLeavesTheDatabaseAsTheStepBeforeMadeIt) {
     const auto scripts = copyOfScripts(u"scripts"_s);
-    addStep(scripts, u"0009-good.sql"_s, everyFile);
-    addStep(scripts, u"0010-faulty.owner.sql"_s,
+    addStep(scripts, u"0010-good.sql"_s, everyFile);
+    addStep(scripts, u"0011-faulty.owner.sql"_s,
             "update OWNER.inventory set i4299 = 'half';\ninsert into OWNER.no_such_table values (1);\n");
-    addStep(scripts, u"0011-behind.sql"_s, "delete from accounts;\n");
+    addStep(scripts, u"0012-behind.sql"_s, "delete from accounts;\n");
     expectFailure(upgrade(scripts),
-                  u"embedded/0010-faulty.owner.sql failed; %1 is of version 9"_s.arg(site()));
-    EXPECT_EQ(version(), 9);
+                  u"embedded/0011-faulty.owner.sql failed; %1 is of version 10"_s.arg(site()));
+    EXPECT_EQ(version(), 10);
     EXPECT_EQ(inventoryColumns().count(u",i4299"_s), 3);
     EXPECT_EQ(sqlite(siteFile(u"mt.db"_s), u"select count(*) from inventory where i4299 is not null"_s),
               u"0"_s);
@@ -85,9 +85,9 @@ TEST_F(UpgradeFailure, OfAStepLeavesTheDatabaseAsTheStepBeforeMadeIt) {
     EXPECT_EQ(copies().size(), 1) << "it was changed, so that the copy is of use";
     expectSound();
 
-    addStep(scripts, u"0010-faulty.owner.sql"_s, "update OWNER.inventory set i4299 = 'whole';\n");
+    addStep(scripts, u"0011-faulty.owner.sql"_s, "update OWNER.inventory set i4299 = 'whole';\n");
     expectUpgrade(scripts);
-    EXPECT_EQ(version(), 11);
+    EXPECT_EQ(version(), 12);
     EXPECT_EQ(sqlite(siteFile(u"std.db"_s), u"select count(*) from inventory where i4299 = 'whole'"_s),
               u"3"_s);
 }
@@ -100,9 +100,9 @@ TEST_F(UpgradeFailure, OfTheFirstStepThatIsDueChangesNothing) {
 
 TEST_F(UpgradeFailure, OfAStepThatCannotBeReadChangesNothing) {
     const auto scripts = scriptsWithStep({});
-    ASSERT_TRUE(QFile::remove(scripts + u"/embedded/0009-added.sql"_s));
-    ASSERT_TRUE(QDir().mkpath(scripts + u"/embedded/0009-added.sql"_s));
-    expectFailure(upgrade(scripts), u"0009-added.sql failed"_s);
+    ASSERT_TRUE(QFile::remove(scripts + u"/embedded/0010-added.sql"_s));
+    ASSERT_TRUE(QDir().mkpath(scripts + u"/embedded/0010-added.sql"_s));
+    expectFailure(upgrade(scripts), u"0010-added.sql failed"_s);
     expectUnchanged();
 }
 
@@ -114,7 +114,7 @@ TEST_F(UpgradeFailure, ByAKillInTheMiddleOfAStepChangesNothing) {
                                          "(select 1 union all select n + 1 from numbers where n < 5000) "
                                          "select n, 'a long message' from numbers;\n"
                                          ".shell [ -s mt.db-journal ] && kill -9 $PPID\n");
-    expectFailure(upgrade(scripts), u"0009-added.sql failed"_s);
+    expectFailure(upgrade(scripts), u"0010-added.sql failed"_s);
     expectUnchanged();
 }
 
@@ -125,7 +125,7 @@ TEST_F(UpgradeFailure, ByAKillAtAnyCallOfTheSystemLeavesAllFilesBeforeOrAllBehin
     ScriptEnvironment environment;
     environment.variables.insert(u"LD_PRELOAD"_s, QStringLiteral(KELVANE_KILLED_CALLS));
     environment.variables.insert(u"KELVANE_KILL"_s, path(u"kill"_s));
-    const QStringList states{u"14 14 14 0 2 8"_s, u"15 15 15 1 3 9"_s};
+    const QStringList states{u"14 14 14 0 2 9"_s, u"15 15 15 1 3 10"_s};
     std::array<int, 2> seen{};
     bool killed = true;
     for (int call = 1; killed; call += 4) {
@@ -165,7 +165,7 @@ TEST_F(UpgradeFailure, ByAFullDiskChangesNothing) {
     const auto scripts = scriptsWithStep("create table mt.large (a);\n"
                                          "insert into mt.large values (randomblob(2000000));\n");
     // A file can't grow over so many blocks of 512 bytes: those of a step, and those of the copy.
-    for (const auto& [blocks, reason] : {std::pair(u"1500"_s, u"0009-added.sql failed"_s),
+    for (const auto& [blocks, reason] : {std::pair(u"1500"_s, u"0010-added.sql failed"_s),
                                          std::pair(u"64"_s, u"without a copy nothing was changed"_s)}) {
         expectFailure(
             runScript(u"/bin/sh"_s, {u"-c"_s, u"trap '' XFSZ; ulimit -f %1; exec \"$0\" \"$1\""_s.arg(blocks),
@@ -177,8 +177,10 @@ TEST_F(UpgradeFailure, ByAFullDiskChangesNothing) {
 
 TEST_F(UpgradeFailure, ByAVersionThatIsNewerThanTheScriptsChangesNothing) {
     expectUpgrade();
-    sqlite(siteFile(u"kelvane.db"_s),
-           u"insert into kelvane_upgrades values (%1, 'later', '2030-01-01 00:00:00')"_s.arg(newest + 1));
+    sqlite(
+        siteFile(u"kelvane.db"_s),
+        u"insert into kelvane_upgrades (number, name, carried_out) values (%1, 'later', '2030-01-01 00:00:00')"_s
+            .arg(newest + 1));
     before = contentOf(site());
     const auto kept = copies();
     for (const auto& script : {u"upgrade.sh"_s, u"make.sh"_s}) {

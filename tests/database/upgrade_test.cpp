@@ -12,6 +12,13 @@ namespace {
 
 const int newest = static_cast<int>(upgradeSteps().size());
 
+/// Scripts that a program of that version has started.
+ScriptEnvironment byProgram(const QString& version) {
+    ScriptEnvironment environment;
+    environment.variables.insert(u"KELVANE_VERSION"_s, version);
+    return environment;
+}
+
 } // namespace
 
 TEST_F(Upgrade, StepsAreNumberedFromOneWithoutAGap) {
@@ -34,6 +41,32 @@ TEST_F(Upgrade, ANewDatabaseHasHadEveryStep) {
         sqlite(file, u"select min(carried_out) from kelvane_upgrades"_s), u"yyyy-MM-dd HH:mm:ss"_s);
     EXPECT_GE(moment, before);
     EXPECT_LE(moment, QDateTime::currentDateTime());
+}
+
+TEST_F(Upgrade, TheHistoryNamesTheProgramThatCarriedAStepOut) {
+    const auto programs = u"select group_concat(coalesce(program, 'none'), ' ') from "
+                          "(select program from kelvane_upgrades order by number)"_s;
+    const auto made = path(u"made"_s);
+    EXPECT_EQ(runScript(sourceFile(u"database/make.sh"_s), {made}, byProgram(u"1.2.3"_s)).code, 0);
+    EXPECT_EQ(sqlite(made + u"/kelvane.db"_s, programs), QString(u"1.2.3 "_s).repeated(newest).trimmed());
+
+    const auto earlier = copyOfScripts(u"earlier"_s, upgradeSteps().first(8));
+    EXPECT_EQ(runScript(earlier + u"/make.sh"_s, {site()}).code, 0);
+    EXPECT_EQ(upgrade({}, byProgram(u"1.2.4-1~rc1"_s)).code, 0);
+    EXPECT_EQ(sqlite(siteFile(u"kelvane.db"_s), programs),
+              QString(u"none "_s).repeated(8) + QString(u"1.2.4-1~rc1 "_s).repeated(newest - 8).trimmed());
+}
+
+TEST_F(Upgrade, ATextThatIsNoVersionStandsInNoStatement) {
+    const auto made = path(u"made"_s);
+    EXPECT_EQ(runScript(sourceFile(u"database/make.sh"_s), {made}, byProgram(u"1', 2) --"_s)).code, 0);
+    EXPECT_EQ(sqlite(made + u"/kelvane.db"_s, u"select distinct program from kelvane_upgrades"_s),
+              u"unknown"_s);
+}
+
+TEST_F(Upgrade, ByTheScriptsOfTheSourcesTheProgramIsThatOfTheProject) {
+    EXPECT_EQ(sqlite(newDatabase() + u"/kelvane.db"_s, u"select distinct program from kelvane_upgrades"_s),
+              QStringLiteral(KELVANE_PROJECT_VERSION));
 }
 
 TEST_F(Upgrade, TheFirstVersionGetsTheDefinitionsOfANewDatabaseAndKeepsEveryRow) {
@@ -130,11 +163,11 @@ TEST_F(Upgrade, AColumnOfOwnersReachesEachOwnerAlsoOneThatASiteHasAdded) {
     ASSERT_TRUE(QFile::copy(siteFile(u"abc.db"_s), siteFile(u"xyz.db"_s)));
     sqlite(siteFile(u"site_report.db"_s), u"create table inventory (mtag text)"_s);
     const auto scripts = copyOfScripts(u"scripts"_s);
-    addStep(scripts, u"0009-colour.owner.sql"_s,
+    addStep(scripts, u"0010-colour.owner.sql"_s,
             "alter table OWNER.inventory add column i4299 text;\n"
             "insert or ignore into sys.syscolumn values (8, 'i4299');\n");
     expectUpgrade(scripts);
-    EXPECT_EQ(version(), 9);
+    EXPECT_EQ(version(), 10);
     EXPECT_EQ(inventoryColumns().count(u",i4299"_s), 3);
     EXPECT_EQ(sqlite(siteFile(u"xyz.db"_s), u"select count(*) from inventory where i4299 is null"_s), u"3"_s);
     EXPECT_EQ(sqlite(siteFile(u"sys.db"_s), u"select domain_id from syscolumn where column_name = 'I4299'"_s),

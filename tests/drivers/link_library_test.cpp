@@ -27,6 +27,21 @@ TEST_F(FoundLibrary, IsTheFoldersBeforeTheSystems) {
     EXPECT_EQ(close(), 0);
 }
 
+TEST_F(FoundLibrary, IsTheSimulatorsWhenNobodyElseHasOne) {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVANE_WHOLE_LIBRARY), folder.path() + u"/libsimulated.so"_s));
+    LinkLibrary library(u"simulated"_s, u"/nowhere"_s, folder.path());
+    const LinkOperation<> close(library, "DPCclose");
+    EXPECT_EQ(library.missing(), QString());
+    EXPECT_EQ(close(), 0);
+}
+
+TEST_F(FoundLibrary, IsTheSystemsBeforeTheSimulators) {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVANE_WHOLE_LIBRARY), folder.path() + u"/libcrypt.so"_s));
+    LinkLibrary library(u"crypt"_s, u"/nowhere"_s, folder.path());
+    library.need("crypt");
+    EXPECT_EQ(library.missing(), QString());
+}
+
 TEST_F(FoundLibrary, NamesTheFirstOperationThatItLacks) {
     LinkLibrary library(u"crypt"_s, folder.path());
     library.need("crypt");

@@ -77,7 +77,6 @@ TEST_F(Fluke702Technician, SaysWhatIsWrongAndChangesNothing) {
         QStringList arguments;
         const char* words;
     } cases[] = {
-        {{u"dance"_s}, "The command is list, carry-out or erase"},
         {{u"carry-out"_s, u"--points"_s, u"50"_s}, "--points is for a TorqueStar"},
         {{u"carry-out"_s, u"--low"_s, u"50"_s}, "--low is for a TorqueStar"},
         {{u"list"_s, u"--takes"_s, u"5"_s}, "--takes is for a TorqueStar"},

@@ -114,8 +114,6 @@ TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
         {{u"--fault"_s, u"sulk"_s}, "\"sulk\" is no fault"},
         {{u"--record"_s, simulatorFolder.path(u"nowhere/record"_s)}, "can't be written"},
         {{u"--link"_s, simulatorFolder.path(u"nowhere/link"_s)}, "can't be made"},
-        {{u"more"_s}, "\"more\" is not understood"},
-        {{u"--colour"_s}, "Unknown option"},
     };
     for (const auto& entry : cases) {
         const Outcome outcome = runCalibrator(simulatorFolder, entry.arguments);
@@ -123,7 +121,27 @@ TEST(CalibratorProgram, SaysWhatIsWrongWithItsArguments) {
         EXPECT_TRUE(outcome.errors.contains(QString::fromLatin1(entry.words)))
             << outcome.errors.toStdString();
     }
-    EXPECT_EQ(runProgram(u"kelvane-torquestar"_s, {}).code, 1);
+}
+
+TEST(CalibratorProgram, RefusesACommandLineThatItDoesNotUnderstand) {
+    const SimulatorFolder simulatorFolder;
+    const struct {
+        QStringList arguments;
+        const char* words;
+    } cases[] = {
+        {{u"more"_s}, "more is not understood"},
+        {{u"--colour"_s}, "unknown option --colour"},
+        {{u"--record"_s}, "--record needs a value"},
+        {{u"--no-pace=1"_s}, "--no-pace takes no value"},
+    };
+    for (const auto& entry : cases) {
+        const Outcome outcome = runCalibrator(simulatorFolder, entry.arguments);
+        EXPECT_EQ(outcome.code, 2) << entry.words;
+        EXPECT_EQ(outcome.errors, u"kelvane-torquestar: %1; see kelvane-torquestar --help\n"_s.arg(
+                                      QString::fromLatin1(entry.words)));
+        EXPECT_EQ(outcome.output, QString());
+    }
+    EXPECT_EQ(runProgram(u"kelvane-torquestar"_s, {}).code, 2);
 }
 
 TEST(CalibratorProgram, ReportsASerialNumberThatTheWorkstationCantRead) {

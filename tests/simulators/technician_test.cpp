@@ -100,9 +100,6 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
         QStringList arguments;
         const char* words;
     } cases[] = {
-        {{}, "The command is list, carry-out or erase"},
-        {{u"dance"_s}, "The command is list, carry-out or erase"},
-        {{u"list"_s, u"carry-out"_s}, "The command is list, carry-out or erase"},
         {{u"carry-out"_s}, "carry-out needs --points and --high, or --plan"},
         {{u"carry-out"_s, u"--points"_s, u"50"_s}, "carry-out needs --points and --high, or --plan"},
         {{u"carry-out"_s, u"--points"_s, u"5;0"_s, u"--high"_s, u"1"_s}, "--points: \"5;0\" is no number"},
@@ -126,6 +123,27 @@ TEST_F(TechnicianProgram, SaysWhatIsWrongAndChangesNothing) {
         EXPECT_EQ(outcome.output, QString()) << entry.words;
     }
     EXPECT_EQ(storedMemory(), before);
+}
+
+TEST_F(TechnicianProgram, RefusesACommandLineThatItDoesNotUnderstand) {
+    const struct {
+        QStringList arguments;
+        const char* words;
+    } cases[] = {
+        {{}, "the command is list, carry-out or erase"},
+        {{u"dance"_s}, "the command is list, carry-out or erase"},
+        {{u"list"_s, u"carry-out"_s}, "carry-out is not understood"},
+        {{u"list"_s, u"--loud"_s}, "unknown option --loud"},
+    };
+    for (const auto& entry : cases) {
+        const Outcome outcome = technician(entry.arguments);
+        EXPECT_EQ(outcome.code, 2) << entry.words;
+        EXPECT_EQ(outcome.errors, u"kelvane-technician: %1; see kelvane-technician --help\n"_s.arg(
+                                      QString::fromLatin1(entry.words)));
+        EXPECT_EQ(outcome.output, QString()) << entry.words;
+    }
+    EXPECT_EQ(runProgram(u"kelvane-technician"_s, {u"list"_s}).errors,
+              u"kelvane-technician: --memory is missing; see kelvane-technician --help\n"_s);
 }
 
 TEST_F(TechnicianProgram, HasNothingToDoOnAnEmptyCalibrator) {

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace kelvane {
+
+/// Around the making of the application: where the toolkit finds no display, the program ends with status 1
+/// and one sentence on the standard error, in the place of the toolkit's lines and an abort. What else the
+/// toolkit says meanwhile is written when this object goes.
+class DisplayCheck {
+  public:
+    DisplayCheck();
+    ~DisplayCheck();
+    DisplayCheck(const DisplayCheck&) = delete;
+    DisplayCheck& operator=(const DisplayCheck&) = delete;
+};
+
+} // namespace kelvane

@@ -1,0 +1,33 @@
+#include "drivers/fluke_link_log.h"
+
+#include "drivers/link_status.h"
+#include "drivers/port_state.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+QString LinkLog::begin(const QString& missing) const {
+    log.readSwitch();
+    if (!missing.isEmpty()) {
+        log.write(u"library "_s + missing);
+        log.setOpening({missing});
+    }
+    return missing;
+}
+
+void LinkLog::setOpening(const QString& port, qint16 status, const QString& words) const {
+    const int number = portNumber(port);
+    if (log.isOn())
+        log.write(u"port "_s + portDescription(ports, number));
+    if (!isFatal(status)) {
+        log.setOpening({});
+        return;
+    }
+    const auto reason = words.isEmpty() ? QString::number(status) : words;
+    log.setOpening({text(TextId::portNotOpen).arg(port, ports.path(number), reason)});
+}
+
+} // namespace kelvane

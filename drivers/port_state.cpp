@@ -1,0 +1,78 @@
+#include "drivers/port_state.h"
+
+#include "platform/device_holders.h"
+#include "platform/error.h"
+#include "platform/values/numbers.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+QString portName(int number) {
+    return u"COM%1"_s.arg(number);
+}
+
+QString openingSentence(const QString& port, const QString& device,
+                        const std::optional<LineOpening>& opening) {
+    if (!opening)
+        return text(TextId::portNotTried).arg(port, device);
+    return opening->refusal.isEmpty() ? text(TextId::portOpen).arg(port, device) : opening->refusal;
+}
+
+} // namespace
+
+int portNumber(const QString& name) {
+    return static_cast<int>(numericValue(name.right(1)));
+}
+
+QString portDescription(const SerialPorts& ports, int number) {
+    const auto describe = [&] {
+        try {
+            const auto device = ports.device(number);
+            return device.path.isEmpty() ? noDeviceReason(ports, number) : deviceDescription(device);
+        } catch (const Error& error) {
+            return error.description;
+        }
+    };
+    return text(TextId::portDeviceShort).arg(portName(number), describe());
+}
+
+QString noDeviceReason(const SerialPorts& ports, int number) {
+    const auto name = ports.nameOf(number);
+    return name.isEmpty() ? text(TextId::portNoDevice).arg(portName(number))
+                          : text(TextId::portIdentityUnknown).arg(name);
+}
+
+QStringList deviceObstacles(const QString& device) {
+    QStringList sentences;
+    if (QFileInfo::exists(device) && !mayUse(device))
+        sentences << text(TextId::portNoRights);
+    const auto holders = otherHoldersOf(device);
+    for (const auto& holder : holders)
+        sentences << text(TextId::portHeldBy).arg(holder.program).arg(holder.process);
+    return sentences;
+}
+
+QString portState(const SerialPorts& ports, int number, const std::optional<LineOpening>& opening) {
+    const auto port = portName(number);
+    const auto device = ports.device(number);
+    QStringList sentences;
+    if (device.path.isEmpty()) {
+        sentences << noDeviceReason(ports, number);
+        if (opening && !opening->refusal.isEmpty())
+            sentences << opening->refusal;
+        return sentences.join(u' ');
+    }
+    sentences << text(TextId::portDevice).arg(port, deviceDescription(device));
+    sentences << openingSentence(port, device.path, opening);
+    return (sentences + deviceObstacles(device.path)).join(u' ');
+}
+
+} // namespace kelvane

@@ -1,0 +1,150 @@
+#include "drivers/port_state.h"
+
+#include "drivers/torquestar/logged_serial_port.h"
+#include "platform/device_holders.h"
+#include "platform/error.h"
+#include "tests/drivers/torquestar/real_port.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QScopeGuard>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+/// The real port on a pseudo terminal, and another process that may take it.
+class PortOfOthers : public RealPort {
+  protected:
+    ~PortOfOthers() override { letGo(); }
+
+    /// Another process opens the device and keeps it.
+    void take() {
+        other.start(u"/bin/sh"_s,
+                    {u"-c"_s, u"exec 3<>\"$1\"; echo open; exec sleep 60"_s, u"sh"_s, line.device()});
+        ASSERT_TRUE(other.waitForReadyRead(20000)) << other.readAllStandardError().toStdString();
+        // The shell becomes the program that sleeps.
+        const auto name = [this] {
+            QFile file(u"/proc/%1/comm"_s.arg(other.processId()));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        for (int i = 0; i < 1000 && name() != "sleep\n"; ++i)
+            usleep(10000);
+    }
+    void letGo() {
+        other.kill();
+        other.waitForFinished(20000);
+    }
+    QString holder() const { return u"It is in use by sleep (process %1)."_s.arg(other.processId()); }
+    QString state(const std::optional<LineOpening>& opening = {}) const {
+        return portState(ports, 1, opening);
+    }
+
+    QProcess other;
+    QList<SerialDevice> connected{{.path = line.device(), .maker = u"Maker"_s, .serialNumber = u"77"_s}};
+    SerialPorts ports{settings, {[this] { return connected; }, folder.path()}};
+    CommunicationLog log{session, u"Crane TorqueStar IVc"_s, folder.path()};
+};
+
+TEST_F(PortOfOthers, IsHeldByTheProcessThatHasItOpen) {
+    EXPECT_EQ(otherHoldersOf(line.device()), QList<DeviceHolder>()) << "this process has it open itself";
+    take();
+    EXPECT_EQ(otherHoldersOf(line.device()), (QList<DeviceHolder>{{other.processId(), u"sleep"_s}}));
+    const auto link = folder.path() + u"/calibrator"_s;
+    ASSERT_TRUE(QFile::link(line.device(), link));
+    EXPECT_EQ(otherHoldersOf(link).size(), 1) << "whatever it is called";
+    letGo();
+    EXPECT_EQ(otherHoldersOf(line.device()), QList<DeviceHolder>());
+}
+
+TEST_F(PortOfOthers, IsHeldByTheProcessOfItsLockFile) {
+    take();
+    const auto elsewhere = PseudoTerminal();
+    const auto file = u"/tmp/LCK.."_s + QString(elsewhere.device()).remove(u"/dev/"_s).replace(u'/', u'_');
+    const auto removal = qScopeGuard([&] { QFile::remove(file); });
+    const auto lock = [&](const QByteArray& content) {
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write(content);
+    };
+    lock(QByteArray::number(other.processId()).rightJustified(10) + "\nsleep\nhost\n");
+    EXPECT_EQ(otherHoldersOf(elsewhere.device()), (QList<DeviceHolder>{{other.processId(), u"sleep"_s}}));
+    lock("4194399\n");
+    EXPECT_EQ(otherHoldersOf(elsewhere.device()), QList<DeviceHolder>()) << "its process is gone";
+    lock("nonsense");
+    EXPECT_EQ(otherHoldersOf(elsewhere.device()), QList<DeviceHolder>());
+}
+
+TEST_F(PortOfOthers, ThatIsNoDeviceHasNoHolder) {
+    folder.write(u"file"_s, "x");
+    for (const auto& path : {u"/no such device"_s, folder.path(), folder.path() + u"/file"_s, QString()})
+        EXPECT_EQ(otherHoldersOf(path), QList<DeviceHolder>()) << path.toStdString();
+}
+
+TEST_F(PortOfOthers, IsDescribedWithItsDeviceItsOpeningAndItsHolder) {
+    const auto device = u"COM1 is %1, maker Maker, serial number 77. "_s.arg(line.device());
+    EXPECT_EQ(state(), device + u"COM1 (%1) was not opened yet."_s.arg(line.device()));
+    EXPECT_EQ(state(LineOpening{}), device + u"COM1 (%1) was opened."_s.arg(line.device()));
+    take();
+    EXPECT_EQ(state(LineOpening{u"It could not be opened: it is busy."_s}),
+              device + u"It could not be opened: it is busy. "_s + holder());
+    EXPECT_EQ(portDescription(ports, 1), u"COM1: %1, maker Maker, serial number 77"_s.arg(line.device()));
+}
+
+TEST_F(PortOfOthers, WithoutADeviceIsSaidToHaveNone) {
+    EXPECT_EQ(portState(ports, 2, {}), u"There is no device for COM2."_s);
+    EXPECT_EQ(portDescription(ports, 2), u"COM2: There is no device for COM2."_s);
+    settings.setValue(u"Ports"_s, u"COM2"_s, u"0403:6001"_s);
+    EXPECT_EQ(portState(ports, 2, LineOpening{u"No."_s}),
+              u"0403:6001 matches no device, or more than one. No."_s);
+    for (const auto& [name, number] : {std::pair{u"COM3"_s, 3}, {u"COM"_s, 0}, {u""_s, 0}})
+        EXPECT_EQ(portNumber(name), number);
+}
+
+TEST_F(PortOfOthers, ThatIsTakenIsRefusedWithTheNameOfItsHolder) {
+    take();
+    // What refuses a second opening is the lock of a serial port, here that of this process.
+    QtSerialPort first(settings);
+    first.setPortOpen(true);
+    const auto logged = loggedSerialPort(port, log, ports);
+    logged->setCommPort(1);
+    try {
+        logged->setPortOpen(true);
+        ADD_FAILURE() << "it was opened";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number, 75);
+        EXPECT_TRUE(error.description.startsWith(
+            u"The port COM1, device \"%1\", could not be opened: "_s.arg(line.device())))
+            << error.description.toStdString();
+        EXPECT_TRUE(error.description.endsWith(holder())) << error.description.toStdString();
+    }
+    ASSERT_TRUE(log.opening().has_value());
+    EXPECT_FALSE(log.opening()->refusal.isEmpty());
+    EXPECT_EQ(state(log.opening()).count(holder()), 1);
+
+    first.setPortOpen(false);
+    logged->setPortOpen(true);
+    EXPECT_TRUE(log.opening()->refusal.isEmpty());
+}
+
+TEST_F(PortOfOthers, WithoutRightsSaysSo) {
+    EXPECT_TRUE(mayUse(line.device()));
+    EXPECT_EQ(deviceObstacles(line.device()), QStringList());
+    ASSERT_EQ(::chmod(QFile::encodeName(line.device()).constData(), 0), 0);
+    // A superuser may do everything; then another user looks.
+    const bool isSuperuser = ::geteuid() == 0;
+    if (isSuperuser && ::seteuid(65534) != 0)
+        GTEST_SKIP() << "this process can't become another user";
+    const auto back = qScopeGuard([&] { EXPECT_EQ(isSuperuser ? ::seteuid(0) : 0, 0); });
+    EXPECT_FALSE(mayUse(line.device()));
+    const auto sentence = u"This user may not open it. On Debian the members of the group dialout may."_s;
+    EXPECT_EQ(deviceObstacles(line.device()), QStringList{sentence});
+    EXPECT_TRUE(state().endsWith(sentence)) << state().toStdString();
+    EXPECT_EQ(deviceObstacles(u"/no such device"_s), QStringList())
+        << "that is missing, which is said elsewhere";
+}
+
+} // namespace kelvane::testing
