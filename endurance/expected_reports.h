@@ -20,10 +20,13 @@ class ReportJudge {
 
     bool connectionsEnd_;
     bool isFinishing_ = false;
-    /// What was planned for the act, and whether something of it has come.
+    /// What was planned for the act, and whether something has failed in it.
     bool hasFault_ = false;
     bool hasBrokenReply_ = false;
     bool hasFailed_ = false;
+    /// The connection may end between two acts, too.
+    bool isInAct_ = false;
+    bool failedBefore_ = false;
 };
 
 } // namespace kelvane::endure
