@@ -1,6 +1,7 @@
 #include "app/calibrator_hardware.h"
 #include "app/command_line.h"
 #include "app/display_check.h"
+#include "app/first_start.h"
 #include "app/user_folder.h"
 #include "app/workstation_program.h"
 #include "platform/database/odbc_connection.h"
@@ -47,6 +48,8 @@ int run(const GivenOptions& options, const QString& commandLine) {
     logReason(program.session, text(TextId::programStarted).arg(programVersion()));
     if (!unreadable.isEmpty())
         logReason(program.session, unreadable);
+    if (odbcDataSources().isEmpty())
+        offerFirstStart();
     program.start();
     return QApplication::exec();
 }
