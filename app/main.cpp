@@ -1,6 +1,7 @@
 #include "app/calibrator_hardware.h"
 #include "app/command_line.h"
 #include "app/display_check.h"
+#include "app/first_start.h"
 #include "app/language.h"
 #include "app/user_folder.h"
 #include "app/workstation_program.h"
@@ -53,6 +54,8 @@ int run(QApplication& application, const GivenOptions& options, const QString& c
         if (!line.isEmpty())
             logReason(program.session, line);
     }
+    if (odbcDataSources().isEmpty())
+        offerFirstStart();
     program.start();
     return QApplication::exec();
 }
