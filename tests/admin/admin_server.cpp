@@ -91,16 +91,6 @@ QString AdminOnServer::psql(const QString& database, const QString& statement) {
     return server().psql(database, statement);
 }
 
-QString AdminOnServer::listed(const QString& name) {
-    const auto outcome = run(u"accounts"_s);
-    EXPECT_EQ(outcome.code, 0) << outcome.errors.toStdString();
-    for (const auto& line : outcome.output.split(u'\n')) {
-        if (line.startsWith(name + u' '))
-            return line.simplified();
-    }
-    return {};
-}
-
 bool AdminOnServer::takesLogin(const QString& user, const QString& password) {
     // A name is never used twice: the driver manager remembers what it has read for some seconds.
     const auto name = u"%1-%2"_s.arg(database_).arg(++sources_);

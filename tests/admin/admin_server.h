@@ -46,8 +46,7 @@ class AdminOnServer : public ::testing::Test {
     }
     static const AdminServer& server();
     QString address() const { return server().address(database_); }
-    /// The line of an account in the list, its parts separated by one blank; empty when there is none.
-    QString listed(const QString& name);
+    QString listed(const QString& name) { return lineOfAccount(run(QStringLiteral("accounts")), name); }
     /// What a statement of the administrator answers.
     static QString psql(const QString& database, const QString& statement);
     /// True when the workstation takes the login through the data source that the program has written.
