@@ -77,20 +77,20 @@ TEST_F(FlukeCommunicationLog, HoldsTheErrorWithItsWords) {
     const auto& error = calibrator.errors.first();
     list(singleInstrument());
     fault(u"%1=%2"_s.arg(calibrator.imageStep).arg(error.status));
-    download(error.words);
+    download(error.words());
     const auto failed = logged().filter(QRegularExpression(u"^%1\\("_s.arg(calibrator.imageStep)));
     ASSERT_EQ(failed.size(), 1);
-    EXPECT_TRUE(failed.first().contains(u" = %1 %2, "_s.arg(error.status).arg(error.words)))
+    EXPECT_TRUE(failed.first().contains(u" = %1 %2, "_s.arg(error.status).arg(error.words())))
         << failed.first().toStdString();
 }
 
 TEST_F(FlukeCommunicationLog, TellsThatTheCalibratorDoesNotAnswer) {
     simulatorFolder.put(u"memory.json"_s, "{");
     list(singleInstrument());
-    download(calibrator.noAnswer);
+    download(calibrator.noAnswer.words());
     const auto& opening = calibrators.log(calibrator.name).opening();
     ASSERT_TRUE(opening.has_value());
-    EXPECT_TRUE(opening->refusal.endsWith(calibrator.noAnswer)) << opening->refusal.toStdString();
+    EXPECT_TRUE(opening->refusal.endsWith(calibrator.noAnswer.words())) << opening->refusal.toStdString();
 }
 
 } // namespace kelvane::testing

@@ -99,7 +99,7 @@ TEST_F(TorqueCommunicationLog, ShowsALineOnWhichNothingAnswers) {
     switchOn({u"silent"_s});
     list(u"TW-101"_s);
     expectNoLink();
-    download(messages::noLink);
+    download(messages::noLink());
     const auto lines = logged();
     EXPECT_EQ(lines.filter(u"sent 10 04 02 | <DLE><EOT><STX>"_s).size(), 4)
         << lines.join(u'\n').toStdString();
@@ -110,7 +110,7 @@ TEST_F(TorqueCommunicationLog, ShowsALineOnWhichNothingAnswers) {
 TEST_F(TorqueCommunicationLog, NamesThePortThatCanNotBeOpened) {
     workplace.settings.setValue(u"Ports"_s, u"COM1"_s, u"A50285BI"_s);
     list(u"TW-101"_s);
-    download(messages::noPort);
+    download(messages::noPort());
     ASSERT_TRUE(calibrators.torqueStarLog.opening().has_value());
     const auto reason =
         u"The port COM1 could not be opened: there is no such device. A50285BI matches no device, or more than one."_s;
