@@ -24,7 +24,7 @@ namespace {
 
 constexpr int iconSize = 64;
 /// A path of usual length is seen whole.
-constexpr int charactersInField = 52;
+constexpr int charactersInField = 72;
 
 QString templateInUse(const Session& session) {
     const auto path = ModuleGlobals::resultTemplatePath(session);

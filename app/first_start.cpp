@@ -24,7 +24,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr int widthInCharacters = 64;
+constexpr int widthInCharacters = 80;
 
 /// A text of several lines, which can be selected.
 QLabel* paragraph(const QString& name) {
@@ -33,12 +33,6 @@ QLabel* paragraph(const QString& name) {
     made->setTextInteractionFlags(Qt::TextSelectableByMouse);
     made->setMinimumWidth(made->fontMetrics().averageCharWidth() * widthInCharacters);
     return made;
-}
-
-void tell(QLabel& label, const QString& words) {
-    label.setText(words);
-    label.setAccessibleName(words);
-    label.setVisible(!words.isEmpty());
 }
 
 /// The last line of what a program has said of its failure, without the program's name.
@@ -114,6 +108,20 @@ void FirstStart::setRunning(bool running) {
     ProgressMaking->setVisible(running);
     for (auto* command : {CommandMake, CommandGuide, CommandContinue})
         command->setEnabled(!running);
+    fitHeight();
+}
+
+void FirstStart::tell(QLabel& label, const QString& words) {
+    label.setText(words);
+    label.setAccessibleName(words);
+    label.setVisible(!words.isEmpty());
+    fitHeight();
+}
+
+/// As high as its texts need in their lines.
+void FirstStart::fitHeight() {
+    layout()->activate();
+    resize(width(), layout()->totalHeightForWidth(width()));
 }
 
 void FirstStart::fail(const QString& reason) {
@@ -148,7 +156,9 @@ void FirstStart::nameDatabase(const QByteArray& section) {
     setRunning(false);
     tell(*LabelOutcome, text(TextId::firstStartMade).arg(QDir::toNativeSeparators(databaseToTry())));
     // It is done; there is one way on.
+    tell(*LabelOffer, {});
     CommandMake->hide();
+    CommandGuide->hide();
     CommandContinue->setDefault(true);
     CommandContinue->setFocus();
 }

@@ -34,6 +34,8 @@ class FirstStart final : public QDialog {
     void openGuide();
     void setRunning(bool running);
     void fail(const QString& reason);
+    void tell(QLabel& label, const QString& words);
+    void fitHeight();
 
     QString admin_;
     QString guide_;

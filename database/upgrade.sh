@@ -62,7 +62,7 @@ locked() {
 step() {
     name=${1#*-}
     echo "begin exclusive; $history"
-    echo "insert into kelvane_upgrades values (${1%%-*}, '${name%%.*}', datetime('now', 'localtime'));"
+    echo "insert into kelvane_upgrades (number, name, carried_out) values (${1%%-*}, '${name%%.*}', datetime('now', 'localtime'));"
     case $name in
     *.owner.sql)
         for owner in $owners; do

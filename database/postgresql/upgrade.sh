@@ -82,7 +82,7 @@ steps() {
         printf '%s\n' '\if :lacking'
         printf '%s\n' '\if :new' '\else' 'begin;' "$look_at_parts" '\endif'
         step "$file" $owners
-        echo "insert into kelvane.upgrades values ($number, '${name%%.*}', localtimestamp(0));"
+        echo "insert into kelvane.upgrades (number, name, carried_out) values ($number, '${name%%.*}', localtimestamp(0));"
         # The steps of this run; the history has that column since step 5.
         [ "$number" -lt 5 ] ||
             echo "update kelvane.upgrades set program = '$program' where number > $present and program is null;"

@@ -57,6 +57,16 @@ class First : public ::testing::Test {
     bool waitForEnd() {
         return QTest::qWaitFor([&] { return !isMaking(); }, patience);
     }
+    /// Every text has the height that its lines need.
+    void expectWholeTexts() {
+        QCoreApplication::processEvents();
+        for (const auto* label : window->findChildren<QLabel*>()) {
+            if (label->isVisible()) {
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                    << label->text().toStdString();
+            }
+        }
+    }
     void takePicture(const QString& name) {
         if (qEnvironmentVariableIsSet("KELVANE_PICTURES"))
             window->grab().save(qEnvironmentVariable("KELVANE_PICTURES") + u'/' + name);
@@ -87,6 +97,7 @@ TEST_F(First, OffersThreeWaysInPlainWords) {
     }
     EXPECT_FALSE(isMaking());
     EXPECT_EQ(outcome(), QString());
+    expectWholeTexts();
     takePicture(u"first_start.png"_s);
 }
 
@@ -96,6 +107,7 @@ TEST_F(First, MakesADatabaseThatTheLoginCanUse) {
     click(command(u"CommandMake"_s));
     EXPECT_TRUE(isMaking());
     EXPECT_FALSE(command(u"CommandContinue"_s).isEnabled());
+    expectWholeTexts();
     takePicture(u"first_start_making.png"_s);
     window->reject();
     EXPECT_TRUE(window->isVisible()) << "it closes behind the making only";
@@ -103,6 +115,7 @@ TEST_F(First, MakesADatabaseThatTheLoginCanUse) {
     EXPECT_EQ(
         outcome(),
         u"The database stands in %1. Log in as cnguyen or jdoe with the password kelvane."_s.arg(database));
+    expectWholeTexts();
     takePicture(u"first_start_made.png"_s);
 
     EXPECT_TRUE(folder.read(u"odbc.ini"_s).startsWith(u"; the user's own list\n\n[Calibration Data]\n"_s));
@@ -141,6 +154,7 @@ TEST_F(First, SaysWhyNoDatabaseWasMadeAndOffersItAgain) {
     EXPECT_TRUE(outcome().startsWith(u"The database could not be made: "_s)) << outcome().toStdString();
     EXPECT_TRUE(outcome().contains(folder.path() + u"/data"_s)) << outcome().toStdString();
     EXPECT_FALSE(QFile::exists(list));
+    expectWholeTexts();
     takePicture(u"first_start_failed.png"_s);
 
     ASSERT_TRUE(QFile::remove(folder.path() + u"/data"_s));

@@ -132,7 +132,7 @@ TEST_F(UpgradeFailure, ByAKillAtAnyCallOfTheSystemLeavesAllFilesBeforeOrAllBehin
         QDir(site()).removeRecursively();
         QProcess::execute(u"cp"_s, {u"-r"_s, earlier, site()});
         environment.variables.insert(u"KELVANE_KILL_AT"_s, QString::number(call));
-        killed = !upgrade(scripts, environment).output.contains(u"is of version 9 now"_s);
+        killed = !upgrade(scripts, environment).output.contains(u"is of version 10 now"_s);
         const auto found = states.indexOf(stateOfEveryFile());
         ASSERT_GE(found, 0) << "killed at call " << call << ": " << stateOfEveryFile().toStdString();
         ++seen.at(static_cast<std::size_t>(found));
