@@ -113,7 +113,9 @@ QString setAccount(const Invocation& invocation) {
         accounts->set(present->name, owner, level, nullptr);
     } else {
         const auto password = newPassword(name);
-        accounts->set(name, owner, level, &password);
+        if (!accounts->set(name, owner, level, &password))
+            return u"The server had the login %1 before, which keeps its password; the command password sets "
+                   "another.\n"_s.arg(name);
     }
     return {};
 }

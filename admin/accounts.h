@@ -28,8 +28,9 @@ struct Account {
     bool mayLogIn() const { return hasLogin && isUser; }
 };
 
-/// The accounts of a database. Each operation takes effect as a whole or not at all, and throws `Failure`
-/// when it does not.
+/// The accounts of a database. An operation that throws `Failure` has changed nothing. On a server each takes
+/// effect as a whole or not at all. In a folder logins and users are two files, and a crash while they are
+/// committed can leave one of them without the change.
 class Accounts {
   public:
     virtual ~Accounts() = default;
@@ -38,8 +39,9 @@ class Accounts {
     /// The account of a name, as the engine compares names.
     std::optional<Account> find(const QString& name);
 
-    /// Sets owner and level. With a password the login is made, or its password set.
-    virtual void set(const QString& name, const QString& owner, int level, const Password* password) = 0;
+    /// Sets owner and level. With a password the login is made. False when the server has one of this name,
+    /// which keeps its own password.
+    virtual bool set(const QString& name, const QString& owner, int level, const Password* password) = 0;
     /// Of a login that exists.
     virtual void setPassword(const QString& name, const Password& password) = 0;
     /// Removes login and user.

@@ -76,7 +76,6 @@ DatabaseAddress databaseAddress(const QString& text) {
             .host = values.value(u"host"_s, usualSocketFolder),
             .port = values.value(u"port"_s),
             .database = values.value(u"dbname"_s),
-            .user = values.value(u"user"_s),
             .sslMode = values.value(u"sslmode"_s),
             .rootCertificate = values.value(u"sslrootcert"_s)};
 }

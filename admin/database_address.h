@@ -15,7 +15,6 @@ struct DatabaseAddress {
     QString host = {};
     QString port = {};
     QString database = {};
-    QString user = {};
     /// The kind of encryption that the address asks for; empty when it does not.
     QString sslMode = {};
     /// The file with the certificates that the server's own is checked against; empty for that of the user.

@@ -120,12 +120,13 @@ void EmbeddedAccounts::requireOwner(const QString& owner) const {
             u"there is no owner %1; those of %2 are %3"_s.arg(owner, folder_, owners.join(u", "_s))};
 }
 
-void EmbeddedAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
+bool EmbeddedAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
     requireOwner(owner);
     QStringList statements{isDatabaseOwner(name) ? removeUser(name) : setUser(name, owner, level)};
     if (password != nullptr)
         statements << setHash(name, *password);
     executeTogether(statements);
+    return true;
 }
 
 void EmbeddedAccounts::setPassword(const QString& name, const Password& password) {

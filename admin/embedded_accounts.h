@@ -12,7 +12,7 @@ class EmbeddedAccounts final : public Accounts {
     /// Throws `Failure` for a folder that holds no database.
     explicit EmbeddedAccounts(const QString& folder);
 
-    void set(const QString& name, const QString& owner, int level, const Password* password) override;
+    bool set(const QString& name, const QString& owner, int level, const Password* password) override;
     void setPassword(const QString& name, const Password& password) override;
     void remove(const QString& name) override;
 

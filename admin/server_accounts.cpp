@@ -30,12 +30,14 @@ QList<Account> ServerAccounts::read() {
     return accounts;
 }
 
-void ServerAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
+bool ServerAccounts::set(const QString& name, const QString& owner, int level, const Password* password) {
     server_.run("begin");
-    server_.run("select kelvane.set_account($1, $2, $3)", {name, owner, QString::number(level)});
-    if (password != nullptr)
+    const bool isNew = server_.run("select kelvane.set_account($1, $2, $3)",
+                                   {name, owner, QString::number(level)})[0][0] == u"t";
+    if (isNew && password != nullptr)
         server_.run(setPasswordQuery, {name, server_.verifierOf(*password, name)});
     server_.run("commit");
+    return isNew;
 }
 
 void ServerAccounts::setPassword(const QString& name, const Password& password) {

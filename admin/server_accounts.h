@@ -12,7 +12,7 @@ class ServerAccounts final : public Accounts {
     /// Throws `Failure` when the server does not take the connection.
     explicit ServerAccounts(const DatabaseAddress& address) : server_(address) {}
 
-    void set(const QString& name, const QString& owner, int level, const Password* password) override;
+    bool set(const QString& name, const QString& owner, int level, const Password* password) override;
     void setPassword(const QString& name, const Password& password) override;
     void remove(const QString& name) override;
 

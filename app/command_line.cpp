@@ -71,7 +71,7 @@ const Program& workstationCommandLine() {
         .name = u"kelvane"_s,
         .usage = u"[OPTION]..."_s,
         .description = u"The workstation: calibrates process instruments with documenting calibrators.\n"
-                       "It works in the current folder, where \"errors.log\" and the result template stand.\n"
+                       "It works in the current folder: \"errors.log\" and the result template stand there.\n"
                        "Options of the toolkit, such as -platform and -style, count too."_s,
         .options = ownOptions() + toolkitOptions(),
         .isPassedOver = isPassedOver,

@@ -32,19 +32,17 @@ void logIn(Session& session, Menu& menu, const QString& username, const QString&
 }
 
 bool logInAgain(Session& session, Menu& menu, const QString& password) {
-    const auto owner = session.SessionOwner;
-    const auto level = session.SessionLevel;
+    const auto before = databaseValuesOf(session);
     auto undo = qScopeGuard([&] {
         closeConnection(session);
-        session.SessionOwner = owner;
-        session.SessionLevel = level;
+        setDatabaseValues(session, before);
     });
     // The same object stays: a command that waits behind the screens may use it.
     closeConnection(session);
     sharedConnection(session).open(u"DSN="_s + session.SessionDataSource, session.SessionUser,
                                    trimBlanks(password));
     readSessionValues(session, session.SessionUser);
-    if (session.SessionOwner != owner || session.SessionLevel != level)
+    if (databaseValuesOf(session) != before)
         return false;
     undo.dismiss();
     session.SessionPassword = trimBlanks(password);

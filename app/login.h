@@ -15,7 +15,8 @@ void logIn(Session& session, Menu& menu, const QString& username, const QString&
 
 /// Makes the connection of a session again that goes on: to the same data source, for the same user. Throws
 /// the `Error` that stopped it; the session is as before then. False, and nothing done, when owner or level
-/// of the user are others now: the open screens are those of the old ones.
+/// of the user or the site's configuration (its date format, for one) are others now: what stands in the open
+/// screens was typed by the old ones.
 bool logInAgain(Session& session, Menu& menu, const QString& password);
 
 /// Closes and releases the connection of a session that is connected. Reported as "MDIFormMain,mnuLogout".

@@ -1,6 +1,8 @@
 #include "app/calibrator_hardware.h"
 #include "app/command_line.h"
 #include "app/display_check.h"
+#include "app/first_start.h"
+#include "app/language.h"
 #include "app/user_folder.h"
 #include "app/workstation_program.h"
 #include "platform/database/odbc_connection.h"
@@ -11,6 +13,7 @@
 #include "ui/repaint.h"
 
 #include <QApplication>
+#include <QLocale>
 
 #include <clocale>
 #include <cstdlib>
@@ -22,18 +25,20 @@ namespace kelvane {
 
 namespace {
 
-int run(const GivenOptions& options, const QString& commandLine) {
+int run(QApplication& application, const GivenOptions& options, const QString& commandLine) {
     // The application takes the user's locale; database drivers would then write "1234,5".
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(u"KELVANE"_s);
     QApplication::setApplicationVersion(programVersion());
+    const SystemClock clock;
+    IniSettingsStore stored(IniSettingsStore::defaultPath());
+    const auto unknownLanguage = chooseLanguage(stored, QLocale::system().uiLanguages());
+    translateToolkit(application);
     // Files that the command line names stand in the folder where it was written.
     const auto unreadable = overlayTextsOf(options);
     if (const auto fault = wantsUserFolder(options) ? enterUserFolder() : QString(); !fault.isEmpty())
         return writeAnswer(workstationCommandLine().name, {fault, 1});
 
-    const SystemClock clock;
-    IniSettingsStore stored(IniSettingsStore::defaultPath());
     SettingsWithOptions settings(stored, options);
     CalibratorHardware hardware(settings);
     WorkstationProgram program(clock, settings, odbcConnections(repaintWindows), hardware.links(),
@@ -44,9 +49,13 @@ int run(const GivenOptions& options, const QString& commandLine) {
                                    // At once: nothing is unwound, whatever dialog or command is running.
                                    .endProcess = [] { std::_Exit(EXIT_SUCCESS); },
                                });
-    logReason(program.session, text(TextId::programStarted).arg(programVersion()));
-    if (!unreadable.isEmpty())
-        logReason(program.session, unreadable);
+    for (const auto& line :
+         {text(TextId::programStarted).arg(programVersion()), unknownLanguage, unreadable}) {
+        if (!line.isEmpty())
+            logReason(program.session, line);
+    }
+    if (odbcDataSources().isEmpty())
+        offerFirstStart();
     program.start();
     return QApplication::exec();
 }
@@ -66,7 +75,7 @@ int main(int argc, char** argv) {
         return writeAnswer(workstationCommandLine().name, answer);
     }
     auto check = std::make_optional<DisplayCheck>();
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
     check.reset();
-    return run(options, words.join(u' '));
+    return run(application, options, words.join(u' '));
 }

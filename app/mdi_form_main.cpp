@@ -1,5 +1,6 @@
 #include "app/mdi_form_main.h"
 
+#include "app/about_box.h"
 #include "app/form_odbc.h"
 #include "app/login.h"
 #include "app/menu_options.h"
@@ -9,6 +10,7 @@
 #include "editors/form_work_config.h"
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 #include "editors/strategies/form_strategies.h"
+#include "platform/version.h"
 #include "procedures/strategies.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -105,6 +107,8 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
     menu_.changed = [this] { applyMenu(); };
     connectGuarded(&statusLine_->connectButton(), &QPushButton::clicked, this, session_.ui,
                    [this] { connectAgain(); });
+    connectGuarded(&statusLine_->aboutButton(), &QPushButton::clicked, this, session_.ui,
+                   [this] { openAboutBox(session_, this); });
     auto* entering = new QShortcut(QKeySequence(Qt::Key_F10), this);
     connectGuarded(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
 }
@@ -135,6 +139,8 @@ void MDIFormMain::setCaptions() {
         action(row.entry)->setText(withMnemonic(text(row.caption), taken[row.parent]));
     statusLine_->setConnecting([this] { return offersConnecting(); },
                                withMnemonic(text(TextId::connectAgain), taken[MenuEntry::none]));
+    // Without the number of the correction, which the box tells.
+    statusLine_->aboutButton().setText(programNameWithVersion(programVersion().section(u'.', 0, 1)));
 }
 
 void MDIFormMain::enterMenu() {

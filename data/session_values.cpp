@@ -61,6 +61,26 @@ void readSite(Session& session) {
 
 } // namespace
 
+DatabaseValues databaseValuesOf(const Session& session) {
+    return {session.SessionOwner,
+            session.SessionLevel,
+            session.SessionDateFormat,
+            session.SessionDbVersion,
+            session.BCal4225,
+            session.BCal4224,
+            session.BCalP};
+}
+
+void setDatabaseValues(Session& session, const DatabaseValues& values) {
+    session.SessionOwner = values.owner;
+    session.SessionLevel = values.level;
+    session.SessionDateFormat = values.dateFormat;
+    session.SessionDbVersion = values.version;
+    session.BCal4225 = values.bCal4225;
+    session.BCal4224 = values.bCal4224;
+    session.BCalP = values.bCalP;
+}
+
 void readSessionValues(Session& session, const QString& user) {
     readUser(session, user);
     readSite(session);

@@ -6,6 +6,21 @@ namespace kelvane {
 
 class Routine;
 
+/// The session values that the database holds: of the user, and of the site.
+struct DatabaseValues {
+    QString owner;
+    qint16 level = 0;
+    QString dateFormat;
+    qint16 version = 0;
+    bool bCal4225 = false;
+    bool bCal4224 = false;
+    bool bCalP = false;
+    bool operator==(const DatabaseValues&) const = default;
+};
+
+DatabaseValues databaseValuesOf(const Session& session);
+void setDatabaseValues(Session& session, const DatabaseValues& values);
+
 /// Fills the session values that the database holds for a user, over the open connection: owner and level
 /// from the list of users, date format, version and switches from the site's configuration. Throws the
 /// `Error` that stopped it; what was filled before stays.

@@ -124,6 +124,14 @@ void warnOfTemplate(Session& session) {
 
 } // namespace
 
+QString resultTemplatePath(const Session& session) {
+    try {
+        return templatePath(session);
+    } catch (const Error&) {
+        return {};
+    }
+}
+
 void StartupFunctions(Session& session, const QString& commandLine) {
     Routine routine(session, u"ModuleGlobals,StartupFunctions"_s);
     routine.run([&] {

@@ -10,4 +10,7 @@ namespace kelvane::ModuleGlobals {
 /// in `WinDir` names; both are read as UTF-8, a line that is not UTF-8 as Windows-1252.
 void StartupFunctions(Session& session, const QString& commandLine);
 
+/// The template that `StartupFunctions` takes now; empty when none is named. It need not exist.
+QString resultTemplatePath(const Session& session);
+
 } // namespace kelvane::ModuleGlobals

@@ -61,24 +61,22 @@ void DemoWorkstation::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 void DemoWorkstation::expectChoice(const QString& title, const QString& calibrator) {
-    simulatedOperator.expectDialog(title, u"Select Calibrator To Use:"_s, calibrator);
+    simulatedOperator.expectDialog(title, text(TextId::selectCalibratorToUse), calibrator);
 }
 
 void DemoWorkstation::expectStandard(const QString& asset, const QString& standard) {
-    simulatedOperator.expectDialog(asset + u": External Standard Required"_s,
-                                   u"Standard to be used for this calibration:"_s, standard);
+    simulatedOperator.expectDialog(asset + u": "_s + text(TextId::externalStandardRequired),
+                                   text(TextId::standardToUse), standard);
 }
 
 void DemoWorkstation::expectRecord(const QString& asset) {
-    const auto caption = u"Calibration Record Data (%1)"_s.arg(asset);
-    simulatedOperator.expectDialog(caption, u"Please enter information for: Place of Calibration"_s,
-                                   u"IN PLACE"_s);
-    simulatedOperator.expectDialog(caption, u"Please enter information for: Ambient Temperature (C)"_s,
-                                   u"21.5"_s);
+    const auto caption = recordQuestion(asset);
+    simulatedOperator.expectDialog(caption, fieldQuestion(u"Place of Calibration"_s), u"IN PLACE"_s);
+    simulatedOperator.expectDialog(caption, fieldQuestion(u"Ambient Temperature (C)"_s), u"21.5"_s);
 }
 
 void DemoWorkstation::openDownloadList(const QString& calibrator) {
-    expectChoice(u"Download"_s, calibrator);
+    expectChoice(text(TextId::downloadCommand), calibrator);
     step(u"choose the calibrator %1"_s.arg(calibrator), [this] { press(Qt::Key_F1); });
 }
 
@@ -101,13 +99,13 @@ void DemoWorkstation::expectList(const QStringList& rows) {
 }
 
 void DemoWorkstation::download() {
-    simulatedOperator.expectBox(u"Download Successful"_s, downloadTitle, box::information);
+    simulatedOperator.expectBox(text(TextId::downloadSuccessful), downloadTitle(), box::information);
     step(u"download"_s,
          [this] { click(control<QPushButton>(child(u"FormDockingDown"_s), u"CommandDownload"_s)); });
 }
 
 void DemoWorkstation::upload(const QString& description) {
-    simulatedOperator.expectBox(u"Upload Successful"_s, uploadTitle, box::information);
+    simulatedOperator.expectBox(text(TextId::uploadSuccessful), uploadTitle(), box::information);
     step(description, [this] { press(Qt::Key_F2); });
 }
 

@@ -1,14 +1,30 @@
 #pragma once
 
 #include "app/workstation_program.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/controls.h"
 #include "testkit/simulated_operator.h"
 
 namespace kelvane::demo {
 
-inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
-inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
-inline const QString recordTitle = QStringLiteral("Calibration Record Creation");
+inline QString downloadTitle() {
+    return text(TextId::downloadProcedures);
+}
+inline QString uploadTitle() {
+    return text(TextId::uploadTestResults);
+}
+inline QString recordTitle() {
+    return text(TextId::recordCreation);
+}
+
+/// Title and prompt of the dialog that asks for a field of an instrument's record.
+inline QString recordQuestion(const QString& asset) {
+    return text(TextId::calibrationRecordData) + QStringLiteral(" (%1)").arg(asset);
+}
+inline QString fieldQuestion(const QString& field) {
+    return text(TextId::enterInformationFor) + u' ' + field;
+}
 
 /// The workstation and its simulated operator, and the steps that are the same for every calibrator.
 class DemoWorkstation {

@@ -5,6 +5,8 @@
 #include "demo/paper_day.h"
 #include "demo/preparation.h"
 #include "demo/torque_day.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -33,9 +35,7 @@ void Demonstration::run() {
 void Demonstration::start() {
     station_.step(u"start, up to the login screen"_s, [this] { station_.program.start(); });
     lookAtDataSources();
-    station_.simulatedOperator.expectBox(
-        u"Database connection Failed! Check username/password and network connection and try again..."_s,
-        u"Kelvane"_s, box::stop);
+    station_.simulatedOperator.expectBox(text(TextId::databaseConnectionFailed), u"Kelvane"_s, box::stop);
     station_.step(u"log in with a wrong password: refused"_s, [this] { typeLogin(u"jdoe"_s, u"guess"_s); });
 }
 
@@ -67,7 +67,7 @@ void Demonstration::logOut() {
 }
 
 void Demonstration::exit() {
-    station_.simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+    station_.simulatedOperator.expectBox(text(TextId::confirmExit), u"Kelvane"_s, box::question,
                                          BoxAnswer::yes);
     station_.step(u"exit"_s, [this] {
         click(control<QPushButton>(station_.child(u"FormConnect"_s), u"CommandCancel"_s));

@@ -21,14 +21,12 @@ void FlukeDay::list(const FieldRun& run, const QString& overdue) {
 void FlukeDay::expectStandards(const FieldRun& run, const QString& overdue) {
     const auto& asset = run.record.asset;
     auto& simulatedOperator = station_.simulatedOperator;
-    simulatedOperator.expectBox(
-        asset +
-            u": Output of device cannot be measured by the calibrator. The calibrator will prompt you for a reading that may not be in the same units of measure as the device under test. Please ignore the calibrator units of measure; the proper units and range will be used during the upload process."_s,
-        downloadTitle, box::information);
+    simulatedOperator.expectBox(asset + u": "_s + text(TextId::outputNotMeasurable), downloadTitle(),
+                                box::information);
     if (!overdue.isEmpty()) {
         station_.expectStandard(asset, overdue);
-        simulatedOperator.expectBox(u"Standard is overdue for calibration!"_s,
-                                    u"External Standard Required"_s, box::warning);
+        simulatedOperator.expectBox(text(TextId::standardOverdue), text(TextId::externalStandardRequired),
+                                    box::warning);
     }
     station_.expectStandard(asset, run.standard);
     station_.expectStandard(asset, {});
@@ -39,7 +37,7 @@ void FlukeDay::listMeasured() {
     const auto assets = assetsOf(runs_.measured);
     for (const auto& asset : assets)
         station_.add(u"add "_s + asset, asset);
-    station_.simulatedOperator.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle,
+    station_.simulatedOperator.expectBox(u"AC-604: "_s + text(TextId::cannotSourceAcVoltage), downloadTitle(),
                                          box::warning);
     station_.add(u"add AC-604: the calibrator can't take it"_s, u"AC-604"_s);
 }
@@ -53,7 +51,7 @@ void FlukeDay::calibrate(const QString& description, const QList<FieldRun>& runs
             plan += planLine(run, day_).toUtf8();
         carryOut(memory_, plan);
     });
-    station_.expectChoice(uploadTitle, calibrator_);
+    station_.expectChoice(uploadTitle(), calibrator_);
     for (const auto& run : runs) {
         station_.expectRecord(run.record.asset);
         if (run.disagreement != Disagreement::none)
@@ -65,12 +63,10 @@ void FlukeDay::calibrate(const QString& description, const QList<FieldRun>& runs
 }
 
 void FlukeDay::uploadAgain(const QList<FieldRun>& runs) {
-    station_.expectChoice(uploadTitle, calibrator_);
+    station_.expectChoice(uploadTitle(), calibrator_);
     for (const auto& run : runs) {
         station_.expectRecord(run.record.asset);
-        station_.simulatedOperator.expectBox(
-            u"A calibration record for this UUT with the same calibration date and time already exists! Aborting calibration record creation for this UUT."_s,
-            recordTitle, box::stop);
+        station_.simulatedOperator.expectBox(text(TextId::recordAlreadyExists), recordTitle(), box::stop);
     }
     station_.upload(u"upload again: every record is there already"_s);
     earlier_.resize(earlier_.size() - runs.size());

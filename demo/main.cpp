@@ -1,4 +1,5 @@
 #include "app/calibrator_hardware.h"
+#include "app/language.h"
 #include "demo/demonstration.h"
 #include "demo/torquestar.h"
 #include "platform/database/odbc_connection.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLocale>
 
 #include <clocale>
 #include <cstdio>
@@ -72,6 +74,7 @@ int main(int argc, char** argv) {
         const SystemClock clock;
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
+        chooseLanguage(settings, QLocale::system().uiLanguages());
         CalibratorHardware hardware(settings, InstalledFiles().simulatorLibraries());
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),

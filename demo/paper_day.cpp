@@ -17,8 +17,6 @@ namespace kelvane::demo {
 namespace {
 
 const QStringList instruments{u"PT-102"_s, u"TIT-202"_s, u"IP-301"_s, u"LI-402"_s, u"VF-503"_s};
-const QString entryTitle = u"Enter Test Results From Worksheet(s)"_s;
-const QString standardsTitle = u"Standards Used"_s;
 
 /// What came back from the plant. The operator enters no readings: they stay on the sheet.
 const Record& paperRecord() {
@@ -42,9 +40,8 @@ void list(DemoWorkstation& station, const QString& asset) {
 
 void checkStandard(DemoWorkstation& station) {
     auto& simulatedOperator = station.simulatedOperator;
-    simulatedOperator.expectDialog(u"Check A Standard"_s, u"Enter a standard to check:"_s, u"PM-030"_s);
-    simulatedOperator.expectBox(u"Standard is overdue for calibration!"_s, u"Check A Standard"_s,
-                                box::warning);
+    simulatedOperator.expectDialog(text(TextId::checkStandard), text(TextId::standardToCheck), u"PM-030"_s);
+    simulatedOperator.expectBox(text(TextId::standardOverdue), text(TextId::checkStandard), box::warning);
     station.step(u"check the standard PM-030: it is overdue"_s, [&] {
         click(control<QPushButton>(station.child(u"FormWorksheetPrint"_s), u"CommandChkStandard"_s));
     });
@@ -60,7 +57,7 @@ void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt
 /// In the preview: saves the pages as a PDF, and closes it.
 void savePages(DemoWorkstation& station, QWidget& preview, const QString& path) {
     station.takePicture(preview, u"worksheets"_s);
-    station.simulatedOperator.expectWindow(u"Save as PDF"_s, [&](QWidget& dialog) {
+    station.simulatedOperator.expectWindow(text(TextId::saveReport).remove(u"..."_s), [&](QWidget& dialog) {
         auto& name = control<QLineEdit>(dialog, u"fileNameEdit"_s);
         // Typed letters would bring up the list of files.
         name.setText(path);
@@ -81,7 +78,7 @@ void printSheets(DemoWorkstation& station, const QString& path) {
         list(station, asset);
     checkStandard(station);
     station.takePicture(u"FormWorksheetPrint"_s);
-    station.simulatedOperator.expectWindow(u"Calibration Worksheet"_s,
+    station.simulatedOperator.expectWindow(text(TextId::calibrationWorksheet),
                                            [&](QWidget& preview) { savePages(station, preview, path); });
     station.step(u"print the sheets into "_s + path, [&] {
         click(control<QPushButton>(station.child(u"FormWorksheetPrint"_s), u"CommandPrint"_s));
@@ -90,24 +87,25 @@ void printSheets(DemoWorkstation& station, const QString& path) {
 }
 
 void expectField(DemoWorkstation& station, const QString& title, const QString& value) {
-    station.simulatedOperator.expectDialog(u"Calibration Record Data (%1)"_s.arg(paperRecord().asset),
-                                           u"Please enter information for: "_s + title, value);
+    station.simulatedOperator.expectDialog(recordQuestion(paperRecord().asset), fieldQuestion(title), value);
 }
 
 void expectStandard(DemoWorkstation& station, const QString& standard) {
-    station.simulatedOperator.expectDialog(standardsTitle, u"Enter standard used:"_s, standard);
+    station.simulatedOperator.expectDialog(text(TextId::standardsUsed), text(TextId::standardUsedPrompt),
+                                           standard);
 }
 
 void openEntry(DemoWorkstation& station) {
     auto& simulatedOperator = station.simulatedOperator;
-    simulatedOperator.expectDialog(entryTitle, u"Enter instrument #: (or press CANCEL to quit)"_s,
-                                   paperRecord().asset);
+    simulatedOperator.expectDialog(text(TextId::enterWorksheetResults),
+                                   text(TextId::worksheetInstrumentPrompt), paperRecord().asset);
     station.expectRecord(paperRecord().asset);
     // It is required and has no default, so it is asked for a second time.
     expectField(station, u"Ambient Temperature (C)"_s, u"21.5"_s);
     expectStandard(station, u"DWT-01"_s);
     expectStandard(station, u"DWT-01"_s);
-    simulatedOperator.expectBox(u"Standard already listed!"_s, standardsTitle, box::warning);
+    simulatedOperator.expectBox(text(TextId::standardAlreadyListed), text(TextId::standardsUsed),
+                                box::warning);
     expectStandard(station, u"DMM-87V"_s);
     expectStandard(station, {});
     station.step(u"enter the sheet of "_s + paperRecord().asset,

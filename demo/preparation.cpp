@@ -116,14 +116,13 @@ class Screen {
     QString name_;
 };
 
-const QString newName = u"Enter a name for the new test strategy (30 chars max!):"_s;
-
 void makeStrategy(DemoWorkstation& station) {
     Screen screen(station, u"FormStrategies"_s, Qt::Key_S, u"open the test strategies"_s);
-    station.simulatedOperator.expectDialog(u"Add new test strategy"_s, newName, strategy);
+    station.simulatedOperator.expectDialog(text(TextId::addStrategy), text(TextId::newStrategyNamePrompt),
+                                           strategy);
     screen.press(u"name a new one "_s + strategy, u"CommandAdd"_s);
-    screen.pick(u"ComboPreDef"_s, u"3 Points Up (0-50-100%)"_s);
-    station.simulatedOperator.expectDialog(u"Kelvane"_s, u"Enter the test point to add: (%)"_s, u"75"_s);
+    screen.pick(u"ComboPreDef"_s, text(TextId::predefinedThreeUp));
+    station.simulatedOperator.expectDialog(u"Kelvane"_s, text(TextId::newTestPointPrompt), u"75"_s);
     screen.press(u"three points up, and one more"_s, u"CommandAddTP"_s);
     screen.clickRow(u"ListPoints"_s, u"75"_s);
     screen.press(u"CommandMoveUp"_s);
@@ -134,8 +133,8 @@ void makeStrategy(DemoWorkstation& station) {
 
 void writeMessage(DemoWorkstation& station) {
     Screen screen(station, u"FormTestMess"_s, Qt::Key_M, u"open the test messages"_s);
-    station.simulatedOperator.expectDialog(
-        u"Add Test Message"_s, u"Enter a name for the new test message: (30 characters max)"_s, message);
+    station.simulatedOperator.expectDialog(text(TextId::addMessage), text(TextId::newMessageNamePrompt),
+                                           message);
     screen.press(u"name a new one "_s + message, u"CommandCreate"_s);
     screen.write(u"TextMessage"_s, u"Vent $DB:I4201$ before you connect the module."_s);
     screen.press(u"write its text and save it"_s, u"CommandSave"_s);
@@ -143,7 +142,8 @@ void writeMessage(DemoWorkstation& station) {
 }
 
 void setParameters(DemoWorkstation& station) {
-    station.simulatedOperator.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s, asset);
+    station.simulatedOperator.expectDialog(text(TextId::calibrationParameters),
+                                           text(TextId::instrumentNumberPrompt), asset);
     Screen screen(station, u"FormCalParam"_s, Qt::Key_P,
                   u"open the calibration parameters of %1, which has none"_s.arg(asset));
     screen.pick(u"ComboTSName"_s, strategy);
@@ -168,7 +168,8 @@ void setParameters(DemoWorkstation& station) {
 
 void makePackage(DemoWorkstation& station) {
     Screen screen(station, u"FormPredefinedTasks"_s, Qt::Key_T, u"open the task packages"_s);
-    station.simulatedOperator.expectDialog(u"Add New Task Package"_s, newName, package);
+    station.simulatedOperator.expectDialog(text(TextId::newPackageTitle), text(TextId::newStrategyNamePrompt),
+                                           package);
     screen.press(u"name a new one "_s + package, u"CommandAddTP"_s);
     screen.type(u"TextListEnter"_s, asset);
     screen.press(u"put %1 into it"_s.arg(asset), u"CommandAdd"_s);
@@ -203,7 +204,7 @@ void calibratePrepared(DemoWorkstation& station, const QString& memory, const QD
     expectMessageIn(memory);
     station.step(u"carry out in the plant"_s,
                  [&] { carryOut(memory, planLine(runs.first(), day).toUtf8()); });
-    station.expectChoice(uploadTitle, fluke702);
+    station.expectChoice(uploadTitle(), fluke702);
     station.expectRecord(asset);
     station.upload(u"upload the first calibration of "_s + asset);
     checkRecords(*station.program.session.SharedConnection, day,

@@ -53,12 +53,12 @@ void listTools(DemoWorkstation& station) {
     station.add(u"add TW-101 with its transducer"_s, u"TW-101"_s);
 
     station.expectStandard(u"TW-102"_s, u"TT-0200F"_s);
-    simulatedOperator.expectBox(u"Standard is overdue for calibration!"_s, u"External Standard Required"_s,
+    simulatedOperator.expectBox(text(TextId::standardOverdue), text(TextId::externalStandardRequired),
                                 box::warning);
     expectStandardOf(station, tools()[1]);
     station.add(u"add TW-102; its first standard is overdue and refused"_s, u"TW-102"_s);
 
-    simulatedOperator.expectBox(u"HW-701: TorqueStar cannot accept selected input units!"_s, downloadTitle,
+    simulatedOperator.expectBox(u"HW-701: "_s + text(TextId::inputUnitsNotAccepted), downloadTitle(),
                                 box::warning);
     station.add(u"add HW-701: a torque calibrator can't take it"_s, u"HW-701"_s);
 
@@ -90,7 +90,7 @@ QDate runTorqueDay(DemoWorkstation& station, const QString& memory) {
     listTools(station);
     station.download();
     calibrateInPlant(station, memory, day);
-    station.expectChoice(uploadTitle, torqueStar);
+    station.expectChoice(uploadTitle(), torqueStar);
     for (const auto& tool : tools())
         station.expectRecord(tool.asset);
     station.upload(u"upload and complete the records"_s);

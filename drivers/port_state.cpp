@@ -41,7 +41,7 @@ QString portDescription(const SerialPorts& ports, int number) {
             return error.description;
         }
     };
-    return text(TextId::portDeviceShort).arg(portName(number), describe());
+    return portName(number) + u": "_s + describe();
 }
 
 QString noDeviceReason(const SerialPorts& ports, int number) {

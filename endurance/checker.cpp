@@ -26,15 +26,10 @@ QString roundKey(const QString& asset, int station, int number) {
     return u"%1 %2 %3"_s.arg(asset).arg(station).arg(number);
 }
 
-/// The whole number that a column of numbers holds.
-int wholeOf(const QString& value) {
-    return static_cast<int>(std::floor(value.toDouble()));
-}
-
 } // namespace
 
-Checker::Checker(Connection& connection, QStringList folders, const QString& resultTemplate)
-    : connection_(connection), folders_(std::move(folders)) {
+Checker::Checker(Connection& connection, QStringList folders, const QString& resultTemplate, SiteRows before)
+    : connection_(connection), folders_(std::move(folders)), edits_(folders_), before_(std::move(before)) {
     const ResultTemplate body(resultTemplate);
     readingColumn_ = body.columnOf(readingField);
     readingWidth_ = body.columnOf(readingField + 1) - readingColumn_;
@@ -60,6 +55,7 @@ Findings Checker::check() {
     readInventory();
     readRecords();
     checkCurrentMarks();
+    checkSiteRows();
     for (int station = 0; station < folders_.size(); ++station) {
         checkUploads(station);
         checkJournal(station);
@@ -110,9 +106,19 @@ void Checker::readRecords() {
 }
 
 void Checker::checkCurrentMarks() {
+    QHash<QString, int> marks;
+    for (const auto& record : std::as_const(records_))
+        marks.insert(record.asset, 0);
     for (const auto& row :
          rows(u"select mtag,count(ctag) from mt.calibration where c2339 = '1' group by mtag"_s, 2))
-        expect(row[1].toInt() == 1, u"%1 has %2 current records"_s.arg(assets_.value(row[0]), row[1]));
+        marks.insert(assets_.value(row[0]), row[1].toInt());
+    for (auto mark = marks.cbegin(); mark != marks.cend(); ++mark)
+        expect(mark.value() == 1, u"%1 has %2 current records"_s.arg(mark.key()).arg(mark.value()));
+}
+
+void Checker::checkSiteRows() {
+    const auto keys = records_.keys();
+    findings_.faults << faultsOfSiteRows(before_, readSiteRows(connection_, {keys.begin(), keys.end()}));
 }
 
 /// What the calibrator held when a round was carried out has one record each; of a round that was cut off
@@ -200,6 +206,9 @@ void Checker::checkJournal(int station) {
 }
 
 void Checker::checkWorksheets() {
+    for (const int edit : edits_.saved(u"worksheet"_s))
+        expect(worksheets_.contains(QString::number(worksheetMark(edit))),
+               u"the worksheet %1, which was saved, has no record"_s.arg(worksheetMark(edit)));
     for (auto worksheet = worksheets_.cbegin(); worksheet != worksheets_.cend(); ++worksheet) {
         const auto& record = records_[worksheet.value()];
         const QString name = record.asset + u' ' + worksheet.key();
@@ -233,88 +242,6 @@ void Checker::checkRegistry(int station) {
                                                                                           inUse.join(u' ')));
     expect(standards == held, u"station %1 holds %2, its standards are %3"_s.arg(station).arg(
                                   held.join(u' '), standards.join(u' ')));
-}
-
-void Checker::checkStrategies() {
-    for (int which = 0; which < editedCount; ++which) {
-        const auto name = editedName(which);
-        QList<double> points;
-        for (const auto& row : rows(u"select test_point_pct from mt.hvm_kv_proc_points where tp_name = '%1' "
-                                    "order by test_point_seq"_s.arg(name),
-                                    1))
-            points << row[0].toDouble();
-        QList<double> wanted;
-        const int edit = points.isEmpty() ? 0 : static_cast<int>(points.first());
-        for (int part = 0; part < (points.isEmpty() ? 0 : partCount(edit)); ++part)
-            wanted << edit + part / 8.0;
-        QStringList shown;
-        for (const double point : std::as_const(points))
-            shown << QString::number(point);
-        expect(points == wanted, u"the strategy %1 has the points %2"_s.arg(name, shown.join(u' ')));
-    }
-}
-
-void Checker::checkMessages() {
-    for (int which = 0; which < editedCount; ++which) {
-        const auto name = editedName(which);
-        const auto found = rows(u"select prompt from mt.hvm_kv_prompts where pname = '%1'"_s.arg(name), 1);
-        expect(found.size() <= 1, u"the message %1 stands there twice"_s.arg(name));
-        for (const auto& row : found) {
-            if (row[0].isEmpty())
-                continue;
-            const auto words = row[0].split(u' ');
-            const auto edit = words.first();
-            expect(words == QStringList(partCount(edit.toInt()) * 20, edit),
-                   u"the message %1 is broken off or mixed: %2"_s.arg(name, row[0]));
-        }
-    }
-}
-
-void Checker::checkPackages() {
-    for (int which = 0; which < editedCount; ++which) {
-        const auto name = editedName(which);
-        const auto found = rows(
-            u"select tptag,notes from mt.hvm_kv_task_packages where taskname = '%1' and tptype = 'PDEF'"_s
-                .arg(name),
-            2);
-        expect(found.size() <= 1, u"the package %1 stands there %2 times"_s.arg(name).arg(found.size()));
-        for (const auto& row : found) {
-            const auto members =
-                rows(u"select distinct(mtag) from mt.hvm_kv_task_assets where tptag = '%1'"_s.arg(row[0]), 1);
-            const auto all =
-                rows(u"select mtag from mt.hvm_kv_task_assets where tptag = '%1'"_s.arg(row[0]), 1);
-            const int wanted = partCount(row[1].toInt());
-            expect(members.size() == wanted && all.size() == wanted,
-                   u"the package %1 has %2 members of %3"_s.arg(name).arg(all.size()).arg(wanted));
-        }
-    }
-    const auto strays = rows(u"select tptag from mt.hvm_kv_task_assets where tptag not in (select tptag from "
-                             "mt.hvm_kv_task_packages)"_s,
-                             1);
-    expect(strays.isEmpty(), u"%1 members have no package"_s.arg(strays.size()));
-}
-
-void Checker::checkParameters() {
-    for (const auto& asset : editedInstruments()) {
-        const auto key = assets_.key(asset);
-        const auto found =
-            rows(u"select neg_units,pos_units,neg_span_pct,pos_span_pct from mt.hvm_kv_tag_config "
-                 "where mtag = '%1'"_s.arg(key),
-                 4);
-        expect(found.size() == 1, u"%1 has %2 rows of parameters"_s.arg(asset).arg(found.size()));
-        for (const auto& row : found)
-            expect(row.count(row[0]) == row.size(),
-                   u"the parameters of %1 are mixed: %2"_s.arg(asset, row.join(u' ')));
-        const auto messages =
-            rows(u"select prompt_seq from mt.hvm_kv_proc_prompts where prompt_type = 'PRE' and "
-                 "mtag = '%1'"_s.arg(key),
-                 1);
-        const bool isEdited = !found.isEmpty() && wholeOf(found[0][0]) > 0;
-        expect(!isEdited || messages.size() <= partCount(wholeOf(found[0][0])),
-               u"%1 displays %2 messages"_s.arg(asset).arg(messages.size()));
-        expect(QSet<Row>(messages.begin(), messages.end()).size() == messages.size(),
-               u"the messages of %1 stand there twice"_s.arg(asset));
-    }
 }
 
 } // namespace kelvane::endure

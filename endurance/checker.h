@@ -1,6 +1,8 @@
 #pragma once
 
+#include "endurance/edits.h"
 #include "endurance/marks.h"
+#include "endurance/site_rows.h"
 #include "platform/database/connection.h"
 
 #include <QHash>
@@ -11,7 +13,7 @@ namespace kelvane::endure {
 /// What was found in the database and the stations' folders when all stations have finished.
 struct Findings {
     QStringList faults;
-    /// Records of uploads and of worksheets, and edits that stand.
+    /// How many records stations have made of uploads, and of worksheets.
     int records = 0;
     int worksheets = 0;
 };
@@ -19,8 +21,9 @@ struct Findings {
 /// Compares what the database holds with what the stations have noted.
 class Checker {
   public:
-    /// `connection` is open, `folders` are those of the stations, by their numbers.
-    Checker(Connection& connection, QStringList folders, const QString& resultTemplate);
+    /// `connection` is open, `folders` are those of the stations, by their numbers; `before` was read before
+    /// they started.
+    Checker(Connection& connection, QStringList folders, const QString& resultTemplate, SiteRows before);
 
     Findings check();
 
@@ -40,6 +43,7 @@ class Checker {
     void readInventory();
     void readRecords();
     void checkCurrentMarks();
+    void checkSiteRows();
     void checkUploads(int station);
     void checkUpload(const Record& record, const QString& name, int lines);
     void checkJournal(int station);
@@ -49,9 +53,14 @@ class Checker {
     void checkMessages();
     void checkPackages();
     void checkParameters();
+    /// `stored` is the number of the edit that the database shows; none when nothing stands there.
+    void checkLastEdit(const QString& subject, std::optional<int> stored);
+    void expectNoneLost(const QString& subject, std::optional<int> lost);
 
     Connection& connection_;
     QStringList folders_;
+    Edits edits_;
+    SiteRows before_;
     qsizetype readingColumn_ = 0;
     qsizetype readingWidth_ = 0;
     Findings findings_;

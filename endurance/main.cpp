@@ -1,5 +1,4 @@
-// kelvane-endure stress ...    many workstation processes on one database, with everything that can happen to
-// them,
+// kelvane-endure stress ...    many workstation processes on one database, with everything that can happen,
 //                              and a check of what is left (docs/endurance.md)
 // kelvane-endure station ...   one of these processes
 

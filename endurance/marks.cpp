@@ -1,5 +1,7 @@
 #include "endurance/marks.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::endure {
@@ -45,6 +47,10 @@ const QStringList& instruments() {
 const QStringList& editedInstruments() {
     static const QStringList assets{u"TW-101"_s, u"TW-102"_s};
     return assets;
+}
+
+int wholeOf(const QString& value) {
+    return static_cast<int>(std::floor(value.toDouble()));
 }
 
 QString editedName(int which) {

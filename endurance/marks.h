@@ -51,6 +51,8 @@ inline QDateTime worksheetMoment(int edit) {
 inline int worksheetMark(int edit) {
     return 1000 + edit;
 }
+/// The whole number that a column of numbers holds.
+int wholeOf(const QString& value);
 /// The names of what is edited: strategies, messages, packages.
 QString editedName(int which);
 inline constexpr int editedCount = 3;

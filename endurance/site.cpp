@@ -48,6 +48,7 @@ class EmbeddedSite final : public Site {
     }
 
     QString disturb(std::mt19937_64&) override { return {}; }
+    bool endsConnections() const override { return false; }
 
     QStringList faultsOfFiles() override {
         QStringList faults;
@@ -96,6 +97,7 @@ class SharedSite final : public Site {
         const auto start = runCommand(script, {u"start"_s, options_.server});
         return start.isGood ? u"server stopped and started"_s : u"server does not start: "_s + start.errors;
     }
+    bool endsConnections() const override { return true; }
 
     QStringList faultsOfFiles() override {
         const auto check =

@@ -32,6 +32,8 @@ class Site {
     /// Something that stations have to stand, at random: a connection that ends, a server that stops. Gives
     /// what it was; empty for nothing.
     virtual QString disturb(std::mt19937_64& generator) = 0;
+    /// True when a disturbance ends connections.
+    virtual bool endsConnections() const = 0;
     /// What is wrong with the database's files; none when they are whole.
     virtual QStringList faultsOfFiles() = 0;
     /// Keeps a copy of the database in a folder, where it does not stand there already.

@@ -5,6 +5,7 @@
 #include "drivers/fluke74x/dpclnk3_library.h"
 #include "drivers/instrument_work.h"
 #include "drivers/torquestar/qt_serial_port.h"
+#include "endurance/edits.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/error_report.h"
 #include "workflow/unfinished_results.h"
@@ -23,6 +24,8 @@ const QString password = u"kelvane"_s;
 /// How often a login is tried while the database is out of reach, a second apart.
 constexpr int maxLogins = 90;
 constexpr qsizetype maxLogSize = 4 * 1024 * 1024;
+/// Until a step is known to take more statements.
+constexpr int leastLongestStep = 10;
 
 /// The users of the stations: technicians, some of whom edit procedures too.
 constexpr QStringView users[maxStations] = {u"jdoe",    u"cnguyen",   u"dsantos", u"cnguyen",
@@ -41,15 +44,15 @@ constexpr QStringView brokenReplies[] = {u"",
 } // namespace
 
 const Station::Act Station::acts[] = {
-    {"calibrate", 10, 1, false, &Station::calibrate},
-    {"finish results", 4, 1, false, &Station::finishResults},
-    {"log in again", 3, 0, false, &Station::logInAgain},
-    {"leave a record set open", 1, 0, false, &Station::leaveRecordSetOpen},
-    {"enter a worksheet", 5, 1, false, &Station::enterWorksheet},
-    {"edit a strategy", 5, 4, true, &Station::editStrategy},
-    {"edit a message", 3, 4, true, &Station::editMessage},
-    {"edit parameters", 4, 4, true, &Station::editParameters},
-    {"edit a package", 5, 4, true, &Station::editPackage},
+    {"calibrate", 10, 1, Faults::bySteps, &Station::calibrate},
+    {"finish results", 4, 1, Faults::bySteps, &Station::finishResults},
+    {"log in again", 3, 0, Faults::any, &Station::logInAgain},
+    {"leave a record set open", 1, 0, Faults::any, &Station::leaveRecordSetOpen},
+    {"enter a worksheet", 5, 1, Faults::any, &Station::enterWorksheet},
+    {"edit a strategy", 5, 4, Faults::ofTransaction, &Station::editStrategy},
+    {"edit a message", 3, 4, Faults::ofTransaction, &Station::editMessage},
+    {"edit parameters", 4, 4, Faults::ofTransaction, &Station::editParameters},
+    {"edit a package", 5, 4, Faults::ofTransaction, &Station::editPackage},
 };
 
 Station::Station(const StationOptions& options)
@@ -73,6 +76,8 @@ Station::Station(const StationOptions& options)
     for (const auto& line : ActLog::read(options.folder)) {
         if (line.kind == u"edit")
             edits_ = std::max(edits_, line.text.section(u' ', 0, 0).toInt() / maxStations);
+        else if (line.kind == u"longest step")
+            longestSteps_[line.text.section(u' ', 1)] = line.text.section(u' ', 0, 0).toInt();
     }
     ModuleGlobals::StartupFunctions(session_, {});
     log_.write(u"start"_s, QString::number(options.seed));
@@ -88,7 +93,7 @@ QString Station::user() const {
 
 void Station::logOut() {
     openRecordSet_.reset();
-    fault_ = {};
+    endStep();
     disconnectSession(session_);
 }
 
@@ -113,17 +118,34 @@ bool Station::ensureLogin() {
     return false;
 }
 
-void Station::planFault(bool isTransaction) {
-    fault_ = {};
+/// In every third step: any of the statements that it takes is as likely to fail as any other one.
+void Station::planFault(const QString& step, Faults faults) {
+    if (fault_.lost)
+        return; // stays so until the next login
+    endStep();
+    step_ = step;
     qputenv("KELVANE_FLUKE702_FAULTS", {});
     if (!options_.withFaults || below(3) != 0)
         return;
     using Kind = testing::PlannedFault::Kind;
     constexpr Kind kinds[] = {Kind::refused, Kind::connectionLost, Kind::answerLost};
-    fault_.kind = kinds[below(isTransaction ? 2 : 3)];
-    fault_.failAt = below(60);
-    qputenv("KELVANE_FLUKE702_FAULTS",
-            brokenReplies[below(static_cast<int>(std::size(brokenReplies)))].toLatin1());
+    fault_.kind = kinds[below(faults == Faults::ofTransaction ? 2 : 3)];
+    fault_.failAt = below(std::max(leastLongestStep, longestSteps_.value(step)));
+    log_.write(u"planned fault"_s, u"at %1 of %2"_s.arg(QString::number(fault_.failAt), step));
+    const auto reply = brokenReplies[below(static_cast<int>(std::size(brokenReplies)))];
+    qputenv("KELVANE_FLUKE702_FAULTS", reply.toLatin1());
+    if (!reply.isEmpty())
+        log_.write(u"broken reply"_s, reply.toString());
+}
+
+void Station::endStep() {
+    if (!step_.isEmpty() && fault_.count > longestSteps_.value(step_)) {
+        longestSteps_[step_] = fault_.count;
+        log_.write(u"longest step"_s, QString::number(fault_.count) + u' ' + step_);
+    }
+    faults_ += fault_.reached ? 1 : 0;
+    fault_ = {};
+    step_.clear();
 }
 
 const Station::Act& Station::chooseAct() {
@@ -140,22 +162,23 @@ const Station::Act& Station::chooseAct() {
 }
 
 void Station::carryOut(const Act& act) {
-    planFault(act.isTransaction);
-    log_.write(u"act"_s, QLatin1StringView(act.name));
+    const auto name = QString::fromLatin1(act.name);
+    log_.write(u"act"_s, name);
+    if (act.faults != Faults::bySteps)
+        planFault(name, act.faults);
     (this->*act.work)();
-    const QString outcome = fault_.reached ? u"fault"_s : u"plain"_s;
+    endStep();
     log_.write(u"end"_s,
                u"%1 %2 %3 %4"_s.arg(QString::number(figures_.count), QString::number(figures_.longest),
-                                    outcome, QLatin1StringView(act.name)));
-    fault_.failAt = -1;
+                                    QString::number(faults_), name));
     figures_ = {};
+    faults_ = 0;
     if (QFileInfo(u"errors.log"_s).size() > maxLogSize)
         QFile::remove(u"errors.log"_s);
 }
 
 int Station::run() {
     while (QDateTime::currentMSecsSinceEpoch() < options_.until) {
-        fault_ = {};
         if (!ensureLogin())
             return 3;
         carryOut(chooseAct());
@@ -166,6 +189,7 @@ int Station::run() {
 
 int Station::finish() {
     constexpr int maxAttempts = 5;
+    log_.write(u"finishing"_s);
     for (int attempt = 0; attempt < maxAttempts && pendingRound(); ++attempt) {
         if (!ensureLogin())
             return 3;
@@ -189,16 +213,22 @@ void Station::logInAgain() {
     ensureLogin();
 }
 
-/// A number that no other station and no process before has used.
-int Station::nextEdit() {
+/// No other station and no process before has used the number.
+int Station::beginEdit(const QString& subject, bool removes) {
     const int edit = options_.station + maxStations * ++edits_;
-    log_.write(u"edit"_s, QString::number(edit));
+    log_.write(u"edit"_s, Edits::lineOf(edit, removes, subject));
     return edit;
+}
+
+void Station::endEdit(int edit, bool isSaved) {
+    if (isSaved)
+        log_.write(u"edited"_s, QString::number(edit));
 }
 
 void Station::finishResults() {
     for (const auto& result : unfinishedResults(session_)) {
-        const auto moment = worksheetMoment(nextEdit());
+        planFault(u"finish a result"_s);
+        const auto moment = worksheetMoment(beginEdit(u"moment"_s));
         operator_.answer = [&](const DialogQuestion& question) { return answerMoment(question, moment); };
         const auto outcome = makeRecordOf(session_, result.id);
         log_.write(u"finish"_s, result.asset + u' ' + result.date + u' ' + outcome.message);

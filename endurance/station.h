@@ -8,6 +8,8 @@
 #include "testkit/faulty_connection.h"
 #include "workflow/calibrators.h"
 
+#include <QHash>
+
 #include <random>
 
 namespace kelvane::endure {
@@ -38,12 +40,14 @@ class Station {
     int finish();
 
   private:
+    /// Which faults are planned for an act: for each of its steps by itself; or of any kind; or of those that
+    /// statements in a transaction can have, where an answer that gets lost takes the connection with it.
+    enum class Faults { bySteps, any, ofTransaction };
     struct Act {
         const char* name;
         int weight;
         int leastLevel;
-        /// Its statements stand in a transaction: an answer that gets lost takes the connection with it.
-        bool isTransaction;
+        Faults faults;
         void (Station::*work)();
     };
     static const Act acts[];
@@ -51,7 +55,8 @@ class Station {
     int below(int limit) { return static_cast<int>(generator_() % static_cast<quint64>(limit)); }
     const Act& chooseAct();
     void carryOut(const Act& act);
-    void planFault(bool isTransaction);
+    void planFault(const QString& step, Faults faults = Faults::any);
+    void endStep();
     bool ensureLogin();
     void logOut();
     QString user() const;
@@ -76,7 +81,9 @@ class Station {
     void upload();
     /// The round whose runs wait in the calibrator; nothing when all were uploaded.
     std::optional<Round> pendingRound() const;
-    int nextEdit();
+    /// Notes that something is edited; gives the edit's number, which no other edit has.
+    int beginEdit(const QString& subject, bool removes = false);
+    void endEdit(int edit, bool isSaved);
 
     StationOptions options_;
     std::mt19937_64 generator_;
@@ -86,6 +93,11 @@ class Station {
     IniSettingsStore settings_;
     StatementFigures figures_;
     testing::PlannedFault fault_;
+    /// A part of an act for which a fault is planned, such as its upload, and the most statements that each
+    /// of these has taken.
+    QString step_;
+    QHash<QString, int> longestSteps_;
+    int faults_ = 0;
     Session session_;
     Menu menu_;
     DpclnkLibrary fluke702_;

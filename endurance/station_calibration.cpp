@@ -47,7 +47,9 @@ class Sheet final : public WorksheetEntryScreen {
     QStringList standards() const override { return standards_; }
     void addStandard(const QString& asset) override { standards_ << asset; }
     void endRecord() override { asset_.clear(); }
-    void offerUnfinishedResult() override {}
+    void offerUnfinishedResult() override { isUnfinished = true; }
+
+    bool isUnfinished = false;
 
   private:
     QString asset_;
@@ -105,6 +107,7 @@ void Station::calibrate() {
 }
 
 void Station::download() {
+    planFault(u"download"_s);
     fluke702::MemoryFile(memory_).use([&](fluke702::Memory& memory) {
         const bool isOwn = memory.identity.serial == calibratorSerial(options_.station);
         memory.identity.serial = calibratorSerial(options_.station);
@@ -146,6 +149,7 @@ void Station::work() {
 }
 
 void Station::upload() {
+    planFault(u"upload"_s);
     operator_.hasUploaded = false;
     ModuleGlobals::UploadFromCalibrator(calibrators_);
     // A library's error can look like success: the driver shows a counter's text in its place, and that of 0
@@ -156,7 +160,7 @@ void Station::upload() {
 
 void Station::enterWorksheet() {
     const auto asset = someInstrument();
-    const auto mark = nextEdit();
+    const auto mark = beginEdit(u"worksheet"_s);
     bool isNamed = false;
     bool hasStandard = false;
     operator_.answer = [&](const DialogQuestion& question) -> std::optional<QString> {
@@ -177,10 +181,11 @@ void Station::enterWorksheet() {
             entry.changeField(row);
     }
     // Without its moment it could not be told from another sheet of the same minute.
-    if (!sheet.asset().isEmpty() && !watch.sawReport())
+    const bool isEntered = !sheet.asset().isEmpty() && !watch.sawReport();
+    if (isEntered)
         entry.save();
     operator_.answer = {};
-    log_.write(u"edited"_s, u"%1 worksheet"_s.arg(mark));
+    endEdit(mark, isEntered && !watch.sawReport() && !sheet.isUnfinished);
 }
 
 } // namespace kelvane::endure

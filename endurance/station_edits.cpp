@@ -12,37 +12,36 @@ using namespace Qt::StringLiterals;
 namespace kelvane::endure {
 
 void Station::editStrategy() {
-    const int edit = nextEdit();
     Strategy strategy{editedName(below(editedCount)), {}};
+    const int edit = beginEdit(u"strategy "_s + strategy.name);
     for (int part = 0; part < partCount(edit); ++part)
         strategy.points << QString::number(edit + part / 8.0, 'f', 3);
-    if (!saveStrategy(session_, strategy))
-        log_.write(u"edited"_s, u"%1 strategy"_s.arg(edit));
+    endEdit(edit, !saveStrategy(session_, strategy));
 }
 
 void Station::editMessage() {
-    const int edit = nextEdit();
     const auto name = editedName(below(editedCount));
+    const auto subject = u"message "_s + name;
     const auto list = loadMessages(session_, name);
     if (!list)
         return;
     if (list->names.contains(name) && below(4) == 0) {
-        deleteMessage(session_, name);
+        const int removal = beginEdit(subject, true);
+        endEdit(removal, deleteMessage(session_, name));
         return;
     }
+    const int edit = beginEdit(subject);
     if (!list->names.contains(name) && !createMessage(session_, name))
         return;
     const auto text = QStringList(partCount(edit) * 20, QString::number(edit)).join(u' ');
-    if (!saveMessage(session_, {name, text}))
-        log_.write(u"edited"_s, u"%1 message"_s.arg(edit));
+    endEdit(edit, !saveMessage(session_, {name, text}));
 }
 
 void Station::editParameters() {
-    const int edit = nextEdit();
     const auto asset = editedInstruments().at(below(static_cast<int>(editedInstruments().size())));
-    bool isSaved = false;
     loadCalParams(session_, asset, [&](const StoredCalParams& stored) {
         CalParamEntries entries(stored.record);
+        const int edit = beginEdit(u"parameters "_s + asset);
         const auto number = QString::number(edit);
         for (const auto member : {&CalParamRecord::neg_units, &CalParamRecord::pos_units,
                                   &CalParamRecord::neg_span_pct, &CalParamRecord::pos_span_pct})
@@ -50,24 +49,20 @@ void Station::editParameters() {
         MessageLists displayed;
         const auto messages = stored.displayed.pre + stored.available.pre;
         displayed.pre = messages.first(std::min<qsizetype>(messages.size(), partCount(edit)));
-        isSaved = !storeCalParams(session_, asset, entries, displayed);
+        endEdit(edit, !storeCalParams(session_, asset, entries, displayed));
     });
-    if (isSaved)
-        log_.write(u"edited"_s, u"%1 parameters"_s.arg(edit));
 }
 
 void Station::editPackage() {
-    const int edit = nextEdit();
     const auto name = editedName(below(editedCount));
-    if (below(5) == 0) {
-        removePackage(session_, name);
-        return;
-    }
+    const bool removes = below(5) == 0;
+    const int edit = beginEdit(u"package "_s + name, removes);
+    if (removes)
+        return endEdit(edit, removePackage(session_, name));
     TaskPackage package{.name = name};
     package.notes = QString::number(edit);
     package.assets = instruments().first(partCount(edit));
-    if (!savePackage(session_, package))
-        log_.write(u"edited"_s, u"%1 package"_s.arg(edit));
+    endEdit(edit, !savePackage(session_, package));
 }
 
 } // namespace kelvane::endure

@@ -1,5 +1,8 @@
 #include "resources/strings.h"
 
+#include "resources/languages.h"
+
+#include <QDir>
 #include <QFile>
 #include <QHash>
 
@@ -46,26 +49,58 @@ bool readInto(Table& table, const QString& path, Columns columns) {
     return true;
 }
 
-Table& table() {
-    static Table strings = [] {
-        Table compiledIn;
-        readInto(compiledIn, u":/strings.txt"_s, Columns::numberNameAndText);
-        return compiledIn;
-    }();
-    return strings;
+Table ownTable() {
+    Table compiledIn;
+    readInto(compiledIn, u":/strings.txt"_s, Columns::numberNameAndText);
+    return compiledIn;
+}
+
+/// The texts as they are shown.
+struct Shown {
+    QString language = ownLanguage.toString();
+    Table texts = ownTable();
+};
+
+Shown& shown() {
+    static Shown now;
+    return now;
 }
 
 } // namespace
 
 QString text(TextId id) {
     const auto number = static_cast<int>(id);
-    const auto& strings = table();
+    const auto& strings = shown().texts;
     const auto found = strings.constFind(number);
     return found == strings.cend() ? u"#%1"_s.arg(number) : *found;
 }
 
 bool overlayStrings(const QString& path) {
-    return readInto(table(), path, Columns::numberAndText);
+    return readInto(shown().texts, path, Columns::numberAndText);
+}
+
+QStringList languages() {
+    QStringList codes{ownLanguage.toString()};
+    const auto tables = QDir(u":/"_s).entryList({u"strings.*.txt"_s}, QDir::Files);
+    for (const auto& name : tables)
+        codes << name.section(u'.', 1, 1);
+    codes.sort();
+    return codes;
+}
+
+QString shownLanguage() {
+    return shown().language;
+}
+
+bool showLanguage(const QString& language) {
+    if (!languages().contains(language))
+        return false;
+    Shown chosen{.language = language};
+    // A text that the translation lacks is shown as the program has it.
+    if (language != ownLanguage)
+        readInto(chosen.texts, u":/strings.%1.txt"_s.arg(language), Columns::numberAndText);
+    shown() = chosen;
+    return true;
 }
 
 } // namespace kelvane

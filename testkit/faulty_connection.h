@@ -52,6 +52,9 @@ class FaultyConnection final : public ForwardingConnection {
     void lock(const QString& name) override {
         step([&] { ForwardingConnection::lock(name); });
     }
+    void unlock(const QString& name) override {
+        step([&] { ForwardingConnection::unlock(name); });
+    }
 
   private:
     template <class Run>

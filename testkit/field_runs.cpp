@@ -1,5 +1,8 @@
 #include "testkit/field_runs.h"
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::demo {
@@ -16,17 +19,15 @@ QString planLine(const FieldRun& run, const QDate& day) {
 }
 
 QString disagreementTitle(const FieldRun& run) {
-    return run.disagreement == Disagreement::calibratorPassedIt ? u"Instrument Failed Calibration!"_s
-                                                                : u"Instrument Passed Calibration!"_s;
+    return run.disagreement == Disagreement::calibratorPassedIt ? text(TextId::instrumentFailed)
+                                                                : text(TextId::instrumentPassed);
 }
 
 QString disagreementText(const FieldRun& run) {
-    const auto verdict =
-        run.disagreement == Disagreement::calibratorPassedIt
-            ? u"The above listed instrument failed calibration, but the calibrator reported that the instrument was not out of tolerance."_s
-            : u"the above listed instrument passed calibration, but the calibrator reported that the instrument was out of tolerance."_s;
-    return u"Instrument: %1\r\n\r\n%2 This condition is caused by the inability of the calibrator to handle complex error calculations."_s
-        .arg(run.record.asset, verdict);
+    const auto verdict = run.disagreement == Disagreement::calibratorPassedIt
+                             ? text(TextId::calibratorReportedPass)
+                             : text(TextId::calibratorReportedFail);
+    return text(TextId::judgedInstrument) + u" %1\r\n\r\n%2"_s.arg(run.record.asset, verdict);
 }
 
 QStringList assetsOf(const QList<FieldRun>& runs) {

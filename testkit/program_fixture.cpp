@@ -1,5 +1,7 @@
 #include "testkit/program_fixture.h"
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "ui/child_window.h"
 #include "ui/form_custom_dialog.h"
 
@@ -114,8 +116,7 @@ QStringList ProgramTest::openChildren() {
 }
 
 void ProgramTest::cancel(FormCustomDialog& dialog) {
-    simulatedOperator.expectBox(u"Do you really want to cancel?"_s, u"Kelvane"_s, box::warningYesNo,
-                                BoxAnswer::yes);
+    simulatedOperator.expectBox(text(TextId::confirmCancel), u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
     dialog.close();
 }
 
@@ -124,8 +125,8 @@ void ProgramTest::expectCancelledDialog(const QString& caption, const QString& p
 }
 
 void ProgramTest::expectDiscard(BoxAnswer answer) {
-    simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
-                                u"Kelvane"_s, box::warningYesNo, answer);
+    simulatedOperator.expectBox(text(TextId::confirmDiscardSinceSave), u"Kelvane"_s, box::warningYesNo,
+                                answer);
 }
 
 } // namespace kelvane::testing

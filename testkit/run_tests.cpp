@@ -1,5 +1,6 @@
 #include "testkit/run_tests.h"
 
+#include "resources/languages.h"
 #include "testkit/shared_database.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,11 @@
 namespace kelvane::testing {
 
 int runTests() {
+    if (const auto language = qEnvironmentVariable("KELVANE_TEST_LANGUAGE");
+        !language.isEmpty() && !showLanguage(language)) {
+        std::cout << "There are no texts in the language " << language.toStdString() << std::endl;
+        return 1;
+    }
     if (!usesSharedEngine())
         return RUN_ALL_TESTS();
     if (const auto reason = missingServer(); !reason.isEmpty()) {

@@ -1,5 +1,8 @@
 #include "testkit/scripted_user_interface.h"
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
+
 #include <gtest/gtest.h>
 
 namespace kelvane::testing {
@@ -51,8 +54,9 @@ BoxAnswer ScriptedUserInterface::messageBox(const QString& text, const QString& 
     EXPECT_EQ(next.title.toStdString(), title.toStdString());
     EXPECT_TRUE(next.style == style) << "style of the box: " << text.toStdString();
     if (next.report) {
-        EXPECT_TRUE(text.contains(QStringLiteral(" %1 ").arg(next.number)) &&
-                    text.contains(QStringLiteral("FUNCTION/SUB:%1\r\n").arg(next.text)))
+        EXPECT_TRUE(
+            text.contains(QStringLiteral(" %1 ").arg(next.number)) &&
+            text.contains(kelvane::text(TextId::errorReportRoutine) + next.text + QStringLiteral("\r\n")))
             << text.toStdString();
     } else {
         EXPECT_EQ(next.text.toStdString(), text.toStdString());

@@ -1,5 +1,7 @@
 #include "testkit/simulated_operator.h"
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/controls.h"
 #include "ui/form_custom_dialog.h"
 
@@ -35,19 +37,19 @@ QList<BoxAnswer> answersOf(BoxButtons buttons) {
 QString captionOf(BoxAnswer answer) {
     switch (answer) {
     case BoxAnswer::ok:
-        return u"OK"_s;
+        return text(TextId::ok);
     case BoxAnswer::cancel:
-        return u"Cancel"_s;
+        return text(TextId::cancel);
     case BoxAnswer::yes:
-        return u"Yes"_s;
+        return text(TextId::yes);
     case BoxAnswer::no:
-        return u"No"_s;
+        return text(TextId::no);
     case BoxAnswer::retry:
-        return u"Retry"_s;
+        return text(TextId::retry);
     case BoxAnswer::abort:
-        return u"Abort"_s;
+        return text(TextId::abort);
     case BoxAnswer::ignore:
-        return u"Ignore"_s;
+        return text(TextId::ignore);
     }
     return {};
 }
@@ -175,7 +177,7 @@ void SimulatedOperator::actOn(QWidget& window) {
 
 void SimulatedOperator::answerMessageBox(QMessageBox& box) {
     if (closingDialog_) {
-        click(*buttonOf(box, u"Yes"_s));
+        click(*buttonOf(box, text(TextId::yes)));
         return;
     }
     if (expected_.isEmpty() || expected_.first().dialog || expected_.first().onWindow) {
@@ -205,7 +207,7 @@ void SimulatedOperator::compare(const Expected& expected, const QMessageBox& box
     if (expected.report) {
         const auto parts = expected.text.split(u' ');
         if (!box.text().contains(u' ' + parts[0] + u' ') ||
-            !box.text().contains(u"FUNCTION/SUB:"_s + parts[1] + u"\r\n"_s))
+            !box.text().contains(text(TextId::errorReportRoutine) + parts[1] + u"\r\n"_s))
             report_(u"report %1 is: %2"_s.arg(expected.text, box.text()));
     } else {
         checkSame(u"the box"_s, box.text(), expected.text);

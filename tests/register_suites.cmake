@@ -1,8 +1,9 @@
 # Writes the tests of a program to a file for ctest: a suite at a time, since starting a sanitized program takes longer
 # than most tests. Suites with parameters run long and are split into their tests, typed suites are not. Those of the
 # filter DATABASE come a second time, for the shared engine on the server in the folder SERVER, and those of the filter
-# SHARED for that one alone; what passes LONG, too, has the label "long" there. Usage:
-# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D LONG=... -D SHARED=... -D SERVER=...
+# SHARED for that one alone; what passes LONG, too, has the label "long" there. Those of the filter GERMAN come once more
+# with the texts in German. Usage:
+# cmake -D PROGRAM=... -D NAME=... -D OUTPUT=... -D DATABASE=... -D LONG=... -D SHARED=... -D GERMAN=... -D SERVER=...
 #     -P register_suites.cmake
 
 # Filters, one for each suite or test to register, of those that `filter` lets pass.
@@ -68,6 +69,17 @@ if(DATABASE OR SHARED)
             "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${labels}\"\n"
             "    FIXTURES_REQUIRED shared_server SKIP_RETURN_CODE 77\n"
             "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${SHARED}:${DATABASE};KELVANE_TEST_ENGINE=shared;KELVANE_TEST_SERVER=${SERVER};ASAN_OPTIONS=detect_leaks=0:abort_on_error=1]=])\n")
+    endforeach()
+endif()
+if(GERMAN)
+    list_filters(filters ${GERMAN})
+    foreach(filter IN LISTS filters)
+        string(REGEX REPLACE "\\.\\*$" "" test "german.${NAME}.${filter}")
+        string(
+            APPEND content
+            "add_test([=[${test}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}]=] --gtest_brief=1)\n"
+            "set_tests_properties([=[${test}]=] PROPERTIES TIMEOUT 300 LABELS \"${NAME};german\"\n"
+            "    ENVIRONMENT [=[KELVANE_DATABASE_TESTS=${DATABASE};KELVANE_TEST_LANGUAGE=de]=])\n")
     endforeach()
 endif()
 file(WRITE ${OUTPUT} "${content}")

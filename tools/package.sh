@@ -2,7 +2,7 @@
 
 package_programs=(dpclnk dpclnk3 kelvane kelvane-admin kelvane-demo kelvane-technician kelvane-torquestar)
 
-# The same sources give the same packages on every day.
+# The day of the sources stands for that of the build, so that one commit gives the same packages on every day.
 set_source_date() {
     local moment
     [ -z "${SOURCE_DATE_EPOCH:-}" ] || return 0
@@ -23,7 +23,19 @@ make_packages() {
     }
     rm -rf build/package/packages/_CPack_Packages
     packages=("$PWD"/build/package/packages/*.deb)
+    settle_times
     printf 'Made %s\n' "${packages[@]}"
+}
+
+# cpack keeps the times at which it has copied the files. Debian's own program takes none later than the sources'.
+settle_times() {
+    local deb content=build/package/content
+    for deb in "${packages[@]}"; do
+        rm -rf "$content"
+        dpkg-deb --raw-extract "$deb" "$content"
+        dpkg-deb --root-owner-group --build "$content" "$deb" >/dev/null
+    done
+    rm -rf "$content"
 }
 
 # What is accepted is told with its reason in packaging/debian.
@@ -47,12 +59,12 @@ try_packages() {
     if TMPDIR=$folder mmdebstrap --variant=minbase --format=null --customize-hook="$copy /srv" \
         --customize-hook='exec chroot "$1" sh /srv/package_trial.sh' \
         bookworm /dev/null >"$log" 2>&1; then
-        sed -n 's/^trial: //p' "$log"
+        sed -n 's/^trial: /  /p' "$log"
     elif ! grep -q '^trial: ' "$log"; then
         grep '^E: ' "$log" | head -n 3 >&2
         echo "Skipped: this machine gives no root of its own to try the packages in; see $log" >&2
     else
-        sed -n 's/^trial: //p' "$log"
+        sed -n 's/^trial: /  /p' "$log"
         tail -n 30 "$log" >&2
         echo "The packages do not work; all of the output is in $log" >&2
         return 1

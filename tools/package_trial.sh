@@ -12,9 +12,16 @@ say() {
     echo "trial: $*"
 }
 
+# The terminals of such a root are root's; its users get some of their own, in mounts that end with this script.
+if [ "${1:-}" != with-terminals ]; then
+    say 'in a root of its own'
+    exec unshare --mount --propagation unchanged sh "$0" with-terminals
+fi
+mount -t devpts -o newinstance,gid=5,mode=620,ptmxmode=666 devpts /dev/pts
+
 # as_user COMMAND... : in the user's home, with nothing of root's environment.
 as_user() {
-    runuser -u "$user" -- env -i HOME="$home" LC_ALL=C.UTF-8 PATH=/usr/bin:/bin sh -ceu 'cd; "$@"' sh "$@"
+    runuser -u "$user" -- env -i HOME="$home" LC_ALL=C.UTF-8 PATH=/usr/bin:/bin XDG_RUNTIME_DIR="$home/runtime" sh -ceu 'cd; "$@"' sh "$@"
 }
 
 # The files of the root, without what belongs to the user or to Debian's own bookkeeping.
@@ -30,6 +37,7 @@ dependencies() {
 }
 
 useradd --create-home "$user"
+install -d -o "$user" -m 700 "$home/runtime"
 for deb in *.deb; do
     apt-get satisfy --yes --no-install-recommends "$(dependencies "$deb")"
 done

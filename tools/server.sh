@@ -36,7 +36,8 @@ server_address() {
     echo "postgresql://kelvane_admin@/$1?host=$(in_address "$server_socket")"
 }
 
+# drop_database NAME: also one that is not there; its notice about that is left out, errors are shown.
 drop_database() {
-    psql --no-psqlrc --quiet --set=ON_ERROR_STOP=1 --command="drop database if exists $1 with (force)" \
-        "$(server_address postgres)" 2>/dev/null
+    PGOPTIONS='-c client_min_messages=warning' psql --no-psqlrc --quiet --set=ON_ERROR_STOP=1 \
+        --command="drop database if exists $1 with (force)" "$(server_address postgres)"
 }

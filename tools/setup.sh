@@ -13,7 +13,7 @@ build_packages=(
 server_packages=(postgresql-15 postgresql-client-15 odbc-postgresql)
 test_packages=(appstream desktop-file-utils locales mandoc poppler-utils valgrind zbar-tools)
 check_packages=(clang-format clang-tidy)
-package_packages=(dpkg-dev lintian mmdebstrap)
+package_packages=(dpkg-dev lintian mmdebstrap uidmap)
 
 setup_packages() {
     local missing=() name

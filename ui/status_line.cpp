@@ -24,13 +24,18 @@ StatusLine::StatusLine(const Session& session)
       CommandConnectAgain(button(u"CommandConnectAgain"_s, TextId::connectAgain, TextId::connectAgainTip)),
       LabelActivity(nameControl(new ElidedLabel, u"LabelActivity"_s, {}, TextId::statusBarActionTip)),
       LabelUser(nameControl(new ElidedLabel, u"LabelUser"_s, {}, TextId::statusBarUserTip)),
-      LabelDataSource(
-          nameControl(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)) {
+      LabelDataSource(nameControl(new ElidedLabel, u"LabelDataSource"_s, {}, TextId::statusBarDataSourceTip)),
+      ButtonAbout(button(u"ButtonAbout"_s, TextId::aboutTitle, TextId::aboutCommandTip)) {
     setObjectName(u"StatusLine"_s);
     addWidget(LabelActivity, 1);
     addPermanentWidget(CommandConnectAgain);
     addPermanentWidget(LabelUser);
     addPermanentWidget(LabelDataSource);
+    addPermanentWidget(ButtonAbout);
+    ButtonAbout->setFlat(true);
+    ButtonAbout->setAutoDefault(false);
+    // It takes no focus from a child window by a click.
+    ButtonAbout->setFocusPolicy(Qt::TabFocus);
     refresh();
 }
 

@@ -23,6 +23,8 @@ class StatusLine final : public QStatusBar {
     /// mnemonic.
     void setConnecting(std::function<bool()> offersConnecting, const QString& caption);
     QPushButton& connectButton() const { return *CommandConnectAgain; }
+    /// The flat button at the right end, which has the program's name and version; empty until they are set.
+    QPushButton& aboutButton() const { return *ButtonAbout; }
 
     /// Shows who is logged in now, and where.
     void refresh();
@@ -36,6 +38,7 @@ class StatusLine final : public QStatusBar {
     ElidedLabel* LabelActivity;
     ElidedLabel* LabelUser;
     ElidedLabel* LabelDataSource;
+    QPushButton* ButtonAbout;
 };
 
 } // namespace kelvane

@@ -20,6 +20,9 @@ namespace kelvane {
 
 namespace {
 
+/// Typed or scanned instead of an instrument, it starts the download; so does its translation.
+constexpr QStringView downloadWord = u"Download";
+
 bool isSame(QStringView left, QStringView right) {
     return toUpperCase(left) == toUpperCase(right);
 }
@@ -161,7 +164,7 @@ void addToDownloadList(Calibrators& calibrators, DownloadListScreen& screen, con
     auto& session = calibrators.session;
     Routine routine(session, u"FormDockingDown,CommandAdd"_s);
     routine.run([&] {
-        if (isSame(entry, text(TextId::downloadCommand))) {
+        if (isSame(entry, downloadWord) || isSame(entry, text(TextId::downloadCommand))) {
             screen.clearEntry();
             session.ui.processEvents();
             downloadList(calibrators, screen);

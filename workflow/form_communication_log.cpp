@@ -68,8 +68,7 @@ FormCommunicationLog::FormCommunicationLog(Session& session, Calibrators& calibr
       CommandPause(
           button(u"CommandPause"_s, TextId::communicationLogPause, TextId::communicationLogPauseTip)),
       CommandSave(button(u"CommandSave"_s, TextId::communicationLogSave, TextId::communicationLogSaveTip)),
-      CommandClose(
-          button(u"CommandClose"_s, TextId::communicationLogClose, TextId::communicationLogCloseTip)) {
+      CommandClose(button(u"CommandClose"_s, TextId::closeCommand, TextId::closeWindowTip)) {
     // Nobody has to close it before he logs out.
     setCountsAsOpen(false);
     TextLog->setReadOnly(true);

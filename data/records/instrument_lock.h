@@ -8,7 +8,8 @@ namespace kelvane {
 /// mark of the current record, so that two records at once would take each other's. Waits for another
 /// workstation's; error 70 when that keeps it. On a site's own engine it does nothing.
 ///
-/// Nobody may be asked anything meanwhile.
+/// Nobody may be asked anything meanwhile. One report may stand: that of a copied column that can't be
+/// written, since the record's children follow it.
 class InstrumentLock {
   public:
     /// `mtag` is the instrument's key in the tables of the session's owner.

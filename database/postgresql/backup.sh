@@ -12,7 +12,8 @@ set -eu
 address=$1 file=$2
 . "$(dirname -- "$0")/common.sh"
 
-[ "$(version)" != 0 ] || fail "$address holds no database of Kelvane"
+present=$(version)
+[ "$present" != 0 ] || fail "$address holds no database of Kelvane"
 case $file in /*) ;; *) file=$PWD/$file ;; esac
 [ ! -e "$file" ] || fail "$file exists already"
 mkdir -p -- "$(dirname -- "$file")"

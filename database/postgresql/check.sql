@@ -37,12 +37,17 @@ select format('too much: the right of %s to %s on %s', role, verb, concat(object
 from (table kelvane.rights_present except table kelvane.rights_expected) as surplus
 order by 1;
 
-select format('the login "%s" is not in the groups of its user: %s instead of %s', mtuser, present, expected)
-from mt.userlist
-cross join lateral kelvane.groups_of(mtuser::text) as present
-cross join lateral kelvane.groups_for(i4240, mtlevel) as expected
-where mtuser::text in (select rolname from pg_roles) and present <> expected
+select format('too much: everybody may store large objects (%s); the administrator of the server can revoke it',
+    string_agg(name, ', ' order by name))
+from kelvane.open_stores
+having count(*) > 0;
+
+select format('the login "%s" is not in the groups of its user: %s instead of %s', name, present, expected)
+from kelvane.logins
+where present <> expected
 order by 1;
+select format('the login "%s" has rights and is no user: %s', login_name, groups)
+from kelvane.logins_of_nobody(:'elsewhere');
 select format('the login "%s" may do anything on the server', rolname)
 from pg_roles
 where 'kelvane_login' = any (kelvane.groups_of(rolname)) and (rolsuper or rolcreaterole or rolcreatedb or rolbypassrls)

@@ -77,6 +77,25 @@ exists() {
     [ "$found" = 1 ]
 }
 
+# The other databases on the server that logins of Kelvane may open, one a line: as it stands in a URI, and its name.
+neighbours() {
+    query "select regexp_replace(encode(convert_to(datname, 'UTF8'), 'hex'), '(..)', '%\\1', 'g') || ' ' || datname
+        from pg_database
+        where datname <> current_database() and datallowconn and exists (
+            select from aclexplode(datacl) where pg_get_userbyid(grantee) = 'kelvane_login')
+        order by datname" || fail "the databases beside $address can't be listed"
+}
+
+# The users of these, as JSON: an array a line. What restore.sh has kept is not in use, and one that belongs to somebody
+# else can't be read.
+users_elsewhere() {
+    found=$(neighbours)
+    printf '%s\n' "$found" | grep -v '\.before-[0-9]\{8\}-[0-9]\{6\}$' | while read -r place beside; do
+        [ -z "$place" ] || echo "select coalesce(jsonb_agg(mtuser::text), '[]') from mt.userlist;" |
+            engine_of "$place" -At 2>/dev/null || continue
+    done
+}
+
 # A text as psql takes it behind its commands.
 quoted() {
     printf "'%s'" "$(printf '%s' "$1" | sed "s/[\\\\']/\\\\&/g")"

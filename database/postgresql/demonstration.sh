@@ -3,8 +3,8 @@
 #
 #   demonstration.sh <embedded database> <folder>
 #
-# In the folder, copy.sql is what psql has to carry out. It makes the logins too; those that are new get the password
-# "kelvane".
+# In the folder, copy.sql is what psql has to carry out there. It makes the logins too; those that are new get the
+# password "kelvane".
 set -eu
 
 database=${1%/} folder=${2%/}
@@ -13,10 +13,6 @@ case $folder in /*) ;; *) folder=$PWD/$folder ;; esac
 
 engine() {
     sqlite3 -batch -bail -init /dev/null -cmd '.timeout 5000' "$@"
-}
-
-quoted() {
-    printf "'%s'" "$(printf '%s' "$1" | sed "s/[\\\\']/\\\\&/g")"
 }
 
 # for_tables <file> <text>: the text for each table of a file; COLUMNS are its columns, VALUES theirs as COPY reads them. A
@@ -51,7 +47,7 @@ select VALUES from TABLE order by rowid;" >queries
     engine "$file" <queries
     echo "alter table $owner.calibration disable trigger user;"
     for_tables "$file" "delete from $owner.TABLE;
-\\copy $owner.TABLE (COLUMNS) from $(quoted "$folder/$owner.TABLE")"
+\\copy $owner.TABLE (COLUMNS) from $owner.TABLE"
     echo "alter table $owner.calibration enable trigger user;"
     echo "select setval(pg_get_serial_sequence('$owner.calibration', 'ctag'), $(
         engine "$file" "select seq from sqlite_sequence where name = 'calibration'"));"
@@ -60,7 +56,7 @@ done
 engine "$database/kelvane.db" 'select name from accounts order by name' >logins
 cat <<STATEMENTS
 create temp table logins (name text);
-\\copy logins from $(quoted "$folder/logins")
+\\copy logins from logins
 select kelvane.set_password(name, 'kelvane')
 from (
     select name, kelvane.set_account(name, i4240, mtlevel) as is_new

@@ -4,8 +4,9 @@
 #   make.sh <address> [--demo] [--day=YYYY-MM-DD] [--owner=<name>]...
 #
 # The database is made when the server has none of this name; one that is there has to be empty. With --demo it holds the
-# demonstration data, as made today or on the given day, and its logins. It is made whole or not at all. A database of
-# Kelvane keeps its data: it is only brought to the newest version (upgrade.sh).
+# demonstration data, as made today or on the given day, and its logins; it is refused beside a database of Kelvane that
+# lacks the demonstration's users, and where a role that Kelvane has not made has the name of one of them. It is made whole
+# or not at all. A database of Kelvane keeps its data: it is only brought to the newest version (upgrade.sh).
 set -eu
 
 address= demo= day= owners=
@@ -28,9 +29,30 @@ done
 made= rows=
 clean() {
     [ -z "$rows" ] || rm -rf -- "$rows"
-    # One that somebody else is already using stays.
-    [ -z "$made" ] || echo 'drop database if exists :"name";' | engine_of postgres -v name="$database" 2>/dev/null ||
+    [ -n "$made" ] || return 0
+    # Another run may have filled it in the meantime, or be at it: then it can't be dropped.
+    filled=$(query "select to_regclass('kelvane.upgrades') is not null" 2>/dev/null) || true
+    [ "$filled" != t ] || return 0
+    { [ -n "$filled" ] && echo 'drop database if exists :"name";' | engine_of postgres -v name="$database" 2>/dev/null; } ||
         echo "make.sh: an empty database is left behind at $address" >&2
+}
+
+# refuse_beside_others <folder with the demonstration's rows>: logins and their groups are the server's, so that those of
+# the demonstration, whose password everybody knows, may open each of its databases.
+refuse_beside_others() {
+    users=$(sqlite3 -batch -init /dev/null "$1/embedded/mt.db" 'select mtuser from userlist')
+    neighbours >"$1/neighbours"
+    while read -r place beside; do
+        lacking=$(echo "select count(*) from string_to_array(:'users', chr(10)) as users, unnest(users) as name
+            where name not in (select mtuser::text from mt.userlist);" |
+            engine_of "$place" -At -v users="$users" 2>/dev/null) || lacking=all
+        [ "$lacking" = 0 ] || fail "the server has the database \"$beside\", which lacks the demonstration's users, or is" \
+            "none of yours: everybody who knows their password could open it; nothing was changed"
+    done <"$1/neighbours"
+    foreign=$(query "select string_agg(rolname, ', ' order by rolname) from pg_roles
+        where rolname = any (string_to_array(:'logins', chr(10)))
+            and shobj_description(oid, 'pg_authid') is distinct from 'Kelvane';" -v logins="$(cat -- "$1/logins")")
+    [ -z "$foreign" ] || fail "the server has roles with names of the demonstration's logins: $foreign; nothing was changed"
 }
 trap clean EXIT
 trap 'exit 1' HUP INT TERM
@@ -43,7 +65,9 @@ if ! exists; then
         exists || fail "$address can't be made: $words"
     fi
 fi
-if [ "$(version)" != 0 ]; then
+present=$(version)
+if [ "$present" != 0 ]; then
+    made=
     "$here/upgrade.sh" "$address" $owners
     [ -z "$demo" ] || echo "make.sh: $address holds a database already; its data is left as it is"
     exit
@@ -62,6 +86,7 @@ if [ -n "$demo" ]; then
     rows=$(mktemp -d)
     "$here/../make.sh" "$rows/embedded" --demo $day
     "$here/demonstration.sh" "$rows/embedded" "$rows"
+    refuse_beside_others "$rows"
     "$here/upgrade.sh" --new --demonstration="$rows" "$address" $owners
 else
     "$here/upgrade.sh" --new "$address" $owners

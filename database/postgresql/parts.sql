@@ -4,7 +4,8 @@ set search_path = pg_catalog;
 
 create or replace view kelvane.parts_present (kind, relation, name, definition) as
 with relations as (
-    select class.oid, format('%I.%I', nspname, relname) as relation, class.relkind, class.relname, nspname
+    select class.oid, format('%I.%I', nspname, relname) as relation, class.relkind, class.relname, nspname,
+        class.relrowsecurity
     from pg_class as class
     join pg_namespace as space on space.oid = relnamespace
     where nspname in (select name from kelvane.owners)
@@ -39,6 +40,11 @@ union all
 select 'trigger', relation, tgname, pg_get_triggerdef(pg_trigger.oid)
 from relations
 join pg_trigger on tgrelid = relations.oid and not tgisinternal and tgenabled <> 'D'
+union all
+select 'policy', relation, polname, concat_ws(' ', polcmd, polpermissive, pg_get_expr(polqual, polrelid))
+from relations
+join pg_policy on polrelid = relations.oid
+where relrowsecurity
 union all
 select 'view', relation, '', pg_get_viewdef(oid)
 from relations

@@ -7,8 +7,9 @@
 # when it is whole; what stood there is kept on the server as <database>.before-<moment>. The file stays as it is.
 #
 # Logins belong to the server. Those of the users in the copy are made where they are missing, and get the rights of their
-# level; a new one is named and has no password yet. The owner account "MT" has no row among the users: on another server
-# it is made anew (select kelvane.set_account('MT', 'MT', 6)).
+# level; a new one is named and has no password yet. A login that is there gets the rights of the copy when this takes the
+# place of a database, and keeps its own otherwise: it serves the server's other databases. The owner account "MT" has no
+# row among the users: on another server it is made anew (select kelvane.set_account('MT', 'MT', 6)).
 set -eu
 
 [ $# = 2 ] || { echo 'restore.sh: usage: restore.sh <file> <address>' >&2 && exit 1; }
@@ -24,9 +25,9 @@ place=postgresql://$server/$new$parameters
 present=
 if exists; then
     present=yes
-    # A session that has just ended may still be leaving.
+    # A session that has just ended may still be leaving. Everybody can see whose a session is, and nothing else of it.
     for attempt in 1 2 3; do
-        users=$(echo "select count(*) from pg_stat_activity where datname = :'name' and backend_type = 'client backend';" |
+        users=$(echo "select count(*) from pg_stat_activity where datname = :'name' and usesysid is not null;" |
             engine_of postgres -At -v name="$database") || fail "the server of $address can't be reached"
         [ "$users" != 0 ] || break
         [ $attempt = 3 ] || sleep 1
@@ -60,5 +61,20 @@ pg_restore -w -d "$place" --no-owner --no-privileges --exit-on-error --single-tr
 }
 made=
 [ -z "$present" ] || echo "What stood in $address before is in the database \"$before\" of the same server."
-logins=$(query 'select kelvane.restore_accounts()') || fail "the logins could not be made; see upgrade.sh and check.sh"
-[ -z "$logins" ] || printf 'These logins are new on the server and have no password yet:\n%s\n' "$logins"
+
+# tell <heading> <names>
+tell() {
+    [ -z "$2" ] || printf '%s:\n%s\n' "$1" "$2"
+}
+in_place=false
+[ -z "$present" ] || in_place=true
+logins=$(query "select kelvane.restore_accounts($in_place)") || fail "the logins could not be made; see upgrade.sh and check.sh"
+tell 'These logins are new on the server and have no password yet' "$logins"
+logins=$(query 'select name from kelvane.logins where present <> expected order by name') ||
+    fail "the logins can't be looked at; see check.sh"
+tell 'These logins keep the rights that they have on the server; the copy says otherwise' "$logins"
+[ -n "$present" ] || exit 0
+elsewhere=$(users_elsewhere)
+logins=$(query "select login_name from kelvane.logins_of_nobody(:'elsewhere')" -v elsewhere="$elsewhere") ||
+    fail "the logins can't be looked at; see check.sh"
+tell 'These logins have rights and are no users of the copy; kelvane-admin remove takes them away' "$logins"

@@ -134,9 +134,9 @@ STATEMENTS
     # What is made again is known anew each time.
     cat <<'STATEMENTS'
 create temp table parts_again as
-select * from kelvane.parts_present where kind in ('trigger', 'view', 'function', 'operator');
+select * from kelvane.parts_present where kind in ('trigger', 'policy', 'view', 'function', 'operator');
 delete from kelvane.parts
-where kind in ('trigger', 'view', 'function', 'operator')
+where kind in ('trigger', 'policy', 'view', 'function', 'operator')
     and (kind, relation, name, definition) not in (table pg_temp.parts_again);
 insert into kelvane.parts (kind, relation, name, definition)
 select * from pg_temp.parts_again
@@ -144,7 +144,7 @@ except
 select kind, relation, name, definition from kelvane.parts;
 STATEMENTS
     if [ -n "$demonstration" ]; then
-        printf '%s\n' '\if :new' "\\i $(quoted "$demonstration/copy.sql")" '\endif'
+        printf '%s\n' '\if :new' "\\cd $(quoted "$demonstration")" '\i copy.sql' '\endif'
     fi
     echo "select format('alter database %I set datestyle = ''ISO, YMD''', current_database()) \\gexec"
     echo 'commit;'

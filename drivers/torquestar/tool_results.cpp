@@ -26,6 +26,10 @@ constexpr int timePosition = 8;
 constexpr int samplePosition = 12;
 constexpr int width = 4;
 
+// Remarks of a record: stored, so the same in every language.
+constexpr QStringView passesVerification = u"UNIT PASSES PERFORMANCE VERIFICATION";
+constexpr QStringView receivedInTolerance = u"UNIT WAS RECEIVED IN TOLERANCE";
+
 QByteArray dateField(const QByteArray& reply) {
     return part(reply, datePosition, width);
 }
@@ -122,13 +126,12 @@ void fillFields(Session& session, CalRecord& record, const CalParamRecord& instr
     const bool passed = findings.counts.hasPassed();
     const bool remarked = session.CommandLineFlag;
     const auto remark = !remarked                    ? Value(findings.comment)
-                        : findings.comment.isEmpty() ? Value(text(TextId::unitPassesVerification))
+                        : findings.comment.isEmpty() ? Value(passesVerification.toString())
                                                      : Value();
     kelvane::fillFields(record, instrument, findings.counts,
                         {findings.date, findings.time, passed ? u"FOUND-LEFT"_s : u"AS-FOUND"_s, tech});
     const FieldValue remarks[] = {
-        {u"C2326", remark},
-        {u"C2329", remarked && passed ? Value(text(TextId::unitReceivedInTolerance)) : Value()}};
+        {u"C2326", remark}, {u"C2329", remarked && passed ? Value(receivedInTolerance.toString()) : Value()}};
     kelvane::fillFields(record, remarks);
 }
 

@@ -14,17 +14,7 @@ TEST_F(AccountCommands, TheListTellsOwnerAndLevelAndWhoMayLogIn) {
     const auto outcome = run(u"accounts"_s);
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.errors, QString());
-    EXPECT_EQ(outcome.output, u"name       owner  level  may log in\n"
-                              "amoreau    MT     0      yes\n"
-                              "bkowalski  MT     1      yes\n"
-                              "cnguyen    MT     4      yes\n"
-                              "dsantos    MT     5      yes\n"
-                              "efischer   MT     6      yes\n"
-                              "fokafor    MT     7      yes\n"
-                              "gpetrov    ABC    4      yes\n"
-                              "jdoe       MT     1      yes\n"
-                              "MT         MT     6      yes\n"
-                              "noone                    no\n"_s);
+    EXPECT_EQ(outcome.output, demonstrationAccounts);
 }
 
 TEST_F(AccountCommands, ANewAccountLogsInWithThePasswordOfTheInput) {

@@ -64,10 +64,9 @@ void expectRefused(const AdminOutcome& outcome, int code, const QString& text) {
         << outcome.errors.toStdString() << "without: " << text.toStdString();
 }
 
-QString AdminOnDatabase::listed(const QString& name) {
-    const auto outcome = run(u"accounts"_s);
-    EXPECT_EQ(outcome.code, 0) << outcome.errors.toStdString();
-    for (const auto& line : outcome.output.split(u'\n')) {
+QString lineOfAccount(const AdminOutcome& list, const QString& name) {
+    EXPECT_EQ(list.code, 0) << list.errors.toStdString();
+    for (const auto& line : list.output.split(u'\n')) {
         if (line.startsWith(name + u' '))
             return line.simplified();
     }

@@ -29,6 +29,23 @@ void expectDone(const AdminOutcome& outcome);
 /// status, and no output.
 void expectRefused(const AdminOutcome& outcome, int code, const QString& text);
 
+/// The line of an account in what "accounts" has printed; empty when there is none. Its parts are separated
+/// by one blank.
+QString lineOfAccount(const AdminOutcome& list, const QString& name);
+
+/// What "accounts" prints of a database with the demonstration data.
+inline const QString demonstrationAccounts = QStringLiteral("name       owner  level  may log in\n"
+                                                            "amoreau    MT     0      yes\n"
+                                                            "bkowalski  MT     1      yes\n"
+                                                            "cnguyen    MT     4      yes\n"
+                                                            "dsantos    MT     5      yes\n"
+                                                            "efischer   MT     6      yes\n"
+                                                            "fokafor    MT     7      yes\n"
+                                                            "gpetrov    ABC    4      yes\n"
+                                                            "jdoe       MT     1      yes\n"
+                                                            "MT         MT     6      yes\n"
+                                                            "noone                    no\n");
+
 /// A database of the embedded engine with the demonstration data, and the administrator's commands on it.
 class AdminOnDatabase : public ::testing::Test {
   protected:
@@ -36,8 +53,7 @@ class AdminOnDatabase : public ::testing::Test {
                      const QByteArray& input = {}) {
         return runAdmin(QStringList{command, database.path()} + arguments, input);
     }
-    /// The line of an account in the list; empty when there is none. Its parts are separated by one blank.
-    QString listed(const QString& name);
+    QString listed(const QString& name) { return lineOfAccount(run(QStringLiteral("accounts")), name); }
     /// True when the workstation takes the login.
     bool takesLogin(const QString& user, const QString& password) const;
     /// One value out of kelvane.db and mt.db.

@@ -6,7 +6,7 @@
 
 namespace kelvane::testing {
 
-/// A private server. It has a database "demo" with the demonstration data, and stops with this.
+/// A private server without databases, which stops with this.
 class AdminServer {
   public:
     AdminServer();
@@ -18,6 +18,9 @@ class AdminServer {
     QString trouble() const { return trouble_; }
     /// The address of a database, as its administrator or as another user.
     QString address(const QString& database, const QString& user = QStringLiteral("kelvane_admin")) const;
+    QString socket() const { return socket_; }
+    /// What a statement of its administrator answers.
+    QString psql(const QString& database, const QString& statement) const;
     /// What its log holds.
     QByteArray log() const;
 
@@ -27,8 +30,9 @@ class AdminServer {
     QString trouble_;
 };
 
-/// The administrator's commands on a server of this suite's own, in a database of this test's own, a copy of
-/// the demonstration's. Without a server the test is skipped.
+/// The administrator's commands on a server of this suite's own, which has a database "demo" with the
+/// demonstration data, in a database of this test's own, a copy of that. Without a server the test is
+/// skipped.
 class AdminOnServer : public ::testing::Test {
   protected:
     static void SetUpTestSuite();
@@ -42,8 +46,7 @@ class AdminOnServer : public ::testing::Test {
     }
     static const AdminServer& server();
     QString address() const { return server().address(database_); }
-    /// The line of an account in the list, its parts separated by one blank; empty when there is none.
-    QString listed(const QString& name);
+    QString listed(const QString& name) { return lineOfAccount(run(QStringLiteral("accounts")), name); }
     /// What a statement of the administrator answers.
     static QString psql(const QString& database, const QString& statement);
     /// True when the workstation takes the login through the data source that the program has written.

@@ -40,7 +40,6 @@ TEST(DatabaseAddress, AnAddressOfAServerIsReadAsTheServersOwnProgramsReadIt) {
     EXPECT_EQ(network.host, u"db.example.org"_s);
     EXPECT_EQ(network.port, u"5433"_s);
     EXPECT_EQ(network.database, u"kelvane"_s);
-    EXPECT_EQ(network.user, u"ann"_s);
     EXPECT_EQ(network.sslMode, QString());
     EXPECT_EQ(network.rootCertificate, u"/etc/site.crt"_s);
 

@@ -21,17 +21,7 @@ TEST_F(ServerAdmin, TheListTellsOwnerAndLevelAndWhoMayLogIn) {
     const auto outcome = run(u"accounts"_s);
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.errors, QString());
-    EXPECT_EQ(outcome.output, u"name       owner  level  may log in\n"
-                              "amoreau    MT     0      yes\n"
-                              "bkowalski  MT     1      yes\n"
-                              "cnguyen    MT     4      yes\n"
-                              "dsantos    MT     5      yes\n"
-                              "efischer   MT     6      yes\n"
-                              "fokafor    MT     7      yes\n"
-                              "gpetrov    ABC    4      yes\n"
-                              "jdoe       MT     1      yes\n"
-                              "MT         MT     6      yes\n"
-                              "noone                    no\n"_s);
+    EXPECT_EQ(outcome.output, demonstrationAccounts);
 }
 
 TEST_F(ServerAdmin, AnAccountIsMadeChangedAndRemoved) {
@@ -50,6 +40,22 @@ TEST_F(ServerAdmin, AnAccountIsMadeChangedAndRemoved) {
         EXPECT_EQ(listed(name), QString());
         EXPECT_FALSE(takesLogin(name, u"other"_s));
     }
+}
+
+TEST_F(ServerAdmin, ALoginThatTheServerHadBeforeKeepsItsPasswordUntilItIsSet) {
+    psql(u"postgres"_s, u"create role reporter login password 'its own'"_s);
+    const auto outcome = run(u"account"_s, {u"reporter"_s, u"--owner=MT"_s, u"--level=1"_s}, "new\n");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.output,
+              u"The server had the login reporter before, which keeps its password; the command "
+              "password sets another.\n"_s);
+    EXPECT_EQ(listed(u"reporter"_s), u"reporter MT 1 yes"_s);
+    EXPECT_TRUE(takesLogin(u"reporter"_s, u"its own"_s));
+    EXPECT_FALSE(takesLogin(u"reporter"_s, u"new"_s));
+    expectDone(run(u"password"_s, {u"reporter"_s}, "new\n"));
+    EXPECT_TRUE(takesLogin(u"reporter"_s, u"new"_s));
+    expectDone(run(u"remove"_s, {u"reporter"_s}));
+    psql(u"postgres"_s, u"drop role reporter"_s);
 }
 
 TEST_F(ServerAdmin, ThePasswordReachesTheServerAsAVerifierAlone) {

@@ -1,4 +1,5 @@
 // The button of the status line, and the login screen that it opens.
+#include "data/session_values.h"
 #include "tests/app/lost_connection_fixture.h"
 #include "tests/worksheets/small_layout.h"
 #include "ui/form_custom_dialog.h"
@@ -89,26 +90,32 @@ TEST_F(LostConnection, LostTwiceItIsMadeAgainTwice) {
     EXPECT_EQ(openChildren(), QStringList{u"FormStrategies"_s});
 }
 
-TEST_F(LostConnection, AUserWhoIsAnotherOneNowIsRefused) {
+TEST_F(LostConnection, AUserOrASiteThatIsAnotherOneNowIsRefused) {
     choose(u"mnuStrategies"_s);
+    const auto ofUser = u"update mt.userlist set %1 where mtuser = 'dsantos'"_s;
+    const auto ofSite = u"update mt.dbconfig set %1"_s;
     const struct {
+        QString update;
         QString change;
         QString undo;
-    } changes[] = {{u"mtlevel = 1"_s, u"mtlevel = 5"_s}, {u"i4240 = 'ABC'"_s, u"i4240 = 'MT'"_s}};
-    for (const auto& [change, undo] : changes) {
+    } changes[] = {{ofUser, u"mtlevel = 1"_s, u"mtlevel = 5"_s},
+                   {ofUser, u"i4240 = 'ABC'"_s, u"i4240 = 'MT'"_s},
+                   {ofSite, u"datecode = 1"_s, u"datecode = 0"_s},
+                   {ofSite, u"b_cal_p = 0"_s, u"b_cal_p = 1"_s}};
+    const auto before = databaseValuesOf(session);
+    for (const auto& [update, change, undo] : changes) {
+        SCOPED_TRACE(change.toStdString());
         lose();
-        const auto update = u"update mt.userlist set %1 where mtuser = 'dsantos'"_s;
         executeAnything(*database.connect(), update.arg(change));
-        simulatedOperator.expectBox(
-            u"The owner or the level of dsantos has been changed meanwhile. Please note down what is not "
-            "saved, close all windows, log out and log in."_s,
-            u"Kelvane"_s, box::stop);
+        simulatedOperator.expectBox(u"The account of dsantos or the site's configuration has been changed "
+                                    u"meanwhile. Please note down "
+                                    "what is not saved, close all windows, log out and log in."_s,
+                                    u"Kelvane"_s, box::stop);
         connectAgain();
         EXPECT_TRUE(simulatedOperator.hasMetAll());
         EXPECT_FALSE(session.SessionConnected);
         EXPECT_FALSE(session.SharedConnection->isOpen());
-        EXPECT_EQ(session.SessionOwner, u"MT"_s);
-        EXPECT_EQ(session.SessionLevel, 5);
+        EXPECT_EQ(databaseValuesOf(session), before);
         executeAnything(*database.connect(), update.arg(undo));
         connectAgain();
         expectConnected();

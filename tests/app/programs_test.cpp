@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +54,19 @@ void expectOneSentence(const Ending& ending, const QString& program) {
     EXPECT_TRUE(ending.errors.startsWith(program + u": "_s)) << ending.errors.toStdString();
 }
 
+QString sourceFile(const QString& path) {
+    return QStringLiteral(KELVANE_SOURCES) + u'/' + path;
+}
+
+/// What bash says of a line in which the functions of the tree's scripts are known.
+QString shellOutput(const QString& line) {
+    QProcess bash;
+    bash.start(u"bash"_s, {u"-euc"_s, u". \"$1\"; "_s + line, u"bash"_s, sourceFile(u"tools/setup.sh"_s)});
+    EXPECT_TRUE(bash.waitForFinished(patience));
+    EXPECT_EQ(bash.readAllStandardError(), "");
+    return QString::fromUtf8(bash.readAllStandardOutput());
+}
+
 /// The workstation, started in a folder of its own and without a window on a display.
 class StartedWorkstation : public ::testing::Test {
   protected:
@@ -66,9 +78,14 @@ class StartedWorkstation : public ::testing::Test {
         auto environment = withoutDisplay();
         environment.insert(u"XDG_DATA_HOME"_s, folder.path() + u"/data"_s);
         environment.insert(u"XDG_CONFIG_HOME"_s, folder.path() + u"/settings"_s);
+        environment.insert(u"ODBCINI"_s, folder.path() + u"/odbc.ini"_s);
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(folder.path());
         process.start(pathOf(u"kelvane"_s), QStringList{u"-platform"_s, u"offscreen"_s} + words);
+    }
+    /// A data source that is known, whatever it leads to.
+    void nameDataSource() {
+        folder.write(u"odbc.ini"_s, "[Calibration Data]\nDriver = SQLite3\nDatabase = none\n");
     }
     /// The first line of an error log, once it is there.
     QString firstLineOf(const QString& path) {
@@ -147,6 +164,37 @@ TEST(DisplayCheck, WritesOtherMessagesWhenItIsOver) {
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "a warning of the toolkit\n");
 }
 
+TEST(TreeScripts, AnswerHelpAndDoNothingElse) {
+    for (const auto& script : {u"run"_s, u"test"_s, u"bench"_s, u"endure"_s}) {
+        QProcess process;
+        process.start(sourceFile(script), {u"--help"_s});
+        ASSERT_TRUE(process.waitForFinished(patience));
+        EXPECT_EQ(process.exitCode(), 0);
+        const auto lines = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n');
+        EXPECT_TRUE(lines[0].startsWith(u"Usage: ./"_s + script)) << lines[0].toStdString();
+        EXPECT_GT(lines.size(), 3);
+        EXPECT_EQ(process.readAllStandardError(), "");
+    }
+}
+
+TEST(TreeScripts, RefuseWhatTheyDoNotUnderstand) {
+    for (const auto& script : {u"run"_s, u"bench"_s, u"endure"_s}) {
+        QProcess process;
+        process.start(sourceFile(script), {u"--colour"_s});
+        ASSERT_TRUE(process.waitForFinished(patience));
+        EXPECT_EQ(process.exitCode(), 2);
+        EXPECT_EQ(QString::fromUtf8(process.readAllStandardError()),
+                  u"%1: --colour is not understood; see ./%1 --help\n"_s.arg(script));
+        EXPECT_EQ(process.readAllStandardOutput(), "");
+    }
+}
+
+TEST(TreeScripts, ALongBuildShowsAFewLinesWhereThereIsNoTerminal) {
+    EXPECT_EQ(shellOutput(u"for i in $(seq 1 400); do echo \"[$i/400] Building\"; done | show_progress"_s),
+              u"  10 %\n  20 %\n  30 %\n  40 %\n  50 %\n  60 %\n  70 %\n  80 %\n  90 %\n  100 %\n"_s);
+    EXPECT_EQ(shellOutput(u"printf '[1/2] a\\n[2/2] b\\nninja: done\\n' | show_progress"_s), QString());
+}
+
 TEST_F(StartedWorkstation, EntersItsVersionIntoTheErrorLog) {
     start({u"--worksheets"_s, u"xKFDJx"_s});
     static const QRegularExpression line(
@@ -154,6 +202,18 @@ TEST_F(StartedWorkstation, EntersItsVersionIntoTheErrorLog) {
             QRegularExpression::escape(QStringLiteral(KELVANE_PROJECT_VERSION))));
     const auto written = firstLineOf(u"errors.log"_s);
     EXPECT_TRUE(line.match(written).hasMatch()) << written.toStdString();
+}
+
+TEST_F(StartedWorkstation, WithADataSourceStartsWithoutAQuestion) {
+    nameDataSource();
+    start({});
+    // The start-up has begun when it misses the file of the site.
+    const QDeadlineTimer deadline(patience);
+    bool hasBegun = false;
+    while (!hasBegun && !deadline.hasExpired() && !process.waitForFinished(20))
+        hasBegun = QFile::exists(u"errors.log"_s) &&
+                   folder.read(u"errors.log"_s).contains(u"ModuleGlobals,StartupFunctions"_s);
+    EXPECT_TRUE(hasBegun);
 }
 
 TEST_F(StartedWorkstation, WithTheFoldersOfTheUserWorksInThem) {

@@ -1,6 +1,8 @@
 #include "tests/app/screens.h"
 
 #include "data/journal/journal.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "ui/form_custom_dialog.h"
 #include "ui/status_line.h"
 
@@ -51,8 +53,8 @@ void showCalParam(Screens& test, const std::function<void()>& look,
                                        u" order by prompt_seq asc"_s,
                                    {Row{u"CLOSE THE VALVE"_s}, Row{u"REMOVE THE COVER"_s}});
     }
-    test.simulatedOperator.expectDialog(u"Calibration Parameters"_s, u"Enter instrument number:"_s,
-                                        u"PT-1001"_s);
+    test.simulatedOperator.expectDialog(text(TextId::calibrationParameters),
+                                        text(TextId::instrumentNumberPrompt), u"PT-1001"_s);
     test.choose(u"mnuCalParameters"_s);
     auto& form = test.child(u"FormCalParam"_s);
     pick(control<QComboBox>(form, u"ComboTSName"_s), u"FIVE POINTS UP"_s);
@@ -142,7 +144,7 @@ const Screen screens[] = {
     {"FormDockingDown",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
-         test.simulatedOperator.expectDialog(u"Download"_s, u"Select Calibrator To Use:"_s, u"Crane TorqueStar IVc"_s);
+         test.simulatedOperator.expectDialog(text(TextId::downloadCommand), text(TextId::selectCalibratorToUse), u"Crane TorqueStar IVc"_s);
          test.choose(u"mnuDownload"_s);
          control<QListWidget>(test.child(u"FormDockingDown"_s), u"ListCal"_s)
              .addItems({u"TW-1001"_s, u"TW-1002"_s, u"TW-1003"_s, u"TW-1004"_s, u"TW-1005"_s, u"TW-1006"_s});
@@ -223,9 +225,9 @@ const Screen screens[] = {
          QTest::keyClick(&predefined, Qt::Key_End);
          QTest::keyClick(&predefined, Qt::Key_Up);
          QTest::keyClick(&predefined, Qt::Key_Up);
-         EXPECT_EQ(predefined.currentText(), u"11 Points Up (0-10-20-30-40-50-60...100%)"_s);
+         EXPECT_EQ(predefined.currentText(), text(TextId::predefinedElevenUp));
          look();
-         test.simulatedOperator.expectBox(u"Are you sure you want to discard any changes made since last save?"_s,
+         test.simulatedOperator.expectBox(text(TextId::confirmDiscardSinceSave),
                                u"Kelvane"_s, box::warningYesNo, BoxAnswer::yes);
          test.child(u"FormStrategies"_s).close();
      }},
@@ -249,8 +251,8 @@ const Screen screens[] = {
     {"FormStatusBar",
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
-         test.program.ui.showProgress(u"Calibration Record Creation"_s);
-         test.program.ui.setProgressText(u"Downloading..."_s);
+         test.program.ui.showProgress(text(TextId::recordCreation));
+         test.program.ui.setProgressText(text(TextId::downloadingProgress));
          test.program.ui.setProgressValue(42);
          look();
          test.program.ui.hideProgress();
@@ -266,7 +268,7 @@ const Screen screens[] = {
                                    .time = u"10:20:30"_s,
                                    .readings = {u"  1 20.00 in/lb          19.98 in/lb        PASS"_s,
                                                 u"  2 60.00 in/lb          61.75 in/lb        FAIL"_s},
-                                   .why = u"The connection to the database was lost."_s});
+                                   .why = text(TextId::resultsInterrupted)});
          test.startLoggedIn(4);
          look();
      }},
@@ -282,7 +284,7 @@ const Screen screens[] = {
      [](Screens& test, const std::function<void()>& look) {
          test.startLoggedIn(4);
          test.simulatedOperator.expectDialog(
-             u"Enter Test Results From Worksheet(s)"_s, u"Enter instrument #: (or press CANCEL to quit)"_s,
+             text(TextId::enterWorksheetResults), text(TextId::worksheetInstrumentPrompt),
              [&](FormCustomDialog& dialog) { test.cancel(dialog); });
          test.choose(u"mnuEnter"_s);
          auto& form = test.child(u"FormWorkEntry"_s);
@@ -310,8 +312,8 @@ const Screen screens[] = {
     {"FormCustomDialog_list",
      [](Screens& test, const std::function<void()>& look) {
          showDialog(test,
-                    {.caption = u"Upload Test Results From Calibrator"_s,
-                     .prompt = u"Select Calibrator To Use:"_s,
+                    {.caption = text(TextId::uploadTestResults),
+                     .prompt = text(TextId::selectCalibratorToUse),
                      .required = true,
                      .fromList = true,
                      .choices = {u"Crane TorqueStar IVc"_s, u"Fluke 702"_s, u"Fluke 743/744"_s}},
@@ -320,8 +322,8 @@ const Screen screens[] = {
     {"FormCustomDialog_text",
      [](Screens& test, const std::function<void()>& look) {
          showDialog(test,
-                    {.caption = u"TW-1001: External Standard Required"_s,
-                     .prompt = u"Standard to be used for this calibration:"_s,
+                    {.caption = u"TW-1001: "_s + text(TextId::externalStandardRequired),
+                     .prompt = text(TextId::standardToUse),
                      .required = true,
                      .defaultText = u"STD-0042"_s},
                     look);
@@ -330,8 +332,8 @@ const Screen screens[] = {
      [](Screens& test, const std::function<void()>& look) {
          showDialog(
              test,
-             {.caption = u"Calibration Record Data (PT-100-ABC)"_s,
-              .prompt = u"Please enter information for: Humidity of the room in which the work was done"_s},
+             {.caption = text(TextId::calibrationRecordData) + u" (PT-100-ABC)"_s,
+              .prompt = text(TextId::enterInformationFor) + u" Humidity of the room in which the work was done"_s},
              look);
      }},
 };

@@ -1,4 +1,7 @@
 // What all screens share.
+#include "resources/languages.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "tests/app/screens.h"
 
 #include <QAbstractButton>
@@ -50,9 +53,12 @@ bool isCutOff(const QWidget* control) {
                                 : text->sizeHint().width() > text->width() ||
                                       text->fontMetrics().height() > inside.height();
     }
-    if (qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QGroupBox*>(control))
-        return control->sizeHint().width() > control->width() ||
-               control->sizeHint().height() > control->height();
+    if (qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QGroupBox*>(control)) {
+        // Texts that wrap need less height where they have more width.
+        const int height = control->hasHeightForWidth() ? control->heightForWidth(control->width())
+                                                        : control->sizeHint().height();
+        return control->sizeHint().width() > control->width() || height > control->height();
+    }
     if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control))
         return control->minimumSizeHint().width() > control->width() ||
                control->sizeHint().height() > control->height();
@@ -98,7 +104,8 @@ void savePicture(const QPixmap& picture, const QString& name) {
     const QDir folder(QCoreApplication::applicationDirPath() + u"/../pictures"_s);
     ASSERT_TRUE(folder.mkpath(u"."_s));
     const auto scale = picture.devicePixelRatio() > 1 ? u"-double"_s : QString();
-    ASSERT_TRUE(picture.save(folder.filePath(name + scale + u".png"_s)));
+    const auto language = shownLanguage() == ownLanguage ? QString() : u'-' + shownLanguage();
+    ASSERT_TRUE(picture.save(folder.filePath(name + language + scale + u".png"_s)));
 }
 
 } // namespace
@@ -250,7 +257,7 @@ TEST_F(PicturesOfTheRest, MenuAndBoxes) {
         savePicture(menu->grab(), name);
         menu->close();
     }
-    simulatedOperator.expectBox(u"Are you sure you want to exit?"_s, u"Kelvane"_s, box::question,
+    simulatedOperator.expectBox(text(TextId::confirmExit), u"Kelvane"_s, box::question,
                                 [](QMessageBox& shown) {
                                     savePicture(shown.grab(), u"box-question"_s);
                                     QTest::keyClick(&shown, Qt::Key_Escape);

@@ -1,12 +1,5 @@
 #include "tests/database/databases.h"
-#include "tests/database/script_server.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <sys/stat.h>
+#include "tests/database/shared_scripts.h"
 
 #include <thread>
 
@@ -16,46 +9,11 @@ namespace kelvane::testing {
 
 namespace {
 
-class SharedScripts : public ScriptServer {
-  protected:
-    /// All definitions, rights and rows of a database, as text.
-    static QString contentOfServer(const QString& database) {
-        QProcess process;
-        process.start(u"pg_dump"_s, {u"-w"_s, u"-d"_s, address(database)});
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-        auto lines = QString::fromUtf8(process.readAllStandardOutput()).split(u'\n');
-        lines.removeIf(
-            [](const QString& line) { return line.startsWith(u'\\') || line.startsWith(u"-- "_s); });
-        lines.sort(); // the server gives rights in no order
-        return lines.join(u'\n');
-    }
-    static QString version(const QString& database) {
-        return answer(database, u"select max(number) from kelvane.upgrades"_s);
-    }
-    static int databases() { return answer(u"postgres"_s, u"select count(*) from pg_database"_s).toInt(); }
-
-    /// A copy of the scripts, to add to.
-    QString copyOfScripts() const {
-        const auto copy = folder.filePath(u"it's a copy"_s);
-        if (!QFileInfo::exists(copy))
-            QProcess::execute(u"cp"_s, {u"-r"_s, sourceFile(u"database"_s), copy});
-        return copy + u"/postgresql"_s;
-    }
-    void write(const QString& file, const QByteArray& text) const {
-        QFile script(copyOfScripts() + u'/' + file);
-        EXPECT_TRUE(script.open(QIODevice::Append));
-        script.write(text);
-    }
-    Outcome runCopy(const QString& script, const QStringList& arguments) const {
-        return runScript(copyOfScripts() + u'/' + script, arguments);
-    }
-
-    QTemporaryDir folder;
-};
-
-/// The same for the copies and the checks of a database: a suite of its own, which runs beside the other.
-using SharedCopies = SharedScripts;
+ScriptEnvironment asMaker() {
+    ScriptEnvironment environment;
+    environment.variables.insert(u"PGPASSWORD"_s, u"kelvane"_s);
+    return environment;
+}
 
 } // namespace
 
@@ -101,6 +59,33 @@ TEST_F(SharedScripts, TwoMakesAtOnceDoTheWorkOnce) {
         EXPECT_EQ(answer(made, u"select count(*) from mt.userlist"_s), u"8"_s);
         EXPECT_EQ(run(u"check.sh"_s, {address(made)}).code, 0);
     }
+}
+
+TEST_F(SharedScripts, ANewDatabaseThatAnotherRunHasFilledIsKept) {
+    // Between the making of the database and the next look at it.
+    const auto found = newName();
+    QFile program(folder.filePath(u"psql"_s));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\nPATH=${PATH#*:}\necho >>\"$0.calls\"\nstatus=0\npsql \"$@\" || status=$?\n"
+                  "[ \"$(wc -l <\"$0.calls\")\" != 2 ] || \"$MAKE\" \"$ADDRESS\" >&2\nexit $status\n");
+    program.close();
+    ASSERT_TRUE(program.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+    ScriptEnvironment environment;
+    environment.variables.insert(u"PATH"_s, folder.path() + u':' + environment.variables.value(u"PATH"_s));
+    environment.variables.insert(u"MAKE"_s, sourceFile(u"database/postgresql/make.sh"_s));
+    environment.variables.insert(u"ADDRESS"_s, address(found));
+    const auto outcome =
+        runScript(sourceFile(u"database/postgresql/make.sh"_s), {address(found)}, environment);
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.output, QString());
+    EXPECT_EQ(version(found), u"5"_s);
+
+    // And before this run fails.
+    const auto failed = newName();
+    replace(u"upgrade.sh"_s,
+            "#!/bin/sh\n\"" + sourceFile(u"database/postgresql/make.sh"_s).toUtf8() + "\" \"$2\"\nexit 1\n");
+    EXPECT_EQ(runCopy(u"make.sh"_s, {address(failed)}).code, 1);
+    EXPECT_EQ(version(failed), u"5"_s);
 }
 
 TEST_F(SharedScripts, ADatabaseThatFailsIsRemovedAgain) {
@@ -157,18 +142,27 @@ TEST_F(SharedScripts, ArgumentsThatMakeNoSenseAreRefused) {
 }
 
 TEST_F(SharedScripts, ARoleThatIsNoSuperuserMakesAnUsableDatabaseOfAnyName) {
-    answer(u"postgres"_s, u"create role maker login createdb createrole password 'kelvane'"_s);
-    ScriptEnvironment environment;
-    environment.variables.insert(u"PGPASSWORD"_s, u"kelvane"_s);
-    const auto place = address(u"it's \"ours\" é"_s, u"maker"_s);
-    const auto outcome = runScript(sourceFile(u"database/postgresql/make.sh"_s),
-                                   {place, u"--demo"_s, u"--owner=lab"_s}, environment);
+    demo();
+    // It has to see that the other databases are demonstrations too.
+    answer(u"postgres"_s,
+           u"create role maker login createdb createrole password 'kelvane' in role kelvane_login"_s);
+    const auto name = u"it's \"ours\" é"_s;
+    const auto place = address(name, u"maker"_s);
+    const auto script = sourceFile(u"database/postgresql/%1.sh"_s);
+    const auto outcome = runScript(script.arg(u"make"_s), {place, u"--demo"_s, u"--owner=lab"_s}, asMaker());
     EXPECT_EQ(outcome.code, 0) << outcome.output.toStdString();
-    const auto check = runScript(sourceFile(u"database/postgresql/check.sh"_s), {place}, environment);
+    answer(u"postgres"_s, u"revoke kelvane_login from maker"_s);
+    const auto open = runScript(script.arg(u"check"_s), {place}, asMaker());
+    EXPECT_EQ(open.code, 1);
+    EXPECT_EQ(open.output,
+              u"too much: everybody may store large objects (lo_creat, lo_create, lo_from_bytea, lo_put, "
+              "lowrite); the administrator of the server can revoke it\n"_s);
+    answer(name,
+           u"revoke execute on function lo_creat, lo_create, lo_from_bytea, lo_put, lowrite from public"_s);
+    const auto check = runScript(script.arg(u"check"_s), {place}, asMaker());
     EXPECT_EQ(check.code, 0) << check.output.toStdString();
-    EXPECT_EQ(
-        states(u"it's \"ours\" é"_s, {u"insert into mt.calibration (mtag) values ('1301')"_s}, {u"jdoe"_s}),
-        QStringList{u"00000"_s});
+    EXPECT_EQ(states(name, {u"insert into mt.calibration (mtag) values ('1301')"_s}, {u"jdoe"_s}),
+              QStringList{u"00000"_s});
     answer(u"postgres"_s, u"drop database \"it's \"\"ours\"\" é\" with (force); drop role maker"_s);
 }
 
@@ -202,7 +196,9 @@ TEST_F(SharedScripts, WhatWasRemovedComesBackAndAMissingColumnIsNamed) {
         "alter table mt.segregate drop constraint segregate_i4240_key; drop operator dialect.= (text, "
         "integer); "
         "revoke select on mt.dbconfig from kelvane_level_1; grant update on mt.userlist to kelvane_level_0; "
-        "grant create on schema public to public; drop trigger rights_follow on mt.dbconfig"_s);
+        "grant create on schema public to public; drop trigger rights_follow on mt.dbconfig; "
+        "drop policy deleted_rows on mt.hvm_kv_task_inuse; "
+        "alter table mt.hvm_kv_task_assets disable row level security"_s);
     EXPECT_EQ(run(u"upgrade.sh"_s, {address(name)}).output, QString());
     EXPECT_EQ(contentOfServer(name), before);
 
@@ -293,110 +289,6 @@ TEST_F(SharedScripts, TheHistoryNamesTheProgramThatCarriedAStepOut) {
     EXPECT_EQ(run(u"make.sh"_s, {address(made)}).code, 0);
     EXPECT_EQ(answer(made, u"select distinct program from kelvane.upgrades"_s),
               QStringLiteral(KELVANE_PROJECT_VERSION));
-}
-
-TEST_F(SharedCopies, CheckNamesWhatIsWrong) {
-    const auto name = demo();
-    const auto before = contentOfServer(name);
-    const auto whole = run(u"check.sh"_s, {address(name)});
-    EXPECT_EQ(contentOfServer(name), before) << "a check changes nothing";
-    EXPECT_EQ(whole.code, 0);
-    EXPECT_EQ(whole.output, u"%1 is of version 5, and whole.\n"_s.arg(address(name)));
-    const std::pair<QString, QString> faults[] = {
-        {u"drop table abc.repair"_s, u"missing: table abc.repair"_s},
-        {u"alter table mt.customiz drop column tooltip"_s, u"missing: column mt.customiz.tooltip"_s},
-        {u"drop function dialect.locate"_s, u"missing: function kelvane.dialect.locate(text,text)"_s},
-        {u"alter table std.calibration disable trigger calibration_marks_new"_s,
-         u"missing: trigger std.calibration.calibration_marks_new"_s},
-        {u"revoke select on mt.dbconfig from kelvane_level_1"_s,
-         u"missing: the right of kelvane_level_1 to SELECT on mt.dbconfig"_s},
-        {u"grant create on schema public to public"_s,
-         u"too much: the right of public to CREATE on public"_s},
-        {u"update mt.userlist set mtlevel = 6 where mtuser = 'cnguyen'"_s,
-         u"the login \"cnguyen\" is not in the groups of its user: "_s},
-        {u"select setval('mt.calibration_ctag_seq', 1000003)"_s,
-         u"the numbers of mt.calibration go on behind 1000003, and "_s},
-        {u"drop index mt.calibration_current; update mt.calibration set c2339 = '1' where mtag = '1401'"_s,
-         u"mt.calibration: 3 records of asset 1401 have the mark of the current one"_s},
-        {u"delete from mt.calibration where ctag = (select min(ctag) from mt.calresults)"_s,
-         u", which is not there"_s},
-        {u"insert into mt.calibration (mtag) values ('nowhere')"_s,
-         u"is of asset nowhere, which is not in the inventory"_s},
-        {u"insert into mt.hvm_kv_task_assets values ('x', '1301')"_s,
-         u"mt.hvm_kv_task_assets: 1 rows are of package x, which is not there"_s},
-    };
-    for (const auto& [fault, words] : faults) {
-        const auto copy = demo();
-        answer(copy, fault);
-        const auto outcome = run(u"check.sh"_s, {address(copy)});
-        EXPECT_EQ(outcome.code, 1) << fault.toStdString();
-        EXPECT_TRUE(outcome.output.contains(words)) << outcome.output.toStdString();
-    }
-}
-
-TEST_F(SharedCopies, ABackupIsPutBackWithItsRightsAndTheEarlierDatabaseIsKept) {
-    const auto name = demo();
-    const auto file = folder.filePath(u"it's a copy.dump"_s);
-    const auto before = contentOfServer(name);
-    EXPECT_EQ(run(u"backup.sh"_s, {address(name), file}).output, QString());
-    struct stat entry {};
-    ASSERT_EQ(stat(QFile::encodeName(file).constData(), &entry), 0);
-    EXPECT_EQ(entry.st_mode & 0777U, 0600U);
-    EXPECT_TRUE(run(u"backup.sh"_s, {address(name), file}).output.contains(u"exists already"_s));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "nothing else is left beside it";
-
-    answer(name, u"delete from mt.hvm_kv_prompts; select kelvane.set_account('extra', 'MT', 1)"_s);
-    const auto restored = run(u"restore.sh"_s, {file, address(name)});
-    EXPECT_EQ(restored.code, 0);
-    const auto kept = answer(u"postgres"_s,
-                             u"select datname from pg_database where datname like '%1.before-%'"_s.arg(name));
-    EXPECT_EQ(restored.output,
-              u"What stood in %1 before is in the database \"%2\" of the same server.\n"_s.arg(address(name),
-                                                                                               kept));
-    EXPECT_EQ(contentOfServer(name), before);
-    EXPECT_EQ(answer(kept, u"select count(*) from mt.hvm_kv_prompts"_s), u"0"_s);
-    EXPECT_EQ(run(u"check.sh"_s, {address(name)}).code, 0);
-    EXPECT_EQ(
-        states(name, {u"delete from mt.valfield"_s, u"delete from mt.hvm_kv_task_inuse"_s}, {u"jdoe"_s}),
-        (QStringList{u"42501"_s, u"00000"_s}));
-    answer(u"postgres"_s, u"drop database \"%1\"; drop role extra"_s.arg(kept));
-}
-
-TEST_F(SharedCopies, ADatabaseOfAnotherServerComesBackWithItsLoginsAndNamesThem) {
-    const auto name = demo();
-    answer(name, u"select kelvane.set_account('gone', 'ABC', 1)"_s);
-    const auto file = folder.filePath(u"copy"_s);
-    ASSERT_EQ(run(u"backup.sh"_s, {address(name), file}).code, 0);
-    answer(name, u"drop role gone"_s);
-    const auto elsewhere = newName();
-    EXPECT_EQ(run(u"restore.sh"_s, {file, address(elsewhere)}).output,
-              u"These logins are new on the server and have no password yet:\ngone\n"_s);
-    EXPECT_EQ(answer(elsewhere, u"select kelvane.groups_of('gone')"_s),
-              u"{kelvane_level_1,kelvane_login,kelvane_reads_abc,kelvane_records_abc}"_s);
-    answer(elsewhere, u"select kelvane.remove_account('gone')"_s);
-}
-
-TEST_F(SharedCopies, RestoreIsRefusedWhileSomebodyUsesTheDatabaseAndForWhatIsNoCopy) {
-    const auto name = demo();
-    const auto file = folder.filePath(u"copy"_s);
-    ASSERT_EQ(run(u"backup.sh"_s, {address(name), file}).code, 0);
-    const auto before = databases();
-    QProcess user;
-    user.start(u"psql"_s, {u"-X"_s, u"-A"_s, u"-t"_s, u"-d"_s, address(name)});
-    user.write("select 'here';\n");
-    ASSERT_TRUE(user.waitForReadyRead(20000));
-    const auto refused = run(u"restore.sh"_s, {file, address(name)});
-    EXPECT_EQ(refused.code, 1);
-    EXPECT_EQ(refused.output,
-              u"restore.sh: %1 is in use; log out everywhere and try again\n"_s.arg(address(name)));
-    user.closeWriteChannel();
-    user.waitForFinished();
-    EXPECT_TRUE(run(u"restore.sh"_s, {sourceFile(u"README.md"_s), address(name)})
-                    .output.contains(u"is no copy of a database"_s));
-    QFile cut(file);
-    ASSERT_TRUE(cut.resize(cut.size() / 2));
-    EXPECT_NE(run(u"restore.sh"_s, {file, address(name)}).code, 0);
-    EXPECT_EQ(databases(), before) << "nothing is left behind";
 }
 
 } // namespace kelvane::testing

@@ -27,7 +27,7 @@ const Damage damages[] = {
 };
 
 QString wordsOf(char outcome) {
-    return outcome == 't' ? messages::timeOut : messages::noResponse;
+    return outcome == 't' ? messages::timeOut() : messages::noResponse();
 }
 
 /// One fault a place, each struck once, in the order of the places.

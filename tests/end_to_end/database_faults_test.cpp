@@ -42,13 +42,11 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostBeforeTheDownloadIsReportedAnd
 }
 
 TEST_F(EndToEndWithADatabaseFault, AConnectionLostWhileAToolIsListedIsReportedAndTheToolNotListed) {
-    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+    ui.expectDialog(u"TW-101: "_s + text(TextId::externalStandardRequired), text(TextId::standardToUse),
                     u"TT-0300F"_s, [&](const DialogQuestion&) { outage.begin(); });
     ui.expectReport(outage.number(), u"ModuleGlobals,HasConfigData"_s);
-    ui.expectBox(
-        u"TW-101: This instrument does not have complete configuration data! Either the calibration parameters for this instrument have not yet been set, or the test strategy has not been set or has been removed."_s,
-        downloadTitle, box::warning);
-    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+    ui.expectBox(u"TW-101: "_s + text(TextId::configurationDataIncomplete), downloadTitle(), box::warning);
+    ui.expectDialog(u"TW-101: "_s + text(TextId::externalStandardRequired), text(TextId::standardToUse),
                     cancelled);
     addToDownloadList(calibrators, screen, u"TW-101"_s);
     EXPECT_TRUE(ui.hasMetAll());
@@ -63,14 +61,14 @@ TEST_F(EndToEndWithADatabaseFault, AConnectionLostDuringAnUploadEndsItBeforeTheN
     expectChoice();
     expectRecord(u"TW-101"_s, [&] { outage.begin(); });
     ui.expectReport(outage.number(), u"ModuleGlobals,CreateCalRecord"_s);
-    pressUpload(messages::connectionLost);
+    pressUpload(messages::connectionLost());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(storedNames(), both);
     EXPECT_EQ(withoutRecord(), QStringList{u"TW-101"_s});
     // The next command reports it, and changes nothing.
     expectChoice();
     ui.expectReport(connectionClosed, u"ModuleGlobals,AssetfromSerial"_s);
-    pressUpload(messages::connectionLost);
+    pressUpload(messages::connectionLost());
 
     logInAgain(outage);
     EXPECT_EQ(registered(), both) << "the registry stays whole";
@@ -128,7 +126,7 @@ class EndToEndWithALockedDatabase : public EndToEndWithADatabaseFault {
 };
 
 TEST_F(EndToEndWithALockedDatabase, AToolWhoseStandardCantBeWrittenIsNotListedAndCanBeListedLater) {
-    ui.expectDialog(u"TW-101: External Standard Required"_s, u"Standard to be used for this calibration:"_s,
+    ui.expectDialog(u"TW-101: "_s + text(TextId::externalStandardRequired), text(TextId::standardToUse),
                     u"TT-0300F"_s, [&](const DialogQuestion&) { other.lock(); });
     ui.expectReport(other.number(), u"FormDockingDown,CommandAdd"_s);
     addToDownloadList(calibrators, screen, u"TW-101"_s);

@@ -49,7 +49,7 @@ class DyingWorkstation : public TorqueEndToEnd {
             if (!begun.isEmpty())
                 expectRefusal();
         }
-        pressUpload(withoutData.isEmpty() ? messages::uploaded : messages::noData(withoutData));
+        pressUpload(withoutData.isEmpty() ? messages::uploaded() : messages::noData(withoutData));
         for (const auto& asset : assets)
             EXPECT_EQ(stateOf(asset), complete.value(asset).join(u' ')) << asset.toStdString();
         EXPECT_EQ(held(), simulators::Memory());

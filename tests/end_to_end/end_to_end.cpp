@@ -20,8 +20,8 @@ QHash<QString, QString> EndToEndTest::databaseSettings() {
 
 void EndToEndTest::list(const QString& asset, const QString& standard) {
     if (!standard.isEmpty()) {
-        const auto question = u"Standard to be used for this calibration:"_s;
-        const auto caption = asset + u": External Standard Required"_s;
+        const auto question = text(TextId::standardToUse);
+        const auto caption = asset + u": "_s + text(TextId::externalStandardRequired);
         ui.expectDialog(caption, question, standard);
         ui.expectDialog(caption, question, {});
     }
@@ -31,19 +31,20 @@ void EndToEndTest::list(const QString& asset, const QString& standard) {
 }
 
 void EndToEndTest::download(const QString& message) {
-    ui.expectBox(message, downloadTitle, message == messages::downloaded ? box::information : box::warning);
+    ui.expectBox(message, downloadTitle(),
+                 message == messages::downloaded() ? box::information : box::warning);
     downloadList(calibrators, screen);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(ui.busy);
 }
 
 void EndToEndTest::expectChoice() {
-    ui.expectDialog(uploadTitle, u"Select Calibrator To Use:"_s, screen.name);
+    ui.expectDialog(uploadTitle(), text(TextId::selectCalibratorToUse), screen.name);
 }
 
 void EndToEndTest::expectRecord(const QString& asset, std::function<void()> meanwhile) {
-    const auto caption = u"Calibration Record Data ("_s + asset + u')';
-    const auto prompt = u"Please enter information for: "_s;
+    const auto caption = text(TextId::calibrationRecordData) + u" ("_s + asset + u')';
+    const auto prompt = text(TextId::enterInformationFor) + u' ';
     ui.expectDialog(caption, prompt + u"Place of Calibration"_s, u"IN PLACE"_s);
     ui.expectDialog(caption, prompt + u"Ambient Temperature (C)"_s, u"21.5"_s,
                     [act = std::move(meanwhile)](const DialogQuestion&) {
@@ -53,11 +54,11 @@ void EndToEndTest::expectRecord(const QString& asset, std::function<void()> mean
 }
 
 void EndToEndTest::expectRefusal() {
-    ui.expectBox(messages::recordExists, u"Calibration Record Creation"_s, box::stop);
+    ui.expectBox(messages::recordExists(), text(TextId::recordCreation), box::stop);
 }
 
 void EndToEndTest::pressUpload(const QString& message) {
-    ui.expectBox(message, uploadTitle, message == messages::uploaded ? box::information : box::warning);
+    ui.expectBox(message, uploadTitle(), message == messages::uploaded() ? box::information : box::warning);
     ModuleGlobals::UploadFromCalibrator(calibrators);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_FALSE(ui.busy);

@@ -3,6 +3,8 @@
 #include "drivers/fluke702/dpclnk_library.h"
 #include "drivers/fluke74x/dpclnk3_library.h"
 #include "platform/database/odbc_connection.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/test_database.h"
 #include "tests/end_to_end/connected_workstation.h"
 #include "tests/end_to_end/database_trouble.h"
@@ -16,23 +18,31 @@
 
 namespace kelvane::testing {
 
-/// The exact messages that are the same for every calibrator.
+/// The messages that are the same for every calibrator, in the language of the run.
 namespace messages {
-inline const QString downloaded = QStringLiteral("Download Successful");
-inline const QString uploaded = QStringLiteral("Upload Successful");
-inline const QString unknownCalibrator = QStringLiteral(
-    "Asset Number for Calibrator NOT Found In Database! A record for the calibrator must be created "
-    "before uploading results.");
-inline const QString recordExists = QStringLiteral(
-    "A calibration record for this UUT with the same calibration date and time already exists! "
-    "Aborting calibration record creation for this UUT.");
-inline const QString connectionLost =
-    QStringLiteral("This workstation is no longer connected to the database. Please select FILE,LOG OUT "
-                   "from the menu, or CTRL-L to log out and reconnect.");
+inline QString downloaded() {
+    return text(TextId::downloadSuccessful);
+}
+inline QString uploaded() {
+    return text(TextId::uploadSuccessful);
+}
+inline QString unknownCalibrator() {
+    return text(TextId::calibratorAssetNotFound);
+}
+inline QString recordExists() {
+    return text(TextId::recordAlreadyExists);
+}
+inline QString connectionLost() {
+    return text(TextId::connectionLostAdvice);
+}
 } // namespace messages
 
-inline const QString downloadTitle = QStringLiteral("Download Procedures To Calibrator");
-inline const QString uploadTitle = QStringLiteral("Upload Test Results From Calibrator");
+inline QString downloadTitle() {
+    return text(TextId::downloadProcedures);
+}
+inline QString uploadTitle() {
+    return text(TextId::uploadTestResults);
+}
 
 /// A calibration from end to end with one of the calibrators: the demonstration's database, the real drivers
 /// and commands, and a scripted operator. jdoe is logged in, nothing is listed.
@@ -42,7 +52,7 @@ class EndToEndTest : public ::testing::Test {
     EndToEndTest(const QString& calibrator, QString serial);
 
     /// The operator presses Download, and sees this message.
-    void download(const QString& message = messages::downloaded);
+    void download(const QString& message = messages::downloaded());
 
     // The upload step by step: what he meets comes in this order.
     void expectChoice();
@@ -50,7 +60,7 @@ class EndToEndTest : public ::testing::Test {
     void expectRecord(const QString& asset, std::function<void()> meanwhile = {});
     /// The box of a record that is there already.
     void expectRefusal();
-    void pressUpload(const QString& message = messages::uploaded);
+    void pressUpload(const QString& message = messages::uploaded());
 
     /// The instruments whose results have no record yet.
     QStringList withoutRecord();

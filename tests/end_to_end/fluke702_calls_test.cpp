@@ -7,9 +7,13 @@ namespace kelvane::testing {
 namespace {
 
 constexpr int fatal = 2012;
-const QString fatalWords = u"Insufficient Memory (DPCERR_MEMORY_SIZE)"_s;
+QString fatalWords() {
+    return text(TextId::statusMemoryInsufficient) + u" (DPCERR_MEMORY_SIZE)"_s;
+}
 constexpr int warning = 100;
-const QString warningWords = u": Turning off loop power (DPCWARN_BAD_LOOP)"_s;
+QString warningWords() {
+    return u": "_s + text(TextId::statusLoopPowerOff) + u" (DPCWARN_BAD_LOOP)"_s;
+}
 
 } // namespace
 
@@ -25,7 +29,7 @@ TEST_F(EachCallOfAFluke702, ThatWarnsWhileTheImageIsMadeIsShownAndTheDownloadGoe
         clearFault();
         fault(call.fault(warning));
         if (call.operation != u"MEMclear" && call.operation != u"STAinit")
-            expectInformation(u"PT-101"_s + warningWords);
+            expectInformation(u"PT-101"_s + warningWords());
         download();
         EXPECT_EQ(storedTags(), singleInstrument());
     }
@@ -47,14 +51,14 @@ TEST_F(EachCallOfAFluke702, ThatWarnsDuringTheTransferEndsItAndTheDownloadCounts
         SCOPED_TRACE(call.fault(warning).toStdString());
         clearFault();
         fault(call.fault(warning));
-        expectInformation(warningWords);
+        expectInformation(warningWords());
         download();
     }
     EXPECT_EQ(tried, interrupting.size());
     // A transfer that was broken off after its first step has left an empty calibrator.
     clearFault();
     fault(u"DPCdnlStep*1=100"_s);
-    expectInformation(warningWords);
+    expectInformation(warningWords());
     download();
     EXPECT_EQ(storedTags(), QStringList());
     EXPECT_EQ(registered(), singleInstrument());
@@ -71,21 +75,23 @@ TEST_F(EachCallOfAFluke702, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         clearFault();
         fault(call.fault(fatal));
         expectChoice();
-        QString message = messages::uploaded;
+        QString message = messages::uploaded();
         if (call.operation.startsWith(u"DPC"_s)) {
-            message = fatalWords;
+            message = fatalWords();
         } else if (call.operation == u"MEMclear") {
             expectRuns(singleRun());
         } else if (call.operation == u"STAgetPressure") {
             // The operator sees a counter instead of a status; it stands behind the last field now.
-            expectInformation(u"PT-101: Setting measure function to VDC (DPCWARN_BAD_INPUT)"_s);
+            expectInformation(u"PT-101: "_s + text(TextId::statusMeasuringVdc) + u" (DPCWARN_BAD_INPUT)"_s);
         } else if (call.operation == u"MEMcalResultEntry") {
             // Here it is the point, and there are seven calls for each.
-            expectInformation(entries++ < 7 ? u"PT-101: No Error (DPCERR_NONE)"_s
-                                            : u"PT-101: Unknown Error"_s);
+            expectInformation(entries++ < 7
+                                  ? u"PT-101: "_s + text(TextId::statusNoError) + u" (DPCERR_NONE)"_s
+                                  : u"PT-101: "_s + text(TextId::statusUnknownError));
         } else if (call.operation != u"MEMstats") {
-            expectInformation(call.operation == u"MEMcalResult" ? u"PT-101: No Error (DPCERR_NONE)"_s
-                                                                : u": No Error (DPCERR_NONE)"_s);
+            expectInformation(call.operation == u"MEMcalResult"
+                                  ? u"PT-101: "_s + text(TextId::statusNoError) + u" (DPCERR_NONE)"_s
+                                  : u": "_s + text(TextId::statusNoError) + u" (DPCERR_NONE)"_s);
         }
         pressUpload(message);
         EXPECT_EQ(records(u"PT-101"_s),
@@ -108,7 +114,7 @@ TEST_F(EachCallOfAFluke702, ThatFailsInTheSecondRunLeavesTheRecordOfTheFirst) {
     expectChoice();
     expectRuns(singleRun());
     // The counter is that of the standards in use, behind which the last loop ended.
-    expectInformation(u"PT-101: Unknown Error"_s);
+    expectInformation(u"PT-101: "_s + text(TextId::statusUnknownError));
     pressUpload();
     EXPECT_EQ(records(u"PT-101"_s), QStringList{u"N|2|5"_s});
     clearFault();

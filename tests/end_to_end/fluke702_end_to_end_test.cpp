@@ -16,9 +16,8 @@ TEST_F(Fluke702EndToEnd, AnInstrumentAfterAManuallyReadOneCountsAsManuallyReadAn
     carryOutPlan(u"FT-501; as-found; 0; ; ; %1 11:10\n"_s.arg(workDay()));
     expectChoice();
     expectRecord(u"FT-501"_s);
-    ui.expectBox(
-        u"Instrument: FT-501\r\n\r\nThe above listed instrument failed calibration, but the calibrator reported that the instrument was not out of tolerance. This condition is caused by the inability of the calibrator to handle complex error calculations."_s,
-        u"Instrument Failed Calibration!"_s, box::warning);
+    ui.expectBox(text(TextId::judgedInstrument) + u" FT-501\r\n\r\n"_s + text(TextId::calibratorReportedPass),
+                 text(TextId::instrumentFailed), box::warning);
     pressUpload();
     EXPECT_EQ(records(u"FT-501"_s), QStringList{u"N|1|3"_s});
 }
@@ -26,12 +25,12 @@ TEST_F(Fluke702EndToEnd, AnInstrumentAfterAManuallyReadOneCountsAsManuallyReadAn
 TEST_F(Fluke702EndToEnd, ACalibratorThatTheDatabaseDoesNotKnowTakesWorkAndGivesNone) {
     execute(u"update mt.inventory set i4206 = '1' where i4201 = 'F702-01'"_s);
     list(singleInstrument());
-    ui.expectBox(messages::unknownCalibrator, u"Download Task Package to Fluke 702"_s, box::warning);
+    ui.expectBox(messages::unknownCalibrator(), text(TextId::fluke702DownloadTitle), box::warning);
     download();
     EXPECT_EQ(registered(), singleInstrument());
     EXPECT_EQ(standardsInUse(u"PT-101"_s), QStringList());
     carryOut(singleRun());
-    upload({}, messages::unknownCalibrator);
+    upload({}, messages::unknownCalibrator());
     EXPECT_EQ(records(u"PT-101"_s), QStringList());
     execute(u"update mt.inventory set i4206 = '6841207' where i4201 = 'F702-01'"_s);
     upload(singleRun());

@@ -12,8 +12,9 @@ constexpr int warning = 100;
 /// A warning has no words, and on the link no instrument.
 const QString warningOfTheLink = u": "_s;
 const QString warningOfPt101 = u"PT-101: "_s;
-const QString notOpen =
-    u"A Call To A DPCx Function Was Made Without A Successful DPCxopen() (DPC3ERR_NOT_OPEN)"_s;
+QString notOpen() {
+    return text(TextId::statusLinkNotOpen) + u" (DPC3ERR_NOT_OPEN)"_s;
+}
 
 /// The buckets of which the upload takes a value.
 const QStringList takenBuckets{u"suev"_s,  u"sprimary"_s, u"muev"_s,    u"mprimary"_s,
@@ -80,7 +81,7 @@ TEST_F(EachCallOfAFluke74x, ThatWarnsOnTheLinkEndsTheContactAndTheDownloadGoesOn
         const bool isNotSent = isNotOpened || call.operation == u"DPC3dnlStart";
         fault(call.fault(warning));
         expectInformation(warningOfTheLink);
-        download(isNotOpened ? notOpen : messages::downloaded);
+        download(isNotOpened ? notOpen() : messages::downloaded());
         EXPECT_EQ(storedTags(), isNotSent ? before : singleInstrument());
         EXPECT_EQ(registered(), isNotOpened ? before : singleInstrument());
     }
@@ -108,7 +109,7 @@ TEST_F(EachCallOfAFluke74x, ThatFailsEndsTheUploadAndTheNextOneLosesAndDoublesNo
         SCOPED_TRACE(calls[i].fault(error.status).toStdString());
         clearFault();
         fault(calls[i].fault(error.status));
-        upload({}, error.words);
+        upload({}, error.words());
         expectNothing();
     }
     clearFault();
@@ -172,7 +173,7 @@ TEST_F(EachCallOfAFluke74x, ThatFailsInTheSecondRunLeavesTheRecordOfTheFirst) {
     fault(u"MEM3instrCalResultInfo+1*1=2014"_s);
     expectChoice();
     expectRuns(singleRun());
-    pressUpload(u"The Requested Object/Item Has No Data (DPC3ERR_NO_DATA)"_s);
+    pressUpload(text(TextId::statusNoData) + u" (DPC3ERR_NO_DATA)"_s);
     EXPECT_EQ(records(u"PT-101"_s), QStringList{u"N|2|5"_s});
     clearFault();
     expectChoice();

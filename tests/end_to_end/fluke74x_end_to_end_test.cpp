@@ -11,7 +11,7 @@ class Fluke74xEndToEnd : public FlukeEndToEnd {
     void breakOffImage() {
         fault(u"MEM3endTask*1=2005"_s);
         screen.list = singleInstrument();
-        download(u"DPC3validate() detected an invalid memlist atom (DPC3ERR_ATOM_INVALID)"_s);
+        download(text(TextId::statusAtomInvalid) + u" (DPC3ERR_ATOM_INVALID)"_s);
         fault({});
     }
     /// What the library has received on the link, but for the steps.
@@ -107,11 +107,11 @@ TEST_F(Fluke74xEndToEnd, ACalibratorThatTheDatabaseDoesNotKnowTakesTheImageAndTh
     download();
     execute(u"update mt.inventory set i4206 = '1' where i4201 = 'F743-01'"_s);
     screen.list = singleInstrument();
-    download(messages::unknownCalibrator);
+    download(messages::unknownCalibrator());
     EXPECT_EQ(storedTags(), singleInstrument());
     EXPECT_EQ(registered(), QStringList{u"FT-501"_s});
     carryOut(singleRun());
-    upload({}, messages::unknownCalibrator);
+    upload({}, messages::unknownCalibrator());
     EXPECT_EQ(records(u"PT-101"_s), QStringList());
 
     execute(u"update mt.inventory set i4206 = '7112044' where i4201 = 'F743-01'"_s);

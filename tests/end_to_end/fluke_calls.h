@@ -21,7 +21,7 @@ class EachFlukeCall : public FlukeEndToEnd {
   protected:
     /// Makes the library forget what faults it has counted.
     void clearFault();
-    void expectInformation(const QString& words) { ui.expectBox(words, downloadTitle, box::information); }
+    void expectInformation(const QString& words) { ui.expectBox(words, downloadTitle(), box::information); }
     /// Takes the records of the working day away.
     void forgetRecords();
 

@@ -72,7 +72,7 @@ TEST_F(EachFlukeCall, ThatFailsEndsTheDownloadInItsWordsAndLeavesTheRegistry) {
         clearFault();
         screen.list = singleInstrument();
         fault(calls[i].fault(error.status));
-        download(isIgnored ? messages::downloaded : error.words);
+        download(isIgnored ? messages::downloaded() : error.words());
         EXPECT_EQ(registered(), isIgnored ? singleInstrument() : before);
         imageGoes = imageGoes || calls[i].operation == calibrator.imageStep;
         if (!isIgnored && !imageGoes) {

@@ -42,7 +42,7 @@ TEST_F(FlukeEndToEndWithADatabaseFault,
     expectChoice();
     expectRecord(u"PT-101"_s, [&] { outage.begin(); });
     ui.expectReport(outage.number(), u"ModuleGlobals,CreateCalRecord"_s);
-    pressUpload(messages::connectionLost);
+    pressUpload(messages::connectionLost());
     EXPECT_FALSE(session.SessionConnected);
     EXPECT_EQ(held(), onCalibrator);
 

@@ -33,10 +33,8 @@ void FlukeEndToEnd::listRuns(const QList<demo::FieldRun>& runs) {
         if (screen.list.contains(asset))
             continue;
         if (!run.standard.isEmpty())
-            ui.expectBox(
-                asset +
-                    u": Output of device cannot be measured by the calibrator. The calibrator will prompt you for a reading that may not be in the same units of measure as the device under test. Please ignore the calibrator units of measure; the proper units and range will be used during the upload process."_s,
-                downloadTitle, box::information);
+            ui.expectBox(asset + u": "_s + text(TextId::outputNotMeasurable), downloadTitle(),
+                         box::information);
         EndToEndTest::list(asset, run.standard);
     }
 }

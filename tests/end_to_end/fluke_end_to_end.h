@@ -28,7 +28,7 @@ class FlukeEndToEnd : public EndToEndTest {
     /// His answers change nothing: the records exist already.
     void expectRefusedRuns(const QList<demo::FieldRun>& runs);
     /// He presses Upload, and these runs make records.
-    void upload(const QList<demo::FieldRun>& runs, const QString& message = messages::uploaded);
+    void upload(const QList<demo::FieldRun>& runs, const QString& message = messages::uploaded());
     /// Expects the records of the day to be exactly these, with the registry as it is.
     void expectRecords(const QList<demo::FieldRun>& runs);
     /// The same, and nothing else left behind.

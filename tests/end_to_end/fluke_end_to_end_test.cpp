@@ -16,7 +16,7 @@ class WholeFlukeEndToEnd : public FlukeEndToEnd {
 };
 
 TEST_F(WholeFlukeEndToEnd, TheListRefusesWhatTheCalibratorCantTakeAndAsksForAStandardWhereItCantRead) {
-    ui.expectBox(u"AC-604: Fluke 702 cannot source AC Volts!"_s, downloadTitle, box::warning);
+    ui.expectBox(u"AC-604: "_s + text(TextId::cannotSourceAcVoltage), downloadTitle(), box::warning);
     addToDownloadList(calibrators, screen, u"AC-604"_s);
     for (const auto& runs : calibrator.runs.manual) {
         screen.list.clear();
@@ -125,8 +125,8 @@ TEST_F(WholeFlukeEndToEnd, ADamagedMemoryIsACalibratorThatDoesNotAnswer) {
     const auto before = registered();
     simulatorFolder.put(u"memory.json"_s, "{");
     list(singleInstrument());
-    download(calibrator.noAnswer);
-    upload({}, calibrator.noAnswer);
+    download(calibrator.noAnswer.words());
+    upload({}, calibrator.noAnswer.words());
     EXPECT_EQ(registered(), before);
 }
 

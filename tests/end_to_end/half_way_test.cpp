@@ -29,7 +29,7 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
     expectChoice();
     expectRecord(u"TW-101"_s);
     expectRecord(u"TW-102"_s);
-    pressUpload(messages::timeOut);
+    pressUpload(messages::timeOut());
     expectWhole({u"TW-101"_s, u"TW-102"_s});
     EXPECT_EQ(records(u"TW-103"_s), QStringList());
     EXPECT_EQ(storedNames(), QStringList{u"TW-103"_s});
@@ -40,7 +40,7 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
         EXPECT_EQ(standardsInUse(asset), (QStringList{u"TS-0001"_s, tool(asset).standard}));
 
     // The line is gone with it: there is no port until it is on again.
-    upload({}, messages::noPort);
+    upload({}, messages::noPort());
     EXPECT_EQ(registered(), tools);
 
     switchOn();
@@ -52,7 +52,7 @@ TEST_F(HalfWay, ACalibratorThatVanishesInTheThirdToolLeavesTwoRecordsAndTheRestU
 
 TEST_F(HalfWay, AVanishingAtTheDownloadOfTheLastToolLeavesTheTwoBeforeItRegistered) {
     switchOn({u"vanish-after:0@T1A+2*1"_s});
-    download(messages::timeOut);
+    download(messages::timeOut());
     EXPECT_EQ(registered(), (QStringList{u"TW-101"_s, u"TW-102"_s}));
     EXPECT_EQ(held().rounds.size(), 0U) << "the round is not stored";
     switchOn();
@@ -65,7 +65,7 @@ TEST_F(HalfWay, AVanishingAtTheDownloadOfTheLastToolLeavesTheTwoBeforeItRegister
 
 TEST_F(HalfWay, WhatWasLoadedBeforeAFailureCanBeCarriedOutAndUploaded) {
     switchOn({u"no-frame-ack@T1A+2*1"_s});
-    download(messages::timeOut);
+    download(messages::timeOut());
     const QStringList two{u"TW-101"_s, u"TW-102"_s};
     EXPECT_EQ(storedNames(), two);
     carryOut(two);
@@ -94,7 +94,7 @@ TEST_F(HalfWay, IgnoringASilentLinkEndsTheUploadToo) {
     switchOn({u"silent*4"_s});
     expectChoice();
     expectNoLink(BoxAnswer::ignore);
-    pressUpload(messages::noLink);
+    pressUpload(messages::noLink());
     EXPECT_EQ(registered(), tools);
     upload(tools);
     expectWhole(tools);
@@ -103,7 +103,7 @@ TEST_F(HalfWay, IgnoringASilentLinkEndsTheUploadToo) {
 TEST_F(HalfWay, AFailureInTheCommentLeavesTheToolOpen) {
     bringBack();
     switchOn({u"bad-checksum@T1F+1*1"_s});
-    upload({u"TW-101"_s}, messages::noResponse);
+    upload({u"TW-101"_s}, messages::noResponse());
     EXPECT_EQ(records(u"TW-102"_s), QStringList());
     EXPECT_EQ(storedNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
     upload({u"TW-102"_s, u"TW-103"_s}, messages::noData({u"TW-101"_s}));
@@ -113,7 +113,7 @@ TEST_F(HalfWay, AFailureInTheCommentLeavesTheToolOpen) {
 TEST_F(HalfWay, AFailureInTheFirstSelectionOfAToolLeavesItOpen) {
     bringBack();
     switchOn({u"no-reply@T1C+5*1"_s}); // five selections of the first tool
-    upload({u"TW-101"_s}, messages::timeOut);
+    upload({u"TW-101"_s}, messages::timeOut());
     EXPECT_EQ(storedNames(), (QStringList{u"TW-102"_s, u"TW-103"_s}));
     upload({u"TW-102"_s, u"TW-103"_s}, messages::noData({u"TW-101"_s}));
     expectWhole(tools);
@@ -155,11 +155,11 @@ TEST_F(HalfWay, ARoundThatCantBeErasedStaysAndTheNextDownloadErasesIt) {
 
 TEST_F(HalfWay, NoOrAnotherAnswerToTheLinkTestEndsEverythingBeforeItBegins) {
     switchOn({u"reply:743042@T0A*2"_s, u"no-reply@T0A+2*2"_s});
-    const auto failed = u"Communications with calibrator failed!"_s;
+    const auto failed = text(TextId::lineCommunicationFailed);
     download(failed);
     upload({}, failed);
-    download(messages::timeOut);
-    upload({}, messages::timeOut);
+    download(messages::timeOut());
+    upload({}, messages::timeOut());
     EXPECT_EQ(receivedMessages(), QStringList(4, u"T0A"_s));
     download();
     EXPECT_EQ(registered(), tools);
@@ -168,7 +168,7 @@ TEST_F(HalfWay, NoOrAnotherAnswerToTheLinkTestEndsEverythingBeforeItBegins) {
 TEST_F(HalfWay, AnUploadFromACalibratorWithoutASerialNumberEndsThere) {
     bringBack();
     switchOn({u"no-reply@T0D*1"_s});
-    upload({}, messages::timeOut);
+    upload({}, messages::timeOut());
     EXPECT_EQ(registered(), tools);
     upload(tools);
     expectWhole(tools);
@@ -177,7 +177,7 @@ TEST_F(HalfWay, AnUploadFromACalibratorWithoutASerialNumberEndsThere) {
 TEST_F(HalfWay, AnUploadFromAnUnknownCalibratorChangesNothing) {
     bringBack();
     execute(u"update mt.inventory set i4206 = '1' where i4201 = 'TS-0001'"_s);
-    upload({}, messages::unknownCalibrator + u"\r\n"_s);
+    upload({}, messages::unknownCalibrator() + u"\r\n"_s);
     EXPECT_EQ(registered(), tools);
     EXPECT_EQ(storedNames(), tools);
     execute(u"update mt.inventory set i4206 = '48213' where i4201 = 'TS-0001'"_s);
@@ -189,7 +189,7 @@ TEST_F(HalfWay, AnUploadFromAnUnknownCalibratorChangesNothing) {
 // program knows, and an upload finds nothing in use.
 TEST_F(HalfWay, ADownloadToACalibratorWithoutASerialNumberIsRegisteredUnderZero) {
     switchOn({u"no-reply@T0D*1"_s});
-    ui.expectBox(messages::unknownCalibrator, downloadTitle, box::warning);
+    ui.expectBox(messages::unknownCalibrator(), downloadTitle(), box::warning);
     download();
     EXPECT_EQ(storedNames(), tools);
     EXPECT_EQ(registered(), QStringList());
@@ -209,15 +209,17 @@ TEST_F(HalfWay, ARefusalOfTheCalibratorIsShownInItsOwnWords) {
         QString words;
         QStringList registered;
     } refusals[] = {
-        {u"error-code:1@T2B*1"_s, u"Round Already Exists!"_s, {}},
-        {u"error-code:4@T2B*1"_s, u"Invalid Number of Characteristics!"_s, {}},
-        {u"error-code:27@T1A*1"_s, u"TW-101 - Insufficient Room in TorqueStar Database!"_s, {}},
-        {u"error-code:28@T1A+1*1"_s, u"TW-102 - Transduver Span Is Out Of Range!"_s, {u"TW-101"_s}},
+        {u"error-code:1@T2B*1"_s, text(TextId::roundAlreadyExists), {}},
+        {u"error-code:4@T2B*1"_s, text(TextId::characteristicCountInvalid), {}},
+        {u"error-code:27@T1A*1"_s, u"TW-101 - "_s + text(TextId::torqueDatabaseFull), {}},
+        {u"error-code:28@T1A+1*1"_s, u"TW-102 - "_s + text(TextId::transducerSpanOutOfRange), {u"TW-101"_s}},
         // A code that it does not define leaves the text of the failure before: there was none.
         {u"error-code:99@T1A+1*1"_s, u"TW-102 - "_s, {u"TW-101"_s}},
-        {u"reply:74314101@T1A+1*1"_s, u"TW-102 - Characteristic Already Exists!"_s, {u"TW-101"_s}},
-        {u"reply:74324300@T2C*1"_s, u"Round \"KVTASK\" NOT Stored!"_s, tools},
-        {u"no-reply@T2C*1"_s, messages::timeOut, tools},
+        {u"reply:74314101@T1A+1*1"_s,
+         u"TW-102 - "_s + text(TextId::characteristicAlreadyExists),
+         {u"TW-101"_s}},
+        {u"reply:74324300@T2C*1"_s, text(TextId::roundNotStored), tools},
+        {u"no-reply@T2C*1"_s, messages::timeOut(), tools},
     };
     for (const auto& refusal : refusals) {
         SCOPED_TRACE(refusal.fault.toStdString());
@@ -252,7 +254,7 @@ TEST_F(HalfWay, MessagesThatPrepareADownloadMayFail) {
 TEST_F(HalfWay, ARoundThatWasNotFoundBlocksTheNextOne) {
     download();
     switchOn({u"no-reply@T2F*1"_s});
-    download(u"Round Already Exists!"_s);
+    download(text(TextId::roundAlreadyExists));
     EXPECT_EQ(registered(), QStringList()) << "the earlier registry is gone";
     EXPECT_EQ(storedNames(), tools);
     download();
@@ -262,7 +264,7 @@ TEST_F(HalfWay, ARoundThatWasNotFoundBlocksTheNextOne) {
 TEST_F(HalfWay, AToolThatWasNotDeletedBlocksItself) {
     download();
     switchOn({u"no-frame-ack@T1J*1"_s});
-    download(u"TW-101 - Characteristic Already Exists!"_s);
+    download(u"TW-101 - "_s + text(TextId::characteristicAlreadyExists));
     EXPECT_EQ(registered(), QStringList());
     download();
     EXPECT_EQ(registered(), tools);
@@ -270,8 +272,8 @@ TEST_F(HalfWay, AToolThatWasNotDeletedBlocksItself) {
 
 TEST_F(HalfWay, AMissingPortIsReported) {
     switchOff();
-    download(messages::noPort);
-    upload({}, messages::noPort);
+    download(messages::noPort());
+    upload({}, messages::noPort());
     EXPECT_EQ(registered(), QStringList());
     switchOn();
     download();
@@ -281,7 +283,7 @@ TEST_F(HalfWay, AMissingPortIsReported) {
 TEST_F(HalfWay, APortThatAnotherProgramHoldsIsReported) {
     QtSerialPort other(workplace.settings);
     other.setPortOpen(true);
-    download(messages::noPort);
+    download(messages::noPort());
     other.setPortOpen(false);
     download();
     EXPECT_EQ(registered(), tools);

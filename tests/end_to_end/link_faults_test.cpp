@@ -100,11 +100,11 @@ class EndToEndWithAFault : public TorqueEndToEnd, public ::testing::WithParamInt
     static QString wordsOf(End end, const QString& success) {
         switch (end) {
         case End::noLink:
-            return messages::noLink;
+            return messages::noLink();
         case End::timeOut:
-            return messages::timeOut;
+            return messages::timeOut();
         case End::noResponse:
-            return messages::noResponse;
+            return messages::noResponse();
         case End::well:
             break;
         }
@@ -122,7 +122,7 @@ TEST_P(EndToEndWithAFault, DownloadReportsItRegistersWhatWasTakenAndSucceedsTheN
     injectFaultAt({.exchange = 8, .message = u"T1A"_s, .ofItsKind = 2});
     if (end == End::noLink)
         expectNoLink();
-    download(wordsOf(end, messages::downloaded));
+    download(wordsOf(end, messages::downloaded()));
     const bool done = end == End::well;
     EXPECT_EQ(registered(), done ? both : first);
     EXPECT_EQ(standardsInUse(u"TW-102"_s),
@@ -158,7 +158,7 @@ TEST_P(EndToEndWithAFault, UploadReportsItKeepsWhatIsOpenAndCompletesTheNextTime
         expectRecord(u"TW-102"_s);
     if (end == End::noLink)
         expectNoLink();
-    pressUpload(wordsOf(end, messages::uploaded));
+    pressUpload(wordsOf(end, messages::uploaded()));
     expectWhole(done ? both : first);
     if (!done) {
         EXPECT_EQ(records(u"TW-102"_s), QStringList());
@@ -169,7 +169,7 @@ TEST_P(EndToEndWithAFault, UploadReportsItKeepsWhatIsOpenAndCompletesTheNextTime
     }
 
     behave();
-    upload(done ? QStringList() : second, done ? messages::uploaded : messages::noData(first));
+    upload(done ? QStringList() : second, done ? messages::uploaded() : messages::noData(first));
     expectWhole(both);
     EXPECT_EQ(held(), simulators::Memory());
     EXPECT_EQ(registered(), QStringList());

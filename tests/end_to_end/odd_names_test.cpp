@@ -50,8 +50,8 @@ class OddNames : public TorqueEndToEnd {
     }
 
     void expectQuestion(const QString& answer) {
-        ui.expectDialog(u"TW-101: External Standard Required"_s,
-                        u"Standard to be used for this calibration:"_s, answer);
+        ui.expectDialog(u"TW-101: "_s + text(TextId::externalStandardRequired), text(TextId::standardToUse),
+                        answer);
     }
 
     /// A text that the engine can't read as a statement.
@@ -130,7 +130,7 @@ TEST_F(OddNames, WithAQuoteAreReportedAndRefusedAtTheList) {
     const auto odd = u"TW-1'1"_s;
     addTool(odd);
     ui.expectReport(badStatement, u"ModuleGlobals,CheckAsset"_s);
-    ui.expectBox(u"Must enter a valid instrument number!"_s, downloadTitle, box::warning);
+    ui.expectBox(text(TextId::instrumentNumberInvalid), downloadTitle(), box::warning);
     addToDownloadList(calibrators, screen, odd);
     EXPECT_TRUE(ui.hasMetAll());
     EXPECT_EQ(screen.list, QStringList());
@@ -151,9 +151,7 @@ TEST_F(OddNames, WithAQuoteAreReportedAndPassedOverInATaskPackage) {
 TEST_F(OddNames, WithAQuoteEndTheAdditionWhenTheyAreNamedAsStandards) {
     addTool(u"TT-1'1"_s);
     expectQuestion(u"TT-1'2"_s); // there is none of that number
-    ui.expectBox(
-        u"TW-101: This instrument does not have complete configuration data! Either the calibration parameters for this instrument have not yet been set, or the test strategy has not been set or has been removed."_s,
-        downloadTitle, box::warning);
+    ui.expectBox(u"TW-101: "_s + text(TextId::configurationDataIncomplete), downloadTitle(), box::warning);
     expectQuestion(u"TT-1'1"_s);
     ui.expectReport(badStatement, u"ModuleGlobals,CheckStandard"_s);
     ui.expectReport(badStatement, u"FormDockingDown,CommandAdd"_s);
@@ -171,8 +169,7 @@ TEST_F(OddNames, WithAQuoteEndADownloadAsToolsThatCantBeRead) {
     ui.expectReport(badStatement, u"ModuleGlobals,GetCalParams"_s);
     ui.expectReport(badStatement, u"ModuleGlobals,GetInUseData"_s);
     EXPECT_EQ(calibratorNamed(torqueStarName).download(calibrators, package),
-              u"TW-1'1: The calibration parameters, test messages or tolerance could not be read from the "
-              "database. The download ended there."_s);
+              text(TextId::instrumentDataUnreadable).arg(u"TW-1'1"_s));
     EXPECT_EQ(registered(), QStringList{u"TW-101"_s}) << "what came before it is loaded";
 }
 

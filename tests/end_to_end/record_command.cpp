@@ -47,7 +47,7 @@ void fill(Session& session, InstrumentWork& work, const Arguments& arguments, in
     for (const auto& line : std::as_const(work.entry.readings))
         work.record.RecordResults[row++] = line;
     row = 0;
-    for (const auto& standard : togetherStandards(number))
+    for (const auto& standard : togetherStandards(arguments.name, number))
         work.record.RecordStandards[row++] = standard;
 }
 

@@ -21,10 +21,12 @@ inline QStringList togetherLines(const QString& name, int number) {
     return lines;
 }
 
-/// The standards of a record: one or two.
-inline QStringList togetherStandards(int number) {
-    const QStringList standards{QStringLiteral("TT-0300F"), QStringLiteral("TS-0001")};
-    return standards.mid(0, 1 + number % 2);
+/// The standards of a record, sorted: one or two, and never those that the other workstation gives to its
+/// record of that number.
+inline QStringList togetherStandards(const QString& name, int number) {
+    const bool both = (number + (name == QLatin1String("first") ? 0 : 1)) % 2 == 0;
+    const auto own = QStringLiteral("TT-0300F");
+    return both ? QStringList{QStringLiteral("TS-0001"), own} : QStringList{own};
 }
 
 } // namespace kelvane::testing

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/field_runs.h"
 #include "workflow/calibrators.h"
 
@@ -19,10 +21,13 @@ struct HeldTasks {
     friend void PrintTo(const HeldTasks& held, std::ostream* out) { *out << held.text.constData(); }
 };
 
-/// A status and the words that a user gets for it.
+/// A status, and the message and the name that a user gets for it.
 struct StatusWords {
     int status = 0;
-    QString words;
+    TextId message;
+    QString name;
+
+    QString words() const { return text(message) + QStringLiteral(" (%1)").arg(name); }
 };
 
 /// A simulated calibrator that carries tasks out, and what the tests of all such calibrators need of it.
@@ -38,8 +43,8 @@ struct SimulatedFluke {
 
     /// What it takes of the plant, in the order of the inventory.
     QStringList accepted;
-    /// The words when its memory can't be read.
-    QString noAnswer;
+    /// When its memory can't be read.
+    StatusWords noAnswer;
     /// Errors of its library.
     QList<StatusWords> errors;
     /// The calls of a download whose status does not matter, as faults of a status of 0.

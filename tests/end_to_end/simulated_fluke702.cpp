@@ -29,8 +29,8 @@ const SimulatedFluke& flukeUnderTest() {
                      u"TIT-201"_s, u"TIT-202"_s, u"TIT-203"_s, u"TIT-204"_s, u"TIT-205"_s, u"TIT-206"_s,
                      u"TIT-207"_s, u"LI-401"_s,  u"LI-402"_s,  u"LI-403"_s,  u"LI-404"_s,  u"VI-602"_s,
                      u"FT-501"_s,  u"FI-502"_s,  u"VF-503"_s,  u"IP-301"_s,  u"IP-302"_s,  u"IP-303"_s},
-        .noAnswer = u"Communications with calibrator failed! (DPCERR_COMM_NOT_CONNECTED)"_s,
-        .errors = {{2012, u"Insufficient Memory (DPCERR_MEMORY_SIZE)"_s}},
+        .noAnswer = {2019, TextId::statusCommunicationFailed, u"DPCERR_COMM_NOT_CONNECTED"_s},
+        .errors = {{2012, TextId::statusMemoryInsufficient, u"DPCERR_MEMORY_SIZE"_s}},
         // What is called to tidy up beforehand, and the start of a state.
         .ignoredCalls = {u"MEMclear*1=0"_s, u"STAinit*1=0"_s, u"DPCclose*1=0"_s},
         .uploadSteps = QStringList(3, u"DPCuplStep"_s),

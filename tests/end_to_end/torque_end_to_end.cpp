@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 QString messages::noData(const QStringList& names) {
-    return u"The Following Assets Contained NO DATA:\r\n, "_s + names.join(u", "_s);
+    return text(TextId::assetsWithoutData) + u"\r\n, "_s + names.join(u", "_s);
 }
 
 TorqueEndToEnd::TorqueEndToEnd() : EndToEndTest(torqueStarName, u"48213"_s) {
@@ -58,7 +58,7 @@ void TorqueEndToEnd::upload(const QStringList& recorded, const QString& message)
 
 void TorqueEndToEnd::expectNoLink(BoxAnswer answer) {
     // The title is the same during an upload.
-    ui.expectBox(messages::noLink, downloadTitle, {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
+    ui.expectBox(messages::noLink(), downloadTitle(), {BoxIcon::warning, BoxButtons::abortRetryIgnore, 2},
                  answer);
 }
 

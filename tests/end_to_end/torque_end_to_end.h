@@ -7,17 +7,19 @@
 namespace kelvane::testing {
 
 namespace messages {
-inline const QString noPort =
-    QStringLiteral("Unable to open communications channel to calibrator! Please check "
-                   "communications settings and try again.");
+inline QString noPort() {
+    return text(TextId::lineCannotBeOpened);
+}
 /// The link start was not answered, or the frame not acknowledged rightly.
-inline const QString noLink = QStringLiteral(
-    "Communications with calibrator failed!\r\nCheck to make sure that \"PC COMMS\" has been "
-    "selected (option 8) from the Main Menu and the calibrator is correctly connected and configured.");
-inline const QString timeOut = QStringLiteral("Communications Timeout on Command Acknowledgement");
-inline const QString noResponse =
-    QStringLiteral("Communications with calibrator failed!\r\nCalibrator received "
-                   "command but failed to respond.");
+inline QString noLink() {
+    return text(TextId::lineCommunicationFailed) + QStringLiteral("\r\n") + text(TextId::linePcCommsAdvice);
+}
+inline QString timeOut() {
+    return text(TextId::lineAcknowledgementTimeout);
+}
+inline QString noResponse() {
+    return text(TextId::lineCommunicationFailed) + QStringLiteral("\r\n") + text(TextId::lineNoResponse);
+}
 /// No results for these, by their names on the calibrator.
 QString noData(const QStringList& names);
 } // namespace messages
@@ -45,7 +47,7 @@ class TorqueEndToEnd : public EndToEndTest {
     static QString planFor(const QString& asset);
 
     /// The operator presses Upload, answers the questions for these records, and sees this message.
-    void upload(const QStringList& recorded, const QString& message = messages::uploaded);
+    void upload(const QStringList& recorded, const QString& message = messages::uploaded());
     /// The box when the line does not answer.
     void expectNoLink(BoxAnswer answer = BoxAnswer::abort);
 

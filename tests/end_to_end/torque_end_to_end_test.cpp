@@ -164,11 +164,11 @@ TEST_F(WholeTorqueEndToEnd, ToolsThatTheCalibratorCantTakeAreRefusedAtTheList) {
     const struct {
         QString asset;
         QString reason;
-    } refused[] = {{u"TW-108"_s, u"Calibrator cannot calibrate instruments that have indicated outputs!"_s},
-                   {u"HW-701"_s, u"TorqueStar cannot accept selected input units!"_s},
-                   {u"TQ-702"_s, u"TorqueStar cannot accept selected output units!"_s}};
+    } refused[] = {{u"TW-108"_s, text(TextId::indicatedOutputUnsupported)},
+                   {u"HW-701"_s, text(TextId::inputUnitsNotAccepted)},
+                   {u"TQ-702"_s, text(TextId::outputUnitsNotAccepted)}};
     for (const auto& refusal : refused) {
-        ui.expectBox(refusal.asset + u": "_s + refusal.reason, downloadTitle, box::warning);
+        ui.expectBox(refusal.asset + u": "_s + refusal.reason, downloadTitle(), box::warning);
         addToDownloadList(calibrators, screen, refusal.asset);
     }
     EXPECT_EQ(screen.list, QStringList());

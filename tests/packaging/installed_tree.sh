@@ -40,8 +40,7 @@ manual_of() {
 
 # commands_of PROGRAM: those that its manual describes.
 commands_of() {
-    manual_of "$1" | sed -nE '/^\.(Ss Commands|Sh DESCRIPTION)/,/^\.S[sh] |^The options/s/^\.It Cm ([a-z-]+)$/\1/p' |
-        sort -u
+    manual_of "$1" | sed -nE '/^(\.Ss Options|The options)/q; s/^\.It Cm ([a-z-]+)$/\1/p' | sort -u
 }
 
 # completed WORD... : what the completion offers for the last word.

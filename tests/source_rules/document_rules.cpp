@@ -31,6 +31,21 @@ QStringList pathsIn(const QString& text, const QString& pattern) {
     return paths;
 }
 
+QString textOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The names by which links lead to the headings of a text.
+QStringList anchorsIn(const QString& text) {
+    static const QRegularExpression dropped(u"[^\\w\\s-]"_s, QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression heading(u"^#+ +(.+)$"_s, QRegularExpression::MultilineOption);
+    QStringList anchors;
+    for (const auto& match : heading.globalMatch(text))
+        anchors << match.captured(1).toLower().remove(dropped).replace(u' ', u'-');
+    return anchors;
+}
+
 bool isMadeByTheBuild(const QString& path) {
     return std::ranges::any_of(madeByTheBuild, [&](QLatin1StringView made) { return path.startsWith(made); });
 }
@@ -40,10 +55,7 @@ bool isMadeByTheBuild(const QString& path) {
 QStringList missingFiles(const QDir& root) {
     QStringList missing;
     for (const auto& document : documentsIn(root)) {
-        QFile file(root.filePath(document));
-        if (!file.open(QIODevice::ReadOnly))
-            continue;
-        const auto text = QString::fromUtf8(file.readAll());
+        const auto text = textOf(root.filePath(document));
         // At least two parts: one alone is a folder of the paragraph's subject.
         for (const auto& path : pathsIn(text, uR"re(`([A-Za-z][\w.-]*(?:/[\w.-]+)+/?)`)re"_s)) {
             if (!isMadeByTheBuild(path) && !root.exists(path))
@@ -53,6 +65,20 @@ QStringList missingFiles(const QDir& root) {
         for (const auto& path : pathsIn(text, uR"re(\]\(([\w./-]+)(?:#[\w-]+)?\))re"_s)) {
             if (!root.exists(folder + path))
                 missing << document + u": "_s + path;
+        }
+    }
+    return missing;
+}
+
+QStringList missingHeadings(const QDir& root) {
+    static const QRegularExpression link(uR"re(\]\(([\w./-]*)#([\w-]+)\))re"_s);
+    QStringList missing;
+    for (const auto& document : documentsIn(root)) {
+        const auto folder = document.left(document.lastIndexOf(u'/') + 1);
+        for (const auto& match : link.globalMatch(textOf(root.filePath(document)))) {
+            const auto page = match.captured(1).isEmpty() ? document : folder + match.captured(1);
+            if (!anchorsIn(textOf(root.filePath(page))).contains(match.captured(2)))
+                missing << document + u": "_s + match.captured(1) + u'#' + match.captured(2);
         }
     }
     return missing;

@@ -10,4 +10,8 @@ namespace kelvane::testing {
 /// over.
 QStringList missingFiles(const QDir& root);
 
+/// Headings that a link in one of these documents names ("page.md#heading", "#heading") and that the document
+/// it leads to does not have; one line each.
+QStringList missingHeadings(const QDir& root);
+
 } // namespace kelvane::testing

@@ -6,6 +6,7 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 using testing::missingFiles;
+using testing::missingHeadings;
 
 TEST(DocumentRules, EveryFileThatADocumentNamesIsThere) {
     const QDir sources(QStringLiteral(KELVANE_SOURCES));
@@ -13,6 +14,23 @@ TEST(DocumentRules, EveryFileThatADocumentNamesIsThere) {
     ASSERT_TRUE(sources.exists(u"CONTRIBUTING.md"_s));
     const auto missing = missingFiles(sources);
     EXPECT_TRUE(missing.isEmpty()) << missing.join(u'\n').toStdString();
+}
+
+TEST(DocumentRules, EachLinkToAHeadingFindsIt) {
+    const auto missing = missingHeadings(QDir(QStringLiteral(KELVANE_SOURCES)));
+    EXPECT_TRUE(missing.isEmpty()) << missing.join(u'\n').toStdString();
+}
+
+TEST(DocumentRules, AHeadingThatIsNotThereIsNamedWithItsLink) {
+    const testing::OwnFolder folder;
+    const QDir root(folder.path());
+    ASSERT_TRUE(root.mkpath(u"docs"_s));
+    folder.write(u"docs/page.md"_s,
+                 "# What a page can't say\n\n[here](#what-a-page-cant-say), [gone](#gone)\n");
+    folder.write(u"README.md"_s,
+                 "[there](docs/page.md#what-a-page-cant-say), [gone](docs/page.md#what-a-page)\n");
+    EXPECT_EQ(missingHeadings(root),
+              (QStringList{u"README.md: docs/page.md#what-a-page"_s, u"docs/page.md: #gone"_s}));
 }
 
 TEST(DocumentRules, AFileThatIsNotThereIsNamedWithItsDocument) {

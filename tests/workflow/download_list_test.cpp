@@ -1,3 +1,5 @@
+#include "resources/text_id.h"
+#include "testkit/shown_in.h"
 #include "tests/workflow/download_list_fixture.h"
 
 #include <QRegularExpression>
@@ -258,6 +260,15 @@ TEST_F(ListDownload, IsStartedByTypingItsWordInAnyCase) {
     add(u"download"_s);
     EXPECT_EQ(screen.events, QStringList{u"empty"_s});
     EXPECT_EQ(script.statements, QStringList());
+}
+
+TEST_F(ListDownload, IsStartedByTheWordOfTheLanguageAndByItsOwn) {
+    const ShownIn german(u"de"_s);
+    for (const auto& word : {u"laden"_s, u"Download"_s}) {
+        ui.expectBox(text(TextId::downloadSuccessful), text(TextId::downloadProcedures), box::information);
+        add(word);
+        EXPECT_EQ(screen.events, (QStringList{u"empty"_s, u"close"_s}));
+    }
 }
 
 TEST_F(ListDownload, AnErrorIsReportedUnderItsName) {

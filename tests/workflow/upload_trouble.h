@@ -57,6 +57,16 @@ class TroubledConnection final : public ForwardingConnection {
         after();
         return found;
     }
+    void lock(const QString& name) override {
+        before();
+        ForwardingConnection::lock(name);
+        after();
+    }
+    void unlock(const QString& name) override {
+        before();
+        ForwardingConnection::unlock(name);
+        after();
+    }
 
   private:
     void before();

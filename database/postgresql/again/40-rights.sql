@@ -62,7 +62,8 @@ select case when dcopy like '42%' then 'i' || dcopy else lower(dcopy) end
 from mt.customiz
 where fldnum like '23%' and fldnum <> '2340' and (dcopy like '42%' or dcopy ilike 'i4%');
 
--- Each statement of the workstation that changes the tables that all owners share. The sweep at the login is everybody's.
+-- Each statement of the workstation that changes the tables that all owners share. The sweep at the login is everybody's;
+-- 45-deleted-rows.sql says which rows it may take.
 create or replace view kelvane.statements (granted, relation, verb, columns) as
 values
     ('everybody',  'hvm_kv_task_inuse',           'DELETE', null),
@@ -228,18 +229,19 @@ begin
 end $$;
 
 -- Everybody could store large objects otherwise; only the server's own administrator can forbid it.
+create or replace view kelvane.open_stores (name) as
+select proname::text
+from pg_proc
+where proname in ('lo_creat', 'lo_create', 'lo_from_bytea', 'lowrite', 'lo_put')
+    and pronamespace = 'pg_catalog'::regnamespace and has_function_privilege('public', oid, 'execute');
+
 do $$
 declare
-    routine regprocedure;
+    routine text;
 begin
     if (select rolsuper from pg_roles where rolname = current_user) then
-        for routine in
-            select oid::regprocedure
-            from pg_proc
-            where proname in ('lo_creat', 'lo_create', 'lo_from_bytea', 'lowrite', 'lo_put')
-                and pronamespace = 'pg_catalog'::regnamespace and has_function_privilege('public', oid, 'execute')
-        loop
-            execute format('revoke execute on function %s from public', routine);
+        for routine in select name from kelvane.open_stores loop
+            execute format('revoke execute on function pg_catalog.%I from public', routine);
         end loop;
     end if;
 end $$;

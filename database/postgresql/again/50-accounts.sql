@@ -142,12 +142,43 @@ begin
     end if;
 end $$;
 
--- Brings logins and groups in line with the users of a database that was put back, and names the logins that are new.
-create or replace function kelvane.restore_accounts() returns setof text language plpgsql as $$
+-- Each login with the groups that it is in and those that it belongs in; the latter are null for one that is no user.
+create or replace view kelvane.logins (name, present, expected) as
+select rolname::text, present,
+    case
+        when upper(rolname) <> 'MT' then (
+            select kelvane.groups_for(i4240, mtlevel) from mt.userlist where mtuser::text = rolname::text)
+        when present <> '{}' then kelvane.groups_for('MT', 6)
+    end
+from pg_roles
+cross join lateral kelvane.groups_of(rolname::text) as present
+where rolcanlogin;
+
+-- Logins that may do more than connect, and are no users: neither here nor among those of other databases, which are given
+-- as lines, each a JSON array of names.
+create or replace function kelvane.logins_of_nobody(elsewhere text) returns table (login_name text, groups text[])
+language sql stable as $$
+    select name, present
+    from kelvane.logins
+    where expected is null and present <> '{}' and present <> '{kelvane_login}' and name not in (
+        select jsonb_array_elements_text(line::jsonb)
+        from regexp_split_to_table(nullif(elsewhere, ''), E'\n') as line)
+    order by name
+$$;
+
+-- Makes the logins that the users of a database that was put back lack, and names them. In the place of an earlier database
+-- the users' levels count for the other logins too. Beside it these stay as they are: they serve the earlier one.
+drop function if exists kelvane.restore_accounts();
+create or replace function kelvane.restore_accounts(in_place boolean) returns setof text language plpgsql as $$
 declare
     account record;
 begin
-    for account in select mtuser::text as name, i4240, mtlevel from mt.userlist order by 1 loop
+    for account in
+        select mtuser::text as name, i4240, mtlevel
+        from mt.userlist
+        where in_place or mtuser::text not in (select rolname::text from pg_roles)
+        order by 1
+    loop
         begin
             if kelvane.set_account(account.name, account.i4240, account.mtlevel) then
                 return next account.name;

@@ -1,3 +1,4 @@
+#include "testkit/shown_in.h"
 #include "tests/drivers/fluke702/download_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -240,6 +241,12 @@ TEST_F(FlukeDownload, AnInstrumentWithoutASerialNumberHasTheWordNone) {
     EXPECT_EQ(templates[0], u"1, 0, \"I-1\", \"V88101\", 1"_s);
     EXPECT_EQ(templates[1], u"2, 0, \"I-2\", \"None\", 2"_s) << "an empty one";
     EXPECT_EQ(templates[2], u"3, 0, \"I-3\", \"None\", 3"_s) << "a null";
+}
+
+TEST_F(FlukeDownload, TheWordForAMissingSerialNumberIsReadOnTheCalibratorInTheUsersLanguage) {
+    const ShownIn german(u"de"_s);
+    load({transmitter()});
+    EXPECT_EQ(argumentsOf(u"MEMtemplate"_s), QStringList{u"1, 0, \"I-1\", \"Keine\", 1"_s});
 }
 
 TEST_F(FlukeDownload, TheToleranceIsTheTightestOfSpanOverAllPointsIn32Bits) {

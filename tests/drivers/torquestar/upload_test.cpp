@@ -1,3 +1,4 @@
+#include "testkit/shown_in.h"
 #include "tests/drivers/torquestar/upload_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -238,6 +239,16 @@ TEST_F(TorqueUpload, RemarksFollowTheCommandLineFlagTheCommentAndTheFailures) {
         EXPECT_EQ(recordedValue(u"C2329"_s), testCase.c2329) << "row " << number;
         ++number;
     }
+}
+
+TEST_F(TorqueUpload, RemarksAreStoredInTheSameWordsInEveryLanguage) {
+    const ShownIn german(u"de"_s);
+    addUsedCalibrator(1, {u"100"_s});
+    session.CommandLineFlag = true;
+    holdResults({{100}}, "t1F.");
+    EXPECT_EQ(upload(), QString());
+    EXPECT_EQ(recordedValue(u"C2326"_s), u"'UNIT PASSES PERFORMANCE VERIFICATION'"_s);
+    EXPECT_EQ(recordedValue(u"C2329"_s), u"'UNIT WAS RECEIVED IN TOLERANCE'"_s);
 }
 
 TEST_F(TorqueUpload, AnEmptyCommentOverwritesADefaultWithTheFlagOffAndLeavesItWithTheFlagOnWhenThereIsOne) {

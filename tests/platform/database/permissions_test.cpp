@@ -4,6 +4,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/fixtures.h"
+#include "tests/platform/database/refusals.h"
 #include "tests/platform/database/small_database.h"
 
 using namespace Qt::StringLiterals;
@@ -11,12 +12,6 @@ using namespace Qt::StringLiterals;
 namespace kelvane::testing {
 
 namespace {
-
-struct Refusal {
-    QString statement;
-    TextId textId;
-    QString name;
-};
 
 const Refusal refusals[] = {
     // functions
@@ -123,31 +118,9 @@ const QString permitted[] = {
 } // namespace
 
 TEST(EmbeddedPermissions, RefuseWhatNoRoutineHasAReasonToSend) {
-    for (const auto& refusal : refusals) {
-        for (const bool asQuery : {true, false}) {
-            const auto error = errorOf([&] {
-                if (asQuery)
-                    embeddedQuery(refusal.statement, Rows::all);
-                else
-                    embeddedBatch(refusal.statement);
-            });
-            ASSERT_TRUE(error) << refusal.statement.toStdString();
-            EXPECT_EQ(error->number, 5) << refusal.statement.toStdString();
-            EXPECT_EQ(error->description, text(refusal.textId).arg(refusal.name))
-                << refusal.statement.toStdString();
-        }
-    }
-}
-
-TEST(EmbeddedPermissions, RefuseItAnywhereInABatchBeforeAnythingIsCarriedOut) {
-    for (const auto& refusal : refusals) {
-        for (const auto& around :
-             {u"delete from mt.a;%1;commit"_s, u"%1;delete from mt.a"_s, u"delete from mt.a;%1;select 'x"_s})
-            EXPECT_TRUE(errorOf([&] { embeddedBatch(around.arg(refusal.statement)); }))
-                << refusal.statement.toStdString();
-        EXPECT_TRUE(errorOf([&] { embeddedQuery(u"select 1;"_s + refusal.statement, Rows::all); }))
-            << refusal.statement.toStdString();
-    }
+    expectRefusals(
+        refusals, [](const QString& batch) { embeddedBatch(batch); },
+        [](const QString& query) { embeddedQuery(query, Rows::all); });
     EXPECT_TRUE(errorOf([] { embeddedQuery(u"commit"_s, Rows::all); }));
 }
 

@@ -5,6 +5,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "testkit/fixtures.h"
+#include "tests/platform/database/refusals.h"
 #include "tests/platform/database/small_database.h"
 
 using namespace Qt::StringLiterals;
@@ -114,11 +115,6 @@ TEST(SharedQuery, OfTheFirstRowGetsALimitBehindItsOrder) {
 }
 
 TEST(SharedPermissions, RefuseWhatNoRoutineHasAReasonToSend) {
-    struct Refusal {
-        QString statement;
-        TextId textId;
-        QString name;
-    };
     const Refusal refusals[] = {
         {u"set role postgres"_s, TextId::statementNotAllowed, u"set"_s},
         {u"COPY mt.a to program 'x'"_s, TextId::statementNotAllowed, u"COPY"_s},
@@ -137,15 +133,9 @@ TEST(SharedPermissions, RefuseWhatNoRoutineHasAReasonToSend) {
         {u"select 1 from kelvane.upgrades"_s, TextId::tableNotAllowed, u"kelvane.upgrades"_s},
         {u"select kelvane.set_account('x','MT',6)"_s, TextId::tableNotAllowed, u"kelvane"_s},
     };
-    for (const auto& refusal : refusals) {
-        const auto error = errorOf([&] { sharedBatch(refusal.statement); });
-        ASSERT_TRUE(error) << refusal.statement.toStdString();
-        EXPECT_EQ(error->number, 5) << refusal.statement.toStdString();
-        EXPECT_EQ(error->description, text(refusal.textId).arg(refusal.name))
-            << refusal.statement.toStdString();
-        EXPECT_TRUE(errorOf([&] { sharedQuery(refusal.statement, Rows::all); }))
-            << refusal.statement.toStdString();
-    }
+    expectRefusals(
+        refusals, [](const QString& batch) { sharedBatch(batch); },
+        [](const QString& query) { sharedQuery(query, Rows::all); });
 }
 
 } // namespace kelvane::testing
