@@ -79,7 +79,7 @@ SerialDevice SerialPorts::device(int number) const {
 
 SerialDevice SerialPorts::find(const QString& name) const {
     const auto devices = sources_.list();
-    const auto link = QDir(sources_.namesFolder).filePath(name);
+    const auto link = sources_.namesFolder + u'/' + name;
     if (isPath(name) || QFileInfo::exists(link)) {
         const auto path = followLinks(isPath(name) ? name : link);
         const auto known = std::ranges::find(devices, path, &SerialDevice::path);

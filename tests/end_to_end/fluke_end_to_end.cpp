@@ -90,7 +90,7 @@ QStringList FlukeEndToEnd::takeCalls() {
     QStringList calls;
     for (const auto& line : simulatorFolder.contentOf(u"record"_s).split('\n')) {
         if (!line.isEmpty())
-            calls << QString::fromLatin1(line);
+            calls << QString::fromUtf8(line);
     }
     simulatorFolder.put(u"record"_s, {});
     return calls;
