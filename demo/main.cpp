@@ -75,7 +75,9 @@ int main(int argc, char** argv) {
         IniSettingsStore settings(QDir(folder).filePath(u"settings.ini"_s));
         settings.setValue(u"Ports"_s, u"COM1"_s, torqueStar.device());
         chooseLanguage(settings, QLocale::system().uiLanguages());
-        CalibratorHardware hardware(settings, InstalledFiles().simulatorLibraries());
+        const auto installed = InstalledFiles().simulatorLibraries();
+        CalibratorHardware hardware(settings,
+                                    installed.isEmpty() ? InstalledFiles::programFolder() : installed);
         WorkstationProgram program(
             clock, settings, odbcConnections(), hardware.links(),
             {.dataSources = odbcDataSources, .commandLine = {}, .worksheets = true, .endProcess = [&] {

@@ -37,7 +37,8 @@ QString LinkLibrary::missing() {
             library.setFileName(file);
             return library.load();
         };
-        if (!isLoadedFrom(name_) && !isLoadedFrom(QDir(simulators_).filePath(name_)))
+        const bool isInstalled = !simulators_.isEmpty();
+        if (!isLoadedFrom(name_) && !(isInstalled && isLoadedFrom(QDir(simulators_).filePath(name_))))
             return text(TextId::linkLibraryNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
     }
     for (auto& operation : operations_) {

@@ -11,7 +11,8 @@ namespace kelvane {
 
 /// A calibrator's link library, found by its name when it is needed: first in `folder`, then where the
 /// system looks for libraries, and last in `simulators`, so that a calibrator's own library always comes
-/// before a simulated one that is installed. It stays loaded until the program ends.
+/// before a simulated one that is installed (`simulators` is empty when none is). It stays loaded until the
+/// program ends.
 class LinkLibrary {
   public:
     LinkLibrary(QString name, QString folder, QString simulators = InstalledFiles().simulatorLibraries());

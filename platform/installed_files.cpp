@@ -34,7 +34,7 @@ QString InstalledFiles::documents() const {
 
 QString InstalledFiles::simulatorLibraries() const {
     const auto own = beside(QStringLiteral(KELVANE_LIBRARIES_FROM_PROGRAMS));
-    return QDir(own).exists() ? own : programs_;
+    return QDir(own).exists() ? own : QString();
 }
 
 } // namespace kelvane

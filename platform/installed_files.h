@@ -17,8 +17,7 @@ class InstalledFiles {
     QString layouts() const;
     /// The pages for users and administrators. A site may leave them out: the folder need not be there.
     QString documents() const;
-    /// The link libraries of the simulated calibrators: a folder of their own when it is there, else the one
-    /// of the programs.
+    /// The folder of the simulated calibrators' link libraries; empty when they are not installed.
     QString simulatorLibraries() const;
 
     static QString programFolder();

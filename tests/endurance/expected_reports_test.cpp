@@ -42,6 +42,12 @@ TEST(StationReports, APlannedFaultAndWhatFollowsInItsActAreExpected) {
               QStringList());
 }
 
+TEST(StationReports, APlannedLossThatARoutineKeepsToItselfIsReportedByTheNextStatement) {
+    EXPECT_EQ(unexplained(false,
+                          {{u"act"_s, u"calibrate"_s}, {u"planned fault"_s, u"at 3"_s}, {u"report"_s, lost}}),
+              QStringList());
+}
+
 TEST(StationReports, TheSameReportsAreFindingsWithoutAPlannedFault) {
     EXPECT_EQ(unexplained(false, {{u"act"_s, u"calibrate"_s},
                                   {u"report"_s, planned},
