@@ -112,8 +112,8 @@ TEST_F(TorqueCommunicationLog, NamesThePortThatCanNotBeOpened) {
     list(u"TW-101"_s);
     download(messages::noPort());
     ASSERT_TRUE(calibrators.torqueStarLog.opening().has_value());
-    const auto reason =
-        u"The port COM1 could not be opened: there is no such device. A50285BI matches no device, or more than one."_s;
+    const auto reason = text(TextId::portNoSuchDevice).arg(u"COM1"_s) + u' ' +
+                        text(TextId::portIdentityUnknown).arg(u"A50285BI"_s);
     EXPECT_EQ(calibrators.torqueStarLog.opening()->refusal, reason);
     EXPECT_TRUE(logged().last().endsWith(reason)) << logged().last().toStdString();
     EXPECT_TRUE(folder.read(u"errors.log"_s).contains(reason));
