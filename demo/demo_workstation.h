@@ -3,17 +3,15 @@
 #include "app/workstation_program.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "testkit/command_titles.h"
 #include "testkit/controls.h"
 #include "testkit/simulated_operator.h"
 
 namespace kelvane::demo {
 
-inline QString downloadTitle() {
-    return text(TextId::downloadProcedures);
-}
-inline QString uploadTitle() {
-    return text(TextId::uploadTestResults);
-}
+using testing::downloadTitle;
+using testing::uploadTitle;
+
 inline QString recordTitle() {
     return text(TextId::recordCreation);
 }

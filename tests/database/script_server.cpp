@@ -135,4 +135,10 @@ QString ScriptServer::newName() {
     return names_.last();
 }
 
+void DemonstrationOnServer::SetUp() {
+    ScriptServer::SetUp();
+    if (!IsSkipped())
+        database = demo();
+}
+
 } // namespace kelvane::testing

@@ -42,4 +42,12 @@ class ScriptServer : public ::testing::Test {
     QStringList names_;
 };
 
+/// The same with a copy of the demonstration database.
+class DemonstrationOnServer : public ScriptServer {
+  protected:
+    void SetUp() override;
+
+    QString database;
+};
+
 } // namespace kelvane::testing

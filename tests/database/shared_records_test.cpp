@@ -12,14 +12,8 @@ namespace kelvane::testing {
 
 namespace {
 
-class SharedRecords : public ScriptServer {
+class SharedRecords : public DemonstrationOnServer {
   protected:
-    void SetUp() override {
-        ScriptServer::SetUp();
-        if (IsSkipped())
-            return;
-        database = demo();
-    }
     QString current(const QString& owner, const QString& mtag) {
         return answer(
             database,
@@ -40,8 +34,6 @@ class SharedRecords : public ScriptServer {
             ASSERT_LT(time.elapsed(), 20000) << query.toStdString();
         }
     }
-
-    QString database;
 };
 
 } // namespace

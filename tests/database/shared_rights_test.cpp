@@ -185,15 +185,8 @@ constexpr Attempt attempts[] = {
     {"select kelvane.grant_again()"_L1, nobody},
 };
 
-class SharedRights : public ScriptServer {
+class SharedRights : public DemonstrationOnServer {
   protected:
-    void SetUp() override {
-        ScriptServer::SetUp();
-        if (IsSkipped())
-            return;
-        database = demo();
-    }
-
     /// Those who get further than to a missing right.
     QString allowed(const QString& statement) {
         QString signs;
@@ -208,8 +201,6 @@ class SharedRights : public ScriptServer {
         EXPECT_NE(outcome.code, 0) << statement.toStdString();
         return outcome.output;
     }
-
-    QString database;
 };
 
 QString literal(const QString& text) {

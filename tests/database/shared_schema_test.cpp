@@ -24,15 +24,8 @@ QStringList embeddedTables(const QString& database, const QString& owner) {
         u"select name from sqlite_schema where type = 'table' and name not like 'sqlite!_%' escape '!'"_s));
 }
 
-class SharedSchema : public ScriptServer {
+class SharedSchema : public DemonstrationOnServer {
   protected:
-    void SetUp() override {
-        ScriptServer::SetUp();
-        if (IsSkipped())
-            return;
-        database = demo();
-    }
-
     /// What `query` finds in the files of all owners of the embedded database; OWNER is the owner's name.
     static QStringList inEmbedded(const QString& query) {
         QString found;
@@ -44,8 +37,6 @@ class SharedSchema : public ScriptServer {
         return sortedLines(found);
     }
     QStringList onServer(const QString& query) { return sortedLines(answer(database, query)); }
-
-    QString database;
 };
 
 /// Columns with "required" where null is refused, and the kind of value they hold.

@@ -7,13 +7,12 @@ namespace kelvane::testing {
 namespace {
 
 /// Packages and what is in use, old and new, of several users.
-class SharedTaskRows : public ScriptServer {
+class SharedTaskRows : public DemonstrationOnServer {
   protected:
     void SetUp() override {
-        ScriptServer::SetUp();
+        DemonstrationOnServer::SetUp();
         if (IsSkipped())
             return;
-        database = demo();
         answer(
             database,
             u"delete from mt.hvm_kv_task_packages; delete from mt.hvm_kv_task_assets; "
@@ -41,8 +40,6 @@ class SharedTaskRows : public ScriptServer {
             "(select string_agg(standard_mtag, ', ') from mt.hvm_kv_task_standards_inuse); rollback"_s,
             {login});
     }
-
-    QString database;
 };
 
 } // namespace

@@ -33,6 +33,13 @@ class LoggedLink : public RecordedSession {
     }
     QStringList logged() const { return linesOf(u"fluke-702.log"_s); }
     QStringList logged3() const { return linesOf(u"fluke-743-744.log"_s); }
+    /// The operations that lines name; the second line is the port's.
+    static QStringList operationsIn(QStringList lines) {
+        lines.removeAt(1);
+        for (auto& line : lines)
+            line = line.section(u'(', 0, 0);
+        return lines;
+    }
 
     RecordedLink link;
     RecordedLink3 link3;
@@ -153,12 +160,8 @@ TEST_F(LoggedLink, PassesEachOperationOnToTheLibraryOfItsOwnName) {
     x.MEMcalResult(1, small);
     x.MEMcalResultEntry(1, 2, real, small, real, real, small, real, real);
     x.STAgetPressure(text, other, number);
-    auto lines = logged();
-    lines.removeAt(1); // the port
-    ASSERT_EQ(lines.size(), 35);
-    ASSERT_EQ(link.operations().size(), 35);
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(lines[i].section(u'(', 0, 0), link.operations()[i]);
+    EXPECT_EQ(link.operations().size(), 35);
+    EXPECT_EQ(operationsIn(logged()), link.operations());
 }
 
 TEST_F(LoggedLink, OfTheOtherCalibratorPassesEachOperationOnToo) {
@@ -218,12 +221,8 @@ TEST_F(LoggedLink, OfTheOtherCalibratorPassesEachOperationOnToo) {
     x.STA3getInt(root, u"A"_s, number);
     x.STA3getTime(root, u"A"_s, number);
     x.STA3getMapped(root, u"A"_s, text);
-    auto lines = logged3();
-    lines.removeAt(1); // the port
-    ASSERT_EQ(lines.size(), 45);
-    ASSERT_EQ(link3.operations().size(), 45);
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(lines[i].section(u'(', 0, 0), link3.operations()[i]);
+    EXPECT_EQ(link3.operations().size(), 45);
+    EXPECT_EQ(operationsIn(logged3()), link3.operations());
 }
 
 TEST_F(LoggedLink, SaysWhetherTheLinkCouldBeOpenedAndWhyNot) {

@@ -5,6 +5,7 @@
 #include "platform/database/odbc_connection.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "testkit/command_titles.h"
 #include "testkit/test_database.h"
 #include "tests/end_to_end/connected_workstation.h"
 #include "tests/end_to_end/database_trouble.h"
@@ -36,13 +37,6 @@ inline QString connectionLost() {
     return text(TextId::connectionLostAdvice);
 }
 } // namespace messages
-
-inline QString downloadTitle() {
-    return text(TextId::downloadProcedures);
-}
-inline QString uploadTitle() {
-    return text(TextId::uploadTestResults);
-}
 
 /// A calibration from end to end with one of the calibrators: the demonstration's database, the real drivers
 /// and commands, and a scripted operator. jdoe is logged in, nothing is listed.
