@@ -18,7 +18,9 @@ namespace {
 void provideFile(const QString& from, const QString& folder) {
     const auto to = QDir(folder).filePath(QFileInfo(from).fileName());
     QFile file(from);
-    if (!QFileInfo::exists(to) && !file.copy(to))
+    if (QFileInfo::exists(to))
+        return;
+    if (!file.copy(to))
         throw FileError(ErrorNumber::pathFileAccess, to, file.errorString());
     // What is installed can't be written; the copy is the user's own.
     QFile::setPermissions(to, QFile::permissions(to) | QFile::WriteOwner);
@@ -41,6 +43,8 @@ void addDataSource(const QString& list, const QByteArray& section) {
         if (!present.open(QIODevice::ReadOnly))
             throw FileError(ErrorNumber::pathFileAccess, list, present.errorString());
         content = present.readAll();
+        if (present.error() != QFileDevice::NoError)
+            throw FileError(ErrorNumber::pathFileAccess, list, present.errorString());
         if (!content.isEmpty())
             content += content.endsWith('\n') ? "\n" : "\n\n";
     }

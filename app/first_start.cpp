@@ -147,14 +147,20 @@ void FirstStart::makeDatabase() {
 
 void FirstStart::nameDatabase(const QByteArray& section) {
     try {
-        provideWorkFiles(QDir::currentPath());
         addDataSource(userDataSources(), section);
     } catch (const FileError& error) {
         fail(error.reason);
         return;
     }
     setRunning(false);
-    tell(*LabelOutcome, text(TextId::firstStartMade).arg(QDir::toNativeSeparators(databaseToTry())));
+    auto outcome = text(TextId::firstStartMade).arg(QDir::toNativeSeparators(databaseToTry()));
+    try {
+        provideWorkFiles(QDir::currentPath());
+    } catch (const FileError& error) {
+        // The database can be used all the same.
+        outcome += u'\n' + error.reason;
+    }
+    tell(*LabelOutcome, outcome);
     // It is done; there is one way on.
     tell(*LabelOffer, {});
     CommandMake->hide();

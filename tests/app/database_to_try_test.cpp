@@ -75,6 +75,10 @@ TEST_F(DatabaseToTry, TemplateAndLayoutAreProvidedWhereThereAreNone) {
     EXPECT_TRUE(folder.read(u"rslt_db.frm"_s).contains(u"subst$"_s));
     EXPECT_EQ(folder.read(u"kvwrksht.rpt"_s), u"the user's own"_s);
     EXPECT_TRUE(QFile::permissions(folder.path() + u"/rslt_db.frm"_s) & QFile::WriteOwner);
+    const auto layout = folder.path() + u"/kvwrksht.rpt"_s;
+    ASSERT_TRUE(QFile::setPermissions(layout, QFile::ReadOwner));
+    provideWorkFiles(folder.path());
+    EXPECT_FALSE(QFile::permissions(layout) & QFile::WriteOwner) << "what is there stays as it is";
     EXPECT_THROW(provideWorkFiles(folder.path() + u"/nowhere"_s), FileError);
 }
 

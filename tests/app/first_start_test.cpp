@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -170,6 +171,18 @@ TEST_F(First, SaysWhichProgramIsMissing) {
     EXPECT_TRUE(outcome().startsWith(u"The database could not be made: /nowhere/kelvane-admin: "_s))
         << outcome().toStdString();
     EXPECT_TRUE(command(u"CommandContinue"_s).isEnabled());
+}
+
+TEST_F(First, NamesTheDatabaseThoughTheWorkingFolderCanNotBeWritten) {
+    const auto back = qScopeGuard([before = QDir::currentPath()] { QDir::setCurrent(before); });
+    ASSERT_TRUE(QDir::setCurrent(u"/proc"_s));
+    show();
+    click(command(u"CommandMake"_s));
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_TRUE(outcome().startsWith(u"The database stands in"_s)) << outcome().toStdString();
+    EXPECT_TRUE(outcome().contains(u"/proc/rslt_db.frm"_s)) << outcome().toStdString();
+    EXPECT_TRUE(QFile::exists(list));
+    expectWholeTexts();
 }
 
 TEST_F(First, SaysWhichListCanNotBeWritten) {
