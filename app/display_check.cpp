@@ -19,7 +19,10 @@ QStringList& heldBack() {
     return messages;
 }
 
-QString reason() {
+/// `words` are the toolkit's own about the platform that it has tried first.
+QString reason(const QString& words) {
+    if (!words.contains("could not connect to display"_L1))
+        return u"no window can be opened: "_s + words;
     const auto display = qEnvironmentVariable("DISPLAY");
     return display.isEmpty()
                ? u"there is no display; start it on a desktop"_s
@@ -29,7 +32,7 @@ QString reason() {
 void hold(QtMsgType type, const QMessageLogContext&, const QString& message) {
     // The toolkit aborts behind its fatal message.
     if (type == QtFatalMsg)
-        std::_Exit(writeAnswer(u"kelvane"_s, {reason(), 1}));
+        std::_Exit(writeAnswer(u"kelvane"_s, {reason(heldBack().value(0, message).section(u'\n', 0, 0)), 1}));
     heldBack() << message;
 }
 

@@ -30,6 +30,8 @@ int run(QApplication& application, const GivenOptions& options, const QString& c
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(u"KELVANE"_s);
     QApplication::setApplicationVersion(programVersion());
+    // Names the entry in the desktop's menu whose windows these are.
+    QApplication::setDesktopFileName(u"kelvane"_s);
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());
     const auto unknownLanguage = chooseLanguage(stored, QLocale::system().uiLanguages());

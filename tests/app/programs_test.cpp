@@ -153,6 +153,15 @@ TEST(Programs, TheWorkstationNamesADisplayThatCanNotBeOpened) {
         << ending.errors.toStdString();
 }
 
+TEST(Programs, TheWorkstationNamesAPlatformThatIsNotThere) {
+    const auto ending = run(u"kelvane"_s, {u"-platform"_s, u"nowhere"_s});
+    EXPECT_EQ(ending.status, 1);
+    expectOneSentence(ending, u"kelvane"_s);
+    EXPECT_TRUE(ending.errors.contains(u"no window can be opened: "_s) &&
+                ending.errors.contains(u"\"nowhere\""_s))
+        << ending.errors.toStdString();
+}
+
 TEST(DisplayCheck, WritesOtherMessagesWhenItIsOver) {
     ::testing::internal::CaptureStderr();
     {
