@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
@@ -32,9 +33,20 @@ std::optional<dev_t> deviceNumber(const QString& path) {
     return found.st_rdev;
 }
 
+/// Of a plain file alone: in a folder for all users anybody may put a pipe or a device in the place of a lock
+/// file, and opening that would wait, or change a line.
 QByteArray firstLineOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readLine(256).trimmed() : QByteArray();
+    const int file = ::open(QFile::encodeName(path).constData(),
+                            O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
+    if (file < 0)
+        return {};
+    const auto closing = qScopeGuard([file] { ::close(file); });
+    struct stat found {};
+    std::array<char, 256> bytes{};
+    if (::fstat(file, &found) != 0 || !S_ISREG(found.st_mode))
+        return {};
+    const auto count = ::read(file, bytes.data(), bytes.size());
+    return count < 0 ? QByteArray() : QByteArray(bytes.data(), count).split('\n').constFirst().trimmed();
 }
 
 QString folderOf(qint64 process) {

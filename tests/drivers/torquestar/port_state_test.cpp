@@ -9,6 +9,9 @@
 #include <QProcess>
 #include <QScopeGuard>
 
+#include <future>
+
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -76,6 +79,18 @@ TEST_F(PortOfOthers, IsHeldByTheProcessOfItsLockFile) {
     EXPECT_EQ(otherHoldersOf(elsewhere.device()), QList<DeviceHolder>()) << "its process is gone";
     lock("nonsense");
     EXPECT_EQ(otherHoldersOf(elsewhere.device()), QList<DeviceHolder>());
+}
+
+TEST_F(PortOfOthers, IsNotHeldByAPipeInPlaceOfALockFileWhichNobodyWaitsFor) {
+    const auto pipe = "/tmp/LCK.." + QFile::encodeName(line.device().sliced(5).replace(u'/', u'_'));
+    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
+    const auto removal = qScopeGuard([&] { ::unlink(pipe.constData()); });
+    auto holders = std::async(std::launch::async, [this] { return otherHoldersOf(line.device()); });
+    const bool ended = holders.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    EXPECT_TRUE(ended);
+    if (!ended)
+        ::close(::open(pipe.constData(), O_WRONLY | O_CLOEXEC));
+    EXPECT_EQ(holders.get(), QList<DeviceHolder>());
 }
 
 TEST_F(PortOfOthers, ThatIsNoDeviceHasNoHolder) {
