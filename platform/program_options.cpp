@@ -110,9 +110,10 @@ QString helpOf(const Program& program, const QList<ProgramOption>& options) {
                                                   program.description, optionTable(options));
 }
 
-void write(FILE* stream, const QString& text) {
+bool write(FILE* stream, const QString& text) {
     const auto bytes = text.toLocal8Bit();
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
+    const auto size = static_cast<std::size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
 } // namespace
@@ -167,8 +168,7 @@ int writeAnswer(const QString& program, const ProgramAnswer& answer) {
         write(stderr, program + u": "_s + answer.text + u'\n');
         return answer.status;
     }
-    write(stdout, answer.text);
-    if (std::fflush(stdout) == 0)
+    if (write(stdout, answer.text))
         return 0;
     return writeAnswer(program, {u"the output can't be written"_s, 1});
 }

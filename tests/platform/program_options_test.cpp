@@ -2,6 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -135,5 +142,23 @@ TEST(ProgramWords, AreThoseOfTheCommandLine) {
     const char* const words[] = {"example", "--texts", "Prüfung"};
     EXPECT_EQ(wordsOf(3, words), (QStringList{u"example"_s, u"--texts"_s, u"Prüfung"_s}));
 }
+
+#ifdef Q_OS_UNIX
+TEST(ProgramAnswers, ThatCanNotBeWrittenAreAFailureHoweverLongTheyAre) {
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    if (full < 0)
+        GTEST_SKIP() << "this system has no full device";
+    for (const int length : {1, 1'000'000}) {
+        std::fflush(stdout);
+        const int output = ::dup(STDOUT_FILENO);
+        ::dup2(full, STDOUT_FILENO);
+        const int status = writeAnswer(u"example"_s, {QString(length, u'x')});
+        ::dup2(output, STDOUT_FILENO);
+        ::close(output);
+        EXPECT_EQ(status, 1) << length;
+    }
+    ::close(full);
+}
+#endif
 
 } // namespace kelvane
