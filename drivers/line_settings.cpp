@@ -1,5 +1,6 @@
 #include "drivers/line_settings.h"
 
+#include "drivers/serial_ports.h"
 #include "platform/error_report.h"
 #include "platform/values/numbers.h"
 
@@ -14,10 +15,12 @@ LinkLine linkLine(const Session& session, const CalibratorIdentity& calibrator) 
     const auto baudRate = roundToLong(numericValue(lineSetting(session, calibrator, lineKey::baudRate)));
     if (baudRate != 0)
         line.baudRate = baudRate;
-    const auto port = lineSetting(session, calibrator, lineKey::port);
-    if (!port.isEmpty())
-        line.port = port;
+    line.port = linkPort(lineSetting(session, calibrator, lineKey::port));
     return line;
+}
+
+QString linkPort(const QString& stored) {
+    return stored.isEmpty() ? portName(1) : stored;
 }
 
 } // namespace kelvane

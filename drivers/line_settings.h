@@ -30,11 +30,14 @@ inline constexpr Parity parities[] = {{u"Even", u'E', TextId::parityEven},
 /// A stored line setting; empty when there is none.
 QString lineSetting(const Session& session, const CalibratorIdentity& calibrator, QStringView key);
 
+/// The port that a link library is opened with, by the stored one: the first port where there is none.
+QString linkPort(const QString& stored);
+
 /// What a link library is opened with.
 struct LinkLine {
     qint32 baudRate = 9600;
     /// Such as "COM1".
-    QString port = QStringLiteral("COM1");
+    QString port;
 };
 
 /// The stored baud rate and port; the usual ones where there is none, or a baud rate that is no number.

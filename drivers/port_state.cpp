@@ -2,7 +2,6 @@
 
 #include "platform/device_holders.h"
 #include "platform/error.h"
-#include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -15,10 +14,6 @@ namespace kelvane {
 
 namespace {
 
-QString portName(int number) {
-    return u"COM%1"_s.arg(number);
-}
-
 QString openingSentence(const QString& port, const QString& device,
                         const std::optional<LineOpening>& opening) {
     if (!opening)
@@ -27,10 +22,6 @@ QString openingSentence(const QString& port, const QString& device,
 }
 
 } // namespace
-
-int portNumber(const QString& name) {
-    return static_cast<int>(numericValue(name.right(1)));
-}
 
 QString portDescription(const SerialPorts& ports, int number) {
     const auto describe = [&] {

@@ -5,9 +5,6 @@
 
 namespace kelvane {
 
-/// The number of a port by its name, such as 1 for "COM1".
-int portNumber(const QString& name);
-
 /// The port's name and its device, or why there is none: "COM1: /dev/ttyUSB0, maker FTDI, serial number
 /// A50285BI".
 QString portDescription(const SerialPorts& ports, int number);

@@ -1,5 +1,6 @@
 #include "drivers/serial_ports.h"
 
+#include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -62,7 +63,7 @@ QList<SerialDevice> connectedSerialDevices() {
 }
 
 QString SerialPorts::nameOf(int number) const {
-    return settings_.value(u"Ports"_s, u"COM%1"_s.arg(number));
+    return settings_.value(u"Ports"_s, portName(number));
 }
 
 QString SerialPorts::path(int number) const {
@@ -71,6 +72,21 @@ QString SerialPorts::path(int number) const {
 }
 
 SerialDevice SerialPorts::device(int number) const {
+QStringList portNames() {
+    QStringList names;
+    for (int number = 1; number <= maxPort; ++number)
+        names << portName(number);
+    return names;
+}
+
+QString portName(int number) {
+    return u"COM%1"_s.arg(number);
+}
+
+int portNumber(const QString& name) {
+    return static_cast<int>(numericValue(name.right(1)));
+}
+
     if (number < 1 || number > maxPort)
         return {};
     const auto name = nameOf(number);

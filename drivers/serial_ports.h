@@ -3,6 +3,7 @@
 #include "platform/settings_store.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <functional>
 
@@ -29,6 +30,13 @@ struct SerialDeviceSources {
     /// Holds links to the devices, which are named after what they are.
     QString namesFolder = QStringLiteral("/dev/serial/by-id");
 };
+
+/// The ports' names, "COM1" to "COM4".
+QStringList portNames();
+/// The name of a port by its number, such as "COM1".
+QString portName(int number);
+/// The number that a port's name ends in, such as 1 for "COM1".
+int portNumber(const QString& name);
 
 /// The ports COM1 to COM4: the devices that section "Ports" of the settings store names, otherwise the first
 /// four serial devices of the computer. A device is named by its path, or by what it is: its serial number,

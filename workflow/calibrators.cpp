@@ -3,7 +3,9 @@
 #include "data/custom_dialog.h"
 #include "drivers/fluke702/logged_dpclnk.h"
 #include "drivers/fluke74x/logged_dpclnk3.h"
+#include "drivers/line_settings.h"
 #include "drivers/torquestar/logged_serial_port.h"
+#include "drivers/torquestar/protocol.h"
 #include "drivers/worksheet_results.h"
 #include "platform/error_report.h"
 #include "resources/strings.h"
@@ -28,10 +30,15 @@ constexpr auto call = [](Calibrators& calibrators, const auto&... arguments) {
 
 constexpr Calibrator calibrators[] = {
     {.identity = ModuleTSInterface::identity,
+int portOfLink(const QString&, const QString& port) {
+    return portNumber(linkPort(port));
+}
+
      .hasLineFormat = true,
      .log = &Calibrators::torqueStarLog,
      .listEnd = 48,
      .standardNeedsParameters = true,
+     .port = linePort,
      .acceptable = call<&Calibrators::torqueStar, TorqueStar_acceptable>,
      .requiresStandard = call<&Calibrators::torqueStar, TorqueStar_requires_standard>,
      .download = call<&Calibrators::torqueStar, TorqueStar_download>,
@@ -41,6 +48,7 @@ constexpr Calibrator calibrators[] = {
      .log = &Calibrators::fluke702Log,
      .acceptable = call<&Calibrators::fluke702, Fluke702_acceptable>,
      .requiresStandard = call<&Calibrators::fluke702, Fluke702_requires_standard>,
+     .port = portOfLink,
      .download = call<&Calibrators::fluke702, Fluke702_download>,
      .upload = call<&Calibrators::fluke702, Fluke702_upload>,
      .judgeAgain = Fluke702_judge_again},
@@ -48,6 +56,7 @@ constexpr Calibrator calibrators[] = {
      .log = &Calibrators::fluke74xLog,
      .acceptable = call<&Calibrators::fluke74x, Fluke74x_acceptable>,
      .requiresStandard = call<&Calibrators::fluke74x, Fluke74x_requires_standard>,
+     .port = portOfLink,
      .download = call<&Calibrators::fluke74x, Fluke74x_download>,
      .upload = call<&Calibrators::fluke74x, Fluke74x_upload>,
      .judgeAgain = Fluke74x_judge_again},

@@ -59,6 +59,8 @@ struct Calibrator {
     CommunicationLog Calibrators::*log = nullptr;
     /// A download list stays below so many rows.
     qsizetype listEnd = std::numeric_limits<qsizetype>::max();
+    /// The number of the port that its driver opens, by the stored baud rate and port.
+    int (*port)(const QString& baudRate, const QString& port) = nullptr;
     /// An external standard needs calibration parameters of its own.
     bool standardNeedsParameters = false;
 

@@ -2,11 +2,11 @@
 
 #include "data/routine.h"
 #include "drivers/line_settings.h"
+#include "drivers/serial_ports.h"
 #include "drivers/torquestar/control_characters.h"
 #include "drivers/torquestar/framing.h"
 #include "platform/error_report.h"
 #include "platform/reason_log.h"
-#include "platform/values/numbers.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -119,11 +119,11 @@ void Exchange::configure() {
     const auto setting = [this](QStringView key) { return lineSetting(driver_.session, identity, key); };
     const auto baud = setting(lineKey::baudRate);
     if (baud.isEmpty()) {
-        port_.setCommPort(1);
+        port_.setCommPort(linePort({}, {}));
         port_.setSettings(u"9600,N,8,1"_s);
         return;
     }
-    port_.setCommPort(static_cast<int>(numericValue(setting(lineKey::port).right(1))));
+    port_.setCommPort(linePort(baud, setting(lineKey::port)));
     port_.setSettings(QStringList{baud, parityLetter(setting(lineKey::parity)), setting(lineKey::dataBits),
                                   setting(lineKey::stopBits)}
                           .join(u','));
@@ -276,6 +276,10 @@ QByteArray ProcessMessageProtocol(TorqueStar& driver, const QByteArray& body) {
     if (!routine.run([&] { reply = Exchange(driver, body).carryOut(); }))
         driver.TSError = text(TextId::lineCommunicationFailed);
     return reply;
+}
+
+int linePort(const QString& baudRate, const QString& port) {
+    return baudRate.isEmpty() ? 1 : portNumber(port);
 }
 
 } // namespace kelvane::ModuleTSInterface

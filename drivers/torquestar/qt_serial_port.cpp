@@ -126,7 +126,7 @@ void QtSerialPort::open() {
     port_->setDataBits(plain ? QSerialPort::Data8 : static_cast<QSerialPort::DataBits>(line_.dataBits));
     port_->setStopBits(static_cast<QSerialPort::StopBits>(line_.stopBits));
     port_->setFlowControl(QSerialPort::NoFlowControl);
-    const auto port = u"COM%1"_s.arg(number_);
+    const auto port = portName(number_);
     if (name.isEmpty())
         throw refusal(missingDevice(port, ports_.nameOf(number_)));
     if (!port_->open(QIODevice::ReadWrite))

@@ -112,6 +112,13 @@ TEST_F(SerialPortsOfSettings, DescribeADeviceAsFarAsItIsKnown) {
     EXPECT_EQ(deviceDescription(connected[2]), u"/dev/ttyUSB1, maker Prolific, USB-Serial Controller"_s);
 }
 
+TEST(SerialPortNames, AreThoseOfFourPortsAndEndInTheirNumber) {
+    EXPECT_EQ(portNames(), (QStringList{u"COM1"_s, u"COM2"_s, u"COM3"_s, u"COM4"_s}));
+    EXPECT_EQ(portName(9), u"COM9"_s);
+    for (const auto& [name, number] : {std::pair{u"COM3"_s, 3}, {u"COM"_s, 0}, {u""_s, 0}, {u"COM12"_s, 2}})
+        EXPECT_EQ(portNumber(name), number) << name.toStdString();
+}
+
 TEST(ConnectedSerialDevices, HaveAPath) {
     for (const auto& device : connectedSerialDevices())
         EXPECT_FALSE(device.path.isEmpty());
