@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 
+#include "drivers/serial_ports.h"
 #include "platform/communication_log.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -56,12 +57,13 @@ bool isPassedOver(const QString& word) {
     return word.contains(u"KFDJ"_s, Qt::CaseInsensitive);
 }
 
-/// The port and the device of a value of `--port`; nothing when it has not both.
+/// The port and the device of a value of `--port`; nothing when it has not both, or there is no such port.
 std::optional<std::pair<QString, QString>> portOf(const QString& value) {
     const auto equals = value.indexOf(u'=');
-    if (equals < 1 || equals + 1 == value.size())
+    const auto port = value.left(equals).toUpper();
+    if (equals < 0 || equals + 1 == value.size() || !portNames().contains(port))
         return {};
-    return std::pair{value.left(equals).toUpper(), value.mid(equals + 1)};
+    return std::pair{port, value.mid(equals + 1)};
 }
 
 } // namespace
@@ -85,7 +87,8 @@ GivenOptions workstationOptions(const QStringList& words) {
     for (const auto& value : options.values(portOption)) {
         if (!portOf(value))
             throw usageAnswer(program.name,
-                              u"--port needs a port and its device, such as COM1=/dev/ttyUSB0"_s);
+                              u"--port needs one of the ports COM1 to COM4 and its device, such as "
+                              "COM1=/dev/ttyUSB0"_s);
     }
     return options;
 }

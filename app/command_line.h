@@ -12,7 +12,7 @@ namespace kelvane {
 const Program& workstationCommandLine();
 
 /// Reads the words behind the program's name; throws `ProgramAnswer` as `readCommandLine` does, also for a
-/// port without a device.
+/// port without a device and for one that is none of COM1 to COM4.
 GivenOptions workstationOptions(const QStringList& words);
 
 /// The devices that `--port` names, by port in capital letters.

@@ -40,7 +40,7 @@ TEST(CommandLine, NamesTheDevicesOfPorts) {
 
 TEST(CommandLine, RefusesWhatItDoesNotKnowAndValuesThatAreMissing) {
     const auto noDevice =
-        u"2 --port needs a port and its device, such as COM1=/dev/ttyUSB0; see kelvane --help"_s;
+        u"2 --port needs one of the ports COM1 to COM4 and its device, such as COM1=/dev/ttyUSB0; see kelvane --help"_s;
     const struct {
         QStringList words;
         QString refusal;
@@ -56,6 +56,12 @@ TEST(CommandLine, RefusesWhatItDoesNotKnowAndValuesThatAreMissing) {
         {{u"--port"_s, u"=x"_s}, noDevice},
         {{u"--port="_s}, noDevice},
         {{u"--port=COM1="_s}, noDevice},
+        {{u"--port=COM5=/a"_s}, noDevice},
+        {{u"--port=COM0=/a"_s}, noDevice},
+        {{u"--port=COM11=/a"_s}, noDevice},
+        {{u"--port=CMO1=/a"_s}, noDevice},
+        {{u"--port=1=/a"_s}, noDevice},
+        {{u"--port=COM1=/a"_s, u"--port=/dev/ttyUSB0=COM1"_s}, noDevice},
     };
     for (const auto& row : rows)
         EXPECT_EQ(refusalOf(row.words), row.refusal) << row.words.join(u' ').toStdString();
