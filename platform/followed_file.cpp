@@ -1,6 +1,15 @@
 #include "platform/followed_file.h"
 
+using namespace Qt::StringLiterals;
+
 namespace kelvane {
+
+namespace {
+
+/// In the place of lines that were passed over.
+constexpr QByteArrayView omission = "\xE2\x80\xA6\n";
+
+} // namespace
 
 QByteArray FollowedFile::readNew() {
     if (!file_ && !open())
@@ -9,6 +18,8 @@ QByteArray FollowedFile::readNew() {
     if (isReplaced()) {
         // What was still written to it before it was renamed.
         readRest();
+        if (!isPutAsideLast())
+            unread_ += omission;
         file_.reset();
         if (open())
             readRest();
@@ -32,9 +43,15 @@ bool FollowedFile::isReplaced() const {
     return identify(QFile::encodeName(path_)) != identity_ || file_->size() < file_->pos();
 }
 
+/// Also true for one that was cut short.
+bool FollowedFile::isPutAsideLast() const {
+    return identify(QFile::encodeName(path_)) == identity_ ||
+           identify(QFile::encodeName(path_ + u".1"_s)) == identity_;
+}
+
 void FollowedFile::readRest() {
     if (file_->size() - file_->pos() > most_) {
-        unread_.clear();
+        unread_ = omission.toByteArray();
         file_->seek(file_->size() - most_);
         // As a rule this is the end of a line that is passed over.
         file_->readLine();

@@ -9,8 +9,11 @@
 
 namespace kelvane {
 
-/// The end of a text file that others write: what is there first, then what comes. A file that is renamed and
-/// replaced by a new one is read to its end before the new one is.
+/// The end of a text file that others write: what is there first, then what comes. A file that is put aside
+/// as
+/// "<name>.1" and replaced by a new one is read to its end before the new one is. A line "…" stands where
+/// lines were passed over: because too many have come, or because more than one file was put aside since the
+/// last look.
 class FollowedFile {
   public:
     /// Where more than `most` bytes have come since the last look, only the last of them are given.
@@ -23,6 +26,7 @@ class FollowedFile {
     bool open();
     bool isReplaced() const;
     void readRest();
+    bool isPutAsideLast() const;
 
     QString path_;
     qint64 most_;

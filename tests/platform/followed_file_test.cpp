@@ -19,6 +19,7 @@ class Followed : public ::testing::Test {
     testing::OwnFolder folder;
     const QString path = folder.path() + u"/log"_s;
     FollowedFile file{path, 1000};
+    const QByteArray omission = "…\n";
 };
 
 } // namespace
@@ -50,9 +51,23 @@ TEST_F(Followed, IsReadToItsEndWhenAnotherTakesItsPlace) {
     append("c\n");
     EXPECT_EQ(file.readNew(), "c\n");
     append("d\n");
-    ASSERT_TRUE(QFile::rename(path, path + u".2"_s));
+    ASSERT_TRUE(QFile::rename(path + u".1"_s, path + u".2"_s));
+    ASSERT_TRUE(QFile::rename(path, path + u".1"_s));
     append("e\n");
     EXPECT_EQ(file.readNew(), "d\ne\n");
+}
+
+TEST_F(Followed, MarksThePlaceOfAFileThatCameAndWentBetweenTwoLooks) {
+    append("a\n");
+    EXPECT_EQ(file.readNew(), "a\n");
+    append("b\n");
+    ASSERT_TRUE(QFile::rename(path, path + u".2"_s));
+    append("c\n");
+    ASSERT_TRUE(QFile::rename(path, path + u".1"_s));
+    append("d\n");
+    EXPECT_EQ(file.readNew(), "b\n" + omission + "d\n");
+    append("e\n");
+    EXPECT_EQ(file.readNew(), "e\n");
 }
 
 TEST_F(Followed, IsReadFromTheBeginningWhenItWasCutShort) {
@@ -68,14 +83,16 @@ TEST_F(Followed, GivesOnlyTheLastLinesOfALargeOne) {
     for (int i = 1000; i < 2000; ++i)
         lines += "line " + QByteArray::number(i) + '\n';
     append(lines);
-    const auto first = file.readNew();
+    const auto marked = file.readNew();
+    EXPECT_TRUE(marked.startsWith(omission)) << "the place of the others";
+    const auto first = marked.sliced(omission.size());
     EXPECT_LE(first.size(), 1000);
     EXPECT_GT(first.size(), 900);
     EXPECT_TRUE(lines.endsWith('\n' + first));
     append("rest of a line that is passed over " + QByteArray(2000, 'x') + "\n" + lines);
     const auto second = file.readNew();
-    EXPECT_LE(second.size(), 1000);
-    EXPECT_TRUE(second.startsWith("line "));
+    EXPECT_LE(second.size(), 1000 + omission.size());
+    EXPECT_TRUE(second.startsWith(omission + "line "));
     EXPECT_TRUE(second.endsWith("line 1999\n"));
 }
 
