@@ -9,11 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-QString LinkLog::begin(const QString& missing) const {
+QString LinkLog::begin(const QString& missing, const QString& file) const {
     log.readSwitch();
     if (!missing.isEmpty()) {
-        log.write(u"library "_s + missing);
+        log.write(u"no library: "_s + missing);
         log.setOpening({missing});
+    } else if (!file.isEmpty()) {
+        log.write(u"library "_s + file);
     }
     return missing;
 }

@@ -11,8 +11,9 @@ struct LinkLog {
     CommunicationLog& log;
     const SerialPorts& ports;
 
-    /// A command begins, whose library was asked what it lacks; gives that text back.
-    QString begin(const QString& missing) const;
+    /// A command begins, whose library was asked what it lacks; gives that text back. `file` is the library
+    /// that is loaded.
+    QString begin(const QString& missing, const QString& file) const;
     /// The link was opened at a port such as "COM1", or could not be; `words` are those for the status.
     void setOpening(const QString& port, qint16 status, const QString& words) const;
 };

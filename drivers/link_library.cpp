@@ -1,14 +1,18 @@
 #include "drivers/link_library.h"
 
 #include "platform/error.h"
+#include "platform/system.h"
 #include "platform/values/texts.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLibrary>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
@@ -16,6 +20,21 @@ namespace {
 
 /// Spare space behind a text for a library that ignores the length.
 constexpr qsizetype slack = 256;
+
+/// What the system calls the file of a library.
+QString fileNameOf(const QString& library) {
+#ifdef Q_OS_WIN
+    return library + u".dll"_s;
+#else
+    return u"lib"_s + library + u".so"_s;
+#endif
+}
+
+/// Also true for a link whose target is missing.
+bool isThere(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
 
 } // namespace
 
@@ -28,19 +47,12 @@ qsizetype LinkLibrary::need(const char* operation) {
 }
 
 QString LinkLibrary::missing() {
-    if (loaded_)
+    if (!file_.isEmpty())
         return {};
-    QLibrary library(QDir(folder_).filePath(name_));
-    if (!library.load()) {
-        const auto reason = library.errorString();
-        const auto isLoadedFrom = [&](const QString& file) {
-            library.setFileName(file);
-            return library.load();
-        };
-        const bool isInstalled = !simulators_.isEmpty();
-        if (!isLoadedFrom(name_) && !(isInstalled && isLoadedFrom(QDir(simulators_).filePath(name_))))
-            return text(TextId::linkLibraryNotLoaded).arg(name_, QDir::toNativeSeparators(folder_), reason);
-    }
+    QLibrary library;
+    if (!load(library))
+        return text(TextId::linkLibraryNotLoaded)
+            .arg(name_, QDir::toNativeSeparators(folder_), library.errorString());
     for (auto& operation : operations_) {
         operation.function = library.resolve(operation.name);
         if (!operation.function) {
@@ -50,12 +62,25 @@ QString LinkLibrary::missing() {
             return text(TextId::linkLibraryLacksOperation).arg(file, QString::fromLatin1(operation.name));
         }
     }
-    loaded_ = true;
+    file_ = QDir::toNativeSeparators(library.fileName());
     return {};
 }
 
+bool LinkLibrary::load(QLibrary& library) const {
+    const auto file = fileNameOf(name_);
+    const auto own = QDir(folder_).filePath(file);
+    const bool isOwn = isThere(own);
+    library.setFileName(isOwn ? own : file);
+    if (library.load())
+        return true;
+    if (isOwn || simulators_.isEmpty() || isLibraryInstalled(file))
+        return false;
+    library.setFileName(QDir(simulators_).filePath(file));
+    return library.load();
+}
+
 QFunctionPointer LinkLibrary::operation(qsizetype number) const {
-    if (!loaded_)
+    if (file_.isEmpty())
         throw makeError(ErrorNumber::fileNotFound);
     return operations_[number].function;
 }

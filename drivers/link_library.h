@@ -7,12 +7,14 @@
 #include <QString>
 #include <QtGlobal>
 
+class QLibrary;
+
 namespace kelvane {
 
 /// A calibrator's link library, found by its name when it is needed: first in `folder`, then where the
-/// system looks for libraries, and last in `simulators`, so that a calibrator's own library always comes
-/// before a simulated one that is installed (`simulators` is empty when none is). It stays loaded until the
-/// program ends.
+/// system looks for libraries, and last in `simulators` (empty when no simulated ones are installed). The
+/// first one that is there counts: one that can't be loaded is reported, and no other takes its place. The
+/// library stays loaded until the program ends.
 class LinkLibrary {
   public:
     LinkLibrary(QString name, QString folder, QString simulators = InstalledFiles().simulatorLibraries());
@@ -24,10 +26,17 @@ class LinkLibrary {
     /// Each call tries again until it is there.
     QString missing();
 
+    /// The file of the library that is loaded, without a folder when the system has found it; empty while
+    /// none is.
+    const QString& file() const { return file_; }
+
     /// The operation of that number. Error 53 when the library is not loaded.
     QFunctionPointer operation(qsizetype number) const;
 
   private:
+    /// The result of loading; `library` is then the one that counts.
+    bool load(QLibrary& library) const;
+
     struct Operation {
         const char* name;
         QFunctionPointer function = nullptr;
@@ -37,7 +46,7 @@ class LinkLibrary {
     QString folder_;
     QString simulators_;
     QList<Operation> operations_;
-    bool loaded_ = false;
+    QString file_;
 };
 
 /// One operation of a link library, a plain C function with these arguments that gives a status.

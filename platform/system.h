@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -34,6 +35,11 @@ enum class ByteLock { taken, heldElsewhere, failed };
 /// process.
 ByteLock lockByte(QFile& file, qint64 offset);
 void unlockByte(QFile& file, qint64 offset);
+
+/// True when there is a library of that file name, such as "libx.so", where the system looks for libraries,
+/// or in one of the folders, whether or not it can be loaded. By default they are those of a site's own
+/// libraries, of which the system knows only what `ldconfig` has found sound.
+bool isLibraryInstalled(const QString& file, const QStringList& folders = {QStringLiteral("/usr/local/lib")});
 
 /// Waits until a serial port, by its handle, has sent everything. Does nothing where closing waits for that.
 void drainSerialPort(qintptr handle);

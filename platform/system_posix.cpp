@@ -1,12 +1,16 @@
 #include "platform/system.h"
 
 #include <QFile>
+#include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <memory>
 
 #include <crypt.h>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <termios.h>
@@ -55,6 +59,21 @@ ByteLock lockByte(QFile& file, qint64 offset) {
 
 void unlockByte(QFile& file, qint64 offset) {
     setByteLock(file, offset, F_UNLCK);
+}
+
+bool isLibraryInstalled(const QString& file, const QStringList& folders) {
+    const auto isIn = [&](const QString& folder) { return QFileInfo::exists(folder + u'/' + file); };
+    if (std::ranges::any_of(folders, isIn))
+        return true;
+    const auto name = QFile::encodeName(file);
+    if (void* library = ::dlopen(name.constData(), RTLD_LAZY)) {
+        ::dlclose(library);
+        return true;
+    }
+    // The reason names what was asked for when nothing was found. Otherwise it names the path that was found
+    // or another library that this one needs, or tells of a library for another kind of processor.
+    const QByteArrayView reason = ::dlerror();
+    return !reason.startsWith(name + ": ") || !reason.endsWith(::strerror(ENOENT));
 }
 
 void drainSerialPort(qintptr handle) {

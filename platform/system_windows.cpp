@@ -46,6 +46,11 @@ void unlockByte(QFile& file, qint64 offset) {
     UnlockFileEx(handleOf(file), 0, 1, 0, &place);
 }
 
+bool isLibraryInstalled(const QString& file, const QStringList&) {
+    return SearchPathW(nullptr, reinterpret_cast<const wchar_t*>(file.utf16()), nullptr, 0, nullptr,
+                       nullptr) != 0;
+}
+
 void drainSerialPort(qintptr) {}
 
 QByteArray hashOf(const QByteArray&, const QByteArray&) {

@@ -65,6 +65,10 @@ QString DpclnkLibrary::missing() {
     return library_->library.missing();
 }
 
+QString DpclnkLibrary::file() const {
+    return library_->library.file();
+}
+
 Dpclnk::Status DpclnkLibrary::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
                                       quint8 constant5) {
     return library_->DPCopen(baudRate, TextIn(port), constant1000, constant5);

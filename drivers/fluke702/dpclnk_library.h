@@ -19,6 +19,7 @@ class DpclnkLibrary : public Dpclnk {
     ~DpclnkLibrary() override;
 
     QString missing() override;
+    QString file() const override;
 
     Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) override;
     Status DPCclose() override;

@@ -12,7 +12,11 @@ class LoggedDpclnk final : public Dpclnk {
     LoggedDpclnk(Dpclnk& real, const LinkLog& log)
         : log_(log), call_(real, log.log, Module702Interface::statusWords) {}
 
-    QString missing() override { return log_.begin(call_.link().missing()); }
+    QString missing() override {
+        const auto missing = call_.link().missing();
+        return log_.begin(missing, file());
+    }
+    QString file() const override { return call_.link().file(); }
 
     Status DPCopen(qint32 baudRate, const QString& port, qint32 constant1000, quint8 constant5) override;
     Status DPCclose() override { return call_("DPCclose", &Dpclnk::DPCclose); }

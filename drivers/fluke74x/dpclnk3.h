@@ -45,6 +45,8 @@ class Dpclnk3 {
     /// Empty when the library is there with all its operations, otherwise what is missing, for the operator.
     /// Call this before anything else: without a library no operation may be called.
     virtual QString missing() = 0;
+    /// The file of the library that is loaded; empty when there is none.
+    virtual QString file() const { return {}; }
 
     // The link.
     /// `port` is a name such as "COM1". What the constants 1000 and 5 mean is the library's own.

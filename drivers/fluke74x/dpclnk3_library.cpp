@@ -91,6 +91,10 @@ QString Dpclnk3Library::missing() {
     return library_->library.missing();
 }
 
+QString Dpclnk3Library::file() const {
+    return library_->library.file();
+}
+
 Dpclnk3::Status Dpclnk3Library::DPC3open(qint32 baudRate, const QString& port, qint32 constant1000,
                                          qint32 constant5) {
     return library_->DPC3open(baudRate, TextIn(port), constant1000, constant5);

@@ -19,6 +19,7 @@ class Dpclnk3Library : public Dpclnk3 {
     ~Dpclnk3Library() override;
 
     QString missing() override;
+    QString file() const override;
 
     Status DPC3open(qint32 baudRate, const QString& port, qint32 constant1000, qint32 constant5) override;
     Status DPC3close() override;

@@ -20,7 +20,11 @@ class LoggedDpclnk3 final : public Dpclnk3 {
     LoggedDpclnk3(Dpclnk3& real, const LinkLog& log)
         : log_(log), call_(real, log.log, Module74xInterface::statusWords) {}
 
-    QString missing() override { return log_.begin(call_.link().missing()); }
+    QString missing() override {
+        const auto missing = call_.link().missing();
+        return log_.begin(missing, file());
+    }
+    QString file() const override { return call_.link().file(); }
 
     Status DPC3open(qint32 baudRate, const QString& port, qint32 constant1000, qint32 constant5) override;
     Status DPC3close() override { return call_("DPC3close", &Dpclnk3::DPC3close); }

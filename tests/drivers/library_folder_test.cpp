@@ -1,7 +1,9 @@
 // Whether a calibrator's link library is there: alike for the Fluke calibrators.
 
 #include "drivers/fluke702/dpclnk_library.h"
+#include "drivers/fluke702/logged_dpclnk.h"
 #include "drivers/fluke74x/dpclnk3_library.h"
+#include "drivers/fluke74x/logged_dpclnk3.h"
 #include "testkit/loaded_library.h"
 #include "tests/drivers/fluke_names.h"
 
@@ -81,6 +83,38 @@ TYPED_TEST(LibraryFolder, WithAFileThatIsNoLibraryGivesTheReason) {
         missing.contains(file))
         << missing.toStdString();
     EXPECT_EQ(this->errorOfCall(), 53);
+}
+
+class LoggedLibrary : public RecordedSession {
+  protected:
+    /// The words of the last line about a library, which stands in the folder.
+    QString wordsFor(const QString& file, const QString& calibrator, const auto& ask) {
+        const auto place = folder.path() + u'/' + QFileInfo(file).fileName();
+        EXPECT_TRUE(QFile::copy(file, place));
+        settings.setValue(logSection, calibrator, u"1"_s);
+        CommunicationLog log(session, calibrator, folder.path());
+        ask(LinkLog{log, ports});
+        return folder.read(QFileInfo(log.path()).fileName())
+            .trimmed()
+            .section(u"] "_s, 1)
+            .replace(place, u"FILE"_s);
+    }
+    SerialPorts ports{settings};
+};
+
+TEST_F(LoggedLibrary, IsNamedWhenACommandBegins) {
+    EXPECT_EQ(wordsFor(QStringLiteral(KELVANE_WHOLE_LIBRARY), u"Fluke 702"_s,
+                       [this](const LinkLog& log) {
+                           DpclnkLibrary library(folder.path());
+                           EXPECT_EQ(loggedDpclnk(library, log)->missing(), QString());
+                       }),
+              u"library FILE"_s);
+    EXPECT_EQ(wordsFor(QStringLiteral(KELVANE_WHOLE_LIBRARY3), u"Fluke 743/744"_s,
+                       [this](const LinkLog& log) {
+                           Dpclnk3Library library(folder.path());
+                           EXPECT_EQ(loggedDpclnk3(library, log)->missing(), QString());
+                       }),
+              u"library FILE"_s);
 }
 
 } // namespace kelvane::testing

@@ -1,7 +1,12 @@
 #include "drivers/link_library.h"
 
 #include "platform/error.h"
+#include "platform/system.h"
 #include "testkit/fixtures.h"
+
+#include <QDir>
+
+#include <iostream>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +45,62 @@ TEST_F(FoundLibrary, IsTheSystemsBeforeTheSimulators) {
     LinkLibrary library(u"crypt"_s, u"/nowhere"_s, folder.path());
     library.need("crypt");
     EXPECT_EQ(library.missing(), QString());
+}
+
+TEST_F(FoundLibrary, ThatCanNotBeLoadedIsNotReplacedByTheSimulators) {
+    const QDir simulators(folder.path() + u"/simulators"_s);
+    ASSERT_TRUE(QDir().mkpath(simulators.path()));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVANE_WHOLE_LIBRARY), simulators.filePath(u"libbroken.so"_s)));
+    const auto missing = [&] { return LinkLibrary(u"broken"_s, folder.path(), simulators.path()).missing(); };
+    EXPECT_EQ(missing(), QString()) << "nobody else has one";
+    folder.write(u"libbroken.so"_s, "this is no library");
+    EXPECT_TRUE(missing().contains(folder.path() + u"/libbroken.so: "_s)) << missing().toStdString();
+    ASSERT_TRUE(QFile::remove(folder.path() + u"/libbroken.so"_s));
+    ASSERT_TRUE(QFile::link(u"/no such library"_s, folder.path() + u"/libbroken.so"_s));
+    EXPECT_NE(missing(), QString()) << "a link that leads nowhere";
+}
+
+TEST_F(FoundLibrary, OfTheSystemThatCanNotBeLoadedIsNotReplacedByTheSimulators) {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVANE_WHOLE_LIBRARY), folder.path() + u"/libsystem_s.so"_s));
+    const OwnFolder system;
+    const auto path = qgetenv("LD_LIBRARY_PATH");
+    qputenv("LD_LIBRARY_PATH", QFile::encodeName(system.path()));
+    QFile whole(QStringLiteral(KELVANE_WHOLE_LIBRARY));
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    auto otherProcessor = whole.readAll();
+    otherProcessor[4] = 1; // for 32 bits
+    // Only a program that starts looks there.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const auto& broken : {QByteArray("this is no library"), otherProcessor}) {
+        system.write(u"libsystem_s.so"_s, broken);
+        EXPECT_EXIT(
+            {
+                LinkLibrary library(u"system_s"_s, u"/nowhere"_s, folder.path());
+                std::cerr << library.missing().toStdString() << std::endl;
+                std::_Exit(7);
+            },
+            ::testing::ExitedWithCode(7), "could not be loaded.*libsystem_s.so: (file too short|wrong ELF)");
+    }
+    qputenv("LD_LIBRARY_PATH", path);
+}
+
+TEST_F(FoundLibrary, IsInstalledWhereverASiteMayPutItThoughTheSystemDoesNotKnowIt) {
+    EXPECT_TRUE(isLibraryInstalled(u"libcrypt.so"_s));
+    EXPECT_FALSE(isLibraryInstalled(u"libsite_s.so"_s));
+    folder.write(u"libsite_s.so"_s, "this is no library");
+    EXPECT_FALSE(isLibraryInstalled(u"libsite_s.so"_s));
+    EXPECT_TRUE(isLibraryInstalled(u"libsite_s.so"_s, {u"/nowhere"_s, folder.path()}));
+}
+
+TEST_F(FoundLibrary, SaysItsFileOnceItIsLoaded) {
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVANE_WHOLE_LIBRARY), folder.path() + u"/libsimulated.so"_s));
+    LinkLibrary library(u"simulated"_s, u"/nowhere"_s, folder.path());
+    EXPECT_EQ(library.file(), QString());
+    EXPECT_EQ(library.missing(), QString());
+    EXPECT_EQ(library.file(), folder.path() + u"/libsimulated.so"_s);
+    LinkLibrary ofSystem(u"crypt"_s, u"/nowhere"_s);
+    EXPECT_EQ(ofSystem.missing(), QString());
+    EXPECT_EQ(ofSystem.file(), u"libcrypt.so"_s);
 }
 
 TEST_F(FoundLibrary, NamesTheFirstOperationThatItLacks) {

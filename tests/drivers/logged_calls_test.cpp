@@ -243,7 +243,7 @@ TEST_F(LoggedLink, SaysWhetherTheLinkCouldBeOpenedAndWhyNot) {
 TEST_F(LoggedLink, SaysWhatIsMissing) {
     link.reasonMissing = u"There is no library."_s;
     EXPECT_EQ(dpclnk->missing(), u"There is no library."_s);
-    EXPECT_EQ(logged(), QStringList{u"library There is no library."_s});
+    EXPECT_EQ(logged(), QStringList{u"no library: There is no library."_s});
     ASSERT_TRUE(log702.opening().has_value());
     EXPECT_EQ(log702.opening()->refusal, u"There is no library."_s);
 }
