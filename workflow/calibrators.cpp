@@ -10,6 +10,8 @@
 #include "platform/error_report.h"
 #include "resources/strings.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -96,6 +98,16 @@ std::span<const Calibrator> allCalibrators() {
 const Calibrator& calibratorNamed(const QString& name) {
     const auto* found = find(name);
     return found ? *found : noCalibrator;
+}
+
+QString downloadTo(Calibrators& calibrators, const QString& calibrator, const QString& tag) {
+    const QScopedValueRollback communicating(calibrators.communicating, true);
+    return calibratorNamed(calibrator).download(calibrators, tag);
+}
+
+QString uploadFrom(Calibrators& calibrators, const QString& calibrator) {
+    const QScopedValueRollback communicating(calibrators.communicating, true);
+    return calibratorNamed(calibrator).upload(calibrators);
 }
 
 QString calibratorCaption(const QString& name) {

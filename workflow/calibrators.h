@@ -34,6 +34,8 @@ struct Calibrators {
 
     Session& session;
     SerialPorts ports;
+    /// True while a driver downloads or uploads; nothing may hold that up.
+    bool communicating = false;
     CommunicationLog torqueStarLog;
     CommunicationLog fluke702Log;
     CommunicationLog fluke74xLog;
@@ -88,6 +90,10 @@ std::span<const Calibrator> allCalibrators();
 
 /// The calibrator of that name, compared exactly; for a name that none has, one that has no operations.
 const Calibrator& calibratorNamed(const QString& name);
+
+/// Have the calibrator of that name do its `download` or `upload`.
+QString downloadTo(Calibrators& calibrators, const QString& calibrator, const QString& tag);
+QString uploadFrom(Calibrators& calibrators, const QString& calibrator);
 
 /// What a user reads for a calibrator; a name that none has stands for itself.
 QString calibratorCaption(const QString& name);

@@ -196,7 +196,7 @@ void downloadList(Calibrators& calibrators, DownloadListScreen& screen) {
     routine.run([&] {
         const auto calibrator = screen.calibrator();
         const auto tag = makePackage(session, routine, rows);
-        const auto failure = calibratorNamed(calibrator).download(calibrators, tag);
+        const auto failure = downloadTo(calibrators, calibrator, tag);
         if (!failure.isEmpty()) {
             session.ui.messageBox(failure, text(TextId::downloadProcedures), box::warning);
             return;

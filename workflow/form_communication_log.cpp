@@ -133,7 +133,7 @@ void FormCommunicationLog::connectCommands() {
     };
     repeat(lookAtFileEvery, &FormCommunicationLog::takeNewLines);
     repeat(lookAtFileEvery, &FormCommunicationLog::showFile);
-    repeat(lookAtPortEvery, &FormCommunicationLog::showPort);
+    repeat(lookAtPortEvery, &FormCommunicationLog::lookAtPort);
 }
 
 void FormCommunicationLog::setCalibrator(const QString& calibrator) {
@@ -168,6 +168,12 @@ void FormCommunicationLog::takeNewLines() {
     if (!lines.isEmpty())
         TextLog->appendPlainText(linesOf(lines));
 }
+void FormCommunicationLog::lookAtPort() {
+    // Timers run while a driver waits for its calibrator, and this takes its time.
+    if (!calibrators_.communicating)
+        showPort();
+}
+
 
 void FormCommunicationLog::showPort() {
     const auto& opening = log().opening();

@@ -34,6 +34,7 @@ class FormCommunicationLog final : public ChildWindow {
     /// Something was logged, or the line was opened or could not be.
     void takeChange();
     void takeNewLines();
+    void lookAtPort();
     void showPort();
     void showFile();
     void pause();

@@ -16,7 +16,7 @@ void UploadFromCalibrator(Calibrators& calibrators) {
         const auto calibrator = chooseCalibrator(session, text(TextId::uploadTestResults), remembered);
         if (calibrator.isEmpty())
             return;
-        const auto failure = calibratorNamed(calibrator).upload(calibrators);
+        const auto failure = uploadFrom(calibrators, calibrator);
         session.ui.setNormalPointer();
         if (failure.isEmpty())
             session.ui.messageBox(text(TextId::uploadSuccessful), text(TextId::uploadTestResults),

@@ -182,6 +182,7 @@ class ListDownload : public DownloadList {
         peer.reply = [this, inner = peer.reply](const QByteArray& body) {
             if (body == "T0A")
                 addPackage(tag(), screen.list);
+            EXPECT_TRUE(calibrators.communicating);
             return inner(body);
         };
     }
@@ -221,6 +222,7 @@ TEST_F(ListDownload, CarriesTheListAsAPackageAndRemovesItAfterSuccess) {
                 .arg(tag())}));
     EXPECT_EQ(script.statements.last(), packageStatements().last());
     EXPECT_EQ(conversation().last(), u"T2C"_s);
+    EXPECT_FALSE(calibrators.communicating);
     EXPECT_EQ(settings.writes, QStringList{u"Defaults/LastDownloadCalibrator=Crane TorqueStar IVc"_s});
     EXPECT_EQ(screen.events, QStringList{u"close"_s});
 }

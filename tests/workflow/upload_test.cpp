@@ -69,7 +69,11 @@ TEST_F(UploadCommand, OfAFluke702ReadsItOverItsLink) {
     addEquipment(u"F-702"_s, u"901"_s, link.serial);
     choose(u"Fluke 702"_s);
     ui.expectBox(u"Upload Successful"_s, title, box::information);
+    link.onCall = [this](const QString& operation) {
+        EXPECT_TRUE(calibrators.communicating) << operation.toStdString();
+    };
     upload();
+    EXPECT_FALSE(calibrators.communicating);
     EXPECT_EQ(link.callsOf(u"DPCuplStart"_s).size(), 1);
     EXPECT_EQ(port.log, QStringList());
     EXPECT_FALSE(ui.busy);
