@@ -23,13 +23,13 @@ QString LinkLog::begin(const QString& missing, const QString& file) const {
 void LinkLog::setOpening(const QString& port, qint16 status, const QString& words) const {
     const int number = portNumber(port);
     if (log.isOn())
-        log.write(u"port "_s + portDescription(ports, number));
-    if (!isFatal(status)) {
-        log.setOpening({});
-        return;
+        log.write(u"port "_s + loggedPort(ports, number));
+    auto opening = openingOf(ports, number);
+    if (isFatal(status)) {
+        const auto reason = words.isEmpty() ? QString::number(status) : words;
+        opening.refusal = text(TextId::portNotOpen).arg(port, opening.device, reason);
     }
-    const auto reason = words.isEmpty() ? QString::number(status) : words;
-    log.setOpening({text(TextId::portNotOpen).arg(port, ports.path(number), reason)});
+    log.setOpening(opening);
 }
 
 } // namespace kelvane

@@ -16,6 +16,11 @@ std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint
     return text(found->message) + u" ("_s + found->name.toString() + u')';
 }
 
+QString linkStatusName(std::span<const LinkStatus> statuses, qint16 code) {
+    const auto found = std::ranges::find(statuses, code, &LinkStatus::code);
+    return found == statuses.end() ? QString() : found->name.toString();
+}
+
 QString reportStatus(Session& session, const LinkStatuses& statuses, qint16 code, const QString& name) {
     const auto unknown = statuses.unknown ? text(*statuses.unknown) : QString();
     const auto words = linkStatusText(statuses.table, code).value_or(unknown);

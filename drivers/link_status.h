@@ -30,6 +30,9 @@ struct LinkStatuses {
 /// code that is not in the table.
 std::optional<QString> linkStatusText(std::span<const LinkStatus> statuses, qint16 code);
 
+/// The name alone, which is the same in every language; empty for a code that is not in the table.
+QString linkStatusName(std::span<const LinkStatus> statuses, qint16 code);
+
 /// The text for a status. Those for the operator are shown in a box, with `name` (an asset number or nothing)
 /// before them, and the result is empty; the others are the result.
 QString reportStatus(Session& session, const LinkStatuses& statuses, qint16 code, const QString& name);

@@ -20,19 +20,19 @@ QString loggedNumbers(const QList<qint32>& numbers);
 
 /// The operations of a link library `Link`, each logged as a line such as
 ///
-///     DPCdnlStep(5→4) = 0 No Error (DPCERR_NONE), 12 ms
+///     DPCdnlStep(5→4) = 0 DPCERR_NONE, 12 ms
 ///
-/// with its arguments, its status with the words for it, and its duration. An argument that the operation may
+/// with its arguments, its status with the name of it, and its duration. An argument that the operation may
 /// write stands as what went in, an arrow, and what came out; of a text it is the room for it that goes in.
 /// With the log off an operation is called and nothing else.
 template <class Link>
 class LoggedCalls {
   public:
-    /// The words for a status; empty when it has none.
-    using StatusWords = QString (*)(qint16 status);
+    /// The name of a status; empty when it has none.
+    using StatusName = QString (*)(qint16 status);
 
-    LoggedCalls(Link& library, CommunicationLog& log, StatusWords statusWords)
-        : link_(library), log_(log), words_(statusWords) {}
+    LoggedCalls(Link& library, CommunicationLog& log, StatusName statusName)
+        : link_(library), log_(log), statusName_(statusName) {}
 
     template <class... Parameters, class... Arguments>
     qint16 operator()(const char* name, qint16 (Link::*operation)(Parameters...), Arguments&... arguments) {
@@ -50,7 +50,6 @@ class LoggedCalls {
     }
 
     Link& link() const { return link_; }
-    QString words(qint16 status) const { return words_(status); }
 
   private:
     template <class Parameter>
@@ -95,7 +94,7 @@ class LoggedCalls {
         QStringList arguments;
         for (qsizetype i = 0; i < after.size(); ++i)
             arguments << before[i] + after[i];
-        const auto meaning = words_(status);
+        const auto meaning = statusName_(status);
         log_.write(QStringLiteral("%1(%2) = %3%4, %5 ms")
                        .arg(QString::fromLatin1(name), arguments.join(QStringLiteral(", ")),
                             QString::number(status), meaning.isEmpty() ? meaning : QLatin1Char(' ') + meaning,
@@ -104,7 +103,7 @@ class LoggedCalls {
 
     Link& link_;
     CommunicationLog& log_;
-    StatusWords words_;
+    StatusName statusName_;
 };
 
 } // namespace kelvane

@@ -16,7 +16,7 @@ namespace {
 
 QString openingSentence(const QString& port, const QString& device,
                         const std::optional<LineOpening>& opening) {
-    if (!opening)
+    if (!opening || !(opening->port.isEmpty() || opening->device == device))
         return text(TextId::portNotTried).arg(port, device);
     return opening->refusal.isEmpty() ? text(TextId::portOpen).arg(port, device) : opening->refusal;
 }
@@ -35,6 +35,20 @@ QString portDescription(const SerialPorts& ports, int number) {
     return portName(number) + u": "_s + describe();
 }
 
+QString loggedPort(const SerialPorts& ports, int number) {
+    const auto describe = [&] {
+        try {
+            const auto device = ports.device(number);
+            if (!device.path.isEmpty())
+                return loggedDevice(device);
+            return u"no device "_s + ports.nameOf(number);
+        } catch (const Error&) {
+            return u"the settings can't be read"_s;
+        }
+    };
+    return (portName(number) + u": "_s + describe()).trimmed();
+}
+
 QString noDeviceReason(const SerialPorts& ports, int number) {
     const auto name = ports.nameOf(number);
     return name.isEmpty() ? text(TextId::portNoDevice).arg(portName(number))
@@ -51,8 +65,19 @@ QStringList deviceObstacles(const QString& device) {
     return sentences;
 }
 
-QString portState(const SerialPorts& ports, int number, const std::optional<LineOpening>& opening) {
+LineOpening openingOf(const SerialPorts& ports, int number, const QString& refusal) {
+    LineOpening opening{.refusal = refusal, .port = portName(number)};
+    try {
+        opening.device = ports.path(number);
+    } catch (const Error&) {
+    }
+    return opening;
+}
+
+QString portState(const SerialPorts& ports, int number, const std::optional<LineOpening>& last) {
     const auto port = portName(number);
+    const bool isOfPort = last && (last->port.isEmpty() || last->port == port);
+    const auto opening = isOfPort ? last : std::nullopt;
     const auto device = ports.device(number);
     QStringList sentences;
     if (device.path.isEmpty()) {

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSerialPortInfo>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -21,6 +20,17 @@ constexpr int maxPort = 4;
 
 QString hexadecimal(quint16 id) {
     return QString::number(id, 16).rightJustified(4, u'0');
+}
+
+QString describe(const SerialDevice& device, const QString& maker, const QString& serialNumber) {
+    QStringList parts{device.path};
+    if (!device.maker.isEmpty())
+        parts << maker.arg(device.maker);
+    if (!device.product.isEmpty())
+        parts << device.product;
+    if (!device.serialNumber.isEmpty())
+        parts << serialNumber.arg(device.serialNumber);
+    return parts.join(u", "_s);
 }
 
 /// The device itself where a link names it, so that its lock is the same under every name.
@@ -62,16 +72,6 @@ QList<SerialDevice> connectedSerialDevices() {
     return devices;
 }
 
-QString SerialPorts::nameOf(int number) const {
-    return settings_.value(u"Ports"_s, portName(number));
-}
-
-QString SerialPorts::path(int number) const {
-    const auto name = number < 1 || number > maxPort ? QString() : nameOf(number);
-    return isPath(name) ? followLinks(name) : device(number).path;
-}
-
-SerialDevice SerialPorts::device(int number) const {
 QStringList portNames() {
     QStringList names;
     for (int number = 1; number <= maxPort; ++number)
@@ -87,6 +87,16 @@ int portNumber(const QString& name) {
     return static_cast<int>(numericValue(name.right(1)));
 }
 
+QString SerialPorts::nameOf(int number) const {
+    return settings_.value(u"Ports"_s, portName(number));
+}
+
+QString SerialPorts::path(int number) const {
+    const auto name = number < 1 || number > maxPort ? QString() : nameOf(number);
+    return isPath(name) ? followLinks(name) : device(number).path;
+}
+
+SerialDevice SerialPorts::device(int number) const {
     if (number < 1 || number > maxPort)
         return {};
     const auto name = nameOf(number);
@@ -113,14 +123,11 @@ SerialDevice SerialPorts::find(const QString& name) const {
 }
 
 QString deviceDescription(const SerialDevice& device) {
-    QStringList parts{device.path};
-    if (!device.maker.isEmpty())
-        parts << text(TextId::portMaker).arg(device.maker);
-    if (!device.product.isEmpty())
-        parts << device.product;
-    if (!device.serialNumber.isEmpty())
-        parts << text(TextId::portSerialNumber).arg(device.serialNumber);
-    return parts.join(u", "_s);
+    return describe(device, text(TextId::portMaker), text(TextId::portSerialNumber));
+}
+
+QString loggedDevice(const SerialDevice& device) {
+    return describe(device, u"maker %1"_s, u"serial number %1"_s);
 }
 
 } // namespace kelvane

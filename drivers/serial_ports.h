@@ -64,5 +64,7 @@ class SerialPorts {
 
 /// What a device is, for a user: path, maker, product and serial number, as far as they are known.
 QString deviceDescription(const SerialDevice& device);
+/// The same in the words of a log, which are alike in every language.
+QString loggedDevice(const SerialDevice& device);
 
 } // namespace kelvane

@@ -15,6 +15,10 @@ QString communicationLogFolder();
 struct LineOpening {
     /// Why it could not be opened, a sentence for the user; empty when it was.
     QString refusal = {};
+    /// The port's name and its device at that time; without a port it concerns each of them.
+    QString port = {};
+    QString device = {};
+    friend bool operator==(const LineOpening&, const LineOpening&) = default;
 };
 
 /// What goes over the line to one calibrator, in a file: a line for each exchange, with date and time to the

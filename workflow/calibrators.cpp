@@ -30,17 +30,17 @@ constexpr auto call = [](Calibrators& calibrators, const auto&... arguments) {
     return operation(calibrators.*state, arguments...);
 };
 
-constexpr Calibrator calibrators[] = {
-    {.identity = ModuleTSInterface::identity,
 int portOfLink(const QString&, const QString& port) {
     return portNumber(linkPort(port));
 }
 
+constexpr Calibrator calibrators[] = {
+    {.identity = ModuleTSInterface::identity,
      .hasLineFormat = true,
      .log = &Calibrators::torqueStarLog,
+     .port = linePort,
      .listEnd = 48,
      .standardNeedsParameters = true,
-     .port = linePort,
      .acceptable = call<&Calibrators::torqueStar, TorqueStar_acceptable>,
      .requiresStandard = call<&Calibrators::torqueStar, TorqueStar_requires_standard>,
      .download = call<&Calibrators::torqueStar, TorqueStar_download>,
@@ -48,17 +48,17 @@ int portOfLink(const QString&, const QString& port) {
      .judgeAgain = TorqueStar_judge_again},
     {.identity = Module702Interface::identity,
      .log = &Calibrators::fluke702Log,
+     .port = portOfLink,
      .acceptable = call<&Calibrators::fluke702, Fluke702_acceptable>,
      .requiresStandard = call<&Calibrators::fluke702, Fluke702_requires_standard>,
-     .port = portOfLink,
      .download = call<&Calibrators::fluke702, Fluke702_download>,
      .upload = call<&Calibrators::fluke702, Fluke702_upload>,
      .judgeAgain = Fluke702_judge_again},
     {.identity = Module74xInterface::identity,
      .log = &Calibrators::fluke74xLog,
+     .port = portOfLink,
      .acceptable = call<&Calibrators::fluke74x, Fluke74x_acceptable>,
      .requiresStandard = call<&Calibrators::fluke74x, Fluke74x_requires_standard>,
-     .port = portOfLink,
      .download = call<&Calibrators::fluke74x, Fluke74x_download>,
      .upload = call<&Calibrators::fluke74x, Fluke74x_upload>,
      .judgeAgain = Fluke74x_judge_again},

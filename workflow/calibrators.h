@@ -59,10 +59,10 @@ struct Calibrator {
     bool hasLineFormat = false;
     /// What goes over its line.
     CommunicationLog Calibrators::*log = nullptr;
-    /// A download list stays below so many rows.
-    qsizetype listEnd = std::numeric_limits<qsizetype>::max();
     /// The number of the port that its driver opens, by the stored baud rate and port.
     int (*port)(const QString& baudRate, const QString& port) = nullptr;
+    /// A download list stays below so many rows.
+    qsizetype listEnd = std::numeric_limits<qsizetype>::max();
     /// An external standard needs calibration parameters of its own.
     bool standardNeedsParameters = false;
 

@@ -156,8 +156,7 @@ void FormCommunicationLog::setCalibrator(const QString& calibrator) {
 void FormCommunicationLog::takeChange() {
     takeNewLines();
     // To look who has a port takes its time; an exchange does not wait for it without a need.
-    const auto& opening = log().opening();
-    if ((opening ? opening->refusal : QString()) != shownRefusal_)
+    if (log().opening() != shownOpening_)
         showPort();
 }
 
@@ -168,21 +167,23 @@ void FormCommunicationLog::takeNewLines() {
     if (!lines.isEmpty())
         TextLog->appendPlainText(linesOf(lines));
 }
+
 void FormCommunicationLog::lookAtPort() {
     // Timers run while a driver waits for its calibrator, and this takes its time.
     if (!calibrators_.communicating)
         showPort();
 }
 
-
 void FormCommunicationLog::showPort() {
-    const auto& opening = log().opening();
-    shownRefusal_ = opening ? opening->refusal : QString();
+    shownOpening_ = log().opening();
+    const auto setting = [this](QStringView key) {
+        return session_.settings.value(calibrator_, key.toString());
+    };
     // Settings that can't be read are no reason for a report each time that the window looks.
     try {
-        const auto port = session_.settings.value(calibrator_, lineKey::port.toString());
-        const int number = port.isEmpty() ? 1 : portNumber(port);
-        LabelPort->setText(portState(calibrators_.ports, number, opening));
+        const int number =
+            calibratorNamed(calibrator_).port(setting(lineKey::baudRate), setting(lineKey::port));
+        LabelPort->setText(portState(calibrators_.ports, number, shownOpening_));
     } catch (const Error& error) {
         LabelPort->setText(error.description);
     }

@@ -46,7 +46,7 @@ class FormCommunicationLog final : public ChildWindow {
     QString calibrator_;
     FollowedFile file_;
     /// The opening of the line that is shown.
-    QString shownRefusal_;
+    std::optional<LineOpening> shownOpening_;
     bool paused_ = false;
 
     QLabel* LabelPort;

@@ -19,7 +19,9 @@ QString Communicate702(Fluke702& driver, qint16 mode);
 /// them, and the result is empty; from 2001 on they are the result.
 QString DPCStatusText(Session& session, qint16 code, const QString& name);
 
-/// The words and the name of a status, for a log; empty for a code that the library's description lacks.
+/// The words and the name of a status, and its name alone, such as "DPCERR_MEMORY_SIZE"; empty for a code
+/// that the library's description lacks.
 QString statusWords(qint16 code);
+QString statusName(qint16 code);
 
 } // namespace kelvane::Module702Interface

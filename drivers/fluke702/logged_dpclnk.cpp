@@ -10,7 +10,7 @@ namespace {
 class LoggedDpclnk final : public Dpclnk {
   public:
     LoggedDpclnk(Dpclnk& real, const LinkLog& log)
-        : log_(log), call_(real, log.log, Module702Interface::statusWords) {}
+        : log_(log), call_(real, log.log, Module702Interface::statusName) {}
 
     QString missing() override {
         const auto missing = call_.link().missing();
@@ -116,7 +116,7 @@ class LoggedDpclnk final : public Dpclnk {
 Dpclnk::Status LoggedDpclnk::DPCopen(qint32 baudRate, const QString& port, qint32 constant1000,
                                      quint8 constant5) {
     const auto status = call_("DPCopen", &Dpclnk::DPCopen, baudRate, port, constant1000, constant5);
-    log_.setOpening(port, status, call_.words(status));
+    log_.setOpening(port, status, Module702Interface::statusWords(status));
     return status;
 }
 

@@ -22,7 +22,9 @@ QString Communicate74x(Fluke74x& driver, qint16 mode);
 /// before them, and the result is empty; all others are the result, which is empty for an unknown code.
 QString DPC3StatusText(Session& session, qint16 code, const QString& name);
 
-/// The words and the name of a status, for a log; empty for a code that the library's description lacks.
+/// The words and the name of a status, and its name alone, such as "DPCERR_MEMORY_SIZE"; empty for a code
+/// that the library's description lacks.
 QString statusWords(qint16 code);
+QString statusName(qint16 code);
 
 } // namespace kelvane::Module74xInterface

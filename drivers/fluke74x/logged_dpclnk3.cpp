@@ -18,7 +18,7 @@ namespace {
 class LoggedDpclnk3 final : public Dpclnk3 {
   public:
     LoggedDpclnk3(Dpclnk3& real, const LinkLog& log)
-        : log_(log), call_(real, log.log, Module74xInterface::statusWords) {}
+        : log_(log), call_(real, log.log, Module74xInterface::statusName) {}
 
     QString missing() override {
         const auto missing = call_.link().missing();
@@ -167,7 +167,7 @@ class LoggedDpclnk3 final : public Dpclnk3 {
 Dpclnk3::Status LoggedDpclnk3::DPC3open(qint32 baudRate, const QString& port, qint32 constant1000,
                                         qint32 constant5) {
     const auto status = call_("DPC3open", &Dpclnk3::DPC3open, baudRate, port, constant1000, constant5);
-    log_.setOpening(port, status, call_.words(status));
+    log_.setOpening(port, status, Module74xInterface::statusWords(status));
     return status;
 }
 

@@ -38,4 +38,8 @@ QString statusWords(qint16 code) {
     return linkStatusText(table, code).value_or(QString());
 }
 
+QString statusName(qint16 code) {
+    return linkStatusName(table, code);
+}
+
 } // namespace kelvane::Module74xInterface

@@ -2,6 +2,8 @@
 
 #include "drivers/port_state.h"
 #include "platform/error.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 
 #include <QStringList>
 
@@ -55,6 +57,7 @@ class LoggedSerialPort final : public SerialPort {
     QString settings_;
     /// As far as the log has said.
     bool open_ = false;
+    LineOpening opening_;
 };
 
 void LoggedSerialPort::setPortOpen(bool open) {
@@ -69,23 +72,26 @@ void LoggedSerialPort::setPortOpen(bool open) {
 }
 
 void LoggedSerialPort::open() {
-    const auto port = log_.isOn() ? portDescription(ports_, number_) + u"; "_s + settings_ : QString();
+    const auto port = log_.isOn() ? loggedPort(ports_, number_) + u"; "_s + settings_ : QString();
+    opening_ = openingOf(ports_, number_);
     try {
         real_.setPortOpen(true);
     } catch (Error error) {
-        log_.setOpening({error.description});
-        const auto reasons = QStringList(error.description) + deviceObstacles(ports_.path(number_));
+        opening_.refusal = error.description;
+        log_.setOpening(opening_);
+        const auto reasons = QStringList(error.description) + deviceObstacles(opening_.device);
         error.description = reasons.join(u' ');
         log_.write(u"not opened "_s + port + u": "_s + error.description);
         throw error;
     }
     open_ = true;
-    log_.setOpening({});
+    log_.setOpening(opening_);
     log_.write(u"opened "_s + port);
 }
 
 void LoggedSerialPort::setCommPort(int number) {
     log_.readSwitch();
+    noteLoss();
     number_ = number;
     real_.setCommPort(number);
 }
@@ -94,26 +100,23 @@ void LoggedSerialPort::setSettings(const QString& settings) {
     settings_ = settings;
     try {
         real_.setSettings(settings);
-    } catch (const Error& error) {
-        log_.write(u"settings "_s + settings + u": "_s + error.description);
+    } catch (const Error&) {
+        log_.write(u"settings "_s + settings + u" refused"_s);
         throw;
     }
 }
 
 int LoggedSerialPort::inBufferCount() {
     const int count = real_.inBufferCount();
-    if (log_.isOn())
-        noteLoss();
+    noteLoss();
     return count;
 }
 
 QByteArray LoggedSerialPort::input() {
     const auto bytes = real_.input();
-    if (log_.isOn()) {
-        if (!bytes.isEmpty())
-            log_.write(u"received "_s + loggedBytes(bytes));
-        noteLoss();
-    }
+    if (log_.isOn() && !bytes.isEmpty())
+        log_.write(u"received "_s + loggedBytes(bytes));
+    noteLoss();
     return bytes;
 }
 
@@ -121,15 +124,16 @@ void LoggedSerialPort::output(const QByteArray& bytes) {
     if (log_.isOn())
         log_.write((real_.portOpen() ? u"sent "_s : u"not sent "_s) + loggedBytes(bytes));
     real_.output(bytes);
-    if (log_.isOn())
-        noteLoss();
+    noteLoss();
 }
 
 void LoggedSerialPort::noteLoss() {
-    if (open_ && !real_.portOpen()) {
-        open_ = false;
-        log_.write(u"lost: the line has closed"_s);
-    }
+    if (!open_ || real_.portOpen())
+        return;
+    open_ = false;
+    log_.write(u"lost: the line has closed"_s);
+    opening_.refusal = text(TextId::lineCommunicationFailed);
+    log_.setOpening(opening_);
 }
 
 } // namespace

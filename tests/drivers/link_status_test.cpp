@@ -28,6 +28,8 @@ TEST(LinkStatuses, AreAMessageAndANameInParentheses) {
     for (const auto code : std::initializer_list<qint16>{-1, 1, 2000, 2002, 32767})
         EXPECT_EQ(linkStatusText(statuses, code), std::nullopt) << code;
     EXPECT_EQ(linkStatusText({}, 0), std::nullopt);
+    EXPECT_EQ(linkStatusName(statuses, 2001), u"SECOND"_s);
+    EXPECT_EQ(linkStatusName(statuses, 2002), QString());
 }
 
 class ReportedStatus : public RecordedSession {

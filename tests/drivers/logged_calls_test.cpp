@@ -6,6 +6,7 @@
 #include "testkit/fixtures.h"
 #include "testkit/recorded_link.h"
 #include "testkit/recorded_link3.h"
+#include "testkit/shown_in.h"
 
 #include <QRegularExpression>
 
@@ -95,23 +96,39 @@ TEST_F(LoggedLink, ShowsWhatGoesInWhatComesOutTheStatusWithItsWordsAndTheDuratio
     EXPECT_EQ(
         logged(),
         (QStringList{
-            u"DPCopen(9600, \"COM1\", 1000, 5) = 0 No Error (DPCERR_NONE), N ms"_s,
+            u"DPCopen(9600, \"COM1\", 1000, 5) = 0 DPCERR_NONE, N ms"_s,
             u"port COM1: /dev/ttyUSB0, serial number 7"_s,
-            u"DPCget70x(16→\"702\", 10→\"6841207\", 40→\"V1.0\", 0→702, 0→1, 2→2) = 0 No Error (DPCERR_NONE), N ms"_s,
-            u"DPCdnlStart(0→5) = 0 No Error (DPCERR_NONE), N ms"_s,
-            u"DPCdnlStep(5→4) = 2012 Insufficient Memory (DPCERR_MEMORY_SIZE), N ms"_s,
+            u"DPCget70x(16→\"702\", 10→\"6841207\", 40→\"V1.0\", 0→702, 0→1, 2→2) = 0 DPCERR_NONE, N ms"_s,
+            u"DPCdnlStart(0→5) = 0 DPCERR_NONE, N ms"_s,
+            u"DPCdnlStep(5→4) = 2012 DPCERR_MEMORY_SIZE, N ms"_s,
             u"MEMclear() = 77, N ms"_s,
-            u"MEMstrategyDefn(0→1, \"UP\", 2, [0, 0.5]) = 0 No Error (DPCERR_NONE), N ms"_s,
-            u"MEMpromptDefn(\"K1\", \"Close the valve of \\\"A\\\"\\r\\nand vent.\") = 0 No Error (DPCERR_NONE), N ms"_s,
+            u"MEMstrategyDefn(0→1, \"UP\", 2, [0, 0.5]) = 0 DPCERR_NONE, N ms"_s,
+            u"MEMpromptDefn(\"K1\", \"Close the valve of \\\"A\\\"\\r\\nand vent.\") = 0 DPCERR_NONE, N ms"_s,
         }));
+}
+
+TEST_F(LoggedLink, HasTheSameWordsInEveryLanguage) {
+    const ShownIn german(u"de"_s);
+    link.answer(u"DPCopen"_s, 2019);
+    dpclnk->DPCopen(9600, u"COM1"_s, 1000, 5);
+    link3.answer(u"DPC3open"_s, 2010);
+    dpclnk3->DPC3open(9600, u"COM2"_s, 1000, 5);
+    EXPECT_EQ(logged(),
+              (QStringList{u"DPCopen(9600, \"COM1\", 1000, 5) = 2019 DPCERR_COMM_NOT_CONNECTED, N ms"_s,
+                           u"port COM1: /dev/ttyUSB0, serial number 7"_s}));
+    EXPECT_EQ(logged3(),
+              (QStringList{u"DPC3open(9600, \"COM2\", 1000, 5) = 2010 DPC3ERR_COMM_NOT_CONNECTED, N ms"_s,
+                           u"port COM2: no device"_s}));
+    EXPECT_TRUE(log702.opening()->refusal.startsWith(u"COM1 (/dev/ttyUSB0) konnte nicht"_s))
+        << "a user reads that";
 }
 
 TEST_F(LoggedLink, ShowsReferencesThatBelongTogetherAsOne) {
     dpclnk3->STA3restore({7, 8, 9});
     Dpclnk3::State state{1, 2, 3};
     dpclnk3->STA3saveOps(state);
-    EXPECT_EQ(logged3(), (QStringList{u"STA3restore({7, 8, 9}) = 0 No Error (DPCERR_NONE), N ms"_s,
-                                      u"STA3saveOps({1, 2, 3}→%1) = 0 No Error (DPCERR_NONE), N ms"_s.arg(
+    EXPECT_EQ(logged3(), (QStringList{u"STA3restore({7, 8, 9}) = 0 DPCERR_NONE, N ms"_s,
+                                      u"STA3saveOps({1, 2, 3}→%1) = 0 DPCERR_NONE, N ms"_s.arg(
                                           loggedNumbers({state.first, state.second, state.third}))}));
 }
 
@@ -237,7 +254,8 @@ TEST_F(LoggedLink, SaysWhetherTheLinkCouldBeOpenedAndWhyNot) {
     EXPECT_TRUE(log702.opening()->refusal.endsWith(u": 2999"_s));
     link.answer(u"DPCopen"_s, 100);
     dpclnk->DPCopen(9600, u"COM1"_s, 1000, 5);
-    EXPECT_EQ(log702.opening()->refusal, QString()) << "with a warning";
+    EXPECT_EQ(*log702.opening(), (LineOpening{.port = u"COM1"_s, .device = u"/dev/ttyUSB0"_s}))
+        << "with a warning";
 }
 
 TEST_F(LoggedLink, SaysWhatIsMissing) {

@@ -115,7 +115,9 @@ TEST_F(TorqueCommunicationLog, NamesThePortThatCanNotBeOpened) {
     const auto reason = text(TextId::portNoSuchDevice).arg(u"COM1"_s) + u' ' +
                         text(TextId::portIdentityUnknown).arg(u"A50285BI"_s);
     EXPECT_EQ(calibrators.torqueStarLog.opening()->refusal, reason);
-    EXPECT_TRUE(logged().last().endsWith(reason)) << logged().last().toStdString();
+    EXPECT_TRUE(logged().last().startsWith(u"not opened COM1: no device A50285BI; "_s) &&
+                logged().last().endsWith(reason))
+        << logged().last().toStdString();
     EXPECT_TRUE(folder.read(u"errors.log"_s).contains(reason));
 }
 

@@ -44,9 +44,18 @@ class CommunicationOfTest : public RecordedSession {
     RecordedLink3 link3;
     QList<SerialDevice> connected{
         {.path = u"/dev/ttyUSB0"_s, .maker = u"FTDI"_s, .serialNumber = u"A50285BI"_s}};
-    Calibrators calibrators{
-        session,
-        {port, link, link3, {[this] { return connected; }, folder.path()}, folder.path() + u"/logs"_s}};
+    /// How often the devices were looked for.
+    int looks = 0;
+    Calibrators calibrators{session,
+                            {port,
+                             link,
+                             link3,
+                             {[this] {
+                                  ++looks;
+                                  return connected;
+                              },
+                              folder.path()},
+                             folder.path() + u"/logs"_s}};
 };
 
 class CommunicationLogWindow : public CommunicationOfTest, public EditorScreen<FormCommunicationLog> {
@@ -212,10 +221,65 @@ TEST_F(CommunicationLogWindow, NamesThePortItsDeviceAndHowItWasOpened) {
     EXPECT_EQ(labelled(u"LabelPort"_s), device + u"It is busy."_s);
     log().setOpening({});
     EXPECT_EQ(labelled(u"LabelPort"_s), device + u"COM1 (/dev/ttyUSB0) was opened."_s);
+    settings.setValue(torqueStar, u"BaudRate"_s, u"9600"_s);
     settings.setValue(torqueStar, u"Port"_s, u"COM2"_s);
     connected.clear();
     EXPECT_TRUE(QTest::qWaitFor([&] { return labelled(u"LabelPort"_s) == u"There is no device for COM2."_s; },
                                 20000));
+}
+
+TEST_F(CommunicationLogWindow, ShowsThePortThatTheDriverOpens) {
+    const struct {
+        QString calibrator, baudRate, port, shown;
+    } rows[] = {
+        {torqueStar, {}, u"COM3"_s, u"COM1"_s},         {torqueStar, u"9600"_s, u"COM3"_s, u"COM3"_s},
+        {torqueStar, u"9600"_s, {}, u"COM0"_s},         {fluke702, {}, u"COM3"_s, u"COM3"_s},
+        {fluke702, u"9600"_s, {}, u"COM1"_s},           {u"Fluke 743/744"_s, {}, {}, u"COM1"_s},
+        {u"Fluke 743/744"_s, {}, u"COM4"_s, u"COM4"_s},
+    };
+    connected.clear();
+    for (const auto& row : rows) {
+        close();
+        settings.setValue(row.calibrator, u"BaudRate"_s, row.baudRate);
+        settings.setValue(row.calibrator, u"Port"_s, row.port);
+        open(session, calibrators, row.calibrator);
+        EXPECT_EQ(labelled(u"LabelPort"_s), u"There is no device for %1."_s.arg(row.shown))
+            << row.calibrator.toStdString();
+    }
+}
+
+TEST_F(CommunicationLogWindow, DoesNotLookAtThePortWhileADriverCommunicates) {
+    int ticks = 0;
+    for (auto* timer : form().findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) {
+        const bool isOfPort = timer->interval() == 3000;
+        timer->setInterval(1);
+        if (isOfPort)
+            QObject::connect(timer, &QTimer::timeout, &form(), [&ticks] { ++ticks; });
+    }
+    const auto runTimers = [&] {
+        const int before = ticks;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > before + 2; }, 20000));
+    };
+    calibrators.communicating = true;
+    const int before = looks;
+    runTimers();
+    EXPECT_EQ(looks, before);
+    log().setOpening({u"It is busy."_s});
+    EXPECT_TRUE(labelled(u"LabelPort"_s).endsWith(u"It is busy."_s)) << "what has changed is shown at once";
+    calibrators.communicating = false;
+    runTimers();
+    EXPECT_GT(looks, before + 2);
+}
+
+TEST_F(CommunicationLogWindow, MarksTheLinesThatItPassesOverAfterAPause) {
+    log().write(u"first"_s);
+    press(u"CommandPause"_s);
+    for (int i = 0; i < 30; ++i)
+        log().write(QString(50'000, u'x'));
+    log().write(u"last"_s);
+    press(u"CommandPause"_s);
+    EXPECT_EQ(view().toPlainText().split(u'\n').at(1), u"…"_s);
+    EXPECT_EQ(shown().last(), u"last"_s);
 }
 
 TEST_F(CommunicationLogWindow, DoesNotReportSettingsThatCanNotBeRead) {

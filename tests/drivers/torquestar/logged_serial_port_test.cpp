@@ -1,9 +1,11 @@
 #include "drivers/torquestar/logged_serial_port.h"
 
+#include "drivers/port_state.h"
 #include "drivers/torquestar/protocol.h"
 #include "platform/error.h"
 #include "testkit/fixtures.h"
 #include "testkit/line_peer.h"
+#include "testkit/shown_in.h"
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +86,40 @@ TEST_F(LoggedLine, LogsWhyItIsNotOpenedAndWhichSettingsMakeNoSense) {
     real.refuseOpening = false;
     open();
     EXPECT_TRUE(log.opening()->refusal.isEmpty());
+}
+
+TEST_F(LoggedLine, HasTheSameWordsInEveryLanguage) {
+    const ShownIn german(u"de"_s);
+    open();
+    line->setPortOpen(false);
+    EXPECT_EQ(logged(),
+              (QStringList{u"opened COM1: /dev/ttyUSB0, maker FTDI, serial number A50285BI; 9600,N,8,1"_s,
+                           u"closed"_s}));
+    EXPECT_THROW(line->setSettings(u"9600,,8,1"_s), Error);
+    EXPECT_EQ(logged(), QStringList{u"settings 9600,,8,1 refused"_s});
+    EXPECT_EQ(loggedPort(ports, 2), u"COM2: no device"_s);
+    settings.setValue(u"Ports"_s, u"COM2"_s, u"0403:6001"_s);
+    EXPECT_EQ(loggedPort(ports, 2), u"COM2: no device 0403:6001"_s);
+    EXPECT_EQ(portDescription(ports, 3), u"COM3: Für COM3 gibt es kein Gerät."_s) << "what a user reads";
+}
+
+TEST_F(LoggedLine, ThatCanNotBeOpenedSaysSoThoughThePortsCanNotBeRead) {
+    class Unreadable final : public SettingsStore {
+        QString value(const QString&, const QString&) const override { throw Error{5, u"unreadable"_s}; }
+        void setValue(const QString&, const QString&, const QString&) override {}
+    } unreadable;
+    const SerialPorts unknown(unreadable);
+    real.refuseOpening = true;
+    line = loggedSerialPort(real, log, unknown);
+    line->setCommPort(1);
+    try {
+        line->setPortOpen(true);
+        ADD_FAILURE() << "it was opened";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number, 75) << "the port's own error";
+    }
+    EXPECT_TRUE(logged().first().startsWith(u"not opened COM1: the settings can't be read; "_s));
+    EXPECT_EQ(log.opening()->device, QString());
 }
 
 TEST_F(LoggedLine, IsUntouchedWithTheLogOff) {

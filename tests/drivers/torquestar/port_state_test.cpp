@@ -115,8 +115,58 @@ TEST_F(PortOfOthers, WithoutADeviceIsSaidToHaveNone) {
     settings.setValue(u"Ports"_s, u"COM2"_s, u"0403:6001"_s);
     EXPECT_EQ(portState(ports, 2, LineOpening{u"No."_s}),
               u"0403:6001 matches no device, or more than one. No."_s);
-    for (const auto& [name, number] : {std::pair{u"COM3"_s, 3}, {u"COM"_s, 0}, {u""_s, 0}})
-        EXPECT_EQ(portNumber(name), number);
+}
+
+TEST_F(PortOfOthers, IsNotSaidToBeOpenOrRefusedByWhatAnotherPortOrDeviceWas) {
+    const PseudoTerminal second;
+    connected << SerialDevice{.path = second.device()};
+    port.setCommPort(1);
+    const auto logged = loggedSerialPort(port, log, ports);
+    logged->setPortOpen(true);
+    EXPECT_TRUE(state(log.opening()).contains(u" was opened."_s));
+    const auto secondPort = u"COM2 is %1. COM2 (%1) was not opened yet."_s.arg(second.device());
+    EXPECT_EQ(portState(ports, 2, log.opening()), secondPort);
+    EXPECT_EQ(portState(ports, 2, openingOf(ports, 1, u"It is busy."_s)), secondPort);
+    EXPECT_EQ(portState(ports, 3, openingOf(ports, 1, u"It is busy."_s)), u"There is no device for COM3."_s);
+    const auto earlier = log.opening();
+    settings.setValue(u"Ports"_s, u"COM1"_s, second.device());
+    EXPECT_EQ(state(earlier), u"COM1 is %1. COM1 (%1) was not opened yet."_s.arg(second.device()));
+    EXPECT_TRUE(state(LineOpening{u"There is no library."_s}).endsWith(u"There is no library."_s))
+        << "what concerns no port concerns each";
+}
+
+TEST_F(PortOfOthers, ThatFailsDuringAnExchangeIsLoggedAndNoLongerSaidToBeOpen) {
+    for (const auto& isLogged : {u"1"_s, u"0"_s}) {
+        PseudoTerminal lost;
+        connected = {{.path = lost.device()}};
+        settings.setValue(u"Ports"_s, u"COM1"_s, lost.device());
+        settings.setValue(logSection, log.calibrator(), isLogged);
+        const auto logged = loggedSerialPort(port, log, ports);
+        logged->setCommPort(1);
+        logged->setPortOpen(true);
+        lost.vanish();
+        for (int look = 0; look < 100 && logged->portOpen(); ++look)
+            logged->inBufferCount();
+        EXPECT_EQ(log.opening(), openingOf(ports, 1, u"Communications with calibrator failed!"_s));
+        EXPECT_TRUE(state(log.opening()).contains(u"Communications with calibrator failed!"_s));
+        logged->setPortOpen(false);
+    }
+    const auto lines = folder.read(u"crane-torquestar-ivc.log"_s);
+    EXPECT_EQ(lines.count(u"lost: the line has closed"_s), 1) << lines.toStdString();
+    EXPECT_EQ(lines.count(u'\n'), 2) << lines.toStdString();
+}
+
+TEST_F(PortOfOthers, ThatFailsBetweenTwoExchangesIsLoggedBeforeTheNextOpening) {
+    settings.setValue(logSection, log.calibrator(), u"1"_s);
+    const auto logged = loggedSerialPort(port, log, ports);
+    logged->setCommPort(1);
+    logged->setPortOpen(true);
+    line.vanish();
+    for (int i = 0; i < 500 && port.portOpen(); ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    logged->setCommPort(1);
+    const auto lines = folder.read(u"crane-torquestar-ivc.log"_s);
+    EXPECT_TRUE(lines.endsWith(u"] lost: the line has closed\n"_s)) << lines.toStdString();
 }
 
 TEST_F(PortOfOthers, ThatIsTakenIsRefusedWithTheNameOfItsHolder) {
