@@ -70,6 +70,7 @@ LineOpening openingOf(const SerialPorts& ports, int number, const QString& refus
     try {
         opening.device = ports.path(number);
     } catch (const Error&) {
+        // The port itself reports them.
     }
     return opening;
 }

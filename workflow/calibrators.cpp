@@ -100,14 +100,14 @@ const Calibrator& calibratorNamed(const QString& name) {
     return found ? *found : noCalibrator;
 }
 
-QString downloadTo(Calibrators& calibrators, const QString& calibrator, const QString& tag) {
-    const QScopedValueRollback communicating(calibrators.communicating, true);
-    return calibratorNamed(calibrator).download(calibrators, tag);
+QString downloadTo(Calibrators& drivers, const QString& calibrator, const QString& tag) {
+    const QScopedValueRollback communicating(drivers.communicating, true);
+    return calibratorNamed(calibrator).download(drivers, tag);
 }
 
-QString uploadFrom(Calibrators& calibrators, const QString& calibrator) {
-    const QScopedValueRollback communicating(calibrators.communicating, true);
-    return calibratorNamed(calibrator).upload(calibrators);
+QString uploadFrom(Calibrators& drivers, const QString& calibrator) {
+    const QScopedValueRollback communicating(drivers.communicating, true);
+    return calibratorNamed(calibrator).upload(drivers);
 }
 
 QString calibratorCaption(const QString& name) {

@@ -92,8 +92,8 @@ std::span<const Calibrator> allCalibrators();
 const Calibrator& calibratorNamed(const QString& name);
 
 /// Have the calibrator of that name do its `download` or `upload`.
-QString downloadTo(Calibrators& calibrators, const QString& calibrator, const QString& tag);
-QString uploadFrom(Calibrators& calibrators, const QString& calibrator);
+QString downloadTo(Calibrators& drivers, const QString& calibrator, const QString& tag);
+QString uploadFrom(Calibrators& drivers, const QString& calibrator);
 
 /// What a user reads for a calibrator; a name that none has stands for itself.
 QString calibratorCaption(const QString& name);

@@ -118,7 +118,9 @@ TEST_F(LoggedLine, ThatCanNotBeOpenedSaysSoThoughThePortsCanNotBeRead) {
     } catch (const Error& error) {
         EXPECT_EQ(error.number, 75) << "the port's own error";
     }
-    EXPECT_TRUE(logged().first().startsWith(u"not opened COM1: the settings can't be read; "_s));
+    const auto lines = logged();
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines.first().startsWith(u"not opened COM1: the settings can't be read; "_s));
     EXPECT_EQ(log.opening()->device, QString());
 }
 

@@ -5,6 +5,7 @@
 #include "platform/error.h"
 #include "tests/drivers/torquestar/real_port.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
 #include <QScopeGuard>
