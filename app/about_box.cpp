@@ -3,6 +3,7 @@
 #include "data/journal/journal.h"
 #include "data/start_up.h"
 #include "platform/communication_log.h"
+#include "platform/installed_files.h"
 #include "platform/settings_store.h"
 #include "platform/version.h"
 #include "ui/controls.h"
@@ -94,7 +95,11 @@ void AboutBox::layOut() {
 
     auto* words = new QVBoxLayout;
     words->addWidget(name);
-    words->addWidget(label(u"LabelPurpose"_s, TextId::aboutPurpose));
+    auto* purpose = nameControl(new QLabel(text(TextId::aboutPurpose).arg(InstalledFiles().documents())),
+                                u"LabelPurpose"_s, {});
+    purpose->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    purpose->setWordWrap(true);
+    words->addWidget(purpose);
     words->addStretch(1);
     auto* head = new QHBoxLayout;
     head->addWidget(picture);

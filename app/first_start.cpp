@@ -43,9 +43,9 @@ QString reasonOf(const QByteArray& errors) {
 
 } // namespace
 
-FirstStart::FirstStart(QString admin, QString guide, OpenDocument openDocument)
+FirstStart::FirstStart(QString admin, QString documents, OpenDocument openDocument)
     : admin_(std::move(admin)),
-      guide_(std::move(guide)),
+      documents_(std::move(documents)),
       openDocument_(std::move(openDocument)),
       process_(new QProcess(this)),
       LabelOffer(paragraph(u"LabelOffer"_s)),
@@ -153,7 +153,9 @@ void FirstStart::nameDatabase(const QByteArray& section) {
         return;
     }
     setRunning(false);
-    auto outcome = text(TextId::firstStartMade).arg(QDir::toNativeSeparators(databaseToTry()));
+    auto outcome = text(TextId::firstStartMade)
+                       .arg(QDir::toNativeSeparators(databaseToTry()),
+                            QDir::toNativeSeparators(documents_ + u"/technicians-guide.md"_s));
     try {
         provideWorkFiles(QDir::currentPath());
     } catch (const FileError& error) {
@@ -162,6 +164,7 @@ void FirstStart::nameDatabase(const QByteArray& section) {
     }
     tell(*LabelOutcome, outcome);
     // It is done; there is one way on.
+    setWindowTitle(text(TextId::applicationName));
     tell(*LabelOffer, {});
     CommandMake->hide();
     CommandGuide->hide();
@@ -170,14 +173,14 @@ void FirstStart::nameDatabase(const QByteArray& section) {
 }
 
 void FirstStart::openGuide() {
-    const bool isOpen = QFileInfo::exists(guide_) && openDocument_(guide_);
+    const QString guide = documents_ + u"/administrators-guide.md"_s;
+    const bool isOpen = QFileInfo::exists(guide) && openDocument_(guide);
     tell(*LabelOutcome,
-         isOpen ? QString() : text(TextId::firstStartGuideMissing).arg(QDir::toNativeSeparators(guide_)));
+         isOpen ? QString() : text(TextId::firstStartGuideMissing).arg(QDir::toNativeSeparators(guide)));
 }
 
 void offerFirstStart() {
-    FirstStart(InstalledFiles::programFolder() + u"/kelvane-admin"_s,
-               InstalledFiles().documents() + u"/administrators-guide.md"_s,
+    FirstStart(InstalledFiles::programFolder() + u"/kelvane-admin"_s, InstalledFiles().documents(),
                [](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); })
         .exec();
 }

@@ -20,8 +20,8 @@ class FirstStart final : public QDialog {
     /// Opens a document on the desktop; false when that is not possible.
     using OpenDocument = std::function<bool(const QString& path)>;
 
-    /// `admin` is the path of the administrator's program, `guide` that of the page for administrators.
-    FirstStart(QString admin, QString guide, OpenDocument openDocument);
+    /// `admin` is the path of the administrator's program, `documents` the folder of the pages.
+    FirstStart(QString admin, QString documents, OpenDocument openDocument);
     ~FirstStart() override;
 
     void reject() override;
@@ -38,7 +38,7 @@ class FirstStart final : public QDialog {
     void fitHeight();
 
     QString admin_;
-    QString guide_;
+    QString documents_;
     OpenDocument openDocument_;
     QProcess* process_;
     std::function<void(const QByteArray&)> then_;

@@ -2,6 +2,7 @@
 
 #include "data/journal/journal.h"
 #include "platform/communication_log.h"
+#include "platform/installed_files.h"
 #include "platform/version.h"
 #include "resources/strings.h"
 #include "testkit/program_fixture.h"
@@ -64,6 +65,9 @@ TEST_F(About, TellsTheVersionAndWhereTheFilesStand) {
     start();
     lookAtBox([&](QWidget& box) {
         EXPECT_EQ(control<QLabel>(box, u"LabelVersion"_s).text(), u"Kelvane "_s + programVersion());
+        const auto& purpose = control<QLabel>(box, u"LabelPurpose"_s);
+        EXPECT_TRUE(purpose.text().contains(InstalledFiles().documents())) << purpose.text().toStdString();
+        EXPECT_GE(purpose.height(), purpose.heightForWidth(purpose.width())) << "the text is whole";
         for (const auto& line : aboutLines(session)) {
             auto& field = control<QLineEdit>(box, line.name);
             EXPECT_EQ(field.text(), line.value);

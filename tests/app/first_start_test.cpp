@@ -42,7 +42,7 @@ class SetVariable {
 class First : public ::testing::Test {
   protected:
     void show(const QString& admin = QCoreApplication::applicationDirPath() + u"/kelvane-admin"_s) {
-        window.emplace(admin, guide, [this](const QString& path) {
+        window.emplace(admin, folder.path(), [this](const QString& path) {
             opened << path;
             return canOpen;
         });
@@ -76,7 +76,7 @@ class First : public ::testing::Test {
     OwnFolder folder;
     QString database = folder.path() + u"/data/kelvane/database"_s;
     QString list = folder.path() + u"/odbc.ini"_s;
-    QString guide = folder.path() + u"/guide.md"_s;
+    QString guide = folder.path() + u"/administrators-guide.md"_s;
     /// What was opened on the desktop, and whether it can.
     QStringList opened;
     bool canOpen = true;
@@ -113,9 +113,11 @@ TEST_F(First, MakesADatabaseThatTheLoginCanUse) {
     window->reject();
     EXPECT_TRUE(window->isVisible()) << "it closes behind the making only";
     ASSERT_TRUE(waitForEnd());
-    EXPECT_EQ(
-        outcome(),
-        u"The database stands in %1. Log in as cnguyen or jdoe with the password kelvane."_s.arg(database));
+    EXPECT_EQ(outcome(),
+              u"The database stands in %1. Log in as cnguyen or jdoe with the password kelvane. The "
+              "technician's guide leads to the first record; it stands in %2."_s.arg(
+                  database, folder.path() + u"/technicians-guide.md"_s));
+    EXPECT_EQ(window->windowTitle(), u"Kelvane"_s) << "there is a database now";
     expectWholeTexts();
     takePicture(u"first_start_made.png"_s);
 
@@ -200,7 +202,7 @@ TEST_F(First, OpensTheGuideOrSaysWhereItStands) {
     EXPECT_EQ(opened, QStringList());
     EXPECT_EQ(outcome(), place) << "there is none";
 
-    folder.write(u"guide.md"_s, "# Guide\n");
+    folder.write(u"administrators-guide.md"_s, "# Guide\n");
     click(command(u"CommandGuide"_s));
     EXPECT_EQ(opened, QStringList{guide});
     EXPECT_EQ(outcome(), QString());
