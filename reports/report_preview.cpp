@@ -64,6 +64,13 @@ class WorkWindow final : public QProgressDialog {
     bool canBeEnded_;
 };
 
+/// The user's folder for documents, or the home where there is none: the dialog would show the working folder
+/// instead.
+QString documentsFolder() {
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(folder).exists() ? folder : QDir::homePath();
+}
+
 } // namespace
 
 struct ReportPreview::Command {
@@ -106,7 +113,7 @@ ReportPreview::ReportPreview(UserInterface& ui, Report report, const QString& ti
       preview_(new QPrintPreviewWidget(&printer_, this)),
       paper_(new QComboBox),
       page_(new QLabel),
-      folder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) {
+      folder_(documentsFolder()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(u"ReportPreview"_s);
     setWindowTitle(title);

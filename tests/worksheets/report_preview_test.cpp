@@ -173,7 +173,9 @@ TEST_F(Preview, PaperIsThatOfTheLayoutUntilAnotherIsChosen) {
 TEST_F(Preview, SavesAsPdfUnderTheNameThatTheDialogGets) {
     open();
     QString proposed;
+    QString place;
     whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        place = dialog.directory().absolutePath();
         auto& name = *dialog.findChild<QLineEdit*>();
         proposed = name.text();
         name.setText(folder.path() + u"/march"_s);
@@ -181,6 +183,7 @@ TEST_F(Preview, SavesAsPdfUnderTheNameThatTheDialogGets) {
     });
     key(u"Ctrl+S"_s);
     EXPECT_EQ(proposed, u"Calibration Worksheet.pdf"_s);
+    EXPECT_NE(place, QDir::currentPath()) << "nobody looks for it in the working folder";
     EXPECT_EQ(pagesOf(u"march.pdf"_s), QStringList(3, a4));
     EXPECT_EQ(status(), u"Saved as "_s + folder.path() + u"/march.pdf"_s);
 }
