@@ -1,4 +1,5 @@
 #include "simulators/fluke702/memory.h"
+#include "simulators/torquestar/memory_file.h"
 #include "testkit/embedded_database.h"
 #include "testkit/fixtures.h"
 #include "tests/docs/pages.h"
@@ -9,6 +10,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +78,11 @@ bool startsWorkstation(const QString& line) {
     return words.first() == u"kelvane"_s && !words.contains(u"--help"_s) && !words.contains(u"--version"_s);
 }
 
+/// A calibrator on a line goes on until it is ended.
+bool startsCalibrator(const QString& line) {
+    return line.startsWith(u"kelvane-torquestar "_s);
+}
+
 /// How a line in a shell has ended. Output and errors stand in one text, as on a terminal.
 struct ShellOutcome {
     int code = -1;
@@ -86,6 +94,12 @@ struct ShellOutcome {
 /// Runs the lines of a page in their order, for a user whose home is a folder of the test.
 class PageCommands : public ::testing::Test {
   protected:
+    ~PageCommands() override {
+        for (const auto& calibrator : calibrators_) {
+            calibrator->terminate();
+            EXPECT_TRUE(calibrator->waitForFinished());
+        }
+    }
     QString inHome(const QString& path) const { return home_.filePath(path); }
 
     /// A simulated Fluke 702 that holds PT-101, in a file of the home.
@@ -98,6 +112,16 @@ class PageCommands : public ::testing::Test {
             return true;
         });
     }
+    /// A simulated torque calibrator that holds TW-101, in a file of the home.
+    void loadTorqueCalibrator(const QString& path) const {
+        simulators::MemoryFile(inHome(path)).use([](simulators::Memory& memory) {
+            simulators::Characteristic wrench{
+                .name = u"TW-101"_s, .fields = {}, .comment = {}, .results = {}};
+            wrench.fields[simulators::Samples] = 1;
+            memory.characteristics = {wrench};
+            return true;
+        });
+    }
     /// A database with the demonstration data, in a folder of the home.
     void makeDatabase(const QString& path) {
         ASSERT_TRUE(QFileInfo(inHome(path)).dir().mkpath(u"."_s));
@@ -105,6 +129,23 @@ class PageCommands : public ::testing::Test {
     }
 
     ShellOutcome run(const QString& line) {
+        QProcess shell;
+        start(shell, line);
+        if (!shell.waitForFinished(120000))
+            return {-1, shell.errorString()};
+        const int code = shell.exitStatus() == QProcess::NormalExit ? shell.exitCode() : -1;
+        return {code, QString::fromUtf8(shell.readAll())};
+    }
+    /// Starts a calibrator for the rest of the page, and waits until it has told its device.
+    void startCalibrator(const QString& line) {
+        calibrators_.push_back(std::make_unique<QProcess>());
+        auto& calibrator = *calibrators_.back();
+        start(calibrator, u"exec "_s + line);
+        ASSERT_TRUE(calibrator.waitForReadyRead()) << line.toStdString();
+        const auto device = QString::fromUtf8(calibrator.readAll()).trimmed();
+        EXPECT_TRUE(QFile::exists(device)) << device.toStdString();
+    }
+    void start(QProcess& shell, const QString& line) const {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"HOME"_s, home_.path());
         environment.insert(u"ODBCINI"_s, inHome(u"odbc.ini"_s));
@@ -115,16 +156,11 @@ class PageCommands : public ::testing::Test {
             environment.remove(variable);
         environment.insert(u"PATH"_s,
                            QCoreApplication::applicationDirPath() + u':' + environment.value(u"PATH"_s));
-        QProcess shell;
         shell.setProcessEnvironment(environment);
         shell.setProcessChannelMode(QProcess::MergedChannels);
         shell.setWorkingDirectory(home_.path());
         shell.setStandardInputFile(QProcess::nullDevice());
         shell.start(u"bash"_s, {u"-o"_s, u"pipefail"_s, u"-c"_s, line});
-        if (!shell.waitForFinished(120000))
-            return {-1, shell.errorString()};
-        const int code = shell.exitStatus() == QProcess::NormalExit ? shell.exitCode() : -1;
-        return {code, QString::fromUtf8(shell.readAll())};
     }
     /// The line with the places of this build and of the home in the place of the machine's.
     QString inPlace(QString line) const {
@@ -142,6 +178,10 @@ class PageCommands : public ::testing::Test {
         for (const auto& line : lines) {
             if (isUnrunnable(line))
                 continue;
+            if (startsCalibrator(line)) {
+                startCalibrator(inPlace(line));
+                continue;
+            }
             const auto outcome = run(inPlace(line));
             EXPECT_EQ(outcome.code, startsWorkstation(line) ? 1 : 0)
                 << page.toStdString() << ": " << line.toStdString() << "\n"
@@ -153,6 +193,7 @@ class PageCommands : public ::testing::Test {
 
   private:
     QTemporaryDir home_;
+    std::vector<std::unique_ptr<QProcess>> calibrators_;
 };
 
 TEST_F(PageCommands, OfTheReadmeSucceed) {
@@ -174,6 +215,7 @@ TEST_F(PageCommands, OfTheWorkstationsPageSucceed) {
 
 TEST_F(PageCommands, OfTheTechniciansGuideCarryOutAndShowARecord) {
     loadCalibrator(u".local/share/kelvane/fluke702.json"_s);
+    loadTorqueCalibrator(u".local/share/kelvane/torquestar.json"_s);
     const auto database = u".local/share/kelvane/database"_s;
     makeDatabase(database);
     const auto insertion =
@@ -182,6 +224,8 @@ TEST_F(PageCommands, OfTheTechniciansGuideCarryOutAndShowARecord) {
     ASSERT_EQ(run(u"sqlite3 '%1/mt.db' \"%2\""_s.arg(inHome(database), insertion)).code, 0);
     const auto output = expectCommands(techniciansGuide);
     EXPECT_TRUE(output.contains(u"PT-101"_s)) << output.toStdString();
+    EXPECT_TRUE(output.contains(u"TW-101: 3 results taken"_s)) << output.toStdString();
+    EXPECT_TRUE(output.contains(u"instrument = "_s)) << output.toStdString();
     EXPECT_TRUE(output.contains(u"a judged point"_s)) << output.toStdString();
 }
 
