@@ -43,8 +43,6 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
                         : button(u"CommandCancel"_s, TextId::cancel, TextId::stayUnconnectedTip)) {
     setWindowTitle(text(TextId::loginTitle));
     TextPassword->setEchoMode(QLineEdit::Password);
-    // A plain star for each character, whatever the style would draw.
-    TextPassword->setStyleSheet(u"lineedit-password-character: 42"_s);
     if (purpose == Purpose::logIn) {
         runGuarded(session.ui, [&] {
             TextUsername->setText(ModuleGlobals::GetRegSetting(session, u"Defaults"_s, u"Username"_s));

@@ -11,6 +11,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "ui/repaint.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -34,6 +35,7 @@ int run(QApplication& application, const GivenOptions& options, const QString& c
     QApplication::setDesktopFileName(u"kelvane"_s);
     const SystemClock clock;
     IniSettingsStore stored(IniSettingsStore::defaultPath());
+    setLooks(chosenColors(stored));
     const auto unknownLanguage = chooseLanguage(stored, QLocale::system().uiLanguages());
     translateToolkit(application);
     // Files that the command line names stand in the folder where it was written.

@@ -2,6 +2,7 @@
 
 #include "app/about_box.h"
 #include "app/form_odbc.h"
+#include "app/frame_start.h"
 #include "app/login.h"
 #include "app/menu_options.h"
 #include "data/start_up.h"
@@ -16,6 +17,7 @@
 #include "resources/text_id.h"
 #include "ui/guarded.h"
 #include "ui/open_windows.h"
+#include "ui/program_icon.h"
 #include "ui/status_line.h"
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
@@ -27,7 +29,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHash>
-#include <QIcon>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
@@ -45,18 +46,6 @@ namespace {
 
 constexpr int heightInTwips = 8265;
 constexpr int widthInTwips = 9975;
-
-bool isMenu(MenuEntry entry) {
-    return std::ranges::any_of(menuTree(), [entry](const MenuRow& row) { return row.parent == entry; });
-}
-
-QIcon programIcon() {
-    QIcon icon;
-    for (const auto* file :
-         {":/icons/101-16.png", ":/icons/101-32.png", ":/icons/101-64.png", ":/icons/101-256.png"})
-        icon.addFile(QString::fromLatin1(file));
-    return icon;
-}
 
 } // namespace
 
@@ -96,6 +85,7 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
       reports_(reports),
       environment_(std::move(environment)),
       area_(new QMdiArea(this)),
+      frameStart_(new FrameStart(*area_)),
       statusLine_(new StatusLine(session)) {
     setObjectName(u"MDIFormMain"_s);
     setStatusBar(statusLine_);
@@ -109,8 +99,10 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
                    [this] { connectAgain(); });
     connectGuarded(&statusLine_->aboutButton(), &QPushButton::clicked, this, session_.ui,
                    [this] { openAboutBox(session_, this); });
-    auto* entering = new QShortcut(QKeySequence(Qt::Key_F10), this);
-    connectGuarded(entering, &QShortcut::activated, this, session_.ui, [this] { enterMenu(); });
+    frameStart_->chosen = [this](MenuEntry entry) { runGuarded(session_.ui, [&] { takeStep(entry); }); };
+    connectGuarded(statusLine_, &StatusLine::refreshed, this, session_.ui, [this] { showFrameStart(); });
+    connectGuarded(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, this, session_.ui,
+                   [this] { enterMenu(); });
 }
 
 void MDIFormMain::buildMenu() {
@@ -160,6 +152,24 @@ void MDIFormMain::applyMenu() {
     statusLine_->refresh();
 }
 
+void MDIFormMain::showFrameStart() {
+    const auto login = openScreen<FormConnect>() ? std::optional(TextId::loginTitle)
+                       : offersConnecting()      ? std::optional(TextId::connectAgain)
+                                                 : std::nullopt;
+    frameStart_->setContents(frameContents(session_, menu_, login, [this](MenuEntry entry) {
+        return session_.SessionConnected || !commandOf(entry)->needsConnection;
+    }));
+}
+
+void MDIFormMain::takeStep(MenuEntry entry) {
+    if (entry != MenuEntry::none)
+        action(entry)->trigger();
+    else if (auto* login = openScreen<FormConnect>())
+        login->showIn(*area_);
+    else
+        connectAgain();
+}
+
 void MDIFormMain::load() {
     runGuarded(session_.ui, [this] {
         setWindowTitle(text(TextId::applicationName));
@@ -197,8 +207,7 @@ void MDIFormMain::afterLogin() {
 
 bool MDIFormMain::offersConnecting() const {
     // What a login enables stays until log out.
-    const bool isLoggedIn = menu_.isEnabled(MenuEntry::mnuLogout);
-    return isLoggedIn && !session_.SessionConnected && !openScreen<FormConnect>();
+    return menu_.isEnabled(MenuEntry::mnuLogout) && !session_.SessionConnected && !openScreen<FormConnect>();
 }
 
 void MDIFormMain::connectAgain() {
@@ -235,13 +244,6 @@ void MDIFormMain::carryOut(MenuEntry entry) {
 void MDIFormMain::closeEvent(QCloseEvent* event) {
     event->ignore();
     runGuarded(session_.ui, [this] { mnuExit(); });
-}
-
-void MDIFormMain::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    // The area keeps the colour that it was made with.
-    if (event->type() == QEvent::PaletteChange)
-        area_->setBackground(palette().dark());
 }
 
 void MDIFormMain::mnuExit() {

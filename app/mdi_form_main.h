@@ -17,6 +17,7 @@ class QMenu;
 
 namespace kelvane {
 
+class FrameStart;
 class OpenCalParam;
 class ReportControl;
 class StatusLine;
@@ -48,7 +49,6 @@ class MDIFormMain final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     struct Command;
@@ -57,6 +57,10 @@ class MDIFormMain final : public QMainWindow {
     void buildMenu();
     void setCaptions();
     void applyMenu();
+    /// Shows behind the child windows how things stand, and what can be done next.
+    void showFrameStart();
+    /// Takes a step out of those; `none` is the login.
+    void takeStep(MenuEntry entry);
     void enterMenu();
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
@@ -101,6 +105,7 @@ class MDIFormMain final : public QMainWindow {
     Environment environment_;
     Menu menu_;
     QMdiArea* area_;
+    FrameStart* frameStart_;
     StatusLine* statusLine_;
     /// Before the user could change anything.
     WindowPlace placeAtStart_;

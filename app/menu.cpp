@@ -2,6 +2,8 @@
 
 #include "resources/text_id.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -35,6 +37,10 @@ const std::array<MenuRow, menuEntryCount>& menuTree() {
         {mnuAbout, u"mnuAbout", mnuHelp, TextId::aboutCommand, u"Ctrl+A", shown, disabled},
     }};
     return tree;
+}
+
+bool isMenu(MenuEntry entry) {
+    return std::ranges::any_of(menuTree(), [entry](const MenuRow& row) { return row.parent == entry; });
 }
 
 Menu::Menu() {

@@ -50,6 +50,8 @@ struct MenuRow {
 
 /// The menu tree; row n is the entry of number n.
 const std::array<MenuRow, menuEntryCount>& menuTree();
+/// True for an entry with others below it.
+bool isMenu(MenuEntry entry);
 
 /// Which entries are shown and enabled. An entry can be reached when it and all menus above it are shown and
 /// enabled.

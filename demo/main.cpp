@@ -5,6 +5,7 @@
 #include "platform/database/odbc_connection.h"
 #include "platform/installed_files.h"
 #include "platform/program_options.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QDir>
@@ -63,6 +64,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(writeMessage);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
+    setLooks(Colors::desktop);
 
     const auto folder = QDir::currentPath();
     bool ended = false;

@@ -5,7 +5,6 @@
 #include "resources/text_id.h"
 #include "ui/arrow_button.h"
 #include "ui/controls.h"
-#include "ui/indicators.h"
 #include "ui/list_rows.h"
 #include "ui/panels.h"
 
@@ -29,7 +28,7 @@ constexpr int shownRows = 8;
 constexpr int maxListWidth = 300;
 
 QCheckBox* checkBox(const QString& name, TextId caption, TextId toolTip) {
-    auto* made = nameControl(new CheckBox, name, text(caption), toolTip);
+    auto* made = nameControl(new QCheckBox, name, text(caption), toolTip);
     made->setText(text(caption));
     return made;
 }

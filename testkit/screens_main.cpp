@@ -1,4 +1,5 @@
 #include "testkit/run_tests.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QFont>
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
+    kelvane::setLooks(kelvane::Colors::desktop);
     // The same letters on every machine, in the size of a plain desktop at 96 dots per inch.
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
     qInstallMessageHandler(takeMessage);

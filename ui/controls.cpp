@@ -1,5 +1,7 @@
 #include "ui/controls.h"
 
+#include "resources/text_id.h"
+#include "ui/button_icons.h"
 #include "ui/whole_text.h"
 
 #include <QHelpEvent>
@@ -10,6 +12,8 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace kelvane {
 
 namespace {
@@ -18,6 +22,17 @@ namespace {
 QString plainCaption(TextId id) {
     return text(id).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
+
+/// The captions whose buttons have a picture.
+constexpr std::pair<TextId, ButtonIcon> iconsOfCaptions[] = {
+    {TextId::ok, ButtonIcon::accept},
+    {TextId::cancel, ButtonIcon::cancel},
+    {TextId::addCommand, ButtonIcon::add},
+    {TextId::removeInstrument, ButtonIcon::remove},
+    {TextId::saveCommand, ButtonIcon::save},
+    {TextId::printWorksheetsCommand, ButtonIcon::print},
+    {TextId::downloadCommand, ButtonIcon::download},
+};
 
 /// A list to choose from that the wheel turns only while it has the focus: one that turns under the pointer
 /// by chance would choose another record, and drop what was entered. What does not fit ends in "…" and stands
@@ -100,6 +115,9 @@ QLabel* labelFor(QWidget* control, const QString& name, TextId caption) {
 QPushButton* button(const QString& name, TextId caption, TextId toolTip) {
     auto* made = nameControl(new QPushButton, name, text(caption), toolTip);
     made->setText(plainCaption(caption));
+    const auto* found = std::ranges::find(iconsOfCaptions, caption, &std::pair<TextId, ButtonIcon>::first);
+    if (found != std::end(iconsOfCaptions))
+        made->setIcon(buttonIcon(found->second));
     return made;
 }
 

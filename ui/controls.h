@@ -26,7 +26,7 @@ Control* nameControl(Control* control, const QString& name, const QString& acces
 QLabel* label(const QString& name, TextId caption);
 /// A label that stands for the control beside it.
 QLabel* labelFor(QWidget* control, const QString& name, TextId caption);
-/// A push button with its caption and tool-tip.
+/// A push button with its caption and tool-tip; with a picture, where the caption has one.
 QPushButton* button(const QString& name, TextId caption, TextId toolTip);
 /// A drop-down list with its rows, the first one selected.
 QComboBox* dropDown(const QString& name, const QString& accessibleName, std::optional<TextId> toolTip,

@@ -110,8 +110,7 @@ void QtUserInterface::showProgress(const QString& caption) {
 
 void QtUserInterface::disableOthers() {
     QList<QWidget*> others{window_->menuBar(), &statusLine_->connectButton()};
-    for (auto* child : area_->subWindowList())
-        others << child;
+    others << area_->viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (auto* other : others) {
         if (other->isEnabled()) {
             other->setEnabled(false);

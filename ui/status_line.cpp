@@ -52,6 +52,7 @@ void StatusLine::refresh() {
     put(*LabelDataSource,
         connected ? text(TextId::statusBarDataSource).arg(session_.SessionDataSource) : QString());
     LabelDataSource->setVisible(connected);
+    Q_EMIT refreshed();
 }
 
 void StatusLine::showActivity(const QString& text) {

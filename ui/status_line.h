@@ -31,6 +31,10 @@ class StatusLine final : public QStatusBar {
     /// Shows at once what runs; empty: nothing does.
     void showActivity(const QString& text);
 
+  Q_SIGNALS:
+    /// What depends on the session may have to be shown anew.
+    void refreshed();
+
   private:
     const Session& session_;
     std::function<bool()> offersConnecting_;

@@ -49,6 +49,7 @@ void TextBox::setText(const QString& text) {
 }
 
 void TextBox::setLines(int lines) {
+    ensurePolished();
     // With one pixel less than a line to spare, the scroll bar would already come for the last line.
     const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
     setFixedHeight(lines * fontMetrics().lineSpacing() + around + lines);

@@ -6,11 +6,11 @@
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
-#include "ui/indicators.h"
 #include "workflow/calibrators.h"
 #include "workflow/form_communication_log.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -54,8 +54,8 @@ FormCalConfig::FormCalConfig(Session& session, Calibrators& calibrators, const Q
           dropDown(u"ComboDataBits"_s, text(TextId::dataBits), TextId::dataBitsTip, {u"8"_s, u"7"_s})),
       ComboStopBits(
           dropDown(u"ComboStopBits"_s, text(TextId::stopBits), TextId::stopBitsTip, {u"1"_s, u"2"_s})),
-      CheckLog(nameControl(static_cast<QCheckBox*>(new CheckBox), u"CheckLog"_s,
-                           text(TextId::communicationLogSwitch), TextId::communicationLogSwitchTip)),
+      CheckLog(nameControl(new QCheckBox, u"CheckLog"_s, text(TextId::communicationLogSwitch),
+                           TextId::communicationLogSwitchTip)),
       ButtonCommunicationLog(button(u"ButtonCommunicationLog"_s, TextId::communicationLogCommand,
                                     TextId::communicationLogCommandTip)) {
     setWindowTitle(text(TextId::calibratorConfiguration));

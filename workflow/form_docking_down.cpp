@@ -51,7 +51,11 @@ void FormDockingDown::layOut() {
     entryLabel->setWordWrap(true);
     auto* adding = new QVBoxLayout;
     adding->setSpacing(4);
-    adding->addWidget(label(u"Label1"_s, TextId::calibratorLabel));
+    auto* calibratorLabel = label(u"Label1"_s, TextId::calibratorLabel);
+    // Still empty, it would ask for less space than with a name.
+    SSPanelCalibrator->setMinimumHeight(calibratorLabel->sizeHint().height() +
+                                        2 * SSPanelCalibrator->frameWidth());
+    adding->addWidget(calibratorLabel);
     adding->addWidget(SSPanelCalibrator);
     adding->addStretch(1);
     adding->addWidget(entryLabel);

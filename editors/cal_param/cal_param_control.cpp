@@ -5,9 +5,10 @@
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
 #include "ui/controls.h"
-#include "ui/indicators.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
+#include <QRadioButton>
 
 #include <algorithm>
 
@@ -70,7 +71,7 @@ class List final : public CalParamControl {
 class TickBox final : public CalParamControl {
   public:
     TickBox(const CalParamField& field, const CalParamCheckBox& /*given*/)
-        : box_(nameControl(new CheckBox, field.name.toString(), text(field.caption), field.toolTip)) {
+        : box_(nameControl(new QCheckBox, field.name.toString(), text(field.caption), field.toolTip)) {
         box_->setText(text(field.caption));
     }
     void show(const QString& value) override { box_->setChecked(value == u"Y"); }
@@ -81,7 +82,7 @@ class TickBox final : public CalParamControl {
     }
 
   private:
-    CheckBox* box_;
+    QCheckBox* box_;
 };
 
 class OptionGroup final : public CalParamControl {
@@ -89,7 +90,7 @@ class OptionGroup final : public CalParamControl {
     OptionGroup(const CalParamField& field, const CalParamOptions& given)
         : given_(given), stacked_(field.label == CalParamLabel::no) {
         for (const auto& option : given.options) {
-            auto* button = nameControl(new RadioButton, field.name.toString().arg(option.name),
+            auto* button = nameControl(new QRadioButton, field.name.toString().arg(option.name),
                                        accessibleText(field.caption, option.caption), option.toolTip);
             button->setText(text(option.caption));
             button->setChecked(option.stored == given.starts);
@@ -121,7 +122,7 @@ class OptionGroup final : public CalParamControl {
 
   private:
     qsizetype on() const {
-        const auto on = std::ranges::find_if(buttons_, &RadioButton::isChecked);
+        const auto on = std::ranges::find_if(buttons_, &QRadioButton::isChecked);
         return on == buttons_.end() ? 0 : on - buttons_.begin();
     }
     const CalParamOption& optionAt(qsizetype button) const {
@@ -129,7 +130,7 @@ class OptionGroup final : public CalParamControl {
     }
 
     const CalParamOptions& given_;
-    QList<RadioButton*> buttons_;
+    QList<QRadioButton*> buttons_;
     bool stacked_;
 };
 

@@ -4,7 +4,6 @@
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
-#include "ui/indicators.h"
 #include "ui/list_rows.h"
 #include "ui/panels.h"
 #include "ui/text_box.h"
@@ -168,8 +167,8 @@ QLayout* FormPredefinedTasks::options() {
     auto* rows = new QGridLayout;
     for (int cell = 0; auto& option : options_) {
         const auto& polls = definitionOptions[static_cast<std::size_t>(cell)];
-        option = nameControl(new RadioButton(text(polls.caption)), polls.name.toString(), text(polls.caption),
-                             polls.toolTip);
+        option = nameControl(new QRadioButton(text(polls.caption)), polls.name.toString(),
+                             text(polls.caption), polls.toolTip);
         rows->addWidget(option, cell / inARow, cell % inARow);
         ++cell;
     }

@@ -19,9 +19,7 @@ QString nameOf(MenuEntry entry) {
 QStringList reachable(const Menu& menu) {
     QStringList names;
     for (const auto& row : menuTree()) {
-        const bool isMenu =
-            std::ranges::any_of(menuTree(), [&](const MenuRow& other) { return other.parent == row.entry; });
-        if (!isMenu && menu.isReachable(row.entry))
+        if (!isMenu(row.entry) && menu.isReachable(row.entry))
             names << row.name.toString();
     }
     return names;

@@ -47,6 +47,7 @@ class Screens : public ProgramTest, public ::testing::WithParamInterface<Screen>
         });
         EXPECT_TRUE(looked);
     }
+    void expectRoomAndPicture(ChildWindow& screen, const QString& suffix);
 };
 
 /// All screens. A new one is added to the table in the source, and the tests of all screens cover it.

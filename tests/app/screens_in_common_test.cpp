@@ -3,6 +3,7 @@
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "tests/app/screens.h"
+#include "ui/style.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,9 +16,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMessageBox>
-#include <QScopeGuard>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -65,18 +64,14 @@ bool isCutOff(const QWidget* control) {
     return false;
 }
 
-QPalette darkPalette() {
-    QPalette palette(QColor(45, 45, 48), QColor(40, 40, 42));
-    palette.setColor(QPalette::WindowText, Qt::white);
-    palette.setColor(QPalette::Base, QColor(30, 30, 32));
-    palette.setColor(QPalette::Text, Qt::white);
-    palette.setColor(QPalette::ButtonText, Qt::white);
-    palette.setColor(QPalette::Highlight, QColor(70, 110, 170));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::gray);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::gray);
-    return palette;
+/// What a control has, and what it needs.
+std::string placeOf(const QWidget* control) {
+    return u"%1 has %2 x %3, needs %4 x %5"_s.arg(control->objectName())
+        .arg(control->width())
+        .arg(control->height())
+        .arg(control->sizeHint().width())
+        .arg(control->sizeHint().height())
+        .toStdString();
 }
 
 /// Puts a palette on for a while.
@@ -108,7 +103,38 @@ void savePicture(const QPixmap& picture, const QString& name) {
     ASSERT_TRUE(picture.save(folder.filePath(name + language + scale + u".png"_s)));
 }
 
+/// Letters of that size for a while. A window is made with the letters of its desktop.
+class LettersOfSize {
+  public:
+    explicit LettersOfSize(int points) : before_(QApplication::font()) {
+        QApplication::setFont(QFont(before_.family(), points));
+        // Windows that are there already take them with their next events.
+        QCoreApplication::processEvents();
+    }
+    ~LettersOfSize() { QApplication::setFont(before_); }
+
+  private:
+    QFont before_;
+};
+
 } // namespace
+
+/// Nothing is cut off, and the screen lies inside the main window, as far as the display has room for that.
+void Screens::expectRoomAndPicture(ChildWindow& screen, const QString& suffix) {
+    const auto most = program.window.screen()->availableSize();
+    EXPECT_TRUE(program.window.area().viewport()->rect().contains(screen.geometry()) ||
+                program.window.width() == most.width() || program.window.height() == most.height() ||
+                most.width() < program.window.width())
+        << screen.width() << " x " << screen.height() << " in " << program.window.area().width() << " x "
+        << program.window.area().height();
+    for (const auto* control : visibleControls(screen)) {
+        // An empty panel may have less space than its size hint.
+        if (!qobject_cast<const QGroupBox*>(control)) {
+            EXPECT_FALSE(isCutOff(control)) << placeOf(control);
+        }
+    }
+    savePicture(program.window.grab(), QString::fromLatin1(GetParam().name) + suffix);
+}
 
 TEST_P(Screens, TabGoesThroughTheControlsAsTheyAreRead) {
     lookAt([](ChildWindow& screen) {
@@ -159,10 +185,7 @@ TEST_P(Screens, TheFocusIsInsideFromTheStart) {
 TEST_P(Screens, NothingIsCutOff) {
     lookAt([this](ChildWindow& screen) {
         for (const auto* control : visibleControls(screen)) {
-            EXPECT_FALSE(isCutOff(control))
-                << control->objectName().toStdString() << " has " << control->width() << " x "
-                << control->height() << ", needs " << control->sizeHint().width() << " x "
-                << control->sizeHint().height();
+            EXPECT_FALSE(isCutOff(control)) << placeOf(control);
             EXPECT_TRUE(screen.widget()->rect().contains(QRect(placeIn(screen, control), control->size())))
                 << control->objectName().toStdString();
         }
@@ -182,16 +205,16 @@ TEST_P(Screens, NoTextIsShownAsAMissingOne) {
 }
 
 TEST_P(Screens, FollowsLightAndDarkPalettesAndLeavesItsPicture) {
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new Style(u"Fusion"_s));
     const auto name = QString::fromLatin1(GetParam().name);
     lookAt([&](ChildWindow& screen) {
         {
-            const StyledScreen light(QPalette(QColor(239, 239, 239), QColor(239, 239, 239)));
+            const StyledScreen light(ownPalette(Colors::light));
             QCoreApplication::processEvents();
             EXPECT_GT(shareOfLight(screen.widget()->grab().toImage()), 0.8);
             savePicture(program.window.grab(), name);
         }
-        const StyledScreen dark(darkPalette());
+        const StyledScreen dark(ownPalette(Colors::dark));
         QCoreApplication::processEvents();
         EXPECT_LT(shareOfLight(screen.widget()->grab().toImage()), 0.2);
         savePicture(program.window.grab(), name + u"-dark"_s);
@@ -222,25 +245,13 @@ TEST_P(Screens, EveryListAndDropDownShowsItsRowsWhole) {
 }
 
 TEST_P(Screens, FitsTheMainWindowWithTheFontsOfUsualDesktops) {
-    const auto before = QApplication::font();
-    const auto after = qScopeGuard([&] { QApplication::setFont(before); });
-    // A window is made with the letters of its desktop.
-    QApplication::setFont(QFont(before.family(), 11));
-    lookAt([this](ChildWindow& screen) {
-        const auto most = program.window.screen()->availableSize();
-        EXPECT_TRUE(program.window.area().viewport()->rect().contains(screen.geometry()) ||
-                    program.window.width() == most.width() || program.window.height() == most.height() ||
-                    most.width() < program.window.width())
-            << screen.width() << " x " << screen.height() << " in " << program.window.area().width() << " x "
-            << program.window.area().height();
-        for (const auto* control : visibleControls(screen)) {
-            // An empty panel may have less space than its size hint.
-            if (!qobject_cast<const QGroupBox*>(control)) {
-                EXPECT_FALSE(isCutOff(control)) << control->objectName().toStdString();
-            }
-        }
-        savePicture(program.window.grab(), QString::fromLatin1(GetParam().name) + u"-11"_s);
-    });
+    const LettersOfSize desktop(11);
+    lookAt([this](ChildWindow& screen) { expectRoomAndPicture(screen, u"-11"_s); });
+}
+
+TEST_P(Screens, FitsTheMainWindowWithLargeLetters) {
+    const LettersOfSize desktop(14);
+    lookAt([this](ChildWindow& screen) { expectRoomAndPicture(screen, u"-14"_s); });
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(allScreens()),

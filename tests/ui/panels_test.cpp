@@ -1,13 +1,13 @@
 #include "resources/text_id.h"
 #include "testkit/fixtures.h"
 #include "ui/panels.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPainter>
 #include <QProxyStyle>
-#include <QStyleFactory>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -107,7 +107,7 @@ TEST(TabControls, ShowTheirCaptionsWholeUnderAStyleWithOtherMeasures) {
         EXPECT_LE(made->tabBar()->tabRect(0).width(), caption + 16) << size;
     }
     QApplication::setFont(before);
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new Style);
 }
 
 TEST(TabControls, PassOverPagesThatCantBeChosen) {

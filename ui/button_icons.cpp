@@ -1,0 +1,87 @@
+#include "ui/button_icons.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+
+namespace kelvane {
+
+namespace {
+
+/// The lines are given on a square of this side.
+constexpr double side = 16;
+constexpr double thickness = 2;
+
+struct IconLine {
+    ButtonIcon icon;
+    QPolygonF points;
+};
+
+const QList<IconLine>& iconLines() {
+    using enum ButtonIcon;
+    static const QList<IconLine> lines{
+        {accept, {{3, 8.5}, {6.5, 12}, {13, 4.5}}},
+        {cancel, {{4, 4}, {12, 12}}},
+        {cancel, {{12, 4}, {4, 12}}},
+        {add, {{8, 3}, {8, 13}}},
+        {add, {{3, 8}, {13, 8}}},
+        {remove, {{3, 8}, {13, 8}}},
+        // A diskette with shutter and label.
+        {save, {{3, 3}, {11, 3}, {13, 5}, {13, 13}, {3, 13}, {3, 3}}},
+        {save, {{5.5, 3}, {5.5, 6}, {10, 6}, {10, 3}}},
+        {save, {{5, 13}, {5, 9}, {11, 9}, {11, 13}}},
+        // A printer between two sheets.
+        {print, {{4.5, 6}, {4.5, 2.5}, {11.5, 2.5}, {11.5, 6}}},
+        {print, {{4.5, 11}, {2.5, 11}, {2.5, 6}, {13.5, 6}, {13.5, 11}, {11.5, 11}}},
+        {print, {{4.5, 9}, {11.5, 9}, {11.5, 13.5}, {4.5, 13.5}, {4.5, 9}}},
+        // An arrow into a tray.
+        {download, {{8, 2.5}, {8, 9.5}}},
+        {download, {{5, 6.5}, {8, 9.5}, {11, 6.5}}},
+        {download, {{3, 10}, {3, 13}, {13, 13}, {13, 10}}},
+    };
+    return lines;
+}
+
+/// Draws anew each time: the colours may have changed.
+class LineEngine final : public QIconEngine {
+  public:
+    explicit LineEngine(ButtonIcon icon) : icon_(icon) {}
+
+    QIconEngine* clone() const override { return new LineEngine(icon_); }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const auto color = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(color, thickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / side, rect.height() / side);
+        for (const auto& line : iconLines()) {
+            if (line.icon == icon_)
+                painter->drawPolyline(line.points);
+        }
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap made(size);
+        made.fill(Qt::transparent);
+        QPainter painter(&made);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return made;
+    }
+
+  private:
+    ButtonIcon icon_;
+};
+
+} // namespace
+
+QIcon buttonIcon(ButtonIcon icon) {
+    return QIcon(new LineEngine(icon));
+}
+
+} // namespace kelvane
