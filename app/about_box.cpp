@@ -44,7 +44,6 @@ QString journalOf(const Session& session) {
 QLineEdit* fieldOf(const AboutLine& line) {
     auto* field = nameControl(new QLineEdit(line.value), line.name, text(line.caption));
     field->setReadOnly(true);
-    field->setToolTip(line.value.toHtmlEscaped());
     field->setCursorPosition(0);
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * charactersInField);
     return field;

@@ -11,6 +11,7 @@
 #include "editors/form_work_config.h"
 #include "editors/predefined_tasks/form_predefined_tasks.h"
 #include "editors/strategies/form_strategies.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -183,6 +184,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QApplication application(argc, argv);
+    kelvane::setLooks(kelvane::Colors::desktop);
     std::puts("editors: against a bare window with the same lists, or with all the same controls (aim 1.5 or "
               "less)");
     kelvane::bench::run(argc > 1 ? std::atoi(argv[1]) : 40,

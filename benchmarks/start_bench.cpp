@@ -5,6 +5,7 @@
 #include "app/workstation_program.h"
 #include "platform/database/odbc_connection.h"
 #include "resources/strings.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QDir>
@@ -50,6 +51,7 @@ void runWorkstation() {
     using namespace kelvane;
     const SystemClock clock;
     IniSettingsStore settings(u"settings.ini"_s);
+    setLooks(chosenColors(settings));
     CalibratorHardware hardware(settings);
     WorkstationProgram program(clock, settings, odbcConnections(), hardware.links(),
                                {.dataSources = odbcDataSources, .commandLine = {}, .endProcess = [] {}});

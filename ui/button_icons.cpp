@@ -1,6 +1,6 @@
 #include "ui/button_icons.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QIcon>
 #include <QIconEngine>
 #include <QPainter>
@@ -53,7 +53,7 @@ class LineEngine final : public QIconEngine {
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto color = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        const auto color = QApplication::palette("QPushButton").color(group, QPalette::ButtonText);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(QPen(color, thickness, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

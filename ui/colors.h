@@ -10,6 +10,9 @@ namespace kelvane {
 /// Whose colours the program has: those of the desktop, or its own.
 enum class Colors { desktop, light, dark };
 
+/// The least contrast of letters to what lies under them.
+constexpr double leastLetterContrast = 4.5;
+
 /// What a setting names; anything unknown, and nothing, counts as the desktop's.
 Colors colorsNamed(QStringView name);
 

@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -22,9 +23,8 @@ namespace kelvane {
 
 namespace {
 
-/// What one has to see to find a control, and where the focus is, at the least; and to read.
+/// What one has to see to find a control, and where the focus is, at the least.
 constexpr double leastContrast = 3;
-constexpr double readable = 4.5;
 
 constexpr int focusWidth = 2;
 
@@ -98,12 +98,13 @@ QColor alternateGround(const QPalette& palette) {
     const auto ground = palette.color(QPalette::Base);
     const auto letters = palette.color(QPalette::Text);
     const auto alternate = palette.color(QPalette::AlternateBase);
-    const bool isUsable = alternate != ground && contrast(letters, alternate) >= readable;
+    const bool isUsable = alternate != ground && contrast(letters, alternate) >= leastLetterContrast;
     return isUsable ? alternate : mixed(ground, letters, 0.06);
 }
 
 bool isList(const QWidget* widget) {
-    return qobject_cast<const QAbstractItemView*>(widget) && !widget->inherits("QComboBoxListView");
+    return qobject_cast<const QAbstractItemView*>(widget) && !qobject_cast<const QHeaderView*>(widget) &&
+           !widget->inherits("QComboBoxListView");
 }
 
 /// A box for text that can't be changed has the ground of the window, as long as it is so.
@@ -123,9 +124,20 @@ bool isBox(const QWidget* widget) {
     return isList(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
 
+/// The width that a field has for its text.
+int widthForText(const QLineEdit& field) {
+    QStyleOptionFrame option;
+    option.initFrom(&field);
+    option.rect = field.contentsRect();
+    option.lineWidth = field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &field);
+    constexpr int besideText = 2;
+    return field.style()->subElementRect(QStyle::SE_LineEditContents, &option, &field).width() -
+           2 * besideText;
+}
+
 bool isCutOff(const QLineEdit& field) {
     return field.echoMode() == QLineEdit::Normal &&
-           field.fontMetrics().horizontalAdvance(field.text()) > field.contentsRect().width();
+           field.fontMetrics().horizontalAdvance(field.text()) > widthForText(field);
 }
 
 } // namespace
@@ -159,10 +171,10 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 }
 
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-    const int measure = QProxyStyle::pixelMetric(metric, option, widget);
-    // No higher than the letters beside them.
+    // As high as the letters beside them.
     if (metric == PM_ButtonIconSize && qobject_cast<const QPushButton*>(widget))
-        return qMin(measure, widget->fontMetrics().ascent());
+        return widget->fontMetrics().ascent();
+    const int measure = QProxyStyle::pixelMetric(metric, option, widget);
     // What lies inside must leave the outline of the focus free.
     return metric == PM_DefaultFrameWidth && isBox(widget) ? qMax(measure, focusWidth) : measure;
 }

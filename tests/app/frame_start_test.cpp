@@ -1,8 +1,11 @@
 #include "app/frame_start.h"
 
 #include "platform/version.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/program_fixture.h"
 #include "testkit/screen_controls.h"
+#include "tests/app/letters_of_size.h"
 #include "ui/colors.h"
 #include "ui/status_line.h"
 
@@ -24,6 +27,28 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
+using enum MenuEntry;
+
+namespace {
+
+/// What a step shows: the caption of an entry, with its keys.
+QString stepOf(MenuEntry entry) {
+    const auto& row = menuTree()[static_cast<std::size_t>(entry)];
+    return text(row.caption) + u' ' + row.shortcut.toString();
+}
+
+/// The highest contrast of the pixels of a picture to what lies under them.
+double highestContrast(const QImage& picture, const QColor& ground) {
+    double highest = 1;
+    for (int x = 0; x < picture.width(); ++x) {
+        for (int y = 0; y < picture.height(); ++y)
+            highest = std::max(highest, contrast(picture.pixelColor(x, y), ground));
+    }
+    return highest;
+}
+
+} // namespace
+
 /// What stands behind the child windows, in each state of the program.
 class FrameStarts : public ProgramTest {
   protected:
@@ -43,6 +68,8 @@ class FrameStarts : public ProgramTest {
         return found;
     }
     QPushButton& step(int number) { return control<QPushButton>(frame(), u"CommandStep%1"_s.arg(number)); }
+    const QString loggedIn = text(TextId::frameLoggedIn).arg(u"jdoe"_s, u"Calibration Data"_s);
+    const QString lost = text(TextId::frameConnectionLost).arg(u"Calibration Data"_s);
     void lose() {
         session.SessionConnected = false;
         program.ui.showSessionState();
@@ -53,39 +80,54 @@ TEST_F(FrameStarts, BeforeLoginShowsMarkVersionAndTheFirstSteps) {
     start();
     EXPECT_TRUE(frame().isVisible());
     EXPECT_EQ(shown(u"LabelProgram"_s), u"Kelvane"_s);
-    EXPECT_EQ(shown(u"LabelVersion"_s), u"Version "_s + programVersion());
-    EXPECT_EQ(shown(u"LabelFrameUser"_s), u"Not logged in"_s);
+    EXPECT_EQ(shown(u"LabelVersion"_s), text(TextId::frameVersion).arg(programVersion()));
+    EXPECT_EQ(shown(u"LabelFrameUser"_s), text(TextId::frameLoggedOut));
     EXPECT_EQ(shown(u"LabelFrameWarning"_s), QString());
-    EXPECT_EQ(shown(u"LabelMenuKey"_s), u"F10 opens the menu"_s);
-    EXPECT_EQ(steps(), (QStringList{u"Connect to MET Database"_s, u"Database Connection Ctrl+D"_s}));
+    EXPECT_EQ(shown(u"LabelMenuKey"_s), text(TextId::frameKeys).arg(u"F10"_s));
+    EXPECT_EQ(steps(), (QStringList{text(TextId::loginTitle), stepOf(mnuODBC)}));
 }
 
 TEST_F(FrameStarts, ALoginAndALogOutChangeItAtOnce) {
     startLoggedIn(1);
-    EXPECT_EQ(shown(u"LabelFrameUser"_s), u"jdoe on Calibration Data"_s);
-    EXPECT_EQ(steps(),
-              (QStringList{u"Download Procedures To Calibrator F1"_s,
-                           u"Upload Test Results From Calibrator F2"_s, u"Calibrator Configuration Ctrl+O"_s,
-                           u"Database Connection Ctrl+D"_s, u"Log Out Ctrl+L"_s}));
+    EXPECT_EQ(shown(u"LabelFrameUser"_s), loggedIn);
+    EXPECT_EQ(steps(), (QStringList{stepOf(mnuDownload), stepOf(mnuUpload), stepOf(mnuConfiguration),
+                                    stepOf(mnuODBC), stepOf(mnuLogout)}));
     choose(u"mnuLogout"_s);
-    EXPECT_EQ(shown(u"LabelFrameUser"_s), u"Not logged in"_s);
-    EXPECT_EQ(steps(), (QStringList{u"Connect to MET Database"_s, u"Database Connection Ctrl+D"_s}));
+    EXPECT_EQ(shown(u"LabelFrameUser"_s), text(TextId::frameLoggedOut));
+    EXPECT_EQ(steps(), (QStringList{text(TextId::loginTitle), stepOf(mnuODBC)}));
 }
 
 TEST_F(FrameStarts, ALossShowsAndTheFirstStepConnectsAgain) {
     startLoggedIn(4);
     lose();
-    EXPECT_EQ(shown(u"LabelFrameWarning"_s), u"The connection to Calibration Data is lost."_s);
-    EXPECT_EQ(steps(),
-              (QStringList{u"Connect Again"_s, u"Database Connection Ctrl+D"_s, u"Log Out Ctrl+L"_s}));
+    EXPECT_EQ(shown(u"LabelFrameWarning"_s), lost);
+    EXPECT_EQ(steps(), (QStringList{text(TextId::connectAgain), stepOf(mnuODBC), stepOf(mnuLogout)}));
     click(step(1));
     auto& password = control<QLineEdit>(child(u"FormConnect"_s), u"TextPassword"_s);
-    EXPECT_EQ(steps().first(), u"Connect to MET Database"_s);
+    EXPECT_EQ(steps().first(), text(TextId::loginTitle));
     QTest::keyClicks(&password, u"secret"_s);
     QTest::keyClick(&password, Qt::Key_Return);
     EXPECT_TRUE(session.SessionConnected);
     EXPECT_EQ(shown(u"LabelFrameWarning"_s), QString());
-    EXPECT_EQ(steps().first(), u"Download Procedures To Calibrator F1"_s);
+    EXPECT_EQ(steps().first(), stepOf(mnuDownload));
+}
+
+TEST_F(FrameStarts, ALossThatAStatementFindsShowsAtOnce) {
+    startLoggedIn(4);
+    script.lost = true;
+    simulatedOperator.expectReport(10054, u"MDIFormMain,mnuCalParameters.Click"_s);
+    choose(u"mnuCalParameters"_s);
+    EXPECT_EQ(shown(u"LabelFrameWarning"_s), lost);
+    EXPECT_EQ(steps().first(), text(TextId::connectAgain));
+}
+
+TEST_F(FrameStarts, GivingTheLoginUpAfterALossOffersItAgain) {
+    startLoggedIn(4);
+    lose();
+    click(step(1));
+    EXPECT_EQ(steps().first(), text(TextId::loginTitle));
+    click(control<QPushButton>(child(u"FormConnect"_s), u"CommandCancel"_s));
+    EXPECT_EQ(steps().first(), text(TextId::connectAgain));
 }
 
 TEST_F(FrameStarts, AClickOnAStepCarriesItsCommandOut) {
@@ -124,6 +166,10 @@ TEST_F(FrameStarts, TabAndReturnTakeAStepAndALoginDoesNotFocusOne) {
         QTest::keyClick(focused(), Qt::Key_Tab);
         EXPECT_TRUE(child(u"FormCalConfig"_s).isAncestorOf(focused()));
     }
+    child(u"FormCalConfig"_s).close();
+    for (int pressed = 0; pressed < 10 && !step(1).hasFocus(); ++pressed)
+        QTest::keyClick(focused(), Qt::Key_Tab);
+    EXPECT_TRUE(step(1).hasFocus());
 }
 
 TEST_F(FrameStarts, WhileTheProgressWindowIsUpNoStepCanBeTaken) {
@@ -160,19 +206,21 @@ TEST_F(FrameStarts, FollowsThePaletteAndCanBeReadInIt) {
     const auto before = QApplication::palette();
     const auto undo = qScopeGuard([&] { QApplication::setPalette(before); });
     startLoggedIn(4);
-    for (const auto colors : {Colors::light, Colors::dark}) {
-        QApplication::setPalette(ownPalette(colors));
+    auto poorLinks = ownPalette(Colors::dark);
+    poorLinks.setColor(QPalette::Link, Qt::blue);
+    for (const auto& palette : {ownPalette(Colors::light), ownPalette(Colors::dark), poorLinks}) {
+        QApplication::setPalette(palette);
         QCoreApplication::processEvents();
-        const auto ground = ownPalette(colors).color(QPalette::Base);
+        const auto ground = palette.color(QPalette::Base);
         const auto whole = program.window.area().grab().toImage();
         EXPECT_EQ(whole.pixelColor(2, whole.height() - 3), ground);
-        const auto picture = step(1).grab().toImage();
-        double highest = 1;
-        for (int x = 0; x < picture.width(); ++x) {
-            for (int y = 0; y < picture.height(); ++y)
-                highest = std::max(highest, contrast(picture.pixelColor(x, y), ground));
+        for (const auto* part : frame().findChildren<QLabel*>()) {
+            if (part->isVisible()) {
+                EXPECT_GE(highestContrast(frame().grab(part->geometry()).toImage(), ground), 4.5)
+                    << part->objectName().toStdString();
+            }
         }
-        EXPECT_GE(highest, 4.5);
+        EXPECT_GE(highestContrast(step(1).grab().toImage(), ground), 4.5);
     }
 }
 
@@ -181,22 +229,42 @@ TEST_F(FrameStarts, AScreenReaderHearsEachStepAndItsKeys) {
     auto* spoken = QAccessible::queryAccessibleInterface(&step(1));
     ASSERT_TRUE(spoken);
     EXPECT_EQ(spoken->role(), QAccessible::Button);
-    EXPECT_EQ(spoken->text(QAccessible::Name), u"Download Procedures To Calibrator"_s);
+    EXPECT_EQ(spoken->text(QAccessible::Name), text(TextId::downloadProcedures));
     EXPECT_EQ(spoken->text(QAccessible::Description), u"F1"_s);
 }
 
-TEST_F(FrameStarts, FitsTheGivenWindowBesideTheLogin) {
-    start();
-    const auto login = child(u"FormConnect"_s).geometry();
-    auto* viewport = program.window.area().viewport();
-    for (const auto* part : frame().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (!part->isVisible())
-            continue;
-        EXPECT_FALSE(part->geometry().intersects(login)) << part->objectName().toStdString();
-        EXPECT_TRUE(viewport->rect().contains(part->geometry())) << part->objectName().toStdString();
-        EXPECT_GE(part->width(), part->sizeHint().width()) << part->objectName().toStdString();
+/// The letters of usual desktops, in points.
+class FrameStartsInLetters : public FrameStarts, public ::testing::WithParamInterface<int> {
+  protected:
+    /// Nothing of it is cut off, or outside the area, or under `login`.
+    void expectWhole(const QRect& login) {
+        const auto area = program.window.area().viewport()->rect();
+        for (const auto* part : frame().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!part->isVisible())
+                continue;
+            EXPECT_FALSE(part->geometry().intersects(login)) << part->objectName().toStdString();
+            EXPECT_TRUE(area.contains(part->geometry())) << part->objectName().toStdString();
+            EXPECT_GE(part->width(), part->sizeHint().width()) << part->objectName().toStdString();
+            EXPECT_GE(part->height(), part->sizeHint().height()) << part->objectName().toStdString();
+        }
     }
+
+    LettersOfSize letters{GetParam()};
+};
+
+TEST_P(FrameStartsInLetters, FitTheGivenWindowBesideTheLogin) {
+    start();
+    expectWhole(child(u"FormConnect"_s).geometry());
 }
+
+TEST_P(FrameStartsInLetters, FitTheGivenWindowWithAllSteps) {
+    startLoggedIn(4);
+    expectWhole({});
+    lose();
+    expectWhole({});
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, FrameStartsInLetters, ::testing::Values(9, 11, 14));
 
 /// Calls the control key as German keyboards do.
 class GermanKeys final : public QTranslator {
@@ -213,7 +281,7 @@ TEST_F(FrameStarts, KeysAreNamedAsTheMenuNamesThem) {
     QCoreApplication::installTranslator(&translator);
     const auto undo = qScopeGuard([&] { QCoreApplication::removeTranslator(&translator); });
     startLoggedIn(1);
-    EXPECT_EQ(steps().last(), u"Log Out Strg+L"_s);
+    EXPECT_EQ(steps().last(), text(TextId::logOutCommand) + u" Strg+L"_s);
     EXPECT_EQ(action(u"mnuLogout"_s)->shortcut().toString(QKeySequence::NativeText), u"Strg+L"_s);
 }
 

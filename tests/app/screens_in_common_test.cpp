@@ -2,6 +2,7 @@
 #include "resources/languages.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "tests/app/letters_of_size.h"
 #include "tests/app/screens.h"
 #include "ui/style.h"
 
@@ -102,20 +103,6 @@ void savePicture(const QPixmap& picture, const QString& name) {
     const auto language = shownLanguage() == ownLanguage ? QString() : u'-' + shownLanguage();
     ASSERT_TRUE(picture.save(folder.filePath(name + language + scale + u".png"_s)));
 }
-
-/// Letters of that size for a while. A window is made with the letters of its desktop.
-class LettersOfSize {
-  public:
-    explicit LettersOfSize(int points) : before_(QApplication::font()) {
-        QApplication::setFont(QFont(before_.family(), points));
-        // Windows that are there already take them with their next events.
-        QCoreApplication::processEvents();
-    }
-    ~LettersOfSize() { QApplication::setFont(before_); }
-
-  private:
-    QFont before_;
-};
 
 } // namespace
 

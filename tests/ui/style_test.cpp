@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QImage>
 #include <QLineEdit>
@@ -205,6 +206,7 @@ TEST_P(Styles, DisabledAndReadOnlyFieldsDifferFromThoseThatCanBeChanged) {
 
 TEST_P(Styles, RowsOfListsAlternate) {
     EXPECT_TRUE(tree.alternatingRowColors());
+    EXPECT_FALSE(tree.header()->alternatingRowColors());
     EXPECT_FALSE(combo.view()->alternatingRowColors());
     for (const auto colors : {Colors::light, Colors::dark}) {
         window.setPalette(ownPalette(colors));
@@ -238,6 +240,12 @@ TEST_P(Styles, ATextThatDoesNotFitIntoItsFieldIsTheToolTip) {
     const auto longText = u"a <b>long</b> text "_s.repeated(10).trimmed();
     field.setText(longText);
     EXPECT_EQ(tipOver(field), longText + u"\nLower limit"_s);
+    // One that only just does not fit: frame and margin take some of the width.
+    QString nearlyFits;
+    while (field.fontMetrics().horizontalAdvance(nearlyFits + u'i') <= field.width())
+        nearlyFits += u'i';
+    field.setText(nearlyFits);
+    EXPECT_EQ(tipOver(field), nearlyFits + u"\nLower limit"_s);
     field.setEchoMode(QLineEdit::Password);
     EXPECT_EQ(tipOver(field), u"Lower limit"_s) << "no password is shown";
 }
@@ -250,6 +258,14 @@ TEST_P(Styles, APasswordIsShownAsStars) {
 
 INSTANTIATE_TEST_SUITE_P(Bases, Styles, ::testing::Values(u"Fusion"_s, u"Windows"_s),
                          [](const auto& tested) { return tested.param.toStdString(); });
+
+TEST(ButtonPictures, AreAsHighAsTheLettersBesideThem) {
+    QPushButton button(u"Save"_s);
+    for (const int size : {9, 14, 28}) {
+        button.setFont(QFont(button.font().family(), size));
+        EXPECT_EQ(button.iconSize().height(), button.fontMetrics().ascent()) << size;
+    }
+}
 
 namespace {
 
