@@ -208,6 +208,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         drawOutline(*option, *painter);
     else if (element == PE_IndicatorRadioButton)
         drawOutline(*option, *painter, Shape::circle);
+    else if (element == PE_FrameWindow)
+        draw(*painter, option->rect, outlineColor(*option), 1, Shape::box);
 }
 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -8,10 +8,10 @@ namespace kelvane {
 
 class SettingsStore;
 
-/// The program's own style, over that of the desktop, whose shapes and measures stay: fields, lists, buttons
-/// and indicators have an outline that can be seen on every ground, the one with the focus a thicker one in
-/// the colour of the selection; a field that can only be read has the ground of the window; rows of lists
-/// alternate; the tool tip of a field has the whole text where that is cut off.
+/// The program's own style, over that of the desktop, whose shapes and measures stay: fields, lists, buttons,
+/// indicators and child windows have an outline that can be seen on every ground, the one with the focus a
+/// thicker one in the colour of the selection; a field that can only be read has the ground of the window;
+/// rows of lists alternate; the tool tip of a field has the whole text where that is cut off.
 class Style final : public QProxyStyle {
     Q_OBJECT
   public:

@@ -238,6 +238,7 @@ class FrameStartsInLetters : public FrameStarts, public ::testing::WithParamInte
   protected:
     /// Nothing of it is cut off, or outside the area, or under `login`.
     void expectWhole(const QRect& login) {
+        QCoreApplication::processEvents();
         const auto area = program.window.area().viewport()->rect();
         for (const auto* part : frame().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (!part->isVisible())

@@ -12,6 +12,8 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopeGuard>
@@ -130,6 +132,24 @@ TEST_P(Styles, FieldsListsAndButtonsHaveAnOutlineOnEveryGround) {
     }
 }
 
+TEST_P(Styles, ChildWindowsHaveAnOutlineOnTheGroundBehindThem) {
+    for (const auto& palette : palettes()) {
+        QMdiArea area;
+        area.setPalette(palette);
+        auto* child = area.addSubWindow(new QWidget);
+        area.resize(400, 300);
+        child->resize(200, 150);
+        area.show();
+        const auto picture = child->grab().toImage();
+        const auto ground = palette.color(QPalette::Base);
+        const int right = child->width() - 1;
+        const int bottom = child->height() - 1;
+        EXPECT_GE(highestContrast(picture, {0, bottom - 20}, {1, 0}, 2, ground), 2.9);
+        EXPECT_GE(highestContrast(picture, {right, bottom - 20}, {-1, 0}, 2, ground), 2.9);
+        EXPECT_GE(highestContrast(picture, {right / 2, bottom}, {0, -1}, 2, ground), 2.9);
+    }
+}
+
 TEST_P(Styles, TheFocusShowsAroundEachControl) {
     for (const auto& palette : palettes()) {
         window.setPalette(palette);
@@ -242,6 +262,8 @@ TEST_P(Styles, ATextThatDoesNotFitIntoItsFieldIsTheToolTip) {
     EXPECT_EQ(tipOver(field), longText + u"\nLower limit"_s);
     // One that only just does not fit: frame and margin take some of the width.
     QString nearlyFits;
+    while (field.fontMetrics().horizontalAdvance(nearlyFits) < field.width() - 20)
+        nearlyFits += u"i "_s;
     while (field.fontMetrics().horizontalAdvance(nearlyFits + u'i') <= field.width())
         nearlyFits += u'i';
     field.setText(nearlyFits);
