@@ -25,6 +25,8 @@ constexpr int longestWait = 60;
 constexpr int maxDoublings = 6;
 /// So often the window is painted while a refused login waits.
 constexpr int looksPerSecond = 50;
+/// At least so much of a name can be read, however long the captions beside it are.
+constexpr int charactersInField = 12;
 
 } // namespace
 
@@ -42,6 +44,8 @@ FormConnect::FormConnect(Session& session, Menu& menu, std::function<void()> exi
                         ? button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)
                         : button(u"CommandCancel"_s, TextId::cancel, TextId::stayUnconnectedTip)) {
     setWindowTitle(text(TextId::loginTitle));
+    for (auto* field : {TextUsername, TextPassword})
+        field->setMinimumWidth(field->fontMetrics().averageCharWidth() * charactersInField);
     TextPassword->setEchoMode(QLineEdit::Password);
     if (purpose == Purpose::logIn) {
         runGuarded(session.ui, [&] {

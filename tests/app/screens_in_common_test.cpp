@@ -1,9 +1,11 @@
 // What all screens share.
+#include "app/first_start.h"
 #include "resources/languages.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 #include "tests/app/letters_of_size.h"
 #include "tests/app/screens.h"
+#include "ui/status_line.h"
 #include "ui/style.h"
 
 #include <QAbstractButton>
@@ -45,6 +47,13 @@ QPoint placeIn(const ChildWindow& screen, const QWidget* control) {
     return control->mapTo(screen.widget(), QPoint(0, 0));
 }
 
+/// True for a text that can be typed into a field but is not seen whole there.
+bool isTooNarrow(const QLineEdit& field) {
+    constexpr int frameAndMargins = 8;
+    return !field.isReadOnly() &&
+           field.fontMetrics().horizontalAdvance(field.displayText()) + frameAndMargins > field.width();
+}
+
 /// What a text needs at least, against what it has.
 bool isCutOff(const QWidget* control) {
     if (const auto* text = qobject_cast<const QLabel*>(control)) {
@@ -59,6 +68,8 @@ bool isCutOff(const QWidget* control) {
                                                         : control->sizeHint().height();
         return control->sizeHint().width() > control->width() || height > control->height();
     }
+    if (const auto* field = qobject_cast<const QLineEdit*>(control); field && isTooNarrow(*field))
+        return true;
     if (qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control))
         return control->minimumSizeHint().width() > control->width() ||
                control->sizeHint().height() > control->height();
@@ -244,7 +255,48 @@ TEST_P(Screens, FitsTheMainWindowWithLargeLetters) {
 INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(allScreens()),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
-class PicturesOfTheRest : public ProgramTest {};
+class PicturesOfTheRest : public ProgramTest {
+  protected:
+    /// Nothing in the window is cut off, in light and dark colours.
+    static void expectRoomAndPictures(QWidget& window, const QString& name) {
+        for (const auto colors : {Colors::light, Colors::dark}) {
+            const StyledScreen styled(ownPalette(colors));
+            QCoreApplication::processEvents();
+            for (const auto* control : window.findChildren<QWidget*>()) {
+                if (control->isVisible() && !control->objectName().isEmpty()) {
+                    EXPECT_FALSE(isCutOff(control)) << placeOf(control);
+                }
+            }
+            savePicture(window.grab(), colors == Colors::dark ? name + u"-dark"_s : name);
+        }
+    }
+};
+
+TEST_F(PicturesOfTheRest, TheFrameWithoutWindows) {
+    startLoggedIn(4);
+    expectRoomAndPictures(program.window, u"frame"_s);
+    session.SessionConnected = false;
+    program.ui.showSessionState();
+    expectRoomAndPictures(program.window, u"frame-lost"_s);
+}
+
+TEST_F(PicturesOfTheRest, AboutBox) {
+    start();
+    bool looked = false;
+    simulatedOperator.expectWindow(text(TextId::aboutTitle), [&](QWidget& box) {
+        expectRoomAndPictures(box, u"about"_s);
+        looked = true;
+        box.close();
+    });
+    click(program.window.statusLine().aboutButton());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return looked; }));
+}
+
+TEST_F(PicturesOfTheRest, FirstStart) {
+    FirstStart dialog(u"kelvane-admin"_s, u"guide.md"_s, [](const QString&) { return true; });
+    dialog.show();
+    expectRoomAndPictures(dialog, u"first-start"_s);
+}
 
 TEST_F(PicturesOfTheRest, MenuAndBoxes) {
     startLoggedIn(4);
