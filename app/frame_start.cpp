@@ -2,7 +2,6 @@
 
 #include "platform/version.h"
 #include "resources/text_id.h"
-#include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/program_icon.h"
 #include "ui/whole_text.h"
@@ -52,24 +51,15 @@ class StepButton final : public QPushButton {
     void paintEvent(QPaintEvent*) override;
 
   private:
-    QColor captionColor() const;
-
     static constexpr int besideCaption = 4;
 };
-
-/// Desktops may have links that can't be read on the ground of their lists.
-QColor StepButton::captionColor() const {
-    return isEnabled() ? readableOn({palette().color(QPalette::Base)}, palette().color(QPalette::Link),
-                                    leastLetterContrast)
-                       : palette().color(QPalette::Text);
-}
 
 void StepButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     auto letters = font();
     letters.setUnderline(underMouse() || hasFocus());
     painter.setFont(letters);
-    painter.setPen(captionColor());
+    painter.setPen(palette().color(isEnabled() ? QPalette::Link : QPalette::Text));
     painter.drawText(rect().adjusted(besideCaption, 0, -besideCaption, 0),
                      static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextShowMnemonic, text());
     if (!hasFocus())

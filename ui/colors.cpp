@@ -1,6 +1,7 @@
 #include "ui/colors.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kelvane {
@@ -39,6 +40,44 @@ constexpr ColorRow colorRows[] = {
     {QPalette::ToolTipText, 0xff1b1d20, 0xff1b1d20, 0xfff0f0f0, 0xfff0f0f0},
 };
 
+/// Letters, and what they may lie on.
+struct LetterRow {
+    QPalette::ColorRole letters;
+    std::array<QPalette::ColorRole, 3> grounds;
+};
+
+constexpr auto none = QPalette::NoRole;
+
+constexpr LetterRow letterRows[] = {
+    {QPalette::WindowText, {QPalette::Window, none, none}},
+    {QPalette::Text, {QPalette::Base, QPalette::AlternateBase, QPalette::Window}},
+    {QPalette::ButtonText, {QPalette::Button, none, none}},
+    {QPalette::Link, {QPalette::Base, QPalette::Window, none}},
+    {QPalette::LinkVisited, {QPalette::Base, QPalette::Window, none}},
+    {QPalette::ToolTipText, {QPalette::ToolTipBase, none, none}},
+    // Here the ground gives way: letters in another colour would no longer say "selected".
+    {QPalette::Highlight, {QPalette::HighlightedText, none, none}},
+};
+
+double lowestContrast(const QColor& color, const QList<QColor>& grounds) {
+    double lowest = 21;
+    for (const auto& ground : grounds)
+        lowest = std::min(lowest, contrast(color, ground));
+    return lowest;
+}
+
+/// Changes a colour of a palette unless it can be read on others of it.
+void setReadable(QPalette& palette, QPalette::ColorGroup group, const LetterRow& row, double least) {
+    QList<QColor> grounds;
+    for (const auto ground : row.grounds) {
+        if (ground != none)
+            grounds << palette.color(group, ground);
+    }
+    const auto letters = palette.color(group, row.letters);
+    if (lowestContrast(letters, grounds) < least)
+        palette.setColor(group, row.letters, readableOn(grounds, letters, least));
+}
+
 /// The relative luminance of the web content accessibility guidelines.
 double luminance(const QColor& color) {
     const auto part = [](float value) {
@@ -71,6 +110,19 @@ QPalette ownPalette(Colors colors) {
     return palette;
 }
 
+void makeReadable(QPalette& palette) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const double least = group == QPalette::Disabled ? leastContrast : leastLetterContrast;
+        const auto ground = palette.color(group, QPalette::Base);
+        const auto letters = readableOn({ground}, palette.color(group, QPalette::Text), least);
+        const auto alternate = palette.color(group, QPalette::AlternateBase);
+        if (alternate == ground || contrast(letters, alternate) < least)
+            palette.setColor(group, QPalette::AlternateBase, mixed(ground, letters, 0.06));
+        for (const auto& row : letterRows)
+            setReadable(palette, group, row, least);
+    }
+}
+
 double contrast(const QColor& left, const QColor& right) {
     const double first = luminance(left) + 0.05;
     const double second = luminance(right) + 0.05;
@@ -84,16 +136,12 @@ QColor mixed(const QColor& first, const QColor& second, double share) {
 }
 
 QColor readableOn(const QList<QColor>& grounds, const QColor& wanted, double least) {
-    const auto lowest = [&grounds](const QColor& color) {
-        double found = 21;
-        for (const auto& ground : grounds)
-            found = std::min(found, contrast(color, ground));
-        return found;
-    };
-    const auto end = QColor(lowest(Qt::black) >= lowest(Qt::white) ? Qt::black : Qt::white);
-    constexpr int steps = 10;
+    const bool isBlackBest = lowestContrast(Qt::black, grounds) >= lowestContrast(Qt::white, grounds);
+    const QColor end(isBlackBest ? Qt::black : Qt::white);
+    constexpr int steps = 20;
     for (int step = 0; step < steps; ++step) {
-        if (const auto color = mixed(wanted, end, static_cast<double>(step) / steps); lowest(color) >= least)
+        const auto color = mixed(wanted, end, static_cast<double>(step) / steps);
+        if (lowestContrast(color, grounds) >= least)
             return color;
     }
     return end;

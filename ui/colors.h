@@ -12,12 +12,18 @@ enum class Colors { desktop, light, dark };
 
 /// The least contrast of letters to what lies under them.
 constexpr double leastLetterContrast = 4.5;
+/// That of outlines, and of the letters on disabled controls.
+constexpr double leastContrast = 3;
 
 /// What a setting names; anything unknown, and nothing, counts as the desktop's.
 Colors colorsNamed(QStringView name);
 
 /// The program's own palette, light or dark.
 QPalette ownPalette(Colors colors);
+
+/// Changes the colours of a palette, as little as needed, so that letters can be read on their grounds, those
+/// that are selected, too, and every second row of a list can be told from its neighbours.
+void makeReadable(QPalette& palette);
 
 /// The contrast of two colours by their relative luminance: from 1, for the same, to 21, for black and white.
 double contrast(const QColor& left, const QColor& right);

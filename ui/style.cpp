@@ -23,9 +23,6 @@ namespace kelvane {
 
 namespace {
 
-/// What one has to see to find a control, and where the focus is, at the least.
-constexpr double leastContrast = 3;
-
 constexpr int focusWidth = 2;
 
 /// What an outline may lie on.
@@ -92,16 +89,6 @@ void drawInnerFocus(const QStyleOptionFocusRect& option, QPainter& painter) {
     draw(painter, option.rect, focusColor(grounds, option.palette), 1, Shape::box);
 }
 
-/// The ground of every second row. Desktops whose lists don't alternate may have one on which nothing can be
-/// read.
-QColor alternateGround(const QPalette& palette) {
-    const auto ground = palette.color(QPalette::Base);
-    const auto letters = palette.color(QPalette::Text);
-    const auto alternate = palette.color(QPalette::AlternateBase);
-    const bool isUsable = alternate != ground && contrast(letters, alternate) >= leastLetterContrast;
-    return isUsable ? alternate : mixed(ground, letters, 0.06);
-}
-
 bool isList(const QWidget* widget) {
     return qobject_cast<const QAbstractItemView*>(widget) && !qobject_cast<const QHeaderView*>(widget) &&
            !widget->inherits("QComboBoxListView");
@@ -144,6 +131,11 @@ bool isCutOff(const QLineEdit& field) {
 
 Style::Style(const QString& key) : QProxyStyle(key) {}
 
+void Style::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    makeReadable(palette);
+}
+
 void Style::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (isList(widget))
@@ -185,13 +177,6 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         const auto* focus = qstyleoption_cast<const QStyleOptionFocusRect*>(option);
         if (focus && !showsFocusInItsShape(widget))
             drawInnerFocus(*focus, *painter);
-        return;
-    }
-    if (const auto* row = qstyleoption_cast<const QStyleOptionViewItem*>(option);
-        element == PE_PanelItemViewRow && row && row->features.testFlag(QStyleOptionViewItem::Alternate)) {
-        QStyleOptionViewItem readableRow(*row);
-        readableRow.palette.setColor(QPalette::AlternateBase, alternateGround(row->palette));
-        QProxyStyle::drawPrimitive(element, &readableRow, painter, widget);
         return;
     }
     if (const auto* field = qstyleoption_cast<const QStyleOptionFrame*>(option);

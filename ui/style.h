@@ -11,7 +11,8 @@ class SettingsStore;
 /// The program's own style, over that of the desktop, whose shapes and measures stay: fields, lists, buttons,
 /// indicators and child windows have an outline that can be seen on every ground, the one with the focus a
 /// thicker one in the colour of the selection; a field that can only be read has the ground of the window;
-/// rows of lists alternate; the tool tip of a field has the whole text where that is cut off.
+/// rows of lists alternate; letters of desktop colours can be read; the tool tip of a field has the whole
+/// text where that is cut off.
 class Style final : public QProxyStyle {
     Q_OBJECT
   public:
@@ -21,6 +22,7 @@ class Style final : public QProxyStyle {
 
     using QProxyStyle::polish;
     using QProxyStyle::unpolish;
+    void polish(QPalette& palette) override;
     void polish(QWidget* widget) override;
     void unpolish(QWidget* widget) override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

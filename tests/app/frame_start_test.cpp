@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTest>
 #include <QTranslator>
 
@@ -208,6 +209,7 @@ TEST_F(FrameStarts, FollowsThePaletteAndCanBeReadInIt) {
     startLoggedIn(4);
     auto poorLinks = ownPalette(Colors::dark);
     poorLinks.setColor(QPalette::Link, Qt::blue);
+    QApplication::style()->polish(poorLinks);
     for (const auto& palette : {ownPalette(Colors::light), ownPalette(Colors::dark), poorLinks}) {
         QApplication::setPalette(palette);
         QCoreApplication::processEvents();

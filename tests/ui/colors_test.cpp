@@ -2,6 +2,8 @@
 
 #include "testkit/fixtures.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -63,6 +65,62 @@ TEST(OwnPalettes, DisabledLettersCanBeReadAndAreTold) {
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Base})
             EXPECT_NE(palette.color(QPalette::Disabled, role), palette.color(QPalette::Active, role));
     }
+}
+
+namespace {
+
+/// What desktops have: plain, grey in grey, dark with links that can't be read, and all in one colour.
+QList<QPalette> desktopPalettes() {
+    QPalette plain(QColor(239, 239, 239));
+    plain.setColor(QPalette::Highlight, QColor(48, 140, 198));
+    plain.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        plain.setColor(QPalette::Disabled, role, QColor(190, 190, 190));
+    QPalette greyInGrey(QColor(227, 227, 227));
+    greyInGrey.setColor(QPalette::Base, QColor(196, 196, 196));
+    greyInGrey.setColor(QPalette::AlternateBase, QColor(92, 91, 90));
+    greyInGrey.setColor(QPalette::Text, QColor(92, 91, 90));
+    QPalette dark(QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::AlternateBase, QColor(30, 30, 32));
+    dark.setColor(QPalette::Link, Qt::blue);
+    const QPalette oneColor(Qt::red, Qt::red, Qt::red, Qt::red, Qt::red, Qt::red, Qt::red, Qt::red, Qt::red);
+    return {plain, greyInGrey, dark, oneColor};
+}
+
+} // namespace
+
+TEST(ReadablePalettes, HaveLettersThatCanBeReadOnTheirGround) {
+    constexpr QPalette::ColorRole notChanged[] = {QPalette::PlaceholderText, QPalette::BrightText};
+    for (int number = 0; auto palette : desktopPalettes()) {
+        makeReadable(palette);
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const double least = group == QPalette::Disabled ? readableWhileDisabled : readable;
+            for (const auto& pair : pairs) {
+                if (std::ranges::find(notChanged, pair.letters) == std::end(notChanged)) {
+                    EXPECT_GE(contrastOf(palette, group, pair), least)
+                        << number << ' ' << group << ' ' << pair.letters << " on " << pair.ground;
+                }
+            }
+            EXPECT_NE(palette.color(group, QPalette::AlternateBase), palette.color(group, QPalette::Base));
+        }
+        ++number;
+    }
+}
+
+TEST(ReadablePalettes, KeepTheColorsThatCanBeRead) {
+    for (const auto colors : {Colors::light, Colors::dark}) {
+        auto palette = ownPalette(colors);
+        makeReadable(palette);
+        EXPECT_EQ(palette, ownPalette(colors));
+    }
+    auto plain = desktopPalettes().first();
+    makeReadable(plain);
+    EXPECT_EQ(plain.color(QPalette::Window), QColor(239, 239, 239));
+    EXPECT_EQ(plain.color(QPalette::Text), QColor(Qt::black));
+    // A little darker, and still that blue.
+    EXPECT_NEAR(plain.color(QPalette::Highlight).hue(), QColor(48, 140, 198).hue(), 3);
+    EXPECT_GT(plain.color(QPalette::Highlight).blue(), 150);
 }
 
 TEST(OwnPalettes, EveryRoleIsGivenAndTheyAreLightAndDark) {

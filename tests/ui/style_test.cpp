@@ -244,6 +244,7 @@ TEST_P(Styles, RowsCanBeReadWhateverTheDesktopTakesForThem) {
     auto palette = grey(QColor(239, 239, 239), Qt::black);
     for (const auto& alternate : {QColor(92, 91, 90), QColor(Qt::white)}) {
         palette.setColor(QPalette::AlternateBase, alternate);
+        QApplication::style()->polish(palette);
         window.setPalette(palette);
         focus(other);
         const auto place = list.visualItemRect(list.item(1));
@@ -318,6 +319,12 @@ TEST(Looks, OwnColorsAreThoseOfTheApplicationAndOfItsToolTips) {
         QToolTip::setPalette(tipsBefore);
     });
     setLooks(Colors::desktop);
+    for (const auto group : {QPalette::Active, QPalette::Disabled}) {
+        const auto& palette = QApplication::palette();
+        EXPECT_GE(contrast(palette.color(group, QPalette::Text), palette.color(group, QPalette::Window)), 3);
+        EXPECT_GE(contrast(palette.color(QPalette::Highlight), palette.color(QPalette::HighlightedText)),
+                  4.5);
+    }
     EXPECT_EQ(QApplication::palette().color(QPalette::Window), before.color(QPalette::Window));
     for (const auto colors : {Colors::light, Colors::dark}) {
         setLooks(colors);
