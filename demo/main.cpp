@@ -64,7 +64,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(writeMessage);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
-    setLooks(Colors::desktop);
+    // The pages show its pictures: they look the same wherever they are taken.
+    setLooks(Colors::light);
 
     const auto folder = QDir::currentPath();
     bool ended = false;

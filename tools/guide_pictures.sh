@@ -1,23 +1,29 @@
 #!/usr/bin/env bash
-# Takes the pictures of the technician's guide out of those of the demonstration:
-#   ./run demo && tools/guide_pictures.sh build/demo/pictures
+# Takes the pictures of the pages out of those of the demonstration, and out of those that the tests of the screens leave:
+#   ./run demo && ./test -R Picture
+#   tools/guide_pictures.sh build/demo/pictures build/sanitized/pictures
 # A demonstration that has changed numbers its pictures anew: then the table below has to follow.
 set -euo pipefail
 
-if [ $# -ne 1 ] || [ ! -d "$1" ]; then
-    echo "usage: tools/guide_pictures.sh FOLDER   (that of the demonstration's pictures)" >&2
+if [ $# -ne 2 ] || [ ! -d "$1" ] || [ ! -d "$2" ]; then
+    echo "usage: tools/guide_pictures.sh DEMONSTRATION TESTS   (the folders of their pictures)" >&2
     exit 2
 fi
-from=$(readlink -f "$1")
+demonstration=$(readlink -f "$1")
+tests=$(readlink -f "$2")
 cd "$(dirname "$(readlink -f "$0")")/.."
 
-while read -r number window name; do
-    picture=$from/$number-$window.png
-    if [ ! -e "$picture" ]; then
-        echo "$picture is not there: look which picture shows $name, and change the table of $0" >&2
+# take PICTURE NAME: PICTURE becomes that of docs/pictures.
+take() {
+    if [ ! -e "$1" ]; then
+        echo "$1 is not there: look which picture shows $2, and change the table of $0" >&2
         exit 1
     fi
-    cp "$picture" "docs/pictures/guide_$name.png"
+    cp "$1" "docs/pictures/$2.png"
+}
+
+while read -r number window name; do
+    take "$demonstration/$number-$window.png" "guide_$name"
 done <<TABLE
 273 FormConnect login
 019 FormCalConfig configuration
@@ -34,4 +40,13 @@ done <<TABLE
 130 box output_by_hand
 252 FormWorksheetPrint worksheet_list
 269 FormWorkEntry worksheet_entry
+TABLE
+
+while read -r window name; do
+    take "$tests/$window.png" "$name"
+done <<TABLE
+FormCalParam_input form_cal_param_input
+FormCommunicationLog guide_communication_log
+FormUnfinishedResults FormUnfinishedResults
+frame guide_frame
 TABLE
