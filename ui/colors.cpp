@@ -59,6 +59,9 @@ constexpr LetterRow letterRows[] = {
     {QPalette::Highlight, {QPalette::HighlightedText, none, none}},
 };
 
+/// Rows differ by a shade; a strong one would look like a selection.
+constexpr double mostRowContrast = 1.5;
+
 double lowestContrast(const QColor& color, const QList<QColor>& grounds) {
     double lowest = 21;
     for (const auto& ground : grounds)
@@ -116,7 +119,8 @@ void makeReadable(QPalette& palette) {
         const auto ground = palette.color(group, QPalette::Base);
         const auto letters = readableOn({ground}, palette.color(group, QPalette::Text), least);
         const auto alternate = palette.color(group, QPalette::AlternateBase);
-        if (alternate == ground || contrast(letters, alternate) < least)
+        if (alternate == ground || contrast(ground, alternate) > mostRowContrast ||
+            contrast(letters, alternate) < least)
             palette.setColor(group, QPalette::AlternateBase, mixed(ground, letters, 0.06));
         for (const auto& row : letterRows)
             setReadable(palette, group, row, least);
