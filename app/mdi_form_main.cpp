@@ -92,6 +92,8 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
     area_->setObjectName(u"Area"_s);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // Behind a window that closes comes the one that was used before it.
+    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(area_);
     buildMenu();
     menu_.changed = [this] { applyMenu(); };

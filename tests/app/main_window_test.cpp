@@ -244,6 +244,18 @@ TEST_F(MainWindow, ShortcutsWorkFromInsideATextField) {
                                             u"mnuODBC"_s, u"mnuConfiguration"_s, u"mnuPredefined"_s}));
 }
 
+TEST_F(MainWindow, BehindAWindowThatClosesComesTheOneUsedBeforeIt) {
+    startLoggedIn(4);
+    choose(u"mnuPrompts"_s);
+    choose(u"mnuODBC"_s);
+    choose(u"mnuConfiguration"_s);
+    choose(u"mnuPrompts"_s);
+    auto& closing = child(u"FormTestMess"_s);
+    ASSERT_EQ(program.window.area().activeSubWindow(), &closing);
+    closing.close();
+    EXPECT_EQ(program.window.area().activeSubWindow(), &child(u"FormCalConfig"_s));
+}
+
 TEST_F(MainWindow, LogOutRefusesWhileAnyWindowIsOpen) {
     startLoggedIn(4);
     for (const auto& name : childWindows) {

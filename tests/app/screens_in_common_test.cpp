@@ -257,6 +257,8 @@ INSTANTIATE_TEST_SUITE_P(All, Screens, ::testing::ValuesIn(allScreens()),
 
 class PicturesOfTheRest : public ProgramTest {
   protected:
+    PicturesOfTheRest() : ProgramTest(true) {}
+
     /// Nothing in the window is cut off, in light and dark colours.
     static void expectRoomAndPictures(QWidget& window, const QString& name) {
         for (const auto colors : {Colors::light, Colors::dark}) {
@@ -273,7 +275,7 @@ class PicturesOfTheRest : public ProgramTest {
 };
 
 TEST_F(PicturesOfTheRest, TheFrameWithoutWindows) {
-    startLoggedIn(4);
+    startLoggedIn(1);
     expectRoomAndPictures(program.window, u"frame"_s);
     session.SessionConnected = false;
     program.ui.showSessionState();
