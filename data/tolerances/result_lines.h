@@ -10,4 +10,8 @@ QString ResultLine(Session& session, QString& number, QString& nominal, QString&
                    QString& tolerance, QString& deviation, QString& percent, QString& units, QString& comment,
                    QString& lowLimit, QString& highLimit, QString& verdict);
 
+/// The last substitution of the template that fits the prepared value of a field, by the field's code; null
+/// when none does.
+const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value);
+
 } // namespace kelvane::ModuleGlobals

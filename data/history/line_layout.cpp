@@ -1,0 +1,210 @@
+#include "data/history/line_layout.h"
+
+#include "data/tolerances/result_lines.h"
+#include "platform/values/texts.h"
+
+#include <QList>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// What a field may have been before it was written.
+struct Candidate {
+    /// Prepared: with the blanks in front.
+    QString value;
+    /// By how many characters its substitution has moved the rest of the line.
+    qsizetype shift = 0;
+};
+
+QString withoutBlanksAtEnd(QString text) {
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+QString withoutBlanksInFront(const QString& text) {
+    qsizetype at = 0;
+    while (at < text.size() && text[at] == u' ')
+        ++at;
+    return text.mid(at);
+}
+
+/// The characters of a text from one place up to another one.
+QString charactersOf(const QString& text, qsizetype from, qsizetype to) {
+    const auto begin = unitsOfCharacters(text, from);
+    return text.mid(begin, unitsOfCharacters(text, to) - begin);
+}
+
+/// The digits, sign and point that a value begins with.
+QString numberInFront(const QString& value) {
+    const auto text = withoutBlanksInFront(value);
+    const auto* end = std::ranges::find_if_not(
+        text, [](QChar unit) { return (unit >= u'0' && unit <= u'9') || unit == u'.' || unit == u'-'; });
+    return text.left(end - text.cbegin());
+}
+
+/// True when the replaced text could also have stood before the end of the value, whose own end is lost then.
+bool mayHaveLostItsEnd(const QString& kept, const QString& replaced) {
+    if (kept.contains(replaced))
+        return true;
+    for (qsizetype length = 1; length < replaced.size(); ++length) {
+        if (kept.endsWith(replaced.left(length)))
+            return true;
+    }
+    return false;
+}
+
+/// Texts that the program writes into a field and no others.
+bool isKnownText(QStringView code, const QString& value) {
+    const auto isOneOf = [&](std::initializer_list<QStringView> texts) {
+        return std::ranges::find(texts, QStringView(value)) != texts.end();
+    };
+    if (code == u"TR")
+        return isOneOf({u"PASS", u"FAIL"});
+    return code == u"CO" && isOneOf({u"", u"MARGINAL", u"NOTIFY USER"});
+}
+
+class LineReader {
+  public:
+    LineReader(const Session& session, const QString& stored) : session_(session), line_(stored) {
+        for (std::size_t field = 0; field < resultFields.size(); ++field) {
+            if (columnOf(field) >= 0)
+                order_ << field;
+        }
+        std::ranges::sort(order_, {}, [this](std::size_t field) { return columnOf(field); });
+        // Servers may have cut the blanks off the end.
+        const auto last = order_.isEmpty() ? 0 : columnOf(order_.last());
+        line_ += QString(std::max<qsizetype>(last + 1 - characterCount(line_), 0) + 1, u' ');
+    }
+
+    std::optional<LineFields> read() {
+        if (order_.isEmpty() || !charactersOf(line_, 0, columnOf(order_.first())).trimmed().isEmpty())
+            return {};
+        LineFields fields;
+        for (qsizetype place = 0; place < order_.size(); ++place) {
+            const auto candidate = candidateAt(place);
+            if (!candidate)
+                return {};
+            shifts_[order_[place]] = candidate->shift;
+            fields[order_[place]] = withoutBlanksInFront(candidate->value);
+        }
+        return fields;
+    }
+
+  private:
+    qsizetype columnOf(std::size_t field) const { return session_.ResultTemplateLine.columnOf(field); }
+
+    /// True when something stands behind the field that was written before it.
+    bool movesOthers(qsizetype place) const {
+        return std::any_of(order_.cbegin() + place, order_.cend(),
+                           [&](std::size_t field) { return field < order_[place]; });
+    }
+
+    /// Where a field begins: what was written after it and stands before it has moved it.
+    qsizetype beginOf(qsizetype place) const {
+        const auto field = order_[place];
+        auto begin = columnOf(field);
+        for (qsizetype before = 0; before < place; ++before) {
+            if (order_[before] > field)
+                begin += shifts_[order_[before]];
+        }
+        return begin;
+    }
+
+    /// What stands at a field, when that field has moved what was written before it by `shift`; nothing when
+    /// its end can't be told from what follows.
+    std::optional<QString> textAt(qsizetype place, qsizetype shift) const {
+        const auto begin = beginOf(place);
+        if (place + 1 == order_.size())
+            return withoutBlanksAtEnd(charactersOf(line_, begin, characterCount(line_)));
+        const auto end = beginOf(place + 1) + (order_[place] > order_[place + 1] ? shift : 0);
+        const auto text = charactersOf(line_, begin, end);
+        if (end <= begin || !text.endsWith(u' '))
+            return {};
+        return withoutBlanksAtEnd(text);
+    }
+
+    /// Appends what the field was before a substitution; false when that can't be told.
+    bool addSubstituted(qsizetype place, const SubstRow& row, QList<Candidate>& candidates) const {
+        const auto shift = movesOthers(place) ? characterCount(row.to) - characterCount(row.from) : 0;
+        const auto text = textAt(place, shift);
+        const auto written = withoutBlanksAtEnd(row.to);
+        if (!text || !text->endsWith(written))
+            return true;
+        const auto kept = text->chopped(written.size());
+        const QString value = kept + row.from;
+        if (ModuleGlobals::substitutionOf(session_, row.code, value) != &row)
+            return true;
+        candidates << Candidate{value, shift};
+        return row.from.isEmpty() || !mayHaveLostItsEnd(kept, row.from);
+    }
+
+    std::optional<Candidate> candidateAt(qsizetype place) const {
+        const auto code = resultFields[order_[place]].code;
+        QList<Candidate> candidates;
+        for (int index = 0; index <= session_.SubstTable.last; ++index) {
+            const auto& row = session_.SubstTable[index];
+            if (row.code.isEmpty())
+                break;
+            if (row.code == code && !addSubstituted(place, row, candidates))
+                return {};
+        }
+        const auto text = textAt(place, 0);
+        if (text && ModuleGlobals::substitutionOf(session_, code, *text) == nullptr)
+            candidates << Candidate{*text, 0};
+        return onlyOneOf(code, candidates);
+    }
+
+    /// The one that is meant: a text that the program writes before any other. None when several are possible
+    /// that differ in a number, in a known text, or in what they did to the line.
+    static std::optional<Candidate> onlyOneOf(QStringView code, QList<Candidate> candidates) {
+        QList<Candidate> known;
+        for (const auto& candidate : candidates) {
+            if (isKnownText(code, candidate.value))
+                known << candidate;
+        }
+        if (known.size() > 1)
+            return {};
+        if (!known.isEmpty())
+            candidates = known;
+        if (candidates.isEmpty())
+            return {};
+        const auto& first = candidates.first();
+        for (const auto& candidate : std::as_const(candidates)) {
+            if (candidate.shift != first.shift ||
+                numberInFront(candidate.value) != numberInFront(first.value))
+                return {};
+        }
+        return first;
+    }
+
+    const Session& session_;
+    QString line_;
+    /// The fields that the template has, by their columns.
+    QList<std::size_t> order_;
+    std::array<qsizetype, resultFields.size()> shifts_{};
+};
+
+/// The line that the fields give.
+QString laidOut(Session& session, LineFields fields) {
+    auto& [number, nominal, applied, reading, tolerance, deviation, percent, units, comment, low, high,
+           verdict] = fields;
+    return ModuleGlobals::ResultLine(session, number, nominal, applied, reading, tolerance, deviation,
+                                     percent, units, comment, low, high, verdict);
+}
+
+} // namespace
+
+std::optional<LineFields> fieldsOfLine(Session& session, const QString& stored) {
+    auto fields = LineReader(session, stored).read();
+    if (fields && withoutBlanksAtEnd(laidOut(session, *fields)) != withoutBlanksAtEnd(stored))
+        return {};
+    return fields;
+}
+
+} // namespace kelvane

@@ -1,0 +1,173 @@
+#include "data/history/line_layout.h"
+
+#include "data/tolerances/result_lines.h"
+#include "testkit/fixtures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::testing {
+
+namespace {
+
+const auto usual = u"TN$ FN$           FVA$          FRE$          TT$         DE$          ET$  TU$ CO$     "
+                   u"    FLL$        FUL$      "
+                   "  TR$"_s;
+const LineFields usualFields{u"7"_s,  u"12.00mA"_s, u"-50.0psi"_s, u"12.01mA"_s, u"0.10mA"_s, u"0.01mA"_s,
+                             u"10"_s, {},           u"MARGINAL"_s, u"11.90"_s,   u"12.10"_s,  u"PASS"_s};
+/// The places of the fields in `resultFields`.
+enum Place { TN, FN, FVA, FRE, TT, DE, ET, TU, CO, FLL, FUL, TR };
+
+class LineLayout : public RecordedSession {
+  protected:
+    LineLayout() { session.ResultTemplateLine = usual; }
+
+    QString laidOut(LineFields f) {
+        return ModuleGlobals::ResultLine(session, f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7], f[8], f[9],
+                                         f[10], f[11]);
+    }
+    void substitute(const QString& code, const QString& from, const QString& to) {
+        session.SubstTable[added_++] = {code, from, to};
+    }
+    /// The fields that come back of a line that is made of some.
+    std::optional<LineFields> thereAndBack(const LineFields& fields) {
+        return fieldsOfLine(session, laidOut(fields));
+    }
+    LineFields with(Place place, const QString& value) {
+        auto fields = usualFields;
+        fields[place] = value;
+        return fields;
+    }
+
+  private:
+    int added_ = 0;
+};
+
+} // namespace
+
+TEST_F(LineLayout, GivesBackWhatWasLaidOut) {
+    EXPECT_EQ(thereAndBack(usualFields), usualFields);
+    for (const auto& fields :
+         {with(TN, u"123"_s), with(FN, u"-12.00mA"_s), with(FRE, u"12 ft-lb"_s), with(ET, u">500"_s),
+          with(CO, QString()), with(FVA, u"50.0µΩ\U0001F527"_s), with(FLL, u"-0.5"_s)})
+        EXPECT_EQ(thereAndBack(fields), fields);
+}
+
+TEST_F(LineLayout, DoesNotMindTheBlanksAtTheEnd) {
+    auto line = laidOut(with(TR, u"FAIL"_s));
+    while (line.endsWith(u' '))
+        line.chop(1);
+    EXPECT_EQ(fieldsOfLine(session, line), with(TR, u"FAIL"_s));
+    EXPECT_EQ(fieldsOfLine(session, line + QString(40, u' ')), with(TR, u"FAIL"_s));
+}
+
+TEST_F(LineLayout, LeavesFieldsWithoutATagEmpty) {
+    session.ResultTemplateLine = u"..TN$ FRE$        TR$"_s;
+    LineFields fields;
+    fields[TN] = u"7"_s;
+    fields[FRE] = u"12.01mA"_s;
+    fields[TR] = u"PASS"_s;
+    EXPECT_EQ(thereAndBack(usualFields), fields);
+}
+
+TEST_F(LineLayout, FollowsTheColumnsWhateverTheirOrder) {
+    session.ResultTemplateLine = u"TR$  FUL$      FLL$      ET$   DE$       FN$          TN$ FRE$      "_s;
+    auto fields = usualFields;
+    for (const auto place : {FVA, TT, TU, CO})
+        fields[place].clear();
+    EXPECT_EQ(thereAndBack(usualFields), fields);
+}
+
+TEST_F(LineLayout, RefusesAValueThatReachesTheNextColumn) {
+    // The digits behind the thirteenth have been written over.
+    EXPECT_EQ(thereAndBack(with(FN, u"1234567890.1234"_s)), std::nullopt);
+    EXPECT_EQ(thereAndBack(with(FN, u"1234567890.12"_s)), std::nullopt) << "it might have gone on";
+    EXPECT_EQ(thereAndBack(with(FN, u"1234567890.1"_s)), with(FN, u"1234567890.1"_s));
+    EXPECT_EQ(thereAndBack(with(TN, u"1234"_s)), std::nullopt);
+}
+
+TEST_F(LineLayout, RefusesWhatTheProgramDoesNotLayOutSo) {
+    const auto line = laidOut(usualFields);
+    QStringList others{
+        u"CALIBRATED BY ANOTHER PROGRAM"_s,
+        u"Test 7: nominal 12.00, reading 12.01, passed"_s,
+        u" "_s + line,
+        line.mid(1),
+        QString(line).replace(u"  7"_s, u"7  "_s),
+        QString(line).replace(u" 12.00mA"_s, u"12.00mA "_s),
+        QString(line).replace(u"0.10mA"_s, u" 0.10mA"_s),
+        QString(line).replace(u" 10 "_s, u"10  "_s),
+        QString(line).replace(u"12.01mA"_s, u"\t12.01mA"_s),
+    };
+    for (const auto& other : others)
+        EXPECT_EQ(fieldsOfLine(session, other), std::nullopt) << other.toStdString();
+}
+
+TEST_F(LineLayout, WithoutATemplateReadsNothing) {
+    const auto line = laidOut(usualFields);
+    session.ResultTemplateLine.clear();
+    EXPECT_EQ(fieldsOfLine(session, line), std::nullopt);
+}
+
+TEST_F(LineLayout, TakesSubstitutionsBack) {
+    substitute(u"CO"_s, u"NOTIFY USER"_s, u"OUT OF TOL."_s);
+    substitute(u"TU"_s, u"degC"_s, u"C   "_s);
+    substitute(u"TR"_s, u"FAIL"_s, u"*"_s);
+    substitute(u"TT"_s, u"mA"_s, u" milliampere"_s);
+    substitute(u"DE"_s, u"mA"_s, u""_s);
+    for (const auto& fields :
+         {usualFields, with(CO, u"NOTIFY USER"_s), with(TR, u"FAIL"_s), with(CO, QString())}) {
+        auto line = laidOut(fields);
+        const auto back = fieldsOfLine(session, line);
+        // The long unit of the tolerance reaches the next column.
+        EXPECT_EQ(back, std::nullopt) << line.toStdString();
+    }
+    session.SubstTable[3].to = u" A"_s;
+    session.SubstTable[3].from = u"mA"_s;
+    for (const auto& fields :
+         {usualFields, with(CO, u"NOTIFY USER"_s), with(TR, u"FAIL"_s), with(CO, QString())})
+        EXPECT_EQ(thereAndBack(fields), fields);
+}
+
+TEST_F(LineLayout, TakesShiftsOfASubstitutionBack) {
+    // The error is written before the verdict, behind which it stands: the shorter verdict moves it.
+    session.ResultTemplateLine = u"TR$   DE$       TN$"_s;
+    substitute(u"TR"_s, u"PASS"_s, u"OK"_s);
+    substitute(u"TR"_s, u"FAIL"_s, u"FAILED"_s);
+    LineFields fields;
+    fields[TN] = u"7"_s;
+    fields[DE] = u"0.01mA"_s;
+    for (const auto& verdict : {u"PASS"_s, u"FAIL"_s}) {
+        fields[TR] = verdict;
+        EXPECT_EQ(laidOut(fields).indexOf(u"0.01mA"_s), verdict == u"PASS" ? 4 : 8);
+        EXPECT_EQ(thereAndBack(fields), fields);
+    }
+    session.ResultTemplateLine = u"TR$ DE$       TN$"_s;
+    EXPECT_EQ(thereAndBack(fields), std::nullopt) << "the verdict reaches the error";
+}
+
+TEST_F(LineLayout, RefusesASubstitutionThatMayHaveTakenDigits) {
+    // "5" stands in the value, and its last character is dropped: 15.2 became "15.x".
+    substitute(u"TT"_s, u"5"_s, u"x"_s);
+    EXPECT_EQ(thereAndBack(with(TT, u"15.2"_s)), std::nullopt);
+    EXPECT_EQ(thereAndBack(with(TT, u"12.5"_s)), std::nullopt);
+    EXPECT_EQ(thereAndBack(with(TT, u"12.1"_s)), with(TT, u"12.1"_s));
+}
+
+TEST_F(LineLayout, RefusesWhatTwoDifferentValuesLeadTo) {
+    substitute(u"TR"_s, u"PASS"_s, u"DONE"_s);
+    substitute(u"TR"_s, u"FAIL"_s, u"DONE"_s);
+    EXPECT_EQ(thereAndBack(usualFields), std::nullopt);
+    session.SubstTable.erase();
+    session.SubstTable[0] = {u"ET"_s, u"1"_s, u"2"_s};
+    EXPECT_EQ(thereAndBack(with(ET, u"1"_s)), std::nullopt) << "2 may have been 1 or 2";
+    EXPECT_EQ(thereAndBack(with(ET, u"3"_s)), with(ET, u"3"_s));
+}
+
+TEST_F(LineLayout, CountsCharactersAndNotUnits) {
+    const auto fields = with(FVA, u"5\U0001F321\U0001F321"_s);
+    const auto line = laidOut(fields);
+    EXPECT_EQ(line.size(), 122);
+    EXPECT_EQ(fieldsOfLine(session, line), fields);
+}
+
+} // namespace kelvane::testing
