@@ -17,8 +17,8 @@ constexpr QStringView quotedCharacters = u",;\t\"\r\n";
 } // namespace
 
 QString csvCell(const QString& value, CsvCell kind, const CsvForm& form) {
-    if (kind == CsvCell::number && numberOf(value))
-        return QString(value).replace(u'.', form.decimalSign);
+    if (const auto number = kind == CsvCell::number ? numberOf(value) : std::nullopt)
+        return plainText(*number).replace(u'.', form.decimalSign);
     QString cell = value;
     if (!cell.isEmpty() && formulaBeginnings.contains(cell.front()))
         cell.prepend(u'\'');

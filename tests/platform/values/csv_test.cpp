@@ -58,6 +58,8 @@ TEST(Csv, NumbersHaveTheDecimalSignOfTheForm) {
     EXPECT_EQ(csvCell(u"-21.5"_s, CsvCell::number, commas), u"-21.5"_s);
     EXPECT_EQ(csvCell(u"-21.5"_s, CsvCell::number, semicolons), u"-21,5"_s);
     EXPECT_EQ(csvCell(u"45"_s, CsvCell::number, semicolons), u"45"_s);
+    EXPECT_EQ(csvCell(u"45.0"_s, CsvCell::number, semicolons), u"45"_s);
+    EXPECT_EQ(csvCell(u"0.50"_s, CsvCell::number, commas), u"0.5"_s);
     EXPECT_EQ(csvCell({}, CsvCell::number, semicolons), QString());
 }
 
