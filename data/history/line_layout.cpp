@@ -191,9 +191,10 @@ class LineReader {
 };
 
 /// The line that the fields give.
-QString laidOut(Session& session, LineFields fields) {
+QString laidOut(Session& session, const LineFields& fields) {
+    auto padded = fields;
     auto& [number, nominal, applied, reading, tolerance, deviation, percent, units, comment, low, high,
-           verdict] = fields;
+           verdict] = padded;
     return ModuleGlobals::ResultLine(session, number, nominal, applied, reading, tolerance, deviation,
                                      percent, units, comment, low, high, verdict);
 }
