@@ -68,8 +68,10 @@ Sql containing(const QString& text) {
     return condition + u")";
 }
 
+/// A day beyond the calendar of the engines is its last or first one.
 Sql dateValue(const QDate& date) {
-    return sqlText(formatMoment({date, QTime(0, 0)}, u"YYYY-MM-DD"));
+    const auto day = std::clamp(date, QDate(100, 1, 1), QDate(9999, 12, 31));
+    return sqlText(formatMoment({day, QTime(0, 0)}, u"YYYY-MM-DD"));
 }
 
 QList<Sql> conditionsOf(const InstrumentFilter& filter, const QDate& today) {

@@ -17,7 +17,9 @@ namespace {
 struct Candidate {
     /// Prepared: with the blanks in front.
     QString value;
-    /// By how many characters its substitution has moved the rest of the line.
+    /// By how many characters its substitution has made the line longer,
+    qsizetype growth = 0;
+    /// and has moved what was written before it and stands behind it.
     qsizetype shift = 0;
 };
 
@@ -49,24 +51,37 @@ QString numberInFront(const QString& value) {
 }
 
 /// True when the replaced text could also have stood before the end of the value, whose own end is lost then.
-bool mayHaveLostItsEnd(const QString& kept, const QString& replaced) {
-    if (kept.contains(replaced))
+bool mayHaveLostItsEnd(const QString& kept, const SubstRow& row) {
+    if (row.from.isEmpty())
+        return false;
+    // Blanks between what is kept and a blank in its place can't be seen.
+    const bool endsInBlanks = row.to.isEmpty() || row.to.endsWith(u' ');
+    if (kept.contains(row.from) || (endsInBlanks && row.from.contains(u' ')))
         return true;
-    for (qsizetype length = 1; length < replaced.size(); ++length) {
-        if (kept.endsWith(replaced.left(length)))
+    for (qsizetype length = 1; length < row.from.size(); ++length) {
+        if (kept.endsWith(row.from.left(length)))
             return true;
     }
     return false;
 }
 
-/// Texts that the program writes into a field and no others.
-bool isKnownText(QStringView code, const QString& value) {
-    const auto isOneOf = [&](std::initializer_list<QStringView> texts) {
-        return std::ranges::find(texts, QStringView(value)) != texts.end();
-    };
-    if (code == u"TR")
-        return isOneOf({u"PASS", u"FAIL"});
-    return code == u"CO" && isOneOf({u"", u"MARGINAL", u"NOTIFY USER"});
+/// Fields that hold one of a few texts.
+struct Vocabulary {
+    QStringView code;
+    std::array<QStringView, 3> texts;
+};
+
+constexpr Vocabulary vocabularies[] = {
+    {u"TU", {u"", u"", u""}},
+    {u"CO", {u"", u"MARGINAL", u"NOTIFY USER"}},
+    {u"TR", {u"PASS", u"FAIL", u"FAIL"}},
+};
+
+/// False for a text that the program does not write into that field.
+bool isPossible(QStringView code, const QString& value) {
+    const auto* words = std::ranges::find(vocabularies, code, &Vocabulary::code);
+    return words == std::end(vocabularies) ||
+           std::ranges::find(words->texts, QStringView(value)) != words->texts.end();
 }
 
 class LineReader {
@@ -91,13 +106,26 @@ class LineReader {
             if (!candidate)
                 return {};
             shifts_[order_[place]] = candidate->shift;
+            growths_[order_[place]] = candidate->growth;
             fields[order_[place]] = withoutBlanksInFront(candidate->value);
         }
-        return fields;
+        return reachesItsColumns() ? std::optional(fields) : std::nullopt;
     }
 
   private:
     qsizetype columnOf(std::size_t field) const { return session_.ResultTemplateLine.columnOf(field); }
+
+    /// True when each field was written at its column: behind the end of a line that is too short for it, a
+    /// field goes on where the line ends.
+    bool reachesItsColumns() const {
+        qsizetype length = resultLineLength;
+        for (std::size_t field = 0; field < resultFields.size(); ++field) {
+            if (columnOf(field) > length)
+                return false;
+            length += growths_[field];
+        }
+        return true;
+    }
 
     /// True when something stands behind the field that was written before it.
     bool movesOthers(qsizetype place) const {
@@ -131,17 +159,19 @@ class LineReader {
 
     /// Appends what the field was before a substitution; false when that can't be told.
     bool addSubstituted(qsizetype place, const SubstRow& row, QList<Candidate>& candidates) const {
-        const auto shift = movesOthers(place) ? characterCount(row.to) - characterCount(row.from) : 0;
+        const auto growth = characterCount(row.to) - characterCount(row.from);
+        const auto shift = movesOthers(place) ? growth : 0;
         const auto text = textAt(place, shift);
         const auto written = withoutBlanksAtEnd(row.to);
         if (!text || !text->endsWith(written))
             return true;
         const auto kept = text->chopped(written.size());
+        if (mayHaveLostItsEnd(kept, row))
+            return false;
         const QString value = kept + row.from;
-        if (ModuleGlobals::substitutionOf(session_, row.code, value) != &row)
-            return true;
-        candidates << Candidate{value, shift};
-        return row.from.isEmpty() || !mayHaveLostItsEnd(kept, row.from);
+        if (ModuleGlobals::substitutionOf(session_, row.code, value) == &row)
+            candidates << Candidate{value, growth, shift};
+        return true;
     }
 
     std::optional<Candidate> candidateAt(qsizetype place) const {
@@ -156,27 +186,21 @@ class LineReader {
         }
         const auto text = textAt(place, 0);
         if (text && ModuleGlobals::substitutionOf(session_, code, *text) == nullptr)
-            candidates << Candidate{*text, 0};
+            candidates << Candidate{*text};
         return onlyOneOf(code, candidates);
     }
 
-    /// The one that is meant: a text that the program writes before any other. None when several are possible
-    /// that differ in a number, in a known text, or in what they did to the line.
+    /// The one that is meant. None when several are possible that differ in a number, in a text of a few, or
+    /// in what they did to the line.
     static std::optional<Candidate> onlyOneOf(QStringView code, QList<Candidate> candidates) {
-        QList<Candidate> known;
-        for (const auto& candidate : candidates) {
-            if (isKnownText(code, candidate.value))
-                known << candidate;
-        }
-        if (known.size() > 1)
-            return {};
-        if (!known.isEmpty())
-            candidates = known;
+        candidates.removeIf([&](const Candidate& candidate) { return !isPossible(code, candidate.value); });
         if (candidates.isEmpty())
             return {};
+        const bool isWord =
+            std::ranges::find(vocabularies, code, &Vocabulary::code) != std::end(vocabularies);
         const auto& first = candidates.first();
         for (const auto& candidate : std::as_const(candidates)) {
-            if (candidate.shift != first.shift ||
+            if (candidate.shift != first.shift || (isWord && candidate.value != first.value) ||
                 numberInFront(candidate.value) != numberInFront(first.value))
                 return {};
         }
@@ -188,6 +212,7 @@ class LineReader {
     /// The fields that the template has, by their columns.
     QList<std::size_t> order_;
     std::array<qsizetype, resultFields.size()> shifts_{};
+    std::array<qsizetype, resultFields.size()> growths_{};
 };
 
 /// The line that the fields give.

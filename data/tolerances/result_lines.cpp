@@ -13,7 +13,6 @@ namespace kelvane::ModuleGlobals {
 
 namespace {
 
-constexpr int lineLength = 120;
 constexpr int narrowWidth = 3;
 
 /// Puts `count` blanks in front, without another allocation where the text has room for them.
@@ -40,7 +39,7 @@ QString dropLast(const QString& text, qsizetype count) {
 /// A line whose columns count characters.
 class Line {
   public:
-    Line() : text(lineLength, Qt::Uninitialized) { std::fill(text.begin(), text.end(), u' '); }
+    Line() : text(resultLineLength, Qt::Uninitialized) { std::fill(text.begin(), text.end(), u' '); }
 
     /// Writes a value of so many characters at a column in the place of `length` characters, or behind a
     /// shorter line.

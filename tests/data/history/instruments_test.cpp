@@ -2,6 +2,8 @@
 
 #include "testkit/fixtures.h"
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -89,6 +91,10 @@ TEST_F(Instruments, AreFilteredByDueDatesFromThePresentDay) {
     clock.set(2026, 12, 15, 23, 59, 59);
     EXPECT_EQ(filtered({.dueWithinDays = 30}), beginning + u" where cal.c2303 <= '2027-01-14'"_s + byAsset);
     EXPECT_EQ(filtered({.dueWithinDays = 0}), beginning + u" where cal.c2303 <= '2026-12-15'"_s + byAsset);
+    EXPECT_EQ(filtered({.dueWithinDays = std::numeric_limits<int>::max()}),
+              beginning + u" where cal.c2303 <= '9999-12-31'"_s + byAsset);
+    EXPECT_EQ(filtered({.dueWithinDays = std::numeric_limits<int>::min()}),
+              beginning + u" where cal.c2303 <= '0100-01-01'"_s + byAsset);
     EXPECT_EQ(filtered({.isOverdue = true}), beginning + u" where cal.c2303 < '2026-12-15'"_s + byAsset);
 }
 

@@ -3,6 +3,10 @@
 #include "data/tolerances/result_lines.h"
 #include "testkit/fixtures.h"
 
+#include <QRegularExpression>
+
+#include <random>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
@@ -102,10 +106,33 @@ TEST_F(LineLayout, RefusesWhatTheProgramDoesNotLayOutSo) {
         EXPECT_EQ(fieldsOfLine(session, other), std::nullopt) << other.toStdString();
 }
 
+TEST_F(LineLayout, RefusesTextsThatTheProgramDoesNotWrite) {
+    for (const auto& fields :
+         {with(CO, u"ADJUSTED"_s), with(TU, u"mA"_s), with(TR, u"OK"_s), with(TR, QString())})
+        EXPECT_EQ(thereAndBack(fields), std::nullopt);
+}
+
 TEST_F(LineLayout, WithoutATemplateReadsNothing) {
     const auto line = laidOut(usualFields);
     session.ResultTemplateLine.clear();
     EXPECT_EQ(fieldsOfLine(session, line), std::nullopt);
+}
+
+TEST_F(LineLayout, RefusesATemplateWhoseColumnsTheLineDoesNotReach) {
+    // The verdict stands right behind the blanks of a shorter line.
+    session.ResultTemplateLine = QString(116, u' ') + u"TU$    TR$"_s;
+    EXPECT_EQ(thereAndBack(usualFields), std::nullopt);
+    session.ResultTemplateLine = QString(112, u' ') + u"TN$     TR$"_s;
+    LineFields fields;
+    fields[TN] = u"7"_s;
+    fields[TR] = u"PASS"_s;
+    EXPECT_EQ(thereAndBack(usualFields), fields);
+    session.ResultTemplateLine = u"FRE$       TN$"_s + QString(105, u' ') + u"TR$"_s;
+    fields[FRE] = u"12.01mA"_s;
+    EXPECT_EQ(thereAndBack(usualFields), fields);
+    substitute(u"TN"_s, u"  7"_s, u"7"_s);
+    EXPECT_EQ(laidOut(usualFields).indexOf(u"PASS"_s), 118);
+    EXPECT_EQ(thereAndBack(usualFields), std::nullopt) << "the shorter number has moved the end of the line";
 }
 
 TEST_F(LineLayout, TakesSubstitutionsBack) {
@@ -161,6 +188,71 @@ TEST_F(LineLayout, RefusesWhatTwoDifferentValuesLeadTo) {
     session.SubstTable[0] = {u"ET"_s, u"1"_s, u"2"_s};
     EXPECT_EQ(thereAndBack(with(ET, u"1"_s)), std::nullopt) << "2 may have been 1 or 2";
     EXPECT_EQ(thereAndBack(with(ET, u"3"_s)), with(ET, u"3"_s));
+}
+
+/// Whatever the template and its substitutions: a line gives the numbers and verdicts that went into it, or
+/// nothing.
+TEST_F(LineLayout, GivesNoOtherNumbersThanWereLaidOut) {
+    std::mt19937 random(20261123);
+    const auto below = [&](qsizetype count) {
+        return static_cast<qsizetype>(random() % static_cast<unsigned>(count));
+    };
+    const auto pick = [&](const QStringList& list) { return list[below(list.size())]; };
+    const QStringList units{u"mA"_s, u"psi"_s, u"ft-lb"_s, u"degC"_s, QString()};
+    const QStringList replaced{u"mA"_s,   u"A"_s, u"psi"_s,      u"1"_s, u"5"_s,  u"FAIL"_s,
+                               u"PASS"_s, u" "_s, u"MARGINAL"_s, u"."_s, u"0m"_s, QString()};
+    const QStringList replacements{u"amp"_s, u"5"_s, u""_s, u"OK"_s, u"F   "_s, u" 1"_s, u"PASS"_s, u"x"_s};
+    const auto amount = [&] {
+        return QString::number((static_cast<double>(below(40000)) - 20000) / 100, 'f', 2) + pick(units);
+    };
+    int given = 0;
+    for (int turn = 0; turn < 20000; ++turn) {
+        QStringList tags;
+        for (const auto& field : resultFields)
+            tags << field.code.toString() + u'$';
+        while (tags.size() > 7)
+            tags.removeAt(below(tags.size()));
+        if (turn % 2 == 0)
+            std::shuffle(tags.begin(), tags.end(), random);
+        QString line;
+        for (const auto& tag : tags)
+            line += tag + QString(5 + below(10), u' ');
+        session.ResultTemplateLine = line;
+        session.SubstTable.erase();
+        for (int row = 0; row < turn % 4; ++row)
+            session.SubstTable[row] = {pick({u"TN"_s, u"FN"_s, u"TT"_s, u"DE"_s, u"ET"_s, u"CO"_s, u"TR"_s}),
+                                       pick(replaced), pick(replacements)};
+        const LineFields fields{QString::number(1 + below(120)),
+                                amount(),
+                                amount(),
+                                amount(),
+                                amount(),
+                                amount(),
+                                QString::number(below(600)),
+                                {},
+                                pick({QString(), u"MARGINAL"_s, u"NOTIFY USER"_s}),
+                                amount(),
+                                amount(),
+                                pick({u"PASS"_s, u"FAIL"_s})};
+        const auto stored = laidOut(fields);
+        const auto back = fieldsOfLine(session, stored);
+        if (!back)
+            continue;
+        ++given;
+        static const QRegularExpression number(u"^-?[0-9.]*"_s);
+        for (std::size_t field = 0; field < fields.size(); ++field) {
+            if (session.ResultTemplateLine.columnOf(field) < 0)
+                continue;
+            const bool isWord = field == TR || field == CO;
+            const auto part = [&](const QString& text) {
+                return isWord ? text : number.match(text).captured();
+            };
+            ASSERT_EQ(part((*back)[field]), part(fields[field]))
+                << line.toStdString() << '\n'
+                << stored.toStdString() << " field " << field;
+        }
+    }
+    EXPECT_GT(given, 500);
 }
 
 TEST_F(LineLayout, CountsCharactersAndNotUnits) {
