@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -16,11 +17,9 @@ namespace {
 /// What a field may have been before it was written.
 struct Candidate {
     /// Prepared: with the blanks in front.
-    QString value;
-    /// By how many characters its substitution has made the line longer,
+    QString value = {};
+    /// By how many characters its substitution has made the line longer.
     qsizetype growth = 0;
-    /// and has moved what was written before it and stands behind it.
-    qsizetype shift = 0;
 };
 
 QString withoutBlanksAtEnd(QString text) {
@@ -65,23 +64,20 @@ bool mayHaveLostItsEnd(const QString& kept, const SubstRow& row) {
     return false;
 }
 
-/// Fields that hold one of a few texts.
-struct Vocabulary {
-    QStringView code;
-    std::array<QStringView, 3> texts;
-};
+/// The texts that the program writes into a field, where it writes no others.
+std::span<const QStringView> wordsOf(QStringView code) {
+    static constexpr QStringView none[] = {u""};
+    static constexpr QStringView comments[] = {u"", u"MARGINAL", u"NOTIFY USER"};
+    static constexpr QStringView verdicts[] = {u"PASS", u"FAIL"};
+    if (code == u"TU")
+        return none;
+    if (code == u"CO")
+        return comments;
+    return code == u"TR" ? std::span<const QStringView>(verdicts) : std::span<const QStringView>();
+}
 
-constexpr Vocabulary vocabularies[] = {
-    {u"TU", {u"", u"", u""}},
-    {u"CO", {u"", u"MARGINAL", u"NOTIFY USER"}},
-    {u"TR", {u"PASS", u"FAIL", u"FAIL"}},
-};
-
-/// False for a text that the program does not write into that field.
-bool isPossible(QStringView code, const QString& value) {
-    const auto* words = std::ranges::find(vocabularies, code, &Vocabulary::code);
-    return words == std::end(vocabularies) ||
-           std::ranges::find(words->texts, QStringView(value)) != words->texts.end();
+qsizetype growthBy(const SubstRow& row) {
+    return characterCount(row.to) - characterCount(row.from);
 }
 
 class LineReader {
@@ -105,7 +101,6 @@ class LineReader {
             const auto candidate = candidateAt(place);
             if (!candidate)
                 return {};
-            shifts_[order_[place]] = candidate->shift;
             growths_[order_[place]] = candidate->growth;
             fields[order_[place]] = withoutBlanksInFront(candidate->value);
         }
@@ -127,55 +122,101 @@ class LineReader {
         return true;
     }
 
-    /// True when something stands behind the field that was written before it.
-    bool movesOthers(qsizetype place) const {
-        return std::any_of(order_.cbegin() + place, order_.cend(),
-                           [&](std::size_t field) { return field < order_[place]; });
+    /// True for a substitution that moves what was written before the field and stands behind it. Where such
+    /// a field began, and whether this one has written over it, can't be told any more.
+    bool movesOthers(qsizetype place, const SubstRow& row) const {
+        return growthBy(row) != 0 && std::any_of(order_.cbegin() + place, order_.cend(),
+                                                 [&](std::size_t field) { return field < order_[place]; });
     }
 
-    /// Where a field begins: what was written after it and stands before it has moved it.
-    qsizetype beginOf(qsizetype place) const {
-        const auto field = order_[place];
-        auto begin = columnOf(field);
-        for (qsizetype before = 0; before < place; ++before) {
-            if (order_[before] > field)
-                begin += shifts_[order_[before]];
-        }
-        return begin;
-    }
-
-    /// What stands at a field, when that field has moved what was written before it by `shift`; nothing when
-    /// its end can't be told from what follows.
-    std::optional<QString> textAt(qsizetype place, qsizetype shift) const {
-        const auto begin = beginOf(place);
+    /// How many characters a field has up to the next one; nothing for the last one.
+    std::optional<qsizetype> widthAt(qsizetype place) const {
         if (place + 1 == order_.size())
-            return withoutBlanksAtEnd(charactersOf(line_, begin, characterCount(line_)));
-        const auto end = beginOf(place + 1) + (order_[place] > order_[place + 1] ? shift : 0);
-        const auto text = charactersOf(line_, begin, end);
-        if (end <= begin || !text.endsWith(u' '))
+            return {};
+        return columnOf(order_[place + 1]) - columnOf(order_[place]);
+    }
+
+    /// What stands at a field; nothing when its end can't be told from what follows.
+    std::optional<QString> textAt(qsizetype place) const {
+        const auto begin = columnOf(order_[place]);
+        const auto width = widthAt(place);
+        const auto text = charactersOf(line_, begin, width ? begin + *width : characterCount(line_));
+        if (width && !text.endsWith(u' '))
             return {};
         return withoutBlanksAtEnd(text);
     }
 
+    /// True for a value that had room before the next field.
+    bool hadRoom(qsizetype place, const QString& value) const {
+        const auto width = widthAt(place);
+        return !width || characterCount(value) < *width;
+    }
+
+    /// True when a text stands partly in a field and partly in the next one.
+    bool standsAcrossTheEnd(qsizetype place, const QString& text) const {
+        const auto width = widthAt(place);
+        const auto length = characterCount(text);
+        for (qsizetype inside = 1; width && inside < length; ++inside) {
+            const auto from = columnOf(order_[place]) + *width - inside;
+            if (from >= 0 && charactersOf(line_, from, from + length) == text)
+                return true;
+        }
+        return false;
+    }
+
     /// Appends what the field was before a substitution; false when that can't be told.
     bool addSubstituted(qsizetype place, const SubstRow& row, QList<Candidate>& candidates) const {
-        const auto growth = characterCount(row.to) - characterCount(row.from);
-        const auto shift = movesOthers(place) ? growth : 0;
-        const auto text = textAt(place, shift);
+        if (movesOthers(place, row))
+            return false;
+        const auto text = textAt(place);
         const auto written = withoutBlanksAtEnd(row.to);
+        if (standsAcrossTheEnd(place, written))
+            return false;
         if (!text || !text->endsWith(written))
             return true;
         const auto kept = text->chopped(written.size());
         if (mayHaveLostItsEnd(kept, row))
             return false;
         const QString value = kept + row.from;
-        if (ModuleGlobals::substitutionOf(session_, row.code, value) == &row)
-            candidates << Candidate{value, growth, shift};
-        return true;
+        if (ModuleGlobals::substitutionOf(session_, row.code, value) != &row)
+            return true;
+        candidates << Candidate{value, growthBy(row)};
+        return hadRoom(place, value);
     }
 
     std::optional<Candidate> candidateAt(qsizetype place) const {
         const auto code = resultFields[order_[place]].code;
+        const auto words = wordsOf(code);
+        return words.empty() ? valueAt(place, code) : wordAt(place, code, words);
+    }
+
+    /// The word that gives what stands there; none when several do.
+    std::optional<Candidate> wordAt(qsizetype place, QStringView code,
+                                    std::span<const QStringView> words) const {
+        const auto rest = charactersOf(line_, columnOf(order_[place]), characterCount(line_));
+        const auto text = textAt(place);
+        std::optional<Candidate> found;
+        for (const auto word : words) {
+            Candidate candidate{word.toString()};
+            auto written = candidate.value;
+            const auto* row = ModuleGlobals::substitutionOf(session_, code, candidate.value);
+            if (row != nullptr) {
+                written = written.chopped(row->from.size()) + row->to;
+                candidate.growth = growthBy(*row);
+            }
+            const bool mayStand = row != nullptr && movesOthers(place, *row)
+                                      ? rest.startsWith(written)
+                                      : text == withoutBlanksAtEnd(written);
+            if (!mayStand)
+                continue;
+            if (found || !hadRoom(place, candidate.value) || (row != nullptr && movesOthers(place, *row)))
+                return {};
+            found = candidate;
+        }
+        return found;
+    }
+
+    std::optional<Candidate> valueAt(qsizetype place, QStringView code) const {
         QList<Candidate> candidates;
         for (int index = 0; index <= session_.SubstTable.last; ++index) {
             const auto& row = session_.SubstTable[index];
@@ -184,24 +225,19 @@ class LineReader {
             if (row.code == code && !addSubstituted(place, row, candidates))
                 return {};
         }
-        const auto text = textAt(place, 0);
+        const auto text = textAt(place);
         if (text && ModuleGlobals::substitutionOf(session_, code, *text) == nullptr)
             candidates << Candidate{*text};
-        return onlyOneOf(code, candidates);
+        return onlyOneOf(candidates);
     }
 
-    /// The one that is meant. None when several are possible that differ in a number, in a text of a few, or
-    /// in what they did to the line.
-    static std::optional<Candidate> onlyOneOf(QStringView code, QList<Candidate> candidates) {
-        candidates.removeIf([&](const Candidate& candidate) { return !isPossible(code, candidate.value); });
+    /// One of those that differ in no number; none of others.
+    static std::optional<Candidate> onlyOneOf(const QList<Candidate>& candidates) {
         if (candidates.isEmpty())
             return {};
-        const bool isWord =
-            std::ranges::find(vocabularies, code, &Vocabulary::code) != std::end(vocabularies);
         const auto& first = candidates.first();
-        for (const auto& candidate : std::as_const(candidates)) {
-            if (candidate.shift != first.shift || (isWord && candidate.value != first.value) ||
-                numberInFront(candidate.value) != numberInFront(first.value))
+        for (const auto& candidate : candidates) {
+            if (numberInFront(candidate.value) != numberInFront(first.value))
                 return {};
         }
         return first;
@@ -211,7 +247,6 @@ class LineReader {
     QString line_;
     /// The fields that the template has, by their columns.
     QList<std::size_t> order_;
-    std::array<qsizetype, resultFields.size()> shifts_{};
     std::array<qsizetype, resultFields.size()> growths_{};
 };
 

@@ -155,21 +155,37 @@ TEST_F(LineLayout, TakesSubstitutionsBack) {
         EXPECT_EQ(thereAndBack(fields), fields);
 }
 
-TEST_F(LineLayout, TakesShiftsOfASubstitutionBack) {
-    // The error is written before the verdict, behind which it stands: the shorter verdict moves it.
+TEST_F(LineLayout, RefusesALineThatASubstitutionHasMoved) {
+    // The error is written before the verdict, behind which it stands: a longer or shorter verdict moves it.
     session.ResultTemplateLine = u"TR$   DE$       TN$"_s;
-    substitute(u"TR"_s, u"PASS"_s, u"OK"_s);
     substitute(u"TR"_s, u"FAIL"_s, u"FAILED"_s);
     LineFields fields;
     fields[TN] = u"7"_s;
     fields[DE] = u"0.01mA"_s;
+    fields[TR] = u"FAIL"_s;
+    EXPECT_EQ(laidOut(fields).indexOf(u"0.01mA"_s), 8);
+    EXPECT_EQ(thereAndBack(fields), std::nullopt);
+    fields[TR] = u"PASS"_s;
+    EXPECT_EQ(thereAndBack(fields), fields) << "this one was not replaced";
+    substitute(u"DE"_s, u"psi"_s, u"PSIG"_s);
+    EXPECT_EQ(thereAndBack(fields), std::nullopt) << "the number may have been moved";
+}
+
+TEST_F(LineLayout, TakesWordsBackThatASiteLeavesOut) {
+    substitute(u"CO"_s, u"MARGINAL"_s, u"NEAR LIMIT"_s);
+    substitute(u"CO"_s, u"NOTIFY USER"_s, u" "_s);
+    substitute(u"TR"_s, u"PASS"_s, u""_s);
+    session.ResultTemplateLine = u"TN$ FRE$       CO$              TR$"_s;
+    LineFields fields;
+    fields[TN] = u"7"_s;
+    fields[FRE] = u"12.01mA"_s;
+    fields[CO] = u"MARGINAL"_s;
     for (const auto& verdict : {u"PASS"_s, u"FAIL"_s}) {
         fields[TR] = verdict;
-        EXPECT_EQ(laidOut(fields).indexOf(u"0.01mA"_s), verdict == u"PASS" ? 4 : 8);
         EXPECT_EQ(thereAndBack(fields), fields);
     }
-    session.ResultTemplateLine = u"TR$ DE$       TN$"_s;
-    EXPECT_EQ(thereAndBack(fields), std::nullopt) << "the verdict reaches the error";
+    fields[CO].clear();
+    EXPECT_EQ(thereAndBack(fields), std::nullopt) << "it may have been a comment that is left out";
 }
 
 TEST_F(LineLayout, RefusesASubstitutionThatMayHaveTakenDigits) {
