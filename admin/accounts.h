@@ -1,7 +1,7 @@
 #pragma once
 
 #include "admin/database_address.h"
-#include "admin/password.h"
+#include "platform/password.h"
 
 #include <QList>
 

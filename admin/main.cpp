@@ -1,7 +1,7 @@
 #include "admin/commands.h"
 #include "admin/failure.h"
-#include "admin/terminal.h"
 #include "platform/error.h"
+#include "platform/terminal.h"
 #include "platform/version.h"
 
 #include <QCoreApplication>
@@ -33,7 +33,7 @@ QString outputOf(const kelvane::admin::Invocation& invocation) {
 } // namespace
 
 int main(int argc, char** argv) {
-    kelvane::admin::openStandardStreams();
+    kelvane::openStandardStreams();
     const QCoreApplication application(argc, argv);
     requireVerifiedServers();
     const auto program = u"kelvane-admin"_s;

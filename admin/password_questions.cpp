@@ -1,7 +1,7 @@
 #include "admin/password_questions.h"
 
 #include "admin/failure.h"
-#include "admin/terminal.h"
+#include "platform/terminal.h"
 
 #include <QStringDecoder>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "admin/password.h"
+#include "platform/password.h"
 
 #include <QString>
 

@@ -1,5 +1,7 @@
 #include "app/user_folder.h"
 
+#include "platform/state_folder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -8,14 +10,25 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-QString enterUserFolder() {
-    const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kelvane"_s;
+namespace {
+
+QString enterFolder(const QString& folder) {
     if (!QDir(folder).exists()) {
         if (!QDir().mkpath(folder))
             return u"the folder %1 can't be made"_s.arg(folder);
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     return QDir::setCurrent(folder) ? QString() : u"the folder %1 can't be entered"_s.arg(folder);
+}
+
+} // namespace
+
+QString enterUserFolder() {
+    return enterFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kelvane"_s);
+}
+
+QString enterRecordsFolder() {
+    return enterFolder(stateFolder(u"kelvane-records"_s));
 }
 
 } // namespace kelvane

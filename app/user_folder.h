@@ -8,4 +8,8 @@ namespace kelvane {
 /// (for nobody else to read), and makes it the current one. Returns why that failed; empty when it did not.
 QString enterUserFolder();
 
+/// The same with the folder for the "errors.log" of kelvane-records, `$XDG_STATE_HOME/kelvane-records`: so
+/// that it never writes into the one of a workstation.
+QString enterRecordsFolder();
+
 } // namespace kelvane

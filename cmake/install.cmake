@@ -21,7 +21,7 @@ if(NOT UNIX)
     return() # the other programs need POSIX, the rest is for its desktops
 endif()
 
-install(TARGETS kelvane-admin COMPONENT kelvane)
+install(TARGETS kelvane-admin kelvane-records COMPONENT kelvane)
 install(
     DIRECTORY ${CMAKE_SOURCE_DIR}/database
     DESTINATION share/kelvane

@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "platform/reason_log.h"
+#include "platform/state_folder.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -38,9 +39,7 @@ QString communicationLogFolder() {
 #ifdef Q_OS_WIN
     return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
 #else
-    const auto state = qEnvironmentVariable("XDG_STATE_HOME");
-    // A relative path does not count.
-    return (QDir::isAbsolutePath(state) ? state : QDir::homePath() + u"/.local/state"_s) + u"/kelvane"_s;
+    return stateFolder(u"kelvane"_s);
 #endif
 }
 

@@ -21,6 +21,7 @@ Error makeError(ErrorNumber number) {
         {ErrorNumber::pathFileAccess, TextId::errorPathFileAccess},
         {ErrorNumber::invalidUseOfNull, TextId::errorInvalidUseOfNull},
         {ErrorNumber::noCurrentRow, TextId::errorNoCurrentRow},
+        {ErrorNumber::databaseReadOnly, TextId::databaseReadOnly},
         {ErrorNumber::connectionOpen, TextId::errorConnectionOpen},
         {ErrorNumber::connectionClosed, TextId::errorConnectionClosed},
     };

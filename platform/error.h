@@ -26,6 +26,7 @@ enum class ErrorNumber : int {
     pathFileAccess = 75,
     invalidUseOfNull = 94,
     noCurrentRow = 3021,
+    databaseReadOnly = 3027,
     connectionOpen = 3705,
     connectionClosed = 3709,
 };

@@ -1,6 +1,6 @@
 # Sourced by run: the packages for Debian, made in build/package, checked, and tried in a root of their own.
 
-package_programs=(dpclnk dpclnk3 kelvane kelvane-admin kelvane-demo kelvane-technician kelvane-torquestar)
+package_programs=(dpclnk dpclnk3 kelvane kelvane-admin kelvane-demo kelvane-records kelvane-technician kelvane-torquestar)
 
 # The day of the sources stands for that of the build, so that one commit gives the same packages on every day.
 set_source_date() {

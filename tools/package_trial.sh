@@ -53,7 +53,9 @@ as_user sh -ceu '
     kelvane-admin make database --demo
     kelvane-admin data-source database >odbc.ini
     cp /usr/share/kelvane/database/demo/rslt_db.frm /usr/share/kelvane/layouts/kvwrksht.rpt .
-    ODBCINI=$PWD/odbc.ini kelvane-demo'
+    ODBCINI=$PWD/odbc.ini kelvane-demo
+    echo kelvane | ODBCINI=$PWD/odbc.ini kelvane-records --due=30 --csv --user=jdoe >due.csv
+    grep -q "^PT-101," due.csv'
 say 'the demonstration has run'
 
 # The entry of the menu: still there after some seconds, with what it has written in folders of the user.

@@ -13,7 +13,6 @@ namespace kelvane::ModuleGlobals {
 
 namespace {
 
-constexpr int lineLength = 120;
 constexpr int narrowWidth = 3;
 
 /// Puts `count` blanks in front, without another allocation where the text has room for them.
@@ -37,23 +36,10 @@ QString dropLast(const QString& text, qsizetype count) {
     return text.left(unitsOfCharacters(text, characterCount(text) - count));
 }
 
-/// The last substitution that fits the value of a field; null when none does.
-const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value) {
-    const SubstRow* fitting = nullptr;
-    for (int index = 0; index <= session.SubstTable.last; ++index) {
-        const auto& row = session.SubstTable[index];
-        if (row.code.isEmpty())
-            break;
-        if (row.code == code && value.contains(row.from))
-            fitting = &row;
-    }
-    return fitting;
-}
-
 /// A line whose columns count characters.
 class Line {
   public:
-    Line() : text(lineLength, Qt::Uninitialized) { std::fill(text.begin(), text.end(), u' '); }
+    Line() : text(resultLineLength, Qt::Uninitialized) { std::fill(text.begin(), text.end(), u' '); }
 
     /// Writes a value of so many characters at a column in the place of `length` characters, or behind a
     /// shorter line.
@@ -79,6 +65,18 @@ class Line {
 };
 
 } // namespace
+
+const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value) {
+    const SubstRow* fitting = nullptr;
+    for (int index = 0; index <= session.SubstTable.last; ++index) {
+        const auto& row = session.SubstTable[index];
+        if (row.code.isEmpty())
+            break;
+        if (row.code == code && value.contains(row.from))
+            fitting = &row;
+    }
+    return fitting;
+}
 
 QString ResultLine(Session& session, QString& number, QString& nominal, QString& applied, QString& reading,
                    QString& tolerance, QString& deviation, QString& percent, QString& units, QString& comment,

@@ -2,7 +2,12 @@
 
 #include "data/session.h"
 
-namespace kelvane::ModuleGlobals {
+namespace kelvane {
+
+/// How many characters a result line has before any is replaced by a longer or shorter text.
+inline constexpr int resultLineLength = 120;
+
+namespace ModuleGlobals {
 
 /// One test point laid out in the columns of the result template, 120 characters when nothing is substituted.
 /// The padding of the fields changes the caller's texts in place.
@@ -10,4 +15,9 @@ QString ResultLine(Session& session, QString& number, QString& nominal, QString&
                    QString& tolerance, QString& deviation, QString& percent, QString& units, QString& comment,
                    QString& lowLimit, QString& highLimit, QString& verdict);
 
-} // namespace kelvane::ModuleGlobals
+/// The last substitution of the template that fits the prepared value of a field, by the field's code; null
+/// when none does.
+const SubstRow* substitutionOf(const Session& session, QStringView code, const QString& value);
+
+} // namespace ModuleGlobals
+} // namespace kelvane

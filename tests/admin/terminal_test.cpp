@@ -1,5 +1,5 @@
 #include "admin/password_questions.h"
-#include "admin/terminal.h"
+#include "platform/terminal.h"
 #include "tests/admin/admin_program.h"
 
 #include <QCoreApplication>

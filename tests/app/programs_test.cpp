@@ -15,8 +15,9 @@ namespace {
 
 constexpr int patience = 60000; // milliseconds
 
-const QStringList programs{u"kelvane"_s,        u"kelvane-admin"_s,      u"kelvane-demo"_s,
-                           u"kelvane-endure"_s, u"kelvane-technician"_s, u"kelvane-torquestar"_s};
+const QStringList programs{u"kelvane"_s,           u"kelvane-admin"_s,   u"kelvane-demo"_s,
+                           u"kelvane-endure"_s,    u"kelvane-records"_s, u"kelvane-technician"_s,
+                           u"kelvane-torquestar"_s};
 
 /// How a program has ended.
 struct Ending {

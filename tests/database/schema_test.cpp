@@ -43,11 +43,11 @@ const QList<Table> sharedTables{
     {u"sys.syscolumn"_s, u"domain_id column_name"_s}};
 
 const QList<Table> ownerTables{
-    {u"inventory"_s, u"mtag i4201 i4203 i4204 i4206 i4209 i4224 i4225 i4228 i4229 i4240"_s},
-    {u"calibration"_s,
-     u"mtag ctag cdsrc c2301 c2333 c2302 c2331 c2303 c2334 c2307 c2308 c2311 c2320 c2323 c2326 c2329 "
-     "c2336 c2338 c2339 c2350 c2352"_s},
-    {u"location"_s, u"mtag l2815"_s},
+    {u"inventory"_s, u"mtag i4201 i4202 i4203 i4204 i4206 i4209 i4224 i4225 i4228 i4229 i4240"_s},
+    {u"calibration"_s, u"mtag ctag cdsrc c2301 c2333 c2302 c2331 c2303 c2334 c2306 c2307 c2308 c2309 c2311 "
+                       u"c2312 c2313 c2315 c2316 c2320 c2323 c2326 c2329 "
+                       "c2336 c2338 c2339 c2350 c2352"_s},
+    {u"location"_s, u"mtag l2801 l2815"_s},
     {u"repair"_s, u"mtag r3246"_s},
     {u"customers"_s, u"mtag"_s}};
 

@@ -20,10 +20,11 @@ namespace kelvane::testing {
 namespace {
 
 const QString readme = u"README.md"_s;
+const QString records = u"docs/records.md"_s;
 const QString security = u"docs/SECURITY.md"_s;
 const QString workstations = u"docs/workstations.md"_s;
 const QString techniciansGuide = u"docs/technicians-guide.md"_s;
-const QStringList pages{readme, security, workstations, techniciansGuide};
+const QStringList pages{readme, records, security, workstations, techniciansGuide};
 
 /// What a test can't run, by the beginning of its lines.
 struct Unrunnable {
@@ -199,6 +200,18 @@ class PageCommands : public ::testing::Test {
 TEST_F(PageCommands, OfTheReadmeSucceed) {
     loadCalibrator(u"build/workstation/fluke702.json"_s);
     EXPECT_TRUE(expectCommands(readme).contains(u"PT-101"_s));
+}
+
+TEST_F(PageCommands, OfTheRecordsPageList) {
+    makeDatabase(u"kelvane/database"_s);
+    ASSERT_EQ(
+        run(u"kelvane-admin data-source kelvane/database >odbc.ini; echo kelvane >.kelvane-password"_s).code,
+        0);
+    const auto output = expectCommands(records);
+    for (const auto& part :
+         {u"Asset,Description,"_s, u",PRESSURE TRANSMITTER,"_s, u"PT-101,"_s, u";IN-HOUSE;"_s})
+        EXPECT_TRUE(output.contains(part)) << part.toStdString();
+    EXPECT_TRUE(QFile::exists(inHome(u"overdue.csv"_s)));
 }
 
 TEST_F(PageCommands, OfTheSecurityPageSucceed) {

@@ -25,8 +25,9 @@ QString readOutput(const QString& option, const QString& program) {
 } // namespace
 
 TEST(Hardening, ProgramsHaveNoFixedPlaceAndTheirTablesBecomeReadOnly) {
-    for (const auto& program : {u"kelvane"_s, u"kelvane-admin"_s, u"kelvane-torquestar"_s,
-                                u"kelvane-technician"_s, u"libdpclnk.so"_s, u"hardened_program"_s}) {
+    for (const auto& program :
+         {u"kelvane"_s, u"kelvane-admin"_s, u"kelvane-records"_s, u"kelvane-torquestar"_s,
+          u"kelvane-technician"_s, u"libdpclnk.so"_s, u"hardened_program"_s}) {
         SCOPED_TRACE(program.toStdString());
         EXPECT_TRUE(readOutput(u"--file-header"_s, program).contains(u"DYN ("_s));
         EXPECT_TRUE(readOutput(u"--segments"_s, program).contains(u"GNU_RELRO"_s));

@@ -1,4 +1,4 @@
-#include "admin/terminal.h"
+#include "platform/terminal.h"
 
 #include <array>
 
@@ -7,7 +7,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-namespace kelvane::admin {
+namespace kelvane {
 
 namespace {
 
@@ -88,4 +88,4 @@ std::optional<QByteArray> readSecretLine(const QString& prompt, qsizetype maxByt
     return readLine(maxBytes);
 }
 
-} // namespace kelvane::admin
+} // namespace kelvane

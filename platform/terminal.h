@@ -5,7 +5,7 @@
 
 #include <optional>
 
-namespace kelvane::admin {
+namespace kelvane {
 
 /// Opens those of the three standard streams that are closed, so that no file of the program's own takes
 /// their place. To be called before anything else is opened.
@@ -19,4 +19,4 @@ bool isTerminal();
 /// is typed is not; the terminal is as it was before in the end, also when a signal ends the program.
 std::optional<QByteArray> readSecretLine(const QString& prompt, qsizetype maxBytes);
 
-} // namespace kelvane::admin
+} // namespace kelvane

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-namespace kelvane::admin {
+namespace kelvane {
 
 /// A password in UTF-8, wiped from memory at its end. It can be moved and not copied.
 class Password {
@@ -18,4 +18,4 @@ class Password {
     QByteArray utf8_;
 };
 
-} // namespace kelvane::admin
+} // namespace kelvane

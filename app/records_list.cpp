@@ -1,0 +1,110 @@
+#include "app/records_list.h"
+
+#include "data/assets/assets.h"
+#include "data/routine.h"
+#include "data/session_values.h"
+#include "platform/values/texts.h"
+#include "records/lists.h"
+
+#include <QSaveFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr qsizetype blockSize = 500;
+
+/// False after an error.
+bool requireAsset(Session& session, const QString& asset) {
+    Routine routine(session, u"Records,requireAsset"_s);
+    const auto isKnown =
+        routine.resultOf([&] { return ModuleGlobals::isInInventory(session, routine, asset); });
+    if (isKnown == false)
+        throw ProgramAnswer{u"there is no asset %1"_s.arg(asset), 1};
+    return isKnown.has_value();
+}
+
+template <class Row>
+std::optional<QString> csvOf(std::span<const ListColumn<Row>> columns, const std::optional<QList<Row>>& rows,
+                             const CsvForm& form) {
+    if (!rows)
+        return {};
+    auto csv = csvTitles(columns, form);
+    for (const auto& row : *rows)
+        csv += csvRow(columns, row, form);
+    return csv;
+}
+
+std::optional<QString> dueInstruments(Session& session, const RecordsRequest& request) {
+    InstrumentQuery query{.order = InstrumentOrder::due};
+    if (request.list == RecordsRequest::List::due)
+        query.filter.dueWithinDays = request.days;
+    query.filter.isOverdue = request.list == RecordsRequest::List::overdue;
+    InstrumentReader reader(session, query);
+    auto csv = csvTitles(instrumentColumns(), request.form);
+    while (!reader.isAtEnd()) {
+        const auto block = reader.next(blockSize);
+        for (const auto& instrument : block)
+            csv += csvRow(instrumentColumns(), instrument, request.form);
+    }
+    return reader.hasFailed() ? std::nullopt : std::optional(csv);
+}
+
+std::optional<QString> uses(Session& session, const RecordsRequest& request) {
+    if (!requireAsset(session, request.asset))
+        return {};
+    return csvOf(standardUseColumns(), usesOfStandard(session, request.asset, request.since), request.form);
+}
+
+std::optional<QString> history(Session& session, const RecordsRequest& request) {
+    if (!requireAsset(session, request.asset))
+        return {};
+    return csvOf(calibrationColumns(), calibrationsOf(session, request.asset), request.form);
+}
+
+struct ListMaker {
+    RecordsRequest::List list;
+    std::optional<QString> (*make)(Session& session, const RecordsRequest& request);
+};
+
+constexpr ListMaker listMakers[] = {
+    {RecordsRequest::List::due, dueInstruments},
+    {RecordsRequest::List::overdue, dueInstruments},
+    {RecordsRequest::List::used, uses},
+    {RecordsRequest::List::history, history},
+};
+
+} // namespace
+
+void logInToRead(Session& session, const QString& dataSource, const QString& user, const QString& password) {
+    const auto name = trimBlanks(user);
+    session.SessionDataSource = dataSource;
+    sharedConnection(session).open(u"DSN="_s + dataSource, name, trimBlanks(password));
+    session.SessionUser = name;
+    session.SessionConnected = true;
+    readSessionValues(session, name);
+}
+
+std::optional<QByteArray> listAsCsv(Session& session, const RecordsRequest& request) {
+    const auto* maker = std::ranges::find(listMakers, request.list, &ListMaker::list);
+    const auto csv = maker->make(session, request);
+    return csv ? std::optional(csv->toUtf8()) : std::nullopt;
+}
+
+void writeList(const RecordsRequest& request, const QByteArray& list) {
+    if (request.file.isEmpty()) {
+        const auto length = static_cast<std::size_t>(list.size());
+        if (std::fwrite(list.constData(), 1, length, stdout) != length || std::fflush(stdout) != 0)
+            throw ProgramAnswer{u"the output can't be written"_s, 1};
+        return;
+    }
+    QSaveFile file(request.file);
+    if (!file.open(QIODevice::WriteOnly) || file.write(list) != list.size() || !file.commit())
+        throw ProgramAnswer{u"%1 can't be written: %2"_s.arg(request.file, file.errorString()), 1};
+}
+
+} // namespace kelvane

@@ -1,0 +1,93 @@
+#include "app/login.h"
+#include "app/records_list.h"
+#include "app/user_folder.h"
+#include "platform/database/odbc_connection.h"
+#include "platform/database/reading_connection.h"
+#include "platform/password.h"
+#include "platform/silent_user_interface.h"
+#include "platform/terminal.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <clocale>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr qsizetype longestPassword = 511; // bytes
+
+/// Keeps the first line of what a routine reports, for the standard error.
+class ReportKeeper final : public SilentUserInterface {
+  public:
+    BoxAnswer messageBox(const QString& text, const QString&, BoxStyle) override {
+        if (report.isEmpty())
+            report = text.section(u"\r\n"_s, 0, 0).simplified(); // servers write several lines
+        return BoxAnswer::ok;
+    }
+    QString askOneField(const DialogQuestion&) override { return cancelled; }
+
+    QString report;
+};
+
+Password askPassword(const QString& user) {
+    auto line = readSecretLine(u"Password of %1: "_s.arg(user), longestPassword);
+    if (!line || line->isEmpty())
+        throw ProgramAnswer{u"no password was given on the standard input"_s, 1};
+    return Password(std::move(*line));
+}
+
+void logIn(Session& session, const RecordsRequest& request) {
+    const auto dataSource = request.dataSource.isEmpty() ? chosenDataSource(session) : request.dataSource;
+    const auto password = askPassword(request.user);
+    try {
+        logInToRead(session, dataSource, request.user, QString::fromUtf8(password.utf8()));
+    } catch (const Error& error) {
+        throw ProgramAnswer{
+            u"the login to %1 has failed: %2"_s.arg(dataSource, error.description.simplified()), 1};
+    }
+}
+
+void run(const RecordsRequest& request) {
+    const SystemClock clock;
+    IniSettingsStore settings(IniSettingsStore::defaultPath());
+    ReportKeeper operatorInterface;
+    Session session({operatorInterface, clock, settings}, readingConnections(odbcConnections()));
+    logIn(session, request);
+    const auto list = listAsCsv(session, request);
+    closeConnection(session);
+    if (!list)
+        throw ProgramAnswer{operatorInterface.report, 1};
+    writeList(request, *list);
+}
+
+} // namespace
+
+} // namespace kelvane
+
+int main(int argc, char** argv) {
+    using namespace kelvane;
+
+    openStandardStreams();
+    const auto program = recordsCommandLine().name;
+    try {
+        auto request = recordsRequest(wordsOf(argc, argv).mid(1));
+        const QCoreApplication application(argc, argv);
+        // The application takes the user's locale; database drivers would then write "1234,5".
+        std::setlocale(LC_NUMERIC, "C");
+        // A file that the command line names stands in the folder where it was written.
+        if (!request.file.isEmpty())
+            request.file = QFileInfo(request.file).absoluteFilePath();
+        if (const auto fault = enterRecordsFolder(); !fault.isEmpty())
+            return writeAnswer(program, {fault, 1});
+        run(request);
+        return 0;
+    } catch (const ProgramAnswer& answer) {
+        return writeAnswer(program, answer);
+    } catch (const Error& error) {
+        return writeAnswer(program, {error.description.simplified(), 1});
+    }
+}

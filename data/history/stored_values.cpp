@@ -1,0 +1,34 @@
+#include "data/history/stored_values.h"
+
+#include "data/routine.h"
+
+namespace kelvane {
+
+StoredMoment storedMomentOf(const std::optional<QString>& value) {
+    StoredMoment stored{storedText(value)};
+    if (stored.text.isEmpty())
+        return stored;
+    try {
+        stored.moment = storedMoment(stored.text);
+    } catch (const Error&) {
+        // Its text tells what is wrong with it.
+    }
+    return stored;
+}
+
+QString storedText(const std::optional<QString>& value) {
+    auto text = value.value_or(QString());
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+QString dateText(const StoredMoment& stored) {
+    return stored.hasDate() ? formatMoment(stored.moment, u"YYYY-MM-DD") : stored.text;
+}
+
+QString timeText(const StoredMoment& stored) {
+    return stored.moment.time.isValid() ? stored.moment.time.toString(u"HH:mm:ss") : stored.text;
+}
+
+} // namespace kelvane
