@@ -99,8 +99,8 @@ void makeDemonstrationPast(const QString& folder, const QDate& day, const Record
         throw Failure{ui.faults.join(u"; "_s)};
     clock.set({day, QTime(0, 0)});
     logIn(session);
-    const auto calibrations = calibrationsBefore(day, intervalsOf(session, pastInstruments()),
-                                                 intervalsOf(session, pastStandards()));
+    const auto instruments = intervalsOf(session, pastInstruments());
+    const auto calibrations = calibrationsBefore(day, instruments, intervalsOf(session, pastStandards()));
     Transaction transaction(session);
     PastRecords records(session, clock, ui, day);
     qsizetype count = 0;

@@ -12,8 +12,13 @@ namespace {
 constexpr int years = 5;
 constexpr int daysOfMonth = 30;
 /// A calibration comes so many days before its due date, which itself may be moved to a working day ahead.
-constexpr int soonest = 14;
-constexpr int latest = 5;
+constexpr int soonest = 20;
+constexpr int latest = 12;
+/// The last days belong to what the demonstration does itself. Shorter than the time to the due date, so that
+/// what would have been done in them is still in calibration.
+constexpr int quietDays = 7;
+/// A calibration that was left out has to be so old that the one ahead of it has run out.
+constexpr int daysOverdue = 2 * soonest;
 /// Between two calibrations that are begun in the same way, so that they have nothing in common.
 constexpr unsigned seedsOfInstrument = 1000;
 
@@ -38,13 +43,19 @@ void addCalibrations(QList<PastCalibration>& all, const PastInterval& interval, 
                      const QDate& day, unsigned seed) {
     PastRandom random(seed);
     QList<PastCalibration> own;
-    for (auto date = first; date < day;) {
+    const auto end = day.addDays(-quietDays);
+    for (auto date = first; date < end;) {
         const auto working = workingDayUpTo(date);
         own << PastCalibration{interval.instrument, {working, timeOfWork(random)}, ++seed};
         date = working.addMonths(interval.months).addDays(-random.whole(latest, soonest));
     }
-    if (interval.instrument->isOverdue)
-        own.removeLast();
+    if (interval.instrument->isOverdue) {
+        const auto overdue = [&](const PastCalibration& next) {
+            return next.moment.date < day.addDays(-daysOverdue);
+        };
+        while (!overdue(own.takeLast())) {
+        }
+    }
     all << own;
 }
 

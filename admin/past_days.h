@@ -22,9 +22,9 @@ struct PastInterval {
     int months = 12;
 };
 
-/// All calibrations before `day`, in the order of their moments. Those of the instruments begin five to six
-/// years before it, spread over the year, those of the standards before them; each comes some days before the
-/// one ahead of it has run out, on a working day.
+/// All calibrations before `day` and the week ahead of it, in the order of their moments. Those of the
+/// instruments begin five to six years before, spread over the year, those of the standards before them; each
+/// comes some days before the one ahead of it has run out, on a working day.
 QList<PastCalibration> calibrationsBefore(const QDate& day, const QList<PastInterval>& instruments,
                                           const QList<PastInterval>& standards);
 

@@ -20,10 +20,10 @@ constexpr WayOfCalibration panel{{u"DMM-P01"}, ownLaboratory, u"KP-LOOP-02", u"I
 constexpr WayOfCalibration gauge{{u"PM-P500"}, ownLaboratory, u"KP-PRESSURE-03", u"LAB", 0.002};
 
 constexpr Behaviour steady{};
-constexpr Behaviour noisy{.noise = 0.45};
-/// In limits for all the years, and soon no longer.
-constexpr Behaviour slowlyUp{.driftPerYear = 0.15};
-constexpr Behaviour slowlyDown{.driftPerYear = -0.15};
+constexpr Behaviour noisy{.noise = 0.55};
+/// In limits for all the years, though not for ever.
+constexpr Behaviour slowlyUp{.driftPerYear = 0.1, .noise = 0.04};
+constexpr Behaviour slowlyDown{.driftPerYear = -0.1, .noise = 0.04};
 /// Out of limits every few years, and adjusted then.
 constexpr Behaviour up{.driftPerYear = 0.5};
 constexpr Behaviour down{.driftPerYear = -0.5};
