@@ -2,6 +2,9 @@
 #include "admin/past_instruments.h"
 #include "tests/admin/past_database.h"
 
+#include <QFile>
+#include <QRegularExpression>
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +53,29 @@ bool isSteady(const admin::Behaviour& behaviour) {
 }
 
 } // namespace
+
+TEST(PastPage, NamesEachInstrumentThatIsNotSteadyAndNoOther) {
+    QFile file(QStringLiteral(KELVANE_SOURCES "/docs/demonstration-data.md"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const auto page = QString::fromUtf8(file.readAll());
+    int steady = 0;
+    QStringList known;
+    for (const auto& instrument : admin::pastInstruments()) {
+        known << instrument.asset.toString();
+        const bool isNamed = page.contains(u'`' + instrument.asset.toString() + u'`');
+        EXPECT_EQ(isNamed, !isSteady(instrument.behaviour) || instrument.isOverdue) << nameOf(instrument);
+        steady += isSteady(instrument.behaviour) ? 1 : 0;
+    }
+    for (const auto& standard : admin::pastStandards()) {
+        known << standard.asset.toString();
+        EXPECT_TRUE(page.contains(u'`' + known.last() + u'`')) << nameOf(standard);
+    }
+    static const QRegularExpression name(u"`([A-Z0-9]{2,4}-[A-Z]*-?[0-9]+)`"_s);
+    const auto section = page.section(u"## A past of five years"_s, 1).section(u"\n## "_s, 0, 0);
+    for (const auto& match : name.globalMatch(section))
+        EXPECT_TRUE(known.contains(match.captured(1))) << match.captured(1).toStdString();
+    EXPECT_TRUE(page.contains(u"| steady | the other %1 |"_s.arg(steady)));
+}
 
 INSTANTIATE_TEST_SUITE_P(OnDays, PastBehaviours, ::testing::ValuesIn(daysOfMaking()), nameOfDay);
 
