@@ -106,6 +106,23 @@ TEST_F(PastMaking, ThatFailsMakesNoDatabase) {
     EXPECT_EQ(files(), QStringList());
 }
 
+TEST_F(PastMaking, LeavesNoRecordWhenSomethingUnexpectedIsAsked) {
+    ASSERT_EQ(makeWith(u"/bin/true"_s, u"db"_s).code, 0); // instruments without records
+    const auto place = path(u"db"_s);
+    {
+        OdbcLink link(u"Driver=SQLite3;Database="_s + place + u"/mt.db"_s, {}, {});
+        link.execute(u"insert into hvm_kv_worksheetfields (fldnum, sequence) values ('2319', 2)"_s);
+    }
+    expectRefused(runAdmin({u"demonstration-past"_s, u"--day=2027-01-01"_s, place}), 1,
+                  u"Certificate Note"_s);
+    OdbcLink link(u"Driver=SQLite3;Database="_s + place + u"/mt.db"_s, {}, {});
+    for (const auto& table : {u"calibration"_s, u"calresults"_s, u"standards"_s}) {
+        const auto rows = link.select(u"select count(*) from %1 where mtag > '5000'"_s.arg(table), Rows::all);
+        ASSERT_TRUE(rows->next());
+        EXPECT_EQ(rows->value(0), u"0") << table.toStdString();
+    }
+}
+
 TEST_F(PastMaking, IsRefusedWhereTheInstrumentsHaveRecords) {
     expectDone(runAdmin({u"make"_s, path(u"db"_s), u"--demo"_s, u"--day=2027-01-01"_s}));
     const auto past = pastOf(u"db"_s);
