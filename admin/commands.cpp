@@ -2,10 +2,15 @@
 
 #include "admin/account_commands.h"
 #include "admin/data_source.h"
+#include "admin/demonstration_past.h"
 #include "admin/failure.h"
 #include "admin/scripts.h"
 
+#include <QCoreApplication>
 #include <QDate>
+#include <QElapsedTimer>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -28,18 +33,58 @@ QStringList ownerArguments(const Invocation& invocation, const DatabaseAddress& 
     return {u"--owner="_s + invocation.options.value(ownerOption.name)};
 }
 
+/// The day of the option.
+QDate dayOf(const Invocation& invocation) {
+    const auto text = invocation.options.value(u"day"_s);
+    const auto day = QDate::fromString(text, u"yyyy-MM-dd"_s);
+    if (!day.isValid())
+        throw usageFailure(u"no such day: "_s + text);
+    return day;
+}
+
 QString makeDatabase(const Invocation& invocation) {
     const auto at = databaseAddress(invocation.arguments[0]);
     QStringList arguments = QStringList{at.text} + ownerArguments(invocation, at);
     if (invocation.options.isSet(u"demo"_s))
-        arguments << u"--demo"_s;
-    if (invocation.options.isSet(u"day"_s)) {
-        const auto day = invocation.options.value(u"day"_s);
-        if (!QDate::fromString(day, u"yyyy-MM-dd"_s).isValid())
-            throw usageFailure(u"no such day: "_s + day);
-        arguments << u"--day="_s + day;
-    }
+        arguments << u"--demo"_s << u"--past="_s + QCoreApplication::applicationFilePath();
+    if (invocation.options.isSet(u"day"_s))
+        arguments << u"--day="_s + dayOf(invocation).toString(u"yyyy-MM-dd"_s);
     becomeScript(u"make.sh"_s, at, arguments);
+}
+
+/// Tells on the standard error how many records there are, once that takes longer than a second.
+class ProgressLine {
+  public:
+    ProgressLine() { time_.start(); }
+    ~ProgressLine() {
+        if (percent_ >= 0)
+            std::fputc('\n', stderr);
+    }
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+    void show(qsizetype made, qsizetype all) {
+        const auto percent = made * 100 / all;
+        if (percent == percent_ || !time_.hasExpired(1000))
+            return;
+        percent_ = percent;
+        std::fprintf(stderr, "\rMaking five years of records: %d %%", static_cast<int>(percent));
+        std::fflush(stderr);
+    }
+
+  private:
+    QElapsedTimer time_;
+    qsizetype percent_ = -1;
+};
+
+QString makePast(const Invocation& invocation) {
+    const auto day = dayOf(invocation);
+    RecordsMade made = [](qsizetype, qsizetype) {};
+    ProgressLine line;
+    if (invocation.options.isSet(u"progress"_s))
+        made = [&line](qsizetype count, qsizetype all) { line.show(count, all); };
+    makeDemonstrationPast(invocation.arguments[0], day, made);
+    return {};
 }
 
 QString upgrade(const Invocation& invocation) {
@@ -141,6 +186,19 @@ const QList<Command>& commands() {
          .summary = u"prints the section of an odbc.ini for a workstation"_s,
          .details = u"For /etc/odbc.ini or ~/.odbc.ini. It holds neither user nor password."_s,
          .run = printDataSource},
+    };
+    return all;
+}
+
+const QList<Command>& commandsOfScripts() {
+    static const QList<Command> all{
+        {.name = u"demonstration-past"_s,
+         .arguments = {u"FOLDER"_s},
+         .options = {{u"day"_s, u"YYYY-MM-DD"_s, u"the day that the demonstration data count from"_s, true},
+                     {u"progress"_s, {}, u"tells how far it is"_s}},
+         .summary = u"makes the earlier records of the demonstration data"_s,
+         .details = {},
+         .run = makePast},
     };
     return all;
 }

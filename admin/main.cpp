@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
     const auto program = u"kelvane-admin"_s;
     try {
         using namespace kelvane::admin;
-        const auto invocation = invocationOf(commands(), QCoreApplication::arguments().mid(1));
+        const auto all = commands() + commandsOfScripts();
+        const auto invocation = invocationOf(all, QCoreApplication::arguments().mid(1));
         return kelvane::writeAnswer(program, {outputOf(invocation)});
     } catch (const kelvane::admin::Failure& failure) {
         return kelvane::writeAnswer(program, {failure.text, failure.status});

@@ -1,10 +1,11 @@
 #!/bin/sh
 # Makes the database of the embedded engine: one SQLite file for each owner, in a folder of its own.
 #
-#   make.sh <folder> [--demo] [--day=YYYY-MM-DD]
+#   make.sh <folder> [--demo] [--day=YYYY-MM-DD] [--past=<kelvane-admin>]
 #
 # A new folder is built beside its place and moved there when it is whole; with --demo it holds the demonstration
-# data, as made today or on the given day. A folder that has a database already keeps its data: it is only brought to
+# data, as made today or on the given day. With --past it also holds five years of records of instruments of its own
+# (demo/past), which that program makes. A folder that has a database already keeps its data: it is only brought to
 # the newest version (upgrade.sh).
 set -eu
 
@@ -15,21 +16,23 @@ fail() {
     exit 1
 }
 
-folder= demo= day=
+folder= demo= day= past=
 for argument; do
     case $argument in
     --demo) demo=yes ;;
     --day=[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]) day=${argument#--day=} ;;
+    --past=?*) past=${argument#--past=} ;;
     -*) fail "unknown option $argument" ;;
     *) [ -z "$folder" ] || fail 'one folder only'
        folder=$argument ;;
     esac
 done
-[ -n "$folder" ] || fail 'usage: make.sh <folder> [--demo] [--day=YYYY-MM-DD]'
+[ -n "$folder" ] || fail 'usage: make.sh <folder> [--demo] [--day=YYYY-MM-DD] [--past=<kelvane-admin>]'
 command -v sqlite3 >/dev/null || fail 'the program sqlite3 is missing (Debian package "sqlite3")'
 
 here=$(CDPATH= cd -- "$(dirname -- "$0")" && pwd)
 case $folder in /*) ;; *) folder=$PWD/$folder ;; esac
+case $past in '' | /*) ;; *) past=$PWD/$past ;; esac
 folder=${folder%/}
 umask 077
 
@@ -46,11 +49,26 @@ script() {
 demonstration() {
     now="${day:-$(date +%Y-%m-%d)} $(date +%H:%M:%S)"
     [ "$(sqlite3 -batch -init /dev/null :memory: "select datetime('$now', '+0 days')")" = "$now" ] || fail "no such day: $day"
-    for path in "$here"/demo/*.sql; do
-        script kelvane.db "demo/${path##*/}" \
+    demonstration_of demo
+    [ -z "$past" ] || five_years
+}
+
+# demonstration_of <folder>: its scripts, in their order.
+demonstration_of() {
+    for path in "$here/$1"/*.sql; do
+        script kelvane.db "$1/${path##*/}" \
             -cmd "attach 'mt.db' as mt; attach 'std.db' as std; attach 'abc.db' as abc;" \
             -cmd ".parameter set :now \"'$now'\""
     done
+}
+
+# Records are judged and laid out, which the program alone can do. It tells on a terminal how far it is.
+five_years() {
+    demonstration_of demo/past
+    progress=
+    [ ! -t 2 ] || progress=--progress
+    "$past" demonstration-past --day="${now%% *}" $progress . || fail 'the demonstration has got no past'
+    rm -f kelvane.lock # of the program's locks; the database's users make their own
 }
 
 present=0

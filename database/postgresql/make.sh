@@ -1,19 +1,21 @@
 #!/bin/sh
 # Makes the database on a PostgreSQL server: a schema for each owner, roles and rights.
 #
-#   make.sh <address> [--demo] [--day=YYYY-MM-DD] [--owner=<name>]...
+#   make.sh <address> [--demo] [--day=YYYY-MM-DD] [--past=<kelvane-admin>] [--owner=<name>]...
 #
 # The database is made when the server has none of this name; one that is there has to be empty. With --demo it holds the
-# demonstration data, as made today or on the given day, and its logins; it is refused beside a database of Kelvane that
-# lacks the demonstration's users, and where a role that Kelvane has not made has the name of one of them. It is made whole
-# or not at all. A database of Kelvane keeps its data: it is only brought to the newest version (upgrade.sh).
+# demonstration data, as made today or on the given day, with the past that the program of --past makes, and its logins; it
+# is refused beside a database of Kelvane that lacks the demonstration's users, and where a role that Kelvane has not made
+# has the name of one of them. It is made whole or not at all. A database of Kelvane keeps its data: it is only brought to
+# the newest version (upgrade.sh).
 set -eu
 
-address= demo= day= owners=
+address= demo= day= past= owners=
 for argument; do
     case $argument in
     --demo) demo=yes ;;
     --day=[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]) day=$argument ;;
+    --past=?*) past=$argument ;;
     --owner=*[!a-z0-9_]* | --owner=[0-9]* | --owner=)
         echo 'make.sh: an owner has a name of small letters, digits and "_"' >&2 && exit 1 ;;
     --owner=*) owners="$owners $argument" ;;
@@ -23,7 +25,8 @@ for argument; do
     esac
 done
 [ -n "$address" ] ||
-    { echo 'make.sh: usage: make.sh <address> [--demo] [--day=YYYY-MM-DD] [--owner=<name>]...' >&2 && exit 1; }
+    { echo 'make.sh: usage: make.sh <address> [--demo] [--day=YYYY-MM-DD] [--past=<kelvane-admin>] [--owner=<name>]...' >&2
+      exit 1; }
 . "$(dirname -- "$0")/common.sh"
 
 made= rows=
@@ -84,7 +87,7 @@ esac
 
 if [ -n "$demo" ]; then
     rows=$(mktemp -d)
-    "$here/../make.sh" "$rows/embedded" --demo $day
+    "$here/../make.sh" "$rows/embedded" --demo $day ${past:+"$past"}
     "$here/demonstration.sh" "$rows/embedded" "$rows"
     refuse_beside_others "$rows"
     "$here/upgrade.sh" --new --demonstration="$rows" "$address" $owners
