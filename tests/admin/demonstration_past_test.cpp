@@ -23,9 +23,7 @@ bool isOfOtherLaboratory(const admin::PastInstrument& instrument) {
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(OnDays, DemonstrationPast, ::testing::ValuesIn(daysOfMaking()), nameOfDay);
-
-TEST_P(DemonstrationPast, GoesBackFiveYearsForFortyInstrumentsAndTheirStandards) {
+TEST_F(DemonstrationPast, GoesBackFiveYearsForFortyInstrumentsAndTheirStandards) {
     EXPECT_EQ(admin::pastInstruments().size(), 40U);
     EXPECT_EQ(value(u"select count(*) from mt.inventory where i4240 in ('BOILER', 'WATER')"_s), u"40");
     EXPECT_EQ(value(u"select count(distinct c.mtag) from mt.calibration as c join mt.inventory as i on "
@@ -45,7 +43,7 @@ TEST_P(DemonstrationPast, GoesBackFiveYearsForFortyInstrumentsAndTheirStandards)
     }
 }
 
-TEST_P(DemonstrationPast, VerdictsAndCountsFollowFromTheReadingsOfTheLines) {
+TEST_F(DemonstrationPast, VerdictsAndCountsFollowFromTheReadingsOfTheLines) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto limits = limitsOf(instrument->asset);
@@ -72,7 +70,7 @@ TEST_P(DemonstrationPast, VerdictsAndCountsFollowFromTheReadingsOfTheLines) {
     }
 }
 
-TEST_P(DemonstrationPast, EachLineIsTheOneThatTheProgramWritesOfItsReading) {
+TEST_F(DemonstrationPast, EachLineIsTheOneThatTheProgramWritesOfItsReading) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto parameters = ModuleGlobals::GetCalParams(session, instrument->asset.toString());
@@ -86,7 +84,7 @@ TEST_P(DemonstrationPast, EachLineIsTheOneThatTheProgramWritesOfItsReading) {
     }
 }
 
-TEST_P(DemonstrationPast, AFailureIsFollowedByAnAdjustmentOfTheSameDay) {
+TEST_F(DemonstrationPast, AFailureIsFollowedByAnAdjustmentOfTheSameDay) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto records = recordsOf(instrument->asset);
@@ -108,7 +106,7 @@ TEST_P(DemonstrationPast, AFailureIsFollowedByAnAdjustmentOfTheSameDay) {
     }
 }
 
-TEST_P(DemonstrationPast, DueDatesAreThoseOfTheInterval) {
+TEST_F(DemonstrationPast, DueDatesAreThoseOfTheInterval) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto months =
@@ -126,7 +124,7 @@ TEST_P(DemonstrationPast, DueDatesAreThoseOfTheInterval) {
     }
 }
 
-TEST_P(DemonstrationPast, TheLatestRecordAloneIsTheCurrentOne) {
+TEST_F(DemonstrationPast, TheLatestRecordAloneIsTheCurrentOne) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto records = recordsOf(instrument->asset);
@@ -138,7 +136,7 @@ TEST_P(DemonstrationPast, TheLatestRecordAloneIsTheCurrentOne) {
     }
 }
 
-TEST_P(DemonstrationPast, StandardsWereInCalibrationWhenTheyWereUsed) {
+TEST_F(DemonstrationPast, StandardsWereInCalibrationWhenTheyWereUsed) {
     int used = 0;
     for (const auto& instrument : admin::pastInstruments()) {
         SCOPED_TRACE(nameOf(instrument));
@@ -169,7 +167,7 @@ TEST_P(DemonstrationPast, StandardsWereInCalibrationWhenTheyWereUsed) {
     EXPECT_GT(used, 400);
 }
 
-TEST_P(DemonstrationPast, RecordsSayWhoWhereAndInWhichConditions) {
+TEST_F(DemonstrationPast, RecordsSayWhoWhereAndInWhichConditions) {
     for (const auto* instrument : all()) {
         SCOPED_TRACE(nameOf(*instrument));
         const auto of = u" from mt.calibration where mtag = '%1'"_s.arg(mtagOf(instrument->asset));

@@ -77,9 +77,7 @@ TEST(PastPage, NamesEachInstrumentThatIsNotSteadyAndNoOther) {
     EXPECT_TRUE(page.contains(u"| steady | the other %1 |"_s.arg(steady)));
 }
 
-INSTANTIATE_TEST_SUITE_P(OnDays, PastBehaviours, ::testing::ValuesIn(daysOfMaking()), nameOfDay);
-
-TEST_P(PastBehaviours, DriftingOnesDriftAsFastAsTheTableSays) {
+TEST_F(PastBehaviours, DriftingOnesDriftAsFastAsTheTableSays) {
     int drifting = 0;
     for (const auto* instrument : all()) {
         const double drift = instrument->behaviour.driftPerYear;
@@ -94,7 +92,7 @@ TEST_P(PastBehaviours, DriftingOnesDriftAsFastAsTheTableSays) {
     EXPECT_GE(drifting, 12);
 }
 
-TEST_P(PastBehaviours, SteadyOnesNeverLeaveTheirLimits) {
+TEST_F(PastBehaviours, SteadyOnesNeverLeaveTheirLimits) {
     int steady = 0;
     for (const auto* instrument : all()) {
         if (!isSteady(instrument->behaviour))
@@ -105,7 +103,7 @@ TEST_P(PastBehaviours, SteadyOnesNeverLeaveTheirLimits) {
     EXPECT_GE(steady, 20);
 }
 
-TEST_P(PastBehaviours, OneJumpsOnce) {
+TEST_F(PastBehaviours, OneJumpsOnce) {
     int jumping = 0;
     for (const auto& instrument : admin::pastInstruments()) {
         if (instrument.behaviour.jump == 0)
@@ -124,7 +122,7 @@ TEST_P(PastBehaviours, OneJumpsOnce) {
     EXPECT_EQ(jumping, 1);
 }
 
-TEST_P(PastBehaviours, OneWasNeverIn) {
+TEST_F(PastBehaviours, OneWasNeverIn) {
     int neverIn = 0;
     for (const auto& instrument : admin::pastInstruments()) {
         const auto records = recordsOf(instrument.asset);
@@ -135,7 +133,7 @@ TEST_P(PastBehaviours, OneWasNeverIn) {
     EXPECT_EQ(neverIn, 1);
 }
 
-TEST_P(PastBehaviours, NoisyOnesScatterAndAreOutNowAndThen) {
+TEST_F(PastBehaviours, NoisyOnesScatterAndAreOutNowAndThen) {
     int noisy = 0;
     int failures = 0;
     for (const auto& instrument : admin::pastInstruments()) {
@@ -150,7 +148,7 @@ TEST_P(PastBehaviours, NoisyOnesScatterAndAreOutNowAndThen) {
     EXPECT_GE(failures, 2);
 }
 
-TEST_P(PastBehaviours, AStandardWasFoundOutOfToleranceAfterInstrumentsHadBeenCalibratedWithIt) {
+TEST_F(PastBehaviours, AStandardWasFoundOutOfToleranceAfterInstrumentsHadBeenCalibratedWithIt) {
     int found = 0;
     for (const auto& standard : admin::pastStandards()) {
         const auto records = recordsOf(standard.asset);
@@ -168,7 +166,7 @@ TEST_P(PastBehaviours, AStandardWasFoundOutOfToleranceAfterInstrumentsHadBeenCal
     EXPECT_GE(found, 1);
 }
 
-TEST_P(PastBehaviours, SomeAreOverdueAndOthersDueInTheNextMonths) {
+TEST_F(PastBehaviours, SomeAreOverdueAndOthersDueInTheNextMonths) {
     const auto dueFrom = [&](int from, int days) {
         return value(u"select count(*) from mt.inventory where i4240 in ('BOILER', 'WATER') and i4231 "
                      u"between '%1' "

@@ -4,20 +4,17 @@
 #include "data/start_up.h"
 #include "tests/admin/admin_program.h"
 
-#include <map>
-
 using namespace Qt::StringLiterals;
 
 namespace kelvane::testing {
 
 namespace {
 
-QString madeOn(const QString& day) {
-    static std::map<QString, QTemporaryDir> folders;
-    const bool isNew = folders.find(day) == folders.end();
-    const auto path = folders[day].filePath(u"database"_s);
-    if (isNew)
-        expectDone(runAdmin({u"make"_s, path, u"--demo"_s, u"--day="_s + day}));
+QString madeDatabase(const QDate& day) {
+    static const QTemporaryDir made;
+    auto path = made.filePath(u"database"_s);
+    if (!QFile::exists(path))
+        expectDone(runAdmin({u"make"_s, path, u"--demo"_s, u"--day="_s + day.toString(Qt::ISODate)}));
     return path;
 }
 
@@ -41,8 +38,8 @@ double numberOf(QString text) {
 } // namespace
 
 PastDatabase::PastDatabase()
-    : day(QDate::fromString(GetParam(), Qt::ISODate)),
-      database(madeOn(GetParam())),
+    : day(QDate::currentDate()),
+      database(madeDatabase(day)),
       session({ui, clock, settings}, openConnections()) {
     sharedConnection(session).open(database.connectionString(), u"jdoe"_s, u"kelvane"_s);
     session.SessionConnected = true;
@@ -150,15 +147,6 @@ QList<const admin::PastInstrument*> PastDatabase::all() {
     for (const auto& standard : admin::pastStandards())
         members << &standard;
     return members;
-}
-
-QStringList daysOfMaking() {
-    return {QDate::currentDate().toString(Qt::ISODate), u"2028-02-29"_s, u"2027-01-01"_s};
-}
-
-std::string nameOfDay(const ::testing::TestParamInfo<QString>& parameter) {
-    static const std::string names[] = {"Today", "LeapDay", "NewYear"};
-    return names[parameter.index];
 }
 
 } // namespace kelvane::testing

@@ -48,9 +48,9 @@ struct PastLimits {
     int points = 0;
 };
 
-/// The demonstration data with the past, made by kelvane-admin for a day: once for all tests of that day, of
-/// which each works on a copy. Somebody is logged in, with the demonstration's result template.
-class PastDatabase : public ::testing::TestWithParam<QString> {
+/// The demonstration data with the past, made by kelvane-admin for the present day: once for all tests of a
+/// process, of which each works on a copy. Somebody is logged in, with the demonstration's result template.
+class PastDatabase : public ::testing::Test {
   protected:
     PastDatabase();
 
@@ -76,10 +76,5 @@ class PastDatabase : public ::testing::TestWithParam<QString> {
   private:
     PastPoint pointOf(const QString& line) const;
 };
-
-/// Of today, of a leap day, and of the first day of a year.
-QStringList daysOfMaking();
-/// The name of such a day, the same whenever tests are run.
-std::string nameOfDay(const ::testing::TestParamInfo<QString>& parameter);
 
 } // namespace kelvane::testing
