@@ -17,6 +17,10 @@ struct DeviceHolder {
 /// them. None where the system tells nothing of it.
 QList<DeviceHolder> otherHoldersOf(const QString& device);
 
+/// Removes lock files of a device that their programs made more than a second ago and did not fill: a program
+/// that was killed while it locked the device would keep every other one from it for half a minute.
+void removeUnfinishedLocks(const QString& device);
+
 /// True when this user may read and write the device.
 bool mayUse(const QString& device);
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <optional>
 
 #include <dirent.h>
@@ -23,7 +24,8 @@ namespace {
 
 /// Where programs put a file "LCK..ttyS0" while they use /dev/ttyS0; it begins with the number of the
 /// process.
-const QStringList lockFolders{u"/var/lock"_s, u"/run/lock"_s, u"/var/lock/lockdev"_s, u"/tmp"_s};
+const QStringList lockFolders{u"/var/lock"_s, u"/etc/locks"_s, u"/var/spool/locks"_s,  u"/var/spool/uucp"_s,
+                              u"/tmp"_s,      u"/var/tmp"_s,   u"/var/lock/lockdev"_s, u"/run/lock"_s};
 
 /// The number of a character device, whatever it is called there.
 std::optional<dev_t> deviceNumber(const QString& path) {
@@ -104,19 +106,33 @@ QList<qint64> processesThatOpened(dev_t device) {
     return processes;
 }
 
-QList<qint64> processesThatLocked(const QString& device) {
-    QList<qint64> processes;
+QStringList lockFilesOf(const QString& device) {
+    QStringList files;
     // Some programs name the lock of /dev/pts/5 "LCK..pts_5", others "LCK..5".
     const auto below = QString(device).remove(u"/dev/"_s).replace(u'/', u'_');
     for (const auto& folder : lockFolders) {
-        for (const auto& name : {below, QFileInfo(device).fileName()}) {
-            const auto process = firstLineOf(folder + u"/LCK.."_s + name).toLongLong();
-            // A lock outlives a program that was killed.
-            if (process > 0 && QFileInfo::exists(folderOf(process)))
-                processes << process;
-        }
+        for (const auto& name : {below, QFileInfo(device).fileName()})
+            files << folder + u"/LCK.."_s + name;
+    }
+    return files;
+}
+
+QList<qint64> processesThatLocked(const QString& device) {
+    QList<qint64> processes;
+    const auto files = lockFilesOf(device);
+    for (const auto& file : files) {
+        const auto process = firstLineOf(file).toLongLong();
+        // A lock outlives a program that was killed.
+        if (process > 0 && QFileInfo::exists(folderOf(process)))
+            processes << process;
     }
     return processes;
+}
+
+bool isUnfinishedLock(const QByteArray& file) {
+    struct stat found {};
+    return ::lstat(file.constData(), &found) == 0 && S_ISREG(found.st_mode) && found.st_size == 0 &&
+           found.st_mtime + 1 < ::time(nullptr);
 }
 
 } // namespace
@@ -136,6 +152,15 @@ QList<DeviceHolder> otherHoldersOf(const QString& device) {
                                     QString::fromLocal8Bit(firstLineOf(folderOf(process) + u"/comm"_s))};
     }
     return holders;
+}
+
+void removeUnfinishedLocks(const QString& device) {
+    const auto files = lockFilesOf(device);
+    for (const auto& name : files) {
+        const auto file = QFile::encodeName(name);
+        if (isUnfinishedLock(file))
+            ::unlink(file.constData());
+    }
 }
 
 bool mayUse(const QString& device) {

@@ -1,5 +1,6 @@
 #include "drivers/torquestar/qt_serial_port.h"
 
+#include "platform/device_holders.h"
 #include "platform/error.h"
 #include "platform/system.h"
 #include "resources/strings.h"
@@ -129,6 +130,7 @@ void QtSerialPort::open() {
     const auto port = portName(number_);
     if (name.isEmpty())
         throw refusal(missingDevice(port, ports_.nameOf(number_)));
+    removeUnfinishedLocks(name);
     if (!port_->open(QIODevice::ReadWrite))
         throw refusal(text(TextId::portCannotBeOpened).arg(port, name, port_->errorString()));
     port_->clear(QSerialPort::Input);

@@ -6,9 +6,11 @@
 #include "tests/drivers/torquestar/real_port.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFileInfo>
 #include <QProcess>
 #include <QScopeGuard>
+#include <QSysInfo>
 
 #include <future>
 
@@ -45,6 +47,18 @@ class PortOfOthers : public RealPort {
     QString holder() const { return u"It is in use by sleep (process %1)."_s.arg(other.processId()); }
     QString state(const std::optional<LineOpening>& opening = {}) const {
         return portState(ports, 1, opening);
+    }
+
+    /// The lock file that the port makes while it is open.
+    QString lockFile() {
+        open();
+        const auto name = u"/LCK.."_s + QString(line.device()).remove(u"/dev/"_s).replace(u'/', u'_');
+        QStringList found;
+        for (const auto& lockFolder : {u"/var/lock"_s, u"/run/lock"_s, u"/tmp"_s, u"/var/tmp"_s})
+            found += QFileInfo(lockFolder + name).canonicalFilePath();
+        port.setPortOpen(false);
+        found.removeAll(QString());
+        return found.value(0);
     }
 
     QProcess other;
@@ -92,6 +106,35 @@ TEST_F(PortOfOthers, IsNotHeldByAPipeInPlaceOfALockFileWhichNobodyWaitsFor) {
     if (!ended)
         ::close(::open(pipe.constData(), O_WRONLY | O_CLOEXEC));
     EXPECT_EQ(holders.get(), QList<DeviceHolder>());
+}
+
+TEST_F(PortOfOthers, IsOpenedDespiteTheEmptyLockOfAProgramThatWasKilled) {
+    const auto file = lockFile();
+    const auto removal = qScopeGuard([&] { QFile::remove(file); });
+    QFile lock(file);
+    ASSERT_TRUE(lock.open(QIODevice::ReadWrite));
+    EXPECT_THROW(open(), Error) << "its program may be about to fill it";
+    ASSERT_TRUE(
+        lock.setFileTime(QDateTime::currentDateTime().addSecs(-2), QFileDevice::FileModificationTime));
+    open();
+    EXPECT_TRUE(port.portOpen());
+    port.setPortOpen(false);
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+TEST_F(PortOfOthers, IsNotOpenedWhileALockNamesARunningProcess) {
+    const auto file = lockFile();
+    const auto removal = qScopeGuard([&] { QFile::remove(file); });
+    take();
+    QFile lock(file);
+    ASSERT_TRUE(lock.open(QIODevice::ReadWrite));
+    lock.write(QByteArray::number(other.processId()) + "\nsleep\n" + QSysInfo::machineHostName().toUtf8() +
+               '\n');
+    ASSERT_TRUE(
+        lock.setFileTime(QDateTime::currentDateTime().addSecs(-2), QFileDevice::FileModificationTime));
+    lock.close();
+    EXPECT_THROW(open(), Error);
+    EXPECT_TRUE(QFileInfo::exists(file));
 }
 
 TEST_F(PortOfOthers, ThatIsNoDeviceHasNoHolder) {
