@@ -155,7 +155,7 @@ void FirstStart::nameDatabase(const QByteArray& section) {
     setRunning(false);
     auto outcome = text(TextId::firstStartMade)
                        .arg(QDir::toNativeSeparators(databaseToTry()),
-                            QDir::toNativeSeparators(documents_ + u"/technicians-guide.md"_s));
+                            QDir::toNativeSeparators(documents_ + u"/technicians-guide.html"_s));
     try {
         provideWorkFiles(QDir::currentPath());
     } catch (const FileError& error) {
@@ -173,7 +173,7 @@ void FirstStart::nameDatabase(const QByteArray& section) {
 }
 
 void FirstStart::openGuide() {
-    const QString guide = documents_ + u"/administrators-guide.md"_s;
+    const QString guide = documents_ + u"/administrators-guide.html"_s;
     const bool isOpen = QFileInfo::exists(guide) && openDocument_(guide);
     tell(*LabelOutcome,
          isOpen ? QString() : text(TextId::firstStartGuideMissing).arg(QDir::toNativeSeparators(guide)));

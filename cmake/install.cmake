@@ -7,16 +7,9 @@ install(
     DESTINATION share/kelvane
     COMPONENT kelvane)
 install(
-    DIRECTORY ${CMAKE_SOURCE_DIR}/docs/
+    DIRECTORY ${CMAKE_SOURCE_DIR}/docs/pictures
     DESTINATION share/doc/kelvane
-    COMPONENT kelvane
-    FILES_MATCHING
-    PATTERN "*.md"
-    PATTERN "*.png"
-    # For those who work on the program itself.
-    PATTERN architecture.md EXCLUDE
-    PATTERN endurance.md EXCLUDE
-    PATTERN where-to-change.md EXCLUDE)
+    COMPONENT kelvane)
 if(NOT UNIX)
     return() # the other programs need POSIX, the rest is for its desktops
 endif()
@@ -42,4 +35,4 @@ install(TARGETS dpclnk dpclnk3 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/kelva
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share/kelvane ${CMAKE_BINARY_DIR}/share/doc)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/database ${CMAKE_BINARY_DIR}/share/kelvane/database SYMBOLIC)
 file(CREATE_LINK ${CMAKE_SOURCE_DIR}/resources/layouts ${CMAKE_BINARY_DIR}/share/kelvane/layouts SYMBOLIC)
-file(CREATE_LINK ${CMAKE_SOURCE_DIR}/docs ${CMAKE_BINARY_DIR}/share/doc/kelvane SYMBOLIC)
+file(CREATE_LINK ${CMAKE_BINARY_DIR}/packaging/pages ${CMAKE_BINARY_DIR}/share/doc/kelvane SYMBOLIC)

@@ -6,7 +6,7 @@ build_packages=(
     qt6-base-dev qt6-serialport-dev libgl-dev
     libkainjow-mustache-dev libjsoncpp-dev libzint-dev
     unixodbc-dev odbcinst libsqliteodbc libcrypt-dev libpq-dev
-    sqlite3 fonts-dejavu-core
+    sqlite3 fonts-dejavu-core cmark-gfm
     libgtest-dev
 )
 # A database server, and what reaches it.

@@ -76,7 +76,7 @@ class First : public ::testing::Test {
     OwnFolder folder;
     QString database = folder.path() + u"/data/kelvane/database"_s;
     QString list = folder.path() + u"/odbc.ini"_s;
-    QString guide = folder.path() + u"/administrators-guide.md"_s;
+    QString guide = folder.path() + u"/administrators-guide.html"_s;
     /// What was opened on the desktop, and whether it can.
     QStringList opened;
     bool canOpen = true;
@@ -116,7 +116,7 @@ TEST_F(First, MakesADatabaseThatTheLoginCanUse) {
     EXPECT_EQ(outcome(),
               u"The database stands in %1. Log in as cnguyen or jdoe with the password kelvane. The "
               "technician's guide leads to the first record; it stands in %2."_s.arg(
-                  database, folder.path() + u"/technicians-guide.md"_s));
+                  database, folder.path() + u"/technicians-guide.html"_s));
     EXPECT_EQ(window->windowTitle(), u"Kelvane"_s) << "there is a database now";
     expectWholeTexts();
     takePicture(u"first_start_made.png"_s);
@@ -202,7 +202,7 @@ TEST_F(First, OpensTheGuideOrSaysWhereItStands) {
     EXPECT_EQ(opened, QStringList());
     EXPECT_EQ(outcome(), place) << "there is none";
 
-    folder.write(u"administrators-guide.md"_s, "# Guide\n");
+    folder.write(u"administrators-guide.html"_s, "<h1>Guide</h1>\n");
     click(command(u"CommandGuide"_s));
     EXPECT_EQ(opened, QStringList{guide});
     EXPECT_EQ(outcome(), QString());

@@ -88,8 +88,20 @@ done
 
 # What the programs find from their own folder. A changed script can't be that of the sources.
 for file in share/kelvane/layouts/kvwrksht.rpt share/kelvane/database/demo/rslt_db.frm \
-    share/doc/kelvane/administrators-guide.md; do
+    share/doc/kelvane/administrators-guide.html share/doc/kelvane/technicians-guide.html; do
     [ -s "$prefix/$file" ] || fault "$file is missing"
+done
+# Each page and picture that a page leads to stands there, and so does the heading that it means.
+for page in "$prefix"/share/doc/kelvane/*.html; do
+    while read -r link; do
+        target=${link%%#*} heading=${link#"${link%%#*}"}
+        target=$(dirname "$page")/${target:-$(basename "$page")}
+        if [ ! -s "$target" ]; then
+            fault "$(basename "$page") leads to $link, which is missing"
+        elif [ -n "$heading" ] && ! grep -qF " id=\"${heading#\#}\"" "$target"; then
+            fault "$(basename "$page") leads to $link, which is no heading"
+        fi
+    done < <(grep -oE '(href|src)="[^"]*"' "$page" | sed -E 's/^[a-z]+="(.*)"$/\1/' | grep -v '^https\?:')
 done
 kelvane-admin make "$root/a database" --demo >/dev/null || fault 'no database can be made with the installed scripts'
 printf '#!/bin/sh\necho installed\n' >"$prefix/share/kelvane/database/check.sh"

@@ -55,7 +55,7 @@ TEST(InstalledFilesOfTheBuild, AreThoseOfTheSources) {
     EXPECT_TRUE(QFileInfo(files.databaseScripts() + u"/make.sh"_s).isExecutable());
     EXPECT_TRUE(QFileInfo::exists(files.databaseScripts() + u"/demo/rslt_db.frm"_s));
     EXPECT_TRUE(QFileInfo::exists(files.layouts() + u"/kvwrksht.rpt"_s));
-    EXPECT_TRUE(QFileInfo::exists(files.documents() + u"/administrators-guide.md"_s));
+    EXPECT_TRUE(QFileInfo::exists(files.documents() + u"/administrators-guide.html"_s));
 }
 
 } // namespace kelvane
