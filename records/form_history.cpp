@@ -115,6 +115,8 @@ void FormHistory::layOut() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    // Both sides are as wide, whatever they show.
+    sides->setSizes({1, 1});
     auto* points = new QWidget;
     auto* pointColumn = new QVBoxLayout(points);
     pointColumn->setContentsMargins(0, 0, 0, 0);
@@ -154,6 +156,10 @@ void FormHistory::readAgain() {
     if (isRead)
         showRecords();
     splitter_->setVisible(!records_.isEmpty());
+}
+
+void FormHistory::focusRecords() {
+    TableRecords->setFocus();
 }
 
 void FormHistory::showRecords() {

@@ -25,6 +25,8 @@ class FormHistory final : public QWidget {
     const QString& asset() const { return instrument_.asset; }
     /// Reads the records again; what was read stays when that fails.
     void readAgain();
+    /// Gives the keyboard to the list of records.
+    void focusRecords();
 
   private:
     void layOut();

@@ -60,6 +60,7 @@ QTableWidget* linesTable(const QString& name) {
 QLabel* wrapping(QLabel* made) {
     made->clear();
     made->setWordWrap(true);
+    made->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     made->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return made;
 }
@@ -159,7 +160,9 @@ void RecordPane::addText(const QString& line) {
     const int row = TableLines->rowCount();
     TableLines->insertRow(row);
     auto* item = new QTableWidgetItem(line);
-    item->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(TableLines->font().pointSizeF());
+    item->setFont(font);
     item->setToolTip(wholeTextTip(line));
     TableLines->setItem(row, 0, item);
     TableLines->setSpan(row, 0, 1, pointColumnCount);
