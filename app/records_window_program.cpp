@@ -55,7 +55,7 @@ void RecordsWindowProgram::readTemplate() {
 }
 
 int runRecordsWindow(int argc, char** argv) {
-    auto check = std::make_optional<DisplayCheck>();
+    auto check = std::make_optional<DisplayCheck>(recordsCommandLine().name);
     QApplication application(argc, argv);
     check.reset();
     // The application takes the user's locale; database drivers would then write "1234,5".
@@ -70,7 +70,7 @@ int runRecordsWindow(int argc, char** argv) {
     RecordsWindowProgram program(clock, settings, odbcConnections(repaintWindows));
     program.readTemplate();
     if (const auto fault = enterRecordsFolder(); !fault.isEmpty())
-        return writeAnswer(u"kelvane-records"_s, {fault, 1});
+        return writeAnswer(recordsCommandLine().name, {fault, 1});
     if (!unknownLanguage.isEmpty())
         logReason(program.session, unknownLanguage);
     program.start();

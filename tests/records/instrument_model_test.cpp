@@ -5,6 +5,7 @@
 #include "tests/records/made_up_instruments.h"
 #include "tests/records/reading_session.h"
 
+#include <QColor>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
