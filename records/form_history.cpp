@@ -148,9 +148,9 @@ void FormHistory::connectControls() {
 void FormHistory::readAgain() {
     std::optional<QList<CalibrationRecord>> read;
     runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
-    if (read)
-        records_ = *std::move(read);
     const bool isRead = read.has_value();
+    if (read)
+        records_ = *read;
     LabelState->setText(text(isRead ? TextId::historyNone : TextId::historyNotRead));
     LabelState->setVisible(!isRead || records_.isEmpty());
     if (isRead)

@@ -238,6 +238,7 @@ bool FormInstruments::eventFilter(QObject* watched, QEvent* event) {
 
 void FormInstruments::ask() {
     typing_.stop();
+    isAsked_ = true;
     const auto& choice = choices().at(ComboShow->currentIndex());
     query_.filter = {};
     query_.filter.text = TextFilter->text();
@@ -271,6 +272,8 @@ void FormInstruments::forget() {
     const QSignalBlocker silent(TextFilter);
     TextFilter->clear();
     ComboShow->setCurrentIndex(0);
+    choice_ = 0;
+    isAsked_ = false;
     ComboValue->clear();
     ComboValue->hide();
     LabelOutcome->hide();
@@ -285,13 +288,16 @@ void FormInstruments::storeLayout() {
 void FormInstruments::showState() {
     const int rows = model_->rowCount();
     const auto state = [&] {
+        if (!isAsked_)
+            return TextId::recordsNotLoggedIn;
         if (model_->hasFailed())
             return TextId::recordsIncomplete;
         if (rows == 0)
             return TextId::recordsNone;
         return model_->isComplete() ? TextId::recordsShown : TextId::recordsShownMore;
     }();
-    LabelShown->setText(state == TextId::recordsNone ? text(state) : text(state).arg(rows));
+    const bool hasNumber = state != TextId::recordsNone && state != TextId::recordsNotLoggedIn;
+    LabelShown->setText(hasNumber ? text(state).arg(rows) : text(state));
     LabelShown->setAccessibleName(LabelShown->text());
     auto font = LabelShown->font();
     font.setBold(model_->hasFailed());
@@ -303,14 +309,23 @@ void FormInstruments::showState() {
 
 void FormInstruments::chooseKind() {
     const auto& choice = choices().at(ComboShow->currentIndex());
-    ComboValue->clear();
-    ComboValue->setVisible(choice.values.has_value());
+    QStringList values;
     if (choice.values) {
-        auto values = packageValues(session_, *choice.values).value_or(QStringList());
+        const auto read = packageValues(session_, *choice.values);
+        if (!read) {
+            // What is shown stays that of the choice before.
+            const QSignalBlocker quiet(ComboShow);
+            ComboShow->setCurrentIndex(choice_);
+            return;
+        }
+        values = *read;
         values.removeAll(QString());
         std::ranges::sort(values);
-        ComboValue->addItems(values);
     }
+    choice_ = ComboShow->currentIndex();
+    ComboValue->clear();
+    ComboValue->addItems(values);
+    ComboValue->setVisible(choice.values.has_value());
     ask();
 }
 

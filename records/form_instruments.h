@@ -58,6 +58,10 @@ class FormInstruments final : public QWidget {
     QTimer typing_;
     InstrumentQuery query_;
     int sortColumn_ = 0;
+    /// The row of the filters whose instruments are shown.
+    int choice_ = 0;
+    /// Since the login.
+    bool isAsked_ = false;
     bool hasWidths_ = false;
 
     QLineEdit* TextFilter;

@@ -242,12 +242,28 @@ TEST_F(InstrumentsScreen, ReadsAgainWhenItIsAsked) {
     EXPECT_EQ(screen.cell(0, 1), u"ANOTHER"_s);
 }
 
+TEST_F(InstrumentsScreen, OfADatabaseThatFailsNeverSaysThatTheseAreAll) {
+    auto& choice = control<QComboBox>(screen.form, u"ComboShow"_s);
+    pick(choice, u"Due within 90 days"_s);
+    const auto before = screen.assets();
+    closeConnection(session);
+    constexpr int closed = static_cast<int>(ErrorNumber::connectionClosed);
+    ui.expectReport(closed, u"FormPredefinedTasks,OptionSegregate-Click"_s);
+    QTest::keyClick(&choice, Qt::Key_Down);
+    EXPECT_EQ(choice.currentText(), u"Due within 90 days"_s) << "the groups could not be read";
+    EXPECT_EQ(screen.assets(), before);
+    ui.expectReport(closed, u"History,instruments"_s);
+    QTest::keyClick(&screen.table(), Qt::Key_F5);
+    EXPECT_EQ(screen.state(), text(TextId::recordsIncomplete).arg(0));
+}
+
 TEST_F(InstrumentsScreen, AfterLogOutShowsNothing) {
     screen.type(u"pt-1"_s);
     screen.form.forget();
     QTest::qWait(200);
     EXPECT_EQ(screen.rows().rowCount(), 0);
     EXPECT_EQ(control<QLineEdit>(screen.form, u"TextFilter"_s).text(), QString());
+    EXPECT_EQ(screen.state(), text(TextId::recordsNotLoggedIn));
 }
 
 TEST_F(InstrumentsScreen, LooksWholeInEachSizeAndLanguage) {
