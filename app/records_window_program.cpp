@@ -16,6 +16,7 @@
 #include "ui/guarded.h"
 #include "ui/program_icon.h"
 #include "ui/repaint.h"
+#include "ui/style.h"
 
 #include <QApplication>
 #include <QDir>
@@ -65,6 +66,7 @@ int runRecordsWindow(int argc, char** argv) {
     QApplication::setWindowIcon(programIcon());
     const SystemClock clock;
     IniSettingsStore settings(IniSettingsStore::defaultPath());
+    setLooks(chosenColors(settings));
     const auto unknownLanguage = chooseLanguage(settings, QLocale::system().uiLanguages());
     translateToolkit(application);
     RecordsWindowProgram program(clock, settings, odbcConnections(repaintWindows));
