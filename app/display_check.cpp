@@ -19,6 +19,12 @@ QStringList& heldBack() {
     return messages;
 }
 
+/// The name before the sentence.
+QString& checkedProgram() {
+    static QString name;
+    return name;
+}
+
 /// `words` are the toolkit's own about the platform that it has tried first.
 QString reason(const QString& words) {
     if (!words.contains("could not connect to display"_L1))
@@ -32,13 +38,15 @@ QString reason(const QString& words) {
 void hold(QtMsgType type, const QMessageLogContext&, const QString& message) {
     // The toolkit aborts behind its fatal message.
     if (type == QtFatalMsg)
-        std::_Exit(writeAnswer(u"kelvane"_s, {reason(heldBack().value(0, message).section(u'\n', 0, 0)), 1}));
+        std::_Exit(
+            writeAnswer(checkedProgram(), {reason(heldBack().value(0, message).section(u'\n', 0, 0)), 1}));
     heldBack() << message;
 }
 
 } // namespace
 
-DisplayCheck::DisplayCheck() {
+DisplayCheck::DisplayCheck(const QString& program) {
+    checkedProgram() = program;
     qInstallMessageHandler(hold);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace kelvane {
 
 /// Around the making of the application: where the toolkit finds no display, or not the platform that was
@@ -7,7 +9,8 @@ namespace kelvane {
 /// toolkit's lines and an abort. What else the toolkit says meanwhile is written when this object goes.
 class DisplayCheck {
   public:
-    DisplayCheck();
+    /// `program` is the name before that sentence.
+    explicit DisplayCheck(const QString& program);
     ~DisplayCheck();
     DisplayCheck(const DisplayCheck&) = delete;
     DisplayCheck& operator=(const DisplayCheck&) = delete;

@@ -10,9 +10,6 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QThread>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +17,6 @@ namespace kelvane {
 
 namespace {
 
-/// In seconds; the wait doubles up to it.
-constexpr int longestWait = 60;
-constexpr int maxDoublings = 6;
-/// So often the window is painted while a refused login waits.
-constexpr int looksPerSecond = 50;
 /// At least so much of a name can be read, however long the captions beside it are.
 constexpr int charactersInField = 12;
 
@@ -130,21 +122,11 @@ QString FormConnect::connectUser() {
         return {};
     } catch (const Error& error) {
         logReason(session_, text(TextId::loginFailed).arg(plainText(error.number), error.description));
-        refusals_ = session_.SessionConnected ? 0 : refusals_ + 1;
-        waitAfterRefusal();
+        if (session_.SessionConnected)
+            refusals_.forget();
+        else
+            refusals_.addAndWait(session_);
         return text(TextId::databaseConnectionFailed);
-    }
-}
-
-void FormConnect::waitAfterRefusal() {
-    if (refusals_ < 2)
-        return;
-    const int seconds = std::min(1 << std::min(refusals_ - 2, maxDoublings), longestWait);
-    const auto end = session_.clock.now().addSecs(seconds);
-    // Counted as well: the wait ends even when the clock is set back meanwhile.
-    for (int look = 0; look < seconds * looksPerSecond && session_.clock.now() < end; ++look) {
-        QThread::msleep(1000 / looksPerSecond);
-        session_.ui.processEvents();
     }
 }
 

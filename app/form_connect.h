@@ -2,6 +2,7 @@
 
 #include "app/menu.h"
 #include "ui/child_window.h"
+#include "ui/login_refusals.h"
 
 #include <functional>
 
@@ -38,17 +39,13 @@ class FormConnect final : public ChildWindow {
     void CommandCancel_Click();
     /// Gives the message for the operator; empty after a good login.
     QString connectUser();
-    /// Each further opening in a row that is refused waits longer, 1 second, then 2, 4 and so on, before its
-    /// message appears.
-    void waitAfterRefusal();
     void setButtonsEnabled(bool enabled);
     bool mayClose() override;
 
     Menu& menu_;
     std::function<void()> exitQuestion_;
     Purpose purpose_;
-    /// How many openings of the connection were refused in a row.
-    int refusals_ = 0;
+    LoginRefusals refusals_;
     QLineEdit* TextUsername;
     QLineEdit* TextPassword;
     QPushButton* CommandConnect;

@@ -78,7 +78,7 @@ int main(int argc, char** argv) {
     } catch (const ProgramAnswer& answer) {
         return writeAnswer(workstationCommandLine().name, answer);
     }
-    auto check = std::make_optional<DisplayCheck>();
+    auto check = std::make_optional<DisplayCheck>(workstationCommandLine().name);
     QApplication application(argc, argv);
     check.reset();
     return run(application, options, words.join(u' '));

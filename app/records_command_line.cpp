@@ -114,10 +114,12 @@ QString dataSourceOf(const GivenOptions& options) {
 const Program& recordsCommandLine() {
     static const Program program{
         .name = u"kelvane-records"_s,
-        .usage = u"LIST --csv --user=NAME [OPTION]..."_s,
-        .description = u"Lists what the calibration records say. It only reads the database.\n"
+        .usage = u"[LIST --csv --user=NAME [OPTION]...]"_s,
+        .description = u"Shows what the calibration records say. It only reads the database.\n"
+                       "Without options it opens a window, with LIST it writes a list.\n"
                        "LIST is --due=DAYS, --overdue, --used=STANDARD --since=DAY or --history=ASSET.\n"
-                       "The password is read from the terminal, or as a line of the standard input."_s,
+                       "The password of a list is read from the terminal, or as a line of the standard\n"
+                       "input."_s,
         .options = ownOptions(),
     };
     return program;

@@ -1,5 +1,6 @@
 #include "app/login.h"
 #include "app/records_list.h"
+#include "app/records_window_program.h"
 #include "app/user_folder.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/database/reading_connection.h"
@@ -74,7 +75,10 @@ int main(int argc, char** argv) {
     openStandardStreams();
     const auto program = recordsCommandLine().name;
     try {
-        auto request = recordsRequest(wordsOf(argc, argv).mid(1));
+        const auto words = wordsOf(argc, argv).mid(1);
+        if (words.isEmpty())
+            return runRecordsWindow(argc, argv);
+        auto request = recordsRequest(words);
         const QCoreApplication application(argc, argv);
         // The application takes the user's locale; database drivers would then write "1234,5".
         std::setlocale(LC_NUMERIC, "C");

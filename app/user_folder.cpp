@@ -23,8 +23,12 @@ QString enterFolder(const QString& folder) {
 
 } // namespace
 
+QString userFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kelvane"_s;
+}
+
 QString enterUserFolder() {
-    return enterFolder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/kelvane"_s);
+    return enterFolder(userFolder());
 }
 
 QString enterRecordsFolder() {

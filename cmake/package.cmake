@@ -41,7 +41,7 @@ takes their results back, judges each test point and writes the calibration
 records into a MET/TRACK database, which it reaches through ODBC. It also
 prints paper worksheets and makes records of what comes back on them.
 .
-kelvane-records lists what the records say: what is due, the history of an
+kelvane-records shows what the records say: what is due, the history of an
 instrument, and what a standard was used for. It only reads.
 .
 kelvane-admin makes and looks after databases of PostgreSQL and SQLite for

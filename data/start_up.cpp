@@ -60,11 +60,17 @@ QString configuredTemplate(const QString& iniPath) {
     return {};
 }
 
+/// In the current directory.
+const auto localTemplate = u"rslt_db.frm"_s;
+
+QString metcalIni(const Session& session) {
+    return session.WinDir + QDir::separator() + u"metcal.ini"_s;
+}
+
 QString templatePath(const Session& session) {
-    const auto here = u"rslt_db.frm"_s;
-    if (QFileInfo(here).isFile())
-        return here;
-    return configuredTemplate(session.WinDir + QDir::separator() + u"metcal.ini"_s);
+    if (QFileInfo(localTemplate).isFile())
+        return localTemplate;
+    return configuredTemplate(metcalIni(session));
 }
 
 /// Whether a line of the template is the one that results are laid out by: the first that is neither comment
@@ -130,6 +136,18 @@ QString resultTemplatePath(const Session& session) {
     } catch (const Error&) {
         return {};
     }
+}
+
+bool readResultTemplate(Session& session) {
+    Routine routine(session, u"Records,readResultTemplate"_s);
+    return routine
+        .resultOf([&] {
+            session.SubstTable.erase();
+            session.WinDir = qEnvironmentVariable("windir");
+            const bool isNamed = QFileInfo(localTemplate).isFile() || QFileInfo(metcalIni(session)).isFile();
+            return isNamed && findAndReadTemplate(session) && !session.ResultTemplateLine.isEmpty();
+        })
+        .value_or(false);
 }
 
 void StartupFunctions(Session& session, const QString& commandLine) {

@@ -1,5 +1,7 @@
 #include "records/lists.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -52,24 +54,6 @@ QString senderValue(const InstrumentSummary& instrument) {
 
 QString outSinceValue(const InstrumentSummary& instrument) {
     return dateText(newestOut(instrument).since);
-}
-
-QString standardText(const UsedStandard& standard) {
-    const auto name = standard.asset.isEmpty() ? standard.mtag : standard.asset;
-    const auto due = dateText(standard.due);
-    switch (standard.state) {
-    case StandardState::inCalibration:
-        return text(TextId::standardInCalibration).arg(name, due);
-    case StandardState::overdue:
-        return text(TextId::standardOverdueThen).arg(name, due);
-    case StandardState::notPassed:
-        return text(TextId::standardNotPassedThen).arg(name);
-    case StandardState::withoutDueDate:
-        return text(TextId::standardWithoutDueDate).arg(name);
-    case StandardState::withoutRecord:
-        return text(TextId::standardWithoutRecord).arg(name);
-    }
-    return name;
 }
 
 QString standardsValue(const CalibrationRecord& record) {
@@ -144,6 +128,24 @@ constexpr ListColumn<Use> standardUses[] = {
 
 } // namespace
 
+QString standardText(const UsedStandard& standard) {
+    const auto name = standard.asset.isEmpty() ? standard.mtag : standard.asset;
+    const auto due = dateText(standard.due);
+    switch (standard.state) {
+    case StandardState::inCalibration:
+        return text(TextId::standardInCalibration).arg(name, due);
+    case StandardState::overdue:
+        return text(TextId::standardOverdueThen).arg(name, due);
+    case StandardState::notPassed:
+        return text(TextId::standardNotPassedThen).arg(name);
+    case StandardState::withoutDueDate:
+        return text(TextId::standardWithoutDueDate).arg(name);
+    case StandardState::withoutRecord:
+        return text(TextId::standardWithoutRecord).arg(name);
+    }
+    return name;
+}
+
 std::span<const ListColumn<InstrumentSummary>> instrumentColumns() {
     return instruments;
 }
@@ -154,6 +156,11 @@ std::span<const ListColumn<CalibrationRecord>> calibrationColumns() {
 
 std::span<const ListColumn<StandardUse>> standardUseColumns() {
     return standardUses;
+}
+
+QString calibrationText(const CalibrationRecord& record, TextId title) {
+    const auto* column = std::ranges::find(calibrations, title, &ListColumn<CalibrationRecord>::title);
+    return column == std::end(calibrations) ? QString() : column->value(record);
 }
 
 } // namespace kelvane

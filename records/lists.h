@@ -19,9 +19,15 @@ struct ListColumn {
     QString (*value)(const Row& row);
 };
 
+/// A standard by its asset number, with what it was at the day of a calibration.
+QString standardText(const UsedStandard& standard);
+
 std::span<const ListColumn<InstrumentSummary>> instrumentColumns();
 std::span<const ListColumn<CalibrationRecord>> calibrationColumns();
 std::span<const ListColumn<StandardUse>> standardUseColumns();
+
+/// What the column of that title has of a record; empty for a title that no column has.
+QString calibrationText(const CalibrationRecord& record, TextId title);
 
 /// The titles of a list as its first line.
 template <class Row>

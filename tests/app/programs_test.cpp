@@ -137,11 +137,13 @@ TEST(Programs, RefuseAnUnknownOptionInOneSentence) {
     }
 }
 
-TEST(Programs, TheWorkstationWithoutADisplaySaysSoInOneSentence) {
-    const auto ending = run(u"kelvane"_s, {});
-    EXPECT_EQ(ending.status, 1);
-    expectOneSentence(ending, u"kelvane"_s);
-    EXPECT_TRUE(ending.errors.contains(u"there is no display"_s)) << ending.errors.toStdString();
+TEST(Programs, WithAWindowSayInOneSentenceThatThereIsNoDisplay) {
+    for (const auto& program : {u"kelvane"_s, u"kelvane-records"_s}) {
+        const auto ending = run(program, {});
+        EXPECT_EQ(ending.status, 1);
+        expectOneSentence(ending, program);
+        EXPECT_TRUE(ending.errors.contains(u"there is no display"_s)) << ending.errors.toStdString();
+    }
 }
 
 TEST(Programs, TheWorkstationNamesADisplayThatCanNotBeOpened) {
@@ -166,7 +168,7 @@ TEST(Programs, TheWorkstationNamesAPlatformThatIsNotThere) {
 TEST(DisplayCheck, WritesOtherMessagesWhenItIsOver) {
     ::testing::internal::CaptureStderr();
     {
-        const DisplayCheck check;
+        const DisplayCheck check(u"kelvane"_s);
         qWarning("a warning of the toolkit");
         EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
         ::testing::internal::CaptureStderr();

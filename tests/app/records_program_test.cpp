@@ -201,7 +201,8 @@ TEST_F(RecordsProgram, KeepsItsReportsInAFolderOfItsOwn) {
 }
 
 TEST_F(RecordsProgram, WithoutAListTellsWhatThereIs) {
-    expectRefused(runProgram({}), 2, u"it lists what is due (--due), what is overdue (--overdue), "_s);
+    expectRefused(runProgram({u"--csv"_s}), 2,
+                  u"it lists what is due (--due), what is overdue (--overdue), "_s);
 }
 
 TEST_F(RecordsProgram, RefusesALoginInOneSentenceWithoutThePassword) {

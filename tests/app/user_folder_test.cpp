@@ -30,6 +30,8 @@ class UserFolder : public ::testing::Test {
 } // namespace
 
 TEST_F(UserFolder, IsMadeForTheUserAloneAndBecomesTheCurrentOne) {
+    EXPECT_EQ(userFolder(), made());
+    EXPECT_FALSE(QFileInfo::exists(made()));
     EXPECT_EQ(enterUserFolder(), QString());
     EXPECT_EQ(QDir::currentPath(), QFileInfo(made()).canonicalFilePath());
     const auto permissions = QFile::permissions(made());

@@ -109,6 +109,16 @@ TEST_F(StartUp, ThePathBeginsBehindTheFirstEqualsSign) {
     EXPECT_EQ(session.ResultTemplateLine, u"THE OTHER BODY"_s);
 }
 
+TEST_F(StartUp, AProgramThatOnlyReadsIsNotWarnedOfAMissingTemplate) {
+    EXPECT_FALSE(ModuleGlobals::readResultTemplate(session));
+    folder.write(u"met/metcal.ini"_s, "rslt_template = missing.frm\n");
+    EXPECT_FALSE(ModuleGlobals::readResultTemplate(session));
+    EXPECT_TRUE(session.ResultTemplateLine.isEmpty());
+    folder.write(u"rslt_db.frm"_s, fullTemplate);
+    EXPECT_TRUE(ModuleGlobals::readResultTemplate(session));
+    EXPECT_EQ(session.ResultTemplateLine, u"TN$ FN$ TR$"_s);
+}
+
 TEST_F(StartUp, AMissingMetcalIniIsReportedAndEndsTheRoutine) {
     ui.expectReport(53, routineName);
     start();

@@ -23,10 +23,10 @@ struct Module {
 };
 
 constexpr Module modules[] = {
-    {u"resources", 1, false},  {u"platform", 2, false},  {u"data", 3, false},   {u"drivers", 4, false},
-    {u"procedures", 4, false}, {u"reports", 4, true},    {u"ui", 4, true},      {u"workflow", 5, true},
-    {u"editors", 5, true},     {u"worksheets", 5, true}, {u"records", 5, true}, {u"app", 6, true},
-    {u"admin", 6, false},
+    {u"resources", 1, false}, {u"platform", 2, false},   {u"data", 3, false},      {u"drivers", 4, false},
+    {u"plots", 4, true},      {u"procedures", 4, false}, {u"reports", 4, true},    {u"ui", 4, true},
+    {u"workflow", 5, true},   {u"editors", 5, true},     {u"worksheets", 5, true}, {u"records", 5, true},
+    {u"app", 6, true},        {u"admin", 6, false},
 };
 /// Headers that the build makes from tables.
 constexpr QStringView generatedHeaders[] = {u"resources/text_id.h"};

@@ -1,0 +1,267 @@
+#include "records/form_history.h"
+
+#include "records/calibration_pair.h"
+#include "records/colors.h"
+#include "records/lists.h"
+#include "records/record_pane.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr TextId listedTitles[] = {
+    TextId::listDate,       TextId::listTime,         TextId::listState,          TextId::listResult,
+    TextId::listTechnician, TextId::listFailedPoints, TextId::listMarginalPoints, TextId::listResultLines,
+};
+
+/// A table to read: rows are selected whole, and Tab leaves it.
+QTableWidget* readingTable(const QString& name, TextId accessibleName, const QStringList& titles) {
+    auto* table =
+        nameControl(new QTableWidget(0, static_cast<int>(titles.size())), name, text(accessibleName));
+    table->setHorizontalHeaderLabels(titles);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setTabKeyNavigation(false);
+    table->setAlternatingRowColors(true);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+QStringList listTitles() {
+    QStringList titles;
+    for (const auto title : listedTitles)
+        titles << text(title);
+    return titles;
+}
+
+/// One particular of a record; standards, and the lines of a remark, stand in lines of their own.
+QString particular(const CalibrationRecord& record, const ListColumn<CalibrationRecord>& column) {
+    if (column.title != TextId::standardsUsed)
+        return column.value(record);
+    QStringList standards;
+    for (const auto& standard : record.standards) {
+        QStringList words{standardText(standard)};
+        if (standard.asset.isEmpty())
+            words << text(TextId::historyGone);
+        else if (!standard.description.isEmpty())
+            words << standard.description;
+        standards << words.join(u", "_s);
+    }
+    return standards.join(u'\n');
+}
+
+QString instrumentCaption(const InstrumentSummary& instrument) {
+    QStringList words{instrument.asset, instrument.description, instrument.manufacturer,
+                      instrument.model, instrument.serial,      instrument.location};
+    words.removeAll(QString());
+    return words.join(u", "_s);
+}
+
+} // namespace
+
+FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      instrument_(instrument),
+      LabelInstrument(label(u"LabelInstrument"_s, TextId::recordsHistory)),
+      TableRecords(readingTable(u"TableRecords"_s, TextId::historyRecordsTip, listTitles())),
+      LabelState(label(u"LabelState"_s, TextId::historyRecords)),
+      ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),
+      left_(new RecordPane(session, u"Left"_s)),
+      right_(new RecordPane(session, u"Right"_s)),
+      TableDetails(readingTable(u"TableDetails"_s, TextId::historyDetailsTip,
+                                {text(TextId::historyDetails), QString(), QString()})),
+      splitter_(new QSplitter(Qt::Vertical)) {
+    setObjectName(u"FormHistory"_s);
+    LabelInstrument->setText(instrumentCaption(instrument));
+    LabelInstrument->setWordWrap(true);
+    LabelInstrument->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    LabelState->setWordWrap(true);
+    layOut();
+    connectControls();
+    readAgain();
+}
+
+void FormHistory::layOut() {
+    keepWidth(ComboCompare);
+    ComboCompare->setMinimumContentsLength(30);
+    TableRecords->setWordWrap(false);
+    TableRecords->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    TableRecords->verticalHeader()->setDefaultSectionSize(TableRecords->fontMetrics().height() + 6);
+    TableDetails->setSelectionMode(QAbstractItemView::ExtendedSelection);
+
+    auto* comparing = new QHBoxLayout;
+    comparing->addWidget(labelFor(ComboCompare, u"Label1"_s, TextId::historyCompare));
+    comparing->addWidget(ComboCompare);
+    comparing->addStretch(1);
+    auto* sides = new QSplitter(Qt::Horizontal);
+    sides->setChildrenCollapsible(false);
+    sides->addWidget(left_);
+    sides->addWidget(right_);
+    // Both sides are as wide, whatever they show.
+    sides->setSizes({1, 1});
+    auto* points = new QWidget;
+    auto* pointColumn = new QVBoxLayout(points);
+    pointColumn->setContentsMargins(0, 0, 0, 0);
+    pointColumn->addLayout(comparing);
+    pointColumn->addWidget(sides, 1);
+
+    splitter_->setChildrenCollapsible(false);
+    for (auto* part : {static_cast<QWidget*>(TableRecords), points, static_cast<QWidget*>(TableDetails)})
+        splitter_->addWidget(part);
+    splitter_->setStretchFactor(0, 2);
+    splitter_->setStretchFactor(1, 3);
+    splitter_->setStretchFactor(2, 2);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(LabelInstrument);
+    column->addWidget(LabelState);
+    column->addWidget(splitter_, 1);
+}
+
+void FormHistory::connectControls() {
+    connectGuarded(TableRecords->selectionModel(), &QItemSelectionModel::selectionChanged, this, session_.ui,
+                   [this] { showChosen(); });
+    connectGuarded(ComboCompare, &QComboBox::currentIndexChanged, this, session_.ui,
+                   [this] { showChosen(); });
+    auto* again = new QShortcut(QKeySequence::Refresh, this);
+    again->setContext(Qt::WidgetWithChildrenShortcut);
+    connectGuarded(again, &QShortcut::activated, this, session_.ui, [this] { readAgain(); });
+}
+
+void FormHistory::readAgain() {
+    std::optional<QList<CalibrationRecord>> read;
+    runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
+    const bool isRead = read.has_value();
+    if (read)
+        records_ = *read;
+    LabelState->setText(text(isRead ? TextId::historyNone : TextId::historyNotRead));
+    LabelState->setVisible(!isRead || records_.isEmpty());
+    if (isRead)
+        showRecords();
+    splitter_->setVisible(!records_.isEmpty());
+}
+
+void FormHistory::focusRecords() {
+    TableRecords->setFocus();
+}
+
+void FormHistory::showRecords() {
+    {
+        const QSignalBlocker quiet(TableRecords->selectionModel());
+        TableRecords->setRowCount(static_cast<int>(records_.size()));
+        for (int row = 0; row < TableRecords->rowCount(); ++row) {
+            for (int column = 0; column < TableRecords->columnCount(); ++column) {
+                const auto title = listedTitles[column];
+                auto* item = new QTableWidgetItem(calibrationText(records_[row], title));
+                if (title == TextId::listResult && records_[row].passed == u"N")
+                    item->setForeground(alarmColor());
+                TableRecords->setItem(row, column, item);
+            }
+        }
+        TableRecords->resizeColumnsToContents();
+        fillComparing();
+    }
+    if (!records_.isEmpty())
+        TableRecords->setCurrentCell(0, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    showChosen();
+}
+
+void FormHistory::fillComparing() {
+    const QSignalBlocker quiet(ComboCompare);
+    ComboCompare->clear();
+    ComboCompare->addItem(text(TextId::historyPair));
+    for (const auto& record : std::as_const(records_))
+        ComboCompare->addItem(recordCaption(record));
+}
+
+qsizetype FormHistory::chosen() const {
+    const auto rows = TableRecords->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.constFirst().row();
+}
+
+void FormHistory::showChosen() {
+    const auto record = chosen();
+    if (record < 0 || record >= records_.size())
+        return;
+    if (ComboCompare->currentIndex() <= 0) {
+        showPair(record);
+        return;
+    }
+    const qsizetype other = ComboCompare->currentIndex() - 1;
+    showPane(*left_, record, {});
+    showPane(*right_, other, {});
+    showDetails(record, other);
+}
+
+void FormHistory::showPair(qsizetype record) {
+    const auto pair = pairOf(records_, record);
+    const auto run = records_[record].run;
+    showPane(*left_, pair.asFound, text(TextId::historyNoAsFound));
+    const auto missing = run == CalibrationRun::foundLeft ? TextId::historyFoundLeft
+                         : run == CalibrationRun::other   ? TextId::historyAlone
+                                                          : TextId::historyNoAsLeft;
+    showPane(*right_, pair.asLeft, text(missing));
+    showDetails(pair.asFound, pair.asLeft);
+}
+
+void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note) {
+    if (record)
+        pane.showRecord(records_[*record]);
+    else
+        pane.showNote(note);
+}
+
+/// What neither record says has no row. Where the two differ, their values are bold.
+void FormHistory::showDetails(std::optional<qsizetype> left, std::optional<qsizetype> right) {
+    const auto captionOf = [&](std::optional<qsizetype> record) {
+        return record ? recordCaption(records_[*record]) : QString();
+    };
+    TableDetails->setHorizontalHeaderLabels(
+        {text(TextId::historyDetails), captionOf(left), captionOf(right)});
+    TableDetails->setColumnHidden(1, !left);
+    TableDetails->setColumnHidden(2, !right);
+    TableDetails->setRowCount(0);
+    for (const auto& column : calibrationColumns()) {
+        const auto first = left ? particular(records_[*left], column) : QString();
+        const auto second = right ? particular(records_[*right], column) : QString();
+        if (first.isEmpty() && second.isEmpty())
+            continue;
+        const int row = TableDetails->rowCount();
+        TableDetails->insertRow(row);
+        TableDetails->setItem(row, 0, new QTableWidgetItem(text(column.title)));
+        int at = 1;
+        for (const auto& value : {first, second}) {
+            auto* item = new QTableWidgetItem(value);
+            if (left && right && first != second) {
+                auto font = TableDetails->font();
+                font.setBold(true);
+                item->setFont(font);
+            }
+            TableDetails->setItem(row, at++, item);
+        }
+    }
+    auto* header = TableDetails->horizontalHeader();
+    header->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(1, QHeaderView::Stretch);
+    header->setSectionResizeMode(2, QHeaderView::Stretch);
+    TableDetails->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+} // namespace kelvane

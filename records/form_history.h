@@ -1,0 +1,57 @@
+#pragma once
+
+#include "data/history/calibrations.h"
+#include "data/history/instruments.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QSplitter;
+class QTableWidget;
+
+namespace kelvane {
+
+class RecordPane;
+
+/// The records of an instrument, the newest first; the points of the chosen calibration as found and as left
+/// side by side, or of two records; and what else these records say.
+class FormHistory final : public QWidget {
+    Q_OBJECT
+  public:
+    /// Reads the records. The session has to outlive it.
+    FormHistory(Session& session, const InstrumentSummary& instrument, QWidget* parent = nullptr);
+
+    const QString& asset() const { return instrument_.asset; }
+    /// Reads the records again; what was read stays when that fails.
+    void readAgain();
+    /// Gives the keyboard to the list of records.
+    void focusRecords();
+
+  private:
+    void layOut();
+    void connectControls();
+    void showRecords();
+    void fillComparing();
+    /// The record whose row is chosen; -1 without one.
+    qsizetype chosen() const;
+    void showChosen();
+    void showPair(qsizetype record);
+    void showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note);
+    void showDetails(std::optional<qsizetype> left, std::optional<qsizetype> right);
+
+    Session& session_;
+    InstrumentSummary instrument_;
+    QList<CalibrationRecord> records_;
+
+    QLabel* LabelInstrument;
+    QTableWidget* TableRecords;
+    QLabel* LabelState;
+    QComboBox* ComboCompare;
+    RecordPane* left_;
+    RecordPane* right_;
+    QTableWidget* TableDetails;
+    QSplitter* splitter_;
+};
+
+} // namespace kelvane

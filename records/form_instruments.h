@@ -1,0 +1,80 @@
+#pragma once
+
+#include "records/instrument_model.h"
+#include "records/saved_columns.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace kelvane {
+
+/// The list of instruments: a filter as it is typed, a choice of filters, the table, and what can be done
+/// with its rows.
+class FormInstruments final : public QWidget {
+    Q_OBJECT
+  public:
+    /// The session has to outlive it.
+    explicit FormInstruments(Session& session, QWidget* parent = nullptr);
+
+    /// Reads what is shown from the database again.
+    void readAgain();
+    /// After log out: shows nothing, and all instruments next time.
+    void forget();
+    /// Stores the columns as they are now.
+    void storeLayout();
+
+  Q_SIGNALS:
+    /// The user wants to see the history of an instrument.
+    void historyWanted(const kelvane::InstrumentSummary& instrument);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void layOut();
+    void setUpTable();
+    void connectControls();
+    void connectHeader();
+    void bindKeys();
+    /// Runs the query of what is chosen and typed.
+    void ask();
+    void showState();
+    void chooseKind();
+    void clickHeader(int column);
+    void sort(int column, bool isDescending);
+    void showOrder();
+    void openHistory();
+    void copy();
+    void save();
+
+    Session& session_;
+    InstrumentModel* model_;
+    QTimer typing_;
+    InstrumentQuery query_;
+    int sortColumn_ = 0;
+    /// The row of the filters whose instruments are shown.
+    int choice_ = 0;
+    /// Since the login.
+    bool isAsked_ = false;
+    bool hasWidths_ = false;
+
+    QLineEdit* TextFilter;
+    QComboBox* ComboShow;
+    QComboBox* ComboValue;
+    QTableView* TableInstruments;
+    QLabel* LabelShown;
+    QLabel* LabelOutcome;
+    QPushButton* CommandHistory;
+    QPushButton* CommandCopy;
+    QPushButton* CommandSave;
+    QPushButton* CommandColumns;
+    QPushButton* CommandReadAgain;
+};
+
+} // namespace kelvane

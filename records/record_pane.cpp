@@ -1,0 +1,184 @@
+#include "records/record_pane.h"
+
+#include "data/history/stored_lines.h"
+#include "records/colors.h"
+#include "records/lists.h"
+#include "ui/controls.h"
+#include "ui/whole_text.h"
+
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+struct PointColumn {
+    TextId title;
+    LineField field;
+    Qt::AlignmentFlag alignment;
+};
+
+constexpr PointColumn pointColumns[] = {
+    {TextId::historyPoint, LineField::number, Qt::AlignRight},
+    {TextId::historyNominal, LineField::nominal, Qt::AlignRight},
+    {TextId::historyReading, LineField::reading, Qt::AlignRight},
+    {TextId::historyError, LineField::deviation, Qt::AlignRight},
+    {TextId::historyLowLimit, LineField::lowLimit, Qt::AlignRight},
+    {TextId::historyHighLimit, LineField::highLimit, Qt::AlignRight},
+    {TextId::historyVerdict, LineField::verdict, Qt::AlignLeft},
+};
+constexpr int pointColumnCount = static_cast<int>(std::size(pointColumns));
+
+QString failedVerdict() {
+    return u"FAIL"_s;
+}
+
+QTableWidget* linesTable(const QString& name) {
+    auto* table = nameControl(new QTableWidget(0, pointColumnCount), name, text(TextId::historyLinesTip));
+    QStringList titles;
+    for (const auto& column : pointColumns)
+        titles << text(column.title);
+    table->setHorizontalHeaderLabels(titles);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->setAlternatingRowColors(true);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeaderItem(pointColumnCount - 1)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+QLabel* wrapping(QLabel* made) {
+    made->clear();
+    made->setWordWrap(true);
+    made->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return made;
+}
+
+} // namespace
+
+QString recordCaption(const CalibrationRecord& record) {
+    QStringList words;
+    for (const auto title : {TextId::listDate, TextId::listTime, TextId::listState, TextId::listResult})
+        words << calibrationText(record, title);
+    words.removeAll(QString());
+    return words.join(u' ');
+}
+
+RecordPane::RecordPane(Session& session, const QString& name)
+    : session_(session),
+      LabelRecord(wrapping(label(u"LabelRecord"_s + name, TextId::listRecord))),
+      TableLines(linesTable(u"TableLines"_s + name)),
+      LabelNote(wrapping(label(u"LabelNote"_s + name, TextId::listResultLines))) {
+    setObjectName(u"Pane"_s + name);
+    auto font = LabelRecord->font();
+    font.setBold(true);
+    LabelRecord->setFont(font);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(LabelRecord);
+    column->addWidget(TableLines, 1);
+    column->addWidget(LabelNote);
+}
+
+void RecordPane::showRecord(const CalibrationRecord& record, const QString& note) {
+    TableLines->clearSpans();
+    TableLines->setRowCount(0);
+    widestText_ = 0;
+    unreadable_ = 0;
+    isWithoutTemplate_ = false;
+    for (const auto& line : record.lines)
+        addLine(line);
+    // Switched on again, it measures what is left for the last column anew.
+    TableLines->horizontalHeader()->setStretchLastSection(false);
+    TableLines->resizeColumnsToContents();
+    widen();
+    TableLines->show();
+
+    LabelRecord->setText(recordCaption(record));
+    LabelRecord->setAccessibleName(LabelRecord->text());
+    QStringList notes;
+    if (TableLines->rowCount() == 0)
+        notes << text(TextId::historyNoLines);
+    else if (isWithoutTemplate_)
+        notes << text(TextId::historyNoTemplate);
+    else if (unreadable_ > 0)
+        notes << text(TextId::historyUnreadable).arg(unreadable_).arg(TableLines->rowCount());
+    if (!note.isEmpty())
+        notes << note;
+    LabelNote->setText(notes.join(u'\n'));
+    LabelNote->setVisible(!notes.isEmpty());
+}
+
+void RecordPane::showNote(const QString& note) {
+    LabelRecord->clear();
+    TableLines->hide();
+    LabelNote->setText(note);
+    LabelNote->show();
+}
+
+void RecordPane::addLine(const QString& line) {
+    const auto stored = readStoredLine(session_, line);
+    switch (stored.reading) {
+    case StoredLine::Reading::blank:
+        return;
+    case StoredLine::Reading::withoutTemplate:
+        isWithoutTemplate_ = true;
+        addText(line);
+        return;
+    case StoredLine::Reading::unreadable:
+        ++unreadable_;
+        addText(line);
+        return;
+    case StoredLine::Reading::readable:
+        break;
+    }
+    const int row = TableLines->rowCount();
+    TableLines->insertRow(row);
+    const bool hasFailed = stored.field(LineField::verdict) == failedVerdict();
+    for (int at = 0; at < pointColumnCount; ++at) {
+        const auto& column = pointColumns[at];
+        auto* item = new QTableWidgetItem(stored.field(column.field));
+        item->setTextAlignment(Qt::Alignment(column.alignment | Qt::AlignVCenter));
+        if (hasFailed && column.field == LineField::verdict)
+            item->setForeground(alarmColor());
+        TableLines->setItem(row, at, item);
+    }
+}
+
+void RecordPane::addText(const QString& line) {
+    const int row = TableLines->rowCount();
+    TableLines->insertRow(row);
+    auto* item = new QTableWidgetItem(line);
+    auto font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(TableLines->font().pointSizeF());
+    item->setFont(font);
+    item->setToolTip(wholeTextTip(line));
+    TableLines->setItem(row, 0, item);
+    TableLines->setSpan(row, 0, 1, pointColumnCount);
+    widestText_ = qMax(widestText_, QFontMetrics(item->font()).horizontalAdvance(line));
+}
+
+void RecordPane::widen() {
+    auto* header = TableLines->horizontalHeader();
+    // What a line takes must not make the first column as wide.
+    if (widestText_ > 0)
+        header->resizeSection(0, header->sectionSizeHint(0));
+    const int margin = 4 * TableLines->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 2;
+    const int missing = widestText_ + margin - header->length();
+    header->setStretchLastSection(missing <= 0);
+    if (missing > 0)
+        header->resizeSection(pointColumnCount - 1, header->sectionSize(pointColumnCount - 1) + missing);
+}
+
+} // namespace kelvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/history/calibrations.h"
+
+#include <QWidget>
+
+class QLabel;
+class QTableWidget;
+
+namespace kelvane {
+
+/// A record in one line: state, date, time and result.
+QString recordCaption(const CalibrationRecord& record);
+
+/// The points of one record: what its result lines say, and the lines themselves where they don't say it for
+/// certain.
+class RecordPane final : public QWidget {
+    Q_OBJECT
+  public:
+    /// `name` stands before the names of its controls.
+    RecordPane(Session& session, const QString& name);
+
+    void showRecord(const CalibrationRecord& record, const QString& note = {});
+    /// Nothing but a note.
+    void showNote(const QString& note);
+
+  private:
+    void addLine(const QString& line);
+    void addText(const QString& line);
+    /// Makes room for a stored line that is wider than its columns.
+    void widen();
+
+    Session& session_;
+    /// Pixels that the widest line as it is stored needs.
+    int widestText_ = 0;
+    int unreadable_ = 0;
+    bool isWithoutTemplate_ = false;
+
+    QLabel* LabelRecord;
+    QTableWidget* TableLines;
+    QLabel* LabelNote;
+};
+
+} // namespace kelvane

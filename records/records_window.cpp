@@ -1,0 +1,182 @@
+#include "records/records_window.h"
+
+#include "data/session_values.h"
+#include "platform/version.h"
+#include "records/form_history.h"
+#include "records/form_instruments.h"
+#include "resources/text_id.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+#include "ui/panels.h"
+#include "ui/status_line.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr QSize usualSize(1080, 720);
+
+} // namespace
+
+RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
+    : session_(session),
+      environment_(std::move(environment)),
+      tabs_(nameControl(new QTabWidget, u"TabsRecords"_s, text(TextId::recordsTitle))),
+      instruments_(new FormInstruments(session)),
+      statusLine_(new StatusLine(session)) {
+    setObjectName(u"RecordsWindow"_s);
+    setWindowTitle(text(TextId::recordsTitle));
+    setStatusBar(statusLine_);
+    buildTabs();
+    buildMenu();
+    setCentralWidget(tabs_);
+    resize(usualSize.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
+    statusLine_->setConnecting([this] { return offersConnecting(); }, text(TextId::connectAgain));
+    statusLine_->aboutButton().setText(text(TextId::aboutVersion).arg(programVersion().section(u'.', 0, 1)));
+    connectGuarded(&statusLine_->connectButton(), &QPushButton::clicked, this, session_.ui,
+                   [this] { askLogin(LoginDialog::Purpose::connectAgain); });
+    connectGuarded(&statusLine_->aboutButton(), &QPushButton::clicked, this, session_.ui,
+                   [this] { environment_.showAbout(this); });
+    QObject::connect(instruments_, &FormInstruments::historyWanted, this,
+                     [this](const InstrumentSummary& instrument) {
+                         runGuarded(session_.ui, [&] { showHistory(instrument); });
+                     });
+    showSessionState();
+}
+
+void RecordsWindow::buildTabs() {
+    tabs_->setDocumentMode(true);
+    tabs_->setTabsClosable(true);
+    tabs_->tabBar()->setObjectName(u"qt_tabwidget_tabbar"_s);
+    tabs_->tabBar()->setAccessibleName(text(TextId::recordsTitle));
+    tabs_->addTab(instruments_, text(TextId::recordsInstruments));
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+        tabs_->tabBar()->setTabButton(0, side, nullptr);
+    QObject::connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int tab) { closeTab(tab); });
+}
+
+void RecordsWindow::buildMenu() {
+    auto* file = menuBar()->addMenu(text(TextId::fileMenu));
+    file->setObjectName(u"mnuFile"_s);
+    const auto add = [&](TextId caption, const QString& name, const QKeySequence& keys) {
+        auto* made = file->addAction(text(caption));
+        made->setObjectName(name);
+        made->setShortcut(keys);
+        return made;
+    };
+    auto* close = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
+    logOut_ = add(TextId::logOutCommand, u"mnuLogout"_s, QKeySequence(u"Ctrl+L"_s));
+    auto* exit = add(TextId::exitCommand, u"mnuExit"_s, QKeySequence(u"Ctrl+Q"_s));
+    connectGuarded(close, &QAction::triggered, this, session_.ui,
+                   [this] { closeTab(tabs_->currentIndex()); });
+    connectGuarded(logOut_, &QAction::triggered, this, session_.ui, [this] { logOut(); });
+    connectGuarded(exit, &QAction::triggered, this, session_.ui, [this] { this->close(); });
+    const auto changing = [this](const QString& keys, int step) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), this);
+        QObject::connect(shortcut, &QShortcut::activated, this, [this, step] { changePage(*tabs_, step); });
+    };
+    changing(u"Ctrl+PgUp"_s, -1);
+    changing(u"Ctrl+PgDown"_s, 1);
+}
+
+void RecordsWindow::start() {
+    show();
+    askLogin(LoginDialog::Purpose::logIn);
+}
+
+void RecordsWindow::showSessionState() {
+    logOut_->setEnabled(isLoggedIn_);
+    tabs_->setEnabled(isLoggedIn_);
+    statusLine_->refresh();
+    statusLine_->repaint();
+}
+
+bool RecordsWindow::offersConnecting() const {
+    return isLoggedIn_ && !session_.SessionConnected;
+}
+
+void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
+    const auto before = databaseValuesOf(session_);
+    auto* dialog = new LoginDialog(session_, environment_.logIn, purpose, this);
+    connectGuarded(dialog, &QDialog::accepted, this, session_.ui, [this, purpose, before] {
+        isLoggedIn_ = true;
+        // Its owner can be another one now.
+        if (purpose == LoginDialog::Purpose::connectAgain && databaseValuesOf(session_) != before)
+            closeHistories();
+        showSessionState();
+        readAll();
+    });
+    connectGuarded(dialog, &QDialog::rejected, this, session_.ui, [this, purpose] {
+        if (purpose == LoginDialog::Purpose::logIn)
+            close();
+    });
+    dialog->open();
+}
+
+void RecordsWindow::readAll() {
+    instruments_->readAgain();
+    for (int tab = 1; tab < tabs_->count(); ++tab)
+        static_cast<FormHistory*>(tabs_->widget(tab))->readAgain();
+}
+
+void RecordsWindow::logOut() {
+    closeHistories();
+    instruments_->forget();
+    closeConnection(session_);
+    session_.SessionConnected = false;
+    isLoggedIn_ = false;
+    showSessionState();
+    askLogin(LoginDialog::Purpose::logIn);
+}
+
+void RecordsWindow::closeHistories() {
+    for (int tab = tabs_->count() - 1; tab > 0; --tab)
+        closeTab(tab);
+}
+
+void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
+    for (int tab = 1; tab < tabs_->count(); ++tab) {
+        if (static_cast<FormHistory*>(tabs_->widget(tab))->asset() == instrument.asset) {
+            tabs_->setCurrentIndex(tab);
+            return;
+        }
+    }
+    if (!session_.SessionConnected) {
+        session_.ui.messageBox(text(TextId::connectionLostAdvice), text(TextId::connectionLost),
+                               box::warning);
+        return;
+    }
+    auto* history = new FormHistory(session_, instrument);
+    tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
+    history->focusRecords();
+}
+
+/// The list stays.
+void RecordsWindow::closeTab(int tab) {
+    if (tab < 1)
+        return;
+    auto* history = tabs_->widget(tab);
+    tabs_->removeTab(tab);
+    history->deleteLater();
+    tabs_->currentWidget()->setFocus();
+}
+
+void RecordsWindow::closeEvent(QCloseEvent* event) {
+    runGuarded(session_.ui, [this] { instruments_->storeLayout(); });
+    instruments_->forget();
+    closeConnection(session_);
+    session_.SessionConnected = false;
+    event->accept();
+}
+
+} // namespace kelvane
