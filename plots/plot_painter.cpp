@@ -22,13 +22,13 @@ QFont titleFont(const PlotLooks& looks) {
 class Drawing {
   public:
     Drawing(QPainter& painter, const Plot& plot, const PlotLooks& looks, const PlotPlaces& places,
-            const QFontMetricsF& letters)
+            const PlotLetters& letters)
         : painter_(painter),
           plot_(plot),
           looks_(looks),
           places_(places),
-          unit_(letters.height() / 15),
-          mark_(markSize(letters)),
+          unit_(letters.stroke()),
+          mark_(letters.mark()),
           pens_(plot, looks, unit_, mark_) {}
 
     void paint() {
@@ -188,13 +188,13 @@ class Drawing {
 
 PlotPlaces paintedPlaces(const QPaintDevice& device, const QRectF& place, const Plot& plot,
                          const PlotLooks& looks) {
-    return placesOf(plot, place, QFontMetricsF(looks.font, &device),
-                    QFontMetricsF(titleFont(looks), &device));
+    return placesOf(plot, place, PlotLetters(QFontMetricsF(looks.font, &device)),
+                    PlotLetters(QFontMetricsF(titleFont(looks), &device)));
 }
 
 void paintPlot(QPainter& painter, const QRectF& place, const Plot& plot, const PlotLooks& looks) {
     const auto places = paintedPlaces(*painter.device(), place, plot, looks);
-    const QFontMetricsF letters(looks.font, painter.device());
+    const PlotLetters letters(QFontMetricsF(looks.font, painter.device()));
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(place, looks.background);

@@ -7,8 +7,6 @@
 #include <limits>
 #include <optional>
 
-using namespace Qt::StringLiterals;
-
 namespace kelvane {
 
 namespace {
@@ -47,30 +45,25 @@ constexpr double shareOfBars = 0.8;
 constexpr int leastTicks = 3;
 constexpr int mostTicks = 12;
 
-/// A text in one line, shortened in its middle; nothing where not even that fits.
-QString cut(const QFontMetricsF& letters, const QString& text, double width) {
-    const auto shown = letters.elidedText(text.simplified(), Qt::ElideMiddle, width);
-    return letters.horizontalAdvance(shown) <= width ? shown : QString();
-}
-
 /// Works out the places of one plot for one choice of its parts. What is used up is cut from `rest_`.
 class Arranger {
   public:
-    Arranger(const Plot& plot, const QRectF& place, const QFontMetricsF& letters,
-             const QFontMetricsF& titleLetters, const Parts& parts)
+    Arranger(const Plot& plot, const QRectF& place, const PlotLetters& letters,
+             const PlotLetters& titleLetters, const Parts& parts)
         : plot_(plot),
           letters_(letters),
           titleLetters_(titleLetters),
           parts_(parts),
-          line_(letters.height()),
-          gap_(letters.height() / 3),
+          line_(letters.line()),
+          gap_(letters.gap()),
+          hasPoints_(hasPlottedPoint(plot)),
           whole_(place.adjusted(gap_, gap_, -gap_, -gap_)),
           rest_(whole_) {}
 
     PlotPlaces arrange() {
         placeTitle();
         placeNotes();
-        if (!hasPlottedPoint(plot_))
+        if (!hasPoints_)
             return places_;
         places_.x = rangeOfX(plot_);
         places_.y = rangeOfY(plot_);
@@ -89,9 +82,6 @@ class Arranger {
         const auto least = (parts_.labels ? leastArea : leastBareArea) * line_;
         return places_.area.width() >= least.width() && places_.area.height() >= least.height();
     }
-
-    QString shortened(const QString& text, double width) const { return cut(letters_, text, width); }
-    double widthOf(const QString& text) const { return letters_.horizontalAdvance(text); }
 
     QRectF takeTop(double height) {
         const QRectF taken(rest_.topLeft(), QSizeF(rest_.width(), height));
@@ -113,44 +103,22 @@ class Arranger {
     }
 
     void placeTitle() {
-        if (!parts_.title || plot_.title.isEmpty() || titleLetters_.height() > rest_.height())
+        if (!parts_.title || plot_.title.isEmpty() || titleLetters_.line() > rest_.height())
             return;
-        const auto place = takeTop(titleLetters_.height());
-        places_.title = {cut(titleLetters_, plot_.title, place.width()), place};
+        const auto place = takeTop(titleLetters_.line());
+        places_.title = {titleLetters_.shortened(plot_.title, place.width()), place};
         takeTop(gap_);
-    }
-
-    /// The lines of a sentence. A word that is wider than a line is shortened.
-    QStringList linesOf(const QString& sentence, double width) const {
-        QStringList lines;
-        QString line;
-        for (const auto& word : sentence.simplified().split(u' ')) {
-            const auto longer = line.isEmpty() ? word : line + u' ' + word;
-            if (line.isEmpty() || widthOf(longer) <= width) {
-                line = longer;
-                continue;
-            }
-            lines << shortened(line, width);
-            line = word;
-        }
-        return lines << shortened(line, width);
     }
 
     /// Notes stand at the bottom; the last lines of very many are left out.
     void placeNotes() {
         if (!parts_.notes)
             return;
-        QStringList lines;
-        for (const auto& note : plot_.notes)
-            lines << linesOf(note, rest_.width());
-        const auto share = hasPlottedPoint(plot_) ? mostOfNotes : 1;
-        const auto most = static_cast<qsizetype>(std::max(0.0, rest_.height() * share / line_));
-        if (most == 0 || lines.isEmpty())
+        const auto share = hasPoints_ ? mostOfNotes : 1;
+        const auto most = static_cast<qsizetype>(rest_.height() * share / line_);
+        const auto lines = letters_.linesOf(plot_.notes, rest_.width(), most);
+        if (lines.isEmpty())
             return;
-        if (lines.size() > most) {
-            lines = lines.first(most);
-            lines.last() = letters_.elidedText(lines.last() + u" …"_s, Qt::ElideRight, rest_.width());
-        }
         auto place = takeBottom(line_ * static_cast<double>(lines.size()));
         place.setHeight(line_);
         for (const auto& line : lines) {
@@ -160,51 +128,18 @@ class Arranger {
         takeBottom(gap_);
     }
 
-    bool isInLegend(const PlotSeries& series) const {
-        return !series.name.isEmpty() && std::ranges::any_of(series.points, [&](const PlotPoint& point) {
-            return isPlotted(plot_, point);
-        });
-    }
-
-    /// Entries follow each other, in as many rows as they need.
     void placeLegend() {
         if (!parts_.legend)
             return;
-        const auto sample = line_ * 2;
-        const auto distance = 2 * gap_ + line_;
-        QList<LegendEntry> row;
-        double width = 0;
-        for (qsizetype index = 0; index < plot_.series.size(); ++index) {
-            const auto& series = plot_.series[index];
-            if (!isInLegend(series))
-                continue;
-            const auto name = shortened(series.name, whole_.width() - sample - gap_);
-            const auto entryWidth = sample + gap_ + widthOf(name);
-            if (!row.isEmpty() && width + distance + entryWidth > whole_.width()) {
-                placeLegendRow(row, width);
-                row.clear();
-            }
-            const auto left = row.isEmpty() ? 0 : width + distance;
-            const QRectF place(left, 0, sample, line_);
-            const QRectF namePlace(left + sample + gap_, 0, widthOf(name), line_);
-            row << LegendEntry{index, place, {name, namePlace, Qt::AlignLeft | Qt::AlignVCenter}};
-            width = left + entryWidth;
-        }
-        if (row.isEmpty())
+        const auto legend = legendOf(plot_, letters_, rest_.width());
+        if (legend.entries.isEmpty())
             return;
-        placeLegendRow(row, width);
-        takeTop(gap_);
-    }
-
-    /// In the middle, below what is there.
-    void placeLegendRow(QList<LegendEntry> row, double width) {
-        const auto place = takeTop(line_);
-        const QPointF offset(place.center().x() - width / 2, place.top());
-        for (auto& entry : row) {
-            entry.sample.translate(offset);
-            entry.name.place.translate(offset);
+        const auto place = takeTop(legend.height + gap_);
+        places_.legend = legend.entries;
+        for (auto& entry : places_.legend) {
+            entry.sample.translate(place.topLeft());
+            entry.name.place.translate(place.topLeft());
         }
-        places_.legend << row;
     }
 
     void placeArea() {
@@ -240,8 +175,8 @@ class Arranger {
 
     void placeAxisTitle(const QString& title, const QRectF& place, bool isUpright) {
         if (parts_.axisTitles && !title.isEmpty())
-            places_.texts << PlotText{shortened(title, isUpright ? place.height() : place.width()), place,
-                                      Qt::AlignCenter, isUpright};
+            places_.texts << PlotText{letters_.shortened(title, isUpright ? place.height() : place.width()),
+                                      place, Qt::AlignCenter, isUpright};
     }
 
     QList<PlotTick> ticksOfY(double height) const {
@@ -254,7 +189,7 @@ class Arranger {
             return 0;
         double width = 0;
         for (const auto& tick : ticksOfY(height))
-            width = std::max(width, widthOf(tick.label));
+            width = std::max(width, letters_.widthOf(tick.label));
         return std::min(width + gap_, whole_.width() * mostOfLabels);
     }
 
@@ -264,7 +199,7 @@ class Arranger {
             const auto position = places_.positionOfY(tick.value);
             PlacedTick placed{position, {}};
             if (parts_.labels)
-                placed.label = {shortened(tick.label, width),
+                placed.label = {letters_.shortened(tick.label, width),
                                 {labels.left(), position - line_ / 2, width, line_},
                                 Qt::AlignRight | Qt::AlignVCenter};
             places_.yTicks << placed;
@@ -276,7 +211,7 @@ class Arranger {
     /// Names that do not fit beside each other stand upright.
     bool areNamesUpright(double width) const {
         return std::ranges::any_of(plot_.x.names, [&](const QString& name) {
-            return widthOf(name.simplified()) > roomOfName(width) - gap_;
+            return letters_.widthOf(name) > roomOfName(width) - gap_;
         });
     }
 
@@ -287,7 +222,7 @@ class Arranger {
             return line_ + gap_;
         double longest = 0;
         for (const auto& name : plot_.x.names)
-            longest = std::max(longest, widthOf(name.simplified()));
+            longest = std::max(longest, letters_.widthOf(name));
         return std::min(longest, whole_.height() * mostOfLabels) + gap_;
     }
 
@@ -328,8 +263,8 @@ class Arranger {
 
     /// Below its tick, moved sideways where it would leave the place.
     PlotText labelBelow(const QString& label, double position, const QRectF& below) const {
-        const auto text = shortened(label, whole_.width());
-        const auto width = widthOf(text);
+        const auto text = letters_.shortened(label, whole_.width());
+        const auto width = letters_.widthOf(text);
         const auto left =
             std::clamp(position - width / 2, whole_.left(), std::max(whole_.left(), whole_.right() - width));
         return {text, {left, below.top(), width, line_}};
@@ -352,7 +287,7 @@ class Arranger {
             const auto position = places_.positionOfX(static_cast<double>(index));
             PlacedTick placed{position, {}};
             if (parts_.labels && index % every == 0)
-                placed.label = {shortened(plot_.x.names[index], below.height()),
+                placed.label = {letters_.shortened(plot_.x.names[index], below.height()),
                                 {position - line_ / 2, below.top(), line_, below.height()},
                                 Qt::AlignRight | Qt::AlignVCenter,
                                 true};
@@ -364,7 +299,7 @@ class Arranger {
         double width = 0;
         for (const auto& level : plot_.levels) {
             if (parts_.labels && isPlotted(level) && !level.name.isEmpty())
-                width = std::max(width, widthOf(level.name.simplified()) + 2 * gap_);
+                width = std::max(width, letters_.widthOf(level.name) + 2 * gap_);
         }
         return std::min(width, whole_.width() * mostOfLevels);
     }
@@ -382,7 +317,7 @@ class Arranger {
                 return !other.label.text.isEmpty() && other.label.place.intersects(place);
             });
             if (parts_.labels && isFree)
-                placed.label = {shortened(level.name, place.width()), place,
+                placed.label = {letters_.shortened(level.name, place.width()), place,
                                 Qt::AlignLeft | Qt::AlignVCenter};
             places_.levels << placed;
         }
@@ -406,11 +341,12 @@ class Arranger {
     }
 
     const Plot& plot_;
-    const QFontMetricsF& letters_;
-    const QFontMetricsF& titleLetters_;
+    const PlotLetters& letters_;
+    const PlotLetters& titleLetters_;
     const Parts& parts_;
     const double line_;
     const double gap_;
+    const bool hasPoints_;
     const QRectF whole_;
     QRectF rest_;
     PlotPlaces places_;
@@ -436,8 +372,8 @@ QRectF PlotPlaces::barOf(qsizetype series, const PlotPoint& point) const {
     return {end.x() - barWidth / 2, std::min(end.y(), zero), barWidth, std::abs(end.y() - zero)};
 }
 
-PlotPlaces placesOf(const Plot& plot, const QRectF& place, const QFontMetricsF& letters,
-                    const QFontMetricsF& titleLetters) {
+PlotPlaces placesOf(const Plot& plot, const QRectF& place, const PlotLetters& letters,
+                    const PlotLetters& titleLetters) {
     PlotPlaces places;
     for (const auto& parts : steps) {
         places = Arranger(plot, place, letters, titleLetters, parts).arrange();
@@ -445,10 +381,6 @@ PlotPlaces placesOf(const Plot& plot, const QRectF& place, const QFontMetricsF& 
             break;
     }
     return places;
-}
-
-double markSize(const QFontMetricsF& letters) {
-    return letters.height() * 0.45;
 }
 
 } // namespace kelvane

@@ -1,23 +1,13 @@
 #pragma once
 
-#include "plots/plot.h"
+#include "plots/plot_legend.h"
 #include "plots/plot_ticks.h"
 
-#include <QFontMetricsF>
 #include <QRectF>
 
 #include <optional>
 
 namespace kelvane {
-
-/// A text of a plot, as it is painted: cut to its place.
-struct PlotText {
-    QString text = {};
-    QRectF place = {};
-    Qt::Alignment alignment = Qt::AlignCenter;
-    /// Read from below, its place as it is painted.
-    bool isUpright = false;
-};
 
 /// A line of the grid, with its label; that is empty where it would touch another.
 struct PlacedTick {
@@ -29,12 +19,6 @@ struct PlacedTick {
 struct PlacedLevel {
     double position = 0;
     PlotText label = {};
-};
-
-struct LegendEntry {
-    qsizetype series = 0;
-    QRectF sample = {};
-    PlotText name = {};
 };
 
 /// Where everything of a plot stands in a place, in the coordinates of its painter.
@@ -65,10 +49,7 @@ struct PlotPlaces {
 
 /// What is too small for all of its parts does without axis titles, then the legend, the notes, the labels
 /// and at last the picture itself. `letters` are those of the plot, `titleLetters` those of its title.
-PlotPlaces placesOf(const Plot& plot, const QRectF& place, const QFontMetricsF& letters,
-                    const QFontMetricsF& titleLetters);
-
-/// How large a mark is, from side to side.
-double markSize(const QFontMetricsF& letters);
+PlotPlaces placesOf(const Plot& plot, const QRectF& place, const PlotLetters& letters,
+                    const PlotLetters& titleLetters);
 
 } // namespace kelvane

@@ -96,7 +96,7 @@ std::optional<PlotPlace> PlotView::pointNear(const QPointF& position) const {
     if (all.area.isEmpty())
         return std::nullopt;
     std::optional<PlotPlace> nearest;
-    auto least = QFontMetricsF(font(), this).height() * reach;
+    auto least = PlotLetters(QFontMetricsF(font(), this)).line() * reach;
     for (qsizetype series = 0; series < plot_.series.size(); ++series) {
         const auto& points = plot_.series[series].points;
         for (qsizetype index = 0; index < points.size(); ++index) {
@@ -204,7 +204,7 @@ void PlotView::drawMarkedPoint(QPainter& painter) const {
     const auto marked = markedPoint();
     if (!marked || places().area.isEmpty())
         return;
-    const auto radius = markSize(QFontMetricsF(font(), this));
+    const auto radius = PlotLetters(QFontMetricsF(font(), this)).mark();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), radius / 3));
     painter.setBrush(Qt::NoBrush);

@@ -123,28 +123,6 @@ TEST(PlotPlaces, HangBarsBelowZeroFromZero) {
     EXPECT_DOUBLE_EQ(places.barOf(0, plot.series[0].points[1]).top(), places.positionOfY(0));
 }
 
-TEST(PlotPlaces, NameEachSeriesOfTheLegend) {
-    auto plot = errorPlot();
-    plot.series << PlotSeries{.name = u"without points"_s} << PlotSeries{.points = {{0, 0}}};
-    const auto places = placesIn({800, 480}, plot);
-    ASSERT_EQ(places.legend.size(), 2);
-    EXPECT_EQ(places.legend[0].name.text, u"as found"_s);
-    EXPECT_EQ(places.legend[1].series, 1);
-}
-
-TEST(PlotPlaces, BreakALongLegend) {
-    auto plot = plotOf({{0, 0}});
-    for (int index = 0; index < 12; ++index)
-        plot.series << PlotSeries{.name = u"series number %1"_s.arg(index), .points = {{0, 0}}};
-    const auto places = placesIn({600, 480}, plot);
-    ASSERT_EQ(places.legend.size(), 12);
-    EXPECT_GT(places.legend.last().sample.top(), places.legend.first().sample.top());
-    for (const auto& entry : places.legend) {
-        EXPECT_GE(entry.sample.left(), 0);
-        EXPECT_LE(entry.name.place.right(), 600);
-    }
-}
-
 TEST(PlotPlaces, LeaveOneLevelOfTwoAtOnePlaceWithoutItsName) {
     auto plot = errorPlot();
     plot.levels = {{u"limit"_s, 100}, {u"guard band"_s, 100.1}};
