@@ -24,8 +24,8 @@ namespace {
 constexpr QSizeF sizeInMillimetres{160, 100};
 constexpr double millimetresPerInch = 25.4;
 constexpr int dotsPerInch = 300;
-/// Of what has no dots: fine enough for every length.
-constexpr int unitsPerInch = 1200;
+/// Of what has no dots: a hundredth of a millimetre.
+constexpr int unitsPerInch = 2540;
 constexpr double letterSize = 8; // points
 
 QSize sizeAt(int resolution) {
@@ -34,6 +34,8 @@ QSize sizeAt(int resolution) {
 
 bool paintOn(QPaintDevice& device, const Plot& plot, const QSizeF& size) {
     PlotLooks looks;
+    // A scalable picture names its letters. This is the one name that every program knows.
+    looks.font.setFamily(u"sans-serif"_s);
     looks.font.setPointSizeF(letterSize);
     QPainter painter;
     if (!painter.begin(&device))

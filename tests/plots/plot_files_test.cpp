@@ -60,8 +60,8 @@ TEST_F(PlotFiles, OfAScalablePictureHaveItsSizeAndTitle) {
     QXmlStreamReader reader(contentOf(u"plot.svg"_s));
     ASSERT_TRUE(reader.readNextStartElement());
     EXPECT_EQ(reader.name(), u"svg"_s);
-    EXPECT_TRUE(reader.attributes().value("width"_L1).startsWith("160"_L1));
-    EXPECT_TRUE(reader.attributes().value("height"_L1).startsWith("100"_L1));
+    EXPECT_EQ(reader.attributes().value("width"_L1), u"160mm"_s);
+    EXPECT_EQ(reader.attributes().value("height"_L1), u"100mm"_s);
     ASSERT_TRUE(reader.readNextStartElement());
     EXPECT_EQ(reader.name(), u"title"_s);
     EXPECT_EQ(reader.readElementText(), plot.title);
