@@ -88,7 +88,10 @@ PlotPlaces PlotView::places() const {
 }
 
 QPointF PlotView::positionOf(const PlotPlace& place) const {
-    return places().positionOf(place.series, plot_.series[place.series].points[place.point]);
+    const auto all = places();
+    if (all.area.isEmpty())
+        return rect().center();
+    return all.positionOf(place.series, plot_.series[place.series].points[place.point]);
 }
 
 std::optional<PlotPlace> PlotView::pointNear(const QPointF& position) const {

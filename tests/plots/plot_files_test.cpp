@@ -46,6 +46,7 @@ QStringList textElements(const QByteArray& picture) {
 TEST_F(PlotFiles, OfAScalablePictureHoldTheTextsAsTexts) {
     auto plot = errorPlot();
     plot.title = u"Druck <Ω> & mehr"_s;
+    plot.notes = {u"a < b & c\u0001\uffff"_s};
     ASSERT_EQ(savePlot(plot, u"plot.svg"_s), QString());
     const auto texts = textElements(contentOf(u"plot.svg"_s));
     for (const auto& text : {plot.title, plot.x.title, plot.y.title, plot.notes[0], u"as found"_s,
@@ -65,6 +66,9 @@ TEST_F(PlotFiles, OfAScalablePictureHaveItsSizeAndTitle) {
     ASSERT_TRUE(reader.readNextStartElement());
     EXPECT_EQ(reader.name(), u"title"_s);
     EXPECT_EQ(reader.readElementText(), plot.title);
+    ASSERT_TRUE(reader.readNextStartElement());
+    EXPECT_EQ(reader.name(), u"desc"_s);
+    EXPECT_EQ(reader.readElementText(), plot.notes[0]);
 }
 
 TEST_F(PlotFiles, OfAnyEndButThoseOfTheOthersAreScalable) {
