@@ -12,7 +12,7 @@ QString plotLine(const QString& text) {
         if (QChar::category(character) != QChar::Other_Control && !QChar::isNonCharacter(character))
             line += QChar::fromUcs4(character);
     }
-    return line;
+    return line.simplified();
 }
 
 double PlotLetters::widthOf(const QString& text) const {
