@@ -209,7 +209,7 @@ void PlotView::drawMarkedPoint(QPainter& painter) const {
         return;
     const auto radius = PlotLetters(QFontMetricsF(font(), this)).mark();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), radius / 3));
+    painter.setPen(QPen(palette().color(QPalette::Text), radius / 3));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(positionOf(*marked), radius, radius);
 }
