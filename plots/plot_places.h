@@ -31,10 +31,10 @@ struct PlotPlaces {
     QList<PlacedTick> yTicks = {};
     QList<PlacedLevel> levels = {};
     QList<LegendEntry> legend = {};
-    /// Title, titles of the axes and notes.
     PlotText title = {};
+    /// Titles of the axes and lines of the notes.
     QList<PlotText> texts = {};
-    /// Where a point of bars is half as wide, how wide a bar is.
+    /// How wide a bar is; 0 without bars.
     double barWidth = 0;
     /// Of each series of bars, its distance from the middle of all of them; empty for the others.
     QList<std::optional<double>> barOffsets = {};
