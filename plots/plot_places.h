@@ -47,8 +47,9 @@ struct PlotPlaces {
     QRectF barOf(qsizetype series, const PlotPoint& point) const;
 };
 
-/// What is too small for all of its parts does without axis titles, then the legend, the notes, the labels
-/// and at last the picture itself. `letters` are those of the plot, `titleLetters` those of its title.
+/// What is too small for all of its parts does without axis titles, then the legend, the notes, the title,
+/// the labels and at last the picture itself. `letters` are those of the plot, `titleLetters` those of its
+/// title.
 PlotPlaces placesOf(const Plot& plot, const QRectF& place, const PlotLetters& letters,
                     const PlotLetters& titleLetters);
 
