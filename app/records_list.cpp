@@ -2,8 +2,6 @@
 
 #include "data/assets/assets.h"
 #include "data/routine.h"
-#include "data/session_values.h"
-#include "platform/values/texts.h"
 #include "records/lists.h"
 
 #include <QSaveFile>
@@ -79,15 +77,6 @@ constexpr ListMaker listMakers[] = {
 };
 
 } // namespace
-
-void logInToRead(Session& session, const QString& dataSource, const QString& user, const QString& password) {
-    const auto name = trimBlanks(user);
-    session.SessionDataSource = dataSource;
-    sharedConnection(session).open(u"DSN="_s + dataSource, name, trimBlanks(password));
-    session.SessionUser = name;
-    session.SessionConnected = true;
-    readSessionValues(session, name);
-}
 
 std::optional<QByteArray> listAsCsv(Session& session, const RecordsRequest& request) {
     const auto* maker = std::ranges::find(listMakers, request.list, &ListMaker::list);

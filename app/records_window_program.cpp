@@ -4,7 +4,7 @@
 #include "app/display_check.h"
 #include "app/language.h"
 #include "app/login.h"
-#include "app/records_list.h"
+#include "app/records_command_line.h"
 #include "app/user_folder.h"
 #include "data/start_up.h"
 #include "platform/database/odbc_connection.h"
