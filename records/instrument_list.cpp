@@ -12,7 +12,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr qsizetype blockSize = 500;
+constexpr qsizetype blockSize = 1000;
 constexpr CsvForm tabs{u'\t', u'.'};
 
 const ListColumn<InstrumentSummary>& listColumn(int column) {

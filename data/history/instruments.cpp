@@ -22,8 +22,8 @@ constexpr TextColumn textColumns[] = {
     {u"inv.mtag", &Summary::mtag},         {u"inv.i4201", &Summary::asset},
     {u"inv.i4204", &Summary::description}, {u"inv.i4202", &Summary::manufacturer},
     {u"inv.i4203", &Summary::model},       {u"inv.i4206", &Summary::serial},
-    {u"inv.i4240", &Summary::group},       {u"place.l2801", &Summary::location},
-    {u"cal.c2308", &Summary::state},       {u"cal.c2323", &Summary::passed},
+    {u"inv.i4240", &Summary::group},       {u"cal.c2308", &Summary::state},
+    {u"cal.c2323", &Summary::passed},
 };
 
 struct OrderColumn {
@@ -43,14 +43,6 @@ constexpr OrderColumn orderColumns[] = {
 constexpr SqlWords searchedColumns[] = {u"inv.i4201", u"inv.i4204", u"inv.i4203", u"place.l2801",
                                         u"inv.i4206"};
 
-/// What is read beside the inventory.
-struct Tables {
-    /// Current records.
-    bool hasRecords = true;
-    /// Present places.
-    bool hasPlaces = true;
-};
-
 bool isPlain(QChar character) {
     const auto code = character.unicode();
     return (code >= u'0' && code <= u'9') || (code >= u'A' && code <= u'Z') ||
@@ -58,7 +50,7 @@ bool isPlain(QChar character) {
 }
 
 /// A pattern that finds at least what contains the text: engines differ on escapes, and on the case of
-/// letters beyond ASCII, so that these may be anything here. The reader compares what is found once more.
+/// letters beyond ASCII, so that these may be anything here. What it finds has to be compared then.
 QString widePattern(const QString& text) {
     QString pattern(u'%');
     for (const auto character : text)
@@ -82,10 +74,9 @@ Sql dateValue(const QDate& date) {
     return sqlText(formatMoment({day, QTime(0, 0)}, u"YYYY-MM-DD"));
 }
 
+/// All but that of the text.
 QList<Sql> conditionsOf(const InstrumentFilter& filter, const QDate& today) {
     QList<Sql> conditions;
-    if (!filter.text.isEmpty())
-        conditions << containing(filter.text);
     if (filter.dueWithinDays)
         conditions << u"cal.c2303 <= " + dateValue(today.addDays(*filter.dueWithinDays));
     if (filter.isOverdue)
@@ -114,21 +105,17 @@ Sql orderOf(const InstrumentQuery& query) {
            u",inv.i4201 asc";
 }
 
-/// The tables of a statement. `limit` stands in their conditions and leaves some of the keys: engines do not
-/// see by themselves that only these are wanted.
-Sql tablesOf(const QString& sessionOwner, const Tables& tables, const Sql& limit) {
+/// The inventory with the current records, of which some instruments may have several (`withoutOlder`).
+Sql withRecords(const QString& sessionOwner) {
     const auto owner = sqlName(sessionOwner);
-    auto statement = owner + u".inventory inv";
-    if (tables.hasRecords)
-        statement += u" left outer join (select mtag,max(ctag) as ctag from " + owner +
-                     u".calibration where c2339 = '1'" + limit +
-                     u" group by mtag) marked on marked.mtag = inv.mtag left outer join " + owner +
-                     u".calibration cal on cal.ctag = marked.ctag";
-    if (tables.hasPlaces)
-        statement += u" left outer join (select mtag,max(l2801) as l2801 from " + owner +
-                     u".location where l2815 = '1'" + limit +
-                     u" group by mtag) place on place.mtag = inv.mtag";
-    return statement;
+    return owner + u".inventory inv left outer join " + owner +
+           u".calibration cal on cal.mtag = inv.mtag and cal.c2339 = '1'";
+}
+
+/// The condition that leaves the newest of several current records, or an instrument without one.
+Sql withoutOlder(const QString& sessionOwner) {
+    return u"not exists (select 1 from " + sqlName(sessionOwner) +
+           u".calibration newer where newer.mtag = inv.mtag and newer.c2339 = '1' and newer.ctag > cal.ctag)";
 }
 
 Sql joined(const QList<Sql>& conditions) {
@@ -141,34 +128,52 @@ Sql joined(const QList<Sql>& conditions) {
     return joined;
 }
 
-/// Joining what nothing is taken of takes longer than all else.
-Tables neededTables(const InstrumentQuery& query) {
+bool needsRecords(const InstrumentQuery& query) {
     const auto& filter = query.filter;
-    const auto order = query.order;
-    return {.hasRecords = filter.dueWithinDays || filter.isOverdue || order == InstrumentOrder::due ||
-                          order == InstrumentOrder::lastCalibration || order == InstrumentOrder::passed,
-            .hasPlaces = !filter.text.isEmpty() || order == InstrumentOrder::location};
+    return filter.dueWithinDays || filter.isOverdue || query.order == InstrumentOrder::due ||
+           query.order == InstrumentOrder::lastCalibration || query.order == InstrumentOrder::passed;
 }
 
-/// With the columns to compare the text of the filter with, if there is one.
+/// Joining what nothing is taken of would take longer than all else.
+Sql tablesOf(const QString& sessionOwner, const InstrumentQuery& query) {
+    const auto owner = sqlName(sessionOwner);
+    auto tables = needsRecords(query) ? withRecords(sessionOwner) : owner + u".inventory inv";
+    if (!query.filter.text.isEmpty() || query.order == InstrumentOrder::location)
+        tables += u" left outer join (select mtag,max(l2801) as l2801 from " + owner +
+                  u".location where l2815 = '1' group by mtag) place on place.mtag = inv.mtag";
+    return tables;
+}
+
+/// The text of the filter has to be compared with what its pattern finds.
+bool needsComparing(const InstrumentFilter& filter) {
+    return !std::ranges::all_of(filter.text, isPlain);
+}
+
+/// With the columns to compare the text of the filter with, if that is needed.
 Sql keysStatement(const QString& owner, const InstrumentQuery& query, const QDate& today) {
     Sql columns = u"inv.mtag,inv.i4201";
-    if (!query.filter.text.isEmpty()) {
+    auto conditions = conditionsOf(query.filter, today);
+    if (needsRecords(query))
+        conditions.prepend(withoutOlder(owner));
+    if (!query.filter.text.isEmpty())
+        conditions << containing(query.filter.text);
+    if (needsComparing(query.filter)) {
         for (std::size_t at = 1; at < std::size(searchedColumns); ++at)
             columns += u"," + Sql(searchedColumns[at]);
     }
-    return u"select " + columns + u" from " + tablesOf(owner, neededTables(query), u"") +
-           joined(conditionsOf(query.filter, today)) + orderOf(query);
+    return u"select " + columns + u" from " + tablesOf(owner, query) + joined(conditions) + orderOf(query);
 }
 
-/// In no order.
+/// In no order. The text of the filter has chosen the keys.
 Sql blockStatement(const QString& owner, const InstrumentFilter& filter, const QDate& today,
                    const Sql& keys) {
     Sql statement = u"select ";
     for (const auto& column : textColumns)
         statement += Sql(column.column) + u",";
-    const auto conditions = QList<Sql>{u"inv.mtag in " + keys} + conditionsOf(filter, today);
-    return statement + u"cal.c2301,cal.c2303 from " + tablesOf(owner, {}, u" and mtag in " + keys) +
+    const auto conditions =
+        QList<Sql>{u"inv.mtag in (" + keys + u")", withoutOlder(owner)} + conditionsOf(filter, today);
+    return statement + u"cal.c2301,cal.c2303,(select max(l2801) from " + sqlName(owner) +
+           u".location where mtag = inv.mtag and l2815 = '1') from " + withRecords(owner) +
            joined(conditions);
 }
 
@@ -236,33 +241,31 @@ QHash<QString, InstrumentSummary> InstrumentReader::readBlock(qsizetype first, q
     QHash<QString, InstrumentSummary> block;
     if (hasFailed_ || count <= 0)
         return block;
-    Sql keys = u"(";
+    Sql keys = u"";
     Sql link = u"";
     for (auto place = first; place < first + count; ++place) {
         keys += link + sqlText(ModuleGlobals::SQLSafe(keys_.mtag(place)));
         link = u",";
     }
-    keys += u")";
     hasFailed_ = !routine_->run([&] {
         const auto rows = routine_->select(blockStatement(owner_, query_.filter, today_, keys));
         while (rows->next()) {
             const auto key = rows->value(0).value_or(QString());
-            auto instrument = instrumentOf(*rows);
-            if (isContained(instrument))
-                block.insert(key, std::move(instrument));
+            block.insert(key, instrumentOf(*rows));
         }
     });
     return hasFailed_ ? QHash<QString, InstrumentSummary>() : block;
 }
 
-/// Only what contains the text is kept: the pattern finds more.
+/// Only what contains the text is kept: its pattern may find more.
 void InstrumentReader::readKeys() {
     const auto& text = query_.filter.text;
+    const bool isCompared = needsComparing(query_.filter);
     const auto rows = routine_->select(keysStatement(owner_, query_, today_));
     while (rows->next()) {
         const auto mtag = rows->value(0).value_or(QString());
         const auto asset = storedText(rows->value(1));
-        bool isFound = text.isEmpty() || asset.contains(text, Qt::CaseInsensitive);
+        bool isFound = !isCompared || asset.contains(text, Qt::CaseInsensitive);
         for (std::size_t at = 1; at < std::size(searchedColumns) && !isFound; ++at)
             isFound = storedText(rows->value(static_cast<int>(at) + 1)).contains(text, Qt::CaseInsensitive);
         if (isFound)
@@ -298,18 +301,12 @@ InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     for (const auto& text : textColumns)
         instrument.*text.member = storedText(row.value(column++));
     instrument.lastCalibration = storedMomentOf(row.value(column++));
-    instrument.due = storedMomentOf(row.value(column));
+    instrument.due = storedMomentOf(row.value(column++));
+    instrument.location = storedText(row.value(column));
     if (instrument.due.hasDate())
         instrument.daysLeft = today_.daysTo(instrument.due.moment.date);
     instrument.out = registrations_.value(instrument.mtag);
     return instrument;
-}
-
-bool InstrumentReader::isContained(const InstrumentSummary& instrument) const {
-    const auto& text = query_.filter.text;
-    const auto contains = [&](const QString& value) { return value.contains(text, Qt::CaseInsensitive); };
-    return text.isEmpty() || contains(instrument.asset) || contains(instrument.description) ||
-           contains(instrument.model) || contains(instrument.location) || contains(instrument.serial);
 }
 
 } // namespace kelvane

@@ -94,8 +94,8 @@ std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder co
 /// out.
 ///
 /// Of several records that are marked as an instrument's current one, the newest counts. An instrument that a
-/// block no longer finds has left the inventory, or what the filter chooses, since the query. Errors are
-/// reported as "History,instruments"; after one nothing more is read.
+/// block no longer finds has left the inventory, or the days and values of the filter, since the query.
+/// Errors are reported as "History,instruments"; after one nothing more is read.
 class InstrumentReader {
   public:
     /// Runs the query. The session has to outlive the reader; its connection need not.
@@ -125,7 +125,6 @@ class InstrumentReader {
     /// By their keys.
     QHash<QString, InstrumentSummary> readBlock(qsizetype first, qsizetype count);
     InstrumentSummary instrumentOf(RecordSet& row) const;
-    bool isContained(const InstrumentSummary& instrument) const;
 
     std::unique_ptr<Routine> routine_;
     QString owner_;
