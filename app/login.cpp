@@ -31,6 +31,15 @@ void logIn(Session& session, Menu& menu, const QString& username, const QString&
     ModuleGlobals::ClearSystemTables(session);
 }
 
+void logInToRead(Session& session, const QString& dataSource, const QString& user, const QString& password) {
+    const auto name = trimBlanks(user);
+    session.SessionDataSource = dataSource;
+    sharedConnection(session).open(u"DSN="_s + dataSource, name, trimBlanks(password));
+    session.SessionUser = name;
+    session.SessionConnected = true;
+    readSessionValues(session, name);
+}
+
 bool logInAgain(Session& session, Menu& menu, const QString& password) {
     const auto before = databaseValuesOf(session);
     auto undo = qScopeGuard([&] {

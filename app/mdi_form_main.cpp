@@ -46,6 +46,7 @@ namespace {
 
 constexpr int heightInTwips = 8265;
 constexpr int widthInTwips = 9975;
+const auto placeSection = u"MainWindow"_s;
 
 } // namespace
 
@@ -180,7 +181,7 @@ void MDIFormMain::load() {
         setCaptions();
         statusLine_->refresh();
         resize(pixels(widthInTwips), pixels(heightInTwips));
-        runGuarded(session_.ui, [this] { restorePlace(session_, *this); });
+        runGuarded(session_.ui, [this] { restorePlace(session_, placeSection, *this); });
         // The empty frame is shown first, so that a warning of the start-up has something to stand on.
         show();
         placeAtStart_ = placeOf(*this);
@@ -266,7 +267,7 @@ void MDIFormMain::mnuExit() {
 void MDIFormMain::leave() {
     runGuarded(session_.ui, [this] {
         if (const auto place = placeOf(*this); place != placeAtStart_)
-            storePlace(session_, place);
+            storePlace(session_, placeSection, place);
     });
     // Ending the process runs no destructors, and the embedded engine then leaves its last records beside its
     // files.

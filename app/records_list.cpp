@@ -2,8 +2,6 @@
 
 #include "data/assets/assets.h"
 #include "data/routine.h"
-#include "data/session_values.h"
-#include "platform/values/texts.h"
 #include "records/lists.h"
 
 #include <QSaveFile>
@@ -16,7 +14,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr qsizetype blockSize = 500;
+constexpr qsizetype blockSize = 1000;
 
 /// False after an error.
 bool requireAsset(Session& session, const QString& asset) {
@@ -29,38 +27,38 @@ bool requireAsset(Session& session, const QString& asset) {
 }
 
 template <class Row>
-std::optional<QString> csvOf(std::span<const ListColumn<Row>> columns, const std::optional<QList<Row>>& rows,
-                             const CsvForm& form) {
+std::optional<QByteArray> csvOf(std::span<const ListColumn<Row>> columns,
+                                const std::optional<QList<Row>>& rows, const CsvForm& form) {
     if (!rows)
         return {};
-    auto csv = csvTitles(columns, form);
+    auto csv = csvTitles(columns, form).toUtf8();
     for (const auto& row : *rows)
-        csv += csvRow(columns, row, form);
+        csv += csvRow(columns, row, form).toUtf8();
     return csv;
 }
 
-std::optional<QString> dueInstruments(Session& session, const RecordsRequest& request) {
+std::optional<QByteArray> dueInstruments(Session& session, const RecordsRequest& request) {
     InstrumentQuery query{.order = InstrumentOrder::due};
     if (request.list == RecordsRequest::List::due)
         query.filter.dueWithinDays = request.days;
     query.filter.isOverdue = request.list == RecordsRequest::List::overdue;
     InstrumentReader reader(session, query);
-    auto csv = csvTitles(instrumentColumns(), request.form);
+    auto csv = csvTitles(instrumentColumns(), request.form).toUtf8();
     while (!reader.isAtEnd()) {
         const auto block = reader.next(blockSize);
         for (const auto& instrument : block)
-            csv += csvRow(instrumentColumns(), instrument, request.form);
+            csv += csvRow(instrumentColumns(), instrument, request.form).toUtf8();
     }
     return reader.hasFailed() ? std::nullopt : std::optional(csv);
 }
 
-std::optional<QString> uses(Session& session, const RecordsRequest& request) {
+std::optional<QByteArray> uses(Session& session, const RecordsRequest& request) {
     if (!requireAsset(session, request.asset))
         return {};
     return csvOf(standardUseColumns(), usesOfStandard(session, request.asset, request.since), request.form);
 }
 
-std::optional<QString> history(Session& session, const RecordsRequest& request) {
+std::optional<QByteArray> history(Session& session, const RecordsRequest& request) {
     if (!requireAsset(session, request.asset))
         return {};
     return csvOf(calibrationColumns(), calibrationsOf(session, request.asset), request.form);
@@ -68,7 +66,7 @@ std::optional<QString> history(Session& session, const RecordsRequest& request) 
 
 struct ListMaker {
     RecordsRequest::List list;
-    std::optional<QString> (*make)(Session& session, const RecordsRequest& request);
+    std::optional<QByteArray> (*make)(Session& session, const RecordsRequest& request);
 };
 
 constexpr ListMaker listMakers[] = {
@@ -80,19 +78,9 @@ constexpr ListMaker listMakers[] = {
 
 } // namespace
 
-void logInToRead(Session& session, const QString& dataSource, const QString& user, const QString& password) {
-    const auto name = trimBlanks(user);
-    session.SessionDataSource = dataSource;
-    sharedConnection(session).open(u"DSN="_s + dataSource, name, trimBlanks(password));
-    session.SessionUser = name;
-    session.SessionConnected = true;
-    readSessionValues(session, name);
-}
-
 std::optional<QByteArray> listAsCsv(Session& session, const RecordsRequest& request) {
     const auto* maker = std::ranges::find(listMakers, request.list, &ListMaker::list);
-    const auto csv = maker->make(session, request);
-    return csv ? std::optional(csv->toUtf8()) : std::nullopt;
+    return maker->make(session, request);
 }
 
 void writeList(const RecordsRequest& request, const QByteArray& list) {

@@ -4,7 +4,7 @@
 #include "app/display_check.h"
 #include "app/language.h"
 #include "app/login.h"
-#include "app/records_list.h"
+#include "app/records_command_line.h"
 #include "app/user_folder.h"
 #include "data/start_up.h"
 #include "platform/database/odbc_connection.h"
@@ -28,6 +28,12 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+namespace {
+
+const auto placeSection = u"RecordsWindow"_s;
+
+} // namespace
+
 RecordsWindowProgram::RecordsWindowProgram(const Clock& clock, SettingsStore& settings,
                                            const ConnectionFactory& connections)
     : session({ui, clock, settings},
@@ -43,6 +49,19 @@ RecordsWindowProgram::RecordsWindowProgram(const Clock& clock, SettingsStore& se
 void RecordsWindowProgram::noteLoss() {
     session.SessionConnected = false;
     window.showSessionState();
+}
+
+void RecordsWindowProgram::start() {
+    runGuarded(ui, [this] { restorePlace(session, placeSection, window); });
+    window.start();
+    placeAtStart_ = placeOf(window);
+}
+
+void RecordsWindowProgram::storeWindowPlace() {
+    runGuarded(ui, [this] {
+        if (const auto place = placeOf(window); place != placeAtStart_)
+            storePlace(session, placeSection, place);
+    });
 }
 
 void RecordsWindowProgram::readTemplate() {
@@ -64,6 +83,8 @@ int runRecordsWindow(int argc, char** argv) {
     QApplication::setApplicationName(u"KELVANE"_s);
     QApplication::setApplicationVersion(programVersion());
     QApplication::setWindowIcon(programIcon());
+    // Names the entry in the desktop's menu whose window this is.
+    QApplication::setDesktopFileName(u"kelvane-records"_s);
     const SystemClock clock;
     IniSettingsStore settings(IniSettingsStore::defaultPath());
     setLooks(chosenColors(settings));
@@ -76,7 +97,9 @@ int runRecordsWindow(int argc, char** argv) {
     if (!unknownLanguage.isEmpty())
         logReason(program.session, unknownLanguage);
     program.start();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    program.storeWindowPlace();
+    return status;
 }
 
 } // namespace kelvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/window_place.h"
 #include "platform/clock.h"
 #include "records/records_window.h"
 #include "ui/qt_user_interface.h"
@@ -15,8 +16,10 @@ class RecordsWindowProgram {
     /// Reads the result template of the current folder, or of the workstation's folder of this user. Without
     /// one, result lines are shown as they are stored.
     void readTemplate();
-    /// Shows the window and the login.
-    void start() { window.start(); }
+    /// Shows the window, where it was left the last time, and the login.
+    void start();
+    /// Keeps where the window was left.
+    void storeWindowPlace();
 
     // In the order in which they need each other.
     QtUserInterface ui;
@@ -26,6 +29,8 @@ class RecordsWindowProgram {
   private:
     /// Whatever part of the program has met the loss of its connection.
     void noteLoss();
+
+    WindowPlace placeAtStart_;
 };
 
 /// Runs the program with its window for the words of its command line; gives the exit status.

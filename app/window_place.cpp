@@ -15,11 +15,10 @@ namespace kelvane {
 
 namespace {
 
-const QString section = u"MainWindow"_s;
 // Beyond any screen; keeps a spoilt setting inside the whole numbers.
 constexpr double farAway = 1e6;
 
-std::optional<int> readStored(const Workstation& workstation, const QString& key) {
+std::optional<int> readStored(const Workstation& workstation, const QString& section, const QString& key) {
     const auto number = numberOf(ModuleGlobals::GetRegSetting(workstation, section, key));
     if (!number)
         return {};
@@ -40,23 +39,24 @@ WindowPlace placeOf(const QWidget& window) {
     return {QRect(window.pos(), window.size()), false};
 }
 
-void restorePlace(const Workstation& workstation, QWidget& window) {
-    const auto width = readStored(workstation, u"Width"_s);
-    const auto height = readStored(workstation, u"Height"_s);
+void restorePlace(const Workstation& workstation, const QString& section, QWidget& window) {
+    const auto stored = [&](const QString& key) { return readStored(workstation, section, key); };
+    const auto width = stored(u"Width"_s);
+    const auto height = stored(u"Height"_s);
     if (!width || !height || *width <= 0 || *height <= 0)
         return;
     window.resize(QSize(*width, *height)
                       .boundedTo(window.screen()->availableSize())
                       .expandedTo(window.minimumSizeHint()));
-    const auto left = readStored(workstation, u"Left"_s);
-    const auto top = readStored(workstation, u"Top"_s);
+    const auto left = stored(u"Left"_s);
+    const auto top = stored(u"Top"_s);
     if (left && top && isOnAScreen(QRect(QPoint(*left, *top), window.size())))
         window.move(*left, *top);
-    if (readStored(workstation, u"Maximized"_s) == 1)
+    if (stored(u"Maximized"_s) == 1)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
-void storePlace(const Workstation& workstation, const WindowPlace& place) {
+void storePlace(const Workstation& workstation, const QString& section, const WindowPlace& place) {
     const std::pair<QString, int> values[] = {
         {u"Left"_s, place.rect.x()},
         {u"Top"_s, place.rect.y()},

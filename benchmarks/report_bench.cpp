@@ -3,13 +3,13 @@
 // LAYOUT
 
 #include "benchmarks/alternating_runs.h"
+#include "benchmarks/peak_memory.h"
 #include "benchmarks/require.h"
 #include "reports/report_error.h"
 #include "reports/report_pdf.h"
 #include "testkit/sheets.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QGuiApplication>
 #include <QPaintEngine>
 #include <QPainter>
@@ -101,17 +101,6 @@ void drawCells(const QList<Cell>& cells, int sheetCount, const QPageLayout& page
             painter.drawText(cell.place, Qt::AlignLeft | Qt::AlignTop, cell.text);
         }
     }
-}
-
-/// The most that this process has held in memory, in MB.
-double peakMegabytes() {
-    QFile status(u"/proc/self/status"_s);
-    require(status.open(QIODevice::ReadOnly), u"the system tells no memory"_s);
-    for (const auto& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return line.simplified().split(' ').at(1).toDouble() / 1024;
-    }
-    giveUp(u"the system tells no memory"_s);
 }
 
 double microsecondsOf(const std::function<void()>& work) {

@@ -1,9 +1,9 @@
 #include "records/form_instruments.h"
 
 #include "platform/error_report.h"
-#include "procedures/task_packages.h"
 #include "records/column_menu.h"
 #include "records/instrument_list.h"
+#include "records/selected_rows.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -41,7 +41,7 @@ struct Choice {
     TextId caption;
     int days = 0;
     bool isOverdue = false;
-    std::optional<Definition> values = {};
+    std::optional<InstrumentOrder> values = {};
     QString InstrumentFilter::*value = nullptr;
 };
 
@@ -53,9 +53,9 @@ const QList<Choice>& choices() {
         {TextId::recordsDueWithin, 30},
         {TextId::recordsDueWithin, 60},
         {TextId::recordsDueWithin, 90},
-        {TextId::recordsOfGroup, 0, false, Definition::segregate, &Filter::group},
-        {TextId::recordsOfModel, 0, false, Definition::model, &Filter::model},
-        {TextId::recordsOfDescription, 0, false, Definition::description, &Filter::description},
+        {TextId::recordsOfGroup, 0, false, InstrumentOrder::group, &Filter::group},
+        {TextId::recordsOfModel, 0, false, InstrumentOrder::model, &Filter::model},
+        {TextId::recordsOfDescription, 0, false, InstrumentOrder::description, &Filter::description},
     };
     return rows;
 }
@@ -145,6 +145,8 @@ void FormInstruments::setUpTable() {
     header->setHighlightSections(false);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     header->setSortIndicatorShown(true);
+    // Their widths are those of what is in sight; more would be read only for that.
+    header->setResizeContentsPrecision(0);
     header->setSortIndicator(0, Qt::AscendingOrder);
     runGuarded(session_.ui,
                [&] { hasWidths_ = restoreColumns(session_, tableName, savedColumns(), *header); });
@@ -294,15 +296,14 @@ void FormInstruments::showState() {
             return TextId::recordsIncomplete;
         if (rows == 0)
             return TextId::recordsNone;
-        return model_->isComplete() ? TextId::recordsShown : TextId::recordsShownMore;
+        return TextId::recordsShown;
     }();
-    const bool hasNumber = state != TextId::recordsNone && state != TextId::recordsNotLoggedIn;
-    LabelShown->setText(hasNumber ? text(state).arg(rows) : text(state));
+    LabelShown->setText(state == TextId::recordsShown ? text(state).arg(rows) : text(state));
     LabelShown->setAccessibleName(LabelShown->text());
     auto font = LabelShown->font();
     font.setBold(model_->hasFailed());
     LabelShown->setFont(font);
-    const auto selected = TableInstruments->selectionModel()->selectedRows();
+    const auto selected = selectedRows(*TableInstruments);
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());
 }
@@ -311,7 +312,7 @@ void FormInstruments::chooseKind() {
     const auto& choice = choices().at(ComboShow->currentIndex());
     QStringList values;
     if (choice.values) {
-        const auto read = packageValues(session_, *choice.values);
+        const auto read = instrumentValues(session_, *choice.values);
         if (!read) {
             // What is shown stays that of the choice before.
             const QSignalBlocker quiet(ComboShow);
@@ -319,7 +320,6 @@ void FormInstruments::chooseKind() {
             return;
         }
         values = *read;
-        values.removeAll(QString());
         std::ranges::sort(values);
     }
     choice_ = ComboShow->currentIndex();
@@ -351,18 +351,15 @@ void FormInstruments::showOrder() {
 }
 
 void FormInstruments::openHistory() {
-    const auto selected = TableInstruments->selectionModel()->selectedRows();
+    const auto selected = selectedRows(*TableInstruments);
     if (selected.size() == 1)
-        Q_EMIT historyWanted(model_->instrument(selected.constFirst().row()));
+        Q_EMIT historyWanted(model_->instrument(selected.constFirst()));
 }
 
 void FormInstruments::copy() {
-    QList<int> rows;
-    for (const auto& selected : TableInstruments->selectionModel()->selectedRows())
-        rows << selected.row();
+    const auto rows = selectedRows(*TableInstruments);
     if (rows.isEmpty())
         return;
-    std::ranges::sort(rows);
     QApplication::clipboard()->setText(
         copiedInstruments(*model_, rows, shownColumns(*TableInstruments->horizontalHeader())));
 }

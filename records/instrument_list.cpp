@@ -12,7 +12,7 @@ namespace kelvane {
 
 namespace {
 
-constexpr qsizetype blockSize = 500;
+constexpr qsizetype blockSize = 1000;
 constexpr CsvForm tabs{u'\t', u'.'};
 
 const ListColumn<InstrumentSummary>& listColumn(int column) {
@@ -35,12 +35,13 @@ QString lineOf(const InstrumentSummary& instrument, const QList<int>& columns, c
 
 } // namespace
 
-QString copiedInstruments(const InstrumentModel& model, const QList<int>& rows, const QList<int>& columns) {
+QString copiedInstruments(InstrumentModel& model, const QList<int>& rows, const QList<int>& columns) {
     auto copied = titles(columns, tabs);
     for (const int row : rows) {
         QStringList cells;
+        const auto instrument = model.instrument(row);
         for (const int column : columns)
-            cells << csvCell(model.shownText(row, column), CsvCell::text, tabs);
+            cells << csvCell(InstrumentModel::shownText(instrument, column), CsvCell::text, tabs);
         copied += csvLine(cells, tabs);
     }
     return copied;

@@ -13,8 +13,11 @@ namespace kelvane {
 
 namespace {
 
-/// More rows than a large screen shows.
-constexpr qsizetype blockSize = 200;
+/// More rows than a large screen shows: what is in sight stands in two blocks at the most.
+constexpr int blockSize = 200;
+constexpr int blocksInSight = 2;
+/// What a user goes back and forth in.
+constexpr int keptBlocks = 20;
 /// From here on a due date is near.
 constexpr qint64 nearDays = 30;
 
@@ -65,7 +68,10 @@ QString daysLeftText(qint64 days) {
 }
 
 InstrumentModel::InstrumentModel(Session& session, QObject* parent)
-    : QAbstractTableModel(parent), session_(session) {}
+    : QAbstractTableModel(parent), session_(session), blocks_(keptBlocks) {
+    wanting_.setSingleShot(true);
+    QObject::connect(&wanting_, &QTimer::timeout, this, [this] { readWanted(); });
+}
 
 InstrumentModel::~InstrumentModel() = default;
 
@@ -83,7 +89,8 @@ void InstrumentModel::ask(const InstrumentQuery& query) {
 void InstrumentModel::clear() {
     beginResetModel();
     reader_.reset();
-    instruments_.clear();
+    blocks_.clear();
+    wanted_.clear();
     hasFailed_ = false;
     endResetModel();
     Q_EMIT read();
@@ -91,47 +98,87 @@ void InstrumentModel::clear() {
 
 void InstrumentModel::begin() {
     clear();
+    std::shared_ptr<InstrumentReader> reader;
     {
         const QScopedValueRollback reading(isReading_, true);
-        runGuarded(session_.ui, [this] { reader_ = std::make_unique<InstrumentReader>(session_, query_); });
-        // Without a reader not even the report of the error could be written.
-        hasFailed_ = !reader_ || reader_->hasFailed();
+        runGuarded(session_.ui, [&] { reader = std::make_shared<InstrumentReader>(session_, query_); });
     }
-    readBlock();
-}
-
-void InstrumentModel::readBlock() {
-    QList<InstrumentSummary> block;
-    if (reader_) {
-        const QScopedValueRollback reading(isReading_, true);
-        bool isRead = false;
-        runGuarded(session_.ui, [&] {
-            block = reader_->next(blockSize);
-            isRead = true;
-        });
-        hasFailed_ = !isRead || reader_->hasFailed();
-        if (hasFailed_ || reader_->isAtEnd())
-            reader_.reset();
-    }
-    if (!block.isEmpty()) {
-        const auto first = static_cast<int>(instruments_.size());
-        beginInsertRows({}, first, first + static_cast<int>(block.size()) - 1);
-        instruments_ << block;
-        endInsertRows();
-    }
+    // Without a reader not even the report of the error could be written.
+    const bool isRead = reader && !reader->hasFailed() && takeBlock(*reader, 0);
+    beginResetModel();
+    reader_ = std::move(reader);
+    hasFailed_ = !isRead;
+    endResetModel();
     Q_EMIT read();
 }
 
-QString InstrumentModel::shownText(int row, int column) const {
+bool InstrumentModel::takeBlock(InstrumentReader& reader, int block) {
+    const QScopedValueRollback reading(isReading_, true);
+    bool isRead = false;
+    runGuarded(session_.ui, [&] {
+        auto instruments = std::make_unique<Block>(reader.read(qsizetype(block) * blockSize, blockSize));
+        isRead = !reader.hasFailed();
+        if (isRead)
+            blocks_.insert(block, instruments.release());
+    });
+    return isRead;
+}
+
+void InstrumentModel::readBlock(int block) {
+    const auto reader = reader_;
+    if (!reader || hasFailed_ || isReading_ || blocks_.contains(block))
+        return;
+    const bool isRead = takeBlock(*reader, block);
+    // The rows may have been forgotten while its error was on the screen.
+    if (reader == reader_) {
+        hasFailed_ = !isRead;
+        const int first = block * blockSize;
+        const int last = std::min(first + blockSize, rowCount()) - 1;
+        Q_EMIT dataChanged(index(first, 0), index(last, columnCount() - 1));
+        if (hasFailed_)
+            Q_EMIT read();
+    }
+    if (isAskedAgain_)
+        ask(InstrumentQuery(query_));
+}
+
+void InstrumentModel::readWanted() {
+    const auto wanted = std::exchange(wanted_, {});
+    for (const int block : wanted)
+        readBlock(block);
+}
+
+const InstrumentSummary* InstrumentModel::inSight(int row) const {
+    const int block = row / blockSize;
+    if (const auto* instruments = blocks_.object(block))
+        return &instruments->at(row % blockSize);
+    if (hasFailed_)
+        return nullptr;
+    // What a quick hand has scrolled past is no longer wanted.
+    wanted_.removeAll(block);
+    wanted_ << block;
+    if (wanted_.size() > blocksInSight)
+        wanted_.removeFirst();
+    wanting_.start(0);
+    return nullptr;
+}
+
+InstrumentSummary InstrumentModel::instrument(int row) {
+    readBlock(row / blockSize);
+    if (const auto* found = inSight(row))
+        return *found;
+    return reader_ ? reader_->keyAt(row) : InstrumentSummary();
+}
+
+QString InstrumentModel::shownText(const InstrumentSummary& instrument, int column) {
     const auto at = static_cast<std::size_t>(column);
-    const auto& instrument = instruments_.at(row);
     if (columns[at].title == TextId::listDaysLeft)
         return instrument.daysLeft ? daysLeftText(*instrument.daysLeft) : QString();
     return instrumentColumns()[at].value(instrument);
 }
 
 int InstrumentModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(instruments_.size());
+    return parent.isValid() || !reader_ ? 0 : static_cast<int>(reader_->size());
 }
 
 int InstrumentModel::columnCount(const QModelIndex& parent) const {
@@ -140,18 +187,18 @@ int InstrumentModel::columnCount(const QModelIndex& parent) const {
 
 QVariant InstrumentModel::data(const QModelIndex& index, int role) const {
     const auto& column = columns[static_cast<std::size_t>(index.column())];
-    switch (role) {
-    case Qt::DisplayRole:
-        return shownText(index.row(), index.column());
-    case Qt::ToolTipRole:
-        return wholeTextTip(shownText(index.row(), index.column()));
-    case Qt::TextAlignmentRole:
+    if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Qt::Alignment(column.alignment | Qt::AlignVCenter));
-    case Qt::ForegroundRole:
-        return colorOf(instruments_.at(index.row()), column.title);
-    default:
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::ForegroundRole)
         return {};
-    }
+    std::optional<InstrumentSummary> key;
+    const auto* instrument = inSight(index.row());
+    if (instrument == nullptr)
+        instrument = &key.emplace(reader_->keyAt(index.row()));
+    if (role == Qt::ForegroundRole)
+        return colorOf(*instrument, column.title);
+    const auto text = shownText(*instrument, index.column());
+    return role == Qt::ToolTipRole ? wholeTextTip(text) : text;
 }
 
 QVariant InstrumentModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -163,19 +210,6 @@ QVariant InstrumentModel::headerData(int section, Qt::Orientation orientation, i
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Qt::Alignment(column.alignment | Qt::AlignVCenter));
     return {};
-}
-
-bool InstrumentModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && reader_ && !isReading_;
-}
-
-void InstrumentModel::fetchMore(const QModelIndex& parent) {
-    if (!canFetchMore(parent))
-        return;
-    readBlock();
-    // Its error was on the screen meanwhile.
-    if (isAskedAgain_)
-        ask(InstrumentQuery(query_));
 }
 
 } // namespace kelvane

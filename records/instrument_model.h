@@ -4,6 +4,8 @@
 #include "records/lists.h"
 
 #include <QAbstractTableModel>
+#include <QCache>
+#include <QTimer>
 
 #include <span>
 
@@ -28,8 +30,9 @@ std::span<const InstrumentColumn> shownInstrumentColumns();
 /// The days to a due date in words: "overdue for 3 days", "due today", "12 days".
 QString daysLeftText(qint64 days);
 
-/// The instruments that a query finds, read in blocks as they come into sight. A failure leaves the rows that
-/// were read, and `hasFailed` tells that they are not all.
+/// The instruments that a query finds. All have a row at once, with key and asset number; the rest is read in
+/// blocks as they come into sight, and blocks that were out of sight for long are read again. After a failure
+/// what was not read stays empty, and `hasFailed` tells it.
 class InstrumentModel final : public QAbstractTableModel {
     Q_OBJECT
   public:
@@ -42,36 +45,45 @@ class InstrumentModel final : public QAbstractTableModel {
     void ask(const InstrumentQuery& query);
     /// The query whose instruments are shown.
     const InstrumentQuery& query() const { return query_; }
-    /// Forgets all rows, and the query's cursor with them.
+    /// Forgets all rows.
     void clear();
 
-    const InstrumentSummary& instrument(int row) const { return instruments_.at(row); }
-    /// What the list shows of a row: the text that is saved, but for days in words.
-    QString shownText(int row, int column) const;
+    /// The instrument of a row, read now if it was out of sight; after a failure key and asset number alone.
+    InstrumentSummary instrument(int row);
+    /// What the list shows of an instrument: the text that is saved, but for days in words.
+    static QString shownText(const InstrumentSummary& instrument, int column);
     /// An error has ended the reading.
     bool hasFailed() const { return hasFailed_; }
-    /// All instruments of the query are there.
-    bool isComplete() const { return !reader_ && !hasFailed_; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-    bool canFetchMore(const QModelIndex& parent) const override;
-    void fetchMore(const QModelIndex& parent) override;
 
   Q_SIGNALS:
-    /// Rows have come, or the reading has ended.
+    /// There are other rows, or the reading has ended.
     void read();
 
   private:
+    using Block = QList<InstrumentSummary>;
+
     void begin();
-    void readBlock();
+    /// The instrument of a row that is in memory; null otherwise, and it is read soon.
+    const InstrumentSummary* inSight(int row) const;
+    void readWanted();
+    void readBlock(int block);
+    /// Reads what a reader has there. False after an error, which is told.
+    bool takeBlock(InstrumentReader& reader, int block);
 
     Session& session_;
     InstrumentQuery query_;
-    std::unique_ptr<InstrumentReader> reader_;
-    QList<InstrumentSummary> instruments_;
+    /// Shared with the reading that goes on while an error of it is on the screen.
+    std::shared_ptr<InstrumentReader> reader_;
+    /// Looking at a block keeps it.
+    mutable QCache<int, Block> blocks_;
+    /// Blocks that somebody has looked for, the latest last.
+    mutable QList<int> wanted_;
+    mutable QTimer wanting_;
     bool hasFailed_ = false;
     bool isReading_ = false;
     bool isAskedAgain_ = false;

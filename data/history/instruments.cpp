@@ -22,8 +22,8 @@ constexpr TextColumn textColumns[] = {
     {u"inv.mtag", &Summary::mtag},         {u"inv.i4201", &Summary::asset},
     {u"inv.i4204", &Summary::description}, {u"inv.i4202", &Summary::manufacturer},
     {u"inv.i4203", &Summary::model},       {u"inv.i4206", &Summary::serial},
-    {u"inv.i4240", &Summary::group},       {u"place.l2801", &Summary::location},
-    {u"cal.c2308", &Summary::state},       {u"cal.c2323", &Summary::passed},
+    {u"inv.i4240", &Summary::group},       {u"cal.c2308", &Summary::state},
+    {u"cal.c2323", &Summary::passed},
 };
 
 struct OrderColumn {
@@ -39,7 +39,7 @@ constexpr OrderColumn orderColumns[] = {
     {InstrumentOrder::passed, u"cal.c2323"},       {InstrumentOrder::due, u"cal.c2303"},
 };
 
-/// What the text of the filter is looked for in.
+/// What the text of the filter is looked for in, the asset number first.
 constexpr SqlWords searchedColumns[] = {u"inv.i4201", u"inv.i4204", u"inv.i4203", u"place.l2801",
                                         u"inv.i4206"};
 
@@ -50,7 +50,7 @@ bool isPlain(QChar character) {
 }
 
 /// A pattern that finds at least what contains the text: engines differ on escapes, and on the case of
-/// letters beyond ASCII, so that these may be anything here. The reader compares what is found once more.
+/// letters beyond ASCII, so that these may be anything here. What it finds has to be compared then.
 QString widePattern(const QString& text) {
     QString pattern(u'%');
     for (const auto character : text)
@@ -74,10 +74,9 @@ Sql dateValue(const QDate& date) {
     return sqlText(formatMoment({day, QTime(0, 0)}, u"YYYY-MM-DD"));
 }
 
+/// All but that of the text.
 QList<Sql> conditionsOf(const InstrumentFilter& filter, const QDate& today) {
     QList<Sql> conditions;
-    if (!filter.text.isEmpty())
-        conditions << containing(filter.text);
     if (filter.dueWithinDays)
         conditions << u"cal.c2303 <= " + dateValue(today.addDays(*filter.dueWithinDays));
     if (filter.isOverdue)
@@ -92,10 +91,13 @@ QList<Sql> conditionsOf(const InstrumentFilter& filter, const QDate& today) {
     return conditions;
 }
 
+Sql columnOf(InstrumentOrder order) {
+    return std::ranges::find(orderColumns, order, &OrderColumn::order)->column;
+}
+
 /// Engines differ on the place of nulls: here they are last.
 Sql orderOf(const InstrumentQuery& query) {
-    const auto* found = std::ranges::find(orderColumns, query.order, &OrderColumn::order);
-    const Sql column = found->column;
+    const auto column = columnOf(query.order);
     const Sql direction = query.isDescending ? Sql(u" desc") : Sql(u" asc");
     if (query.order == InstrumentOrder::asset)
         return u" order by " + column + direction;
@@ -103,59 +105,172 @@ Sql orderOf(const InstrumentQuery& query) {
            u",inv.i4201 asc";
 }
 
-Sql statementOf(const QString& sessionOwner, const InstrumentQuery& query, const QDate& today) {
+/// The inventory with the current records, of which some instruments may have several (`withoutOlder`).
+Sql withRecords(const QString& sessionOwner) {
     const auto owner = sqlName(sessionOwner);
+    return owner + u".inventory inv left outer join " + owner +
+           u".calibration cal on cal.mtag = inv.mtag and cal.c2339 = '1'";
+}
+
+/// The condition that leaves the newest of several current records, or an instrument without one.
+Sql withoutOlder(const QString& sessionOwner) {
+    return u"not exists (select 1 from " + sqlName(sessionOwner) +
+           u".calibration newer where newer.mtag = inv.mtag and newer.c2339 = '1' and newer.ctag > cal.ctag)";
+}
+
+Sql joined(const QList<Sql>& conditions) {
+    Sql joined = u"";
+    Sql link = u" where ";
+    for (const auto& condition : conditions) {
+        joined += link + condition;
+        link = u" and ";
+    }
+    return joined;
+}
+
+bool needsRecords(const InstrumentQuery& query) {
+    const auto& filter = query.filter;
+    return filter.dueWithinDays || filter.isOverdue || query.order == InstrumentOrder::due ||
+           query.order == InstrumentOrder::lastCalibration || query.order == InstrumentOrder::passed;
+}
+
+/// Joining what nothing is taken of would take longer than all else.
+Sql tablesOf(const QString& sessionOwner, const InstrumentQuery& query) {
+    const auto owner = sqlName(sessionOwner);
+    auto tables = needsRecords(query) ? withRecords(sessionOwner) : owner + u".inventory inv";
+    if (!query.filter.text.isEmpty() || query.order == InstrumentOrder::location)
+        tables += u" left outer join (select mtag,max(l2801) as l2801 from " + owner +
+                  u".location where l2815 = '1' group by mtag) place on place.mtag = inv.mtag";
+    return tables;
+}
+
+/// The text of the filter has to be compared with what its pattern finds.
+bool needsComparing(const InstrumentFilter& filter) {
+    return !std::ranges::all_of(filter.text, isPlain);
+}
+
+/// With the columns to compare the text of the filter with, if that is needed.
+Sql keysStatement(const QString& owner, const InstrumentQuery& query, const QDate& today) {
+    Sql columns = u"inv.mtag,inv.i4201";
+    auto conditions = conditionsOf(query.filter, today);
+    if (needsRecords(query))
+        conditions.prepend(withoutOlder(owner));
+    if (!query.filter.text.isEmpty())
+        conditions << containing(query.filter.text);
+    if (needsComparing(query.filter)) {
+        for (std::size_t at = 1; at < std::size(searchedColumns); ++at)
+            columns += u"," + Sql(searchedColumns[at]);
+    }
+    return u"select " + columns + u" from " + tablesOf(owner, query) + joined(conditions) + orderOf(query);
+}
+
+/// In no order. The text of the filter has chosen the keys.
+Sql blockStatement(const QString& owner, const InstrumentFilter& filter, const QDate& today,
+                   const Sql& keys) {
     Sql statement = u"select ";
     for (const auto& column : textColumns)
         statement += Sql(column.column) + u",";
-    statement += u"cal.c2301,cal.c2303 from " + owner +
-                 u".inventory inv left outer join (select mtag,max(ctag) as ctag from " + owner +
-                 u".calibration where c2339 = '1' group by mtag) marked on marked.mtag = inv.mtag left outer "
-                 "join " +
-                 owner +
-                 u".calibration cal on cal.ctag = marked.ctag left outer join (select mtag,max(l2801) "
-                 "as l2801 from " +
-                 owner + u".location where l2815 = '1' group by mtag) place on place.mtag = inv.mtag";
-    Sql link = u" where ";
-    for (const auto& condition : conditionsOf(query.filter, today)) {
-        statement += link + condition;
-        link = u" and ";
-    }
-    return statement + orderOf(query);
+    const auto conditions =
+        QList<Sql>{u"inv.mtag in (" + keys + u")", withoutOlder(owner)} + conditionsOf(filter, today);
+    return statement + u"cal.c2301,cal.c2303,(select max(l2801) from " + sqlName(owner) +
+           u".location where mtag = inv.mtag and l2815 = '1') from " + withRecords(owner) +
+           joined(conditions);
 }
 
 } // namespace
 
+std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder column) {
+    Routine routine(session, u"History,values"_s);
+    return routine.resultOf([&] {
+        QStringList values;
+        const auto name = columnOf(column);
+        const auto rows =
+            routine.select(u"select distinct " + name + u" from " + sqlName(session.SessionOwner) +
+                           u".inventory inv where " + name + u" is not null order by " + name + u" asc");
+        while (rows->next())
+            values << rows->value(0).value_or(QString());
+        values.removeAll(QString());
+        return values;
+    });
+}
+
 InstrumentReader::InstrumentReader(Session& session, const InstrumentQuery& query)
     : routine_(std::make_unique<Routine>(session, u"History,instruments"_s)),
-      today_(session.clock.moment().date),
-      text_(query.filter.text) {
+      owner_(session.SessionOwner),
+      query_(query),
+      today_(session.clock.moment().date) {
     hasFailed_ = !routine_->run([&] {
         readRegistrations();
-        rows_ = routine_->select(statementOf(session.SessionOwner, query, today_));
+        readKeys();
     });
+    if (hasFailed_)
+        keys_ = {};
 }
 
 InstrumentReader::~InstrumentReader() = default;
 
-QList<InstrumentSummary> InstrumentReader::next(qsizetype count) {
+InstrumentSummary InstrumentReader::keyAt(qsizetype place) const {
+    return {.mtag = storedText(keys_.mtag(place)), .asset = keys_.asset(place)};
+}
+
+QList<InstrumentSummary> InstrumentReader::read(qsizetype first, qsizetype count) {
+    const auto last = std::min(first + count, size());
+    auto found = readBlock(first, last - first);
     QList<InstrumentSummary> block;
-    const bool isRead = routine_->run([&] {
-        while (rows_ && block.size() < count) {
-            if (!rows_->next()) {
-                rows_.reset();
-                return;
-            }
-            auto instrument = instrumentOfRow();
-            if (isContained(instrument))
-                block << std::move(instrument);
-        }
-    });
-    if (!isRead) {
-        hasFailed_ = true;
-        rows_.reset();
+    for (auto place = first; place < last; ++place) {
+        const auto instrument = found.constFind(keys_.mtag(place));
+        block << (instrument == found.cend() ? keyAt(place) : *instrument);
     }
     return block;
+}
+
+QList<InstrumentSummary> InstrumentReader::next(qsizetype count) {
+    const auto first = next_;
+    next_ = std::min(next_ + count, size());
+    const auto found = readBlock(first, next_ - first);
+    QList<InstrumentSummary> block;
+    for (auto place = first; place < next_; ++place) {
+        const auto instrument = found.constFind(keys_.mtag(place));
+        if (instrument != found.cend())
+            block << *instrument;
+    }
+    return block;
+}
+
+QHash<QString, InstrumentSummary> InstrumentReader::readBlock(qsizetype first, qsizetype count) {
+    QHash<QString, InstrumentSummary> block;
+    if (hasFailed_ || count <= 0)
+        return block;
+    Sql keys = u"";
+    Sql link = u"";
+    for (auto place = first; place < first + count; ++place) {
+        keys += link + sqlText(ModuleGlobals::SQLSafe(keys_.mtag(place)));
+        link = u",";
+    }
+    hasFailed_ = !routine_->run([&] {
+        const auto rows = routine_->select(blockStatement(owner_, query_.filter, today_, keys));
+        while (rows->next()) {
+            const auto key = rows->value(0).value_or(QString());
+            block.insert(key, instrumentOf(*rows));
+        }
+    });
+    return hasFailed_ ? QHash<QString, InstrumentSummary>() : block;
+}
+
+/// Only what contains the text is kept: its pattern may find more.
+void InstrumentReader::readKeys() {
+    const auto& text = query_.filter.text;
+    const bool isCompared = needsComparing(query_.filter);
+    const auto rows = routine_->select(keysStatement(owner_, query_, today_));
+    while (rows->next()) {
+        const auto mtag = rows->value(0).value_or(QString());
+        const auto asset = storedText(rows->value(1));
+        bool isFound = !isCompared || asset.contains(text, Qt::CaseInsensitive);
+        for (std::size_t at = 1; at < std::size(searchedColumns) && !isFound; ++at)
+            isFound = storedText(rows->value(static_cast<int>(at) + 1)).contains(text, Qt::CaseInsensitive);
+        if (isFound)
+            keys_.append(mtag, asset);
+    }
 }
 
 /// Few instruments are out at a time, so that their registrations are read at once. One without a readable
@@ -180,23 +295,18 @@ void InstrumentReader::readRegistrations() {
         std::ranges::stable_sort(registrations, isNewer);
 }
 
-InstrumentSummary InstrumentReader::instrumentOfRow() {
+InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     InstrumentSummary instrument;
     int column = 0;
     for (const auto& text : textColumns)
-        instrument.*text.member = storedText(rows_->value(column++));
-    instrument.lastCalibration = storedMomentOf(rows_->value(column++));
-    instrument.due = storedMomentOf(rows_->value(column));
+        instrument.*text.member = storedText(row.value(column++));
+    instrument.lastCalibration = storedMomentOf(row.value(column++));
+    instrument.due = storedMomentOf(row.value(column++));
+    instrument.location = storedText(row.value(column));
     if (instrument.due.hasDate())
         instrument.daysLeft = today_.daysTo(instrument.due.moment.date);
     instrument.out = registrations_.value(instrument.mtag);
     return instrument;
-}
-
-bool InstrumentReader::isContained(const InstrumentSummary& instrument) const {
-    const auto contains = [&](const QString& value) { return value.contains(text_, Qt::CaseInsensitive); };
-    return text_.isEmpty() || contains(instrument.asset) || contains(instrument.description) ||
-           contains(instrument.model) || contains(instrument.location) || contains(instrument.serial);
 }
 
 } // namespace kelvane

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "data/history/instrument_keys.h"
 #include "data/history/stored_values.h"
 #include "data/session.h"
 
 #include <QHash>
 #include <QList>
+#include <QStringList>
 
 namespace kelvane {
 
@@ -82,9 +84,18 @@ struct InstrumentQuery {
     bool isDescending = false;
 };
 
-/// Reads the instruments of the session's owner in blocks, from a cursor that goes forward: what is kept in
-/// memory is one block, and the registrations of what is out. Of several records that are marked as an
-/// instrument's current one, the newest counts. Errors are reported as "History,instruments".
+/// The values that a column of the inventory has, which is group, model or description, in the order of the
+/// database. Nothing after an error, which is reported as "History,values".
+std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder column);
+
+/// Reads the instruments of the session's owner: at first which ones a query finds and in which order, then
+/// blocks of them, from any place. Drivers hold a whole result in memory, so that no more is read at once
+/// than is wanted; of all instruments only keys and asset numbers are kept, and the registrations of what is
+/// out.
+///
+/// Of several records that are marked as an instrument's current one, the newest counts. An instrument that a
+/// block no longer finds has left the inventory, or the days and values of the filter, since the query.
+/// Errors are reported as "History,instruments"; after one nothing more is read.
 class InstrumentReader {
   public:
     /// Runs the query. The session has to outlive the reader; its connection need not.
@@ -92,23 +103,36 @@ class InstrumentReader {
 
     ~InstrumentReader();
 
-    /// The next instruments, at most `count`; fewer only at the end or after an error.
+    /// How many instruments the query has found.
+    qsizetype size() const { return keys_.size(); }
+    /// Key and asset number of the instrument at a place from 0 on, all else empty.
+    InstrumentSummary keyAt(qsizetype place) const;
+    /// The instruments from a place on, `count` of them, or as many as there are. After an error, and of one
+    /// that is no longer found, key and asset number alone.
+    QList<InstrumentSummary> read(qsizetype first, qsizetype count);
+
+    /// The next instruments of a walk through all, at most `count` of them, without those that are no longer
+    /// found; none after an error.
     QList<InstrumentSummary> next(qsizetype count);
-    /// True when no instrument is left, or none can be read any more.
-    bool isAtEnd() const { return !rows_; }
+    /// True when the walk has come to the last instrument, or can't go on.
+    bool isAtEnd() const { return hasFailed_ || next_ == size(); }
     /// True after an error: the instruments that came are not all.
     bool hasFailed() const { return hasFailed_; }
 
   private:
     void readRegistrations();
-    InstrumentSummary instrumentOfRow();
-    bool isContained(const InstrumentSummary& instrument) const;
+    void readKeys();
+    /// By their keys.
+    QHash<QString, InstrumentSummary> readBlock(qsizetype first, qsizetype count);
+    InstrumentSummary instrumentOf(RecordSet& row) const;
 
     std::unique_ptr<Routine> routine_;
+    QString owner_;
+    InstrumentQuery query_;
     QDate today_;
-    QString text_;
     QHash<QString, QList<InstrumentOut>> registrations_;
-    std::unique_ptr<RecordSet> rows_;
+    InstrumentKeys keys_;
+    qsizetype next_ = 0;
     bool hasFailed_ = false;
 };
 

@@ -22,12 +22,6 @@ struct Candidate {
     qsizetype growth = 0;
 };
 
-QString withoutBlanksAtEnd(QString text) {
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 QString withoutBlanksInFront(const QString& text) {
     qsizetype at = 0;
     while (at < text.size() && text[at] == u' ')

@@ -1,6 +1,7 @@
 #include "data/history/stored_values.h"
 
 #include "data/routine.h"
+#include "platform/values/texts.h"
 
 namespace kelvane {
 
@@ -17,10 +18,9 @@ StoredMoment storedMomentOf(const std::optional<QString>& value) {
 }
 
 QString storedText(const std::optional<QString>& value) {
-    auto text = value.value_or(QString());
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
+    if (!value)
+        return {};
+    return value->endsWith(u' ') ? withoutBlanksAtEnd(*value) : *value;
 }
 
 QString dateText(const StoredMoment& stored) {

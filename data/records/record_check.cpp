@@ -4,6 +4,7 @@
 #include "data/records/cal_record_parts.h"
 #include "data/small_routines.h"
 #include "platform/values/numbers.h"
+#include "platform/values/texts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -57,17 +58,11 @@ QStringList missingStandards(Session& session, const StoredRecord& record, const
     return missing;
 }
 
-QString trimBlanksAtEnd(QString text) {
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
 /// Servers give a line without the blanks at its end, or fill it up with them. A line goes into its statement
 /// as it stands: two quotes in it are stored as one.
 bool isSame(const QString& stored, const QString& line) {
-    const auto found = trimBlanksAtEnd(stored);
-    const auto wanted = trimBlanksAtEnd(line);
+    const auto found = withoutBlanksAtEnd(stored);
+    const auto wanted = withoutBlanksAtEnd(line);
     return found == wanted || found == QString(wanted).replace(u"''"_s, u"'"_s);
 }
 

@@ -74,6 +74,10 @@ QString toLowerCase(QStringView text) {
 QString trimBlanks(QStringView text) {
     while (text.startsWith(u' '))
         text = text.mid(1);
+    return withoutBlanksAtEnd(text);
+}
+
+QString withoutBlanksAtEnd(QStringView text) {
     while (text.endsWith(u' '))
         text.chop(1);
     return text.toString();

@@ -11,6 +11,8 @@ QString toLowerCase(QStringView text);
 
 /// Blanks (and only blanks) cut at both ends.
 QString trimBlanks(QStringView text);
+/// Blanks cut at the end: those with which a column of a fixed width is filled up.
+QString withoutBlanksAtEnd(QStringView text);
 
 /// Bytes in Windows-1252 to or from a calibrator: a character that has no byte becomes "?"; an undefined byte
 /// keeps its number.

@@ -1,5 +1,6 @@
 #include "app/records_list.h"
 
+#include "app/login.h"
 #include "platform/database/reading_connection.h"
 #include "testkit/database_session.h"
 #include "testkit/quiet_operator.h"

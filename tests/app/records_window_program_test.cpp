@@ -56,6 +56,28 @@ TEST_F(RecordsWindowProgramTest, TakesTheTemplateOfTheFolderOrOfTheWorkstation) 
     EXPECT_EQ(QDir::currentPath(), QDir(folder.path()).canonicalPath());
 }
 
+TEST_F(RecordsWindowProgramTest, KeepsSizeAndPlaceOfItsWindow) {
+    program.start();
+    program.storeWindowPlace();
+    EXPECT_EQ(settings.writes, QStringList()) << "nobody has moved it";
+    program.window.resize(700, 500);
+    program.window.move(30, 20);
+    program.window.close();
+    program.storeWindowPlace();
+    EXPECT_EQ(settings.values.value(u"RecordsWindow/Width"_s), u"700"_s);
+    RecordsWindowProgram next(clock, settings,
+                              [this] { return std::make_unique<RecordingConnection>(script); });
+    next.start();
+    EXPECT_EQ(next.window.size(), QSize(700, 500));
+    EXPECT_EQ(next.window.pos(), QPoint(30, 20));
+    settings.values.insert(u"RecordsWindow/Left"_s, u"99999"_s);
+    RecordsWindowProgram offScreen(clock, settings,
+                                   [this] { return std::make_unique<RecordingConnection>(script); });
+    offScreen.start();
+    EXPECT_LT(offScreen.window.pos().x(), 99999) << "no screen is there";
+    EXPECT_EQ(offScreen.window.size(), QSize(700, 500));
+}
+
 TEST(ProgramIcon, HasItsSizes) {
     EXPECT_EQ(programIcon().availableSizes().size(), 4);
 }

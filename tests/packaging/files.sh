@@ -12,7 +12,9 @@ $* has failed"
     [ -z "$complaint" ] || { printf '%s\n' "$complaint"; status=1; }
 }
 
-expect_silent desktop-file-validate "$sources/packaging/kelvane.desktop"
+for entry in "$sources"/packaging/*.desktop; do
+    expect_silent desktop-file-validate "$entry"
+done
 appstreamcli validate --no-net --no-color "$build/packaging/kelvane.metainfo.xml" || status=1
 for page in "$sources"/packaging/man/*.1; do
     expect_silent mandoc -T lint -W warning "$page"

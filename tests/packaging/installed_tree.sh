@@ -79,11 +79,12 @@ for command in $(commands_of kelvane-admin); do
 done
 
 # What the desktop looks for.
-entry=$prefix/share/applications/kelvane.desktop
-[ -x "$prefix/bin/$(sed -nE 's/^Exec=([^ ]*).*/\1/p' "$entry")" ] || fault 'the menu starts no installed program'
-icon=$(sed -n 's/^Icon=//p' "$entry")
-for file in scalable/apps/"$icon".svg {16x16,32x32,64x64,256x256}/apps/"$icon".png; do
-    [ -s "$prefix/share/icons/hicolor/$file" ] || fault "the icon $file is missing"
+for entry in "$prefix"/share/applications/{kelvane,kelvane-records}.desktop; do
+    [ -x "$prefix/bin/$(sed -nE 's/^Exec=([^ ]*).*/\1/p' "$entry")" ] || fault "$entry starts no installed program"
+    icon=$(sed -n 's/^Icon=//p' "$entry")
+    for file in scalable/apps/"$icon".svg {16x16,32x32,64x64,256x256}/apps/"$icon".png; do
+        [ -s "$prefix/share/icons/hicolor/$file" ] || fault "the icon $file is missing"
+    done
 done
 
 # What the programs find from their own folder. A changed script can't be that of the sources.

@@ -7,6 +7,7 @@
 
 #include <QColor>
 #include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -38,22 +39,44 @@ class InstrumentsAsTheyComeIntoSight : public MadeUpSession {
 TEST_F(InstrumentsAsTheyComeIntoSight, AreReadInBlocks) {
     inventory.instruments = 450;
     model.ask({});
-    EXPECT_EQ(model.rowCount(), 200);
-    EXPECT_EQ(inventory.rowsRead, 200) << "no more than what can be seen";
-    EXPECT_FALSE(model.isComplete());
-    EXPECT_TRUE(model.canFetchMore({}));
-
-    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-    model.fetchMore({});
-    ASSERT_EQ(inserted.size(), 1);
-    EXPECT_EQ(inserted[0][1].toInt(), 200);
-    EXPECT_EQ(inserted[0][2].toInt(), 399);
-    model.fetchMore({});
     EXPECT_EQ(model.rowCount(), 450);
-    EXPECT_TRUE(model.isComplete());
-    EXPECT_FALSE(model.canFetchMore({}));
+    EXPECT_EQ(inventory.rowsRead, 200) << "no more than what can be seen";
+    EXPECT_EQ(shown(model, 199, TextId::listAsset), u"I-00199"_s);
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    EXPECT_EQ(shown(model, 449, TextId::listAsset), u"I-00449"_s) << "told at once";
+    EXPECT_EQ(inventory.rowsRead, 200) << "nothing is read while the list is painted";
+    ASSERT_TRUE(changed.wait());
+    EXPECT_EQ(inventory.rowsRead, 250);
+    EXPECT_EQ(changed[0][0].toModelIndex().row(), 400);
+    EXPECT_EQ(changed[0][1].toModelIndex().row(), 449);
     EXPECT_EQ(shown(model, 449, TextId::listAsset), u"I-00449"_s);
-    EXPECT_EQ(inventory.statements.size(), 1);
+    QTest::qWait(10);
+    EXPECT_EQ(inventory.blocks.size(), 2);
+    EXPECT_EQ(inventory.queries.size(), 1);
+}
+
+TEST_F(InstrumentsAsTheyComeIntoSight, AreNotReadWhereAQuickHandScrollsPast) {
+    inventory.instruments = 50'000;
+    model.ask({});
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    for (int row = 0; row < model.rowCount(); row += 100)
+        shown(model, row, TextId::listDue);
+    ASSERT_TRUE(changed.wait());
+    QTest::qWait(10);
+    EXPECT_EQ(inventory.blocks.size(), 3) << "the first one, and what is in sight at last";
+    EXPECT_EQ(changed.constLast()[1].toModelIndex().row(), 49'999);
+}
+
+TEST_F(InstrumentsAsTheyComeIntoSight, AreReadAgainWhenTheyWereOutOfSightForLong) {
+    inventory.instruments = 10'000;
+    model.ask({});
+    for (int row = 200; row < model.rowCount(); row += 200)
+        EXPECT_EQ(model.instrument(row).asset, shown(model, row, TextId::listAsset));
+    EXPECT_EQ(inventory.blocks.size(), 50);
+    model.instrument(9'999);
+    EXPECT_EQ(inventory.blocks.size(), 50);
+    model.instrument(0);
+    EXPECT_EQ(inventory.blocks.size(), 51) << "not all are kept";
 }
 
 TEST_F(InstrumentsAsTheyComeIntoSight, AreForgottenByTheNextQuery) {
@@ -62,32 +85,36 @@ TEST_F(InstrumentsAsTheyComeIntoSight, AreForgottenByTheNextQuery) {
     inventory.instruments = 3;
     model.ask({.filter = {.isOverdue = true}, .order = InstrumentOrder::due, .isDescending = true});
     EXPECT_EQ(model.rowCount(), 3);
-    EXPECT_TRUE(model.isComplete());
-    ASSERT_EQ(inventory.statements.size(), 2);
-    EXPECT_TRUE(inventory.statements[1].contains(u"c2303 < "_s));
-    EXPECT_TRUE(inventory.statements[1].contains(u"cal.c2303 desc"_s));
+    ASSERT_EQ(inventory.queries.size(), 2);
+    EXPECT_TRUE(inventory.queries[1].contains(u"c2303 < "_s));
+    EXPECT_TRUE(inventory.queries[1].contains(u"cal.c2303 desc"_s));
 }
 
-TEST_F(InstrumentsAsTheyComeIntoSight, StayWhenTheConnectionIsLostAndAreToldToBeNotAll) {
-    inventory.instruments = 450;
+TEST_F(InstrumentsAsTheyComeIntoSight, StayWhenTheConnectionIsLostWhichIsTold) {
+    inventory.instruments = 850;
     inventory.failAt = 250;
     inventory.isLoss = true;
     model.ask({});
+    model.instrument(849);
     QSignalSpy read(&model, &InstrumentModel::read);
     ui.expectReport(10054, u"History,instruments"_s);
-    model.fetchMore({});
-    EXPECT_EQ(model.rowCount(), 250);
+    shown(model, 250, TextId::listDue);
+    ASSERT_TRUE(read.wait());
     EXPECT_TRUE(model.hasFailed());
-    EXPECT_FALSE(model.isComplete());
-    EXPECT_FALSE(model.canFetchMore({})) << "no second report of the same loss";
     EXPECT_EQ(read.size(), 1);
-    EXPECT_EQ(shown(model, 249, TextId::listAsset), u"I-00249"_s);
+    EXPECT_EQ(model.rowCount(), 850);
+    const auto blocks = inventory.blocks.size();
+    EXPECT_EQ(model.instrument(199).mtag, u"199"_s);
+    EXPECT_EQ(model.instrument(300).asset, u"I-00300"_s) << "key and asset number stay";
+    EXPECT_EQ(model.instrument(700).asset, u"I-00700"_s);
+    QTest::qWait(10);
+    EXPECT_EQ(inventory.blocks.size(), blocks) << "no second report of the same loss";
 }
 
 TEST_F(InstrumentsAsTheyComeIntoSight, AreNoneWhenTheQueryFails) {
     inventory.instruments = 450;
     model.ask({});
-    inventory.failAt = 0;
+    inventory.isBroken = true;
     ui.expectReport(10054, u"History,instruments"_s);
     model.ask({.order = InstrumentOrder::model});
     EXPECT_EQ(model.rowCount(), 0) << "those of the query before are not those of this one";
@@ -102,14 +129,24 @@ TEST_F(InstrumentsAsTheyComeIntoSight, ComeFromOneQueryAtATime) {
     ui.onBox = [&] {
         inventory.failAt = -1;
         model.ask({.filter = {.text = u"I-0000"_s}});
-        EXPECT_FALSE(model.canFetchMore({}));
-        EXPECT_EQ(inventory.statements.size(), 1) << "the second one waits";
+        EXPECT_EQ(inventory.queries.size(), 1) << "the second one waits";
     };
     model.ask({});
-    EXPECT_EQ(inventory.statements.size(), 2);
+    EXPECT_EQ(inventory.queries.size(), 2);
     EXPECT_EQ(model.rowCount(), 10);
-    EXPECT_TRUE(model.isComplete());
+    EXPECT_FALSE(model.hasFailed());
     EXPECT_EQ(model.query().filter.text, u"I-0000"_s);
+}
+
+TEST_F(InstrumentsAsTheyComeIntoSight, MayBeForgottenWhileTheErrorOfABlockIsOnTheScreen) {
+    inventory.instruments = 450;
+    inventory.failAt = 250;
+    model.ask({});
+    ui.expectReport(10054, u"History,instruments"_s);
+    ui.onBox = [&] { model.clear(); };
+    EXPECT_EQ(model.instrument(250).mtag, QString());
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_FALSE(model.hasFailed());
 }
 
 TEST(InstrumentColumns, AreThoseOfTheListInItsOrder) {
@@ -136,9 +173,9 @@ class InstrumentsOnDatabase : public ReadingSession {
   protected:
     void ask(const InstrumentQuery& query = {}) {
         model.ask(query);
-        EXPECT_TRUE(model.isComplete());
+        EXPECT_FALSE(model.hasFailed());
     }
-    int rowOf(const QString& asset) const {
+    int rowOf(const QString& asset) {
         for (int row = 0; row < model.rowCount(); ++row) {
             if (model.instrument(row).asset == asset)
                 return row;
@@ -146,13 +183,13 @@ class InstrumentsOnDatabase : public ReadingSession {
         ADD_FAILURE() << asset.toStdString();
         return 0;
     }
-    QStringList assets() const {
+    QStringList assets() {
         QStringList found;
         for (int row = 0; row < model.rowCount(); ++row)
             found << model.instrument(row).asset;
         return found;
     }
-    QVariant color(const QString& asset, TextId title) const {
+    QVariant color(const QString& asset, TextId title) {
         return model.data(model.index(rowOf(asset), columnOf(title)), Qt::ForegroundRole);
     }
 

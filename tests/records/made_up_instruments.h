@@ -3,44 +3,57 @@
 #include "platform/database/connection.h"
 #include "testkit/fixtures.h"
 
-#include <functional>
+#include <numeric>
 
 namespace kelvane::testing {
 
 /// What the connections of a test hold, and how they fail.
 struct MadeUpInventory {
     int instruments = 0;
-    /// The row, from 0, at which reading fails; -1 for none.
+    /// No query finds anything.
+    bool isBroken = false;
+    /// The instrument, from 0, at whose row a block breaks off; -1 for none.
     int failAt = -1;
     bool isLoss = false;
-    /// The queries for instruments that came.
-    QStringList statements;
-    /// How many rows were read in all.
+    /// The queries for keys and for blocks of instruments that came.
+    QStringList queries;
+    QStringList blocks;
+    /// How many rows of blocks were read in all.
     int rowsRead = 0;
+
+    [[noreturn]] void fail() const {
+        throw Error{10054, QStringLiteral("Connection reset"), QStringLiteral("08S01"), isLoss};
+    }
 };
 
-/// Rows of a query for instruments: asset numbers from "I-00000" on, all else null.
+/// Rows of instruments by their numbers, which are their keys, too: asset numbers from "I-00000" on, all else
+/// null.
 class MadeUpRows final : public RecordSet {
   public:
-    explicit MadeUpRows(MadeUpInventory& inventory) : inventory_(inventory) {}
+    MadeUpRows(MadeUpInventory& inventory, QList<int> numbers, bool isBlock)
+        : inventory_(inventory), numbers_(std::move(numbers)), isBlock_(isBlock) {}
     bool next() override {
-        if (++row_ == inventory_.failAt)
-            throw Error{10054, QStringLiteral("Connection reset"), QStringLiteral("08S01"),
-                        inventory_.isLoss};
-        if (row_ >= inventory_.instruments)
+        if (++row_ == numbers_.size())
             return false;
+        if (!isBlock_)
+            return true;
+        if (numbers_[row_] == inventory_.failAt)
+            inventory_.fail();
         ++inventory_.rowsRead;
         return true;
     }
     std::optional<QString> value(int column) override {
+        const int number = numbers_.at(row_);
         if (column == 1)
-            return QStringLiteral("I-%1").arg(row_, 5, 10, QLatin1Char('0'));
-        return column == 0 ? std::optional(QString::number(row_)) : std::nullopt;
+            return QStringLiteral("I-%1").arg(number, 5, 10, QLatin1Char('0'));
+        return column == 0 ? std::optional(QString::number(number)) : std::nullopt;
     }
 
   private:
     MadeUpInventory& inventory_;
-    int row_ = -1;
+    QList<int> numbers_;
+    bool isBlock_;
+    qsizetype row_ = -1;
 };
 
 class NoRows final : public RecordSet {
@@ -62,8 +75,13 @@ class MadeUpConnection final : public Connection {
     std::unique_ptr<RecordSet> select(const QString& statement, Rows) override {
         if (!statement.contains(QLatin1String(".inventory inv")))
             return std::make_unique<NoRows>();
-        inventory_.statements << statement;
-        return std::make_unique<MadeUpRows>(inventory_);
+        const auto keys = keysOf(statement);
+        (keys ? inventory_.blocks : inventory_.queries) << statement;
+        if (inventory_.isBroken)
+            inventory_.fail();
+        QList<int> all(inventory_.instruments);
+        std::iota(all.begin(), all.end(), 0);
+        return std::make_unique<MadeUpRows>(inventory_, keys.value_or(all), keys.has_value());
     }
     void beginTransaction() override { refuse(QStringLiteral("begin")); }
     void commitTransaction() override { refuse(QStringLiteral("commit")); }
@@ -72,6 +90,17 @@ class MadeUpConnection final : public Connection {
     void unlock(const QString& name) override { refuse(name); }
 
   private:
+    /// Whose rows a query of a block wants; nothing for a query of keys.
+    static std::optional<QList<int>> keysOf(const QString& statement) {
+        const auto list =
+            statement.section(QStringLiteral("inv.mtag in ("), 1).section(QLatin1Char(')'), 0, 0);
+        if (list.isEmpty())
+            return {};
+        QList<int> keys;
+        for (const auto& key : list.split(QLatin1Char(',')))
+            keys << key.sliced(1).chopped(1).toInt();
+        return keys;
+    }
     static qint64 refuse(const QString& step) {
         ADD_FAILURE() << "no query: " << step.toStdString();
         return 0;

@@ -11,18 +11,21 @@ namespace kelvane::testing {
 namespace {
 
 const auto registrations = u"select mtag,serial_number,tech,entered_date from mt.hvm_kv_task_inuse"_s;
-const auto beginning =
-    u"select inv.mtag,inv.i4201,inv.i4204,inv.i4202,inv.i4203,inv.i4206,inv.i4240,place.l2801,cal.c2308,"
-    "cal.c2323,cal.c2301,cal.c2303 from MT.inventory inv left outer join (select mtag,max(ctag) as ctag from "
-    "MT.calibration where c2339 = '1' group by mtag) marked on marked.mtag = inv.mtag left outer join "
-    "MT.calibration cal on cal.ctag = marked.ctag left outer join (select mtag,max(l2801) as l2801 from "
-    "MT.location where l2815 = '1' group by mtag) place on place.mtag = inv.mtag"_s;
+/// Of the current records.
+const auto records = u" left outer join MT.calibration cal on cal.mtag = inv.mtag and cal.c2339 = '1'"_s;
+const auto newest =
+    u"not exists (select 1 from MT.calibration newer where newer.mtag = inv.mtag and newer.c2339 "
+    "= '1' and newer.ctag > cal.ctag)"_s;
+/// Of the present places.
+const auto places = u" left outer join (select mtag,max(l2801) as l2801 from MT.location where l2815 = '1' "
+                    "group by mtag) place on place.mtag = inv.mtag"_s;
+const auto beginning = u"select inv.mtag,inv.i4201 from MT.inventory inv"_s;
 const auto byAsset = u" order by inv.i4201 asc"_s;
 
 /// A row of an instrument, of which the other columns are null.
 Row rowOf(const QString& asset, const std::optional<QString>& due = {},
           const std::optional<QString>& description = {}) {
-    return {u"k"_s + asset, asset, description, {}, {}, {}, {}, {}, {}, {}, {}, due};
+    return {u"k"_s + asset, asset, description, {}, {}, {}, {}, {}, {}, {}, due, {}};
 }
 
 class Instruments : public RecordedSession {
@@ -44,20 +47,44 @@ class Instruments : public RecordedSession {
             found << instrument.asset;
         return found;
     }
-    QString textCondition(const QString& pattern) {
+    static QString textCondition(const QString& pattern) {
         QStringList parts;
         for (const auto& column :
              {u"inv.i4201"_s, u"inv.i4204"_s, u"inv.i4203"_s, u"place.l2801"_s, u"inv.i4206"_s})
             parts << column + u" like '"_s + pattern + u'\'';
-        return beginning + u" where ("_s + parts.join(u" or "_s) + u')' + byAsset;
+        return u'(' + parts.join(u" or "_s) + u')';
+    }
+    static QString keysWithText(const QString& pattern, bool isCompared) {
+        return u"select inv.mtag,inv.i4201"_s +
+               (isCompared ? u",inv.i4204,inv.i4203,place.l2801,inv.i4206"_s : QString()) +
+               u" from MT.inventory inv"_s + places + u" where "_s + textCondition(pattern) + byAsset;
+    }
+    /// The statement for a block of instruments with these keys.
+    static QString blockOf(const QStringList& keys) {
+        return u"select inv.mtag,inv.i4201,inv.i4204,inv.i4202,inv.i4203,inv.i4206,inv.i4240,cal.c2308,"
+               "cal.c2323,cal.c2301,cal.c2303,(select max(l2801) from MT.location where mtag = inv.mtag and "
+               "l2815 = '1') from MT.inventory inv"_s +
+               records + u" where inv.mtag in ('"_s + keys.join(u"','"_s) + u"') and "_s + newest;
+    }
+    /// Lets the inventory hold these.
+    void hold(const QList<Row>& rows) {
+        script.answers[beginning + byAsset] = rows;
+        QStringList keys;
+        for (const auto& row : rows)
+            keys << row[0].value_or(QString());
+        script.answers[blockOf(keys)] = rows;
     }
 };
 
 } // namespace
 
-TEST_F(Instruments, AreReadByOneStatementBehindTheRegistrations) {
-    read();
-    EXPECT_EQ(script.statements, (QStringList{registrations, beginning + byAsset}));
+TEST_F(Instruments, AreReadByOneStatementABlockBehindRegistrationsAndKeys) {
+    hold({rowOf(u"B"_s), rowOf(u"A"_s), rowOf(u"O'C"_s)});
+    InstrumentReader reader(session, {});
+    reader.next(2);
+    reader.next(2);
+    EXPECT_EQ(script.statements, (QStringList{registrations, beginning + byAsset, blockOf({u"kB"_s, u"kA"_s}),
+                                              blockOf({u"kO''C"_s})}));
 }
 
 TEST_F(Instruments, AreThoseOfTheSessionsOwner) {
@@ -67,8 +94,12 @@ TEST_F(Instruments, AreThoseOfTheSessionsOwner) {
 
 TEST_F(Instruments, AreOrderedByAColumnWithTheEmptyOnesLast) {
     const auto by = [](const QString& column, const QString& direction) {
-        return beginning + u" order by case when "_s + column + u" is null then 1 else 0 end,"_s + column +
-               direction + u",inv.i4201 asc"_s;
+        return beginning +
+               (column.startsWith(u"cal."_s)     ? records + u" where "_s + newest
+                : column.startsWith(u"place."_s) ? places
+                                                 : QString()) +
+               u" order by case when "_s + column + u" is null then 1 else 0 end,"_s + column + direction +
+               u",inv.i4201 asc"_s;
     };
     const struct {
         InstrumentOrder order;
@@ -89,13 +120,16 @@ TEST_F(Instruments, AreOrderedByAColumnWithTheEmptyOnesLast) {
 
 TEST_F(Instruments, AreFilteredByDueDatesFromThePresentDay) {
     clock.set(2026, 12, 15, 23, 59, 59);
-    EXPECT_EQ(filtered({.dueWithinDays = 30}), beginning + u" where cal.c2303 <= '2027-01-14'"_s + byAsset);
-    EXPECT_EQ(filtered({.dueWithinDays = 0}), beginning + u" where cal.c2303 <= '2026-12-15'"_s + byAsset);
+    EXPECT_EQ(filtered({.dueWithinDays = 30}),
+              beginning + records + u" where "_s + newest + u" and cal.c2303 <= '2027-01-14'"_s + byAsset);
+    EXPECT_EQ(filtered({.dueWithinDays = 0}),
+              beginning + records + u" where "_s + newest + u" and cal.c2303 <= '2026-12-15'"_s + byAsset);
     EXPECT_EQ(filtered({.dueWithinDays = std::numeric_limits<int>::max()}),
-              beginning + u" where cal.c2303 <= '9999-12-31'"_s + byAsset);
+              beginning + records + u" where "_s + newest + u" and cal.c2303 <= '9999-12-31'"_s + byAsset);
     EXPECT_EQ(filtered({.dueWithinDays = std::numeric_limits<int>::min()}),
-              beginning + u" where cal.c2303 <= '0100-01-01'"_s + byAsset);
-    EXPECT_EQ(filtered({.isOverdue = true}), beginning + u" where cal.c2303 < '2026-12-15'"_s + byAsset);
+              beginning + records + u" where "_s + newest + u" and cal.c2303 <= '0100-01-01'"_s + byAsset);
+    EXPECT_EQ(filtered({.isOverdue = true}),
+              beginning + records + u" where "_s + newest + u" and cal.c2303 < '2026-12-15'"_s + byAsset);
 }
 
 TEST_F(Instruments, AreFilteredByGroupModelAndDescriptionTogether) {
@@ -108,46 +142,70 @@ TEST_F(Instruments, AreLookedForByAPatternThatNeedsNoEscapes) {
     const struct {
         QString text;
         QString pattern;
+        bool isCompared = true;
     } rows[] = {
-        {u"PT-101"_s, u"%PT-101%"_s},     {u"50%"_s, u"%50_%"_s},    {u"a_b"_s, u"%a_b%"_s},
-        {u"10'C"_s, u"%10_C%"_s},         {u"[a]\\"_s, u"%_a__%"_s}, {u"ÜBER"_s, u"%%BER%"_s},
-        {u"5 µm"_s, u"%5 %m%"_s},         {u"';--"_s, u"%__--%"_s},  {QString(QChar()), u"%_%"_s},
+        {u"PT-101"_s, u"%PT-101%"_s, false},
+        {u"50%"_s, u"%50_%"_s},
+        {u"a_b"_s, u"%a_b%"_s},
+        {u"10'C"_s, u"%10_C%"_s},
+        {u"[a]\\"_s, u"%_a__%"_s},
+        {u"ÜBER"_s, u"%%BER%"_s},
+        {u"5 µm"_s, u"%5 %m%"_s},
+        {u"';--"_s, u"%__--%"_s},
+        {QString(QChar()), u"%_%"_s},
         {u"\U0001F527 1"_s, u"%%% 1%"_s},
+        {u" 0.5"_s, u"% 0.5%"_s, false},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(filtered({.text = row.text}), textCondition(row.pattern)) << row.text.toStdString();
+        EXPECT_EQ(filtered({.text = row.text}), keysWithText(row.pattern, row.isCompared))
+            << row.text.toStdString();
 }
 
 TEST_F(Instruments, ThatTheWidePatternFindsAreComparedExactly) {
-    const auto find = [&](const QString& text, const QString& pattern) {
-        script.answers[textCondition(pattern)] = {
-            rowOf(u"50% O2"_s), rowOf(u"500 O2"_s), rowOf(u"C"_s, {}, u"größe 50% o2"_s),
-            rowOf(u"D"_s, {}, u"GRÖSSE A_B"_s), rowOf(u"E"_s, {}, u"AxB"_s)};
-        return assets({.filter = {.text = text}});
+    const struct {
+        QString text;
+        QString pattern;
+        QStringList found;
+    } rows[] = {
+        {u"50% o2"_s, u"%50_ o2%"_s, {u"50% O2"_s, u"C"_s}},
+        {u"a_b"_s, u"%a_b%"_s, {u"D"_s}},
+        {u"GRÖ"_s, u"%GR%%"_s, {u"C"_s, u"D"_s}},
     };
-    EXPECT_EQ(find(u"50% o2"_s, u"%50_ o2%"_s), (QStringList{u"50% O2"_s, u"C"_s}));
-    EXPECT_EQ(find(u"a_b"_s, u"%a_b%"_s), QStringList(u"D"_s));
-    EXPECT_EQ(find(u"GRÖ"_s, u"%GR%%"_s), (QStringList{u"C"_s, u"D"_s}));
+    const QList<std::pair<QString, QString>> instruments{{u"50% O2"_s, {}},
+                                                         {u"500 O2"_s, {}},
+                                                         {u"C"_s, u"größe 50% o2"_s},
+                                                         {u"D"_s, u"GRÖSSE A_B"_s},
+                                                         {u"E"_s, u"AxB"_s}};
+    for (const auto& row : rows) {
+        QStringList keys;
+        for (const auto& asset : row.found)
+            keys << u"k"_s + asset;
+        auto& answer = script.answers[keysWithText(row.pattern, true)];
+        auto& block = script.answers[blockOf(keys)];
+        for (const auto& [asset, description] : instruments) {
+            answer << Row{u"k"_s + asset, asset, description, {}, {}, {}};
+            block.prepend(rowOf(asset, {}, description));
+        }
+        EXPECT_EQ(assets({.filter = {.text = row.text}}), row.found);
+    }
 }
 
-TEST_F(Instruments, AreFoundByEachOfTheFiveColumns) {
-    const auto statement = textCondition(u"%x-1%"_s);
-    for (const int column : {1, 2, 4, 5, 7}) {
-        auto row = rowOf(u"A"_s);
-        row[column] = u"THE X-1 OF"_s;
-        script.answers[statement] = {row};
-        EXPECT_EQ(read({.filter = {.text = u"x-1"_s}}).size(), 1) << column;
+TEST_F(Instruments, AreComparedByEachOfTheFiveColumns) {
+    const auto keys = keysWithText(u"%x_1%"_s, true);
+    for (const int column : {1, 2, 3, 4, 5}) {
+        Row key{u"kA"_s, u"A"_s, {}, {}, {}, {}};
+        key[column] = u"THE X_1 OF"_s;
+        script.answers[keys] = {key};
+        EXPECT_EQ(InstrumentReader(session, {.filter = {.text = u"x_1"_s}}).size(), 1) << column;
+        key[column] = u"THE X-1 OF"_s;
+        script.answers[keys] = {key};
+        EXPECT_EQ(InstrumentReader(session, {.filter = {.text = u"x_1"_s}}).size(), 0) << column;
     }
-    auto row = rowOf(u"A"_s);
-    row[3] = row[6] = u"X-1"_s;
-    script.answers[statement] = {row};
-    EXPECT_EQ(read({.filter = {.text = u"x-1"_s}}).size(), 0);
 }
 
 TEST_F(Instruments, CarryWhatTheRowSays) {
-    script.answers[beginning + byAsset] = {{u"1301"_s, u"TW-101  "_s, u"WRENCH"_s, u"STURM"_s, u"CLICK"_s,
-                                            u"S1"_s, u"PROD"_s, u"LINE 1"_s, u"AS-FOUND"_s, u"N"_s,
-                                            u"2026-03-01"_s, u"2026-03-02"_s}};
+    hold({{u"1301"_s, u"TW-101  "_s, u"WRENCH"_s, u"STURM"_s, u"CLICK"_s, u"S1"_s, u"PROD"_s, u"AS-FOUND"_s,
+           u"N"_s, u"2026-03-01"_s, u"2026-03-02"_s, u"LINE 1"_s}});
     const auto found = read();
     ASSERT_EQ(found.size(), 1);
     const auto& summary = found.first();
@@ -177,7 +235,7 @@ TEST_F(Instruments, CountTheDaysThatAreLeft) {
         {u"10:00:00"_s, {}},
     };
     for (const auto& row : rows) {
-        script.answers[beginning + byAsset] = {rowOf(u"A"_s, row.due)};
+        hold({rowOf(u"A"_s, row.due)});
         const auto found = read();
         ASSERT_EQ(found.size(), 1);
         EXPECT_EQ(found.first().daysLeft, row.days) << row.due.value_or(u"null"_s).toStdString();
@@ -192,7 +250,7 @@ TEST_F(Instruments, AreOutWithTheCalibratorOfTheNewestRegistration) {
                                      {u"kA"_s, u"4"_s, u"y"_s, u"2026-03-02 06:59:59"_s},
                                      {u"kGONE"_s, u"5"_s, {}, {}},
                                      {{}, u"6"_s, {}, {}}};
-    script.answers[beginning + byAsset] = {rowOf(u"A"_s), rowOf(u"B"_s)};
+    hold({rowOf(u"A"_s), rowOf(u"B"_s)});
     const auto found = read();
     ASSERT_EQ(found.size(), 2);
     QStringList serials;
@@ -204,10 +262,16 @@ TEST_F(Instruments, AreOutWithTheCalibratorOfTheNewestRegistration) {
     EXPECT_TRUE(found[1].out.isEmpty());
 }
 
-TEST_F(Instruments, ComeInBlocks) {
-    script.answers[beginning + byAsset] = {rowOf(u"A"_s), rowOf(u"B"_s), rowOf(u"C"_s)};
+TEST_F(Instruments, ComeInBlocksInTheOrderOfTheQuery) {
+    hold({rowOf(u"A"_s), rowOf(u"B"_s), rowOf(u"C"_s)});
+    script.answers[blockOf({u"kA"_s, u"kB"_s})] = {rowOf(u"B"_s), rowOf(u"A"_s)};
+    script.answers[blockOf({u"kC"_s})] = {rowOf(u"C"_s)};
     InstrumentReader reader(session, {});
-    EXPECT_EQ(reader.next(2).size(), 2);
+    EXPECT_EQ(reader.size(), 3);
+    const auto block = reader.next(2);
+    ASSERT_EQ(block.size(), 2);
+    EXPECT_EQ(block[0].asset, u"A"_s);
+    EXPECT_EQ(block[1].asset, u"B"_s);
     EXPECT_FALSE(reader.isAtEnd());
     EXPECT_EQ(reader.next(0).size(), 0);
     EXPECT_EQ(reader.next(2).size(), 1);
@@ -216,60 +280,76 @@ TEST_F(Instruments, ComeInBlocks) {
     EXPECT_FALSE(reader.hasFailed());
 }
 
+TEST_F(Instruments, AreReadFromAnyPlace) {
+    hold({rowOf(u"A"_s), rowOf(u"B"_s), rowOf(u"C"_s)});
+    script.answers[blockOf({u"kB"_s, u"kC"_s})] = {rowOf(u"C"_s, {}, u"PUMP"_s), rowOf(u"B"_s)};
+    InstrumentReader reader(session, {});
+    const auto block = reader.read(1, 100);
+    ASSERT_EQ(block.size(), 2);
+    EXPECT_EQ(block[0].asset, u"B"_s);
+    EXPECT_EQ(block[1].description, u"PUMP"_s);
+    EXPECT_EQ(reader.read(3, 10).size(), 0);
+    EXPECT_EQ(reader.keyAt(0).mtag, u"kA"_s);
+    EXPECT_EQ(reader.keyAt(0).asset, u"A"_s);
+}
+
+TEST_F(Instruments, ThatHaveLeftTheChoiceMeanwhileArePassedOver) {
+    hold({rowOf(u"A"_s), rowOf(u"B"_s), rowOf(u"C"_s)});
+    script.answers[blockOf({u"kA"_s, u"kB"_s, u"kC"_s})] = {rowOf(u"C"_s, {}, u"PUMP"_s),
+                                                            rowOf(u"A"_s, {}, u"PUMP"_s)};
+    InstrumentReader reader(session, {});
+    QStringList walked;
+    for (const auto& instrument : reader.next(3))
+        walked << instrument.asset;
+    EXPECT_EQ(walked, (QStringList{u"A"_s, u"C"_s}));
+    const auto block = reader.read(0, 3);
+    ASSERT_EQ(block.size(), 3) << "each keeps its place";
+    EXPECT_EQ(block[1].asset, u"B"_s);
+    EXPECT_EQ(block[1].description, QString());
+    EXPECT_EQ(block[2].description, u"PUMP"_s);
+}
+
 TEST_F(Instruments, ThatCanNotBeReadAreReported) {
+    hold({rowOf(u"A"_s)});
     for (const auto& statement : {registrations, beginning + byAsset}) {
         script.failures = {{statement, {7, u"no such table"_s}}};
         ui.expectReport(7, u"History,instruments"_s);
         InstrumentReader reader(session, {});
         EXPECT_TRUE(reader.hasFailed());
         EXPECT_TRUE(reader.isAtEnd());
+        EXPECT_EQ(reader.size(), 0);
         EXPECT_EQ(reader.next(10).size(), 0);
     }
 }
 
-TEST_F(Instruments, ThatBreakOffBetweenTwoRowsAreReportedAndKeptSoFar) {
-    // The second row lacks its columns, as when the connection is lost.
-    class BreakingRows final : public RecordSet {
-      public:
-        bool next() override {
-            if (++at_ == 2)
-                throw Error{10054, u"Connection lost"_s, u"08S01"_s, true};
-            return true;
-        }
-        std::optional<QString> value(int) override { return u"A"_s; }
-
-      private:
-        int at_ = 0;
-    };
-    class BreakingConnection final : public Connection {
-      public:
-        void open(const QString&, const QString&, const QString&) override {}
-        void close() override {}
-        bool isOpen() const override { return true; }
-        bool isLost() const override { return false; }
-        qint64 execute(const QString&) override { return 0; }
-        std::unique_ptr<RecordSet> select(const QString& statement, Rows) override {
-            if (statement == registrations)
-                return RecordingConnection(script_).select(statement, Rows::all);
-            return std::make_unique<BreakingRows>();
-        }
-        void beginTransaction() override {}
-        void commitTransaction() override {}
-        void rollBackTransaction() override {}
-        void lock(const QString&) override {}
-        void unlock(const QString&) override {}
-
-      private:
-        RecordingConnection::Script script_;
-    };
-    session.SharedConnection = std::make_unique<BreakingConnection>();
+TEST_F(Instruments, ThatBreakOffWithinABlockAreReportedOnce) {
+    hold({rowOf(u"A"_s), rowOf(u"B"_s), rowOf(u"C"_s)});
+    script.answers[blockOf({u"kA"_s, u"kB"_s})] = {rowOf(u"A"_s), rowOf(u"B"_s)};
+    script.failures = {{blockOf({u"kC"_s}), {10054, u"Connection lost"_s, u"08S01"_s, true}}};
     session.SessionConnected = true;
     InstrumentReader reader(session, {});
+    EXPECT_EQ(reader.next(2).size(), 2);
     ui.expectReport(10054, u"History,instruments"_s);
-    EXPECT_EQ(reader.next(10).size(), 1);
+    EXPECT_EQ(reader.next(2).size(), 0);
     EXPECT_TRUE(reader.hasFailed());
     EXPECT_TRUE(reader.isAtEnd());
     EXPECT_FALSE(session.SessionConnected);
+    const auto block = reader.read(1, 2);
+    ASSERT_EQ(block.size(), 2);
+    EXPECT_EQ(block[1].mtag, u"kC"_s);
+    EXPECT_EQ(block[1].asset, u"C"_s) << "key and asset number stay";
+}
+
+TEST_F(Instruments, HaveTheValuesOfAColumnToChooseFrom) {
+    script.answers[u"select distinct inv.i4240 from MT.inventory inv where inv.i4240 is not null order by "
+                   "inv.i4240 asc"_s] = {{u""_s}, {u"LAB"_s}, {u"PROD"_s}};
+    EXPECT_EQ(instrumentValues(session, InstrumentOrder::group), (QStringList{u"LAB"_s, u"PROD"_s}));
+    script.failures = {
+        {u"select distinct inv.i4203 from MT.inventory inv where inv.i4203 is not null order by "
+         "inv.i4203 asc"_s,
+         {7, u"no such table"_s}}};
+    ui.expectReport(7, u"History,values"_s);
+    EXPECT_EQ(instrumentValues(session, InstrumentOrder::model), std::nullopt);
 }
 
 } // namespace kelvane::testing

@@ -51,6 +51,9 @@ TEST(TrimBlanks, CutsBlanksOnly) {
     EXPECT_EQ(trimBlanks(u" \ta\r\n "), u"\ta\r\n"_s);
     EXPECT_EQ(trimBlanks(u"\u00a0a\u00a0"), u"\u00a0a\u00a0"_s);
     EXPECT_EQ(trimBlanks(QString(1'000'000, u' ') + u'x'), u"x"_s);
+    EXPECT_EQ(withoutBlanksAtEnd(u"  a b  "), u"  a b"_s);
+    EXPECT_EQ(withoutBlanksAtEnd(u"    "), u""_s);
+    EXPECT_EQ(withoutBlanksAtEnd(u"a\t "), u"a\t"_s);
 }
 
 TEST(CalibratorBytes, AreWindows1252) {

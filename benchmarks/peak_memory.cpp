@@ -1,0 +1,21 @@
+#include "benchmarks/peak_memory.h"
+
+#include "benchmarks/require.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane::bench {
+
+double peakMegabytes() {
+    QFile status(u"/proc/self/status"_s);
+    require(status.open(QIODevice::ReadOnly), u"the system tells no memory"_s);
+    for (const auto& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.simplified().split(' ').at(1).toDouble() / 1024;
+    }
+    giveUp(u"the system tells no memory"_s);
+}
+
+} // namespace kelvane::bench

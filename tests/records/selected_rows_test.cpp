@@ -1,0 +1,28 @@
+#include "records/selected_rows.h"
+
+#include <gtest/gtest.h>
+
+#include <QStandardItemModel>
+#include <QTableView>
+
+namespace kelvane::testing {
+
+TEST(SelectedRows, AreEachNamedOnceFromTheTop) {
+    QStandardItemModel model(6, 3);
+    QTableView view;
+    view.setModel(&model);
+    EXPECT_EQ(selectedRows(view), QList<int>());
+    auto& selection = *view.selectionModel();
+    const auto select = [&](int row, int column, int lastRow, int lastColumn) {
+        selection.select({model.index(row, column), model.index(lastRow, lastColumn)},
+                         QItemSelectionModel::Select);
+    };
+    select(4, 0, 5, 2);
+    select(1, 0, 1, 0);
+    select(1, 2, 2, 2);
+    EXPECT_EQ(selectedRows(view), (QList<int>{1, 2, 4, 5}));
+    view.selectAll();
+    EXPECT_EQ(selectedRows(view).size(), 6);
+}
+
+} // namespace kelvane::testing
