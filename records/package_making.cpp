@@ -82,8 +82,11 @@ QString typedName(QWidget* window) {
     dialog.setObjectName(u"PackageName"_s);
     dialog.setWindowTitle(title());
     dialog.setLabelText(text(TextId::packageMakeName));
-    if (auto* field = dialog.findChild<QLineEdit*>())
-        field->setMaxLength(longestPackageName);
+    // Only from here on the dialog has its field.
+    dialog.setInputMode(QInputDialog::TextInput);
+    auto* field = dialog.findChild<QLineEdit*>();
+    field->setMaxLength(longestPackageName);
+    field->setAccessibleName(dialog.labelText());
     return dialog.exec() == QDialog::Accepted ? trimBlanks(dialog.textValue()) : QString();
 }
 

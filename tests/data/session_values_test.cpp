@@ -68,7 +68,7 @@ TEST_F(SessionValues, TheLevelOfProcedureEditorsIsTheSites) {
 
 TEST_F(SessionValues, ProceduresAreEditedFromTheSitesLevelToTheFifth) {
     Routine routine(session, u"Test,Level"_s);
-    for (const qint16 level : {0, 6, 7})
+    for (const auto level : {qint16{0}, qint16{6}, qint16{7}})
         EXPECT_FALSE(mayEditProcedures(routine, level)) << level;
     EXPECT_EQ(script.statements, QStringList()) << "whatever the site says";
     script.answers[u"select procedit from mt.dbconfig"_s] = {{u"3"_s}};

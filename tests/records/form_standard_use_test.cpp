@@ -54,6 +54,10 @@ class StandardUseScreen : public ReadingSession {
     QTableView& table() { return control<QTableView>(*form, u"TableUses"_s); }
     QPushButton& command(const QString& name) { return control<QPushButton>(*form, u"Command"_s + name); }
     QString state() { return control<QLabel>(*form, u"LabelUses"_s).text(); }
+    void select(int row) {
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, {},
+                          table().visualRect(table().model()->index(row, 0)).center());
+    }
     QString cell(int row, int column) { return table().model()->index(row, column).data().toString(); }
     QStringList column(int number) {
         QStringList cells;
@@ -162,8 +166,9 @@ TEST_F(StandardUseScreen, OpensTheHistoryByReturnAndByADoubleClick) {
     QSignalSpy wanted(form.get(), &FormStandardUse::historyWanted);
     ask(u"DMM-01"_s);
     EXPECT_FALSE(command(u"History"_s).isEnabled());
-    table().selectRow(0);
+    select(0);
     QTest::keyClick(&table(), Qt::Key_Return);
+    select(1);
     QTest::mouseDClick(table().viewport(), Qt::LeftButton, {},
                        table().visualRect(table().model()->index(1, 0)).center());
     click(command(u"History"_s));
@@ -175,7 +180,7 @@ TEST_F(StandardUseScreen, OpensTheHistoryByReturnAndByADoubleClick) {
 TEST_F(StandardUseScreen, CopiesAndSavesTheListAsItIsShown) {
     open();
     ask(u"DMM-01"_s);
-    table().selectRow(0);
+    select(0);
     QTest::keyClick(&table(), Qt::Key_C, Qt::ControlModifier);
     const auto copied = QApplication::clipboard()->text().split(u"\r\n"_s);
     EXPECT_EQ(copied.value(0), u"Asset\tDescription\tDate\tTime\tState\tResult\tRecord"_s);
@@ -219,7 +224,7 @@ TEST_F(StandardUseScreen, TellsWhyTheListCanNotBePrinted) {
     folder.write(u"kvuses.rpt"_s, "{\"width\": 3000}\n");
     QString told;
     ui.onBox = [&] { told = u"box"_s; };
-    ui.expectBox(u"kvuses.rpt, line 1: \"width\" must be between 10 and 2000."_s, text(TextId::usesTab),
+    ui.expectBox(u"kvuses.rpt, line 1: \"width\" must be from 10 to 1000."_s, text(TextId::usesTab),
                  box::warning);
     click(command(u"Print"_s));
     EXPECT_EQ(told, u"box"_s);

@@ -88,6 +88,7 @@ class PackageOfSelection : public ReadingSession {
     /// Each of these names is typed when a name is asked for; an empty one gives up.
     void answerNames(const QStringList& names) {
         names_ = names;
+        typing_.disconnect();
         QObject::connect(&typing_, &QTimer::timeout, &window, [this] {
             auto* dialog = window.findChild<QInputDialog*>(u"PackageName"_s);
             if (dialog == nullptr || !dialog->isVisible() || dialog == answered_)

@@ -240,7 +240,7 @@ TEST_F(RecordsWindowOnDatabase, MakesAPackageWithAnotherLoginAndKeepsItsOwn) {
     });
     typing.start(1);
     typeLogin(users::editor);
-    auto& outcome = control<QLabel>(window, u"LabelOutcome"_s);
+    auto& outcome = control<QLabel>(control<QWidget>(window, u"FormInstruments"_s), u"LabelOutcome"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return outcome.isVisible(); }));
     EXPECT_EQ(outcome.text(), text(TextId::packageMade).arg(u"CREW"_s).arg(1));
     EXPECT_EQ(session.SessionUser, users::technician);

@@ -2,6 +2,8 @@
 
 #include "reports/report_error.h"
 #include "reports/report_pdf.h"
+#include "resources/strings.h"
+#include "resources/text_id.h"
 #include "testkit/fixtures.h"
 #include "testkit/shown_in.h"
 
@@ -14,7 +16,7 @@ namespace kelvane::testing {
 class ReportOfUses : public RecordedSession {
   protected:
     static StandardUse use(int number) {
-        return {.asset = u"PT-%1"_s.arg(number % 50, 3, 10, u'0'),
+        return {.asset = u"PT-%1"_s.arg(number % 50, 3, 10, QLatin1Char('0')),
                 .description = u"PRESSURE TRANSMITTER"_s,
                 .date = storedMomentOf(u"2026-01-05"_s),
                 .time = storedMomentOf(u"08:00:00"_s),
@@ -49,8 +51,8 @@ TEST_F(ReportOfUses, SaysWhatWasAskedByWhomAndWhen) {
     for (const auto& words :
          {u"Calibrations Carried Out with Standard DMM-01 since 2025-03-18"_s, u"DIGITAL MULTIMETER"_s,
           u"S/N 77"_s, u"Since:"_s, u"2 calibrations of 2 instruments"_s, u"PT-001"_s, u"2026-01-05"_s,
-          u"08:00:00"_s, u"AS-LEFT"_s, u"Failed"_s, u"Passed"_s, u"5002"_s, u"Page 1 of 1"_s, u", jdoe"_s,
-          u"03/18/2026"_s})
+          u"08:00:00"_s, u"AS-LEFT"_s, text(TextId::resultFailed), text(TextId::resultPassed), u"5002"_s,
+          u"Page 1 of 1"_s, u", jdoe"_s, u"03/18/2026"_s})
         EXPECT_TRUE(found[0].contains(words)) << words.toStdString() << '\n' << found[0].toStdString();
 }
 
