@@ -105,7 +105,7 @@ void FormInstruments::setUpTable() {
 void FormInstruments::layOut() {
     auto* choice = new QHBoxLayout;
     choice->addWidget(labelFor(TextFilter, u"Label1"_s, TextId::recordsFilter));
-    choice->addWidget(TextFilter, 1);
+    choice->addWidget(TextFilter, 2);
     choice->addWidget(choice_, 1);
     auto* commands = new QHBoxLayout;
     for (auto* command :

@@ -63,7 +63,7 @@ InstrumentChoice::InstrumentChoice(Session& session, QWidget* parent)
       ComboValue(dropDown(u"ComboValue"_s, text(TextId::recordsValueTip), TextId::recordsValueTip)) {
     setObjectName(u"InstrumentChoice"_s);
     keepWidth(ComboValue);
-    ComboValue->hide();
+    showValues(false);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(labelFor(ComboShow, u"Label2"_s, TextId::recordsSaved));
@@ -113,8 +113,14 @@ bool InstrumentChoice::showKind() {
     row_ = ComboShow->currentIndex();
     ComboValue->clear();
     ComboValue->addItems(values);
-    ComboValue->setVisible(choice.values.has_value());
+    showValues(choice.values.has_value());
     return true;
+}
+
+/// Only values take more room than they need.
+void InstrumentChoice::showValues(bool isShown) {
+    ComboValue->setVisible(isShown);
+    setSizePolicy(isShown ? QSizePolicy::Expanding : QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
 void InstrumentChoice::store() {
@@ -144,7 +150,7 @@ void InstrumentChoice::forget() {
     ComboShow->setCurrentIndex(0);
     row_ = 0;
     ComboValue->clear();
-    ComboValue->hide();
+    showValues(false);
 }
 
 } // namespace kelvane

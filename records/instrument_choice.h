@@ -33,6 +33,7 @@ class InstrumentChoice final : public QWidget {
   private:
     void chooseKind();
     bool showKind();
+    void showValues(bool isShown);
     void store();
 
     Session& session_;

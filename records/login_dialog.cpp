@@ -101,6 +101,10 @@ void LoginDialog::layOut() {
 void LoginDialog::setNote(const QString& note) {
     LabelNote->setText(note);
     LabelNote->setAccessibleName(note);
+    // As wide as the fields; a dialog leaves no room for lines that break by themselves.
+    const auto margins = layout()->contentsMargins();
+    const int width = layout()->minimumSize().width() - margins.left() - margins.right();
+    LabelNote->setMinimumSize(width, LabelNote->heightForWidth(width));
     LabelNote->show();
 }
 

@@ -135,4 +135,16 @@ TEST_F(RecordsLogin, LooksWholeInEachSizeAndLanguage) {
                         {100, 50});
 }
 
+TEST_F(RecordsLogin, OfAnEditorLooksWholeInEachSizeAndLanguage) {
+    expectNothingCutOff(u"records-login-editor"_s,
+                        [&] {
+                            auto made = std::make_unique<LoginDialog>(
+                                session, [](const QString&, const QString&) {}, LoginDialog::Purpose::editing,
+                                nullptr);
+                            made->setNote(text(TextId::packageNeedsEditor).arg(u"MT"_s));
+                            return made;
+                        },
+                        {100, 50});
+}
+
 } // namespace kelvane::testing

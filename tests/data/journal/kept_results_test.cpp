@@ -95,7 +95,7 @@ TEST_F(KeptResultsOfAStation, AreReadWhileTheWorkstationWritesAndChangeNothing) 
 TEST_F(KeptResultsOfAStation, OfADamagedJournalAreWhatCanBeReadAndTheRestIsCounted) {
     add(u"PT-101"_s);
     append("{\"id\":\"torn\",\"asset\":\"PT-1\n");
-    append("\x00\xff\xfe no line of ours\n[1,2]\n\n  \n");
+    append(QByteArrayLiteral("\x00\xff\xfe no line of ours\n[1,2]\n\n  \n"));
     append("{\"id\":\"without a beginning\",\"why\":\"late\"}\n");
     append("{\"id\":\"ended long ago\",\"state\":\"done\"}\n");
     add(u"PT-102"_s);
