@@ -74,6 +74,7 @@ struct InstrumentFilter {
     QString group = {};
     QString model = {};
     QString description = {};
+    QString asset = {};
 };
 
 struct InstrumentQuery {

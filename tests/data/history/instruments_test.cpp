@@ -87,6 +87,10 @@ TEST_F(Instruments, AreReadByOneStatementABlockBehindRegistrationsAndKeys) {
                                               blockOf({u"kO''C"_s})}));
 }
 
+TEST_F(Instruments, AreFoundByAnAssetNumber) {
+    EXPECT_EQ(filtered({.asset = u"O'RING"_s}), beginning + u" where inv.i4201 = 'O''RING'"_s + byAsset);
+}
+
 TEST_F(Instruments, AreThoseOfTheSessionsOwner) {
     session.SessionOwner = u"ABC"_s;
     EXPECT_EQ(statementOf({}), QString(beginning + byAsset).replace(u"MT."_s, u"ABC."_s));
