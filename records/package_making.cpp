@@ -1,7 +1,6 @@
 #include "records/package_making.h"
 
-#include "data/routine.h"
-#include "data/session_values.h"
+#include "data/guard.h"
 #include "platform/values/texts.h"
 #include "procedures/task_packages.h"
 #include "records/login_dialog.h"
@@ -12,6 +11,7 @@
 #include <QLineEdit>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -107,8 +107,7 @@ QString freeName(Session& writer, QWidget* window) {
 
 /// Tells why not, but for an error, which is reported.
 bool mayMakePackage(Session& writer, const QString& owner) {
-    Routine routine(writer, u"Records,mayMakePackage"_s);
-    const auto mayEdit = routine.resultOf([&] { return mayEditProcedures(routine, writer.SessionLevel); });
+    const auto mayEdit = mayEditPackages(writer);
     if (!mayEdit)
         return false;
     if (*mayEdit && writer.SessionOwner == owner)
