@@ -87,7 +87,7 @@ for file in scalable/apps/"$icon".svg {16x16,32x32,64x64,256x256}/apps/"$icon".p
 done
 
 # What the programs find from their own folder. A changed script can't be that of the sources.
-for file in share/kelvane/layouts/kvwrksht.rpt share/kelvane/database/demo/rslt_db.frm \
+for file in share/kelvane/layouts/kvwrksht.rpt share/kelvane/layouts/kvuses.rpt share/kelvane/database/demo/rslt_db.frm \
     share/doc/kelvane/administrators-guide.md; do
     [ -s "$prefix/$file" ] || fault "$file is missing"
 done
