@@ -3,6 +3,7 @@
 #include "data/assets/assets.h"
 #include "data/parameters/cal_params.h"
 #include "data/routine.h"
+#include "data/session_values.h"
 #include "data/small_routines.h"
 #include "platform/values/texts.h"
 #include "procedures/column_values.h"
@@ -65,6 +66,11 @@ void removeRows(Routine& routine, const QString& name) {
 }
 
 } // namespace
+
+std::optional<bool> mayEditPackages(Session& session) {
+    Routine routine(session, u"FormPredefinedTasks,mayEdit"_s);
+    return routine.resultOf([&] { return mayEditProcedures(routine, session.SessionLevel); });
+}
 
 std::optional<QStringList> packageNames(Session& session) {
     Routine routine(session, u"FormPredefinedTasks,LoadTasks"_s);

@@ -27,6 +27,10 @@ struct StoredPackage {
 /// The longest name of a new package, in characters.
 inline constexpr qint16 longestPackageName = 30;
 
+/// Whether the session's user may edit packages. Nothing when the database failed, which is reported as
+/// "FormPredefinedTasks,mayEdit".
+std::optional<bool> mayEditPackages(Session& session);
+
 /// The names of all predefined packages, in the order of the database. Nothing when it failed, which is
 /// reported as "FormPredefinedTasks,LoadTasks".
 std::optional<QStringList> packageNames(Session& session);

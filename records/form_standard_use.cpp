@@ -110,6 +110,7 @@ void FormStandardUse::layOut() {
     // As all dates of the lists.
     DateSince->setDisplayFormat(u"yyyy-MM-dd"_s);
     DateSince->setCalendarPopup(true);
+    DateSince->installEventFilter(this);
     DateSince->setMinimumDate(QDate(1900, 1, 1));
     DateSince->setDate(session_.clock.moment().date.addYears(-1));
 
@@ -160,14 +161,18 @@ void FormStandardUse::connectControls() {
 
 /// Return opens the history, which the table itself would take for editing; in the field of the day it asks.
 bool FormStandardUse::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == TableUses && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            runGuarded(session_.ui, [this] { openHistory(); });
-            return true;
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return QWidget::eventFilter(watched, event);
+    runGuarded(session_.ui, [&] {
+        if (watched == TableUses) {
+            openHistory();
+        } else {
+            DateSince->interpretText();
+            ask();
         }
-    }
-    return QWidget::eventFilter(watched, event);
+    });
+    return true;
 }
 
 void FormStandardUse::showEvent(QShowEvent* event) {

@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QWidget>
 
-class QCompleter;
 class QDateEdit;
 class QLabel;
 class QLineEdit;

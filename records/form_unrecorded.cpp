@@ -57,7 +57,6 @@ FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWi
       folders_(folders),
       LabelFound(changingLabel(u"LabelFound"_s, TextId::unrecordedTab)),
       ListResults(nameControl(new QTreeWidget, u"ListResults"_s, text(TextId::unrecordedTip))),
-      Label2(nullptr),
       ListReadings(nameControl(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings),
                                TextId::resultReadingsTip)),
       LabelJournal(changingLabel(u"LabelJournal"_s, TextId::unrecordedTab)),
@@ -79,14 +78,13 @@ FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWi
 }
 
 void FormUnrecorded::layOut() {
-    Label2 = labelFor(ListReadings, u"Label2"_s, TextId::resultReadings);
     auto* commands = new QHBoxLayout;
     commands->addWidget(CommandReadAgain);
     commands->addStretch(1);
     auto* column = new QVBoxLayout(this);
     column->addWidget(LabelFound);
     column->addWidget(ListResults, 1);
-    column->addWidget(Label2);
+    column->addWidget(labelFor(ListReadings, u"Label1"_s, TextId::resultReadings));
     column->addWidget(ListReadings, 1);
     column->addWidget(LabelJournal);
     column->addLayout(commands);

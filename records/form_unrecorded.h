@@ -39,7 +39,6 @@ class FormUnrecorded final : public QWidget {
 
     QLabel* LabelFound;
     QTreeWidget* ListResults;
-    QLabel* Label2;
     QListWidget* ListReadings;
     QLabel* LabelJournal;
     QPushButton* CommandReadAgain;

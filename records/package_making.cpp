@@ -1,7 +1,6 @@
 #include "records/package_making.h"
 
-#include "data/routine.h"
-#include "data/session_values.h"
+#include "data/guard.h"
 #include "platform/values/texts.h"
 #include "procedures/task_packages.h"
 #include "records/login_dialog.h"
@@ -10,8 +9,11 @@
 
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QProgressDialog>
 #include <QScopeGuard>
+#include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,7 @@ namespace {
 
 /// How many asset numbers a box names.
 constexpr qsizetype mostNamed = 20;
+constexpr int quickWork = 500; // milliseconds
 
 QString title() {
     return text(TextId::newPackageTitle);
@@ -34,20 +37,39 @@ struct Members {
     QList<std::pair<TextId, QStringList>> faults = {};
 };
 
-Members membersOf(Session& writer, const QStringList& assets) {
-    const BusyPointer busy(writer.ui);
+void addFault(Members& members, TextId fault, const QString& asset) {
+    const auto same = std::ranges::find(members.faults, fault, &std::pair<TextId, QStringList>::first);
+    if (same == members.faults.end())
+        members.faults << std::pair(fault, QStringList{asset});
+    else
+        same->second << asset;
+}
+
+/// Nothing when the user gives up, or the database has failed.
+std::optional<Members> membersOf(Session& writer, const QStringList& assets, QWidget* window) {
+    const ReportWatch watch(writer);
+    QProgressDialog progress(title(), text(TextId::cancel), 0, static_cast<int>(assets.size()), window);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(quickWork);
+    // Escape ends it, too.
+    QObject::connect(&progress, &QDialog::rejected, &progress, &QProgressDialog::cancel);
     Members members;
+    QSet<QString> listed;
     for (const auto& asset : assets) {
-        const auto fault = faultOfInstrument(writer, members.assets, asset);
-        if (!fault) {
-            members.assets << asset;
+        progress.setValue(progress.value() + 1);
+        if (progress.wasCanceled())
+            return {};
+        const auto number = toUpperCase(asset);
+        const auto fault = listed.contains(number) ? std::optional(TextId::instrumentAlreadyListed)
+                                                   : faultOfInstrument(writer, {}, asset);
+        if (watch.sawReport())
+            return {};
+        if (fault) {
+            addFault(members, *fault, asset);
             continue;
         }
-        const auto same = std::ranges::find(members.faults, *fault, &std::pair<TextId, QStringList>::first);
-        if (same == members.faults.end())
-            members.faults << std::pair(*fault, QStringList{asset});
-        else
-            same->second << asset;
+        members.assets << asset;
+        listed << number;
     }
     return members;
 }
@@ -107,8 +129,7 @@ QString freeName(Session& writer, QWidget* window) {
 
 /// Tells why not, but for an error, which is reported.
 bool mayMakePackage(Session& writer, const QString& owner) {
-    Routine routine(writer, u"Records,mayMakePackage"_s);
-    const auto mayEdit = routine.resultOf([&] { return mayEditProcedures(routine, writer.SessionLevel); });
+    const auto mayEdit = mayEditPackages(writer);
     if (!mayEdit)
         return false;
     if (*mayEdit && writer.SessionOwner == owner)
@@ -122,17 +143,16 @@ QString madePackage(Session& writer, const QString& owner, const QStringList& as
     const auto closed = qScopeGuard([&writer] { closeConnection(writer); });
     if (!mayMakePackage(writer, owner))
         return {};
-    const ReportWatch watch(writer);
-    const auto members = membersOf(writer, assets);
-    if (watch.sawReport() || !agreesToMembers(writer, members))
+    const auto members = membersOf(writer, assets, window);
+    if (!members || !agreesToMembers(writer, *members))
         return {};
     const auto name = freeName(writer, window);
     if (name.isEmpty())
         return {};
     const BusyPointer busy(writer.ui);
-    if (savePackage(writer, {.name = name, .assets = members.assets}))
+    if (savePackage(writer, {.name = name, .assets = members->assets}))
         return {};
-    return text(TextId::packageMade).arg(name).arg(members.assets.size());
+    return text(TextId::packageMade).arg(name).arg(members->assets.size());
 }
 
 } // namespace

@@ -140,7 +140,8 @@ void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
 void RecordsWindow::readAll() {
     instruments_->readAgain();
     uses_->readAgain();
-    unrecorded_->readAgain();
+    if (unrecorded_->isVisible())
+        unrecorded_->readAgain();
     for (auto* history : tabs_->findChildren<FormHistory*>())
         history->readAgain();
 }

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -28,20 +30,28 @@ KeptResults readResults(const QString& path) {
     return kept;
 }
 
+KeptResults readFirst(const QString& name, const QStringList& folders) {
+    KeptResults none;
+    for (const auto& folder : folders) {
+        none.path = QDir(folder).absoluteFilePath(name);
+        if (QFileInfo::exists(none.path))
+            return readResults(none.path);
+    }
+    return none;
+}
+
 } // namespace
 
 std::optional<KeptResults> keptResults(Session& session, const QStringList& folders) {
-    Guard guard(session, u"Journal,keptResults"_s);
-    return guard.resultOf([&] {
-        const auto name = Journal::fileName(session.SessionDataSource);
-        KeptResults none;
-        for (const auto& folder : folders) {
-            none.path = QDir(folder).absoluteFilePath(name);
-            if (QFileInfo::exists(none.path))
-                return readResults(none.path);
-        }
-        return none;
-    });
+    try {
+        auto kept = readFirst(Journal::fileName(session.SessionDataSource), folders);
+        session.hasReportedJournal = false;
+        return kept;
+    } catch (const Error& error) {
+        if (!std::exchange(session.hasReportedJournal, true))
+            Guard(session, u"Journal,keptResults"_s).run([&error] { throw error; });
+        return {};
+    }
 }
 
 } // namespace kelvane

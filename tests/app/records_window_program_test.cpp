@@ -94,9 +94,9 @@ TEST_F(RecordsWindowProgramTest, LooksForTheJournalInTheFolderOfTheStartAndOfThe
         tabs->setCurrentIndex(2);
         return journal->text();
     };
-    EXPECT_EQ(shown(), u"Journal: "_s + QDir(userFolder()).filePath(name));
+    EXPECT_EQ(shown(), u"Journal file: "_s + QDir(userFolder()).filePath(name));
     folder.write(name, "{}\n");
-    EXPECT_EQ(shown(), u"Journal: "_s + QDir::current().filePath(name));
+    EXPECT_EQ(shown(), u"Journal file: "_s + QDir::current().filePath(name));
     program.window.close();
 }
 

@@ -88,7 +88,7 @@ for entry in "$prefix"/share/applications/{kelvane,kelvane-records}.desktop; do
 done
 
 # What the programs find from their own folder. A changed script can't be that of the sources.
-for file in share/kelvane/layouts/kvwrksht.rpt share/kelvane/database/demo/rslt_db.frm \
+for file in share/kelvane/layouts/{kvwrksht,kvuses}.rpt share/kelvane/database/demo/rslt_db.frm \
     share/doc/kelvane/administrators-guide.html share/doc/kelvane/technicians-guide.html; do
     [ -s "$prefix/$file" ] || fault "$file is missing"
 done

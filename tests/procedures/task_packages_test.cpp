@@ -112,6 +112,18 @@ TEST_F(TaskPackages, ANewNameIsAskedForUnderTheNameOfTheStrategies) {
     EXPECT_EQ(askPackageName(session), std::nullopt);
 }
 
+TEST_F(TaskPackages, AreEditedByTheLevelsOfTheSite) {
+    const auto level = u"select procedit from mt.dbconfig"_s;
+    script.answers[level] = {{u"3"_s}};
+    session.SessionLevel = 2;
+    EXPECT_EQ(mayEditPackages(session), false);
+    session.SessionLevel = 3;
+    EXPECT_EQ(mayEditPackages(session), true);
+    script.failures[level] = locked;
+    ui.expectReport(-210, u"FormPredefinedTasks,mayEdit"_s);
+    EXPECT_EQ(mayEditPackages(session), std::nullopt);
+}
+
 TEST_F(TaskPackages, ANameIsThatOfAPackageOrNot) {
     const auto wanted = u"select taskname from mt.hvm_kv_task_packages where taskname = 'O''B'"_s;
     EXPECT_EQ(isPackageName(session, u"O'B"_s), false);

@@ -125,6 +125,23 @@ TEST_F(StandardUseScreen, TellsAnUnknownStandardAndNeverShowsThoseOfAnother) {
     EXPECT_EQ(control<QLineEdit>(*form, u"TextStandard"_s).text().size(), 100);
 }
 
+TEST_F(StandardUseScreen, TakesNoDayThatIsNone) {
+    open();
+    ask(u"DMM-01"_s, QDate(2020, 1, 1));
+    auto& since = control<QDateEdit>(*form, u"DateSince"_s);
+    since.setFocus();
+    since.setSelectedSection(QDateTimeEdit::YearSection);
+    QTest::keyClicks(&since, u"1991"_s);
+    QTest::keyClick(&since, Qt::Key_Return);
+    EXPECT_EQ(since.date(), QDate(1991, 1, 1));
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, {1991, 1, 1})) << "Return in the day asks, too";
+    since.setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClicks(&since, u"19x;'"_s);
+    QTest::keyClick(&since, Qt::Key_Return);
+    EXPECT_TRUE(since.date().isValid());
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, since.date()));
+}
+
 TEST_F(StandardUseScreen, WithoutAStandardAsksNothing) {
     open();
     ask(u"   "_s);

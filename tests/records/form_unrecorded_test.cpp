@@ -58,7 +58,7 @@ TEST_F(UnrecordedScreen, TellsThatThereIsNoJournalAndMakesNone) {
     EXPECT_EQ(found(), text(TextId::packagesMade));
     EXPECT_EQ(results().topLevelItemCount(), 0);
     EXPECT_EQ(control<QLabel>(*form, u"LabelJournal"_s).text(),
-              u"Journal: "_s + folder.path() + u'/' + Journal(session).path());
+              u"Journal file: "_s + folder.path() + u'/' + Journal(session).path());
     EXPECT_EQ(files(), QStringList());
 }
 

@@ -70,8 +70,7 @@ TEST_F(ChoiceOfInstruments, OfAValueThatHasGoneIsAllAgain) {
 TEST_F(ChoiceOfInstruments, ThatCanNotBeReadIsAll) {
     settings.values[u"Records/Show"_s] = u"Group"_s;
     closeConnection(session);
-    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed),
-                    u"FormPredefinedTasks,OptionSegregate-Click"_s);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,values"_s);
     open();
     EXPECT_EQ(choice->kinds()->currentIndex(), 0);
 }

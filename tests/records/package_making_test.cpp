@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -23,12 +24,15 @@ namespace kelvane::testing {
 
 namespace {
 
-/// Counts how many connections are open, and fails the n-th instrument of a package when it shall.
+/// Counts how many connections are open, and fails the n-th instrument of a package, or what is asked of the
+/// n-th, when it shall.
 struct WatchedWriting {
     int open = 0;
     int failAt = -1;
+    int failQuestionAt = -1;
     Error error = {};
     int instruments = 0;
+    int questions = 0;
 };
 
 class WatchedWriter final : public ForwardingConnection {
@@ -49,6 +53,11 @@ class WatchedWriter final : public ForwardingConnection {
             watched_.instruments++ == watched_.failAt)
             throw watched_.error;
         return ForwardingConnection::execute(statement);
+    }
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
+        if (statement.contains(u"hvm_kv_tag_config"_s) && watched_.questions++ == watched_.failQuestionAt)
+            throw watched_.error;
+        return ForwardingConnection::select(statement, rows);
     }
 
   private:
@@ -255,6 +264,35 @@ TEST_F(PackageOfSelection, ThatFailsHalfWayIsNotStoredAtAll) {
         EXPECT_EQ(value(u"select count(*) from mt.hvm_kv_task_assets"_s), count);
         EXPECT_TRUE(session.SessionConnected) << "reading goes on";
     }
+}
+
+TEST_F(PackageOfSelection, OfADatabaseThatFailsIsToldOnce) {
+    const auto before = packages();
+    writing.failQuestionAt = 2;
+    writing.error = {10054, u"Connection reset"_s, u"08S01"_s, true};
+    ui.expectReport(10054, u"ModuleGlobals,HasConfigData"_s);
+    make(configured(9), {});
+    EXPECT_EQ(writing.questions, 3) << "the rest is not asked for";
+    EXPECT_EQ(packages(), before);
+}
+
+TEST_F(PackageOfSelection, OfManyInstrumentsCanBeCancelledWhileTheyAreLookedAt) {
+    const auto before = packages();
+    QStringList assets;
+    for (int number = 0; number < 100000; ++number)
+        assets << u"NONE-%1"_s.arg(number);
+    QTimer waiting;
+    QObject::connect(&waiting, &QTimer::timeout, &window, [&] {
+        auto* progress = window.findChild<QProgressDialog*>();
+        if (progress == nullptr || !progress->isVisible())
+            return;
+        waiting.stop();
+        QTest::keyClick(progress, Qt::Key_Escape);
+    });
+    waiting.start(1);
+    make(assets, {});
+    EXPECT_FALSE(waiting.isActive()) << "it was there";
+    EXPECT_EQ(packages(), before);
 }
 
 } // namespace kelvane::testing

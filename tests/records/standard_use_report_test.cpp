@@ -76,7 +76,8 @@ TEST_F(ReportOfUses, SpeaksTheLanguageOfTheProgram) {
     const ShownIn german(u"de"_s);
     const auto page = pages().value(0);
     for (const auto& words : {u"Kalibrierungen mit dem Normal DMM-01 seit 2025-03-18"_s, u"Seriennummer"_s,
-                              u"1 Kalibrierungen von 1 Pr\u00fcfmitteln"_s, u"Seite 1 von 1"_s})
+                              u"1 Kalibrierungen von 1 Pr\u00fcfmitteln"_s, u"Seite 1 von 1"_s,
+                              u"nicht bestanden"_s, u"Datensatz"_s})
         EXPECT_TRUE(page.contains(words)) << words.toStdString() << '\n' << page.toStdString();
     EXPECT_FALSE(page.contains(u"Page"_s) || page.contains(u"Since"_s) || page.contains(u"Serial"_s));
 }

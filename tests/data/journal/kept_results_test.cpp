@@ -123,6 +123,12 @@ TEST_F(KeptResultsOfAStation, ThatCanNotBeReadAreReportedAndNotTakenForNone) {
     ASSERT_TRUE(QDir().mkpath(path));
     ui.expectReport(75, u"Journal,keptResults"_s);
     EXPECT_FALSE(keptResults(session, folders));
+    EXPECT_FALSE(keptResults(session, folders)) << "and once";
+    ASSERT_TRUE(QDir().rmdir(path));
+    EXPECT_TRUE(keptResults(session, folders));
+    ASSERT_TRUE(QDir().mkpath(path));
+    ui.expectReport(75, u"Journal,keptResults"_s);
+    EXPECT_FALSE(keptResults(session, folders));
 }
 
 TEST(JournalEntriesOfLines, CountTheLinesOfNoEntry) {
