@@ -219,18 +219,23 @@ void FormHistory::showChosen() {
 void FormHistory::showPair(qsizetype record) {
     const auto pair = pairOf(records_, record);
     const auto run = records_[record].run;
-    showPane(*left_, pair.asFound, text(TextId::historyNoAsFound));
+    showPane(*left_, pair.asFound, pair.asFound ? QString() : text(TextId::historyNoAsFound));
     const auto missing = run == CalibrationRun::foundLeft ? TextId::historyFoundLeft
                          : run == CalibrationRun::other   ? TextId::historyAlone
                                                           : TextId::historyNoAsLeft;
-    showPane(*right_, pair.asLeft, text(missing));
+    QString note;
+    if (!pair.asLeft)
+        note = text(missing);
+    else if (pair.asFound)
+        note = text(TextId::recordsShownMore);
+    showPane(*right_, pair.asLeft, note);
     offerStandards(pair.asFound, pair.asLeft);
     showDetails(pair.asFound, pair.asLeft);
 }
 
 void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note) {
     if (record)
-        pane.showRecord(records_[*record]);
+        pane.showRecord(records_[*record], note);
     else
         pane.showNote(note);
 }
