@@ -44,7 +44,7 @@ void setByLevel(Routine& routine, Menu& menu, qint16 level) {
     if (level == sendingOnly)
         menu.hide({mnuUpload, mnuEnter, mnuStrategies, mnuCalParameters, mnuPrompts, mnuPredefined});
     if (level >= 1 && level <= 5) {
-        if (levelOfProcedureEditors(routine) <= level) {
+        if (mayEditProcedures(routine, level)) {
             menu.show({mnuGlobal, mnuPredefined});
             menu.enable({mnuGlobal, mnuPredefined});
             menu.hide({mnuWorkEntry});

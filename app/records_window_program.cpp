@@ -38,6 +38,12 @@ RecordsWindowProgram::RecordsWindowProgram(const Clock& clock, SettingsStore& se
                                   logInToRead(session, chosenDataSource(session), user, password);
                               },
                           .showAbout = [this](QWidget* over) { openAboutBox(session, over); },
+                          .packages = {.connections = connections,
+                                       .logIn =
+                                           [](Session& writer, const QString& user, const QString& password) {
+                                               logInToRead(writer, writer.SessionDataSource, user, password);
+                                           }},
+                          .workstationFolders = {QDir::currentPath(), userFolder()},
                       }) {}
 
 void RecordsWindowProgram::noteLoss() {

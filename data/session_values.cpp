@@ -92,4 +92,8 @@ double levelOfProcedureEditors(Routine& routine) {
     return numericValue(notNull(rows->value(0)));
 }
 
+bool mayEditProcedures(Routine& routine, qint16 level) {
+    return level >= 1 && level <= 5 && levelOfProcedureEditors(routine) <= level;
+}
+
 } // namespace kelvane

@@ -30,4 +30,8 @@ void readSessionValues(Session& session, const QString& user);
 /// that is given, and throws what fails.
 double levelOfProcedureEditors(Routine& routine);
 
+/// True for a level from 1 to 5 that may edit procedures and task packages; no other level may. Runs under
+/// the routine that is given, and throws what fails.
+bool mayEditProcedures(Routine& routine, qint16 level);
+
 } // namespace kelvane

@@ -18,6 +18,8 @@ namespace kelvane {
 namespace {
 
 constexpr qint16 tagLength = 30;
+/// From the screen of the strategies.
+const auto addRoutine = u"FormStrategies,CommandAdd"_s;
 
 Sql recordOf(const QString& name) {
     return u"select taskname from mt.hvm_kv_task_packages where taskname = " +
@@ -85,12 +87,17 @@ std::optional<QStringList> packageValues(Session& session, Definition definition
 }
 
 std::optional<QString> askPackageName(Session& session) {
-    return askNewName(session, {.routine = u"FormStrategies,CommandAdd",
+    return askNewName(session, {.routine = addRoutine,
                                 .title = TextId::newPackageTitle,
                                 .prompt = TextId::newStrategyNamePrompt,
                                 .taken = TextId::packageAlreadyExists,
-                                .maxLength = 30,
+                                .maxLength = longestPackageName,
                                 .recordOf = recordOf});
+}
+
+std::optional<bool> isPackageName(Session& session, const QString& name) {
+    Routine routine(session, addRoutine);
+    return routine.resultOf([&] { return routine.hasRow(recordOf(name)); });
 }
 
 std::optional<TextId> faultOfInstrument(Session& session, const QStringList& listed, const QString& asset) {

@@ -24,6 +24,9 @@ struct StoredPackage {
     bool isComplete = false;
 };
 
+/// The longest name of a new package, in characters.
+inline constexpr qint16 longestPackageName = 30;
+
 /// The names of all predefined packages, in the order of the database. Nothing when it failed, which is
 /// reported as "FormPredefinedTasks,LoadTasks".
 std::optional<QStringList> packageNames(Session& session);
@@ -39,6 +42,10 @@ std::optional<QStringList> packageValues(Session& session, Definition definition
 /// database failed. Reported as "FormStrategies,CommandAdd", the name that this command has from the screen
 /// of the strategies.
 std::optional<QString> askPackageName(Session& session);
+
+/// Whether a package has that name. Nothing when the database failed, which is reported as
+/// "FormStrategies,CommandAdd", too.
+std::optional<bool> isPackageName(Session& session, const QString& name);
 
 /// What is wrong with an instrument that is to join those that are listed; nothing when it may.
 std::optional<TextId> faultOfInstrument(Session& session, const QStringList& listed, const QString& asset);

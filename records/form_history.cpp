@@ -9,6 +9,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QMenu>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTableWidget>
@@ -84,6 +85,8 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
       TableRecords(readingTable(u"TableRecords"_s, TextId::historyRecordsTip, listTitles())),
       LabelState(label(u"LabelState"_s, TextId::historyRecords)),
       ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),
+      CommandUses(button(u"CommandUses"_s, TextId::usesTab, TextId::usesTip)),
+      standards_(new QMenu(this)),
       left_(new RecordPane(session, u"Left"_s)),
       right_(new RecordPane(session, u"Right"_s)),
       TableDetails(readingTable(u"TableDetails"_s, TextId::historyDetailsTip,
@@ -111,6 +114,8 @@ void FormHistory::layOut() {
     comparing->addWidget(labelFor(ComboCompare, u"Label1"_s, TextId::historyCompare));
     comparing->addWidget(ComboCompare);
     comparing->addStretch(1);
+    comparing->addWidget(CommandUses);
+    CommandUses->setMenu(standards_);
     auto* sides = new QSplitter(Qt::Horizontal);
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
@@ -207,6 +212,7 @@ void FormHistory::showChosen() {
     const qsizetype other = ComboCompare->currentIndex() - 1;
     showPane(*left_, record, {});
     showPane(*right_, other, {});
+    offerStandards(record, other);
     showDetails(record, other);
 }
 
@@ -218,6 +224,7 @@ void FormHistory::showPair(qsizetype record) {
                          : run == CalibrationRun::other   ? TextId::historyAlone
                                                           : TextId::historyNoAsLeft;
     showPane(*right_, pair.asLeft, text(missing));
+    offerStandards(pair.asFound, pair.asLeft);
     showDetails(pair.asFound, pair.asLeft);
 }
 
@@ -226,6 +233,25 @@ void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, co
         pane.showRecord(records_[*record]);
     else
         pane.showNote(note);
+}
+
+/// One that the inventory has lost can't be looked for.
+void FormHistory::offerStandards(std::optional<qsizetype> left, std::optional<qsizetype> right) {
+    standards_->clear();
+    QStringList offered;
+    for (const auto& record : {left, right}) {
+        if (!record)
+            continue;
+        for (const auto& standard : records_[*record].standards) {
+            const auto& asset = standard.asset;
+            if (asset.isEmpty() || offered.contains(asset))
+                continue;
+            offered << asset;
+            auto* action = standards_->addAction(QString(asset).replace(u'&', u"&&"_s));
+            QObject::connect(action, &QAction::triggered, this, [this, asset] { Q_EMIT usesWanted(asset); });
+        }
+    }
+    CommandUses->setEnabled(!offered.isEmpty());
 }
 
 /// What neither record says has no row. Where the two differ, their values are bold.

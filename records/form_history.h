@@ -7,6 +7,8 @@
 
 class QComboBox;
 class QLabel;
+class QMenu;
+class QPushButton;
 class QSplitter;
 class QTableWidget;
 
@@ -28,6 +30,10 @@ class FormHistory final : public QWidget {
     /// Gives the keyboard to the list of records.
     void focusRecords();
 
+  Q_SIGNALS:
+    /// The user wants to see what a standard was used for.
+    void usesWanted(const QString& standard);
+
   private:
     void layOut();
     void connectControls();
@@ -38,6 +44,8 @@ class FormHistory final : public QWidget {
     void showChosen();
     void showPair(qsizetype record);
     void showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note);
+    /// Offers the standards of the records that are shown.
+    void offerStandards(std::optional<qsizetype> left, std::optional<qsizetype> right);
     void showDetails(std::optional<qsizetype> left, std::optional<qsizetype> right);
 
     Session& session_;
@@ -48,6 +56,8 @@ class FormHistory final : public QWidget {
     QTableWidget* TableRecords;
     QLabel* LabelState;
     QComboBox* ComboCompare;
+    QPushButton* CommandUses;
+    QMenu* standards_;
     RecordPane* left_;
     RecordPane* right_;
     QTableWidget* TableDetails;

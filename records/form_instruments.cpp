@@ -1,17 +1,14 @@
 #include "records/form_instruments.h"
 
-#include "platform/error_report.h"
-#include "procedures/task_packages.h"
 #include "records/column_menu.h"
+#include "records/instrument_choice.h"
 #include "records/instrument_list.h"
+#include "records/selected_rows.h"
+#include "records/table_copy.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDir>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -21,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -29,61 +27,16 @@ namespace kelvane {
 namespace {
 
 const auto tableName = u"Instruments"_s;
-const auto settingsSection = u"Records"_s;
-const auto csvSetting = u"CsvForm"_s;
 /// After the last key, in milliseconds: fast typing asks the database once.
 constexpr int typingPause = 150;
 /// Of a column that has not been made wider by hand, in characters.
 constexpr int widestColumn = 32;
-
-/// A row of the filters to choose from.
-struct Choice {
-    TextId caption;
-    int days = 0;
-    bool isOverdue = false;
-    std::optional<Definition> values = {};
-    QString InstrumentFilter::*value = nullptr;
-};
-
-const QList<Choice>& choices() {
-    using Filter = InstrumentFilter;
-    static const QList<Choice> rows{
-        {TextId::recordsAll},
-        {TextId::recordsOverdue, 0, true},
-        {TextId::recordsDueWithin, 30},
-        {TextId::recordsDueWithin, 60},
-        {TextId::recordsDueWithin, 90},
-        {TextId::recordsOfGroup, 0, false, Definition::segregate, &Filter::group},
-        {TextId::recordsOfModel, 0, false, Definition::model, &Filter::model},
-        {TextId::recordsOfDescription, 0, false, Definition::description, &Filter::description},
-    };
-    return rows;
-}
-
-QStringList choiceCaptions() {
-    QStringList captions;
-    for (const auto& choice : choices())
-        captions << (choice.days > 0 ? text(choice.caption).arg(choice.days) : text(choice.caption));
-    return captions;
-}
 
 QList<SavedColumn> savedColumns() {
     QList<SavedColumn> saved;
     for (const auto& column : shownInstrumentColumns())
         saved << SavedColumn{column.name.toString(), column.isShownAtFirst};
     return saved;
-}
-
-struct CsvKind {
-    TextId caption;
-    QString name;
-    CsvForm form;
-};
-
-const QList<CsvKind>& csvKinds() {
-    static const QList<CsvKind> kinds{{TextId::recordsCsvPoints, u"Points"_s, {u',', u'.'}},
-                                      {TextId::recordsCsvCommas, u"Commas"_s, {u';', u','}}};
-    return kinds;
 }
 
 bool hasOrder(int column) {
@@ -106,9 +59,7 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
       model_(new InstrumentModel(session, this)),
       TextFilter(
           nameControl(new QLineEdit, u"TextFilter"_s, text(TextId::recordsFilter), TextId::recordsFilterTip)),
-      ComboShow(
-          dropDown(u"ComboShow"_s, text(TextId::recordsSaved), TextId::recordsSavedTip, choiceCaptions())),
-      ComboValue(dropDown(u"ComboValue"_s, text(TextId::recordsValueTip), TextId::recordsValueTip)),
+      choice_(new InstrumentChoice(session)),
       TableInstruments(
           nameControl(new QTableView, u"TableInstruments"_s, text(TextId::recordsInstrumentsTip))),
       LabelShown(changingLabel(u"LabelShown"_s, TextId::recordsInstruments)),
@@ -116,6 +67,7 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
       CommandHistory(button(u"CommandHistory"_s, TextId::recordsHistory, TextId::recordsHistoryTip)),
       CommandCopy(button(u"CommandCopy"_s, TextId::aboutCopy, TextId::recordsCopyTip)),
       CommandSave(button(u"CommandSave"_s, TextId::recordsSave, TextId::recordsSaveTip)),
+      CommandPackage(button(u"CommandPackage"_s, TextId::packageMake, TextId::packageMakeTip)),
       CommandColumns(button(u"CommandColumns"_s, TextId::recordsColumns, TextId::recordsColumnsTip)),
       CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)) {
     setObjectName(u"FormInstruments"_s);
@@ -151,15 +103,13 @@ void FormInstruments::setUpTable() {
 }
 
 void FormInstruments::layOut() {
-    keepWidth(ComboValue);
     auto* choice = new QHBoxLayout;
     choice->addWidget(labelFor(TextFilter, u"Label1"_s, TextId::recordsFilter));
-    choice->addWidget(TextFilter, 2);
-    choice->addWidget(labelFor(ComboShow, u"Label2"_s, TextId::recordsSaved));
-    choice->addWidget(ComboShow);
-    choice->addWidget(ComboValue, 1);
+    choice->addWidget(TextFilter, 1);
+    choice->addWidget(choice_, 1);
     auto* commands = new QHBoxLayout;
-    for (auto* command : {CommandHistory, CommandCopy, CommandSave, CommandColumns, CommandReadAgain})
+    for (auto* command :
+         {CommandHistory, CommandCopy, CommandSave, CommandPackage, CommandColumns, CommandReadAgain})
         commands->addWidget(command);
     commands->addStretch(1);
     auto* column = new QVBoxLayout(this);
@@ -169,10 +119,9 @@ void FormInstruments::layOut() {
     column->addWidget(LabelOutcome);
     column->addLayout(commands);
     TextFilter->setClearButtonEnabled(true);
-    ComboValue->hide();
     LabelOutcome->hide();
-    kelvane::setTabOrder({TextFilter, ComboShow, ComboValue, TableInstruments, CommandHistory, CommandCopy,
-                          CommandSave, CommandColumns, CommandReadAgain});
+    kelvane::setTabOrder({TextFilter, choice_->kinds(), choice_->values(), TableInstruments, CommandHistory,
+                          CommandCopy, CommandSave, CommandPackage, CommandColumns, CommandReadAgain});
 }
 
 void FormInstruments::connectControls() {
@@ -180,13 +129,13 @@ void FormInstruments::connectControls() {
     connectGuarded(TextFilter, &QLineEdit::textChanged, this, ui, [this] { typing_.start(); });
     connectGuarded(TextFilter, &QLineEdit::returnPressed, this, ui, [this] { ask(); });
     connectGuarded(&typing_, &QTimer::timeout, this, ui, [this] { ask(); });
-    connectGuarded(ComboShow, &QComboBox::currentIndexChanged, this, ui, [this] { chooseKind(); });
-    connectGuarded(ComboValue, &QComboBox::activated, this, ui, [this] { ask(); });
+    connectGuarded(choice_, &InstrumentChoice::chosen, this, ui, [this] { ask(); });
     connectGuarded(model_, &InstrumentModel::read, this, ui, [this] { showState(); });
     connectGuarded(TableInstruments, &QTableView::doubleClicked, this, ui, [this] { openHistory(); });
     connectGuarded(CommandHistory, &QPushButton::clicked, this, ui, [this] { openHistory(); });
     connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copy(); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
+    connectGuarded(CommandPackage, &QPushButton::clicked, this, ui, [this] { askPackage(); });
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, ui, [this] { readAgain(); });
     connectGuarded(TableInstruments->selectionModel(), &QItemSelectionModel::selectionChanged, this, ui,
                    [this] { showState(); });
@@ -239,19 +188,12 @@ bool FormInstruments::eventFilter(QObject* watched, QEvent* event) {
 void FormInstruments::ask() {
     typing_.stop();
     isAsked_ = true;
-    const auto& choice = choices().at(ComboShow->currentIndex());
     query_.filter = {};
     query_.filter.text = TextFilter->text();
-    query_.filter.isOverdue = choice.isOverdue;
-    if (choice.days > 0)
-        query_.filter.dueWithinDays = choice.days;
-    if (choice.value != nullptr)
-        query_.filter.*choice.value = ComboValue->currentText();
-    // Without a value the choice has no instruments, and an empty one would be no filter.
-    if (choice.value != nullptr && ComboValue->currentText().isEmpty())
-        model_->clear();
-    else
+    if (choice_->setIn(query_.filter))
         model_->ask(query_);
+    else
+        model_->clear();
     if (hasWidths_ || model_->rowCount() == 0)
         return;
     TableInstruments->resizeColumnsToContents();
@@ -263,19 +205,22 @@ void FormInstruments::ask() {
 }
 
 void FormInstruments::readAgain() {
+    if (!std::exchange(isRestored_, true))
+        choice_->restore();
     ask();
+}
+
+void FormInstruments::tell(const QString& outcome) {
+    LabelOutcome->setText(outcome);
+    LabelOutcome->show();
 }
 
 void FormInstruments::forget() {
     typing_.stop();
-    const QSignalBlocker quiet(ComboShow);
-    const QSignalBlocker silent(TextFilter);
+    const QSignalBlocker quiet(TextFilter);
     TextFilter->clear();
-    ComboShow->setCurrentIndex(0);
-    choice_ = 0;
+    choice_->forget();
     isAsked_ = false;
-    ComboValue->clear();
-    ComboValue->hide();
     LabelOutcome->hide();
     model_->clear();
 }
@@ -302,31 +247,10 @@ void FormInstruments::showState() {
     auto font = LabelShown->font();
     font.setBold(model_->hasFailed());
     LabelShown->setFont(font);
-    const auto selected = TableInstruments->selectionModel()->selectedRows();
+    const auto selected = selectedRows(*TableInstruments);
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());
-}
-
-void FormInstruments::chooseKind() {
-    const auto& choice = choices().at(ComboShow->currentIndex());
-    QStringList values;
-    if (choice.values) {
-        const auto read = packageValues(session_, *choice.values);
-        if (!read) {
-            // What is shown stays that of the choice before.
-            const QSignalBlocker quiet(ComboShow);
-            ComboShow->setCurrentIndex(choice_);
-            return;
-        }
-        values = *read;
-        values.removeAll(QString());
-        std::ranges::sort(values);
-    }
-    choice_ = ComboShow->currentIndex();
-    ComboValue->clear();
-    ComboValue->addItems(values);
-    ComboValue->setVisible(choice.values.has_value());
-    ask();
+    CommandPackage->setEnabled(!selected.isEmpty());
 }
 
 void FormInstruments::clickHeader(int column) {
@@ -351,44 +275,30 @@ void FormInstruments::showOrder() {
 }
 
 void FormInstruments::openHistory() {
-    const auto selected = TableInstruments->selectionModel()->selectedRows();
+    const auto selected = selectedRows(*TableInstruments);
     if (selected.size() == 1)
-        Q_EMIT historyWanted(model_->instrument(selected.constFirst().row()));
+        Q_EMIT historyWanted(model_->instrument(selected.constFirst()));
 }
 
 void FormInstruments::copy() {
-    QList<int> rows;
-    for (const auto& selected : TableInstruments->selectionModel()->selectedRows())
-        rows << selected.row();
-    if (rows.isEmpty())
-        return;
-    std::ranges::sort(rows);
-    QApplication::clipboard()->setText(
-        copiedInstruments(*model_, rows, shownColumns(*TableInstruments->horizontalHeader())));
+    copySelectedRows(*TableInstruments);
 }
 
 void FormInstruments::save() {
-    QStringList filters;
-    for (const auto& kind : csvKinds())
-        filters << text(kind.caption);
-    const auto stored = ModuleGlobals::GetRegSetting(session_, settingsSection, csvSetting);
-    const auto usual = std::ranges::find(csvKinds(), stored, &CsvKind::name);
-    QFileDialog dialog(this, text(TextId::recordsSave).remove(u"..."_s).trimmed());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(usual == csvKinds().cend() ? filters.constFirst() : text(usual->caption));
-    dialog.setDefaultSuffix(u"csv"_s);
-    dialog.setDirectory(QDir::homePath());
-    dialog.selectFile(text(TextId::recordsInstruments) + u".csv"_s);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    const auto file = askListFile(session_, this, text(TextId::recordsInstruments));
+    if (!file)
         return;
-    const auto& kind = csvKinds().at(std::max(qsizetype(0), filters.indexOf(dialog.selectedNameFilter())));
-    ModuleGlobals::SaveRegSetting(session_, settingsSection, csvSetting, kind.name);
     const BusyPointer busy(session_.ui);
-    LabelOutcome->setText(saveInstruments(session_, model_->query(),
-                                          shownColumns(*TableInstruments->horizontalHeader()),
-                                          dialog.selectedFiles().constFirst(), kind.form));
-    LabelOutcome->show();
+    tell(saveInstruments(session_, model_->query(), shownColumns(*TableInstruments->horizontalHeader()),
+                         *file));
+}
+
+void FormInstruments::askPackage() {
+    QStringList assets;
+    for (const int row : selectedRows(*TableInstruments))
+        assets << model_->instrument(row).asset;
+    if (!assets.isEmpty())
+        Q_EMIT packageWanted(assets);
 }
 
 } // namespace kelvane

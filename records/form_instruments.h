@@ -6,13 +6,14 @@
 #include <QTimer>
 #include <QWidget>
 
-class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTableView;
 
 namespace kelvane {
+
+class InstrumentChoice;
 
 /// The list of instruments: a filter as it is typed, a choice of filters, the table, and what can be done
 /// with its rows.
@@ -24,6 +25,8 @@ class FormInstruments final : public QWidget {
 
     /// Reads what is shown from the database again.
     void readAgain();
+    /// Says in the line below the table what has become of a command.
+    void tell(const QString& outcome);
     /// After log out: shows nothing, and all instruments next time.
     void forget();
     /// Stores the columns as they are now.
@@ -32,6 +35,8 @@ class FormInstruments final : public QWidget {
   Q_SIGNALS:
     /// The user wants to see the history of an instrument.
     void historyWanted(const kelvane::InstrumentSummary& instrument);
+    /// The user wants a task package of these instruments.
+    void packageWanted(const QStringList& assets);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,34 +50,34 @@ class FormInstruments final : public QWidget {
     /// Runs the query of what is chosen and typed.
     void ask();
     void showState();
-    void chooseKind();
     void clickHeader(int column);
     void sort(int column, bool isDescending);
     void showOrder();
     void openHistory();
     void copy();
     void save();
+    void askPackage();
 
     Session& session_;
     InstrumentModel* model_;
     QTimer typing_;
     InstrumentQuery query_;
     int sortColumn_ = 0;
-    /// The row of the filters whose instruments are shown.
-    int choice_ = 0;
     /// Since the login.
     bool isAsked_ = false;
+    /// The choice of the last time.
+    bool isRestored_ = false;
     bool hasWidths_ = false;
 
     QLineEdit* TextFilter;
-    QComboBox* ComboShow;
-    QComboBox* ComboValue;
+    InstrumentChoice* choice_;
     QTableView* TableInstruments;
     QLabel* LabelShown;
     QLabel* LabelOutcome;
     QPushButton* CommandHistory;
     QPushButton* CommandCopy;
     QPushButton* CommandSave;
+    QPushButton* CommandPackage;
     QPushButton* CommandColumns;
     QPushButton* CommandReadAgain;
 };

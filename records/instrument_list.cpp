@@ -1,19 +1,12 @@
 #include "records/instrument_list.h"
 
-#include "records/instrument_model.h"
-#include "resources/text_id.h"
-
-#include <QDir>
-#include <QSaveFile>
-
-using namespace Qt::StringLiterals;
+#include "records/lists.h"
 
 namespace kelvane {
 
 namespace {
 
 constexpr qsizetype blockSize = 500;
-constexpr CsvForm tabs{u'\t', u'.'};
 
 const ListColumn<InstrumentSummary>& listColumn(int column) {
     return instrumentColumns()[static_cast<std::size_t>(column)];
@@ -35,38 +28,21 @@ QString lineOf(const InstrumentSummary& instrument, const QList<int>& columns, c
 
 } // namespace
 
-QString copiedInstruments(const InstrumentModel& model, const QList<int>& rows, const QList<int>& columns) {
-    auto copied = titles(columns, tabs);
-    for (const int row : rows) {
-        QStringList cells;
-        for (const int column : columns)
-            cells << csvCell(model.shownText(row, column), CsvCell::text, tabs);
-        copied += csvLine(cells, tabs);
-    }
-    return copied;
-}
-
 QString saveInstruments(Session& session, const InstrumentQuery& query, const QList<int>& columns,
-                        const QString& path, const CsvForm& form) {
-    const auto shownPath = QDir::toNativeSeparators(path);
-    QSaveFile file(path);
-    const auto notWritten = [&] {
-        return text(TextId::communicationLogNotSaved).arg(shownPath, file.errorString());
-    };
-    if (!file.open(QIODevice::WriteOnly) || file.write(titles(columns, form).toUtf8()) < 0)
-        return notWritten();
+                        const ListFile& file) {
+    ListWriter writer(file.path);
+    if (!writer.write(titles(columns, file.form)))
+        return writer.finish();
     InstrumentReader reader(session, query);
     while (!reader.isAtEnd()) {
         QString lines;
         for (const auto& instrument : reader.next(blockSize))
-            lines += lineOf(instrument, columns, form);
-        if (file.write(lines.toUtf8()) < 0)
-            return notWritten();
+            lines += lineOf(instrument, columns, file.form);
+        if (!writer.write(lines))
+            return writer.finish();
         session.ui.repaint();
     }
-    if (reader.hasFailed())
-        return text(TextId::recordsNotSaved);
-    return file.commit() ? text(TextId::communicationLogSaved).arg(shownPath) : notWritten();
+    return reader.hasFailed() ? text(TextId::recordsNotSaved) : writer.finish();
 }
 
 } // namespace kelvane

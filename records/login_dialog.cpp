@@ -25,20 +25,38 @@ QString lastUser(const Session& session) {
     return here.isEmpty() ? ModuleGlobals::GetRegSetting(session, u"Defaults"_s, userSetting) : here;
 }
 
+/// How the second button of a purpose is told.
+struct Leaving {
+    TextId caption;
+    TextId toolTip;
+};
+
+Leaving leavingOf(LoginDialog::Purpose purpose) {
+    switch (purpose) {
+    case LoginDialog::Purpose::logIn:
+        return {TextId::loginExit, TextId::loginExitTip};
+    case LoginDialog::Purpose::connectAgain:
+        return {TextId::cancel, TextId::stayUnconnectedTip};
+    case LoginDialog::Purpose::editing:
+        break;
+    }
+    return {TextId::cancel, TextId::cancelEntryTip};
+}
+
 } // namespace
 
 LoginDialog::LoginDialog(Session& session, LogIn logIn, Purpose purpose, QWidget* parent)
     : QDialog(parent),
       session_(session),
       logIn_(std::move(logIn)),
+      purpose_(purpose),
       TextUsername(
           nameControl(new QLineEdit, u"TextUsername"_s, text(TextId::userName), TextId::userNameTip)),
       TextPassword(
           nameControl(new QLineEdit, u"TextPassword"_s, text(TextId::password), TextId::passwordTip)),
+      LabelNote(label(u"LabelNote"_s, TextId::loginPrompt)),
       CommandConnect(button(u"CommandConnect"_s, TextId::connectCommand, TextId::connectTip)),
-      CommandCancel(purpose == Purpose::logIn
-                        ? button(u"CommandCancel"_s, TextId::loginExit, TextId::loginExitTip)
-                        : button(u"CommandCancel"_s, TextId::cancel, TextId::stayUnconnectedTip)) {
+      CommandCancel(button(u"CommandCancel"_s, leavingOf(purpose).caption, leavingOf(purpose).toolTip)) {
     setObjectName(u"LoginDialog"_s);
     setWindowTitle(text(TextId::loginTitle));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -48,7 +66,7 @@ LoginDialog::LoginDialog(Session& session, LogIn logIn, Purpose purpose, QWidget
     if (purpose == Purpose::logIn) {
         runGuarded(session.ui, [&] { TextUsername->setText(lastUser(session)); });
         TextUsername->selectAll();
-    } else {
+    } else if (purpose == Purpose::connectAgain) {
         TextUsername->setText(session.SessionUser);
         TextUsername->setReadOnly(true);
         TextUsername->setFocusPolicy(Qt::ClickFocus);
@@ -73,8 +91,17 @@ void LoginDialog::layOut() {
     grid->addWidget(TextPassword, 1, 2);
     grid->addWidget(CommandConnect, 0, 3);
     grid->addWidget(CommandCancel, 1, 3);
+    grid->addWidget(LabelNote, 2, 0, 1, 4);
     grid->setColumnStretch(2, 1);
+    LabelNote->setWordWrap(true);
+    LabelNote->hide();
     kelvane::setTabOrder({TextUsername, TextPassword, CommandConnect, CommandCancel});
+}
+
+void LoginDialog::setNote(const QString& note) {
+    LabelNote->setText(note);
+    LabelNote->setAccessibleName(note);
+    LabelNote->show();
 }
 
 void LoginDialog::setButtonsEnabled(bool enabled) {
@@ -91,9 +118,10 @@ void LoginDialog::CommandConnect_Click() {
     }
     const auto failure = connectUser();
     if (failure.isEmpty()) {
-        runGuarded(session_.ui, [this] {
-            ModuleGlobals::SaveRegSetting(session_, u"Records"_s, userSetting, TextUsername->text());
-        });
+        if (purpose_ != Purpose::editing)
+            runGuarded(session_.ui, [this] {
+                ModuleGlobals::SaveRegSetting(session_, u"Records"_s, userSetting, TextUsername->text());
+            });
         accept();
         return;
     }

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -25,9 +26,14 @@ class LoginDialog final : public QDialog {
         logIn,
         /// The user of a session that goes on stays.
         connectAgain,
+        /// Another user, for a change that the session's own may not make; his name is not kept.
+        editing,
     };
 
     LoginDialog(Session& session, LogIn logIn, Purpose purpose, QWidget* parent);
+
+    /// A note below the fields.
+    void setNote(const QString& note);
 
     /// Not while a login runs.
     void reject() override;
@@ -41,9 +47,11 @@ class LoginDialog final : public QDialog {
 
     Session& session_;
     LogIn logIn_;
+    Purpose purpose_;
     LoginRefusals refusals_;
     QLineEdit* TextUsername;
     QLineEdit* TextPassword;
+    QLabel* LabelNote;
     QPushButton* CommandConnect;
     QPushButton* CommandCancel;
 };

@@ -4,6 +4,8 @@
 #include "platform/version.h"
 #include "records/form_history.h"
 #include "records/form_instruments.h"
+#include "records/form_standard_use.h"
+#include "records/form_unrecorded.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -33,6 +35,8 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
       environment_(std::move(environment)),
       tabs_(nameControl(new QTabWidget, u"TabsRecords"_s, text(TextId::recordsTitle))),
       instruments_(new FormInstruments(session)),
+      uses_(new FormStandardUse(session, environment_.workstationFolders)),
+      unrecorded_(new FormUnrecorded(session, environment_.workstationFolders)),
       statusLine_(new StatusLine(session)) {
     setObjectName(u"RecordsWindow"_s);
     setWindowTitle(text(TextId::recordsTitle));
@@ -51,6 +55,12 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
                      [this](const InstrumentSummary& instrument) {
                          runGuarded(session_.ui, [&] { showHistory(instrument); });
                      });
+    QObject::connect(instruments_, &FormInstruments::packageWanted, this, [this](const QStringList& assets) {
+        runGuarded(session_.ui, [&] { askPackage(assets); });
+    });
+    QObject::connect(uses_, &FormStandardUse::historyWanted, this, [this](const QString& asset) {
+        runGuarded(session_.ui, [&] { showHistoryOf(asset); });
+    });
     showSessionState();
 }
 
@@ -60,8 +70,12 @@ void RecordsWindow::buildTabs() {
     tabs_->tabBar()->setObjectName(u"qt_tabwidget_tabbar"_s);
     tabs_->tabBar()->setAccessibleName(text(TextId::recordsTitle));
     tabs_->addTab(instruments_, text(TextId::recordsInstruments));
-    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
-        tabs_->tabBar()->setTabButton(0, side, nullptr);
+    tabs_->addTab(uses_, text(TextId::usesTab));
+    tabs_->addTab(unrecorded_, text(TextId::unrecordedTab));
+    for (int tab = 0; tab < tabs_->count(); ++tab) {
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+            tabs_->tabBar()->setTabButton(tab, side, nullptr);
+    }
     QObject::connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int tab) { closeTab(tab); });
 }
 
@@ -125,13 +139,17 @@ void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
 
 void RecordsWindow::readAll() {
     instruments_->readAgain();
-    for (int tab = 1; tab < tabs_->count(); ++tab)
-        static_cast<FormHistory*>(tabs_->widget(tab))->readAgain();
+    uses_->readAgain();
+    unrecorded_->readAgain();
+    for (auto* history : tabs_->findChildren<FormHistory*>())
+        history->readAgain();
 }
 
 void RecordsWindow::logOut() {
     closeHistories();
     instruments_->forget();
+    uses_->forget();
+    unrecorded_->forget();
     closeConnection(session_);
     session_.SessionConnected = false;
     isLoggedIn_ = false;
@@ -144,28 +162,61 @@ void RecordsWindow::closeHistories() {
         closeTab(tab);
 }
 
-void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
-    for (int tab = 1; tab < tabs_->count(); ++tab) {
-        if (static_cast<FormHistory*>(tabs_->widget(tab))->asset() == instrument.asset) {
-            tabs_->setCurrentIndex(tab);
-            return;
-        }
+bool RecordsWindow::goToHistory(const QString& asset) {
+    for (auto* history : tabs_->findChildren<FormHistory*>()) {
+        const int tab = tabs_->indexOf(history);
+        if (tab < 0 || history->asset() != asset)
+            continue;
+        tabs_->setCurrentIndex(tab);
+        return true;
     }
-    if (!session_.SessionConnected) {
+    return false;
+}
+
+bool RecordsWindow::isConnected() {
+    if (!session_.SessionConnected)
         session_.ui.messageBox(text(TextId::connectionLostAdvice), text(TextId::connectionLost),
                                box::warning);
+    return session_.SessionConnected;
+}
+
+void RecordsWindow::showHistoryOf(const QString& asset) {
+    if (goToHistory(asset) || !isConnected())
         return;
-    }
+    const auto found = InstrumentReader(session_, {.filter = {.asset = asset}}).next(1);
+    if (!found.isEmpty())
+        showHistory(found.constFirst());
+}
+
+void RecordsWindow::showUses(const QString& standard) {
+    if (!isConnected())
+        return;
+    tabs_->setCurrentWidget(uses_);
+    uses_->showUses(standard);
+}
+
+void RecordsWindow::askPackage(const QStringList& assets) {
+    if (isConnected())
+        makePackage(session_, environment_.packages, assets, this,
+                    [this](const QString& outcome) { instruments_->tell(outcome); });
+}
+
+void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
+    if (goToHistory(instrument.asset) || !isConnected())
+        return;
     auto* history = new FormHistory(session_, instrument);
+    QObject::connect(history, &FormHistory::usesWanted, this, [this](const QString& standard) {
+        runGuarded(session_.ui, [&] { showUses(standard); });
+    });
     tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
     history->focusRecords();
 }
 
-/// The list stays.
+/// Only histories close.
 void RecordsWindow::closeTab(int tab) {
-    if (tab < 1)
+    auto* history = qobject_cast<FormHistory*>(tabs_->widget(tab));
+    if (history == nullptr)
         return;
-    auto* history = tabs_->widget(tab);
     tabs_->removeTab(tab);
     history->deleteLater();
     tabs_->currentWidget()->setFocus();
@@ -174,6 +225,7 @@ void RecordsWindow::closeTab(int tab) {
 void RecordsWindow::closeEvent(QCloseEvent* event) {
     runGuarded(session_.ui, [this] { instruments_->storeLayout(); });
     instruments_->forget();
+    uses_->forget();
     closeConnection(session_);
     session_.SessionConnected = false;
     event->accept();

@@ -2,6 +2,7 @@
 
 #include "data/history/instruments.h"
 #include "records/login_dialog.h"
+#include "records/package_making.h"
 
 #include <QMainWindow>
 
@@ -12,6 +13,8 @@ namespace kelvane {
 
 class FormHistory;
 class FormInstruments;
+class FormStandardUse;
+class FormUnrecorded;
 class StatusLine;
 
 /// What the window of the records needs of the program around it.
@@ -19,9 +22,15 @@ struct RecordsEnvironment {
     LogIn logIn;
     /// Opens the about box over a window.
     std::function<void(QWidget* window)> showAbout;
+    /// For a task package.
+    PackageAccess packages = {};
+    /// Where a workstation may have its files (journal, layouts of the site): the folder in which the program
+    /// was started, and the workstation's own.
+    QStringList workstationFolders = {};
 };
 
-/// The window of the records: a tab for the list of instruments, and one for each history that is open. It
+/// The window of the records: a tab for the list of instruments, for the uses of a standard and for results
+/// without a record, and one for each history that is open. It
 /// closes without a question, since nothing in it can be lost.
 class RecordsWindow final : public QMainWindow {
     Q_OBJECT
@@ -47,12 +56,22 @@ class RecordsWindow final : public QMainWindow {
     void logOut();
     void closeHistories();
     void showHistory(const InstrumentSummary& instrument);
+    /// The same by the asset number.
+    void showHistoryOf(const QString& asset);
+    /// Goes to the tab of an instrument's history; false when none is open.
+    bool goToHistory(const QString& asset);
+    /// Tells the user when it is not.
+    bool isConnected();
+    void showUses(const QString& standard);
+    void askPackage(const QStringList& assets);
     void closeTab(int tab);
 
     Session& session_;
     RecordsEnvironment environment_;
     QTabWidget* tabs_;
     FormInstruments* instruments_;
+    FormStandardUse* uses_;
+    FormUnrecorded* unrecorded_;
     StatusLine* statusLine_;
     QAction* logOut_ = nullptr;
     /// From a login to log out, also while the connection is lost.

@@ -89,6 +89,7 @@ QList<Sql> conditionsOf(const InstrumentFilter& filter, const QDate& today) {
     addExact(u"inv.i4240", filter.group);
     addExact(u"inv.i4203", filter.model);
     addExact(u"inv.i4204", filter.description);
+    addExact(u"inv.i4201", filter.asset);
     return conditions;
 }
 

@@ -72,6 +72,7 @@ struct InstrumentFilter {
     QString group = {};
     QString model = {};
     QString description = {};
+    QString asset = {};
 };
 
 struct InstrumentQuery {

@@ -12,7 +12,8 @@ namespace {
 
 Sql statementOf(const Session& session, const QString& standard, const QDate& since) {
     const auto owner = sqlName(session.SessionOwner);
-    return u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag from (select "
+    return u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag,cal.mtag from "
+           u"(select "
            u"distinct "
            "mtag,ctag from mt.standards where c2430 = " +
            ModuleGlobals::mtagOf(session, ModuleGlobals::SQLSafe(standard)) + u") used inner join " + owner +
@@ -24,7 +25,35 @@ Sql statementOf(const Session& session, const QString& standard, const QDate& si
            "when cal.c2333 is null then 1 else 0 end,cal.c2333 desc,inv.i4201 asc,cal.ctag desc";
 }
 
+Sql standardsWhere(const Session& session, const Sql& condition) {
+    return u"select i4201,i4204,i4206 from " + sqlName(session.SessionOwner) + u".inventory where " +
+           condition + u" order by i4201 asc";
+}
+
+QList<Standard> standards(Routine& routine, const Sql& statement) {
+    QList<Standard> found;
+    const auto rows = routine.select(statement);
+    while (rows->next())
+        found << Standard{storedText(rows->value(0)), storedText(rows->value(1)), storedText(rows->value(2))};
+    return found;
+}
+
 } // namespace
+
+std::optional<QList<Standard>> usedStandards(Session& session) {
+    Routine routine(session, u"History,usedStandards"_s);
+    return routine.resultOf([&] {
+        return standards(routine, standardsWhere(session, u"mtag in (select c2430 from mt.standards)"));
+    });
+}
+
+std::optional<QList<Standard>> standardOf(Session& session, const QString& asset) {
+    Routine routine(session, u"History,standardOf"_s);
+    return routine.resultOf([&] {
+        return standards(routine,
+                         standardsWhere(session, u"i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset))));
+    });
+}
 
 std::optional<QList<StandardUse>> usesOfStandard(Session& session, const QString& standard,
                                                  const QDate& since) {
@@ -41,6 +70,7 @@ std::optional<QList<StandardUse>> usesOfStandard(Session& session, const QString
             use.passed = storedText(rows->value(4));
             use.time = storedMomentOf(rows->value(5));
             use.ctag = storedText(rows->value(6));
+            use.mtag = storedText(rows->value(7));
             uses << use;
         }
         return uses;

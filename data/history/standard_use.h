@@ -17,7 +17,24 @@ struct StandardUse {
     /// "Y" or "N".
     QString passed = {};
     QString ctag = {};
+    /// Of the instrument, also when the inventory does not hold it any more.
+    QString mtag = {};
 };
+
+/// A standard of the inventory of the session's owner.
+struct Standard {
+    QString asset = {};
+    QString description = {};
+    QString serial = {};
+};
+
+/// The standards that any calibration names, in the order of their asset numbers. Nothing after an error,
+/// which is reported as "History,usedStandards".
+std::optional<QList<Standard>> usedStandards(Session& session);
+
+/// The asset of the inventory with this number, as a standard: at most one. Nothing after an error, which is
+/// reported as "History,standardOf".
+std::optional<QList<Standard>> standardOf(Session& session, const QString& asset);
 
 /// The calibrations of the session's owner that name a standard, by its asset number, from the day `since`
 /// on, the newest first. Records without a date come last: they may be of any day. None for a standard that

@@ -1,10 +1,13 @@
 #include "app/records_window_program.h"
 
 #include "app/user_folder.h"
+#include "data/journal/journal.h"
 #include "testkit/fixtures.h"
 #include "ui/program_icon.h"
 
 #include <QDir>
+#include <QLabel>
+#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,25 @@ TEST_F(RecordsWindowProgramTest, TakesTheTemplateOfTheFolderOrOfTheWorkstation) 
     program.readTemplate();
     EXPECT_EQ(program.session.ResultTemplateLine, u"TN$ OF HERE"_s);
     EXPECT_EQ(QDir::currentPath(), QDir(folder.path()).canonicalPath());
+}
+
+TEST_F(RecordsWindowProgramTest, LooksForTheJournalInTheFolderOfTheStartAndOfTheWorkstation) {
+    program.session.SessionDataSource = u"Calibration Data"_s;
+    program.session.SessionConnected = true;
+    auto* tabs = program.window.findChild<QTabWidget*>(u"TabsRecords"_s);
+    const auto* journal = program.window.findChild<QLabel*>(u"LabelJournal"_s);
+    ASSERT_TRUE(tabs != nullptr && journal != nullptr);
+    program.window.show();
+    const auto name = Journal::fileName(u"Calibration Data"_s);
+    const auto shown = [&] {
+        tabs->setCurrentIndex(0);
+        tabs->setCurrentIndex(2);
+        return journal->text();
+    };
+    EXPECT_EQ(shown(), u"Journal: "_s + QDir(userFolder()).filePath(name));
+    folder.write(name, "{}\n");
+    EXPECT_EQ(shown(), u"Journal: "_s + QDir::current().filePath(name));
+    program.window.close();
 }
 
 TEST(ProgramIcon, HasItsSizes) {

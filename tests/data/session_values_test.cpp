@@ -66,6 +66,17 @@ TEST_F(SessionValues, TheLevelOfProcedureEditorsIsTheSites) {
     EXPECT_THROW(levelOfProcedureEditors(routine), Error);
 }
 
+TEST_F(SessionValues, ProceduresAreEditedFromTheSitesLevelToTheFifth) {
+    Routine routine(session, u"Test,Level"_s);
+    for (const auto level : {qint16{0}, qint16{6}, qint16{7}})
+        EXPECT_FALSE(mayEditProcedures(routine, level)) << level;
+    EXPECT_EQ(script.statements, QStringList()) << "whatever the site says";
+    script.answers[u"select procedit from mt.dbconfig"_s] = {{u"3"_s}};
+    EXPECT_FALSE(mayEditProcedures(routine, 2));
+    EXPECT_TRUE(mayEditProcedures(routine, 3));
+    EXPECT_TRUE(mayEditProcedures(routine, 5));
+}
+
 TEST_F(SessionValues, WhatStopsThemIsThrownAndNotReported) {
     const auto numberOf = [this] {
         try {

@@ -112,6 +112,16 @@ TEST_F(TaskPackages, ANewNameIsAskedForUnderTheNameOfTheStrategies) {
     EXPECT_EQ(askPackageName(session), std::nullopt);
 }
 
+TEST_F(TaskPackages, ANameIsThatOfAPackageOrNot) {
+    const auto wanted = u"select taskname from mt.hvm_kv_task_packages where taskname = 'O''B'"_s;
+    EXPECT_EQ(isPackageName(session, u"O'B"_s), false);
+    script.answers[wanted] = {{u"O'B"_s}};
+    EXPECT_EQ(isPackageName(session, u"O'B"_s), true);
+    script.failures[wanted] = locked;
+    ui.expectReport(-210, u"FormStrategies,CommandAdd"_s);
+    EXPECT_EQ(isPackageName(session, u"O'B"_s), std::nullopt);
+}
+
 TEST_F(TaskPackages, AnInstrumentThatIsListedOrUnknownOrNotConfiguredIsRefused) {
     EXPECT_EQ(faultOfInstrument(session, {u"PT-1"_s, u"TW-1"_s}, u"tw-1"_s), TextId::instrumentAlreadyListed);
     EXPECT_EQ(script.statements, QStringList());

@@ -235,6 +235,30 @@ TEST_F(InstrumentsScreen, OpensTheHistoryByReturnAndByADoubleClick) {
     EXPECT_EQ(wanted[1][0].value<InstrumentSummary>().asset, screen.cell(3, 0));
 }
 
+TEST_F(InstrumentsScreen, WantsAPackageOfTheSelectedInstruments) {
+    QSignalSpy wanted(&screen.form, &FormInstruments::packageWanted);
+    auto& command = control<QPushButton>(screen.form, u"CommandPackage"_s);
+    EXPECT_FALSE(command.isEnabled()) << "nothing is selected";
+    screen.select(3);
+    QTest::keyClick(&screen.table(), Qt::Key_Up, Qt::ShiftModifier);
+    click(command);
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted[0][0].toStringList(), (QStringList{screen.cell(2, 0), screen.cell(3, 0)}));
+    screen.form.tell(u"made"_s);
+    EXPECT_EQ(control<QLabel>(screen.form, u"LabelOutcome"_s).text(), u"made"_s);
+}
+
+TEST_F(InstrumentsScreen, BeginsWithTheChoiceOfTheLastTime) {
+    setCurrent(u"PT-101"_s, u"c2303 = '%1'"_s.arg(day(-7)));
+    pick(control<QComboBox>(screen.form, u"ComboShow"_s), u"Overdue"_s);
+    ShownInstruments next(session);
+    EXPECT_EQ(control<QComboBox>(next.form, u"ComboShow"_s).currentText(), u"Overdue"_s);
+    EXPECT_EQ(next.assets(), screen.assets());
+    next.form.forget();
+    next.form.readAgain();
+    EXPECT_GT(next.assets().size(), screen.assets().size()) << "all after log out";
+}
+
 TEST_F(InstrumentsScreen, ReadsAgainWhenItIsAsked) {
     write(u"update mt.inventory set i4204 = 'ANOTHER' where i4201 = '%1'"_s.arg(screen.cell(0, 0)));
     EXPECT_NE(screen.cell(0, 1), u"ANOTHER"_s);

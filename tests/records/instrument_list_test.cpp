@@ -1,7 +1,7 @@
 #include "records/instrument_list.h"
 
-#include "records/instrument_model.h"
 #include "resources/text_id.h"
+#include "testkit/shown_in.h"
 #include "tests/records/made_up_instruments.h"
 
 #include <QFile>
@@ -13,19 +13,11 @@ namespace kelvane::testing {
 class InstrumentLists : public MadeUpSession {
   protected:
     QString save(const QList<int>& columns = {0, 1}) {
-        return saveInstruments(session, {}, columns, path, {u';', u','});
+        return saveInstruments(session, {}, columns, {path, {u';', u','}});
     }
 
     QString path = folder.path() + u"/list.csv"_s;
 };
-
-TEST_F(InstrumentLists, AreCopiedWithTitlesInTheOrderOfTheirColumns) {
-    inventory.instruments = 3;
-    InstrumentModel model(session);
-    model.ask({});
-    EXPECT_EQ(copiedInstruments(model, {0, 2}, {1, 0}),
-              u"Description\tAsset\r\n\tI-00000\r\n\tI-00002\r\n"_s);
-}
 
 TEST_F(InstrumentLists, AreSavedToTheirEndWhateverWasSeen) {
     inventory.instruments = 1234;
@@ -34,6 +26,12 @@ TEST_F(InstrumentLists, AreSavedToTheirEndWhateverWasSeen) {
     EXPECT_TRUE(saved.startsWith(u"Asset;Description\r\nI-00000;\r\n"_s));
     EXPECT_TRUE(saved.endsWith(u"I-01233;\r\n"_s));
     EXPECT_EQ(saved.count(u'\n'), 1235);
+}
+
+TEST_F(InstrumentLists, HaveTheTitlesOfTheLanguage) {
+    const ShownIn german(u"de"_s);
+    EXPECT_EQ(save(), text(TextId::communicationLogSaved).arg(path));
+    EXPECT_EQ(folder.read(u"list.csv"_s), u"Inventarnummer;Bezeichnung\r\n"_s);
 }
 
 TEST_F(InstrumentLists, ThatFailHalfWayLeaveTheFileAsItWas) {

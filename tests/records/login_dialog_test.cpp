@@ -63,6 +63,18 @@ TEST_F(RecordsLogin, NeedsNameAndPassword) {
     EXPECT_EQ(tried, QStringList());
 }
 
+TEST_F(RecordsLogin, OfAnEditorIsTypedAnewAndNotRemembered) {
+    settings.values[u"Records/Username"_s] = u"jdoe"_s;
+    open(LoginDialog::Purpose::editing);
+    dialog->setNote(u"Who may edit packages?"_s);
+    EXPECT_TRUE(control<QLabel>(*dialog, u"LabelNote"_s).isVisible());
+    EXPECT_EQ(name().text(), QString());
+    QSignalSpy accepted(dialog, &QDialog::accepted);
+    type(u"cnguyen"_s, u"secret"_s);
+    EXPECT_EQ(accepted.size(), 1);
+    EXPECT_EQ(settings.writes, QStringList());
+}
+
 TEST_F(RecordsLogin, ThatIsGoodIsRememberedWithoutItsPassword) {
     open();
     QSignalSpy accepted(dialog, &QDialog::accepted);

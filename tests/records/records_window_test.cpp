@@ -7,11 +7,14 @@
 #include "tests/records/reading_session.h"
 
 #include <QAction>
+#include <QInputDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -67,11 +70,20 @@ class RecordsWindowOnDatabase : public ReadingSession {
         table().selectRow(row);
         QTest::keyClick(&table(), Qt::Key_Return);
     }
-    QStringList openTabs() {
+    /// Of the tabs that can be closed.
+    QStringList histories() {
         QStringList captions;
-        for (int tab = 0; tab < tabs().count(); ++tab)
+        for (int tab = fixedTabs; tab < tabs().count(); ++tab)
             captions << tabs().tabText(tab);
         return captions;
+    }
+    void closeHistories() {
+        while (tabs().count() > fixedTabs) {
+            tabs().setCurrentIndex(fixedTabs);
+            QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
+        }
+        // They are deleted by the event loop.
+        QTest::qWait(1);
     }
     QString asset(int row) { return table().model()->index(row, 0).data().toString(); }
     QString rowsInDatabase() {
@@ -82,10 +94,20 @@ class RecordsWindowOnDatabase : public ReadingSession {
         return counts.join(u' ');
     }
 
+    /// The lists, which have no history.
+    static constexpr int fixedTabs = 3;
     int abouts = 0;
     RecordsWindow window{session,
                          {[this](const QString& user, const QString& password) { logIn(user, password); },
-                          [this](QWidget*) { ++abouts; }}};
+                          [this](QWidget*) { ++abouts; },
+                          {openConnections(),
+                           [this](Session& writer, const QString& user, const QString& password) {
+                               sharedConnection(writer).open(database.connectionString(), user, password);
+                               writer.SessionUser = user;
+                               writer.SessionConnected = true;
+                               readSessionValues(writer, user);
+                           }},
+                          {folder.path()}}};
 };
 
 TEST_F(RecordsWindowOnDatabase, AsksForTheLoginAndShowsTheInstruments) {
@@ -113,15 +135,17 @@ TEST_F(RecordsWindowOnDatabase, OpensEachHistoryOnceInATab) {
     openHistory(1);
     openHistory(2);
     openHistory(1);
-    EXPECT_EQ(openTabs(), (QStringList{text(TextId::recordsInstruments), asset(1), asset(2)}));
-    EXPECT_EQ(tabs().currentIndex(), 1);
+    EXPECT_EQ(histories(), (QStringList{asset(1), asset(2)}));
+    EXPECT_EQ(tabs().currentIndex(), fixedTabs);
     QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
-    EXPECT_EQ(tabs().currentIndex(), 2);
+    EXPECT_EQ(tabs().currentIndex(), fixedTabs + 1);
     QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(openTabs(), (QStringList{text(TextId::recordsInstruments), asset(1)}));
-    tabs().setCurrentIndex(0);
-    QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(tabs().count(), 2) << "the list stays";
+    EXPECT_EQ(histories(), QStringList{asset(1)});
+    for (int tab = 0; tab < fixedTabs; ++tab) {
+        tabs().setCurrentIndex(tab);
+        QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
+    }
+    EXPECT_EQ(tabs().count(), fixedTabs + 1) << "the lists stay";
 }
 
 TEST_F(RecordsWindowOnDatabase, AfterLogOutShowsNothingOfTheSession) {
@@ -130,7 +154,7 @@ TEST_F(RecordsWindowOnDatabase, AfterLogOutShowsNothingOfTheSession) {
     control<QAction>(window, u"mnuLogout"_s).trigger();
     EXPECT_TRUE(asksLogin());
     EXPECT_FALSE(session.SessionConnected);
-    EXPECT_EQ(tabs().count(), 1);
+    EXPECT_EQ(histories(), QStringList());
     EXPECT_EQ(table().model()->rowCount(), 0);
     typeLogin(users::editorOfAbc);
     QStringList shown;
@@ -147,20 +171,81 @@ TEST_F(RecordsWindowOnDatabase, KeepsWhatIsOpenWhenTheConnectionIsLostAndMadeAga
     EXPECT_FALSE(again.isVisible());
     disconnect();
     EXPECT_TRUE(again.isVisible());
-    EXPECT_EQ(tabs().count(), 2);
+    EXPECT_EQ(histories().size(), 1);
     EXPECT_GT(table().model()->rowCount(), 0);
     ui.expectBox(text(TextId::connectionLostAdvice), text(TextId::connectionLost), box::warning);
     openHistory(5);
-    EXPECT_EQ(tabs().count(), 2);
+    EXPECT_EQ(histories().size(), 1);
 
     click(again);
     EXPECT_TRUE(QTest::qWaitFor([&] { return asksLogin(); }));
     EXPECT_EQ(control<QLineEdit>(login(), u"TextUsername"_s).text(), users::technician);
     typeLogin();
     EXPECT_FALSE(again.isVisible());
-    EXPECT_EQ(tabs().count(), 2);
+    EXPECT_EQ(histories().size(), 1);
     openHistory(5);
-    EXPECT_EQ(tabs().count(), 3);
+    EXPECT_EQ(histories().size(), 2);
+}
+
+TEST_F(RecordsWindowOnDatabase, LeadsFromAHistoryToTheUsesOfAStandardAndBack) {
+    write(
+        u"insert into mt.standards (c2430,mtag,ctag) select (select mtag from mt.inventory where i4201 = "
+        "'DMM-01'),mtag,ctag from mt.calibration where c2339 = '1' and mtag = (select mtag from mt.inventory "
+        "where i4201 = 'PT-101')"_s);
+    write(
+        u"update mt.calibration set c2301 = '%1' where c2339 = '1' and mtag = (select mtag from mt.inventory "
+        "where i4201 = 'PT-101')"_s.arg(day(-10)));
+    start();
+    int row = 0;
+    while (asset(row) != u"PT-101")
+        ++row;
+    openHistory(row);
+    auto& standards = control<QPushButton>(window, u"CommandUses"_s);
+    ASSERT_TRUE(standards.isEnabled());
+    auto* offered = standards.menu()->actions().value(0);
+    for (auto* action : standards.menu()->actions())
+        offered = action->text() == u"DMM-01" ? action : offered;
+    ASSERT_NE(offered, nullptr);
+    offered->trigger();
+    EXPECT_EQ(tabs().currentIndex(), 1);
+    auto& uses = control<QTableView>(window, u"TableUses"_s);
+    QStringList used;
+    for (int use = 0; use < uses.model()->rowCount(); ++use)
+        used << uses.model()->index(use, 0).data().toString();
+    ASSERT_TRUE(used.contains(u"PT-101"_s)) << used.join(u',').toStdString();
+    closeHistories();
+    tabs().setCurrentIndex(1);
+    uses.selectRow(static_cast<int>(used.indexOf(u"PT-101"_s)));
+    QTest::keyClick(&uses, Qt::Key_Return);
+    EXPECT_EQ(histories(), QStringList{u"PT-101"_s});
+}
+
+TEST_F(RecordsWindowOnDatabase, MakesAPackageWithAnotherLoginAndKeepsItsOwn) {
+    start();
+    int row = 0;
+    while (asset(row) != u"PT-101")
+        ++row;
+    table().selectRow(row);
+    click(control<QPushButton>(window, u"CommandPackage"_s));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asksLogin(); }));
+    QTimer typing;
+    QObject::connect(&typing, &QTimer::timeout, &window, [&] {
+        auto* dialog = window.findChild<QInputDialog*>();
+        if (dialog == nullptr || !dialog->isVisible())
+            return;
+        typing.stop();
+        auto& name = *dialog->findChild<QLineEdit*>();
+        QTest::keyClicks(&name, u"CREW"_s);
+        QTest::keyClick(&name, Qt::Key_Return);
+    });
+    typing.start(1);
+    typeLogin(users::editor);
+    auto& outcome = control<QLabel>(control<QWidget>(window, u"FormInstruments"_s), u"LabelOutcome"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return outcome.isVisible(); }));
+    EXPECT_EQ(outcome.text(), text(TextId::packageMade).arg(u"CREW"_s).arg(1));
+    EXPECT_EQ(session.SessionUser, users::technician);
+    EXPECT_TRUE(session.SessionConnected);
+    EXPECT_THROW(sharedConnection(session).execute(u"delete from mt.hvm_kv_task_packages"_s), Error);
 }
 
 TEST_F(RecordsWindowOnDatabase, StoresTheColumnsWhenItCloses) {
@@ -178,6 +263,12 @@ TEST_F(RecordsWindowOnDatabase, WritesNothing) {
     start();
     for (int row = 0; row < 12; ++row)
         openHistory(row);
+    for (int tab = 0; tab < fixedTabs; ++tab)
+        tabs().setCurrentIndex(tab);
+    tabs().setCurrentIndex(1);
+    auto& standard = control<QLineEdit>(window, u"TextStandard"_s);
+    QTest::keyClicks(&standard, u"DMM-01"_s);
+    QTest::keyClick(&standard, Qt::Key_Return);
     tabs().setCurrentIndex(0);
     for (const auto& choice : {u"Overdue"_s, u"Of one group"_s, u"Of one model"_s, u"Of one description"_s})
         pick(control<QComboBox>(window, u"ComboShow"_s), choice);

@@ -55,6 +55,10 @@ class Instruments : public RecordedSession {
 
 } // namespace
 
+TEST_F(Instruments, AreFoundByAnAssetNumber) {
+    EXPECT_EQ(filtered({.asset = u"O'RING"_s}), beginning + u" where inv.i4201 = 'O''RING'"_s + byAsset);
+}
+
 TEST_F(Instruments, AreReadByOneStatementBehindTheRegistrations) {
     read();
     EXPECT_EQ(script.statements, (QStringList{registrations, beginning + byAsset}));

@@ -11,7 +11,8 @@ namespace {
 class StandardUses : public RecordedSession {
   protected:
     static QString statement(const QString& standard, const QString& since) {
-        return u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag from (select "
+        return u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag,cal.mtag from "
+               u"(select "
                "distinct mtag,ctag from mt.standards where c2430 = (select mtag from MT.inventory where "
                "i4201 = "
                "'"_s +
@@ -59,12 +60,12 @@ class StandardUseOnDatabase : public DatabaseSession {
 
 TEST_F(StandardUses, AreReadByOneStatement) {
     script.answers[statement(u"O''RING"_s, u"2026-01-05"_s)] = {
-        {u"PT-101"_s, {}, u"2026-02-01"_s, u"AS-LEFT "_s, u"Y"_s, u"08:00:00"_s, u"12"_s}};
+        {u"PT-101"_s, {}, u"2026-02-01"_s, u"AS-LEFT "_s, u"Y"_s, u"08:00:00"_s, u"12"_s, u"1401"_s}};
     const auto uses = usesOfStandard(session, u"O'RING"_s, QDate(2026, 1, 5));
     ASSERT_TRUE(uses && uses->size() == 1);
     const auto& use = uses->first();
-    EXPECT_EQ((QStringList{use.asset, use.description, use.state, use.passed, use.ctag}),
-              (QStringList{u"PT-101"_s, {}, u"AS-LEFT"_s, u"Y"_s, u"12"_s}));
+    EXPECT_EQ((QStringList{use.asset, use.description, use.state, use.passed, use.ctag, use.mtag}),
+              (QStringList{u"PT-101"_s, {}, u"AS-LEFT"_s, u"Y"_s, u"12"_s, u"1401"_s}));
     EXPECT_EQ(use.date.moment.date, QDate(2026, 2, 1));
     EXPECT_EQ(use.time.moment.time, QTime(8, 0));
 }
@@ -73,6 +74,45 @@ TEST_F(StandardUses, ThatCanNotBeReadAreReportedAndNotTakenForNone) {
     script.failures = {{statement(u"A"_s, u"2026-01-05"_s), {7, u"no such table"_s}}};
     ui.expectReport(7, u"History,standardUse"_s);
     EXPECT_FALSE(usesOfStandard(session, u"A"_s, QDate(2026, 1, 5)));
+}
+
+TEST_F(StandardUses, NameTheirStandardWithWhatTheInventorySaysOfIt) {
+    script
+        .answers[u"select i4201,i4204,i4206 from MT.inventory where i4201 = 'O''RING' order by i4201 asc"_s] =
+        {{u"O'RING "_s, u"RING"_s, {}}};
+    const auto found = standardOf(session, u"O'RING"_s);
+    ASSERT_TRUE(found && found->size() == 1);
+    EXPECT_EQ(found->first().asset, u"O'RING"_s);
+    EXPECT_EQ(found->first().description, u"RING"_s);
+    EXPECT_EQ(found->first().serial, QString());
+    EXPECT_EQ(standardOf(session, u"none"_s).value_or(QList<Standard>{{}}).size(), 0);
+    script.failures = {{script.statements.last(), {7, u"no such table"_s}}};
+    ui.expectReport(7, u"History,standardOf"_s);
+    EXPECT_FALSE(standardOf(session, u"none"_s));
+}
+
+TEST_F(StandardUses, OfferTheStandardsThatAnyCalibrationNames) {
+    const auto statement = u"select i4201,i4204,i4206 from MT.inventory where mtag in (select c2430 from "
+                           "mt.standards) order by i4201 asc"_s;
+    script.answers[statement] = {{u"DMM-01"_s, u"METER"_s, u"77"_s}, {u"PM-100"_s, {}, {}}};
+    const auto found = usedStandards(session);
+    ASSERT_TRUE(found && found->size() == 2);
+    EXPECT_EQ(found->first().serial, u"77"_s);
+    EXPECT_EQ(found->last().asset, u"PM-100"_s);
+    script.failures = {{statement, {7, u"no such table"_s}}};
+    ui.expectReport(7, u"History,usedStandards"_s);
+    EXPECT_FALSE(usedStandards(session));
+}
+
+TEST_F(StandardUseOnDatabase, AreOfferedByTheStandardsThatTheyName) {
+    use(u"1203"_s, u"mtag = '1401'"_s);
+    QStringList offered;
+    for (const auto& standard : usedStandards(session).value_or(QList<Standard>()))
+        offered << standard.asset;
+    EXPECT_EQ(offered, values(u"select distinct i4201 from mt.inventory i join mt.standards s on s.c2430 = "
+                              "i.mtag"_s));
+    EXPECT_TRUE(offered.contains(u"DMM-01"_s));
+    EXPECT_EQ(standardOf(session, u"dmm-01"_s).value_or(QList<Standard>{{}}).value(0).asset, u"DMM-01"_s);
 }
 
 TEST_F(StandardUseOnDatabase, AreTheCalibrationsThatNameTheStandard) {

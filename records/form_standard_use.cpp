@@ -1,0 +1,300 @@
+#include "records/form_standard_use.h"
+
+#include "platform/values/texts.h"
+#include "records/colors.h"
+#include "records/list_file.h"
+#include "records/lists.h"
+#include "records/selected_rows.h"
+#include "records/standard_use_model.h"
+#include "records/table_copy.h"
+#include "reports/report_error.h"
+#include "reports/report_preview.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QCompleter>
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QStringListModel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+/// Longer than any asset number.
+constexpr int longestEntry = 100;
+constexpr int charactersInField = 20;
+constexpr int widestColumn = 40; // characters
+
+QLabel* changingLabel(const QString& name, TextId accessibleName) {
+    auto* made = label(name, accessibleName);
+    made->clear();
+    made->setWordWrap(true);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    made->hide();
+    return made;
+}
+
+/// All of them, in the order in which they are shown.
+QString csvOf(const QList<StandardUse>& uses, const CsvForm& form) {
+    auto csv = csvTitles(standardUseColumns(), form);
+    for (const auto& use : uses)
+        csv += csvRow(standardUseColumns(), use, form);
+    return csv;
+}
+
+} // namespace
+
+FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      layoutFolders_(layoutFolders),
+      model_(new StandardUseModel(this)),
+      standards_(new QStringListModel(this)),
+      TextStandard(
+          nameControl(new QLineEdit, u"TextStandard"_s, text(TextId::usesStandard), TextId::usesStandardTip)),
+      DateSince(nameControl(new QDateEdit, u"DateSince"_s, text(TextId::recordsSince), TextId::usesSinceTip)),
+      CommandShow(button(u"CommandShow"_s, TextId::usesShow, TextId::usesShowTip)),
+      TableUses(nameControl(new QTableView, u"TableUses"_s, text(TextId::usesTip))),
+      LabelUses(changingLabel(u"LabelUses"_s, TextId::usesTab)),
+      LabelOutcome(changingLabel(u"LabelOutcome"_s, TextId::recordsSave)),
+      CommandHistory(button(u"CommandHistory"_s, TextId::recordsHistory, TextId::recordsHistoryTip)),
+      CommandCopy(button(u"CommandCopy"_s, TextId::aboutCopy, TextId::recordsCopyTip)),
+      CommandSave(button(u"CommandSave"_s, TextId::recordsSave, TextId::recordsSaveTip)),
+      CommandPrint(button(u"CommandPrint"_s, TextId::usesReport, TextId::usesReportTip)) {
+    setObjectName(u"FormStandardUse"_s);
+    setUpTable();
+    layOut();
+    connectControls();
+    enableCommands();
+}
+
+FormStandardUse::~FormStandardUse() {
+    closePreviews();
+}
+
+void FormStandardUse::setUpTable() {
+    TableUses->setModel(model_);
+    TableUses->setSelectionBehavior(QAbstractItemView::SelectRows);
+    TableUses->setTabKeyNavigation(false);
+    TableUses->setAlternatingRowColors(true);
+    TableUses->setWordWrap(false);
+    TableUses->verticalHeader()->hide();
+    TableUses->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    TableUses->verticalHeader()->setDefaultSectionSize(TableUses->fontMetrics().height() + 6);
+    TableUses->installEventFilter(this);
+    auto* header = TableUses->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSortIndicator(StandardUseModel::dateColumn(), Qt::DescendingOrder);
+    TableUses->setSortingEnabled(true);
+}
+
+void FormStandardUse::layOut() {
+    TextStandard->setMaxLength(longestEntry);
+    TextStandard->setMinimumWidth(TextStandard->fontMetrics().averageCharWidth() * charactersInField);
+    TextStandard->setClearButtonEnabled(true);
+    auto* completer = new QCompleter(standards_, this);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setFilterMode(Qt::MatchContains);
+    TextStandard->setCompleter(completer);
+    // As all dates of the lists.
+    DateSince->setDisplayFormat(u"yyyy-MM-dd"_s);
+    DateSince->setCalendarPopup(true);
+    DateSince->setMinimumDate(QDate(1900, 1, 1));
+    DateSince->setDate(session_.clock.moment().date.addYears(-1));
+
+    auto* question = new QHBoxLayout;
+    question->addWidget(labelFor(TextStandard, u"Label1"_s, TextId::usesStandard));
+    question->addWidget(TextStandard);
+    question->addWidget(labelFor(DateSince, u"Label2"_s, TextId::recordsSince));
+    question->addWidget(DateSince);
+    question->addWidget(CommandShow);
+    question->addStretch(1);
+    auto* commands = new QHBoxLayout;
+    for (auto* command : {CommandHistory, CommandCopy, CommandSave, CommandPrint})
+        commands->addWidget(command);
+    commands->addStretch(1);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(question);
+    column->addWidget(TableUses, 1);
+    column->addWidget(LabelUses);
+    column->addWidget(LabelOutcome);
+    column->addLayout(commands);
+    kelvane::setTabOrder({TextStandard, DateSince, CommandShow, TableUses, CommandHistory, CommandCopy,
+                          CommandSave, CommandPrint});
+}
+
+void FormStandardUse::connectControls() {
+    auto& ui = session_.ui;
+    connectGuarded(TextStandard, &QLineEdit::returnPressed, this, ui, [this] { ask(); });
+    connectGuarded(CommandShow, &QPushButton::clicked, this, ui, [this] { ask(); });
+    connectGuarded(TableUses, &QTableView::doubleClicked, this, ui, [this] { openHistory(); });
+    connectGuarded(TableUses->selectionModel(), &QItemSelectionModel::selectionChanged, this, ui,
+                   [this] { enableCommands(); });
+    connectGuarded(CommandHistory, &QPushButton::clicked, this, ui, [this] { openHistory(); });
+    connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copySelectedRows(*TableUses); });
+    connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
+    connectGuarded(CommandPrint, &QPushButton::clicked, this, ui, [this] { print(); });
+    const auto bind = [&](QWidget* where, const QKeySequence& keys, const std::function<void()>& command) {
+        auto* shortcut = new QShortcut(keys, where);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connectGuarded(shortcut, &QShortcut::activated, this, ui, command);
+    };
+    bind(TableUses, QKeySequence::Copy, [this] { copySelectedRows(*TableUses); });
+    bind(this, QKeySequence::Refresh, [this] { readAgain(); });
+    bind(this, QKeySequence::Find, [this] {
+        TextStandard->setFocus(Qt::ShortcutFocusReason);
+        TextStandard->selectAll();
+    });
+}
+
+/// Return opens the history, which the table itself would take for editing; in the field of the day it asks.
+bool FormStandardUse::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == TableUses && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            runGuarded(session_.ui, [this] { openHistory(); });
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void FormStandardUse::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (session_.SessionConnected && !areOffered_)
+        runGuarded(session_.ui, [this] { offerStandards(); });
+}
+
+void FormStandardUse::offerStandards() {
+    const BusyPointer busy(session_.ui);
+    // Only once: a database that fails is told once.
+    areOffered_ = true;
+    QStringList assets;
+    for (const auto& standard : usedStandards(session_).value_or(QList<Standard>()))
+        assets << standard.asset;
+    standards_->setStringList(assets);
+}
+
+void FormStandardUse::showUses(const QString& standard) {
+    TextStandard->setText(standard);
+    ask();
+}
+
+void FormStandardUse::readAgain() {
+    areOffered_ = false;
+    if (isVisible())
+        offerStandards();
+    if (!list_.standard.asset.isEmpty())
+        ask();
+}
+
+void FormStandardUse::ask() {
+    const auto asset = trimBlanks(TextStandard->text());
+    LabelOutcome->hide();
+    if (asset.isEmpty()) {
+        TextStandard->setFocus();
+        return;
+    }
+    const BusyPointer busy(session_.ui);
+    const auto since = DateSince->date();
+    const auto standard = standardOf(session_, asset);
+    std::optional<QList<StandardUse>> uses;
+    if (standard && !standard->isEmpty())
+        uses = usesOfStandard(session_, standard->constFirst().asset, since);
+    // Never the calibrations of another standard under the name that is typed now.
+    list_ = uses ? StandardUseList{standard->constFirst(), since, {}} : StandardUseList();
+    model_->show(uses.value_or(QList<StandardUse>()));
+    if (uses) {
+        tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
+        TableUses->resizeColumnsToContents();
+        auto* header = TableUses->horizontalHeader();
+        const int widest = widestColumn * TableUses->fontMetrics().averageCharWidth();
+        for (int column = 0; column < header->count(); ++column)
+            header->resizeSection(column, std::min(header->sectionSize(column), widest));
+    } else {
+        tell(standard && standard->isEmpty() ? text(TextId::usesUnknown).arg(asset)
+                                             : text(TextId::historyNotRead),
+             true);
+    }
+    enableCommands();
+}
+
+void FormStandardUse::tell(const QString& state, bool isAlarming) {
+    LabelUses->setText(state);
+    LabelUses->setAccessibleName(state);
+    auto font = LabelUses->font();
+    font.setBold(isAlarming);
+    LabelUses->setFont(font);
+    LabelUses->show();
+}
+
+void FormStandardUse::forget() {
+    closePreviews();
+    TextStandard->clear();
+    list_ = {};
+    model_->show({});
+    standards_->setStringList({});
+    areOffered_ = false;
+    LabelUses->hide();
+    LabelOutcome->hide();
+    enableCommands();
+}
+
+void FormStandardUse::enableCommands() {
+    const auto selected = selectedRows(*TableUses);
+    CommandHistory->setEnabled(selected.size() == 1);
+    CommandCopy->setEnabled(!selected.isEmpty());
+    CommandSave->setEnabled(!list_.standard.asset.isEmpty());
+    CommandPrint->setEnabled(!list_.standard.asset.isEmpty());
+}
+
+/// A calibration of an instrument that the inventory has lost has no history.
+void FormStandardUse::openHistory() {
+    const auto rows = selectedRows(*TableUses);
+    if (rows.size() == 1 && !model_->use(rows.constFirst()).asset.isEmpty())
+        Q_EMIT historyWanted(model_->use(rows.constFirst()).asset);
+}
+
+void FormStandardUse::save() {
+    const auto file = askListFile(session_, this, text(TextId::usesTab) + u' ' + list_.standard.asset);
+    if (!file)
+        return;
+    const BusyPointer busy(session_.ui);
+    ListWriter writer(file->path);
+    writer.write(csvOf(model_->uses(), file->form));
+    LabelOutcome->setText(writer.finish());
+    LabelOutcome->show();
+}
+
+void FormStandardUse::print() {
+    const BusyPointer busy(session_.ui);
+    auto printed = list_;
+    printed.uses = model_->uses();
+    try {
+        auto preview = std::make_unique<ReportPreview>(
+            session_.ui, standardUseReport(session_, printed, layoutFolders_), standardUseTitle(printed));
+        preview->open();
+        // From here on it belongs to itself.
+        previews_ << preview.release();
+    } catch (const ReportError& error) {
+        session_.ui.messageBox(error.text(), text(TextId::usesTab), box::warning);
+    }
+}
+
+void FormStandardUse::closePreviews() {
+    for (const auto& preview : std::exchange(previews_, {}))
+        delete preview.data();
+}
+
+} // namespace kelvane

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "records/standard_use_report.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QCompleter;
+class QDateEdit;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStringListModel;
+class QTableView;
+
+namespace kelvane {
+
+class ReportPreview;
+class StandardUseModel;
+
+/// Which calibrations were carried out with a standard since a day: what to look at when it turns out to be
+/// wrong.
+class FormStandardUse final : public QWidget {
+    Q_OBJECT
+  public:
+    /// Layouts of reports are looked for in these folders first. The session has to outlive it.
+    FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent = nullptr);
+    /// Takes the previews that are still open away with it.
+    ~FormStandardUse() override;
+
+    /// Shows what a standard was used for.
+    void showUses(const QString& standard);
+    /// Reads what is shown from the database again.
+    void readAgain();
+    /// After log out: shows nothing, and closes the previews.
+    void forget();
+
+  Q_SIGNALS:
+    /// The user wants to see the history of an instrument.
+    void historyWanted(const QString& asset);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void layOut();
+    void setUpTable();
+    void connectControls();
+    /// Offers the standards of the database while one is typed.
+    void offerStandards();
+    /// Looks for what is typed.
+    void ask();
+    void tell(const QString& state, bool isAlarming);
+    void enableCommands();
+    void openHistory();
+    void save();
+    void print();
+    void closePreviews();
+
+    Session& session_;
+    QStringList layoutFolders_;
+    /// What the table shows; without a standard it shows nothing.
+    StandardUseList list_;
+    StandardUseModel* model_;
+    QStringListModel* standards_;
+    QList<QPointer<ReportPreview>> previews_;
+    bool areOffered_ = false;
+
+    QLineEdit* TextStandard;
+    QDateEdit* DateSince;
+    QPushButton* CommandShow;
+    QTableView* TableUses;
+    QLabel* LabelUses;
+    QLabel* LabelOutcome;
+    QPushButton* CommandHistory;
+    QPushButton* CommandCopy;
+    QPushButton* CommandSave;
+    QPushButton* CommandPrint;
+};
+
+} // namespace kelvane

@@ -1,0 +1,160 @@
+#include "records/form_unrecorded.h"
+
+#include "resources/text_id.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+#include "ui/whole_text.h"
+
+#include <QDir>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QShortcut>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr int widestColumn = 40; // characters
+
+constexpr TextId columnHeadings[] = {TextId::columnInstrument, TextId::columnCalibrated,
+                                     TextId::columnCalibrator, TextId::listTechnician, TextId::columnReason};
+
+QTreeWidgetItem* rowOf(const JournalEntry& entry) {
+    const auto calibrated = QString(entry.date + u' ' + entry.time).trimmed();
+    auto* row = new QTreeWidgetItem({entry.asset, calibrated, entry.calibrator, entry.user, entry.why});
+    for (int column = 0; column < row->columnCount(); ++column)
+        row->setToolTip(column, wholeTextTip(row->text(column)));
+    return row;
+}
+
+QLabel* changingLabel(const QString& name, TextId accessibleName) {
+    auto* made = label(name, accessibleName);
+    made->clear();
+    made->setWordWrap(true);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return made;
+}
+
+QStringList headings() {
+    QStringList headings;
+    for (const auto heading : columnHeadings)
+        headings << text(heading);
+    return headings;
+}
+
+} // namespace
+
+FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      folders_(folders),
+      LabelFound(changingLabel(u"LabelFound"_s, TextId::unrecordedTab)),
+      ListResults(nameControl(new QTreeWidget, u"ListResults"_s, text(TextId::unrecordedTip))),
+      Label2(nullptr),
+      ListReadings(nameControl(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings),
+                               TextId::resultReadingsTip)),
+      LabelJournal(changingLabel(u"LabelJournal"_s, TextId::unrecordedTab)),
+      CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)) {
+    setObjectName(u"FormUnrecorded"_s);
+    ListResults->setHeaderLabels(headings());
+    ListResults->setRootIsDecorated(false);
+    ListResults->setAllColumnsShowFocus(true);
+    ListResults->setAlternatingRowColors(true);
+    ListReadings->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    layOut();
+    connectGuarded(ListResults, &QTreeWidget::currentItemChanged, this, session.ui,
+                   [this] { showReadings(); });
+    connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session.ui, [this] { readAgain(); });
+    auto* again = new QShortcut(QKeySequence::Refresh, this);
+    again->setContext(Qt::WidgetWithChildrenShortcut);
+    connectGuarded(again, &QShortcut::activated, this, session.ui, [this] { readAgain(); });
+    forget();
+}
+
+void FormUnrecorded::layOut() {
+    Label2 = labelFor(ListReadings, u"Label2"_s, TextId::resultReadings);
+    auto* commands = new QHBoxLayout;
+    commands->addWidget(CommandReadAgain);
+    commands->addStretch(1);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(LabelFound);
+    column->addWidget(ListResults, 1);
+    column->addWidget(Label2);
+    column->addWidget(ListReadings, 1);
+    column->addWidget(LabelJournal);
+    column->addLayout(commands);
+    kelvane::setTabOrder({ListResults, ListReadings, CommandReadAgain});
+}
+
+/// The workstation may have made records meanwhile.
+void FormUnrecorded::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (session_.SessionConnected)
+        runGuarded(session_.ui, [this] { readAgain(); });
+}
+
+void FormUnrecorded::readAgain() {
+    const auto kept = keptResults(session_, folders_);
+    if (kept)
+        showResults(*kept);
+    else
+        // What was read stays, since the workstation may have it still.
+        LabelFound->setText(text(TextId::historyNotRead));
+}
+
+void FormUnrecorded::forget() {
+    entries_.clear();
+    ListResults->clear();
+    ListReadings->clear();
+    LabelFound->clear();
+    LabelJournal->clear();
+}
+
+void FormUnrecorded::showResults(const KeptResults& kept) {
+    const int before = ListResults->indexOfTopLevelItem(ListResults->currentItem());
+    const auto chosen = entries_.value(before).id;
+    entries_ = kept.unfinished;
+    QStringList found;
+    if (kept.exists)
+        found << (entries_.isEmpty() ? text(TextId::unrecordedNone)
+                                     : text(TextId::unrecordedFound).arg(entries_.size()));
+    else
+        found << text(TextId::packagesMade);
+    if (kept.unreadable > 0)
+        found << text(TextId::recordsViewMenu).arg(kept.unreadable);
+    LabelFound->setText(found.join(u'\n'));
+    LabelFound->setAccessibleName(LabelFound->text());
+    LabelJournal->setText(text(TextId::unrecordedJournal).arg(QDir::toNativeSeparators(kept.path)));
+
+    ListResults->clear();
+    for (const auto& entry : std::as_const(entries_))
+        ListResults->addTopLevelItem(rowOf(entry));
+    const int widest = widestColumn * fontMetrics().averageCharWidth();
+    for (int column = 0; column + 1 < ListResults->columnCount(); ++column) {
+        ListResults->resizeColumnToContents(column);
+        ListResults->setColumnWidth(column, std::min(ListResults->columnWidth(column), widest));
+    }
+    const auto& entries = std::as_const(entries_);
+    const auto same = std::ranges::find(entries, chosen, &JournalEntry::id);
+    const auto row = same == entries.cend() ? 0 : same - entries.cbegin();
+    ListResults->setCurrentItem(ListResults->topLevelItem(static_cast<int>(row)));
+    showReadings();
+}
+
+void FormUnrecorded::showReadings() {
+    ListReadings->clear();
+    const int row = ListResults->indexOfTopLevelItem(ListResults->currentItem());
+    if (row < 0 || row >= entries_.size())
+        return;
+    const auto& entry = entries_.at(row);
+    ListReadings->addItems(entry.lines.isEmpty() ? entry.readings : entry.lines);
+}
+
+} // namespace kelvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/journal/kept_results.h"
+
+#include <QWidget>
+
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QSplitter;
+class QTreeWidget;
+
+namespace kelvane {
+
+/// The results of this station's journal that have no calibration record: which they are, why, and their
+/// readings. It only looks; the workstation makes the records.
+class FormUnrecorded final : public QWidget {
+    Q_OBJECT
+  public:
+    /// The journal is looked for in these folders. The session has to outlive it.
+    FormUnrecorded(Session& session, const QStringList& folders, QWidget* parent = nullptr);
+
+    /// Reads the journal again.
+    void readAgain();
+    /// After log out: shows nothing.
+    void forget();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void layOut();
+    void showResults(const KeptResults& kept);
+    void showReadings();
+
+    Session& session_;
+    QStringList folders_;
+    QList<JournalEntry> entries_;
+
+    QLabel* LabelFound;
+    QTreeWidget* ListResults;
+    QLabel* Label2;
+    QListWidget* ListReadings;
+    QLabel* LabelJournal;
+    QPushButton* CommandReadAgain;
+};
+
+} // namespace kelvane

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QList>
+
+class QAbstractItemView;
+
+namespace kelvane {
+
+/// The rows of a view of which something is selected, from the top, each once. The selection's own
+/// `selectedRows` looks at each cell, which takes seconds for all rows of a large site.
+QList<int> selectedRows(const QAbstractItemView& view);
+
+} // namespace kelvane
