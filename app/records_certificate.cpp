@@ -1,6 +1,5 @@
 #include "app/records_certificate.h"
 
-#include "app/records_files.h"
 #include "data/history/instruments.h"
 #include "records/certificate_report.h"
 #include "reports/report_error.h"
@@ -43,7 +42,7 @@ qsizetype chosenOf(const QList<CalibrationRecord>& records, const RecordsRequest
 
 } // namespace
 
-bool writeCertificateFile(Session& session, const RecordsRequest& request) {
+bool writeCertificateFile(Session& session, const RecordsRequest& request, const QStringList& folders) {
     const auto instrument = instrumentOf(session, request.asset);
     if (!instrument)
         return false;
@@ -52,7 +51,7 @@ bool writeCertificateFile(Session& session, const RecordsRequest& request) {
         return false;
     const auto calibration = certifiedCalibration(*instrument, *records, chosenOf(*records, request));
     try {
-        writeCertificate(session, calibration, readCertificateForm(session, certificateLayout()),
+        writeCertificate(session, calibration, readCertificateForm(session, folders),
                          request.file);
     } catch (const ReportError& error) {
         throw ProgramAnswer{error.text().simplified(), 1};

@@ -10,8 +10,4 @@ namespace kelvane {
 /// are stored.
 void readNearestTemplate(Session& session, const QStringList& folders);
 
-/// The layout of certificates: "certificate.rpt" of the workstation's folder of this user, or the one that is
-/// installed.
-QString certificateLayout();
-
 } // namespace kelvane

@@ -67,8 +67,9 @@ void run(const RecordsRequest& request, const QString& start) {
     logIn(session, request);
     if (request.list == RecordsRequest::List::certificate) {
         chooseLanguage(settings, QLocale::system().uiLanguages());
-        readNearestTemplate(session, {start, userFolder()});
-        if (!writeCertificateFile(session, request))
+        const QStringList folders{start, userFolder()};
+        readNearestTemplate(session, folders);
+        if (!writeCertificateFile(session, request, folders))
             throw ProgramAnswer{operatorInterface.report, 1};
         return;
     }

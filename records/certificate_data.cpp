@@ -3,6 +3,7 @@
 #include "records/certificate_results.h"
 #include "records/certificate_standards.h"
 #include "records/lists.h"
+#include "records/report_parts.h"
 
 #include <QJsonArray>
 
@@ -132,13 +133,7 @@ QJsonObject certificateLabels() {
     QJsonObject values;
     for (const auto& label : labels)
         values[label.name] = text(label.text);
-    // The layout has the numbers of the pages; the words around them stand where the language has them.
-    const auto page = text(TextId::pageOfPages);
-    const auto number = page.indexOf(u"%1"_s);
-    const auto count = page.indexOf(u"%2"_s);
-    values["pageBefore"_L1] = page.left(number);
-    values["pageBetween"_L1] = page.mid(number + 2, count - number - 2);
-    values["pageBehind"_L1] = page.mid(count + 2);
+    addPageWords(values);
     return values;
 }
 

@@ -1,6 +1,7 @@
 #include "records/certificate_report.h"
 
 #include "records/certificate_data.h"
+#include "records/report_parts.h"
 #include "reports/report_pdf.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -19,8 +20,9 @@ std::optional<QPageSize::PageSizeId> paperOf(const QString& name) {
 
 } // namespace
 
-CertificateForm readCertificateForm(const Workstation& workstation, const QString& layoutPath) {
-    CertificateForm form{.layout = readLayout(layoutPath), .settings = certificateSettings(workstation)};
+CertificateForm readCertificateForm(const Workstation& workstation, const QStringList& folders) {
+    CertificateForm form{.layout = readLayout(siteLayout(u"certificate.rpt"_s, folders)),
+                         .settings = certificateSettings(workstation)};
     if (!form.layout.paper)
         form.layout.paper = paperOf(form.settings.paper);
     return form;

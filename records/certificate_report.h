@@ -13,9 +13,10 @@ struct CertificateForm {
     CertificateSettings settings;
 };
 
-/// Reads a layout file and the settings; the paper is that of the settings where the layout names none.
-/// Throws `ReportError` for a layout that can't be read.
-CertificateForm readCertificateForm(const Workstation& workstation, const QString& layoutPath);
+/// Reads the settings and the layout "certificate.rpt": that of the first of these folders that has one,
+/// otherwise the one that is installed. The paper is that of the settings where the layout names none. Throws
+/// `ReportError` for a layout that can't be read.
+CertificateForm readCertificateForm(const Workstation& workstation, const QStringList& folders);
 
 /// The certificate of a calibration.
 Report certificateReport(Session& session, const CertifiedCalibration& calibration,
