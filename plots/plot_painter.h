@@ -1,19 +1,21 @@
 #pragma once
 
 #include "plots/plot.h"
+#include "plots/plot_places.h"
 
 #include <QColor>
 #include <QFont>
-#include <QPointF>
 #include <QRectF>
 
+class QPaintDevice;
 class QPainter;
 
 namespace kelvane {
 
 /// What a plot is painted with. Series differ in marks and dashes, so that one colour is enough.
 struct PlotLooks {
-    /// Sized in points: the painter's device says how large that is.
+    /// Sized in points, by the resolution of the painter's device, or in pixels, which are units of the
+    /// painter's coordinates. All other lengths follow from its letters.
     QFont font = {};
     QColor background = Qt::white;
     QColor ink = Qt::black;
@@ -22,8 +24,12 @@ struct PlotLooks {
 };
 
 /// Paints a plot into `place`, in the painter's coordinates, with title, axes, legend and notes; a text that
-/// is wider than its place is shortened in its middle, and labels that would touch are left out. An empty
-/// plot shows its title and notes alone.
+/// is wider than its place is shortened in its middle, and labels that would touch are left out. A plot
+/// without a point that can be plotted shows its title and notes alone. Nothing is painted beside `place`.
 void paintPlot(QPainter& painter, const QRectF& place, const Plot& plot, const PlotLooks& looks);
+
+/// Where `paintPlot` paints on that device.
+PlotPlaces paintedPlaces(const QPaintDevice& device, const QRectF& place, const Plot& plot,
+                         const PlotLooks& looks);
 
 } // namespace kelvane

@@ -1,0 +1,45 @@
+#include "plots/plot_letters.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+double PlotLetters::widthOf(const QString& text) const {
+    return metrics_.horizontalAdvance(text.simplified());
+}
+
+QString PlotLetters::shortened(const QString& text, double width) const {
+    const auto shown = metrics_.elidedText(text.simplified(), Qt::ElideMiddle, width);
+    return widthOf(shown) <= width ? shown : QString();
+}
+
+QStringList PlotLetters::linesOf(const QString& sentence, double width) const {
+    QStringList lines;
+    QString line;
+    for (const auto& word : sentence.simplified().split(u' ')) {
+        const auto longer = line.isEmpty() ? word : line + u' ' + word;
+        if (line.isEmpty() || widthOf(longer) <= width) {
+            line = longer;
+            continue;
+        }
+        lines << shortened(line, width);
+        line = word;
+    }
+    return lines << shortened(line, width);
+}
+
+QStringList PlotLetters::linesOf(const QStringList& sentences, double width, qsizetype most) const {
+    QStringList lines;
+    for (const auto& sentence : sentences)
+        lines << linesOf(sentence, width);
+    if (lines.size() <= most)
+        return lines;
+    lines = lines.first(std::max<qsizetype>(most, 0));
+    if (!lines.isEmpty())
+        lines.last() = metrics_.elidedText(lines.last() + u" …"_s, Qt::ElideRight, width);
+    return lines;
+}
+
+} // namespace kelvane
