@@ -4,13 +4,16 @@
 #include "records/colors.h"
 #include "records/lists.h"
 #include "records/record_pane.h"
+#include "records/record_pictures.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -88,6 +91,8 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
       right_(new RecordPane(session, u"Right"_s)),
       TableDetails(readingTable(u"TableDetails"_s, TextId::historyDetailsTip,
                                 {text(TextId::historyDetails), QString(), QString()})),
+      pictures_(new RecordPictures(session, instrument.asset)),
+      parts_(tabControl(u"TabsHistory"_s, TextId::recordsHistory)),
       splitter_(new QSplitter(Qt::Vertical)) {
     setObjectName(u"FormHistory"_s);
     LabelInstrument->setText(instrumentCaption(instrument));
@@ -117,18 +122,21 @@ void FormHistory::layOut() {
     sides->addWidget(right_);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});
-    auto* points = new QWidget;
-    auto* pointColumn = new QVBoxLayout(points);
-    pointColumn->setContentsMargins(0, 0, 0, 0);
-    pointColumn->addLayout(comparing);
-    pointColumn->addWidget(sides, 1);
+    parts_->addTab(sides, text(TextId::listResultLines));
+    parts_->addTab(TableDetails, text(TextId::historyDetails));
+    parts_->setTabToolTip(parts_->addTab(pictures_, text(TextId::picturesTab)), text(TextId::picturesTip));
+    // All parts show the two records that are compared.
+    auto* compared = new QWidget;
+    auto* comparedColumn = new QVBoxLayout(compared);
+    comparedColumn->setContentsMargins(0, 0, 0, 0);
+    comparedColumn->addLayout(comparing);
+    comparedColumn->addWidget(parts_, 1);
 
     splitter_->setChildrenCollapsible(false);
-    for (auto* part : {static_cast<QWidget*>(TableRecords), points, static_cast<QWidget*>(TableDetails)})
-        splitter_->addWidget(part);
+    splitter_->addWidget(TableRecords);
+    splitter_->addWidget(compared);
     splitter_->setStretchFactor(0, 2);
-    splitter_->setStretchFactor(1, 3);
-    splitter_->setStretchFactor(2, 2);
+    splitter_->setStretchFactor(1, 5);
     auto* column = new QVBoxLayout(this);
     column->addWidget(LabelInstrument);
     column->addWidget(LabelState);
@@ -177,6 +185,7 @@ void FormHistory::showRecords() {
         }
         TableRecords->resizeColumnsToContents();
         fillComparing();
+        pictures_->setRecords(records_);
     }
     if (!records_.isEmpty())
         TableRecords->setCurrentCell(0, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -208,6 +217,7 @@ void FormHistory::showChosen() {
     showPane(*left_, record, {});
     showPane(*right_, other, {});
     showDetails(record, other);
+    showErrors(record, other);
 }
 
 void FormHistory::showPair(qsizetype record) {
@@ -219,6 +229,7 @@ void FormHistory::showPair(qsizetype record) {
                                                           : TextId::historyNoAsLeft;
     showPane(*right_, pair.asLeft, text(missing));
     showDetails(pair.asFound, pair.asLeft);
+    showErrors(pair.asFound, pair.asLeft);
 }
 
 void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note) {
@@ -226,6 +237,15 @@ void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, co
         pane.showRecord(records_[*record]);
     else
         pane.showNote(note);
+}
+
+void FormHistory::showErrors(std::optional<qsizetype> left, std::optional<qsizetype> right) {
+    QList<qsizetype> chosen;
+    for (const auto& record : {left, right}) {
+        if (record && !chosen.contains(*record))
+            chosen << *record;
+    }
+    pictures_->setChosen(chosen);
 }
 
 /// What neither record says has no row. Where the two differ, their values are bold.

@@ -8,14 +8,16 @@
 class QComboBox;
 class QLabel;
 class QSplitter;
+class QTabWidget;
 class QTableWidget;
 
 namespace kelvane {
 
 class RecordPane;
+class RecordPictures;
 
 /// The records of an instrument, the newest first; the points of the chosen calibration as found and as left
-/// side by side, or of two records; and what else these records say.
+/// side by side, or of two records; what else these records say; and pictures of them.
 class FormHistory final : public QWidget {
     Q_OBJECT
   public:
@@ -39,6 +41,7 @@ class FormHistory final : public QWidget {
     void showPair(qsizetype record);
     void showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note);
     void showDetails(std::optional<qsizetype> left, std::optional<qsizetype> right);
+    void showErrors(std::optional<qsizetype> left, std::optional<qsizetype> right);
 
     Session& session_;
     InstrumentSummary instrument_;
@@ -51,6 +54,8 @@ class FormHistory final : public QWidget {
     RecordPane* left_;
     RecordPane* right_;
     QTableWidget* TableDetails;
+    RecordPictures* pictures_;
+    QTabWidget* parts_;
     QSplitter* splitter_;
 };
 

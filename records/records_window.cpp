@@ -4,6 +4,7 @@
 #include "platform/version.h"
 #include "records/form_history.h"
 #include "records/form_instruments.h"
+#include "records/form_pass_rate.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -33,6 +34,7 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
       environment_(std::move(environment)),
       tabs_(nameControl(new QTabWidget, u"TabsRecords"_s, text(TextId::recordsTitle))),
       instruments_(new FormInstruments(session)),
+      passRate_(new FormPassRate(session)),
       statusLine_(new StatusLine(session)) {
     setObjectName(u"RecordsWindow"_s);
     setWindowTitle(text(TextId::recordsTitle));
@@ -60,8 +62,11 @@ void RecordsWindow::buildTabs() {
     tabs_->tabBar()->setObjectName(u"qt_tabwidget_tabbar"_s);
     tabs_->tabBar()->setAccessibleName(text(TextId::recordsTitle));
     tabs_->addTab(instruments_, text(TextId::recordsInstruments));
-    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
-        tabs_->tabBar()->setTabButton(0, side, nullptr);
+    tabs_->setTabToolTip(tabs_->addTab(passRate_, text(TextId::passRateTab)), text(TextId::passRateTip));
+    for (int tab = 0; tab < tabs_->count(); ++tab) {
+        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+            tabs_->tabBar()->setTabButton(tab, side, nullptr);
+    }
     QObject::connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int tab) { closeTab(tab); });
 }
 
@@ -125,13 +130,15 @@ void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
 
 void RecordsWindow::readAll() {
     instruments_->readAgain();
-    for (int tab = 1; tab < tabs_->count(); ++tab)
-        static_cast<FormHistory*>(tabs_->widget(tab))->readAgain();
+    passRate_->readAgain();
+    for (auto* history : tabs_->findChildren<FormHistory*>())
+        history->readAgain();
 }
 
 void RecordsWindow::logOut() {
     closeHistories();
     instruments_->forget();
+    passRate_->forget();
     closeConnection(session_);
     session_.SessionConnected = false;
     isLoggedIn_ = false;
@@ -145,8 +152,9 @@ void RecordsWindow::closeHistories() {
 }
 
 void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
-    for (int tab = 1; tab < tabs_->count(); ++tab) {
-        if (static_cast<FormHistory*>(tabs_->widget(tab))->asset() == instrument.asset) {
+    for (auto* history : tabs_->findChildren<FormHistory*>()) {
+        const int tab = tabs_->indexOf(history);
+        if (tab >= 0 && history->asset() == instrument.asset) {
             tabs_->setCurrentIndex(tab);
             return;
         }
@@ -161,11 +169,11 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
     history->focusRecords();
 }
 
-/// The list stays.
+/// Only histories close.
 void RecordsWindow::closeTab(int tab) {
-    if (tab < 1)
+    auto* history = qobject_cast<FormHistory*>(tabs_->widget(tab));
+    if (history == nullptr)
         return;
-    auto* history = tabs_->widget(tab);
     tabs_->removeTab(tab);
     history->deleteLater();
     tabs_->currentWidget()->setFocus();

@@ -12,6 +12,7 @@ namespace kelvane {
 
 class FormHistory;
 class FormInstruments;
+class FormPassRate;
 class StatusLine;
 
 /// What the window of the records needs of the program around it.
@@ -21,8 +22,8 @@ struct RecordsEnvironment {
     std::function<void(QWidget* window)> showAbout;
 };
 
-/// The window of the records: a tab for the list of instruments, and one for each history that is open. It
-/// closes without a question, since nothing in it can be lost.
+/// The window of the records: a tab for the list of instruments, one for the pass rates, and one for each
+/// history that is open. It closes without a question, since nothing in it can be lost.
 class RecordsWindow final : public QMainWindow {
     Q_OBJECT
   public:
@@ -53,6 +54,7 @@ class RecordsWindow final : public QMainWindow {
     RecordsEnvironment environment_;
     QTabWidget* tabs_;
     FormInstruments* instruments_;
+    FormPassRate* passRate_;
     StatusLine* statusLine_;
     QAction* logOut_ = nullptr;
     /// From a login to log out, also while the connection is lost.
