@@ -12,20 +12,15 @@ namespace kelvane {
 
 namespace {
 
-constexpr qsizetype blockSize = 500;
-
 /// Nothing after an error that was reported.
 std::optional<InstrumentSummary> instrumentOf(Session& session, const QString& asset) {
-    InstrumentReader reader(session, {.filter = {.text = asset}});
-    while (!reader.isAtEnd()) {
-        const auto block = reader.next(blockSize);
-        const auto found = std::ranges::find(block, asset, &InstrumentSummary::asset);
-        if (found != block.cend())
-            return *found;
-    }
-    if (!reader.hasFailed())
+    InstrumentReader reader(session, {.filter = {.asset = asset}});
+    const auto found = reader.next(1);
+    if (reader.hasFailed())
+        return {};
+    if (found.isEmpty())
         throw ProgramAnswer{u"there is no asset %1"_s.arg(asset), 1};
-    return {};
+    return found.constFirst();
 }
 
 /// Where the record stands among those of the instrument: the one that is asked for, or the newest.
@@ -51,8 +46,7 @@ bool writeCertificateFile(Session& session, const RecordsRequest& request, const
         return false;
     const auto calibration = certifiedCalibration(*instrument, *records, chosenOf(*records, request));
     try {
-        writeCertificate(session, calibration, readCertificateForm(session, folders),
-                         request.file);
+        writeCertificate(session, calibration, readCertificateForm(session, folders), request.file);
     } catch (const ReportError& error) {
         throw ProgramAnswer{error.text().simplified(), 1};
     }

@@ -10,7 +10,6 @@ namespace kelvane {
 /// `QGuiApplication`. Throws `ProgramAnswer` with status 1 for an asset number that
 /// the inventory does not know, one without such a record, and a layout or a file that can't be used. False
 /// after an error that a routine has reported.
-bool writeCertificateFile(Session& session, const RecordsRequest& request,
-                          const QStringList& folders);
+bool writeCertificateFile(Session& session, const RecordsRequest& request, const QStringList& folders);
 
 } // namespace kelvane

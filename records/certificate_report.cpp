@@ -1,10 +1,13 @@
 #include "records/certificate_report.h"
 
 #include "records/certificate_data.h"
+#include "records/certificate_plot.h"
 #include "records/report_parts.h"
 #include "reports/report_pdf.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+
+#include <QJsonArray>
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +35,13 @@ Report certificateReport(Session& session, const CertifiedCalibration& calibrati
                          const CertificateForm& form) {
     ReportData data;
     data.values = certificateLabels();
-    data.add(certificateValues(session, calibration, form.settings));
+    auto values = certificateValues(session, calibration, form.settings);
+    ReportDrawings drawings;
+    if (auto plot = certificatePlot(session, calibration); !plot.isEmpty()) {
+        values["plots"_L1] = QJsonArray{QJsonObject()};
+        drawings.insert(u"errors"_s, plotDrawing(std::move(plot)));
+    }
+    data.add(values, drawings);
     return {form.layout, std::move(data)};
 }
 

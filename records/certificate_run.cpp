@@ -74,8 +74,8 @@ QString runText(const CertificateRun& run) {
     auto words = run.isEnded ? text(TextId::certificatesCancelled).arg(run.written).arg(run.wanted)
                              : text(TextId::certificatesWritten).arg(run.written);
     if (!run.failures.isEmpty())
-        words += u"\r\n\r\n"_s + text(TextId::certificatesNotWritten) + u"\r\n"_s +
-                 run.failures.join(u"\r\n"_s);
+        words +=
+            u"\r\n\r\n"_s + text(TextId::certificatesNotWritten) + u"\r\n"_s + run.failures.join(u"\r\n"_s);
     return words;
 }
 
