@@ -137,6 +137,7 @@ void FormHistory::layOut() {
     splitter_->addWidget(compared);
     splitter_->setStretchFactor(0, 2);
     splitter_->setStretchFactor(1, 5);
+    splitter_->setSizes({200, 500});
     auto* column = new QVBoxLayout(this);
     column->addWidget(LabelInstrument);
     column->addWidget(LabelState);

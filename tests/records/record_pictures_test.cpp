@@ -142,7 +142,8 @@ TEST_F(PicturesScreen, ShowTheDriftOfAPointThatTheKeyboardChooses) {
     ASSERT_EQ(plot().series.size(), 3);
     EXPECT_EQ(shown(plot().series[0]), (QStringList{u"20"_s, u"75"_s, u"120"_s, u"50"_s}));
     EXPECT_EQ(shown(plot().series[1]), QStringList(u"5"_s));
-    EXPECT_EQ(plot().notes.size(), 2);
+    ASSERT_EQ(plot().notes.size(), 3);
+    EXPECT_EQ(plot().notes[1], text(TextId::plotHasLeftLimits));
     choose(3);
     EXPECT_TRUE(plot().title.contains(u"20.000mA"_s)) << "of all records, whichever is chosen";
 }
@@ -207,6 +208,19 @@ TEST_F(PicturesScreen, AreReachedByTheKeyboard) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName(), name);
     }
+}
+
+TEST_F(PicturesScreen, FollowDarkColours) {
+    addDrift();
+    const auto before = QApplication::palette();
+    QApplication::setPalette(ownPalette(Colors::dark));
+    open();
+    pictures().setCurrentIndex(3);
+    const auto shown = form->grab();
+    EXPECT_TRUE(shown.save(QCoreApplication::applicationDirPath() + u"/../pictures/pictures-dark.png"_s));
+    const auto ground = control<PlotView>(*form, u"PlotErrors"_s).grab().toImage().pixelColor(2, 2);
+    EXPECT_LT(ground.lightness(), 100);
+    QApplication::setPalette(before);
 }
 
 TEST_F(PicturesScreen, LookWholeInEachSizeAndLanguage) {
