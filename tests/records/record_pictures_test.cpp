@@ -9,11 +9,13 @@
 #include "tests/records/looks.h"
 #include "tests/records/reading_session.h"
 #include "ui/colors.h"
+#include "ui/message_box.h"
 
 #include <QFile>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -198,6 +200,22 @@ TEST_F(PicturesScreen, TellTheMethodAndWhatItAssumes) {
     click(control<QPushButton>(*form, u"CommandMethod"_s));
     for (const auto& word : {u"ILAC-G24"_s, u"OIML D 10"_s, u"assumes"_s})
         EXPECT_TRUE(text(TextId::plotChoiceTip).contains(word)) << word.toStdString();
+}
+
+TEST_F(PicturesScreen, TellTheMethodInABoxThatAScreenHolds) {
+    for (const auto& language : {u"en"_s, u"de"_s}) {
+        const ShownIn shown(language);
+        QTimer::singleShot(0, qApp, [&] {
+            auto* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            EXPECT_LE(box->height(), 720);
+            EXPECT_LE(box->width(), 1080);
+            EXPECT_TRUE(box->grab().save(QCoreApplication::applicationDirPath() +
+                                         u"/../pictures/pictures-method-%1.png"_s.arg(language)));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        showMessageBox(nullptr, text(TextId::plotChoiceTip), text(TextId::plotMethod), box::information);
+    }
 }
 
 TEST_F(PicturesScreen, AreReachedByTheKeyboard) {
