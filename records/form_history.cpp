@@ -25,6 +25,9 @@ namespace kelvane {
 
 namespace {
 
+/// Pixels between the points and the frame around them.
+constexpr int margin = 6;
+
 constexpr TextId listedTitles[] = {
     TextId::listDate,       TextId::listTime,         TextId::listState,          TextId::listResult,
     TextId::listTechnician, TextId::listFailedPoints, TextId::listMarginalPoints, TextId::listResultLines,
@@ -120,6 +123,7 @@ void FormHistory::layOut() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    sides->setContentsMargins(margin, margin, margin, margin);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});
     parts_->addTab(sides, text(TextId::listResultLines));
