@@ -1,9 +1,11 @@
 #include "plots/plot_files.h"
 
+#include "plots/plot_letters.h"
 #include "plots/plot_painter.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
@@ -44,32 +46,43 @@ bool paintOn(QPaintDevice& device, const Plot& plot, const QSizeF& size) {
     return painter.end();
 }
 
-bool writeScalable(QIODevice& file, const Plot& plot) {
+/// The title and the sentences, for programs that read a picture aloud or look for it. The toolkit would
+/// write them as they are, whatever characters they have.
+QByteArray describedIn(const Plot& plot) {
+    const auto title = plotLine(plot.title).toHtmlEscaped();
+    const auto description = plotLine(plot.notes.join(u' ')).toHtmlEscaped();
+    return u"\n<title>%1</title>\n<desc>%2</desc>"_s.arg(title, description).toUtf8();
+}
+
+bool paintScalable(QBuffer& file, const Plot& plot) {
     const auto size = sizeAt(unitsPerInch);
     QSvgGenerator picture;
     picture.setOutputDevice(&file);
     picture.setResolution(unitsPerInch);
     picture.setSize(size);
     picture.setViewBox(QRect(QPoint(), size));
-    picture.setTitle(plot.title);
-    picture.setDescription(plot.notes.join(u'\n'));
-    return paintOn(picture, plot, size);
+    picture.setTitle({});
+    picture.setDescription({});
+    if (!paintOn(picture, plot, size))
+        return false;
+    auto& content = file.buffer();
+    content.insert(content.indexOf('>', content.indexOf("<svg")) + 1, describedIn(plot));
+    return true;
 }
 
-bool writeDots(QIODevice& file, const Plot& plot) {
+bool paintDots(QBuffer& file, const Plot& plot) {
     QImage picture(sizeAt(dotsPerInch), QImage::Format_RGB32);
-    picture.fill(Qt::white);
     const auto dotsPerMetre = qRound(dotsPerInch / millimetresPerInch * 1000);
     picture.setDotsPerMeterX(dotsPerMetre);
     picture.setDotsPerMeterY(dotsPerMetre);
     return paintOn(picture, plot, picture.size()) && picture.save(&file, "PNG");
 }
 
-bool writeDocument(QIODevice& file, const Plot& plot) {
+bool paintDocument(QBuffer& file, const Plot& plot) {
     QPdfWriter document(&file);
     document.setResolution(unitsPerInch);
     document.setPageLayout({QPageSize(sizeInMillimetres, QPageSize::Millimeter), QPageLayout::Portrait, {}});
-    document.setTitle(plot.title);
+    document.setTitle(plotLine(plot.title));
     document.setCreator(text(TextId::applicationName));
     return paintOn(document, plot, sizeAt(unitsPerInch));
 }
@@ -77,13 +90,13 @@ bool writeDocument(QIODevice& file, const Plot& plot) {
 struct Form {
     QStringView suffix;
     TextId filter;
-    bool (*write)(QIODevice& file, const Plot& plot);
+    bool (*paint)(QBuffer& file, const Plot& plot);
 };
 
 constexpr Form forms[] = {
-    {u"svg", TextId::plotSvg, writeScalable},
-    {u"png", TextId::plotPng, writeDots},
-    {u"pdf", TextId::plotPdf, writeDocument},
+    {u"svg", TextId::plotSvg, paintScalable},
+    {u"png", TextId::plotPng, paintDots},
+    {u"pdf", TextId::plotPdf, paintDocument},
 };
 
 const Form& formOf(const QString& path) {
@@ -95,8 +108,12 @@ const Form& formOf(const QString& path) {
 } // namespace
 
 QString savePlot(const Plot& plot, const QString& path) {
+    // In memory first: not every writer of the toolkit says when a file does not take what it writes.
+    QBuffer painted;
+    painted.open(QIODevice::WriteOnly);
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && formOf(path).write(file, plot) && file.commit())
+    if (formOf(path).paint(painted, plot) && file.open(QIODevice::WriteOnly) &&
+        file.write(painted.data()) == painted.size() && file.commit())
         return {};
     return text(TextId::plotNotSaved).arg(QDir::toNativeSeparators(path) + u": "_s + file.errorString());
 }

@@ -6,19 +6,28 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+QString plotLine(const QString& text) {
+    QString line;
+    for (const auto character : text.simplified().toUcs4()) { // half a character becomes U+FFFD
+        if (QChar::category(character) != QChar::Other_Control && !QChar::isNonCharacter(character))
+            line += QChar::fromUcs4(character);
+    }
+    return line.simplified();
+}
+
 double PlotLetters::widthOf(const QString& text) const {
-    return metrics_.horizontalAdvance(text.simplified());
+    return metrics_.horizontalAdvance(plotLine(text));
 }
 
 QString PlotLetters::shortened(const QString& text, double width) const {
-    const auto shown = metrics_.elidedText(text.simplified(), Qt::ElideMiddle, width);
+    const auto shown = metrics_.elidedText(plotLine(text), Qt::ElideMiddle, width);
     return widthOf(shown) <= width ? shown : QString();
 }
 
 QStringList PlotLetters::linesOf(const QString& sentence, double width) const {
     QStringList lines;
     QString line;
-    for (const auto& word : sentence.simplified().split(u' ')) {
+    for (const auto& word : plotLine(sentence).split(u' ')) {
         const auto longer = line.isEmpty() ? word : line + u' ' + word;
         if (line.isEmpty() || widthOf(longer) <= width) {
             line = longer;

@@ -5,6 +5,9 @@
 
 namespace kelvane {
 
+/// A text without line ends, and without characters that are no letters and that a file may not hold.
+QString plotLine(const QString& text);
+
 /// The letters of a plot on its device, from which all other lengths follow.
 class PlotLetters {
   public:

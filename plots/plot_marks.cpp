@@ -54,8 +54,13 @@ void PlotPens::drawLine(QPainter& painter, qsizetype series, const QList<QPolygo
         pen.setDashPattern({5, 3});
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
-    for (const auto& piece : pieces)
-        painter.drawPolyline(piece);
+    // The time that a device takes for one long line grows with the square of its points.
+    constexpr int mostPoints = 200;
+    for (const auto& piece : pieces) {
+        for (qsizetype first = 0; first < std::max<qsizetype>(piece.size() - 1, 1); first += mostPoints - 1)
+            painter.drawPolyline(piece.constData() + first,
+                                 static_cast<int>(std::min<qsizetype>(mostPoints, piece.size() - first)));
+    }
 }
 
 void PlotPens::drawMark(QPainter& painter, qsizetype series, const QPointF& place) const {

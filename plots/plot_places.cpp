@@ -363,7 +363,7 @@ double PlotPlaces::positionOfY(double value) const {
 }
 
 QPointF PlotPlaces::positionOf(qsizetype series, const PlotPoint& point) const {
-    return {positionOfX(point.x) + barOffsets[series].value_or(0), positionOfY(point.y)};
+    return {positionOfX(point.x) + barOffsets.value(series).value_or(0), positionOfY(point.y)};
 }
 
 QRectF PlotPlaces::barOf(qsizetype series, const PlotPoint& point) const {

@@ -42,17 +42,18 @@ struct Extent {
     }
 };
 
-/// Equal values, and those that differ by rounding alone, get a range around them.
-void widen(Extent& extent, PlotScale scale) {
+/// Equal values, and those that differ by rounding alone, get a range around them; false for others.
+bool widen(Extent& extent, PlotScale scale) {
     const auto largest = std::max(std::abs(extent.least), std::abs(extent.most));
     const auto least = scale == PlotScale::days ? 2.0 : std::max(largest * leastShare, 1 / largestPlotted);
     if (extent.most - extent.least >= least)
-        return;
+        return false;
     const auto middle = extent.least / 2 + extent.most / 2;
     auto half = 1.0;
     if (scale != PlotScale::days && largest > 1 / largestPlotted)
         half = std::max(largest * 0.1, 2 / largestPlotted);
     extent = {middle - half, middle + half};
+    return true;
 }
 
 std::optional<double> usable(std::optional<double> bound) {
@@ -70,9 +71,8 @@ PlotRange rangeOf(const PlotAxis& axis, Extent values) {
     }
     if (whole.isEmpty())
         whole = {0, 1};
-    const bool isEqual = !(whole.least < whole.most);
-    widen(whole, axis.scale);
-    const auto added = !isEqual ? whole.most * room - whole.least * room : 0;
+    const bool hasRoom = widen(whole, axis.scale);
+    const auto added = !hasRoom ? whole.most * room - whole.least * room : 0;
     return {least && *least <= values.least ? whole.least : whole.least - added,
             most && *most >= values.most ? whole.most : whole.most + added};
 }

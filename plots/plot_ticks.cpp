@@ -128,9 +128,9 @@ QList<PlotTick> ticksOf(const DayStep& step, const PlotRange& range, int most) {
     for (auto count = first; ticks.size() <= most; ++count) {
         const auto date = dateOfStep(step, count);
         const auto day = static_cast<double>(date.toJulianDay());
-        if (!date.isValid() || day > range.most)
+        if (day > range.most)
             break;
-        if (day >= range.least)
+        if (date.isValid() && day >= range.least) // there is no year 0
             ticks << PlotTick{day, formatMoment({date, {}}, formatOf(step.unit))};
     }
     return ticks;

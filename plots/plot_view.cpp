@@ -88,7 +88,10 @@ PlotPlaces PlotView::places() const {
 }
 
 QPointF PlotView::positionOf(const PlotPlace& place) const {
-    return places().positionOf(place.series, plot_.series[place.series].points[place.point]);
+    const auto all = places();
+    if (all.area.isEmpty())
+        return rect().center();
+    return all.positionOf(place.series, plot_.series[place.series].points[place.point]);
 }
 
 std::optional<PlotPlace> PlotView::pointNear(const QPointF& position) const {
@@ -206,7 +209,7 @@ void PlotView::drawMarkedPoint(QPainter& painter) const {
         return;
     const auto radius = PlotLetters(QFontMetricsF(font(), this)).mark();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), radius / 3));
+    painter.setPen(QPen(palette().color(QPalette::Text), radius / 3));
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(positionOf(*marked), radius, radius);
 }

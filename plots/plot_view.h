@@ -21,7 +21,7 @@ class PlotView final : public QWidget {
 
     /// The point that is marked, the pointer's before that of the keyboard.
     std::optional<PlotPlace> markedPoint() const { return hovered_ ? hovered_ : chosen_; }
-    /// Where a point stands in the widget.
+    /// Where a point stands in the widget; its middle while it is too small to show points.
     QPointF positionOf(const PlotPlace& place) const;
 
     /// The colours of the series, in turn.

@@ -26,6 +26,9 @@ namespace kelvane {
 
 namespace {
 
+/// Pixels between the points and the frame around them.
+constexpr int margin = 6;
+
 constexpr TextId listedTitles[] = {
     TextId::listDate,       TextId::listTime,         TextId::listState,          TextId::listResult,
     TextId::listTechnician, TextId::listFailedPoints, TextId::listMarginalPoints, TextId::listResultLines,
@@ -128,6 +131,7 @@ void FormHistory::layOut() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    sides->setContentsMargins(margin, margin, margin, margin);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});
     parts_->addTab(sides, text(TextId::listResultLines));
@@ -145,6 +149,7 @@ void FormHistory::layOut() {
     splitter_->addWidget(compared);
     splitter_->setStretchFactor(0, 2);
     splitter_->setStretchFactor(1, 5);
+    splitter_->setSizes({200, 500});
     auto* column = new QVBoxLayout(this);
     column->addWidget(LabelInstrument);
     column->addWidget(LabelState);

@@ -11,6 +11,7 @@
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTableWidget>
@@ -24,6 +25,8 @@ namespace {
 
 constexpr TextId kindNames[] = {TextId::passRateMonth, TextId::passRateModel, TextId::passRateGroup};
 constexpr int columnCount = 3;
+/// Pixels that the table takes of the picture at the most; beyond that it scrolls.
+constexpr int widestTable = 400;
 
 QStringList kindRows() {
     QStringList rows;
@@ -43,7 +46,6 @@ QTableWidget* ratesTable() {
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
     table->horizontalHeader()->setHighlightSections(false);
-    table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return table;
 }
@@ -149,7 +151,7 @@ void FormPassRate::showTable() {
     const auto kind = static_cast<PassRateKind>(ComboBy->currentIndex());
     const auto named = passRatesBy(rates_.value_or(PassRates()), kind);
     TableRates->setHorizontalHeaderLabels(
-        {text(kindNames[ComboBy->currentIndex()]), text(TextId::passRateAxis), text(TextId::historyRecords)});
+        {text(kindNames[ComboBy->currentIndex()]), u"%"_s, text(TextId::historyRecords)});
     TableRates->setRowCount(static_cast<int>(named.size()));
     for (int row = 0; row < TableRates->rowCount(); ++row) {
         const auto& [name, rate] = named[row];
@@ -159,7 +161,13 @@ void FormPassRate::showTable() {
         for (int column = 0; column < columnCount; ++column)
             TableRates->setItem(row, column, new QTableWidgetItem(cells[column]));
     }
+    auto* header = TableRates->horizontalHeader();
+    header->setStretchLastSection(false);
     TableRates->resizeColumnsToContents();
+    const int needed =
+        header->length() + TableRates->verticalScrollBar()->sizeHint().width() + 2 * TableRates->frameWidth();
+    TableRates->setMinimumWidth(qMin(needed, widestTable));
+    header->setStretchLastSection(true);
 }
 
 } // namespace kelvane

@@ -76,6 +76,9 @@ Plot passRatePlot(const PassRates& rates, PassRateKind kind) {
     const auto named = shown.isTime ? passRatesBy(rates, kind) : joinSmallest(passRatesBy(rates, kind));
     Plot plot;
     plot.title = text(TextId::passRateTab);
+    if (rates.since.isValid())
+        plot.title +=
+            u", %1 – %2"_s.arg(rates.since.toString(Qt::ISODate), rates.until.toString(Qt::ISODate));
     plot.x = {text(shown.name), PlotScale::names, {}, {}, {}};
     plot.y = {text(TextId::passRateAxis), PlotScale::numbers, {}, 0, 100};
     PlotSeries bars;

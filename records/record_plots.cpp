@@ -99,7 +99,15 @@ class DriftPicture {
         if (!drift_.line)
             return {text(TextId::plotNotEnough).arg(drift_.days).arg(drift_.daysNeeded)};
         const auto& line = *drift_.line;
-        QStringList sentences{outlook(line)};
+        QStringList sentences;
+        if (line.leaving.isValid())
+            sentences << text(TextId::plotLeavesLimits).arg(line.leaving.toString(Qt::ISODate));
+        if (line.outlook == DriftOutlook::stays)
+            sentences << text(TextId::plotStaysInLimits).arg(line.horizon);
+        else if (line.outlook == DriftOutlook::hasLeft)
+            sentences << text(TextId::plotHasLeftLimits);
+        else if (line.outlook == DriftOutlook::unknown)
+            sentences << text(TextId::plotDateAxis);
         if (line.intervalKept && *line.intervalKept > 0)
             sentences << text(TextId::plotIntervalKept).arg(*line.intervalKept).arg(line.horizon);
         else if (line.intervalKept)
@@ -143,23 +151,9 @@ class DriftPicture {
 
     /// The line is drawn to where it leaves the limits, or as far as it is looked ahead.
     static qint64 daysAhead(const DriftLine& line, const QDate& last) {
-        if (line.outlook == DriftOutlook::leaves)
+        if (line.leaving.isValid())
             return last.daysTo(line.leaving);
         return line.outlook == DriftOutlook::stays ? line.horizon : 0;
-    }
-
-    static QString outlook(const DriftLine& line) {
-        switch (line.outlook) {
-        case DriftOutlook::leaves:
-            return text(TextId::plotLeavesLimits).arg(line.leaving.toString(Qt::ISODate));
-        case DriftOutlook::stays:
-            return text(TextId::plotStaysInLimits).arg(line.horizon);
-        case DriftOutlook::hasLeft:
-            return text(TextId::plotHasLeftLimits);
-        case DriftOutlook::unknown:
-            break;
-        }
-        return text(TextId::plotDateAxis);
     }
 
     const QList<CalibrationRecord>& records_;
@@ -170,7 +164,8 @@ class DriftPicture {
 } // namespace
 
 QString pointName(const InstrumentPoint& point) {
-    return point.occurrence == 1 ? point.nominal : u"%1 (%2)"_s.arg(point.nominal).arg(point.occurrence);
+    return point.occurrence == 1 ? point.nominal
+                                 : u"%1 (%2)"_s.arg(point.nominal, QString::number(point.occurrence));
 }
 
 Plot errorPlot(Session& session, const QString& asset, const QList<CalibrationRecord>& records) {

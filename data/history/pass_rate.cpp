@@ -24,7 +24,10 @@ QString monthOf(const QDate& date) {
 
 class Counts {
   public:
-    Counts(const QDate& since, const QDate& today) : since_(since), today_(today) {}
+    Counts(const QDate& since, const QDate& today) {
+        rates_.since = since;
+        rates_.until = today;
+    }
 
     /// The columns come in their order.
     void add(RecordSet& row) {
@@ -37,9 +40,9 @@ class Counts {
             return;
         if (!date.isValid())
             ++rates_.undated;
-        else if (date < since_)
+        else if (date < rates_.since)
             return;
-        else if (date > today_)
+        else if (date > rates_.until)
             ++rates_.inFuture;
         else if (run == CalibrationRun::other)
             ++rates_.otherState;
@@ -65,8 +68,6 @@ class Counts {
             ++(hasPassed ? rate->passed : rate->failed);
     }
 
-    QDate since_;
-    QDate today_;
     QDate first_;
     QDate last_;
     PassRates rates_;

@@ -21,6 +21,9 @@ struct PassRate {
 
 /// The pass rates of a time, and the records that had to be left out.
 struct PassRates {
+    /// The first and the last day that is counted.
+    QDate since = {};
+    QDate until = {};
     PassRate all = {};
     /// By months as "2026-03"; the months between the first and the last one are all there.
     QMap<QString, PassRate> byMonth = {};

@@ -9,7 +9,8 @@ namespace kelvane {
 
 namespace {
 
-constexpr double limit = 100;
+/// Percent of the tolerance, with what rounding may add to a line that comes to a limit exactly.
+constexpr double limit = 100 + 1e-6;
 constexpr double daysOfYear = 365.25;
 constexpr qint64 longestHorizon = 3652;
 

@@ -38,7 +38,7 @@ struct DriftLine {
     QList<std::pair<double, double>> ends = {};
 
     DriftOutlook outlook = DriftOutlook::unknown;
-    /// Of `leaves`.
+    /// The first day beyond a limit, of `leaves` and of a line that has left since the last record.
     QDate leaving = {};
     /// So many days the outlook looks ahead from the last record: what the records span, ten years at most.
     qint64 horizon = 0;

@@ -68,6 +68,7 @@ const QList<Painted>& PaintedDevice::painted() const {
 }
 
 int PaintedDevice::metric(PaintDeviceMetric metric) const {
+    constexpr int inches = 100;
     switch (metric) {
     case PdmDpiX:
     case PdmDpiY:
@@ -76,9 +77,18 @@ int PaintedDevice::metric(PaintDeviceMetric metric) const {
         return dotsPerInch_;
     case PdmWidth:
     case PdmHeight:
-        return 100 * dotsPerInch_;
+        return inches * dotsPerInch_;
+    case PdmWidthMM:
+    case PdmHeightMM:
+        return qRound(inches * 25.4);
+    case PdmDepth:
+        return 24;
+    case PdmNumColors:
+        return 1 << 24;
+    case PdmDevicePixelRatioScaled:
+        return qRound(devicePixelRatioFScale());
     default:
-        return QPaintDevice::metric(metric);
+        return 1;
     }
 }
 

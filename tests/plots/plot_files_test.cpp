@@ -35,7 +35,7 @@ QStringList textElements(const QByteArray& picture) {
     while (!reader.atEnd()) {
         reader.readNext();
         if (reader.isStartElement() && reader.name() == "text"_L1)
-            texts << reader.readElementText().trimmed();
+            texts << reader.readElementText().remove(u'\n');
     }
     EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
     return texts;
@@ -46,11 +46,14 @@ QStringList textElements(const QByteArray& picture) {
 TEST_F(PlotFiles, OfAScalablePictureHoldTheTextsAsTexts) {
     auto plot = errorPlot();
     plot.title = u"Druck <Ω> & mehr"_s;
+    plot.notes = {u"a < b & c\u0001\uffff"_s};
     ASSERT_EQ(savePlot(plot, u"plot.svg"_s), QString());
-    const auto texts = textElements(contentOf(u"plot.svg"_s));
-    for (const auto& text : {plot.title, plot.x.title, plot.y.title, plot.notes[0], u"as found"_s,
+    // Letters of another alphabet are an element of their own.
+    const auto texts = textElements(contentOf(u"plot.svg"_s)).join(QString());
+    for (const auto& text : {plot.title, plot.x.title, plot.y.title, u"a < b & c"_s, u"as found"_s,
                              u"as left"_s, u"limits"_s, u"-50"_s})
         EXPECT_TRUE(texts.contains(text)) << text.toStdString();
+    EXPECT_FALSE(texts.contains(QChar(0xffff)));
     EXPECT_EQ(files(), QStringList(u"plot.svg"_s));
 }
 
@@ -65,6 +68,9 @@ TEST_F(PlotFiles, OfAScalablePictureHaveItsSizeAndTitle) {
     ASSERT_TRUE(reader.readNextStartElement());
     EXPECT_EQ(reader.name(), u"title"_s);
     EXPECT_EQ(reader.readElementText(), plot.title);
+    ASSERT_TRUE(reader.readNextStartElement());
+    EXPECT_EQ(reader.name(), u"desc"_s);
+    EXPECT_EQ(reader.readElementText(), plot.notes[0]);
 }
 
 TEST_F(PlotFiles, OfAnyEndButThoseOfTheOthersAreScalable) {

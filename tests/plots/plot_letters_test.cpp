@@ -18,6 +18,12 @@ class PlotLetterWidths : public ::testing::Test {
 
 } // namespace
 
+TEST(PlotLines, HoldNoCharactersThatAFileMayNotHold) {
+    EXPECT_EQ(plotLine(u" one\n two\t\u0001\u001b\uffff "_s), u"one two"_s);
+    EXPECT_EQ(plotLine(u"Ω 温度 \U0001f600 e\u0301"_s), u"Ω 温度 \U0001f600 e\u0301"_s);
+    EXPECT_EQ(plotLine(u"a"_s + QChar(0xd800) + u'b'), u"a\ufffdb"_s);
+}
+
 TEST_F(PlotLetterWidths, GrowWithTheResolution) {
     const PaintedDevice fine(192);
     const PlotLetters larger{QFontMetricsF(testLooks().font, &fine)};

@@ -114,4 +114,25 @@ TEST_F(PlotMarks, ShowALineAsItIsDashed) {
     EXPECT_EQ(line(2).constFirst().pen.style(), Qt::SolidLine);
 }
 
+TEST_F(PlotMarks, PaintALongLineWithoutAGap) {
+    plot.series << PlotSeries{};
+    for (const int count : {2, 200, 201, 399, 1000}) {
+        QPolygonF piece;
+        for (int index = 0; index < count; ++index)
+            piece << QPointF(index, index % 7);
+        const auto lines =
+            drawn([&](const PlotPens& pens, QPainter& painter) { pens.drawLine(painter, 0, {piece}); });
+        QPolygonF joined;
+        for (const auto& line : lines) {
+            ASSERT_GE(line.points.size(), 2);
+            if (!joined.isEmpty()) {
+                EXPECT_EQ(joined.last(), line.points.first());
+                joined.removeLast();
+            }
+            joined << line.points;
+        }
+        EXPECT_EQ(joined, piece);
+    }
+}
+
 } // namespace kelvane::testing

@@ -46,6 +46,15 @@ TEST(PassRatePlots, HaveABarForEachMonthWithRecords) {
     EXPECT_TRUE(plot.notes.isEmpty());
 }
 
+TEST(PassRatePlots, SayWhichDaysAreCounted) {
+    auto rates = someRates();
+    EXPECT_EQ(passRatePlot(rates, PassRateKind::month).title, text(TextId::passRateTab));
+    rates.since = QDate(2025, 3, 18);
+    rates.until = QDate(2026, 3, 18);
+    EXPECT_EQ(passRatePlot(rates, PassRateKind::month).title,
+              text(TextId::passRateTab) + u", 2025-03-18 – 2026-03-18"_s);
+}
+
 TEST(PassRatePlots, NameWhatHasNoModelInWords) {
     EXPECT_EQ(passRatePlot(someRates(), PassRateKind::model).x.names,
               (QStringList{text(TextId::notStated), u"P100"_s}));

@@ -9,11 +9,13 @@
 #include "tests/records/looks.h"
 #include "tests/records/reading_session.h"
 #include "ui/colors.h"
+#include "ui/message_box.h"
 
 #include <QFile>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -142,7 +144,8 @@ TEST_F(PicturesScreen, ShowTheDriftOfAPointThatTheKeyboardChooses) {
     ASSERT_EQ(plot().series.size(), 3);
     EXPECT_EQ(shown(plot().series[0]), (QStringList{u"20"_s, u"75"_s, u"120"_s, u"50"_s}));
     EXPECT_EQ(shown(plot().series[1]), QStringList(u"5"_s));
-    EXPECT_EQ(plot().notes.size(), 2);
+    ASSERT_EQ(plot().notes.size(), 3);
+    EXPECT_EQ(plot().notes[1], text(TextId::plotHasLeftLimits));
     choose(3);
     EXPECT_TRUE(plot().title.contains(u"20.000mA"_s)) << "of all records, whichever is chosen";
 }
@@ -199,6 +202,22 @@ TEST_F(PicturesScreen, TellTheMethodAndWhatItAssumes) {
         EXPECT_TRUE(text(TextId::plotChoiceTip).contains(word)) << word.toStdString();
 }
 
+TEST_F(PicturesScreen, TellTheMethodInABoxThatAScreenHolds) {
+    for (const auto& language : {u"en"_s, u"de"_s}) {
+        const ShownIn shown(language);
+        QTimer::singleShot(0, qApp, [&] {
+            auto* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            EXPECT_LE(box->height(), 720);
+            EXPECT_LE(box->width(), 1080);
+            EXPECT_TRUE(box->grab().save(QCoreApplication::applicationDirPath() +
+                                         u"/../pictures/pictures-method-%1.png"_s.arg(language)));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        showMessageBox(nullptr, text(TextId::plotChoiceTip), text(TextId::plotMethod), box::information);
+    }
+}
+
 TEST_F(PicturesScreen, AreReachedByTheKeyboard) {
     addDrift();
     open();
@@ -207,6 +226,19 @@ TEST_F(PicturesScreen, AreReachedByTheKeyboard) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget()->objectName(), name);
     }
+}
+
+TEST_F(PicturesScreen, FollowDarkColours) {
+    addDrift();
+    const auto before = QApplication::palette();
+    QApplication::setPalette(ownPalette(Colors::dark));
+    open();
+    pictures().setCurrentIndex(3);
+    const auto shown = form->grab();
+    EXPECT_TRUE(shown.save(QCoreApplication::applicationDirPath() + u"/../pictures/pictures-dark.png"_s));
+    const auto ground = control<PlotView>(*form, u"PlotErrors"_s).grab().toImage().pixelColor(2, 2);
+    EXPECT_LT(ground.lightness(), 100);
+    QApplication::setPalette(before);
 }
 
 TEST_F(PicturesScreen, LookWholeInEachSizeAndLanguage) {

@@ -170,6 +170,16 @@ TEST_F(RecordPlots, OfDriftTellThatTheLineStaysOrHasLeft) {
     EXPECT_EQ(out.series[2].points.size(), 2);
 }
 
+TEST_F(RecordPlots, OfDriftTellTheDayOnWhichTheLineHasLeft) {
+    const auto plot =
+        drift({off(u"2025-03-01"_s, u"FOUND-LEFT"_s, 75), off(u"2024-03-01"_s, u"FOUND-LEFT"_s, 50),
+               off(u"2023-03-02"_s, u"FOUND-LEFT"_s, 25), off(u"2022-03-02"_s, u"FOUND-LEFT"_s, 0)});
+    // A quarter of the tolerance in each of the 365 days.
+    EXPECT_EQ(plot.notes.first(2), (QStringList{text(TextId::plotLeavesLimits).arg(u"2026-03-02"_s),
+                                                text(TextId::plotHasLeftLimits)}));
+    EXPECT_EQ(plot.series[2].points.constLast().x, static_cast<double>(QDate(2026, 3, 2).toJulianDay()));
+}
+
 TEST_F(RecordPlots, OfDriftTellThatTheWayItWasLeftIsUnknown) {
     const auto plot =
         drift({off(u"2026-03-01"_s, u"AS-FOUND"_s, 125), off(u"2025-03-01"_s, u"FOUND-LEFT"_s, 75),

@@ -56,6 +56,8 @@ TEST_F(PassRateOfRows, CountsRecordsAsFoundByMonthModelAndGroup) {
     EXPECT_EQ(shown(rates.byMonth), u"2025-11 1/2, 2025-12 0/0, 2026-01 0/0, 2026-02 1/1, 2026-03 0/1"_s);
     EXPECT_EQ(shown(rates.byModel), u"P100 2/3, P300 0/1"_s);
     EXPECT_EQ(shown(rates.byGroup), u"PROD 1/3, UTIL 1/1"_s);
+    EXPECT_EQ(rates.since, QDate(2025, 3, 18));
+    EXPECT_EQ(rates.until, QDate(2026, 3, 18));
     EXPECT_EQ(rates.all.passed, 2);
     EXPECT_EQ(rates.all.failed, 2);
     EXPECT_EQ(rates.undated + rates.inFuture + rates.otherState + rates.otherResult, 0);
