@@ -8,12 +8,14 @@ namespace kelvane {
 
 namespace {
 
+const auto certificateOption = u"certificate"_s;
 const auto csvOption = u"csv"_s;
 const auto dataSourceOption = u"data-source"_s;
 const auto dueOption = u"due"_s;
 const auto historyOption = u"history"_s;
 const auto outOption = u"out"_s;
 const auto overdueOption = u"overdue"_s;
+const auto recordOption = u"record"_s;
 const auto separatorOption = u"separator"_s;
 const auto sinceOption = u"since"_s;
 const auto usedOption = u"used"_s;
@@ -30,7 +32,8 @@ const QList<ListName>& listNames() {
     static const QList<ListName> names{{dueOption, RecordsRequest::List::due},
                                        {overdueOption, RecordsRequest::List::overdue},
                                        {usedOption, RecordsRequest::List::used},
-                                       {historyOption, RecordsRequest::List::history}};
+                                       {historyOption, RecordsRequest::List::history},
+                                       {certificateOption, RecordsRequest::List::certificate}};
     return names;
 }
 
@@ -41,6 +44,8 @@ QList<ProgramOption> ownOptions() {
         {usedOption, u"STANDARD"_s, u"lists the calibrations with a standard, by its asset number"_s},
         {sinceOption, u"YYYY-MM-DD"_s, u"the first day of the list of --used"_s},
         {historyOption, u"ASSET"_s, u"lists the calibration records of an instrument"_s},
+        {certificateOption, u"ASSET"_s, u"writes the certificate of an instrument's newest calibration"_s},
+        {recordOption, u"NUMBER"_s, u"the record of --certificate that is taken instead of the newest"_s},
         {csvOption, {}, u"writes the list as comma separated values"_s},
         {separatorOption, u"SIGN"_s,
          u"comma (with decimal points) or semicolon (with decimal commas); comma"_s, false, u"comma"_s},
@@ -65,8 +70,10 @@ const ListName& listOf(const GivenOptions& options) {
         chosen = &name;
     }
     if (chosen == nullptr)
-        refuse(u"it lists what is due (--due), what is overdue (--overdue), the calibrations with a standard "
-               "(--used) and the records of an instrument (--history); name one of them"_s);
+        refuse(
+            u"it lists what is due (--due), what is overdue (--overdue), the calibrations with a standard "
+            "(--used) and the records of an instrument (--history), or writes a certificate (--certificate); "
+            "name one of them"_s);
     return *chosen;
 }
 
@@ -109,17 +116,35 @@ QString dataSourceOf(const GivenOptions& options) {
     return name;
 }
 
+void takeForm(const GivenOptions& options, RecordsRequest& request) {
+    if (options.isSet(recordOption))
+        refuse(u"--record is for --certificate"_s);
+    if (!options.isSet(csvOption))
+        refuse(u"--csv is missing: a list is written in no other form"_s);
+    request.form = formOf(options.value(separatorOption));
+}
+
+void takeCertificate(const GivenOptions& options, RecordsRequest& request) {
+    for (const auto& name : {csvOption, separatorOption}) {
+        if (options.isSet(name))
+            refuse(u"--%1 is for lists, a certificate is a PDF"_s.arg(name));
+    }
+    if (options.isSet(recordOption))
+        request.record = valueOf(options, recordOption);
+    valueOf(options, outOption);
+}
+
 } // namespace
 
 const Program& recordsCommandLine() {
     static const Program program{
         .name = u"kelvane-records"_s,
-        .usage = u"[LIST --csv --user=NAME [OPTION]...]"_s,
+        .usage = u"[LIST --csv | --certificate=ASSET --out=FILE] [--user=NAME [OPTION]...]"_s,
         .description = u"Shows what the calibration records say. It only reads the database.\n"
-                       "Without options it opens a window, with LIST it writes a list.\n"
+                       "Without options it opens a window, with LIST it writes a list, with --certificate a\n"
+                       "certificate as PDF.\n"
                        "LIST is --due=DAYS, --overdue, --used=STANDARD --since=DAY or --history=ASSET.\n"
-                       "The password of a list is read from the terminal, or as a line of the standard\n"
-                       "input."_s,
+                       "The password is read from the terminal, or as a line of the standard input."_s,
         .options = ownOptions(),
     };
     return program;
@@ -138,9 +163,10 @@ RecordsRequest recordsRequest(const QStringList& words) {
         request.since = dayOf(valueOf(options, sinceOption));
     else if (options.isSet(sinceOption))
         refuse(u"--since is for --used"_s);
-    if (!options.isSet(csvOption))
-        refuse(u"--csv is missing: a list is written in no other form"_s);
-    request.form = formOf(options.value(separatorOption));
+    if (list.list == RecordsRequest::List::certificate)
+        takeCertificate(options, request);
+    else
+        takeForm(options, request);
     request.user = valueOf(options, userOption);
     request.dataSource = dataSourceOf(options);
     if (options.isSet(outOption))

@@ -9,12 +9,14 @@ namespace kelvane {
 
 /// What a command line of kelvane-records asks for.
 struct RecordsRequest {
-    enum class List { due, overdue, used, history };
+    enum class List { due, overdue, used, history, certificate };
     List list = List::overdue;
     /// For what is due.
     int days = 0;
-    /// The standard, or the instrument of the history.
+    /// The standard, or the instrument of the history or of the certificate.
     QString asset = {};
+    /// The record of the certificate; empty for the newest.
+    QString record = {};
     QDate since = {};
     CsvForm form = {};
     QString user = {};
@@ -28,7 +30,7 @@ struct RecordsRequest {
 const Program& recordsCommandLine();
 
 /// Reads the words behind the program's name; throws `ProgramAnswer` for the help, the version, and whatever
-/// is no request: without a list it names the lists, with status 2.
+/// is no request: without a list or a certificate it names the lists, with status 2.
 RecordsRequest recordsRequest(const QStringList& words);
 
 } // namespace kelvane

@@ -1,4 +1,7 @@
+#include "app/language.h"
 #include "app/login.h"
+#include "app/records_certificate.h"
+#include "app/records_files.h"
 #include "app/records_list.h"
 #include "app/records_window_program.h"
 #include "app/user_folder.h"
@@ -8,8 +11,11 @@
 #include "platform/silent_user_interface.h"
 #include "platform/terminal.h"
 
-#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QLoggingCategory>
 
 #include <clocale>
 
@@ -52,17 +58,36 @@ void logIn(Session& session, const RecordsRequest& request) {
     }
 }
 
-void run(const RecordsRequest& request) {
+/// Writes what is asked for. `start` is the folder in which the program was started.
+void run(const RecordsRequest& request, const QString& start) {
     const SystemClock clock;
     IniSettingsStore settings(IniSettingsStore::defaultPath());
     ReportKeeper operatorInterface;
     Session session({operatorInterface, clock, settings}, readingConnections(odbcConnections()));
     logIn(session, request);
+    if (request.list == RecordsRequest::List::certificate) {
+        chooseLanguage(settings, QLocale::system().uiLanguages());
+        const QStringList folders{start, userFolder()};
+        readNearestTemplate(session, folders);
+        if (!writeCertificateFile(session, request, folders))
+            throw ProgramAnswer{operatorInterface.report, 1};
+        return;
+    }
     const auto list = listAsCsv(session, request);
     closeConnection(session);
     if (!list)
         throw ProgramAnswer{operatorInterface.report, 1};
     writeList(request, *list);
+}
+
+/// A certificate needs letters and no window: it is painted without a display, as at night.
+std::unique_ptr<QCoreApplication> applicationFor(const RecordsRequest& request, int& argc, char** argv) {
+    if (request.list != RecordsRequest::List::certificate)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A job without a session would be told of its missing folders each time.
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s);
+    return std::make_unique<QGuiApplication>(argc, argv);
 }
 
 } // namespace
@@ -79,15 +104,16 @@ int main(int argc, char** argv) {
         if (words.isEmpty())
             return runRecordsWindow(argc, argv);
         auto request = recordsRequest(words);
-        const QCoreApplication application(argc, argv);
+        const auto application = applicationFor(request, argc, argv);
         // The application takes the user's locale; database drivers would then write "1234,5".
         std::setlocale(LC_NUMERIC, "C");
         // A file that the command line names stands in the folder where it was written.
         if (!request.file.isEmpty())
             request.file = QFileInfo(request.file).absoluteFilePath();
+        const auto start = QDir::currentPath();
         if (const auto fault = enterRecordsFolder(); !fault.isEmpty())
             return writeAnswer(program, {fault, 1});
-        run(request);
+        run(request, start);
         return 0;
     } catch (const ProgramAnswer& answer) {
         return writeAnswer(program, answer);

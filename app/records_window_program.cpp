@@ -5,8 +5,8 @@
 #include "app/language.h"
 #include "app/login.h"
 #include "app/records_command_line.h"
+#include "app/records_files.h"
 #include "app/user_folder.h"
-#include "data/start_up.h"
 #include "platform/database/odbc_connection.h"
 #include "platform/database/reading_connection.h"
 #include "platform/database/watched_connection.h"
@@ -71,13 +71,7 @@ void RecordsWindowProgram::storeWindowPlace() {
 }
 
 void RecordsWindowProgram::readTemplate() {
-    const auto here = QDir::currentPath();
-    runGuarded(ui, [this] {
-        if (ModuleGlobals::readResultTemplate(session) || !QDir::setCurrent(userFolder()))
-            return;
-        ModuleGlobals::readResultTemplate(session);
-    });
-    QDir::setCurrent(here);
+    runGuarded(ui, [this] { readNearestTemplate(session, {QDir::currentPath(), userFolder()}); });
 }
 
 int runRecordsWindow(int argc, char** argv) {

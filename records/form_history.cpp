@@ -4,14 +4,17 @@
 #include "records/colors.h"
 #include "records/lists.h"
 #include "records/record_pane.h"
+#include "records/record_pictures.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -22,6 +25,9 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
+
+/// Pixels between the points and the frame around them.
+constexpr int margin = 6;
 
 constexpr TextId listedTitles[] = {
     TextId::listDate,       TextId::listTime,         TextId::listState,          TextId::listResult,
@@ -86,11 +92,15 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
       LabelState(label(u"LabelState"_s, TextId::historyRecords)),
       ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),
       CommandUses(button(u"CommandUses"_s, TextId::usesTab, TextId::usesTip)),
+      CommandCertificate(
+          button(u"CommandCertificate"_s, TextId::certificatePreview, TextId::certificatePreviewTip)),
       standards_(new QMenu(this)),
       left_(new RecordPane(session, u"Left"_s)),
       right_(new RecordPane(session, u"Right"_s)),
       TableDetails(readingTable(u"TableDetails"_s, TextId::historyDetailsTip,
                                 {text(TextId::historyDetails), QString(), QString()})),
+      pictures_(new RecordPictures(session, instrument.asset)),
+      parts_(tabControl(u"TabsHistory"_s, TextId::recordsHistory)),
       splitter_(new QSplitter(Qt::Vertical)) {
     setObjectName(u"FormHistory"_s);
     LabelInstrument->setText(instrumentCaption(instrument));
@@ -115,25 +125,31 @@ void FormHistory::layOut() {
     comparing->addWidget(ComboCompare);
     comparing->addStretch(1);
     comparing->addWidget(CommandUses);
+    comparing->addWidget(CommandCertificate);
     CommandUses->setMenu(standards_);
     auto* sides = new QSplitter(Qt::Horizontal);
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    sides->setContentsMargins(margin, margin, margin, margin);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});
-    auto* points = new QWidget;
-    auto* pointColumn = new QVBoxLayout(points);
-    pointColumn->setContentsMargins(0, 0, 0, 0);
-    pointColumn->addLayout(comparing);
-    pointColumn->addWidget(sides, 1);
+    parts_->addTab(sides, text(TextId::listResultLines));
+    parts_->addTab(TableDetails, text(TextId::historyDetails));
+    parts_->setTabToolTip(parts_->addTab(pictures_, text(TextId::picturesTab)), text(TextId::picturesTip));
+    // All parts show the two records that are compared.
+    auto* compared = new QWidget;
+    auto* comparedColumn = new QVBoxLayout(compared);
+    comparedColumn->setContentsMargins(0, 0, 0, 0);
+    comparedColumn->addLayout(comparing);
+    comparedColumn->addWidget(parts_, 1);
 
     splitter_->setChildrenCollapsible(false);
-    for (auto* part : {static_cast<QWidget*>(TableRecords), points, static_cast<QWidget*>(TableDetails)})
-        splitter_->addWidget(part);
+    splitter_->addWidget(TableRecords);
+    splitter_->addWidget(compared);
     splitter_->setStretchFactor(0, 2);
-    splitter_->setStretchFactor(1, 3);
-    splitter_->setStretchFactor(2, 2);
+    splitter_->setStretchFactor(1, 5);
+    splitter_->setSizes({200, 500});
     auto* column = new QVBoxLayout(this);
     column->addWidget(LabelInstrument);
     column->addWidget(LabelState);
@@ -145,6 +161,8 @@ void FormHistory::connectControls() {
                    [this] { showChosen(); });
     connectGuarded(ComboCompare, &QComboBox::currentIndexChanged, this, session_.ui,
                    [this] { showChosen(); });
+    connectGuarded(CommandCertificate, &QPushButton::clicked, this, session_.ui,
+                   [this] { askCertificate(); });
     auto* again = new QShortcut(QKeySequence::Refresh, this);
     again->setContext(Qt::WidgetWithChildrenShortcut);
     connectGuarded(again, &QShortcut::activated, this, session_.ui, [this] { readAgain(); });
@@ -182,6 +200,7 @@ void FormHistory::showRecords() {
         }
         TableRecords->resizeColumnsToContents();
         fillComparing();
+        pictures_->setRecords(records_);
     }
     if (!records_.isEmpty())
         TableRecords->setCurrentCell(0, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -201,6 +220,12 @@ qsizetype FormHistory::chosen() const {
     return rows.isEmpty() ? -1 : rows.constFirst().row();
 }
 
+void FormHistory::askCertificate() {
+    const auto record = chosen();
+    if (record >= 0 && record < records_.size())
+        Q_EMIT certificateWanted(certifiedCalibration(instrument_, records_, record));
+}
+
 void FormHistory::showChosen() {
     const auto record = chosen();
     if (record < 0 || record >= records_.size())
@@ -214,6 +239,7 @@ void FormHistory::showChosen() {
     showPane(*right_, other, {});
     offerStandards(record, other);
     showDetails(record, other);
+    showErrors(record, other);
 }
 
 void FormHistory::showPair(qsizetype record) {
@@ -231,6 +257,7 @@ void FormHistory::showPair(qsizetype record) {
     showPane(*right_, pair.asLeft, note);
     offerStandards(pair.asFound, pair.asLeft);
     showDetails(pair.asFound, pair.asLeft);
+    showErrors(pair.asFound, pair.asLeft);
 }
 
 void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note) {
@@ -257,6 +284,15 @@ void FormHistory::offerStandards(std::optional<qsizetype> left, std::optional<qs
         }
     }
     CommandUses->setEnabled(!offered.isEmpty());
+}
+
+void FormHistory::showErrors(std::optional<qsizetype> left, std::optional<qsizetype> right) {
+    QList<qsizetype> chosen;
+    for (const auto& record : {left, right}) {
+        if (record && !chosen.contains(*record))
+            chosen << *record;
+    }
+    pictures_->setChosen(chosen);
 }
 
 /// What neither record says has no row. Where the two differ, their values are bold.

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "data/history/calibrations.h"
-#include "data/history/instruments.h"
+#include "records/certified_calibration.h"
 
 #include <QWidget>
 
@@ -10,14 +9,16 @@ class QLabel;
 class QMenu;
 class QPushButton;
 class QSplitter;
+class QTabWidget;
 class QTableWidget;
 
 namespace kelvane {
 
 class RecordPane;
+class RecordPictures;
 
 /// The records of an instrument, the newest first; the points of the chosen calibration as found and as left
-/// side by side, or of two records; and what else these records say.
+/// side by side, or of two records; what else these records say; and pictures of them.
 class FormHistory final : public QWidget {
     Q_OBJECT
   public:
@@ -33,6 +34,8 @@ class FormHistory final : public QWidget {
   Q_SIGNALS:
     /// The user wants to see what a standard was used for.
     void usesWanted(const QString& standard);
+    /// The user wants to see the certificate of the chosen calibration.
+    void certificateWanted(const kelvane::CertifiedCalibration& calibration);
 
   private:
     void layOut();
@@ -42,11 +45,13 @@ class FormHistory final : public QWidget {
     /// The record whose row is chosen; -1 without one.
     qsizetype chosen() const;
     void showChosen();
+    void askCertificate();
     void showPair(qsizetype record);
     void showPane(RecordPane& pane, std::optional<qsizetype> record, const QString& note);
     /// Offers the standards of the records that are shown.
     void offerStandards(std::optional<qsizetype> left, std::optional<qsizetype> right);
     void showDetails(std::optional<qsizetype> left, std::optional<qsizetype> right);
+    void showErrors(std::optional<qsizetype> left, std::optional<qsizetype> right);
 
     Session& session_;
     InstrumentSummary instrument_;
@@ -57,10 +62,13 @@ class FormHistory final : public QWidget {
     QLabel* LabelState;
     QComboBox* ComboCompare;
     QPushButton* CommandUses;
+    QPushButton* CommandCertificate;
     QMenu* standards_;
     RecordPane* left_;
     RecordPane* right_;
     QTableWidget* TableDetails;
+    RecordPictures* pictures_;
+    QTabWidget* parts_;
     QSplitter* splitter_;
 };
 

@@ -68,6 +68,8 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
       CommandCopy(button(u"CommandCopy"_s, TextId::aboutCopy, TextId::recordsCopyTip)),
       CommandSave(button(u"CommandSave"_s, TextId::recordsSave, TextId::recordsSaveTip)),
       CommandPackage(button(u"CommandPackage"_s, TextId::packageMake, TextId::packageMakeTip)),
+      CommandCertificates(
+          button(u"CommandCertificates"_s, TextId::certificatesMake, TextId::certificatesMakeTip)),
       CommandColumns(button(u"CommandColumns"_s, TextId::recordsColumns, TextId::recordsColumnsTip)),
       CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)) {
     setObjectName(u"FormInstruments"_s);
@@ -110,8 +112,8 @@ void FormInstruments::layOut() {
     choice->addWidget(TextFilter, 2);
     choice->addWidget(choice_, 1);
     auto* commands = new QHBoxLayout;
-    for (auto* command :
-         {CommandHistory, CommandCopy, CommandSave, CommandPackage, CommandColumns, CommandReadAgain})
+    for (auto* command : {CommandHistory, CommandCopy, CommandSave, CommandPackage, CommandCertificates,
+                          CommandColumns, CommandReadAgain})
         commands->addWidget(command);
     commands->addStretch(1);
     auto* column = new QVBoxLayout(this);
@@ -123,7 +125,8 @@ void FormInstruments::layOut() {
     TextFilter->setClearButtonEnabled(true);
     LabelOutcome->hide();
     kelvane::setTabOrder({TextFilter, choice_->kinds(), choice_->values(), TableInstruments, CommandHistory,
-                          CommandCopy, CommandSave, CommandPackage, CommandColumns, CommandReadAgain});
+                          CommandCopy, CommandSave, CommandPackage, CommandCertificates, CommandColumns,
+                          CommandReadAgain});
 }
 
 void FormInstruments::connectControls() {
@@ -138,6 +141,7 @@ void FormInstruments::connectControls() {
     connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copy(); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
     connectGuarded(CommandPackage, &QPushButton::clicked, this, ui, [this] { askPackage(); });
+    connectGuarded(CommandCertificates, &QPushButton::clicked, this, ui, [this] { askCertificates(); });
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, ui, [this] { readAgain(); });
     connectGuarded(TableInstruments->selectionModel(), &QItemSelectionModel::selectionChanged, this, ui,
                    [this] { showState(); });
@@ -252,6 +256,7 @@ void FormInstruments::showState() {
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());
     CommandPackage->setEnabled(!selected.isEmpty());
+    CommandCertificates->setEnabled(!selected.isEmpty());
 }
 
 void FormInstruments::clickHeader(int column) {
@@ -303,6 +308,14 @@ void FormInstruments::askPackage() {
         assets << model_->instrument(row).asset;
     if (!assets.isEmpty())
         Q_EMIT packageWanted(assets);
+}
+
+void FormInstruments::askCertificates() {
+    QList<InstrumentSummary> instruments;
+    for (const int row : selectedRows(*TableInstruments))
+        instruments << model_->instrument(row);
+    if (!instruments.isEmpty())
+        Q_EMIT certificatesWanted(instruments);
 }
 
 } // namespace kelvane

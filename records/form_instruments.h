@@ -37,6 +37,8 @@ class FormInstruments final : public QWidget {
     void historyWanted(const kelvane::InstrumentSummary& instrument);
     /// The user wants a task package of these instruments.
     void packageWanted(const QStringList& assets);
+    /// The user wants the certificates of these instruments.
+    void certificatesWanted(const QList<kelvane::InstrumentSummary>& instruments);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -57,6 +59,7 @@ class FormInstruments final : public QWidget {
     void copy();
     void save();
     void askPackage();
+    void askCertificates();
 
     Session& session_;
     InstrumentModel* model_;
@@ -78,6 +81,7 @@ class FormInstruments final : public QWidget {
     QPushButton* CommandCopy;
     QPushButton* CommandSave;
     QPushButton* CommandPackage;
+    QPushButton* CommandCertificates;
     QPushButton* CommandColumns;
     QPushButton* CommandReadAgain;
 };

@@ -163,4 +163,12 @@ QString calibrationText(const CalibrationRecord& record, TextId title) {
     return column == std::end(calibrations) ? QString() : column->value(record);
 }
 
+QString recordCaption(const CalibrationRecord& record) {
+    QStringList words;
+    for (const auto title : {TextId::listDate, TextId::listTime, TextId::listState, TextId::listResult})
+        words << calibrationText(record, title);
+    words.removeAll(QString());
+    return words.join(u' ');
+}
+
 } // namespace kelvane

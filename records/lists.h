@@ -28,6 +28,8 @@ std::span<const ListColumn<StandardUse>> standardUseColumns();
 
 /// What the column of that title has of a record; empty for a title that no column has.
 QString calibrationText(const CalibrationRecord& record, TextId title);
+/// A record in one line: date, time, state and result.
+QString recordCaption(const CalibrationRecord& record);
 
 /// The titles of a list as its first line.
 template <class Row>

@@ -67,14 +67,6 @@ QLabel* wrapping(QLabel* made) {
 
 } // namespace
 
-QString recordCaption(const CalibrationRecord& record) {
-    QStringList words;
-    for (const auto title : {TextId::listDate, TextId::listTime, TextId::listState, TextId::listResult})
-        words << calibrationText(record, title);
-    words.removeAll(QString());
-    return words.join(u' ');
-}
-
 RecordPane::RecordPane(Session& session, const QString& name)
     : session_(session),
       LabelRecord(wrapping(label(u"LabelRecord"_s + name, TextId::listRecord))),

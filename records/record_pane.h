@@ -9,9 +9,6 @@ class QTableWidget;
 
 namespace kelvane {
 
-/// A record in one line: state, date, time and result.
-QString recordCaption(const CalibrationRecord& record);
-
 /// The points of one record: what its result lines say, and the lines themselves where they don't say it for
 /// certain.
 class RecordPane final : public QWidget {

@@ -2,8 +2,10 @@
 
 #include "data/session_values.h"
 #include "platform/version.h"
+#include "records/certificate_windows.h"
 #include "records/form_history.h"
 #include "records/form_instruments.h"
+#include "records/form_pass_rate.h"
 #include "records/form_standard_use.h"
 #include "records/form_unrecorded.h"
 #include "resources/text_id.h"
@@ -37,7 +39,9 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
       instruments_(new FormInstruments(session)),
       uses_(new FormStandardUse(session, environment_.workstationFolders)),
       unrecorded_(new FormUnrecorded(session, environment_.workstationFolders)),
-      statusLine_(new StatusLine(session)) {
+      passRate_(new FormPassRate(session)),
+      statusLine_(new StatusLine(session)),
+      certificates_(std::make_unique<CertificateWindows>(session, environment_.workstationFolders, this)) {
     setObjectName(u"RecordsWindow"_s);
     setWindowTitle(text(TextId::recordsTitle));
     setStatusBar(statusLine_);
@@ -58,11 +62,17 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     QObject::connect(instruments_, &FormInstruments::packageWanted, this, [this](const QStringList& assets) {
         runGuarded(session_.ui, [&] { askPackage(assets); });
     });
+    QObject::connect(instruments_, &FormInstruments::certificatesWanted, this,
+                     [this](const QList<InstrumentSummary>& instruments) {
+                         runGuarded(session_.ui, [&] { writeCertificates(instruments); });
+                     });
     QObject::connect(uses_, &FormStandardUse::historyWanted, this, [this](const QString& asset) {
         runGuarded(session_.ui, [&] { showHistoryOf(asset); });
     });
     showSessionState();
 }
+
+RecordsWindow::~RecordsWindow() = default;
 
 void RecordsWindow::buildTabs() {
     tabs_->setDocumentMode(true);
@@ -72,6 +82,7 @@ void RecordsWindow::buildTabs() {
     tabs_->addTab(instruments_, text(TextId::recordsInstruments));
     tabs_->addTab(uses_, text(TextId::usesTab));
     tabs_->addTab(unrecorded_, text(TextId::unrecordedTab));
+    tabs_->setTabToolTip(tabs_->addTab(passRate_, text(TextId::passRateTab)), text(TextId::passRateTip));
     for (int tab = 0; tab < tabs_->count(); ++tab) {
         for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
             tabs_->tabBar()->setTabButton(tab, side, nullptr);
@@ -89,10 +100,13 @@ void RecordsWindow::buildMenu() {
         return made;
     };
     auto* close = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
+    auto* certificate = add(TextId::certificateSettings, u"mnuCertificates"_s, {});
     logOut_ = add(TextId::logOutCommand, u"mnuLogout"_s, QKeySequence(u"Ctrl+L"_s));
     auto* exit = add(TextId::exitCommand, u"mnuExit"_s, QKeySequence(u"Ctrl+Q"_s));
     connectGuarded(close, &QAction::triggered, this, session_.ui,
                    [this] { closeTab(tabs_->currentIndex()); });
+    connectGuarded(certificate, &QAction::triggered, this, session_.ui,
+                   [this] { certificates_->editSettings(); });
     connectGuarded(logOut_, &QAction::triggered, this, session_.ui, [this] { logOut(); });
     connectGuarded(exit, &QAction::triggered, this, session_.ui, [this] { this->close(); });
     const auto changing = [this](const QString& keys, int step) {
@@ -142,6 +156,7 @@ void RecordsWindow::readAll() {
     uses_->readAgain();
     if (unrecorded_->isVisible())
         unrecorded_->readAgain();
+    passRate_->readAgain();
     for (auto* history : tabs_->findChildren<FormHistory*>())
         history->readAgain();
 }
@@ -151,6 +166,7 @@ void RecordsWindow::logOut() {
     instruments_->forget();
     uses_->forget();
     unrecorded_->forget();
+    passRate_->forget();
     closeConnection(session_);
     session_.SessionConnected = false;
     isLoggedIn_ = false;
@@ -159,6 +175,7 @@ void RecordsWindow::logOut() {
 }
 
 void RecordsWindow::closeHistories() {
+    certificates_->closePreviews();
     for (int tab = tabs_->count() - 1; tab > 0; --tab)
         closeTab(tab);
 }
@@ -202,6 +219,13 @@ void RecordsWindow::askPackage(const QStringList& assets) {
                     [this](const QString& outcome) { instruments_->tell(outcome); });
 }
 
+void RecordsWindow::writeCertificates(const QList<InstrumentSummary>& instruments) {
+    if (!isConnected())
+        return;
+    if (const auto outcome = certificates_->write(instruments); !outcome.isEmpty())
+        instruments_->tell(outcome);
+}
+
 void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
     if (goToHistory(instrument.asset) || !isConnected())
         return;
@@ -209,6 +233,10 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
     QObject::connect(history, &FormHistory::usesWanted, this, [this](const QString& standard) {
         runGuarded(session_.ui, [&] { showUses(standard); });
     });
+    QObject::connect(history, &FormHistory::certificateWanted, this,
+                     [this](const CertifiedCalibration& calibration) {
+                         runGuarded(session_.ui, [&] { certificates_->show(calibration); });
+                     });
     tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
     history->focusRecords();
 }
@@ -225,6 +253,7 @@ void RecordsWindow::closeTab(int tab) {
 
 void RecordsWindow::closeEvent(QCloseEvent* event) {
     runGuarded(session_.ui, [this] { instruments_->storeLayout(); });
+    certificates_->closePreviews();
     instruments_->forget();
     uses_->forget();
     closeConnection(session_);

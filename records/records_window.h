@@ -11,8 +11,10 @@ class QTabWidget;
 
 namespace kelvane {
 
+class CertificateWindows;
 class FormHistory;
 class FormInstruments;
+class FormPassRate;
 class FormStandardUse;
 class FormUnrecorded;
 class StatusLine;
@@ -29,14 +31,15 @@ struct RecordsEnvironment {
     QStringList workstationFolders = {};
 };
 
-/// The window of the records: a tab for the list of instruments, for the uses of a standard and for results
-/// without a record, and one for each history that is open. It
-/// closes without a question, since nothing in it can be lost.
+/// The window of the records: a tab for the list of instruments, for the uses of a standard, for results
+/// without a record and for the pass rates, and one for each history that is open. It closes without a
+/// question, since nothing in it can be lost.
 class RecordsWindow final : public QMainWindow {
     Q_OBJECT
   public:
     /// The session has to outlive it.
     RecordsWindow(Session& session, RecordsEnvironment environment);
+    ~RecordsWindow() override;
 
     /// Shows the window and asks for the login.
     void start();
@@ -64,6 +67,7 @@ class RecordsWindow final : public QMainWindow {
     bool isConnected();
     void showUses(const QString& standard);
     void askPackage(const QStringList& assets);
+    void writeCertificates(const QList<InstrumentSummary>& instruments);
     void closeTab(int tab);
 
     Session& session_;
@@ -72,7 +76,9 @@ class RecordsWindow final : public QMainWindow {
     FormInstruments* instruments_;
     FormStandardUse* uses_;
     FormUnrecorded* unrecorded_;
+    FormPassRate* passRate_;
     StatusLine* statusLine_;
+    std::unique_ptr<CertificateWindows> certificates_;
     QAction* logOut_ = nullptr;
     /// From a login to log out, also while the connection is lost.
     bool isLoggedIn_ = false;

@@ -1,11 +1,9 @@
 #include "records/standard_use_report.h"
 
 #include "data/worksheets/worksheet_data.h"
-#include "platform/installed_files.h"
 #include "records/lists.h"
+#include "records/report_parts.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QSet>
 
@@ -30,27 +28,9 @@ constexpr struct {
     {"record"_L1, TextId::listRecord},
 };
 
-QString layoutPath(const QStringList& folders) {
-    for (const auto& folder : folders) {
-        const QFileInfo own(QDir(folder), layoutName);
-        if (own.exists())
-            return own.absoluteFilePath();
-    }
-    return InstalledFiles().layouts() + u'/' + layoutName;
-}
-
 QString valueOf(const StandardUse& use, TextId title) {
     const auto column = std::ranges::find(standardUseColumns(), title, &ListColumn<StandardUse>::title);
     return column->value(use);
-}
-
-/// What stands before, between and behind the number of a page and that of all pages.
-void addPageWords(QJsonObject& values) {
-    const auto words = text(TextId::pageOfPages);
-    const auto behind = words.section(u"%1"_s, 1);
-    values["pageBefore"_L1] = words.section(u"%1"_s, 0, 0);
-    values["pageBetween"_L1] = behind.section(u"%2"_s, 0, 0);
-    values["pageBehind"_L1] = behind.section(u"%2"_s, 1);
 }
 
 QJsonObject groupOf(const StandardUseList& list) {
@@ -104,7 +84,7 @@ Report standardUseReport(const Session& session, const StandardUseList& list, co
     data.values = worksheetValues(session, standardUseTitle(list));
     addPageWords(data.values);
     data.add(groupOf(list));
-    return {readLayout(layoutPath(folders)), std::move(data)};
+    return {readLayout(siteLayout(layoutName, folders)), std::move(data)};
 }
 
 } // namespace kelvane

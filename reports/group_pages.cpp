@@ -32,8 +32,12 @@ QJsonObject numbered(QJsonObject row, qsizetype number) {
 } // namespace
 
 GroupPages::GroupPages(const ReportLayout& layout, const QJsonObject& group, double height,
-                       FieldValues& values, PlainTexts& plainTexts)
-    : layout_(layout), height_(height), values_(values), plainTexts_(plainTexts) {
+                       FieldValues& values, PlainTexts& plainTexts, ReportDrawings drawings)
+    : layout_(layout),
+      height_(height),
+      values_(values),
+      plainTexts_(plainTexts),
+      drawings_(std::move(drawings)) {
     headerHeight_ = reservedHeight(layout.pageHeader);
     footerHeight_ = reservedHeight(layout.pageFooter);
     beginPage();
@@ -53,7 +57,7 @@ MeasuredBand GroupPages::measured(const BandRow& source, const QString& page, co
         values_.setRow(*source.row);
     else
         values_.clearRow();
-    return {*source.band, values_, plainTexts_};
+    return {*source.band, values_, plainTexts_, drawings_};
 }
 
 double GroupPages::reservedHeight(const std::optional<ReportBand>& band) {

@@ -6,12 +6,12 @@
 namespace kelvane {
 
 /// The pages of one group: its bands measured and placed. All lengths are design units. Layout, values and
-/// plain texts must outlive it; the values are those of the report and of the group.
+/// plain texts must outlive it; values and drawings are those of the report and of the group.
 class GroupPages {
   public:
     /// `height` is that of a page between its margins.
     GroupPages(const ReportLayout& layout, const QJsonObject& group, double height, FieldValues& values,
-               PlainTexts& plainTexts);
+               PlainTexts& plainTexts, ReportDrawings drawings = {});
 
     qsizetype count() const { return pages_.size(); }
     /// Paints a page, counted from 0, with its upper left corner at the painter's origin.
@@ -49,6 +49,7 @@ class GroupPages {
     double height_;
     FieldValues& values_;
     PlainTexts& plainTexts_;
+    ReportDrawings drawings_;
     double headerHeight_ = 0;
     double footerHeight_ = 0;
     /// Where the next band of the last page goes.

@@ -105,6 +105,10 @@ PictureItem pictureItemOf(const LayoutNode& item, const BandContext&) {
     return {.picture = std::move(picture)};
 }
 
+DrawingItem drawingItemOf(const LayoutNode& item, const BandContext&) {
+    return {.name = item.at(u"drawing"_s).text()};
+}
+
 template <auto read>
 decltype(ReportItem::content) contentOf(const LayoutNode& item, const BandContext& context) {
     return read(item, context);
@@ -130,6 +134,7 @@ const QList<ItemKind>& itemKinds() {
          .hasSize = true,
          .read = contentOf<barcodeItemOf>},
         {.key = u"picture"_s, .furtherKeys = {}, .hasSize = true, .read = contentOf<pictureItemOf>},
+        {.key = u"drawing"_s, .furtherKeys = {}, .hasSize = true, .read = contentOf<drawingItemOf>},
     };
     return kinds;
 }

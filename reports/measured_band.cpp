@@ -75,12 +75,14 @@ void paintPicture(QPainter& painter, const QImage& picture, const QRectF& place)
 
 } // namespace
 
-MeasuredBand::MeasuredBand(const ReportBand& band, FieldValues& values, PlainTexts& plainTexts) {
+MeasuredBand::MeasuredBand(const ReportBand& band, FieldValues& values, PlainTexts& plainTexts,
+                           const ReportDrawings& drawings) {
     auto given = unitsOfMillimetres(band.height);
     items_.reserve(std::ssize(band.items));
     for (const auto& item : band.items) {
-        items_ << measured(item, values, plainTexts);
-        given = std::max(given, unitsOfMillimetres(item.y) + givenHeight(item));
+        items_ << measured(item, values, plainTexts, drawings);
+        if (!contentOf<DrawingItem>(item) || items_.constLast().drawing)
+            given = std::max(given, unitsOfMillimetres(item.y) + givenHeight(item));
     }
     collectGrowths();
     height_ = shifted(given);
@@ -89,12 +91,15 @@ MeasuredBand::MeasuredBand(const ReportBand& band, FieldValues& values, PlainTex
 }
 
 MeasuredBand::PlacedItem MeasuredBand::measured(const ReportItem& item, FieldValues& values,
-                                                PlainTexts& plainTexts) const {
+                                                PlainTexts& plainTexts,
+                                                const ReportDrawings& drawings) const {
     PlacedItem placed{.item = &item};
     if (contentOf<TextItem>(item))
         placed.text = measuredText(item, values, plainTexts);
     else if (const auto* barcode = contentOf<BarcodeItem>(item))
         placed.barcode = barcodeOf(barcode->text.filled(values), barcode->symbology);
+    else if (const auto* drawing = contentOf<DrawingItem>(item))
+        placed.drawing = drawings.value(drawing->name);
     return placed;
 }
 
@@ -150,6 +155,10 @@ void MeasuredBand::paint(QPainter& painter, QPointF topLeft) const {
             paintBarcode(painter, placed.barcode, barcode->symbology, barcode->alignment, place);
         } else if (const auto* picture = contentOf<PictureItem>(*placed.item)) {
             paintPicture(painter, picture->picture, place);
+        } else if (placed.drawing) {
+            painter.save();
+            placed.drawing(painter, place);
+            painter.restore();
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "reports/barcode.h"
 #include "reports/measured_text.h"
 #include "reports/report_band.h"
+#include "reports/report_data.h"
 
 #include <QHash>
 
@@ -12,11 +13,13 @@ namespace kelvane {
 using PlainTexts = QHash<const ReportItem*, std::shared_ptr<const MeasuredText>>;
 
 /// A band with its values, measured: it is as high as its texts need, and what stands below a text that has
-/// grown has moved down. All lengths are design units. The band that it was made of must outlive it.
+/// grown has moved down. A drawing that the group does not have takes no room. All lengths are design units.
+/// The band that it was made of must outlive it.
 class MeasuredBand {
   public:
     MeasuredBand() = default;
-    MeasuredBand(const ReportBand& band, FieldValues& values, PlainTexts& plainTexts);
+    MeasuredBand(const ReportBand& band, FieldValues& values, PlainTexts& plainTexts,
+                 const ReportDrawings& drawings = {});
 
     double height() const { return height_; }
     void paint(QPainter& painter, QPointF topLeft) const;
@@ -27,6 +30,7 @@ class MeasuredBand {
         QRectF place = {};
         std::shared_ptr<const MeasuredText> text = {};
         Barcode barcode = {};
+        ReportDrawing drawing = {};
     };
     /// Where a text that has grown pushes down what stands below it.
     struct Growth {
@@ -34,7 +38,8 @@ class MeasuredBand {
         double shift = 0;
     };
 
-    PlacedItem measured(const ReportItem& item, FieldValues& values, PlainTexts& plainTexts) const;
+    PlacedItem measured(const ReportItem& item, FieldValues& values, PlainTexts& plainTexts,
+                        const ReportDrawings& drawings) const;
     void collectGrowths();
     double shifted(double y) const;
     void place(PlacedItem& placed) const;

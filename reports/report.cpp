@@ -76,7 +76,7 @@ bool Report::paint(QPagedPaintDevice& device, const GroupProgress& onGroup) cons
             return false;
         const auto groupValues = data_.group(group);
         values.setGroup(groupValues);
-        GroupPages pages(layout_, groupValues, pageHeight, values, plainTexts);
+        GroupPages pages(layout_, groupValues, pageHeight, values, plainTexts, data_.drawings(group));
         for (qsizetype page = 0; page < pages.count(); ++page) {
             if (!std::exchange(isFirst, false) && !device.newPage())
                 throw ReportError(text(TextId::reportNotPainted));

@@ -48,6 +48,11 @@ struct PictureItem {
     QImage picture;
 };
 
+/// A picture that is painted when the report is: the group's drawing of that name.
+struct DrawingItem {
+    QString name;
+};
+
 /// Something in a band. Lengths are millimetres, counted from the band's upper left corner.
 struct ReportItem {
     double x = 0;
@@ -55,7 +60,7 @@ struct ReportItem {
     double width = 0;
     /// None: a text grows with its lines, a line or a box reaches the end of its band.
     std::optional<double> height;
-    std::variant<TextItem, LineItem, BoxItem, BarcodeItem, PictureItem> content;
+    std::variant<TextItem, LineItem, BoxItem, BarcodeItem, PictureItem, DrawingItem> content;
 };
 
 /// A strip of the page, as wide as the report, which is never split between pages.

@@ -4,7 +4,9 @@
 
 namespace kelvane {
 
-void ReportData::add(const QJsonObject& group) {
+void ReportData::add(const QJsonObject& group, const ReportDrawings& drawings) {
+    if (!drawings.isEmpty())
+        drawings_.insert(groups_.size(), drawings);
     groups_ << qCompress(QCborMap::fromJsonObject(group).toCborValue().toCbor());
 }
 

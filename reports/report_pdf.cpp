@@ -21,6 +21,7 @@ bool writePdf(const Report& report, const QPageLayout& pages, const QString& tit
         fail();
     {
         QPdfWriter pdf(&file);
+        pdf.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
         pdf.setPageLayout(pages);
         pdf.setTitle(title);
         pdf.setCreator(text(TextId::applicationName));

@@ -4,7 +4,7 @@
 build_packages=(
     g++ cmake ninja-build ccache
     qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev
-    libkainjow-mustache-dev libjsoncpp-dev libzint-dev
+    libboost-math-dev libkainjow-mustache-dev libjsoncpp-dev libzint-dev
     unixodbc-dev odbcinst libsqliteodbc libcrypt-dev libpq-dev
     sqlite3 fonts-dejavu-core cmark-gfm
     libgtest-dev

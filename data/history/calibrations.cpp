@@ -65,11 +65,6 @@ constexpr RunName runNames[] = {
     {u"FOUND-LEFT", CalibrationRun::foundLeft},
 };
 
-CalibrationRun runOf(const QString& state) {
-    const auto* found = std::ranges::find(runNames, toUpperCase(state), &RunName::state);
-    return found == std::end(runNames) ? CalibrationRun::other : found->run;
-}
-
 /// The order of time, with the nulls last, which engines put in other places.
 constexpr SqlWords newestFirst =
     u" order by case when c2301 is null then 1 else 0 end,c2301 desc,case when c2333 is null then 1 else 0 "
@@ -124,7 +119,7 @@ void History::readRecords() {
             record.*column.member = storedText(rows->value(place++));
         for (const auto& column : momentColumns)
             record.*column.member = storedMomentOf(rows->value(place++));
-        record.run = runOf(record.state);
+        record.run = calibrationRunOf(record.state);
         places_.insert(record.ctag, records_.size());
         records_ << std::move(record);
     }
@@ -180,6 +175,11 @@ void History::readLines() {
 }
 
 } // namespace
+
+CalibrationRun calibrationRunOf(const QString& state) {
+    const auto* found = std::ranges::find(runNames, toUpperCase(state), &RunName::state);
+    return found == std::end(runNames) ? CalibrationRun::other : found->run;
+}
 
 std::optional<QList<CalibrationRecord>> calibrationsOf(Session& session, const QString& asset) {
     Routine routine(session, u"History,calibrations"_s);

@@ -37,6 +37,9 @@ struct UsedStandard {
 /// Which run of an event a record holds, by the state that is written into it.
 enum class CalibrationRun { asFound, asLeft, foundLeft, other };
 
+/// The run of a stored state, in any case of its letters.
+CalibrationRun calibrationRunOf(const QString& state);
+
 /// A calibration record. What it does not say is empty; numbers are texts as they are stored.
 struct CalibrationRecord {
     QString ctag = {};

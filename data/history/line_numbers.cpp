@@ -246,4 +246,9 @@ std::optional<LineNumbers> numbersOfLine(const ResultTemplate& layout, const Lin
     return Figures(layout, fields).read();
 }
 
+QString unitOf(const QString& field) {
+    const auto amount = amountOf(field);
+    return amount ? amount->unit.trimmed() : QString();
+}
+
 } // namespace kelvane

@@ -17,4 +17,8 @@ using LineNumbers = std::array<std::optional<double>, resultFields.size()>;
 /// its last digits at the most.
 std::optional<LineNumbers> numbersOfLine(const ResultTemplate& layout, const LineFields& fields);
 
+/// The unit behind the number of a field, such as "mA" of "12.000mA"; empty for a text that is no number with
+/// its unit.
+QString unitOf(const QString& field);
+
 } // namespace kelvane

@@ -88,4 +88,12 @@ TEST(Lists, OfUsesShowOtherMarksThanTheTwoAsTheyAreStored) {
     EXPECT_EQ(csvRow(standardUseColumns(), use, commas), u"PT-101,,,,,?,7\r\n"_s);
 }
 
+TEST(Lists, CaptionARecordByWhatItHas) {
+    CalibrationRecord record;
+    EXPECT_EQ(recordCaption(record), QString());
+    record.state = u"AS-LEFT"_s;
+    record.passed = u"Y"_s;
+    EXPECT_EQ(recordCaption(record), u"AS-LEFT passed"_s);
+}
+
 } // namespace kelvane::testing

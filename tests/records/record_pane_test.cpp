@@ -17,14 +17,6 @@ class RecordOnThePane : public RecordedSession {
     RecordPane pane{session, u"Left"_s};
 };
 
-TEST_F(RecordOnThePane, IsCaptionedByWhatItHas) {
-    CalibrationRecord record;
-    EXPECT_EQ(recordCaption(record), QString());
-    record.state = u"AS-LEFT"_s;
-    record.passed = u"Y"_s;
-    EXPECT_EQ(recordCaption(record), u"AS-LEFT passed"_s);
-}
-
 TEST_F(RecordOnThePane, HasRoomForALineAsItIsStored) {
     pane.resize(300, 200);
     pane.show();

@@ -95,7 +95,7 @@ class RecordsWindowOnDatabase : public ReadingSession {
     }
 
     /// The lists, which have no history.
-    static constexpr int fixedTabs = 3;
+    static constexpr int fixedTabs = 4;
     int abouts = 0;
     RecordsWindow window{session,
                          {[this](const QString& user, const QString& password) { logIn(user, password); },

@@ -1,0 +1,85 @@
+#include "records/certificate_names.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+const auto suffix = u".pdf"_s;
+/// File systems take 255; a number and the suffix are added.
+constexpr qsizetype longestName = 200; // bytes in UTF-8
+
+struct Part {
+    QStringView name;
+    QString CertificateNaming::*member;
+};
+
+constexpr Part parts[] = {
+    {u"asset", &CertificateNaming::asset},
+    {u"date", &CertificateNaming::date},
+    {u"number", &CertificateNaming::number},
+    {u"serial", &CertificateNaming::serial},
+};
+
+/// What stands in a value is no part of the rule.
+QString filled(const QString& rule, const CertificateNaming& naming) {
+    static const QRegularExpression field(u"\\{(asset|date|number|serial)\\}"_s);
+    QString name;
+    qsizetype end = 0;
+    for (auto matches = field.globalMatch(rule); matches.hasNext();) {
+        const auto match = matches.next();
+        const auto* part = std::ranges::find(parts, match.capturedView(1), &Part::name);
+        name += rule.mid(end, match.capturedStart() - end) + naming.*part->member;
+        end = match.capturedEnd();
+    }
+    return name + rule.mid(end);
+}
+
+/// Some systems refuse these, others take them for something else.
+QString safe(QString name) {
+    constexpr QStringView refused = u"/\\:*?\"<>|";
+    for (auto& character : name) {
+        const auto category = character.category();
+        if (refused.contains(character) || category == QChar::Other_Control ||
+            category == QChar::Other_Format || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph)
+            character = u'_';
+    }
+    while (name.toUtf8().size() > longestName)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    name = name.trimmed();
+    while (name.endsWith(u'.'))
+        name = name.chopped(1).trimmed();
+    // Such a file is hidden.
+    if (name.startsWith(u'.'))
+        name.front() = u'_';
+    return name;
+}
+
+} // namespace
+
+CertificateNaming certificateNaming(const Session& session, const CertifiedCalibration& calibration) {
+    return {.asset = calibration.instrument.asset,
+            .date = certificateDate(calibration),
+            .number = certificateNumber(session, calibration),
+            .serial = calibration.instrument.serial};
+}
+
+QString CertificateNames::next(const CertificateNaming& naming) {
+    auto rule = rule_.trimmed();
+    if (rule.endsWith(suffix, Qt::CaseInsensitive))
+        rule.chop(suffix.size());
+    auto name = safe(filled(rule, naming));
+    if (name.isEmpty())
+        name = safe(naming.number);
+    auto numbered = name;
+    for (int number = 2; given_.contains(numbered.toLower()); ++number)
+        numbered = u"%1 (%2)"_s.arg(name).arg(number);
+    given_ << numbered.toLower();
+    return numbered + suffix;
+}
+
+} // namespace kelvane

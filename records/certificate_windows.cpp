@@ -1,0 +1,116 @@
+#include "records/certificate_windows.h"
+
+#include "records/certificate_run.h"
+#include "records/certificate_settings_dialog.h"
+#include "reports/report_error.h"
+#include "reports/report_preview.h"
+#include "resources/text_id.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QProgressDialog>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+QString withoutDots(TextId caption) {
+    return text(caption).remove(u"..."_s).trimmed();
+}
+
+/// Shows how far a run is, and asks to be told when the user ends it.
+class RunWindow {
+  public:
+    RunWindow(qsizetype count, QWidget* parent)
+        : dialog_(QString(), text(TextId::cancel), 0, static_cast<int>(count), parent) {
+        dialog_.setObjectName(u"Progress"_s);
+        dialog_.setWindowTitle(withoutDots(TextId::certificatesMake));
+        dialog_.setWindowModality(Qt::ApplicationModal);
+        dialog_.setMinimumDuration(0);
+    }
+
+    /// False when the user has ended it.
+    bool reach(qsizetype number, const QString& asset) {
+        dialog_.setLabelText(
+            text(TextId::certificatesProgress).arg(number + 1).arg(dialog_.maximum()).arg(asset));
+        dialog_.setValue(static_cast<int>(number));
+        return !dialog_.wasCanceled();
+    }
+
+  private:
+    QProgressDialog dialog_;
+};
+
+} // namespace
+
+CertificateWindows::CertificateWindows(Session& session, QStringList folders, QWidget* window)
+    : session_(session), folders_(std::move(folders)), window_(window) {}
+
+void CertificateWindows::show(const CertifiedCalibration& calibration) {
+    const auto form = readForm();
+    if (!form)
+        return;
+    try {
+        const BusyPointer busy(session_.ui);
+        auto preview =
+            std::make_unique<ReportPreview>(session_.ui, certificateReport(session_, calibration, *form),
+                                            certificateTitle(session_, calibration));
+        preview->open();
+        // From here on it belongs to itself.
+        previews_ << preview.release();
+    } catch (const ReportError& error) {
+        showFailure(error.text());
+    }
+}
+
+QString CertificateWindows::write(const QList<InstrumentSummary>& instruments) {
+    QFileDialog dialog(window_, text(TextId::certificatesFolder));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setDirectory(QDir::homePath());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return writeInto(dialog.selectedFiles().constFirst(), instruments);
+}
+
+QString CertificateWindows::writeInto(const QString& folder, const QList<InstrumentSummary>& instruments) {
+    const auto form = readForm();
+    if (!form)
+        return {};
+    const auto run = [&] {
+        RunWindow progress(instruments.size(), window_);
+        return writeCertificates(
+            session_, instruments, *form, folder,
+            [&](qsizetype number, const QString& asset) { return progress.reach(number, asset); });
+    }();
+    if (!run.failures.isEmpty())
+        showFailure(runText(run));
+    return runText(run).section(u"\r\n"_s, 0, 0);
+}
+
+void CertificateWindows::editSettings() {
+    (new CertificateSettingsDialog(session_, window_))->open();
+}
+
+void CertificateWindows::closePreviews() {
+    for (const auto& preview : std::as_const(previews_))
+        delete preview.data();
+    previews_.clear();
+}
+
+std::optional<CertificateForm> CertificateWindows::readForm() {
+    try {
+        return readCertificateForm(session_, folders_);
+    } catch (const ReportError& error) {
+        showFailure(error.text());
+        return {};
+    }
+}
+
+void CertificateWindows::showFailure(const QString& failure) {
+    session_.ui.messageBox(failure, withoutDots(TextId::certificatesMake), box::warning);
+}
+
+} // namespace kelvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "data/history/calibrations.h"
+#include "data/history/instruments.h"
+
+#include <functional>
+
+namespace kelvane {
+
+/// The calibration that a certificate is of: one record, or one as found and one as left.
+struct CertifiedCalibration {
+    InstrumentSummary instrument = {};
+    /// A record that is neither as found nor as left stands here, too.
+    std::optional<CalibrationRecord> asFound = {};
+    std::optional<CalibrationRecord> asLeft = {};
+};
+
+/// The calibration that one of an instrument's records, which are the newest first, belongs to (`pairOf`).
+CertifiedCalibration certifiedCalibration(const InstrumentSummary& instrument,
+                                          const QList<CalibrationRecord>& records, qsizetype chosen);
+
+/// The certificate's number: the owner and the number of the record, or of both records, "MT-1401" or
+/// "MT-1401/1402". No other calibration has it, and the same one always.
+QString certificateNumber(const Session& session, const CertifiedCalibration& calibration);
+
+/// The date of the calibration, "YYYY-MM-DD", that of the last record; as it is stored when it is no date.
+QString certificateDate(const CertifiedCalibration& calibration);
+
+/// What the records say in one text: once when they say the same, else each with its name. Empty when neither
+/// says it.
+QString ofBothRecords(const CertifiedCalibration& calibration,
+                      const std::function<QString(const CalibrationRecord& record)>& value);
+
+/// "value (as found)", or "value (as left)".
+QString asFoundOrLeft(const QString& value, bool isAsLeft);
+
+} // namespace kelvane

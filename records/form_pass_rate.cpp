@@ -1,0 +1,173 @@
+#include "records/form_pass_rate.h"
+
+#include "platform/values/numbers.h"
+#include "plots/plot_view.h"
+#include "records/pass_rate_plots.h"
+#include "records/picture_file.h"
+#include "resources/text_id.h"
+#include "ui/controls.h"
+#include "ui/guarded.h"
+
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace kelvane {
+
+namespace {
+
+constexpr TextId kindNames[] = {TextId::passRateMonth, TextId::passRateModel, TextId::passRateGroup};
+constexpr int columnCount = 3;
+/// Pixels that the table takes of the picture at the most; beyond that it scrolls.
+constexpr int widestTable = 400;
+
+QStringList kindRows() {
+    QStringList rows;
+    for (const auto name : kindNames)
+        rows << text(name);
+    return rows;
+}
+
+QTableWidget* ratesTable() {
+    auto* table = nameControl(new QTableWidget(0, columnCount), u"TableRates"_s, text(TextId::passRateTip));
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->setAlternatingRowColors(true);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return table;
+}
+
+} // namespace
+
+FormPassRate::FormPassRate(Session& session, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      ComboBy(dropDown(u"ComboBy"_s, text(TextId::passRateBy), TextId::passRateTip, kindRows())),
+      DateSince(
+          nameControl(new QDateEdit, u"DateSince"_s, text(TextId::recordsSince), TextId::passRateSinceTip)),
+      CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)),
+      LabelState(label(u"LabelState"_s, TextId::historyNotRead)),
+      view_(new PlotView),
+      TableRates(ratesTable()),
+      CommandSavePicture(button(u"CommandSavePicture"_s, TextId::plotSave, TextId::plotSaveTip)) {
+    setObjectName(u"FormPassRate"_s);
+    view_->setObjectName(u"PlotRates"_s);
+    layOut();
+    connectGuarded(ComboBy, &QComboBox::currentIndexChanged, this, session_.ui, [this] { showRates(); });
+    connectGuarded(DateSince, &QDateEdit::dateChanged, this, session_.ui, [this] { readAgain(); });
+    connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session_.ui, [this] { readAgain(); });
+    connectGuarded(CommandSavePicture, &QPushButton::clicked, this, session_.ui,
+                   [this] { savePicture(view_->plot(), view_->plot().title, this, session_.ui); });
+    auto* again = new QShortcut(QKeySequence::Refresh, this);
+    again->setContext(Qt::WidgetWithChildrenShortcut);
+    connectGuarded(again, &QShortcut::activated, this, session_.ui, [this] { readAgain(); });
+    forget();
+}
+
+void FormPassRate::layOut() {
+    // As all dates of the lists.
+    DateSince->setDisplayFormat(u"yyyy-MM-dd"_s);
+    DateSince->setCalendarPopup(true);
+    DateSince->setMinimumDate(QDate(1900, 1, 1));
+    DateSince->setKeyboardTracking(false);
+    DateSince->setDate(session_.clock.moment().date.addYears(-1));
+    LabelState->setWordWrap(true);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(labelFor(ComboBy, u"Label1"_s, TextId::passRateBy));
+    row->addWidget(ComboBy);
+    row->addWidget(labelFor(DateSince, u"Label2"_s, TextId::recordsSince));
+    row->addWidget(DateSince);
+    row->addWidget(CommandReadAgain);
+    row->addStretch(1);
+    row->addWidget(CommandSavePicture);
+    auto* sides = new QSplitter(Qt::Horizontal);
+    sides->setChildrenCollapsible(false);
+    sides->addWidget(view_);
+    sides->addWidget(TableRates);
+    sides->setStretchFactor(0, 3);
+    sides->setStretchFactor(1, 1);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(row);
+    column->addWidget(LabelState);
+    column->addWidget(sides, 1);
+    kelvane::setTabOrder({ComboBy, DateSince, CommandReadAgain, CommandSavePicture, view_, TableRates});
+}
+
+void FormPassRate::readAgain() {
+    isRead_ = false;
+    if (isVisible())
+        read();
+}
+
+void FormPassRate::forget() {
+    isRead_ = false;
+    rates_.reset();
+    LabelState->hide();
+    showRates();
+}
+
+void FormPassRate::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!isRead_ && session_.SessionConnected)
+        runGuarded(session_.ui, [this] { read(); });
+}
+
+/// Rates of another day must not stand below this one: after a failure none are shown.
+void FormPassRate::read() {
+    const BusyPointer busy(session_.ui);
+    // Only once: a database that fails is told once.
+    isRead_ = true;
+    rates_.reset();
+    runGuarded(session_.ui, [this] { rates_ = passRatesSince(session_, DateSince->date()); });
+    LabelState->setVisible(!rates_);
+    showRates();
+}
+
+void FormPassRate::showRates() {
+    const auto kind = static_cast<PassRateKind>(ComboBy->currentIndex());
+    auto plot = passRatePlot(rates_.value_or(PassRates()), kind);
+    if (rates_ && plot.isEmpty())
+        plot.notes.prepend(text(TextId::plotNothing));
+    view_->setPlot(plot);
+    CommandSavePicture->setEnabled(!plot.isEmpty());
+    showTable();
+}
+
+void FormPassRate::showTable() {
+    const auto kind = static_cast<PassRateKind>(ComboBy->currentIndex());
+    const auto named = passRatesBy(rates_.value_or(PassRates()), kind);
+    TableRates->setHorizontalHeaderLabels(
+        {text(kindNames[ComboBy->currentIndex()]), u"%"_s, text(TextId::historyRecords)});
+    TableRates->setRowCount(static_cast<int>(named.size()));
+    for (int row = 0; row < TableRates->rowCount(); ++row) {
+        const auto& [name, rate] = named[row];
+        const bool isCounted = rate.counted() > 0;
+        const QString cells[columnCount] = {name, isCounted ? fixedDecimals(rate.percent(), 1) : QString(),
+                                            passRateText(rate)};
+        for (int column = 0; column < columnCount; ++column)
+            TableRates->setItem(row, column, new QTableWidgetItem(cells[column]));
+    }
+    auto* header = TableRates->horizontalHeader();
+    header->setStretchLastSection(false);
+    TableRates->resizeColumnsToContents();
+    const int needed =
+        header->length() + TableRates->verticalScrollBar()->sizeHint().width() + 2 * TableRates->frameWidth();
+    TableRates->setMinimumWidth(qMin(needed, widestTable));
+    header->setStretchLastSection(true);
+}
+
+} // namespace kelvane
