@@ -1,7 +1,6 @@
 #include "records/form_standard_use.h"
 
 #include "platform/values/texts.h"
-#include "records/colors.h"
 #include "records/list_file.h"
 #include "records/lists.h"
 #include "records/selected_rows.h"
@@ -24,6 +23,9 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

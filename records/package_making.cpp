@@ -152,7 +152,7 @@ QString madePackage(Session& writer, const QString& owner, const QStringList& as
     const BusyPointer busy(writer.ui);
     if (savePackage(writer, {.name = name, .assets = members->assets}))
         return {};
-    return text(TextId::packageMade).arg(name).arg(members->assets.size());
+    return text(TextId::packageMade).arg(name, QString::number(members->assets.size()));
 }
 
 } // namespace

@@ -239,14 +239,14 @@ TEST_F(PackageOfSelection, OfTwiceTheSameNumberHasItOnce) {
 }
 
 TEST_F(PackageOfSelection, AsksForAnotherNameUntilItIsFree) {
-    make(configured(1), {u"O'Brien's %"_s});
-    EXPECT_EQ(outcome, text(TextId::packageMade).arg(u"O'Brien's %"_s).arg(1));
-    EXPECT_EQ(stored(u"O''Brien''s %"_s).size(), 1);
+    make(configured(1), {u"O'Brien's %2"_s});
+    EXPECT_EQ(outcome, text(TextId::packageMade).arg(u"O'Brien's %2"_s, u"1"_s));
+    EXPECT_EQ(stored(u"O''Brien''s %2"_s).size(), 1);
     ui.expectBox(text(TextId::packageAlreadyExists), text(TextId::newPackageTitle), box::warning);
     const QString longest(30, u'N');
-    make(configured(2), {u"O'Brien's %"_s, longest + u"beyond"_s});
+    make(configured(2), {u"O'Brien's %2"_s, longest + u"beyond"_s});
     EXPECT_EQ(members(longest), configured(2));
-    EXPECT_EQ(members(u"O''Brien''s %"_s), configured(1)) << "the other one stays as it was";
+    EXPECT_EQ(members(u"O''Brien''s %2"_s), configured(1)) << "the other one stays as it was";
 }
 
 TEST_F(PackageOfSelection, ThatFailsHalfWayIsNotStoredAtAll) {
