@@ -121,10 +121,11 @@ void addCircumstances(const Session& session, const CertifiedCalibration& calibr
 }
 
 QString remarksOf(const CertifiedCalibration& calibration) {
-    QStringList remarks{ofColumn(calibration, TextId::listRemarks),
-                        ofColumn(calibration, TextId::listFurtherRemarks)};
-    remarks.removeAll(QString());
-    return remarks.join(u'\n');
+    return sentencesOfBoth(calibration, [](const CalibrationRecord& record) {
+        QStringList remarks{record.remarks, record.furtherRemarks};
+        remarks.removeAll(QString());
+        return remarks.join(u'\n');
+    });
 }
 
 } // namespace

@@ -131,20 +131,21 @@ class Results {
             rows << QJsonObject{{"note"_L1, text(TextId::historyNoLines)}};
         values_[list] = rows;
         values_[list + "Title"_L1] = text(titleOf(record.run));
-        statements_ << statementOf(isConforming(record, lines, settings_));
+        statements_.insert(record.ctag, statementOf(isConforming(record, lines, settings_)));
     }
 
     QStringList notes() const {
         return hasStoredLine_ ? QStringList(text(TextId::certificateUnreadable)) : QStringList();
     }
-    const QStringList& statements() const { return statements_; }
+    QString statement(const CalibrationRecord& record) const { return statements_.value(record.ctag); }
 
   private:
     Session& session_;
     const CertificateSettings& settings_;
     QJsonObject& values_;
     bool hasStoredLine_ = false;
-    QStringList statements_;
+    /// By the numbers of the records.
+    QHash<QString, QString> statements_;
 };
 
 /// What a calibration lacks, or does not say.
@@ -173,14 +174,9 @@ QString addResults(Session& session, const CertifiedCalibration& calibration,
         notes << QJsonObject{{"text"_L1, note}};
     values["notes"_L1] = notes;
 
-    auto statements = results.statements();
-    if (statements.size() == 2) {
-        statements[0] = asFoundOrLeft(statements[0], false);
-        statements[1] = asFoundOrLeft(statements[1], true);
-        if (results.statements()[0] == results.statements()[1])
-            statements = {results.statements()[0]};
-    }
-    return (statements << ruleText(settings)).join(u'\n');
+    const auto statements = sentencesOfBoth(
+        calibration, [&](const CalibrationRecord& record) { return results.statement(record); });
+    return statements + u'\n' + ruleText(settings);
 }
 
 } // namespace kelvane

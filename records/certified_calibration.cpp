@@ -8,6 +8,33 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
+namespace {
+
+using OfRecord = std::function<QString(const CalibrationRecord& record)>;
+
+QString nameOf(bool isAsLeft) {
+    return text(isAsLeft ? TextId::plotAsLeft : TextId::plotAsFound);
+}
+
+/// Once what both say, else what each says, with its name, joined.
+QString joined(const CertifiedCalibration& calibration, const OfRecord& value, const QString& link,
+               QString (*named)(const QString& value, bool isAsLeft)) {
+    const auto found = calibration.asFound ? value(*calibration.asFound) : QString();
+    const auto left = calibration.asLeft ? value(*calibration.asLeft) : QString();
+    if (!calibration.asLeft || found == left)
+        return found;
+    if (!calibration.asFound)
+        return left;
+    QStringList values;
+    if (!found.isEmpty())
+        values << named(found, false);
+    if (!left.isEmpty())
+        values << named(left, true);
+    return values.join(link);
+}
+
+} // namespace
+
 CertifiedCalibration certifiedCalibration(const InstrumentSummary& instrument,
                                           const QList<CalibrationRecord>& records, qsizetype chosen) {
     const auto pair = pairOf(records, chosen);
@@ -33,24 +60,18 @@ QString certificateDate(const CertifiedCalibration& calibration) {
     return last ? dateText(last->date) : QString();
 }
 
-QString ofBothRecords(const CertifiedCalibration& calibration,
-                      const std::function<QString(const CalibrationRecord& record)>& value) {
-    const auto found = calibration.asFound ? value(*calibration.asFound) : QString();
-    const auto left = calibration.asLeft ? value(*calibration.asLeft) : QString();
-    if (!calibration.asLeft || found == left)
-        return found;
-    if (!calibration.asFound)
-        return left;
-    QStringList values;
-    if (!found.isEmpty())
-        values << asFoundOrLeft(found, false);
-    if (!left.isEmpty())
-        values << asFoundOrLeft(left, true);
-    return values.join(u"; "_s);
+QString ofBothRecords(const CertifiedCalibration& calibration, const OfRecord& value) {
+    return joined(calibration, value, u"; "_s, asFoundOrLeft);
+}
+
+QString sentencesOfBoth(const CertifiedCalibration& calibration, const OfRecord& value) {
+    return joined(calibration, value, u"\n"_s, [](const QString& sentence, bool isAsLeft) {
+        return u"%1: %2"_s.arg(nameOf(isAsLeft), sentence);
+    });
 }
 
 QString asFoundOrLeft(const QString& value, bool isAsLeft) {
-    return u"%1 (%2)"_s.arg(value, text(isAsLeft ? TextId::plotAsLeft : TextId::plotAsFound));
+    return u"%1 (%2)"_s.arg(value, nameOf(isAsLeft));
 }
 
 } // namespace kelvane

@@ -31,6 +31,10 @@ QString certificateDate(const CertifiedCalibration& calibration);
 QString ofBothRecords(const CertifiedCalibration& calibration,
                       const std::function<QString(const CalibrationRecord& record)>& value);
 
+/// The same for sentences, each in a line behind its name.
+QString sentencesOfBoth(const CertifiedCalibration& calibration,
+                        const std::function<QString(const CalibrationRecord& record)>& value);
+
 /// "value (as found)", or "value (as left)".
 QString asFoundOrLeft(const QString& value, bool isAsLeft);
 

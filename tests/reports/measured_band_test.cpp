@@ -3,6 +3,8 @@
 #include "reports/design_unit.h"
 #include "tests/reports/report_tools.h"
 
+#include <QPainter>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -41,6 +43,26 @@ class Bands : public ::testing::Test {
 TEST_F(Bands, AreAsHighAsTheLayoutSaysAtLeast) {
     EXPECT_NEAR(heightOf(R"({"height": 8, "items": [{"text": "{{a}}", "y": 2}]})", {}), 8, 1e-6);
     EXPECT_NEAR(heightOf(R"({"items": [{"box": 0.2, "y": 2, "height": 5}]})", {}), 7, 1e-6);
+}
+
+TEST_F(Bands, HaveRoomForADrawingThatIsThere) {
+    const auto layout = layoutOf(R"({"width": 100, "summary": {"height": 5, "items":
+        [{"drawing": "errors", "x": 10, "y": 2, "width": 50, "height": 30}]}})");
+    FieldValues values({});
+    PlainTexts plainTexts;
+    const auto& band = layout.summary.first();
+    QList<QRectF> places;
+    const ReportDrawings drawings{{u"errors"_s, [&](QPainter&, const QRectF& place) { places << place; }}};
+    MeasuredBand measured(band, values, plainTexts, drawings);
+    EXPECT_NEAR(measured.height(), unitsOfMillimetres(32), 1e-6);
+    QImage paper(10, 10, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    measured.paint(painter, {0, unitsOfMillimetres(100)});
+    ASSERT_EQ(places.size(), 1);
+    EXPECT_NEAR(places[0].left(), unitsOfMillimetres(10), 1e-6);
+    EXPECT_NEAR(places[0].top(), unitsOfMillimetres(102), 1e-6);
+    EXPECT_NEAR(places[0].height(), unitsOfMillimetres(30), 1e-6);
+    EXPECT_NEAR(MeasuredBand(band, values, plainTexts).height(), unitsOfMillimetres(5), 1e-6);
 }
 
 TEST_F(Bands, GrowWithTheirTextsAndKeepTheSpaceBelow) {

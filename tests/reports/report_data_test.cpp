@@ -17,4 +17,12 @@ TEST(ReportData, GivesItsGroupsBackInTheirOrder) {
     EXPECT_EQ(data.group(1), testing::sheetOf(u"Ω <&> \"2\""_s, 0));
 }
 
+TEST(ReportData, KeepsTheDrawingsOfEachGroup) {
+    ReportData data;
+    data.add({});
+    data.add({}, {{u"errors"_s, [](QPainter&, const QRectF&) {}}});
+    EXPECT_EQ(data.drawings(0).keys(), QStringList());
+    EXPECT_EQ(data.drawings(1).keys(), QStringList(u"errors"_s));
+}
+
 } // namespace kelvane
