@@ -37,7 +37,7 @@ constexpr Label labels[] = {
     {"labelMethod"_L1, TextId::certificateMethod},
     {"labelConditions"_L1, TextId::certificateConditions},
     {"labelPoint"_L1, TextId::historyPoint},
-    {"labelApplied"_L1, TextId::certificateResults},
+    {"labelApplied"_L1, TextId::certificateApplied},
     {"labelNominal"_L1, TextId::historyNominal},
     {"labelReading"_L1, TextId::historyReading},
     {"labelError"_L1, TextId::historyError},
@@ -152,7 +152,7 @@ QJsonObject certificateValues(Session& session, const CertifiedCalibration& cali
     const auto state = [&](TextId title, const QString& statement) {
         statements << QJsonObject{{"title"_L1, text(title)}, {"text"_L1, statement}};
     };
-    state(TextId::certificatePersons, stated(settings.traceability));
+    state(TextId::certificateTraceability, stated(settings.traceability));
     state(TextId::certificateConformity, conformity);
     state(TextId::certificateUncertainty, stated(settings.uncertainty));
     if (const auto remarks = remarksOf(calibration); !remarks.isEmpty())

@@ -253,7 +253,7 @@ void FormHistory::showPair(qsizetype record) {
     if (!pair.asLeft)
         note = text(missing);
     else if (pair.asFound)
-        note = text(TextId::recordsShownMore);
+        note = text(TextId::historyPairedByOrder);
     showPane(*right_, pair.asLeft, note);
     offerStandards(pair.asFound, pair.asLeft);
     showDetails(pair.asFound, pair.asLeft);

@@ -124,9 +124,9 @@ void FormUnrecorded::showResults(const KeptResults& kept) {
         found << (entries_.isEmpty() ? text(TextId::unrecordedNone)
                                      : text(TextId::unrecordedFound).arg(entries_.size()));
     else
-        found << text(TextId::packagesMade);
+        found << text(TextId::unrecordedNoJournal);
     if (kept.unreadable > 0)
-        found << text(TextId::recordsViewMenu).arg(kept.unreadable);
+        found << text(TextId::unrecordedUnreadable).arg(kept.unreadable);
     LabelFound->setText(found.join(u'\n'));
     LabelFound->setAccessibleName(LabelFound->text());
     LabelJournal->setText(text(TextId::unrecordedJournal).arg(QDir::toNativeSeparators(kept.path)));

@@ -94,7 +94,7 @@ bool agreesToMembers(Session& writer, const Members& members) {
         writer.ui.messageBox(faults, title(), box::warning);
         return false;
     }
-    const auto question = faults + u"\r\n\r\n"_s + text(TextId::packageNoStrategy).arg(members.assets.size());
+    const auto question = faults + u"\r\n\r\n"_s + text(TextId::packageMakeOthers).arg(members.assets.size());
     return writer.ui.messageBox(question, title(), box::question) == BoxAnswer::yes;
 }
 

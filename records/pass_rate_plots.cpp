@@ -94,7 +94,7 @@ Plot passRatePlot(const PassRates& rates, PassRateKind kind) {
     plot.series << bars;
     if (const auto leftOut = rates.undated + rates.inFuture + rates.otherState + rates.otherResult;
         leftOut > 0)
-        plot.notes << text(TextId::passRateByTip)
+        plot.notes << text(TextId::passRateLeftOut)
                           .arg(rates.undated)
                           .arg(rates.inFuture)
                           .arg(rates.otherState)

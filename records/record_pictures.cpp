@@ -26,7 +26,7 @@ RecordPictures::RecordPictures(Session& session, const QString& asset)
       asset_(asset),
       ComboPicture(dropDown(u"ComboPicture"_s, text(TextId::plotChoice), TextId::picturesTip)),
       view_(new PlotView),
-      CommandMethod(button(u"CommandMethod"_s, TextId::plotNominalPoint, TextId::plotMethod)),
+      CommandMethod(button(u"CommandMethod"_s, TextId::plotMethodCommand, TextId::plotMethod)),
       CommandSavePicture(button(u"CommandSavePicture"_s, TextId::plotSave, TextId::plotSaveTip)) {
     setObjectName(u"RecordPictures"_s);
     view_->setObjectName(u"PlotErrors"_s);
@@ -104,7 +104,7 @@ void RecordPictures::showPicture() {
 }
 
 void RecordPictures::showMethod() {
-    session_.ui.messageBox(text(TextId::plotChoiceTip), text(TextId::plotMethod), box::information);
+    session_.ui.messageBox(text(TextId::plotMethodText), text(TextId::plotMethod), box::information);
 }
 
 } // namespace kelvane

@@ -107,7 +107,7 @@ class DriftPicture {
         else if (line.outlook == DriftOutlook::hasLeft)
             sentences << text(TextId::plotHasLeftLimits);
         else if (line.outlook == DriftOutlook::unknown)
-            sentences << text(TextId::plotDateAxis);
+            sentences << text(TextId::plotLeftUnknown);
         if (line.intervalKept && *line.intervalKept > 0)
             sentences << text(TextId::plotIntervalKept).arg(*line.intervalKept).arg(line.horizon);
         else if (line.intervalKept)

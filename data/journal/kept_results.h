@@ -18,8 +18,8 @@ struct KeptResults {
 
 /// Reads the journal of the session's data source in the first of these folders that has one; without one
 /// the path is that of the last folder. Nothing is changed, made or locked: a workstation that writes to the
-/// journal meanwhile does not notice. Nothing after an error, which is reported as "Journal,keptResults", once
-/// until the journal can be read again.
+/// journal meanwhile does not notice. Nothing after an error, which is reported as "Journal,keptResults",
+/// once until the journal can be read again.
 std::optional<KeptResults> keptResults(Session& session, const QStringList& folders);
 
 } // namespace kelvane

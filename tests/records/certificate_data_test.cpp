@@ -114,7 +114,7 @@ TEST_F(CertificateValues, TakeWhatTheSettingsSayFirst) {
     EXPECT_EQ(shown["customer"_L1].toString(), u"Boiler House"_s);
     EXPECT_EQ(shown["method"_L1].toString(), u"After our handbook.\nProcedure: KP-1"_s);
     EXPECT_EQ(shown["authorizedBy"_L1].toString(), u"E. Fischer"_s);
-    EXPECT_EQ(statement(shown, TextId::certificatePersons), u"To the SI."_s);
+    EXPECT_EQ(statement(shown, TextId::certificateTraceability), u"To the SI."_s);
     EXPECT_EQ(statement(shown, TextId::certificateUncertainty), u"0.02 %"_s);
 }
 

@@ -116,7 +116,7 @@ TEST_F(HistoryScreen, ShowsAsFoundAndAsLeftSideBySide) {
         EXPECT_EQ(lines(u"Right"_s).rowCount(), 5);
         EXPECT_EQ(detail(TextId::listRemarks, 1), u"of AS-FOUND"_s);
         EXPECT_EQ(detail(TextId::listRemarks, 2), u"of AS-LEFT"_s);
-        EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::recordsShownMore)) << "what was assumed";
+        EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyPairedByOrder)) << "what was assumed";
     }
 }
 

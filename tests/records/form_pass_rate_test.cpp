@@ -133,7 +133,7 @@ TEST_F(PassRateScreen, SaysThatNothingWasCountedAndWhatIsLeftOut) {
     since().setDate(QDate(2000, 1, 1));
     const auto records = value(u"select count(*) from mt.calibration"_s);
     EXPECT_EQ(plot().notes, (QStringList{text(TextId::plotNothing),
-                                         text(TextId::passRateByTip).arg(0).arg(0).arg(0).arg(records)}));
+                                         text(TextId::passRateLeftOut).arg(0).arg(0).arg(0).arg(records)}));
     EXPECT_EQ(table().rowCount(), 0);
 }
 

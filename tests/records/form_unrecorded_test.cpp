@@ -55,7 +55,7 @@ class UnrecordedScreen : public RecordedSession {
 
 TEST_F(UnrecordedScreen, TellsThatThereIsNoJournalAndMakesNone) {
     open();
-    EXPECT_EQ(found(), text(TextId::packagesMade));
+    EXPECT_EQ(found(), text(TextId::unrecordedNoJournal));
     EXPECT_EQ(results().topLevelItemCount(), 0);
     EXPECT_EQ(control<QLabel>(*form, u"LabelJournal"_s).text(),
               u"Journal file: "_s + folder.path() + u'/' + Journal(session).path());
@@ -98,7 +98,8 @@ TEST_F(UnrecordedScreen, TellsWhatCanNotBeRead) {
     journal.write("{\"id\":\"torn\nnothing\n");
     journal.close();
     open();
-    EXPECT_EQ(found(), text(TextId::unrecordedFound).arg(1) + u'\n' + text(TextId::recordsViewMenu).arg(2));
+    EXPECT_EQ(found(),
+              text(TextId::unrecordedFound).arg(1) + u'\n' + text(TextId::unrecordedUnreadable).arg(2));
 }
 
 TEST_F(UnrecordedScreen, KeepsWhatWasReadWhenTheJournalCanNotBeRead) {

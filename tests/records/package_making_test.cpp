@@ -216,7 +216,7 @@ TEST_F(PackageOfSelection, TellsWhatCanNotBePartOfItAndIsMadeOfTheOthersWhenTheU
     const auto assets = configured(2) << unfit << u"NO-SUCH"_s;
     const auto faults = text(TextId::configurationDataIncomplete) + u"\r\n"_s + unfit + u"\r\n\r\n"_s +
                         text(TextId::instrumentNumberInvalid) + u"\r\nNO-SUCH"_s;
-    const auto question = faults + u"\r\n\r\n"_s + text(TextId::packageNoStrategy).arg(2);
+    const auto question = faults + u"\r\n\r\n"_s + text(TextId::packageMakeOthers).arg(2);
     const auto before = packages();
     ui.expectBox(question, text(TextId::newPackageTitle), box::question, BoxAnswer::no);
     make(assets, {});
@@ -232,7 +232,7 @@ TEST_F(PackageOfSelection, TellsWhatCanNotBePartOfItAndIsMadeOfTheOthersWhenTheU
 TEST_F(PackageOfSelection, OfTwiceTheSameNumberHasItOnce) {
     const auto asset = configured(1).value(0);
     ui.expectBox(text(TextId::instrumentAlreadyListed) + u"\r\n"_s + asset.toLower() + u"\r\n\r\n"_s +
-                     text(TextId::packageNoStrategy).arg(1),
+                     text(TextId::packageMakeOthers).arg(1),
                  text(TextId::newPackageTitle), box::question, BoxAnswer::yes);
     make({asset, asset.toLower()}, {u"CREW"_s});
     EXPECT_EQ(members(u"CREW"_s), QStringList{asset});

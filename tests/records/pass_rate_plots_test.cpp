@@ -98,7 +98,7 @@ TEST(PassRatePlots, SayWhatIsLeftOut) {
     rates.otherState = 3;
     rates.otherResult = 4;
     EXPECT_EQ(passRatePlot(rates, PassRateKind::month).notes,
-              QStringList(text(TextId::passRateByTip).arg(1).arg(2).arg(3).arg(4)));
+              QStringList(text(TextId::passRateLeftOut).arg(1).arg(2).arg(3).arg(4)));
 }
 
 TEST(PassRatePlots, OfNothingAreEmpty) {

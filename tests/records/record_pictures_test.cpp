@@ -196,10 +196,10 @@ TEST_F(PicturesScreen, OfATemplateThatIsMissingSayWhatIsLeftOut) {
 
 TEST_F(PicturesScreen, TellTheMethodAndWhatItAssumes) {
     open();
-    ui.expectBox(text(TextId::plotChoiceTip), text(TextId::plotMethod), box::information);
+    ui.expectBox(text(TextId::plotMethodText), text(TextId::plotMethod), box::information);
     click(control<QPushButton>(*form, u"CommandMethod"_s));
     for (const auto& word : {u"ILAC-G24"_s, u"OIML D 10"_s, u"assumes"_s})
-        EXPECT_TRUE(text(TextId::plotChoiceTip).contains(word)) << word.toStdString();
+        EXPECT_TRUE(text(TextId::plotMethodText).contains(word)) << word.toStdString();
 }
 
 TEST_F(PicturesScreen, TellTheMethodInABoxThatAScreenHolds) {
@@ -214,7 +214,7 @@ TEST_F(PicturesScreen, TellTheMethodInABoxThatAScreenHolds) {
                                          u"/../pictures/pictures-method-%1.png"_s.arg(language)));
             QTest::keyClick(box, Qt::Key_Escape);
         });
-        showMessageBox(nullptr, text(TextId::plotChoiceTip), text(TextId::plotMethod), box::information);
+        showMessageBox(nullptr, text(TextId::plotMethodText), text(TextId::plotMethod), box::information);
     }
 }
 

@@ -184,7 +184,7 @@ TEST_F(RecordPlots, OfDriftTellThatTheWayItWasLeftIsUnknown) {
     const auto plot =
         drift({off(u"2026-03-01"_s, u"AS-FOUND"_s, 125), off(u"2025-03-01"_s, u"FOUND-LEFT"_s, 75),
                off(u"2024-03-01"_s, u"FOUND-LEFT"_s, 50), off(u"2023-03-01"_s, u"FOUND-LEFT"_s, 0)});
-    EXPECT_EQ(plot.notes, QStringList(text(TextId::plotDateAxis)));
+    EXPECT_EQ(plot.notes, QStringList(text(TextId::plotLeftUnknown)));
 }
 
 TEST_F(RecordPlots, OfDriftWithFewRecordsHaveNoLine) {
