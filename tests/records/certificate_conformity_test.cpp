@@ -36,7 +36,7 @@ TEST_F(CertificateConformity, OfAPointFollowsTheRule) {
         double percent;
         bool simple;
         bool guarded;
-    } rows[] = {{0, true, true},      {80, true, true},   {-80, true, true},   {82.5, true, false},
+    } rows[] = {{0, true, true},      {80, true, true},    {-80, true, true},   {82.5, true, false},
                 {-82.5, true, false}, {97.5, true, false}, {105, false, false}, {-105, false, false}};
     for (const auto& row : rows) {
         EXPECT_EQ(ofPoint(row.percent, simple), row.simple) << row.percent;

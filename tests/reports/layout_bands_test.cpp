@@ -64,7 +64,8 @@ TEST_F(LayoutBands, APictureStandsBesideTheLayout) {
 
 TEST_F(LayoutBands, AnItemThatIsWrongIsRefusedWithTheLine) {
     const QList<std::pair<QByteArray, QString>> mistakes{
-        {"{\"x\": 1}", u"An item has one of \"text\", \"line\", \"box\", \"barcode\", \"picture\", \"drawing\"."_s},
+        {"{\"x\": 1}",
+         u"An item has one of \"text\", \"line\", \"box\", \"barcode\", \"picture\", \"drawing\"."_s},
         {"3", u"\"items\" must be an object in braces."_s},
         {R"({"text": "a", "colour": "red"})",
          u"\"colour\" is not known here; known are \"text\", \"x\", \"y\", \"width\", \"height\", \"font\", "
