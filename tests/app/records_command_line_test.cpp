@@ -50,6 +50,34 @@ TEST(RecordsCommandLine, NamesAListAndItsForm) {
     EXPECT_EQ(history.asset, u"LT-10'COL"_s);
 }
 
+TEST(RecordsCommandLine, NamesACertificateAndItsFile) {
+    const auto newest = recordsRequest({u"--certificate=PT-101"_s, u"--out=a b.pdf"_s, u"--user=jdoe"_s});
+    EXPECT_EQ(newest.list, List::certificate);
+    EXPECT_EQ(newest.asset, u"PT-101"_s);
+    EXPECT_EQ(newest.file, u"a b.pdf"_s);
+    EXPECT_EQ(newest.record, QString());
+    EXPECT_EQ(recordsRequest({u"--certificate"_s, u"PT-101"_s, u"--record"_s, u"77"_s, u"--out"_s, u"a"_s,
+                              u"--user"_s, u"jdoe"_s})
+                  .record,
+              u"77"_s);
+    const struct {
+        QStringList words;
+        QString refusal;
+    } rows[] = {
+        {{u"--certificate="_s}, u"--certificate needs a value"_s},
+        {{u"--certificate=A"_s, u"--user=a"_s}, u"--out is missing"_s},
+        {{u"--certificate=A"_s, u"--out=b"_s}, u"--user is missing"_s},
+        {{u"--certificate=A"_s, u"--out=b"_s, u"--csv"_s}, u"--csv is for lists, a certificate is a PDF"_s},
+        {{u"--certificate=A"_s, u"--out=b"_s, u"--separator=comma"_s},
+         u"--separator is for lists, a certificate is a PDF"_s},
+        {{u"--certificate=A"_s, u"--out=b"_s, u"--since=2026-01-01"_s}, u"--since is for --used"_s},
+        {{u"--certificate=A"_s, u"--out=b"_s, u"--record="_s}, u"--record needs a value"_s},
+        {{u"--overdue"_s, u"--csv"_s, u"--record=1"_s}, u"--record is for --certificate"_s},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(refusalOf(row.words), row.refusal) << row.words.join(u' ').toStdString();
+}
+
 TEST(RecordsCommandLine, WithoutAListTellsWhatThereIs) {
     const auto refusal = refusalOf({});
     for (const auto& option : {u"--due"_s, u"--overdue"_s, u"--used"_s, u"--history"_s})

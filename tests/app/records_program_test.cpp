@@ -1,3 +1,5 @@
+#include "app/records_certificate.h"
+#include "app/records_files.h"
 #include "testkit/database_session.h"
 
 #include <QCoreApplication>
@@ -44,6 +46,16 @@ class RecordsProgram : public DatabaseSession {
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
                 QString::fromUtf8(process.readAllStandardError())};
+    }
+    Ending certificate(const QStringList& words) {
+        return runProgram(words + QStringList{u"--user=jdoe"_s, u"--data-source="_s + database.dsn()},
+                          "kelvane\n");
+    }
+    QString pdfText(const QString& file) {
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-layout"_s, home.filePath(file), u"-"_s});
+        EXPECT_TRUE(reader.waitForFinished(patience));
+        return QString::fromUtf8(reader.readAllStandardOutput());
     }
     /// The lines of a list behind its titles.
     static QStringList linesOf(const Ending& ending) {
@@ -198,6 +210,35 @@ TEST_F(RecordsProgram, KeepsItsReportsInAFolderOfItsOwn) {
     EXPECT_TRUE(content.contains("History,instruments") &&
                 content.contains("left outer join MT.calibration"));
     EXPECT_FALSE(content.contains("kelvane\n"));
+}
+
+TEST_F(RecordsProgram, WritesACertificateWithoutADisplay) {
+    EXPECT_TRUE(QFile::copy(QStringLiteral(KELVANE_SOURCES "/database/demo/rslt_db.frm"),
+                            home.filePath(u"rslt_db.frm"_s)));
+    const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=PT 101.pdf"_s});
+    EXPECT_EQ(ending.status, 0);
+    EXPECT_EQ(ending.output + ending.errors, QString());
+    const auto ctag = value(u"select max(ctag) from mt.calibration where mtag = '1401' and c2339 = '1'"_s);
+    const auto page = pdfText(u"PT 101.pdf"_s);
+    for (const auto& words : {u"Calibration Certificate"_s, u"MT-"_s + ctag, u"PT-101"_s, u"not stated"_s,
+                              u"psig"_s, u"End of the certificate"_s})
+        EXPECT_TRUE(page.contains(words)) << words.toStdString() << '\n' << page.toStdString();
+    const auto oldest = value(u"select min(ctag) from mt.calibration where mtag = '1401'"_s);
+    EXPECT_EQ(certificate({u"--certificate=PT-101"_s, u"--record="_s + oldest, u"--out=PT 101.pdf"_s}).status,
+              0);
+    EXPECT_TRUE(pdfText(u"PT 101.pdf"_s).contains(u"MT-"_s + oldest));
+}
+
+TEST_F(RecordsProgram, TellsWhyThereIsNoCertificate) {
+    expectRefused(certificate({u"--certificate=NO"_s, u"--out=a.pdf"_s}), 1, u"there is no asset NO"_s);
+    expectRefused(certificate({u"--certificate=PM-300"_s, u"--out=a.pdf"_s}), 1,
+                  u"PM-300 has no calibration record"_s);
+    expectRefused(certificate({u"--certificate=PT-101"_s, u"--record=1"_s, u"--out=a.pdf"_s}), 1,
+                  u"PT-101 has no calibration record 1"_s);
+    expectRefused(certificate({u"--certificate=PT-101"_s, u"--out=nowhere/a.pdf"_s}), 1,
+                  home.path() + u"/nowhere/a.pdf can't be written"_s);
+    expectRefused(certificate({u"--certificate=PT-101"_s}), 2, u"--out is missing"_s);
+    EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
 }
 
 TEST_F(RecordsProgram, WithoutAListTellsWhatThereIs) {

@@ -39,8 +39,8 @@ TEST_F(CertificatesOnScreen, AreShownInAPreviewUntilTheLogin) {
 }
 
 TEST_F(CertificatesOnScreen, WithALayoutThatIsWrongSayWhy) {
-    folder.write(u"certificate.rpt"_s, "{\n\"colour\": 1}");
-    ui.expectBox(u"certificate.rpt, line 2: \"colour\" is not known here"_s, u"Certificates"_s, box::warning);
+    folder.write(u"certificate.rpt"_s, "{\n\"width\": \"wide\"}");
+    ui.expectBox(u"certificate.rpt, line 2: \"width\" must be a number."_s, u"Certificates"_s, box::warning);
     windows.show(adjusted());
     EXPECT_TRUE(previews().isEmpty());
 }

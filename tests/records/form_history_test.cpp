@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
 
@@ -180,6 +181,21 @@ TEST_F(HistoryScreen, OfAnInstrumentWithoutRecordsSaysSo) {
     open(u"PM-300"_s);
     EXPECT_EQ(label(u"LabelState"_s), text(TextId::historyNone));
     EXPECT_FALSE(records().isVisible());
+}
+
+TEST_F(HistoryScreen, AsksForTheCertificateOfTheChosenCalibration) {
+    open();
+    QList<CertifiedCalibration> wanted;
+    QObject::connect(form.get(), &FormHistory::certificateWanted, form.get(),
+                     [&](const CertifiedCalibration& calibration) { wanted << calibration; });
+    choose(2);
+    click(control<QPushButton>(*form, u"CommandCertificate"_s));
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted[0].instrument.asset, u"PT-101"_s);
+    const auto oldest = value(u"select min(ctag) from mt.calibration where mtag = '1401'"_s);
+    const auto& found = wanted[0].asFound;
+    const auto& left = wanted[0].asLeft;
+    EXPECT_TRUE((found && found->ctag == oldest) || (left && left->ctag == oldest));
 }
 
 TEST_F(HistoryScreen, OfADatabaseThatFailsKeepsWhatWasRead) {

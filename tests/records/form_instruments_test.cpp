@@ -248,6 +248,20 @@ TEST_F(InstrumentsScreen, WantsAPackageOfTheSelectedInstruments) {
     EXPECT_EQ(control<QLabel>(screen.form, u"LabelOutcome"_s).text(), u"made"_s);
 }
 
+TEST_F(InstrumentsScreen, WantsTheCertificatesOfTheSelectedInstruments) {
+    QList<InstrumentSummary> wanted;
+    QObject::connect(&screen.form, &FormInstruments::certificatesWanted, &screen.form,
+                     [&](const QList<InstrumentSummary>& instruments) { wanted = instruments; });
+    auto& command = control<QPushButton>(screen.form, u"CommandCertificates"_s);
+    EXPECT_FALSE(command.isEnabled()) << "nothing is selected";
+    screen.select(3);
+    QTest::keyClick(&screen.table(), Qt::Key_Up, Qt::ShiftModifier);
+    click(command);
+    ASSERT_EQ(wanted.size(), 2);
+    EXPECT_EQ(wanted[0].asset, screen.cell(2, 0));
+    EXPECT_EQ(wanted[1].asset, screen.cell(3, 0));
+}
+
 TEST_F(InstrumentsScreen, BeginsWithTheChoiceOfTheLastTime) {
     setCurrent(u"PT-101"_s, u"c2303 = '%1'"_s.arg(day(-7)));
     pick(control<QComboBox>(screen.form, u"ComboShow"_s), u"Overdue"_s);
