@@ -12,39 +12,33 @@ namespace kelvane {
 
 namespace {
 
-/// Nothing after an error that was reported.
-std::optional<InstrumentSummary> instrumentOf(Session& session, const QString& asset) {
-    InstrumentReader reader(session, {.filter = {.asset = asset}});
-    const auto found = reader.next(1);
-    if (reader.hasFailed())
-        return {};
-    if (found.isEmpty())
-        throw ProgramAnswer{u"there is no asset %1"_s.arg(asset), 1};
-    return found.constFirst();
-}
-
-/// Where the record stands among those of the instrument: the one that is asked for, or the newest.
-qsizetype chosenOf(const QList<CalibrationRecord>& records, const RecordsRequest& request) {
-    if (records.isEmpty())
-        throw ProgramAnswer{u"%1 has no calibration record"_s.arg(request.asset), 1};
-    if (request.record.isEmpty())
-        return 0;
+/// The calibration of the record that is asked for, or the last one.
+CertifiedCalibration calibrationOf(const Session& session, const InstrumentSummary& instrument,
+                                   const QList<CalibrationRecord>& records, const RecordsRequest& request) {
+    if (request.record.isEmpty()) {
+        const auto last = lastCalibration(session, instrument, records);
+        if (!last)
+            throw ProgramAnswer{u"%1 has no calibration record"_s.arg(request.asset), 1};
+        return *last;
+    }
     const auto found = std::ranges::find(records, request.record, &CalibrationRecord::ctag);
     if (found == records.cend())
         throw ProgramAnswer{u"%1 has no calibration record %2"_s.arg(request.asset, request.record), 1};
-    return found - records.cbegin();
+    return certifiedCalibration(instrument, records, found - records.cbegin());
 }
 
 } // namespace
 
 bool writeCertificateFile(Session& session, const RecordsRequest& request, const QStringList& folders) {
-    const auto instrument = instrumentOf(session, request.asset);
-    if (!instrument)
+    const auto instruments = instrumentsNamed(session, request.asset);
+    if (!instruments)
         return false;
+    if (instruments->isEmpty())
+        throw ProgramAnswer{u"there is no asset %1"_s.arg(request.asset), 1};
     const auto records = calibrationsOf(session, request.asset);
     if (!records)
         return false;
-    const auto calibration = certifiedCalibration(*instrument, *records, chosenOf(*records, request));
+    const auto calibration = calibrationOf(session, instruments->constFirst(), *records, request);
     try {
         writeCertificate(session, calibration, readCertificateForm(session, folders), request.file);
     } catch (const ReportError& error) {

@@ -39,12 +39,9 @@ std::optional<bool> isConforming(const StoredLine& line, const CertificateSettin
     return verdict || within == false ? within : std::nullopt;
 }
 
-std::optional<bool> isConforming(const CalibrationRecord& record, const QList<StoredLine>& lines,
-                                 const CertificateSettings& settings) {
-    if (settings.rule == DecisionRule::none)
-        return {};
-    if (settings.rule == DecisionRule::simpleAcceptance)
-        return storedVerdict(record.passed, u"Y", u"N");
+namespace {
+
+std::optional<bool> areConforming(const QList<StoredLine>& lines, const CertificateSettings& settings) {
     bool conforms = true;
     bool hasPoint = false;
     for (const auto& line : lines) {
@@ -57,6 +54,16 @@ std::optional<bool> isConforming(const CalibrationRecord& record, const QList<St
         conforms = conforms && *ofLine;
     }
     return hasPoint ? std::optional(conforms) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<bool> isConforming(const CalibrationRecord& record, const QList<StoredLine>& lines,
+                                 const CertificateSettings& settings) {
+    const auto ofLines = areConforming(lines, settings);
+    if (settings.rule != DecisionRule::simpleAcceptance)
+        return ofLines;
+    return storedVerdict(record.passed, u"Y", u"N") == ofLines ? ofLines : std::nullopt;
 }
 
 } // namespace kelvane

@@ -12,8 +12,8 @@ namespace kelvane {
 /// and for a line that does not tell.
 std::optional<bool> isConforming(const StoredLine& line, const CertificateSettings& settings);
 
-/// Whether all points of a record conform. Simple acceptance takes the result that is stored in the record.
-/// With a guard band each line has to tell, and there has to be one.
+/// Whether all points of a record conform: each line has to tell, and there has to be one. Simple acceptance
+/// needs the result that is stored in the record to say the same.
 std::optional<bool> isConforming(const CalibrationRecord& record, const QList<StoredLine>& lines,
                                  const CertificateSettings& settings);
 

@@ -152,8 +152,10 @@ class Results {
 QStringList notesOf(const CertifiedCalibration& calibration) {
     if (!calibration.asFound)
         return {text(TextId::historyNoAsFound)};
-    if (calibration.asLeft)
-        return {};
+    if (calibration.asLeft) {
+        const bool isOfOneDay = calibration.asFound->date.text == calibration.asLeft->date.text;
+        return isOfOneDay ? QStringList() : QStringList(text(TextId::historyPairedByOrder));
+    }
     if (calibration.asFound->run == CalibrationRun::asFound)
         return {text(TextId::historyNoAsLeft)};
     return calibration.asFound->run == CalibrationRun::other ? QStringList(text(TextId::historyAlone))

@@ -18,33 +18,40 @@ class Run {
     Run(Session& session, const CertificateForm& form, const QString& folder)
         : session_(session), form_(form), folder_(folder), names_(form.settings.fileName) {}
 
-    /// False when the run can't go on.
-    bool write(const InstrumentSummary& instrument) {
-        const auto records = calibrationsOf(session_, instrument.asset);
+    /// False when the run can't go on. The instrument is read anew: a list may have been read long ago.
+    bool write(const QString& asset) {
+        const auto instruments = instrumentsNamed(session_, asset);
+        const auto records = instruments ? calibrationsOf(session_, asset) : std::nullopt;
         if (!records) {
-            fail(instrument, text(TextId::historyNotRead));
+            fail(asset, text(TextId::historyNotRead));
             return false;
         }
-        if (records->isEmpty()) {
-            outcome.failures << text(TextId::certificateNoRecord).arg(instrument.asset);
+        if (instruments->isEmpty()) {
+            fail(asset, text(TextId::historyGone));
             return true;
         }
-        const auto calibration = certifiedCalibration(instrument, *records, 0);
-        const auto name = names_.next(certificateNaming(session_, calibration));
-        try {
-            writeCertificate(session_, calibration, form_, folder_.filePath(name));
-            ++outcome.written;
-        } catch (const ReportError& error) {
-            fail(instrument, error.text());
-        }
+        const auto calibration = lastCalibration(session_, instruments->constFirst(), *records);
+        if (calibration)
+            write(asset, *calibration);
+        else
+            outcome.failures << text(TextId::certificateNoRecord).arg(asset);
         return true;
     }
 
     CertificateRun outcome;
 
   private:
-    void fail(const InstrumentSummary& instrument, const QString& reason) {
-        outcome.failures << u"%1: %2"_s.arg(instrument.asset, reason);
+    void write(const QString& asset, const CertifiedCalibration& calibration) {
+        const auto name = names_.next(certificateNaming(session_, calibration));
+        try {
+            writeCertificate(session_, calibration, form_, folder_.filePath(name));
+            ++outcome.written;
+        } catch (const ReportError& error) {
+            fail(asset, error.text());
+        }
+    }
+    void fail(const QString& asset, const QString& reason) {
+        outcome.failures << u"%1: %2"_s.arg(asset, reason);
     }
 
     Session& session_;
@@ -55,14 +62,13 @@ class Run {
 
 } // namespace
 
-CertificateRun writeCertificates(Session& session, const QList<InstrumentSummary>& instruments,
-                                 const CertificateForm& form, const QString& folder,
-                                 const CertificateProgress& onNext) {
+CertificateRun writeCertificates(Session& session, const QStringList& assets, const CertificateForm& form,
+                                 const QString& folder, const CertificateProgress& onNext) {
     Run run(session, form, folder);
-    run.outcome.wanted = instruments.size();
+    run.outcome.wanted = assets.size();
     qsizetype number = 0;
-    for (const auto& instrument : instruments) {
-        if (!onNext(number++, instrument.asset) || !run.write(instrument)) {
+    for (const auto& asset : assets) {
+        if (!onNext(number++, asset) || !run.write(asset)) {
             run.outcome.isEnded = true;
             break;
         }

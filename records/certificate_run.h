@@ -17,13 +17,12 @@ struct CertificateRun {
 /// Told before each certificate, counted from 0; false ends the run.
 using CertificateProgress = std::function<bool(qsizetype number, const QString& asset)>;
 
-/// Writes the certificate of the newest calibration of each instrument into a folder. Each file is there as a
-/// whole or stays as it was; within a run none replaces another. One that fails does not end the run, but an
-/// error of the database does, which its routine has reported. Memory does not grow with the number of
-/// certificates.
-CertificateRun writeCertificates(Session& session, const QList<InstrumentSummary>& instruments,
-                                 const CertificateForm& form, const QString& folder,
-                                 const CertificateProgress& onNext);
+/// Writes the certificate of the last calibration of each instrument (`lastCalibration`) into a folder. Each
+/// file is there as a whole or stays as it was; within a run none replaces another. One that fails does not
+/// end the run, but an error of the database does, which its routine has reported. Memory does not grow with
+/// the number of certificates.
+CertificateRun writeCertificates(Session& session, const QStringList& assets, const CertificateForm& form,
+                                 const QString& folder, const CertificateProgress& onNext);
 
 /// A run in words for its user.
 QString runText(const CertificateRun& run);

@@ -48,10 +48,18 @@ class RunWindow {
 CertificateWindows::CertificateWindows(Session& session, QStringList folders, QWidget* window)
     : session_(session), folders_(std::move(folders)), window_(window) {}
 
-void CertificateWindows::show(const CertifiedCalibration& calibration) {
+void CertificateWindows::show(CertifiedCalibration calibration) {
     const auto form = readForm();
-    if (!form)
+    // What the history knows of the instrument may have been read long ago.
+    const auto asset = calibration.instrument.asset;
+    const auto instruments = form ? instrumentsNamed(session_, asset) : std::nullopt;
+    if (!instruments)
         return;
+    if (instruments->isEmpty()) {
+        showFailure(u"%1: %2"_s.arg(asset, text(TextId::historyGone)));
+        return;
+    }
+    calibration.instrument = instruments->constFirst();
     try {
         const BusyPointer busy(session_.ui);
         auto preview =
@@ -65,24 +73,24 @@ void CertificateWindows::show(const CertifiedCalibration& calibration) {
     }
 }
 
-QString CertificateWindows::write(const QList<InstrumentSummary>& instruments) {
+QString CertificateWindows::write(const QStringList& assets) {
     QFileDialog dialog(window_, text(TextId::certificatesFolder));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setDirectory(QDir::homePath());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    return writeInto(dialog.selectedFiles().constFirst(), instruments);
+    return writeInto(dialog.selectedFiles().constFirst(), assets);
 }
 
-QString CertificateWindows::writeInto(const QString& folder, const QList<InstrumentSummary>& instruments) {
+QString CertificateWindows::writeInto(const QString& folder, const QStringList& assets) {
     const auto form = readForm();
     if (!form)
         return {};
     const auto run = [&] {
-        RunWindow progress(instruments.size(), window_);
+        RunWindow progress(assets.size(), window_);
         return writeCertificates(
-            session_, instruments, *form, folder,
+            session_, assets, *form, folder,
             [&](qsizetype number, const QString& asset) { return progress.reach(number, asset); });
     }();
     if (!run.failures.isEmpty())

@@ -21,18 +21,18 @@ class CertificateWindows {
 
     /// Opens the certificate of a calibration in a preview, from which it is printed or saved; a box says why
     /// it can't.
-    void show(const CertifiedCalibration& calibration);
+    void show(CertifiedCalibration calibration);
     /// Asks for a folder and writes the certificates of these instruments, with a window that shows how far
     /// it is and ends it. Gives what has become of it; empty when no folder was chosen. Failures stand in a
     /// box, too.
-    QString write(const QList<InstrumentSummary>& instruments);
+    QString write(const QStringList& assets);
     void editSettings();
     /// Takes the previews that are open away: they show what belongs to a login.
     void closePreviews();
 
   private:
     std::optional<CertificateForm> readForm();
-    QString writeInto(const QString& folder, const QList<InstrumentSummary>& instruments);
+    QString writeInto(const QString& folder, const QStringList& assets);
     void showFailure(const QString& failure);
 
     Session& session_;

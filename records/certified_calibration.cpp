@@ -46,6 +46,18 @@ CertifiedCalibration certifiedCalibration(const InstrumentSummary& instrument,
     return calibration;
 }
 
+std::optional<CertifiedCalibration> lastCalibration(const Session& session,
+                                                    const InstrumentSummary& instrument,
+                                                    QList<CalibrationRecord> records) {
+    const auto today = session.clock.moment().date;
+    records.removeIf([&](const CalibrationRecord& record) {
+        return record.date.hasDate() && record.date.moment.date > today;
+    });
+    if (records.isEmpty())
+        return {};
+    return certifiedCalibration(instrument, records, 0);
+}
+
 QString certificateNumber(const Session& session, const CertifiedCalibration& calibration) {
     QStringList records;
     for (const auto& record : {calibration.asFound, calibration.asLeft}) {

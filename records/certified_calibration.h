@@ -19,6 +19,12 @@ struct CertifiedCalibration {
 CertifiedCalibration certifiedCalibration(const InstrumentSummary& instrument,
                                           const QList<CalibrationRecord>& records, qsizetype chosen);
 
+/// The last calibration of an instrument: that of the newest record whose date is not in the future. Nothing
+/// without one.
+std::optional<CertifiedCalibration> lastCalibration(const Session& session,
+                                                    const InstrumentSummary& instrument,
+                                                    QList<CalibrationRecord> records);
+
 /// The certificate's number: the owner and the number of the record, or of both records, "MT-1401" or
 /// "MT-1401/1402". No other calibration has it, and the same one always.
 QString certificateNumber(const Session& session, const CertifiedCalibration& calibration);

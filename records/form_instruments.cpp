@@ -302,20 +302,21 @@ void FormInstruments::save() {
                          *file));
 }
 
-void FormInstruments::askPackage() {
+QStringList FormInstruments::selectedAssets() const {
     QStringList assets;
     for (const int row : selectedRows(*TableInstruments))
-        assets << model_->instrument(row).asset;
-    if (!assets.isEmpty())
+        assets << model_->asset(row);
+    return assets;
+}
+
+void FormInstruments::askPackage() {
+    if (const auto assets = selectedAssets(); !assets.isEmpty())
         Q_EMIT packageWanted(assets);
 }
 
 void FormInstruments::askCertificates() {
-    QList<InstrumentSummary> instruments;
-    for (const int row : selectedRows(*TableInstruments))
-        instruments << model_->instrument(row);
-    if (!instruments.isEmpty())
-        Q_EMIT certificatesWanted(instruments);
+    if (const auto assets = selectedAssets(); !assets.isEmpty())
+        Q_EMIT certificatesWanted(assets);
 }
 
 } // namespace kelvane

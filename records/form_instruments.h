@@ -38,7 +38,7 @@ class FormInstruments final : public QWidget {
     /// The user wants a task package of these instruments.
     void packageWanted(const QStringList& assets);
     /// The user wants the certificates of these instruments.
-    void certificatesWanted(const QList<kelvane::InstrumentSummary>& instruments);
+    void certificatesWanted(const QStringList& assets);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -58,6 +58,7 @@ class FormInstruments final : public QWidget {
     void openHistory();
     void copy();
     void save();
+    QStringList selectedAssets() const;
     void askPackage();
     void askCertificates();
 

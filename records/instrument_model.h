@@ -50,6 +50,8 @@ class InstrumentModel final : public QAbstractTableModel {
 
     /// The instrument of a row, read now if it was out of sight; after a failure key and asset number alone.
     InstrumentSummary instrument(int row);
+    /// The asset number of a row, which is there at once.
+    QString asset(int row) const { return reader_->keyAt(row).asset; }
     /// What the list shows of an instrument: the text that is saved, but for days in words.
     static QString shownText(const InstrumentSummary& instrument, int column);
     /// An error has ended the reading.

@@ -62,10 +62,9 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     QObject::connect(instruments_, &FormInstruments::packageWanted, this, [this](const QStringList& assets) {
         runGuarded(session_.ui, [&] { askPackage(assets); });
     });
-    QObject::connect(instruments_, &FormInstruments::certificatesWanted, this,
-                     [this](const QList<InstrumentSummary>& instruments) {
-                         runGuarded(session_.ui, [&] { writeCertificates(instruments); });
-                     });
+    QObject::connect(
+        instruments_, &FormInstruments::certificatesWanted, this,
+        [this](const QStringList& assets) { runGuarded(session_.ui, [&] { writeCertificates(assets); }); });
     QObject::connect(uses_, &FormStandardUse::historyWanted, this, [this](const QString& asset) {
         runGuarded(session_.ui, [&] { showHistoryOf(asset); });
     });
@@ -201,9 +200,9 @@ bool RecordsWindow::isConnected() {
 void RecordsWindow::showHistoryOf(const QString& asset) {
     if (goToHistory(asset) || !isConnected())
         return;
-    const auto found = InstrumentReader(session_, {.filter = {.asset = asset}}).next(1);
-    if (!found.isEmpty())
-        showHistory(found.constFirst());
+    const auto found = instrumentsNamed(session_, asset);
+    if (found && !found->isEmpty())
+        showHistory(found->constFirst());
 }
 
 void RecordsWindow::showUses(const QString& standard) {
@@ -219,10 +218,10 @@ void RecordsWindow::askPackage(const QStringList& assets) {
                     [this](const QString& outcome) { instruments_->tell(outcome); });
 }
 
-void RecordsWindow::writeCertificates(const QList<InstrumentSummary>& instruments) {
+void RecordsWindow::writeCertificates(const QStringList& assets) {
     if (!isConnected())
         return;
-    if (const auto outcome = certificates_->write(instruments); !outcome.isEmpty())
+    if (const auto outcome = certificates_->write(assets); !outcome.isEmpty())
         instruments_->tell(outcome);
 }
 

@@ -67,7 +67,7 @@ class RecordsWindow final : public QMainWindow {
     bool isConnected();
     void showUses(const QString& standard);
     void askPackage(const QStringList& assets);
-    void writeCertificates(const QList<InstrumentSummary>& instruments);
+    void writeCertificates(const QStringList& assets);
     void closeTab(int tab);
 
     Session& session_;

@@ -89,6 +89,10 @@ struct InstrumentQuery {
 /// database. Nothing after an error, which is reported as "History,values".
 std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder column);
 
+/// The instrument of an asset number; none when the inventory does not have it. Nothing after an error, which
+/// is reported as "History,instruments".
+std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const QString& asset);
+
 /// Reads the instruments of the session's owner: at first which ones a query finds and in which order, then
 /// blocks of them, from any place. Drivers hold a whole result in memory, so that no more is read at once
 /// than is wanted; of all instruments only keys and asset numbers are kept, and the registrations of what is

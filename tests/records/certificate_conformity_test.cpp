@@ -55,10 +55,13 @@ TEST_F(CertificateConformity, OfALineThatCanNotBeReadIsNotStated) {
     }
 }
 
-TEST_F(CertificateConformity, OfARecordBySimpleAcceptanceIsItsStoredResult) {
-    EXPECT_EQ(ofRecord(u"Y"_s, {}, simple), true);
-    EXPECT_EQ(ofRecord(u"N"_s, {line(0, 0)}, simple), false);
-    EXPECT_EQ(ofRecord(u"Y"_s, {u"of another program"_s}, simple), true);
+TEST_F(CertificateConformity, OfARecordBySimpleAcceptanceIsItsStoredResultWhereEachLineConfirmsIt) {
+    EXPECT_EQ(ofRecord(u"Y"_s, {line(0, 0), line(50, 90)}, simple), true);
+    EXPECT_EQ(ofRecord(u"N"_s, {line(0, 0), line(50, 105)}, simple), false);
+    EXPECT_EQ(ofRecord(u"Y"_s, {line(50, 105)}, simple), std::nullopt);
+    EXPECT_EQ(ofRecord(u"N"_s, {line(0, 0)}, simple), std::nullopt);
+    EXPECT_EQ(ofRecord(u"Y"_s, {}, simple), std::nullopt);
+    EXPECT_EQ(ofRecord(u"Y"_s, {u"of another program"_s}, simple), std::nullopt);
     EXPECT_EQ(ofRecord({}, {line(0, 0)}, simple), std::nullopt);
     EXPECT_EQ(ofRecord(u"Y"_s, {line(0, 0)}, none), std::nullopt);
 }

@@ -16,14 +16,8 @@ class CertificateRunOnDatabase : public ReadingSession {
         ModuleGlobals::StartupFunctions(session, {});
         EXPECT_TRUE(QDir().mkdir(u"out"_s));
     }
-    static QList<InstrumentSummary> instruments(const QStringList& assets) {
-        QList<InstrumentSummary> made;
-        for (const auto& asset : assets)
-            made << InstrumentSummary{.asset = asset};
-        return made;
-    }
     CertificateRun run(const QStringList& assets, const QString& into = u"out"_s, int end = -1) {
-        return writeCertificates(session, instruments(assets), readCertificateForm(session, {}), into,
+        return writeCertificates(session, assets, readCertificateForm(session, {}), into,
                                  [&](qsizetype number, const QString& asset) {
                                      EXPECT_EQ(asset, assets[number]);
                                      return number != end;
@@ -42,6 +36,17 @@ TEST_F(CertificateRunOnDatabase, WritesAFileForEachInstrumentByTheRule) {
     EXPECT_TRUE(files().contains(u"PT-102 MT-%1.pdf"_s.arg(ctag))) << files().join(u'\n').toStdString();
 }
 
+TEST_F(CertificateRunOnDatabase, TakesNoRecordOfTheFuture) {
+    settings.values[u"Certificate/FileName"_s] = u"{number}"_s;
+    const auto newest = value(u"select max(ctag) from mt.calibration where mtag = '1401'"_s);
+    write(u"update mt.calibration set c2301 = '2099-01-01' where ctag = %1"_s.arg(newest));
+    run({u"PT-101"_s});
+    ASSERT_EQ(files().size(), 1);
+    EXPECT_FALSE(files()[0].contains(newest)) << files()[0].toStdString();
+    write(u"update mt.calibration set c2301 = '2099-01-01' where mtag = '1401'"_s);
+    EXPECT_EQ(run({u"PT-101"_s}).failures, QStringList(u"PT-101 has no calibration record."_s));
+}
+
 TEST_F(CertificateRunOnDatabase, GivesTwoOfOneNameANumber) {
     settings.values[u"Certificate/FileName"_s] = u"same"_s;
     run({u"PT-101"_s, u"PT-102"_s});
@@ -56,6 +61,9 @@ TEST_F(CertificateRunOnDatabase, NamesWhatCouldNotBeWrittenAtItsEnd) {
     EXPECT_EQ(runText(done), u"1 certificates were written.\r\n\r\nThese could not be written:\r\nPT-102 has "
                              "no calibration record."_s);
     EXPECT_EQ(files().size(), 1);
+    done = run({u"NO-1"_s});
+    EXPECT_EQ(done.failures, QStringList(u"NO-1: not in the inventory any more"_s));
+    EXPECT_EQ(done.written, 0);
     done = run({u"PT-101"_s, u"PT-103"_s}, u"gone"_s);
     EXPECT_EQ(done.written, 0);
     EXPECT_EQ(done.failures.size(), 2);
@@ -75,7 +83,7 @@ TEST_F(CertificateRunOnDatabase, ThatIsEndedLeavesWholeFilesAlone) {
 
 TEST_F(CertificateRunOnDatabase, EndsWhenTheRecordsCanNotBeRead) {
     closeConnection(session);
-    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,calibrations"_s);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,instruments"_s);
     const auto done = run({u"PT-101"_s, u"PT-102"_s});
     EXPECT_TRUE(done.isEnded);
     EXPECT_EQ(done.failures, QStringList(u"PT-101: The records could not be read."_s));
