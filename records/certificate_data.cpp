@@ -4,6 +4,7 @@
 #include "records/certificate_standards.h"
 #include "records/lists.h"
 #include "records/report_parts.h"
+#include "reports/report_error.h"
 
 #include <QJsonArray>
 
@@ -54,10 +55,6 @@ constexpr Label labels[] = {
     {"end"_L1, TextId::certificateEnd},
 };
 
-QString stated(const QString& value) {
-    return value.isEmpty() ? text(TextId::notStated) : value;
-}
-
 /// "Address: not stated", by a title that ends with its colon.
 QString notStated(TextId title) {
     return text(title) + u' ' + text(TextId::notStated);
@@ -99,7 +96,6 @@ void addParties(const CertifiedCalibration& calibration, const CertificateSettin
     values["address"_L1] =
         settings.address.isEmpty() ? notStated(TextId::certificateSettingsAddress) : settings.address;
     values["accreditation"_L1] = settings.accreditation;
-    values["customer"_L1] = stated(settings.customer);
     values["place"_L1] = stated(ofColumn(calibration, TextId::listPlace));
     values["workOrder"_L1] = stated(ofColumn(calibration, TextId::listWorkOrder));
     values["calibratedBy"_L1] = stated(ofColumn(calibration, TextId::listTechnician));
@@ -118,6 +114,14 @@ void addCircumstances(const Session& session, const CertifiedCalibration& calibr
     values["conditions"_L1] =
         stated(titled(calibration, {TextId::listExternalTemperature, TextId::listAmbientTemperature,
                                     TextId::listHumidity}));
+}
+
+void addCustomer(Session& session, const InstrumentSummary& instrument, const CertificateSettings& settings,
+                 QJsonObject& values) {
+    const auto customer = customerOf(session, instrument.mtag);
+    if (!customer)
+        throw ReportError(text(TextId::historyNotRead));
+    values["customer"_L1] = firstStated(*customer, settings.customer);
 }
 
 QString remarksOf(const CertifiedCalibration& calibration) {
@@ -144,6 +148,7 @@ QJsonObject certificateValues(Session& session, const CertifiedCalibration& cali
     values["number"_L1] = certificateNumber(session, calibration);
     addItem(calibration.instrument, values);
     addParties(calibration, settings, values);
+    addCustomer(session, calibration.instrument, settings, values);
     addCircumstances(session, calibration, settings, values);
     const auto conformity = addResults(session, calibration, settings, values);
     values["standards"_L1] = standardRows(calibration);

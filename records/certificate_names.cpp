@@ -77,7 +77,7 @@ QString CertificateNames::next(const CertificateNaming& naming) {
         name = safe(naming.number);
     auto numbered = name;
     for (int number = 2; given_.contains(numbered.toLower()); ++number)
-        numbered = u"%1 (%2)"_s.arg(name).arg(number);
+        numbered = u"%1 (%2)"_s.arg(name, QString::number(number));
     given_ << numbered.toLower();
     return numbered + suffix;
 }

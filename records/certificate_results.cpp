@@ -125,7 +125,8 @@ class Results {
         QJsonArray rows;
         for (const auto& line : lines) {
             rows << resultRow(line, settings_);
-            hasStoredLine_ = hasStoredLine_ || line.reading != StoredLine::Reading::readable;
+            hasUnreadable_ = hasUnreadable_ || line.reading == StoredLine::Reading::unreadable;
+            isWithoutTemplate_ = isWithoutTemplate_ || line.reading == StoredLine::Reading::withoutTemplate;
         }
         if (rows.isEmpty())
             rows << QJsonObject{{"note"_L1, text(TextId::historyNoLines)}};
@@ -135,7 +136,9 @@ class Results {
     }
 
     QStringList notes() const {
-        return hasStoredLine_ ? QStringList(text(TextId::certificateUnreadable)) : QStringList();
+        if (isWithoutTemplate_)
+            return {text(TextId::historyNoTemplate)};
+        return hasUnreadable_ ? QStringList(text(TextId::certificateUnreadable)) : QStringList();
     }
     QString statement(const CalibrationRecord& record) const { return statements_.value(record.ctag); }
 
@@ -143,7 +146,8 @@ class Results {
     Session& session_;
     const CertificateSettings& settings_;
     QJsonObject& values_;
-    bool hasStoredLine_ = false;
+    bool hasUnreadable_ = false;
+    bool isWithoutTemplate_ = false;
     /// By the numbers of the records.
     QHash<QString, QString> statements_;
 };

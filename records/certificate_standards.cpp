@@ -1,6 +1,7 @@
 #include "records/certificate_standards.h"
 
 #include "records/lists.h"
+#include "records/report_parts.h"
 
 #include <QJsonObject>
 
@@ -10,12 +11,19 @@ namespace kelvane {
 
 namespace {
 
+/// Day, number and laboratory of its last calibration before, to trace it by.
+QString calibrationOf(const UsedStandard& standard) {
+    QStringList lines{dateText(standard.calibrated), standard.record, standard.laboratory};
+    lines.removeAll(QString());
+    return lines.join(u'\n');
+}
+
 QJsonObject rowOf(const UsedStandard& standard) {
     const bool isGone = standard.asset.isEmpty();
     return {{"standard"_L1, standardText(standard)},
-            {"description"_L1, isGone ? text(TextId::historyGone) : standard.description},
-            {"serial"_L1, standard.serial},
-            {"calibrated"_L1, dateText(standard.calibrated)}};
+            {"description"_L1, isGone ? text(TextId::historyGone) : stated(standard.description)},
+            {"serial"_L1, stated(standard.serial)},
+            {"calibrated"_L1, stated(calibrationOf(standard))}};
 }
 
 QList<QJsonObject> rowsOf(const std::optional<CalibrationRecord>& record) {

@@ -5,6 +5,7 @@
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
 #include "resources/text_id.h"
+#include "ui/controls.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -15,6 +16,9 @@ using namespace Qt::StringLiterals;
 namespace kelvane {
 
 namespace {
+
+/// So much of an asset number is shown.
+constexpr qsizetype longestAsset = 40;
 
 QString withoutDots(TextId caption) {
     return text(caption).remove(u"..."_s).trimmed();
@@ -29,12 +33,15 @@ class RunWindow {
         dialog_.setWindowTitle(withoutDots(TextId::certificatesMake));
         dialog_.setWindowModality(Qt::ApplicationModal);
         dialog_.setMinimumDuration(0);
+        dialog_.setLabel(label(u"LabelProgress"_s, TextId::certificatesProgress));
     }
 
     /// False when the user has ended it.
     bool reach(qsizetype number, const QString& asset) {
-        dialog_.setLabelText(
-            text(TextId::certificatesProgress).arg(number + 1).arg(dialog_.maximum()).arg(asset));
+        dialog_.setLabelText(text(TextId::certificatesProgress)
+                                 .arg(number + 1)
+                                 .arg(dialog_.maximum())
+                                 .arg(asset.left(longestAsset)));
         dialog_.setValue(static_cast<int>(number));
         return !dialog_.wasCanceled();
     }

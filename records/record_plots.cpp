@@ -46,7 +46,7 @@ Plot toldWhenEmpty(Plot plot) {
 }
 
 void addLinesLeftOut(Plot& plot, const PointHistory& points) {
-    const auto leftOut = points.unreadable + points.withoutTolerance;
+    const auto leftOut = points.leftOut();
     if (leftOut > 0)
         plot.notes << text(TextId::plotLeftOut).arg(leftOut).arg(points.lines);
 }
@@ -102,7 +102,7 @@ class DriftPicture {
         QStringList sentences;
         if (line.leaving.isValid())
             sentences << text(TextId::plotLeavesLimits).arg(line.leaving.toString(Qt::ISODate));
-        if (line.outlook == DriftOutlook::stays)
+        else if (line.outlook == DriftOutlook::stays)
             sentences << text(TextId::plotStaysInLimits).arg(line.horizon);
         else if (line.outlook == DriftOutlook::hasLeft)
             sentences << text(TextId::plotHasLeftLimits);

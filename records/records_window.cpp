@@ -246,6 +246,8 @@ void RecordsWindow::closeTab(int tab) {
     if (history == nullptr)
         return;
     tabs_->removeTab(tab);
+    // Until it goes it is no history of this window any more.
+    history->setParent(nullptr);
     history->deleteLater();
     tabs_->currentWidget()->setFocus();
 }

@@ -20,6 +20,10 @@ QString siteLayout(const QString& name, const QStringList& folders) {
     return InstalledFiles().layouts() + u'/' + name;
 }
 
+QString stated(const QString& value) {
+    return value.isEmpty() ? text(TextId::notStated) : value;
+}
+
 void addPageWords(QJsonObject& values) {
     const auto words = text(TextId::pageOfPages);
     const auto behind = words.section(u"%1"_s, 1);

@@ -9,6 +9,9 @@ namespace kelvane {
 /// that are installed.
 QString siteLayout(const QString& name, const QStringList& folders);
 
+/// A value, or that it is not stated.
+QString stated(const QString& value);
+
 /// Sets "pageBefore", "pageBetween" and "pageBehind": what stands before, between and behind the number of a
 /// page and that of all pages.
 void addPageWords(QJsonObject& values);

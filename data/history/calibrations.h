@@ -29,7 +29,10 @@ struct UsedStandard {
     QString description = {};
     QString serial = {};
     StandardState state = StandardState::withoutRecord;
-    /// Of the standard's record that was current then.
+    /// Of the standard's record that was current then: its owner and number, such as "STD-1401", and its
+    /// laboratory.
+    QString record = {};
+    QString laboratory = {};
     StoredMoment calibrated = {};
     StoredMoment due = {};
 };

@@ -319,4 +319,13 @@ std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const
     return reader.hasFailed() ? std::nullopt : std::optional(std::move(found));
 }
 
+std::optional<QString> customerOf(Session& session, const QString& mtag) {
+    Routine routine(session, u"History,customer"_s);
+    return routine.resultOf([&] {
+        return storedText(routine.selectValue(u"select max(k4601) from " + sqlName(session.SessionOwner) +
+                                              u".customers where mtag = " +
+                                              sqlText(ModuleGlobals::SQLSafe(mtag))));
+    });
+}
+
 } // namespace kelvane

@@ -93,6 +93,10 @@ std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder co
 /// is reported as "History,instruments".
 std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const QString& asset);
 
+/// The customer that an instrument is calibrated for, by its key; empty when the database names none, and of
+/// several the last in the alphabet. Nothing after an error, which is reported as "History,customer".
+std::optional<QString> customerOf(Session& session, const QString& mtag);
+
 /// Reads the instruments of the session's owner: at first which ones a query finds and in which order, then
 /// blocks of them, from any place. Drivers hold a whole result in memory, so that no more is read at once
 /// than is wanted; of all instruments only keys and asset numbers are kept, and the registrations of what is

@@ -34,6 +34,12 @@ struct Line {
     PointError error;
 };
 
+/// The usable lines of a record; not complete when others had to be left out.
+struct UsableLines {
+    QList<Line> lines;
+    bool isComplete = true;
+};
+
 /// The distance of the limit on the side of the error; of no error, that of the farther one.
 std::optional<double> widthOf(const StoredLine& line, double nominal, double deviation) {
     const auto low = line.number(LineField::lowLimit);
@@ -96,8 +102,13 @@ bool isOfOnePoint(const Line& left, const Line& right) {
 class Points {
   public:
     Points(Session& session, const QList<CalibrationRecord>& records) {
-        for (qsizetype record = 0; record < records.size(); ++record)
-            add(readLines(session, records[record], record));
+        QList<UsableLines> read;
+        for (qsizetype record = 0; record < records.size(); ++record) {
+            read << readLines(session, records[record], record);
+            findRepeated(read.constLast().lines);
+        }
+        for (const auto& usable : std::as_const(read))
+            add(usable);
     }
 
     PointHistory take() { return std::move(history_); }
@@ -111,8 +122,9 @@ class Points {
         int count = 0;
     };
 
-    QList<Line> readLines(Session& session, const CalibrationRecord& record, qsizetype number) {
-        QList<Line> lines;
+    UsableLines readLines(Session& session, const CalibrationRecord& record, qsizetype number) {
+        UsableLines usable;
+        auto& lines = usable.lines;
         for (const auto& text : record.lines) {
             const auto stored = readStoredLine(session, text);
             if (stored.reading == StoredLine::Reading::blank)
@@ -120,11 +132,13 @@ class Points {
             ++history_.lines;
             if (stored.reading != StoredLine::Reading::readable) {
                 ++history_.unreadable;
+                usable.isComplete = false;
                 continue;
             }
             const auto percent = percentOf(stored);
             if (!percent) {
                 ++history_.withoutTolerance;
+                usable.isComplete = false;
                 continue;
             }
             Line line;
@@ -135,14 +149,31 @@ class Points {
             lines << line;
         }
         findSpans(lines);
-        return lines;
+        return usable;
     }
 
-    void add(const QList<Line>& lines) {
+    /// One line of each nominal value that the record has several times.
+    void findRepeated(const QList<Line>& lines) {
+        for (qsizetype line = 0; line < lines.size(); ++line) {
+            const auto isSame = [&](const Line& other) { return isOfOnePoint(lines[line], other); };
+            if (std::any_of(lines.cbegin(), lines.cbegin() + line, isSame) && !isRepeated(lines[line]))
+                repeated_ << lines[line];
+        }
+    }
+
+    bool isRepeated(const Line& line) const {
+        return std::ranges::any_of(repeated_, [&](const Line& other) { return isOfOnePoint(other, line); });
+    }
+
+    void add(const UsableLines& usable) {
         for (auto& nominal : nominals_)
             nominal.count = 0;
-        for (const auto& line : lines)
-            pointOf(nominalOf(line), line).errors << line.error;
+        for (const auto& line : usable.lines) {
+            if (!usable.isComplete && isRepeated(line))
+                ++history_.uncertain;
+            else
+                pointOf(nominalOf(line), line).errors << line.error;
+        }
     }
 
     /// The nearest one that is near enough, or a new one.
@@ -167,6 +198,8 @@ class Points {
     }
 
     QList<Nominal> nominals_;
+    /// Of nominal values that a record has several times.
+    QList<Line> repeated_;
     PointHistory history_;
 };
 

@@ -36,6 +36,11 @@ struct PointHistory {
     qsizetype unreadable = 0;
     /// Readable ones with no error or no tolerance, or with a tolerance of zero.
     qsizetype withoutTolerance = 0;
+    /// Readable ones that share their nominal value with others, in a record with a line that had to be left
+    /// out: that may have been one of them, so that it is not certain which of them is which.
+    qsizetype uncertain = 0;
+
+    qsizetype leftOut() const { return unreadable + withoutTolerance + uncertain; }
 };
 
 /// The points of an instrument's records, which are listed the newest first.

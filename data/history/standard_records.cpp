@@ -22,7 +22,7 @@ QTime timeOr(const StoredMoment& stored, const QTime& otherwise) {
 
 /// All standards with their records, if any: a standard without one gives a row without a key.
 Sql recordsStatement(const QString& standardOwner, const QString& owner, const QString& asset) {
-    return u"select inv.i4201,cal.ctag,cal.c2301,cal.c2303,cal.c2323,cal.c2333,cal.c2334 from " +
+    return u"select inv.i4201,cal.ctag,cal.c2301,cal.c2303,cal.c2323,cal.c2333,cal.c2334,cal.c2306 from " +
            sqlName(standardOwner) + u".inventory inv left outer join " + sqlName(standardOwner) +
            u".calibration cal on cal.mtag = inv.mtag where inv.i4201 in (select i4201 from " +
            sqlName(owner) +
@@ -55,6 +55,8 @@ void StandardRecords::read(Routine& routine, const QString& standardOwner, const
         record.hasFailed = storedText(rows->value(4)) == u"N";
         record.time = storedMomentOf(rows->value(5));
         record.dueTime = storedMomentOf(rows->value(6));
+        record.number = standardOwner + u'-' + storedText(ctag);
+        record.laboratory = storedText(rows->value(7));
         records << record;
     }
     for (auto standard = found.cbegin(); standard != found.cend(); ++standard) {
@@ -86,6 +88,8 @@ void StandardRecords::describe(UsedStandard& standard, const Moment& at) const {
     const auto* record = recordAt(standard.asset, moment);
     if (record == nullptr)
         return;
+    standard.record = record->number;
+    standard.laboratory = record->laboratory;
     standard.calibrated = record->date;
     standard.due = record->due;
     const Moment due{record->due.moment.date, timeOr(record->dueTime, noon)};

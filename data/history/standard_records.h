@@ -25,6 +25,8 @@ class StandardRecords {
         StoredMoment due;
         StoredMoment dueTime;
         bool hasFailed = false;
+        QString number;
+        QString laboratory;
     };
 
     void read(Routine& routine, const QString& standardOwner, const QString& owner, const QString& asset);

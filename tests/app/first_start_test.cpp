@@ -3,6 +3,7 @@
 #include "platform/database/odbc_connection.h"
 #include "testkit/fixtures.h"
 #include "testkit/screen_operator.h"
+#include "testkit/set_variable.h"
 
 #include <QApplication>
 #include <QDir>
@@ -19,25 +20,6 @@ namespace kelvane::testing {
 namespace {
 
 constexpr int patience = 60000; // milliseconds
-
-/// Sets a variable of the environment for a time.
-class SetVariable {
-  public:
-    SetVariable(const char* name, const QString& value) : name_(name), before_(qgetenv(name)) {
-        qputenv(name, QFile::encodeName(value));
-    }
-    ~SetVariable() {
-        if (before_.isNull())
-            qunsetenv(name_);
-        else
-            qputenv(name_, before_);
-    }
-    Q_DISABLE_COPY_MOVE(SetVariable)
-
-  private:
-    const char* name_;
-    QByteArray before_;
-};
 
 class First : public ::testing::Test {
   protected:

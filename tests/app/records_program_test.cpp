@@ -142,7 +142,7 @@ TEST_F(RecordsProgram, ListsTheHistoryOfAnInstrumentWithTheDecimalSignOfTheForm)
 
 TEST_F(RecordsProgram, ListsTheStandardsOfARecordAsTheyWereOnThatDay) {
     const auto standards = [&] { return linesOf(run({u"--history=PT-101"_s})).value(0).section(u'"', 1, 1); };
-    const auto none = u" (no record of that day)"_s;
+    const auto none = u" (no record by that day)"_s;
     EXPECT_EQ(standards(), u"F702-01"_s + none + u"; PM-100"_s + none) << "they were calibrated later";
     execute(u"insert into mt.calibration (mtag,c2301,c2303,c2323) values ('1102','%1','%2','Y')"_s.arg(
         day(-700), day(9)));

@@ -3,6 +3,7 @@
 #include "app/user_folder.h"
 #include "data/journal/journal.h"
 #include "testkit/fixtures.h"
+#include "testkit/set_variable.h"
 #include "ui/program_icon.h"
 
 #include <QDir>
@@ -15,16 +16,9 @@ namespace kelvane::testing {
 
 class RecordsWindowProgramTest : public ::testing::Test {
   protected:
-    RecordsWindowProgramTest() { qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path() + u"/data"_s)); }
-    ~RecordsWindowProgramTest() override {
-        if (before.isNull())
-            qunsetenv("XDG_DATA_HOME");
-        else
-            qputenv("XDG_DATA_HOME", before);
-    }
-
-    QByteArray before = qgetenv("XDG_DATA_HOME");
     OwnFolder folder;
+    // The program asks for it when it is made.
+    SetVariable data{"XDG_DATA_HOME", folder.path() + u"/data"_s};
     SetClock clock;
     MemorySettings settings;
     RecordingConnection::Script script;

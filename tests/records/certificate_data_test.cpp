@@ -118,6 +118,21 @@ TEST_F(CertificateValues, TakeWhatTheSettingsSayFirst) {
     EXPECT_EQ(statement(shown, TextId::certificateUncertainty), u"0.02 %"_s);
 }
 
+TEST_F(CertificateValues, TakeTheCustomerOfTheDatabaseBeforeThatOfTheSettings) {
+    const auto statement = u"select max(k4601) from MT.customers where mtag = '1401'"_s;
+    entered.customer = u"Boiler House"_s;
+    script.answers[statement] = {{u"UNIT 1 OPERATIONS  "_s}};
+    EXPECT_EQ(values(adjusted())["customer"_L1].toString(), u"UNIT 1 OPERATIONS"_s);
+    script.answers[statement] = {{std::nullopt}};
+    EXPECT_EQ(values(adjusted())["customer"_L1].toString(), u"Boiler House"_s);
+}
+
+TEST_F(CertificateValues, SayThatRecordsOfTwoDaysArePairedByTheirOrder) {
+    auto calibration = adjusted();
+    calibration.asFound->date = storedMomentOf(u"2020-01-01"_s);
+    EXPECT_EQ(notes(values(calibration)), QStringList(text(TextId::historyPairedByOrder)));
+}
+
 TEST_F(CertificateValues, OfWhatNobodyKnowsAreNotStated) {
     const auto shown = values(blank());
     for (const auto& name : {"asset"_L1, "description"_L1, "manufacturer"_L1, "model"_L1, "serial"_L1,
@@ -193,6 +208,8 @@ TEST_F(CertificateValues, NameEachStandardOnceWithItsStateOnThatDay) {
                               .description = u"PRESSURE MODULE"_s,
                               .serial = u"71204"_s,
                               .state = StandardState::inCalibration,
+                              .record = u"MT-1401"_s,
+                              .laboratory = u"NATIONAL"_s,
                               .calibrated = storedMomentOf(u"2026-01-02"_s),
                               .due = storedMomentOf(u"2027-01-02"_s)};
     auto late = module;
@@ -207,10 +224,12 @@ TEST_F(CertificateValues, NameEachStandardOnceWithItsStateOnThatDay) {
     EXPECT_EQ(rows[0].toObject(), (QJsonObject{{u"standard"_s, u"PM-100 (in calibration, due 2027-01-02)"_s},
                                                {u"description"_s, u"PRESSURE MODULE"_s},
                                                {u"serial"_s, u"71204"_s},
-                                               {u"calibrated"_s, u"2026-01-02"_s}}));
+                                               {u"calibrated"_s, u"2026-01-02\nMT-1401\nNATIONAL"_s}}));
     EXPECT_EQ(rows[1].toObject()["standard"_L1].toString(), u"DMM-01 (overdue since 2027-01-02) (as left)"_s);
-    EXPECT_EQ(rows[2].toObject()["standard"_L1].toString(), u"77 (no record of that day) (as left)"_s);
+    EXPECT_EQ(rows[2].toObject()["standard"_L1].toString(), u"77 (no record by that day) (as left)"_s);
     EXPECT_EQ(rows[2].toObject()["description"_L1].toString(), text(TextId::historyGone));
+    EXPECT_EQ(rows[2].toObject()["serial"_L1].toString(), u"not stated"_s);
+    EXPECT_EQ(rows[2].toObject()["calibrated"_L1].toString(), u"not stated"_s);
 }
 
 TEST_F(CertificateValues, SpeakTheLanguageOfTheProgram) {

@@ -74,7 +74,7 @@ TEST_F(CertificateRunOnDatabase, NamesWhatCouldNotBeWrittenAtItsEnd) {
 TEST_F(CertificateRunOnDatabase, ThatIsEndedLeavesWholeFilesAlone) {
     const auto done = run({u"PT-101"_s, u"PT-102"_s, u"PT-103"_s}, u"out"_s, 1);
     EXPECT_TRUE(done.isEnded);
-    EXPECT_EQ(runText(done), u"Cancelled: 1 of 3 certificates were written."_s);
+    EXPECT_EQ(runText(done), u"The run was ended: 1 of 3 certificates were written."_s);
     ASSERT_EQ(files().size(), 1);
     QFile file(u"out/"_s + files().constFirst());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));

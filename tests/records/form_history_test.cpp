@@ -95,7 +95,7 @@ TEST_F(HistoryScreen, ShowsThePointsOfTheChosenRecord) {
     EXPECT_EQ(row(points, 2), u"3|12.000mA|12.010mA|0.010mA|11.960|12.040|PASS"_s);
     EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyFoundLeft));
     EXPECT_EQ(detail(TextId::standardsUsed, 1),
-              u"F702-01 (no record of that day), DOCUMENTING CALIBRATOR\nPM-100 (no record of that day), "
+              u"F702-01 (no record by that day), DOCUMENTING CALIBRATOR\nPM-100 (no record by that day), "
               "PRESSURE MODULE 100 PSIG"_s);
     EXPECT_EQ(detail(TextId::listTechnician, 1), u"bkowalski"_s);
     choose(1);
@@ -174,7 +174,7 @@ TEST_F(HistoryScreen, OfNothingButNullsIsShown) {
     EXPECT_EQ(label(u"LabelRecordLeft"_s), QString());
     EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyAlone));
     EXPECT_EQ(detail(TextId::standardsUsed, 1),
-              u"9999 (no record of that day), not in the inventory any more"_s);
+              u"9999 (no record by that day), not in the inventory any more"_s);
 }
 
 TEST_F(HistoryScreen, OfAnInstrumentWithoutRecordsSaysSo) {

@@ -24,7 +24,8 @@ const auto usedStatement =
 const auto linesStatement =
     u"select ctag,c2502,c2501 from mt.calresults where mtag = "_s + asset + u" order by ctag asc,c2502 asc"_s;
 const auto standardsStatement =
-    u"select inv.i4201,cal.ctag,cal.c2301,cal.c2303,cal.c2323,cal.c2333,cal.c2334 from MT.inventory inv left "
+    u"select inv.i4201,cal.ctag,cal.c2301,cal.c2303,cal.c2323,cal.c2333,cal.c2334,cal.c2306 from "
+    u"MT.inventory inv left "
     "outer join MT.calibration cal on cal.mtag = inv.mtag where inv.i4201 in (select i4201 from MT.inventory "
     "where mtag in (select c2430 from mt.standards where mtag = "_s +
     asset + u"))"_s;
@@ -43,7 +44,7 @@ Row recordRow(const QString& ctag, const std::optional<QString>& date, const std
 Row standardRow(const QString& ctag, const std::optional<QString>& date, const std::optional<QString>& due,
                 const std::optional<QString>& time = {}, const std::optional<QString>& dueTime = {},
                 const QString& passed = u"Y"_s) {
-    return {u"DMM-01"_s, ctag, date, due, passed, time, dueTime};
+    return {u"DMM-01"_s, ctag, date, due, passed, time, dueTime, u"NATIONAL"_s};
 }
 
 class Calibrations : public RecordedSession {

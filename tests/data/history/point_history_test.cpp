@@ -163,6 +163,18 @@ TEST_F(Points, OfLinesThatCantBeReadAreLeftOutAndCounted) {
     EXPECT_EQ(history.unreadable, 2);
 }
 
+TEST_F(Points, ThatMayBeOfTheWayBackAreLeftOutWhereALineOfTheRecordIsMissing) {
+    const QStringList whole{line(0, 4.01), line(50, 11.976), line(100, 20.01), line(50, 12.024)};
+    auto damaged = whole;
+    damaged[1] = u"written by hand"_s;
+    const auto history = read({whole, damaged, whole});
+    EXPECT_EQ(shown(history), (QStringList{u"4.000mA 1: 0=25 1=25 2=25"_s, u"12.000mA 1: 0=-60 2=-60"_s,
+                                           u"20.000mA 1: 0=25 1=25 2=25"_s, u"12.000mA 2: 0=60 2=60"_s}));
+    EXPECT_EQ(history.unreadable, 1);
+    EXPECT_EQ(history.uncertain, 1);
+    EXPECT_EQ(history.leftOut(), 2);
+}
+
 TEST_F(Points, OfAnotherTemplateAreLeftOutAndCounted) {
     const auto good = line(50, 12.01);
     session.ResultTemplateLine = u"TN$   FN$         FVA$         FRE$         TT$        DE$        TR$"_s;
