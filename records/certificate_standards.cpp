@@ -19,9 +19,8 @@ QString calibrationOf(const UsedStandard& standard) {
 }
 
 QJsonObject rowOf(const UsedStandard& standard) {
-    const bool isGone = standard.asset.isEmpty();
     return {{"standard"_L1, standardText(standard)},
-            {"description"_L1, isGone ? text(TextId::historyGone) : stated(standard.description)},
+            {"description"_L1, stated(standard.description)},
             {"serial"_L1, stated(standard.serial)},
             {"calibrated"_L1, stated(calibrationOf(standard))}};
 }

@@ -65,9 +65,7 @@ QString particular(const CalibrationRecord& record, const ListColumn<Calibration
     QStringList standards;
     for (const auto& standard : record.standards) {
         QStringList words{standardText(standard)};
-        if (standard.asset.isEmpty())
-            words << text(TextId::historyGone);
-        else if (!standard.description.isEmpty())
+        if (!standard.description.isEmpty())
             words << standard.description;
         standards << words.join(u", "_s);
     }

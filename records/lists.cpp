@@ -129,7 +129,11 @@ constexpr ListColumn<Use> standardUses[] = {
 } // namespace
 
 QString standardText(const UsedStandard& standard) {
-    const auto name = standard.asset.isEmpty() ? standard.mtag : standard.asset;
+    const auto& name = standard.asset;
+    // Its records are found through the inventory, so that nothing is known of its state.
+    if (name.isEmpty())
+        return u"%1 (%2)"_s.arg(standard.mtag.isEmpty() ? text(TextId::notStated) : standard.mtag,
+                                text(TextId::historyGone));
     const auto due = dateText(standard.due);
     switch (standard.state) {
     case StandardState::inCalibration:

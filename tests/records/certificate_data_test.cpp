@@ -226,8 +226,9 @@ TEST_F(CertificateValues, NameEachStandardOnceWithItsStateOnThatDay) {
                                                {u"serial"_s, u"71204"_s},
                                                {u"calibrated"_s, u"2026-01-02\nMT-1401\nNATIONAL"_s}}));
     EXPECT_EQ(rows[1].toObject()["standard"_L1].toString(), u"DMM-01 (overdue since 2027-01-02) (as left)"_s);
-    EXPECT_EQ(rows[2].toObject()["standard"_L1].toString(), u"77 (no record by that day) (as left)"_s);
-    EXPECT_EQ(rows[2].toObject()["description"_L1].toString(), text(TextId::historyGone));
+    EXPECT_EQ(rows[2].toObject()["standard"_L1].toString(),
+              u"77 (not in the inventory any more) (as left)"_s);
+    EXPECT_EQ(rows[2].toObject()["description"_L1].toString(), u"not stated"_s);
     EXPECT_EQ(rows[2].toObject()["serial"_L1].toString(), u"not stated"_s);
     EXPECT_EQ(rows[2].toObject()["calibrated"_L1].toString(), u"not stated"_s);
 }

@@ -173,8 +173,7 @@ TEST_F(HistoryScreen, OfNothingButNullsIsShown) {
     choose(3);
     EXPECT_EQ(label(u"LabelRecordLeft"_s), QString());
     EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyAlone));
-    EXPECT_EQ(detail(TextId::standardsUsed, 1),
-              u"9999 (no record by that day), not in the inventory any more"_s);
+    EXPECT_EQ(detail(TextId::standardsUsed, 1), u"9999 (not in the inventory any more)"_s);
 }
 
 TEST_F(HistoryScreen, OfAnInstrumentWithoutRecordsSaysSo) {
