@@ -62,10 +62,12 @@ TEST(Lists, OfRecordsShowTheStandardsAsTheyWereThen) {
     record.ambientTemperature = u"21.5"_s;
     record.failedPoints = u"0"_s;
     record.lines = {u"a"_s, u"b"_s};
-    record.standards = {
-        standard(u"A"_s, StandardState::inCalibration, u"2026-01-01"_s),
-        standard(u"B"_s, StandardState::overdue, u"2025-01-01"_s), standard(u"C"_s, StandardState::notPassed),
-        standard(u"D"_s, StandardState::withoutDueDate), standard({}, StandardState::withoutRecord)};
+    record.standards = {standard(u"A"_s, StandardState::inCalibration, u"2026-01-01"_s),
+                        standard(u"B"_s, StandardState::overdue, u"2025-01-01"_s),
+                        standard(u"C"_s, StandardState::notPassed),
+                        standard(u"D"_s, StandardState::withoutDueDate),
+                        standard(u"E"_s, StandardState::withoutRecord),
+                        standard({}, StandardState::withoutRecord)};
     EXPECT_EQ(csvTitles(calibrationColumns(), commas),
               u"Record,Date,Time,State,Result,Due,Technician,Laboratory,Procedure,Test Strategy,Place,Work "
               "Order,External Temperature,Ambient Temperature,Relative Humidity,Marginal Points,Failed "
@@ -73,9 +75,8 @@ TEST(Lists, OfRecordsShowTheStandardsAsTheyWereThen) {
     EXPECT_EQ(
         csvRow(calibrationColumns(), record, semicolons),
         u"12;2025-03-01;08:30:00;;passed;some day;;;;;;;;21,5;;;0;\"A (in calibration, due 2026-01-01); B "
-        "(overdue since 2025-01-01); C (had failed its own calibration); D (without a due date); 1203 (no "
-        "record "
-        "of that day)\";2;;;\r\n"_s);
+        "(overdue since 2025-01-01); C (had failed its own calibration); D (without a due date); E (no "
+        "record by that day); 1203 (not in the inventory any more)\";2;;;\r\n"_s);
 }
 
 TEST(Lists, OfUsesShowOtherMarksThanTheTwoAsTheyAreStored) {
