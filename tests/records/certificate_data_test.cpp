@@ -156,7 +156,8 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.rule = DecisionRule::simpleAcceptance;
     auto shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"as found: Not all points conform.\nas left: All points conform.\nDecision rule: simple "
+              u"as found: Not all points conform to the limits that are stated.\nas left: All points conform "
+              u"to the limits that are stated.\nDecision rule: simple "
               "acceptance; a reading within its limits conforms."_s);
     EXPECT_EQ(row(shown, u"resultsFound"_s, 1).section(u'|', -1), u"failed"_s);
     EXPECT_EQ(row(shown, u"resultsLeft"_s, 1).section(u'|', -1), u"passed"_s);
@@ -164,12 +165,14 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.guardBand = 20;
     shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"Not all points conform.\nDecision rule: guard band; a reading conforms when its error is at "
+              u"Not all points conform to the limits that are stated.\nDecision rule: guard band; a reading "
+              u"conforms when its error is at "
               "most 80 percent of the tolerance."_s);
     EXPECT_EQ(row(shown, u"resultsLeft"_s, 1).section(u'|', -1), u"failed"_s) << "85 percent";
     entered.guardBand = 12.5;
     EXPECT_TRUE(statement(values(calibration), TextId::certificateConformity)
-                    .contains(u"as left: All points conform.\nDecision rule: guard band; a reading conforms "
+                    .contains(u"as left: All points conform to the limits that are stated.\nDecision rule: "
+                              u"guard band; a reading conforms "
                               "when its error is at most 87.5 percent of the tolerance."_s));
 }
 

@@ -24,17 +24,40 @@ class CertificatesOnScreen : public CertificateSession {
         }
         return found;
     }
+    /// The instrument stands in the inventory, with that description now.
+    void hold(const QString& description) {
+        script.answers[u"select inv.mtag,inv.i4201 from MT.inventory inv where inv.i4201 = 'PT-101' order by "
+                       "inv.i4201 asc"_s] = {{u"1401"_s, u"PT-101"_s}};
+        Row row(12);
+        row[0] = u"1401"_s;
+        row[1] = u"PT-101"_s;
+        row[2] = description;
+        script.answers
+            [u"select inv.mtag,inv.i4201,inv.i4204,inv.i4202,inv.i4203,inv.i4206,inv.i4240,cal.c2308,"
+             "cal.c2323,cal.c2301,cal.c2303,(select max(l2801) from MT.location where mtag = inv.mtag and "
+             "l2815 = '1') from MT.inventory inv left outer join MT.calibration cal on cal.mtag = inv.mtag "
+             "and cal.c2339 = '1' where inv.mtag in ('1401') and not exists (select 1 from MT.calibration "
+             "newer where newer.mtag = inv.mtag and newer.c2339 = '1' and newer.ctag > cal.ctag) and "
+             "inv.i4201 = 'PT-101'"_s] = {row};
+    }
 
     QWidget window;
     CertificateWindows windows{session, {folder.path()}, &window};
 };
 
 TEST_F(CertificatesOnScreen, AreShownInAPreviewUntilTheLogin) {
+    hold(u"REPLACED TRANSMITTER"_s);
     windows.show(adjusted());
     ASSERT_EQ(previews().size(), 1);
     EXPECT_EQ(previews()[0]->windowTitle(), u"Calibration Certificate MT-501/502"_s);
     EXPECT_TRUE(previews()[0]->isVisible());
     windows.closePreviews();
+    EXPECT_TRUE(previews().isEmpty());
+}
+
+TEST_F(CertificatesOnScreen, OfAnInstrumentThatHasLeftTheInventoryAreNotShown) {
+    ui.expectBox(u"PT-101: not in the inventory any more"_s, u"Certificates"_s, box::warning);
+    windows.show(adjusted());
     EXPECT_TRUE(previews().isEmpty());
 }
 
@@ -52,7 +75,7 @@ TEST_F(CertificatesOnScreen, WithoutAFolderAreNotWritten) {
                 dialog->reject();
         }
     });
-    EXPECT_EQ(windows.write({adjusted().instrument}), QString());
+    EXPECT_EQ(windows.write({u"PT-101"_s}), QString());
 }
 
 TEST_F(CertificatesOnScreen, AreSetUpInADialog) {
