@@ -168,11 +168,11 @@ QString calibrationText(const CalibrationRecord& record, TextId title) {
 }
 
 QString recordCaption(const CalibrationRecord& record) {
-    QStringList words;
+    QStringList parts;
     for (const auto title : {TextId::listDate, TextId::listTime, TextId::listState, TextId::listResult})
-        words << calibrationText(record, title);
-    words.removeAll(QString());
-    return words.join(u' ');
+        parts << calibrationText(record, title);
+    parts.removeAll(QString());
+    return parts.join(u' ');
 }
 
 } // namespace kelvane
