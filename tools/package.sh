@@ -13,7 +13,7 @@ set_source_date() {
 # make_packages: leaves them in build/package/packages.
 make_packages() {
     set_source_date
-    build_preset package "${package_programs[@]}" kelvane_manuals kelvane_package_files
+    build_preset package "${package_programs[@]}" kelvane_documents kelvane_package_files
     rm -rf build/package/packages
     local log=build/package/cpack.log
     (umask 022 && cpack --config build/package/CPackConfig.cmake -B "$PWD/build/package/packages") >"$log" 2>&1 || {
