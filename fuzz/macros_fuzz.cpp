@@ -41,6 +41,7 @@ class OneRowConnection final : public Connection {
     void rollBackTransaction() override {}
     void lock(const QString&) override {}
     void unlock(const QString&) override {}
+    void refuseWriting() override {}
 
   private:
     QString value_;

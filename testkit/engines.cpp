@@ -51,6 +51,7 @@ class AdaptedConnection final : public Connection {
     void rollBackTransaction() override { adapter_->rollBackTransaction(link_); }
     void lock(const QString& name) override { adapter_->lock(link_, name); }
     void unlock(const QString& name) override { adapter_->unlock(link_, name); }
+    void refuseWriting() override { adapter_->refuseWriting(link_); }
 
   private:
     std::unique_ptr<EngineAdapter> adapter_;

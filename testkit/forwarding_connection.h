@@ -24,6 +24,7 @@ class ForwardingConnection : public Connection {
     void rollBackTransaction() override { real_->rollBackTransaction(); }
     void lock(const QString& name) override { real_->lock(name); }
     void unlock(const QString& name) override { real_->unlock(name); }
+    void refuseWriting() override { real_->refuseWriting(); }
 
   private:
     std::unique_ptr<Connection> real_;

@@ -54,8 +54,7 @@ std::unique_ptr<RecordSet> RecordingConnection::select(const QString& statement,
     return std::make_unique<ScriptedRows>(script_.answers.value(statement));
 }
 
-void RecordingConnection::lock(const QString& name) {
-    const QString step = QStringLiteral("lock ") + name;
+void RecordingConnection::takeStep(const QString& step) {
     script_.transactions << step;
     if (const auto failure = script_.failures.constFind(step); failure != script_.failures.cend())
         throw *failure;

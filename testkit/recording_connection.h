@@ -10,16 +10,18 @@ namespace kelvane::testing {
 
 using Row = QList<std::optional<QString>>;
 
-/// A scripted connection. Controls: `answer` (rows for a query), `fail` (an error for a statement or "lock
-/// NAME"), `lose` (from now on every statement fails with a lost connection). A query without an answer has
-/// no rows; a writing statement returns the number of rows in `changedRows`, or nothing. `statements` holds
-/// every text that came in, exactly and in order; `firstRowOnly` those that asked for one row only.
+/// A scripted connection. Controls: `answers` (rows for a query), `failures` (an error for a statement, "lock
+/// NAME" or "refuse writing"), `lose` (from now on every statement fails with a lost connection). A query
+/// without an answer has no rows; a writing statement returns the number of rows in `changedRows`, or
+/// nothing. `statements` holds every text that came in, exactly and in order; `firstRowOnly` those that asked
+/// for one row only.
 class RecordingConnection final : public Connection {
   public:
     struct Script {
         QStringList statements;
         QStringList firstRowOnly;
-        QStringList transactions; // "begin", "commit", "roll back", "lock NAME", "unlock NAME"
+        QStringList transactions; // "begin", "commit", "roll back", "lock NAME", "unlock NAME",
+                                  // "refuse writing"
         QHash<QString, QList<Row>> answers;
         QHash<QString, Error> failures;
         QHash<QString, qint64> changedRows;
@@ -39,11 +41,13 @@ class RecordingConnection final : public Connection {
     void beginTransaction() override { script_.transactions << QStringLiteral("begin"); }
     void commitTransaction() override { script_.transactions << QStringLiteral("commit"); }
     void rollBackTransaction() override { script_.transactions << QStringLiteral("roll back"); }
-    void lock(const QString& name) override;
+    void lock(const QString& name) override { takeStep(QStringLiteral("lock ") + name); }
     void unlock(const QString& name) override { script_.transactions << QStringLiteral("unlock ") + name; }
+    void refuseWriting() override { takeStep(QStringLiteral("refuse writing")); }
 
   private:
     void take(const QString& statement);
+    void takeStep(const QString& step);
     Script& script_;
 };
 

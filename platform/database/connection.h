@@ -59,6 +59,10 @@ class Connection {
     /// in whatever way. A site's own engine is left as it is: there these two do nothing.
     virtual void lock(const QString& name) = 0;
     virtual void unlock(const QString& name) = 0;
+
+    /// From here until it is closed, the engine itself refuses what writes, whatever the login may do. A
+    /// site's own engine is left as it is: there this does nothing.
+    virtual void refuseWriting() = 0;
 };
 
 /// Makes a closed connection.

@@ -243,6 +243,10 @@ void EmbeddedAdapter::unlock(DriverLink&, const QString& name) {
     locks_.release(name);
 }
 
+void EmbeddedAdapter::refuseWriting(DriverLink& link) {
+    link.execute(u"pragma query_only = on"_s);
+}
+
 bool EmbeddedAdapter::isConnectionLoss(const Error& error) const {
     // Disk or share gone, file replaced or damaged: nothing that this connection does is worth anything now.
     const auto code = primaryCode(error);

@@ -29,6 +29,7 @@ class EmbeddedAdapter final : public EngineAdapter {
     void lock(DriverLink& link, const QString& name) override;
     /// Also on a lost connection: a lock that nobody needs keeps nobody waiting.
     void unlock(DriverLink& link, const QString& name) override;
+    void refuseWriting(DriverLink& link) override;
     bool isConnectionLoss(const Error& error) const override;
 
   private:

@@ -39,6 +39,8 @@ class EngineAdapter {
     /// A lock among the workstations of the database, as `Connection::lock` has it.
     virtual void lock(DriverLink&, const QString& /*name*/) {}
     virtual void unlock(DriverLink&, const QString& /*name*/) {}
+    /// Makes the engine refuse what writes, as `Connection::refuseWriting` has it.
+    virtual void refuseWriting(DriverLink&) {}
     /// Native error codes and SQLSTATEs that mean that the connection is gone, beyond class 08.
     virtual bool isConnectionLoss(const Error& error) const = 0;
 };

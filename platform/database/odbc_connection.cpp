@@ -83,6 +83,10 @@ void OdbcConnection::unlock(const QString& name) {
     run([&](OdbcLink& open) { adapter_->unlock(open, name); });
 }
 
+void OdbcConnection::refuseWriting() {
+    run([this](OdbcLink& open) { adapter_->refuseWriting(open); });
+}
+
 /// An error that leaves the connection unusable gives it up.
 template <class Step>
 void OdbcConnection::run(Step step) {

@@ -25,6 +25,7 @@ class OdbcConnection : public Connection {
     void rollBackTransaction() override;
     void lock(const QString& name) override;
     void unlock(const QString& name) override;
+    void refuseWriting() override;
 
   protected:
     /// The driver's connection below the adapter. Error 3709 while it is closed.

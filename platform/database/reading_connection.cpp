@@ -46,6 +46,7 @@ class ReadingConnection final : public Connection {
 
     void open(const QString& connectionString, const QString& user, const QString& password) override {
         real_->open(connectionString, user, password);
+        refuseWriting();
     }
     void close() override { real_->close(); }
     bool isOpen() const override { return real_->isOpen(); }
@@ -61,6 +62,15 @@ class ReadingConnection final : public Connection {
     void rollBackTransaction() override { refuse(); }
     void lock(const QString&) override { refuse(); }
     void unlock(const QString&) override { refuse(); }
+    /// A connection that might write is none.
+    void refuseWriting() override {
+        try {
+            real_->refuseWriting();
+        } catch (const Error&) {
+            real_->close();
+            throw;
+        }
+    }
 
   private:
     [[noreturn]] static void refuse() { throw makeError(ErrorNumber::databaseReadOnly); }

@@ -180,6 +180,10 @@ void SharedAdapter::unlock(DriverLink& link, const QString& name) {
     isTrue(link, u"pg_advisory_unlock("_s + lockNumber(name) + u')');
 }
 
+void SharedAdapter::refuseWriting(DriverLink& link) {
+    link.execute(u"set default_transaction_read_only to on"_s);
+}
+
 bool SharedAdapter::isConnectionLoss(const Error& error) const {
     // The server was shut down, crashed, can't take connections now, or has ended this session; the last is
     // the driver's own word for it.

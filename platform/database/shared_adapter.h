@@ -28,6 +28,7 @@ class SharedAdapter final : public EngineAdapter {
     void rollBackTransaction(DriverLink& link) override;
     void lock(DriverLink& link, const QString& name) override;
     void unlock(DriverLink& link, const QString& name) override;
+    void refuseWriting(DriverLink& link) override;
     bool isConnectionLoss(const Error& error) const override;
 
   private:

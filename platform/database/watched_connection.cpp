@@ -70,6 +70,9 @@ class WatchedConnection final : public Connection {
     void unlock(const QString& name) override {
         step([&] { real_->unlock(name); });
     }
+    void refuseWriting() override {
+        step([&] { real_->refuseWriting(); });
+    }
 
   private:
     template <class Step>

@@ -88,6 +88,7 @@ class MadeUpConnection final : public Connection {
     void rollBackTransaction() override { refuse(QStringLiteral("roll back")); }
     void lock(const QString& name) override { refuse(name); }
     void unlock(const QString& name) override { refuse(name); }
+    void refuseWriting() override {}
 
   private:
     /// Whose rows a query of a block wants; nothing for a query of keys.

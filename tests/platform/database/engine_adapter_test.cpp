@@ -28,6 +28,17 @@ TEST(VerbatimAdapter, PassesEveryTextUntouched) {
     }
 }
 
+TEST(EngineAdapter, MakesItsOwnEnginesRefuseWritingAndLeavesASitesAlone) {
+    const auto statementsOf = [](const QString& engine) {
+        RecordedLink link;
+        engineAdapterFor(engine)->refuseWriting(link);
+        return link.statements;
+    };
+    EXPECT_EQ(statementsOf(u"SQLite"_s), QStringList(u"pragma query_only = on"_s));
+    EXPECT_EQ(statementsOf(u"PostgreSQL"_s), QStringList(u"set default_transaction_read_only to on"_s));
+    EXPECT_EQ(statementsOf(u"Adaptive Server Anywhere"_s), QStringList());
+}
+
 TEST(VerbatimAdapter, GivesNoRowCountSinceItsStatementIsUnknown) {
     RecordedLink link;
     const auto update = u"update t set a = 1;commit"_s;

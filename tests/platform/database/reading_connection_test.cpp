@@ -102,6 +102,22 @@ TEST_F(Reading, OpensClosesAndKnowsItsState) {
     EXPECT_TRUE(connection->isLost());
 }
 
+TEST_F(Reading, AsksTheEngineToRefuseWritingWheneverItOpens) {
+    connection->close();
+    connection->open(u"DSN=a"_s, u"jdoe"_s, u"b"_s);
+    EXPECT_EQ(script.transactions, QStringList(u"refuse writing"_s));
+    script.lost = true;
+    connection->open(u"DSN=a"_s, u"jdoe"_s, u"b"_s);
+    EXPECT_EQ(script.transactions.size(), 2);
+}
+
+TEST_F(Reading, IsNotOpenWhenTheEngineCanNotRefuseWriting) {
+    connection->close();
+    script.failures = {{u"refuse writing"_s, {42, u"no"_s, u"HY000"_s}}};
+    EXPECT_EQ(errorOf([&] { connection->open(u"DSN=a"_s, u"jdoe"_s, u"b"_s); }), 42);
+    EXPECT_FALSE(connection->isOpen());
+}
+
 TEST_F(Reading, AsksForNoMoreRowsThanItsReader) {
     connection->select(u"select 1"_s, Rows::first);
     EXPECT_EQ(script.firstRowOnly, QStringList(u"select 1"_s));

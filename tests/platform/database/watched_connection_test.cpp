@@ -44,6 +44,7 @@ class FailingConnection final : public Connection {
     void rollBackTransaction() override { throw error_; }
     void lock(const QString&) override { throw error_; }
     void unlock(const QString&) override { throw error_; }
+    void refuseWriting() override { throw error_; }
 
     static inline bool closed = false;
 
@@ -61,6 +62,7 @@ const Step steps[] = {
     [](Connection& connection) { connection.rollBackTransaction(); },
     [](Connection& connection) { connection.lock({}); },
     [](Connection& connection) { connection.unlock({}); },
+    [](Connection& connection) { connection.refuseWriting(); },
 };
 
 class WatchedConnections : public ::testing::Test {
