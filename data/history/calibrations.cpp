@@ -70,6 +70,25 @@ constexpr SqlWords newestFirst =
     u" order by case when c2301 is null then 1 else 0 end,c2301 desc,case when c2333 is null then 1 else 0 "
     "end,c2333 desc,ctag desc";
 
+/// Among the records of one day, one without a time can be told from the others only by when it was made:
+/// such a day is in the order of the records' numbers.
+void orderDaysWithoutTime(QList<Record>& records) {
+    const auto differ = [](const Record& one, const Record& next) {
+        return one.date.moment.date != next.date.moment.date;
+    };
+    for (auto day = records.begin(); day != records.end();) {
+        const auto edge = std::adjacent_find(day, records.end(), differ);
+        const auto end = edge == records.end() ? edge : std::next(edge);
+        const bool isOneWithoutTime =
+            std::any_of(day, end, [](const Record& record) { return !record.time.moment.time.isValid(); });
+        if (day->date.hasDate() && isOneWithoutTime)
+            std::stable_sort(day, end, [](const Record& one, const Record& other) {
+                return numericValue(one.ctag) > numericValue(other.ctag);
+            });
+        day = end;
+    }
+}
+
 class History {
   public:
     History(Session& session, Routine& routine, const QString& asset)
@@ -120,9 +139,11 @@ void History::readRecords() {
         for (const auto& column : momentColumns)
             record.*column.member = storedMomentOf(rows->value(place++));
         record.run = calibrationRunOf(record.state);
-        places_.insert(record.ctag, records_.size());
         records_ << std::move(record);
     }
+    orderDaysWithoutTime(records_);
+    for (qsizetype place = 0; place < records_.size(); ++place)
+        places_.insert(records_[place].ctag, place);
 }
 
 Record* History::recordOf(const std::optional<QString>& ctag) {

@@ -76,9 +76,9 @@ struct CalibrationRecord {
     QStringList lines = {};
 };
 
-/// The records of an instrument, the newest first; those without a date last, and of one moment the one that
-/// was made last first. None for an instrument that is not in the inventory; nothing after an error, which is
-/// reported as "History,calibrations".
+/// The records of an instrument, the newest first; those without a date last, and of one moment, or of a day
+/// where one has no time, the one that was made last first. None for an instrument that is not in the
+/// inventory; nothing after an error, which is reported as "History,calibrations".
 ///
 /// Standards of owner MT are looked up there. Other owners keep a row for each standard that stands in STD:
 /// its records are those of STD, and those of the owner itself where STD does not know it. A calibration

@@ -106,6 +106,36 @@ TEST_F(Calibrations, CarryWhatTheRowSays) {
     EXPECT_EQ(record.dueTime.moment.time, QTime(12, 0));
 }
 
+TEST_F(Calibrations, OfADayWhereOneHasNoTimeAreInTheOrderInWhichTheyWereMade) {
+    const auto orderOf = [&](const QList<Row>& rows) {
+        script.answers[recordsStatement] = rows;
+        QStringList order;
+        for (const auto& record : read())
+            order << record.ctag;
+        return order;
+    };
+    const auto day = u"2026-03-18"_s;
+    EXPECT_EQ(orderOf({recordRow(u"9"_s, u"2026-03-19"_s, {}), recordRow(u"8"_s, day, u"14:00:00"_s),
+                       recordRow(u"11"_s, day, u"09:00:00"_s), recordRow(u"10"_s, day, {}),
+                       recordRow(u"12"_s, u"2026-03-17"_s, u"10:00:00"_s),
+                       recordRow(u"13"_s, u"2026-03-17"_s, u"09:00:00"_s), recordRow(u"1"_s, {}, {}),
+                       recordRow(u"2"_s, {}, {})}),
+              (QStringList{u"9"_s, u"11"_s, u"10"_s, u"8"_s, u"12"_s, u"13"_s, u"1"_s, u"2"_s}))
+        << "days in order of time, and records without a date, stay as they are";
+    EXPECT_EQ(orderOf({recordRow(u"8"_s, day, u"14:00:00"_s), recordRow(u"11"_s, day, u"no time"_s)}),
+              (QStringList{u"11"_s, u"8"_s}));
+}
+
+TEST_F(Calibrations, OfADayWhereOneHasNoTimeKeepTheirOwnStandardsAndLines) {
+    const auto day = u"2026-03-18"_s;
+    script.answers[recordsStatement] = {recordRow(u"8"_s, day, u"14:00:00"_s), recordRow(u"11"_s, day, {})};
+    script.answers[linesStatement] = {{u"8"_s, u"1"_s, u"of 8"_s}, {u"11"_s, u"1"_s, u"of 11"_s}};
+    const auto records = read();
+    ASSERT_EQ(records.size(), 2);
+    EXPECT_EQ(records[0].lines, QStringList(u"of 11"_s));
+    EXPECT_EQ(records[1].lines, QStringList(u"of 8"_s));
+}
+
 TEST_F(Calibrations, TellTheRunByItsState) {
     const struct {
         QString state;
