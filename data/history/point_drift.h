@@ -15,12 +15,12 @@ struct DriftValue {
     double percent = 0;
 };
 
-/// How the line of a point goes on behind its last record, as far ahead as the records reach back.
+/// How the line of a point goes on behind its last error, as far ahead as the records reach back.
 enum class DriftOutlook {
     /// It leaves the limits on a day that is still to come.
     leaves,
     stays,
-    /// It is out at the last record, or has come to the limits since.
+    /// It is out at the last error, or has come to the limits since.
     hasLeft,
     /// The last record is one as found, and none says how the instrument was left.
     unknown,
@@ -38,13 +38,13 @@ struct DriftLine {
     QList<std::pair<double, double>> ends = {};
 
     DriftOutlook outlook = DriftOutlook::unknown;
-    /// The first day beyond a limit, of `leaves` and of a line that has left since the last record.
+    /// The first day beyond a limit, of `leaves` and of a line that has left since the last error.
     QDate leaving = {};
-    /// So many days the outlook looks ahead from the last record: what the records span, ten years at most.
+    /// So many days the outlook looks ahead from the last error: what the records span, ten years at most.
     qint64 horizon = 0;
     /// The line on the last day of the horizon.
     double percentAtHorizon = 0;
-    /// The days from the last record through which an error as found stays within its limits with 95 percent:
+    /// The days from the last error through which an error as found stays within its limits with 95 percent:
     /// 0 when it does not even on that day, `horizon` for that and longer. Nothing when the outlook is
     /// unknown.
     std::optional<qint64> intervalKept = {};
