@@ -71,6 +71,12 @@ void run(const RecordsRequest& request, const QString& start) {
         readNearestTemplate(session, folders);
         if (!writeCertificateFile(session, request, folders))
             throw ProgramAnswer{operatorInterface.report, 1};
+        // The page says so, too, but nobody may look at it for months.
+        if (session.ResultTemplateLine.isEmpty())
+            writeAnswer(recordsCommandLine().name,
+                        {u"there is no result template (rslt_db.frm): the result lines of %1 stand on the "
+                         "certificate as they are stored"_s.arg(request.asset),
+                         1});
         return;
     }
     const auto list = listAsCsv(session, request);

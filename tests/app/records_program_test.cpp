@@ -72,7 +72,7 @@ class RecordsProgram : public DatabaseSession {
         cells.sort();
         return cells;
     }
-    void expectRefused(const Ending& ending, int status, const QString& text) {
+    void expectTold(const Ending& ending, int status, const QString& text) {
         EXPECT_EQ(ending.status, status);
         EXPECT_EQ(ending.output, QString());
         EXPECT_EQ(ending.errors.count(u'\n'), 1) << ending.errors.toStdString();
@@ -167,12 +167,12 @@ TEST_F(RecordsProgram, WritesAFileWhereItWasNamed) {
     QFile file(home.filePath(u"due list.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(file.readAll()), run({u"--overdue"_s}).output);
-    expectRefused(run({u"--overdue"_s, u"--out=nowhere/list.csv"_s}), 1,
-                  home.path() + u"/nowhere/list.csv can't be"_s);
+    expectTold(run({u"--overdue"_s, u"--out=nowhere/list.csv"_s}), 1,
+               home.path() + u"/nowhere/list.csv can't be"_s);
 }
 
 TEST_F(RecordsProgram, TellsOfAnOutputThatCanNotBeWritten) {
-    expectRefused(
+    expectTold(
         runProgram({u"--due=3650"_s, u"--csv"_s, u"--user=jdoe"_s, u"--data-source="_s + database.dsn()},
                    "kelvane\n", u"/dev/full"_s),
         1, u"the output can't be written"_s);
@@ -195,14 +195,14 @@ TEST_F(RecordsProgram, ChangesNeitherTheDatabaseNorTheFolderWhereItIsStarted) {
     const auto before = counts();
     EXPECT_EQ(linesOf(run({u"--overdue"_s})).size(), 2);
     EXPECT_EQ(counts(), before);
-    expectRefused(run({u"--history=NO"_s}), 1, u"there is no asset NO"_s);
+    expectTold(run({u"--history=NO"_s}), 1, u"there is no asset NO"_s);
     EXPECT_EQ(QDir(home.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList(u"state"_s));
     EXPECT_EQ(QDir(home.filePath(u"state/kelvane-records"_s)).entryList(QDir::Files), QStringList());
 }
 
 TEST_F(RecordsProgram, KeepsItsReportsInAFolderOfItsOwn) {
     execute(u"alter table mt.calibration rename to calibrations"_s);
-    expectRefused(run({u"--overdue"_s}), 1, u"The following internal error has occurred"_s);
+    expectTold(run({u"--overdue"_s}), 1, u"The following internal error has occurred"_s);
     EXPECT_FALSE(QFile::exists(home.filePath(u"errors.log"_s)));
     QFile log(home.filePath(u"state/kelvane-records/errors.log"_s));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
@@ -229,32 +229,37 @@ TEST_F(RecordsProgram, WritesACertificateWithoutADisplay) {
     EXPECT_TRUE(pdfText(u"PT 101.pdf"_s).contains(u"MT-"_s + oldest));
 }
 
+TEST_F(RecordsProgram, WarnsOfACertificateThatWasWrittenWithoutAResultTemplate) {
+    const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s});
+    expectTold(ending, 0, u"there is no result template (rslt_db.frm): the result lines of PT-101 stand"_s);
+    EXPECT_TRUE(pdfText(u"a.pdf"_s).contains(u"End of the certificate"_s));
+}
+
 TEST_F(RecordsProgram, TellsWhyThereIsNoCertificate) {
-    expectRefused(certificate({u"--certificate=NO"_s, u"--out=a.pdf"_s}), 1, u"there is no asset NO"_s);
-    expectRefused(certificate({u"--certificate=PM-300"_s, u"--out=a.pdf"_s}), 1,
-                  u"PM-300 has no calibration record"_s);
-    expectRefused(certificate({u"--certificate=PT-101"_s, u"--record=1"_s, u"--out=a.pdf"_s}), 1,
-                  u"PT-101 has no calibration record 1"_s);
-    expectRefused(certificate({u"--certificate=PT-101"_s, u"--out=nowhere/a.pdf"_s}), 1,
-                  home.path() + u"/nowhere/a.pdf can't be written"_s);
-    expectRefused(certificate({u"--certificate=PT-101"_s}), 2, u"--out is missing"_s);
+    expectTold(certificate({u"--certificate=NO"_s, u"--out=a.pdf"_s}), 1, u"there is no asset NO"_s);
+    expectTold(certificate({u"--certificate=PM-300"_s, u"--out=a.pdf"_s}), 1,
+               u"PM-300 has no calibration record"_s);
+    expectTold(certificate({u"--certificate=PT-101"_s, u"--record=1"_s, u"--out=a.pdf"_s}), 1,
+               u"PT-101 has no calibration record 1"_s);
+    expectTold(certificate({u"--certificate=PT-101"_s, u"--out=nowhere/a.pdf"_s}), 1,
+               home.path() + u"/nowhere/a.pdf can't be written"_s);
+    expectTold(certificate({u"--certificate=PT-101"_s}), 2, u"--out is missing"_s);
     EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
 }
 
 TEST_F(RecordsProgram, WithoutAListTellsWhatThereIs) {
-    expectRefused(runProgram({u"--csv"_s}), 2,
-                  u"it lists what is due (--due), what is overdue (--overdue), "_s);
+    expectTold(runProgram({u"--csv"_s}), 2, u"it lists what is due (--due), what is overdue (--overdue), "_s);
 }
 
 TEST_F(RecordsProgram, RefusesALoginInOneSentenceWithoutThePassword) {
     const auto refused = u"the login to "_s + database.dsn() + u" has failed: "_s;
     const auto wrong = run({u"--overdue"_s}, "not the one\n");
-    expectRefused(wrong, 1, refused);
+    expectTold(wrong, 1, refused);
     EXPECT_FALSE(wrong.errors.contains(u"not the one"_s));
-    expectRefused(run({u"--overdue"_s}, "kelvane\n", u"nobody"_s), 1, refused);
-    expectRefused(run({u"--overdue"_s}, "\n"), 1, u"no password was given on the standard input"_s);
-    expectRefused(run({u"--overdue"_s}, {}), 1, u"no password was given on the standard input"_s);
-    expectRefused(
+    expectTold(run({u"--overdue"_s}, "kelvane\n", u"nobody"_s), 1, refused);
+    expectTold(run({u"--overdue"_s}, "\n"), 1, u"no password was given on the standard input"_s);
+    expectTold(run({u"--overdue"_s}, {}), 1, u"no password was given on the standard input"_s);
+    expectTold(
         runProgram({u"--overdue"_s, u"--csv"_s, u"--user=jdoe"_s, u"--data-source=none such"_s}, "kelvane\n"),
         1, u"the login to none such has failed: "_s);
 }
