@@ -1,8 +1,9 @@
 // Worksheets of 21 points to PDF: sheets a second, and the memory that 500 take beyond 50, against a bare
-// loop that draws the same texts at the same places, each cell by one call, into a PDF. Usage: bench_reports
-// LAYOUT
+// loop that paints the same texts and lines at the same places, each by one call, into a PDF. Usage:
+// bench_reports LAYOUT
 
 #include "benchmarks/alternating_runs.h"
+#include "benchmarks/noted_pages.h"
 #include "benchmarks/peak_memory.h"
 #include "benchmarks/require.h"
 #include "reports/report_error.h"
@@ -11,11 +12,11 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -29,54 +30,6 @@ constexpr int fewSheets = 50;
 constexpr int manySheets = 500;
 constexpr int turns = 5;
 
-/// A text on one of the pages of a sheet.
-struct Cell {
-    qsizetype page = 0;
-    QRectF place;
-    QFont font;
-    QString text;
-};
-
-/// Notes the texts that are drawn.
-class CellEngine final : public QPaintEngine {
-  public:
-    CellEngine() : QPaintEngine(AllFeatures) {}
-
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawPath(const QPainterPath&) override {}
-    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-    Type type() const override { return User; }
-    void drawTextItem(const QPointF& place, const QTextItem& item) override {
-        cells << Cell{.page = page,
-                      .place = QRectF(place.x(), place.y() - item.ascent(), item.width() + 1,
-                                      item.ascent() + item.descent() + 1),
-                      .font = item.font(),
-                      .text = item.text()};
-    }
-
-    qsizetype page = 0;
-    QList<Cell> cells;
-};
-
-/// Pages on which nothing is painted, only noted.
-class CellPages final : public QPdfWriter {
-  public:
-    explicit CellPages(const QString& path) : QPdfWriter(path) {}
-
-    QPaintEngine* paintEngine() const override { return &engine_; }
-    bool newPage() override {
-        ++engine_.page;
-        return true;
-    }
-    const QList<Cell>& cells() const { return engine_.cells; }
-
-  private:
-    mutable CellEngine engine_;
-};
-
 ReportData sheets(int count) {
     ReportData data;
     data.values = testing::sheetReport();
@@ -85,21 +38,15 @@ ReportData sheets(int count) {
     return data;
 }
 
-void drawCells(const QList<Cell>& cells, int sheetCount, const QPageLayout& pages, const QString& path) {
+void paintPlainly(const QList<NotedItem>& items, int sheetCount, const QPageLayout& pages,
+                  const QString& path) {
     QPdfWriter pdf(path);
     pdf.setPageLayout(pages);
     QPainter painter(&pdf);
     for (int sheet = 0; sheet < sheetCount; ++sheet) {
-        qsizetype page = 0;
         if (sheet > 0)
             pdf.newPage();
-        for (const auto& cell : cells) {
-            if (cell.page != page)
-                pdf.newPage();
-            page = cell.page;
-            painter.setFont(cell.font);
-            painter.drawText(cell.place, Qt::AlignLeft | Qt::AlignTop, cell.text);
-        }
+        paintNoted(items, pdf, painter);
     }
 }
 
@@ -126,20 +73,21 @@ void run(const QString& layoutPath) {
     std::printf("reports: %d sheets take %.1f MB more memory at their peak than %d\n", manySheets, growth,
                 fewSheets);
 
-    CellPages noted(path);
+    NotedPages noted;
     noted.setPageLayout(pages);
     Report(layout, sheets(1)).paint(noted);
-    const auto cells = noted.cells();
-    require(cells.size() > pointsOfSheet * 6, u"the texts are not noted"_s);
+    const auto& items = noted.items();
+    const auto texts = std::ranges::count_if(items, [](const auto& item) { return !item.text.isEmpty(); });
+    require(texts > pointsOfSheet * 6, u"the texts are not noted"_s);
     const auto took = runTimedTurns(
         turns, [&](int) { return microsecondsOf([&] { write(many); }); },
         [&](int) {
             return microsecondsOf(
-                [&] { drawCells(cells, manySheets, pages, folder.filePath(u"bare.pdf"_s)); });
+                [&] { paintPlainly(items, manySheets, pages, folder.filePath(u"bare.pdf"_s)); });
         });
-    std::printf("reports: %.2f times a bare loop that draws the same texts (aim 2 or less)\n", took.ratio());
+    std::printf("reports: %.2f times a bare loop that paints the same (aim 2 or less)\n", took.ratio());
     std::printf("reports: %.0f sheets of %d points a second, %lld texts each; the bare loop %.0f\n",
-                1E6 * manySheets / took.ours, pointsOfSheet, static_cast<long long>(cells.size()),
+                1E6 * manySheets / took.ours, pointsOfSheet, static_cast<long long>(texts),
                 1E6 * manySheets / took.plain);
 }
 
