@@ -104,7 +104,15 @@ void FormUnrecorded::readAgain() {
         showResults(*kept);
     else
         // What was read stays, since the workstation may have it still.
-        LabelFound->setText(text(TextId::historyNotRead));
+        tell(text(TextId::historyNotRead), true);
+}
+
+void FormUnrecorded::tell(const QString& state, bool isAlarming) {
+    LabelFound->setText(state);
+    LabelFound->setAccessibleName(state);
+    auto font = LabelFound->font();
+    font.setBold(isAlarming);
+    LabelFound->setFont(font);
 }
 
 void FormUnrecorded::forget() {
@@ -120,15 +128,15 @@ void FormUnrecorded::showResults(const KeptResults& kept) {
     const auto chosen = entries_.value(before).id;
     entries_ = kept.unfinished;
     QStringList found;
-    if (kept.exists)
-        found << (entries_.isEmpty() ? text(TextId::unrecordedNone)
-                                     : text(TextId::unrecordedFound).arg(entries_.size()));
-    else
+    if (!kept.exists)
         found << text(TextId::unrecordedNoJournal);
+    else if (!entries_.isEmpty())
+        found << text(TextId::unrecordedFound).arg(entries_.size());
+    else if (kept.unreadable == 0) // what a line that can't be read is of, nobody knows
+        found << text(TextId::unrecordedNone);
     if (kept.unreadable > 0)
         found << text(TextId::unrecordedUnreadable).arg(kept.unreadable);
-    LabelFound->setText(found.join(u'\n'));
-    LabelFound->setAccessibleName(LabelFound->text());
+    tell(found.join(u'\n'), kept.unreadable > 0);
     LabelJournal->setText(text(TextId::unrecordedJournal).arg(QDir::toNativeSeparators(kept.path)));
 
     ListResults->clear();

@@ -32,6 +32,7 @@ class FormUnrecorded final : public QWidget {
     void layOut();
     void showResults(const KeptResults& kept);
     void showReadings();
+    void tell(const QString& state, bool isAlarming);
 
     Session& session_;
     QStringList folders_;

@@ -45,6 +45,16 @@ void addFault(Members& members, TextId fault, const QString& asset) {
         same->second << asset;
 }
 
+/// The editor's routines write numbers into their statements as they stand: one with a quote would end in an
+/// error instead of an answer.
+std::optional<TextId> faultOf(Session& writer, const QSet<QString>& listed, const QString& asset) {
+    if (listed.contains(toUpperCase(asset)))
+        return TextId::instrumentAlreadyListed;
+    if (asset.contains(u'\''))
+        return TextId::instrumentNumberInvalid;
+    return faultOfInstrument(writer, {}, asset);
+}
+
 /// Nothing when the user gives up, or the database has failed.
 std::optional<Members> membersOf(Session& writer, const QStringList& assets, QWidget* window) {
     const ReportWatch watch(writer);
@@ -59,9 +69,7 @@ std::optional<Members> membersOf(Session& writer, const QStringList& assets, QWi
         progress.setValue(progress.value() + 1);
         if (progress.wasCanceled())
             return {};
-        const auto number = toUpperCase(asset);
-        const auto fault = listed.contains(number) ? std::optional(TextId::instrumentAlreadyListed)
-                                                   : faultOfInstrument(writer, {}, asset);
+        const auto fault = faultOf(writer, listed, asset);
         if (watch.sawReport())
             return {};
         if (fault) {
@@ -69,7 +77,7 @@ std::optional<Members> membersOf(Session& writer, const QStringList& assets, QWi
             continue;
         }
         members.assets << asset;
-        listed << number;
+        listed << toUpperCase(asset);
     }
     return members;
 }
@@ -98,14 +106,15 @@ bool agreesToMembers(Session& writer, const Members& members) {
     return writer.ui.messageBox(question, title(), box::question) == BoxAnswer::yes;
 }
 
-/// Empty when the user gives up.
-QString typedName(QWidget* window) {
+/// `name` stands in the field at first. Empty when the user gives up.
+QString typedName(const QString& name, QWidget* window) {
     QInputDialog dialog(window);
     dialog.setObjectName(u"PackageName"_s);
     dialog.setWindowTitle(title());
     dialog.setLabelText(text(TextId::packageMakeName));
     // Only from here on the dialog has its field.
     dialog.setInputMode(QInputDialog::TextInput);
+    dialog.setTextValue(name);
     auto* field = dialog.findChild<QLineEdit*>();
     field->setMaxLength(longestPackageName);
     field->setAccessibleName(dialog.labelText());
@@ -114,8 +123,9 @@ QString typedName(QWidget* window) {
 
 /// Asks until the name is free. Empty when the user gives up, or the database has failed.
 QString freeName(Session& writer, QWidget* window) {
+    QString name;
     for (;;) {
-        const auto name = typedName(window);
+        name = typedName(name, window);
         if (name.isEmpty())
             return {};
         const auto isTaken = isPackageName(writer, name);

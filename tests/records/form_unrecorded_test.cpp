@@ -102,6 +102,15 @@ TEST_F(UnrecordedScreen, TellsWhatCanNotBeRead) {
               text(TextId::unrecordedFound).arg(1) + u'\n' + text(TextId::unrecordedUnreadable).arg(2));
 }
 
+TEST_F(UnrecordedScreen, DoesNotSayThatAllIsRecordedWhenALineCanNotBeRead) {
+    QFile journal(Journal(session).path());
+    ASSERT_TRUE(journal.open(QIODevice::Append));
+    journal.write("{\"id\":\"torn\n");
+    journal.close();
+    open();
+    EXPECT_EQ(found(), text(TextId::unrecordedUnreadable).arg(1));
+}
+
 TEST_F(UnrecordedScreen, KeepsWhatWasReadWhenTheJournalCanNotBeRead) {
     add(u"PT-101"_s);
     open();

@@ -213,9 +213,11 @@ TEST_F(PackageOfSelection, AsksForTheLoginAndCanBeGivenUp) {
 
 TEST_F(PackageOfSelection, TellsWhatCanNotBePartOfItAndIsMadeOfTheOthersWhenTheUserAgrees) {
     const auto unfit = unconfigured();
-    const auto assets = configured(2) << unfit << u"NO-SUCH"_s;
+    const auto quoted = u"LT-10'COL"_s;
+    ASSERT_EQ(value(u"select count(*) from mt.inventory where i4201 = 'LT-10''COL'"_s), u"1"_s);
+    const auto assets = configured(2) << unfit << u"NO-SUCH"_s << quoted;
     const auto faults = text(TextId::configurationDataIncomplete) + u"\r\n"_s + unfit + u"\r\n\r\n"_s +
-                        text(TextId::instrumentNumberInvalid) + u"\r\nNO-SUCH"_s;
+                        text(TextId::instrumentNumberInvalid) + u"\r\nNO-SUCH, LT-10'COL"_s;
     const auto question = faults + u"\r\n\r\n"_s + text(TextId::packageMakeOthers).arg(2);
     const auto before = packages();
     ui.expectBox(question, text(TextId::newPackageTitle), box::question, BoxAnswer::no);
@@ -226,7 +228,7 @@ TEST_F(PackageOfSelection, TellsWhatCanNotBePartOfItAndIsMadeOfTheOthersWhenTheU
     EXPECT_EQ(members(u"CREW"_s), configured(2));
 
     ui.expectBox(faults, text(TextId::newPackageTitle), box::warning);
-    make({unfit, u"NO-SUCH"_s}, {});
+    make({unfit, u"NO-SUCH"_s, quoted}, {});
 }
 
 TEST_F(PackageOfSelection, OfTwiceTheSameNumberHasItOnce) {
@@ -243,9 +245,9 @@ TEST_F(PackageOfSelection, AsksForAnotherNameUntilItIsFree) {
     EXPECT_EQ(outcome, text(TextId::packageMade).arg(u"O'Brien's %2"_s, u"1"_s));
     EXPECT_EQ(stored(u"O''Brien''s %2"_s).size(), 1);
     ui.expectBox(text(TextId::packageAlreadyExists), text(TextId::newPackageTitle), box::warning);
-    const QString longest(30, u'N');
-    make(configured(2), {u"O'Brien's %2"_s, longest + u"beyond"_s});
-    EXPECT_EQ(members(longest), configured(2));
+    // The taken name stands in the field again.
+    make(configured(2), {u"O'Brien's %2"_s, u" of May, which is far too long"_s});
+    EXPECT_EQ(members(u"O''Brien''s %2 of May, which is "_s.left(32)), configured(2));
     EXPECT_EQ(members(u"O''Brien''s %2"_s), configured(1)) << "the other one stays as it was";
 }
 
