@@ -57,16 +57,16 @@ CertificateWindows::CertificateWindows(Session& session, QStringList folders, QW
 
 void CertificateWindows::show(CertifiedCalibration calibration) {
     const auto form = readForm();
+    if (!form)
+        return;
     // What the history knows of the instrument may have been read long ago.
     const auto asset = calibration.instrument.asset;
-    const auto instruments = form ? instrumentsNamed(session_, asset) : std::nullopt;
-    if (!instruments)
-        return;
-    if (instruments->isEmpty()) {
+    const auto instrument = instrumentNamed(session_, asset);
+    if (instrument.isAbsent())
         showFailure(u"%1: %2"_s.arg(asset, text(TextId::historyGone)));
+    if (!instrument.found)
         return;
-    }
-    calibration.instrument = instruments->constFirst();
+    calibration.instrument = *instrument.found;
     try {
         const BusyPointer busy(session_.ui);
         auto preview =

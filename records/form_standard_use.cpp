@@ -217,10 +217,10 @@ void FormStandardUse::ask() {
     const auto since = DateSince->date();
     const auto standard = standardOf(session_, asset);
     std::optional<QList<StandardUse>> uses;
-    if (standard && !standard->isEmpty())
-        uses = usesOfStandard(session_, standard->constFirst().asset, since);
+    if (standard.found)
+        uses = usesOfStandard(session_, standard.found->asset, since);
     // Never the calibrations of another standard under the name that is typed now.
-    list_ = uses ? StandardUseList{standard->constFirst(), since, {}} : StandardUseList();
+    list_ = uses ? StandardUseList{*standard.found, since, {}} : StandardUseList();
     model_->show(uses.value_or(QList<StandardUse>()));
     if (uses) {
         tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
@@ -230,9 +230,7 @@ void FormStandardUse::ask() {
         for (int column = 0; column < header->count(); ++column)
             header->resizeSection(column, std::min(header->sectionSize(column), widest));
     } else {
-        tell(standard && standard->isEmpty() ? text(TextId::usesUnknown).arg(asset)
-                                             : text(TextId::historyNotRead),
-             true);
+        tell(standard.isAbsent() ? text(TextId::usesUnknown).arg(asset) : text(TextId::historyNotRead), true);
     }
     enableCommands();
 }

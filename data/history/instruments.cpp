@@ -309,13 +309,13 @@ InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     return instrument;
 }
 
-std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const QString& asset) {
+Lookup<InstrumentSummary> instrumentNamed(Session& session, const QString& asset) {
     // Without one the filter would find all.
     if (asset.isEmpty())
-        return QList<InstrumentSummary>();
+        return {};
     InstrumentReader reader(session, {.filter = {.asset = asset}});
-    auto found = reader.next(1);
-    return reader.hasFailed() ? std::nullopt : std::optional(std::move(found));
+    const auto found = reader.next(1);
+    return lookupOf(reader.hasFailed() ? std::nullopt : std::optional(found));
 }
 
 std::optional<QString> customerOf(Session& session, const QString& mtag) {

@@ -47,12 +47,12 @@ std::optional<QList<Standard>> usedStandards(Session& session) {
     });
 }
 
-std::optional<QList<Standard>> standardOf(Session& session, const QString& asset) {
+Lookup<Standard> standardOf(Session& session, const QString& asset) {
     Routine routine(session, u"History,standardOf"_s);
-    return routine.resultOf([&] {
+    return lookupOf(routine.resultOf([&] {
         return standards(routine,
                          standardsWhere(session, u"i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset))));
-    });
+    }));
 }
 
 std::optional<QList<StandardUse>> usesOfStandard(Session& session, const QString& standard,
