@@ -81,10 +81,6 @@ FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFold
     enableCommands();
 }
 
-FormStandardUse::~FormStandardUse() {
-    closePreviews();
-}
-
 void FormStandardUse::setUpTable() {
     TableUses->setModel(model_);
     TableUses->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -245,7 +241,7 @@ void FormStandardUse::tell(const QString& state, bool isAlarming) {
 }
 
 void FormStandardUse::forget() {
-    closePreviews();
+    previews_.close();
     TextStandard->clear();
     list_ = {};
     model_->show({});
@@ -290,16 +286,10 @@ void FormStandardUse::print() {
         auto preview = std::make_unique<ReportPreview>(
             session_.ui, standardUseReport(session_, printed, layoutFolders_), standardUseTitle(printed));
         preview->open();
-        // From here on it belongs to itself.
-        previews_ << preview.release();
+        previews_.add(std::move(preview));
     } catch (const ReportError& error) {
         session_.ui.messageBox(error.text(), text(TextId::usesTab), box::warning);
     }
-}
-
-void FormStandardUse::closePreviews() {
-    for (const auto& preview : std::exchange(previews_, {}))
-        delete preview.data();
 }
 
 } // namespace kelvane

@@ -3,6 +3,7 @@
 #include "drivers/line_settings.h"
 #include "drivers/port_state.h"
 #include "platform/error.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -219,7 +220,7 @@ void FormCommunicationLog::findNext() {
 }
 
 void FormCommunicationLog::save() {
-    QFileDialog dialog(this, text(TextId::communicationLogSave).remove(u"..."_s).trimmed());
+    QFileDialog dialog(this, titleOf(TextId::communicationLogSave));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(text(TextId::communicationLogText).split(u";;"_s));
     dialog.setDefaultSuffix(u"txt"_s);
