@@ -30,15 +30,15 @@ CertifiedCalibration calibrationOf(const Session& session, const InstrumentSumma
 } // namespace
 
 bool writeCertificateFile(Session& session, const RecordsRequest& request, const QStringList& folders) {
-    const auto instruments = instrumentsNamed(session, request.asset);
-    if (!instruments)
+    const auto instrument = instrumentNamed(session, request.asset);
+    if (instrument.hasFailed)
         return false;
-    if (instruments->isEmpty())
+    if (!instrument.found)
         throw ProgramAnswer{u"there is no asset %1"_s.arg(request.asset), 1};
     const auto records = calibrationsOf(session, request.asset);
     if (!records)
         return false;
-    const auto calibration = calibrationOf(session, instruments->constFirst(), *records, request);
+    const auto calibration = calibrationOf(session, *instrument.found, *records, request);
     try {
         writeCertificate(session, calibration, readCertificateForm(session, folders), request.file);
     } catch (const ReportError& error) {

@@ -27,14 +27,9 @@ bool requireAsset(Session& session, const QString& asset) {
 }
 
 template <class Row>
-std::optional<QByteArray> csvOf(std::span<const ListColumn<Row>> columns,
-                                const std::optional<QList<Row>>& rows, const CsvForm& form) {
-    if (!rows)
-        return {};
-    auto csv = csvTitles(columns, form).toUtf8();
-    for (const auto& row : *rows)
-        csv += csvRow(columns, row, form).toUtf8();
-    return csv;
+std::optional<QByteArray> bytesOf(std::span<const ListColumn<Row>> columns,
+                                  const std::optional<QList<Row>>& rows, const CsvForm& form) {
+    return rows ? std::optional(csvOf(columns, *rows, form).toUtf8()) : std::nullopt;
 }
 
 std::optional<QByteArray> dueInstruments(Session& session, const RecordsRequest& request) {
@@ -55,13 +50,13 @@ std::optional<QByteArray> dueInstruments(Session& session, const RecordsRequest&
 std::optional<QByteArray> uses(Session& session, const RecordsRequest& request) {
     if (!requireAsset(session, request.asset))
         return {};
-    return csvOf(standardUseColumns(), usesOfStandard(session, request.asset, request.since), request.form);
+    return bytesOf(standardUseColumns(), usesOfStandard(session, request.asset, request.since), request.form);
 }
 
 std::optional<QByteArray> history(Session& session, const RecordsRequest& request) {
     if (!requireAsset(session, request.asset))
         return {};
-    return csvOf(calibrationColumns(), calibrationsOf(session, request.asset), request.form);
+    return bytesOf(calibrationColumns(), calibrationsOf(session, request.asset), request.form);
 }
 
 struct ListMaker {

@@ -48,10 +48,10 @@ class Bare {
   public:
     explicit Bare(Site& site) : plain_(site.database.connectPlainly()) {
         site.log = {};
-        const auto instruments = instrumentsNamed(site.session, asset);
+        const auto instrument = instrumentNamed(site.session, asset);
         const auto records = calibrationsOf(site.session, asset);
-        require(instruments && records, u"the instrument can't be read"_s);
-        const auto calibration = lastCalibration(site.session, instruments->constFirst(), *records);
+        require(instrument.found && records, u"the instrument can't be read"_s);
+        const auto calibration = lastCalibration(site.session, *instrument.found, *records);
         require(calibration.has_value(), u"the instrument has no record"_s);
         const auto report = certificateReport(site.session, *calibration, form(site));
         for (const auto& statement : std::as_const(site.log.statements))

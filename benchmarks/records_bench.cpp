@@ -38,12 +38,11 @@ constexpr int allRows = std::numeric_limits<int>::max();
 
 /// One query for what the list shows, as a program would fire it that keeps all rows.
 QString bareQuery(const QString& conditions, const QString& order) {
-    return u"select "
-           u"inv.mtag,inv.i4201,inv.i4204,inv.i4202,inv.i4203,inv.i4206,inv.i4240,place.l2801,cal.c2308,"
-           "cal.c2323,cal.c2301,cal.c2303 from mt.inventory inv left outer join mt.calibration cal on "
-           "cal.mtag "
-           "= inv.mtag and cal.c2339 = '1' left outer join mt.location place on place.mtag = inv.mtag and "
-           "place.l2815 = '1'"_s +
+    return u"select inv.mtag,inv.i4201,inv.i4204,inv.i4202,inv.i4203,inv.i4206,inv.i4240,"
+           "place.l2801,cal.c2308,cal.c2323,cal.c2301,cal.c2303"
+           " from mt.inventory inv"
+           " left outer join mt.calibration cal on cal.mtag = inv.mtag and cal.c2339 = '1'"
+           " left outer join mt.location place on place.mtag = inv.mtag and place.l2815 = '1'"_s +
            conditions + u" order by "_s + order;
 }
 

@@ -1,5 +1,7 @@
 #include "records/certificate_names.h"
 
+#include "records/file_names.h"
+
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -40,14 +42,7 @@ QString filled(const QString& rule, const CertificateNaming& naming) {
 
 /// Some systems refuse these, others take them for something else.
 QString safe(QString name) {
-    constexpr QStringView refused = u"/\\:*?\"<>|";
-    for (auto& character : name) {
-        const auto category = character.category();
-        if (refused.contains(character) || category == QChar::Other_Control ||
-            category == QChar::Other_Format || category == QChar::Separator_Line ||
-            category == QChar::Separator_Paragraph)
-            character = u'_';
-    }
+    name = replaceRefused(std::move(name), u'_');
     while (name.toUtf8().size() > longestName)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     name = name.trimmed();

@@ -20,17 +20,17 @@ class Run {
 
     /// False when the run can't go on. The instrument is read anew: a list may have been read long ago.
     bool write(const QString& asset) {
-        const auto instruments = instrumentsNamed(session_, asset);
-        const auto records = instruments ? calibrationsOf(session_, asset) : std::nullopt;
+        const auto instrument = instrumentNamed(session_, asset);
+        const auto records = instrument.hasFailed ? std::nullopt : calibrationsOf(session_, asset);
         if (!records) {
             fail(asset, text(TextId::historyNotRead));
             return false;
         }
-        if (instruments->isEmpty()) {
+        if (!instrument.found) {
             fail(asset, text(TextId::historyGone));
             return true;
         }
-        const auto calibration = lastCalibration(session_, instruments->constFirst(), *records);
+        const auto calibration = lastCalibration(session_, *instrument.found, *records);
         if (calibration)
             write(asset, *calibration);
         else

@@ -4,12 +4,13 @@
 #include "records/certificate_settings_dialog.h"
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
+#include "reports/work_window.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 
 #include <QDir>
 #include <QFileDialog>
-#include <QProgressDialog>
 
 using namespace Qt::StringLiterals;
 
@@ -20,18 +21,11 @@ namespace {
 /// So much of an asset number is shown.
 constexpr qsizetype longestAsset = 40;
 
-QString withoutDots(TextId caption) {
-    return text(caption).remove(u"..."_s).trimmed();
-}
-
 /// Shows how far a run is, and asks to be told when the user ends it.
 class RunWindow {
   public:
     RunWindow(qsizetype count, QWidget* parent)
-        : dialog_(QString(), text(TextId::cancel), 0, static_cast<int>(count), parent) {
-        dialog_.setObjectName(u"Progress"_s);
-        dialog_.setWindowTitle(withoutDots(TextId::certificatesMake));
-        dialog_.setWindowModality(Qt::ApplicationModal);
+        : dialog_(titleOf(TextId::certificatesMake), count, true, parent) {
         dialog_.setMinimumDuration(0);
         dialog_.setLabel(label(u"LabelProgress"_s, TextId::certificatesProgress));
     }
@@ -47,7 +41,7 @@ class RunWindow {
     }
 
   private:
-    QProgressDialog dialog_;
+    WorkWindow dialog_;
 };
 
 } // namespace
@@ -57,24 +51,23 @@ CertificateWindows::CertificateWindows(Session& session, QStringList folders, QW
 
 void CertificateWindows::show(CertifiedCalibration calibration) {
     const auto form = readForm();
+    if (!form)
+        return;
     // What the history knows of the instrument may have been read long ago.
     const auto asset = calibration.instrument.asset;
-    const auto instruments = form ? instrumentsNamed(session_, asset) : std::nullopt;
-    if (!instruments)
-        return;
-    if (instruments->isEmpty()) {
+    const auto instrument = instrumentNamed(session_, asset);
+    if (instrument.isAbsent())
         showFailure(u"%1: %2"_s.arg(asset, text(TextId::historyGone)));
+    if (!instrument.found)
         return;
-    }
-    calibration.instrument = instruments->constFirst();
+    calibration.instrument = *instrument.found;
     try {
         const BusyPointer busy(session_.ui);
         auto preview =
             std::make_unique<ReportPreview>(session_.ui, certificateReport(session_, calibration, *form),
                                             certificateTitle(session_, calibration));
         preview->open();
-        // From here on it belongs to itself.
-        previews_ << preview.release();
+        previews_.add(std::move(preview));
     } catch (const ReportError& error) {
         showFailure(error.text());
     }
@@ -109,12 +102,6 @@ void CertificateWindows::editSettings() {
     (new CertificateSettingsDialog(session_, window_))->open();
 }
 
-void CertificateWindows::closePreviews() {
-    for (const auto& preview : std::as_const(previews_))
-        delete preview.data();
-    previews_.clear();
-}
-
 std::optional<CertificateForm> CertificateWindows::readForm() {
     try {
         return readCertificateForm(session_, folders_);
@@ -125,7 +112,7 @@ std::optional<CertificateForm> CertificateWindows::readForm() {
 }
 
 void CertificateWindows::showFailure(const QString& failure) {
-    session_.ui.messageBox(failure, withoutDots(TextId::certificatesMake), box::warning);
+    session_.ui.messageBox(failure, titleOf(TextId::certificatesMake), box::warning);
 }
 
 } // namespace kelvane

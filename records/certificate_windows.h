@@ -1,23 +1,17 @@
 #pragma once
 
 #include "records/certificate_report.h"
-
-#include <QPointer>
+#include "reports/open_previews.h"
 
 class QWidget;
 
 namespace kelvane {
-
-class ReportPreview;
 
 /// What the window of the records does with certificates.
 class CertificateWindows {
   public:
     /// The layout is looked for in the folders first. Session and window have to outlive it.
     CertificateWindows(Session& session, QStringList folders, QWidget* window);
-    ~CertificateWindows() { closePreviews(); }
-    CertificateWindows(const CertificateWindows&) = delete;
-    CertificateWindows& operator=(const CertificateWindows&) = delete;
 
     /// Opens the certificate of a calibration in a preview, from which it is printed or saved; a box says why
     /// it can't.
@@ -28,7 +22,7 @@ class CertificateWindows {
     QString write(const QStringList& assets);
     void editSettings();
     /// Takes the previews that are open away: they show what belongs to a login.
-    void closePreviews();
+    void closePreviews() { previews_.close(); }
 
   private:
     std::optional<CertificateForm> readForm();
@@ -38,7 +32,7 @@ class CertificateWindows {
     Session& session_;
     QStringList folders_;
     QWidget* window_;
-    QList<QPointer<ReportPreview>> previews_;
+    OpenPreviews previews_;
 };
 
 } // namespace kelvane

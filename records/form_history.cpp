@@ -2,9 +2,12 @@
 
 #include "records/calibration_pair.h"
 #include "records/colors.h"
+#include "records/keys.h"
 #include "records/lists.h"
+#include "records/reading_table.h"
 #include "records/record_pane.h"
 #include "records/record_pictures.h"
+#include "resources/captions.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
@@ -12,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
-#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -34,28 +36,11 @@ constexpr TextId listedTitles[] = {
     TextId::listTechnician, TextId::listFailedPoints, TextId::listMarginalPoints, TextId::listResultLines,
 };
 
-/// A table to read: rows are selected whole, and Tab leaves it.
-QTableWidget* readingTable(const QString& name, TextId accessibleName, const QStringList& titles) {
-    auto* table =
-        nameControl(new QTableWidget(0, static_cast<int>(titles.size())), name, text(accessibleName));
-    table->setHorizontalHeaderLabels(titles);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setTabKeyNavigation(false);
-    table->setAlternatingRowColors(true);
-    table->verticalHeader()->hide();
-    table->horizontalHeader()->setHighlightSections(false);
+QTableWidget* historyTable(const QString& name, TextId accessibleName, const QStringList& titles) {
+    auto* table = readingTable(name, accessibleName, titles);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return table;
-}
-
-QStringList listTitles() {
-    QStringList titles;
-    for (const auto title : listedTitles)
-        titles << text(title);
-    return titles;
 }
 
 /// One particular of a record; standards, and the lines of a remark, stand in lines of their own.
@@ -85,8 +70,8 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
     : QWidget(parent),
       session_(session),
       instrument_(instrument),
-      LabelInstrument(label(u"LabelInstrument"_s, TextId::recordsHistory)),
-      TableRecords(readingTable(u"TableRecords"_s, TextId::historyRecordsTip, listTitles())),
+      LabelInstrument(changingNote(u"LabelInstrument"_s, TextId::recordsHistory)),
+      TableRecords(historyTable(u"TableRecords"_s, TextId::historyRecordsTip, captionsOf(listedTitles))),
       LabelState(label(u"LabelState"_s, TextId::historyRecords)),
       ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),
       CommandUses(button(u"CommandUses"_s, TextId::usesTab, TextId::usesTip)),
@@ -95,15 +80,13 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
       standards_(new QMenu(this)),
       left_(new RecordPane(session, u"Left"_s)),
       right_(new RecordPane(session, u"Right"_s)),
-      TableDetails(readingTable(u"TableDetails"_s, TextId::historyDetailsTip,
+      TableDetails(historyTable(u"TableDetails"_s, TextId::historyDetailsTip,
                                 {text(TextId::historyDetails), QString(), QString()})),
       pictures_(new RecordPictures(session, instrument.asset)),
       parts_(tabControl(u"TabsHistory"_s, TextId::recordsHistory)),
       splitter_(new QSplitter(Qt::Vertical)) {
     setObjectName(u"FormHistory"_s);
     LabelInstrument->setText(instrumentCaption(instrument));
-    LabelInstrument->setWordWrap(true);
-    LabelInstrument->setTextInteractionFlags(Qt::TextSelectableByMouse);
     LabelState->setWordWrap(true);
     layOut();
     connectControls();
@@ -113,10 +96,8 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
 void FormHistory::layOut() {
     keepWidth(ComboCompare);
     ComboCompare->setMinimumContentsLength(30);
-    TableRecords->setWordWrap(false);
-    TableRecords->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    TableRecords->verticalHeader()->setDefaultSectionSize(TableRecords->fontMetrics().height() + 6);
-    TableDetails->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    TableRecords->setSelectionMode(QAbstractItemView::SingleSelection);
+    TableDetails->setWordWrap(true);
 
     auto* comparing = new QHBoxLayout;
     comparing->addWidget(labelFor(ComboCompare, u"Label1"_s, TextId::historyCompare));
@@ -161,9 +142,7 @@ void FormHistory::connectControls() {
                    [this] { showChosen(); });
     connectGuarded(CommandCertificate, &QPushButton::clicked, this, session_.ui,
                    [this] { askCertificate(); });
-    auto* again = new QShortcut(QKeySequence::Refresh, this);
-    again->setContext(Qt::WidgetWithChildrenShortcut);
-    connectGuarded(again, &QShortcut::activated, this, session_.ui, [this] { readAgain(); });
+    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
 }
 
 void FormHistory::readAgain() {

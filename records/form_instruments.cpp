@@ -3,21 +3,22 @@
 #include "records/column_menu.h"
 #include "records/instrument_choice.h"
 #include "records/instrument_list.h"
+#include "records/keys.h"
+#include "records/reading_table.h"
 #include "records/selected_rows.h"
 #include "records/table_copy.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -43,14 +44,6 @@ bool hasOrder(int column) {
     return shownInstrumentColumns()[static_cast<std::size_t>(column)].order.has_value();
 }
 
-QLabel* changingLabel(const QString& name, TextId accessibleName) {
-    auto* made = label(name, accessibleName);
-    made->clear();
-    made->setWordWrap(true);
-    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return made;
-}
-
 } // namespace
 
 FormInstruments::FormInstruments(Session& session, QWidget* parent)
@@ -62,8 +55,8 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
       choice_(new InstrumentChoice(session)),
       TableInstruments(
           nameControl(new QTableView, u"TableInstruments"_s, text(TextId::recordsInstrumentsTip))),
-      LabelShown(changingLabel(u"LabelShown"_s, TextId::recordsInstruments)),
-      LabelOutcome(changingLabel(u"LabelOutcome"_s, TextId::recordsSave)),
+      LabelShown(changingNote(u"LabelShown"_s, TextId::recordsInstruments)),
+      LabelOutcome(changingNote(u"LabelOutcome"_s, TextId::recordsSave)),
       CommandHistory(button(u"CommandHistory"_s, TextId::recordsHistory, TextId::recordsHistoryTip)),
       CommandCopy(button(u"CommandCopy"_s, TextId::aboutCopy, TextId::recordsCopyTip)),
       CommandSave(button(u"CommandSave"_s, TextId::recordsSave, TextId::recordsSaveTip)),
@@ -85,18 +78,11 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
 
 void FormInstruments::setUpTable() {
     TableInstruments->setModel(model_);
-    TableInstruments->setSelectionBehavior(QAbstractItemView::SelectRows);
-    TableInstruments->setTabKeyNavigation(false);
-    TableInstruments->setAlternatingRowColors(true);
-    TableInstruments->setWordWrap(false);
-    TableInstruments->verticalHeader()->hide();
-    TableInstruments->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    TableInstruments->verticalHeader()->setDefaultSectionSize(TableInstruments->fontMetrics().height() + 6);
+    setUpForReading(*TableInstruments);
     TableInstruments->installEventFilter(this);
     auto* header = TableInstruments->horizontalHeader();
     header->setSectionsMovable(true);
     header->setSectionsClickable(true);
-    header->setHighlightSections(false);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     header->setSortIndicatorShown(true);
     // Their widths are those of what is in sight; more would be read only for that.
@@ -163,17 +149,9 @@ void FormInstruments::connectHeader() {
 }
 
 void FormInstruments::bindKeys() {
-    const auto bind = [this](QWidget* where, const QKeySequence& keys, void (FormInstruments::*command)()) {
-        auto* shortcut = new QShortcut(keys, where);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connectGuarded(shortcut, &QShortcut::activated, this, session_.ui,
-                       [this, command] { (this->*command)(); });
-    };
-    bind(TableInstruments, QKeySequence::Copy, &FormInstruments::copy);
-    bind(this, QKeySequence::Refresh, &FormInstruments::readAgain);
-    auto* find = new QShortcut(QKeySequence::Find, this);
-    find->setContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(find, &QShortcut::activated, this, [this] {
+    connectKeys(*TableInstruments, QKeySequence::Copy, session_.ui, [this] { copy(); });
+    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
+    connectKeys(*this, QKeySequence::Find, session_.ui, [this] {
         TextFilter->setFocus(Qt::ShortcutFocusReason);
         TextFilter->selectAll();
     });
@@ -202,11 +180,7 @@ void FormInstruments::ask() {
         model_->clear();
     if (hasWidths_ || model_->rowCount() == 0)
         return;
-    TableInstruments->resizeColumnsToContents();
-    auto* header = TableInstruments->horizontalHeader();
-    const int widest = widestColumn * TableInstruments->fontMetrics().averageCharWidth();
-    for (int column = 0; column < header->count(); ++column)
-        header->resizeSection(column, std::min(header->sectionSize(column), widest));
+    fitColumns(*TableInstruments, widestColumn);
     hasWidths_ = true;
 }
 
@@ -247,11 +221,8 @@ void FormInstruments::showState() {
             return TextId::recordsNone;
         return TextId::recordsShown;
     }();
-    LabelShown->setText(state == TextId::recordsShown ? text(state).arg(rows) : text(state));
-    LabelShown->setAccessibleName(LabelShown->text());
-    auto font = LabelShown->font();
-    font.setBold(model_->hasFailed());
-    LabelShown->setFont(font);
+    kelvane::tell(*LabelShown, state == TextId::recordsShown ? text(state).arg(rows) : text(state),
+                  model_->hasFailed());
     const auto selected = selectedRows(*TableInstruments);
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());

@@ -2,8 +2,12 @@
 
 #include "platform/values/numbers.h"
 #include "plots/plot_view.h"
+#include "records/keys.h"
 #include "records/pass_rate_plots.h"
 #include "records/picture_file.h"
+#include "records/reading_table.h"
+#include "records/since_field.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -12,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QSplitter>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -28,24 +31,12 @@ constexpr int columnCount = 3;
 /// Pixels that the table takes of the picture at the most; beyond that it scrolls.
 constexpr int widestTable = 400;
 
-QStringList kindRows() {
-    QStringList rows;
-    for (const auto name : kindNames)
-        rows << text(name);
-    return rows;
+QStringList ratesTitles(PassRateKind kind) {
+    return {text(kindNames[static_cast<int>(kind)]), u"%"_s, text(TextId::historyRecords)};
 }
 
 QTableWidget* ratesTable() {
-    auto* table = nameControl(new QTableWidget(0, columnCount), u"TableRates"_s, text(TextId::passRateTip));
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
-    table->setAlternatingRowColors(true);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
-    table->horizontalHeader()->setHighlightSections(false);
+    auto* table = readingTable(u"TableRates"_s, TextId::passRateTip, ratesTitles(PassRateKind::month));
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return table;
 }
@@ -55,9 +46,8 @@ QTableWidget* ratesTable() {
 FormPassRate::FormPassRate(Session& session, QWidget* parent)
     : QWidget(parent),
       session_(session),
-      ComboBy(dropDown(u"ComboBy"_s, text(TextId::passRateBy), TextId::passRateTip, kindRows())),
-      DateSince(
-          nameControl(new QDateEdit, u"DateSince"_s, text(TextId::recordsSince), TextId::passRateSinceTip)),
+      ComboBy(dropDown(u"ComboBy"_s, text(TextId::passRateBy), TextId::passRateTip, captionsOf(kindNames))),
+      DateSince(sinceField(session, TextId::passRateSinceTip)),
       CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)),
       LabelState(label(u"LabelState"_s, TextId::historyNotRead)),
       view_(new PlotView),
@@ -71,19 +61,12 @@ FormPassRate::FormPassRate(Session& session, QWidget* parent)
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session_.ui, [this] { readAgain(); });
     connectGuarded(CommandSavePicture, &QPushButton::clicked, this, session_.ui,
                    [this] { savePicture(view_->plot(), view_->plot().title, this, session_.ui); });
-    auto* again = new QShortcut(QKeySequence::Refresh, this);
-    again->setContext(Qt::WidgetWithChildrenShortcut);
-    connectGuarded(again, &QShortcut::activated, this, session_.ui, [this] { readAgain(); });
+    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
     forget();
 }
 
 void FormPassRate::layOut() {
-    // As all dates of the lists.
-    DateSince->setDisplayFormat(u"yyyy-MM-dd"_s);
-    DateSince->setCalendarPopup(true);
-    DateSince->setMinimumDate(QDate(1900, 1, 1));
     DateSince->setKeyboardTracking(false);
-    DateSince->setDate(session_.clock.moment().date.addYears(-1));
     LabelState->setWordWrap(true);
 
     auto* row = new QHBoxLayout;
@@ -150,8 +133,7 @@ void FormPassRate::showRates() {
 void FormPassRate::showTable() {
     const auto kind = static_cast<PassRateKind>(ComboBy->currentIndex());
     const auto named = passRatesBy(rates_.value_or(PassRates()), kind);
-    TableRates->setHorizontalHeaderLabels(
-        {text(kindNames[ComboBy->currentIndex()]), u"%"_s, text(TextId::historyRecords)});
+    TableRates->setHorizontalHeaderLabels(ratesTitles(kind));
     TableRates->setRowCount(static_cast<int>(named.size()));
     for (int row = 0; row < TableRates->rowCount(); ++row) {
         const auto& [name, rate] = named[row];

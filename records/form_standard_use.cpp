@@ -1,15 +1,19 @@
 #include "records/form_standard_use.h"
 
 #include "platform/values/texts.h"
+#include "records/keys.h"
 #include "records/list_file.h"
 #include "records/lists.h"
+#include "records/reading_table.h"
 #include "records/selected_rows.h"
+#include "records/since_field.h"
 #include "records/standard_use_model.h"
 #include "records/table_copy.h"
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 
 #include <QCompleter>
 #include <QDateEdit>
@@ -17,13 +21,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QShortcut>
 #include <QStringListModel>
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
-#include <functional>
 #include <memory>
 #include <utility>
 
@@ -38,23 +39,6 @@ constexpr int longestEntry = 100;
 constexpr int charactersInField = 20;
 constexpr int widestColumn = 40; // characters
 
-QLabel* changingLabel(const QString& name, TextId accessibleName) {
-    auto* made = label(name, accessibleName);
-    made->clear();
-    made->setWordWrap(true);
-    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    made->hide();
-    return made;
-}
-
-/// All of them, in the order in which they are shown.
-QString csvOf(const QList<StandardUse>& uses, const CsvForm& form) {
-    auto csv = csvTitles(standardUseColumns(), form);
-    for (const auto& use : uses)
-        csv += csvRow(standardUseColumns(), use, form);
-    return csv;
-}
-
 } // namespace
 
 FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent)
@@ -65,11 +49,11 @@ FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFold
       standards_(new QStringListModel(this)),
       TextStandard(
           nameControl(new QLineEdit, u"TextStandard"_s, text(TextId::usesStandard), TextId::usesStandardTip)),
-      DateSince(nameControl(new QDateEdit, u"DateSince"_s, text(TextId::recordsSince), TextId::usesSinceTip)),
+      DateSince(sinceField(session, TextId::usesSinceTip)),
       CommandShow(button(u"CommandShow"_s, TextId::usesShow, TextId::usesShowTip)),
       TableUses(nameControl(new QTableView, u"TableUses"_s, text(TextId::usesTip))),
-      LabelUses(changingLabel(u"LabelUses"_s, TextId::usesTab)),
-      LabelOutcome(changingLabel(u"LabelOutcome"_s, TextId::recordsSave)),
+      LabelUses(changingNote(u"LabelUses"_s, TextId::usesTab)),
+      LabelOutcome(changingNote(u"LabelOutcome"_s, TextId::recordsSave)),
       CommandHistory(button(u"CommandHistory"_s, TextId::recordsHistory, TextId::recordsHistoryTip)),
       CommandCopy(button(u"CommandCopy"_s, TextId::aboutCopy, TextId::recordsCopyTip)),
       CommandSave(button(u"CommandSave"_s, TextId::recordsSave, TextId::recordsSaveTip)),
@@ -81,22 +65,11 @@ FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFold
     enableCommands();
 }
 
-FormStandardUse::~FormStandardUse() {
-    closePreviews();
-}
-
 void FormStandardUse::setUpTable() {
     TableUses->setModel(model_);
-    TableUses->setSelectionBehavior(QAbstractItemView::SelectRows);
-    TableUses->setTabKeyNavigation(false);
-    TableUses->setAlternatingRowColors(true);
-    TableUses->setWordWrap(false);
-    TableUses->verticalHeader()->hide();
-    TableUses->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    TableUses->verticalHeader()->setDefaultSectionSize(TableUses->fontMetrics().height() + 6);
+    setUpForReading(*TableUses);
     TableUses->installEventFilter(this);
     auto* header = TableUses->horizontalHeader();
-    header->setHighlightSections(false);
     header->setSortIndicator(StandardUseModel::dateColumn(), Qt::DescendingOrder);
     TableUses->setSortingEnabled(true);
 }
@@ -109,12 +82,9 @@ void FormStandardUse::layOut() {
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     completer->setFilterMode(Qt::MatchContains);
     TextStandard->setCompleter(completer);
-    // As all dates of the lists.
-    DateSince->setDisplayFormat(u"yyyy-MM-dd"_s);
-    DateSince->setCalendarPopup(true);
     DateSince->installEventFilter(this);
-    DateSince->setMinimumDate(QDate(1900, 1, 1));
-    DateSince->setDate(session_.clock.moment().date.addYears(-1));
+    LabelUses->hide();
+    LabelOutcome->hide();
 
     auto* question = new QHBoxLayout;
     question->addWidget(labelFor(TextStandard, u"Label1"_s, TextId::usesStandard));
@@ -148,14 +118,9 @@ void FormStandardUse::connectControls() {
     connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copySelectedRows(*TableUses); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
     connectGuarded(CommandPrint, &QPushButton::clicked, this, ui, [this] { print(); });
-    const auto bind = [&](QWidget* where, const QKeySequence& keys, const std::function<void()>& command) {
-        auto* shortcut = new QShortcut(keys, where);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connectGuarded(shortcut, &QShortcut::activated, this, ui, command);
-    };
-    bind(TableUses, QKeySequence::Copy, [this] { copySelectedRows(*TableUses); });
-    bind(this, QKeySequence::Refresh, [this] { readAgain(); });
-    bind(this, QKeySequence::Find, [this] {
+    connectKeys(*TableUses, QKeySequence::Copy, ui, [this] { copySelectedRows(*TableUses); });
+    connectKeys(*this, QKeySequence::Refresh, ui, [this] { readAgain(); });
+    connectKeys(*this, QKeySequence::Find, ui, [this] {
         TextStandard->setFocus(Qt::ShortcutFocusReason);
         TextStandard->selectAll();
     });
@@ -217,37 +182,27 @@ void FormStandardUse::ask() {
     const auto since = DateSince->date();
     const auto standard = standardOf(session_, asset);
     std::optional<QList<StandardUse>> uses;
-    if (standard && !standard->isEmpty())
-        uses = usesOfStandard(session_, standard->constFirst().asset, since);
+    if (standard.found)
+        uses = usesOfStandard(session_, standard.found->asset, since);
     // Never the calibrations of another standard under the name that is typed now.
-    list_ = uses ? StandardUseList{standard->constFirst(), since, {}} : StandardUseList();
+    list_ = uses ? StandardUseList{*standard.found, since, {}} : StandardUseList();
     model_->show(uses.value_or(QList<StandardUse>()));
     if (uses) {
         tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
-        TableUses->resizeColumnsToContents();
-        auto* header = TableUses->horizontalHeader();
-        const int widest = widestColumn * TableUses->fontMetrics().averageCharWidth();
-        for (int column = 0; column < header->count(); ++column)
-            header->resizeSection(column, std::min(header->sectionSize(column), widest));
+        fitColumns(*TableUses, widestColumn);
     } else {
-        tell(standard && standard->isEmpty() ? text(TextId::usesUnknown).arg(asset)
-                                             : text(TextId::historyNotRead),
-             true);
+        tell(standard.isAbsent() ? text(TextId::usesUnknown).arg(asset) : text(TextId::historyNotRead), true);
     }
     enableCommands();
 }
 
 void FormStandardUse::tell(const QString& state, bool isAlarming) {
-    LabelUses->setText(state);
-    LabelUses->setAccessibleName(state);
-    auto font = LabelUses->font();
-    font.setBold(isAlarming);
-    LabelUses->setFont(font);
+    kelvane::tell(*LabelUses, state, isAlarming);
     LabelUses->show();
 }
 
 void FormStandardUse::forget() {
-    closePreviews();
+    previews_.close();
     TextStandard->clear();
     list_ = {};
     model_->show({});
@@ -279,7 +234,7 @@ void FormStandardUse::save() {
         return;
     const BusyPointer busy(session_.ui);
     ListWriter writer(file->path);
-    writer.write(csvOf(model_->uses(), file->form));
+    writer.write(csvOf(standardUseColumns(), model_->uses(), file->form));
     LabelOutcome->setText(writer.finish());
     LabelOutcome->show();
 }
@@ -292,16 +247,10 @@ void FormStandardUse::print() {
         auto preview = std::make_unique<ReportPreview>(
             session_.ui, standardUseReport(session_, printed, layoutFolders_), standardUseTitle(printed));
         preview->open();
-        // From here on it belongs to itself.
-        previews_ << preview.release();
+        previews_.add(std::move(preview));
     } catch (const ReportError& error) {
         session_.ui.messageBox(error.text(), text(TextId::usesTab), box::warning);
     }
-}
-
-void FormStandardUse::closePreviews() {
-    for (const auto& preview : std::exchange(previews_, {}))
-        delete preview.data();
 }
 
 } // namespace kelvane

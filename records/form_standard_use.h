@@ -1,8 +1,8 @@
 #pragma once
 
 #include "records/standard_use_report.h"
+#include "reports/open_previews.h"
 
-#include <QPointer>
 #include <QWidget>
 
 class QDateEdit;
@@ -14,18 +14,15 @@ class QTableView;
 
 namespace kelvane {
 
-class ReportPreview;
 class StandardUseModel;
 
 /// Which calibrations were carried out with a standard since a day: what to look at when it turns out to be
-/// wrong.
+/// wrong. Its previews close with it.
 class FormStandardUse final : public QWidget {
     Q_OBJECT
   public:
     /// Layouts of reports are looked for in these folders first. The session has to outlive it.
     FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent = nullptr);
-    /// Takes the previews that are still open away with it.
-    ~FormStandardUse() override;
 
     /// Shows what a standard was used for.
     void showUses(const QString& standard);
@@ -55,7 +52,6 @@ class FormStandardUse final : public QWidget {
     void openHistory();
     void save();
     void print();
-    void closePreviews();
 
     Session& session_;
     QStringList layoutFolders_;
@@ -63,7 +59,7 @@ class FormStandardUse final : public QWidget {
     StandardUseList list_;
     StandardUseModel* model_;
     QStringListModel* standards_;
-    QList<QPointer<ReportPreview>> previews_;
+    OpenPreviews previews_;
     bool areOffered_ = false;
 
     QLineEdit* TextStandard;

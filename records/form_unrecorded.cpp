@@ -1,15 +1,17 @@
 #include "records/form_unrecorded.h"
 
+#include "records/keys.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 #include "ui/whole_text.h"
 
 #include <QDir>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QListWidget>
-#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -34,35 +36,20 @@ QTreeWidgetItem* rowOf(const JournalEntry& entry) {
     return row;
 }
 
-QLabel* changingLabel(const QString& name, TextId accessibleName) {
-    auto* made = label(name, accessibleName);
-    made->clear();
-    made->setWordWrap(true);
-    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return made;
-}
-
-QStringList headings() {
-    QStringList headings;
-    for (const auto heading : columnHeadings)
-        headings << text(heading);
-    return headings;
-}
-
 } // namespace
 
 FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWidget* parent)
     : QWidget(parent),
       session_(session),
       folders_(folders),
-      LabelFound(changingLabel(u"LabelFound"_s, TextId::unrecordedTab)),
+      LabelFound(changingNote(u"LabelFound"_s, TextId::unrecordedTab)),
       ListResults(nameControl(new QTreeWidget, u"ListResults"_s, text(TextId::unrecordedTip))),
       ListReadings(nameControl(new QListWidget, u"ListReadings"_s, text(TextId::resultReadings),
                                TextId::resultReadingsTip)),
-      LabelJournal(changingLabel(u"LabelJournal"_s, TextId::unrecordedTab)),
+      LabelJournal(changingNote(u"LabelJournal"_s, TextId::unrecordedTab)),
       CommandReadAgain(button(u"CommandReadAgain"_s, TextId::recordsReadAgain, TextId::recordsReadAgainTip)) {
     setObjectName(u"FormUnrecorded"_s);
-    ListResults->setHeaderLabels(headings());
+    ListResults->setHeaderLabels(captionsOf(columnHeadings));
     ListResults->setRootIsDecorated(false);
     ListResults->setAllColumnsShowFocus(true);
     ListResults->setAlternatingRowColors(true);
@@ -71,9 +58,7 @@ FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWi
     connectGuarded(ListResults, &QTreeWidget::currentItemChanged, this, session.ui,
                    [this] { showReadings(); });
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session.ui, [this] { readAgain(); });
-    auto* again = new QShortcut(QKeySequence::Refresh, this);
-    again->setContext(Qt::WidgetWithChildrenShortcut);
-    connectGuarded(again, &QShortcut::activated, this, session.ui, [this] { readAgain(); });
+    connectKeys(*this, QKeySequence::Refresh, session.ui, [this] { readAgain(); });
     forget();
 }
 

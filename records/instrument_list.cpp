@@ -8,36 +8,27 @@ namespace {
 
 constexpr qsizetype blockSize = 1000;
 
-const ListColumn<InstrumentSummary>& listColumn(int column) {
-    return instrumentColumns()[static_cast<std::size_t>(column)];
-}
-
-QString titles(const QList<int>& columns, const CsvForm& form) {
-    QStringList cells;
+QList<ListColumn<InstrumentSummary>> chosenColumns(const QList<int>& columns) {
+    QList<ListColumn<InstrumentSummary>> chosen;
     for (const int column : columns)
-        cells << csvCell(text(listColumn(column).title), CsvCell::text, form);
-    return csvLine(cells, form);
-}
-
-QString lineOf(const InstrumentSummary& instrument, const QList<int>& columns, const CsvForm& form) {
-    QStringList cells;
-    for (const int column : columns)
-        cells << csvCell(listColumn(column).value(instrument), listColumn(column).kind, form);
-    return csvLine(cells, form);
+        chosen << instrumentColumns()[static_cast<std::size_t>(column)];
+    return chosen;
 }
 
 } // namespace
 
 QString saveInstruments(Session& session, const InstrumentQuery& query, const QList<int>& columns,
                         const ListFile& file) {
+    const auto chosen = chosenColumns(columns);
+    const std::span<const ListColumn<InstrumentSummary>> shown(chosen);
     ListWriter writer(file.path);
-    if (!writer.write(titles(columns, file.form)))
+    if (!writer.write(csvTitles(shown, file.form)))
         return writer.finish();
     InstrumentReader reader(session, query);
     while (!reader.isAtEnd()) {
         QString lines;
         for (const auto& instrument : reader.next(blockSize))
-            lines += lineOf(instrument, columns, file.form);
+            lines += csvRow(shown, instrument, file.form);
         if (!writer.write(lines))
             return writer.finish();
         session.ui.repaint();

@@ -1,7 +1,7 @@
 #include "records/list_file.h"
 
 #include "platform/error_report.h"
-#include "resources/strings.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 
 #include <QDir>
@@ -38,7 +38,7 @@ std::optional<ListFile> askListFile(const Workstation& workstation, QWidget* par
         filters << text(kind.caption);
     const auto stored = ModuleGlobals::GetRegSetting(workstation, settingsSection, csvSetting);
     const auto usual = std::ranges::find(csvKinds(), stored, &CsvKind::name);
-    QFileDialog dialog(parent, text(TextId::recordsSave).remove(u"..."_s).trimmed());
+    QFileDialog dialog(parent, titleOf(TextId::recordsSave));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(usual == csvKinds().cend() ? filters.constFirst() : text(usual->caption));

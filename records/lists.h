@@ -49,4 +49,13 @@ QString csvRow(std::span<const ListColumn<Row>> columns, const Row& row, const C
     return csvLine(cells, form);
 }
 
+/// A whole list, its titles first.
+template <class Row>
+QString csvOf(std::span<const ListColumn<Row>> columns, const QList<Row>& rows, const CsvForm& form) {
+    auto csv = csvTitles(columns, form);
+    for (const auto& row : rows)
+        csv += csvRow(columns, row, form);
+    return csv;
+}
+
 } // namespace kelvane

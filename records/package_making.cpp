@@ -4,12 +4,12 @@
 #include "platform/values/texts.h"
 #include "procedures/task_packages.h"
 #include "records/login_dialog.h"
+#include "reports/work_window.h"
 #include "resources/text_id.h"
 #include "ui/guarded.h"
 
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QScopeGuard>
 #include <QSet>
 
@@ -24,7 +24,6 @@ namespace {
 
 /// How many asset numbers a box names.
 constexpr qsizetype mostNamed = 20;
-constexpr int quickWork = 500; // milliseconds
 
 QString title() {
     return text(TextId::newPackageTitle);
@@ -58,11 +57,9 @@ std::optional<TextId> faultOf(Session& writer, const QSet<QString>& listed, cons
 /// Nothing when the user gives up, or the database has failed.
 std::optional<Members> membersOf(Session& writer, const QStringList& assets, QWidget* window) {
     const ReportWatch watch(writer);
-    QProgressDialog progress(title(), text(TextId::cancel), 0, static_cast<int>(assets.size()), window);
+    WorkWindow progress({}, assets.size(), true, window);
+    progress.setLabelText(title());
     progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(quickWork);
-    // Escape ends it, too.
-    QObject::connect(&progress, &QDialog::rejected, &progress, &QProgressDialog::cancel);
     Members members;
     QSet<QString> listed;
     for (const auto& asset : assets) {

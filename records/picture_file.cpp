@@ -1,7 +1,8 @@
 #include "records/picture_file.h"
 
 #include "plots/plot_files.h"
-#include "resources/strings.h"
+#include "records/file_names.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 
 #include <QDir>
@@ -11,28 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-namespace {
-
-/// Without what no file system takes.
-QString fileName(QString name) {
-    for (auto& character : name) {
-        if (u"/\\:*?\"<>|"_s.contains(character) || character < u' ')
-            character = u'-';
-    }
-    return name;
-}
-
-} // namespace
-
 void savePicture(const Plot& plot, const QString& name, QWidget* parent, UserInterface& ui) {
-    QFileDialog dialog(parent, text(TextId::plotSave).remove(u"..."_s).trimmed());
+    QFileDialog dialog(parent, titleOf(TextId::plotSave));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(plotFileFilters());
     const auto useSuffix = [&](const QString& filter) { dialog.setDefaultSuffix(plotFileSuffix(filter)); };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, useSuffix);
     useSuffix(dialog.selectedNameFilter());
     dialog.setDirectory(QDir::homePath());
-    dialog.selectFile(fileName(name) + u'.' + plotFileSuffix(dialog.selectedNameFilter()));
+    dialog.selectFile(replaceRefused(name, u'-') + u'.' + plotFileSuffix(dialog.selectedNameFilter()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const auto failure = savePlot(plot, dialog.selectedFiles().constFirst());

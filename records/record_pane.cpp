@@ -3,7 +3,8 @@
 #include "data/history/stored_lines.h"
 #include "records/colors.h"
 #include "records/lists.h"
-#include "ui/controls.h"
+#include "records/reading_table.h"
+#include "ui/panels.h"
 #include "ui/whole_text.h"
 
 #include <QFontDatabase>
@@ -39,29 +40,17 @@ QString failedVerdict() {
 }
 
 QTableWidget* linesTable(const QString& name) {
-    auto* table = nameControl(new QTableWidget(0, pointColumnCount), name, text(TextId::historyLinesTip));
     QStringList titles;
     for (const auto& column : pointColumns)
         titles << text(column.title);
-    table->setHorizontalHeaderLabels(titles);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
-    table->setAlternatingRowColors(true);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
-    table->horizontalHeader()->setHighlightSections(false);
+    auto* table = readingTable(name, TextId::historyLinesTip, titles);
     table->horizontalHeaderItem(pointColumnCount - 1)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return table;
 }
 
-QLabel* wrapping(QLabel* made) {
-    made->clear();
-    made->setWordWrap(true);
+QLabel* noteFromTop(const QString& name, TextId accessibleName) {
+    auto* made = changingNote(name, accessibleName);
     made->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return made;
 }
 
@@ -69,9 +58,9 @@ QLabel* wrapping(QLabel* made) {
 
 RecordPane::RecordPane(Session& session, const QString& name)
     : session_(session),
-      LabelRecord(wrapping(label(u"LabelRecord"_s + name, TextId::listRecord))),
+      LabelRecord(noteFromTop(u"LabelRecord"_s + name, TextId::listRecord)),
       TableLines(linesTable(u"TableLines"_s + name)),
-      LabelNote(wrapping(label(u"LabelNote"_s + name, TextId::listResultLines))) {
+      LabelNote(noteFromTop(u"LabelNote"_s + name, TextId::listResultLines)) {
     setObjectName(u"Pane"_s + name);
     auto font = LabelRecord->font();
     font.setBold(true);

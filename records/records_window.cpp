@@ -200,9 +200,8 @@ bool RecordsWindow::isConnected() {
 void RecordsWindow::showHistoryOf(const QString& asset) {
     if (goToHistory(asset) || !isConnected())
         return;
-    const auto found = instrumentsNamed(session_, asset);
-    if (found && !found->isEmpty())
-        showHistory(found->constFirst());
+    if (const auto instrument = instrumentNamed(session_, asset); instrument.found)
+        showHistory(*instrument.found);
 }
 
 void RecordsWindow::showUses(const QString& standard) {

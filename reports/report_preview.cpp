@@ -2,6 +2,8 @@
 
 #include "reports/report_error.h"
 #include "reports/report_pdf.h"
+#include "reports/work_window.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 
 #include <QAction>
@@ -16,7 +18,6 @@
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinterInfo>
-#include <QProgressDialog>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStandardPaths>
@@ -33,36 +34,6 @@ namespace kelvane {
 namespace {
 
 constexpr qreal zoomStep = 1.25;
-constexpr int quickWork = 500; // milliseconds
-
-/// Shows how far long work on all sheets is. The user may end the work there, or has to wait for its end.
-class WorkWindow final : public QProgressDialog {
-  public:
-    WorkWindow(const QString& title, int sheets, bool canBeEnded, QWidget* parent)
-        : QProgressDialog(QString(), text(TextId::cancel), 0, sheets, parent), canBeEnded_(canBeEnded) {
-        setObjectName(u"Progress"_s);
-        setWindowTitle(title);
-        setWindowModality(Qt::ApplicationModal);
-        setMinimumDuration(quickWork);
-        if (!canBeEnded)
-            setCancelButton(nullptr);
-    }
-    void reject() override {
-        if (canBeEnded_)
-            cancel();
-    }
-
-  protected:
-    void closeEvent(QCloseEvent* event) override {
-        if (canBeEnded_)
-            QProgressDialog::closeEvent(event);
-        else
-            event->ignore();
-    }
-
-  private:
-    bool canBeEnded_;
-};
 
 /// The user's folder for documents, or the home where there is none: the dialog would show the working folder
 /// instead.
@@ -311,7 +282,7 @@ void ReportPreview::printOn(QPrinter& printer) {
 }
 
 void ReportPreview::save() {
-    QFileDialog dialog(this, text(TextId::saveReport).remove(u"..."_s));
+    QFileDialog dialog(this, titleOf(TextId::saveReport));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(text(TextId::pdfFiles));
     dialog.setDefaultSuffix(u"pdf"_s);
@@ -342,7 +313,7 @@ bool ReportPreview::carryOut(TextId caption, const Work& work) {
     const auto count = static_cast<int>(report_.groupCount());
     // The preview would keep no more than the sheets up to there.
     const bool canBeEnded = caption != TextId::paper;
-    WorkWindow dialog(text(caption).remove(u"..."_s), count, canBeEnded, this);
+    WorkWindow dialog(titleOf(caption), count, canBeEnded, this);
     ui_.setBusyPointer();
     const auto normal = qScopeGuard([this] { ui_.setNormalPointer(); });
     return work([&](qsizetype group) {
@@ -353,7 +324,7 @@ bool ReportPreview::carryOut(TextId caption, const Work& work) {
 }
 
 void ReportPreview::showFailure(TextId caption, const QString& failure) {
-    ui_.messageBox(failure, text(caption).remove(u"..."_s), box::stop);
+    ui_.messageBox(failure, titleOf(caption), box::stop);
 }
 
 } // namespace kelvane

@@ -103,6 +103,22 @@ QLabel* note(const QString& name, TextId caption) {
     return made;
 }
 
+QLabel* changingNote(const QString& name, TextId accessibleName) {
+    auto* made = label(name, accessibleName);
+    made->clear();
+    made->setWordWrap(true);
+    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return made;
+}
+
+void tell(QLabel& note, const QString& words, bool isAlarming) {
+    note.setText(words);
+    note.setAccessibleName(words);
+    auto font = note.font();
+    font.setBold(isAlarming);
+    note.setFont(font);
+}
+
 void changePage(QTabWidget& tabs, int step) {
     for (int passed = 1; passed < tabs.count(); ++passed) {
         const int page = (tabs.currentIndex() + step * passed + passed * tabs.count()) % tabs.count();

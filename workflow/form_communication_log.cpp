@@ -3,9 +3,11 @@
 #include "drivers/line_settings.h"
 #include "drivers/port_state.h"
 #include "platform/error.h"
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
+#include "ui/panels.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -33,14 +35,6 @@ constexpr qsizetype maxLine = 2000;
 constexpr int lookAtFileEvery = 1000;
 constexpr int lookAtPortEvery = 3000;
 
-/// A label whose text changes and wraps.
-QLabel* wrappingLabel(const QString& name, TextId accessibleName) {
-    auto* made = label(name, accessibleName);
-    made->setWordWrap(true);
-    made->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return made;
-}
-
 QString linesOf(const QByteArray& bytes) {
     auto lines = QString::fromUtf8(bytes.chopped(1)).split(u'\n');
     for (auto& line : lines) {
@@ -57,8 +51,8 @@ FormCommunicationLog::FormCommunicationLog(Session& session, Calibrators& calibr
     : ChildWindow(session, u"FormCommunicationLog"_s, {.width = 9300, .height = 6600}),
       calibrators_(calibrators),
       file_({}),
-      LabelPort(wrappingLabel(u"LabelPort"_s, TextId::serialPort)),
-      LabelFile(wrappingLabel(u"LabelFile"_s, TextId::communicationLogTitle)),
+      LabelPort(changingNote(u"LabelPort"_s, TextId::serialPort)),
+      LabelFile(changingNote(u"LabelFile"_s, TextId::communicationLogTitle)),
       TextLog(nameControl(new QPlainTextEdit, u"TextLog"_s, text(TextId::communicationLogView),
                           TextId::communicationLogView)),
       TextSearch(nameControl(new QLineEdit, u"TextSearch"_s, text(TextId::communicationLogSearch),
@@ -219,7 +213,7 @@ void FormCommunicationLog::findNext() {
 }
 
 void FormCommunicationLog::save() {
-    QFileDialog dialog(this, text(TextId::communicationLogSave).remove(u"..."_s).trimmed());
+    QFileDialog dialog(this, titleOf(TextId::communicationLogSave));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(text(TextId::communicationLogText).split(u";;"_s));
     dialog.setDefaultSuffix(u"txt"_s);

@@ -1,5 +1,6 @@
 #include "workflow/form_unfinished_results.h"
 
+#include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
 #include "ui/guarded.h"
@@ -41,10 +42,7 @@ FormUnfinishedResults::FormUnfinishedResults(Session& session)
       CommandDiscard(button(u"CommandDiscard"_s, TextId::discardResult, TextId::discardResultTip)),
       CommandClose(button(u"CommandClose"_s, TextId::closeCommand, TextId::closeResultsTip)) {
     setWindowTitle(text(TextId::unfinishedResultsTitle));
-    QStringList headings;
-    for (const auto heading : columnHeadings)
-        headings << text(heading);
-    ListResults->setHeaderLabels(headings);
+    ListResults->setHeaderLabels(captionsOf(columnHeadings));
     ListResults->setRootIsDecorated(false);
     ListResults->setAllColumnsShowFocus(true);
     ListReadings->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

@@ -77,11 +77,6 @@ ReportData gather(Session& session, const KeptMessages& messages, const QString&
 WorksheetReport::WorksheetReport(const Workstation& workstation, ConnectionFactory connections)
     : workstation_(workstation), connections_(std::move(connections)) {}
 
-WorksheetReport::~WorksheetReport() {
-    for (const auto& preview : std::as_const(previews_))
-        delete preview.data();
-}
-
 int WorksheetReport::run(const ReportRequest& request) {
     lastErrorText_.clear();
     try {
@@ -117,8 +112,7 @@ void WorksheetReport::show(const ReportRequest& request) {
         progress.painted(sheet, sheets);
         return true;
     });
-    // From here on it belongs to itself.
-    previews_ << preview.release();
+    previews_.add(std::move(preview));
 }
 
 } // namespace kelvane

@@ -2,6 +2,7 @@
 
 #include "data/assets/assets.h"
 #include "data/history/standard_records.h"
+#include "data/history/statement_parts.h"
 #include "data/small_routines.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
@@ -65,10 +66,10 @@ constexpr RunName runNames[] = {
     {u"FOUND-LEFT", CalibrationRun::foundLeft},
 };
 
-/// The order of time, with the nulls last, which engines put in other places.
-constexpr SqlWords newestFirst =
-    u" order by case when c2301 is null then 1 else 0 end,c2301 desc,case when c2333 is null then 1 else 0 "
-    "end,c2333 desc,ctag desc";
+/// The order of time.
+Sql newestFirst() {
+    return u" order by " + nullsLast(u"c2301") + u" desc," + nullsLast(u"c2333") + u" desc,ctag desc";
+}
 
 /// Among the records of one day, one without a time can be told from the others only by when it was made:
 /// such a day is in the order of the records' numbers.
@@ -130,7 +131,7 @@ void History::readRecords() {
         link = u",";
     }
     const auto rows = routine_.select(u"select " + columns + u" from " + sqlName(session_.SessionOwner) +
-                                      u".calibration where mtag = " + ofInstrument_ + newestFirst);
+                                      u".calibration where mtag = " + ofInstrument_ + newestFirst());
     while (rows->next()) {
         Record record;
         int place = 0;

@@ -1,5 +1,6 @@
 #include "data/history/instruments.h"
 
+#include "data/history/statement_parts.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
 
@@ -71,7 +72,7 @@ Sql containing(const QString& text) {
 /// A day beyond the calendar of the engines is its last or first one.
 Sql dateValue(const QDate& date) {
     const auto day = std::clamp(date, QDate(100, 1, 1), QDate(9999, 12, 31));
-    return sqlText(formatMoment({day, QTime(0, 0)}, u"YYYY-MM-DD"));
+    return sqlDate(day);
 }
 
 /// All but that of the text.
@@ -96,14 +97,12 @@ Sql columnOf(InstrumentOrder order) {
     return std::ranges::find(orderColumns, order, &OrderColumn::order)->column;
 }
 
-/// Engines differ on the place of nulls: here they are last.
 Sql orderOf(const InstrumentQuery& query) {
     const auto column = columnOf(query.order);
     const Sql direction = query.isDescending ? Sql(u" desc") : Sql(u" asc");
     if (query.order == InstrumentOrder::asset)
         return u" order by " + column + direction;
-    return u" order by case when " + column + u" is null then 1 else 0 end," + column + direction +
-           u",inv.i4201 asc";
+    return u" order by " + nullsLast(column) + direction + u",inv.i4201 asc";
 }
 
 /// The inventory with the current records, of which some instruments may have several (`withoutOlder`).
@@ -310,13 +309,13 @@ InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     return instrument;
 }
 
-std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const QString& asset) {
+Lookup<InstrumentSummary> instrumentNamed(Session& session, const QString& asset) {
     // Without one the filter would find all.
     if (asset.isEmpty())
-        return QList<InstrumentSummary>();
+        return {};
     InstrumentReader reader(session, {.filter = {.asset = asset}});
-    auto found = reader.next(1);
-    return reader.hasFailed() ? std::nullopt : std::optional(std::move(found));
+    const auto found = reader.next(1);
+    return lookupOf(reader.hasFailed() ? std::nullopt : std::optional(found));
 }
 
 std::optional<QString> customerOf(Session& session, const QString& mtag) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/history/instrument_keys.h"
+#include "data/history/lookup.h"
 #include "data/history/stored_values.h"
 #include "data/session.h"
 
@@ -89,9 +90,8 @@ struct InstrumentQuery {
 /// database. Nothing after an error, which is reported as "History,values".
 std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder column);
 
-/// The instrument of an asset number; none when the inventory does not have it. Nothing after an error, which
-/// is reported as "History,instruments".
-std::optional<QList<InstrumentSummary>> instrumentsNamed(Session& session, const QString& asset);
+/// The instrument of an asset number in the inventory. An error is reported as "History,instruments".
+Lookup<InstrumentSummary> instrumentNamed(Session& session, const QString& asset);
 
 /// The customer that an instrument is calibrated for, by its key; empty when the database names none, and of
 /// several the last in the alphabet. Nothing after an error, which is reported as "History,customer".

@@ -1,6 +1,7 @@
 #include "data/history/pass_rate.h"
 
 #include "data/history/calibrations.h"
+#include "data/history/statement_parts.h"
 #include "data/routine.h"
 
 using namespace Qt::StringLiterals;
@@ -14,8 +15,8 @@ Sql statementOf(const Session& session, const QDate& since) {
     const auto owner = sqlName(session.SessionOwner);
     return u"select cal.c2301,cal.c2308,cal.c2323,inv.i4203,inv.i4240 from " + owner +
            u".calibration cal left outer join " + owner +
-           u".inventory inv on inv.mtag = cal.mtag where cal.c2301 >= " +
-           sqlText(formatMoment({since, QTime(0, 0)}, u"YYYY-MM-DD")) + u" or cal.c2301 is null";
+           u".inventory inv on inv.mtag = cal.mtag where cal.c2301 >= " + sqlDate(since) +
+           u" or cal.c2301 is null";
 }
 
 QString monthOf(const QDate& date) {

@@ -1,5 +1,6 @@
 #include "data/history/standard_records.h"
 
+#include "data/assets/assets.h"
 #include "data/small_routines.h"
 #include "platform/values/numbers.h"
 #include "platform/values/texts.h"
@@ -21,13 +22,14 @@ QTime timeOr(const StoredMoment& stored, const QTime& otherwise) {
 }
 
 /// All standards with their records, if any: a standard without one gives a row without a key.
-Sql recordsStatement(const QString& standardOwner, const QString& owner, const QString& asset) {
+Sql recordsStatement(const Session& session, const QString& standardOwner, const QString& asset) {
+    const auto ofInstrument = ModuleGlobals::mtagOf(session, ModuleGlobals::SQLSafe(asset));
+    const auto standards = u"select i4201 from " + sqlName(session.SessionOwner) +
+                           u".inventory where mtag in (select c2430 from mt.standards where mtag = " +
+                           ofInstrument + u")";
     return u"select inv.i4201,cal.ctag,cal.c2301,cal.c2303,cal.c2323,cal.c2333,cal.c2334,cal.c2306 from " +
            sqlName(standardOwner) + u".inventory inv left outer join " + sqlName(standardOwner) +
-           u".calibration cal on cal.mtag = inv.mtag where inv.i4201 in (select i4201 from " +
-           sqlName(owner) +
-           u".inventory where mtag in (select c2430 from mt.standards where mtag = (select mtag from " +
-           sqlName(owner) + u".inventory where i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset)) + u")))";
+           u".calibration cal on cal.mtag = inv.mtag where inv.i4201 in (" + standards + u")";
 }
 
 } // namespace
@@ -35,14 +37,14 @@ Sql recordsStatement(const QString& standardOwner, const QString& owner, const Q
 StandardRecords::StandardRecords(const Session& session, Routine& routine, const QString& asset) {
     const auto& owner = session.SessionOwner;
     if (toUpperCase(owner) != u"MT")
-        read(routine, u"STD"_s, owner, asset);
-    read(routine, owner, owner, asset);
+        read(session, routine, u"STD"_s, asset);
+    read(session, routine, owner, asset);
 }
 
-void StandardRecords::read(Routine& routine, const QString& standardOwner, const QString& owner,
+void StandardRecords::read(const Session& session, Routine& routine, const QString& standardOwner,
                            const QString& asset) {
     QHash<QString, QList<Record>> found;
-    const auto rows = routine.select(recordsStatement(standardOwner, owner, asset));
+    const auto rows = routine.select(recordsStatement(session, standardOwner, asset));
     while (rows->next()) {
         auto& records = found[toUpperCase(storedText(rows->value(0)))];
         const auto ctag = rows->value(1);

@@ -29,7 +29,7 @@ class StandardRecords {
         QString laboratory;
     };
 
-    void read(Routine& routine, const QString& standardOwner, const QString& owner, const QString& asset);
+    void read(const Session& session, Routine& routine, const QString& standardOwner, const QString& asset);
     const Record* recordAt(const QString& standard, const Moment& at) const;
 
     /// By asset numbers in capital letters: they compare without case.

@@ -1,6 +1,7 @@
 #include "data/history/standard_use.h"
 
 #include "data/assets/assets.h"
+#include "data/history/statement_parts.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
 
@@ -10,19 +11,18 @@ namespace kelvane {
 
 namespace {
 
+/// A calibration may name a standard more than once.
 Sql statementOf(const Session& session, const QString& standard, const QDate& since) {
     const auto owner = sqlName(session.SessionOwner);
-    return u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag,cal.mtag from "
-           u"(select "
-           u"distinct "
-           "mtag,ctag from mt.standards where c2430 = " +
-           ModuleGlobals::mtagOf(session, ModuleGlobals::SQLSafe(standard)) + u") used inner join " + owner +
-           u".calibration cal on cal.ctag = used.ctag and cal.mtag = used.mtag left outer join " + owner +
-           u".inventory inv on inv.mtag = cal.mtag where cal.c2301 >= " +
-           sqlText(formatMoment({since, QTime(0, 0)}, u"YYYY-MM-DD")) +
-           u" or cal.c2301 is null order by case when cal.c2301 is null then 1 else 0 end,cal.c2301 "
-           u"desc,case "
-           "when cal.c2333 is null then 1 else 0 end,cal.c2333 desc,inv.i4201 asc,cal.ctag desc";
+    Sql statement = u"select inv.i4201,inv.i4204,cal.c2301,cal.c2308,cal.c2323,cal.c2333,cal.ctag,cal.mtag";
+    statement += u" from (select distinct mtag,ctag from mt.standards where c2430 = " +
+                 ModuleGlobals::mtagOf(session, ModuleGlobals::SQLSafe(standard)) + u") used";
+    statement += u" inner join " + owner + u".calibration cal";
+    statement += u" on cal.ctag = used.ctag and cal.mtag = used.mtag";
+    statement += u" left outer join " + owner + u".inventory inv on inv.mtag = cal.mtag";
+    statement += u" where cal.c2301 >= " + sqlDate(since) + u" or cal.c2301 is null";
+    statement += u" order by " + nullsLast(u"cal.c2301") + u" desc," + nullsLast(u"cal.c2333") + u" desc";
+    return statement + u",inv.i4201 asc,cal.ctag desc";
 }
 
 Sql standardsWhere(const Session& session, const Sql& condition) {
@@ -47,12 +47,12 @@ std::optional<QList<Standard>> usedStandards(Session& session) {
     });
 }
 
-std::optional<QList<Standard>> standardOf(Session& session, const QString& asset) {
+Lookup<Standard> standardOf(Session& session, const QString& asset) {
     Routine routine(session, u"History,standardOf"_s);
-    return routine.resultOf([&] {
+    return lookupOf(routine.resultOf([&] {
         return standards(routine,
                          standardsWhere(session, u"i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset))));
-    });
+    }));
 }
 
 std::optional<QList<StandardUse>> usesOfStandard(Session& session, const QString& standard,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/history/lookup.h"
 #include "data/history/stored_values.h"
 #include "data/session.h"
 
@@ -32,9 +33,8 @@ struct Standard {
 /// which is reported as "History,usedStandards".
 std::optional<QList<Standard>> usedStandards(Session& session);
 
-/// The asset of the inventory with this number, as a standard: at most one. Nothing after an error, which is
-/// reported as "History,standardOf".
-std::optional<QList<Standard>> standardOf(Session& session, const QString& asset);
+/// The asset of the inventory with this number, as a standard. An error is reported as "History,standardOf".
+Lookup<Standard> standardOf(Session& session, const QString& asset);
 
 /// The calibrations of the session's owner that name a standard, by its asset number, from the day `since`
 /// on, the newest first. Records without a date come last: they may be of any day. None for a standard that

@@ -86,7 +86,10 @@ TEST(Lists, OfUsesShowOtherMarksThanTheTwoAsTheyAreStored) {
     use.ctag = u"7"_s;
     EXPECT_EQ(csvTitles(standardUseColumns(), commas),
               u"Asset,Description,Date,Time,State,Result,Record\r\n"_s);
-    EXPECT_EQ(csvRow(standardUseColumns(), use, commas), u"PT-101,,,,,?,7\r\n"_s);
+    const auto row = u"PT-101,,,,,?,7\r\n"_s;
+    EXPECT_EQ(csvRow(standardUseColumns(), use, commas), row);
+    EXPECT_EQ(csvOf(standardUseColumns(), {use, use}, commas),
+              csvTitles(standardUseColumns(), commas) + row + row);
 }
 
 TEST(Lists, CaptionARecordByWhatItHas) {

@@ -32,6 +32,26 @@ TEST(Notes, Wrap) {
     EXPECT_GT(made->heightForWidth(200), made->heightForWidth(600));
 }
 
+TEST(Notes, ThatChangeAreEmptyAtFirstAndCanBeSelected) {
+    const std::unique_ptr<QLabel> made(changingNote(u"Note1"_s, TextId::calibrationMenu));
+    EXPECT_EQ(made->text(), QString());
+    EXPECT_EQ(made->accessibleName(), u"Calibration"_s);
+    EXPECT_EQ(made->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(made->wordWrap());
+    EXPECT_TRUE(made->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+}
+
+TEST(Notes, TellAScreenReaderTooAndAlarmInBold) {
+    QLabel told;
+    tell(told, u"lost"_s, true);
+    EXPECT_EQ(told.text(), u"lost"_s);
+    EXPECT_EQ(told.accessibleName(), u"lost"_s);
+    EXPECT_TRUE(told.font().bold());
+    tell(told, u"found"_s, false);
+    EXPECT_EQ(told.accessibleName(), u"found"_s);
+    EXPECT_FALSE(told.font().bold());
+}
+
 TEST(Notes, GrowWithTheirFont) {
     const std::unique_ptr<QLabel> made(note(u"Note1"_s, TextId::internalErrorAdvice));
     const int before = made->heightForWidth(200);

@@ -80,15 +80,17 @@ TEST_F(StandardUses, NameTheirStandardWithWhatTheInventorySaysOfIt) {
     script
         .answers[u"select i4201,i4204,i4206 from MT.inventory where i4201 = 'O''RING' order by i4201 asc"_s] =
         {{u"O'RING "_s, u"RING"_s, {}}};
-    const auto found = standardOf(session, u"O'RING"_s);
-    ASSERT_TRUE(found && found->size() == 1);
-    EXPECT_EQ(found->first().asset, u"O'RING"_s);
-    EXPECT_EQ(found->first().description, u"RING"_s);
-    EXPECT_EQ(found->first().serial, QString());
-    EXPECT_EQ(standardOf(session, u"none"_s).value_or(QList<Standard>{{}}).size(), 0);
+    const auto found = standardOf(session, u"O'RING"_s).found;
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->asset, u"O'RING"_s);
+    EXPECT_EQ(found->description, u"RING"_s);
+    EXPECT_EQ(found->serial, QString());
+    EXPECT_TRUE(standardOf(session, u"none"_s).isAbsent());
     script.failures = {{script.statements.last(), {7, u"no such table"_s}}};
     ui.expectReport(7, u"History,standardOf"_s);
-    EXPECT_FALSE(standardOf(session, u"none"_s));
+    const auto failed = standardOf(session, u"none"_s);
+    EXPECT_TRUE(failed.hasFailed);
+    EXPECT_FALSE(failed.found);
 }
 
 TEST_F(StandardUses, OfferTheStandardsThatAnyCalibrationNames) {
@@ -112,7 +114,7 @@ TEST_F(StandardUseOnDatabase, AreOfferedByTheStandardsThatTheyName) {
     EXPECT_EQ(offered, values(u"select distinct i4201 from mt.inventory i join mt.standards s on s.c2430 = "
                               "i.mtag"_s));
     EXPECT_TRUE(offered.contains(u"DMM-01"_s));
-    EXPECT_EQ(standardOf(session, u"dmm-01"_s).value_or(QList<Standard>{{}}).value(0).asset, u"DMM-01"_s);
+    EXPECT_EQ(standardOf(session, u"dmm-01"_s).found.value_or(Standard()).asset, u"DMM-01"_s);
 }
 
 TEST_F(StandardUseOnDatabase, AreTheCalibrationsThatNameTheStandard) {
