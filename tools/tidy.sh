@@ -7,8 +7,9 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 cmake --preset plain -B build/tidy -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON >build/tidy.log 2>&1 ||
     { cat build/tidy.log >&2; exit 1; }
 
-# Most of the time goes into the toolkit's headers, over and over. So sources that are compiled alike are read together.
-# A group that has an error is read again by halves, since two sources may use one name, down to the single source.
+# Most of the time goes into the toolkit's headers, over and over. So sources that are compiled alike are read together,
+# but for those that use a name of another one of their group: they are a group of their own. A group that has an error
+# is read again by halves, down to the single source, which shows what it has by itself.
 groups=build/tidy/groups
 rm -rf "$groups"
 mkdir -p "$groups"
@@ -41,6 +42,42 @@ tidy() {
     clang-tidy --quiet --extra-arg=-Wno-unknown-warning-option "$@" 2>/dev/null
 }
 
+# write_group FOLDER: its sources as one, and how that is compiled.
+write_group() {
+    local group=$1
+    sed 's/.*/#include "&"/' "$group/sources" >"$group/group.cpp"
+    printf '[{"directory": "%s/build/tidy", "file": "%s/group.cpp", "command": "%s -c %s/group.cpp"}]\n' \
+        "$PWD" "$group" "$(cat "$group/command")" "$group" >"$group/compile_commands.json"
+}
+
+# clashing FOLDER: the numbers of the sources that have an error when they are read behind the others.
+clashing() {
+    local group=$1
+    # The first word is the other compiler.
+    (cd build/tidy && eval "clang++ $(sed 's|^[^ ]*||' "$group/command")" -Wno-unknown-warning-option \
+        -ferror-limit=0 -fsyntax-only "$group/group.cpp" 2>&1) |
+        awk -v from="In file included from $group/group.cpp:" '
+            index($0, from) == 1 { number = substr($0, length(from) + 1) + 0 }
+            / error: / && number > 0 && !seen[number]++ { print number }' || true
+}
+
+# part_group FOLDER: moves the sources that clash with others of the group into the group FOLDER/apart.
+part_group() {
+    local group=$1 numbers
+    write_group "$group"
+    while numbers=$(clashing "$group") && [ -n "$numbers" ] &&
+        [ "$(wc -l <<<"$numbers")" -lt "$(wc -l <"$group/sources")" ]; do
+        mkdir -p "$group/apart"
+        cp "$group/command" "$group/apart/command"
+        awk -v numbers="$numbers" -v apart="$group/apart/sources" -v rest="$group/rest" '
+            BEGIN { split(numbers, list, "\n"); for (i in list) clashes[list[i]] = 1 }
+            FNR in clashes { print >>apart; next }
+            { print >rest }' "$group/sources"
+        mv "$group/rest" "$group/sources"
+        write_group "$group"
+    done
+}
+
 # read_group FOLDER: reads its sources together; shows what a source has by itself.
 read_group() {
     local group=$1 half status=0
@@ -48,11 +85,10 @@ read_group() {
         tidy -p build/tidy "$(cat "$group/sources")"
         return
     fi
-    sed 's/.*/#include "&"/' "$group/sources" >"$group/group.cpp"
-    printf '[{"directory": "%s/build/tidy", "file": "%s/group.cpp", "command": "%s -c %s/group.cpp"}]\n' \
-        "$PWD" "$group" "$(cat "$group/command")" "$group" >"$group/compile_commands.json"
+    part_group "$group"
+    [ ! -e "$group/apart" ] || read_group "$group/apart" || status=1
     ! tidy -p "$group" --config-file=.clang-tidy --checks=-bugprone-suspicious-include "$group/group.cpp" >/dev/null ||
-        return 0
+        return "$status"
     half=$(($(wc -l <"$group/sources") / 2))
     mkdir "$group/1" "$group/2"
     head -n "$half" "$group/sources" >"$group/1/sources"
@@ -63,5 +99,5 @@ read_group() {
     done
     return "$status"
 }
-export -f tidy read_group
+export -f tidy write_group clashing part_group read_group
 ls -d "$PWD/$groups"/*/ | xargs -P "$(nproc)" -I{} bash -c 'read_group "${1%/}"' bash {}
