@@ -35,10 +35,7 @@ Invocation invocationOf(const Command& command, const QStringList& words) {
     const auto options = readOptions(command.options + QList{helpOption()}, words);
     if (options.isSet(helpOption().name))
         return {Invocation::Kind::help, &command, {}, {}};
-    for (const auto& option : command.options) {
-        if (options.values(option.name).size() > 1)
-            throw CommandLineFault{u"--%1 was given twice"_s.arg(option.name)};
-    }
+    options.refuseRepeated();
     const auto given = options.arguments.size();
     const auto needed = command.arguments.size();
     if (given < needed)

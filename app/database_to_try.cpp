@@ -2,11 +2,11 @@
 
 #include "platform/file_error.h"
 #include "platform/installed_files.h"
+#include "platform/whole_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -49,9 +49,8 @@ void addDataSource(const QString& list, const QByteArray& section) {
             content += content.endsWith('\n') ? "\n" : "\n\n";
     }
     content += section;
-    QSaveFile file(list);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
-        throw FileError(ErrorNumber::pathFileAccess, list, file.errorString());
+    if (const auto fault = writeWholeFile(list, content); !fault.isEmpty())
+        throw FileError(ErrorNumber::pathFileAccess, list, fault);
 }
 
 void provideWorkFiles(const QString& folder) {

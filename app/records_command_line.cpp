@@ -152,6 +152,11 @@ const Program& recordsCommandLine() {
 
 RecordsRequest recordsRequest(const QStringList& words) {
     const auto options = readCommandLine(recordsCommandLine(), words);
+    try {
+        options.refuseRepeated();
+    } catch (const CommandLineFault& fault) {
+        refuse(fault.text);
+    }
     const auto& list = listOf(options);
     RecordsRequest request;
     request.list = list.list;

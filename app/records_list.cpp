@@ -2,9 +2,9 @@
 
 #include "data/assets/assets.h"
 #include "data/routine.h"
+#include "platform/whole_file.h"
 #include "records/lists.h"
 
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -85,9 +85,8 @@ void writeList(const RecordsRequest& request, const QByteArray& list) {
             throw ProgramAnswer{u"the output can't be written"_s, 1};
         return;
     }
-    QSaveFile file(request.file);
-    if (!file.open(QIODevice::WriteOnly) || file.write(list) != list.size() || !file.commit())
-        throw ProgramAnswer{u"%1 can't be written: %2"_s.arg(request.file, file.errorString()), 1};
+    if (const auto fault = writeWholeFile(request.file, list); !fault.isEmpty())
+        throw ProgramAnswer{u"%1 can't be written: %2"_s.arg(request.file, fault), 1};
 }
 
 } // namespace kelvane

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -129,6 +130,15 @@ ProgramOption versionOption() {
 QString GivenOptions::value(const QString& name) const {
     const auto found = given.constFind(name);
     return found == given.cend() ? otherwise.value(name) : found->last();
+}
+
+void GivenOptions::refuseRepeated() const {
+    auto names = given.keys();
+    names.sort();
+    for (const auto& name : std::as_const(names)) {
+        if (values(name).size() > 1)
+            throw CommandLineFault{u"--%1 was given twice"_s.arg(name)};
+    }
 }
 
 GivenOptions readOptions(const QList<ProgramOption>& options, const QStringList& words,

@@ -23,6 +23,11 @@ struct ProgramOption {
 ProgramOption helpOption();
 ProgramOption versionOption();
 
+/// Why a command line can't be understood, without the program's name.
+struct CommandLineFault {
+    QString text;
+};
+
 /// What the words behind a program's name say.
 struct GivenOptions {
     /// The words that are no options.
@@ -36,11 +41,8 @@ struct GivenOptions {
     /// The value, the last one of several, or that of an option that is not given.
     QString value(const QString& name) const;
     QStringList values(const QString& name) const { return given.value(name); }
-};
-
-/// Why a command line can't be understood, without the program's name.
-struct CommandLineFault {
-    QString text;
+    /// Throws `CommandLineFault` when an option was given more than once.
+    void refuseRepeated() const;
 };
 
 /// Tells words that are neither options nor arguments of a program.

@@ -1,6 +1,7 @@
 #include "platform/settings_store.h"
 
 #include "platform/file_error.h"
+#include "platform/whole_file.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
 
@@ -8,11 +9,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringDecoder>
 #include <QStringList>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -50,13 +51,17 @@ QString encode(QStringView text, QStringView special) {
     return result;
 }
 
-QString toNumber(QStringView text) {
+bool isHexDigit(QChar c) {
+    const auto lower = c.toLower();
+    return (c >= u'0' && c <= u'9') || (lower >= u'a' && lower <= u'f');
+}
+
+QString decode(QStringView text) {
     QString result;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        bool isCode = false;
-        const auto code = text[i] == u'%' ? text.mid(i + 1, 2).toUShort(&isCode, 16) : ushort{0};
-        isCode = isCode && i + 2 < text.size();
-        result += isCode ? QChar(code) : text[i];
+        const auto digits = text.mid(i + 1, 2);
+        const bool isCode = text[i] == u'%' && digits.size() == 2 && std::ranges::all_of(digits, isHexDigit);
+        result += isCode ? QChar(digits.toUShort(nullptr, 16)) : text[i];
         if (isCode)
             i += 2;
     }
@@ -82,12 +87,12 @@ Line readLine(QStringView raw) {
     if (line.isEmpty() || line.startsWith(u';') || line.startsWith(u'#'))
         return {};
     if (line.startsWith(u'['))
-        return line.endsWith(u']') ? Line{LineKind::section, toNumber(trim(line.mid(1).chopped(1)))}
+        return line.endsWith(u']') ? Line{LineKind::section, decode(trim(line.mid(1).chopped(1)))}
                                    : Line{LineKind::damaged};
     const auto equals = line.indexOf(u'=');
     if (equals < 0)
         return {LineKind::damaged};
-    return {LineKind::setting, toNumber(trim(line.left(equals))), trim(line.mid(equals + 1))};
+    return {LineKind::setting, decode(trim(line.left(equals))), trim(line.mid(equals + 1))};
 }
 
 /// The lines of the file, none when there is no file; nothing when one of them is none that a settings file
@@ -147,9 +152,8 @@ void putAside(const QString& path) {
 
 void writeFile(const QString& path, const QStringList& lines) {
     const auto bytes = (lines.join(u'\n') + u'\n').toUtf8();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw FileError(ErrorNumber::pathFileAccess, path, file.errorString());
+    if (const auto fault = writeWholeFile(path, bytes); !fault.isEmpty())
+        throw FileError(ErrorNumber::pathFileAccess, path, fault);
 }
 
 } // namespace
@@ -161,7 +165,7 @@ QString IniSettingsStore::value(const QString& section, const QString& key) cons
     if (!lines)
         return {};
     const auto place = placeOf(*lines, section, key);
-    return place.found ? toNumber(readLine(lines->at(place.at)).value) : QString();
+    return place.found ? decode(readLine(lines->at(place.at)).value) : QString();
 }
 
 void IniSettingsStore::setValue(const QString& section, const QString& key, const QString& value) {

@@ -1,5 +1,6 @@
 #include "plots/plot_files.h"
 
+#include "platform/whole_file.h"
 #include "plots/plot_letters.h"
 #include "plots/plot_painter.h"
 #include "resources/strings.h"
@@ -12,7 +13,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <algorithm>
@@ -111,11 +111,11 @@ QString savePlot(const Plot& plot, const QString& path) {
     // In memory first: not every writer of the toolkit says when a file does not take what it writes.
     QBuffer painted;
     painted.open(QIODevice::WriteOnly);
-    QSaveFile file(path);
-    if (formOf(path).paint(painted, plot) && file.open(QIODevice::WriteOnly) &&
-        file.write(painted.data()) == painted.size() && file.commit())
+    const auto fault = formOf(path).paint(painted, plot) ? writeWholeFile(path, painted.data())
+                                                         : painted.errorString();
+    if (fault.isEmpty())
         return {};
-    return text(TextId::plotNotSaved).arg(QDir::toNativeSeparators(path) + u": "_s + file.errorString());
+    return text(TextId::plotNotSaved).arg(QDir::toNativeSeparators(path) + u": "_s + fault);
 }
 
 QStringList plotFileFilters() {

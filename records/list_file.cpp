@@ -52,18 +52,18 @@ std::optional<ListFile> askListFile(const Workstation& workstation, QWidget* par
     return ListFile{dialog.selectedFiles().constFirst(), kind.form};
 }
 
-ListWriter::ListWriter(const QString& path) : file_(path), isGood_(file_.open(QIODevice::WriteOnly)) {}
+ListWriter::ListWriter(const QString& path) : file_(path), isGood_(file_.open()) {}
 
 bool ListWriter::write(const QString& lines) {
-    isGood_ = isGood_ && file_.write(lines.toUtf8()) >= 0;
+    isGood_ = isGood_ && file_.write(lines.toUtf8());
     return isGood_;
 }
 
 QString ListWriter::finish() {
-    const auto path = QDir::toNativeSeparators(file_.fileName());
+    const auto path = QDir::toNativeSeparators(file_.path());
     if (isGood_ && file_.commit())
         return text(TextId::communicationLogSaved).arg(path);
-    return text(TextId::communicationLogNotSaved).arg(path, file_.errorString());
+    return text(TextId::communicationLogNotSaved).arg(path, file_.fault());
 }
 
 } // namespace kelvane

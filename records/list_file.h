@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/values/csv.h"
+#include "platform/whole_file.h"
 #include "platform/workstation.h"
 
-#include <QSaveFile>
 
 #include <optional>
 
@@ -32,7 +32,7 @@ class ListWriter {
     QString finish();
 
   private:
-    QSaveFile file_;
+    WholeFile file_;
     bool isGood_;
 };
 

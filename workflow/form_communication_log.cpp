@@ -3,6 +3,7 @@
 #include "drivers/line_settings.h"
 #include "drivers/port_state.h"
 #include "platform/error.h"
+#include "platform/whole_file.h"
 #include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
@@ -17,7 +18,6 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QPlainTextEdit>
-#include <QSaveFile>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -225,11 +225,9 @@ void FormCommunicationLog::save() {
 
 void FormCommunicationLog::saveAs(const QString& path) {
     const auto shownPath = QDir::toNativeSeparators(path);
-    QSaveFile file(path);
-    const auto lines = TextLog->toPlainText().toUtf8() + '\n';
-    const bool saved = file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size() && file.commit();
-    LabelOutcome->setText(saved ? text(TextId::communicationLogSaved).arg(shownPath)
-                                : text(TextId::communicationLogNotSaved).arg(shownPath, file.errorString()));
+    const auto fault = writeWholeFile(path, TextLog->toPlainText().toUtf8() + '\n');
+    LabelOutcome->setText(fault.isEmpty() ? text(TextId::communicationLogSaved).arg(shownPath)
+                                          : text(TextId::communicationLogNotSaved).arg(shownPath, fault));
 }
 
 void showCommunicationLog(QMdiArea& area, Session& session, Calibrators& calibrators,

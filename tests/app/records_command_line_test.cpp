@@ -65,6 +65,8 @@ TEST(RecordsCommandLine, NamesACertificateAndItsFile) {
         QString refusal;
     } rows[] = {
         {{u"--certificate="_s}, u"--certificate needs a value"_s},
+        {{u"--certificate=A"_s, u"--certificate=B"_s, u"--out=b"_s, u"--user=a"_s},
+         u"--certificate was given twice"_s},
         {{u"--certificate=A"_s, u"--user=a"_s}, u"--out is missing"_s},
         {{u"--certificate=A"_s, u"--out=b"_s}, u"--user is missing"_s},
         {{u"--certificate=A"_s, u"--out=b"_s, u"--csv"_s}, u"--csv is for lists, a certificate is a PDF"_s},
@@ -93,6 +95,8 @@ TEST(RecordsCommandLine, RefusesWhatIsNoRequest) {
         QString refusal;
     } rows[] = {
         {{u"--due"_s}, u"--due needs a value"_s},
+        {{u"--due=30"_s, u"--csv"_s, u"--csv"_s, u"--user=a"_s}, u"--csv was given twice"_s},
+        {{u"--due=30"_s, u"--csv"_s, u"--user=a"_s, u"--user=b"_s}, u"--user was given twice"_s},
         {{u"--due="_s}, u"--due needs a value"_s},
         {{u"--due=soon"_s}, noDays},
         {{u"--due=-1"_s}, noDays},

@@ -149,7 +149,7 @@ TEST_F(IniSettings, ReadAnEditedFile) {
     putContent(
         "\xEF\xBB\xBF; written by hand\r\n# and this\r\nLoose=1\r\n\r\n[ Ports ]\r\n"
         "  COM1 = /dev/ttyS0  \r\n\tCOM2\t=\t/dev/ttyS1\r\n[Workstation]\r\nODBC=Main, lab=1 50% \"x\"\r\n"
-        "Empty=\r\nPath=C:\\new\\x\r\nODBC=second\r\n[Ports]\r\nCOM3=/dev/ttyS2");
+        "Empty=\r\nMethod=L %1 x +%+1 %41%4\r\nPath=C:\\new\\x\r\nODBC=second\r\n[Ports]\r\nCOM3=/dev/ttyS2");
     static const struct {
         QString section;
         QString key;
@@ -160,6 +160,7 @@ TEST_F(IniSettings, ReadAnEditedFile) {
         {u"Ports"_s, u"COM3"_s, u"/dev/ttyS2"_s},
         {u"Workstation"_s, u"ODBC"_s, u"Main, lab=1 50% \"x\""_s},
         {u"Workstation"_s, u"Empty"_s, u""_s},
+        {u"Workstation"_s, u"Method"_s, u"L %1 x +%+1 A%4"_s},
         {u"Workstation"_s, u"Path"_s, u"C:\\new\\x"_s},
         {u""_s, u"Loose"_s, u"1"_s},
     };
@@ -269,8 +270,13 @@ TEST_F(IniSettings, OnAFullDiskAreError75AndStayAsTheyWere) {
     if (!testing::FullDisk::isPossible)
         GTEST_SKIP() << "a full disk can't be had here";
     store.setValue(u"Defaults"_s, u"Username"_s, u"jdoe"_s);
-    const QString large(100'000, u'x');
-    for (const unsigned space : {0U, 4096U}) {
+    const struct {
+        qsizetype size;
+        unsigned space;
+    } writings[] = {{100'000, 0}, {100'000, 4096}, {10'000, 4096}, {100, 50}};
+    for (const auto& [size, space] : writings) {
+        SCOPED_TRACE(size);
+        const QString large(size, u'x');
         const testing::FullDisk full(space);
         EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Username"_s, large); }), 75) << space;
         EXPECT_EQ(errorOf([&] { store.setValue(u"Defaults"_s, u"Other"_s, large); }), 75) << space;

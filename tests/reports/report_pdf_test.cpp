@@ -48,16 +48,21 @@ TEST_F(ReportPdf, IntoAFolderThatIsMissingIsRefusedWithItsPath) {
 TEST_F(ReportPdf, OnAFullDiskLeavesTheOldFile) {
     if (!testing::FullDisk::isPossible)
         GTEST_SKIP() << "no limit of a file's size on this system";
+    EXPECT_EQ(failureAt(u"sheets.pdf"_s), QString());
+    const auto size = QFileInfo(u"sheets.pdf"_s).size();
     folder.write(u"sheets.pdf"_s, "old");
-    QString failure;
-    {
-        const testing::FullDisk full(4096);
-        failure = failureAt(u"sheets.pdf"_s);
+    // Up to the last byte of all.
+    for (const auto space : {4096U, static_cast<unsigned>(size) - 1}) {
+        QString failure;
+        {
+            const testing::FullDisk full(space);
+            failure = failureAt(u"sheets.pdf"_s);
+        }
+        EXPECT_TRUE(failure.startsWith(u"sheets.pdf can't be written: "_s)) << failure.toStdString();
+        EXPECT_GT(failure.size(), 30);
+        EXPECT_EQ(folder.read(u"sheets.pdf"_s), u"old"_s);
+        EXPECT_EQ(files(), QStringList(u"sheets.pdf"_s));
     }
-    EXPECT_TRUE(failure.startsWith(u"sheets.pdf can't be written: "_s)) << failure.toStdString();
-    EXPECT_GT(failure.size(), 30);
-    EXPECT_EQ(folder.read(u"sheets.pdf"_s), u"old"_s);
-    EXPECT_EQ(files(), QStringList(u"sheets.pdf"_s));
 }
 
 TEST_F(ReportPdf, ThatIsEndedEarlyLeavesNoFile) {
