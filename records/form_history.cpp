@@ -2,7 +2,6 @@
 
 #include "records/calibration_pair.h"
 #include "records/colors.h"
-#include "records/keys.h"
 #include "records/lists.h"
 #include "records/reading_table.h"
 #include "records/record_pane.h"
@@ -67,7 +66,7 @@ QString instrumentCaption(const InstrumentSummary& instrument) {
 } // namespace
 
 FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       instrument_(instrument),
       LabelInstrument(changingNote(u"LabelInstrument"_s, TextId::recordsHistory)),
@@ -142,7 +141,6 @@ void FormHistory::connectControls() {
                    [this] { showChosen(); });
     connectGuarded(CommandCertificate, &QPushButton::clicked, this, session_.ui,
                    [this] { askCertificate(); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
 }
 
 void FormHistory::readAgain() {
@@ -158,7 +156,7 @@ void FormHistory::readAgain() {
     splitter_->setVisible(!records_.isEmpty());
 }
 
-void FormHistory::focusRecords() {
+void FormHistory::focusTable() {
     TableRecords->setFocus();
 }
 

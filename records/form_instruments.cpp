@@ -47,7 +47,7 @@ bool hasOrder(int column) {
 } // namespace
 
 FormInstruments::FormInstruments(Session& session, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       model_(new InstrumentModel(session, this)),
       TextFilter(
@@ -72,7 +72,6 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
     layOut();
     connectControls();
     connectHeader();
-    bindKeys();
     showState();
 }
 
@@ -131,6 +130,8 @@ void FormInstruments::connectControls() {
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, ui, [this] { readAgain(); });
     connectGuarded(TableInstruments->selectionModel(), &QItemSelectionModel::selectionChanged, this, ui,
                    [this] { showState(); });
+    connectKeys(*TableInstruments, QKeySequence::Copy, ui, [this] { copy(); });
+    connectPageKeys(*this, QKeySequence::Find, ui, [this] { focusFilter(); });
 }
 
 void FormInstruments::connectHeader() {
@@ -148,13 +149,13 @@ void FormInstruments::connectHeader() {
                      [this](int column) { runGuarded(session_.ui, [&] { clickHeader(column); }); });
 }
 
-void FormInstruments::bindKeys() {
-    connectKeys(*TableInstruments, QKeySequence::Copy, session_.ui, [this] { copy(); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
-    connectKeys(*this, QKeySequence::Find, session_.ui, [this] {
-        TextFilter->setFocus(Qt::ShortcutFocusReason);
-        TextFilter->selectAll();
-    });
+void FormInstruments::focusTable() {
+    TableInstruments->setFocus();
+}
+
+void FormInstruments::focusFilter() {
+    TextFilter->setFocus(Qt::ShortcutFocusReason);
+    TextFilter->selectAll();
 }
 
 /// Return opens the history, which the table itself would take for editing.

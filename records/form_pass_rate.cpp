@@ -2,7 +2,6 @@
 
 #include "platform/values/numbers.h"
 #include "plots/plot_view.h"
-#include "records/keys.h"
 #include "records/pass_rate_plots.h"
 #include "records/picture_file.h"
 #include "records/reading_table.h"
@@ -44,7 +43,7 @@ QTableWidget* ratesTable() {
 } // namespace
 
 FormPassRate::FormPassRate(Session& session, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       ComboBy(dropDown(u"ComboBy"_s, text(TextId::passRateBy), TextId::passRateTip, captionsOf(kindNames))),
       DateSince(sinceField(session, TextId::passRateSinceTip)),
@@ -61,7 +60,6 @@ FormPassRate::FormPassRate(Session& session, QWidget* parent)
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session_.ui, [this] { readAgain(); });
     connectGuarded(CommandSavePicture, &QPushButton::clicked, this, session_.ui,
                    [this] { savePicture(view_->plot(), view_->plot().title, this, session_.ui); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
     forget();
 }
 
@@ -94,6 +92,10 @@ void FormPassRate::readAgain() {
     isRead_ = false;
     if (isVisible())
         read();
+}
+
+void FormPassRate::focusTable() {
+    TableRates->setFocus();
 }
 
 void FormPassRate::forget() {

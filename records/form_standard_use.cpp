@@ -42,7 +42,7 @@ constexpr int widestColumn = 40; // characters
 } // namespace
 
 FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       layoutFolders_(layoutFolders),
       model_(new StandardUseModel(this)),
@@ -119,8 +119,7 @@ void FormStandardUse::connectControls() {
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
     connectGuarded(CommandPrint, &QPushButton::clicked, this, ui, [this] { print(); });
     connectKeys(*TableUses, QKeySequence::Copy, ui, [this] { copySelectedRows(*TableUses); });
-    connectKeys(*this, QKeySequence::Refresh, ui, [this] { readAgain(); });
-    connectKeys(*this, QKeySequence::Find, ui, [this] {
+    connectPageKeys(*this, QKeySequence::Find, ui, [this] {
         TextStandard->setFocus(Qt::ShortcutFocusReason);
         TextStandard->selectAll();
     });
@@ -169,6 +168,10 @@ void FormStandardUse::readAgain() {
         offerStandards();
     if (!list_.standard.asset.isEmpty())
         ask();
+}
+
+void FormStandardUse::focusTable() {
+    TableUses->setFocus();
 }
 
 void FormStandardUse::ask() {

@@ -142,6 +142,10 @@ void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
             closeHistories();
         showSessionState();
         readAll();
+        if (purpose == LoginDialog::Purpose::logIn && &page() == instruments_)
+            instruments_->focusFilter();
+        else
+            page().focusTable();
     });
     connectGuarded(dialog, &QDialog::rejected, this, session_.ui, [this, purpose] {
         if (purpose == LoginDialog::Purpose::logIn)
@@ -236,7 +240,11 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
                          runGuarded(session_.ui, [&] { certificates_->show(calibration); });
                      });
     tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
-    history->focusRecords();
+    history->focusTable();
+}
+
+RecordsPage& RecordsWindow::page() const {
+    return *static_cast<RecordsPage*>(tabs_->currentWidget());
 }
 
 /// Only histories close.

@@ -17,6 +17,7 @@ class FormInstruments;
 class FormPassRate;
 class FormStandardUse;
 class FormUnrecorded;
+class RecordsPage;
 class StatusLine;
 
 /// What the window of the records needs of the program around it.
@@ -69,6 +70,8 @@ class RecordsWindow final : public QMainWindow {
     void askPackage(const QStringList& assets);
     void writeCertificates(const QStringList& assets);
     void closeTab(int tab);
+    /// Of the tab in front.
+    RecordsPage& page() const;
 
     Session& session_;
     RecordsEnvironment environment_;
