@@ -38,8 +38,17 @@ class FormHistory final : public RecordsPage {
   private:
     void layOut();
     void connectControls();
-    void showRecords();
-    void fillComparing();
+    /// The numbers of the chosen record and of the one that it is compared with; empty without one.
+    struct Place {
+        QString chosen;
+        QString compared;
+    };
+    Place place() const;
+    /// Returns to the place as far as its records are still there.
+    void showRecords(const Place& place);
+    void fillComparing(const QString& compared);
+    /// Where the record of that number stands; -1 when there is none.
+    qsizetype indexOf(const QString& ctag) const;
     /// The record whose row is chosen; -1 without one.
     qsizetype chosen() const;
     void showChosen();

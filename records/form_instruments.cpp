@@ -188,7 +188,36 @@ void FormInstruments::ask() {
 void FormInstruments::readAgain() {
     if (!std::exchange(isRestored_, true))
         choice_->restore();
+    keepPlace();
     ask();
+    returnToPlace();
+}
+
+/// A list that could not be read has no place to keep: the one before stays for the next reading.
+void FormInstruments::keepPlace() {
+    if (model_->rowCount() == 0)
+        return;
+    selected_ = selectedAssets();
+    const auto current = TableInstruments->currentIndex();
+    current_ = current.isValid() ? model_->asset(current.row()) : QString();
+}
+
+/// What is not listed any more is left out.
+void FormInstruments::returnToPlace() {
+    const QSet<QString> wanted(selected_.cbegin(), selected_.cend());
+    QList<int> rows;
+    int current = -1;
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const auto asset = model_->asset(row);
+        if (wanted.contains(asset))
+            rows << row;
+        if (asset == current_)
+            current = row;
+    }
+    selectRows(*TableInstruments, rows);
+    if (current >= 0)
+        TableInstruments->selectionModel()->setCurrentIndex(model_->index(current, 0),
+                                                            QItemSelectionModel::NoUpdate);
 }
 
 void FormInstruments::tell(const QString& outcome) {
@@ -202,6 +231,8 @@ void FormInstruments::forget() {
     TextFilter->clear();
     choice_->forget();
     isAsked_ = false;
+    selected_.clear();
+    current_.clear();
     LabelOutcome->hide();
     model_->clear();
 }

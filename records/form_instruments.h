@@ -52,6 +52,8 @@ class FormInstruments final : public RecordsPage {
     void connectHeader();
     /// Runs the query of what is chosen and typed.
     void ask();
+    void keepPlace();
+    void returnToPlace();
     void showState();
     void clickHeader(int column);
     void sort(int column, bool isDescending);
@@ -67,6 +69,9 @@ class FormInstruments final : public RecordsPage {
     InstrumentModel* model_;
     QTimer typing_;
     InstrumentQuery query_;
+    /// The asset numbers that were selected, and that of the current row.
+    QStringList selected_;
+    QString current_;
     int sortColumn_ = 0;
     /// Since the login.
     bool isAsked_ = false;

@@ -9,5 +9,7 @@ namespace kelvane {
 /// The rows of a view of which something is selected, from the top, each once. The selection's own
 /// `selectedRows` looks at each cell, which takes seconds for all rows of a large site.
 QList<int> selectedRows(const QAbstractItemView& view);
+/// Selects these rows of a view, given from the top, and no others.
+void selectRows(QAbstractItemView& view, const QList<int>& rows);
 
 } // namespace kelvane

@@ -68,4 +68,31 @@ TEST_F(RecordsWindowKeys, WorkInTheRowOfTabsAndWithNoControlInFocus) {
     }
 }
 
+TEST_F(RecordsWindowKeys, ReadAgainTheInstrumentsStaySelected) {
+    start();
+    const auto selected = [&] {
+        QStringList assets;
+        for (const auto& index : table().selectionModel()->selectedRows())
+            assets << asset(index.row());
+        return assets;
+    };
+    table().setFocus();
+    for (int row = 0; row < 4; ++row)
+        press(Qt::Key_Down);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    const auto before = selected();
+    ASSERT_EQ(before.size(), 2);
+    // It comes before them.
+    write(u"update mt.inventory set i4201 = '0-FIRST' where i4201 = '%1'"_s.arg(asset(0)));
+    press(Qt::Key_F5);
+    EXPECT_EQ(asset(0), u"0-FIRST"_s);
+    EXPECT_EQ(selected(), before);
+    EXPECT_EQ(asset(table().currentIndex().row()), before.constLast());
+    connectAgain();
+    EXPECT_EQ(selected(), before);
+    write(u"update mt.inventory set i4201 = 'ZZ-LAST' where i4201 = '%1'"_s.arg(before[0]));
+    press(Qt::Key_F5);
+    EXPECT_EQ(selected(), QStringList{before[1]});
+}
+
 } // namespace kelvane::testing

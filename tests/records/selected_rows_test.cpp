@@ -23,6 +23,11 @@ TEST(SelectedRows, AreEachNamedOnceFromTheTop) {
     EXPECT_EQ(selectedRows(view), (QList<int>{1, 2, 4, 5}));
     view.selectAll();
     EXPECT_EQ(selectedRows(view).size(), 6);
+    for (const auto& rows : {QList<int>{0, 2, 3, 5}, {1}, {}}) {
+        selectRows(view, rows);
+        EXPECT_EQ(selectedRows(view), rows);
+    }
+    EXPECT_FALSE(selection.hasSelection());
 }
 
 } // namespace kelvane::testing
