@@ -145,12 +145,15 @@ void FormHistory::connectControls() {
 
 void FormHistory::readAgain() {
     std::optional<QList<CalibrationRecord>> read;
-    runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
+    if (session_.SessionConnected)
+        runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
     const bool isRead = read.has_value();
     const auto before = place();
     if (read)
         records_ = *read;
-    LabelState->setText(text(isRead ? TextId::historyNone : TextId::historyNotRead));
+    LabelState->setText(text(isRead                      ? TextId::historyNone
+                             : session_.SessionConnected ? TextId::historyNotRead
+                                                         : TextId::connectionLost));
     LabelState->setVisible(!isRead || records_.isEmpty());
     if (isRead)
         showRecords(before);

@@ -172,6 +172,11 @@ bool FormInstruments::eventFilter(QObject* watched, QEvent* event) {
 
 void FormInstruments::ask() {
     typing_.stop();
+    // What was read stays, and the next login reads what is chosen then.
+    if (!session_.SessionConnected) {
+        showState();
+        return;
+    }
     isAsked_ = true;
     query_.filter = {};
     query_.filter.text = TextFilter->text();
@@ -242,19 +247,25 @@ void FormInstruments::storeLayout() {
         storeColumns(session_, tableName, savedColumns(), *TableInstruments->horizontalHeader());
 }
 
-void FormInstruments::showState() {
+QString FormInstruments::state() const {
+    if (!isAsked_)
+        return text(TextId::recordsNotLoggedIn);
+    // An error may be on the screen.
+    if (model_->isAsking())
+        return {};
+    QStringList faults;
+    if (!session_.SessionConnected)
+        faults << text(TextId::connectionLost);
+    if (model_->hasFailed())
+        faults << text(TextId::recordsIncomplete);
+    if (!faults.isEmpty())
+        return faults.join(u' ');
     const int rows = model_->rowCount();
-    const auto state = [&] {
-        if (!isAsked_)
-            return TextId::recordsNotLoggedIn;
-        if (model_->hasFailed())
-            return TextId::recordsIncomplete;
-        if (rows == 0)
-            return TextId::recordsNone;
-        return TextId::recordsShown;
-    }();
-    kelvane::tell(*LabelShown, state == TextId::recordsShown ? text(state).arg(rows) : text(state),
-                  model_->hasFailed());
+    return rows == 0 ? text(TextId::recordsNone) : text(TextId::recordsShown).arg(rows);
+}
+
+void FormInstruments::showState() {
+    kelvane::tell(*LabelShown, state(), isAsked_ && (model_->hasFailed() || !session_.SessionConnected));
     const auto selected = selectedRows(*TableInstruments);
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());
@@ -263,14 +274,19 @@ void FormInstruments::showState() {
 }
 
 void FormInstruments::clickHeader(int column) {
-    if (hasOrder(column))
+    if (hasOrder(column) && session_.SessionConnected)
         sort(column, column == sortColumn_ && !query_.isDescending);
     else
         // The header has set its mark there already.
         showOrder();
+    showState();
 }
 
 void FormInstruments::sort(int column, bool isDescending) {
+    if (!session_.SessionConnected) {
+        showState();
+        return;
+    }
     sortColumn_ = column;
     query_.order = *shownInstrumentColumns()[static_cast<std::size_t>(column)].order;
     query_.isDescending = isDescending;
@@ -297,6 +313,10 @@ void FormInstruments::copy() {
 }
 
 void FormInstruments::save() {
+    if (!session_.SessionConnected) {
+        tell(text(TextId::connectionLost));
+        return;
+    }
     const auto file = askListFile(session_, this, text(TextId::recordsInstruments));
     if (!file)
         return;

@@ -55,6 +55,8 @@ class FormInstruments final : public RecordsPage {
     void keepPlace();
     void returnToPlace();
     void showState();
+    /// What stands below the table.
+    QString state() const;
     void clickHeader(int column);
     void sort(int column, bool isDescending);
     void showOrder();

@@ -113,12 +113,19 @@ void FormPassRate::showEvent(QShowEvent* event) {
 
 /// Rates of another day must not stand below this one: after a failure none are shown.
 void FormPassRate::read() {
-    const BusyPointer busy(session_.ui);
-    // Only once: a database that fails is told once.
-    isRead_ = true;
-    rates_.reset();
-    runGuarded(session_.ui, [this] { rates_ = passRatesSince(session_, DateSince->date()); });
-    LabelState->setVisible(!rates_);
+    const auto since = DateSince->date();
+    if (session_.SessionConnected) {
+        const BusyPointer busy(session_.ui);
+        // Only once: a database that fails is told once.
+        isRead_ = true;
+        rates_.reset();
+        runGuarded(session_.ui, [&] { rates_ = passRatesSince(session_, since); });
+    } else if (rates_ && rates_->since != since) {
+        rates_.reset();
+    }
+    LabelState->setText(text(session_.SessionConnected ? TextId::historyNotRead : TextId::connectionLost));
+    LabelState->setAccessibleName(LabelState->text());
+    LabelState->setVisible(!rates_ || !session_.SessionConnected);
     showRates();
 }
 

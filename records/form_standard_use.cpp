@@ -164,7 +164,7 @@ void FormStandardUse::showUses(const QString& standard) {
 
 void FormStandardUse::readAgain() {
     areOffered_ = false;
-    if (isVisible())
+    if (isVisible() && session_.SessionConnected)
         offerStandards();
     if (!list_.standard.asset.isEmpty())
         ask();
@@ -183,7 +183,12 @@ void FormStandardUse::ask() {
     }
     const BusyPointer busy(session_.ui);
     const auto since = DateSince->date();
-    const auto standard = standardOf(session_, asset);
+    if (!session_.SessionConnected && asset == list_.standard.asset && since == list_.since) {
+        tell(text(TextId::connectionLost), true);
+        return;
+    }
+    const auto standard =
+        session_.SessionConnected ? standardOf(session_, asset) : Lookup<Standard>{.hasFailed = true};
     std::optional<QList<StandardUse>> uses;
     if (standard.found)
         uses = usesOfStandard(session_, standard.found->asset, since);
@@ -194,7 +199,10 @@ void FormStandardUse::ask() {
         tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
         fitColumns(*TableUses, widestColumn);
     } else {
-        tell(standard.isAbsent() ? text(TextId::usesUnknown).arg(asset) : text(TextId::historyNotRead), true);
+        tell(!session_.SessionConnected ? text(TextId::connectionLost)
+             : standard.isAbsent()      ? text(TextId::usesUnknown).arg(asset)
+                                        : text(TextId::historyNotRead),
+             true);
     }
     enableCommands();
 }

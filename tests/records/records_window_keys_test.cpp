@@ -95,4 +95,62 @@ TEST_F(RecordsWindowKeys, ReadAgainTheInstrumentsStaySelected) {
     EXPECT_EQ(selected(), QStringList{before[1]});
 }
 
+TEST_F(RecordsWindowKeys, WithoutAConnectionNoPageAsksTheDatabaseAndEachSaysSo) {
+    const auto lost = text(TextId::connectionLost);
+    start();
+    openHistory(0);
+    auto& records = control<QTableWidget>(window, u"TableRecords"_s);
+    const int calibrations = records.rowCount();
+    const auto label = [&](const QString& form, const QString& name) {
+        return control<QLabel>(control<QWidget>(window, form), name).text();
+    };
+    tabs().setCurrentIndex(3);
+    tabs().setCurrentIndex(1);
+    auto& standard = control<QLineEdit>(window, u"TextStandard"_s);
+    standard.setText(u"DMM-01"_s);
+    standard.setFocus();
+    press(Qt::Key_Return);
+    auto& uses = control<QTableView>(window, u"TableUses"_s);
+    const int used = uses.model()->rowCount();
+    ASSERT_GT(used, 0);
+    tabs().setCurrentIndex(0);
+    const int all = table().model()->rowCount();
+    // From here on a statement would end in a box, which fails the test.
+    disconnect();
+    for (const bool isTyped : {true, false}) {
+        if (isTyped) {
+            control<QLineEdit>(window, u"TextFilter"_s).setFocus();
+            press(Qt::Key_P);
+            EXPECT_TRUE(
+                QTest::qWaitFor([&] { return label(u"FormInstruments"_s, u"LabelShown"_s) == lost; }));
+        } else {
+            press(Qt::Key_F5);
+        }
+        EXPECT_EQ(table().model()->rowCount(), all);
+        EXPECT_EQ(label(u"FormInstruments"_s, u"LabelShown"_s), lost);
+    }
+    for (const auto& choice : {u"Of one group"_s, u"Overdue"_s})
+        pick(control<QComboBox>(window, u"ComboShow"_s), choice);
+    EXPECT_EQ(table().model()->rowCount(), all);
+    click(control<QPushButton>(control<QWidget>(window, u"FormInstruments"_s), u"CommandSave"_s));
+    EXPECT_EQ(label(u"FormInstruments"_s, u"LabelOutcome"_s), lost);
+    tabs().setCurrentIndex(1);
+    press(Qt::Key_F5);
+    EXPECT_EQ(label(u"FormStandardUse"_s, u"LabelUses"_s), lost);
+    EXPECT_EQ(uses.model()->rowCount(), used);
+    standard.setText(u"DMM-02"_s);
+    standard.setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(label(u"FormStandardUse"_s, u"LabelUses"_s), lost);
+    EXPECT_EQ(uses.model()->rowCount(), 0) << "those are of another standard";
+    tabs().setCurrentIndex(3);
+    press(Qt::Key_F5);
+    EXPECT_EQ(label(u"FormPassRate"_s, u"LabelState"_s), lost);
+    EXPECT_GT(control<QTableWidget>(window, u"TableRates"_s).rowCount(), 0);
+    tabs().setCurrentIndex(fixedTabs);
+    press(Qt::Key_F5);
+    EXPECT_EQ(label(u"FormHistory"_s, u"LabelState"_s), lost);
+    EXPECT_EQ(records.rowCount(), calibrations);
+}
+
 } // namespace kelvane::testing
