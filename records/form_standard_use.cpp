@@ -118,7 +118,7 @@ void FormStandardUse::connectControls() {
     connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copySelectedRows(*TableUses); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
     connectGuarded(CommandPrint, &QPushButton::clicked, this, ui, [this] { print(); });
-    connectKeys(*TableUses, QKeySequence::Copy, ui, [this] { copySelectedRows(*TableUses); });
+    bindCopying(*TableUses);
     connectPageKeys(*this, QKeySequence::Find, ui, [this] {
         TextStandard->setFocus(Qt::ShortcutFocusReason);
         TextStandard->selectAll();

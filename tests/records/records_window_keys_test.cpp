@@ -1,9 +1,15 @@
 // The window of the records from the keyboard.
 #include "records/records_page.h"
+#include "records/saved_columns.h"
+#include "records/table_copy.h"
 #include "resources/text_id.h"
 #include "tests/records/records_window_fixture.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
 #include <QTabBar>
 #include <QTableWidget>
 
@@ -151,6 +157,38 @@ TEST_F(RecordsWindowKeys, WithoutAConnectionNoPageAsksTheDatabaseAndEachSaysSo) 
     press(Qt::Key_F5);
     EXPECT_EQ(label(u"FormHistory"_s, u"LabelState"_s), lost);
     EXPECT_EQ(records.rowCount(), calibrations);
+}
+
+TEST_F(RecordsWindowKeys, CtrlCCopiesTheSelectedRowsOfEachTable) {
+    start();
+    int row = 0;
+    while (asset(row) != u"PT-101")
+        ++row;
+    openHistory(row);
+    auto& parts = control<QTabWidget>(window, u"TabsHistory"_s);
+    struct Case {
+        QString table;
+        int tab;
+        int part;
+    };
+    for (const auto& copied : {Case{u"TableRecords"_s, fixedTabs, 0},
+                               {u"TableLinesLeft"_s, fixedTabs, 0},
+                               {u"TableDetails"_s, fixedTabs, 1},
+                               {u"TableRates"_s, 3, 0}}) {
+        tabs().setCurrentIndex(copied.tab);
+        parts.setCurrentIndex(copied.part);
+        auto& shown = control<QTableView>(window, copied.table);
+        ASSERT_TRUE(shown.isVisible()) << copied.table.toStdString();
+        const int last = shown.model()->rowCount() - 1;
+        ASSERT_GE(last, 0) << copied.table.toStdString();
+        shown.setFocus();
+        shown.selectRow(last);
+        QApplication::clipboard()->clear();
+        press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(),
+                  copiedRows(*shown.model(), {last}, shownColumns(*shown.horizontalHeader())))
+            << copied.table.toStdString();
+    }
 }
 
 } // namespace kelvane::testing
