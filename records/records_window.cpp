@@ -45,8 +45,8 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     setObjectName(u"RecordsWindow"_s);
     setWindowTitle(text(TextId::recordsTitle));
     setStatusBar(statusLine_);
-    buildTabs();
     buildMenu();
+    buildTabs();
     setCentralWidget(tabs_);
     resize(usualSize.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
     statusLine_->setConnecting([this] { return offersConnecting(); }, text(TextId::connectAgain));
@@ -71,13 +71,17 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     showSessionState();
 }
 
-RecordsWindow::~RecordsWindow() = default;
+RecordsWindow::~RecordsWindow() {
+    // Its pages come in front once more while they go.
+    tabs_->disconnect(this);
+}
 
 void RecordsWindow::buildTabs() {
     tabs_->setDocumentMode(true);
     tabs_->setTabsClosable(true);
     tabs_->tabBar()->setObjectName(u"qt_tabwidget_tabbar"_s);
     tabs_->tabBar()->setAccessibleName(text(TextId::recordsTitle));
+    QObject::connect(tabs_, &QTabWidget::currentChanged, this, [this] { noteFront(); });
     tabs_->addTab(instruments_, text(TextId::recordsInstruments));
     tabs_->addTab(uses_, text(TextId::usesTab));
     tabs_->addTab(unrecorded_, text(TextId::unrecordedTab));
@@ -98,11 +102,11 @@ void RecordsWindow::buildMenu() {
         made->setShortcut(keys);
         return made;
     };
-    auto* close = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
+    close_ = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
     auto* certificate = add(TextId::certificateSettings, u"mnuCertificates"_s, {});
     logOut_ = add(TextId::logOutCommand, u"mnuLogout"_s, QKeySequence(u"Ctrl+L"_s));
     auto* exit = add(TextId::exitCommand, u"mnuExit"_s, QKeySequence(u"Ctrl+Q"_s));
-    connectGuarded(close, &QAction::triggered, this, session_.ui,
+    connectGuarded(close_, &QAction::triggered, this, session_.ui,
                    [this] { closeTab(tabs_->currentIndex()); });
     connectGuarded(certificate, &QAction::triggered, this, session_.ui,
                    [this] { certificates_->editSettings(); });
@@ -247,16 +251,27 @@ RecordsPage& RecordsWindow::page() const {
     return *static_cast<RecordsPage*>(tabs_->currentWidget());
 }
 
+void RecordsWindow::noteFront() {
+    auto* front = tabs_->currentWidget();
+    visited_.removeOne(front);
+    visited_ << front;
+    close_->setEnabled(qobject_cast<FormHistory*>(front) != nullptr);
+}
+
 /// Only histories close.
 void RecordsWindow::closeTab(int tab) {
     auto* history = qobject_cast<FormHistory*>(tabs_->widget(tab));
     if (history == nullptr)
         return;
+    visited_.removeOne(history);
+    // Otherwise its neighbour would come in front, and be read, meanwhile.
+    if (tabs_->currentWidget() == history)
+        tabs_->setCurrentWidget(visited_.constLast());
     tabs_->removeTab(tab);
     // Until it goes it is no history of this window any more.
     history->setParent(nullptr);
     history->deleteLater();
-    tabs_->currentWidget()->setFocus();
+    page().focusTable();
 }
 
 void RecordsWindow::closeEvent(QCloseEvent* event) {

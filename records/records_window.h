@@ -70,6 +70,8 @@ class RecordsWindow final : public QMainWindow {
     void askPackage(const QStringList& assets);
     void writeCertificates(const QStringList& assets);
     void closeTab(int tab);
+    /// Notes which page has come in front.
+    void noteFront();
     /// Of the tab in front.
     RecordsPage& page() const;
 
@@ -83,6 +85,9 @@ class RecordsWindow final : public QMainWindow {
     StatusLine* statusLine_;
     std::unique_ptr<CertificateWindows> certificates_;
     QAction* logOut_ = nullptr;
+    QAction* close_ = nullptr;
+    /// The pages in the order in which they were last in front.
+    QList<QWidget*> visited_;
     /// From a login to log out, also while the connection is lost.
     bool isLoggedIn_ = false;
 };

@@ -191,4 +191,23 @@ TEST_F(RecordsWindowKeys, CtrlCCopiesTheSelectedRowsOfEachTable) {
     }
 }
 
+TEST_F(RecordsWindowKeys, CtrlWGoesBackToThePageBefore) {
+    start();
+    auto& close = control<QAction>(window, u"mnuClose"_s);
+    EXPECT_FALSE(close.isEnabled());
+    openHistory(0);
+    EXPECT_TRUE(close.isEnabled());
+    openHistory(1);
+    tabs().setCurrentIndex(fixedTabs);
+    tabs().setCurrentIndex(fixedTabs + 1);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(tabs().currentIndex(), fixedTabs);
+    EXPECT_EQ(focused(), u"TableRecords"_s);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(tabs().currentIndex(), 0);
+    EXPECT_EQ(focused(), u"TableInstruments"_s);
+    EXPECT_FALSE(close.isEnabled());
+    EXPECT_EQ(control<QTableWidget>(window, u"TableRates"_s).rowCount(), 0) << "it was never in front";
+}
+
 } // namespace kelvane::testing
