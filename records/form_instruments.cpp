@@ -300,9 +300,8 @@ void FormInstruments::showOrder() {
 }
 
 void FormInstruments::openHistory() {
-    const auto selected = selectedRows(*TableInstruments);
-    if (selected.size() == 1)
-        Q_EMIT historyWanted(model_->instrument(selected.constFirst()));
+    if (const auto row = rowToOpen(*TableInstruments))
+        Q_EMIT historyWanted(model_->instrument(*row));
 }
 
 void FormInstruments::copy() {

@@ -234,9 +234,9 @@ void FormStandardUse::enableCommands() {
 
 /// A calibration of an instrument that the inventory has lost has no history.
 void FormStandardUse::openHistory() {
-    const auto rows = selectedRows(*TableUses);
-    if (rows.size() == 1 && !model_->use(rows.constFirst()).asset.isEmpty())
-        Q_EMIT historyWanted(model_->use(rows.constFirst()).asset);
+    const auto row = rowToOpen(*TableUses);
+    if (row && !model_->use(*row).asset.isEmpty())
+        Q_EMIT historyWanted(model_->use(*row).asset);
 }
 
 void FormStandardUse::save() {

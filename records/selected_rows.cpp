@@ -18,6 +18,14 @@ QList<int> selectedRows(const QAbstractItemView& view) {
     return rows;
 }
 
+std::optional<int> rowToOpen(const QAbstractItemView& view) {
+    const auto selected = selectedRows(view);
+    const auto current = view.currentIndex();
+    if (selected.isEmpty() && current.isValid())
+        return current.row();
+    return selected.size() == 1 ? std::optional(selected.constFirst()) : std::nullopt;
+}
+
 void selectRows(QAbstractItemView& view, const QList<int>& rows) {
     const auto& model = *view.model();
     const int lastColumn = model.columnCount() - 1;

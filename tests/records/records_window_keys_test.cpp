@@ -210,4 +210,13 @@ TEST_F(RecordsWindowKeys, CtrlWGoesBackToThePageBefore) {
     EXPECT_EQ(control<QTableWidget>(window, u"TableRates"_s).rowCount(), 0) << "it was never in front";
 }
 
+TEST_F(RecordsWindowKeys, ReturnOpensTheCurrentRowWhileNoneIsSelected) {
+    start();
+    while (focused() != u"TableInstruments")
+        press(Qt::Key_Tab);
+    ASSERT_FALSE(table().selectionModel()->hasSelection());
+    press(Qt::Key_Return);
+    EXPECT_EQ(histories(), QStringList{asset(0)});
+}
+
 } // namespace kelvane::testing

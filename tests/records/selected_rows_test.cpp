@@ -30,4 +30,17 @@ TEST(SelectedRows, AreEachNamedOnceFromTheTop) {
     EXPECT_FALSE(selection.hasSelection());
 }
 
+TEST(SelectedRows, LetTheCurrentRowBeOpenedOnlyWhileNoneIsSelected) {
+    QStandardItemModel model(3, 2);
+    QTableView view;
+    view.setModel(&model);
+    EXPECT_EQ(rowToOpen(view), std::nullopt);
+    view.selectionModel()->setCurrentIndex(model.index(2, 0), QItemSelectionModel::NoUpdate);
+    EXPECT_EQ(rowToOpen(view), 2);
+    selectRows(view, {1});
+    EXPECT_EQ(rowToOpen(view), 1);
+    selectRows(view, {0, 1});
+    EXPECT_EQ(rowToOpen(view), std::nullopt);
+}
+
 } // namespace kelvane::testing
