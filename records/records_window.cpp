@@ -13,8 +13,10 @@
 #include "ui/guarded.h"
 #include "ui/panels.h"
 #include "ui/status_line.h"
+#include "ui/window_keys.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -118,6 +120,7 @@ void RecordsWindow::buildMenu() {
     };
     changing(u"Ctrl+PgUp"_s, -1);
     changing(u"Ctrl+PgDown"_s, 1);
+    bindMenuKey(*this, session_.ui);
 }
 
 void RecordsWindow::start() {
@@ -282,6 +285,13 @@ void RecordsWindow::closeEvent(QCloseEvent* event) {
     closeConnection(session_);
     session_.SessionConnected = false;
     event->accept();
+}
+
+void RecordsWindow::keyPressEvent(QKeyEvent* event) {
+    if (auto* clicked = buttonOfReturn(*this, event->key()))
+        clicked->click();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 } // namespace kelvane

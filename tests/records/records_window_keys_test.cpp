@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QTabBar>
 #include <QTableWidget>
 
@@ -103,6 +104,8 @@ TEST_F(RecordsWindowKeys, ReadAgainTheInstrumentsStaySelected) {
 
 TEST_F(RecordsWindowKeys, WithoutAConnectionNoPageAsksTheDatabaseAndEachSaysSo) {
     const auto lost = text(TextId::connectionLost);
+    // Not longer ago than the page looks back at first.
+    write(u"update mt.calibration set c2301 = '%1' where mtag = '1401'"_s.arg(day(-10)));
     start();
     openHistory(0);
     auto& records = control<QTableWidget>(window, u"TableRecords"_s);
@@ -113,7 +116,7 @@ TEST_F(RecordsWindowKeys, WithoutAConnectionNoPageAsksTheDatabaseAndEachSaysSo) 
     tabs().setCurrentIndex(3);
     tabs().setCurrentIndex(1);
     auto& standard = control<QLineEdit>(window, u"TextStandard"_s);
-    standard.setText(u"DMM-01"_s);
+    standard.setText(u"PM-100"_s);
     standard.setFocus();
     press(Qt::Key_Return);
     auto& uses = control<QTableView>(window, u"TableUses"_s);
@@ -171,9 +174,9 @@ TEST_F(RecordsWindowKeys, CtrlCCopiesTheSelectedRowsOfEachTable) {
         int tab;
         int part;
     };
-    for (const auto& copied : {Case{u"TableRecords"_s, fixedTabs, 0},
-                               {u"TableLinesLeft"_s, fixedTabs, 0},
+    for (const auto& copied : {Case{u"TableLinesLeft"_s, fixedTabs, 0},
                                {u"TableDetails"_s, fixedTabs, 1},
+                               {u"TableRecords"_s, fixedTabs, 0},
                                {u"TableRates"_s, 3, 0}}) {
         tabs().setCurrentIndex(copied.tab);
         parts.setCurrentIndex(copied.part);
@@ -217,6 +220,22 @@ TEST_F(RecordsWindowKeys, ReturnOpensTheCurrentRowWhileNoneIsSelected) {
     ASSERT_FALSE(table().selectionModel()->hasSelection());
     press(Qt::Key_Return);
     EXPECT_EQ(histories(), QStringList{asset(0)});
+}
+
+TEST_F(RecordsWindowKeys, F10OpensTheMenuAndReturnClicksTheFocusedButton) {
+    start();
+    press(Qt::Key_F10);
+    auto& file = control<QMenu>(window, u"mnuFile"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return file.isVisible(); }));
+    file.close();
+    const auto changed = u"BY RETURN"_s;
+    write(u"update mt.inventory set i4204 = '%1' where i4201 = '%2'"_s.arg(changed, asset(0)));
+    control<QPushButton>(control<QWidget>(window, u"FormInstruments"_s), u"CommandReadAgain"_s).setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(table().model()->index(0, 1).data().toString(), changed);
+    control<QPushButton>(window, u"ButtonAbout"_s).setFocus();
+    press(Qt::Key_Enter);
+    EXPECT_EQ(abouts, 1);
 }
 
 } // namespace kelvane::testing
