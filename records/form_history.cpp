@@ -109,6 +109,7 @@ void FormHistory::layOut() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    left_->standBeside(*right_);
     sides->setContentsMargins(margin, margin, margin, margin);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});

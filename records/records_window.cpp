@@ -32,6 +32,18 @@ namespace {
 
 constexpr QSize usualSize(1080, 720);
 
+/// In its place stays something as high, so that the first tab with such a button moves nothing.
+void removeCloseButton(QTabBar& tabs, int tab) {
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+        const auto* button = tabs.tabButton(tab, side);
+        if (button == nullptr)
+            continue;
+        auto* room = new QWidget;
+        room->setFixedSize(0, button->height());
+        tabs.setTabButton(tab, side, room);
+    }
+}
+
 } // namespace
 
 RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
@@ -88,10 +100,8 @@ void RecordsWindow::buildTabs() {
     tabs_->addTab(uses_, text(TextId::usesTab));
     tabs_->addTab(unrecorded_, text(TextId::unrecordedTab));
     tabs_->setTabToolTip(tabs_->addTab(passRate_, text(TextId::passRateTab)), text(TextId::passRateTip));
-    for (int tab = 0; tab < tabs_->count(); ++tab) {
-        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
-            tabs_->tabBar()->setTabButton(tab, side, nullptr);
-    }
+    for (int tab = 0; tab < tabs_->count(); ++tab)
+        removeCloseButton(*tabs_->tabBar(), tab);
     QObject::connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int tab) { closeTab(tab); });
 }
 

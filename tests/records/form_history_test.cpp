@@ -187,6 +187,30 @@ TEST_F(HistoryScreen, ReadAgainStaysAtTheRecordsThatAreCompared) {
     EXPECT_EQ(compare().currentIndex(), 0) << "the compared record is gone";
 }
 
+TEST_F(HistoryScreen, HasBothSidesOnOneLine) {
+    addRecord(-1, u"AS-FOUND"_s, u"N"_s);
+    addRecord(0, u"AS-LEFT"_s, u"Y"_s);
+    open();
+    const auto place = [&](const QString& name) {
+        const auto& widget = control<QWidget>(*form, name);
+        return QRect(widget.mapTo(form.get(), QPoint()), widget.size());
+    };
+    for (const int width : {1000, 600}) {
+        form->resize(width, 700);
+        QCoreApplication::processEvents();
+        const auto left = place(u"TableLinesLeft"_s);
+        const auto right = place(u"TableLinesRight"_s);
+        EXPECT_EQ(left.top(), right.top()) << width;
+        EXPECT_EQ(left.bottom(), right.bottom()) << width << ": only the right side has a note";
+        EXPECT_GE(place(u"LabelNoteRight"_s).top(), right.bottom());
+    }
+    choose(2);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyFoundLeft));
+    EXPECT_EQ(place(u"LabelNoteRight"_s).top(), place(u"LabelRecordLeft"_s).top());
+    EXPECT_FALSE(control<QLabel>(*form, u"LabelNoteLeft"_s).isVisible());
+}
+
 TEST_F(HistoryScreen, ReadAgainFillsItsWidth) {
     open();
     const auto& header = *records().horizontalHeader();

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QInputDialog>
 #include <QMenu>
+#include <QTabBar>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +50,15 @@ TEST_F(RecordsWindowOnDatabase, OpensEachHistoryOnceInATab) {
         QTest::keyClick(&window, Qt::Key_W, Qt::ControlModifier);
     }
     EXPECT_EQ(tabs().count(), fixedTabs + 1) << "the lists stay";
+}
+
+TEST_F(RecordsWindowOnDatabase, TheFirstHistoryMovesNothing) {
+    start();
+    const auto& row = *tabs().tabBar();
+    const int before = row.height();
+    openHistory(0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row.height(), before);
 }
 
 TEST_F(RecordsWindowOnDatabase, AfterLogOutShowsNothingOfTheSession) {
