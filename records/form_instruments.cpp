@@ -11,6 +11,7 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
+#include "ui/wrapping_row.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -96,11 +97,10 @@ void FormInstruments::layOut() {
     choice->addWidget(labelFor(TextFilter, u"Label1"_s, TextId::recordsFilter));
     choice->addWidget(TextFilter, 2);
     choice->addWidget(choice_, 1);
-    auto* commands = new QHBoxLayout;
+    auto* commands = new WrappingRow;
     for (auto* command : {CommandHistory, CommandCopy, CommandSave, CommandPackage, CommandCertificates,
                           CommandColumns, CommandReadAgain})
         commands->addWidget(command);
-    commands->addStretch(1);
     auto* column = new QVBoxLayout(this);
     column->addLayout(choice);
     column->addWidget(TableInstruments, 1);

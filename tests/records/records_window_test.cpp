@@ -1,5 +1,6 @@
 #include "records/records_window.h"
 
+#include "records/form_instruments.h"
 #include "resources/text_id.h"
 #include "tests/records/looks.h"
 #include "tests/records/records_window_fixture.h"
@@ -188,6 +189,23 @@ TEST_F(RecordsWindowOnDatabase, WritesNothing) {
     // What a page tried to write would have been refused, and its report would have been a box.
     EXPECT_EQ(rowsInDatabase(), before);
     EXPECT_EQ(folder.read(u"errors.log"_s), QString());
+}
+
+TEST_F(RecordsWindowOnDatabase, FitsASmallScreenInGermanAndLargeLetters) {
+    const ShownIn german(u"de"_s);
+    const LettersOfSize large(15);
+    disconnect();
+    RecordsWindow made(
+        session,
+        {[this](const QString& user, const QString& password) { logIn(user, password); }, [](QWidget*) {}});
+    logIn(users::technician, u"kelvane"_s);
+    made.show();
+    auto& instruments = control<FormInstruments>(made, u"FormInstruments"_s);
+    instruments.readAgain();
+    Q_EMIT instruments.historyWanted({.asset = u"PT-101"_s});
+    EXPECT_EQ(control<QTabWidget>(made, u"TabsRecords"_s).count(), fixedTabs + 1);
+    EXPECT_LE(made.minimumSizeHint().width(), smallScreen.width());
+    EXPECT_LE(made.minimumSizeHint().height(), smallScreen.height());
 }
 
 TEST_F(RecordsWindowOnDatabase, LooksWholeInEachSizeAndLanguage) {
