@@ -19,6 +19,7 @@
 #include "ui/open_windows.h"
 #include "ui/program_icon.h"
 #include "ui/status_line.h"
+#include "ui/window_keys.h"
 #include "workflow/form_cal_config.h"
 #include "workflow/form_docking_down.h"
 #include "workflow/form_unfinished_results.h"
@@ -34,7 +35,6 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
-#include <QShortcut>
 
 #include <algorithm>
 
@@ -104,8 +104,7 @@ MDIFormMain::MDIFormMain(Session& session, Calibrators& calibrators, ReportContr
                    [this] { openAboutBox(session_, this); });
     frameStart_->chosen = [this](MenuEntry entry) { runGuarded(session_.ui, [&] { takeStep(entry); }); };
     connectGuarded(statusLine_, &StatusLine::refreshed, this, session_.ui, [this] { showFrameStart(); });
-    connectGuarded(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, this, session_.ui,
-                   [this] { enterMenu(); });
+    bindMenuKey(*this, session_.ui);
 }
 
 void MDIFormMain::buildMenu() {
@@ -136,15 +135,6 @@ void MDIFormMain::setCaptions() {
                                withMnemonic(text(TextId::connectAgain), taken[MenuEntry::none]));
     // Without the number of the correction, which the box tells.
     statusLine_->aboutButton().setText(programNameWithVersion(programVersion().section(u'.', 0, 1)));
-}
-
-void MDIFormMain::enterMenu() {
-    for (auto* shown : menuBar()->actions()) {
-        if (menuBar()->isEnabled() && shown->isVisible() && shown->isEnabled()) {
-            menuBar()->setActiveAction(shown);
-            return;
-        }
-    }
 }
 
 void MDIFormMain::applyMenu() {

@@ -61,7 +61,6 @@ class MDIFormMain final : public QMainWindow {
     void showFrameStart();
     /// Takes a step out of those; `none` is the login.
     void takeStep(MenuEntry entry);
-    void enterMenu();
     QAction* action(MenuEntry entry) const { return actions_[static_cast<std::size_t>(entry)]; }
     void carryOut(MenuEntry entry);
     void startUp();

@@ -9,6 +9,9 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +45,16 @@ QStringList ruleNames() {
 
 QStringList papers() {
     return {u"A4"_s, u"Letter"_s};
+}
+
+QScrollArea* scrollArea(QWidget* content) {
+    auto* made = nameControl(new QScrollArea, u"Fields"_s, text(TextId::certificateSettings));
+    made->setWidget(content);
+    made->setWidgetResizable(true);
+    made->setFrameShape(QFrame::NoFrame);
+    made->setFocusPolicy(Qt::NoFocus);
+    made->setMinimumWidth(content->minimumSizeHint().width() + made->verticalScrollBar()->sizeHint().width());
+    return made;
 }
 
 QString usualPaper() {
@@ -104,7 +117,9 @@ void CertificateSettingsDialog::layOut() {
         {ComboPaper, TextId::certificateSettingsPaper},
         {TextFileName, TextId::certificateSettingsFileName},
     };
-    auto* grid = new QGridLayout;
+    auto* fields = new QWidget;
+    auto* grid = new QGridLayout(fields);
+    grid->setContentsMargins(0, 0, 0, 0);
     int row = 0;
     for (const auto& entry : rows) {
         auto* caption = labelFor(entry.control, u"Label%1"_s.arg(row + 1), entry.caption);
@@ -116,10 +131,13 @@ void CertificateSettingsDialog::layOut() {
     commands->addStretch(1);
     commands->addWidget(CommandOk);
     commands->addWidget(CommandCancel);
+    auto* scrolled = scrollArea(fields);
     auto* column = new QVBoxLayout(this);
-    column->addLayout(grid);
-    column->addStretch(1);
+    column->addWidget(scrolled, 1);
     column->addLayout(commands);
+    // All of them where the screen has room for that.
+    const QSize more(0, fields->sizeHint().height() - scrolled->sizeHint().height());
+    resize((sizeHint() + more).boundedTo(screen()->availableSize() * 9 / 10));
     kelvane::setTabOrder({TextLaboratory, TextAddress, TextAccreditation, TextCustomer, TextMethod,
                           TextTraceability, TextUncertainty, TextAuthorized, ComboRule, SpinGuardBand,
                           ComboPaper, TextFileName, CommandOk, CommandCancel});

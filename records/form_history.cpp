@@ -2,7 +2,6 @@
 
 #include "records/calibration_pair.h"
 #include "records/colors.h"
-#include "records/keys.h"
 #include "records/lists.h"
 #include "records/reading_table.h"
 #include "records/record_pane.h"
@@ -67,7 +66,7 @@ QString instrumentCaption(const InstrumentSummary& instrument) {
 } // namespace
 
 FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       instrument_(instrument),
       LabelInstrument(changingNote(u"LabelInstrument"_s, TextId::recordsHistory)),
@@ -110,6 +109,7 @@ void FormHistory::layOut() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(left_);
     sides->addWidget(right_);
+    left_->standBeside(*right_);
     sides->setContentsMargins(margin, margin, margin, margin);
     // Both sides are as wide, whatever they show.
     sides->setSizes({1, 1});
@@ -142,27 +142,39 @@ void FormHistory::connectControls() {
                    [this] { showChosen(); });
     connectGuarded(CommandCertificate, &QPushButton::clicked, this, session_.ui,
                    [this] { askCertificate(); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
 }
 
 void FormHistory::readAgain() {
     std::optional<QList<CalibrationRecord>> read;
-    runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
+    if (session_.SessionConnected)
+        runGuarded(session_.ui, [&] { read = calibrationsOf(session_, instrument_.asset); });
     const bool isRead = read.has_value();
+    const auto before = place();
     if (read)
         records_ = *read;
-    LabelState->setText(text(isRead ? TextId::historyNone : TextId::historyNotRead));
+    LabelState->setText(text(isRead                      ? TextId::historyNone
+                             : session_.SessionConnected ? TextId::historyNotRead
+                                                         : TextId::connectionLost));
     LabelState->setVisible(!isRead || records_.isEmpty());
     if (isRead)
-        showRecords();
+        showRecords(before);
     splitter_->setVisible(!records_.isEmpty());
 }
 
-void FormHistory::focusRecords() {
+void FormHistory::focusTable() {
     TableRecords->setFocus();
 }
 
-void FormHistory::showRecords() {
+FormHistory::Place FormHistory::place() const {
+    return {records_.value(chosen()).ctag, records_.value(ComboCompare->currentIndex() - 1).ctag};
+}
+
+qsizetype FormHistory::indexOf(const QString& ctag) const {
+    const auto found = std::ranges::find(records_, ctag, &CalibrationRecord::ctag);
+    return found == records_.cend() ? -1 : found - records_.cbegin();
+}
+
+void FormHistory::showRecords(const Place& place) {
     {
         const QSignalBlocker quiet(TableRecords->selectionModel());
         TableRecords->setRowCount(static_cast<int>(records_.size()));
@@ -175,21 +187,26 @@ void FormHistory::showRecords() {
                 TableRecords->setItem(row, column, item);
             }
         }
+        // Switched on again, it measures what is left for the last column anew.
+        TableRecords->horizontalHeader()->setStretchLastSection(false);
         TableRecords->resizeColumnsToContents();
-        fillComparing();
+        TableRecords->horizontalHeader()->setStretchLastSection(true);
+        fillComparing(place.compared);
         pictures_->setRecords(records_);
     }
     if (!records_.isEmpty())
-        TableRecords->setCurrentCell(0, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        TableRecords->setCurrentCell(static_cast<int>(std::max<qsizetype>(0, indexOf(place.chosen))), 0,
+                                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     showChosen();
 }
 
-void FormHistory::fillComparing() {
+void FormHistory::fillComparing(const QString& compared) {
     const QSignalBlocker quiet(ComboCompare);
     ComboCompare->clear();
     ComboCompare->addItem(text(TextId::historyPair));
     for (const auto& record : std::as_const(records_))
         ComboCompare->addItem(recordCaption(record));
+    ComboCompare->setCurrentIndex(static_cast<int>(indexOf(compared)) + 1);
 }
 
 qsizetype FormHistory::chosen() const {

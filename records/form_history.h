@@ -1,8 +1,7 @@
 #pragma once
 
 #include "records/certified_calibration.h"
-
-#include <QWidget>
+#include "records/records_page.h"
 
 class QComboBox;
 class QLabel;
@@ -19,17 +18,16 @@ class RecordPictures;
 
 /// The records of an instrument, the newest first; the points of the chosen calibration as found and as left
 /// side by side, or of two records; what else these records say; and pictures of them.
-class FormHistory final : public QWidget {
+class FormHistory final : public RecordsPage {
     Q_OBJECT
   public:
     /// Reads the records. The session has to outlive it.
     FormHistory(Session& session, const InstrumentSummary& instrument, QWidget* parent = nullptr);
 
     const QString& asset() const { return instrument_.asset; }
-    /// Reads the records again; what was read stays when that fails.
-    void readAgain();
-    /// Gives the keyboard to the list of records.
-    void focusRecords();
+    /// What was read stays when it fails.
+    void readAgain() override;
+    void focusTable() override;
 
   Q_SIGNALS:
     /// The user wants to see what a standard was used for.
@@ -40,8 +38,17 @@ class FormHistory final : public QWidget {
   private:
     void layOut();
     void connectControls();
-    void showRecords();
-    void fillComparing();
+    /// The numbers of the chosen record and of the one that it is compared with; empty without one.
+    struct Place {
+        QString chosen;
+        QString compared;
+    };
+    Place place() const;
+    /// Returns to the place as far as its records are still there.
+    void showRecords(const Place& place);
+    void fillComparing(const QString& compared);
+    /// Where the record of that number stands; -1 when there is none.
+    qsizetype indexOf(const QString& ctag) const;
     /// The record whose row is chosen; -1 without one.
     qsizetype chosen() const;
     void showChosen();

@@ -11,6 +11,7 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
+#include "ui/wrapping_row.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -47,7 +48,7 @@ bool hasOrder(int column) {
 } // namespace
 
 FormInstruments::FormInstruments(Session& session, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       model_(new InstrumentModel(session, this)),
       TextFilter(
@@ -72,7 +73,6 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
     layOut();
     connectControls();
     connectHeader();
-    bindKeys();
     showState();
 }
 
@@ -97,11 +97,10 @@ void FormInstruments::layOut() {
     choice->addWidget(labelFor(TextFilter, u"Label1"_s, TextId::recordsFilter));
     choice->addWidget(TextFilter, 2);
     choice->addWidget(choice_, 1);
-    auto* commands = new QHBoxLayout;
+    auto* commands = new WrappingRow;
     for (auto* command : {CommandHistory, CommandCopy, CommandSave, CommandPackage, CommandCertificates,
                           CommandColumns, CommandReadAgain})
         commands->addWidget(command);
-    commands->addStretch(1);
     auto* column = new QVBoxLayout(this);
     column->addLayout(choice);
     column->addWidget(TableInstruments, 1);
@@ -131,6 +130,8 @@ void FormInstruments::connectControls() {
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, ui, [this] { readAgain(); });
     connectGuarded(TableInstruments->selectionModel(), &QItemSelectionModel::selectionChanged, this, ui,
                    [this] { showState(); });
+    connectKeys(*TableInstruments, QKeySequence::Copy, ui, [this] { copy(); });
+    connectPageKeys(*this, QKeySequence::Find, ui, [this] { focusFilter(); });
 }
 
 void FormInstruments::connectHeader() {
@@ -148,13 +149,13 @@ void FormInstruments::connectHeader() {
                      [this](int column) { runGuarded(session_.ui, [&] { clickHeader(column); }); });
 }
 
-void FormInstruments::bindKeys() {
-    connectKeys(*TableInstruments, QKeySequence::Copy, session_.ui, [this] { copy(); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
-    connectKeys(*this, QKeySequence::Find, session_.ui, [this] {
-        TextFilter->setFocus(Qt::ShortcutFocusReason);
-        TextFilter->selectAll();
-    });
+void FormInstruments::focusTable() {
+    TableInstruments->setFocus();
+}
+
+void FormInstruments::focusFilter() {
+    TextFilter->setFocus(Qt::ShortcutFocusReason);
+    TextFilter->selectAll();
 }
 
 /// Return opens the history, which the table itself would take for editing.
@@ -171,6 +172,11 @@ bool FormInstruments::eventFilter(QObject* watched, QEvent* event) {
 
 void FormInstruments::ask() {
     typing_.stop();
+    // What was read stays, and the next login reads what is chosen then.
+    if (!session_.SessionConnected) {
+        showState();
+        return;
+    }
     isAsked_ = true;
     query_.filter = {};
     query_.filter.text = TextFilter->text();
@@ -187,7 +193,36 @@ void FormInstruments::ask() {
 void FormInstruments::readAgain() {
     if (!std::exchange(isRestored_, true))
         choice_->restore();
+    keepPlace();
     ask();
+    returnToPlace();
+}
+
+/// A list that could not be read has no place to keep: the one before stays for the next reading.
+void FormInstruments::keepPlace() {
+    if (model_->rowCount() == 0)
+        return;
+    selected_ = selectedAssets();
+    const auto current = TableInstruments->currentIndex();
+    current_ = current.isValid() ? model_->asset(current.row()) : QString();
+}
+
+/// What is not listed any more is left out.
+void FormInstruments::returnToPlace() {
+    const QSet<QString> wanted(selected_.cbegin(), selected_.cend());
+    QList<int> rows;
+    int current = -1;
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const auto asset = model_->asset(row);
+        if (wanted.contains(asset))
+            rows << row;
+        if (asset == current_)
+            current = row;
+    }
+    selectRows(*TableInstruments, rows);
+    if (current >= 0)
+        TableInstruments->selectionModel()->setCurrentIndex(model_->index(current, 0),
+                                                            QItemSelectionModel::NoUpdate);
 }
 
 void FormInstruments::tell(const QString& outcome) {
@@ -201,6 +236,8 @@ void FormInstruments::forget() {
     TextFilter->clear();
     choice_->forget();
     isAsked_ = false;
+    selected_.clear();
+    current_.clear();
     LabelOutcome->hide();
     model_->clear();
 }
@@ -210,19 +247,25 @@ void FormInstruments::storeLayout() {
         storeColumns(session_, tableName, savedColumns(), *TableInstruments->horizontalHeader());
 }
 
-void FormInstruments::showState() {
+QString FormInstruments::state() const {
+    if (!isAsked_)
+        return text(TextId::recordsNotLoggedIn);
+    // An error may be on the screen.
+    if (model_->isAsking())
+        return {};
+    QStringList faults;
+    if (!session_.SessionConnected)
+        faults << text(TextId::connectionLost);
+    if (model_->hasFailed())
+        faults << text(TextId::recordsIncomplete);
+    if (!faults.isEmpty())
+        return faults.join(u' ');
     const int rows = model_->rowCount();
-    const auto state = [&] {
-        if (!isAsked_)
-            return TextId::recordsNotLoggedIn;
-        if (model_->hasFailed())
-            return TextId::recordsIncomplete;
-        if (rows == 0)
-            return TextId::recordsNone;
-        return TextId::recordsShown;
-    }();
-    kelvane::tell(*LabelShown, state == TextId::recordsShown ? text(state).arg(rows) : text(state),
-                  model_->hasFailed());
+    return rows == 0 ? text(TextId::recordsNone) : text(TextId::recordsShown).arg(rows);
+}
+
+void FormInstruments::showState() {
+    kelvane::tell(*LabelShown, state(), isAsked_ && (model_->hasFailed() || !session_.SessionConnected));
     const auto selected = selectedRows(*TableInstruments);
     CommandHistory->setEnabled(selected.size() == 1);
     CommandCopy->setEnabled(!selected.isEmpty());
@@ -231,14 +274,19 @@ void FormInstruments::showState() {
 }
 
 void FormInstruments::clickHeader(int column) {
-    if (hasOrder(column))
+    if (hasOrder(column) && session_.SessionConnected)
         sort(column, column == sortColumn_ && !query_.isDescending);
     else
         // The header has set its mark there already.
         showOrder();
+    showState();
 }
 
 void FormInstruments::sort(int column, bool isDescending) {
+    if (!session_.SessionConnected) {
+        showState();
+        return;
+    }
     sortColumn_ = column;
     query_.order = *shownInstrumentColumns()[static_cast<std::size_t>(column)].order;
     query_.isDescending = isDescending;
@@ -252,9 +300,8 @@ void FormInstruments::showOrder() {
 }
 
 void FormInstruments::openHistory() {
-    const auto selected = selectedRows(*TableInstruments);
-    if (selected.size() == 1)
-        Q_EMIT historyWanted(model_->instrument(selected.constFirst()));
+    if (const auto row = rowToOpen(*TableInstruments))
+        Q_EMIT historyWanted(model_->instrument(*row));
 }
 
 void FormInstruments::copy() {
@@ -265,6 +312,10 @@ void FormInstruments::copy() {
 }
 
 void FormInstruments::save() {
+    if (!session_.SessionConnected) {
+        tell(text(TextId::connectionLost));
+        return;
+    }
     const auto file = askListFile(session_, this, text(TextId::recordsInstruments));
     if (!file)
         return;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "records/instrument_model.h"
+#include "records/records_page.h"
 #include "records/saved_columns.h"
 
 #include <QTimer>
-#include <QWidget>
 
 class QLabel;
 class QLineEdit;
@@ -17,14 +17,16 @@ class InstrumentChoice;
 
 /// The list of instruments: a filter as it is typed, a choice of filters, the table, and what can be done
 /// with its rows.
-class FormInstruments final : public QWidget {
+class FormInstruments final : public RecordsPage {
     Q_OBJECT
   public:
     /// The session has to outlive it.
     explicit FormInstruments(Session& session, QWidget* parent = nullptr);
 
-    /// Reads what is shown from the database again.
-    void readAgain();
+    void readAgain() override;
+    void focusTable() override;
+    /// Gives the keyboard to the filter.
+    void focusFilter();
     /// Says in the line below the table what has become of a command.
     void tell(const QString& outcome);
     /// After log out: shows nothing, and all instruments next time.
@@ -48,10 +50,13 @@ class FormInstruments final : public QWidget {
     void setUpTable();
     void connectControls();
     void connectHeader();
-    void bindKeys();
     /// Runs the query of what is chosen and typed.
     void ask();
+    void keepPlace();
+    void returnToPlace();
     void showState();
+    /// What stands below the table.
+    QString state() const;
     void clickHeader(int column);
     void sort(int column, bool isDescending);
     void showOrder();
@@ -66,6 +71,9 @@ class FormInstruments final : public QWidget {
     InstrumentModel* model_;
     QTimer typing_;
     InstrumentQuery query_;
+    /// The asset numbers that were selected, and that of the current row.
+    QStringList selected_;
+    QString current_;
     int sortColumn_ = 0;
     /// Since the login.
     bool isAsked_ = false;

@@ -2,7 +2,6 @@
 
 #include "platform/values/numbers.h"
 #include "plots/plot_view.h"
-#include "records/keys.h"
 #include "records/pass_rate_plots.h"
 #include "records/picture_file.h"
 #include "records/reading_table.h"
@@ -44,7 +43,7 @@ QTableWidget* ratesTable() {
 } // namespace
 
 FormPassRate::FormPassRate(Session& session, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       ComboBy(dropDown(u"ComboBy"_s, text(TextId::passRateBy), TextId::passRateTip, captionsOf(kindNames))),
       DateSince(sinceField(session, TextId::passRateSinceTip)),
@@ -61,7 +60,6 @@ FormPassRate::FormPassRate(Session& session, QWidget* parent)
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session_.ui, [this] { readAgain(); });
     connectGuarded(CommandSavePicture, &QPushButton::clicked, this, session_.ui,
                    [this] { savePicture(view_->plot(), view_->plot().title, this, session_.ui); });
-    connectKeys(*this, QKeySequence::Refresh, session_.ui, [this] { readAgain(); });
     forget();
 }
 
@@ -96,6 +94,10 @@ void FormPassRate::readAgain() {
         read();
 }
 
+void FormPassRate::focusTable() {
+    TableRates->setFocus();
+}
+
 void FormPassRate::forget() {
     isRead_ = false;
     rates_.reset();
@@ -111,12 +113,19 @@ void FormPassRate::showEvent(QShowEvent* event) {
 
 /// Rates of another day must not stand below this one: after a failure none are shown.
 void FormPassRate::read() {
-    const BusyPointer busy(session_.ui);
-    // Only once: a database that fails is told once.
-    isRead_ = true;
-    rates_.reset();
-    runGuarded(session_.ui, [this] { rates_ = passRatesSince(session_, DateSince->date()); });
-    LabelState->setVisible(!rates_);
+    const auto since = DateSince->date();
+    if (session_.SessionConnected) {
+        const BusyPointer busy(session_.ui);
+        // Only once: a database that fails is told once.
+        isRead_ = true;
+        rates_.reset();
+        runGuarded(session_.ui, [&] { rates_ = passRatesSince(session_, since); });
+    } else if (rates_ && rates_->since != since) {
+        rates_.reset();
+    }
+    LabelState->setText(text(session_.SessionConnected ? TextId::historyNotRead : TextId::connectionLost));
+    LabelState->setAccessibleName(LabelState->text());
+    LabelState->setVisible(!rates_ || !session_.SessionConnected);
     showRates();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "data/history/pass_rate.h"
-
-#include <QWidget>
+#include "records/records_page.h"
 
 class QComboBox;
 class QDateEdit;
@@ -15,14 +14,15 @@ namespace kelvane {
 class PlotView;
 
 /// How often instruments were in tolerance as they were found, since a day: as bars, and as a table.
-class FormPassRate final : public QWidget {
+class FormPassRate final : public RecordsPage {
     Q_OBJECT
   public:
     /// The session has to outlive it.
     explicit FormPassRate(Session& session, QWidget* parent = nullptr);
 
-    /// Reads the records again, when it is in sight, and else when it comes there.
-    void readAgain();
+    /// It reads when it is in sight, and else when it comes there.
+    void readAgain() override;
+    void focusTable() override;
     /// After log out: shows nothing.
     void forget();
 

@@ -42,7 +42,7 @@ constexpr int widestColumn = 40; // characters
 } // namespace
 
 FormStandardUse::FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       layoutFolders_(layoutFolders),
       model_(new StandardUseModel(this)),
@@ -118,9 +118,8 @@ void FormStandardUse::connectControls() {
     connectGuarded(CommandCopy, &QPushButton::clicked, this, ui, [this] { copySelectedRows(*TableUses); });
     connectGuarded(CommandSave, &QPushButton::clicked, this, ui, [this] { save(); });
     connectGuarded(CommandPrint, &QPushButton::clicked, this, ui, [this] { print(); });
-    connectKeys(*TableUses, QKeySequence::Copy, ui, [this] { copySelectedRows(*TableUses); });
-    connectKeys(*this, QKeySequence::Refresh, ui, [this] { readAgain(); });
-    connectKeys(*this, QKeySequence::Find, ui, [this] {
+    bindCopying(*TableUses);
+    connectPageKeys(*this, QKeySequence::Find, ui, [this] {
         TextStandard->setFocus(Qt::ShortcutFocusReason);
         TextStandard->selectAll();
     });
@@ -165,10 +164,14 @@ void FormStandardUse::showUses(const QString& standard) {
 
 void FormStandardUse::readAgain() {
     areOffered_ = false;
-    if (isVisible())
+    if (isVisible() && session_.SessionConnected)
         offerStandards();
     if (!list_.standard.asset.isEmpty())
         ask();
+}
+
+void FormStandardUse::focusTable() {
+    TableUses->setFocus();
 }
 
 void FormStandardUse::ask() {
@@ -180,7 +183,12 @@ void FormStandardUse::ask() {
     }
     const BusyPointer busy(session_.ui);
     const auto since = DateSince->date();
-    const auto standard = standardOf(session_, asset);
+    if (!session_.SessionConnected && asset == list_.standard.asset && since == list_.since) {
+        tell(text(TextId::connectionLost), true);
+        return;
+    }
+    const auto standard =
+        session_.SessionConnected ? standardOf(session_, asset) : Lookup<Standard>{.hasFailed = true};
     std::optional<QList<StandardUse>> uses;
     if (standard.found)
         uses = usesOfStandard(session_, standard.found->asset, since);
@@ -191,7 +199,10 @@ void FormStandardUse::ask() {
         tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
         fitColumns(*TableUses, widestColumn);
     } else {
-        tell(standard.isAbsent() ? text(TextId::usesUnknown).arg(asset) : text(TextId::historyNotRead), true);
+        tell(!session_.SessionConnected ? text(TextId::connectionLost)
+             : standard.isAbsent()      ? text(TextId::usesUnknown).arg(asset)
+                                        : text(TextId::historyNotRead),
+             true);
     }
     enableCommands();
 }
@@ -223,9 +234,9 @@ void FormStandardUse::enableCommands() {
 
 /// A calibration of an instrument that the inventory has lost has no history.
 void FormStandardUse::openHistory() {
-    const auto rows = selectedRows(*TableUses);
-    if (rows.size() == 1 && !model_->use(rows.constFirst()).asset.isEmpty())
-        Q_EMIT historyWanted(model_->use(rows.constFirst()).asset);
+    const auto row = rowToOpen(*TableUses);
+    if (row && !model_->use(*row).asset.isEmpty())
+        Q_EMIT historyWanted(model_->use(*row).asset);
 }
 
 void FormStandardUse::save() {

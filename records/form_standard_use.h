@@ -1,9 +1,8 @@
 #pragma once
 
+#include "records/records_page.h"
 #include "records/standard_use_report.h"
 #include "reports/open_previews.h"
-
-#include <QWidget>
 
 class QDateEdit;
 class QLabel;
@@ -18,7 +17,7 @@ class StandardUseModel;
 
 /// Which calibrations were carried out with a standard since a day: what to look at when it turns out to be
 /// wrong. Its previews close with it.
-class FormStandardUse final : public QWidget {
+class FormStandardUse final : public RecordsPage {
     Q_OBJECT
   public:
     /// Layouts of reports are looked for in these folders first. The session has to outlive it.
@@ -26,8 +25,8 @@ class FormStandardUse final : public QWidget {
 
     /// Shows what a standard was used for.
     void showUses(const QString& standard);
-    /// Reads what is shown from the database again.
-    void readAgain();
+    void readAgain() override;
+    void focusTable() override;
     /// After log out: shows nothing, and closes the previews.
     void forget();
 

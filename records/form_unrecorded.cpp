@@ -1,6 +1,5 @@
 #include "records/form_unrecorded.h"
 
-#include "records/keys.h"
 #include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
@@ -39,7 +38,7 @@ QTreeWidgetItem* rowOf(const JournalEntry& entry) {
 } // namespace
 
 FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWidget* parent)
-    : QWidget(parent),
+    : RecordsPage(session.ui, parent),
       session_(session),
       folders_(folders),
       LabelFound(changingNote(u"LabelFound"_s, TextId::unrecordedTab)),
@@ -58,7 +57,6 @@ FormUnrecorded::FormUnrecorded(Session& session, const QStringList& folders, QWi
     connectGuarded(ListResults, &QTreeWidget::currentItemChanged, this, session.ui,
                    [this] { showReadings(); });
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session.ui, [this] { readAgain(); });
-    connectKeys(*this, QKeySequence::Refresh, session.ui, [this] { readAgain(); });
     forget();
 }
 
@@ -98,6 +96,10 @@ void FormUnrecorded::tell(const QString& state, bool isAlarming) {
     auto font = LabelFound->font();
     font.setBold(isAlarming);
     LabelFound->setFont(font);
+}
+
+void FormUnrecorded::focusTable() {
+    ListResults->setFocus();
 }
 
 void FormUnrecorded::forget() {

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "data/journal/kept_results.h"
-
-#include <QWidget>
+#include "records/records_page.h"
 
 class QLabel;
 class QListWidget;
@@ -14,14 +13,15 @@ namespace kelvane {
 
 /// The results of this station's journal that have no calibration record: which they are, why, and their
 /// readings. It only looks; the workstation makes the records.
-class FormUnrecorded final : public QWidget {
+class FormUnrecorded final : public RecordsPage {
     Q_OBJECT
   public:
     /// The journal is looked for in these folders. The session has to outlive it.
     FormUnrecorded(Session& session, const QStringList& folders, QWidget* parent = nullptr);
 
-    /// Reads the journal again.
-    void readAgain();
+    /// It reads the journal.
+    void readAgain() override;
+    void focusTable() override;
     /// After log out: shows nothing.
     void forget();
 

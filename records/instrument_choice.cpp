@@ -88,7 +88,8 @@ bool InstrumentChoice::setIn(InstrumentFilter& filter) const {
 }
 
 void InstrumentChoice::chooseKind() {
-    if (!showKind())
+    // Without a connection whoever shows the instruments says so.
+    if (!showKind() && session_.SessionConnected)
         return;
     store();
     Q_EMIT chosen();
@@ -99,7 +100,8 @@ bool InstrumentChoice::showKind() {
     const auto& choice = choices().at(ComboShow->currentIndex());
     QStringList values;
     if (choice.values) {
-        const auto read = instrumentValues(session_, *choice.values);
+        const auto read =
+            session_.SessionConnected ? instrumentValues(session_, *choice.values) : std::nullopt;
         if (!read) {
             const QSignalBlocker quiet(ComboShow);
             ComboShow->setCurrentIndex(row_);

@@ -97,14 +97,16 @@ void InstrumentModel::clear() {
 }
 
 void InstrumentModel::begin() {
-    clear();
     std::shared_ptr<InstrumentReader> reader;
+    bool isRead = false;
     {
+        const QScopedValueRollback asking(isAsking_, true);
         const QScopedValueRollback reading(isReading_, true);
+        clear();
         runGuarded(session_.ui, [&] { reader = std::make_shared<InstrumentReader>(session_, query_); });
+        // Without a reader not even the report of the error could be written.
+        isRead = reader && !reader->hasFailed() && takeBlock(*reader, 0);
     }
-    // Without a reader not even the report of the error could be written.
-    const bool isRead = reader && !reader->hasFailed() && takeBlock(*reader, 0);
     beginResetModel();
     reader_ = std::move(reader);
     hasFailed_ = !isRead;
@@ -128,7 +130,7 @@ void InstrumentModel::readBlock(int block) {
     const auto reader = reader_;
     if (!reader || hasFailed_ || isReading_ || blocks_.contains(block))
         return;
-    const bool isRead = takeBlock(*reader, block);
+    const bool isRead = session_.SessionConnected && takeBlock(*reader, block);
     // The rows may have been forgotten while its error was on the screen.
     if (reader == reader_) {
         hasFailed_ = !isRead;

@@ -54,6 +54,8 @@ class InstrumentModel final : public QAbstractTableModel {
     QString asset(int row) const { return reader_->keyAt(row).asset; }
     /// What the list shows of an instrument: the text that is saved, but for days in words.
     static QString shownText(const InstrumentSummary& instrument, int column);
+    /// A query has been asked that has not answered yet.
+    bool isAsking() const { return isAsking_; }
     /// An error has ended the reading.
     bool hasFailed() const { return hasFailed_; }
 
@@ -87,6 +89,7 @@ class InstrumentModel final : public QAbstractTableModel {
     mutable QList<int> wanted_;
     mutable QTimer wanting_;
     bool hasFailed_ = false;
+    bool isAsking_ = false;
     bool isReading_ = false;
     bool isAskedAgain_ = false;
 };

@@ -13,4 +13,8 @@ namespace kelvane {
 void connectKeys(QWidget& where, const QKeySequence& keys, UserInterface& ui,
                  const std::function<void()>& command);
 
+/// The same while a page is in sight, wherever the focus is in its window.
+void connectPageKeys(QWidget& page, const QKeySequence& keys, UserInterface& ui,
+                     const std::function<void()>& command);
+
 } // namespace kelvane

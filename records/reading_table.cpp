@@ -1,5 +1,6 @@
 #include "records/reading_table.h"
 
+#include "records/table_copy.h"
 #include "ui/controls.h"
 
 #include <QHeaderView>
@@ -32,6 +33,7 @@ QTableWidget* readingTable(const QString& name, TextId accessibleName, const QSt
         nameControl(new QTableWidget(0, static_cast<int>(titles.size())), name, text(accessibleName));
     table->setHorizontalHeaderLabels(titles);
     setUpForReading(*table);
+    bindCopying(*table);
     return table;
 }
 

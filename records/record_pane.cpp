@@ -12,6 +12,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
@@ -98,14 +100,50 @@ void RecordPane::showRecord(const CalibrationRecord& record, const QString& note
     if (!note.isEmpty())
         notes << note;
     LabelNote->setText(notes.join(u'\n'));
-    LabelNote->setVisible(!notes.isEmpty());
+    align();
 }
 
 void RecordPane::showNote(const QString& note) {
     LabelRecord->clear();
     TableLines->hide();
     LabelNote->setText(note);
-    LabelNote->show();
+    align();
+}
+
+void RecordPane::standBeside(RecordPane& other) {
+    beside_ = &other;
+    other.beside_ = this;
+}
+
+void RecordPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    align();
+}
+
+bool RecordPane::hasTable() const {
+    return !TableLines->isHidden();
+}
+
+void RecordPane::align() {
+    align(&RecordPane::LabelRecord);
+    align(&RecordPane::LabelNote);
+}
+
+void RecordPane::align(QLabel* RecordPane::*part) {
+    QList<RecordPane*> panes{this};
+    if (beside_)
+        panes << beside_;
+    int height = 0;
+    for (const auto* pane : std::as_const(panes)) {
+        const auto& label = *(pane->*part);
+        if (pane->hasTable() && !label.text().isEmpty())
+            height = std::max(height, label.heightForWidth(pane->width()));
+    }
+    for (const auto* pane : std::as_const(panes)) {
+        auto& label = *(pane->*part);
+        label.setMinimumHeight(pane->hasTable() ? height : 0);
+        label.setVisible(pane->hasTable() ? height > 0 : !label.text().isEmpty());
+    }
 }
 
 void RecordPane::addLine(const QString& line) {

@@ -2,6 +2,7 @@
 
 #include "data/history/calibrations.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QLabel;
@@ -20,14 +21,24 @@ class RecordPane final : public QWidget {
     void showRecord(const CalibrationRecord& record, const QString& note = {});
     /// Nothing but a note.
     void showNote(const QString& note);
+    /// Lets the tables of both panes begin and end on one line.
+    void standBeside(RecordPane& other);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void align();
+    /// Of a label above or below the tables.
+    void align(QLabel* RecordPane::*part);
+    bool hasTable() const;
     void addLine(const QString& line);
     void addText(const QString& line);
     /// Makes room for a stored line that is wider than its columns.
     void widen();
 
     Session& session_;
+    QPointer<RecordPane> beside_;
     /// Pixels that the widest line as it is stored needs.
     int widestText_ = 0;
     int unreadable_ = 0;

@@ -13,8 +13,10 @@
 #include "ui/guarded.h"
 #include "ui/panels.h"
 #include "ui/status_line.h"
+#include "ui/window_keys.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -29,6 +31,18 @@ namespace kelvane {
 namespace {
 
 constexpr QSize usualSize(1080, 720);
+
+/// In its place stays something as high, so that the first tab with such a button moves nothing.
+void removeCloseButton(QTabBar& tabs, int tab) {
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) {
+        const auto* button = tabs.tabButton(tab, side);
+        if (button == nullptr)
+            continue;
+        auto* room = new QWidget;
+        room->setFixedSize(0, button->height());
+        tabs.setTabButton(tab, side, room);
+    }
+}
 
 } // namespace
 
@@ -45,8 +59,8 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     setObjectName(u"RecordsWindow"_s);
     setWindowTitle(text(TextId::recordsTitle));
     setStatusBar(statusLine_);
-    buildTabs();
     buildMenu();
+    buildTabs();
     setCentralWidget(tabs_);
     resize(usualSize.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
     statusLine_->setConnecting([this] { return offersConnecting(); }, text(TextId::connectAgain));
@@ -71,21 +85,23 @@ RecordsWindow::RecordsWindow(Session& session, RecordsEnvironment environment)
     showSessionState();
 }
 
-RecordsWindow::~RecordsWindow() = default;
+RecordsWindow::~RecordsWindow() {
+    // Its pages come in front once more while they go.
+    tabs_->disconnect(this);
+}
 
 void RecordsWindow::buildTabs() {
     tabs_->setDocumentMode(true);
     tabs_->setTabsClosable(true);
     tabs_->tabBar()->setObjectName(u"qt_tabwidget_tabbar"_s);
     tabs_->tabBar()->setAccessibleName(text(TextId::recordsTitle));
+    QObject::connect(tabs_, &QTabWidget::currentChanged, this, [this] { noteFront(); });
     tabs_->addTab(instruments_, text(TextId::recordsInstruments));
     tabs_->addTab(uses_, text(TextId::usesTab));
     tabs_->addTab(unrecorded_, text(TextId::unrecordedTab));
     tabs_->setTabToolTip(tabs_->addTab(passRate_, text(TextId::passRateTab)), text(TextId::passRateTip));
-    for (int tab = 0; tab < tabs_->count(); ++tab) {
-        for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
-            tabs_->tabBar()->setTabButton(tab, side, nullptr);
-    }
+    for (int tab = 0; tab < tabs_->count(); ++tab)
+        removeCloseButton(*tabs_->tabBar(), tab);
     QObject::connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int tab) { closeTab(tab); });
 }
 
@@ -98,11 +114,11 @@ void RecordsWindow::buildMenu() {
         made->setShortcut(keys);
         return made;
     };
-    auto* close = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
+    close_ = add(TextId::closeCommand, u"mnuClose"_s, QKeySequence(u"Ctrl+W"_s));
     auto* certificate = add(TextId::certificateSettings, u"mnuCertificates"_s, {});
     logOut_ = add(TextId::logOutCommand, u"mnuLogout"_s, QKeySequence(u"Ctrl+L"_s));
     auto* exit = add(TextId::exitCommand, u"mnuExit"_s, QKeySequence(u"Ctrl+Q"_s));
-    connectGuarded(close, &QAction::triggered, this, session_.ui,
+    connectGuarded(close_, &QAction::triggered, this, session_.ui,
                    [this] { closeTab(tabs_->currentIndex()); });
     connectGuarded(certificate, &QAction::triggered, this, session_.ui,
                    [this] { certificates_->editSettings(); });
@@ -114,6 +130,7 @@ void RecordsWindow::buildMenu() {
     };
     changing(u"Ctrl+PgUp"_s, -1);
     changing(u"Ctrl+PgDown"_s, 1);
+    bindMenuKey(*this, session_.ui);
 }
 
 void RecordsWindow::start() {
@@ -142,6 +159,10 @@ void RecordsWindow::askLogin(LoginDialog::Purpose purpose) {
             closeHistories();
         showSessionState();
         readAll();
+        if (purpose == LoginDialog::Purpose::logIn && &page() == instruments_)
+            instruments_->focusFilter();
+        else
+            page().focusTable();
     });
     connectGuarded(dialog, &QDialog::rejected, this, session_.ui, [this, purpose] {
         if (purpose == LoginDialog::Purpose::logIn)
@@ -236,7 +257,18 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
                          runGuarded(session_.ui, [&] { certificates_->show(calibration); });
                      });
     tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
-    history->focusRecords();
+    history->focusTable();
+}
+
+RecordsPage& RecordsWindow::page() const {
+    return *static_cast<RecordsPage*>(tabs_->currentWidget());
+}
+
+void RecordsWindow::noteFront() {
+    auto* front = tabs_->currentWidget();
+    visited_.removeOne(front);
+    visited_ << front;
+    close_->setEnabled(qobject_cast<FormHistory*>(front) != nullptr);
 }
 
 /// Only histories close.
@@ -244,11 +276,15 @@ void RecordsWindow::closeTab(int tab) {
     auto* history = qobject_cast<FormHistory*>(tabs_->widget(tab));
     if (history == nullptr)
         return;
+    visited_.removeOne(history);
+    // Otherwise its neighbour would come in front, and be read, meanwhile.
+    if (tabs_->currentWidget() == history)
+        tabs_->setCurrentWidget(visited_.constLast());
     tabs_->removeTab(tab);
     // Until it goes it is no history of this window any more.
     history->setParent(nullptr);
     history->deleteLater();
-    tabs_->currentWidget()->setFocus();
+    page().focusTable();
 }
 
 void RecordsWindow::closeEvent(QCloseEvent* event) {
@@ -259,6 +295,13 @@ void RecordsWindow::closeEvent(QCloseEvent* event) {
     closeConnection(session_);
     session_.SessionConnected = false;
     event->accept();
+}
+
+void RecordsWindow::keyPressEvent(QKeyEvent* event) {
+    if (auto* clicked = buttonOfReturn(*this, event->key()))
+        clicked->click();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 } // namespace kelvane

@@ -17,6 +17,7 @@ class FormInstruments;
 class FormPassRate;
 class FormStandardUse;
 class FormUnrecorded;
+class RecordsPage;
 class StatusLine;
 
 /// What the window of the records needs of the program around it.
@@ -48,6 +49,7 @@ class RecordsWindow final : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void buildMenu();
@@ -69,6 +71,10 @@ class RecordsWindow final : public QMainWindow {
     void askPackage(const QStringList& assets);
     void writeCertificates(const QStringList& assets);
     void closeTab(int tab);
+    /// Notes which page has come in front.
+    void noteFront();
+    /// Of the tab in front.
+    RecordsPage& page() const;
 
     Session& session_;
     RecordsEnvironment environment_;
@@ -80,6 +86,9 @@ class RecordsWindow final : public QMainWindow {
     StatusLine* statusLine_;
     std::unique_ptr<CertificateWindows> certificates_;
     QAction* logOut_ = nullptr;
+    QAction* close_ = nullptr;
+    /// The pages in the order in which they were last in front.
+    QList<QWidget*> visited_;
     /// From a login to log out, also while the connection is lost.
     bool isLoggedIn_ = false;
 };

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTableView>
 
 namespace kelvane {
@@ -39,6 +40,12 @@ void copySelectedRows(const QTableView& table, const CellText& cellText) {
         return;
     QApplication::clipboard()->setText(
         copiedRows(*table.model(), rows, shownColumns(*table.horizontalHeader()), cellText));
+}
+
+void bindCopying(QTableView& table) {
+    auto* shortcut = new QShortcut(QKeySequence::Copy, &table);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &table, [&table] { copySelectedRows(table); });
 }
 
 } // namespace kelvane

@@ -5,6 +5,7 @@
 #include "ui/guarded.h"
 #include "ui/panels.h"
 #include "ui/whole_text.h"
+#include "ui/window_keys.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -192,10 +193,9 @@ void ChildWindow::storePosition() {
 QPushButton* ChildWindow::buttonFor(int key) const {
     if (key == Qt::Key_Escape)
         return cancelButton_;
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return nullptr;
-    auto* focused = qobject_cast<QPushButton*>(focusWidget());
-    return focused && focused->hasFocus() ? focused : defaultButton_;
+    if (auto* focused = buttonOfReturn(*this, key))
+        return focused;
+    return key == Qt::Key_Return || key == Qt::Key_Enter ? defaultButton_ : nullptr;
 }
 
 void ChildWindow::keyPressEvent(QKeyEvent* event) {

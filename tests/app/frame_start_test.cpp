@@ -3,9 +3,9 @@
 #include "platform/version.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
+#include "testkit/letters_of_size.h"
 #include "testkit/program_fixture.h"
 #include "testkit/screen_controls.h"
-#include "tests/app/letters_of_size.h"
 #include "ui/colors.h"
 #include "ui/status_line.h"
 

@@ -3,7 +3,7 @@
 #include "resources/languages.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
-#include "tests/app/letters_of_size.h"
+#include "testkit/letters_of_size.h"
 #include "tests/app/screens.h"
 #include "ui/status_line.h"
 #include "ui/style.h"

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -80,6 +81,22 @@ TEST_F(CertificateSettingsEntered, TakeNoGuardBandBeyondTheTolerance) {
         EXPECT_GE(guardBand().value(), 0);
         EXPECT_LE(guardBand().value(), 100);
     }
+}
+
+TEST_F(CertificateSettingsEntered, FitASmallScreenInGermanAndLargeLetters) {
+    const ShownIn german(u"de"_s);
+    const LettersOfSize large(15);
+    open();
+    EXPECT_LE(dialog->minimumSizeHint().width(), smallScreen.width());
+    EXPECT_LE(dialog->minimumSizeHint().height(), smallScreen.height());
+    EXPECT_LE(dialog->height(), dialog->screen()->availableSize().height());
+    dialog->resize(dialog->width(), 400);
+    const auto& last = control<QLineEdit>(*dialog, u"TextFileName"_s);
+    EXPECT_TRUE(last.visibleRegion().isEmpty());
+    while (QApplication::focusWidget() != &last)
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Tab);
+    EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
+    EXPECT_TRUE(control<QPushButton>(*dialog, u"CommandOk"_s).visibleRegion().boundingRect().isValid());
 }
 
 TEST_F(CertificateSettingsEntered, AreSeenWhole) {

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -163,6 +164,60 @@ TEST_F(HistoryScreen, ComparesTwoRecords) {
     EXPECT_EQ(detail(TextId::listResult, 2), u"failed"_s);
     pick(compare(), text(TextId::historyPair));
     EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyFoundLeft));
+}
+
+TEST_F(HistoryScreen, ReadAgainStaysAtTheRecordsThatAreCompared) {
+    open();
+    choose(1);
+    compare().setCurrentIndex(3);
+    const auto left = label(u"LabelRecordLeft"_s);
+    const auto right = label(u"LabelRecordRight"_s);
+    // A newer one moves them down.
+    addRecord(0, u"FOUND-LEFT"_s, u"Y"_s);
+    QTest::keyClick(form.get(), Qt::Key_F5);
+    ASSERT_EQ(records().rowCount(), 4);
+    EXPECT_EQ(records().currentRow(), 2);
+    EXPECT_EQ(compare().currentIndex(), 4);
+    EXPECT_EQ(label(u"LabelRecordLeft"_s), left);
+    EXPECT_EQ(label(u"LabelRecordRight"_s), right);
+    write(u"delete from mt.calibration where mtag = '1401' and ctag = (select min(ctag) from mt.calibration "
+          "where mtag = '1401')"_s);
+    QTest::keyClick(form.get(), Qt::Key_F5);
+    EXPECT_EQ(label(u"LabelRecordLeft"_s), left);
+    EXPECT_EQ(compare().currentIndex(), 0) << "the compared record is gone";
+}
+
+TEST_F(HistoryScreen, HasBothSidesOnOneLine) {
+    addRecord(-1, u"AS-FOUND"_s, u"N"_s);
+    addRecord(0, u"AS-LEFT"_s, u"Y"_s);
+    open();
+    const auto place = [&](const QString& name) {
+        const auto& widget = control<QWidget>(*form, name);
+        return QRect(widget.mapTo(form.get(), QPoint()), widget.size());
+    };
+    for (const int width : {1000, 600}) {
+        form->resize(width, 700);
+        QCoreApplication::processEvents();
+        const auto left = place(u"TableLinesLeft"_s);
+        const auto right = place(u"TableLinesRight"_s);
+        EXPECT_EQ(left.top(), right.top()) << width;
+        EXPECT_EQ(left.bottom(), right.bottom()) << width << ": only the right side has a note";
+        EXPECT_GE(place(u"LabelNoteRight"_s).top(), right.bottom());
+    }
+    choose(2);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyFoundLeft));
+    EXPECT_EQ(place(u"LabelNoteRight"_s).top(), place(u"LabelRecordLeft"_s).top());
+    EXPECT_FALSE(control<QLabel>(*form, u"LabelNoteLeft"_s).isVisible());
+}
+
+TEST_F(HistoryScreen, ReadAgainFillsItsWidth) {
+    open();
+    const auto& header = *records().horizontalHeader();
+    ASSERT_EQ(header.length(), records().viewport()->width());
+    form->resize(1300, 700);
+    QTest::keyClick(form.get(), Qt::Key_F5);
+    EXPECT_EQ(header.length(), records().viewport()->width());
 }
 
 TEST_F(HistoryScreen, OfNothingButNullsIsShown) {

@@ -292,6 +292,15 @@ TEST_F(InstrumentsScreen, OfADatabaseThatFailsNeverSaysThatTheseAreAll) {
     EXPECT_EQ(screen.state(), text(TextId::recordsIncomplete));
 }
 
+TEST_F(InstrumentsScreen, BehindTheBoxOfAFailedReadingNothingIsSaidOfTheInstruments) {
+    closeConnection(session);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,instruments"_s);
+    QString behind = u"nothing came"_s;
+    ui.onBox = [&] { behind = screen.state(); };
+    QTest::keyClick(&screen.table(), Qt::Key_F5);
+    EXPECT_EQ(behind, QString());
+}
+
 TEST_F(InstrumentsScreen, AfterLogOutShowsNothing) {
     screen.type(u"pt-1"_s);
     screen.form.forget();
@@ -324,7 +333,8 @@ TEST_F(InstrumentsOfALostDatabase, StayAndAreToldToBeNotAll) {
     EXPECT_EQ(screen.state(), text(TextId::recordsShown).arg(1000));
     ui.expectReport(10054, u"History,instruments"_s);
     screen.table().scrollTo(screen.rows().index(340, 0));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return screen.state() == text(TextId::recordsIncomplete); }));
+    const auto told = text(TextId::connectionLost) + u' ' + text(TextId::recordsIncomplete);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen.state() == told; }));
     EXPECT_EQ(screen.cell(340, 0), u"I-00340"_s);
     screen.table().scrollToBottom();
     QTest::qWait(20);

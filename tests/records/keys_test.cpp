@@ -18,7 +18,9 @@ TEST(Keys, CarryOutTheirCommandWhereTheFocusIsWithin) {
     column->addWidget(page);
     column->addWidget(beside);
     int carriedOut = 0;
+    int onPage = 0;
     connectKeys(*page, QKeySequence::Refresh, ui, [&] { ++carriedOut; });
+    connectPageKeys(*page, QKeySequence::Find, ui, [&] { ++onPage; });
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -28,6 +30,11 @@ TEST(Keys, CarryOutTheirCommandWhereTheFocusIsWithin) {
     beside->setFocus();
     QTest::keyClick(beside, Qt::Key_F5);
     EXPECT_EQ(carriedOut, 1);
+    QTest::keyClick(beside, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(onPage, 1) << "wherever the focus is";
+    page->hide();
+    QTest::keyClick(beside, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(onPage, 1);
 }
 
 } // namespace kelvane::testing

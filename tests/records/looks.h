@@ -1,6 +1,7 @@
 #pragma once
 
 #include "resources/languages.h"
+#include "testkit/letters_of_size.h"
 #include "testkit/shown_in.h"
 
 #include <QAbstractButton>
@@ -28,6 +29,9 @@ inline bool isCutOff(const QWidget& widget) {
                widget.sizeHint().height() > widget.height();
     return false;
 }
+
+/// What a screen of 1024 x 768 has for a window between its frame and a panel of the desktop.
+constexpr QSize smallScreen(1024, 700);
 
 /// Shows a window in both languages and in letters of 9 to 14 points, and keeps its pictures. Every control
 /// has to be seen whole and to have its names.

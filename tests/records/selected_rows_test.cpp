@@ -23,6 +23,24 @@ TEST(SelectedRows, AreEachNamedOnceFromTheTop) {
     EXPECT_EQ(selectedRows(view), (QList<int>{1, 2, 4, 5}));
     view.selectAll();
     EXPECT_EQ(selectedRows(view).size(), 6);
+    for (const auto& rows : {QList<int>{0, 2, 3, 5}, {1}, {}}) {
+        selectRows(view, rows);
+        EXPECT_EQ(selectedRows(view), rows);
+    }
+    EXPECT_FALSE(selection.hasSelection());
+}
+
+TEST(SelectedRows, LetTheCurrentRowBeOpenedOnlyWhileNoneIsSelected) {
+    QStandardItemModel model(3, 2);
+    QTableView view;
+    view.setModel(&model);
+    EXPECT_EQ(rowToOpen(view), std::nullopt);
+    view.selectionModel()->setCurrentIndex(model.index(2, 0), QItemSelectionModel::NoUpdate);
+    EXPECT_EQ(rowToOpen(view), 2);
+    selectRows(view, {1});
+    EXPECT_EQ(rowToOpen(view), 1);
+    selectRows(view, {0, 1});
+    EXPECT_EQ(rowToOpen(view), std::nullopt);
 }
 
 } // namespace kelvane::testing
