@@ -1,6 +1,7 @@
 #include "records/form_instruments.h"
 
 #include "records/column_menu.h"
+#include "records/growing_columns.h"
 #include "records/instrument_choice.h"
 #include "records/instrument_list.h"
 #include "records/keys.h"
@@ -33,6 +34,7 @@ const auto tableName = u"Instruments"_s;
 constexpr int typingPause = 150;
 /// Of a column that has not been made wider by hand, in characters.
 constexpr int widestColumn = 32;
+constexpr qsizetype mostMeasured = 100;
 
 QList<SavedColumn> savedColumns() {
     QList<SavedColumn> saved;
@@ -79,6 +81,7 @@ FormInstruments::FormInstruments(Session& session, QWidget* parent)
 void FormInstruments::setUpTable() {
     TableInstruments->setModel(model_);
     setUpForReading(*TableInstruments);
+    columns_ = new GrowingColumns(*TableInstruments, widestColumn);
     TableInstruments->installEventFilter(this);
     auto* header = TableInstruments->horizontalHeader();
     header->setSectionsMovable(true);
@@ -88,8 +91,10 @@ void FormInstruments::setUpTable() {
     // Their widths are those of what is in sight; more would be read only for that.
     header->setResizeContentsPrecision(0);
     header->setSortIndicator(0, Qt::AscendingOrder);
-    runGuarded(session_.ui,
-               [&] { hasWidths_ = restoreColumns(session_, tableName, savedColumns(), *header); });
+    runGuarded(session_.ui, [&] {
+        if (restoreColumns(session_, tableName, savedColumns(), *header))
+            columns_->keep();
+    });
 }
 
 void FormInstruments::layOut() {
@@ -184,10 +189,26 @@ void FormInstruments::ask() {
         model_->ask(query_);
     else
         model_->clear();
-    if (hasWidths_ || model_->rowCount() == 0)
-        return;
-    fitColumns(*TableInstruments, widestColumn);
-    hasWidths_ = true;
+    if (model_->rowCount() > 0)
+        growColumns();
+}
+
+/// Asset numbers that begin alike can be told apart only by their ends: that column is as wide as any of them
+/// needs, in sight or not.
+void FormInstruments::growColumns() {
+    columns_->grow();
+    QStringList longest;
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const auto asset = model_->asset(row);
+        if (!longest.isEmpty() && asset.size() > longest.constFirst().size())
+            longest.clear();
+        // Of equally long ones a few tell enough.
+        if (longest.isEmpty() ||
+            (asset.size() == longest.constFirst().size() && longest.size() < mostMeasured))
+            longest << asset;
+    }
+    for (const auto& asset : std::as_const(longest))
+        columns_->growFor(0, asset);
 }
 
 void FormInstruments::readAgain() {
@@ -243,8 +264,8 @@ void FormInstruments::forget() {
 }
 
 void FormInstruments::storeLayout() {
-    if (hasWidths_)
-        storeColumns(session_, tableName, savedColumns(), *TableInstruments->horizontalHeader());
+    storeColumns(session_, tableName, savedColumns(), *TableInstruments->horizontalHeader(),
+                 columns_->areKept());
 }
 
 QString FormInstruments::state() const {

@@ -13,6 +13,7 @@ class QTableView;
 
 namespace kelvane {
 
+class GrowingColumns;
 class InstrumentChoice;
 
 /// The list of instruments: a filter as it is typed, a choice of filters, the table, and what can be done
@@ -52,6 +53,7 @@ class FormInstruments final : public RecordsPage {
     void connectHeader();
     /// Runs the query of what is chosen and typed.
     void ask();
+    void growColumns();
     void keepPlace();
     void returnToPlace();
     void showState();
@@ -70,6 +72,7 @@ class FormInstruments final : public RecordsPage {
     Session& session_;
     InstrumentModel* model_;
     QTimer typing_;
+    GrowingColumns* columns_;
     InstrumentQuery query_;
     /// The asset numbers that were selected, and that of the current row.
     QStringList selected_;
@@ -79,7 +82,6 @@ class FormInstruments final : public RecordsPage {
     bool isAsked_ = false;
     /// The choice of the last time.
     bool isRestored_ = false;
-    bool hasWidths_ = false;
 
     QLineEdit* TextFilter;
     InstrumentChoice* choice_;

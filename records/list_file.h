@@ -4,7 +4,6 @@
 #include "platform/whole_file.h"
 #include "platform/workstation.h"
 
-
 #include <optional>
 
 class QWidget;

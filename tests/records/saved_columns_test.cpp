@@ -36,7 +36,7 @@ TEST_F(SavedColumns, ComeBackInOrderWidthAndChoice) {
     header().setSectionHidden(1, true);
     header().setSectionHidden(2, false);
     header().resizeSection(0, 234);
-    storeColumns(session, u"Instruments"_s, columns, header());
+    storeColumns(session, u"Instruments"_s, columns, header(), true);
 
     QTableView again;
     again.setModel(&model);
@@ -45,11 +45,25 @@ TEST_F(SavedColumns, ComeBackInOrderWidthAndChoice) {
     EXPECT_EQ(again.columnWidth(0), 234);
 }
 
+TEST_F(SavedColumns, ComeBackWithoutWidthsThatNobodyHasSet) {
+    restore({});
+    header().moveSection(3, 0);
+    header().resizeSection(0, 234);
+    storeColumns(session, u"Instruments"_s, columns, header(), false);
+    EXPECT_EQ(settings.values.value(u"Records/Instruments"_s), u"Due,Asset,Model,-Serial"_s);
+
+    QTableView again;
+    again.setModel(&model);
+    EXPECT_FALSE(restoreColumns(session, u"Instruments"_s, columns, *again.horizontalHeader()));
+    EXPECT_EQ(shownColumns(*again.horizontalHeader()), (QList<int>{3, 0, 1}));
+    EXPECT_NE(again.columnWidth(0), 234);
+}
+
 TEST_F(SavedColumns, AreStoredOnlyWhenTheyHaveChanged) {
     restore({});
-    storeColumns(session, u"Instruments"_s, columns, header());
+    storeColumns(session, u"Instruments"_s, columns, header(), true);
     EXPECT_EQ(settings.writes.size(), 1);
-    storeColumns(session, u"Instruments"_s, columns, header());
+    storeColumns(session, u"Instruments"_s, columns, header(), true);
     EXPECT_EQ(settings.writes.size(), 1);
 }
 
@@ -62,6 +76,7 @@ TEST_F(SavedColumns, OfSettingsThatWereEditedByHandStayUsable) {
                              {u"Other=100,Model=90,Model=80"_s, {1, 0, 3}},
                              {u"-Asset=1,-Model=1,-Serial=1,-Due=1"_s, {0}},
                              {u"nonsense"_s, {0, 1, 3}},
+                             {u"Asset=,Due=x,Model=-1"_s, {0, 1, 3}},
                              {u"=,=;-"_s, {0, 1, 3}}}) {
         QTableView fresh;
         fresh.setModel(&model);
