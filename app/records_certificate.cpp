@@ -35,7 +35,7 @@ bool writeCertificateFile(Session& session, const RecordsRequest& request, const
         return false;
     if (!instrument.found)
         throw ProgramAnswer{u"there is no asset %1"_s.arg(request.asset), 1};
-    const auto records = calibrationsOf(session, request.asset);
+    const auto records = calibrationsOf(session, instrument.found->asset);
     if (!records)
         return false;
     const auto calibration = calibrationOf(session, *instrument.found, *records, request);

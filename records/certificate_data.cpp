@@ -1,5 +1,6 @@
 #include "records/certificate_data.h"
 
+#include "platform/values/texts.h"
 #include "records/certificate_results.h"
 #include "records/certificate_standards.h"
 #include "records/lists.h"
@@ -83,7 +84,7 @@ QString firstStated(const QString& first, const QString& second) {
 }
 
 void addItem(const InstrumentSummary& instrument, QJsonObject& values) {
-    values["asset"_L1] = stated(instrument.asset);
+    values["asset"_L1] = stated(withoutBlanksAtEnd(instrument.asset));
     values["description"_L1] = stated(instrument.description);
     values["manufacturer"_L1] = stated(instrument.manufacturer);
     values["model"_L1] = stated(instrument.model);

@@ -1,5 +1,6 @@
 #include "records/certificate_names.h"
 
+#include "platform/values/texts.h"
 #include "records/file_names.h"
 
 #include <QRegularExpression>
@@ -57,7 +58,7 @@ QString safe(QString name) {
 } // namespace
 
 CertificateNaming certificateNaming(const Session& session, const CertifiedCalibration& calibration) {
-    return {.asset = calibration.instrument.asset,
+    return {.asset = withoutBlanksAtEnd(calibration.instrument.asset),
             .date = certificateDate(calibration),
             .number = certificateNumber(session, calibration),
             .serial = calibration.instrument.serial};

@@ -1,5 +1,6 @@
 #include "records/certificate_run.h"
 
+#include "platform/values/texts.h"
 #include "records/certificate_names.h"
 #include "reports/report_error.h"
 #include "resources/strings.h"
@@ -34,7 +35,7 @@ class Run {
         if (calibration)
             write(asset, *calibration);
         else
-            outcome.failures << text(TextId::certificateNoRecord).arg(asset);
+            outcome.failures << text(TextId::certificateNoRecord).arg(withoutBlanksAtEnd(asset));
         return true;
     }
 
@@ -51,7 +52,7 @@ class Run {
         }
     }
     void fail(const QString& asset, const QString& reason) {
-        outcome.failures << u"%1: %2"_s.arg(asset, reason);
+        outcome.failures << u"%1: %2"_s.arg(withoutBlanksAtEnd(asset), reason);
     }
 
     Session& session_;

@@ -153,7 +153,7 @@ void FormStandardUse::offerStandards() {
     areOffered_ = true;
     QStringList assets;
     for (const auto& standard : usedStandards(session_).value_or(QList<Standard>()))
-        assets << standard.asset;
+        assets << withoutBlanksAtEnd(standard.asset);
     standards_->setStringList(assets);
 }
 
@@ -175,7 +175,8 @@ void FormStandardUse::focusTable() {
 }
 
 void FormStandardUse::ask() {
-    const auto asset = trimBlanks(TextStandard->text());
+    const auto typed = TextStandard->text();
+    const auto asset = trimBlanks(typed);
     LabelOutcome->hide();
     if (asset.isEmpty()) {
         TextStandard->setFocus();
@@ -183,12 +184,13 @@ void FormStandardUse::ask() {
     }
     const BusyPointer busy(session_.ui);
     const auto since = DateSince->date();
-    if (!session_.SessionConnected && asset == list_.standard.asset && since == list_.since) {
+    if (!session_.SessionConnected && asset == withoutBlanksAtEnd(list_.standard.asset) &&
+        since == list_.since) {
         tell(text(TextId::connectionLost), true);
         return;
     }
     const auto standard =
-        session_.SessionConnected ? standardOf(session_, asset) : Lookup<Standard>{.hasFailed = true};
+        session_.SessionConnected ? standardOf(session_, typed) : Lookup<Standard>{.hasFailed = true};
     std::optional<QList<StandardUse>> uses;
     if (standard.found)
         uses = usesOfStandard(session_, standard.found->asset, since);
@@ -240,7 +242,8 @@ void FormStandardUse::openHistory() {
 }
 
 void FormStandardUse::save() {
-    const auto file = askListFile(session_, this, text(TextId::usesTab) + u' ' + list_.standard.asset);
+    const auto file =
+        askListFile(session_, this, text(TextId::usesTab) + u' ' + withoutBlanksAtEnd(list_.standard.asset));
     if (!file)
         return;
     const BusyPointer busy(session_.ui);

@@ -1,6 +1,7 @@
 #include "records/records_window.h"
 
 #include "data/session_values.h"
+#include "platform/values/texts.h"
 #include "platform/version.h"
 #include "records/certificate_windows.h"
 #include "records/form_history.h"
@@ -256,7 +257,8 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
                      [this](const CertifiedCalibration& calibration) {
                          runGuarded(session_.ui, [&] { certificates_->show(calibration); });
                      });
-    tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
+    tabs_->setCurrentIndex(
+        tabs_->addTab(history, withoutBlanksAtEnd(instrument.asset).replace(u'&', u"&&"_s)));
     history->focusTable();
 }
 

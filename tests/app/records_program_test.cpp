@@ -229,6 +229,13 @@ TEST_F(RecordsProgram, WritesACertificateWithoutADisplay) {
     EXPECT_TRUE(pdfText(u"PT 101.pdf"_s).contains(u"MT-"_s + oldest));
 }
 
+TEST_F(RecordsProgram, WritesTheCertificateOfANumberThatIsFilledUpWithBlanks) {
+    execute(u"update mt.inventory set i4201 = 'PT-101    ' where i4201 = 'PT-101'"_s);
+    EXPECT_EQ(certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s}).status, 0);
+    const auto page = pdfText(u"a.pdf"_s);
+    EXPECT_TRUE(page.contains(u"PT-101"_s) && page.contains(u"psig"_s)) << page.toStdString();
+}
+
 TEST_F(RecordsProgram, WarnsOfACertificateThatWasWrittenWithoutAResultTemplate) {
     const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s});
     expectTold(ending, 0, u"there is no result template (rslt_db.frm): the result lines of PT-101 stand"_s);

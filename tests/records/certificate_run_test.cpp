@@ -36,6 +36,16 @@ TEST_F(CertificateRunOnDatabase, WritesAFileForEachInstrumentByTheRule) {
     EXPECT_TRUE(files().contains(u"PT-102 MT-%1.pdf"_s.arg(ctag))) << files().join(u'\n').toStdString();
 }
 
+TEST_F(CertificateRunOnDatabase, NamesAnInstrumentWithoutTheBlanksThatFillUpItsNumber) {
+    settings.values[u"Certificate/FileName"_s] = u"{asset} of"_s;
+    write(u"update mt.inventory set i4201 = 'PT-101   ' where i4201 = 'PT-101'"_s);
+    write(u"update mt.inventory set i4201 = 'PM-300   ' where i4201 = 'PM-300'"_s);
+    const auto done = run({u"PT-101   "_s, u"PM-300   "_s});
+    EXPECT_EQ(done.written, 1);
+    EXPECT_EQ(files(), QStringList(u"PT-101 of.pdf"_s));
+    EXPECT_EQ(done.failures, QStringList(u"PM-300 has no calibration record."_s));
+}
+
 TEST_F(CertificateRunOnDatabase, TakesNoRecordOfTheFuture) {
     settings.values[u"Certificate/FileName"_s] = u"{number}"_s;
     const auto newest = value(u"select max(ctag) from mt.calibration where mtag = '1401'"_s);

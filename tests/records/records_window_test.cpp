@@ -62,6 +62,18 @@ TEST_F(RecordsWindowOnDatabase, TheFirstHistoryMovesNothing) {
     EXPECT_EQ(row.height(), before);
 }
 
+TEST_F(RecordsWindowOnDatabase, OpensTheHistoryOfANumberThatIsFilledUpWithBlanks) {
+    write(u"update mt.inventory set i4201 = 'PT-101    ' where i4201 = 'PT-101'"_s);
+    start();
+    int row = 0;
+    while (row < table().model()->rowCount() && asset(row) != u"PT-101"_s)
+        ++row;
+    openHistory(row);
+    EXPECT_EQ(histories(), QStringList(u"PT-101"_s));
+    EXPECT_EQ(control<QTableView>(window, u"TableRecords"_s).model()->rowCount(), 3);
+    closeHistories();
+}
+
 TEST_F(RecordsWindowOnDatabase, AfterLogOutShowsNothingOfTheSession) {
     start();
     openHistory(0);
