@@ -156,7 +156,8 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.rule = DecisionRule::simpleAcceptance;
     auto shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"as found: Not all points conform to the limits that are stated.\nas left: All points conform "
+              u"as found: Not all points conform under the decision rule that is stated.\nas left: All "
+              u"points conform "
               u"to the limits that are stated.\nDecision rule: simple "
               "acceptance; a reading within its limits conforms."_s);
     EXPECT_EQ(row(shown, u"resultsFound"_s, 1).section(u'|', -1), u"failed"_s);
@@ -165,7 +166,8 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.guardBand = 20;
     shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"Not all points conform to the limits that are stated.\nDecision rule: guard band; a reading "
+              u"Not all points conform under the decision rule that is stated.\nDecision rule: guard band; a "
+              u"reading "
               u"conforms when its error is at "
               "most 80 percent of the tolerance."_s);
     EXPECT_EQ(row(shown, u"resultsLeft"_s, 1).section(u'|', -1), u"failed"_s) << "85 percent";
