@@ -38,7 +38,9 @@ bool writeCertificateFile(Session& session, const RecordsRequest& request, const
     const auto records = calibrationsOf(session, instrument.found->asset);
     if (!records)
         return false;
-    const auto calibration = calibrationOf(session, *instrument.found, *records, request);
+    auto calibration = calibrationOf(session, *instrument.found, *records, request);
+    if (!readCustomer(session, calibration))
+        return false;
     try {
         writeCertificate(session, calibration, readCertificateForm(session, folders), request.file);
     } catch (const ReportError& error) {

@@ -62,6 +62,8 @@ void CertificateWindows::show(CertifiedCalibration calibration) {
     if (!instrument.found)
         return;
     calibration.instrument = *instrument.found;
+    if (!readCustomer(session_, calibration))
+        return;
     try {
         const BusyPointer busy(session_.ui);
         auto preview =

@@ -254,6 +254,14 @@ TEST_F(RecordsProgram, TellsWhyThereIsNoCertificate) {
     EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
 }
 
+TEST_F(RecordsProgram, TellsTheCauseWhenTheCustomerOfACertificateCanNotBeRead) {
+    database.executeElsewhere(u"alter table mt.customers rename column k4601 to name"_s);
+    const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s});
+    expectTold(ending, 1, QString());
+    EXPECT_TRUE(ending.errors.contains(u"k4601"_s)) << ending.errors.toStdString();
+    EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
+}
+
 TEST_F(RecordsProgram, WithoutAListTellsWhatThereIs) {
     expectTold(runProgram({u"--csv"_s}), 2, u"it lists what is due (--due), what is overdue (--overdue), "_s);
 }

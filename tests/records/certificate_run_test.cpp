@@ -1,12 +1,29 @@
 #include "records/certificate_run.h"
 
 #include "data/start_up.h"
+#include "testkit/forwarding_connection.h"
 #include "tests/records/reading_session.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace kelvane::testing {
+
+namespace {
+
+/// Of a database without the table of customers.
+class WithoutCustomers final : public ForwardingConnection {
+  public:
+    using ForwardingConnection::ForwardingConnection;
+
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
+        if (statement.contains(u"customers"_s))
+            throw Error{7, u"no such table"_s};
+        return ForwardingConnection::select(statement, rows);
+    }
+};
+
+} // namespace
 
 class CertificateRunOnDatabase : public ReadingSession {
   protected:
@@ -98,6 +115,24 @@ TEST_F(CertificateRunOnDatabase, EndsWhenTheRecordsCanNotBeRead) {
     EXPECT_TRUE(done.isEnded);
     EXPECT_EQ(done.failures, QStringList(u"PT-101: The records could not be read."_s));
     EXPECT_EQ(files(), QStringList());
+}
+
+class CertificateRunWithoutCustomers : public ::testing::Test,
+                                       protected WithScriptedOperator,
+                                       protected LoggedInSession {
+  protected:
+    CertificateRunWithoutCustomers()
+        : LoggedInSession(ui, users::technician,
+                          [] { return std::make_unique<WithoutCustomers>(openConnections()()); }) {}
+};
+
+TEST_F(CertificateRunWithoutCustomers, EndsAtTheFirstCertificateAndTellsItOnce) {
+    ui.expectReport(7, u"History,customer"_s);
+    const auto done = writeCertificates(session, {u"PT-101"_s, u"PT-102"_s}, readCertificateForm(session, {}),
+                                        folder.path(), [](qsizetype, const QString&) { return true; });
+    EXPECT_TRUE(done.isEnded);
+    EXPECT_EQ(done.written, 0);
+    EXPECT_EQ(done.failures, QStringList(u"PT-101: The records could not be read."_s));
 }
 
 } // namespace kelvane::testing
