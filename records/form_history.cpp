@@ -11,6 +11,7 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
+#include "ui/whole_text.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -74,7 +75,7 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
     : RecordsPage(session.ui, parent),
       session_(session),
       instrument_(instrument),
-      LabelInstrument(changingNote(u"LabelInstrument"_s, TextId::recordsHistory)),
+      LabelInstrument(nameControl(new ElidedLabel, u"LabelInstrument"_s, text(TextId::recordsHistory))),
       TableRecords(historyTable(u"TableRecords"_s, TextId::historyRecordsTip, captionsOf(listedTitles))),
       LabelState(label(u"LabelState"_s, TextId::historyRecords)),
       ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),

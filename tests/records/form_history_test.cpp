@@ -242,6 +242,18 @@ TEST_F(HistoryScreen, OfANumberThatIsFilledUpWithBlanksShowsItWithoutThem) {
     EXPECT_TRUE(title.startsWith(u"PT-101: "_s)) << title.toStdString();
 }
 
+TEST_F(HistoryScreen, OfALongNumberIsNoWiderThanOfAShortOne) {
+    open();
+    const auto width = form->minimumSizeHint().width();
+    const auto asset = QString(4000, u'W');
+    write(u"update mt.inventory set i4201 = '%1' where i4201 = 'PT-101'"_s.arg(asset));
+    open(asset);
+    EXPECT_EQ(records().rowCount(), 3);
+    EXPECT_EQ(form->minimumSizeHint().width(), width);
+    control<QTabWidget>(*form, u"TabsHistory"_s).setCurrentIndex(2);
+    EXPECT_EQ(form->minimumSizeHint().width(), width);
+}
+
 TEST_F(HistoryScreen, OfAnInstrumentWithoutRecordsSaysSo) {
     open(u"PM-300"_s);
     EXPECT_EQ(label(u"LabelState"_s), text(TextId::historyNone));
