@@ -147,14 +147,16 @@ void FormStandardUse::showEvent(QShowEvent* event) {
         runGuarded(session_.ui, [this] { offerStandards(); });
 }
 
-void FormStandardUse::offerStandards() {
+bool FormStandardUse::offerStandards() {
     const BusyPointer busy(session_.ui);
     // Only once: a database that fails is told once.
     areOffered_ = true;
     QStringList assets;
-    for (const auto& standard : usedStandards(session_).value_or(QList<Standard>()))
+    const auto standards = usedStandards(session_);
+    for (const auto& standard : standards.value_or(QList<Standard>()))
         assets << withoutBlanksAtEnd(standard.asset);
     standards_->setStringList(assets);
+    return standards.has_value();
 }
 
 void FormStandardUse::showUses(const QString& standard) {
@@ -164,8 +166,10 @@ void FormStandardUse::showUses(const QString& standard) {
 
 void FormStandardUse::readAgain() {
     areOffered_ = false;
-    if (isVisible() && session_.SessionConnected)
-        offerStandards();
+    const bool isRead = !isVisible() || !session_.SessionConnected || offerStandards();
+    // What has failed is told; of a connection that is lost the list says it without asking.
+    if (!isRead && session_.SessionConnected)
+        return;
     if (!list_.standard.asset.isEmpty())
         ask();
 }

@@ -283,6 +283,16 @@ TEST_F(StandardUseScreen, OfADatabaseThatFailsShowsNothingAndSaysSo) {
     EXPECT_EQ(state(), text(TextId::historyNotRead));
 }
 
+TEST_F(StandardUseScreen, TellsALostConnectionOnceWhenItReadsAgain) {
+    open();
+    ask(u"DMM-01"_s);
+    const auto before = ctags();
+    closeConnection(session);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,usedStandards"_s);
+    QTest::keyClick(&table(), Qt::Key_F5);
+    EXPECT_EQ(ctags(), before);
+}
+
 TEST_F(StandardUseScreen, ReadsAgainWhatItShows) {
     open();
     ask(u"DMM-01"_s);
