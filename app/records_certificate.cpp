@@ -35,10 +35,12 @@ bool writeCertificateFile(Session& session, const RecordsRequest& request, const
         return false;
     if (!instrument.found)
         throw ProgramAnswer{u"there is no asset %1"_s.arg(request.asset), 1};
-    const auto records = calibrationsOf(session, request.asset);
+    const auto records = calibrationsOf(session, instrument.found->asset);
     if (!records)
         return false;
-    const auto calibration = calibrationOf(session, *instrument.found, *records, request);
+    auto calibration = calibrationOf(session, *instrument.found, *records, request);
+    if (!readCustomer(session, calibration))
+        return false;
     try {
         writeCertificate(session, calibration, readCertificateForm(session, folders), request.file);
     } catch (const ReportError& error) {

@@ -1,10 +1,8 @@
 #include "app/records_list.h"
 
-#include "data/assets/assets.h"
-#include "data/routine.h"
+#include "data/history/asset_number.h"
 #include "platform/whole_file.h"
 #include "records/lists.h"
-
 
 #include <cstdio>
 
@@ -16,14 +14,12 @@ namespace {
 
 constexpr qsizetype blockSize = 1000;
 
-/// False after an error.
-bool requireAsset(Session& session, const QString& asset) {
-    Routine routine(session, u"Records,requireAsset"_s);
-    const auto isKnown =
-        routine.resultOf([&] { return ModuleGlobals::isInInventory(session, routine, asset); });
-    if (isKnown == false)
+/// The number as it is stored; nothing after an error.
+std::optional<QString> requiredAsset(Session& session, const QString& asset) {
+    const auto stored = storedAssetNumber(session, asset);
+    if (stored.isAbsent())
         throw ProgramAnswer{u"there is no asset %1"_s.arg(asset), 1};
-    return isKnown.has_value();
+    return stored.found;
 }
 
 template <class Row>
@@ -48,15 +44,17 @@ std::optional<QByteArray> dueInstruments(Session& session, const RecordsRequest&
 }
 
 std::optional<QByteArray> uses(Session& session, const RecordsRequest& request) {
-    if (!requireAsset(session, request.asset))
+    const auto standard = requiredAsset(session, request.asset);
+    if (!standard)
         return {};
-    return bytesOf(standardUseColumns(), usesOfStandard(session, request.asset, request.since), request.form);
+    return bytesOf(standardUseColumns(), usesOfStandard(session, *standard, request.since), request.form);
 }
 
 std::optional<QByteArray> history(Session& session, const RecordsRequest& request) {
-    if (!requireAsset(session, request.asset))
+    const auto asset = requiredAsset(session, request.asset);
+    if (!asset)
         return {};
-    return bytesOf(calibrationColumns(), calibrationsOf(session, request.asset), request.form);
+    return bytesOf(calibrationColumns(), calibrationsOf(session, *asset), request.form);
 }
 
 struct ListMaker {

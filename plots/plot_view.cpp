@@ -118,14 +118,15 @@ std::optional<PlotPlace> PlotView::pointNear(const QPointF& position) const {
     return nearest;
 }
 
-/// Shows the values of the marked point, or takes those of an earlier one away.
+/// Shows the values of the marked point, or takes those of an earlier one away. Without a mark that says so,
+/// a tip is taken for plain text.
 void PlotView::showValue() {
     const auto marked = markedPoint();
     const auto value = marked ? plotValue(plot_, *marked) : QString();
     setAccessibleDescription(marked ? value : plot_.notes.join(u'\n'));
     if (marked)
         QToolTip::showText(mapToGlobal(positionOf(*marked).toPoint()),
-                           value.toHtmlEscaped().replace(u'\n', u"<br>"_s), this);
+                           u"<qt>"_s + value.toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</qt>"_s, this);
     else
         QToolTip::hideText();
     update();

@@ -61,9 +61,11 @@ std::optional<bool> areConforming(const QList<StoredLine>& lines, const Certific
 std::optional<bool> isConforming(const CalibrationRecord& record, const QList<StoredLine>& lines,
                                  const CertificateSettings& settings) {
     const auto ofLines = areConforming(lines, settings);
-    if (settings.rule != DecisionRule::simpleAcceptance)
-        return ofLines;
-    return storedVerdict(record.passed, u"Y", u"N") == ofLines ? ofLines : std::nullopt;
+    const auto ofRecord = storedVerdict(record.passed, u"Y", u"N");
+    const bool isContradicted = settings.rule == DecisionRule::simpleAcceptance
+                                    ? ofRecord != ofLines
+                                    : ofLines == true && ofRecord == false;
+    return isContradicted ? std::nullopt : ofLines;
 }
 
 } // namespace kelvane

@@ -13,7 +13,8 @@ namespace kelvane {
 std::optional<bool> isConforming(const StoredLine& line, const CertificateSettings& settings);
 
 /// Whether all points of a record conform: each line has to tell, and there has to be one. Simple acceptance
-/// needs the result that is stored in the record to say the same.
+/// needs the result that is stored in the record to say the same; with a guard band a record that has failed
+/// does not conform, whatever its lines say.
 std::optional<bool> isConforming(const CalibrationRecord& record, const QList<StoredLine>& lines,
                                  const CertificateSettings& settings);
 

@@ -1,10 +1,10 @@
 #include "records/certificate_data.h"
 
+#include "platform/values/texts.h"
 #include "records/certificate_results.h"
 #include "records/certificate_standards.h"
 #include "records/lists.h"
 #include "records/report_parts.h"
-#include "reports/report_error.h"
 
 #include <QJsonArray>
 
@@ -83,7 +83,7 @@ QString firstStated(const QString& first, const QString& second) {
 }
 
 void addItem(const InstrumentSummary& instrument, QJsonObject& values) {
-    values["asset"_L1] = stated(instrument.asset);
+    values["asset"_L1] = stated(withoutBlanksAtEnd(instrument.asset));
     values["description"_L1] = stated(instrument.description);
     values["manufacturer"_L1] = stated(instrument.manufacturer);
     values["model"_L1] = stated(instrument.model);
@@ -96,6 +96,7 @@ void addParties(const CertifiedCalibration& calibration, const CertificateSettin
     values["address"_L1] =
         settings.address.isEmpty() ? notStated(TextId::certificateSettingsAddress) : settings.address;
     values["accreditation"_L1] = settings.accreditation;
+    values["customer"_L1] = firstStated(calibration.customer, settings.customer);
     values["place"_L1] = stated(ofColumn(calibration, TextId::listPlace));
     values["workOrder"_L1] = stated(ofColumn(calibration, TextId::listWorkOrder));
     values["calibratedBy"_L1] = stated(ofColumn(calibration, TextId::listTechnician));
@@ -114,14 +115,6 @@ void addCircumstances(const Session& session, const CertifiedCalibration& calibr
     values["conditions"_L1] =
         stated(titled(calibration, {TextId::listExternalTemperature, TextId::listAmbientTemperature,
                                     TextId::listHumidity}));
-}
-
-void addCustomer(Session& session, const InstrumentSummary& instrument, const CertificateSettings& settings,
-                 QJsonObject& values) {
-    const auto customer = customerOf(session, instrument.mtag);
-    if (!customer)
-        throw ReportError(text(TextId::historyNotRead));
-    values["customer"_L1] = firstStated(*customer, settings.customer);
 }
 
 QString remarksOf(const CertifiedCalibration& calibration) {
@@ -148,7 +141,6 @@ QJsonObject certificateValues(Session& session, const CertifiedCalibration& cali
     values["number"_L1] = certificateNumber(session, calibration);
     addItem(calibration.instrument, values);
     addParties(calibration, settings, values);
-    addCustomer(session, calibration.instrument, settings, values);
     addCircumstances(session, calibration, settings, values);
     const auto conformity = addResults(session, calibration, settings, values);
     values["standards"_L1] = standardRows(calibration);

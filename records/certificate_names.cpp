@@ -1,5 +1,6 @@
 #include "records/certificate_names.h"
 
+#include "platform/values/texts.h"
 #include "records/file_names.h"
 
 #include <QRegularExpression>
@@ -11,8 +12,6 @@ namespace kelvane {
 namespace {
 
 const auto suffix = u".pdf"_s;
-/// File systems take 255; a number and the suffix are added.
-constexpr qsizetype longestName = 200; // bytes in UTF-8
 
 struct Part {
     QStringView name;
@@ -40,24 +39,10 @@ QString filled(const QString& rule, const CertificateNaming& naming) {
     return name + rule.mid(end);
 }
 
-/// Some systems refuse these, others take them for something else.
-QString safe(QString name) {
-    name = replaceRefused(std::move(name), u'_');
-    while (name.toUtf8().size() > longestName)
-        name.chop(name.back().isLowSurrogate() ? 2 : 1);
-    name = name.trimmed();
-    while (name.endsWith(u'.'))
-        name = name.chopped(1).trimmed();
-    // Such a file is hidden.
-    if (name.startsWith(u'.'))
-        name.front() = u'_';
-    return name;
-}
-
 } // namespace
 
 CertificateNaming certificateNaming(const Session& session, const CertifiedCalibration& calibration) {
-    return {.asset = calibration.instrument.asset,
+    return {.asset = withoutBlanksAtEnd(calibration.instrument.asset),
             .date = certificateDate(calibration),
             .number = certificateNumber(session, calibration),
             .serial = calibration.instrument.serial};
@@ -67,9 +52,9 @@ QString CertificateNames::next(const CertificateNaming& naming) {
     auto rule = rule_.trimmed();
     if (rule.endsWith(suffix, Qt::CaseInsensitive))
         rule.chop(suffix.size());
-    auto name = safe(filled(rule, naming));
+    auto name = safeFileName(filled(rule, naming));
     if (name.isEmpty())
-        name = safe(naming.number);
+        name = safeFileName(naming.number);
     auto numbered = name;
     for (int number = 2; given_.contains(numbered.toLower()); ++number)
         numbered = u"%1 (%2)"_s.arg(name, QString::number(number));

@@ -1,5 +1,6 @@
 #include "records/certificate_plot.h"
 
+#include "platform/values/texts.h"
 #include "plots/plot_painter.h"
 #include "records/record_plots.h"
 #include "reports/design_unit.h"
@@ -28,7 +29,7 @@ Plot certificatePlot(Session& session, const CertifiedCalibration& calibration) 
         if (record)
             records << *record;
     }
-    auto plot = errorPlot(session, calibration.instrument.asset, records);
+    auto plot = errorPlot(session, withoutBlanksAtEnd(calibration.instrument.asset), records);
     // The certificate has a title of its own for it.
     plot.title.clear();
     for (qsizetype number = 0; number < plot.series.size(); ++number)

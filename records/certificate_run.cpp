@@ -1,5 +1,6 @@
 #include "records/certificate_run.h"
 
+#include "platform/values/texts.h"
 #include "records/certificate_names.h"
 #include "reports/report_error.h"
 #include "resources/strings.h"
@@ -22,19 +23,20 @@ class Run {
     bool write(const QString& asset) {
         const auto instrument = instrumentNamed(session_, asset);
         const auto records = instrument.hasFailed ? std::nullopt : calibrationsOf(session_, asset);
-        if (!records) {
-            fail(asset, text(TextId::historyNotRead));
-            return false;
-        }
+        if (!records)
+            return failToRead(asset);
         if (!instrument.found) {
             fail(asset, text(TextId::historyGone));
             return true;
         }
-        const auto calibration = lastCalibration(session_, *instrument.found, *records);
-        if (calibration)
-            write(asset, *calibration);
-        else
-            outcome.failures << text(TextId::certificateNoRecord).arg(asset);
+        auto calibration = lastCalibration(session_, *instrument.found, *records);
+        if (!calibration) {
+            outcome.failures << text(TextId::certificateNoRecord).arg(withoutBlanksAtEnd(asset));
+            return true;
+        }
+        if (!readCustomer(session_, *calibration))
+            return failToRead(asset);
+        write(asset, *calibration);
         return true;
     }
 
@@ -50,8 +52,13 @@ class Run {
             fail(asset, error.text());
         }
     }
+    /// Gives that the run can't go on.
+    bool failToRead(const QString& asset) {
+        fail(asset, text(TextId::historyNotRead));
+        return false;
+    }
     void fail(const QString& asset, const QString& reason) {
-        outcome.failures << u"%1: %2"_s.arg(asset, reason);
+        outcome.failures << u"%1: %2"_s.arg(withoutBlanksAtEnd(asset), reason);
     }
 
     Session& session_;

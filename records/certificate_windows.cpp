@@ -1,5 +1,6 @@
 #include "records/certificate_windows.h"
 
+#include "platform/values/texts.h"
 #include "records/certificate_run.h"
 #include "records/certificate_settings_dialog.h"
 #include "reports/report_error.h"
@@ -35,7 +36,7 @@ class RunWindow {
         dialog_.setLabelText(text(TextId::certificatesProgress)
                                  .arg(number + 1)
                                  .arg(dialog_.maximum())
-                                 .arg(asset.left(longestAsset)));
+                                 .arg(withoutBlanksAtEnd(asset).left(longestAsset)));
         dialog_.setValue(static_cast<int>(number));
         return !dialog_.wasCanceled();
     }
@@ -57,10 +58,12 @@ void CertificateWindows::show(CertifiedCalibration calibration) {
     const auto asset = calibration.instrument.asset;
     const auto instrument = instrumentNamed(session_, asset);
     if (instrument.isAbsent())
-        showFailure(u"%1: %2"_s.arg(asset, text(TextId::historyGone)));
+        showFailure(u"%1: %2"_s.arg(withoutBlanksAtEnd(asset), text(TextId::historyGone)));
     if (!instrument.found)
         return;
     calibration.instrument = *instrument.found;
+    if (!readCustomer(session_, calibration))
+        return;
     try {
         const BusyPointer busy(session_.ui);
         auto preview =

@@ -58,6 +58,12 @@ std::optional<CertifiedCalibration> lastCalibration(const Session& session,
     return certifiedCalibration(instrument, records, 0);
 }
 
+bool readCustomer(Session& session, CertifiedCalibration& calibration) {
+    const auto customer = customerOf(session, calibration.instrument.mtag);
+    calibration.customer = customer.value_or(QString());
+    return customer.has_value();
+}
+
 QString certificateNumber(const Session& session, const CertifiedCalibration& calibration) {
     QStringList records;
     for (const auto& record : {calibration.asFound, calibration.asLeft}) {

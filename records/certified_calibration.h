@@ -13,6 +13,8 @@ struct CertifiedCalibration {
     /// A record that is neither as found nor as left stands here, too.
     std::optional<CalibrationRecord> asFound = {};
     std::optional<CalibrationRecord> asLeft = {};
+    /// What the database names (`readCustomer`); empty when it names none.
+    QString customer = {};
 };
 
 /// The calibration that one of an instrument's records, which are the newest first, belongs to (`pairOf`).
@@ -24,6 +26,10 @@ CertifiedCalibration certifiedCalibration(const InstrumentSummary& instrument,
 std::optional<CertifiedCalibration> lastCalibration(const Session& session,
                                                     const InstrumentSummary& instrument,
                                                     QList<CalibrationRecord> records);
+
+/// Reads the customer of the calibration's instrument. False after an error, which is reported
+/// (`customerOf`).
+bool readCustomer(Session& session, CertifiedCalibration& calibration);
 
 /// The certificate's number: the owner and the number of the record, or of both records, "MT-1401" or
 /// "MT-1401/1402". No other calibration has it, and the same one always.

@@ -1,5 +1,6 @@
 #include "records/form_history.h"
 
+#include "platform/values/texts.h"
 #include "records/calibration_pair.h"
 #include "records/colors.h"
 #include "records/lists.h"
@@ -10,6 +11,7 @@
 #include "ui/controls.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
+#include "ui/whole_text.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -57,8 +59,12 @@ QString particular(const CalibrationRecord& record, const ListColumn<Calibration
 }
 
 QString instrumentCaption(const InstrumentSummary& instrument) {
-    QStringList words{instrument.asset, instrument.description, instrument.manufacturer,
-                      instrument.model, instrument.serial,      instrument.location};
+    QStringList words{withoutBlanksAtEnd(instrument.asset),
+                      instrument.description,
+                      instrument.manufacturer,
+                      instrument.model,
+                      instrument.serial,
+                      instrument.location};
     words.removeAll(QString());
     return words.join(u", "_s);
 }
@@ -69,7 +75,7 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
     : RecordsPage(session.ui, parent),
       session_(session),
       instrument_(instrument),
-      LabelInstrument(changingNote(u"LabelInstrument"_s, TextId::recordsHistory)),
+      LabelInstrument(nameControl(new ElidedLabel, u"LabelInstrument"_s, text(TextId::recordsHistory))),
       TableRecords(historyTable(u"TableRecords"_s, TextId::historyRecordsTip, captionsOf(listedTitles))),
       LabelState(label(u"LabelState"_s, TextId::historyRecords)),
       ComboCompare(dropDown(u"ComboCompare"_s, text(TextId::historyCompare), TextId::historyCompareTip)),
@@ -81,7 +87,7 @@ FormHistory::FormHistory(Session& session, const InstrumentSummary& instrument, 
       right_(new RecordPane(session, u"Right"_s)),
       TableDetails(historyTable(u"TableDetails"_s, TextId::historyDetailsTip,
                                 {text(TextId::historyDetails), QString(), QString()})),
-      pictures_(new RecordPictures(session, instrument.asset)),
+      pictures_(new RecordPictures(session, withoutBlanksAtEnd(instrument.asset))),
       parts_(tabControl(u"TabsHistory"_s, TextId::recordsHistory)),
       splitter_(new QSplitter(Qt::Vertical)) {
     setObjectName(u"FormHistory"_s);
@@ -273,7 +279,7 @@ void FormHistory::offerStandards(std::optional<qsizetype> left, std::optional<qs
             if (asset.isEmpty() || offered.contains(asset))
                 continue;
             offered << asset;
-            auto* action = standards_->addAction(QString(asset).replace(u'&', u"&&"_s));
+            auto* action = standards_->addAction(withoutBlanksAtEnd(asset).replace(u'&', u"&&"_s));
             QObject::connect(action, &QAction::triggered, this, [this, asset] { Q_EMIT usesWanted(asset); });
         }
     }

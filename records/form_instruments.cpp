@@ -14,6 +14,8 @@
 #include "ui/panels.h"
 #include "ui/wrapping_row.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -326,10 +328,18 @@ void FormInstruments::openHistory() {
 }
 
 void FormInstruments::copy() {
+    const auto rows = selectedRows(*TableInstruments);
+    if (rows.isEmpty())
+        return;
     // Rows out of sight are read for it.
-    copySelectedRows(*TableInstruments, [this](int row, int column) {
-        return InstrumentModel::shownText(model_->instrument(row), column);
-    });
+    const auto copied = copiedRows(
+        *model_, rows, shownColumns(*TableInstruments->horizontalHeader()),
+        [this](int row, int column) { return InstrumentModel::shownText(model_->instrument(row), column); });
+    // Rows that were not read would pass for instruments without particulars.
+    if (model_->hasFailed())
+        tell(text(TextId::recordsIncomplete));
+    else
+        QApplication::clipboard()->setText(copied);
 }
 
 void FormInstruments::save() {

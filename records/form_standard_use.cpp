@@ -147,14 +147,16 @@ void FormStandardUse::showEvent(QShowEvent* event) {
         runGuarded(session_.ui, [this] { offerStandards(); });
 }
 
-void FormStandardUse::offerStandards() {
+bool FormStandardUse::offerStandards() {
     const BusyPointer busy(session_.ui);
     // Only once: a database that fails is told once.
     areOffered_ = true;
     QStringList assets;
-    for (const auto& standard : usedStandards(session_).value_or(QList<Standard>()))
-        assets << standard.asset;
+    const auto standards = usedStandards(session_);
+    for (const auto& standard : standards.value_or(QList<Standard>()))
+        assets << withoutBlanksAtEnd(standard.asset);
     standards_->setStringList(assets);
+    return standards.has_value();
 }
 
 void FormStandardUse::showUses(const QString& standard) {
@@ -164,8 +166,10 @@ void FormStandardUse::showUses(const QString& standard) {
 
 void FormStandardUse::readAgain() {
     areOffered_ = false;
-    if (isVisible() && session_.SessionConnected)
-        offerStandards();
+    const bool isRead = !isVisible() || !session_.SessionConnected || offerStandards();
+    // What has failed is told; of a connection that is lost the list says it without asking.
+    if (!isRead && session_.SessionConnected)
+        return;
     if (!list_.standard.asset.isEmpty())
         ask();
 }
@@ -175,7 +179,8 @@ void FormStandardUse::focusTable() {
 }
 
 void FormStandardUse::ask() {
-    const auto asset = trimBlanks(TextStandard->text());
+    const auto typed = TextStandard->text();
+    const auto asset = trimBlanks(typed);
     LabelOutcome->hide();
     if (asset.isEmpty()) {
         TextStandard->setFocus();
@@ -183,12 +188,13 @@ void FormStandardUse::ask() {
     }
     const BusyPointer busy(session_.ui);
     const auto since = DateSince->date();
-    if (!session_.SessionConnected && asset == list_.standard.asset && since == list_.since) {
+    if (!session_.SessionConnected && asset == withoutBlanksAtEnd(list_.standard.asset) &&
+        since == list_.since) {
         tell(text(TextId::connectionLost), true);
         return;
     }
     const auto standard =
-        session_.SessionConnected ? standardOf(session_, asset) : Lookup<Standard>{.hasFailed = true};
+        session_.SessionConnected ? standardOf(session_, typed) : Lookup<Standard>{.hasFailed = true};
     std::optional<QList<StandardUse>> uses;
     if (standard.found)
         uses = usesOfStandard(session_, standard.found->asset, since);
@@ -240,7 +246,8 @@ void FormStandardUse::openHistory() {
 }
 
 void FormStandardUse::save() {
-    const auto file = askListFile(session_, this, text(TextId::usesTab) + u' ' + list_.standard.asset);
+    const auto file =
+        askListFile(session_, this, text(TextId::usesTab) + u' ' + withoutBlanksAtEnd(list_.standard.asset));
     if (!file)
         return;
     const BusyPointer busy(session_.ui);

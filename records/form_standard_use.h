@@ -42,8 +42,8 @@ class FormStandardUse final : public RecordsPage {
     void layOut();
     void setUpTable();
     void connectControls();
-    /// Offers the standards of the database while one is typed.
-    void offerStandards();
+    /// Offers the standards of the database while one is typed. False after an error.
+    bool offerStandards();
     /// Looks for what is typed.
     void ask();
     void tell(const QString& state, bool isAlarming);

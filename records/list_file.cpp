@@ -1,6 +1,7 @@
 #include "records/list_file.h"
 
 #include "platform/error_report.h"
+#include "records/file_names.h"
 #include "resources/captions.h"
 #include "resources/text_id.h"
 
@@ -44,7 +45,7 @@ std::optional<ListFile> askListFile(const Workstation& workstation, QWidget* par
     dialog.selectNameFilter(usual == csvKinds().cend() ? filters.constFirst() : text(usual->caption));
     dialog.setDefaultSuffix(u"csv"_s);
     dialog.setDirectory(QDir::homePath());
-    dialog.selectFile(name + u".csv"_s);
+    dialog.selectFile(safeFileName(name) + u".csv"_s);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const auto& kind = csvKinds().at(std::max(qsizetype(0), filters.indexOf(dialog.selectedNameFilter())));

@@ -1,5 +1,7 @@
 #include "records/lists.h"
 
+#include "platform/values/texts.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +20,12 @@ QString resultText(const QString& passed) {
 template <class Row, auto member>
 QString storedValue(const Row& row) {
     return row.*member;
+}
+
+/// Without the blanks that a column of a fixed width has at its end.
+template <class Row>
+QString assetValue(const Row& row) {
+    return withoutBlanksAtEnd(row.asset);
 }
 
 template <class Row, auto member>
@@ -74,7 +82,7 @@ constexpr auto words = CsvCell::text;
 constexpr auto number = CsvCell::number;
 
 constexpr ListColumn<Instrument> instruments[] = {
-    {TextId::listAsset, words, storedValue<Instrument, &Instrument::asset>},
+    {TextId::listAsset, words, assetValue<Instrument>},
     {TextId::packageDescription, words, storedValue<Instrument, &Instrument::description>},
     {TextId::listManufacturer, words, storedValue<Instrument, &Instrument::manufacturer>},
     {TextId::packageModel, words, storedValue<Instrument, &Instrument::model>},
@@ -117,7 +125,7 @@ constexpr ListColumn<Record> calibrations[] = {
 };
 
 constexpr ListColumn<Use> standardUses[] = {
-    {TextId::listAsset, words, storedValue<Use, &Use::asset>},
+    {TextId::listAsset, words, assetValue<Use>},
     {TextId::packageDescription, words, storedValue<Use, &Use::description>},
     {TextId::listDate, words, dateValue<Use, &Use::date>},
     {TextId::listTime, words, timeValue<Use, &Use::time>},
@@ -129,7 +137,7 @@ constexpr ListColumn<Use> standardUses[] = {
 } // namespace
 
 QString standardText(const UsedStandard& standard) {
-    const auto& name = standard.asset;
+    const auto name = withoutBlanksAtEnd(standard.asset);
     // Its records are found through the inventory, so that nothing is known of its state.
     if (name.isEmpty())
         return u"%1 (%2)"_s.arg(standard.mtag.isEmpty() ? text(TextId::notStated) : standard.mtag,

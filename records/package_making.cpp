@@ -37,11 +37,12 @@ struct Members {
 };
 
 void addFault(Members& members, TextId fault, const QString& asset) {
+    const auto shown = withoutBlanksAtEnd(asset);
     const auto same = std::ranges::find(members.faults, fault, &std::pair<TextId, QStringList>::first);
     if (same == members.faults.end())
-        members.faults << std::pair(fault, QStringList{asset});
+        members.faults << std::pair(fault, QStringList{shown});
     else
-        same->second << asset;
+        same->second << shown;
 }
 
 /// The editor's routines write numbers into their statements as they stand: one with a quote would end in an

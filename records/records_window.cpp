@@ -1,6 +1,7 @@
 #include "records/records_window.h"
 
 #include "data/session_values.h"
+#include "platform/values/texts.h"
 #include "platform/version.h"
 #include "records/certificate_windows.h"
 #include "records/form_history.h"
@@ -13,6 +14,7 @@
 #include "ui/guarded.h"
 #include "ui/panels.h"
 #include "ui/status_line.h"
+#include "ui/whole_text.h"
 #include "ui/window_keys.h"
 
 #include <QCloseEvent>
@@ -31,6 +33,8 @@ namespace kelvane {
 namespace {
 
 constexpr QSize usualSize(1080, 720);
+/// Of a tab, in characters.
+constexpr int widestCaption = 40;
 
 /// In its place stays something as high, so that the first tab with such a button moves nothing.
 void removeCloseButton(QTabBar& tabs, int tab) {
@@ -256,7 +260,9 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
                      [this](const CertifiedCalibration& calibration) {
                          runGuarded(session_.ui, [&] { certificates_->show(calibration); });
                      });
-    tabs_->setCurrentIndex(tabs_->addTab(history, QString(instrument.asset).replace(u'&', u"&&"_s)));
+    const int tab = tabs_->addTab(history, QString());
+    captionTab(tab, withoutBlanksAtEnd(instrument.asset));
+    tabs_->setCurrentIndex(tab);
     history->focusTable();
 }
 
@@ -269,6 +275,15 @@ void RecordsWindow::noteFront() {
     visited_.removeOne(front);
     visited_ << front;
     close_->setEnabled(qobject_cast<FormHistory*>(front) != nullptr);
+}
+
+/// A long asset number would take the whole row of tabs.
+void RecordsWindow::captionTab(int tab, const QString& asset) {
+    const auto letters = tabs_->tabBar()->fontMetrics();
+    auto shown = letters.elidedText(asset, Qt::ElideRight, letters.averageCharWidth() * widestCaption);
+    if (shown != asset)
+        tabs_->setTabToolTip(tab, wholeTextTip(asset));
+    tabs_->setTabText(tab, shown.replace(u'&', u"&&"_s));
 }
 
 /// Only histories close.

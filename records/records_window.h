@@ -70,6 +70,7 @@ class RecordsWindow final : public QMainWindow {
     void showUses(const QString& standard);
     void askPackage(const QStringList& assets);
     void writeCertificates(const QStringList& assets);
+    void captionTab(int tab, const QString& asset);
     void closeTab(int tab);
     /// Notes which page has come in front.
     void noteFront();

@@ -1,6 +1,7 @@
 #include "records/standard_use_report.h"
 
 #include "data/worksheets/worksheet_data.h"
+#include "platform/values/texts.h"
 #include "records/lists.h"
 #include "records/report_parts.h"
 
@@ -43,7 +44,7 @@ QJsonObject groupOf(const StandardUseList& list) {
             row["failed"_L1] = text(TextId::resultFailed);
         rows << row;
     }
-    QJsonObject group{{"standard"_L1, list.standard.asset},
+    QJsonObject group{{"standard"_L1, withoutBlanksAtEnd(list.standard.asset)},
                       {"description"_L1, list.standard.description},
                       {"serial"_L1, list.standard.serial},
                       {"since"_L1, list.since.toString(Qt::ISODate)},
@@ -76,7 +77,8 @@ QString standardUseCounts(const QList<StandardUse>& uses) {
 }
 
 QString standardUseTitle(const StandardUseList& list) {
-    return text(TextId::usesReportTitle).arg(list.standard.asset, list.since.toString(Qt::ISODate));
+    return text(TextId::usesReportTitle)
+        .arg(withoutBlanksAtEnd(list.standard.asset), list.since.toString(Qt::ISODate));
 }
 
 Report standardUseReport(const Session& session, const StandardUseList& list, const QStringList& folders) {

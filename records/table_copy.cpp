@@ -34,12 +34,12 @@ QString copiedRows(const QAbstractItemModel& model, const QList<int>& rows, cons
     return copied;
 }
 
-void copySelectedRows(const QTableView& table, const CellText& cellText) {
+void copySelectedRows(const QTableView& table) {
     const auto rows = selectedRows(table);
     if (rows.isEmpty())
         return;
     QApplication::clipboard()->setText(
-        copiedRows(*table.model(), rows, shownColumns(*table.horizontalHeader()), cellText));
+        copiedRows(*table.model(), rows, shownColumns(*table.horizontalHeader())));
 }
 
 void bindCopying(QTableView& table) {

@@ -20,7 +20,7 @@ QString copiedRows(const QAbstractItemModel& model, const QList<int>& rows, cons
 
 /// Puts the selected rows of a table, with the columns that it shows from left to right, on the clipboard;
 /// without a selection the clipboard stays as it is.
-void copySelectedRows(const QTableView& table, const CellText& cellText = {});
+void copySelectedRows(const QTableView& table);
 /// Lets Ctrl+C in a table do so; by itself it would copy one cell.
 void bindCopying(QTableView& table);
 

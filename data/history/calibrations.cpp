@@ -165,7 +165,7 @@ void History::readStandards() {
             continue;
         UsedStandard standard;
         standard.mtag = storedText(rows->value(1));
-        standard.asset = storedText(rows->value(2));
+        standard.asset = rows->value(2).value_or(QString());
         standard.description = storedText(rows->value(3));
         standard.serial = storedText(rows->value(4));
         if (record->date.hasDate())

@@ -24,7 +24,8 @@ enum class StandardState {
 /// A standard that a calibration was carried out with.
 struct UsedStandard {
     QString mtag = {};
-    /// Empty, as all that follows from the inventory, when that does not hold the standard any more.
+    /// As it is stored, with blanks at its end where the column has a fixed width. Empty, as all that follows
+    /// from the inventory, when that does not hold the standard any more.
     QString asset = {};
     QString description = {};
     QString serial = {};
@@ -76,9 +77,10 @@ struct CalibrationRecord {
     QStringList lines = {};
 };
 
-/// The records of an instrument, the newest first; those without a date last, and of one moment, or of a day
-/// where one has no time, the one that was made last first. None for an instrument that is not in the
-/// inventory; nothing after an error, which is reported as "History,calibrations".
+/// The records of an instrument, by its asset number as it is stored, the newest first; those without a date
+/// last, and of one moment, or of a day where one has no time, the one that was made last first. None for an
+/// instrument that is not in the inventory; nothing after an error, which is reported as
+/// "History,calibrations".
 ///
 /// Standards of owner MT are looked up there. Other owners keep a row for each standard that stands in STD:
 /// its records are those of STD, and those of the owner itself where STD does not know it. A calibration

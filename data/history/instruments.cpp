@@ -1,5 +1,6 @@
 #include "data/history/instruments.h"
 
+#include "data/history/asset_number.h"
 #include "data/history/statement_parts.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
@@ -264,7 +265,7 @@ void InstrumentReader::readKeys() {
     const auto rows = routine_->select(keysStatement(owner_, query_, today_));
     while (rows->next()) {
         const auto mtag = rows->value(0).value_or(QString());
-        const auto asset = storedText(rows->value(1));
+        const auto asset = rows->value(1).value_or(QString());
         bool isFound = !isCompared || asset.contains(text, Qt::CaseInsensitive);
         for (std::size_t at = 1; at < std::size(searchedColumns) && !isFound; ++at)
             isFound = storedText(rows->value(static_cast<int>(at) + 1)).contains(text, Qt::CaseInsensitive);
@@ -298,8 +299,12 @@ void InstrumentReader::readRegistrations() {
 InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     InstrumentSummary instrument;
     int column = 0;
-    for (const auto& text : textColumns)
-        instrument.*text.member = storedText(row.value(column++));
+    for (const auto& text : textColumns) {
+        const auto stored = row.value(column++);
+        // The number is asked for again, as it is stored.
+        const bool isKept = text.member == &Summary::asset;
+        instrument.*text.member = isKept ? stored.value_or(QString()) : storedText(stored);
+    }
     instrument.lastCalibration = storedMomentOf(row.value(column++));
     instrument.due = storedMomentOf(row.value(column++));
     instrument.location = storedText(row.value(column));
@@ -309,13 +314,27 @@ InstrumentSummary InstrumentReader::instrumentOf(RecordSet& row) const {
     return instrument;
 }
 
+namespace {
+
+Lookup<InstrumentSummary> instrumentStoredAs(Session& session, const QString& asset) {
+    InstrumentReader reader(session, {.filter = {.asset = asset}});
+    const auto found = reader.next(1);
+    return lookupOf(reader.hasFailed() ? std::nullopt : std::optional(found));
+}
+
+} // namespace
+
 Lookup<InstrumentSummary> instrumentNamed(Session& session, const QString& asset) {
     // Without one the filter would find all.
     if (asset.isEmpty())
         return {};
-    InstrumentReader reader(session, {.filter = {.asset = asset}});
-    const auto found = reader.next(1);
-    return lookupOf(reader.hasFailed() ? std::nullopt : std::optional(found));
+    const auto named = instrumentStoredAs(session, asset);
+    if (!named.isAbsent())
+        return named;
+    const auto stored = storedAssetNumber(session, asset);
+    if (!stored.found)
+        return {.hasFailed = stored.hasFailed};
+    return instrumentStoredAs(session, *stored.found);
 }
 
 std::optional<QString> customerOf(Session& session, const QString& mtag) {

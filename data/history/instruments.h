@@ -26,6 +26,7 @@ struct InstrumentOut {
 /// database does not say is empty.
 struct InstrumentSummary {
     QString mtag = {};
+    /// As it is stored, with blanks at its end where the column has a fixed width.
     QString asset = {};
     QString description = {};
     QString manufacturer = {};
@@ -90,7 +91,8 @@ struct InstrumentQuery {
 /// database. Nothing after an error, which is reported as "History,values".
 std::optional<QStringList> instrumentValues(Session& session, InstrumentOrder column);
 
-/// The instrument of an asset number in the inventory. An error is reported as "History,instruments".
+/// The instrument of an asset number in the inventory; the blanks at its end may be missing
+/// (`storedAssetNumber`). An error is reported as "History,instruments" or "History,assetNumber".
 Lookup<InstrumentSummary> instrumentNamed(Session& session, const QString& asset);
 
 /// The customer that an instrument is calibrated for, by its key; empty when the database names none, and of

@@ -68,7 +68,7 @@ void StandardRecords::read(const Session& session, Routine& routine, const QStri
 }
 
 const StandardRecords::Record* StandardRecords::recordAt(const QString& standard, const Moment& at) const {
-    const auto found = records_.constFind(toUpperCase(standard));
+    const auto found = records_.constFind(toUpperCase(withoutBlanksAtEnd(standard)));
     if (found == records_.cend())
         return nullptr;
     const Record* current = nullptr;

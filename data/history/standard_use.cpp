@@ -1,6 +1,7 @@
 #include "data/history/standard_use.h"
 
 #include "data/assets/assets.h"
+#include "data/history/asset_number.h"
 #include "data/history/statement_parts.h"
 #include "data/routine.h"
 #include "data/small_routines.h"
@@ -34,7 +35,8 @@ QList<Standard> standards(Routine& routine, const Sql& statement) {
     QList<Standard> found;
     const auto rows = routine.select(statement);
     while (rows->next())
-        found << Standard{storedText(rows->value(0)), storedText(rows->value(1)), storedText(rows->value(2))};
+        found << Standard{rows->value(0).value_or(QString()), storedText(rows->value(1)),
+                          storedText(rows->value(2))};
     return found;
 }
 
@@ -50,8 +52,10 @@ std::optional<QList<Standard>> usedStandards(Session& session) {
 Lookup<Standard> standardOf(Session& session, const QString& asset) {
     Routine routine(session, u"History,standardOf"_s);
     return lookupOf(routine.resultOf([&] {
-        return standards(routine,
-                         standardsWhere(session, u"i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset))));
+        const auto exact =
+            standards(routine, standardsWhere(session, u"i4201 = " + sqlText(ModuleGlobals::SQLSafe(asset))));
+        return exact.isEmpty() ? standards(routine, standardsWhere(session, isNumberButForBlanks(asset)))
+                               : exact;
     }));
 }
 
@@ -63,7 +67,7 @@ std::optional<QList<StandardUse>> usesOfStandard(Session& session, const QString
         const auto rows = routine.select(statementOf(session, standard, since));
         while (rows->next()) {
             StandardUse use;
-            use.asset = storedText(rows->value(0));
+            use.asset = rows->value(0).value_or(QString());
             use.description = storedText(rows->value(1));
             use.date = storedMomentOf(rows->value(2));
             use.state = storedText(rows->value(3));

@@ -86,6 +86,18 @@ TEST_F(RecordsListOnDatabase, RefusesAnAssetThatTheInventoryDoesNotKnow) {
     EXPECT_EQ(refusalOf({.list = RecordsRequest::List::history, .asset = u"LT-10'COL"_s}), QString());
 }
 
+TEST_F(RecordsListOnDatabase, FindsANumberThatIsFilledUpWithBlanksAndListsItWithoutThem) {
+    database.executeElsewhere(u"update mt.inventory set i4201 = 'PT-101   ' where i4201 = 'PT-101'"_s);
+    database.executeElsewhere(u"update mt.inventory set i4201 = 'F702-01   ' where i4201 = 'F702-01'"_s);
+    logInToRead(session, database.dsn(), u"jdoe"_s, u"kelvane"_s);
+    EXPECT_EQ(listOf({.list = RecordsRequest::List::history, .asset = u"PT-101"_s}).count(u"\r\n"_s), 4);
+    const auto uses =
+        listOf({.list = RecordsRequest::List::used, .asset = u"F702-01"_s, .since = QDate(1990, 1, 1)});
+    EXPECT_TRUE(uses.contains(u"\r\nPT-101,"_s)) << uses.toStdString();
+    const auto due = listOf({.list = RecordsRequest::List::due, .days = 36500});
+    EXPECT_TRUE(due.contains(u"\r\nPT-101,"_s)) << due.toStdString();
+}
+
 TEST_F(RecordsListOnDatabase, OfAnInstrumentWithoutARecordHasTitlesAlone) {
     logInToRead(session, database.dsn(), u"jdoe"_s, u"kelvane"_s);
     const auto list = listOf({.list = RecordsRequest::List::history, .asset = u"PM-300"_s});

@@ -229,6 +229,13 @@ TEST_F(RecordsProgram, WritesACertificateWithoutADisplay) {
     EXPECT_TRUE(pdfText(u"PT 101.pdf"_s).contains(u"MT-"_s + oldest));
 }
 
+TEST_F(RecordsProgram, WritesTheCertificateOfANumberThatIsFilledUpWithBlanks) {
+    execute(u"update mt.inventory set i4201 = 'PT-101    ' where i4201 = 'PT-101'"_s);
+    EXPECT_EQ(certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s}).status, 0);
+    const auto page = pdfText(u"a.pdf"_s);
+    EXPECT_TRUE(page.contains(u"PT-101"_s) && page.contains(u"psig"_s)) << page.toStdString();
+}
+
 TEST_F(RecordsProgram, WarnsOfACertificateThatWasWrittenWithoutAResultTemplate) {
     const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s});
     expectTold(ending, 0, u"there is no result template (rslt_db.frm): the result lines of PT-101 stand"_s);
@@ -244,6 +251,14 @@ TEST_F(RecordsProgram, TellsWhyThereIsNoCertificate) {
     expectTold(certificate({u"--certificate=PT-101"_s, u"--out=nowhere/a.pdf"_s}), 1,
                home.path() + u"/nowhere/a.pdf can't be written"_s);
     expectTold(certificate({u"--certificate=PT-101"_s}), 2, u"--out is missing"_s);
+    EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
+}
+
+TEST_F(RecordsProgram, TellsTheCauseWhenTheCustomerOfACertificateCanNotBeRead) {
+    database.executeElsewhere(u"alter table mt.customers rename column k4601 to name"_s);
+    const auto ending = certificate({u"--certificate=PT-101"_s, u"--out=a.pdf"_s});
+    expectTold(ending, 1, QString());
+    EXPECT_TRUE(ending.errors.contains(u"k4601"_s)) << ending.errors.toStdString();
     EXPECT_FALSE(QFile::exists(home.filePath(u"a.pdf"_s)));
 }
 

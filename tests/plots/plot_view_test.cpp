@@ -5,6 +5,8 @@
 #include "ui/colors.h"
 
 #include <QTest>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 
 #include <limits>
@@ -42,7 +44,7 @@ class PlotViewScreen : public ::testing::Test {
 TEST_F(PlotViewScreen, ShowsTheValuesAtThePointer) {
     point(view.positionOf({0, 3}) + QPointF(4, -4));
     EXPECT_EQ(view.markedPoint(), (PlotPlace{0, 3}));
-    EXPECT_EQ(QToolTip::text(), u"as found<br>Nominal (psi): 75<br>Error (% of tolerance): 131"_s);
+    EXPECT_EQ(QToolTip::text(), u"<qt>as found<br>Nominal (psi): 75<br>Error (% of tolerance): 131</qt>"_s);
     EXPECT_EQ(view.accessibleDescription(), plotValue(view.plot(), {0, 3}));
 }
 
@@ -58,7 +60,17 @@ TEST_F(PlotViewScreen, ShowsTheNoteOfAPointAsItIsWritten) {
     plot.series[0].points[3].note = u"3 < 4 & <b>more</b>"_s;
     view.setPlot(plot);
     point(view.positionOf({0, 3}));
-    EXPECT_EQ(QToolTip::text(), u"as found<br>3 &lt; 4 &amp; &lt;b&gt;more&lt;/b&gt;"_s);
+    EXPECT_EQ(QToolTip::text(), u"<qt>as found<br>3 &lt; 4 &amp; &lt;b&gt;more&lt;/b&gt;</qt>"_s);
+}
+
+TEST_F(PlotViewScreen, ShowsAValueOfOneLineAsItIsWritten) {
+    auto plot = errorPlot();
+    plot.series[0].name.clear();
+    plot.series[0].points[3].note = u"R&D \"x\""_s;
+    view.setPlot(plot);
+    point(view.positionOf({0, 3}));
+    EXPECT_TRUE(Qt::mightBeRichText(QToolTip::text())) << QToolTip::text().toStdString();
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(), u"R&D \"x\""_s);
 }
 
 TEST_F(PlotViewScreen, TakesABarAnywhereOnIt) {
@@ -82,7 +94,7 @@ TEST_F(PlotViewScreen, GoesFromPointToPointByKeys) {
     press(Qt::Key_Right);
     EXPECT_EQ(view.markedPoint(), (PlotPlace{0, 0}));
     EXPECT_EQ(view.accessibleDescription(), plotValue(view.plot(), {0, 0}));
-    EXPECT_TRUE(QToolTip::text().startsWith(u"as found"_s));
+    EXPECT_TRUE(QToolTip::text().startsWith(u"<qt>as found"_s));
     press(Qt::Key_Right);
     EXPECT_EQ(view.markedPoint(), (PlotPlace{0, 1}));
     press(Qt::Key_Down);

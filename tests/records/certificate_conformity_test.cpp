@@ -66,6 +66,12 @@ TEST_F(CertificateConformity, OfARecordBySimpleAcceptanceIsItsStoredResultWhereE
     EXPECT_EQ(ofRecord(u"Y"_s, {line(0, 0)}, none), std::nullopt);
 }
 
+TEST_F(CertificateConformity, OfARecordThatHasFailedIsNotStatedByGuardBandWhereItsLinesConform) {
+    EXPECT_EQ(ofRecord(u"N"_s, {line(0, 10), line(50, 75)}, guarded), std::nullopt);
+    EXPECT_EQ(ofRecord(u"N"_s, {line(0, 10), line(50, 90)}, guarded), false);
+    EXPECT_EQ(ofRecord({}, {line(0, 10), line(50, 75)}, guarded), true) << "a result that is not stored";
+}
+
 TEST_F(CertificateConformity, OfARecordByGuardBandNeedsEachLine) {
     EXPECT_EQ(ofRecord(u"Y"_s, {line(0, 10), line(50, 75)}, guarded), true);
     EXPECT_EQ(ofRecord(u"Y"_s, {line(0, 10), line(50, 90)}, guarded), false);

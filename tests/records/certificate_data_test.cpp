@@ -119,11 +119,12 @@ TEST_F(CertificateValues, TakeWhatTheSettingsSayFirst) {
 }
 
 TEST_F(CertificateValues, TakeTheCustomerOfTheDatabaseBeforeThatOfTheSettings) {
-    const auto statement = u"select max(k4601) from MT.customers where mtag = '1401'"_s;
     entered.customer = u"Boiler House"_s;
-    script.answers[statement] = {{u"UNIT 1 OPERATIONS  "_s}};
-    EXPECT_EQ(values(adjusted())["customer"_L1].toString(), u"UNIT 1 OPERATIONS"_s);
-    script.answers[statement] = {{std::nullopt}};
+    auto calibration = adjusted();
+    script.answers[u"select max(k4601) from MT.customers where mtag = '1401'"_s] = {
+        {u"UNIT 1 OPERATIONS  "_s}};
+    EXPECT_TRUE(readCustomer(session, calibration));
+    EXPECT_EQ(values(calibration)["customer"_L1].toString(), u"UNIT 1 OPERATIONS"_s);
     EXPECT_EQ(values(adjusted())["customer"_L1].toString(), u"Boiler House"_s);
 }
 
@@ -156,7 +157,8 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.rule = DecisionRule::simpleAcceptance;
     auto shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"as found: Not all points conform to the limits that are stated.\nas left: All points conform "
+              u"as found: Not all points conform under the decision rule that is stated.\nas left: All "
+              u"points conform "
               u"to the limits that are stated.\nDecision rule: simple "
               "acceptance; a reading within its limits conforms."_s);
     EXPECT_EQ(row(shown, u"resultsFound"_s, 1).section(u'|', -1), u"failed"_s);
@@ -165,7 +167,8 @@ TEST_F(CertificateValues, StateConformityByTheirRule) {
     entered.guardBand = 20;
     shown = values(calibration);
     EXPECT_EQ(statement(shown, TextId::certificateConformity),
-              u"Not all points conform to the limits that are stated.\nDecision rule: guard band; a reading "
+              u"Not all points conform under the decision rule that is stated.\nDecision rule: guard band; a "
+              u"reading "
               u"conforms when its error is at "
               "most 80 percent of the tolerance."_s);
     EXPECT_EQ(row(shown, u"resultsLeft"_s, 1).section(u'|', -1), u"failed"_s) << "85 percent";

@@ -1,12 +1,29 @@
 #include "records/certificate_run.h"
 
 #include "data/start_up.h"
+#include "testkit/forwarding_connection.h"
 #include "tests/records/reading_session.h"
 
 #include <QDir>
 #include <QFile>
 
 namespace kelvane::testing {
+
+namespace {
+
+/// Of a database without the table of customers.
+class WithoutCustomers final : public ForwardingConnection {
+  public:
+    using ForwardingConnection::ForwardingConnection;
+
+    std::unique_ptr<RecordSet> select(const QString& statement, Rows rows) override {
+        if (statement.contains(u"customers"_s))
+            throw Error{7, u"no such table"_s};
+        return ForwardingConnection::select(statement, rows);
+    }
+};
+
+} // namespace
 
 class CertificateRunOnDatabase : public ReadingSession {
   protected:
@@ -34,6 +51,16 @@ TEST_F(CertificateRunOnDatabase, WritesAFileForEachInstrumentByTheRule) {
     EXPECT_EQ(runText(done), u"3 certificates were written."_s);
     EXPECT_EQ(files().size(), 3);
     EXPECT_TRUE(files().contains(u"PT-102 MT-%1.pdf"_s.arg(ctag))) << files().join(u'\n').toStdString();
+}
+
+TEST_F(CertificateRunOnDatabase, NamesAnInstrumentWithoutTheBlanksThatFillUpItsNumber) {
+    settings.values[u"Certificate/FileName"_s] = u"{asset} of"_s;
+    write(u"update mt.inventory set i4201 = 'PT-101   ' where i4201 = 'PT-101'"_s);
+    write(u"update mt.inventory set i4201 = 'PM-300   ' where i4201 = 'PM-300'"_s);
+    const auto done = run({u"PT-101   "_s, u"PM-300   "_s});
+    EXPECT_EQ(done.written, 1);
+    EXPECT_EQ(files(), QStringList(u"PT-101 of.pdf"_s));
+    EXPECT_EQ(done.failures, QStringList(u"PM-300 has no calibration record."_s));
 }
 
 TEST_F(CertificateRunOnDatabase, TakesNoRecordOfTheFuture) {
@@ -88,6 +115,24 @@ TEST_F(CertificateRunOnDatabase, EndsWhenTheRecordsCanNotBeRead) {
     EXPECT_TRUE(done.isEnded);
     EXPECT_EQ(done.failures, QStringList(u"PT-101: The records could not be read."_s));
     EXPECT_EQ(files(), QStringList());
+}
+
+class CertificateRunWithoutCustomers : public ::testing::Test,
+                                       protected WithScriptedOperator,
+                                       protected LoggedInSession {
+  protected:
+    CertificateRunWithoutCustomers()
+        : LoggedInSession(ui, users::technician,
+                          [] { return std::make_unique<WithoutCustomers>(openConnections()()); }) {}
+};
+
+TEST_F(CertificateRunWithoutCustomers, EndsAtTheFirstCertificateAndTellsItOnce) {
+    ui.expectReport(7, u"History,customer"_s);
+    const auto done = writeCertificates(session, {u"PT-101"_s, u"PT-102"_s}, readCertificateForm(session, {}),
+                                        folder.path(), [](qsizetype, const QString&) { return true; });
+    EXPECT_TRUE(done.isEnded);
+    EXPECT_EQ(done.written, 0);
+    EXPECT_EQ(done.failures, QStringList(u"PT-101: The records could not be read."_s));
 }
 
 } // namespace kelvane::testing

@@ -61,6 +61,15 @@ TEST_F(CertificatesOnScreen, OfAnInstrumentThatHasLeftTheInventoryAreNotShown) {
     EXPECT_TRUE(previews().isEmpty());
 }
 
+TEST_F(CertificatesOnScreen, WhoseCustomerCanNotBeReadAreNotShownAndToldOnce) {
+    hold(u"TRANSMITTER"_s);
+    script.failures = {
+        {u"select max(k4601) from MT.customers where mtag = '1401'"_s, {7, u"no such table"_s}}};
+    ui.expectReport(7, u"History,customer"_s);
+    windows.show(adjusted());
+    EXPECT_TRUE(previews().isEmpty());
+}
+
 TEST_F(CertificatesOnScreen, WithALayoutThatIsWrongSayWhy) {
     folder.write(u"certificate.rpt"_s, "{\n\"width\": \"wide\"}");
     ui.expectBox(u"certificate.rpt, line 2: \"width\" must be a number."_s, u"Certificates"_s, box::warning);

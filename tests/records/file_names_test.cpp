@@ -12,4 +12,12 @@ TEST(FileNames, HaveTheSubstituteForWhatIsRefusedOrUnseen) {
     EXPECT_EQ(replaceRefused(u"größe µ 日本"_s, u'_'), u"größe µ 日本"_s);
 }
 
+TEST(FileNames, ThatAreSafeNameAFileInTheFolderItself) {
+    EXPECT_EQ(safeFileName(u"Where Used ../A/B"_s), u"Where Used .._A_B"_s);
+    EXPECT_EQ(safeFileName(u"../a"_s), u"_._a"_s);
+    EXPECT_EQ(safeFileName(u" a. . "_s), u"a"_s);
+    EXPECT_EQ(safeFileName(u" .. "_s), QString());
+    EXPECT_EQ(safeFileName(QString(300, u'Ж')), QString(100, u'Ж'));
+}
+
 } // namespace kelvane::testing

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 
@@ -229,6 +230,28 @@ TEST_F(HistoryScreen, OfNothingButNullsIsShown) {
     EXPECT_EQ(label(u"LabelRecordLeft"_s), QString());
     EXPECT_EQ(label(u"LabelNoteRight"_s), text(TextId::historyAlone));
     EXPECT_EQ(detail(TextId::standardsUsed, 1), u"9999 (not in the inventory any more)"_s);
+}
+
+TEST_F(HistoryScreen, OfANumberThatIsFilledUpWithBlanksShowsItWithoutThem) {
+    write(u"update mt.inventory set i4201 = 'PT-101    ' where i4201 = 'PT-101'"_s);
+    open(u"PT-101    "_s);
+    EXPECT_EQ(records().rowCount(), 3);
+    EXPECT_EQ(label(u"LabelInstrument"_s), u"PT-101"_s);
+    control<QTabWidget>(*form, u"TabsHistory"_s).setCurrentIndex(2);
+    const auto title = control<QWidget>(*form, u"PlotErrors"_s).accessibleName();
+    EXPECT_TRUE(title.startsWith(u"PT-101: "_s)) << title.toStdString();
+}
+
+TEST_F(HistoryScreen, OfALongNumberIsNoWiderThanOfAShortOne) {
+    open();
+    const auto width = form->minimumSizeHint().width();
+    const auto asset = QString(4000, u'W');
+    write(u"update mt.inventory set i4201 = '%1' where i4201 = 'PT-101'"_s.arg(asset));
+    open(asset);
+    EXPECT_EQ(records().rowCount(), 3);
+    EXPECT_EQ(form->minimumSizeHint().width(), width);
+    control<QTabWidget>(*form, u"TabsHistory"_s).setCurrentIndex(2);
+    EXPECT_EQ(form->minimumSizeHint().width(), width);
 }
 
 TEST_F(HistoryScreen, OfAnInstrumentWithoutRecordsSaysSo) {

@@ -341,4 +341,18 @@ TEST_F(InstrumentsOfALostDatabase, StayAndAreToldToBeNotAll) {
     EXPECT_EQ(screen.rows().rowCount(), 1000);
 }
 
+TEST_F(InstrumentsOfALostDatabase, AreNotCopiedAndTheClipboardKeepsItsText) {
+    inventory.instruments = 1000;
+    inventory.failAt = 333;
+    inventory.isLoss = true;
+    ShownInstruments screen(session);
+    QApplication::clipboard()->setText(u"before"_s);
+    screen.table().setFocus();
+    QTest::keyClick(&screen.table(), Qt::Key_A, Qt::ControlModifier);
+    ui.expectReport(10054, u"History,instruments"_s);
+    QTest::keyClick(&screen.table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
+    EXPECT_EQ(control<QLabel>(screen.form, u"LabelOutcome"_s).text(), text(TextId::recordsIncomplete));
+}
+
 } // namespace kelvane::testing

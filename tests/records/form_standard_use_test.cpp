@@ -142,6 +142,26 @@ TEST_F(StandardUseScreen, TakesNoDayThatIsNone) {
     EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, since.date()));
 }
 
+TEST_F(StandardUseScreen, FindsNumbersThatAreFilledUpWithBlanks) {
+    write(u"update mt.inventory set i4201 = 'DMM-01   ' where i4201 = 'DMM-01'"_s);
+    write(u"update mt.inventory set i4201 = 'PT-101   ' where i4201 = 'PT-101'"_s);
+    open();
+    auto& offered = *control<QLineEdit>(*form, u"TextStandard"_s).completer()->model();
+    EXPECT_EQ(offered.match(offered.index(0, 0), Qt::DisplayRole, u"DMM-01"_s, 1, Qt::MatchExactly).size(),
+              1);
+    ask(u"DMM-01"_s);
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01   "_s, {1990, 1, 1}));
+    const auto row = static_cast<int>(column(0).indexOf(u"PT-101"_s));
+    ASSERT_GE(row, 0);
+    const QSignalSpy wanted(form.get(), &FormStandardUse::historyWanted);
+    select(row);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted[0][0].toString(), u"PT-101   "_s);
+    form->showUses(u"DMM-01   "_s);
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01   "_s, {1990, 1, 1}));
+}
+
 TEST_F(StandardUseScreen, WithoutAStandardAsksNothing) {
     open();
     ask(u"   "_s);
@@ -261,6 +281,16 @@ TEST_F(StandardUseScreen, OfADatabaseThatFailsShowsNothingAndSaysSo) {
     ui.expectReport(closed, u"History,usedStandards"_s);
     form->readAgain();
     EXPECT_EQ(state(), text(TextId::historyNotRead));
+}
+
+TEST_F(StandardUseScreen, TellsALostConnectionOnceWhenItReadsAgain) {
+    open();
+    ask(u"DMM-01"_s);
+    const auto before = ctags();
+    closeConnection(session);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,usedStandards"_s);
+    QTest::keyClick(&table(), Qt::Key_F5);
+    EXPECT_EQ(ctags(), before);
 }
 
 TEST_F(StandardUseScreen, ReadsAgainWhatItShows) {

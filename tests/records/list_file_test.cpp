@@ -50,6 +50,15 @@ TEST_F(FileOfAList, IsAskedForWithItsForm) {
     EXPECT_FALSE(askListFile(session, nullptr, u"Where Used"_s));
 }
 
+TEST_F(FileOfAList, HasANameThatAFileCanHave) {
+    inDialog([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"Where Used .._A_B.csv"_s);
+        EXPECT_EQ(dialog.directory(), QDir::home());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(askListFile(session, nullptr, u"Where Used ../A/B"_s));
+}
+
 TEST_F(FileOfAList, IsThereWhenItIsFinished) {
     {
         ListWriter writer(path);

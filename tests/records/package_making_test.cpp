@@ -177,6 +177,18 @@ TEST_F(PackageOfSelection, IsStoredAsTheEditorStoresIt) {
     closeConnection(editor);
 }
 
+TEST_F(PackageOfSelection, HoldsNumbersThatAreFilledUpWithBlanks) {
+    const auto asset = configured(1).value(0);
+    const auto bare = unconfigured();
+    for (const auto& number : {asset, bare})
+        write(u"update mt.inventory set i4201 = '%1    ' where i4201 = '%1'"_s.arg(number));
+    ui.expectBox(text(TextId::configurationDataIncomplete) + u"\r\n"_s + bare + u"\r\n\r\n"_s +
+                     text(TextId::packageMakeOthers).arg(1),
+                 text(TextId::newPackageTitle), box::question, BoxAnswer::yes);
+    make({asset + u"    "_s, bare + u"    "_s}, {u"FILLED UP"_s});
+    EXPECT_EQ(members(u"FILLED UP"_s), QStringList(asset + u"    "_s));
+}
+
 TEST_F(PackageOfSelection, LeavesNoConnectionAndNoTraceOfTheLogin) {
     make(configured(1), {u"CREW"_s});
     EXPECT_EQ(writing.open, 0);

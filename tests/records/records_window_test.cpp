@@ -62,6 +62,38 @@ TEST_F(RecordsWindowOnDatabase, TheFirstHistoryMovesNothing) {
     EXPECT_EQ(row.height(), before);
 }
 
+TEST_F(RecordsWindowOnDatabase, OpensTheHistoryOfANumberThatIsFilledUpWithBlanks) {
+    write(u"update mt.inventory set i4201 = 'PT-101    ' where i4201 = 'PT-101'"_s);
+    start();
+    int row = 0;
+    while (row < table().model()->rowCount() && asset(row) != u"PT-101"_s)
+        ++row;
+    openHistory(row);
+    EXPECT_EQ(histories(), QStringList(u"PT-101"_s));
+    EXPECT_EQ(control<QTableView>(window, u"TableRecords"_s).model()->rowCount(), 3);
+    closeHistories();
+}
+
+TEST_F(RecordsWindowOnDatabase, CutsALongCaptionOffAndHasItsWholeTextAsTheToolTip) {
+    const auto number = u"R&D <b>"_s + QString(4000, u'W');
+    write(u"update mt.inventory set i4201 = '%1' where i4201 = 'PT-101'"_s.arg(number));
+    start();
+    const auto size = window.size();
+    int row = 0;
+    while (row < table().model()->rowCount() && asset(row) != number)
+        ++row;
+    openHistory(row);
+    ASSERT_EQ(histories().size(), 1);
+    const auto caption = histories().constFirst();
+    EXPECT_TRUE(caption.startsWith(u"R&&D <b>WWW"_s) && caption.endsWith(u'…')) << caption.toStdString();
+    EXPECT_LT(caption.size(), 60);
+    EXPECT_TRUE(tabs().tabToolTip(fixedTabs).startsWith(u"<qt>R&amp;D &lt;b&gt;WWW"_s));
+    EXPECT_EQ(window.size(), size);
+    openHistory(0);
+    EXPECT_EQ(tabs().tabToolTip(fixedTabs + 1), QString()) << "a short one is shown whole";
+    closeHistories();
+}
+
 TEST_F(RecordsWindowOnDatabase, AfterLogOutShowsNothingOfTheSession) {
     start();
     openHistory(0);

@@ -216,8 +216,9 @@ TEST_F(Instruments, CarryWhatTheRowSays) {
     EXPECT_EQ(
         (QStringList{summary.mtag, summary.asset, summary.description, summary.manufacturer, summary.model,
                      summary.serial, summary.group, summary.location, summary.state, summary.passed}),
-        (QStringList{u"1301"_s, u"TW-101"_s, u"WRENCH"_s, u"STURM"_s, u"CLICK"_s, u"S1"_s, u"PROD"_s,
-                     u"LINE 1"_s, u"AS-FOUND"_s, u"N"_s}));
+        (QStringList{u"1301"_s, u"TW-101  "_s, u"WRENCH"_s, u"STURM"_s, u"CLICK"_s, u"S1"_s, u"PROD"_s,
+                     u"LINE 1"_s, u"AS-FOUND"_s, u"N"_s}))
+        << "the asset number as it is stored";
     EXPECT_EQ(summary.lastCalibration.moment.date, QDate(2026, 3, 1));
     EXPECT_EQ(summary.due.moment.date, QDate(2026, 3, 2));
     EXPECT_EQ(summary.daysLeft, -16);

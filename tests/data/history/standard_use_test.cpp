@@ -82,7 +82,7 @@ TEST_F(StandardUses, NameTheirStandardWithWhatTheInventorySaysOfIt) {
         {{u"O'RING "_s, u"RING"_s, {}}};
     const auto found = standardOf(session, u"O'RING"_s).found;
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->asset, u"O'RING"_s);
+    EXPECT_EQ(found->asset, u"O'RING "_s) << "it is asked for by what is stored";
     EXPECT_EQ(found->description, u"RING"_s);
     EXPECT_EQ(found->serial, QString());
     EXPECT_TRUE(standardOf(session, u"none"_s).isAbsent());
