@@ -1,5 +1,6 @@
 #include "demo/paper_day.h"
 
+#include "resources/captions.h"
 #include "testkit/records.h"
 
 #include <QDir>
@@ -57,7 +58,7 @@ void pressKey(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt
 /// In the preview: saves the pages as a PDF, and closes it.
 void savePages(DemoWorkstation& station, QWidget& preview, const QString& path) {
     station.takePicture(preview, u"worksheets"_s);
-    station.simulatedOperator.expectWindow(text(TextId::saveReport).remove(u"..."_s), [&](QWidget& dialog) {
+    station.simulatedOperator.expectWindow(titleOf(TextId::saveReport), [&](QWidget& dialog) {
         auto& name = control<QLineEdit>(dialog, u"fileNameEdit"_s);
         // Typed letters would bring up the list of files.
         name.setText(path);
