@@ -23,14 +23,16 @@ GrowingColumns::GrowingColumns(QTableView& table, int widest)
 void GrowingColumns::grow() {
     if (areKept_)
         return;
+    const auto& header = *table_.horizontalHeader();
     if (!std::exchange(hasGrown_, true)) {
         const QScopedValueRollback growing(isGrowing_, true);
-        for (int column = 0; column < table_.horizontalHeader()->count(); ++column)
-            table_.setColumnWidth(column, table_.horizontalHeader()->minimumSectionSize());
+        for (int column = 0; column < header.count(); ++column)
+            table_.setColumnWidth(column, header.minimumSectionSize());
     }
-    for (int column = 0; column < table_.horizontalHeader()->count(); ++column)
-        widen(column,
-              std::max(table_.sizeHintForColumn(column), table_.horizontalHeader()->sectionSizeHint(column)));
+    // A table keeps its own hint to itself.
+    const QAbstractItemView& cells = table_;
+    for (int column = 0; column < header.count(); ++column)
+        widen(column, std::max(cells.sizeHintForColumn(column), header.sectionSizeHint(column)));
 }
 
 void GrowingColumns::growFor(int column, const QString& text) {
