@@ -267,21 +267,26 @@ void FormHistory::showPane(RecordPane& pane, std::optional<qsizetype> record, co
         pane.showNote(note);
 }
 
-/// One that the inventory has lost can't be looked for.
+/// One that the inventory has lost can't be looked for. Of two records that name it, the earlier one counts.
 void FormHistory::offerStandards(std::optional<qsizetype> left, std::optional<qsizetype> right) {
     standards_->clear();
-    QStringList offered;
+    QMap<QString, QDate> offered;
     for (const auto& record : {left, right}) {
         if (!record)
             continue;
+        const auto day = records_[*record].date.moment.date;
         for (const auto& standard : records_[*record].standards) {
             const auto& asset = standard.asset;
-            if (asset.isEmpty() || offered.contains(asset))
+            if (asset.isEmpty())
                 continue;
-            offered << asset;
-            auto* action = standards_->addAction(withoutBlanksAtEnd(asset).replace(u'&', u"&&"_s));
-            QObject::connect(action, &QAction::triggered, this, [this, asset] { Q_EMIT usesWanted(asset); });
+            if (auto& first = offered[asset]; !first.isValid() || (day.isValid() && day < first))
+                first = day;
         }
+    }
+    for (const auto& [asset, first] : offered.asKeyValueRange()) {
+        auto* action = standards_->addAction(withoutBlanksAtEnd(asset).replace(u'&', u"&&"_s));
+        QObject::connect(action, &QAction::triggered, this,
+                         [this, asset = asset, first = first] { Q_EMIT usesWanted(asset, first); });
     }
     CommandUses->setEnabled(!offered.isEmpty());
 }

@@ -30,8 +30,9 @@ class FormHistory final : public RecordsPage {
     void focusTable() override;
 
   Q_SIGNALS:
-    /// The user wants to see what a standard was used for.
-    void usesWanted(const QString& standard);
+    /// The user wants to see what a standard was used for, with the calibration of a day; no day when no
+    /// record that is shown has one.
+    void usesWanted(const QString& standard, const QDate& day);
     /// The user wants to see the certificate of the chosen calibration.
     void certificateWanted(const kelvane::CertifiedCalibration& calibration);
 

@@ -9,12 +9,13 @@
 #include "resources/captions.h"
 #include "resources/text_id.h"
 #include "ui/controls.h"
+#include "ui/date_field.h"
 #include "ui/guarded.h"
 
-#include <QDateEdit>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -56,7 +57,7 @@ FormPassRate::FormPassRate(Session& session, QWidget* parent)
     view_->setObjectName(u"PlotRates"_s);
     layOut();
     connectGuarded(ComboBy, &QComboBox::currentIndexChanged, this, session_.ui, [this] { showRates(); });
-    connectGuarded(DateSince, &QDateEdit::dateChanged, this, session_.ui, [this] { readAgain(); });
+    connectGuarded(DateSince, &DateField::dateChanged, this, session_.ui, [this] { readAgain(); });
     connectGuarded(CommandReadAgain, &QPushButton::clicked, this, session_.ui, [this] { readAgain(); });
     connectGuarded(CommandSavePicture, &QPushButton::clicked, this, session_.ui,
                    [this] { savePicture(view_->plot(), view_->plot().title, this, session_.ui); });
@@ -90,7 +91,9 @@ void FormPassRate::layOut() {
 
 void FormPassRate::readAgain() {
     isRead_ = false;
-    if (isVisible())
+    // A day that is typed, but not left yet, counts, too. When it is another one, it reads by itself.
+    DateSince->interpretText();
+    if (!isRead_ && isVisible())
         read();
 }
 
@@ -101,6 +104,9 @@ void FormPassRate::focusTable() {
 void FormPassRate::forget() {
     isRead_ = false;
     rates_.reset();
+    // Without a user nothing is read for it.
+    const QSignalBlocker quiet(DateSince);
+    DateSince->setDate(usualSince(session_));
     LabelState->hide();
     showRates();
 }

@@ -4,13 +4,13 @@
 #include "records/records_page.h"
 
 class QComboBox;
-class QDateEdit;
 class QLabel;
 class QPushButton;
 class QTableWidget;
 
 namespace kelvane {
 
+class DateField;
 class PlotView;
 
 /// How often instruments were in tolerance as they were found, since a day: as bars, and as a table.
@@ -40,7 +40,7 @@ class FormPassRate final : public RecordsPage {
     bool isRead_ = false;
 
     QComboBox* ComboBy;
-    QDateEdit* DateSince;
+    DateField* DateSince;
     QPushButton* CommandReadAgain;
     QLabel* LabelState;
     PlotView* view_;

@@ -12,11 +12,11 @@
 #include "reports/report_error.h"
 #include "reports/report_preview.h"
 #include "ui/controls.h"
+#include "ui/date_field.h"
 #include "ui/guarded.h"
 #include "ui/panels.h"
 
 #include <QCompleter>
-#include <QDateEdit>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -131,12 +131,10 @@ bool FormStandardUse::eventFilter(QObject* watched, QEvent* event) {
     if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return QWidget::eventFilter(watched, event);
     runGuarded(session_.ui, [&] {
-        if (watched == TableUses) {
+        if (watched == TableUses)
             openHistory();
-        } else {
-            DateSince->interpretText();
+        else
             ask();
-        }
     });
     return true;
 }
@@ -159,8 +157,10 @@ bool FormStandardUse::offerStandards() {
     return standards.has_value();
 }
 
-void FormStandardUse::showUses(const QString& standard) {
+void FormStandardUse::showUses(const QString& standard, const QDate& day) {
     TextStandard->setText(standard);
+    if (day.isValid() && day < DateSince->date())
+        DateSince->setDate(day);
     ask();
 }
 
@@ -182,6 +182,7 @@ void FormStandardUse::ask() {
     const auto typed = TextStandard->text();
     const auto asset = trimBlanks(typed);
     LabelOutcome->hide();
+    DateSince->interpretText();
     if (asset.isEmpty()) {
         TextStandard->setFocus();
         return;
@@ -202,7 +203,7 @@ void FormStandardUse::ask() {
     list_ = uses ? StandardUseList{*standard.found, since, {}} : StandardUseList();
     model_->show(uses.value_or(QList<StandardUse>()));
     if (uses) {
-        tell(standardUseCounts(*uses), undatedUses(*uses) > 0);
+        tell(standardUseCounts({list_.standard, since, *uses}), undatedUses(*uses) > 0);
         fitColumns(*TableUses, widestColumn);
     } else {
         tell(!session_.SessionConnected ? text(TextId::connectionLost)
@@ -221,6 +222,7 @@ void FormStandardUse::tell(const QString& state, bool isAlarming) {
 void FormStandardUse::forget() {
     previews_.close();
     TextStandard->clear();
+    DateSince->setDate(usualSince(session_));
     list_ = {};
     model_->show({});
     standards_->setStringList({});

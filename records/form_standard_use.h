@@ -4,7 +4,6 @@
 #include "records/standard_use_report.h"
 #include "reports/open_previews.h"
 
-class QDateEdit;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -13,6 +12,7 @@ class QTableView;
 
 namespace kelvane {
 
+class DateField;
 class StandardUseModel;
 
 /// Which calibrations were carried out with a standard since a day: what to look at when it turns out to be
@@ -23,8 +23,8 @@ class FormStandardUse final : public RecordsPage {
     /// Layouts of reports are looked for in these folders first. The session has to outlive it.
     FormStandardUse(Session& session, const QStringList& layoutFolders, QWidget* parent = nullptr);
 
-    /// Shows what a standard was used for.
-    void showUses(const QString& standard);
+    /// Shows what a standard was used for, with the calibrations of a day among them, if one is given.
+    void showUses(const QString& standard, const QDate& day = {});
     void readAgain() override;
     void focusTable() override;
     /// After log out: shows nothing, and closes the previews.
@@ -62,7 +62,7 @@ class FormStandardUse final : public RecordsPage {
     bool areOffered_ = false;
 
     QLineEdit* TextStandard;
-    QDateEdit* DateSince;
+    DateField* DateSince;
     QPushButton* CommandShow;
     QTableView* TableUses;
     QLabel* LabelUses;

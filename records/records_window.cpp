@@ -229,11 +229,11 @@ void RecordsWindow::showHistoryOf(const QString& asset) {
         showHistory(*instrument.found);
 }
 
-void RecordsWindow::showUses(const QString& standard) {
+void RecordsWindow::showUses(const QString& standard, const QDate& day) {
     if (!isConnected())
         return;
     tabs_->setCurrentWidget(uses_);
-    uses_->showUses(standard);
+    uses_->showUses(standard, day);
 }
 
 void RecordsWindow::askPackage(const QStringList& assets) {
@@ -253,9 +253,10 @@ void RecordsWindow::showHistory(const InstrumentSummary& instrument) {
     if (goToHistory(instrument.asset) || !isConnected())
         return;
     auto* history = new FormHistory(session_, instrument);
-    QObject::connect(history, &FormHistory::usesWanted, this, [this](const QString& standard) {
-        runGuarded(session_.ui, [&] { showUses(standard); });
-    });
+    QObject::connect(history, &FormHistory::usesWanted, this,
+                     [this](const QString& standard, const QDate& day) {
+                         runGuarded(session_.ui, [&] { showUses(standard, day); });
+                     });
     QObject::connect(history, &FormHistory::certificateWanted, this,
                      [this](const CertifiedCalibration& calibration) {
                          runGuarded(session_.ui, [&] { certificates_->show(calibration); });

@@ -67,7 +67,7 @@ class RecordsWindow final : public QMainWindow {
     bool goToHistory(const QString& asset);
     /// Tells the user when it is not.
     bool isConnected();
-    void showUses(const QString& standard);
+    void showUses(const QString& standard, const QDate& day);
     void askPackage(const QStringList& assets);
     void writeCertificates(const QStringList& assets);
     void captionTab(int tab, const QString& asset);

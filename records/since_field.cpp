@@ -2,20 +2,19 @@
 
 #include "resources/text_id.h"
 #include "ui/controls.h"
-
-#include <QDateEdit>
+#include "ui/date_field.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kelvane {
 
-QDateEdit* sinceField(const Session& session, TextId toolTip) {
-    auto* field = nameControl(new QDateEdit, u"DateSince"_s, text(TextId::recordsSince), toolTip);
-    // As all dates of the lists.
-    field->setDisplayFormat(u"yyyy-MM-dd"_s);
-    field->setCalendarPopup(true);
-    field->setMinimumDate(QDate(1900, 1, 1));
-    field->setDate(session.clock.moment().date.addYears(-1));
+QDate usualSince(const Session& session) {
+    return session.clock.moment().date.addYears(-1);
+}
+
+DateField* sinceField(const Session& session, TextId toolTip) {
+    auto* field = nameControl(new DateField, u"DateSince"_s, text(TextId::recordsSince), toolTip);
+    field->setDate(usualSince(session));
     return field;
 }
 

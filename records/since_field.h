@@ -3,11 +3,13 @@
 #include "data/session.h"
 #include "resources/strings.h"
 
-class QDateEdit;
-
 namespace kelvane {
 
-/// The field "DateSince" for the day that a list begins with: a year ago at first.
-QDateEdit* sinceField(const Session& session, TextId toolTip);
+class DateField;
+
+/// The day that a list begins with until the user says another: a year ago.
+QDate usualSince(const Session& session);
+/// The field "DateSince" for the day that a list begins with; it shows the usual one.
+DateField* sinceField(const Session& session, TextId toolTip);
 
 } // namespace kelvane

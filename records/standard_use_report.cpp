@@ -48,7 +48,7 @@ QJsonObject groupOf(const StandardUseList& list) {
                       {"description"_L1, list.standard.description},
                       {"serial"_L1, list.standard.serial},
                       {"since"_L1, list.since.toString(Qt::ISODate)},
-                      {"count"_L1, standardUseCounts(list.uses)},
+                      {"count"_L1, standardUseCounts(list)},
                       {"standardTitle"_L1, text(TextId::usesStandard)},
                       {"serialTitle"_L1, text(TextId::listSerialNumber)},
                       {"sinceTitle"_L1, text(TextId::recordsSince)},
@@ -64,14 +64,18 @@ qsizetype undatedUses(const QList<StandardUse>& uses) {
     return std::ranges::count_if(uses, [](const StandardUse& use) { return !use.date.hasDate(); });
 }
 
-QString standardUseCounts(const QList<StandardUse>& uses) {
-    if (uses.isEmpty())
-        return text(TextId::usesNone);
+QString standardUseCounts(const StandardUseList& list) {
+    const auto asset = withoutBlanksAtEnd(list.standard.asset);
+    const auto since = list.since.toString(Qt::ISODate);
+    if (list.uses.isEmpty())
+        return text(TextId::usesNone).arg(asset, since);
     QSet<QString> instruments;
-    for (const auto& use : uses)
+    for (const auto& use : list.uses)
         instruments << use.mtag;
-    auto counts = text(TextId::usesFound).arg(uses.size()).arg(instruments.size());
-    if (const auto undated = undatedUses(uses); undated > 0)
+    auto counts =
+        text(TextId::usesFound)
+            .arg(asset, since, QString::number(list.uses.size()), QString::number(instruments.size()));
+    if (const auto undated = undatedUses(list.uses); undated > 0)
         counts += u". "_s + text(TextId::usesUndated).arg(undated);
     return counts;
 }

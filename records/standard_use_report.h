@@ -16,8 +16,9 @@ struct StandardUseList {
 
 /// How many of them have no readable date.
 qsizetype undatedUses(const QList<StandardUse>& uses);
-/// How many calibrations of how many instruments they are, and how many of them have no readable date.
-QString standardUseCounts(const QList<StandardUse>& uses);
+/// Of which standard since which day, how many calibrations and instruments they are, and how many of them
+/// have no readable date.
+QString standardUseCounts(const StandardUseList& list);
 
 /// The title of the list on paper.
 QString standardUseTitle(const StandardUseList& list);

@@ -1,6 +1,7 @@
 #include "records/form_pass_rate.h"
 
 #include "plots/plot_view.h"
+#include "records/since_field.h"
 #include "resources/text_id.h"
 #include "testkit/screen_operator.h"
 #include "tests/records/looks.h"
@@ -111,6 +112,51 @@ TEST_F(PassRateScreen, ReadsAgainFromAnotherDay) {
     addRecord(-1, u"AS-FOUND"_s, u"N"_s);
     QTest::keyClick(form.get(), Qt::Key_F5);
     EXPECT_EQ(sorted(tableRows()), expected(u"inv.i4240"_s, u"2000-01-01"_s));
+}
+
+TEST_F(PassRateScreen, ReadsFromATypedDayBehindTabReturnAndF5) {
+    open();
+    pick(kinds(), text(TextId::passRateGroup));
+    addRecord(-1, u"AS-FOUND"_s, u"N"_s);
+    const auto before = tableRows();
+    kinds().setFocus();
+    QTest::keyClick(&kinds(), Qt::Key_Tab);
+    ASSERT_TRUE(since().hasFocus());
+    QTest::keyClicks(&since(), u"2018-06-15"_s);
+    EXPECT_EQ(tableRows(), before) << "not while it is typed";
+    QTest::keyClick(&since(), Qt::Key_Tab);
+    EXPECT_FALSE(since().hasFocus());
+    EXPECT_EQ(sorted(tableRows()), expected(u"inv.i4240"_s, u"2018-06-15"_s));
+
+    since().setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&since(), u"2999-12-31"_s);
+    QTest::keyClick(&since(), Qt::Key_Return);
+    EXPECT_EQ(tableRows(), QStringList());
+
+    QTest::keyClick(&since(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&since(), u"2000-01-02"_s);
+    QTest::keyClick(&since(), Qt::Key_F5);
+    EXPECT_EQ(since().date(), QDate(2000, 1, 2));
+    EXPECT_EQ(sorted(tableRows()), expected(u"inv.i4240"_s, u"2000-01-02"_s));
+}
+
+TEST_F(PassRateScreen, ReadsOnceForATypedDayAndF5) {
+    open();
+    since().setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&since(), u"2000-01-02"_s);
+    closeConnection(session);
+    ui.expectReport(static_cast<int>(ErrorNumber::connectionClosed), u"History,passRates"_s);
+    QTest::keyClick(&since(), Qt::Key_F5);
+    EXPECT_EQ(since().date(), QDate(2000, 1, 2));
+}
+
+TEST_F(PassRateScreen, AfterLogOutBeginsWithTheUsualDayAndReadsNothing) {
+    open();
+    since().setDate(QDate(2000, 1, 1));
+    EXPECT_GT(table().rowCount(), 0);
+    form->forget();
+    EXPECT_EQ(since().date(), usualSince(session));
+    EXPECT_EQ(table().rowCount(), 0);
 }
 
 TEST_F(PassRateScreen, ThatCouldNotBeReadShowsNoRates) {

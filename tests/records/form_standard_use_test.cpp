@@ -1,5 +1,6 @@
 #include "records/form_standard_use.h"
 
+#include "records/since_field.h"
 #include "reports/report_preview.h"
 #include "resources/strings.h"
 #include "resources/text_id.h"
@@ -42,8 +43,8 @@ class StandardUseScreen : public ReadingSession {
         form->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
-    void ask(const QString& standard, const QDate& since = {1990, 1, 1}) {
-        control<QDateEdit>(*form, u"DateSince"_s).setDate(since);
+    void ask(const QString& standard, const QDate& day = {1990, 1, 1}) {
+        this->since().setDate(day);
         auto& field = control<QLineEdit>(*form, u"TextStandard"_s);
         field.setFocus();
         field.selectAll();
@@ -51,6 +52,7 @@ class StandardUseScreen : public ReadingSession {
         field.completer()->popup()->hide();
         QTest::keyClick(&field, Qt::Key_Return);
     }
+    QDateEdit& since() { return control<QDateEdit>(*form, u"DateSince"_s); }
     QTableView& table() { return control<QTableView>(*form, u"TableUses"_s); }
     QPushButton& command(const QString& name) { return control<QPushButton>(*form, u"Command"_s + name); }
     QString state() { return control<QLabel>(*form, u"LabelUses"_s).text(); }
@@ -91,7 +93,7 @@ class StandardUseScreen : public ReadingSession {
 
 TEST_F(StandardUseScreen, ShowsWhatAStandardWasUsedForSinceADay) {
     open();
-    EXPECT_EQ(control<QDateEdit>(*form, u"DateSince"_s).date(), clock.now().date().addYears(-1));
+    EXPECT_EQ(since().date(), clock.now().date().addYears(-1));
     EXPECT_FALSE(command(u"Save"_s).isEnabled() || command(u"Print"_s).isEnabled());
     ask(u"dmm-01"_s);
     const auto all = expectedCtags(u"DMM-01"_s, {1990, 1, 1});
@@ -101,14 +103,16 @@ TEST_F(StandardUseScreen, ShowsWhatAStandardWasUsedForSinceADay) {
     const auto instruments = value(
         u"select count(distinct s.mtag) from mt.standards s join mt.inventory i on i.mtag = s.c2430 where "
         "i.i4201 = 'DMM-01'"_s);
-    EXPECT_EQ(state(), text(TextId::usesFound).arg(all.size()).arg(instruments));
+    EXPECT_EQ(
+        state(),
+        text(TextId::usesFound).arg(u"DMM-01"_s, u"1990-01-01"_s, QString::number(all.size()), instruments));
     EXPECT_TRUE(command(u"Save"_s).isEnabled() && command(u"Print"_s).isEnabled());
 
     const auto newest = QDate::fromString(cell(0, 2), Qt::ISODate);
     ask(u"DMM-01"_s, newest);
     EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, newest));
     ask(u"DMM-01"_s, QDate(9999, 12, 31));
-    EXPECT_EQ(state(), text(TextId::usesNone));
+    EXPECT_EQ(state(), text(TextId::usesNone).arg(u"DMM-01"_s, u"9999-12-31"_s));
     EXPECT_EQ(ctags(), QStringList());
 }
 
@@ -128,18 +132,36 @@ TEST_F(StandardUseScreen, TellsAnUnknownStandardAndNeverShowsThoseOfAnother) {
 TEST_F(StandardUseScreen, TakesNoDayThatIsNone) {
     open();
     ask(u"DMM-01"_s, QDate(2020, 1, 1));
-    auto& since = control<QDateEdit>(*form, u"DateSince"_s);
-    since.setFocus();
-    since.setSelectedSection(QDateTimeEdit::YearSection);
-    QTest::keyClicks(&since, u"1991"_s);
-    QTest::keyClick(&since, Qt::Key_Return);
-    EXPECT_EQ(since.date(), QDate(1991, 1, 1));
+    since().setFocus();
+    since().setSelectedSection(QDateTimeEdit::YearSection);
+    QTest::keyClicks(&since(), u"1991"_s);
+    QTest::keyClick(&since(), Qt::Key_Return);
+    EXPECT_EQ(since().date(), QDate(1991, 1, 1));
     EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, {1991, 1, 1})) << "Return in the day asks, too";
-    since.setSelectedSection(QDateTimeEdit::MonthSection);
-    QTest::keyClicks(&since, u"19x;'"_s);
-    QTest::keyClick(&since, Qt::Key_Return);
-    EXPECT_TRUE(since.date().isValid());
-    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, since.date()));
+    since().setSelectedSection(QDateTimeEdit::MonthSection);
+    QTest::keyClicks(&since(), u"19x;'"_s);
+    QTest::keyClick(&since(), Qt::Key_Return);
+    EXPECT_TRUE(since().date().isValid());
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, since().date()));
+}
+
+TEST_F(StandardUseScreen, TakesATypedDayByReturnAndByShow) {
+    open();
+    ask(u"DMM-01"_s);
+    QTest::keyClick(&control<QLineEdit>(*form, u"TextStandard"_s), Qt::Key_Tab);
+    ASSERT_TRUE(since().hasFocus());
+    QTest::keyClicks(&since(), u"2018-06-15"_s);
+    QTest::keyClick(&since(), Qt::Key_Return);
+    EXPECT_EQ(since().text(), u"2018-06-15"_s);
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, {2018, 6, 15}));
+    EXPECT_TRUE(state().contains(u"DMM-01 since 2018-06-15"_s)) << state().toStdString();
+
+    QTest::keyClick(&since(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&since(), u"2020-01-02"_s);
+    EXPECT_TRUE(state().contains(u"DMM-01 since 2018-06-15"_s)) << "until it is asked for";
+    click(command(u"Show"_s));
+    EXPECT_EQ(since().date(), QDate(2020, 1, 2));
+    EXPECT_TRUE(state().contains(u"DMM-01 since 2020-01-02"_s)) << state().toStdString();
 }
 
 TEST_F(StandardUseScreen, FindsNumbersThatAreFilledUpWithBlanks) {
@@ -212,6 +234,22 @@ TEST_F(StandardUseScreen, OpensTheHistoryByReturnAndByADoubleClick) {
     ASSERT_EQ(wanted.size(), 3);
     EXPECT_EQ(wanted[0][0].toString(), cell(0, 0));
     EXPECT_EQ(wanted[1][0].toString(), cell(1, 0));
+}
+
+TEST_F(StandardUseScreen, OpensTheHistoryOfTheCurrentRowWhenNoneIsSelected) {
+    open();
+    QSignalSpy wanted(form.get(), &FormStandardUse::historyWanted);
+    ask(u"DMM-01"_s);
+    command(u"Show"_s).setFocus();
+    QTest::keyClick(&command(u"Show"_s), Qt::Key_Tab);
+    ASSERT_TRUE(table().hasFocus());
+    EXPECT_FALSE(table().selectionModel()->hasSelection());
+    QTest::keyClick(&table(), Qt::Key_Return);
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_EQ(wanted[0][0].toString(), cell(0, 0));
+    table().selectAll();
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(wanted.size(), 1) << "no one of several";
 }
 
 TEST_F(StandardUseScreen, CopiesAndSavesTheListAsItIsShown) {
@@ -305,10 +343,22 @@ TEST_F(StandardUseScreen, ReadsAgainWhatItShows) {
 
 TEST_F(StandardUseScreen, ShowsWhatAnotherTabAsksFor) {
     open();
-    control<QDateEdit>(*form, u"DateSince"_s).setDate({1990, 1, 1});
+    since().setDate({1990, 1, 1});
     form->showUses(u"DMM-01"_s);
     EXPECT_EQ(control<QLineEdit>(*form, u"TextStandard"_s).text(), u"DMM-01"_s);
     EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, {1990, 1, 1}));
+    form->showUses(u"DMM-01"_s, {1995, 5, 5});
+    EXPECT_EQ(since().date(), QDate(1990, 1, 1)) << "that day is among them already";
+    form->showUses(u"DMM-01"_s, {1985, 5, 5});
+    EXPECT_EQ(since().date(), QDate(1985, 5, 5));
+    EXPECT_EQ(ctags(), expectedCtags(u"DMM-01"_s, {1985, 5, 5}));
+}
+
+TEST_F(StandardUseScreen, AfterLogOutBeginsWithTheUsualDay) {
+    open();
+    ask(u"DMM-01"_s);
+    form->forget();
+    EXPECT_EQ(since().date(), usualSince(session));
 }
 
 TEST_F(StandardUseScreen, LooksWholeInEachSizeAndLanguage) {

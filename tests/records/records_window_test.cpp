@@ -166,6 +166,28 @@ TEST_F(RecordsWindowOnDatabase, LeadsFromAHistoryToTheUsesOfAStandardAndBack) {
     EXPECT_EQ(histories(), QStringList{u"PT-101"_s});
 }
 
+TEST_F(RecordsWindowOnDatabase, ShowsUsesOfAStandardSinceTheRecordThatLeadsThere) {
+    const auto mtag = u"(select mtag from mt.inventory where i4201 = 'PT-101')"_s;
+    write(u"update mt.calibration set c2301 = '%1' where mtag = %2"_s.arg(day(-1500), mtag));
+    write(u"insert into mt.standards (c2430,mtag,ctag) select (select mtag from mt.inventory where i4201 = "
+          "'DMM-01'),mtag,ctag from mt.calibration where mtag = %1"_s.arg(mtag));
+    start();
+    int row = 0;
+    while (asset(row) != u"PT-101")
+        ++row;
+    openHistory(row);
+    QAction* offered = nullptr;
+    for (auto* action : control<QPushButton>(window, u"CommandUses"_s).menu()->actions())
+        offered = action->text() == u"DMM-01" ? action : offered;
+    ASSERT_NE(offered, nullptr);
+    offered->trigger();
+    auto& uses = control<QTableView>(window, u"TableUses"_s);
+    ASSERT_GT(uses.model()->rowCount(), 0);
+    const auto last = uses.model()->index(uses.model()->rowCount() - 1, 0);
+    EXPECT_EQ(last.data().toString(), u"PT-101"_s);
+    EXPECT_EQ(last.siblingAtColumn(2).data().toString(), day(-1500));
+}
+
 TEST_F(RecordsWindowOnDatabase, MakesAPackageWithAnotherLoginAndKeepsItsOwn) {
     start();
     int row = 0;

@@ -50,7 +50,7 @@ TEST_F(ReportOfUses, SaysWhatWasAskedByWhomAndWhen) {
     ASSERT_EQ(found.size(), 1);
     for (const auto& words :
          {u"Calibrations Carried Out with Standard DMM-01 since 2025-03-18"_s, u"DIGITAL MULTIMETER"_s,
-          u"S/N 77"_s, u"Since:"_s, u"2 calibrations of 2 instruments"_s, u"PT-001"_s, u"2026-01-05"_s,
+          u"S/N 77"_s, u"Since:"_s, u"calibrations: 2, instruments: 2"_s, u"PT-001"_s, u"2026-01-05"_s,
           u"08:00:00"_s, u"AS-LEFT"_s, text(TextId::resultFailed), text(TextId::resultPassed), u"5002"_s,
           u"Page 1 of 1"_s, u", jdoe"_s, u"03/18/2026"_s})
         EXPECT_TRUE(found[0].contains(words)) << words.toStdString() << '\n' << found[0].toStdString();
@@ -68,7 +68,7 @@ TEST_F(ReportOfUses, HasEveryRowAndItsTitlesOnEachPage) {
         EXPECT_TRUE(found[page].contains(u"Page %1 of %2"_s.arg(page + 1).arg(found.size())));
         EXPECT_TRUE(found[page].contains(u"Asset "_s));
     }
-    EXPECT_TRUE(found[0].contains(u"200 calibrations of 50 instruments"_s));
+    EXPECT_TRUE(found[0].contains(u"calibrations: 200, instruments: 50"_s));
 }
 
 TEST_F(ReportOfUses, SpeaksTheLanguageOfTheProgram) {
@@ -76,20 +76,19 @@ TEST_F(ReportOfUses, SpeaksTheLanguageOfTheProgram) {
     const ShownIn german(u"de"_s);
     const auto page = pages().value(0);
     for (const auto& words : {u"Kalibrierungen mit dem Normal DMM-01 seit 2025-03-18"_s, u"Seriennummer"_s,
-                              u"1 Kalibrierungen von 1 Pr\u00fcfmitteln"_s, u"Seite 1 von 1"_s,
+                              u"Kalibrierungen: 1, Pr\u00fcfmittel: 1"_s, u"Seite 1 von 1"_s,
                               u"nicht bestanden"_s, u"Datensatz"_s})
         EXPECT_TRUE(page.contains(words)) << words.toStdString() << '\n' << page.toStdString();
     EXPECT_FALSE(page.contains(u"Page"_s) || page.contains(u"Since"_s) || page.contains(u"Serial"_s));
 }
 
 TEST_F(ReportOfUses, TellsUndatedRecordsAndThatThereAreNone) {
-    EXPECT_TRUE(pages().value(0).contains(u"No calibration of that time names this standard."_s));
+    EXPECT_TRUE(pages().value(0).contains(u"No calibration since 2025-03-18 names the standard DMM-01."_s));
     auto undated = use(1);
     undated.date = {};
     list.uses = {use(2), undated};
     EXPECT_EQ(undatedUses(list.uses), 1);
-    EXPECT_TRUE(
-        pages().value(0).contains(u"2 calibrations of 2 instruments. 1 of them have no readable date"_s));
+    EXPECT_TRUE(pages().value(0).contains(u"instruments: 2. No readable date, so any day: 1"_s));
 }
 
 TEST_F(ReportOfUses, CountsInstrumentsThatTheInventoryHasLost) {
@@ -97,7 +96,9 @@ TEST_F(ReportOfUses, CountsInstrumentsThatTheInventoryHasLost) {
     auto other = use(2);
     lost.asset.clear();
     other.asset.clear();
-    EXPECT_EQ(standardUseCounts({lost, other, lost}), u"3 calibrations of 2 instruments"_s);
+    list.uses = {lost, other, lost};
+    EXPECT_EQ(standardUseCounts(list),
+              u"Standard DMM-01 since 2025-03-18: calibrations: 3, instruments: 2"_s);
 }
 
 TEST_F(ReportOfUses, TakesTheLayoutOfTheSite) {
