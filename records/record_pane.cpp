@@ -127,6 +127,11 @@ bool RecordPane::hasTable() const {
 void RecordPane::align() {
     align(&RecordPane::LabelRecord);
     align(&RecordPane::LabelNote);
+    // At once, so that nothing moves a second time.
+    for (auto* pane : {this, beside_.data()}) {
+        if (pane != nullptr)
+            pane->layout()->activate();
+    }
 }
 
 void RecordPane::align(QLabel* RecordPane::*part) {

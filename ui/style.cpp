@@ -102,8 +102,12 @@ void takeGround(QAbstractScrollArea& area) {
 }
 
 bool showsFocusInItsShape(const QWidget* widget) {
+    return qobject_cast<const QPushButton*>(widget) || qobject_cast<const QTabBar*>(widget);
+}
+
+bool isFlatButton(const QWidget* widget) {
     const auto* button = qobject_cast<const QPushButton*>(widget);
-    return (button && !button->isFlat()) || qobject_cast<const QTabBar*>(widget);
+    return button && button->isFlat();
 }
 
 /// A list or a box for text, with its frame; the list that drops down has another one.
@@ -200,6 +204,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                         const QWidget* widget) const {
     QProxyStyle::drawControl(element, option, painter, widget);
+    // It has no panel whose outline would show the focus.
+    if (element == CE_PushButton && isFlatButton(widget) && option->state.testFlag(State_HasFocus))
+        drawOutline(*option, *painter);
     // Some styles show nothing on a tab that has the focus.
     if (element == CE_TabBarTabShape && option->state.testFlag(State_HasFocus))
         draw(*painter, option->rect.adjusted(2, 3, -2, -2),

@@ -196,14 +196,15 @@ TEST_F(HistoryScreen, HasBothSidesOnOneLine) {
         const auto& widget = control<QWidget>(*form, name);
         return QRect(widget.mapTo(form.get(), QPoint()), widget.size());
     };
-    for (const int width : {1000, 600}) {
+    for (const int width : {1000, 600, 1000}) {
         form->resize(width, 700);
-        QCoreApplication::processEvents();
         const auto left = place(u"TableLinesLeft"_s);
         const auto right = place(u"TableLinesRight"_s);
         EXPECT_EQ(left.top(), right.top()) << width;
         EXPECT_EQ(left.bottom(), right.bottom()) << width << ": only the right side has a note";
         EXPECT_GE(place(u"LabelNoteRight"_s).top(), right.bottom());
+        const auto& caption = control<QLabel>(*form, u"LabelRecordLeft"_s);
+        EXPECT_EQ(caption.height(), caption.heightForWidth(caption.width())) << "no more than it needs";
     }
     choose(2);
     QCoreApplication::processEvents();

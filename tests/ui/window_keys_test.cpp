@@ -2,10 +2,12 @@
 
 #include "testkit/scripted_user_interface.h"
 
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -31,11 +33,15 @@ TEST(WindowKeys, F10OpensTheFirstMenuThatCanBeChosen) {
 }
 
 TEST(WindowKeys, ReturnIsForTheButtonThatHasTheFocus) {
-    QMainWindow window;
+    QWidget window;
+    auto* column = new QVBoxLayout(&window);
+    auto* field = new QLineEdit;
     auto* button = new QPushButton(u"Button"_s);
-    window.setCentralWidget(button);
+    column->addWidget(field);
+    column->addWidget(button);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    field->setFocus();
     EXPECT_EQ(buttonOfReturn(window, Qt::Key_Return), nullptr);
     button->setFocus();
     EXPECT_EQ(buttonOfReturn(window, Qt::Key_Return), button);
