@@ -94,7 +94,7 @@ class PackageOfSelection : public ReadingSession {
         QTest::keyClick(&secret, Qt::Key_Return);
         EXPECT_TRUE(QTest::qWaitFor([this] { return login() == nullptr; }));
     }
-    /// Each of these names is typed when a name is asked for; an empty one gives up.
+    /// Each of these names is typed behind what stands there when a name is asked for; an empty one gives up.
     void answerNames(const QStringList& names) {
         names_ = names;
         typing_.disconnect();
@@ -106,6 +106,7 @@ class PackageOfSelection : public ReadingSession {
             ASSERT_FALSE(names_.isEmpty());
             const auto name = names_.takeFirst();
             auto& field = *dialog->findChild<QLineEdit*>();
+            QTest::keyClick(&field, Qt::Key_End);
             QTest::keyClicks(&field, name);
             QTest::keyClick(&field, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
@@ -257,9 +258,9 @@ TEST_F(PackageOfSelection, AsksForAnotherNameUntilItIsFree) {
     EXPECT_EQ(outcome, text(TextId::packageMade).arg(u"O'Brien's %2"_s, u"1"_s));
     EXPECT_EQ(stored(u"O''Brien''s %2"_s).size(), 1);
     ui.expectBox(text(TextId::packageAlreadyExists), text(TextId::newPackageTitle), box::warning);
-    // The taken name stands in the field again.
-    make(configured(2), {u"O'Brien's %2"_s, u" of May, which is far too long"_s});
-    EXPECT_EQ(members(u"O''Brien''s %2 of May, which is "_s.left(32)), configured(2));
+    // The taken name stands in the field again, which takes 30 characters.
+    make(configured(2), {u"O'Brien's %2"_s, u" of May which is far too long"_s});
+    EXPECT_EQ(members(u"O''Brien''s %2 of May which is f"_s), configured(2));
     EXPECT_EQ(members(u"O''Brien''s %2"_s), configured(1)) << "the other one stays as it was";
 }
 

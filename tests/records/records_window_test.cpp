@@ -220,7 +220,7 @@ TEST_F(RecordsWindowOnDatabase, StoresTheColumnsWhenItCloses) {
     start();
     table().setColumnHidden(1, true);
     window.close();
-    EXPECT_TRUE(settings.values.value(u"Records/Instruments"_s).contains(u"-Description="_s));
+    EXPECT_TRUE(settings.values.value(u"Records/Instruments"_s).contains(u"-Description"_s));
     EXPECT_FALSE(session.SessionConnected);
 }
 
