@@ -111,8 +111,8 @@ QString savePlot(const Plot& plot, const QString& path) {
     // In memory first: not every writer of the toolkit says when a file does not take what it writes.
     QBuffer painted;
     painted.open(QIODevice::WriteOnly);
-    const auto fault = formOf(path).paint(painted, plot) ? writeWholeFile(path, painted.data())
-                                                         : painted.errorString();
+    const auto fault =
+        formOf(path).paint(painted, plot) ? writeWholeFile(path, painted.data()) : painted.errorString();
     if (fault.isEmpty())
         return {};
     return text(TextId::plotNotSaved).arg(QDir::toNativeSeparators(path) + u": "_s + fault);
