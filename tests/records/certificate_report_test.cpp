@@ -100,6 +100,7 @@ TEST_F(CertificateOnPaper, HasEveryBlock) {
                       u"Calibrated by"_s,
                       u"Authorized by"_s,
                       u"relate only to the item"_s,
+                      u"condition, deviations from the method and results of external providers"_s,
                       u"except in full"_s,
                       u"End of the certificate"_s});
     EXPECT_EQ(found.count(u"End of the certificate"_s), 1);
