@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 
 #include <tuple>
 
@@ -31,6 +32,16 @@ DateField::DateField() {
     setDisplayFormat(format);
     setCalendarPopup(true);
     setMinimumDate(QDate(1900, 1, 1));
+    // What is pasted by the menu or the mouse would be fitted into the day that stands there.
+    lineEdit()->setContextMenuPolicy(Qt::PreventContextMenu);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    lineEdit()->installEventFilter(this);
+}
+
+bool DateField::eventFilter(QObject* watched, QEvent* event) {
+    const bool pastesByMouse = watched == lineEdit() && event->type() == QEvent::MouseButtonRelease &&
+                               static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton;
+    return pastesByMouse || QDateEdit::eventFilter(watched, event);
 }
 
 /// Typing begins with the year, also when Shift and Tab lead here.

@@ -14,6 +14,7 @@ class DateField final : public QDateEdit {
     DateField();
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

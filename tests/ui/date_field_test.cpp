@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -134,6 +136,22 @@ TEST_F(DateFieldInWindow, TakesBackspaceWhileADayIsTyped) {
     type(u"2018-06-15"_s);
     QTest::keyClick(&field, Qt::Key_Backspace);
     EXPECT_EQ(typeAndLeave(u"6"_s), u"2018-06-16"_s);
+}
+
+TEST_F(DateFieldInWindow, HasNoMenuThatWouldPasteIntoTheDayThatStandsThere) {
+    QTimer::singleShot(0, &field, [] {
+        if (auto* menu = QApplication::activePopupWidget()) {
+            ADD_FAILURE() << "a menu";
+            menu->close();
+        }
+    });
+    for (QWidget* clicked :
+         {static_cast<QWidget*>(&field), field.findChild<QWidget*>(u"qt_spinbox_lineedit"_s)}) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {4, 4}, clicked->mapToGlobal(QPoint(4, 4)));
+        QApplication::sendEvent(clicked, &event);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(field.date(), first);
 }
 
 TEST_F(DateFieldInWindow, PastesAWholeDayWhicheverPartIsSelected) {
