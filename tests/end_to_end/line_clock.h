@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 
 #include <QElapsedTimer>
+#include <QThread>
 
 #include <algorithm>
 
@@ -50,7 +51,10 @@ class HeardPort final : public SerialPort {
 
     bool portOpen() const override { return real_.portOpen(); }
     void setPortOpen(bool open) override {
-        real_.setPortOpen(open);
+        if (open)
+            openPatiently();
+        else
+            real_.setPortOpen(false);
         clock_.noteTraffic();
     }
     void setCommPort(int number) override { real_.setCommPort(number); }
@@ -74,6 +78,21 @@ class HeardPort final : public SerialPort {
     }
 
   private:
+    /// A program that closes a pseudo terminal frees its number before its lock: for a moment another one
+    /// that gets the number finds the lock of a living program.
+    void openPatiently() {
+        for (int tries = 10;; --tries) {
+            try {
+                real_.setPortOpen(true);
+                return;
+            } catch (const Error&) {
+                if (tries == 0 || real_.portOpen())
+                    throw;
+                QThread::msleep(20);
+            }
+        }
+    }
+
     SerialPort& real_;
     const LineClock& clock_;
     int lastCount_ = 0;
